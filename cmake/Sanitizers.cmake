@@ -1,0 +1,10 @@
+# The asan preset: a finding ends the program, so that no test can pass over it.
+if(SCENARA_SANITIZE)
+    if(NOT CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+        message(FATAL_ERROR "The sanitizer build holds the fuzz targets, which need clang: "
+                            "use 'cmake --preset asan'.")
+    endif()
+    add_compile_options(-fsanitize=address,undefined,fuzzer-no-link -fno-sanitize-recover=all
+                        -fno-omit-frame-pointer -O1)
+    add_link_options(-fsanitize=address,undefined)
+endif()

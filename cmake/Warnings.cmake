@@ -1,0 +1,15 @@
+# Every target of ours links scenara_warnings: all warnings that help, each an error.
+add_library(scenara_warnings INTERFACE)
+target_compile_options(scenara_warnings INTERFACE
+    -Wall -Wextra -Wpedantic -Werror
+    -Wconversion -Wsign-conversion -Wshadow -Wold-style-cast -Wcast-align -Wformat=2
+    -Wnon-virtual-dtor -Woverloaded-virtual -Wdouble-promotion -Wundef)
+
+# scenara_library(NAME SOURCES... [LINKS ...]): one folder, one library, exactly the libraries it
+# may use, so that an arrow the wrong way does not link. Includes are written from src/ down.
+function(scenara_library name)
+    cmake_parse_arguments(ARG "" "" "LINKS" ${ARGN})
+    add_library(${name} STATIC ${ARG_UNPARSED_ARGUMENTS})
+    target_link_libraries(${name} PUBLIC ${ARG_LINKS} PRIVATE scenara_warnings)
+    target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+endfunction()
