@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#include "base/RunTimeError.h"
+
+namespace scenara {
+
+std::string_view TextOf(RunTimeErrorKind kind) {
+    switch (kind) {
+        case RunTimeErrorKind::Overflow: return "Overflow";
+        case RunTimeErrorKind::SubscriptOutOfRange: return "Subscript out of range";
+        case RunTimeErrorKind::FileNotFound: return "File not found";
+        case RunTimeErrorKind::PathFileAccess: return "Path/File access error";
+        case RunTimeErrorKind::PermissionDenied: return "Permission denied";
+        case RunTimeErrorKind::DiskFull: return "Disk full";
+        case RunTimeErrorKind::DeviceIo: return "Device I/O error";
+        case RunTimeErrorKind::InputPastEnd: return "Input past end of file";
+        case RunTimeErrorKind::BadFormat: return "Bad format";
+        case RunTimeErrorKind::OutOfMemory: return "Out of memory";
+    }
+    return "Unknown error";
+}
+
+RunTimeError::RunTimeError(RunTimeErrorKind kind)
+    : std::runtime_error(std::string(TextOf(kind))), kind_(kind) {}
+
+RunTimeError::RunTimeError(RunTimeErrorKind kind, std::string_view detail)
+    : std::runtime_error(std::string(TextOf(kind)).append(": ").append(detail)), kind_(kind) {}
+
+}  // namespace scenara
