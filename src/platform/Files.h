@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: MIT
+//
+// Files: what the program asks of a machine's file system.
+//
+// Names. Content was made on a system that ignores letter case and takes "\" and "/" alike, so
+// every machine resolves each component of a path exactly if it exists, else without regard to
+// ASCII case, in every one of these operations. Only ordinary files are files: a folder, a pipe or
+// a device of that name does not exist as one, and opening it fails without waiting for it.
+//
+// Failures raise RunTimeError with the path in its text. An opened file is closed by its
+// destructor; one that was written to must be closed with Close(), which reports what the
+// destructor would have to swallow.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace scenara {
+
+// A file being read, at any position.
+class InputFile {
+public:
+    InputFile() = default;
+    InputFile(const InputFile&) = delete;
+    InputFile& operator=(const InputFile&) = delete;
+    virtual ~InputFile() = default;
+
+    // Size in bytes when the file was opened.
+    [[nodiscard]] virtual std::uint64_t Size() const = 0;
+
+    // Fills `into` from `position` on and returns how many bytes there were: fewer than asked for
+    // only where the file ends, 0 from its end on. A failing device raises "Device I/O error".
+    virtual std::size_t ReadAt(std::uint64_t position, std::span<std::byte> into) = 0;
+};
+
+// A file being written from its start.
+class OutputFile {
+public:
+    OutputFile() = default;
+    OutputFile(const OutputFile&) = delete;
+    OutputFile& operator=(const OutputFile&) = delete;
+    virtual ~OutputFile() = default;
+
+    virtual void Write(std::string_view bytes) = 0;
+    // Everything is with the system when this returns.
+    virtual void Close() = 0;
+};
+
+class Files {
+public:
+    Files() = default;
+    Files(const Files&) = delete;
+    Files& operator=(const Files&) = delete;
+    virtual ~Files() = default;
+
+    // Whether the file can be opened for reading. Never fails.
+    [[nodiscard]] virtual bool FileExists(const std::string& path) = 0;
+
+    [[nodiscard]] virtual std::unique_ptr<InputFile> OpenForReading(const std::string& path) = 0;
+
+    // Creates the file anew; an old one of that name is emptied.
+    [[nodiscard]] virtual std::unique_ptr<OutputFile> OpenForWriting(const std::string& path) = 0;
+
+    virtual void Delete(const std::string& path) = 0;
+
+    // Names (without the folder) of the ordinary files in `folder` that end in `extension`, letter
+    // case ignored, in the stable order of the machine: sorted without regard to case, but on
+    // Windows as the file system has them. A folder that cannot be listed has none.
+    [[nodiscard]] virtual std::vector<std::string> List(const std::string& folder,
+                                                        std::string_view extension) = 0;
+
+    // Where the program keeps its own files, with a separator at its end.
+    [[nodiscard]] virtual std::string ProgramFolder() = 0;
+};
+
+}  // namespace scenara

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#include "platform/soft/SoftDevice.h"
+
+#include <algorithm>
+#include <limits>
+#include <string>
+#include <utility>
+
+#include "base/RunTimeError.h"
+
+namespace scenara {
+namespace {
+
+constexpr std::int32_t kLargestSide = std::numeric_limits<std::int16_t>::max();
+
+std::size_t WordsOf(const TextureParameters& parameters, std::int32_t pitch) {
+    // At most 2^31 x 2^15: no overflow.
+    const std::size_t lines =
+        static_cast<std::size_t>(pitch) * static_cast<std::size_t>(parameters.height);
+    if (parameters.wantedSlack > std::numeric_limits<std::size_t>::max() - lines) {
+        throw RunTimeError(RunTimeErrorKind::OutOfMemory);
+    }
+    return lines + parameters.wantedSlack;
+}
+
+}  // namespace
+
+SoftTexture::SoftTexture(std::shared_ptr<TextureMemory> memory, const TextureParameters& parameters)
+    : memory_(std::move(memory)),
+      width_(parameters.width),
+      height_(parameters.height),
+      pitch_(std::max(parameters.width, parameters.wantedPitch)) {
+    piece_ = memory_->Allocate(WordsOf(parameters, pitch_));
+}
+
+SoftTexture::~SoftTexture() {
+    memory_->Release(piece_);
+}
+
+SoftDevice::SoftDevice(std::shared_ptr<TextureMemory> memory) : memory_(std::move(memory)) {}
+
+std::shared_ptr<Direct3DTexture8> SoftDevice::CreateTexture(const TextureParameters& parameters) {
+    if (parameters.width < 1 || parameters.width > kLargestSide || parameters.height < 1 ||
+        parameters.height > kLargestSide) {
+        throw RunTimeError(RunTimeErrorKind::Overflow,
+                           "a texture of " + std::to_string(parameters.width) + " x " +
+                               std::to_string(parameters.height) + " pixels");
+    }
+    return std::make_shared<SoftTexture>(memory_, parameters);
+}
+
+}  // namespace scenara

@@ -1,0 +1,118 @@
+// SPDX-License-Identifier: MIT
+#include "platform/soft/TextureMemory.h"
+
+#include <algorithm>
+#include <limits>
+
+#include "base/RunTimeError.h"
+#include "platform/PageMemory.h"
+#include "platform/soft/Poison.h"
+
+namespace scenara {
+namespace {
+
+constexpr std::size_t kAlignment = 64;
+
+constexpr std::size_t RoundUp(std::size_t value, std::size_t unit) {
+    return (value + unit - 1) / unit * unit;
+}
+
+std::size_t BytesOf(std::size_t words) {
+    return RoundUp(words * sizeof(std::uint32_t), kAlignment);
+}
+
+}  // namespace
+
+TextureMemory::~TextureMemory() {
+    for (const Block& block : blocks_) {
+        Unpoison(block.start, block.size);
+        ReleasePages(block.start, block.size);
+    }
+}
+
+TextureMemory::Piece TextureMemory::Allocate(std::size_t words) {
+    if (words > std::numeric_limits<std::size_t>::max() / 8) {
+        throw RunTimeError(RunTimeErrorKind::OutOfMemory);
+    }
+    const std::size_t bytes = BytesOf(words);
+    Block& block = BlockWithRoom(bytes);
+    Commit(block, block.used + bytes);
+    std::byte* const start = block.start + block.used;
+    block.used += bytes;
+    ++block.pieces;
+    usedBytes_ += bytes;
+    Unpoison(start, words * sizeof(std::uint32_t));
+    // The block is bare memory; from here on these bytes are words.
+    return {{reinterpret_cast<std::uint32_t*>(start), words}, &block};
+}
+
+void TextureMemory::Release(const Piece& piece) {
+    Block& block = *piece.block;
+    const std::size_t bytes = BytesOf(piece.words.size());
+    auto* const start = reinterpret_cast<std::byte*>(piece.words.data());
+    Poison(start, bytes);
+    usedBytes_ -= bytes;
+    --block.pieces;
+    if (block.pieces == 0) {
+        block.used = 0;
+        DropSurplus();
+    } else if (start + bytes == block.start + block.used) {
+        block.used -= bytes;
+    }
+}
+
+std::size_t TextureMemory::CommittedBytes() const {
+    std::size_t bytes = 0;
+    for (const Block& block : blocks_) {
+        bytes += block.committed;
+    }
+    return bytes;
+}
+
+TextureMemory::Block& TextureMemory::BlockWithRoom(std::size_t bytes) {
+    // First fit: the few pictures that leave room at the end of a block are followed by others
+    // that find it.
+    for (Block& block : blocks_) {
+        if (block.size - block.used >= bytes) {
+            return block;
+        }
+    }
+    const std::size_t size = std::max(kBlockBytes, RoundUp(bytes, kLargePage));
+    std::byte* const start = ReservePages(size);
+    Poison(start, size);
+    return blocks_.emplace_back(Block{start, size, 0, 0, 0});
+}
+
+void TextureMemory::Commit(Block& block, std::size_t end) const {
+    while (block.committed < end) {
+        const std::size_t missing = end - block.committed;
+        std::byte* const start = block.start + block.committed;
+        const bool atLargePage = block.committed % kLargePage == 0;
+        if (atLargePage && (missing >= kLargePage || usedBytes_ >= kLargePagesFrom)) {
+            const std::size_t whole = std::max(missing / kLargePage, std::size_t{1}) * kLargePage;
+            CommitPages(start, whole, true);
+            block.committed += whole;
+        } else {
+            const std::size_t toLargePage = kLargePage - block.committed % kLargePage;
+            const std::size_t some = std::min(RoundUp(missing, kSmallPage), toLargePage);
+            CommitPages(start, some, false);
+            block.committed += some;
+        }
+    }
+}
+
+void TextureMemory::DropSurplus() {
+    std::size_t kept = 0;
+    for (auto block = blocks_.begin(); block != blocks_.end();) {
+        if (block->pieces == 0 && kept + block->committed > kKeptBytes) {
+            Unpoison(block->start, block->size);
+            ReleasePages(block->start, block->size);
+            block = blocks_.erase(block);
+            continue;
+        }
+        kept += block->pieces == 0 ? block->committed : 0;
+        ++block;
+    }
+}
+
+}  // namespace scenara
