@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+#include "sprites/PcxUnpack.h"
+
+#include <algorithm>
+
+#include "sprites/PcxUnpackPaths.h"
+
+namespace scenara {
+
+UnpackPath BestUnpackPath() {
+#if SCENARA_UNPACK_X86
+    if (__builtin_cpu_supports("avx2") != 0 && __builtin_cpu_supports("bmi") != 0) {
+        return UnpackPath::Avx2;
+    }
+    if (__builtin_cpu_supports("sse2") != 0) {
+        return UnpackPath::Sse2;
+    }
+#endif
+    return UnpackPath::Plain;
+}
+
+UnpackResult UnpackPcx(std::span<const std::byte> packed, const ColorTable& colors,
+                       std::span<std::uint32_t> pixels, std::size_t wanted) {
+    return UnpackPcxOn(UnpackPath::Avx2, packed, colors, pixels, wanted);
+}
+
+UnpackResult UnpackPcxOn(UnpackPath path, std::span<const std::byte> packed,
+                         const ColorTable& colors, std::span<std::uint32_t> pixels,
+                         std::size_t wanted) {
+    wanted = std::min(wanted, pixels.size());
+    switch (std::min(path, BestUnpackPath())) {
+#if SCENARA_UNPACK_X86
+        case UnpackPath::Avx2: return unpack::UnpackAvx2(packed, colors, pixels, wanted);
+        case UnpackPath::Sse2: return unpack::UnpackSse2(packed, colors, pixels, wanted);
+#endif
+        default: return unpack::UnpackPlain(packed, colors, pixels, wanted);
+    }
+}
+
+}  // namespace scenara

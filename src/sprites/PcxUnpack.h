@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+//
+// UnpackPcx: the inner loop of the PCX decoder, run-length bytes to 32-bit pixels.
+//
+// The published run-length scheme of 8-bit PCX pictures: a byte of 192 or more is a repeat count
+// (value - 192, so 0 to 63) for the byte that follows it; any other byte is one pixel. Each
+// unpacked index is written as its word of `colors`. Lines have no marks in the data: a picture
+// whose memory has the file's bytes per line as its pitch is filled from end to end as one run of
+// `wanted` pixels.
+//
+// Shapes: `packed` is any number of bytes; `pixels` has room for at least `wanted` words, and
+// what it has beyond that (kUnpackSlack words let the fast paths run to the very end) may be
+// written with pixels that mean nothing. Nothing outside the two spans is read or written, for any
+// input.
+//
+// Bad input: data that ends before `wanted` pixels were made give `written` < `wanted`; a run that
+// goes past the last wanted pixel is cut there.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+
+namespace scenara {
+
+// 256 ready words, ARGB with alpha in the top byte.
+using ColorTable = std::array<std::uint32_t, 256>;
+
+// Words behind the wanted pixels that let every path store whole vectors without looking.
+inline constexpr std::size_t kUnpackSlack = 96;
+
+struct UnpackResult {
+    std::size_t consumed;  // packed bytes that the wanted pixels took
+    std::size_t written;   // pixels made, never more than wanted
+};
+
+// The code paths, slowest first. All give the same pixels and the same result.
+enum class UnpackPath { Plain, Sse2, Avx2 };
+
+// The fastest path that this processor has.
+[[nodiscard]] UnpackPath BestUnpackPath();
+
+[[nodiscard]] UnpackResult UnpackPcx(std::span<const std::byte> packed, const ColorTable& colors,
+                                     std::span<std::uint32_t> pixels, std::size_t wanted);
+
+// The same on a path of the caller's choice; one that the processor does not have falls back to
+// the next one below. For tests and benchmarks.
+[[nodiscard]] UnpackResult UnpackPcxOn(UnpackPath path, std::span<const std::byte> packed,
+                                       const ColorTable& colors, std::span<std::uint32_t> pixels,
+                                       std::size_t wanted);
+
+}  // namespace scenara

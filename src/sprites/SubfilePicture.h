@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+//
+// SubfilePictures: the picture of one subfile, from the archive to a texture.
+//
+// The archive is read in two goes per picture (PCX header; then pixels and palette) into buffers
+// that are used again for the next; no more of it is ever in memory. The palette is the last 768
+// bytes of the subfile's data, kept from picture to picture for those that share it.
+//
+// A length that goes past the end of the file, or reaches into the next subfile, is no error as
+// long as the pixels are complete. Nothing is read that the picture could not need.
+#pragma once
+
+#include <cstddef>
+#include <span>
+#include <vector>
+
+#include "platform/Direct3D8.h"
+#include "platform/Files.h"
+#include "platform/Messages.h"
+#include "sprites/SffArchive.h"
+#include "sprites/modFilePCX.h"
+
+namespace scenara {
+
+inline constexpr MessageKind kMessageNegativeLength = "negative length";
+inline constexpr MessageKind kMessageMissingPalette = "missing palette";
+
+class SubfilePictures {
+public:
+    // All three outlive it.
+    SubfilePictures(InputFile& archive, Direct3DDevice8& device, Messages& messages);
+
+    // The picture of the subfile that the chain stands on. False on any failure; then the reason
+    // has been shown.
+    [[nodiscard]] bool Load(SubfileChain& chain, PcxPicture& picture);
+
+private:
+    void ReadHeader(std::uint64_t start);
+    void ReadData(std::uint64_t start, std::uint64_t packed);
+    void TakePalette(const SubfileChain& chain, std::uint64_t end);
+    [[nodiscard]] bool ReadPalette(std::uint64_t start, std::uint64_t dataStart);
+
+    InputFile& archive_;
+    Messages& messages_;
+    PcxDecoder decoder_;
+    PcxHeader header_;
+    std::vector<std::byte> data_;  // only grows; the picture's bytes are its first dataSize_
+    std::size_t dataSize_ = 0;
+    bool havePalette_ = false;
+};
+
+}  // namespace scenara

@@ -1,0 +1,282 @@
+// SPDX-License-Identifier: MIT
+#include "sprites/modFilePCX.h"
+
+#include <algorithm>
+#include <limits>
+#include <new>
+#include <string>
+
+#include "base/ByteReader.h"
+#include "base/RunTimeError.h"
+#include "base/Text.h"
+#include "sprites/PcxLines.h"
+
+namespace scenara {
+namespace {
+
+constexpr std::uint8_t kManufacturer = 10;
+constexpr std::uint32_t kOpaque = 0xFF000000;
+
+// The fast path writes padding into the texture's memory; a file with lines much longer than its
+// picture does not get that memory.
+constexpr Long kMostPadding = 64;
+
+constexpr std::uint32_t Opaque(unsigned red, unsigned green, unsigned blue) {
+    return kOpaque | red << 16U | green << 8U | blue;
+}
+
+constexpr std::uint32_t Keyed(std::uint32_t color) {
+    return color & ~kOpaque;
+}
+
+KeyColor KeyOf(std::uint32_t color) {
+    return {255, static_cast<Byte>(color >> 16U), static_cast<Byte>(color >> 8U),
+            static_cast<Byte>(color)};
+}
+
+// The planes that the format gives to each number of bits.
+bool IsKnownKind(const PcxHeader& header) {
+    switch (header.bitsPerPixel) {
+        case 1: return header.planes >= 1 && header.planes <= 4;
+        case 2:
+        case 4: return header.planes == 1;
+        case 8: return header.planes == 1 || header.planes == 3 || header.planes == 4;
+        default: return false;
+    }
+}
+
+// The 16 colours of the header as words; colour 0 transparent for pictures of one plane.
+ColorTable HeaderColors(const PcxHeader& header) {
+    ColorTable table{};
+    for (std::size_t i = 0; i < 16; ++i) {
+        table[i] = Opaque(header.colors[i * 3], header.colors[i * 3 + 1], header.colors[i * 3 + 2]);
+    }
+    if (header.planes == 1) {
+        table[0] = Keyed(table[0]);
+    }
+    return table;
+}
+
+// The colour index at pixel x of a line below 8 bits, or with one bit in each of its planes.
+std::size_t IndexAt(std::span<const std::uint8_t> line, const PcxHeader& header, std::size_t x) {
+    const unsigned bits = header.bitsPerPixel;
+    const std::size_t byte = x * bits / 8;
+    const unsigned shift = 8U - bits - static_cast<unsigned>(x * bits % 8);
+    const unsigned mask = (1U << bits) - 1U;
+    unsigned index = 0;
+    for (std::size_t plane = 0; plane < header.planes; ++plane) {
+        const unsigned value = line[plane * header.bytesPerLine + byte];
+        index |= (value >> shift & mask) << plane * bits;
+    }
+    return index;
+}
+
+void IndexedLine(std::span<const std::uint8_t> line, const PcxHeader& header,
+                 const ColorTable& colors, std::span<std::uint32_t> pixels) {
+    for (std::size_t x = 0; x < pixels.size(); ++x) {
+        pixels[x] = colors[IndexAt(line, header, x)];
+    }
+}
+
+void TrueColorLine(std::span<const std::uint8_t> line, const PcxHeader& header,
+                   std::span<std::uint32_t> pixels) {
+    const auto green = line.subspan(header.bytesPerLine);
+    const auto blue = green.subspan(header.bytesPerLine);
+    for (std::size_t x = 0; x < pixels.size(); ++x) {
+        pixels[x] = Opaque(line[x], green[x], blue[x]);
+    }
+}
+
+// Pixels in the key colour become transparent; with no key yet, none.
+void ApplyKeyByColor(std::span<std::uint32_t> pixels, KeyColor key) {
+    if (key.alpha != 0) {
+        std::replace(pixels.begin(), pixels.end(), key.Argb(), Keyed(key.Argb()));
+    }
+}
+
+TextureParameters ParametersFor(const PcxHeader& header, KeyColor key) {
+    TextureParameters parameters;
+    parameters.width = header.Width();
+    parameters.height = header.Height();
+    parameters.colorKey = key.Argb();
+    if (header.Is256Colors() && header.IsRunLength() &&
+        header.bytesPerLine <= header.Width() + kMostPadding) {
+        parameters.wantedPitch = header.bytesPerLine;
+        parameters.wantedSlack = kUnpackSlack;
+    }
+    return parameters;
+}
+
+// Keeps a texture locked for as long as it is written to.
+class Lock {
+public:
+    explicit Lock(Direct3DTexture8& texture) : texture_(texture), pixels_(texture.LockRect()) {}
+    Lock(const Lock&) = delete;
+    Lock& operator=(const Lock&) = delete;
+    ~Lock() { texture_.UnlockRect(); }
+
+    [[nodiscard]] std::span<std::uint32_t> Words() const { return pixels_.words; }
+    [[nodiscard]] Long Pitch() const { return pixels_.pitch; }
+    [[nodiscard]] std::span<std::uint32_t> Line(Long y, Long width) const {
+        return pixels_.words.subspan(
+            static_cast<std::size_t>(y) * static_cast<std::size_t>(pixels_.pitch),
+            static_cast<std::size_t>(width));
+    }
+
+private:
+    Direct3DTexture8& texture_;
+    LockedPixels pixels_;
+};
+
+// Whole picture in one go: 8 bits, run-length packed, and the texture's lines as long as the
+// file's.
+std::size_t DecodeWhole(const PcxHeader& header, std::span<const std::byte> data,
+                        const ColorTable& colors, const Lock& lock) {
+    const auto wanted = static_cast<std::size_t>(header.PictureBytes());
+    const UnpackResult result = UnpackPcx(data, colors, lock.Words(), wanted);
+    if (result.written < wanted) {
+        throw RunTimeError(RunTimeErrorKind::InputPastEnd,
+                           "the pixels end after " + std::to_string(data.size()) + " bytes");
+    }
+    return result.consumed;
+}
+
+}  // namespace
+
+std::uint64_t PcxHeader::PictureBytes() const {
+    const Long height = Height();
+    return height < 1 ? 0 : std::uint64_t{LineBytes()} * static_cast<std::uint64_t>(height);
+}
+
+PcxHeader ReadPcxHeader(std::span<const std::byte, kPcxHeaderSize> bytes) {
+    ByteReader reader(bytes, "PCX header");
+    PcxHeader header;
+    header.manufacturer = reader.U8();
+    reader.Skip(1);
+    header.encoding = reader.U8();
+    header.bitsPerPixel = reader.U8();
+    header.xMin = reader.U16();
+    header.yMin = reader.U16();
+    header.xMax = reader.U16();
+    header.yMax = reader.U16();
+    reader.Skip(4);
+    for (std::uint8_t& color : header.colors) {
+        color = reader.U8();
+    }
+    reader.Skip(1);
+    header.planes = reader.U8();
+    header.bytesPerLine = reader.U16();
+    return header;
+}
+
+std::uint64_t MostUnpackedBytes(const PcxHeader& header, std::uint64_t packed) {
+    return header.IsRunLength() ? packed / 2 * 63 + packed % 2 : packed;
+}
+
+std::uint64_t MostPackedBytes(const PcxHeader& header) {
+    return header.IsRunLength() ? header.PictureBytes() * 2 : header.PictureBytes();
+}
+
+void CheckPcxHeader(const PcxHeader& header, std::uint64_t packed) {
+    const auto bad = [](const std::string& detail) {
+        return RunTimeError(RunTimeErrorKind::BadFormat, detail);
+    };
+    if (header.manufacturer != kManufacturer) {
+        throw bad("not a PCX picture");
+    }
+    if (!IsKnownKind(header)) {
+        throw bad("no PCX kind has " + std::to_string(header.planes) + " planes of " +
+                  std::to_string(header.bitsPerPixel) + " bits");
+    }
+    const Long width = header.Width();
+    const Long height = header.Height();
+    const std::string size = std::to_string(width) + " x " + std::to_string(height) + " pixels";
+    if (width < 1 || height < 1) {
+        throw bad(size);
+    }
+    constexpr Long most = std::numeric_limits<Integer>::max();
+    if (width > most || height > most) {
+        throw RunTimeError(RunTimeErrorKind::Overflow, size);
+    }
+    if (Long{header.bytesPerLine} * 8 < width * header.bitsPerPixel) {
+        throw bad(std::to_string(header.bytesPerLine) + " bytes per line for " + size);
+    }
+    if (header.PictureBytes() > MostUnpackedBytes(header, packed)) {
+        throw RunTimeError(RunTimeErrorKind::InputPastEnd,
+                           size + " cannot come from " + std::to_string(packed) + " bytes");
+    }
+}
+
+std::uint32_t KeyColor::Argb() const {
+    return std::uint32_t{alpha} << 24U | std::uint32_t{red} << 16U | std::uint32_t{green} << 8U |
+           blue;
+}
+
+void PcxDecoder::SetPalette(std::span<const std::byte, kPcxPaletteSize> palette) {
+    for (std::size_t i = 0; i < palette_.size(); ++i) {
+        palette_[i] = Opaque(std::to_integer<unsigned>(palette[i * 3]),
+                             std::to_integer<unsigned>(palette[i * 3 + 1]),
+                             std::to_integer<unsigned>(palette[i * 3 + 2]));
+    }
+    palette_[0] = Keyed(palette_[0]);
+}
+
+bool PcxDecoder::LoadPCX(const PcxHeader& header, std::span<const std::byte> data,
+                         PcxPicture& picture) {
+    try {
+        picture = Decode(header, data);
+        return true;
+    } catch (const RunTimeError& error) {
+        HandleError("LoadPCX", error.what());
+    } catch (const std::bad_alloc&) {
+        HandleError("LoadPCX", TextOf(RunTimeErrorKind::OutOfMemory));
+    }
+    return false;
+}
+
+void PcxDecoder::HandleError(std::string_view routine, std::string_view reason) {
+    std::string text = "An ERROR has occurred!!";
+    text.append(kCrLf).append(routine).append(kCrLf).append("HandleError: ").append(reason);
+    messages_.MsgBox(kMessageLoadPcx, std::move(text));
+}
+
+PcxPicture PcxDecoder::Decode(const PcxHeader& header, std::span<const std::byte> data) {
+    CheckPcxHeader(header, data.size());
+    const bool onePlane = header.planes == 1;
+    const ColorTable headerColors = HeaderColors(header);
+    const ColorTable& colors = header.Is256Colors() ? palette_ : headerColors;
+
+    PcxPicture picture;
+    picture.width = header.Width();
+    picture.height = header.Height();
+    picture.key = onePlane ? KeyOf(colors[0]) : key_;
+    const TextureParameters parameters = ParametersFor(header, picture.key);
+    picture.texture = device_.CreateTexture(parameters);
+    const Lock lock(*picture.texture);
+    if (parameters.wantedPitch != 0 && parameters.wantedPitch == lock.Pitch()) {
+        picture.consumed = DecodeWhole(header, data, colors, lock);
+    } else {
+        PcxLines lines(data, header.IsRunLength());
+        line_.resize(header.LineBytes());
+        for (Long y = 0; y < picture.height; ++y) {
+            lines.Next(line_);
+            const auto pixels = lock.Line(y, picture.width);
+            if (header.bitsPerPixel == 8 && !onePlane) {
+                TrueColorLine(line_, header, pixels);
+            } else {
+                IndexedLine(line_, header, colors, pixels);
+            }
+            if (!onePlane) {
+                ApplyKeyByColor(pixels, key_);
+            }
+        }
+        picture.consumed = lines.Consumed();
+    }
+    if (!onePlane) {
+        messages_.MsgBox(kMessageThreePlanes, "yo...");
+    }
+    key_ = picture.key;
+    return picture;
+}
+
+}  // namespace scenara

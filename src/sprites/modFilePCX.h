@@ -1,0 +1,132 @@
+// SPDX-License-Identifier: MIT
+//
+// modFilePCX: PCX pictures to device textures.
+//
+// The published ZSoft PCX format, as sprite archives hold it (little-endian):
+//
+//   offset size
+//        0    1  manufacturer, 10
+//        1    1  version
+//        2    1  encoding: 0 = bytes as they are, else (1) run-length
+//        3    1  bits per pixel and plane: 1, 2, 4 or 8
+//        4    8  xMin, yMin, xMax, yMax: both corners belong to the picture
+//       16   48  16 colours, red green blue, of pictures below 8 bits
+//       65    1  planes: 1, or 2 to 4 of 1 bit, or 3 or 4 of 8 bits
+//       66    2  bytes per line of one plane: width and padding, odd values too
+//      128    -  lines from the top, each plane by plane; padding is no part of the picture
+//
+// One plane of 8 bits takes its colours from the palette set before (SetPalette); the file's own is
+// the archive reader's affair. 1 plane: index 0 is the transparent colour; such pixels get alpha 0
+// and keep their colour, whatever other pixels look the same. More planes have no index: "yo..." is
+// said, and pixels in the key colour of the picture before are the transparent ones. A fourth plane
+// of 8 bits is not shown.
+//
+// Bad input: a header that does not add up, sizes beyond 32767, and data that end before the last
+// line are failures, reported in one message box by LoadPCX. No size is believed, and no memory
+// taken, before the packed bytes could yield it.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <vector>
+
+#include "base/Integers.h"
+#include "platform/Direct3D8.h"
+#include "platform/Messages.h"
+#include "sprites/PcxUnpack.h"
+
+namespace scenara {
+
+inline constexpr MessageKind kMessageThreePlanes = "yo...";
+inline constexpr MessageKind kMessageLoadPcx = "LoadPCX";
+
+inline constexpr std::size_t kPcxHeaderSize = 128;
+inline constexpr std::size_t kPcxPaletteSize = 768;
+
+struct PcxHeader {
+    std::uint8_t manufacturer = 0;
+    std::uint8_t encoding = 0;
+    std::uint8_t bitsPerPixel = 0;
+    std::uint8_t planes = 0;
+    std::uint16_t xMin = 0;
+    std::uint16_t yMin = 0;
+    std::uint16_t xMax = 0;
+    std::uint16_t yMax = 0;
+    std::uint16_t bytesPerLine = 0;  // of one plane
+    std::array<std::uint8_t, 48> colors{};
+
+    // Pixels; 0 or less when the corners are the wrong way round.
+    [[nodiscard]] Long Width() const { return Long{xMax} - xMin + 1; }
+    [[nodiscard]] Long Height() const { return Long{yMax} - yMin + 1; }
+    // Unpacked bytes of a line, all planes, and of the picture.
+    [[nodiscard]] std::size_t LineBytes() const { return std::size_t{bytesPerLine} * planes; }
+    [[nodiscard]] std::uint64_t PictureBytes() const;
+    [[nodiscard]] bool IsRunLength() const { return encoding != 0; }
+    // The one kind that has a palette of 256 colours.
+    [[nodiscard]] bool Is256Colors() const { return planes == 1 && bitsPerPixel == 8; }
+};
+
+// Takes any 128 bytes; whether they add up is checked when the picture is decoded.
+[[nodiscard]] PcxHeader ReadPcxHeader(std::span<const std::byte, kPcxHeaderSize> bytes);
+
+// Raises RunTimeError for a header that does not add up, or that asks for more pixels than `packed`
+// bytes of data can yield.
+void CheckPcxHeader(const PcxHeader& header, std::uint64_t packed);
+
+// The most bytes that `packed` packed ones can yield (63 from two where run-length packed).
+[[nodiscard]] std::uint64_t MostUnpackedBytes(const PcxHeader& header, std::uint64_t packed);
+
+// The most packed bytes that a decoder can need for this picture.
+[[nodiscard]] std::uint64_t MostPackedBytes(const PcxHeader& header);
+
+// A transparent colour; alpha 0 = none so far.
+struct KeyColor {
+    Byte alpha = 0;
+    Byte red = 0;
+    Byte green = 0;
+    Byte blue = 0;
+
+    [[nodiscard]] std::uint32_t Argb() const;
+};
+
+struct PcxPicture {
+    std::shared_ptr<Direct3DTexture8> texture;
+    Long width = 0;
+    Long height = 0;
+    KeyColor key;
+    std::size_t consumed = 0;  // bytes of the data that the pixels took
+};
+
+// The decoder and what it keeps from one picture to the next: the palette, the key colour, and a
+// line buffer. Device and messages outlive it.
+class PcxDecoder {
+public:
+    PcxDecoder(Direct3DDevice8& device, Messages& messages)
+        : device_(device), messages_(messages) {}
+
+    // 256 times red, green, blue: for this and the following pictures.
+    void SetPalette(std::span<const std::byte, kPcxPaletteSize> palette);
+
+    // Decodes the bytes behind the header; what follows the last line in `data` is not looked at.
+    // False on any failure: then the reason has been shown, `picture` is as it was, and decoder,
+    // palette and key colour serve the next picture.
+    [[nodiscard]] bool LoadPCX(const PcxHeader& header, std::span<const std::byte> data,
+                               PcxPicture& picture);
+
+    // The message box of the image routines, for a failure in `routine`.
+    void HandleError(std::string_view routine, std::string_view reason);
+
+private:
+    [[nodiscard]] PcxPicture Decode(const PcxHeader& header, std::span<const std::byte> data);
+
+    Direct3DDevice8& device_;
+    Messages& messages_;
+    ColorTable palette_{};
+    KeyColor key_;
+    std::vector<std::uint8_t> line_;
+};
+
+}  // namespace scenara

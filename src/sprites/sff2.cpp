@@ -1,0 +1,172 @@
+// SPDX-License-Identifier: MIT
+#include "sprites/sff2.h"
+
+#include <unordered_set>
+
+#include "base/RunTimeError.h"
+#include "base/Text.h"
+#include "sprites/SffArchive.h"
+#include "sprites/SubfilePicture.h"
+
+namespace scenara {
+namespace {
+
+std::uint64_t PairKey(Long group, Integer image) {
+    return static_cast<std::uint64_t>(static_cast<std::uint32_t>(group)) << 16U |
+           static_cast<std::uint16_t>(image);
+}
+
+// The pictures that a still element shows with its colour 0 left out.
+std::unordered_set<std::uint64_t> MaskedPictures(const StageModel& model) {
+    std::unordered_set<std::uint64_t> pictures;
+    for (const BackgroundElement& element : model.Elements) {
+        if (element.mask == 1 && (element.type == "parallax" || element.type == "normal")) {
+            pictures.insert(PairKey(element.spriteGroup, element.spriteImage));
+        }
+    }
+    return pictures;
+}
+
+// A sprite that could not be had: what is wrong, and that the load goes on without it.
+std::string SkippedText(std::string_view what, const SubfileHeader& subfile) {
+    std::string text(what);
+    text.append(":  Group ").append(std::to_string(subfile.group));
+    text.append(" Image ").append(std::to_string(subfile.image));
+    return text.append(kCrLf);
+}
+
+class SpriteLoader {
+public:
+    SpriteLoader(StageModel& model, InputFile& archive, const SffHeader& header,
+                 Direct3DDevice8& device, Messages& messages)
+        : model_(model),
+          header_(header),
+          messages_(messages),
+          chain_(archive, header),
+          pictures_(archive, device, messages),
+          masked_(MaskedPictures(model)) {}
+
+    SubfileChain& Chain() { return chain_; }
+
+    // The subfile that the chain stands on, as an entry of Sprites. False: it was dropped.
+    [[nodiscard]] bool LoadSubfile() {
+        const SubfileHeader& subfile = chain_.Header();
+        SpriteEntry entry;
+        if (!(subfile.IsLinked() ? TakeLinked(entry) : TakePicture(entry))) {
+            return false;
+        }
+        entry.axisX = subfile.axisX;
+        entry.axisY = subfile.axisY;
+        entry.group = subfile.group;
+        entry.image = subfile.image;
+        entry.selfIndex = model_.SpriteCount;
+        entry.masked =
+            masked_.contains(PairKey(subfile.group, subfile.image)) ? Integer{1} : Integer{0};
+        model_.Sprites.push_back(std::move(entry));
+        model_.SpriteCount = Incremented(model_.SpriteCount);
+        return true;
+    }
+
+private:
+    [[nodiscard]] bool TakeLinked(SpriteEntry& entry) {
+        const Integer link = chain_.Header().link;
+        if (link < 0 || link >= model_.SpriteCount) {
+            messages_.MsgBox(kMessageLinkError, SkippedText("Link Error", chain_.Header()) +
+                                                    "There is no sprite " + std::to_string(link) +
+                                                    " before it.  Skipping sprite..");
+            return false;
+        }
+        entry = model_.Sprites[static_cast<std::size_t>(link)];
+        entry.linkedTo = link;
+        return true;
+    }
+
+    [[nodiscard]] bool TakePicture(SpriteEntry& entry) {
+        PcxPicture picture;
+        if (!pictures_.Load(chain_, picture)) {
+            messages_.MsgBox(kMessagePcxError,
+                             SkippedText("PCX Error", chain_.Header()) + "Skipping sprite..");
+            if (header_.imageCount == 1) {
+                messages_.MsgBox(
+                    kMessageOnlyImage,
+                    "Oh, and that was the only image!  Just pretend it's really dark!");
+            }
+            return false;
+        }
+        entry.width = ToInteger(picture.width);
+        entry.height = ToInteger(picture.height);
+        entry.texture = std::move(picture.texture);
+        entry.keyAlpha = picture.key.alpha;
+        entry.keyRed = picture.key.red;
+        entry.keyGreen = picture.key.green;
+        entry.keyBlue = picture.key.blue;
+        model_.LastImageWidth = entry.width;
+        model_.LastImageHeight = entry.height;
+        return true;
+    }
+
+    StageModel& model_;
+    const SffHeader& header_;
+    Messages& messages_;
+    SubfileChain chain_;
+    SubfilePictures pictures_;
+    std::unordered_set<std::uint64_t> masked_;
+};
+
+// What is wrong with the archive as a whole.
+void SayArchiveError(Messages& messages, MessageKind kind, const std::string& name,
+                     std::string_view reason) {
+    std::string text = "SFF Error:  " + name;
+    text.append(kCrLf).append(reason);
+    messages.MsgBox(kind, std::move(text));
+}
+
+void LoadChain(StageModel& model, InputFile& archive, const std::string& name,
+               const SffHeader& header, Direct3DDevice8& device, Window& window,
+               Messages& messages) {
+    SpriteLoader loader(model, archive, header, device, messages);
+    SubfileChain& chain = loader.Chain();
+    while (!window.EndRequested() && chain.Next()) {
+        window.SetCaption(LoadingCaption(model.StageTitle, chain.Index(), header.imageCount));
+        if (model.Sprites.size() >= kMaxRecords) {
+            SayArchiveError(messages, kMessageSffError, name,
+                            "Overflow: more than " + std::to_string(kMaxRecords) +
+                                " sprites.  The rest is skipped..");
+            return;
+        }
+        if (loader.LoadSubfile()) {
+            window.DoEvents();
+        }
+    }
+    if (chain.Broken()) {
+        SayArchiveError(messages, kMessageSffError, name,
+                        *chain.Broken() + "  The rest is skipped..");
+    }
+}
+
+}  // namespace
+
+std::string LoadingCaption(const std::string& title, std::uint32_t done, std::uint32_t count) {
+    const double percent = RoundToEven(100.0 * done / count);
+    const std::string number =
+        percent == 0.0 ? std::string() : std::to_string(static_cast<int>(percent));
+    return "Loading " + title + " " + number + "%";
+}
+
+void LoadSprites(StageModel& model, InputFile& archive, const std::string& name,
+                 Direct3DDevice8& device, Window& window, Messages& messages) {
+    try {
+        const SffHeader header = ReadSffHeader(archive);
+        if (header.IsVersion2()) {
+            SayArchiveError(messages, kMessageSffVersion, name,
+                            "This is an archive of version " + header.VersionText() +
+                                ", only version 1 can be read.");
+            return;
+        }
+        LoadChain(model, archive, name, header, device, window, messages);
+    } catch (const RunTimeError& error) {
+        SayArchiveError(messages, kMessageSffError, name, error.what());
+    }
+}
+
+}  // namespace scenara

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+//
+// sff2: the sprite archive of a stage, every subfile of it, into the Sprites table.
+//
+// One entry per subfile, in the order of the chain (SffArchive.h). A linked subfile shares texture,
+// size and key colour of the entry that its link index names, and keeps its own group, image and
+// axis. Deliberate: the index is a position in Sprites; after an image that was dropped it names
+// another entry than the archive meant (Sff2.LinkIndexIsAPositionInSprites).
+//
+// What is damaged is said and skipped, and the load goes on with the next subfile; an archive whose
+// chain breaks keeps what was read until there. Between images the caption tells how far it is and
+// the window system runs; when the user has closed the window, the load ends after the image.
+#pragma once
+
+#include <string>
+
+#include "platform/Direct3D8.h"
+#include "platform/Files.h"
+#include "platform/Messages.h"
+#include "platform/Window.h"
+#include "stage/StageModel.h"
+
+namespace scenara {
+
+inline constexpr MessageKind kMessagePcxError = "PCX Error";
+inline constexpr MessageKind kMessageOnlyImage = "only image";
+inline constexpr MessageKind kMessageLinkError = "Link Error";
+inline constexpr MessageKind kMessageSffError = "SFF Error";
+inline constexpr MessageKind kMessageSffVersion = "SFF version";
+
+// Appends the archive's sprites to `model.Sprites`. `name` is the archive's name for messages.
+// Never raises an error for what stands in the file.
+void LoadSprites(StageModel& model, InputFile& archive, const std::string& name,
+                 Direct3DDevice8& device, Window& window, Messages& messages);
+
+// "Loading " + title + " " + how much of `count` is done, as "5%"; "%" alone for none.
+[[nodiscard]] std::string LoadingCaption(const std::string& title, std::uint32_t done,
+                                         std::uint32_t count);
+
+}  // namespace scenara

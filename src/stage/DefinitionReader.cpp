@@ -1,0 +1,123 @@
+// SPDX-License-Identifier: MIT
+#include "stage/DefinitionReader.h"
+
+#include <algorithm>
+
+#include "base/RunTimeError.h"
+#include "base/Text.h"
+#include "stage/KeyOffer.h"
+#include "stage/StageKeys.h"
+
+namespace scenara {
+namespace {
+
+// Without the comment at its end and without tabs; empty when nothing is left to read.
+void Clean(std::string_view line, std::string& cleaned) {
+    cleaned.clear();
+    const std::string_view kept = line.substr(0, line.find(';'));
+    if (!Trim(kept).empty()) {
+        std::copy_if(kept.begin(), kept.end(), std::back_inserter(cleaned),
+                     [](char c) { return c != '\t'; });
+    }
+}
+
+}  // namespace
+
+void DefinitionReader::ReadLine(std::string_view line, std::int64_t number) {
+    lineNumber_ = number;
+    Clean(line, cleaned_);
+    if (cleaned_.empty()) {
+        return;
+    }
+    if (IsSectionHeader(cleaned_)) {
+        StartSection(cleaned_);
+        return;
+    }
+    keyLine_.Assign(cleaned_);
+    KeyOffer offer(keyLine_, lineNumber_, messages_);
+    switch (section_) {
+        case SectionKind::Element: ReadElementLine(offer); break;
+        case SectionKind::Action: ReadActionLine(offer); break;
+        case SectionKind::CtrlDef: ReadCtrlDefKeys(offer, ctrlDef_.Current()); break;
+        case SectionKind::Ctrl: ReadCtrlKeys(offer, ctrl_.Current()); break;
+        case SectionKind::Settings: ReadSettingKeys(offer, model_, spr_); break;
+    }
+}
+
+void DefinitionReader::SayFull(Table table, std::string_view what) {
+    if (full_.insert(table).second) {
+        SayOverflow(messages_, what, lineNumber_);
+    }
+}
+
+void DefinitionReader::StartSection(std::string_view header) {
+    section_ = KindOfSection(header);
+    switch (section_) {
+        case SectionKind::Element: StartElement(header); break;
+        case SectionKind::Action: StartAction(header); break;
+        case SectionKind::CtrlDef:
+            if (!ctrlDef_.Append(model_.CtrlDefs, model_.CtrlDefCount)) {
+                SayFull(Table::CtrlDefs, "BGCtrlDef");
+            }
+            break;
+        case SectionKind::Ctrl: StartCtrl(); break;
+        case SectionKind::Settings: break;
+    }
+}
+
+void DefinitionReader::StartElement(std::string_view header) {
+    if (!element_.Append(model_.Elements, model_.ElementCount)) {
+        SayFull(Table::Elements, "BG");
+    }
+    element_.Current().name = ElementName(header);
+}
+
+void DefinitionReader::StartAction(std::string_view header) {
+    if (!action_.Append(model_.Actions, model_.ActionCount)) {
+        SayFull(Table::Actions, "Begin Action");
+    }
+    lastFrame_ = -1;
+    try {
+        action_.Current().actionNo = ToInteger(ActionNumber(header));
+    } catch (const RunTimeError&) {
+        SayOverflow(messages_, "Begin Action", lineNumber_);
+    }
+}
+
+void DefinitionReader::StartCtrl() {
+    BgCtrlDef& group = ctrlDef_.Current();
+    if (!ctrlDef_.IsKept()) {
+        if (model_.CtrlDefs.empty()) {
+            messages_.MsgBox(kMessageLoneControl,
+                             "BGCtrl without a BGCtrlDef, line " + std::to_string(lineNumber_));
+        }
+        ctrl_.Discard();
+    } else if (!ctrl_.Append(group.controls, group.controlCount)) {
+        SayFull(Table::Controls, "BGCtrl");
+    }
+}
+
+void DefinitionReader::ReadElementLine(KeyOffer& offer) {
+    ReadElementKeys(offer, element_.Current(), messages_);
+    if (element_.IsKept() && element_.Current().type == "null") {
+        const std::string number = std::to_string(model_.ElementCount - 1);
+        element_.Remove(model_.Elements, model_.ElementCount);
+        messages_.MsgBox(kMessageNullElement, "NULL BG " + number);
+    }
+}
+
+void DefinitionReader::ReadActionLine(KeyOffer& offer) {
+    StageAction& action = action_.Current();
+    if (Contains(keyLine_.Lower(), "loopstart")) {
+        action.loopstart = static_cast<Integer>(lastFrame_ + 1);
+    } else if (Contains(cleaned_, ",")) {
+        if (frame_.Append(action.frames, action.frameCount)) {
+            ++lastFrame_;
+        } else {
+            SayFull(Table::Frames, "frames of an action");
+        }
+        ReadFrame(offer, frame_.Current(), messages_);
+    }
+}
+
+}  // namespace scenara

@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+//
+// KeyOffer: one line of a stage definition, offered to the keys of its section one by one.
+//
+// Each call asks ReadKeyValue for one key and stores what the line gives it. A value that does not
+// fit its field leaves the field as it was and is reported ("Overflow: delta, line 12"); it never
+// ends a load.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+#include "platform/Messages.h"
+#include "stage/ReadKeyValue.h"
+
+namespace scenara {
+
+inline constexpr MessageKind kMessageOverflow = "Overflow";
+
+// Reports a number that does not fit: "Overflow: " + what + ", line " + number.
+void SayOverflow(Messages& messages, std::string_view what, std::int64_t lineNumber);
+
+class KeyOffer {
+public:
+    KeyOffer(const KeyLine& line, std::int64_t lineNumber, Messages& messages)
+        : line_(line), lineNumber_(lineNumber), messages_(messages) {}
+
+    // The whole value. True when the line gives the key one.
+    bool Whole(std::string_view key, FieldTarget target);
+
+    // Values 1, 2, ... into the targets, in order; bit n of the result is set when value n + 1 was
+    // given.
+    template <typename... Targets>
+    unsigned Values(std::string_view key, Targets&... targets) {
+        unsigned given = 0;
+        Integer index = 0;
+        ((given |= Value(key, ++index, targets) ? 1U << static_cast<unsigned>(index - 1) : 0U),
+         ...);
+        return given;
+    }
+
+    // Value number `index` alone.
+    bool Value(std::string_view key, Integer index, FieldTarget target);
+
+    // A list of at most kMaxCtrlIds numbers; replaces `list` when the line gives the key any. One
+    // that does not fit is left out.
+    void List(std::string_view key, std::vector<Long>& list);
+
+private:
+    enum class Answer { Absent, Stored, TooLarge };
+    [[nodiscard]] Answer Ask(std::string_view key, Integer index, FieldTarget target);
+
+    const KeyLine& line_;
+    std::int64_t lineNumber_;
+    Messages& messages_;
+};
+
+}  // namespace scenara

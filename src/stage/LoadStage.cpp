@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: MIT
+#include "stage/LoadStage.h"
+
+#include <memory>
+
+#include "base/Path.h"
+#include "base/RunTimeError.h"
+#include "base/Text.h"
+#include "platform/LineReader.h"
+#include "sprites/sff2.h"
+#include "stage/ArchiveSearch.h"
+#include "stage/DefinitionReader.h"
+#include "stage/FinishElements.h"
+#include "stage/LineEndingRepair.h"
+
+namespace scenara {
+namespace {
+
+// The whole definition into the model; the name of the sprite archive as it gives it.
+std::string ReadDefinition(StageModel& model, std::string& defPath,
+                           const LoadStageContext& context) {
+    LineEndingRepair repair(context.files, defPath);
+    DefinitionReader reader(model, context.messages);
+    {
+        const std::unique_ptr<InputFile> file = context.files.OpenForReading(defPath);
+        LineReader lines(*file);
+        while (!context.window.EndRequested() && lines.Next()) {
+            reader.ReadLine(lines.Line(), lines.Number());
+        }
+    }
+    repair.Undo();
+    return reader.Spr();
+}
+
+void SetMusic(const StageModel& model, const LoadStageContext& context) {
+    if (!model.MusicFile.empty() && context.setMusicFileName) {
+        const bool whole = Contains(model.MusicFile, ":");
+        context.setMusicFileName(whole ? model.MusicFile
+                                       : WithSeparator(context.mugeDir) + model.MusicFile);
+    }
+}
+
+void LoadArchive(StageModel& model, const std::string& spr, const std::string& defPath,
+                 const LoadStageContext& context) {
+    const std::string path = FindArchive(context.files, spr, context.mugeDir, defPath);
+    std::unique_ptr<InputFile> archive;
+    if (!path.empty()) {
+        try {
+            archive = context.files.OpenForReading(path);
+        } catch (const RunTimeError&) {
+            archive = nullptr;  // gone since it was found
+        }
+    }
+    if (!archive) {
+        std::string text = "SFF FILE:";
+        text.append(kCrLf).append(spr).append(kCrLf).append("COULD NOT BE FOUND!");
+        context.messages.MsgBox(kMessageArchiveMissing, std::move(text));
+        return;
+    }
+    LoadSprites(model, *archive, path, context.device, context.window, context.messages);
+}
+
+}  // namespace
+
+bool LoadStage(StageModel& model, std::string& defPath, const LoadStageContext& context) {
+    model.Clear();
+    std::string spr;
+    try {
+        spr = ReadDefinition(model, defPath, context);
+    } catch (const RunTimeError& error) {
+        context.messages.MsgBox(kMessageDefinitionUnreadable,
+                                "Unable to load " + defPath + " - " + error.what() + ".");
+        return false;
+    }
+    SetMusic(model, context);
+    FinishElements(model, context.messages);
+    if (!context.window.EndRequested()) {
+        LoadArchive(model, spr, defPath, context);
+    }
+    ResolveSprites(model);
+    return true;
+}
+
+}  // namespace scenara

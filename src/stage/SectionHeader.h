@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+//
+// SectionHeader: what a "[...]" line of a stage definition starts.
+//
+// Any line with a "[" and a "]" in it is a header. Its kind is decided by words anywhere on the
+// line, in any letter case. Deliberate: an element whose name has "def" or "ctrl" in it, such as
+// "[BG default]", is no element (SectionHeader.ElementNamedDefaultIsASettingsSection).
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace scenara {
+
+enum class SectionKind { Element, Action, CtrlDef, Ctrl, Settings };
+
+[[nodiscard]] bool IsSectionHeader(std::string_view line);
+
+[[nodiscard]] SectionKind KindOfSection(std::string_view header);
+
+// The text behind the first blank of "[BG ...]" up to "]"; "No name" when there is no blank.
+[[nodiscard]] std::string ElementName(std::string_view header);
+
+// The number behind "ACTION", 0 when there is none; of any size.
+[[nodiscard]] double ActionNumber(std::string_view header);
+
+}  // namespace scenara

@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: MIT
+#include "stage/StageKeys.h"
+
+#include "base/Text.h"
+
+namespace scenara {
+namespace {
+
+constexpr unsigned kFirst = 1U;
+constexpr unsigned kSecond = 2U;
+constexpr unsigned kAllFour = 15U;
+
+// Short forms of the element kinds, and what an animated one starts with.
+void NormaliseType(BackgroundElement& element) {
+    if (element.type == "ani") {
+        element.type = "anim";
+    } else if (element.type == "paral") {
+        element.type = "parallax";
+    } else if (element.type == "norm") {
+        element.type = "normal";
+    }
+    if (element.type == "anim") {
+        element.tileSpacingX = 1;
+        element.tileSpacingY = 1;
+    }
+}
+
+Byte GivenBit(bool given, Byte bit) {
+    return given ? bit : Byte{0};
+}
+
+}  // namespace
+
+void ReadElementKeys(KeyOffer& line, BackgroundElement& element, Messages& messages) {
+    if (line.Whole("type", element.type)) {
+        NormaliseType(element);
+    }
+    line.Whole("mask", element.mask);
+    line.Values("spriteno", element.spriteGroup, element.spriteImage);
+    line.Values("start", element.startX, element.startY);
+    line.Whole("actionno", element.actionIndex);  // the number; FinishElements finds the action
+    line.Values("delta", element.deltaX, element.deltaY);
+    line.Values("velocity", element.velocityX, element.velocityY);
+    line.Values("tile", element.tileX, element.tileY);
+    line.Whole("id", element.id);
+    line.Whole("trans", element.trans);
+    line.Values("sin.y", element.sinYAmplitude, element.sinYPeriod, element.sinYPhase);
+    if (line.Values("window", element.windowX1, element.windowY1, element.windowX2,
+                    element.windowY2) == kAllFour) {
+        element.windowActive = 1;
+    }
+    std::string notUsed;
+    if (line.Whole("windowdelta", notUsed)) {
+        messages.MsgBox(kMessageWindowDelta, "Windowdelta not supported just yet..");
+    }
+    line.Whole("positionlink", element.positionlink);
+    line.Values("tilespacing", element.tileSpacingX, element.tileSpacingY);
+    line.Whole("layerno", element.layerno);
+    line.Values("xscale", element.xscaleTop, element.xscaleBottom);
+}
+
+void ReadFrame(KeyOffer& line, StageFrame& frame, Messages& messages) {
+    line.Values(kBareValues, frame.group, frame.image, frame.offsetX, frame.offsetY, frame.time,
+                frame.flip);
+    // An empty field between two commas is no flip.
+    if (!frame.flip.empty() && frame.flip != "h") {
+        messages.MsgBox(kMessageVerticalFlip, "vertical flip not coded yet dude..");
+    }
+}
+
+void ReadCtrlDefKeys(KeyOffer& line, BgCtrlDef& group) {
+    line.Whole("looptime", group.looptime);
+    line.List("ctrlid", group.ctrlIds);
+}
+
+void ReadCtrlKeys(KeyOffer& line, BgCtrl& control) {
+    line.Whole("type", control.type);
+    const unsigned times =
+        line.Values("time", control.startTime, control.endTime, control.loopTime);
+    if ((times & kFirst) != 0 && (times & kSecond) == 0) {
+        control.endTime = control.startTime;
+    }
+    line.List("ctrlid", control.ctrlIds);
+    control.given |= GivenBit(line.Whole("x", control.x), kGivenX);
+    control.given |= GivenBit(line.Whole("y", control.y), kGivenY);
+    if (Contains(control.type, "sin")) {
+        const unsigned values = line.Values("value", control.value1, control.value2);
+        control.given |= GivenBit((values & kFirst) != 0, kGivenValue1);
+        control.given |= GivenBit((values & kSecond) != 0, kGivenValue2);
+    } else {
+        control.given |= GivenBit(line.Whole("value", control.value), kGivenValue);
+    }
+}
+
+void ReadSettingKeys(KeyOffer& line, StageModel& model, std::string& spr) {
+    line.Whole("name", model.StageTitle);
+    line.Whole("startx", model.CamStartX);
+    line.Whole("starty", model.CamStartY);
+    line.Whole("boundleft", model.BoundLeft);
+    line.Whole("boundright", model.BoundRight);
+    line.Whole("boundhigh", model.BoundHigh);
+    // Deliberate: whatever the file says, the camera never goes below the ground view
+    // (LoadStage.BoundLowIsAlwaysZero).
+    if (line.Whole("boundlow", model.BoundLow)) {
+        model.BoundLow = 0;
+    }
+    line.Whole("bgmusic", model.MusicFile);
+    line.Whole("spr", spr);
+    line.Whole("zoffset", model.ZOffset);
+    line.Whole("zoffsetlink", model.ZOffsetLink);
+    line.Whole("p1startx", model.P1StartX);
+    line.Whole("tension", model.Tension);
+    line.Whole("screenleft", model.ScreenLeft);
+    line.Whole("screenright", model.ScreenRight);
+}
+
+}  // namespace scenara

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+//
+// Every key that a stage definition can hold, and the field that it fills. One procedure per kind
+// of section, one line per key, in the order in which a line is tried; what a key does beyond
+// filling its field stands right at it. All other keys are passed over without a word.
+#pragma once
+
+#include <string>
+
+#include "stage/KeyOffer.h"
+#include "stage/StageModel.h"
+
+namespace scenara {
+
+inline constexpr MessageKind kMessageWindowDelta = "windowdelta";
+inline constexpr MessageKind kMessageVerticalFlip = "vertical flip";
+
+// [BG ...]
+void ReadElementKeys(KeyOffer& line, BackgroundElement& element, Messages& messages);
+
+// A frame line of [Begin Action n]: group, image, x, y, time, flip.
+void ReadFrame(KeyOffer& line, StageFrame& frame, Messages& messages);
+
+// [BGCtrlDef ...]
+void ReadCtrlDefKeys(KeyOffer& line, BgCtrlDef& group);
+
+// [BGCtrl ...]
+void ReadCtrlKeys(KeyOffer& line, BgCtrl& control);
+
+// Every other section, whatever its name. `spr` receives the sprite archive's name.
+void ReadSettingKeys(KeyOffer& line, StageModel& model, std::string& spr);
+
+}  // namespace scenara

@@ -1,0 +1,191 @@
+// SPDX-License-Identifier: MIT
+//
+// StageModel: one stage in memory, as tables of plain records and a group of stage-wide settings.
+//
+// Filled in file order by the loader (LoadStage.h) and from the sprite archive (sprites/sff2.h),
+// given its first runtime values by the stage start-up, advanced every frame by the drawing,
+// emptied by Clear(). Tables are indexed from 0; their counts are 16-bit, so none holds more than
+// kMaxRecords. An index field refers to a position in another table, -1 meaning none. Positions are
+// pixels of the 320 x 240 view, times are ticks of one frame. Every number starts at 0 and every
+// text empty, unless a field says otherwise.
+//
+// Texts are bytes as the file has them (Windows ANSI code page).
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <limits>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "base/Integers.h"
+#include "platform/Direct3D8.h"
+
+namespace scenara {
+
+inline constexpr std::size_t kMaxRecords = std::numeric_limits<Integer>::max();
+
+// One [BG ...] section.
+struct BackgroundElement {
+    std::string type;      // "normal", "parallax", "anim", "dummy"
+    Integer mask = 0;      // 1 = colour 0 is transparent
+    Long spriteGroup = 0;  // the picture, by its numbers in the archive
+    Integer spriteImage = 0;
+    Long startX = 0;  // where the element's axis point stands, from the middle of the view
+    Long startY = 0;
+    Single posX = 0;  // runtime: where it is drawn now
+    Single posY = 0;
+    Single deltaX = 1.0F;  // how far it moves per unit of the camera
+    Single deltaY = 1.0F;
+    Long tileX = 0;  // 0 = one picture, 1 = without end, n = n pictures
+    Long tileY = 0;
+    Long tileSpacingX = 0;
+    Long tileSpacingY = 0;
+    Single velocityX = 0;  // drift per frame
+    Single velocityY = 0;
+    Integer actionIndex = 0;    // into Actions for "anim"; else the number as the file has it
+    Integer spriteIndex = 0;    // into Sprites; -1 = no picture, -2 = pictures of an action
+    Integer layerno = 0;        // 0 = behind the characters, 1 = in front
+    Integer lastTileIndex = 0;  // runtime
+    Integer frameIndex = 0;     // runtime: the action's frame on screen
+    Integer frameTime = 0;      // runtime: ticks that are left of it
+    std::string name;           // of the section header; "No name"
+    Integer positionlink = 0;   // not 0: stands relative to the last element without it
+    Integer linkParent = 0;     // runtime: the index of that element
+    std::array<Single, 3> sinState{};  // runtime: sideways swing (amplitude, period, time)
+    Single sinYAmplitude = 0;
+    Single sinYPeriod = 0;  // ticks of half a swing
+    Single sinYPhase = 0;
+    std::array<Single, 2> ctrlOffset{};  // runtime: offsets by its link
+    Byte visible = 0;                    // runtime: 1 = drawn
+    Byte enabled = 0;                    // runtime: 1 = drawn and animated
+    std::string trans;                   // blending, as the file has it
+    std::array<Single, 4> ctrlPos{};     // runtime: motion that is not the camera's
+    Long id = 0;                         // by which controllers name it
+    Single windowX1 = 0;                 // drawn inside of this rectangle only, in view pixels
+    Single windowX2 = 0;
+    Single windowY1 = 0;
+    Single windowY2 = 0;
+    Byte windowActive = 0;  // 1 = all four values were given, so the window holds
+    Single xscaleTop = 0;   // parallax: relative speed of the top row
+    Single xscaleBottom = 0;
+};
+
+// One subfile of the sprite archive, with its picture as a texture.
+struct SpriteEntry {
+    Integer axisX = 0;  // the pixel of the picture that is laid on an element's axis point
+    Integer axisY = 0;
+    Integer width = 0;  // pixels
+    Integer height = 0;
+    Long group = 0;
+    Integer image = 0;
+    Integer selfIndex = 0;                      // its own position in Sprites
+    std::shared_ptr<Direct3DTexture8> texture;  // shared with the entries that are linked to it
+    Long reserved = 0;
+    Integer masked = 0;  // 1 = a still element with mask 1 shows this picture
+    Byte keyAlpha = 0;   // the transparent colour: palette entry 0 made opaque
+    Byte keyRed = 0;
+    Byte keyGreen = 0;
+    Byte keyBlue = 0;
+    Integer linkedTo = -1;  // -1 = has a picture of its own; else the archive's link index
+};
+
+// One line of an action.
+struct StageFrame {
+    Long group = 0;
+    Integer image = 0;
+    Integer spriteIndex = -1;  // into Sprites; -1 = not in the archive
+    Integer offsetX = 0;       // pixels, from the element's axis point
+    Integer offsetY = 0;
+    Integer time = 0;      // ticks; negative = for ever
+    Integer runtimeA = 0;  // two words of the drawing's own
+    Integer runtimeB = 0;
+    std::string flip;  // the sixth value as the file has it; "h" = mirrored
+};
+
+// One [Begin Action n] block.
+struct StageAction {
+    std::vector<StageFrame> frames;
+    Integer loopstart = 0;   // the frame that follows the last one
+    Integer frameCount = 0;  // how many frames were read
+    Integer actionNo = 0;    // the n of the block
+};
+
+// Which values a control was given; the drawing treats a missing one as "leave it".
+inline constexpr Byte kGivenX = 1;
+inline constexpr Byte kGivenY = 2;
+inline constexpr Byte kGivenValue = 4;
+inline constexpr Byte kGivenValue1 = 8;
+inline constexpr Byte kGivenValue2 = 16;
+
+// One [BGCtrl ...] section.
+struct BgCtrl {
+    std::string type;    // "null", "visible", "enable", "velset", "veladd", "posset", "posadd",
+                         // "anim", "sinx", "siny"
+    Long startTime = 0;  // ticks of the group's timer
+    Long endTime = 0;    // the startTime when the file gives none
+    Long loopTime = 0;
+    std::vector<Long> ctrlIds;  // of elements; empty = those of the group
+    Single x = 0;
+    Single y = 0;
+    Integer value = 0;
+    Long timer = 0;      // runtime
+    Byte given = 0;      // kGiven... bits
+    Integer value1 = 0;  // of "sinx" and "siny": amplitude
+    Integer value2 = 0;  // and period
+};
+
+// One [BGCtrlDef ...] section with the controls behind it.
+struct BgCtrlDef {
+    Long looptime = 0;  // ticks after which the timer starts again; 0 = never
+    Long timer = 0;     // runtime
+    std::vector<Long> ctrlIds;
+    Long runtimeA = 0;
+    Integer controlCount = 0;
+    std::vector<BgCtrl> controls;
+};
+
+// The longest list of element ids that a group or a control holds.
+inline constexpr std::size_t kMaxCtrlIds = 10;
+
+struct StageModel {
+    std::vector<BackgroundElement> Elements;
+    Integer ElementCount = 0;
+    std::vector<SpriteEntry> Sprites;
+    Integer SpriteCount = 0;
+    std::vector<StageAction> Actions;
+    Integer ActionCount = 0;
+    std::vector<BgCtrlDef> CtrlDefs;
+    Integer CtrlDefCount = 0;
+
+    std::string StageTitle;
+    Single CamStartX = 0;
+    Integer CamStartY = 0;
+    Long BoundLeft = 0;  // of the camera
+    Long BoundRight = 0;
+    Integer BoundHigh = 0;  // negative = up
+    Integer BoundLow = 0;
+    std::string MusicFile;
+    Integer ZOffset = 0;       // the ground line of the characters
+    Integer ZOffsetLink = -1;  // id of the element that the ground line follows; -1 = none
+    Integer P1StartX = 0;
+    Integer Tension = 0;
+    Integer ScreenLeft = 0;  // nearest that a character comes to the edge of the screen
+    Integer ScreenRight = 0;
+    Single CamX = 0;  // runtime: the camera, x negated
+    Single CamY = 0;
+    Integer LastImageWidth = 0;  // of the last picture decoded
+    Integer LastImageHeight = 0;
+
+    // Releases every texture, empties the tables, and puts every setting back to its start.
+    void Clear();
+};
+
+// The first entry with this group and image, -1 when there is none.
+[[nodiscard]] Integer FindSprite(const StageModel& model, Long group, Integer image);
+
+// The first action of this number, -1 when there is none.
+[[nodiscard]] Integer FindAction(const StageModel& model, Integer actionNo);
+
+}  // namespace scenara
