@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: MIT
+//
+// sample-maker OUTDIR: makes a small MUGEN folder, so that there is something to look at at once.
+//
+// Writes stages/<name>.def and stages/<name>.sff for every bundled stage and makes the empty
+// folders chars/ and sound/. Exit status: 0 all written, 1 a file could not be written, 2 wrong
+// use.
+#include <cstddef>
+#include <exception>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <span>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "lanternpier/Definition.h"
+#include "lanternpier/LanternPier.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+void WriteFile(const fs::path& path, std::span<const std::byte> bytes) {
+    std::ofstream file(path, std::ios::binary);
+    for (const std::byte byte : bytes) {
+        file.put(std::to_integer<char>(byte));
+    }
+    file.close();
+    if (!file) {
+        throw std::runtime_error("cannot write " + path.string());
+    }
+}
+
+// MUGEN's own text files end their lines with CR LF.
+std::string WithCrLf(std::string_view text) {
+    std::string result;
+    for (const char c : text) {
+        result += c == '\n' ? "\r\n" : std::string(1, c);
+    }
+    return result;
+}
+
+void WriteStage(const fs::path& folder, const std::string& name, std::string_view definition,
+                std::span<const std::byte> archive) {
+    const std::string text = WithCrLf(definition);
+    WriteFile(folder / (name + ".def"), std::as_bytes(std::span(text)));
+    WriteFile(folder / (name + ".sff"), archive);
+}
+
+void MakeFolder(const fs::path& folder) {
+    for (const char* name : {"chars", "sound", "stages"}) {
+        fs::create_directories(folder / name);
+    }
+    WriteStage(folder / "stages", "lanternpier", scenara::samples::kLanternPierDefinition,
+               scenara::samples::LanternPierArchive());
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    const std::span arguments(argv, static_cast<std::size_t>(argc));
+    if (arguments.size() != 2) {
+        std::cerr << "Usage: sample-maker OUTDIR\n";
+        return 2;
+    }
+    try {
+        MakeFolder(arguments[1]);
+    } catch (const std::exception& error) {
+        std::cerr << "sample-maker: " << error.what() << '\n';
+        return 1;
+    }
+    return 0;
+}

@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+//
+// ByteWriter: a growing block of bytes, little-endian like every format that the sample maker
+// knows.
+//
+// The block starts empty; each call adds at its end. Values are given in their unsigned width, so a
+// number that does not fit does not compile without a visible cast.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <utility>
+#include <vector>
+
+namespace scenara::samplemaker {
+
+class ByteWriter {
+public:
+    void U8(std::uint8_t value) { block_.push_back(static_cast<std::byte>(value)); }
+
+    void U16(std::uint16_t value) {
+        U8(static_cast<std::uint8_t>(value & 0xFFU));
+        U8(static_cast<std::uint8_t>(value >> 8U));
+    }
+
+    void U32(std::uint32_t value) {
+        U16(static_cast<std::uint16_t>(value & 0xFFFFU));
+        U16(static_cast<std::uint16_t>(value >> 16U));
+    }
+
+    void Fill(std::size_t count, std::uint8_t value) {
+        block_.insert(block_.end(), count, static_cast<std::byte>(value));
+    }
+
+    void Append(std::span<const std::byte> bytes) {
+        block_.insert(block_.end(), bytes.begin(), bytes.end());
+    }
+
+    [[nodiscard]] std::size_t Size() const { return block_.size(); }
+    [[nodiscard]] std::vector<std::byte> Take() && { return std::move(block_); }
+
+private:
+    std::vector<std::byte> block_;
+};
+
+}  // namespace scenara::samplemaker
