@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: MIT
+//
+// fuzz-seeds FOLDER: what the fuzzers of binary formats start from, made by the sample maker's
+// writers: one picture of each PCX kind, and archives with each feature.
+#include <cstddef>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <string>
+#include <vector>
+
+#include "samplemaker/PcxWriter.h"
+#include "samplemaker/Sff1Writer.h"
+
+namespace {
+
+using namespace scenara::samplemaker;
+namespace fs = std::filesystem;
+
+void Write(const fs::path& path, const std::vector<std::byte>& bytes) {
+    fs::create_directories(path.parent_path());
+    std::ofstream file(path, std::ios::binary);
+    file.exceptions(std::ios::badbit | std::ios::failbit);
+    file.write(reinterpret_cast<const char*>(bytes.data()),
+               static_cast<std::streamsize>(bytes.size()));
+}
+
+IndexedPicture Picture(int width, int height, int colors) {
+    IndexedPicture picture{width, height, {}, {}};
+    for (int i = 0; i < width * height; ++i) {
+        picture.pixels.push_back(static_cast<std::uint8_t>(i / 5 % colors));
+    }
+    for (std::size_t i = 0; i < picture.palette.size(); ++i) {
+        picture.palette[i] = {static_cast<std::uint8_t>(i), static_cast<std::uint8_t>(i * 3), 128};
+    }
+    return picture;
+}
+
+void WritePictures(const fs::path& folder) {
+    const PcxOptions raw{.runLengths = false};
+    const PcxOptions odd{.runBreaks = RunBreaks::Nowhere, .bytesPerLine = 21, .padding = 200};
+    Write(folder / "bits8", WritePcx(Picture(20, 9, 256)));
+    Write(folder / "bits8-odd-lines", WritePcx(Picture(20, 9, 200), odd));
+    Write(folder / "bits8-raw", WritePcx(Picture(20, 9, 256), raw));
+    Write(folder / "bits1", WritePcx(Picture(20, 9, 2), {}, PcxDepth::Bits1));
+    Write(folder / "bits2", WritePcx(Picture(20, 9, 4), {}, PcxDepth::Bits2));
+    Write(folder / "bits4", WritePcx(Picture(20, 9, 16), {}, PcxDepth::Bits4));
+    Write(folder / "bits1-planes4", WritePcx(Picture(20, 9, 16), {}, PcxDepth::Bits1Planes4));
+    const TrueColourPicture colours{6, 4, std::vector<Rgb>(24, Rgb{10, 200, 30})};
+    Write(folder / "planes3", WritePcx(colours));
+    Write(folder / "planes4", WritePcx(colours, std::uint8_t{7}));
+}
+
+void WriteArchives(const fs::path& folder) {
+    const PcxOptions noPalette{.trailingPalette = TrailingPalette::None};
+    std::vector<Sff1Subfile> subfiles(4);
+    subfiles[0].data = WritePcx(Picture(12, 8, 256));
+    subfiles[1].image = 1;
+    subfiles[1].samePalette = true;
+    subfiles[1].data = WritePcx(Picture(7, 5, 90), noPalette);
+    subfiles[1].lengthSurplus = 768;
+    subfiles[2].group = 1;
+    subfiles[2].linkIndex = 1;
+    subfiles[3].group = 2;
+    subfiles[3].data = WritePcx(TrueColourPicture{3, 3, std::vector<Rgb>(9)});
+    Write(folder / "features", WriteSff1(subfiles));
+    Write(folder / "other-order", WriteSff1(subfiles, {.firstGap = 9, .fileOrder = {3, 1, 0, 2}}));
+    Write(folder / "many-images", WriteSff1(subfiles, {.images = 0x80000000U}));
+    Write(folder / "version2", WriteSff1(subfiles, {.version = {0, 1, 0, 2}}));
+    Write(folder / "one", WriteSff1({subfiles[0]}));
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (argc != 2) {
+        std::cerr << "Usage: fuzz-seeds FOLDER\n";
+        return 2;
+    }
+    try {
+        WritePictures(fs::path(argv[1]) / "pcx");
+        WriteArchives(fs::path(argv[1]) / "archive");
+    } catch (const std::exception& error) {
+        std::cerr << error.what() << '\n';
+        return 1;
+    }
+    return 0;
+}

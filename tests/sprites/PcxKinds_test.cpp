@@ -1,0 +1,357 @@
+// SPDX-License-Identifier: MIT
+//
+// Every kind of PCX picture, packed in every way that programs pack them, on devices with every
+// kind of line.
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <ostream>
+#include <string>
+#include <tuple>
+#include <vector>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "ArchiveLoad.h"
+#include "PcxDecoding.h"
+#include "Pictures.h"
+#include "platform/soft/SoftDevice.h"
+#include "sprites/modFilePCX.h"
+
+namespace scenara {
+namespace {
+
+using samplemaker::PcxDepth;
+using samplemaker::PcxOptions;
+using samplemaker::RunBreaks;
+using samplemaker::WritePcx;
+using test::Bytes;
+using test::ColorsOf;
+using test::DeviceLines;
+using test::KeyedByColor;
+using test::KeyedByIndex;
+using test::Opaque;
+using test::PaletteOf;
+using test::PcxDecoding;
+using test::StripedPicture;
+using test::TrueColorPicture;
+using test::Words;
+
+// Header and lines written by hand, so that nothing rests on the writer alone.
+std::vector<std::byte> HandMade(std::uint8_t encoding, std::uint8_t bits, std::uint8_t planes,
+                                std::uint8_t width, std::uint8_t height, std::uint8_t bytesPerLine,
+                                const std::vector<std::byte>& data) {
+    std::vector<std::byte> pcx(kPcxHeaderSize, std::byte{0});
+    pcx[0] = std::byte{10};
+    pcx[1] = std::byte{5};
+    pcx[2] = std::byte{encoding};
+    pcx[3] = std::byte{bits};
+    pcx[8] = static_cast<std::byte>(width - 1);
+    pcx[10] = static_cast<std::byte>(height - 1);
+    for (unsigned i = 0; i < 16; ++i) {  // colour i is (i, 2 i, 3 i)
+        pcx[16 + i * 3] = static_cast<std::byte>(i);
+        pcx[17 + i * 3] = static_cast<std::byte>(i * 2);
+        pcx[18 + i * 3] = static_cast<std::byte>(i * 3);
+    }
+    pcx[65] = std::byte{planes};
+    pcx[66] = std::byte{bytesPerLine};
+    pcx.insert(pcx.end(), data.begin(), data.end());
+    return pcx;
+}
+
+// The colours of HandMade's header.
+Words HeaderColors(const std::vector<unsigned>& indices, bool keyed) {
+    Words words;
+    for (const unsigned i : indices) {
+        words.push_back((keyed && i == 0 ? 0 : 0xFF000000U) | i << 16U | i * 2 << 8U | i * 3);
+    }
+    return words;
+}
+
+struct HandRow {
+    const char* name;
+    std::vector<std::byte> pcx;
+    std::vector<unsigned> indices;  // into the header's colours
+    bool keyed;
+};
+
+class HandMadePcx : public testing::TestWithParam<HandRow> {};
+
+TEST_P(HandMadePcx, HasTheColorsOfItsHeader) {
+    PcxDecoding decoding;
+    decoding.SetPalette(PaletteOf(200));  // not for these
+    ASSERT_TRUE(decoding.Load(GetParam().pcx));
+    EXPECT_EQ(decoding.Pixels(), HeaderColors(GetParam().indices, GetParam().keyed));
+    EXPECT_EQ(decoding.picture.consumed, GetParam().pcx.size() - kPcxHeaderSize);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    , HandMadePcx,
+    testing::Values(
+        // 10 pixels: 1010011001 and 0111111110; what lies behind in the bytes is padding.
+        HandRow{"Bits1",
+                HandMade(0, 1, 1, 10, 2, 2, Bytes({0xA6, 0x7F, 0x7F, 0xBF})),
+                {1, 0, 1, 0, 0, 1, 1, 0, 0, 1, 0, 1, 1, 1, 1, 1, 1, 1, 1, 0},
+                true},
+        HandRow{"Bits2",
+                HandMade(0, 2, 1, 5, 2, 2, Bytes({0x1B, 0xBF, 0xE4, 0x7F})),
+                {0, 1, 2, 3, 2, 3, 2, 1, 0, 1},
+                true},
+        HandRow{"Bits4",
+                HandMade(1, 4, 1, 3, 2, 2, Bytes({0x0F, 0x5A, 0xC1, 0xE1, 0x7B})),
+                {0, 15, 5, 14, 1, 7},
+                true},
+        // The first plane holds the lowest bit: 1100, 1010 -> 3 1 2 0.
+        HandRow{"Bits1Planes2",
+                HandMade(0, 1, 2, 4, 1, 1, Bytes({0xCF, 0xAF})),
+                {3, 1, 2, 0},
+                false},
+        HandRow{"Bits1Planes3",
+                HandMade(0, 1, 3, 8, 1, 1, Bytes({0x55, 0x33, 0x0F})),
+                {0, 1, 2, 3, 4, 5, 6, 7},
+                false},
+        HandRow{"Bits1Planes4",
+                HandMade(0, 1, 4, 16, 1, 2,
+                         Bytes({0x55, 0x55, 0x33, 0x33, 0x0F, 0x0F, 0x00, 0xFF})),
+                {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15},
+                false}),
+    [](const testing::TestParamInfo<HandRow>& row) { return row.param.name; });
+
+TEST(HandMadePcx, PlanesOf8BitsAreRedGreenBlueLineByLine) {
+    PcxDecoding decoding;
+    const auto pcx = HandMade(0, 8, 3, 2, 2, 3,
+                              Bytes({1, 2, 99, 3, 4, 99, 5, 6, 99,  //
+                                     7, 8, 99, 9, 10, 99, 11, 12, 99}));
+    ASSERT_TRUE(decoding.Load(pcx));
+    EXPECT_EQ(decoding.Pixels(), (Words{0xFF010305, 0xFF020406, 0xFF07090B, 0xFF080A0C}));
+}
+
+TEST(HandMadePcx, AFourthPlaneIsNotShown) {
+    PcxDecoding decoding;
+    const auto pcx = HandMade(0, 8, 4, 1, 2, 1, Bytes({1, 2, 3, 0, 4, 5, 6, 7}));
+    ASSERT_TRUE(decoding.Load(pcx));
+    EXPECT_EQ(decoding.Pixels(), (Words{0xFF010203, 0xFF040506}));
+}
+
+TEST(HandMadePcx, ARunGoesOverLinesAndPlanes) {
+    PcxDecoding decoding;
+    // 12 bytes: line 0 red 1 1, green 1 1, blue 1 2; line 1 all 2.
+    const auto pcx = HandMade(1, 8, 3, 2, 2, 2, Bytes({0xC5, 1, 0xC7, 2}));
+    ASSERT_TRUE(decoding.Load(pcx));
+    EXPECT_EQ(decoding.Pixels(), (Words{0xFF010101, 0xFF010102, 0xFF020202, 0xFF020202}));
+}
+
+TEST(HandMadePcx, RunsOfNothingAreNothingIn256ColorsToo) {
+    for (const DeviceLines lines : {DeviceLines::AsWanted, DeviceLines::Wide}) {
+        PcxDecoding decoding(lines);
+        const samplemaker::Palette palette = PaletteOf(8);
+        decoding.SetPalette(palette);
+        ASSERT_TRUE(
+            decoding.Load(HandMade(1, 8, 1, 2, 2, 2, Bytes({0xC0, 5, 1, 0xC0, 9, 0xC3, 2}))));
+        EXPECT_EQ(decoding.Pixels(), (Words{Opaque(palette[1]), Opaque(palette[2]),
+                                            Opaque(palette[2]), Opaque(palette[2])}));
+    }
+}
+
+// Any number but 0 stands for run lengths.
+TEST(HandMadePcx, EveryEncodingBut0IsRunLength) {
+    for (const unsigned encoding : {0U, 1U, 2U, 255U}) {
+        PcxDecoding decoding;
+        decoding.SetPalette(PaletteOf(8));
+        const auto data = Bytes({0xC2, 7, 8, 9});
+        ASSERT_TRUE(decoding.Load(
+            HandMade(static_cast<std::uint8_t>(encoding), 8, 1, 3, 1, 3, data)));
+        const Words expected = encoding == 0 ? Words{Opaque(PaletteOf(8)[0xC2]),
+                                                     Opaque(PaletteOf(8)[7]),
+                                                     Opaque(PaletteOf(8)[8])}
+                                             : Words{Opaque(PaletteOf(8)[7]),
+                                                     Opaque(PaletteOf(8)[7]),
+                                                     Opaque(PaletteOf(8)[8])};
+        EXPECT_EQ(decoding.Pixels(), expected) << encoding;
+        EXPECT_EQ(decoding.picture.consumed, 3U) << encoding;
+    }
+}
+
+// The version byte says nothing that the other fields do not say.
+TEST(HandMadePcx, EveryVersionIsTaken) {
+    for (const unsigned version : {0U, 2U, 3U, 4U, 5U, 255U}) {
+        PcxDecoding decoding;
+        auto pcx = HandMade(0, 8, 1, 1, 1, 1, Bytes({1}));
+        pcx[1] = static_cast<std::byte>(version);
+        EXPECT_TRUE(decoding.Load(pcx)) << version;
+    }
+}
+
+enum class Kind {
+    Bits8,
+    Bits1,
+    Bits2,
+    Bits4,
+    Bits1Planes2,
+    Bits1Planes3,
+    Bits1Planes4,
+    Planes3,
+    Planes4
+};
+
+struct Packing {
+    bool runLengths;
+    RunBreaks breaks;
+};
+
+void PrintTo(const Packing& packing, std::ostream* out) {
+    *out << (packing.runLengths ? "runs " : "raw ") << static_cast<int>(packing.breaks);
+}
+
+constexpr std::array<Packing, 4> kPackings = {Packing{false, RunBreaks::AtLineEnds},
+                                              Packing{true, RunBreaks::AtPlaneEnds},
+                                              Packing{true, RunBreaks::AtLineEnds},
+                                              Packing{true, RunBreaks::Nowhere}};
+
+struct Indexed {
+    PcxDepth depth;
+    int bits;
+    unsigned colors;
+    bool onePlane;
+};
+
+Indexed IndexedKind(Kind kind) {
+    switch (kind) {
+        case Kind::Bits1: return {PcxDepth::Bits1, 1, 2, true};
+        case Kind::Bits2: return {PcxDepth::Bits2, 2, 4, true};
+        case Kind::Bits4: return {PcxDepth::Bits4, 4, 16, true};
+        case Kind::Bits1Planes2: return {PcxDepth::Bits1Planes2, 1, 4, false};
+        case Kind::Bits1Planes3: return {PcxDepth::Bits1Planes3, 1, 8, false};
+        case Kind::Bits1Planes4: return {PcxDepth::Bits1Planes4, 1, 16, false};
+        default: return {PcxDepth::Bits8, 8, 256, true};
+    }
+}
+
+class PcxOfEveryKind
+    : public testing::TestWithParam<std::tuple<Kind, Packing, DeviceLines>> {
+protected:
+    // Writes a picture of the kind and gives the words that it must become.
+    static std::vector<std::byte> Write(Kind kind, int width, int height, PcxOptions options,
+                                        Words& expected) {
+        if (kind == Kind::Planes3 || kind == Kind::Planes4) {
+            const auto picture = TrueColorPicture(width, height, 5);
+            expected = KeyedByColor(picture.pixels, nullptr);
+            return kind == Kind::Planes3 ? WritePcx(picture, options)
+                                         : WritePcx(picture, 0xDD, options);
+        }
+        const Indexed indexed = IndexedKind(kind);
+        const auto picture = StripedPicture(width, height, PaletteOf(21), indexed.colors);
+        expected = indexed.onePlane ? KeyedByIndex(picture)
+                                    : KeyedByColor(ColorsOf(picture), nullptr);
+        return WritePcx(picture, options, indexed.depth);
+    }
+
+    static int LeastBytesPerLine(Kind kind, int width) {
+        const bool trueColor = kind == Kind::Planes3 || kind == Kind::Planes4;
+        return (width * (trueColor ? 8 : IndexedKind(kind).bits) + 7) / 8;
+    }
+};
+
+TEST_P(PcxOfEveryKind, PixelForPixel) {
+    const auto [kind, packing, lines] = GetParam();
+    for (const int width : {1, 2, 7, 8, 9, 31, 64, 129}) {
+        for (const int height : {1, 2, 5}) {
+            for (const int surplus : {0, 1, 2, 3, 64, 65, 200}) {
+                PcxOptions options;
+                options.runLengths = packing.runLengths;
+                options.runBreaks = packing.breaks;
+                options.bytesPerLine = LeastBytesPerLine(kind, width) + surplus;
+                options.padding = static_cast<std::uint8_t>(0xC0 + surplus);
+                options.xMin = width * 5;
+                options.yMin = 65000 + height;
+                SCOPED_TRACE(std::to_string(width) + " x " + std::to_string(height) + ", " +
+                             std::to_string(options.bytesPerLine) + " bytes per line");
+
+                Words expected;
+                const auto pcx = Write(kind, width, height, options, expected);
+                PcxDecoding decoding(lines);
+                decoding.SetPalette(PaletteOf(21));
+                ASSERT_TRUE(decoding.Load(pcx));
+                ASSERT_EQ(decoding.picture.width, width);
+                ASSERT_EQ(decoding.picture.height, height);
+                ASSERT_EQ(decoding.Pixels(), expected);
+            }
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    , PcxOfEveryKind,
+    testing::Combine(testing::Values(Kind::Bits8, Kind::Bits1, Kind::Bits2, Kind::Bits4,
+                                     Kind::Bits1Planes2, Kind::Bits1Planes3, Kind::Bits1Planes4,
+                                     Kind::Planes3, Kind::Planes4),
+                     testing::ValuesIn(kPackings),
+                     testing::Values(DeviceLines::AsWanted, DeviceLines::Tight,
+                                     DeviceLines::Wide)));
+
+// What the pixels of a picture took is known to the byte, whatever follows them.
+TEST(PcxConsumed, EndsWithTheLastLine) {
+    for (const DeviceLines lines : {DeviceLines::AsWanted, DeviceLines::Wide}) {
+        for (const Packing& packing : kPackings) {
+            PcxOptions options;
+            options.runLengths = packing.runLengths;
+            options.runBreaks = packing.breaks;
+            options.trailingPalette = samplemaker::TrailingPalette::None;
+            auto pcx = WritePcx(StripedPicture(33, 9, PaletteOf(1)), options);
+            const std::size_t pixels = pcx.size() - kPcxHeaderSize;
+            pcx.insert(pcx.end(), 500, std::byte{0x0C});
+            PcxDecoding decoding(lines);
+            ASSERT_TRUE(decoding.Load(pcx));
+            EXPECT_EQ(decoding.picture.consumed, pixels);
+        }
+    }
+}
+
+TEST(PcxMemory, PaddingIsNotGivenAPictureOfMemory) {
+    // 600 pixels that lie 65534 bytes apart: 39 MB of padding as bytes, 157 MB as pixels.
+    PcxOptions options;
+    options.bytesPerLine = 65534;
+    const auto picture = StripedPicture(1, 600, PaletteOf(2));
+    PcxDecoding decoding;
+    ASSERT_TRUE(decoding.Load(picture, options));
+    EXPECT_EQ(decoding.Pixels(), KeyedByIndex(picture));
+    EXPECT_LE(decoding.device.Created().front().wantedPitch, 1 + 64);
+}
+
+TEST(PcxMemory, ThePictureOfADeviceWithArenaIsTheSame) {
+    const auto device = std::make_unique<SoftDevice>();
+    HeadlessMessages messages;
+    for (const int width : {1, 3, 64, 250}) {
+        PcxDecoder decoder(*device, messages);
+        const auto picture = StripedPicture(width, 40, PaletteOf(2));
+        PcxOptions options;
+        options.bytesPerLine = width + 3;
+        const auto pcx = WritePcx(picture, options);
+        decoder.SetPalette(std::span(pcx).last<kPcxPaletteSize>());
+        PcxPicture shown;
+        ASSERT_TRUE(decoder.LoadPCX(ReadPcxHeader(std::span(pcx).first<kPcxHeaderSize>()),
+                                    std::span(pcx).subspan(kPcxHeaderSize), shown));
+        EXPECT_EQ(test::PixelsOf(*shown.texture), KeyedByIndex(picture));
+    }
+}
+
+TEST(PcxLargest, AreAsLargeAs16BitsAllow) {
+    for (const auto& [width, height] : {std::pair{32767, 1}, std::pair{1, 32767}}) {
+        const auto picture = StripedPicture(width, height, PaletteOf(2));
+        PcxDecoding decoding;
+        ASSERT_TRUE(decoding.Load(picture));
+        EXPECT_EQ(decoding.Pixels(), KeyedByIndex(picture));
+    }
+    for (const auto& [width, height] : {std::pair{32768, 1}, std::pair{1, 32768}}) {
+        PcxDecoding decoding;
+        ASSERT_FALSE(decoding.Load(StripedPicture(width, height, PaletteOf(2))));
+        EXPECT_THAT(decoding.Texts(), testing::ElementsAre(test::HandleErrorText(
+                                          "Overflow: " + std::to_string(width) + " x " +
+                                          std::to_string(height) + " pixels")));
+        EXPECT_TRUE(decoding.device.Created().empty());
+    }
+}
+
+}  // namespace
+}  // namespace scenara

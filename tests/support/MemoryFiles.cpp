@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: MIT
+#include "support/MemoryFiles.h"
+
+#include <algorithm>
+
+#include "base/RunTimeError.h"
+#include "base/Text.h"
+
+namespace scenara::test {
+namespace {
+
+std::string AsText(std::span<const std::byte> bytes) {
+    return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
+}
+
+// Keeps what is written until Close, as a program that dies in between would leave nothing.
+class MemoryOutput : public OutputFile {
+public:
+    MemoryOutput(std::string& file, const bool& full) : file_(file), full_(full) {}
+
+    void Write(std::string_view bytes) override {
+        if (full_) {
+            throw RunTimeError(RunTimeErrorKind::DiskFull);
+        }
+        file_.append(bytes);
+    }
+    void Close() override {}
+
+private:
+    std::string& file_;
+    const bool& full_;
+};
+
+}  // namespace
+
+MemoryFile::MemoryFile(std::span<const std::byte> bytes) : bytes_(AsText(bytes)) {}
+
+std::size_t MemoryFile::ReadAt(std::uint64_t position, std::span<std::byte> into) {
+    reads_.push_back({position, into.size()});
+    if (position >= bytes_.size()) {
+        return 0;
+    }
+    const std::size_t start = static_cast<std::size_t>(position);
+    const std::size_t count = std::min(into.size(), bytes_.size() - start);
+    std::copy_n(std::as_bytes(std::span(bytes_)).begin() + static_cast<std::ptrdiff_t>(start),
+                count, into.begin());
+    return count;
+}
+
+std::string MemoryFiles::Key(const std::string& path) {
+    std::string key = LowerCase(path);
+    std::replace(key.begin(), key.end(), '\\', '/');
+    return key;
+}
+
+void MemoryFiles::Put(const std::string& path, std::span<const std::byte> bytes) {
+    Put(path, AsText(bytes));
+}
+
+bool MemoryFiles::FileExists(const std::string& path) {
+    asked_.push_back(path);
+    return Has(path);
+}
+
+std::unique_ptr<InputFile> MemoryFiles::OpenForReading(const std::string& path) {
+    const auto found = files_.find(Key(path));
+    if (found == files_.end()) {
+        throw RunTimeError(RunTimeErrorKind::FileNotFound, path);
+    }
+    return std::make_unique<MemoryFile>(found->second);
+}
+
+std::unique_ptr<OutputFile> MemoryFiles::OpenForWriting(const std::string& path) {
+    written_.push_back(path);
+    std::string& file = files_[Key(path)];
+    file.clear();
+    return std::make_unique<MemoryOutput>(file, full_);
+}
+
+void MemoryFiles::Delete(const std::string& path) {
+    if (files_.erase(Key(path)) == 0) {
+        throw RunTimeError(RunTimeErrorKind::FileNotFound, path);
+    }
+}
+
+std::vector<std::string> MemoryFiles::List(const std::string& folder, std::string_view extension) {
+    const std::string prefix = Key(folder);
+    std::vector<std::string> names;
+    for (const auto& [path, bytes] : files_) {
+        if (path.starts_with(prefix) && path.ends_with(LowerCase(extension)) &&
+            path.find('/', prefix.size()) == std::string::npos) {
+            names.push_back(path.substr(prefix.size()));
+        }
+    }
+    return names;
+}
+
+}  // namespace scenara::test

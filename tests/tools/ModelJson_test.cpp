@@ -1,0 +1,109 @@
+// SPDX-License-Identifier: MIT
+#include "scenara-shot/ModelJson.h"
+
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+#include <rapidjson/document.h>
+
+namespace scenara {
+namespace {
+
+using rapidjson::Document;
+using rapidjson::Value;
+
+Document Parse(const StageModel& model, const std::vector<Message>& messages = {}) {
+    Document document;
+    document.Parse(ModelJson(model, messages).c_str());
+    return document;
+}
+
+std::vector<std::string> NamesOf(const Value& object) {
+    std::vector<std::string> names;
+    for (const auto& member : object.GetObject()) {
+        names.emplace_back(member.name.GetString());
+    }
+    return names;
+}
+
+using Names = std::vector<std::string>;
+
+// One record in every table.
+StageModel OneOfEach() {
+    StageModel model;
+    model.Elements.emplace_back();
+    model.Sprites.emplace_back();
+    model.Actions.emplace_back().frames.emplace_back();
+    model.CtrlDefs.emplace_back().controls.emplace_back();
+    return model;
+}
+
+TEST(ModelJson, HasTheTablesInOrder) {
+    EXPECT_EQ(NamesOf(Parse(StageModel())),
+              (Names{"settings", "elements", "actions", "ctrlDefs", "sprites", "messages"}));
+}
+
+TEST(ModelJson, NamesMembersAsTheModelDoesInItsOrder) {
+    const Document json = Parse(OneOfEach());
+    EXPECT_EQ(
+        NamesOf(json["settings"]),
+        (Names{"StageTitle", "CamStartX", "CamStartY", "BoundLeft", "BoundRight", "BoundHigh",
+               "BoundLow", "MusicFile", "ZOffset", "ZOffsetLink", "P1StartX", "Tension",
+               "ScreenLeft", "ScreenRight", "CamX", "CamY", "LastImageWidth", "LastImageHeight"}));
+    EXPECT_EQ(NamesOf(json["elements"][0]),
+              (Names{"type",       "mask",          "spriteGroup",  "spriteImage",  "startX",
+                     "startY",     "posX",          "posY",         "deltaX",       "deltaY",
+                     "tileX",      "tileY",         "tileSpacingX", "tileSpacingY", "velocityX",
+                     "velocityY",  "actionIndex",   "spriteIndex",  "layerno",      "lastTileIndex",
+                     "frameIndex", "frameTime",     "name",         "positionlink", "linkParent",
+                     "sinState",   "sinYAmplitude", "sinYPeriod",   "sinYPhase",    "ctrlOffset",
+                     "visible",    "enabled",       "trans",        "ctrlPos",      "id",
+                     "windowX1",   "windowX2",      "windowY1",     "windowY2",     "windowActive",
+                     "xscaleTop",  "xscaleBottom"}));
+    EXPECT_EQ(NamesOf(json["sprites"][0]),
+              (Names{"axisX", "axisY", "width", "height", "group", "image", "selfIndex", "reserved",
+                     "masked", "keyAlpha", "keyRed", "keyGreen", "keyBlue", "linkedTo"}));
+    EXPECT_EQ(NamesOf(json["actions"][0]),
+              (Names{"frames", "loopstart", "frameCount", "actionNo"}));
+    EXPECT_EQ(NamesOf(json["actions"][0]["frames"][0]),
+              (Names{"group", "image", "spriteIndex", "offsetX", "offsetY", "time", "flip"}));
+    EXPECT_EQ(NamesOf(json["ctrlDefs"][0]),
+              (Names{"looptime", "ctrlIds", "controlCount", "controls"}));
+    EXPECT_EQ(NamesOf(json["ctrlDefs"][0]["controls"][0]),
+              (Names{"type", "startTime", "endTime", "loopTime", "ctrlIds", "x", "y", "value",
+                     "value1", "value2"}));
+}
+
+TEST(ModelJson, WritesFloatsInTheirShortestForm) {
+    StageModel model;
+    model.CamStartX = 0.1F;
+    model.CamX = -12.5F;
+    const std::string text = ModelJson(model, {});
+    EXPECT_NE(text.find("\"CamStartX\": 0.1,"), std::string::npos);
+    EXPECT_NE(text.find("\"CamX\": -12.5,"), std::string::npos);
+}
+
+TEST(ModelJson, WritesArrayFieldsAsArrays) {
+    StageModel model = OneOfEach();
+    model.Elements[0].sinState = {1.5F, 2, 3};
+    model.CtrlDefs[0].ctrlIds = {4, -5};
+    const Document json = Parse(model);
+    ASSERT_EQ(json["elements"][0]["sinState"].Size(), 3U);
+    EXPECT_EQ(json["elements"][0]["sinState"][0].GetFloat(), 1.5F);
+    EXPECT_EQ(json["elements"][0]["ctrlPos"].Size(), 4U);
+    ASSERT_EQ(json["ctrlDefs"][0]["ctrlIds"].Size(), 2U);
+    EXPECT_EQ(json["ctrlDefs"][0]["ctrlIds"][1].GetInt(), -5);
+}
+
+TEST(ModelJson, TurnsAnsiTextsIntoUtf8AndEscapesThem) {
+    StageModel model;
+    model.StageTitle = "\"caf\xE9\"\t\x01";
+    const Document json = Parse(model, {{"kind", "a\r\nb", {}, MessageIcon::None}});
+    ASSERT_FALSE(json.HasParseError());
+    EXPECT_STREQ(json["settings"]["StageTitle"].GetString(), "\"caf\xC3\xA9\"\t\x01");
+    EXPECT_STREQ(json["messages"][0].GetString(), "a\r\nb");
+}
+
+}  // namespace
+}  // namespace scenara
