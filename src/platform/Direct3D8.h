@@ -32,8 +32,8 @@ struct TextureParameters {
     std::uint32_t colorKey = 0;  // opaque ARGB; 0 = none
 
     // What the writer would like, for writing without a look at each line: pixels from one line to
-    // the next (0: as many as width) and words behind the last line that may be scribbled on. A
-    // device gives both or neither; LockedPixels tells.
+    // the next (0: as many as width) and words behind the last line that may be scribbled on
+    // while it is locked for the first time. A device gives both or neither; LockedPixels tells.
     std::int32_t wantedPitch = 0;
     std::size_t wantedSlack = 0;
 };

@@ -8,13 +8,13 @@
 // whose memory has the file's bytes per line as its pitch is filled from end to end as one run of
 // `wanted` pixels.
 //
-// Shapes: `packed` is any number of bytes; `pixels` has room for at least `wanted` words, and
-// what it has beyond that (kUnpackSlack words let the fast paths run to the very end) may be
-// written with pixels that mean nothing. Nothing outside the two spans is read or written, for any
-// input.
+// Shapes: `packed` is any number of bytes; `pixels` has room for at least `wanted` words (less room
+// is taken as less wanted). What it has behind the pixels that were made (kUnpackSlack words behind
+// the wanted ones let the fast paths run to the very end) may be written with pixels that mean
+// nothing. Nothing outside the two spans is read or written, for any input.
 //
-// Bad input: data that ends before `wanted` pixels were made give `written` < `wanted`; a run that
-// goes past the last wanted pixel is cut there.
+// Bad input: data that ends before `wanted` pixels were made give `written` < `wanted`, and a count
+// without its byte is not consumed; a run that goes past the last wanted pixel is cut there.
 #pragma once
 
 #include <array>
@@ -31,7 +31,7 @@ using ColorTable = std::array<std::uint32_t, 256>;
 inline constexpr std::size_t kUnpackSlack = 96;
 
 struct UnpackResult {
-    std::size_t consumed;  // packed bytes that the wanted pixels took
+    std::size_t consumed;  // packed bytes up to the end of the run that made the last pixel
     std::size_t written;   // pixels made, never more than wanted
 };
 

@@ -164,13 +164,16 @@ public:
 
 private:
     void Flush() {
-        std::string_view rest = waiting_;
-        while (!rest.empty()) {
-            const ssize_t count = ::write(file_.Number(), rest.data(), rest.size());
+        std::size_t done = 0;
+        while (done < waiting_.size()) {
+            const ssize_t count =
+                ::write(file_.Number(), waiting_.data() + done, waiting_.size() - done);
             if (count >= 0) {
-                rest.remove_prefix(static_cast<std::size_t>(count));
+                done += static_cast<std::size_t>(count);
             } else if (errno != EINTR) {
-                Fail(errno, file_.Path());
+                const int error = errno;
+                waiting_.erase(0, done);  // a second try goes on where this one stopped
+                Fail(error, file_.Path());
             }
         }
         waiting_.clear();

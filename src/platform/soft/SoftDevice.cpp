@@ -37,6 +37,10 @@ SoftTexture::~SoftTexture() {
     memory_->Release(piece_);
 }
 
+void SoftTexture::UnlockRect() {
+    memory_->Shrink(piece_, static_cast<std::size_t>(pitch_) * static_cast<std::size_t>(height_));
+}
+
 SoftDevice::SoftDevice(std::shared_ptr<TextureMemory> memory) : memory_(std::move(memory)) {}
 
 std::shared_ptr<Direct3DTexture8> SoftDevice::CreateTexture(const TextureParameters& parameters) {

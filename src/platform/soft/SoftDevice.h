@@ -4,7 +4,7 @@
 //
 // Textures are plain ARGB words in memory that the device keeps for the next stage. The pitch and
 // the slack that a writer wishes for are given, so a decoder can run from the first line to the last
-// without a look. Mip levels and filters are taken and not needed: nothing is ever drawn smaller
+// without a look; the slack is there until the texture is unlocked for the first time. Mip levels and filters are taken and not needed: nothing is ever drawn smaller
 // than it is.
 #pragma once
 
@@ -23,7 +23,7 @@ public:
     [[nodiscard]] std::int32_t Width() const override { return width_; }
     [[nodiscard]] std::int32_t Height() const override { return height_; }
     LockedPixels LockRect() override { return {piece_.words, pitch_}; }
-    void UnlockRect() override {}
+    void UnlockRect() override;
 
 private:
     std::shared_ptr<TextureMemory> memory_;

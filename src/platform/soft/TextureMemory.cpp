@@ -61,6 +61,23 @@ void TextureMemory::Release(const Piece& piece) {
     }
 }
 
+void TextureMemory::Shrink(Piece& piece, std::size_t words) {
+    if (words >= piece.words.size()) {
+        return;
+    }
+    Block& block = *piece.block;
+    const std::size_t before = BytesOf(piece.words.size());
+    const std::size_t after = BytesOf(words);
+    auto* const start = reinterpret_cast<std::byte*>(piece.words.data());
+    const bool last = start + before == block.start + block.used;
+    if (last && after > 0) {
+        block.used -= before - after;
+        usedBytes_ -= before - after;
+        Poison(start + after, before - after);
+        piece.words = piece.words.first(words);
+    }
+}
+
 std::size_t TextureMemory::CommittedBytes() const {
     std::size_t bytes = 0;
     for (const Block& block : blocks_) {

@@ -50,6 +50,10 @@ public:
     [[nodiscard]] Piece Allocate(std::size_t words);
     void Release(const Piece& piece);
 
+    // Gives back what is behind the piece's first `words` words; the last piece made gets its room
+    // used by the next one.
+    void Shrink(Piece& piece, std::size_t words);
+
     // Bytes with pages behind them, used or not.
     [[nodiscard]] std::size_t CommittedBytes() const;
     // Bytes in pieces that are given out, up to the alignment.

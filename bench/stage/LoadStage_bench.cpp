@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+//
+// A stage definition of tens of thousands of lines and thousands of elements into memory, every
+// line offered to every key of its section; without an archive.
+#include <algorithm>
+#include <stdexcept>
+#include <string>
+
+#include <benchmark/benchmark.h>
+
+#include "platform/headless/HeadlessMessages.h"
+#include "platform/headless/HeadlessWindow.h"
+#include "platform/posix/PosixFiles.h"
+#include "platform/posix/ProgramFolder.h"
+#include "platform/soft/SoftDevice.h"
+#include "stage/LoadStage.h"
+
+namespace scenara::bench {
+namespace {
+
+constexpr int kElements = 5000;
+constexpr int kActions = 2000;
+
+std::string LargeDefinition() {
+    std::string text = "[Info]\r\nname = \"large\"\r\n[Camera]\r\nstartx = 0\r\n";
+    for (int i = 0; i < kElements; ++i) {
+        const std::string n = std::to_string(i);
+        text += "\r\n[BG Element " + n + "]\r\ntype = normal ; one of many\r\nspriteno = " + n +
+                ", 0\r\nstart = -12, " + n + "\r\ndelta = .5, .75\r\nmask = 1\r\nlayerno = 0\r\n" +
+                "tile = 1, 0\r\nvelocity = .25, 0\r\n";
+    }
+    for (int i = 0; i < kActions; ++i) {
+        text += "\r\n[Begin Action " + std::to_string(i) + "]\r\n0,0, 0,0, 7\r\n0,1, 0,0, 7\r\n";
+    }
+    return text;
+}
+
+void LoadLargeDefinition(benchmark::State& state) {
+    const TemporaryFolder folder;
+    PosixFiles files(folder.Path());
+    std::string path = folder.Path() + "large.def";
+    const std::string text = LargeDefinition();
+    const auto file = files.OpenForWriting(path);
+    file->Write(text);
+    file->Close();
+
+    SoftDevice device;
+    const ViewOptions view;
+    for ([[maybe_unused]] const auto iteration : state) {
+        StageModel model;
+        HeadlessMessages messages;
+        HeadlessWindow window;
+        if (!LoadStage(model, path, {files, messages, window, device, view, folder.Path(), {}}) ||
+            model.ElementCount != kElements || model.ActionCount != kActions) {
+            throw std::runtime_error("the definition did not load");
+        }
+    }
+    state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations()) *
+                            static_cast<std::int64_t>(text.size()));
+    state.counters["lines"] = static_cast<double>(std::count(text.begin(), text.end(), '\n'));
+}
+
+// NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables): how the library lists rows.
+BENCHMARK(LoadLargeDefinition)->Name("Definition/large")->Unit(benchmark::kMillisecond);
+
+}  // namespace
+}  // namespace scenara::bench
