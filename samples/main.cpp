@@ -18,6 +18,8 @@
 
 #include "lanternpier/Definition.h"
 #include "lanternpier/LanternPier.h"
+#include "nightexpress/Definition.h"
+#include "nightexpress/NightExpress.h"
 
 namespace {
 
@@ -56,6 +58,8 @@ void MakeFolder(const fs::path& folder) {
     }
     WriteStage(folder / "stages", "lanternpier", scenara::samples::kLanternPierDefinition,
                scenara::samples::LanternPierArchive());
+    WriteStage(folder / "stages", "nightexpress", scenara::samples::kNightExpressDefinition,
+               scenara::samples::NightExpressArchive());
 }
 
 }  // namespace

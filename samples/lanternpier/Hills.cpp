@@ -87,7 +87,8 @@ void DrawForest(Canvas& canvas, const Colours& colours) {
     for (int below = 0; below < 44; below += 5) {
         for (int x = 0; x < kWidth; x += random.Whole(3, 6)) {
             const int foot = kShore - RidgeAt(x) + below + random.Whole(0, 3);
-            const int height = random.Whole(6, 10) + (random.Unit() < 0.15 ? 3 : 0);
+            const bool tall = random.Unit() < 0.15;
+            const int height = random.Whole(6, 10) + (tall ? 3 : 0);
             if (RidgeAt(x) <= 4 || foot > kShore) {
                 continue;
             }

@@ -74,10 +74,12 @@ void DrawCluster(Canvas& canvas, Random& random, Point centre, double radius, co
         const double far = radius * std::sqrt(random.Unit());
         const double y = centre.y + 0.55 * far * std::sin(angle);
         const double light = (y - centre.y) / radius;  // the low sun lights from below
-        DrawLeaf(canvas,
-                 {centre.x + far * std::cos(angle), y, random.Between(3.4, 5.4),
-                  random.Between(0, 6.28), random.Between(0.6, 1)},
-                 0.08 + 0.5 * part + 0.42 * light * part + random.Between(-0.06, 0.1), leaf);
+        const double tone = 0.08 + 0.5 * part + 0.42 * light * part + random.Between(-0.06, 0.1);
+        LeafPose pose{centre.x + far * std::cos(angle), y, 0, 0, 1};
+        pose.size = random.Between(3.4, 5.4);
+        pose.turn = random.Between(0, 6.28);
+        pose.squash = random.Between(0.6, 1);
+        DrawLeaf(canvas, pose, tone, leaf);
     }
 }
 
@@ -131,8 +133,10 @@ IndexedPicture DrawMapleTree() {
     const std::array<Point, 4> low = {Point{32, 92}, {74, 84}, {116, 98}, {160, 94}};
     const std::array<Point, 3> twig = {Point{140, 44}, {172, 62}, {214, 76}};
     for (int i = 0; i < 9; ++i) {
-        DrawCluster(canvas, random, {random.Between(0, 240), random.Between(0, 26)},
-                    random.Between(18, 26), colours.leaf);
+        const double radius = random.Between(18, 26);
+        const double x = random.Between(0, 240);
+        const double y = random.Between(0, 26);
+        DrawCluster(canvas, random, {x, y}, radius, colours.leaf);
     }
     DrawBranch(canvas, high, 11, 2, colours.bark);
     DrawBranch(canvas, low, 8, 2, colours.bark);
@@ -154,8 +158,10 @@ IndexedPicture DrawMapleBranch() {
     const std::array<Point, 5> path = {Point{0, 30}, {54, 44}, {104, 40}, {150, 58}, {196, 62}};
     const std::array<Point, 3> twig = {Point{104, 40}, {132, 70}, {146, 96}};
     for (int i = 0; i < 7; ++i) {
-        DrawCluster(canvas, random, {random.Between(0, 150), random.Between(4, 30)},
-                    random.Between(16, 24), colours.leaf);
+        const double radius = random.Between(16, 24);
+        const double x = random.Between(0, 150);
+        const double y = random.Between(4, 30);
+        DrawCluster(canvas, random, {x, y}, radius, colours.leaf);
     }
     DrawBranch(canvas, path, 9, 2, colours.bark);
     DrawBranch(canvas, twig, 3, 1, colours.bark);

@@ -58,7 +58,7 @@ double Facing(const Peak& peak, int across, double below) {
     const double spine = 15 * (LayeredNoise(0.5, below / 11, 3, peak.seed + 7) - 0.5) * below / 20;
     const double lean = across - side * below * 0.45;
     const double spurs = LayeredNoise(lean / 10.0, below / 30, 3, peak.seed + 3) - 0.5;
-    return side * (across - spine) / (4 + below * 0.42) + 5.2 * spurs * std::min(1.0, below / 12);
+    return side * (across - spine) / (4 + below * 0.42) + 4.6 * spurs * std::min(1.0, below / 12);
 }
 
 // Snow lies down to a ragged line and runs lower in the gullies.

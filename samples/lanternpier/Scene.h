@@ -2,7 +2,7 @@
 //
 // The lay of the scene that all pictures of Lantern Pier share.
 //
-// Rows are view rows (0 … 239) with the camera on the ground, columns are view columns (0 … 319)
+// Rows are view rows (0 to 239) with the camera on the ground, columns are view columns (0 to 319)
 // with the camera in the middle. Pictures drawn in view columns put their axis on column 160, so
 // that `start = 0, …` in the stage file lays them where they were drawn.
 #pragma once

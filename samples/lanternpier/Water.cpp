@@ -76,7 +76,8 @@ Pictures DrawGlitter() {
         const double near = std::pow(random.Unit(), 1.25);
         const int row = static_cast<int>(near * kRoadHeight);
         const double spread = 15 + near * 22;
-        const double off = random.Between(-1, 1) * random.Unit();
+        const double side = random.Between(-1, 1);
+        const double off = side * random.Unit();
         const int centre = static_cast<int>(std::lround(kRoadWidth / 2.0 + off * spread));
         const int half =
             static_cast<int>((1.5 + near * random.Between(1, 9)) * (1 - 0.6 * std::abs(off)));

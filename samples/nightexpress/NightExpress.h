@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: MIT
+//
+// Night Express: the roof of a train that runs past a city in the snow.
+#pragma once
+
+#include <cstddef>
+#include <vector>
+
+namespace scenara::samples {
+
+// The stage's sprite archive.
+std::vector<std::byte> NightExpressArchive();
+
+}  // namespace scenara::samples
