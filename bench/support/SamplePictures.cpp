@@ -19,6 +19,12 @@ namespace {
 
 namespace fs = std::filesystem;
 
+#if defined(SCENARA_SAMPLE_DATA)
+constexpr const char* kSampleFolder = SCENARA_SAMPLE_DATA;
+#else
+constexpr const char* kSampleFolder = "";
+#endif
+
 constexpr std::size_t kHeaderSize = 128;
 constexpr std::size_t kPaletteSize = 768;
 constexpr std::byte kPaletteMark{12};
@@ -193,17 +199,16 @@ const SampleSet& SampleDataPictures() {
 
 std::vector<fs::path> SampleArchives() {
     std::vector<fs::path> archives;
-#if defined(SCENARA_SAMPLE_DATA)
     std::error_code error;
     constexpr auto kOptions = fs::directory_options::skip_permission_denied;
-    for (fs::recursive_directory_iterator entry(SCENARA_SAMPLE_DATA, kOptions, error), end;
+    for (fs::recursive_directory_iterator entry(kSampleFolder, kOptions, error), end;
          !error && entry != end; entry.increment(error)) {
-        if (entry->is_regular_file() && IsArchive(entry->path())) {
+        std::error_code unknown;
+        if (entry->is_regular_file(unknown) && IsArchive(entry->path())) {
             archives.push_back(entry->path());
         }
     }
     std::ranges::sort(archives);
-#endif
     return archives;
 }
 

@@ -2,6 +2,7 @@
 #include "support/StageArt.h"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <random>
 #include <span>
@@ -38,8 +39,8 @@ Palette MakePalette(Dice& dice) {
             const auto level = [&](int part) {
                 return static_cast<std::uint8_t>(8 * shade + hue[part] * (shade + 1) / 2 + ramp);
             };
-            palette[static_cast<std::size_t>(ramp * kShades + shade)] = {level(0), level(1),
-                                                                         level(2)};
+            palette[static_cast<std::size_t>(ramp) * kShades + static_cast<std::size_t>(shade)] = {
+                level(0), level(1), level(2)};
         }
     }
     palette[0] = {255, 0, 255};
@@ -104,15 +105,14 @@ std::vector<int> DrawSkyline(int width, int low, int high, Dice& dice) {
 }
 
 void FillBelow(IndexedPicture& picture, std::span<const int> skyline, Dice& dice) {
-    std::vector<Texture> textures;
-    for (int i = 0; i < 5; ++i) {
-        textures.emplace_back(dice);
-    }
+    std::array<Texture, 5> textures = {Texture(dice), Texture(dice), Texture(dice), Texture(dice),
+                                       Texture(dice)};
     for (int y = 0; y < picture.height; ++y) {
         const std::span<std::uint8_t> row = Row(picture, y);
         for (std::size_t x = 0; x < row.size(); ++x) {
             if (y >= skyline[x]) {
-                const std::size_t material = (x / 96 + static_cast<std::size_t>(y) / 40) % 5;
+                const std::size_t material =
+                    (x / 96 + static_cast<std::size_t>(y) / 40) % textures.size();
                 row[x] = textures[material].Next(dice);
             }
         }

@@ -60,12 +60,12 @@ Long ToLong(double value) {
 Single ToSingle(double value) {
     // From half a step above the largest float on, the nearest one would be an infinity. Below, the
     // largest is the nearest: its own shortest text lies a little above it as a double.
-    constexpr Single kLargest = std::numeric_limits<Single>::max();
+    constexpr auto kLargest = static_cast<double>(std::numeric_limits<Single>::max());
     constexpr double kTooLarge = 0x1.FFFFFFp127;
     if (!(std::abs(value) < kTooLarge)) {
         throw RunTimeError(RunTimeErrorKind::Overflow, NumberText(value) + " as a 32-bit float");
     }
-    return static_cast<Single>(std::clamp(value, -double{kLargest}, double{kLargest}));
+    return static_cast<Single>(std::clamp(value, -kLargest, kLargest));
 }
 
 Integer Incremented(Integer counter) {

@@ -67,7 +67,7 @@ public:
     virtual ~Direct3DDevice8() = default;
 
     // Pixels are undefined until written. Raises RunTimeError "Out of memory" when the machine has
-    // not that much. A texture may outlive its device's other textures, not the device.
+    // not that much. A texture may outlive the device.
     [[nodiscard]] virtual std::shared_ptr<Direct3DTexture8> CreateTexture(
         const TextureParameters& parameters) = 0;
 };

@@ -14,12 +14,6 @@ std::string_view AsText(std::span<const std::byte> bytes) {
     return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
 }
 
-// Like find_first_of("\r\n"), many bytes at a time.
-std::size_t FindLineEnd(std::string_view text) {
-    const std::size_t lineFeed = text.find('\n');
-    return std::min(text.substr(0, lineFeed).find('\r'), lineFeed);
-}
-
 }  // namespace
 
 LineReader::LineReader(InputFile& file) : file_(file), block_(kBlockSize) {
@@ -32,7 +26,23 @@ bool LineReader::Refill() {
     const std::size_t count = file_.ReadAt(position_, block_);
     position_ += count;
     rest_ = AsText(std::span(block_).first(count));
+    lineFeed_ = nullptr;
     return count > 0;
+}
+
+std::size_t LineReader::FindLineEnd() {
+    // Both searches go many bytes at a time. In a file without line feeds the one for them would go
+    // through the rest of the block for each line, so what it found is kept.
+    if (lineFeed_ < rest_.data()) {
+        const std::size_t at = rest_.find('\n');
+        lineFeed_ = rest_.data() + std::min(at, rest_.size());
+    }
+    const auto untilLineFeed = static_cast<std::size_t>(lineFeed_ - rest_.data());
+    const std::size_t carriageReturn = rest_.substr(0, untilLineFeed).find('\r');
+    if (carriageReturn != std::string_view::npos) {
+        return carriageReturn;
+    }
+    return untilLineFeed < rest_.size() ? untilLineFeed : std::string_view::npos;
 }
 
 bool LineReader::Next() {
@@ -47,7 +57,7 @@ bool LineReader::Next() {
             }
         }
         begun = true;
-        const std::size_t end = FindLineEnd(rest_);
+        const std::size_t end = FindLineEnd();
         const std::string_view piece = rest_.substr(0, end);
         if (end == std::string_view::npos || !joined_.empty()) {
             joined_.insert(joined_.end(), piece.begin(), piece.end());

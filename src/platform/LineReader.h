@@ -31,12 +31,14 @@ public:
 
 private:
     [[nodiscard]] bool Refill();
+    [[nodiscard]] std::size_t FindLineEnd();
 
     InputFile& file_;
-    std::uint64_t position_ = 0;    // in the file, behind the block
-    std::vector<std::byte> block_;  // what was read last
-    std::string_view rest_;         // of the block, not yet given out
-    std::vector<char> joined_;      // a line that reaches over blocks
+    std::uint64_t position_ = 0;      // in the file, behind the block
+    std::vector<std::byte> block_;    // what was read last
+    std::string_view rest_;           // of the block, not yet given out
+    const char* lineFeed_ = nullptr;  // the next one at or behind rest_'s start, or rest_'s end
+    std::vector<char> joined_;        // a line that reaches over blocks
     std::string_view line_;
     std::int64_t number_ = 0;
     bool skipLineFeed_ = false;  // the last line ended in CR; a LF next belongs to it

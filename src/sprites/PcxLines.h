@@ -14,6 +14,10 @@
 
 namespace scenara {
 
+// How many bytes the data yield, counted up to `wanted`; nothing is unpacked.
+[[nodiscard]] std::uint64_t UnpackedLength(std::span<const std::byte> data, bool runLength,
+                                           std::uint64_t wanted);
+
 class PcxLines {
 public:
     // `runLength`: the data are packed; otherwise they are the bytes themselves.
@@ -22,11 +26,15 @@ public:
 
     void Next(std::span<std::uint8_t> line);
 
+    // As many bytes as there are for `line`; how many that were.
+    std::size_t NextIfThere(std::span<std::uint8_t> line);
+
     // Bytes of the data that are used up.
     [[nodiscard]] std::size_t Consumed() const { return at_; }
 
 private:
-    [[nodiscard]] std::uint8_t NextByte();
+    // The next run or single byte; false at the end of the data.
+    [[nodiscard]] bool NextRun();
 
     std::span<const std::byte> data_;
     std::size_t at_ = 0;

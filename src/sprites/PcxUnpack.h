@@ -31,7 +31,7 @@ using ColorTable = std::array<std::uint32_t, 256>;
 inline constexpr std::size_t kUnpackSlack = 96;
 
 struct UnpackResult {
-    std::size_t consumed;  // packed bytes up to the end of the run that made the last pixel
+    std::size_t consumed;  // packed bytes of all runs and single pixels that were taken
     std::size_t written;   // pixels made, never more than wanted
 };
 

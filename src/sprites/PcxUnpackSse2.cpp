@@ -75,7 +75,7 @@ SSE2_INLINE void FetchAhead(const std::uint32_t* out) {
     std::size_t at = 0;
     std::uint32_t* out = pixels.data();
     const std::uint32_t* const stop = out + StopPixel(pixels.size(), wanted);
-    BlockOperations operations;
+    BlockOperations operations{};
     while (out < stop && packed.size() - at >= kBlockReads) {
         const BlockBits bits = ClassifyBlock(packed.data() + at, operations);
         std::uint64_t starts = bits.starts;

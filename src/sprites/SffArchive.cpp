@@ -65,6 +65,9 @@ bool SubfileChain::Next() {
     if (seen_ >= imageCount_ || broken_) {
         return false;
     }
+    if (nextPosition_ < kFileHeaderSize) {
+        return Break("the chain ends there.");  // 0 is how the last subfile says that it is
+    }
     std::array<std::byte, kSubfileHeaderSize> bytes{};
     const std::size_t count = archive_.ReadAt(nextPosition_, bytes);
     if (count < bytes.size()) {

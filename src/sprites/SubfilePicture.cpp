@@ -49,7 +49,7 @@ bool SubfilePictures::Load(SubfileChain& chain, PcxPicture& picture) {
         const std::uint64_t dataStart = start + kPcxHeaderSize;
         const auto claimed = static_cast<std::uint64_t>(std::max(length - kDataShorterBy, Long{0}));
         const std::uint64_t packed = Available(archive_, dataStart, claimed);
-        if (header_.PictureBytes() <= MostUnpackedBytes(header_, packed)) {
+        if (header_.NeededBytes() <= MostUnpackedBytes(header_, packed)) {
             ReadData(dataStart, packed);
         }
         TakePalette(chain, start + static_cast<std::uint64_t>(length));
@@ -81,6 +81,7 @@ void SubfilePictures::ReadData(std::uint64_t start, std::uint64_t packed) {
     const std::uint64_t useful = MostPackedBytes(header_) + 1 + kPcxPaletteSize;
     const auto size = static_cast<std::size_t>(std::min(packed, useful));
     if (data_.size() < size) {
+        data_ = {};  // growing would hold the old bytes and the new ones at once
         data_.resize(size);
     }
     dataSize_ = archive_.ReadAt(start, std::span(data_).first(size));
@@ -91,16 +92,17 @@ void SubfilePictures::TakePalette(const SubfileChain& chain, std::uint64_t end) 
     if (!header_.Is256Colors() || !own) {
         return;
     }
-    const std::uint64_t dataStart = chain.Position() + kSubfileHeaderSize + kPcxHeaderSize;
+    const std::uint64_t dataStart =
+        std::uint64_t{chain.Position()} + kSubfileHeaderSize + kPcxHeaderSize;
     if (end >= kPcxPaletteSize && ReadPalette(end - kPcxPaletteSize, dataStart)) {
         havePalette_ = true;
         return;
     }
-    if (!havePalette_) {
-        throw RunTimeError(RunTimeErrorKind::InputPastEnd, "the palette is not in the file");
-    }
+    // The pixels may be whole all the same; then they are shown.
     std::string text = "PCX Error:  " + WhichImage(chain.Header());
-    text.append(kCrLf).append("Its palette is not in the file, the one before it is used..");
+    text.append(kCrLf).append(havePalette_
+                                  ? "Its palette is not in the file, the one before it is used.."
+                                  : "Its palette is not whole in the file, the rest is black..");
     messages_.MsgBox(kMessageMissingPalette, std::move(text));
 }
 
@@ -113,11 +115,11 @@ bool SubfilePictures::ReadPalette(std::uint64_t start, std::uint64_t dataStart) 
         return true;
     }
     std::array<std::byte, kPcxPaletteSize> bytes{};
-    if (archive_.ReadAt(start, bytes) < bytes.size()) {
-        return false;
+    const bool whole = archive_.ReadAt(start, bytes) == bytes.size();
+    if (whole || !havePalette_) {
+        decoder_.SetPalette(bytes);  // of the first one at least what there is
     }
-    decoder_.SetPalette(bytes);
-    return true;
+    return whole;
 }
 
 }  // namespace scenara

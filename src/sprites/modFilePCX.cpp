@@ -21,6 +21,10 @@ constexpr std::uint32_t kOpaque = 0xFF000000;
 // picture does not get that memory.
 constexpr Long kMostPadding = 64;
 
+// Texture bytes per packed byte beyond which the pixels are counted before the texture is made, so
+// that data which claim much and hold little get no memory.
+constexpr std::uint64_t kSuspiciousYield = 32;
+
 constexpr std::uint32_t Opaque(unsigned red, unsigned green, unsigned blue) {
     return kOpaque | red << 16U | green << 8U | blue;
 }
@@ -107,6 +111,19 @@ TextureParameters ParametersFor(const PcxHeader& header, KeyColor key) {
     return parameters;
 }
 
+// A header may claim as much as its data could yield at the best; data that claim very much are
+// counted.
+void CheckYield(const PcxHeader& header, std::span<const std::byte> data) {
+    const std::uint64_t texture = static_cast<std::uint64_t>(header.Width()) *
+                                  static_cast<std::uint64_t>(header.Height()) *
+                                  sizeof(std::uint32_t);
+    if (texture / kSuspiciousYield > data.size() &&
+        UnpackedLength(data, header.IsRunLength(), header.NeededBytes()) < header.NeededBytes()) {
+        throw RunTimeError(RunTimeErrorKind::InputPastEnd,
+                           "the pixels end after " + std::to_string(data.size()) + " bytes");
+    }
+}
+
 // Keeps a texture locked for as long as it is written to.
 class Lock {
 public:
@@ -130,11 +147,11 @@ private:
 
 // Whole picture in one go: 8 bits, run-length packed, and the texture's lines as long as the
 // file's.
-std::size_t DecodeWhole(const PcxHeader& header, std::span<const std::byte> data,
+std::size_t DecodeWhole(UnpackPath path, const PcxHeader& header, std::span<const std::byte> data,
                         const ColorTable& colors, const Lock& lock) {
     const auto wanted = static_cast<std::size_t>(header.PictureBytes());
-    const UnpackResult result = UnpackPcx(data, colors, lock.Words(), wanted);
-    if (result.written < wanted) {
+    const UnpackResult result = UnpackPcxOn(path, data, colors, lock.Words(), wanted);
+    if (result.written < header.NeededBytes()) {
         throw RunTimeError(RunTimeErrorKind::InputPastEnd,
                            "the pixels end after " + std::to_string(data.size()) + " bytes");
     }
@@ -146,6 +163,17 @@ std::size_t DecodeWhole(const PcxHeader& header, std::span<const std::byte> data
 std::uint64_t PcxHeader::PictureBytes() const {
     const Long height = Height();
     return height < 1 ? 0 : std::uint64_t{LineBytes()} * static_cast<std::uint64_t>(height);
+}
+
+std::size_t PcxHeader::LastLineBytes() const {
+    const auto pixels = static_cast<std::size_t>(std::max(Width(), Long{0}));
+    const std::size_t lastPlane = (pixels * bitsPerPixel + 7) / 8;
+    return std::min(LineBytes() - std::min(LineBytes(), std::size_t{bytesPerLine}) + lastPlane,
+                    LineBytes());
+}
+
+std::uint64_t PcxHeader::NeededBytes() const {
+    return PictureBytes() == 0 ? 0 : PictureBytes() - LineBytes() + LastLineBytes();
 }
 
 PcxHeader ReadPcxHeader(std::span<const std::byte, kPcxHeaderSize> bytes) {
@@ -201,7 +229,7 @@ void CheckPcxHeader(const PcxHeader& header, std::uint64_t packed) {
     if (Long{header.bytesPerLine} * 8 < width * header.bitsPerPixel) {
         throw bad(std::to_string(header.bytesPerLine) + " bytes per line for " + size);
     }
-    if (header.PictureBytes() > MostUnpackedBytes(header, packed)) {
+    if (header.NeededBytes() > MostUnpackedBytes(header, packed)) {
         throw RunTimeError(RunTimeErrorKind::InputPastEnd,
                            size + " cannot come from " + std::to_string(packed) + " bytes");
     }
@@ -210,6 +238,12 @@ void CheckPcxHeader(const PcxHeader& header, std::uint64_t packed) {
 std::uint32_t KeyColor::Argb() const {
     return std::uint32_t{alpha} << 24U | std::uint32_t{red} << 16U | std::uint32_t{green} << 8U |
            blue;
+}
+
+PcxDecoder::PcxDecoder(Direct3DDevice8& device, Messages& messages, UnpackPath path)
+    : device_(device), messages_(messages), path_(path) {
+    palette_.fill(kOpaque);  // black, until there is one
+    palette_[0] = Keyed(kOpaque);
 }
 
 void PcxDecoder::SetPalette(std::span<const std::byte, kPcxPaletteSize> palette) {
@@ -242,6 +276,7 @@ void PcxDecoder::HandleError(std::string_view routine, std::string_view reason) 
 
 PcxPicture PcxDecoder::Decode(const PcxHeader& header, std::span<const std::byte> data) {
     CheckPcxHeader(header, data.size());
+    CheckYield(header, data);
     const bool onePlane = header.planes == 1;
     const ColorTable headerColors = HeaderColors(header);
     const ColorTable& colors = header.Is256Colors() ? palette_ : headerColors;
@@ -254,12 +289,15 @@ PcxPicture PcxDecoder::Decode(const PcxHeader& header, std::span<const std::byte
     picture.texture = device_.CreateTexture(parameters);
     const Lock lock(*picture.texture);
     if (parameters.wantedPitch != 0 && parameters.wantedPitch == lock.Pitch()) {
-        picture.consumed = DecodeWhole(header, data, colors, lock);
+        picture.consumed = DecodeWhole(path_, header, data, colors, lock);
     } else {
         PcxLines lines(data, header.IsRunLength());
         line_.resize(header.LineBytes());
         for (Long y = 0; y < picture.height; ++y) {
-            lines.Next(line_);
+            const bool last = y + 1 == picture.height;
+            const std::size_t needed = last ? header.LastLineBytes() : line_.size();
+            lines.Next(std::span(line_).first(needed));
+            lines.NextIfThere(std::span(line_).subspan(needed));
             const auto pixels = lock.Line(y, picture.width);
             if (header.bitsPerPixel == 8 && !onePlane) {
                 TrueColorLine(line_, header, pixels);

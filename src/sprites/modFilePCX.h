@@ -64,6 +64,9 @@ struct PcxHeader {
     // Unpacked bytes of a line, all planes, and of the picture.
     [[nodiscard]] std::size_t LineBytes() const { return std::size_t{bytesPerLine} * planes; }
     [[nodiscard]] std::uint64_t PictureBytes() const;
+    // The same without the padding behind the last line, which no pixel needs.
+    [[nodiscard]] std::size_t LastLineBytes() const;
+    [[nodiscard]] std::uint64_t NeededBytes() const;
     [[nodiscard]] bool IsRunLength() const { return encoding != 0; }
     // The one kind that has a palette of 256 colours.
     [[nodiscard]] bool Is256Colors() const { return planes == 1 && bitsPerPixel == 8; }
@@ -79,7 +82,8 @@ void CheckPcxHeader(const PcxHeader& header, std::uint64_t packed);
 // The most bytes that `packed` packed ones can yield (63 from two where run-length packed).
 [[nodiscard]] std::uint64_t MostUnpackedBytes(const PcxHeader& header, std::uint64_t packed);
 
-// The most packed bytes that a decoder can need for this picture.
+// The most packed bytes that a picture takes: two for each unpacked one. (Runs of length 0, which
+// make nothing, could take more; nobody writes them.)
 [[nodiscard]] std::uint64_t MostPackedBytes(const PcxHeader& header);
 
 // A transparent colour; alpha 0 = none so far.
@@ -104,8 +108,8 @@ struct PcxPicture {
 // line buffer. Device and messages outlive it.
 class PcxDecoder {
 public:
-    PcxDecoder(Direct3DDevice8& device, Messages& messages)
-        : device_(device), messages_(messages) {}
+    // `path`: for benchmarks; by itself the decoder takes the fastest one.
+    PcxDecoder(Direct3DDevice8& device, Messages& messages, UnpackPath path = BestUnpackPath());
 
     // 256 times red, green, blue: for this and the following pictures.
     void SetPalette(std::span<const std::byte, kPcxPaletteSize> palette);
@@ -124,6 +128,7 @@ private:
 
     Direct3DDevice8& device_;
     Messages& messages_;
+    UnpackPath path_;
     ColorTable palette_{};
     KeyColor key_;
     std::vector<std::uint8_t> line_;

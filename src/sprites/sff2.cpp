@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "sprites/sff2.h"
 
-#include <unordered_set>
+#include <algorithm>
+#include <new>
+#include <vector>
 
 #include "base/RunTimeError.h"
 #include "base/Text.h"
@@ -11,19 +13,24 @@
 namespace scenara {
 namespace {
 
+// A title bar shows less; a longer title would be copied for each of thousands of sprites.
+constexpr std::size_t kLongestTitle = 255;
+
 std::uint64_t PairKey(Long group, Integer image) {
     return static_cast<std::uint64_t>(static_cast<std::uint32_t>(group)) << 16U |
            static_cast<std::uint16_t>(image);
 }
 
-// The pictures that a still element shows with its colour 0 left out.
-std::unordered_set<std::uint64_t> MaskedPictures(const StageModel& model) {
-    std::unordered_set<std::uint64_t> pictures;
+// The pictures that a still element shows with its colour 0 left out, sorted. (No hash table: a
+// file could choose numbers that all fall into one place of it.)
+std::vector<std::uint64_t> MaskedPictures(const StageModel& model) {
+    std::vector<std::uint64_t> pictures;
     for (const BackgroundElement& element : model.Elements) {
         if (element.mask == 1 && (element.type == "parallax" || element.type == "normal")) {
-            pictures.insert(PairKey(element.spriteGroup, element.spriteImage));
+            pictures.push_back(PairKey(element.spriteGroup, element.spriteImage));
         }
     }
+    std::sort(pictures.begin(), pictures.end());
     return pictures;
 }
 
@@ -60,14 +67,18 @@ public:
         entry.group = subfile.group;
         entry.image = subfile.image;
         entry.selfIndex = model_.SpriteCount;
-        entry.masked =
-            masked_.contains(PairKey(subfile.group, subfile.image)) ? Integer{1} : Integer{0};
+        entry.masked = IsMasked(subfile) ? Integer{1} : Integer{0};
         model_.Sprites.push_back(std::move(entry));
         model_.SpriteCount = Incremented(model_.SpriteCount);
         return true;
     }
 
 private:
+    [[nodiscard]] bool IsMasked(const SubfileHeader& subfile) const {
+        return std::binary_search(masked_.begin(), masked_.end(),
+                                  PairKey(subfile.group, subfile.image));
+    }
+
     [[nodiscard]] bool TakeLinked(SpriteEntry& entry) {
         const Integer link = chain_.Header().link;
         if (link < 0 || link >= model_.SpriteCount) {
@@ -110,7 +121,7 @@ private:
     Messages& messages_;
     SubfileChain chain_;
     SubfilePictures pictures_;
-    std::unordered_set<std::uint64_t> masked_;
+    std::vector<std::uint64_t> masked_;
 };
 
 // What is wrong with the archive as a whole.
@@ -144,13 +155,25 @@ void LoadChain(StageModel& model, InputFile& archive, const std::string& name,
     }
 }
 
+// Cut between characters, should the bytes be UTF-8.
+std::string_view ShortTitle(std::string_view title) {
+    std::size_t length = std::min(title.size(), kLongestTitle);
+    const auto continues = [&](std::size_t at) {
+        return at < title.size() && (static_cast<unsigned char>(title[at]) & 0xC0U) == 0x80U;
+    };
+    for (int back = 0; back < 3 && length > 0 && continues(length); ++back) {
+        --length;
+    }
+    return title.substr(0, length);
+}
+
 }  // namespace
 
 std::string LoadingCaption(const std::string& title, std::uint32_t done, std::uint32_t count) {
     const double percent = RoundToEven(100.0 * done / count);
     const std::string number =
         percent == 0.0 ? std::string() : std::to_string(static_cast<int>(percent));
-    return "Loading " + title + " " + number + "%";
+    return "Loading " + std::string(ShortTitle(title)) + " " + number + "%";
 }
 
 void LoadSprites(StageModel& model, InputFile& archive, const std::string& name,
@@ -166,6 +189,8 @@ void LoadSprites(StageModel& model, InputFile& archive, const std::string& name,
         LoadChain(model, archive, name, header, device, window, messages);
     } catch (const RunTimeError& error) {
         SayArchiveError(messages, kMessageSffError, name, error.what());
+    } catch (const std::bad_alloc&) {
+        SayArchiveError(messages, kMessageSffError, name, TextOf(RunTimeErrorKind::OutOfMemory));
     }
 }
 

@@ -33,7 +33,8 @@ inline constexpr MessageKind kMessageSffVersion = "SFF version";
 void LoadSprites(StageModel& model, InputFile& archive, const std::string& name,
                  Direct3DDevice8& device, Window& window, Messages& messages);
 
-// "Loading " + title + " " + how much of `count` is done, as "5%"; "%" alone for none.
+// "Loading " + title + " " + how much of `count` is done, as "5%"; "%" alone for none. Of a title
+// the first 255 bytes, more than any title bar shows.
 [[nodiscard]] std::string LoadingCaption(const std::string& title, std::uint32_t done,
                                          std::uint32_t count);
 

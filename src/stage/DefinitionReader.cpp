@@ -87,7 +87,8 @@ void DefinitionReader::StartAction(std::string_view header) {
 void DefinitionReader::StartCtrl() {
     BgCtrlDef& group = ctrlDef_.Current();
     if (!ctrlDef_.IsKept()) {
-        if (model_.CtrlDefs.empty()) {
+        if (model_.CtrlDefs.empty() && !saidLoneControl_) {
+            saidLoneControl_ = true;
             messages_.MsgBox(kMessageLoneControl,
                              "BGCtrl without a BGCtrlDef, line " + std::to_string(lineNumber_));
         }

@@ -64,7 +64,8 @@ private:
     RecordSlot<BgCtrlDef> ctrlDef_;
     RecordSlot<BgCtrl> ctrl_;
     Integer lastFrame_ = -1;  // of the action being read
-    std::set<Table> full_;    // the tables that SayFull has spoken of
+    bool saidLoneControl_ = false;
+    std::set<Table> full_;  // the tables that SayFull has spoken of
 };
 
 }  // namespace scenara

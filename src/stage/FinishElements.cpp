@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "stage/FinishElements.h"
 
-#include <unordered_map>
+#include <algorithm>
+#include <utility>
+#include <vector>
 
 namespace scenara {
 namespace {
@@ -9,20 +11,25 @@ namespace {
 constexpr Long kMostTiles = 999'999;
 
 // FindSprite and FindAction for thousands of elements and frames: the first index of each key,
-// looked up instead of searched for.
+// looked up in sorted order instead of searched for. (No hash table: a file could choose numbers
+// that all fall into one place of it.)
 class FirstIndex {
 public:
     void Add(std::uint64_t key, std::size_t index) {
-        first_.emplace(key, static_cast<Integer>(index));  // keeps the one that is there
+        places_.emplace_back(key, static_cast<Integer>(index));
     }
 
+    // Between adding and finding.
+    void Sort() { std::sort(places_.begin(), places_.end()); }
+
     [[nodiscard]] Integer Find(std::uint64_t key) const {
-        const auto found = first_.find(key);
-        return found == first_.end() ? Integer{-1} : found->second;
+        const auto found =
+            std::lower_bound(places_.begin(), places_.end(), std::pair(key, Integer{-1}));
+        return found == places_.end() || found->first != key ? Integer{-1} : found->second;
     }
 
 private:
-    std::unordered_map<std::uint64_t, Integer> first_;
+    std::vector<std::pair<std::uint64_t, Integer>> places_;  // key and index
 };
 
 std::uint64_t ActionKey(Integer actionNo) {
@@ -41,6 +48,7 @@ void FinishElements(StageModel& model, Messages& messages) {
     for (std::size_t i = 0; i < model.Actions.size(); ++i) {
         actions.Add(ActionKey(model.Actions[i].actionNo), i);
     }
+    actions.Sort();
     for (BackgroundElement& element : model.Elements) {
         if (element.type == "anim") {
             element.mask = 1;
@@ -67,6 +75,7 @@ void ResolveSprites(StageModel& model) {
     for (std::size_t i = 0; i < model.Sprites.size(); ++i) {
         sprites.Add(SpriteKey(model.Sprites[i].group, model.Sprites[i].image), i);
     }
+    sprites.Sort();
     for (BackgroundElement& element : model.Elements) {
         element.spriteIndex =
             element.type == "anim"

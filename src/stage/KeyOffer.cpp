@@ -18,30 +18,27 @@ bool KeyOffer::Whole(std::string_view key, FieldTarget target) {
     return Value(key, 0, target);
 }
 
-KeyOffer::Answer KeyOffer::Ask(std::string_view key, Integer index, FieldTarget target) {
+bool KeyOffer::Value(std::string_view key, Integer index, FieldTarget target) {
     Integer found = kFalse;
+    tooLarge_ = false;
     try {
         ReadKeyValue(line_, key, target, index, kFalse, kFalse, found, messages_);
     } catch (const RunTimeError&) {
+        tooLarge_ = true;
         SayOverflow(messages_, key == kBareValues ? "frame" : key, lineNumber_);
-        return Answer::TooLarge;
     }
-    return found != kFalse ? Answer::Stored : Answer::Absent;
-}
-
-bool KeyOffer::Value(std::string_view key, Integer index, FieldTarget target) {
-    return Ask(key, index, target) == Answer::Stored;
+    return found != kFalse;
 }
 
 void KeyOffer::List(std::string_view key, std::vector<Long>& list) {
     std::vector<Long> numbers;
-    for (Integer index = 1; index <= Integer{kMaxCtrlIds}; ++index) {
-        Long number = 0;
-        const Answer answer = Ask(key, index, number);
-        if (answer == Answer::Absent) {
+    std::string text;
+    for (Integer index = 1; index <= static_cast<Integer>(kMaxCtrlIds); ++index) {
+        if (!Value(key, index, text)) {
             break;
         }
-        if (answer == Answer::Stored) {
+        Long number = 0;
+        if (!text.empty() && Value(key, index, number)) {
             numbers.push_back(number);
         }
     }

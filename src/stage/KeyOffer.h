@@ -43,17 +43,18 @@ public:
     // Value number `index` alone.
     bool Value(std::string_view key, Integer index, FieldTarget target);
 
-    // A list of at most kMaxCtrlIds numbers; replaces `list` when the line gives the key any. One
-    // that does not fit is left out.
+    // Whether the last value asked for was there and did not fit its field.
+    [[nodiscard]] bool WasTooLarge() const { return tooLarge_; }
+
+    // The first kMaxCtrlIds values as a list of numbers; replaces `list` when the line gives the
+    // key any. Empty ones and those that do not fit are left out.
     void List(std::string_view key, std::vector<Long>& list);
 
 private:
-    enum class Answer { Absent, Stored, TooLarge };
-    [[nodiscard]] Answer Ask(std::string_view key, Integer index, FieldTarget target);
-
     const KeyLine& line_;
     std::int64_t lineNumber_;
     Messages& messages_;
+    bool tooLarge_ = false;
 };
 
 }  // namespace scenara

@@ -7,7 +7,6 @@
 
 #include "base/Path.h"
 #include "base/RunTimeError.h"
-#include "base/Text.h"
 
 namespace scenara {
 namespace {
@@ -50,8 +49,8 @@ LineEndingRepair::LineEndingRepair(Files& files, std::string& defPath)
 
 bool LineEndingRepair::WriteCopy(InputFile& original) {
     const std::string path = JoinPath(files_.ProgramFolder(), "fix.def");
-    if (EqualsIgnoringCase(path, originalPath_)) {
-        return false;  // the stage has the copy's own name: writing would empty it
+    if (files_.FileExists(path)) {
+        return false;  // somebody's file; it may be the very stage that is being opened
     }
     copyPath_ = path;
     try {

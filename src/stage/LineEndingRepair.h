@@ -5,8 +5,9 @@
 // A file whose bytes up to the first carriage return are more than 500 is taken to be one. While a
 // repair lives, `defPath` names a copy of the whole file, "fix.def" in the program's own folder,
 // with every bare line feed turned into CR LF; at its end the copy is deleted and `defPath` names
-// the original again. Where no copy can be written the original is read as it is: the line reader
-// takes any line end, the copy is for whoever looks at it.
+// the original again. Where no copy can be written, or a file of that name is there already, the
+// original is read as it is, for the line reader takes any line end: no file that somebody may
+// want is ever written over.
 #pragma once
 
 #include <string>

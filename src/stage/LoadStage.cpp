@@ -2,6 +2,8 @@
 #include "stage/LoadStage.h"
 
 #include <memory>
+#include <new>
+#include <stdexcept>
 
 #include "base/Path.h"
 #include "base/RunTimeError.h"
@@ -64,21 +66,26 @@ void LoadArchive(StageModel& model, const std::string& spr, const std::string& d
 
 bool LoadStage(StageModel& model, std::string& defPath, const LoadStageContext& context) {
     model.Clear();
-    std::string spr;
+    std::string reason;
     try {
-        spr = ReadDefinition(model, defPath, context);
+        const std::string spr = ReadDefinition(model, defPath, context);
+        SetMusic(model, context);
+        FinishElements(model, context.messages);
+        if (!context.window.EndRequested()) {
+            LoadArchive(model, spr, defPath, context);
+        }
+        ResolveSprites(model);
+        return true;
     } catch (const RunTimeError& error) {
-        context.messages.MsgBox(kMessageDefinitionUnreadable,
-                                "Unable to load " + defPath + " - " + error.what() + ".");
-        return false;
+        reason = error.what();
+    } catch (const std::bad_alloc&) {
+        reason = TextOf(RunTimeErrorKind::OutOfMemory);
+    } catch (const std::length_error&) {
+        reason = TextOf(RunTimeErrorKind::OutOfMemory);
     }
-    SetMusic(model, context);
-    FinishElements(model, context.messages);
-    if (!context.window.EndRequested()) {
-        LoadArchive(model, spr, defPath, context);
-    }
-    ResolveSprites(model);
-    return true;
+    context.messages.MsgBox(kMessageDefinitionUnreadable,
+                            "Unable to load " + defPath + " - " + reason + ".");
+    return false;
 }
 
 }  // namespace scenara

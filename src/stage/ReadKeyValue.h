@@ -6,7 +6,8 @@
 // Syntax. Only blanks stand before a key; "=" or a blank stands right behind it. ";" starts a
 // comment. Keys match without regard to case. Values are counted by commas, from 1; value 0 is the
 // whole text behind "=", cut at its first blank when a digit stands before that ("5 10" is "5",
-// "my stage" stays whole). An empty last value, or a lone ".", counts as absent.
+// "my stage" stays whole). The last of several values counts as absent when it is empty or a lone
+// "."; one between commas is what stands there, even nothing.
 //
 // The caller offers every line to the reader once per key; most calls end at the first look. So the
 // lower-cased form of a line is made once, by KeyLine, for all of them.

@@ -75,9 +75,10 @@ void ReadCtrlDefKeys(KeyOffer& line, BgCtrlDef& group) {
 
 void ReadCtrlKeys(KeyOffer& line, BgCtrl& control) {
     line.Whole("type", control.type);
-    const unsigned times =
-        line.Values("time", control.startTime, control.endTime, control.loopTime);
-    if ((times & kFirst) != 0 && (times & kSecond) == 0) {
+    const bool start = line.Value("time", 1, control.startTime);
+    const bool end = line.Value("time", 2, control.endTime) || line.WasTooLarge();
+    line.Value("time", 3, control.loopTime);
+    if (start && !end) {
         control.endTime = control.startTime;
     }
     line.List("ctrlid", control.ctrlIds);
@@ -101,7 +102,8 @@ void ReadSettingKeys(KeyOffer& line, StageModel& model, std::string& spr) {
     line.Whole("boundhigh", model.BoundHigh);
     // Deliberate: whatever the file says, the camera never goes below the ground view
     // (LoadStage.BoundLowIsAlwaysZero).
-    if (line.Whole("boundlow", model.BoundLow)) {
+    std::string notUsed;
+    if (line.Whole("boundlow", notUsed)) {
         model.BoundLow = 0;
     }
     line.Whole("bgmusic", model.MusicFile);

@@ -141,9 +141,10 @@ struct BgCtrlDef {
     Long looptime = 0;  // ticks after which the timer starts again; 0 = never
     Long timer = 0;     // runtime
     std::vector<Long> ctrlIds;
-    Long runtimeA = 0;
+    Long runtimeA = 0;  // this and runtimeB: words of the drawing's own
     Integer controlCount = 0;
     std::vector<BgCtrl> controls;
+    Long runtimeB = 0;
 };
 
 // The longest list of element ids that a group or a control holds.

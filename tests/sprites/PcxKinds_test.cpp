@@ -17,6 +17,7 @@
 #include "PcxDecoding.h"
 #include "Pictures.h"
 #include "platform/soft/SoftDevice.h"
+#include "samplemaker/ByteWriter.h"
 #include "sprites/modFilePCX.h"
 
 namespace scenara {
@@ -42,22 +43,25 @@ using test::Words;
 std::vector<std::byte> HandMade(std::uint8_t encoding, std::uint8_t bits, std::uint8_t planes,
                                 std::uint8_t width, std::uint8_t height, std::uint8_t bytesPerLine,
                                 const std::vector<std::byte>& data) {
-    std::vector<std::byte> pcx(kPcxHeaderSize, std::byte{0});
-    pcx[0] = std::byte{10};
-    pcx[1] = std::byte{5};
-    pcx[2] = std::byte{encoding};
-    pcx[3] = std::byte{bits};
-    pcx[8] = static_cast<std::byte>(width - 1);
-    pcx[10] = static_cast<std::byte>(height - 1);
-    for (unsigned i = 0; i < 16; ++i) {  // colour i is (i, 2 i, 3 i)
-        pcx[16 + i * 3] = static_cast<std::byte>(i);
-        pcx[17 + i * 3] = static_cast<std::byte>(i * 2);
-        pcx[18 + i * 3] = static_cast<std::byte>(i * 3);
+    samplemaker::ByteWriter out;
+    for (const std::uint8_t value : {std::uint8_t{10}, std::uint8_t{5}, encoding, bits}) {
+        out.U8(value);
     }
-    pcx[65] = std::byte{planes};
-    pcx[66] = std::byte{bytesPerLine};
-    pcx.insert(pcx.end(), data.begin(), data.end());
-    return pcx;
+    out.U32(0);  // xMin, yMin
+    out.U16(static_cast<std::uint16_t>(width - 1));
+    out.U16(static_cast<std::uint16_t>(height - 1));
+    out.U32(0);
+    for (unsigned i = 0; i < 16; ++i) {  // colour i is (i, 2 i, 3 i)
+        out.U8(static_cast<std::uint8_t>(i));
+        out.U8(static_cast<std::uint8_t>(i * 2));
+        out.U8(static_cast<std::uint8_t>(i * 3));
+    }
+    out.U8(0);
+    out.U8(planes);
+    out.U16(bytesPerLine);
+    out.Fill(kPcxHeaderSize - out.Size(), 0);
+    out.Append(data);
+    return std::move(out).Take();
 }
 
 // The colours of HandMade's header.
@@ -76,9 +80,13 @@ struct HandRow {
     bool keyed;
 };
 
-class HandMadePcx : public testing::TestWithParam<HandRow> {};
+void PrintTo(const HandRow& row, std::ostream* out) {
+    *out << row.name;
+}
 
-TEST_P(HandMadePcx, HasTheColorsOfItsHeader) {
+class HeaderColorsPcx : public testing::TestWithParam<HandRow> {};
+
+TEST_P(HeaderColorsPcx, HasTheColorsOfItsHeader) {
     PcxDecoding decoding;
     decoding.SetPalette(PaletteOf(200));  // not for these
     ASSERT_TRUE(decoding.Load(GetParam().pcx));
@@ -87,7 +95,7 @@ TEST_P(HandMadePcx, HasTheColorsOfItsHeader) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    , HandMadePcx,
+    , HeaderColorsPcx,
     testing::Values(
         // 10 pixels: 1010011001 and 0111111110; what lies behind in the bytes is padding.
         HandRow{"Bits1",
@@ -103,19 +111,17 @@ INSTANTIATE_TEST_SUITE_P(
                 {0, 15, 5, 14, 1, 7},
                 true},
         // The first plane holds the lowest bit: 1100, 1010 -> 3 1 2 0.
-        HandRow{"Bits1Planes2",
-                HandMade(0, 1, 2, 4, 1, 1, Bytes({0xCF, 0xAF})),
-                {3, 1, 2, 0},
-                false},
+        HandRow{
+            "Bits1Planes2", HandMade(0, 1, 2, 4, 1, 1, Bytes({0xCF, 0xAF})), {3, 1, 2, 0}, false},
         HandRow{"Bits1Planes3",
                 HandMade(0, 1, 3, 8, 1, 1, Bytes({0x55, 0x33, 0x0F})),
                 {0, 1, 2, 3, 4, 5, 6, 7},
                 false},
-        HandRow{"Bits1Planes4",
-                HandMade(0, 1, 4, 16, 1, 2,
-                         Bytes({0x55, 0x55, 0x33, 0x33, 0x0F, 0x0F, 0x00, 0xFF})),
-                {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15},
-                false}),
+        HandRow{
+            "Bits1Planes4",
+            HandMade(0, 1, 4, 16, 1, 2, Bytes({0x55, 0x55, 0x33, 0x33, 0x0F, 0x0F, 0x00, 0xFF})),
+            {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15},
+            false}),
     [](const testing::TestParamInfo<HandRow>& row) { return row.param.name; });
 
 TEST(HandMadePcx, PlanesOf8BitsAreRedGreenBlueLineByLine) {
@@ -160,14 +166,13 @@ TEST(HandMadePcx, EveryEncodingBut0IsRunLength) {
         PcxDecoding decoding;
         decoding.SetPalette(PaletteOf(8));
         const auto data = Bytes({0xC2, 7, 8, 9});
-        ASSERT_TRUE(decoding.Load(
-            HandMade(static_cast<std::uint8_t>(encoding), 8, 1, 3, 1, 3, data)));
-        const Words expected = encoding == 0 ? Words{Opaque(PaletteOf(8)[0xC2]),
-                                                     Opaque(PaletteOf(8)[7]),
-                                                     Opaque(PaletteOf(8)[8])}
-                                             : Words{Opaque(PaletteOf(8)[7]),
-                                                     Opaque(PaletteOf(8)[7]),
-                                                     Opaque(PaletteOf(8)[8])};
+        ASSERT_TRUE(
+            decoding.Load(HandMade(static_cast<std::uint8_t>(encoding), 8, 1, 3, 1, 3, data)));
+        const Words expected =
+            encoding == 0
+                ? Words{Opaque(PaletteOf(8)[0xC2]), Opaque(PaletteOf(8)[7]),
+                        Opaque(PaletteOf(8)[8])}
+                : Words{Opaque(PaletteOf(8)[7]), Opaque(PaletteOf(8)[7]), Opaque(PaletteOf(8)[8])};
         EXPECT_EQ(decoding.Pixels(), expected) << encoding;
         EXPECT_EQ(decoding.picture.consumed, 3U) << encoding;
     }
@@ -204,10 +209,9 @@ void PrintTo(const Packing& packing, std::ostream* out) {
     *out << (packing.runLengths ? "runs " : "raw ") << static_cast<int>(packing.breaks);
 }
 
-constexpr std::array<Packing, 4> kPackings = {Packing{false, RunBreaks::AtLineEnds},
-                                              Packing{true, RunBreaks::AtPlaneEnds},
-                                              Packing{true, RunBreaks::AtLineEnds},
-                                              Packing{true, RunBreaks::Nowhere}};
+constexpr std::array<Packing, 4> kPackings = {
+    Packing{false, RunBreaks::AtLineEnds}, Packing{true, RunBreaks::AtPlaneEnds},
+    Packing{true, RunBreaks::AtLineEnds}, Packing{true, RunBreaks::Nowhere}};
 
 struct Indexed {
     PcxDepth depth;
@@ -228,8 +232,7 @@ Indexed IndexedKind(Kind kind) {
     }
 }
 
-class PcxOfEveryKind
-    : public testing::TestWithParam<std::tuple<Kind, Packing, DeviceLines>> {
+class PcxOfEveryKind : public testing::TestWithParam<std::tuple<Kind, Packing, DeviceLines>> {
 protected:
     // Writes a picture of the kind and gives the words that it must become.
     static std::vector<std::byte> Write(Kind kind, int width, int height, PcxOptions options,
@@ -242,8 +245,8 @@ protected:
         }
         const Indexed indexed = IndexedKind(kind);
         const auto picture = StripedPicture(width, height, PaletteOf(21), indexed.colors);
-        expected = indexed.onePlane ? KeyedByIndex(picture)
-                                    : KeyedByColor(ColorsOf(picture), nullptr);
+        expected =
+            indexed.onePlane ? KeyedByIndex(picture) : KeyedByColor(ColorsOf(picture), nullptr);
         return WritePcx(picture, options, indexed.depth);
     }
 
@@ -281,14 +284,14 @@ TEST_P(PcxOfEveryKind, PixelForPixel) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    , PcxOfEveryKind,
-    testing::Combine(testing::Values(Kind::Bits8, Kind::Bits1, Kind::Bits2, Kind::Bits4,
-                                     Kind::Bits1Planes2, Kind::Bits1Planes3, Kind::Bits1Planes4,
-                                     Kind::Planes3, Kind::Planes4),
-                     testing::ValuesIn(kPackings),
-                     testing::Values(DeviceLines::AsWanted, DeviceLines::Tight,
-                                     DeviceLines::Wide)));
+INSTANTIATE_TEST_SUITE_P(, PcxOfEveryKind,
+                         testing::Combine(testing::Values(Kind::Bits8, Kind::Bits1, Kind::Bits2,
+                                                          Kind::Bits4, Kind::Bits1Planes2,
+                                                          Kind::Bits1Planes3, Kind::Bits1Planes4,
+                                                          Kind::Planes3, Kind::Planes4),
+                                          testing::ValuesIn(kPackings),
+                                          testing::Values(DeviceLines::AsWanted, DeviceLines::Tight,
+                                                          DeviceLines::Wide)));
 
 // What the pixels of a picture took is known to the byte, whatever follows them.
 TEST(PcxConsumed, EndsWithTheLastLine) {

@@ -2,6 +2,7 @@
 #include "sprites/PcxLines.h"
 
 #include <cstdint>
+#include <ostream>
 #include <span>
 #include <string>
 #include <vector>
@@ -40,6 +41,10 @@ struct UnpackRow {
     Line unpacked;
     std::size_t consumed;
 };
+
+void PrintTo(const UnpackRow& row, std::ostream* out) {
+    *out << row.name;
+}
 
 class PcxLinesUnpack : public testing::TestWithParam<UnpackRow> {};
 
@@ -112,6 +117,10 @@ struct ShortRow {
     std::size_t line;
 };
 
+void PrintTo(const ShortRow& row, std::ostream* out) {
+    *out << row.name;
+}
+
 class PcxLinesShort : public testing::TestWithParam<ShortRow> {};
 
 TEST_P(PcxLinesShort, IsAnError) {
@@ -123,8 +132,7 @@ TEST_P(PcxLinesShort, IsAnError) {
 
 INSTANTIATE_TEST_SUITE_P(
     , PcxLinesShort,
-    testing::Values(ShortRow{"NoDataAtAll", {}, true, 1},
-                    ShortRow{"NoRawDataAtAll", {}, false, 1},
+    testing::Values(ShortRow{"NoDataAtAll", {}, true, 1}, ShortRow{"NoRawDataAtAll", {}, false, 1},
                     ShortRow{"OneLiteralShort", Bytes({1, 2}), true, 3},
                     ShortRow{"OneRawByteShort", Bytes({0xC2, 2}), false, 3},
                     ShortRow{"TheRunIsShort", Bytes({0xC0 + 3, 2}), true, 4},

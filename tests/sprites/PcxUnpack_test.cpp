@@ -221,7 +221,26 @@ TEST_P(PcxUnpack, EveryByteBehindEveryByte) {
             packed.push_back(static_cast<std::byte>(first));
             packed.push_back(static_cast<std::byte>(second));
         }
-        ASSERT_TRUE(SameAsByTheLetter(GetParam(), packed, 63 * 512, kUnpackSlack)) << first;
+        ASSERT_TRUE(SameAsByTheLetter(GetParam(), packed, std::size_t{63} * 512, kUnpackSlack))
+            << first;
+    }
+}
+
+// As many pixels as a block can make, and the end of what is wanted or of the room within them.
+TEST_P(PcxUnpack, LongestRunsUpToEveryLastPixel) {
+    Bytes packed;
+    for (int pair = 0; pair < 100; ++pair) {
+        packed.push_back(std::byte{255});
+        packed.push_back(static_cast<std::byte>(pair));
+    }
+    for (const bool oddStart : {false, true}) {
+        for (std::size_t wanted = 1900; wanted <= 2200; ++wanted) {
+            for (const std::size_t slack : {std::size_t{0}, kUnpackSlack}) {
+                ASSERT_TRUE(SameAsByTheLetter(GetParam(), packed, wanted, slack))
+                    << wanted << " wanted, " << slack << " slack, odd start " << oddStart;
+            }
+        }
+        packed.insert(packed.begin(), std::byte{1});
     }
 }
 

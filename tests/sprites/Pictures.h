@@ -26,7 +26,9 @@ constexpr std::uint32_t Opaque(Rgb color) {
     return 0xFF000000U | std::uint32_t{color.red} << 16U | std::uint32_t{color.green} << 8U |
            color.blue;
 }
-constexpr std::uint32_t Clear(Rgb color) { return Opaque(color) & 0x00FFFFFFU; }
+constexpr std::uint32_t Clear(Rgb color) {
+    return Opaque(color) & 0x00FFFFFFU;
+}
 
 inline std::vector<std::byte> Bytes(std::initializer_list<unsigned> values) {
     std::vector<std::byte> bytes;

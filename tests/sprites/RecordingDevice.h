@@ -2,16 +2,19 @@
 //
 // RecordingDevice: a Direct3D device for tests of the sprite room.
 //
-// It records what every texture is made with, counts locks, gives pitches of its own choice, and can
-// refuse a texture. A texture starts full of kUnwritten, a word that no picture holds, so that a
-// pixel which nobody wrote is seen. Each has its own block on the heap, for the address sanitizer.
+// It records what every texture is made with, counts locks, gives pitches of its own choice, and
+// can refuse a texture. A texture starts full of kUnwritten, a word that no picture holds, so that
+// a pixel which nobody wrote is seen. Each has its own block on the heap, for the address
+// sanitizer.
 #pragma once
 
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <new>
 #include <optional>
+#include <utility>
 #include <vector>
 
 #include "base/RunTimeError.h"
@@ -47,9 +50,8 @@ public:
         } else if (lines == DeviceLines::Wide) {
             pitch_ = width_ + 5;
         }
-        words_.assign(
-            static_cast<std::size_t>(pitch_) * static_cast<std::size_t>(height_) + slack,
-            kUnwritten);
+        words_.assign(static_cast<std::size_t>(pitch_) * static_cast<std::size_t>(height_) + slack,
+                      kUnwritten);
     }
 
     [[nodiscard]] std::int32_t Width() const override { return width_; }
@@ -79,11 +81,17 @@ public:
             refusal_.reset();
             throw RunTimeError(kind, "the device has no room");
         }
+        if (std::exchange(heapIsFull_, false)) {
+            throw std::bad_alloc();
+        }
         return std::make_shared<RecordingTexture>(parameters, lines_, counts_);
     }
 
     // The next texture is refused with this error.
     void RefuseNext(RunTimeErrorKind kind) { refusal_ = kind; }
+
+    // The next texture is more than the heap has.
+    void FailNextAllocation() { heapIsFull_ = true; }
 
     // What was asked for, refused ones included, oldest first.
     [[nodiscard]] const std::vector<TextureParameters>& Created() const { return created_; }
@@ -92,6 +100,7 @@ public:
 private:
     DeviceLines lines_;
     std::optional<RunTimeErrorKind> refusal_;
+    bool heapIsFull_ = false;
     std::vector<TextureParameters> created_;
     std::shared_ptr<LockCounts> counts_ = std::make_shared<LockCounts>();
 };

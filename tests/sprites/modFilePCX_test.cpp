@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <ostream>
 #include <span>
 #include <string>
 #include <vector>
@@ -144,6 +145,10 @@ struct CheckRow {
     const char* error;  // empty: the header adds up
 };
 
+void PrintTo(const CheckRow& row, std::ostream* out) {
+    *out << row.name;
+}
+
 PcxHeader WithCorners(unsigned xMin, unsigned yMin, unsigned xMax, unsigned yMax) {
     PcxHeader header = MakeHeader(8, 1, 1, 1, 65535);
     header.xMin = static_cast<std::uint16_t>(xMin);
@@ -223,9 +228,9 @@ TEST(PcxKinds, EveryOtherCombinationIsAFailure) {
             ASSERT_EQ(loaded, known(bits, planes));
             if (!loaded) {
                 ASSERT_THAT(decoding.Texts(),
-                            ElementsAre(HandleErrorText(
-                                "Bad format: no PCX kind has " + std::to_string(planes) +
-                                " planes of " + std::to_string(bits) + " bits")));
+                            ElementsAre(HandleErrorText("Bad format: no PCX kind has " +
+                                                        std::to_string(planes) + " planes of " +
+                                                        std::to_string(bits) + " bits")));
                 ASSERT_TRUE(decoding.device.Created().empty());
             }
         }
@@ -302,8 +307,7 @@ TEST(LoadPCX, SaysYoAndKeepsTheKeyForPicturesOfSeveralPlanes) {
     ASSERT_TRUE(decoding.Load(StripedPicture(2, 2, palette)));
     const KeyColor key = decoding.picture.key;
 
-    const samplemaker::TrueColourPicture picture{
-        3, 1, {{13, 29, 1}, {13, 29, 2}, {0, 0, 0}}};
+    const samplemaker::TrueColourPicture picture{3, 1, {{13, 29, 1}, {13, 29, 2}, {0, 0, 0}}};
     ASSERT_TRUE(decoding.Load(WritePcx(picture)));
     ASSERT_EQ(decoding.messages.Recorded().size(), 1U);
     EXPECT_EQ(decoding.messages.Recorded().front().kind, kMessageThreePlanes);
@@ -350,9 +354,9 @@ TEST(LoadPCX, AFailureLeavesThePictureAndTheNextOneComesOut) {
     auto cut = WritePcx(StripedPicture(40, 40, PaletteOf(3)));
     cut.resize(kPcxHeaderSize + 1000);
     ASSERT_FALSE(decoding.Load(cut));
-    EXPECT_THAT(decoding.Texts(),
-                ElementsAre(HandleErrorText(
-                    "Input past end of file: the pixels end after 1000 bytes")));
+    EXPECT_THAT(
+        decoding.Texts(),
+        ElementsAre(HandleErrorText("Input past end of file: the pixels end after 1000 bytes")));
     EXPECT_EQ(decoding.messages.Recorded().front().kind, kMessageLoadPcx);
     EXPECT_EQ(decoding.picture.texture.get(), texture);
     EXPECT_EQ(decoding.picture.width, 5);
@@ -373,6 +377,14 @@ TEST(LoadPCX, ATextureThatTheDeviceRefusesIsAFailure) {
                 ElementsAre(HandleErrorText("Out of memory: the device has no room")));
     EXPECT_EQ(decoding.picture.texture, nullptr);
 
+    ASSERT_TRUE(decoding.Load(StripedPicture(5, 4, PaletteOf(3))));
+}
+
+TEST(LoadPCX, MoreThanTheHeapHasIsAFailure) {
+    PcxDecoding decoding;
+    decoding.device.FailNextAllocation();
+    ASSERT_FALSE(decoding.Load(StripedPicture(5, 4, PaletteOf(3))));
+    EXPECT_THAT(decoding.Texts(), ElementsAre(HandleErrorText("Out of memory")));
     ASSERT_TRUE(decoding.Load(StripedPicture(5, 4, PaletteOf(3))));
 }
 

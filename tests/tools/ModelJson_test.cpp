@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "scenara-shot/ModelJson.h"
 
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -13,9 +14,15 @@ namespace {
 using rapidjson::Document;
 using rapidjson::Value;
 
+std::string TextOf(const StageModel& model, const std::vector<Message>& messages = {}) {
+    std::ostringstream out;
+    WriteModelJson(out, model, messages);
+    return out.str();
+}
+
 Document Parse(const StageModel& model, const std::vector<Message>& messages = {}) {
     Document document;
-    document.Parse(ModelJson(model, messages).c_str());
+    document.Parse(TextOf(model, messages).c_str());
     return document;
 }
 
@@ -69,17 +76,17 @@ TEST(ModelJson, NamesMembersAsTheModelDoesInItsOrder) {
     EXPECT_EQ(NamesOf(json["actions"][0]["frames"][0]),
               (Names{"group", "image", "spriteIndex", "offsetX", "offsetY", "time", "flip"}));
     EXPECT_EQ(NamesOf(json["ctrlDefs"][0]),
-              (Names{"looptime", "ctrlIds", "controlCount", "controls"}));
+              (Names{"looptime", "timer", "ctrlIds", "controlCount", "controls"}));
     EXPECT_EQ(NamesOf(json["ctrlDefs"][0]["controls"][0]),
               (Names{"type", "startTime", "endTime", "loopTime", "ctrlIds", "x", "y", "value",
-                     "value1", "value2"}));
+                     "timer", "value1", "value2"}));
 }
 
 TEST(ModelJson, WritesFloatsInTheirShortestForm) {
     StageModel model;
     model.CamStartX = 0.1F;
     model.CamX = -12.5F;
-    const std::string text = ModelJson(model, {});
+    const std::string text = TextOf(model);
     EXPECT_NE(text.find("\"CamStartX\": 0.1,"), std::string::npos);
     EXPECT_NE(text.find("\"CamX\": -12.5,"), std::string::npos);
 }

@@ -98,7 +98,10 @@ TEST_F(ScenaraShot, SaysEveryMessageOnALineOfItsOwn) {
 
 TEST_F(ScenaraShot, AStageThatIsNotThereCannotBeShown) {
     EXPECT_EQ(Run("--mugen " + Path("mugen") + " gone.def"), 1);
-    EXPECT_THAT(err_, StartsWith("Unable to load gone.def - File not found"));
+    EXPECT_THAT(
+        err_, StartsWith("Unable to load " + Path("mugen/stages/gone.def") + " - File not found"));
+    EXPECT_EQ(Run("--mugen " + Path("mugen") + " no/gone.def"), 1);
+    EXPECT_THAT(err_, StartsWith("Unable to load no/gone.def - File not found"));
 }
 
 TEST_F(ScenaraShot, AFolderIsNoStage) {
@@ -131,6 +134,22 @@ TEST_F(ScenaraShot, AResultThatCannotBeWrittenIsAFailure) {
     EXPECT_THAT(err_, HasSubstr("no/such/folder/a.json"));
 }
 
+TEST_F(ScenaraShot, OutputGoesToExactlyTheNameGiven) {
+    PutStage("a.def", "");
+    Write(Path("other.json"), "mine");
+    EXPECT_EQ(Run("--mugen " + Path("mugen") + " a.def --model " + Path("OTHER.json")), 0);
+    EXPECT_EQ(Contents(Path("other.json")), "mine");
+    EXPECT_THAT(Contents(Path("OTHER.json")), StartsWith("{"));
+    EXPECT_EQ(Run("--mugen " + Path("mugen") + " a.def --model /dev/stdout"), 0);
+    EXPECT_THAT(out_, StartsWith("{"));
+}
+
+TEST_F(ScenaraShot, MessagesDoNotSteerTheTerminal) {
+    PutStage("a.def", "[BGdef]\nspr = \x1b[31m\x07.sff\n");
+    EXPECT_EQ(Run("--mugen " + Path("mugen") + " a.def"), 0);
+    EXPECT_EQ(err_, "SFF FILE: ?[31m?.sff COULD NOT BE FOUND!\n");
+}
+
 TEST_F(ScenaraShot, AFileWithBareLineFeedsLeavesNoCopyBehind) {
     std::string definition = "; " + std::string(600, 'x') + "\n[Info]\nname = long\n";
     PutStage("a.def", definition);
@@ -139,12 +158,15 @@ TEST_F(ScenaraShot, AFileWithBareLineFeedsLeavesNoCopyBehind) {
     EXPECT_FALSE(fs::exists(fs::path(SCENARA_SHOT).parent_path() / "fix.def"));
 }
 
-TEST_F(ScenaraShot, TheBundledStageLoadsWithoutAWord) {
-    EXPECT_EQ(Run("--mugen " SCENARA_BUNDLED_DATA " lanternpier.def --model " + Path("model.json")),
-              0);
-    EXPECT_EQ(err_, "");
-    EXPECT_GT(Model()["sprites"].Size(), 0U);
-    EXPECT_GT(Model()["elements"].Size(), 0U);
+TEST_F(ScenaraShot, TheBundledStagesLoadWithoutAWord) {
+    for (const char* stage : {"lanternpier.def", "nightexpress.def"}) {
+        EXPECT_EQ(Run("--mugen " SCENARA_BUNDLED_DATA " " + std::string(stage) + " --model " +
+                      Path("model.json")),
+                  0);
+        EXPECT_EQ(err_, "") << stage;
+        EXPECT_GT(Model()["sprites"].Size(), 0U) << stage;
+        EXPECT_GT(Model()["elements"].Size(), 0U) << stage;
+    }
 }
 
 TEST_F(ScenaraShot, RealStagesLoadWithoutAWord) {

@@ -59,7 +59,7 @@ std::string UsageText() {
            "  STAGE.def          a path, or a name under stages/ of the folder\n"
            "  --model FILE.json  write the stage in memory as JSON\n"
            "  --sprites DIR      write every sprite as NNNN_group_image.png\n"
-           "  --plain            read the stage without additions\n"
+           "  --plain            plain reading, without additions\n"
            "\n"
            "Messages go to standard error, one line each. Exit status: 0 shown, 1 the stage\n"
            "could not be shown, 2 wrong use.\n";

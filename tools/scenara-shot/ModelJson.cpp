@@ -4,8 +4,8 @@
 #include <array>
 #include <concepts>
 
+#include <rapidjson/ostreamwrapper.h>
 #include <rapidjson/prettywriter.h>
-#include <rapidjson/stringbuffer.h>
 
 #include "base/NumberText.h"
 #include "base/Text.h"
@@ -16,9 +16,7 @@ namespace {
 // Writes "name": value pairs, numbers in the program's own form.
 class JsonWriter {
 public:
-    JsonWriter() { writer_.SetIndent(' ', 2); }
-
-    [[nodiscard]] std::string Text() const { return {buffer_.GetString(), buffer_.GetSize()}; }
+    explicit JsonWriter(std::ostream& out) : stream_(out) { writer_.SetIndent(' ', 2); }
 
     void Object(auto&& members) {
         writer_.StartObject();
@@ -67,8 +65,8 @@ private:
         writer_.RawValue(number.data(), number.size(), rapidjson::kNumberType);
     }
 
-    rapidjson::StringBuffer buffer_;
-    rapidjson::PrettyWriter<rapidjson::StringBuffer> writer_{buffer_};
+    rapidjson::OStreamWrapper stream_;
+    rapidjson::PrettyWriter<rapidjson::OStreamWrapper> writer_{stream_};
 };
 
 void WriteSettings(JsonWriter& json, const StageModel& model) {
@@ -174,6 +172,7 @@ void WriteControl(JsonWriter& json, const BgCtrl& control) {
         json.Member("x", control.x);
         json.Member("y", control.y);
         json.Member("value", control.value);
+        json.Member("timer", control.timer);
         json.Member("value1", control.value1);
         json.Member("value2", control.value2);
     });
@@ -182,6 +181,7 @@ void WriteControl(JsonWriter& json, const BgCtrl& control) {
 void WriteCtrlDef(JsonWriter& json, const BgCtrlDef& group) {
     json.Object([&] {
         json.Member("looptime", group.looptime);
+        json.Member("timer", group.timer);
         json.NumberArray("ctrlIds", group.ctrlIds);
         json.Member("controlCount", group.controlCount);
         json.Array("controls", group.controls,
@@ -210,8 +210,9 @@ void WriteSprite(JsonWriter& json, const SpriteEntry& sprite) {
 
 }  // namespace
 
-std::string ModelJson(const StageModel& model, const std::vector<Message>& messages) {
-    JsonWriter json;
+void WriteModelJson(std::ostream& out, const StageModel& model,
+                    const std::vector<Message>& messages) {
+    JsonWriter json(out);
     json.Object([&] {
         WriteSettings(json, model);
         json.Array("elements", model.Elements, [&](const auto& e) { WriteElement(json, e); });
@@ -220,7 +221,7 @@ std::string ModelJson(const StageModel& model, const std::vector<Message>& messa
         json.Array("sprites", model.Sprites, [&](const auto& s) { WriteSprite(json, s); });
         json.Array("messages", messages, [&](const Message& m) { json.Value(m.text); });
     });
-    return json.Text() + "\n";
+    out << '\n';
 }
 
 }  // namespace scenara

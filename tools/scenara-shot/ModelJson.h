@@ -5,10 +5,11 @@
 // One object with the members settings, elements, actions (each with frames), ctrlDefs (each with
 // controls), sprites and messages. Members have the names of StageModel.h, in its order; fields
 // that are arrays are arrays; flags are numbers as stored; floats are in their shortest form; words
-// that only the drawing knows, and textures, are left out. Texts become UTF-8.
+// that only the drawing knows and that have no name of their own, and textures, are left out. Texts
+// become UTF-8.
 #pragma once
 
-#include <string>
+#include <ostream>
 #include <vector>
 
 #include "platform/Messages.h"
@@ -16,6 +17,9 @@
 
 namespace scenara {
 
-[[nodiscard]] std::string ModelJson(const StageModel& model, const std::vector<Message>& messages);
+// Writes as it goes, so that a model of any size needs no memory for its text. Whether the stream
+// took it all is the caller's to ask.
+void WriteModelJson(std::ostream& out, const StageModel& model,
+                    const std::vector<Message>& messages);
 
 }  // namespace scenara

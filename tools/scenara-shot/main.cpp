@@ -2,6 +2,7 @@
 //
 // scenara-shot: stages without a window, for authors' scripts and for tests.
 #include <exception>
+#include <fstream>
 #include <iostream>
 #include <stdexcept>
 #include <string>
@@ -29,10 +30,12 @@ enum ExitStatus { kShown = 0, kNotShown = 1, kWrongUse = 2 };
 std::string OneLine(std::string_view text) {
     std::string line;
     for (const char c : ToUtf8(text)) {
+        const auto code = static_cast<unsigned char>(c);
         if (c == '\n') {
             line.push_back(' ');
         } else if (c != '\r') {
-            line.push_back(c);
+            // What stands in a file must not steer the terminal.
+            line.push_back(code < 32 || code == 127 ? '?' : c);
         }
     }
     return line;
@@ -44,14 +47,23 @@ void Print(const Message& message) {
 
 // A path as given, or a name under stages/ of the MUGEN folder.
 std::string StagePath(Files& files, const ShotOptions& options) {
-    const std::string listed = JoinPath(JoinPath(options.mugeDir, "stages"), "") + options.stage;
-    return !files.FileExists(options.stage) && files.FileExists(listed) ? listed : options.stage;
+    const bool isName = FileName(options.stage).size() == options.stage.size();
+    const std::string listed = JoinPath(JoinPath(options.mugeDir, "stages"), options.stage);
+    if (files.FileExists(options.stage)) {
+        return options.stage;
+    }
+    return isName || files.FileExists(listed) ? listed : options.stage;
 }
 
-void WriteText(Files& files, const std::string& path, const std::string& text) {
-    const auto file = files.OpenForWriting(path);
-    file->Write(text);
-    file->Close();
+// Files that the user names are taken to the letter, unlike those that content names.
+void WriteModelFile(const std::string& path, const StageModel& model,
+                    const std::vector<Message>& messages) {
+    std::ofstream file(path, std::ios::binary);
+    WriteModelJson(file, model, messages);
+    file.close();
+    if (!file) {
+        throw RunTimeError(RunTimeErrorKind::DeviceIo, path + " could not be written");
+    }
 }
 
 ExitStatus Shoot(const ShotOptions& options) {
@@ -71,7 +83,7 @@ ExitStatus Shoot(const ShotOptions& options) {
         return kNotShown;
     }
     if (options.modelFile) {
-        WriteText(files, *options.modelFile, ModelJson(model, messages.Recorded()));
+        WriteModelFile(*options.modelFile, model, messages.Recorded());
     }
     if (options.spriteDir) {
         WriteSpriteFiles(model, *options.spriteDir);

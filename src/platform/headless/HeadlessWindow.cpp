@@ -3,7 +3,9 @@
 
 namespace scenara {
 
-void HeadlessWindow::SetCaption(const std::string& caption) { captions_.push_back(caption); }
+void HeadlessWindow::SetCaption(const std::string& caption) {
+    captions_.push_back(caption);
+}
 
 void HeadlessWindow::DoEvents() {
     ++doEventsCount_;

@@ -22,8 +22,8 @@ constexpr int MADV_POPULATE_WRITE = 23;
 std::byte* ReservePages(std::size_t bytes) {
     // One large page more than asked for leaves room to cut to a multiple of it.
     const std::size_t reserved = bytes + kLargePage;
-    void* const raw = ::mmap(nullptr, reserved, PROT_READ | PROT_WRITE,
-                             MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
+    void* const raw =
+        ::mmap(nullptr, reserved, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
     if (raw == MAP_FAILED) {
         throw RunTimeError(RunTimeErrorKind::OutOfMemory);
     }
@@ -34,6 +34,9 @@ std::byte* ReservePages(std::size_t bytes) {
         ::munmap(first, before);
     }
     ::munmap(first + before + bytes, kLargePage - before);
+    // Where the system hands out large pages by itself, a small stage would get one for its first
+    // byte; CommitPages asks for them where they fit.
+    ::madvise(first + before, bytes, MADV_NOHUGEPAGE);
     return first + before;
 }
 

@@ -196,7 +196,8 @@ bool SortsBefore(const std::string& a, const std::string& b) {
 
 }  // namespace
 
-PosixFiles::PosixFiles(std::string programFolder) : programFolder_(WithSeparator(programFolder)) {}
+PosixFiles::PosixFiles(std::string_view programFolder)
+    : programFolder_(WithSeparator(programFolder)) {}
 
 bool PosixFiles::FileExists(const std::string& path) {
     try {

@@ -20,7 +20,7 @@ namespace scenara {
 class PosixFiles : public Files {
 public:
     // `programFolder`: where the program keeps its own files; see ProgramFolder.h.
-    explicit PosixFiles(std::string programFolder);
+    explicit PosixFiles(std::string_view programFolder);
 
     bool FileExists(const std::string& path) override;
     std::unique_ptr<InputFile> OpenForReading(const std::string& path) override;

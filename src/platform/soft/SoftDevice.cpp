@@ -14,13 +14,13 @@ namespace {
 constexpr std::int32_t kLargestSide = std::numeric_limits<std::int16_t>::max();
 
 std::size_t WordsOf(const TextureParameters& parameters, std::int32_t pitch) {
-    // At most 2^31 x 2^15: no overflow.
-    const std::size_t lines =
-        static_cast<std::size_t>(pitch) * static_cast<std::size_t>(parameters.height);
-    if (parameters.wantedSlack > std::numeric_limits<std::size_t>::max() - lines) {
+    // In 64 bits, whatever a size has: at most 2^31 x 2^15.
+    const std::uint64_t lines =
+        static_cast<std::uint64_t>(pitch) * static_cast<std::uint64_t>(parameters.height);
+    if (lines > TextureMemory::kMostBytes || parameters.wantedSlack > TextureMemory::kMostBytes) {
         throw RunTimeError(RunTimeErrorKind::OutOfMemory);
     }
-    return lines + parameters.wantedSlack;
+    return static_cast<std::size_t>(lines) + parameters.wantedSlack;
 }
 
 }  // namespace

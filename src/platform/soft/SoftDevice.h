@@ -3,9 +3,9 @@
 // SoftDevice: Direct3D 8 on the CPU.
 //
 // Textures are plain ARGB words in memory that the device keeps for the next stage. The pitch and
-// the slack that a writer wishes for are given, so a decoder can run from the first line to the last
-// without a look; the slack is there until the texture is unlocked for the first time. Mip levels and filters are taken and not needed: nothing is ever drawn smaller
-// than it is.
+// the slack that a writer wishes for are given, so a decoder can run from the first line to the
+// last without a look; the slack is there until the texture is unlocked for the first time. Mip
+// levels and filters are taken and not needed: nothing is ever drawn smaller than it is.
 #pragma once
 
 #include <memory>

@@ -31,12 +31,19 @@ TextureMemory::~TextureMemory() {
 }
 
 TextureMemory::Piece TextureMemory::Allocate(std::size_t words) {
-    if (words > std::numeric_limits<std::size_t>::max() / 8) {
+    if (words > kMostBytes / sizeof(std::uint32_t) || BytesOf(words) > kMostBytes - usedBytes_) {
         throw RunTimeError(RunTimeErrorKind::OutOfMemory);
     }
     const std::size_t bytes = BytesOf(words);
     Block& block = BlockWithRoom(bytes);
-    Commit(block, block.used + bytes);
+    try {
+        Commit(block, block.used + bytes);
+    } catch (const RunTimeError&) {
+        if (block.pieces == 0) {
+            Drop(block);  // what it has of pages is wanted elsewhere now
+        }
+        throw;
+    }
     std::byte* const start = block.start + block.used;
     block.used += bytes;
     ++block.pieces;
@@ -116,6 +123,12 @@ void TextureMemory::Commit(Block& block, std::size_t end) const {
             block.committed += some;
         }
     }
+}
+
+void TextureMemory::Drop(Block& block) {
+    Unpoison(block.start, block.size);
+    ReleasePages(block.start, block.size);
+    blocks_.remove_if([&](const Block& other) { return &other == &block; });
 }
 
 void TextureMemory::DropSurplus() {

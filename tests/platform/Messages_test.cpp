@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+#include "platform/Messages.h"
+
+#include <string>
+
+#include <gtest/gtest.h>
+
+namespace scenara {
+namespace {
+
+class LastMessage : public Messages {
+public:
+    void Show(const Message& message) override {
+        last = message;
+        ++count;
+    }
+
+    Message last{"none", "none", "none", MessageIcon::CriticalStop};
+    int count = 0;
+};
+
+TEST(Messages, AMsgBoxIsPlainAndHasTheApplicationsTitle) {
+    LastMessage messages;
+    messages.MsgBox("PosZero", "pos=0");
+    EXPECT_EQ(messages.count, 1);
+    EXPECT_EQ(messages.last.kind, "PosZero");
+    EXPECT_EQ(messages.last.text, "pos=0");
+    EXPECT_EQ(messages.last.title, "");
+    EXPECT_EQ(messages.last.icon, MessageIcon::None);
+}
+
+TEST(Messages, KeepTheirBytes) {
+    LastMessage messages;
+    const std::string text("caf\xE9\r\nline \0 two", 16);
+    messages.MsgBox("Bytes", text);
+    EXPECT_EQ(messages.last.text, text);
+}
+
+}  // namespace
+}  // namespace scenara

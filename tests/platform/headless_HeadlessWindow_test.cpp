@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: MIT
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "platform/headless/HeadlessWindow.h"
+
+namespace scenara {
+namespace {
+
+TEST(HeadlessWindow, RecordsEveryCaptionOldestFirst) {
+    HeadlessWindow window;
+    EXPECT_TRUE(window.Captions().empty());
+    window.SetCaption("Loading");
+    window.SetCaption("Loading");
+    window.SetCaption("");
+    EXPECT_EQ(window.Captions(), (std::vector<std::string>{"Loading", "Loading", ""}));
+}
+
+TEST(HeadlessWindow, RunsItsScriptInEachDoEvents) {
+    std::vector<std::size_t> counts;
+    HeadlessWindow window([&](HeadlessWindow& self) {
+        counts.push_back(self.DoEventsCount());
+        self.SetCaption("seen");
+    });
+    EXPECT_EQ(window.DoEventsCount(), 0U);
+    window.DoEvents();
+    window.DoEvents();
+    EXPECT_EQ(counts, (std::vector<std::size_t>{1, 2}));
+    EXPECT_EQ(window.Captions().size(), 2U);
+}
+
+TEST(HeadlessWindow, CountsDoEventsWithoutAScript) {
+    HeadlessWindow window;
+    window.DoEvents();
+    window.DoEvents();
+    EXPECT_EQ(window.DoEventsCount(), 2U);
+}
+
+TEST(HeadlessWindow, EndsWhenItIsClosedAndStaysSo) {
+    HeadlessWindow window([](HeadlessWindow& self) {
+        if (self.DoEventsCount() == 2) {
+            self.RequestEnd();
+        }
+    });
+    window.DoEvents();
+    EXPECT_FALSE(window.EndRequested());
+    window.DoEvents();
+    EXPECT_TRUE(window.EndRequested());
+    window.DoEvents();
+    EXPECT_TRUE(window.EndRequested());
+}
+
+}  // namespace
+}  // namespace scenara

@@ -1,0 +1,115 @@
+// SPDX-License-Identifier: MIT
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/mman.h>
+
+#include "base/RunTimeError.h"
+#include "platform/PageMemory.h"
+
+namespace scenara {
+namespace {
+
+using testing::Property;
+using testing::Throws;
+
+auto RaisesOutOfMemory() {
+    return Throws<RunTimeError>(Property(&RunTimeError::Kind, RunTimeErrorKind::OutOfMemory));
+}
+
+// Reserved address space, given back at the end.
+class Reserved {
+public:
+    explicit Reserved(std::size_t bytes) : bytes_(bytes), start_(ReservePages(bytes)) {}
+    Reserved(const Reserved&) = delete;
+    Reserved& operator=(const Reserved&) = delete;
+    ~Reserved() { ReleasePages(start_, bytes_); }
+
+    [[nodiscard]] std::byte* Start() const { return start_; }
+    [[nodiscard]] std::span<std::byte> All() const { return {start_, bytes_}; }
+
+    [[nodiscard]] std::size_t PagesInMemory() const {
+        std::array<unsigned char, 4 * kLargePage / kSmallPage> there{};
+        EXPECT_LE(bytes_, 4 * kLargePage);
+        EXPECT_EQ(::mincore(start_, bytes_, there.data()), 0);
+        return static_cast<std::size_t>(std::count_if(
+            there.begin(), there.end(), [](unsigned flags) { return flags % 2 != 0; }));
+    }
+
+private:
+    std::size_t bytes_;
+    std::byte* start_;
+};
+
+// Whether this kernel can bring pages in by a call at all.
+bool CommitsByCall() {
+    const Reserved memory(kLargePage);
+    constexpr int kPopulateWrite = 23;
+    return ::madvise(memory.Start(), kSmallPage, kPopulateWrite) == 0;
+}
+
+TEST(PageMemory, IsAlignedToLargePages) {
+    for (const std::size_t pages : {std::size_t{1}, std::size_t{2}, std::size_t{33}}) {
+        const Reserved memory(pages * kLargePage);
+        EXPECT_EQ(std::bit_cast<std::uintptr_t>(memory.Start()) % kLargePage, 0U);
+    }
+}
+
+TEST(PageMemory, IsZeroAtFirstAndKeepsWhatIsWritten) {
+    const Reserved memory(2 * kLargePage);
+    CommitPages(memory.Start(), 3 * kSmallPage, false);
+    CommitPages(memory.Start() + kLargePage, kLargePage, true);
+    const auto committed = {memory.All().first(3 * kSmallPage), memory.All().last(kLargePage)};
+    for (const std::span<std::byte> part : committed) {
+        EXPECT_TRUE(std::all_of(part.begin(), part.end(), [](auto b) { return b == std::byte{}; }));
+        std::fill(part.begin(), part.end(), std::byte{0xA5});
+    }
+    CommitPages(memory.Start(), 3 * kSmallPage, false);
+    for (const std::span<std::byte> part : committed) {
+        EXPECT_TRUE(std::all_of(part.begin(), part.end(), [](auto b) {
+            return b == std::byte{0xA5};
+        })) << "committing again changes nothing";
+    }
+}
+
+TEST(PageMemory, ReservedBytesCostNothing) {
+    const Reserved memory(std::size_t{1} << 29U);
+    CommitPages(memory.Start() + (std::size_t{1} << 28U), kSmallPage, false);
+    memory.All()[std::size_t{1} << 28U] = std::byte{1};
+    EXPECT_EQ(memory.All()[std::size_t{1} << 28U], std::byte{1});
+}
+
+TEST(PageMemory, CommittingBringsExactlyThosePagesIn) {
+    if (!CommitsByCall()) {
+        GTEST_SKIP() << "this kernel brings pages in at their first use only";
+    }
+    const Reserved memory(2 * kLargePage);
+    EXPECT_EQ(memory.PagesInMemory(), 0U);
+    CommitPages(memory.Start() + 5 * kSmallPage, 7 * kSmallPage, false);
+    EXPECT_EQ(memory.PagesInMemory(), 7U);
+    CommitPages(memory.Start() + kLargePage, kLargePage, true);
+    EXPECT_EQ(memory.PagesInMemory(), 7U + kLargePage / kSmallPage);
+}
+
+TEST(PageMemory, RaisesWhenThereAreNotThatManyAddresses) {
+    EXPECT_THAT([] { return ReservePages(std::size_t{1} << 60U); }, RaisesOutOfMemory());
+}
+
+TEST(PageMemory, RaisesWhenPagesCannotBeHad) {
+    if (!CommitsByCall()) {
+        GTEST_SKIP() << "this kernel brings pages in at their first use only";
+    }
+    std::byte* const start = ReservePages(2 * kLargePage);
+    ReleasePages(start + kLargePage, kLargePage);
+    EXPECT_THAT([&] { CommitPages(start + kLargePage, kSmallPage, false); }, RaisesOutOfMemory());
+    ReleasePages(start, kLargePage);
+}
+
+}  // namespace
+}  // namespace scenara

@@ -1,0 +1,345 @@
+// SPDX-License-Identifier: MIT
+//
+// Archives that lie about themselves: what is good in them is shown, what is not is said, and what
+// is read stays in proportion to the file.
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <new>
+#include <span>
+#include <string>
+#include <vector>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "ArchiveLoad.h"
+#include "base/RunTimeError.h"
+#include "sprites/SffArchive.h"
+#include "sprites/sff2.h"
+
+namespace scenara {
+namespace {
+
+using samplemaker::LastNext;
+using samplemaker::PcxOptions;
+using samplemaker::TrailingPalette;
+using test::ArchiveLoad;
+using test::KeyedByIndex;
+using test::Linked;
+using test::PaletteOf;
+using test::PatchU16;
+using test::PatchU32;
+using test::Sff1Options;
+using test::Sff1Subfile;
+using test::Shown;
+using test::StripedPicture;
+using test::SubfileOffsets;
+using test::WritePcx;
+using test::WriteSff1;
+using testing::Each;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::StartsWith;
+
+Sff1Subfile Small(std::int16_t group, std::int16_t image) {
+    return Shown(group, image, WritePcx(StripedPicture(4, 3, PaletteOf(1))));
+}
+
+std::vector<std::byte> ThreeOf(std::uint32_t images, LastNext lastNext = LastNext::EndOfFile) {
+    Sff1Options options;
+    options.images = images;
+    options.lastNext = lastNext;
+    return WriteSff1({Small(0, 0), Small(0, 1), Small(0, 2)}, options);
+}
+
+TEST(DamagedArchive, OfVersion2IsNamedWithItsVersion) {
+    for (const auto& [minor, version] : {std::pair{std::uint8_t{0}, "2.00"}, {1, "2.01"}}) {
+        Sff1Options options;
+        options.version = {0, minor, 0, 2};
+        ArchiveLoad load;
+        load.Run(WriteSff1({Small(0, 0)}, options));
+        ASSERT_EQ(load.messages.Recorded().size(), 1U);
+        EXPECT_EQ(load.messages.Recorded()[0].kind, kMessageSffVersion);
+        EXPECT_THAT(load.Texts()[0], StartsWith("SFF Error:"));
+        EXPECT_THAT(load.Texts()[0], HasSubstr(test::kArchiveName));
+        EXPECT_THAT(load.Texts()[0], HasSubstr(version));
+        EXPECT_EQ(load.model.SpriteCount, 0);
+        EXPECT_EQ(load.file->Reads().size(), 1U);
+    }
+}
+
+TEST(DamagedArchive, SignatureAndOtherVersionBytesAreNotChecked) {
+    auto bytes = WriteSff1({Small(0, 0)});
+    for (std::size_t at = 0; at < 20; ++at) {
+        bytes[at] = std::byte{0x99};
+    }
+    ArchiveLoad load;
+    load.Run(bytes);
+    EXPECT_EQ(load.model.SpriteCount, 1);
+    EXPECT_THAT(load.Texts(), IsEmpty());
+}
+
+TEST(DamagedArchive, ThatEndsInItsHeaderSaysSo) {
+    for (const std::size_t size : {0U, 1U, 27U}) {
+        ArchiveLoad load;
+        load.Run(std::vector<std::byte>(size));
+        ASSERT_EQ(load.messages.Recorded().size(), 1U);
+        EXPECT_EQ(load.messages.Recorded()[0].kind, kMessageSffError);
+        EXPECT_THAT(load.Texts()[0], StartsWith("SFF Error:  stages/test.sff\r\n"));
+        EXPECT_THAT(load.Texts()[0], HasSubstr("Input past end of file"));
+    }
+}
+
+class AbsurdCount : public testing::TestWithParam<std::uint32_t> {};
+
+TEST_P(AbsurdCount, LoadsWhatIsThereAndSaysWhereItEnds) {
+    const auto bytes = ThreeOf(GetParam());
+    ArchiveLoad load;
+    load.Run(bytes);
+    EXPECT_EQ(load.model.SpriteCount, 3);
+    EXPECT_THAT(load.Kinds(), ElementsAre(kMessageSffError));
+    EXPECT_EQ(load.Texts()[0],
+              "SFF Error:  stages/test.sff\r\nSubfile 4 of " + std::to_string(GetParam()) + " at " +
+                  std::to_string(bytes.size()) + ": the file ends there.  The rest is skipped..");
+    EXPECT_LE(load.BytesAskedFor(), 4 * bytes.size());
+}
+
+INSTANTIATE_TEST_SUITE_P(, AbsurdCount,
+                         testing::Values(4U, 32768U, 0x7FFFFFFFU, 0x80000000U, 0xFFFFFFFFU));
+
+// The chain ends with 0 and the header wants more: the file's header is no picture.
+TEST(DamagedArchive, WhoseChainGoesToItsStartEndsWithMessages) {
+    const auto bytes = ThreeOf(0xFFFFFFFF, LastNext::Zero);
+    ArchiveLoad load;
+    load.Run(bytes);
+    EXPECT_EQ(load.model.SpriteCount, 3);
+    ASSERT_FALSE(load.messages.Recorded().empty());
+    EXPECT_LE(load.messages.Recorded().size(), 3U);
+    EXPECT_EQ(load.messages.Recorded().back().kind, kMessageSffError);
+    EXPECT_LE(load.BytesAskedFor(), 4 * bytes.size());
+}
+
+TEST(DamagedArchive, WhoseChainGoesRoundKeepsEachOnce) {
+    auto bytes = ThreeOf(1000);
+    const auto offsets = SubfileOffsets(bytes, 3);
+    for (const std::size_t back : offsets) {
+        PatchU32(bytes, offsets[2], static_cast<std::uint32_t>(back));
+        ArchiveLoad load;
+        load.Run(bytes);
+        EXPECT_EQ(load.model.SpriteCount, 3);
+        EXPECT_THAT(load.Texts(),
+                    ElementsAre(HasSubstr("it was read before, the chain goes round.  The rest is "
+                                          "skipped..")));
+    }
+}
+
+TEST(DamagedArchive, WhoseChainLeavesTheFileKeepsWhatWasBefore) {
+    for (const std::uint32_t away : {0x7FFFFFFFU, 0x80000000U, 0xFFFFFFFFU}) {
+        auto bytes = ThreeOf(3);
+        PatchU32(bytes, SubfileOffsets(bytes, 2)[1], away);
+        ArchiveLoad load;
+        load.Run(bytes);
+        EXPECT_EQ(load.model.SpriteCount, 2);
+        EXPECT_THAT(load.Texts(), ElementsAre("SFF Error:  stages/test.sff\r\nSubfile 3 of 3 at " +
+                                              std::to_string(away) +
+                                              ": the file ends there.  The rest is skipped.."));
+    }
+}
+
+TEST(DamagedArchive, WhoseFirstSubfileIsNowhereIsEmptyAndSaysSo) {
+    auto bytes = ThreeOf(3);
+    PatchU32(bytes, 24, 0xFFFFFFF0);
+    ArchiveLoad load;
+    load.Run(bytes);
+    EXPECT_EQ(load.model.SpriteCount, 0);
+    EXPECT_THAT(load.Kinds(), ElementsAre(kMessageSffError));
+}
+
+// From the middle of a picture everything is nonsense; the load ends all the same.
+TEST(DamagedArchive, WhoseChainGoesIntoAPictureEnds) {
+    const auto good = ThreeOf(0xFFFFFFFF);
+    const auto offsets = SubfileOffsets(good, 3);
+    for (std::size_t into = offsets[0] + 1; into < offsets[1]; into += 3) {
+        auto bytes = good;
+        PatchU32(bytes, offsets[1], static_cast<std::uint32_t>(into));
+        ArchiveLoad load;
+        load.Run(bytes);
+        ASSERT_GE(load.model.SpriteCount, 2);
+        ASSERT_FALSE(load.messages.Recorded().empty());
+        ASSERT_EQ(load.messages.Recorded().back().kind, kMessageSffError);
+        ASSERT_LE(load.BytesAskedFor(), 20 * bytes.size());
+    }
+}
+
+TEST(DamagedArchive, OfTooManySubfilesKeepsWhatTheTableHolds) {
+    for (const std::size_t count : {32767U, 32768U, 32800U}) {
+        std::vector<Sff1Subfile> subfiles(count, Linked(0, 0, 0));
+        subfiles[0] = Small(0, 0);
+        ArchiveLoad load;
+        load.Run(WriteSff1(subfiles));
+        EXPECT_EQ(load.model.SpriteCount, 32767);
+        EXPECT_EQ(load.model.Sprites.size(), 32767U);
+        EXPECT_EQ(load.Sprite(32766).selfIndex, 32766);
+        if (count == 32767) {
+            EXPECT_THAT(load.Texts(), IsEmpty());
+        } else {
+            EXPECT_THAT(load.Kinds(), ElementsAre(kMessageSffError));
+            EXPECT_THAT(load.Texts()[0], StartsWith("SFF Error:  stages/test.sff\r\nOverflow"));
+        }
+    }
+}
+
+TEST(DamagedArchive, OfPicturesAsLargeAsTheirHeadersCanSay) {
+    // Four corners of what a PCX header can hold, with a length to match or not.
+    struct Row {
+        unsigned xMin, yMin, xMax, yMax, bytesPerLine, planes;
+    };
+    const Row rows[] = {{0, 0, 65534, 65534, 65535, 1},
+                        {0, 0, 65535, 65535, 65535, 3},
+                        {1, 1, 32767, 32767, 32767, 1},
+                        {1, 1, 32767, 32767, 65535, 4},
+                        {9, 9, 8, 8, 1, 1},
+                        {65535, 65535, 0, 0, 65535, 1}};
+    for (const Row& row : rows) {
+        for (const std::uint32_t length : {0x7FFFFFFFU, 900U, 0x80000000U}) {
+            auto bytes = WriteSff1({Small(0, 0), Small(0, 1), Small(0, 2)});
+            const std::size_t subfile = SubfileOffsets(bytes, 2)[1];
+            const std::size_t pcx = subfile + 32;
+            PatchU32(bytes, subfile + 4, length);
+            PatchU16(bytes, pcx + 4, row.xMin);
+            PatchU16(bytes, pcx + 6, row.yMin);
+            PatchU16(bytes, pcx + 8, row.xMax);
+            PatchU16(bytes, pcx + 10, row.yMax);
+            PatchU16(bytes, pcx + 66, row.bytesPerLine);
+            bytes[pcx + 65] = static_cast<std::byte>(row.planes);
+            ArchiveLoad load;
+            load.Run(bytes);
+            ASSERT_EQ(load.model.SpriteCount, 2);
+            EXPECT_EQ(load.Sprite(1).image, 2);
+            EXPECT_THAT(load.Kinds(), testing::Contains(std::string(kMessagePcxError)));
+            EXPECT_EQ(load.device.Created().size(), 2U);  // none for what cannot be
+            EXPECT_LE(load.BytesAskedFor(), 4 * bytes.size());
+        }
+    }
+}
+
+// Every picture says that its data go to the end of the file; each still gets no more than it can
+// need, which is twice its pixels, a palette and its mark.
+TEST(DamagedArchive, WhoseLengthsAllReachTheEndIsReadInProportion) {
+    PcxOptions options;
+    options.trailingPalette = TrailingPalette::None;
+    std::vector<Sff1Subfile> subfiles = {Small(0, 0)};
+    const auto picture = StripedPicture(50, 40, PaletteOf(9));
+    for (std::int16_t image = 1; image < 200; ++image) {
+        Sff1Subfile lying = Shown(0, image, WritePcx(picture, options));
+        lying.samePalette = true;
+        lying.lengthSurplus = 0x70000000;
+        subfiles.push_back(lying);
+    }
+    const auto bytes = WriteSff1(subfiles);
+    ArchiveLoad load;
+    load.Run(bytes);
+    EXPECT_EQ(load.model.SpriteCount, 200);
+    EXPECT_THAT(load.Texts(), IsEmpty());
+    EXPECT_LE(load.BytesAskedFor(), 200U * (32 + 128 + 2 * 2000 + 769) + 28);
+}
+
+// Subfiles 160 bytes apart, each with a picture of all that follows. The first few bytes are told
+// by `encoding`: raw pictures come out, packed ones end early.
+std::vector<std::byte> OverEachOther(std::size_t count, bool runLength) {
+    std::vector<std::byte> bytes = WriteSff1({});
+    PatchU32(bytes, 20, static_cast<std::uint32_t>(count));
+    const std::size_t size = 512 + count * 160 + 4000;
+    bytes.resize(size, std::byte{0x11});
+    for (std::size_t i = 0; i < count; ++i) {
+        const std::size_t at = 512 + i * 160;
+        const std::size_t pcx = at + 32;
+        const std::size_t behind = size - (pcx + 128);
+        PatchU32(bytes, at, static_cast<std::uint32_t>(at + 160));
+        PatchU32(bytes, at + 4, static_cast<std::uint32_t>(128 + behind));
+        PatchU16(bytes, at + 14, static_cast<unsigned>(i));
+        std::fill_n(bytes.begin() + static_cast<std::ptrdiff_t>(at + 16), 16 + 128, std::byte{0});
+        bytes[pcx] = std::byte{10};
+        bytes[pcx + 2] = static_cast<std::byte>(runLength ? 1 : 0);
+        bytes[pcx + 3] = std::byte{8};
+        PatchU16(bytes, pcx + 8, 99);
+        const std::size_t height = runLength ? behind / 100 * 2 : behind / 100;
+        PatchU16(bytes, pcx + 10, static_cast<unsigned>(height - 1));
+        bytes[pcx + 65] = std::byte{1};
+        PatchU16(bytes, pcx + 66, 100);
+    }
+    return bytes;
+}
+
+TEST(DamagedArchive, WhosePicturesLieOverEachOtherEndsWithAMessage) {
+    const auto bytes = OverEachOther(2000, false);
+    ArchiveLoad load;
+    load.Run(bytes);
+    EXPECT_THAT(load.Texts(), ElementsAre(HasSubstr("the subfiles lie over each other.")));
+    EXPECT_GE(load.model.SpriteCount, 1);
+    EXPECT_LE(load.BytesAskedFor(), 10 * bytes.size());
+    std::size_t pixels = 0;
+    for (const TextureParameters& made : load.device.Created()) {
+        pixels += static_cast<std::size_t>(made.width) * static_cast<std::size_t>(made.height);
+    }
+    EXPECT_LE(pixels, 4 * bytes.size());
+}
+
+TEST(DamagedArchive, WhoseBrokenPicturesLieOverEachOtherEndsWithAMessage) {
+    const auto bytes = OverEachOther(2000, true);
+    ArchiveLoad load;
+    load.Run(bytes);
+    EXPECT_EQ(load.model.SpriteCount, 0);
+    EXPECT_THAT(load.Texts().back(), HasSubstr("the subfiles lie over each other."));
+    EXPECT_LE(load.BytesAskedFor(), 20 * bytes.size());
+    EXPECT_LE(load.messages.Recorded().size(), 100U);
+}
+
+// A file that fails from one position on.
+class BadDisk : public InputFile {
+public:
+    BadDisk(const std::vector<std::byte>& bytes, std::uint64_t badFrom,
+            std::function<void()> failure)
+        : file_(bytes), badFrom_(badFrom), failure_(std::move(failure)) {}
+
+    [[nodiscard]] std::uint64_t Size() const override { return file_.Size(); }
+    std::size_t ReadAt(std::uint64_t position, std::span<std::byte> into) override {
+        if (position >= badFrom_) {
+            failure_();
+        }
+        return file_.ReadAt(position, into);
+    }
+
+private:
+    test::MemoryFile file_;
+    std::uint64_t badFrom_;
+    std::function<void()> failure_;
+};
+
+TEST(DamagedArchive, ReadsThatFailEndItWithAMessage) {
+    const auto deviceError = [] { throw RunTimeError(RunTimeErrorKind::DeviceIo); };
+    const auto heapIsFull = [] { throw std::bad_alloc(); };
+    struct Row {
+        std::function<void()> failure;
+        const char* said;
+    };
+    const auto bytes = ThreeOf(3);
+    for (const Row& row : {Row{deviceError, "Device I/O error"}, {heapIsFull, "Out of memory"}}) {
+        for (const std::size_t badFrom :
+             {std::size_t{0}, std::size_t{512}, SubfileOffsets(bytes, 2)[1] + 32}) {
+            BadDisk disk(bytes, badFrom, row.failure);
+            ArchiveLoad load;
+            LoadSprites(load.model, disk, test::kArchiveName, load.device, load.window,
+                        load.messages);
+            EXPECT_EQ(load.model.SpriteCount, badFrom > 512 ? 1 : 0);
+            ASSERT_FALSE(load.messages.Recorded().empty());
+            EXPECT_EQ(load.Texts().back(),
+                      std::string("SFF Error:  stages/test.sff\r\n") + row.said);
+        }
+    }
+}
+
+}  // namespace
+}  // namespace scenara
