@@ -8,3 +8,11 @@ if(SCENARA_SANITIZE)
                         -fno-omit-frame-pointer -O1)
     add_link_options(-fsanitize=address,undefined)
 endif()
+
+# Targets that include RapidJSON, whose headers do what the sanitizer rightly objects to.
+function(scenara_ignore_library_findings target)
+    if(SCENARA_SANITIZE)
+        target_compile_options(${target} PRIVATE
+            -fsanitize-ignorelist=${PROJECT_SOURCE_DIR}/cmake/sanitizer-ignore.txt)
+    endif()
+endfunction()

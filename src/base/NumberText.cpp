@@ -62,11 +62,11 @@ std::int64_t PowerOf(std::string_view digits) {
     digits.remove_prefix(digits.starts_with('+') ? 1 : 0);
     std::int64_t power = 0;
     const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), power);
+    constexpr std::int64_t kFar = std::int64_t{1} << 62U;
     if (result.ec == std::errc::result_out_of_range) {
-        constexpr std::int64_t kFar = std::int64_t{1} << 62U;
         return digits.starts_with('-') ? -kFar : kFar;
     }
-    return power;
+    return std::clamp(power, -kFar, kFar);  // leaves room to add a position in a text
 }
 
 // from_chars leaves the value alone when it is out of range; tell the two ends apart by where the

@@ -3,7 +3,6 @@
 // Every number that is written reads back as itself, in the shortest form, whatever the locale.
 #include <array>
 #include <bit>
-#include <clocale>
 #include <cmath>
 #include <cstdint>
 #include <cstdio>
@@ -130,41 +129,6 @@ TEST(NumberTextRoundTrip, NoShorterFormReadsBack) {
             EXPECT_NE(WithDigits(narrow, digits - 1), narrow) << narrowText;
         }
     }
-}
-
-// Numbers of the C library with a decimal comma, while it lives.
-class CommaLocale {
-public:
-    CommaLocale() {
-        for (const char* name : {"de_DE.UTF-8", "de_DE.utf8", "de_DE", "fr_FR.UTF-8", "fr_FR.utf8",
-                                 "es_ES.UTF-8", "nl_NL.UTF-8", "German_Germany", "de-DE"}) {
-            if (std::setlocale(LC_ALL, name) != nullptr &&
-                *std::localeconv()->decimal_point == ',') {
-                found_ = true;
-                return;
-            }
-        }
-        std::setlocale(LC_ALL, "C");
-    }
-    CommaLocale(const CommaLocale&) = delete;
-    CommaLocale& operator=(const CommaLocale&) = delete;
-    ~CommaLocale() { std::setlocale(LC_ALL, "C"); }
-
-    [[nodiscard]] bool Found() const { return found_; }
-
-private:
-    bool found_ = false;
-};
-
-TEST(NumberTextLocale, ADecimalCommaOfTheCLibraryChangesNothing) {
-    const CommaLocale locale;
-    if (!locale.Found()) {
-        GTEST_SKIP() << "no locale with a decimal comma is installed (de_DE.UTF-8 would do)";
-    }
-    EXPECT_EQ(NumberText(1234.5), "1234.5");
-    EXPECT_EQ(LeadingNumber("1234.5"), 1234.5);
-    EXPECT_EQ(LeadingNumber("1234,5"), 1234);
-    ExpectRoundTrips();
 }
 
 class CommaAndGroups : public std::numpunct<char> {

@@ -75,7 +75,8 @@ TEST(LeadingNumber, GoesToInfinityBeyondTheRangeOfADouble) {
     for (const std::string& text :
          {std::string("1e309"), std::string("1.8e308"), huge, huge + ".5", huge + "e-5",
           tiny + "1e999", std::string("1e2147483648"), std::string("1e99999999999999999999"),
-          std::string("1e+99999999999999999999"), "00" + huge, std::string("12.5E+400 px")}) {
+          std::string("1e+99999999999999999999"), "00" + huge, std::string("1e9223372036854775807"),
+          std::string("0080e0009223372036854775807"), std::string("12.5E+400 px")}) {
         EXPECT_EQ(LeadingNumber(text), kInfinity) << text;
         EXPECT_EQ(LeadingNumber("-" + text), -kInfinity) << text;
     }
@@ -86,7 +87,8 @@ TEST(LeadingNumber, GoesToZeroBelowTheSmallestDouble) {
     const std::string tiny = "." + std::string(400, '0');
     for (const std::string& text :
          {std::string("1e-400"), tiny + "1", "0" + tiny, tiny + "1e5", tiny + "1e+5",
-          huge + "e-999", std::string("1e-99999999999999999999")}) {
+          huge + "e-999", std::string("1e-99999999999999999999"),
+          std::string("1e-9223372036854775808")}) {
         EXPECT_EQ(LeadingNumber(text), 0.0) << text;
         EXPECT_EQ(LeadingNumber("-" + text), 0.0) << text;
     }

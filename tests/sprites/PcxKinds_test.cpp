@@ -322,6 +322,29 @@ TEST(PcxMemory, PaddingIsNotGivenAPictureOfMemory) {
     EXPECT_LE(decoding.device.Created().front().wantedPitch, 1 + 64);
 }
 
+// Kinds and sizes that the data could yield at their best, and do not.
+TEST(PcxMemory, DataThatClaimMuchAndHoldLittleGetNone) {
+    for (const unsigned bits : {8U, 1U}) {
+        std::vector<std::byte> pcx = HandMade(1, static_cast<std::uint8_t>(bits), 1, 1, 1, 1, {});
+        test::PatchU16(pcx, 8, 2999);
+        test::PatchU16(pcx, 10, 2999);
+        test::PatchU16(pcx, 66, bits == 8 ? 3000 : 375);
+        pcx.resize(pcx.size() + (bits == 8 ? 300'000 : 40'000), std::byte{7});
+        PcxDecoding decoding;
+        ASSERT_FALSE(decoding.Load(pcx));
+        EXPECT_THAT(decoding.Texts(), testing::ElementsAre(testing::HasSubstr("pixels end after")));
+        EXPECT_TRUE(decoding.device.Created().empty());
+    }
+}
+
+TEST(PcxMemory, ButDataThatHoldAsMuchAreShown) {
+    samplemaker::IndexedPicture flat{2000, 1000, {}, PaletteOf(6)};
+    flat.pixels.assign(2'000'000, 5);
+    PcxDecoding decoding;
+    ASSERT_TRUE(decoding.Load(flat));
+    EXPECT_EQ(decoding.Pixels(), KeyedByIndex(flat));
+}
+
 TEST(PcxMemory, ThePictureOfADeviceWithArenaIsTheSame) {
     const auto device = std::make_unique<SoftDevice>();
     HeadlessMessages messages;

@@ -62,6 +62,16 @@ TEST_P(PcxLinesUnpack, ByteForByteInLinesOfOne) {
     EXPECT_EQ(lines.Consumed(), GetParam().consumed);
 }
 
+TEST_P(PcxLinesUnpack, IsCountedWithoutUnpacking) {
+    const auto& row = GetParam();
+    EXPECT_EQ(UnpackedLength(row.packed, true, row.unpacked.size()), row.unpacked.size());
+    // The part that was used up yields all of it, and one byte less of it does not.
+    const auto used = std::span(row.packed).first(row.consumed);
+    EXPECT_EQ(UnpackedLength(used, true, row.unpacked.size()), row.unpacked.size());
+    EXPECT_LT(UnpackedLength(used.first(row.consumed - 1), true, row.unpacked.size()),
+              row.unpacked.size());
+}
+
 INSTANTIATE_TEST_SUITE_P(
     , PcxLinesUnpack,
     testing::Values(
@@ -130,6 +140,11 @@ TEST_P(PcxLinesShort, IsAnError) {
                   std::to_string(GetParam().data.size()) + " bytes");
 }
 
+TEST_P(PcxLinesShort, IsCountedAsShort) {
+    EXPECT_LT(UnpackedLength(GetParam().data, GetParam().runLength, GetParam().line),
+              GetParam().line);
+}
+
 INSTANTIATE_TEST_SUITE_P(
     , PcxLinesShort,
     testing::Values(ShortRow{"NoDataAtAll", {}, true, 1}, ShortRow{"NoRawDataAtAll", {}, false, 1},
@@ -140,6 +155,26 @@ INSTANTIATE_TEST_SUITE_P(
                     ShortRow{"ARunOfNothingAtTheEnd", Bytes({1, 0xC0, 3}), true, 2},
                     ShortRow{"ARunOfNothingWithoutItsByte", Bytes({1, 0xC0}), true, 2}),
     [](const testing::TestParamInfo<ShortRow>& row) { return row.param.name; });
+
+TEST(PcxLines, CountsWhatThereIsUpToWhatIsWanted) {
+    const auto packed = Bytes({1, 0xC0 + 5, 4, 0xC0, 9, 0xFF, 2, 0xC9});
+    EXPECT_EQ(UnpackedLength(packed, true, 1000), 1U + 5 + 0 + 63);
+    EXPECT_EQ(UnpackedLength(packed, true, 60), 60U);
+    EXPECT_EQ(UnpackedLength(packed, false, 1000), 8U);
+    EXPECT_EQ(UnpackedLength(packed, false, 3), 3U);
+    EXPECT_EQ(UnpackedLength({}, true, 1000), 0U);
+}
+
+TEST(PcxLines, GivesAsMuchOfALineAsThereIs) {
+    const auto packed = Bytes({1, 0xC0 + 3, 4, 0xC0 + 7});
+    PcxLines lines(packed, true);
+    Line line(6, 0xEE);
+    EXPECT_EQ(lines.NextIfThere(std::span(line).first(2)), 2U);
+    EXPECT_EQ(line, (Line{1, 4, 0xEE, 0xEE, 0xEE, 0xEE}));
+    EXPECT_EQ(lines.NextIfThere(std::span(line).subspan(2)), 2U);
+    EXPECT_EQ(line, (Line{1, 4, 4, 4, 0xEE, 0xEE}));
+    EXPECT_EQ(lines.NextIfThere(line), 0U);
+}
 
 TEST(PcxLines, TheEndIsFoundInALaterLineToo) {
     const auto packed = Bytes({0xC0 + 5, 4});

@@ -180,6 +180,18 @@ TEST(SubfileChain, BreaksBehindTheFile) {
     EXPECT_EQ(archive.chain.Broken(), "Subfile 2 of 2 at 4294967295: the file ends there.");
 }
 
+// 0 is what the last subfile of most archives says; no subfile lies in the file's header.
+TEST(SubfileChain, EndsInTheFileHeader) {
+    for (const std::uint32_t next : {0U, 1U, 27U}) {
+        auto bytes = WriteSff1({Linked(0, 0, 0), Linked(0, 1, 0)});
+        PatchU32(bytes, 512, next);
+        ChainOf archive(bytes);
+        EXPECT_EQ(archive.Walk().size(), 1U);
+        EXPECT_EQ(archive.chain.Broken(),
+                  "Subfile 2 of 2 at " + std::to_string(next) + ": the chain ends there.");
+    }
+}
+
 TEST(SubfileChain, BreaksWhereItGoesRound) {
     const std::vector<Sff1Subfile> three = {Linked(0, 0, 0), Linked(0, 1, 0), Linked(0, 2, 0)};
     Sff1Options options;
