@@ -12,7 +12,7 @@ namespace scenara::bench {
 using Medians = std::map<std::string, double>;
 
 // Prints a line per goal and set of pictures: the ratio reached, what it must be, what it aims for.
-// Goals whose rows did not run are left out.
+// A goal whose rows did not run, or failed, says so.
 void PrintGoals(const Medians& medians);
 
 }  // namespace scenara::bench

@@ -169,8 +169,8 @@ LOAD_ROW(LoadNext, "Next");
 }  // namespace
 
 std::size_t LoadOnce(const std::vector<std::string>& archives) {
-    static SoftDevice device;  // ends with the process: the textures stay until the peak is read
-    static StageModel model;
+    SoftDevice device;
+    StageModel model;
     for (const std::string& path : archives) {
         LoadInto(model, device, path);
     }

@@ -5,6 +5,7 @@
 #include <fstream>
 #include <string>
 
+#include <malloc.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -30,6 +31,8 @@ struct Measured {
 };
 
 Measured Measure(const std::function<std::size_t()>& work) {
+    work();
+    ::malloc_trim(0);
     std::ofstream("/proc/self/clear_refs") << "5";  // starts the peak anew
     const std::size_t before = StatusValue("VmRSS:");
     const std::size_t kept = work();

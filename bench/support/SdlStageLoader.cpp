@@ -63,7 +63,7 @@ void SdlStageLoader::Load(const std::string& path) {
                 // Where the length counts a palette that was left out, the bytes of the next
                 // subfile must not be found first; many archives leave out all but the palette's
                 // mark.
-                const std::size_t behindMark = length - kPaletteSize;
+                const std::size_t behindMark = length - std::min<std::size_t>(length, kPaletteSize);
                 if (start + length > next && behindMark < picture.size()) {
                     picture.resize(behindMark);
                 }
@@ -72,6 +72,9 @@ void SdlStageLoader::Load(const std::string& path) {
                 }
                 picture.insert(picture.end(), palette.begin(), palette.end());
             } else {
+                if (data.size() < kPaletteSize) {
+                    throw std::runtime_error(path + ": a palette is missing");
+                }
                 const auto own = data.last(kPaletteSize);
                 palette.assign(own.begin(), own.end());
             }

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
 #include <array>
-#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -57,7 +56,7 @@ bool CommitsByCall() {
 TEST(PageMemory, IsAlignedToLargePages) {
     for (const std::size_t pages : {std::size_t{1}, std::size_t{2}, std::size_t{33}}) {
         const Reserved memory(pages * kLargePage);
-        EXPECT_EQ(std::bit_cast<std::uintptr_t>(memory.Start()) % kLargePage, 0U);
+        EXPECT_EQ(reinterpret_cast<std::uintptr_t>(memory.Start()) % kLargePage, 0U);
     }
 }
 

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
-#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <initializer_list>
@@ -49,7 +48,7 @@ TEST(TextureMemory, GivesAsManyWordsAsAskedForAlignedTo64Bytes) {
          std::initializer_list<std::size_t>{1, 2, 15, 16, 17, 31, 1000, 5, 320 * 240, 3}) {
         const Piece piece = memory.Allocate(words);
         EXPECT_EQ(piece.words.size(), words);
-        EXPECT_EQ(std::bit_cast<std::uintptr_t>(piece.words.data()) % 64, 0U);
+        EXPECT_EQ(reinterpret_cast<std::uintptr_t>(piece.words.data()) % 64, 0U);
         pieces.push_back(piece);
     }
     std::for_each(pieces.begin(), pieces.end(), [&](const Piece& p) { memory.Release(p); });

@@ -225,6 +225,26 @@ INSTANTIATE_TEST_SUITE_P(
                     LengthRow{"LeavesOutTheSharedPalette", TrailingPalette::Whole, true, -768}),
     [](const testing::TestParamInfo<LengthRow>& row) { return row.param.name; });
 
+// No pixel lies in the padding of the last line, so a file may end in front of it.
+TEST(LastLine, MayEndWithoutItsPadding) {
+    const auto picture = StripedPicture(5, 4, PaletteOf(70));
+    PcxOptions options = Without(TrailingPalette::None);
+    options.runLengths = false;
+    options.bytesPerLine = 12;
+    auto bytes = WriteSff1({Shown(0, 0, WritePcx(picture)), Sharing(WritePcx(picture, options))});
+    bytes.resize(bytes.size() - 7);
+    Pictures archive(bytes);
+    ASSERT_TRUE(archive.LoadNext());
+    ASSERT_TRUE(archive.LoadNext());
+    EXPECT_EQ(archive.Pixels(), KeyedByIndex(picture));
+    EXPECT_TRUE(archive.Texts().empty());
+
+    bytes.pop_back();
+    Pictures shorter(bytes);
+    ASSERT_TRUE(shorter.LoadNext());
+    ASSERT_FALSE(shorter.LoadNext());
+}
+
 // `length` - 127 bytes behind the PCX header belong to the picture: one more than the length says.
 TEST(LengthThatIsShort, GivesOneByteMoreThanItSays) {
     const auto picture = StripedPicture(6, 1, PaletteOf(70));
@@ -351,12 +371,14 @@ TEST(MissingPalette, BeforeTheFileIsNotThereEither) {
     PatchU32(bytes, 20, 1);
     PatchU32(bytes, 24, 28);
     auto subfile = WriteSff1({Shown(
-        0, 0, WritePcx(StripedPicture(1, 1, PaletteOf(1)), Without(TrailingPalette::None)))});
+        0, 0, WritePcx(StripedPicture(6, 1, PaletteOf(1)), Without(TrailingPalette::None)))});
     bytes.insert(bytes.end(), subfile.begin() + 512, subfile.end());
     bytes.resize(2000);
     Pictures archive(bytes);
     ASSERT_TRUE(archive.LoadNext());
     EXPECT_THAT(archive.Texts(), ElementsAre(HasSubstr(kRestIsBlack)));
+    EXPECT_THAT(archive.Pixels(),
+                ElementsAre(0U, 0U, 0xFF000000U, 0xFF000000U, 0xFF000000U, 0xFF000000U));
 }
 
 TEST(MissingPalette, OfALaterPictureIsTheOneBeforeWithAMessage) {

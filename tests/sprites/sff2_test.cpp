@@ -187,11 +187,12 @@ TEST(Sff2, AnEndRequestEndsTheLoadAfterTheImage) {
 
 TEST(Sff2, PicturesOfStillElementsWithMask1AreMasked) {
     ArchiveLoad load;
-    load.model.Elements = {Element("normal", 1, 0, 0),   Element("parallax", 1, 0, 1),
-                           Element("anim", 1, 0, 2),     Element("dummy", 1, 0, 3),
-                           Element("normal", 0, 0, 4),   Element("parallax", -1, 0, 5),
-                           Element("normal", 1, -1, -1), Element("normal", 1, 65535, 6),
-                           Element("", 1, 0, 7),         Element("normal", 0, 0, 0)};
+    load.model.Elements = {
+        Element("normal", 1, 70, 0),   Element("normal", 1, 60, 0),  Element("normal", 1, 50, 0),
+        Element("normal", 1, 40, 0),   Element("normal", 1, 0, 0),   Element("parallax", 1, 0, 1),
+        Element("anim", 1, 0, 2),      Element("dummy", 1, 0, 3),    Element("normal", 0, 0, 4),
+        Element("parallax", -1, 0, 5), Element("normal", 1, -1, -1), Element("normal", 1, 65535, 6),
+        Element("", 1, 0, 7),          Element("normal", 0, 0, 0)};
     std::vector<Sff1Subfile> subfiles;
     for (std::int16_t image = 0; image < 8; ++image) {
         subfiles.push_back(Small(0, image));

@@ -9,6 +9,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "Around.h"
 #include "ModelText.h"
 #include "PlainMachine.h"
 #include "base/Path.h"
@@ -328,26 +329,27 @@ TEST(LoadStage, WindowClosedAtAMessageEndsTheLoad) {
 TEST(LoadStage, EveryByteMayStandInADefinition) {
     for (int byte = 0; byte < 256; ++byte) {
         PlainMachine machine;
-        const std::string c(1, static_cast<char>(byte));
-        ASSERT_TRUE(machine.Load("[BG " + c + "]\r\n" + c + "\r\ntrans = <" + c + ">\r\n" + c +
-                                 "id = 5\r\n[Begin Action 1]\r\n0,0," + c + "\r\n"))
-            << "byte " << byte;
+        std::string definition = Around("[BG ", byte, "]\r\n");
+        definition += Around("", byte, "\r\n");
+        definition += Around("trans = <", byte, ">\r\n");
+        definition += Around("", byte, "id = 5\r\n[Begin Action 1]\r\n");
+        definition += Around("0,0,", byte, "\r\n");
+        ASSERT_TRUE(machine.Load(definition)) << "byte " << byte;
         CheckModel(machine.model);
     }
 }
 
 TEST(LoadStage, EveryByteGoesIntoATextAsItIs) {
     for (int byte = 0; byte < 256; ++byte) {
-        const std::string c(1, static_cast<char>(byte));
         PlainMachine machine;
-        ASSERT_TRUE(machine.Load("[BG]\r\ntrans = <" + c + ">\r\n"));
-        std::string expected = "<" + c + ">";
+        ASSERT_TRUE(machine.Load(Around("[BG]\r\ntrans = <", byte, ">\r\n")));
+        std::string expected = Around("<", byte, ">");
         if (byte == ';' || byte == '\r' || byte == '\n' || byte == 0x81) {
             expected = "<";
         } else if (byte == '\t') {
             expected = "<>";
         } else if (byte >= 'A' && byte <= 'Z') {
-            expected = {'<', static_cast<char>(byte + 32), '>'};
+            expected = Around("<", byte + 32, ">");
         }
         EXPECT_EQ(machine.model.Elements.at(0).trans, expected) << "byte " << byte;
     }

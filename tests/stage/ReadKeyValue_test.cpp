@@ -8,6 +8,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "Around.h"
 #include "KeyReading.h"
 #include "base/RunTimeError.h"
 
@@ -16,13 +17,6 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-// One byte and what stands around it.
-std::string Around(std::string_view before, int byte, std::string_view behind) {
-    std::string text(before);
-    text.push_back(static_cast<char>(byte));
-    return text.append(behind);
-}
 
 // Whether the key stands on the line
 
