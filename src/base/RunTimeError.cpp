@@ -15,6 +15,8 @@ std::string_view TextOf(RunTimeErrorKind kind) {
         case RunTimeErrorKind::InputPastEnd: return "Input past end of file";
         case RunTimeErrorKind::BadFormat: return "Bad format";
         case RunTimeErrorKind::OutOfMemory: return "Out of memory";
+        case RunTimeErrorKind::ObjectNotSet: return "Object variable not set";
+        case RunTimeErrorKind::Direct3D: return "Direct3D error";
     }
     return "Unknown error";
 }

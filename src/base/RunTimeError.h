@@ -25,6 +25,8 @@ enum class RunTimeErrorKind {
     InputPastEnd,         // fewer bytes there than wanted
     BadFormat,            // bytes that are not what they claim to be
     OutOfMemory,          // more than the machine has
+    ObjectNotSet,         // something that is used is not there, such as a device
+    Direct3D,             // a call of the graphics device failed
 };
 
 // The name of an error as people read it, such as "Subscript out of range".

@@ -43,19 +43,13 @@ std::size_t Utf8Length(std::string_view bytes, std::size_t at) {
     return 0;
 }
 
-bool IsUtf8(std::string_view bytes) {
-    for (std::size_t at = 0; at < bytes.size();) {
-        const std::size_t length = Utf8Length(bytes, at);
-        if (length == 0) {
-            return false;
-        }
-        at += length;
-    }
-    return true;
+// What a byte of the ANSI code page stands for.
+char32_t AnsiCodePoint(unsigned char byte) {
+    return byte >= 0x80U && byte < 0xA0U ? kWindows1252.at(byte - 0x80U) : byte;
 }
 
-void AppendUtf8(std::string& text, unsigned point) {
-    const auto put = [&](unsigned byte) { text.push_back(static_cast<char>(byte)); };
+void AppendUtf8(std::string& text, char32_t point) {
+    const auto put = [&](char32_t byte) { text.push_back(static_cast<char>(byte)); };
     if (point < 0x80U) {
         put(point);
     } else if (point < 0x800U) {
@@ -93,15 +87,39 @@ bool EqualsIgnoringCase(std::string_view a, std::string_view b) {
                       [](char x, char y) { return LowerCase(x) == LowerCase(y); });
 }
 
+TextEncoding EncodingOf(std::string_view bytes) {
+    for (std::size_t at = 0; at < bytes.size();) {
+        const std::size_t length = Utf8Length(bytes, at);
+        if (length == 0) {
+            return TextEncoding::Ansi;
+        }
+        at += length;
+    }
+    return TextEncoding::Utf8;
+}
+
+CodePoint CodePointAt(std::string_view bytes, std::size_t at, TextEncoding encoding) {
+    const auto lead = static_cast<unsigned char>(bytes[at]);
+    const std::size_t length = encoding == TextEncoding::Utf8 ? Utf8Length(bytes, at) : 0;
+    if (length == 0) {
+        return {AnsiCodePoint(lead), 1};
+    }
+    // The lead byte of n bytes has n + 1 marking bits, that of one byte a single one.
+    char32_t value = length == 1 ? lead : lead & (0x7FU >> length);
+    for (std::size_t i = 1; i < length; ++i) {
+        value = (value << 6U) | (static_cast<unsigned char>(bytes[at + i]) & 0x3FU);
+    }
+    return {value, length};
+}
+
 std::string ToUtf8(std::string_view bytes) {
-    if (IsUtf8(bytes)) {
+    if (EncodingOf(bytes) == TextEncoding::Utf8) {
         return std::string(bytes);
     }
     std::string text;
     text.reserve(bytes.size() + bytes.size() / 2);
     for (const char c : bytes) {
-        const auto byte = static_cast<unsigned char>(c);
-        AppendUtf8(text, byte >= 0x80U && byte < 0xA0U ? kWindows1252.at(byte - 0x80U) : byte);
+        AppendUtf8(text, AnsiCodePoint(static_cast<unsigned char>(c)));
     }
     return text;
 }

@@ -7,6 +7,7 @@
 // name in a file keeps its meaning.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -30,9 +31,22 @@ namespace scenara {
 // Equal but for the case of ASCII letters.
 [[nodiscard]] bool EqualsIgnoringCase(std::string_view a, std::string_view b);
 
-// Bytes of the ANSI code page (Windows-1252) as UTF-8, for showing. Text that already is valid
-// UTF-8 is taken as such; a byte that Windows-1252 leaves open stands for the code point of the
-// same number. Never fails.
+// What the bytes of a shown text are: UTF-8 when all of them are, the ANSI code page (Windows-1252)
+// otherwise.
+enum class TextEncoding { Utf8, Ansi };
+[[nodiscard]] TextEncoding EncodingOf(std::string_view bytes);
+
+struct CodePoint {
+    char32_t value = 0;
+    std::size_t length = 0;  // bytes
+};
+
+// The code point at byte `at` of a text in that encoding; `at` is below the text's size. A byte
+// that Windows-1252 leaves open stands for the code point of the same number, and so does one that
+// begins no UTF-8.
+[[nodiscard]] CodePoint CodePointAt(std::string_view bytes, std::size_t at, TextEncoding encoding);
+
+// Bytes of either encoding as UTF-8, for showing. Never fails.
 [[nodiscard]] std::string ToUtf8(std::string_view bytes);
 
 // The line break of messages.

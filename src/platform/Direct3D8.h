@@ -1,18 +1,92 @@
 // SPDX-License-Identifier: MIT
 //
-// Direct3D 8 as the program sees it: an abstract device with exactly the operations that the
-// program needs, under their Direct3D names and numeric values.
+// Direct3D 8 as the program sees it: abstract objects with exactly the operations that the program
+// needs, under their Direct3D names and numeric values.
+//
+// Every device draws the same picture, pixel for pixel, text excepted:
+// - The back buffer has kViewWidth x kViewHeight pixels, 32 bits each, of which the top 8 are
+//   nobody's. It is opaque black at first and after Reset, is never cleared otherwise, and keeps
+//   its pixels over Present.
+// - A pixel's sample point is its centre, (x + 0.5, y + 0.5). A triangle covers the pixels whose
+//   centres lie inside of it; one exactly on an edge belongs to the triangle of which that is a top
+//   or a left edge. So quads of whole pixels map texels one to one, plain and mirrored.
+// - Triangles that run counter-clockwise on the screen are culled; in a strip every second one is
+//   taken the other way round.
+// - Textures are point-sampled and wrap around in both directions. Their colour, or white where
+//   none is set, is modulated with the interpolated diffuse colour.
+// - Blending and modulation round to the nearest value.
 //
 // Textures: 32-bit ARGB pixels, alpha in the top byte. A picture is written straight into the
 // locked texture; the colour key has been applied by then (a keyed pixel has alpha 0 and keeps its
 // colour), so a device only stores what it is given.
+//
+// Not for several threads.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <span>
+#include <string>
+#include <string_view>
 
 namespace scenara {
+
+inline constexpr std::int32_t kViewWidth = 320;
+inline constexpr std::int32_t kViewHeight = 240;
+
+// What a call answers: 0 or above is success, below is the error's number.
+using HRESULT = std::int32_t;
+inline constexpr HRESULT D3D_OK = 0;
+inline constexpr HRESULT D3DERR_DEVICELOST = static_cast<HRESULT>(0x88760868);      // wait for it
+inline constexpr HRESULT D3DERR_DEVICENOTRESET = static_cast<HRESULT>(0x88760869);  // Reset now
+inline constexpr HRESULT D3DERR_NOTAVAILABLE = static_cast<HRESULT>(0x8876086A);
+inline constexpr HRESULT D3DERR_INVALIDCALL = static_cast<HRESULT>(0x8876086C);
+
+[[nodiscard]] constexpr bool Failed(HRESULT result) {
+    return result < 0;
+}
+
+inline constexpr std::uint32_t D3DDEVTYPE_HAL = 1;
+inline constexpr std::uint32_t D3DCREATE_SOFTWARE_VERTEXPROCESSING = 0x20;
+inline constexpr std::uint32_t D3DSWAPEFFECT_COPY = 3;
+inline constexpr std::uint32_t D3DFMT_X8R8G8B8 = 22;
+inline constexpr std::uint32_t D3DPT_TRIANGLESTRIP = 5;
+
+// Render states, and what the factors and the operation of blending may be.
+inline constexpr std::uint32_t D3DRS_SRCBLEND = 19;
+inline constexpr std::uint32_t D3DRS_DESTBLEND = 20;
+inline constexpr std::uint32_t D3DRS_ALPHABLENDENABLE = 27;
+inline constexpr std::uint32_t D3DRS_LIGHTING = 137;  // without effect on transformed vertices
+inline constexpr std::uint32_t D3DRS_BLENDOP = 171;
+inline constexpr std::uint32_t D3DBLEND_ZERO = 1;
+inline constexpr std::uint32_t D3DBLEND_ONE = 2;
+inline constexpr std::uint32_t D3DBLEND_SRCALPHA = 5;
+inline constexpr std::uint32_t D3DBLEND_INVSRCALPHA = 6;
+inline constexpr std::uint32_t D3DBLENDOP_ADD = 1;          // source + destination
+inline constexpr std::uint32_t D3DBLENDOP_SUBTRACT = 2;     // source - destination
+inline constexpr std::uint32_t D3DBLENDOP_REVSUBTRACT = 3;  // destination - source
+
+// How a stage of texturing makes its alpha. The colour is always modulated.
+inline constexpr std::uint32_t D3DTSS_ALPHAOP = 4;
+inline constexpr std::uint32_t D3DTOP_SELECTARG1 = 2;  // the texture's; a new device's setting
+inline constexpr std::uint32_t D3DTOP_MODULATE = 4;    // the texture's times the vertices'
+
+// XYZRHW | DIFFUSE | SPECULAR | TEX1: what a Vertex holds.
+inline constexpr std::uint32_t kVertexFormat = 0x1C4;
+
+// A corner on the screen, transformed and lit.
+struct Vertex {
+    float x = 0;  // screen pixels
+    float y = 0;
+    float z = 0;                 // always 0
+    float rhw = 1;               // always 1
+    std::uint32_t color = 0;     // diffuse, ARGB
+    std::uint32_t specular = 0;  // always 0
+    float tu = 0;                // 0 = the texture's left edge, 1 = its right edge
+    float tv = 0;                // 0 = its top, 1 = its bottom
+};
+static_assert(sizeof(Vertex) == 32);
 
 inline constexpr std::uint32_t D3DX_DEFAULT = 0xFFFFFFFF;
 inline constexpr std::uint32_t D3DFMT_UNKNOWN = 0;
@@ -57,6 +131,38 @@ public:
 
     virtual LockedPixels LockRect() = 0;
     virtual void UnlockRect() = 0;
+
+    // It is about to be drawn with its transparent pixels left out: a device that can make that
+    // cheap by preparing something does so now, out of the frame. Without this call it is drawn all
+    // the same. Anew after each LockRect.
+    virtual void PreLoad() = 0;
+};
+
+struct D3DDISPLAYMODE {
+    std::uint32_t Width = 0;
+    std::uint32_t Height = 0;
+    std::uint32_t RefreshRate = 0;
+    std::uint32_t Format = D3DFMT_UNKNOWN;
+};
+
+// The handle of the control that shows the picture; what it stands for is the machine's own affair.
+using WindowHandle = std::uintptr_t;
+
+// How a device presents. Where the size is 0 it is the window's, that is the view's.
+struct D3DPRESENT_PARAMETERS {
+    std::uint32_t BackBufferWidth = 0;
+    std::uint32_t BackBufferHeight = 0;
+    std::uint32_t BackBufferFormat = D3DFMT_UNKNOWN;
+    std::uint32_t BackBufferCount = 0;
+    std::uint32_t MultiSampleType = 0;
+    std::uint32_t SwapEffect = 0;
+    WindowHandle hDeviceWindow = 0;
+    std::int32_t Windowed = 0;
+    std::int32_t EnableAutoDepthStencil = 0;
+    std::uint32_t AutoDepthStencilFormat = D3DFMT_UNKNOWN;
+    std::uint32_t Flags = 0;
+    std::uint32_t FullScreen_RefreshRateInHz = 0;
+    std::uint32_t FullScreen_PresentationInterval = 0;
 };
 
 class Direct3DDevice8 {
@@ -70,6 +176,130 @@ public:
     // not that much. A texture may outlive the device.
     [[nodiscard]] virtual std::shared_ptr<Direct3DTexture8> CreateTexture(
         const TextureParameters& parameters) = 0;
+
+    [[nodiscard]] virtual HRESULT SetVertexShader(std::uint32_t format) = 0;
+    [[nodiscard]] virtual HRESULT SetRenderState(std::uint32_t state, std::uint32_t value) = 0;
+    [[nodiscard]] virtual HRESULT SetTextureStageState(std::uint32_t stage, std::uint32_t type,
+                                                       std::uint32_t value) = 0;
+
+    // The device keeps the texture alive until the next one is set. None: quads in the vertices'
+    // own colours.
+    [[nodiscard]] virtual HRESULT SetTexture(std::uint32_t stage,
+                                             const std::shared_ptr<Direct3DTexture8>& texture) = 0;
+
+    [[nodiscard]] virtual HRESULT BeginScene() = 0;
+    [[nodiscard]] virtual HRESULT EndScene() = 0;
+
+    // Draws primitives from the caller's memory, only between BeginScene and EndScene. For a
+    // triangle strip there are primitiveCount + 2 vertices; `stride` is the bytes from one to the
+    // next.
+    [[nodiscard]] virtual HRESULT DrawPrimitiveUP(std::uint32_t primitiveType,
+                                                  std::uint32_t primitiveCount,
+                                                  std::span<const Vertex> vertices,
+                                                  std::uint32_t stride) = 0;
+
+    // Shows the whole back buffer in the whole window, which keeps its pixels: the copy swap
+    // effect, with no source or destination rectangle, no other window and no dirty region.
+    [[nodiscard]] virtual HRESULT Present() = 0;
+
+    // D3D_OK, D3DERR_DEVICELOST, or D3DERR_DEVICENOTRESET once Reset can succeed. A lost device
+    // answers every drawing call with D3DERR_DEVICELOST.
+    [[nodiscard]] virtual HRESULT TestCooperativeLevel() = 0;
+
+    // Makes a lost device usable again, with the states of a new one. Textures stay.
+    [[nodiscard]] virtual HRESULT Reset(const D3DPRESENT_PARAMETERS& parameters) = 0;
+};
+
+class Direct3D8 {
+public:
+    Direct3D8() = default;
+    Direct3D8(const Direct3D8&) = delete;
+    Direct3D8& operator=(const Direct3D8&) = delete;
+    virtual ~Direct3D8() = default;
+
+    [[nodiscard]] virtual HRESULT GetAdapterDisplayMode(std::uint32_t adapter,
+                                                        D3DDISPLAYMODE& mode) = 0;
+    // On failure `device` is left empty.
+    [[nodiscard]] virtual HRESULT CreateDevice(std::uint32_t adapter, std::uint32_t deviceType,
+                                               WindowHandle window, std::uint32_t behaviorFlags,
+                                               const D3DPRESENT_PARAMETERS& parameters,
+                                               std::unique_ptr<Direct3DDevice8>& device) = 0;
+};
+
+class DirectX8 {
+public:
+    DirectX8() = default;
+    DirectX8(const DirectX8&) = delete;
+    DirectX8& operator=(const DirectX8&) = delete;
+    virtual ~DirectX8() = default;
+
+    // None on failure.
+    [[nodiscard]] virtual std::unique_ptr<Direct3D8> Direct3DCreate() = 0;
+};
+
+// A font of the window system, by name; another one stands in where it is not installed.
+struct FontDescription {
+    std::string name;
+    std::int32_t size = 12;  // points, at 96 to the inch: 12 are 16 pixels
+    bool bold = false;
+    bool italic = false;
+};
+
+class D3DXFont {
+public:
+    D3DXFont() = default;
+    D3DXFont(const D3DXFont&) = delete;
+    D3DXFont& operator=(const D3DXFont&) = delete;
+    virtual ~D3DXFont() = default;
+};
+
+// Pixels; right and bottom lie outside.
+struct TextRectangle {
+    std::int32_t left = 0;
+    std::int32_t top = 0;
+    std::int32_t right = 0;
+    std::int32_t bottom = 0;
+};
+
+// How DrawText lays text out. Without any: from the upper left corner, a line per line break, cut
+// at the rectangle. DT_BOTTOM and DT_VCENTER hold for several lines, too.
+inline constexpr std::uint32_t DT_CENTER = 0x1;
+inline constexpr std::uint32_t DT_RIGHT = 0x2;
+inline constexpr std::uint32_t DT_VCENTER = 0x4;
+inline constexpr std::uint32_t DT_BOTTOM = 0x8;
+inline constexpr std::uint32_t DT_WORDBREAK = 0x10;   // lines are broken at blanks to fit
+inline constexpr std::uint32_t DT_SINGLELINE = 0x20;  // line breaks count as nothing
+inline constexpr std::uint32_t DT_NOCLIP = 0x100;     // the rectangle does not cut
+
+class D3DX8 {
+public:
+    D3DX8() = default;
+    D3DX8(const D3DX8&) = delete;
+    D3DX8& operator=(const D3DX8&) = delete;
+    virtual ~D3DX8() = default;
+
+    // `device` must outlive the font. On failure `font` is left empty.
+    [[nodiscard]] virtual HRESULT CreateFont(Direct3DDevice8& device,
+                                             const FontDescription& description,
+                                             std::unique_ptr<D3DXFont>& font) = 0;
+
+    // Draws into the back buffer, in a scene or outside. `text` is in the Windows ANSI code page or
+    // UTF-8, whichever it can be (base/Text.h); the colour is ARGB.
+    [[nodiscard]] virtual HRESULT DrawText(D3DXFont& font, std::uint32_t color,
+                                           std::string_view text, const TextRectangle& rectangle,
+                                           std::uint32_t format) = 0;
+};
+
+// What a machine offers: the two objects from which all others are made. Each is none on failure.
+class Direct3DMachine {
+public:
+    Direct3DMachine() = default;
+    Direct3DMachine(const Direct3DMachine&) = delete;
+    Direct3DMachine& operator=(const Direct3DMachine&) = delete;
+    virtual ~Direct3DMachine() = default;
+
+    [[nodiscard]] virtual std::unique_ptr<DirectX8> CreateDirectX8() = 0;
+    [[nodiscard]] virtual std::unique_ptr<D3DX8> CreateD3DX8() = 0;
 };
 
 }  // namespace scenara

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Window: the main window, as far as the reading of stages needs it.
+// Window: the main window, as far as the reading and the drawing of stages need it.
 //
 // DoEvents lets the window system deliver what waits (the program's API_doevents, without its
 // check): handlers of menus, keys and lists run inside it and may change the program's state, so a
@@ -9,7 +9,21 @@
 
 #include <string>
 
+#include "base/Integers.h"
+#include "platform/Direct3D8.h"
+
 namespace scenara {
+
+// Window units: 15 to the pixel.
+inline constexpr Long kUnitsPerPixel = 15;
+
+// Where the window stands on the screen, borders included, in window units.
+struct WindowPlace {
+    Long left = 0;
+    Long top = 0;
+    Long width = 0;
+    Long height = 0;
+};
 
 class Window {
 public:
@@ -18,8 +32,14 @@ public:
     Window& operator=(const Window&) = delete;
     virtual ~Window() = default;
 
+    virtual void Show() = 0;
     virtual void SetCaption(const std::string& caption) = 0;
     virtual void DoEvents() = 0;
+
+    [[nodiscard]] virtual WindowPlace Place() const = 0;
+
+    // The control that shows the picture (picDraw), for the device that draws into it.
+    [[nodiscard]] virtual WindowHandle PictureHandle() const = 0;
 
     // The user has closed the window: every loop and load returns at its next test.
     [[nodiscard]] virtual bool EndRequested() const = 0;

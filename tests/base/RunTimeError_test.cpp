@@ -16,7 +16,7 @@ struct Row {
     std::string_view text;
 };
 
-constexpr std::array<Row, 10> kRows = {{
+constexpr std::array<Row, 12> kRows = {{
     {RunTimeErrorKind::Overflow, "Overflow"},
     {RunTimeErrorKind::SubscriptOutOfRange, "Subscript out of range"},
     {RunTimeErrorKind::FileNotFound, "File not found"},
@@ -27,6 +27,8 @@ constexpr std::array<Row, 10> kRows = {{
     {RunTimeErrorKind::InputPastEnd, "Input past end of file"},
     {RunTimeErrorKind::BadFormat, "Bad format"},
     {RunTimeErrorKind::OutOfMemory, "Out of memory"},
+    {RunTimeErrorKind::ObjectNotSet, "Object variable not set"},
+    {RunTimeErrorKind::Direct3D, "Direct3D error"},
 }};
 
 TEST(RunTimeError, EveryKindHasItsName) {

@@ -170,5 +170,55 @@ TEST(CrLf, IsCarriageReturnAndLineFeed) {
     EXPECT_EQ(kCrLf, "\x0D\x0A");
 }
 
+std::u32string CodePointsOf(std::string_view bytes, TextEncoding encoding) {
+    std::u32string points;
+    for (std::size_t at = 0; at < bytes.size();) {
+        const CodePoint point = CodePointAt(bytes, at, encoding);
+        points.push_back(point.value);
+        at += point.length;
+    }
+    return points;
+}
+
+TEST(EncodingOf, IsUtf8WhenAllOfItIs) {
+    EXPECT_EQ(EncodingOf(""), TextEncoding::Utf8);
+    EXPECT_EQ(EncodingOf("plain"), TextEncoding::Utf8);
+    EXPECT_EQ(EncodingOf("\u00E9\u20AC"), TextEncoding::Utf8);
+    EXPECT_EQ(EncodingOf("\u00E9\xE9"), TextEncoding::Ansi);
+    EXPECT_EQ(EncodingOf("caf\xE9"), TextEncoding::Ansi);
+}
+
+TEST(CodePointAt, ReadsUtf8OfEveryLength) {
+    // The first and the last code point of each length.
+    EXPECT_EQ(
+        CodePointsOf("\0\x7F\u0080\u07FF\u0800\uFFFF\U00010000\U0010FFFF"sv, TextEncoding::Utf8),
+        (std::u32string{0, 0x7F, 0x80, 0x7FF, 0x800, 0xFFFF, 0x10000, 0x10FFFF}));
+    EXPECT_EQ(CodePointsOf("a\u00E9\u20AC\U0001F600", TextEncoding::Utf8),
+              (std::u32string{'a', 0xE9, 0x20AC, 0x1F600}));
+}
+
+TEST(CodePointAt, ReadsTheAnsiCodePageByteByByte) {
+    EXPECT_EQ(CodePointsOf("a\xC3\xA9\x80\x81\x9F", TextEncoding::Ansi),
+              (std::u32string{'a', 0xC3, 0xA9, 0x20AC, 0x81, 0x178}));
+}
+
+TEST(CodePointAt, TakesWhatIsNotUtf8AsTheCodePage) {
+    EXPECT_EQ(CodePointsOf("\xE9", TextEncoding::Utf8), std::u32string{0xE9});
+    EXPECT_EQ(CodePointsOf("\x80z\xE2\x82", TextEncoding::Utf8),
+              (std::u32string{0x20AC, 'z', 0xE2, 0x201A}));
+}
+
+TEST(CodePointAt, AgreesWithToUtf8OnAnyBytes) {
+    std::mt19937 random(7);
+    for (int round = 0; round < 2000; ++round) {
+        std::string bytes(random() % 8, '\0');
+        for (char& c : bytes) {
+            c = AsChar(static_cast<int>(random() % 256));
+        }
+        ASSERT_EQ(CodePointsOf(bytes, EncodingOf(bytes)),
+                  CodePointsOf(ToUtf8(bytes), TextEncoding::Utf8));
+    }
+}
+
 }  // namespace
 }  // namespace scenara

@@ -52,5 +52,30 @@ TEST(HeadlessWindow, EndsWhenItIsClosedAndStaysSo) {
     EXPECT_TRUE(window.EndRequested());
 }
 
+TEST(HeadlessWindow, CountsHowOftenItIsShown) {
+    HeadlessWindow window;
+    EXPECT_EQ(window.ShowCount(), 0U);
+    window.Show();
+    window.Show();
+    EXPECT_EQ(window.ShowCount(), 2U);
+}
+
+TEST(HeadlessWindow, StandsWhereItIsMovedTo) {
+    HeadlessWindow window;
+    EXPECT_EQ(window.Place().left, 0);
+    EXPECT_EQ(window.Place().top, 0);
+    EXPECT_EQ(window.Place().width, 320 * 15);
+    EXPECT_EQ(window.Place().height, 240 * 15);
+    window.MoveTo({150, -300, 9600, 7200});
+    EXPECT_EQ(window.Place().left, 150);
+    EXPECT_EQ(window.Place().top, -300);
+    EXPECT_EQ(window.Place().width, 9600);
+    EXPECT_EQ(window.Place().height, 7200);
+}
+
+TEST(HeadlessWindow, HasAPictureControl) {
+    EXPECT_NE(HeadlessWindow().PictureHandle(), 0U);
+}
+
 }  // namespace
 }  // namespace scenara

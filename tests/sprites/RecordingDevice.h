@@ -19,6 +19,7 @@
 
 #include "base/RunTimeError.h"
 #include "platform/Direct3D8.h"
+#include "support/NullDevice.h"
 
 namespace scenara::test {
 
@@ -37,25 +38,25 @@ struct LockCounts {
     int unlocks = 0;
 };
 
-class RecordingTexture : public Direct3DTexture8 {
+class RecordingTexture : public NullTexture {
 public:
     RecordingTexture(const TextureParameters& parameters, DeviceLines lines,
                      std::shared_ptr<LockCounts> counts)
-        : width_(parameters.width), height_(parameters.height), counts_(std::move(counts)) {
-        pitch_ = width_;
+        : NullTexture(parameters.width, parameters.height),
+          pitch_(parameters.width),
+          counts_(std::move(counts)) {
         std::size_t slack = 0;
         if (lines == DeviceLines::AsWanted) {
-            pitch_ = std::max(width_, parameters.wantedPitch);
+            pitch_ = std::max(parameters.width, parameters.wantedPitch);
             slack = parameters.wantedSlack;
         } else if (lines == DeviceLines::Wide) {
-            pitch_ = width_ + 5;
+            pitch_ = parameters.width + 5;
         }
-        words_.assign(static_cast<std::size_t>(pitch_) * static_cast<std::size_t>(height_) + slack,
-                      kUnwritten);
+        words_.assign(
+            static_cast<std::size_t>(pitch_) * static_cast<std::size_t>(parameters.height) + slack,
+            kUnwritten);
     }
 
-    [[nodiscard]] std::int32_t Width() const override { return width_; }
-    [[nodiscard]] std::int32_t Height() const override { return height_; }
     LockedPixels LockRect() override {
         ++counts_->locks;
         return {words_, pitch_};
@@ -63,14 +64,12 @@ public:
     void UnlockRect() override { ++counts_->unlocks; }
 
 private:
-    std::int32_t width_;
-    std::int32_t height_;
-    std::int32_t pitch_ = 0;
+    std::int32_t pitch_;
     std::vector<std::uint32_t> words_;
     std::shared_ptr<LockCounts> counts_;
 };
 
-class RecordingDevice : public Direct3DDevice8 {
+class RecordingDevice : public NullDevice {
 public:
     explicit RecordingDevice(DeviceLines lines = DeviceLines::AsWanted) : lines_(lines) {}
 

@@ -2,46 +2,65 @@
 #include "platform/soft/SoftDevice.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <limits>
 #include <string>
+#include <typeinfo>
 #include <utility>
 
 #include "base/RunTimeError.h"
+#include "platform/soft/Triangles.h"
+#include "platform/soft/WholeQuads.h"
 
 namespace scenara {
 namespace {
 
 constexpr std::int32_t kLargestSide = std::numeric_limits<std::int16_t>::max();
+constexpr std::uint32_t kOpaqueBlack = 0xFF000000;
 
-std::size_t WordsOf(const TextureParameters& parameters, std::int32_t pitch) {
-    // In 64 bits, whatever a size has: at most 2^31 x 2^15.
-    const std::uint64_t lines =
-        static_cast<std::uint64_t>(pitch) * static_cast<std::uint64_t>(parameters.height);
-    if (lines > TextureMemory::kMostBytes || parameters.wantedSlack > TextureMemory::kMostBytes) {
-        throw RunTimeError(RunTimeErrorKind::OutOfMemory);
+bool IsBlendFactor(std::uint32_t value) {
+    return value == D3DBLEND_ZERO || value == D3DBLEND_ONE || value == D3DBLEND_SRCALPHA ||
+           value == D3DBLEND_INVSRCALPHA;
+}
+
+bool IsBlendOperation(std::uint32_t value) {
+    return value >= D3DBLENDOP_ADD && value <= D3DBLENDOP_REVSUBTRACT;
+}
+
+bool IsAlphaOperation(std::uint32_t value) {
+    return value == D3DTOP_SELECTARG1 || value == D3DTOP_MODULATE;
+}
+
+HRESULT SetIf(bool valid, std::uint32_t& state, std::uint32_t value) {
+    if (!valid) {
+        return D3DERR_INVALIDCALL;
     }
-    return static_cast<std::size_t>(lines) + parameters.wantedSlack;
+    state = value;
+    return D3D_OK;
+}
+
+bool IsSizeOf(std::uint32_t size, std::int32_t view) {
+    return size == 0 || size == static_cast<std::uint32_t>(view);
 }
 
 }  // namespace
 
-SoftTexture::SoftTexture(std::shared_ptr<TextureMemory> memory, const TextureParameters& parameters)
-    : memory_(std::move(memory)),
-      width_(parameters.width),
-      height_(parameters.height),
-      pitch_(std::max(parameters.width, parameters.wantedPitch)) {
-    piece_ = memory_->Allocate(WordsOf(parameters, pitch_));
+HRESULT CheckPresentParameters(const D3DPRESENT_PARAMETERS& parameters) {
+    const bool valid = parameters.Windowed == 1 && parameters.SwapEffect == D3DSWAPEFFECT_COPY &&
+                       parameters.BackBufferFormat == D3DFMT_X8R8G8B8 &&
+                       IsSizeOf(parameters.BackBufferWidth, kViewWidth) &&
+                       IsSizeOf(parameters.BackBufferHeight, kViewHeight);
+    return valid ? D3D_OK : D3DERR_INVALIDCALL;
 }
 
-SoftTexture::~SoftTexture() {
-    memory_->Release(piece_);
+SoftDevice::SoftDevice(std::shared_ptr<TextureMemory> memory, PictureSink* sink)
+    : memory_(std::move(memory)), sink_(sink), picture_(std::make_unique<Picture>()) {
+    Blacken();
 }
 
-void SoftTexture::UnlockRect() {
-    memory_->Shrink(piece_, static_cast<std::size_t>(pitch_) * static_cast<std::size_t>(height_));
+void SoftDevice::Blacken() {
+    std::ranges::fill(picture_->pixels, kOpaqueBlack);
 }
-
-SoftDevice::SoftDevice(std::shared_ptr<TextureMemory> memory) : memory_(std::move(memory)) {}
 
 std::shared_ptr<Direct3DTexture8> SoftDevice::CreateTexture(const TextureParameters& parameters) {
     if (parameters.width < 1 || parameters.width > kLargestSide || parameters.height < 1 ||
@@ -51,6 +70,120 @@ std::shared_ptr<Direct3DTexture8> SoftDevice::CreateTexture(const TextureParamet
                                std::to_string(parameters.height) + " pixels");
     }
     return std::make_shared<SoftTexture>(memory_, parameters);
+}
+
+HRESULT SoftDevice::SetVertexShader(std::uint32_t format) {
+    return SetIf(format == kVertexFormat, states_.vertexFormat, format);
+}
+
+HRESULT SoftDevice::SetRenderState(std::uint32_t state, std::uint32_t value) {
+    soft::PixelStates& pixels = states_.pixels;
+    switch (state) {
+        case D3DRS_SRCBLEND: return SetIf(IsBlendFactor(value), pixels.sourceFactor, value);
+        case D3DRS_DESTBLEND: return SetIf(IsBlendFactor(value), pixels.destinationFactor, value);
+        case D3DRS_BLENDOP: return SetIf(IsBlendOperation(value), pixels.operation, value);
+        case D3DRS_ALPHABLENDENABLE: pixels.blending = value != 0; return D3D_OK;
+        case D3DRS_LIGHTING: return D3D_OK;
+        default: return D3DERR_INVALIDCALL;
+    }
+}
+
+HRESULT SoftDevice::SetTextureStageState(std::uint32_t stage, std::uint32_t type,
+                                         std::uint32_t value) {
+    if (stage != 0 || type != D3DTSS_ALPHAOP) {
+        return D3DERR_INVALIDCALL;
+    }
+    return SetIf(IsAlphaOperation(value), states_.pixels.alphaOperation, value);
+}
+
+HRESULT SoftDevice::SetTexture(std::uint32_t stage,
+                               const std::shared_ptr<Direct3DTexture8>& texture) {
+    const Direct3DTexture8* const object = texture.get();
+    if (stage != 0 || (object != nullptr && typeid(*object) != typeid(SoftTexture))) {
+        return D3DERR_INVALIDCALL;
+    }
+    if (object != states_.texture.get()) {
+        states_.texture = std::static_pointer_cast<SoftTexture>(texture);
+    }
+    return D3D_OK;
+}
+
+HRESULT SoftDevice::BeginScene() {
+    if (IsLost()) {
+        return D3DERR_DEVICELOST;
+    }
+    return std::exchange(states_.inScene, true) ? D3DERR_INVALIDCALL : D3D_OK;
+}
+
+HRESULT SoftDevice::EndScene() {
+    if (IsLost()) {
+        return D3DERR_DEVICELOST;
+    }
+    return std::exchange(states_.inScene, false) ? D3D_OK : D3DERR_INVALIDCALL;
+}
+
+HRESULT SoftDevice::DrawPrimitiveUP(std::uint32_t primitiveType, std::uint32_t primitiveCount,
+                                    std::span<const Vertex> vertices, std::uint32_t stride) {
+    if (IsLost()) {
+        return D3DERR_DEVICELOST;
+    }
+    if (!states_.inScene || states_.vertexFormat != kVertexFormat ||
+        primitiveType != D3DPT_TRIANGLESTRIP || stride != sizeof(Vertex) || primitiveCount == 0 ||
+        vertices.size() < 3 || vertices.size() - 2 < primitiveCount) {
+        return D3DERR_INVALIDCALL;
+    }
+    DrawStrip(vertices.first(std::size_t{primitiveCount} + 2));
+    return D3D_OK;
+}
+
+void SoftDevice::DrawStrip(std::span<const Vertex> corners) {
+    if (states_.texture == nullptr) {
+        soft::DrawStrip(picture_->pixels, states_.pixels, nullptr, corners);
+        return;
+    }
+    const soft::Texels texels = states_.texture->Pixels();
+    if (!soft::DrawWholeQuad(picture_->pixels, states_.pixels, texels,
+                             states_.texture->PixelCoverage(), corners)) {
+        soft::DrawStrip(picture_->pixels, states_.pixels, &texels, corners);
+    }
+}
+
+HRESULT SoftDevice::Present() {
+    if (IsLost()) {
+        return D3DERR_DEVICELOST;
+    }
+    if (states_.inScene) {
+        return D3DERR_INVALIDCALL;
+    }
+    return sink_ == nullptr ? D3D_OK : sink_->Show(picture_->pixels);
+}
+
+HRESULT SoftDevice::TestCooperativeLevel() {
+    switch (condition_) {
+        case Condition::Lost: return D3DERR_DEVICELOST;
+        case Condition::Resettable: return D3DERR_DEVICENOTRESET;
+        default: return D3D_OK;
+    }
+}
+
+HRESULT SoftDevice::Reset(const D3DPRESENT_PARAMETERS& parameters) {
+    if (condition_ == Condition::Lost) {
+        return D3DERR_DEVICELOST;
+    }
+    const HRESULT result = CheckPresentParameters(parameters);
+    if (Failed(result)) {
+        return result;
+    }
+    states_ = States{};
+    condition_ = Condition::Usable;
+    Blacken();
+    return D3D_OK;
+}
+
+void SoftDevice::AllowReset() {
+    if (condition_ == Condition::Lost) {
+        condition_ = Condition::Resettable;
+    }
 }
 
 }  // namespace scenara

@@ -2,48 +2,96 @@
 //
 // SoftDevice: Direct3D 8 on the CPU.
 //
-// Textures are plain ARGB words in memory that the device keeps for the next stage. The pitch and
-// the slack that a writer wishes for are given, so a decoder can run from the first line to the
-// last without a look; the slack is there until the texture is unlocked for the first time. Mip
-// levels and filters are taken and not needed: nothing is ever drawn smaller than it is.
+// What it does not know it refuses: a render state, a value of one, a texture stage or a kind of
+// primitive that platform/Direct3D8.h does not name is D3DERR_INVALIDCALL and changes nothing, so
+// that a caller who wants more than every device draws hears of it. The same for a scene begun
+// twice, ended or drawn in without a beginning, or presented from inside; for no primitives, fewer
+// vertices than they need, another stride; and for a texture of another device's kind.
+// D3DRS_LIGHTING is taken and has no effect.
+//
+// It is lost only on demand. States and textures can be set meanwhile; they are a new device's
+// after Reset, which also ends the scene.
+//
+// Drawing, scenes and presenting allocate nothing.
 #pragma once
 
+#include <array>
+#include <cstdint>
 #include <memory>
+#include <span>
 
 #include "platform/Direct3D8.h"
+#include "platform/soft/Blend.h"
+#include "platform/soft/PictureSink.h"
+#include "platform/soft/SoftTexture.h"
+#include "platform/soft/Texels.h"
 #include "platform/soft/TextureMemory.h"
 
 namespace scenara {
 
-class SoftTexture : public Direct3DTexture8 {
-public:
-    SoftTexture(std::shared_ptr<TextureMemory> memory, const TextureParameters& parameters);
-    ~SoftTexture() override;
-
-    [[nodiscard]] std::int32_t Width() const override { return width_; }
-    [[nodiscard]] std::int32_t Height() const override { return height_; }
-    LockedPixels LockRect() override { return {piece_.words, pitch_}; }
-    void UnlockRect() override;
-
-private:
-    std::shared_ptr<TextureMemory> memory_;
-    TextureMemory::Piece piece_;
-    std::int32_t width_;
-    std::int32_t height_;
-    std::int32_t pitch_;
-};
+// D3D_OK when a device can present so: in a window, by copying, the view's size or the window's
+// (0), in the one format that there is. D3DERR_INVALIDCALL otherwise.
+[[nodiscard]] HRESULT CheckPresentParameters(const D3DPRESENT_PARAMETERS& parameters);
 
 class SoftDevice : public Direct3DDevice8 {
 public:
-    // `memory` is kept by whoever wants the next device to find it filled.
-    explicit SoftDevice(std::shared_ptr<TextureMemory> memory = std::make_shared<TextureMemory>());
+    // `memory` is kept by whoever wants the next device to find it filled. `sink` must outlive the
+    // device; without one Present shows nothing and succeeds.
+    explicit SoftDevice(std::shared_ptr<TextureMemory> memory = std::make_shared<TextureMemory>(),
+                        PictureSink* sink = nullptr);
 
     // Sizes outside 1 to 32767 raise RunTimeError "Overflow".
     [[nodiscard]] std::shared_ptr<Direct3DTexture8> CreateTexture(
         const TextureParameters& parameters) override;
 
+    [[nodiscard]] HRESULT SetVertexShader(std::uint32_t format) override;
+    [[nodiscard]] HRESULT SetRenderState(std::uint32_t state, std::uint32_t value) override;
+    [[nodiscard]] HRESULT SetTextureStageState(std::uint32_t stage, std::uint32_t type,
+                                               std::uint32_t value) override;
+    [[nodiscard]] HRESULT SetTexture(std::uint32_t stage,
+                                     const std::shared_ptr<Direct3DTexture8>& texture) override;
+    [[nodiscard]] HRESULT BeginScene() override;
+    [[nodiscard]] HRESULT EndScene() override;
+    [[nodiscard]] HRESULT DrawPrimitiveUP(std::uint32_t primitiveType, std::uint32_t primitiveCount,
+                                          std::span<const Vertex> vertices,
+                                          std::uint32_t stride) override;
+    [[nodiscard]] HRESULT Present() override;
+    [[nodiscard]] HRESULT TestCooperativeLevel() override;
+    [[nodiscard]] HRESULT Reset(const D3DPRESENT_PARAMETERS& parameters) override;
+
+    // kViewWidth x kViewHeight pixels, line by line, of which the top byte is nobody's.
+    [[nodiscard]] std::span<const std::uint32_t> BackBuffer() const { return picture_->pixels; }
+    [[nodiscard]] std::span<std::uint32_t> BackBuffer() { return picture_->pixels; }
+
+    // From now on it is lost.
+    void Lose() { condition_ = Condition::Lost; }
+    // From now on a lost device can be reset.
+    void AllowReset();
+    [[nodiscard]] bool IsLost() const { return condition_ != Condition::Usable; }
+
 private:
+    enum class Condition { Usable, Lost, Resettable };
+
+    struct States {
+        soft::PixelStates pixels;
+        std::uint32_t vertexFormat = 0;
+        std::shared_ptr<SoftTexture> texture;
+        bool inScene = false;
+    };
+
+    // Begins at a cache line, as every line of it then does.
+    struct alignas(64) Picture {
+        std::array<std::uint32_t, soft::kViewPixels> pixels;
+    };
+
+    void Blacken();
+    void DrawStrip(std::span<const Vertex> corners);
+
     std::shared_ptr<TextureMemory> memory_;
+    PictureSink* sink_;
+    std::unique_ptr<Picture> picture_;
+    States states_;
+    Condition condition_ = Condition::Usable;
 };
 
 }  // namespace scenara

@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+//
+// Keyboard: whether keys are down at this moment, whoever has the focus of the window.
+#pragma once
+
+#include <cstdint>
+
+#include "base/Integers.h"
+
+namespace scenara {
+
+// Virtual keys that are asked for; the numbers are those of the window system the program grew up
+// on.
+enum class VirtualKey : std::uint8_t {
+    RightButton = 2,
+    Pause = 19,
+    Escape = 27,
+    Left = 37,
+    Up = 38,
+    Right = 39,
+    Down = 40,
+    Insert = 45,
+    Delete = 46,
+    A = 65,
+    D = 68,
+    Z = 90,
+    NumpadPlus = 107,
+    NumpadMinus = 109,
+};
+
+class Keyboard {
+public:
+    Keyboard() = default;
+    Keyboard(const Keyboard&) = delete;
+    Keyboard& operator=(const Keyboard&) = delete;
+    virtual ~Keyboard() = default;
+
+    // Not 0 while the key is down, and once more when it has been pressed and let go since the last
+    // call for it.
+    virtual Integer GetAsyncKeyState(VirtualKey key) = 0;
+};
+
+}  // namespace scenara

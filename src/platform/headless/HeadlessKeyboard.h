@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+//
+// HeadlessKeyboard: a keyboard whose keys are held by a script. A key answers that it is down in
+// exactly the time in which it is held: a press is not remembered once it is over, so nothing is
+// left from before for whoever asks next.
+#pragma once
+
+#include <bitset>
+#include <initializer_list>
+#include <optional>
+#include <string_view>
+
+#include "platform/Keyboard.h"
+
+namespace scenara {
+
+// Some keys, none of them twice.
+class KeySet {
+public:
+    KeySet() = default;
+    KeySet(std::initializer_list<VirtualKey> keys) {
+        for (const VirtualKey key : keys) {
+            Add(key);
+        }
+    }
+
+    void Add(VirtualKey key) { keys_.set(static_cast<std::size_t>(key)); }
+    void Remove(VirtualKey key) { keys_.reset(static_cast<std::size_t>(key)); }
+    [[nodiscard]] bool Contains(VirtualKey key) const {
+        return keys_.test(static_cast<std::size_t>(key));
+    }
+    [[nodiscard]] bool operator==(const KeySet&) const = default;
+
+private:
+    std::bitset<256> keys_;
+};
+
+// The keys that scripts name: left, right, up, down, a, z, written so.
+[[nodiscard]] std::optional<VirtualKey> KeyNamed(std::string_view name);
+
+class HeadlessKeyboard : public Keyboard {
+public:
+    // What a key that is down answers: the highest of 16 bits, as the real function does.
+    static constexpr Integer kDown = -32768;
+
+    Integer GetAsyncKeyState(VirtualKey key) override { return held_.Contains(key) ? kDown : 0; }
+
+    // From now on these keys are down and all others up.
+    void Hold(const KeySet& keys) { held_ = keys; }
+
+    void Press(VirtualKey key) { held_.Add(key); }
+    void Release(VirtualKey key) { held_.Remove(key); }
+    [[nodiscard]] const KeySet& Held() const { return held_; }
+
+private:
+    KeySet held_;
+};
+
+}  // namespace scenara

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#include "platform/soft/SoftTexture.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <utility>
+
+#include "base/RunTimeError.h"
+
+namespace scenara {
+namespace {
+
+std::size_t WordsOf(const TextureParameters& parameters, std::int32_t pitch) {
+    // In 64 bits, whatever a size has: at most 2^31 x 2^15.
+    const std::uint64_t lines =
+        static_cast<std::uint64_t>(pitch) * static_cast<std::uint64_t>(parameters.height);
+    if (lines > TextureMemory::kMostBytes || parameters.wantedSlack > TextureMemory::kMostBytes) {
+        throw RunTimeError(RunTimeErrorKind::OutOfMemory);
+    }
+    return static_cast<std::size_t>(lines) + parameters.wantedSlack;
+}
+
+}  // namespace
+
+SoftTexture::SoftTexture(std::shared_ptr<TextureMemory> memory, const TextureParameters& parameters)
+    : memory_(std::move(memory)),
+      width_(parameters.width),
+      height_(parameters.height),
+      pitch_(std::max(parameters.width, parameters.wantedPitch)) {
+    piece_ = memory_->Allocate(WordsOf(parameters, pitch_));
+}
+
+SoftTexture::~SoftTexture() {
+    memory_->Release(piece_);
+}
+
+LockedPixels SoftTexture::LockRect() {
+    coverage_ = {};
+    return {piece_.words, pitch_};
+}
+
+void SoftTexture::UnlockRect() {
+    memory_->Shrink(piece_, static_cast<std::size_t>(pitch_) * static_cast<std::size_t>(height_));
+}
+
+void SoftTexture::PreLoad() {
+    if (coverage_.WhatKind() == soft::Coverage::Kind::Unknown) {
+        coverage_ = soft::Coverage::Of(Pixels());
+    }
+}
+
+}  // namespace scenara

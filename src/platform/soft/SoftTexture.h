@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+//
+// SoftTexture: ARGB words in memory that is kept for the next stage.
+//
+// The pitch and the slack that a writer wishes for are given, so a decoder can run from the first
+// line to the last without a look; the slack is there until the texture is unlocked for the first
+// time. Mip levels and filters are taken and not needed: nothing is ever drawn smaller than it is.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+#include "platform/Direct3D8.h"
+#include "platform/soft/Coverage.h"
+#include "platform/soft/Texels.h"
+#include "platform/soft/TextureMemory.h"
+
+namespace scenara {
+
+class SoftTexture final : public Direct3DTexture8 {
+public:
+    // Sizes are 1 to 32767. Raises RunTimeError "Out of memory".
+    SoftTexture(std::shared_ptr<TextureMemory> memory, const TextureParameters& parameters);
+    ~SoftTexture() override;
+
+    [[nodiscard]] std::int32_t Width() const override { return width_; }
+    [[nodiscard]] std::int32_t Height() const override { return height_; }
+    LockedPixels LockRect() override;
+    void UnlockRect() override;
+    void PreLoad() override;
+
+    // For drawing; these hold until the next call that is not const.
+    [[nodiscard]] soft::Texels Pixels() const { return {piece_.words, width_, height_, pitch_}; }
+    [[nodiscard]] const soft::Coverage& PixelCoverage() const { return coverage_; }
+
+private:
+    std::shared_ptr<TextureMemory> memory_;
+    TextureMemory::Piece piece_;
+    std::int32_t width_;
+    std::int32_t height_;
+    std::int32_t pitch_;
+    soft::Coverage coverage_;  // what PreLoad found; unknown since the last lock otherwise
+};
+
+}  // namespace scenara

@@ -1,0 +1,219 @@
+// SPDX-License-Identifier: MIT
+#include "platform/soft/WholeQuads.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstddef>
+
+#include "platform/soft/CopyRows.h"
+#include "platform/soft/PixelRows.h"
+
+namespace scenara::soft {
+namespace {
+
+// Beyond these a float has no halves left, and what a quad shows is for the general path to say.
+constexpr float kFarthestPixel = 16777216;   // 2^24
+constexpr double kFarthestTexel = 16777216;  // 2^24
+
+// How far a quad's outermost texels may be from whole ones, because a texture coordinate is a
+// float. All others are less far; with less than a half each centre is in the texel that it would
+// be in with none. A quarter leaves the general path's own rounding a quarter, which is far more
+// than it needs within the bounds above.
+constexpr double kTexelTolerance = 0.25;
+
+// A texture that repeats faster than this is cut into too many pieces.
+constexpr std::int32_t kShortestRepeat = 16;
+
+std::optional<std::int32_t> WholePixel(float position) {
+    if (!(std::abs(position) <= kFarthestPixel)) {
+        return std::nullopt;
+    }
+    const auto pixel = static_cast<std::int32_t>(position);
+    return static_cast<float>(pixel) == position ? std::optional(pixel) : std::nullopt;
+}
+
+// `from` and `to` are the texture coordinates at the run's ends.
+std::optional<WholeRun> AsWholeRun(float begin, float end, float from, float to,
+                                   std::int32_t texels) {
+    const std::optional<std::int32_t> first = WholePixel(begin);
+    const std::optional<std::int32_t> last = WholePixel(end);
+    if (!first || !last || *first >= *last) {
+        return std::nullopt;
+    }
+    const double texelFrom = static_cast<double>(from) * texels;  // exact
+    const double texelTo = static_cast<double>(to) * texels;
+    if (!(std::abs(texelFrom) <= kFarthestTexel) || !(std::abs(texelTo) <= kFarthestTexel)) {
+        return std::nullopt;
+    }
+    const double edge = std::floor(texelFrom + 0.5);
+    const bool backwards = texelTo < texelFrom;
+    const double length = double{1} * *last - *first;
+    const double otherEdge = backwards ? edge - length : edge + length;
+    if (std::abs(texelFrom - edge) > kTexelTolerance ||
+        std::abs(texelTo - otherEdge) > kTexelTolerance) {
+        return std::nullopt;
+    }
+    const auto texel = static_cast<std::int32_t>(edge);
+    return WholeRun{*first, *last, backwards ? texel - 1 : texel, backwards};
+}
+
+// The corners of a rectangle that matter; the other two share their coordinates.
+struct Diagonal {
+    const Vertex* leftTop = nullptr;
+    const Vertex* rightBottom = nullptr;
+};
+
+bool ShareColumn(const Vertex& a, const Vertex& b) {
+    return a.x == b.x && a.tu == b.tu;
+}
+
+bool ShareLine(const Vertex& a, const Vertex& b) {
+    return a.y == b.y && a.tv == b.tv;
+}
+
+Diagonal DiagonalOf(std::span<const Vertex, 4> corners) {
+    const Vertex& a = corners[0];
+    const Vertex& b = corners[1];
+    const Vertex& c = corners[2];
+    const Vertex& d = corners[3];
+    if (ShareColumn(a, b) && ShareColumn(c, d) && ShareLine(a, c) && ShareLine(b, d)) {
+        return {&b, &c};
+    }
+    if (ShareLine(a, b) && ShareLine(c, d) && ShareColumn(a, c) && ShareColumn(b, d)) {
+        return {&a, &d};
+    }
+    return {};
+}
+
+// The part of a run that lies among `pixels` pixels from 0.
+WholeRun Clipped(const WholeRun& run, std::int32_t pixels) {
+    const std::int32_t begin = std::max(run.begin, 0);
+    const std::int32_t skipped = begin - run.begin;
+    return {begin, std::min(run.end, pixels),
+            run.backwards ? run.texel - skipped : run.texel + skipped, run.backwards};
+}
+
+std::int32_t Wrapped(std::int32_t texel, std::int32_t texels) {
+    const std::int32_t rest = texel % texels;
+    return rest < 0 ? rest + texels : rest;
+}
+
+// Calls `draw` for each part of a clipped run that lies within one repeat of the texture.
+template <typename Draw>
+void ForEachRepeat(WholeRun run, std::int32_t texels, Draw draw) {
+    run.texel = Wrapped(run.texel, texels);
+    while (run.begin < run.end) {
+        const std::int32_t room = run.backwards ? run.texel + 1 : texels - run.texel;
+        const std::int32_t length = std::min(room, run.end - run.begin);
+        draw(WholeRun{run.begin, run.begin + length, run.texel, run.backwards});
+        run.begin += length;
+        run.texel = run.backwards ? texels - 1 : 0;
+    }
+}
+
+bool RepeatsTooFast(const WholeRun& run, std::int32_t texels) {
+    return texels < kShortestRepeat && run.end - run.begin > texels;
+}
+
+enum class RowOperation { Copy, Mask, Blend };
+
+RowOperation OperationFor(const PixelStates& states, std::uint32_t tint, Coverage::Kind kind) {
+    if (tint != kWhite) {
+        return RowOperation::Blend;
+    }
+    if (IsCopying(states) || (IsCovering(states) && kind == Coverage::Kind::Opaque)) {
+        return RowOperation::Copy;
+    }
+    return IsCovering(states) && kind == Coverage::Kind::Masked ? RowOperation::Mask
+                                                                : RowOperation::Blend;
+}
+
+void BlendRows(const TexelRows& rows, const PixelStates& states, std::uint32_t tint) {
+    const auto width = static_cast<std::size_t>(rows.width);
+    std::array<std::uint32_t, kViewWidth> buffer;  // NOLINT(*-member-init): filled as needed
+    const std::span<std::uint32_t> tinted = std::span(buffer).first(width);
+    for (std::int32_t y = 0; y < rows.height; ++y) {
+        const std::span source(rows.lines + y * rows.linePitch + rows.column, width);
+        const std::span pixels(rows.destination + std::ptrdiff_t{y} * kViewWidth, width);
+        if (!rows.mirrored && tint == kWhite) {
+            BlendRow(pixels, source, states);
+            continue;
+        }
+        if (rows.mirrored) {
+            std::ranges::reverse_copy(source, tinted.begin());
+        } else {
+            std::ranges::copy(source, tinted.begin());
+        }
+        TintRow(tinted, tint);
+        BlendRow(pixels, tinted, states);
+    }
+}
+
+TexelRows RowsOf(View view, const Texels& texture, const Coverage& coverage,
+                 const WholeRun& columns, const WholeRun& lines) {
+    const std::ptrdiff_t step = lines.backwards ? -1 : 1;
+    TexelRows rows;
+    rows.lines = texture.Line(lines.texel);
+    rows.linePitch = step * texture.pitch;
+    rows.bits = coverage.LineBits(lines.texel);
+    rows.bitPitch = step * coverage.LinePitch();
+    rows.width = columns.end - columns.begin;
+    rows.height = lines.end - lines.begin;
+    rows.column = columns.backwards ? columns.texel - rows.width + 1 : columns.texel;
+    rows.mirrored = columns.backwards;
+    rows.destination = &view[static_cast<std::size_t>(lines.begin * kViewWidth + columns.begin)];
+    return rows;
+}
+
+}  // namespace
+
+std::optional<WholeQuad> AsWholeQuad(std::span<const Vertex> corners, const Texels& texture) {
+    if (corners.size() != 4) {
+        return std::nullopt;
+    }
+    const std::uint32_t color = corners[0].color;
+    if (!std::ranges::all_of(corners, [&](const Vertex& v) { return v.color == color; })) {
+        return std::nullopt;
+    }
+    const auto [leftTop, rightBottom] = DiagonalOf(corners.first<4>());
+    if (leftTop == nullptr) {
+        return std::nullopt;
+    }
+    const auto columns =
+        AsWholeRun(leftTop->x, rightBottom->x, leftTop->tu, rightBottom->tu, texture.width);
+    const auto lines =
+        AsWholeRun(leftTop->y, rightBottom->y, leftTop->tv, rightBottom->tv, texture.height);
+    if (!columns || !lines) {
+        return std::nullopt;
+    }
+    return WholeQuad{*columns, *lines, color};
+}
+
+bool DrawWholeQuad(View view, const PixelStates& states, const Texels& texture,
+                   const Coverage& coverage, std::span<const Vertex> corners) {
+    const std::optional<WholeQuad> quad = AsWholeQuad(corners, texture);
+    if (!quad) {
+        return false;
+    }
+    const WholeRun columns = Clipped(quad->columns, kViewWidth);
+    const WholeRun lines = Clipped(quad->lines, kViewHeight);
+    if (RepeatsTooFast(columns, texture.width) || RepeatsTooFast(lines, texture.height)) {
+        return false;
+    }
+    const std::uint32_t tint = TintOf(quad->color, states.alphaOperation);
+    const RowOperation operation = OperationFor(states, tint, coverage.WhatKind());
+    ForEachRepeat(lines, texture.height, [&](const WholeRun& someLines) {
+        ForEachRepeat(columns, texture.width, [&](const WholeRun& someColumns) {
+            const TexelRows rows = RowsOf(view, texture, coverage, someColumns, someLines);
+            switch (operation) {
+                case RowOperation::Copy: CopyRows(rows); break;
+                case RowOperation::Mask: MaskRows(rows); break;
+                default: BlendRows(rows, states, tint);
+            }
+        });
+    });
+    return true;
+}
+
+}  // namespace scenara::soft

@@ -1,0 +1,147 @@
+// SPDX-License-Identifier: MIT
+//
+// Textures, quads and views for the tests of the soft device.
+#pragma once
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <random>
+#include <vector>
+
+#include "platform/Direct3D8.h"
+#include "platform/soft/Blend.h"
+#include "platform/soft/Coverage.h"
+#include "platform/soft/Texels.h"
+
+namespace scenara::test {
+
+using Corners = std::array<Vertex, 4>;
+
+// A rectangle of a texture one to one, as D3DBlt and D3DBltFlip make it.
+struct Blit {
+    std::int32_t x = 0;
+    std::int32_t y = 0;
+    std::int32_t width = 0;
+    std::int32_t height = 0;
+    std::int32_t sourceX = 0;
+    std::int32_t sourceY = 0;
+    bool mirrored = false;
+    std::uint32_t color = 0xFFFFFFFF;
+};
+
+inline Vertex Corner(double x, double y, std::uint32_t color, double tu = 0, double tv = 0) {
+    Vertex corner;
+    corner.x = static_cast<float>(x);
+    corner.y = static_cast<float>(y);
+    corner.color = color;
+    corner.tu = static_cast<float>(tu);
+    corner.tv = static_cast<float>(tv);
+    return corner;
+}
+
+// Left bottom, left top, right bottom, right top. The coordinates are single floats throughout.
+inline Corners CornersOf(const Blit& blit, std::int32_t textureWidth, std::int32_t textureHeight) {
+    const auto part = [](std::int32_t texel, std::int32_t texels) {
+        return static_cast<double>(static_cast<float>(texel) / static_cast<float>(texels));
+    };
+    const double sign = blit.mirrored ? -1 : 1;
+    const double left = sign * part(blit.sourceX, textureWidth);
+    const double right = sign * part(blit.sourceX + blit.width, textureWidth);
+    const double top = part(blit.sourceY, textureHeight);
+    const double bottom = part(blit.sourceY + blit.height, textureHeight);
+    const double endX = blit.x + blit.width;
+    const double endY = blit.y + blit.height;
+    return {Corner(blit.x, endY, blit.color, left, bottom),
+            Corner(blit.x, blit.y, blit.color, left, top),
+            Corner(endX, endY, blit.color, right, bottom),
+            Corner(endX, blit.y, blit.color, right, top)};
+}
+
+// The same quad in the other order: left top, right top, left bottom, right bottom.
+inline Corners InOtherOrder(const Corners& corners) {
+    return {corners[1], corners[3], corners[0], corners[2]};
+}
+
+// The texel that a blit shows `dx`, `dy` from its upper left corner.
+struct Place {
+    std::int32_t x = 0;
+    std::int32_t y = 0;
+};
+inline Place TexelOf(const Blit& blit, std::int32_t textureWidth, std::int32_t textureHeight,
+                     std::int32_t dx, std::int32_t dy) {
+    const auto wrapped = [](std::int32_t texel, std::int32_t texels) {
+        return (texel % texels + texels) % texels;
+    };
+    const std::int32_t column = blit.mirrored ? -blit.sourceX - dx - 1 : blit.sourceX + dx;
+    return {wrapped(column, textureWidth), wrapped(blit.sourceY + dy, textureHeight)};
+}
+
+// A texture whose lines are longer than it is wide, with words behind them that must not be seen.
+// They end with the last visible texel, so that the address sanitizer sees a read beyond it.
+class PlainTexture {
+public:
+    using ColorAt = std::function<std::uint32_t(std::int32_t x, std::int32_t y)>;
+
+    PlainTexture(std::int32_t width, std::int32_t height, const ColorAt& colorAt,
+                 std::int32_t padding = 0)
+        : width_(width), height_(height), pitch_(width + padding) {
+        constexpr std::uint32_t kNeverSeen = 0xFFFF00FF;
+        words_.assign(At(width - 1, height - 1) + 1, kNeverSeen);
+        for (std::int32_t y = 0; y < height; ++y) {
+            for (std::int32_t x = 0; x < width; ++x) {
+                words_[At(x, y)] = colorAt(x, y);
+            }
+        }
+    }
+
+    [[nodiscard]] soft::Texels Pixels() const { return {words_, width_, height_, pitch_}; }
+    [[nodiscard]] std::uint32_t Texel(Place place) const { return words_[At(place.x, place.y)]; }
+
+private:
+    [[nodiscard]] std::size_t At(std::int32_t x, std::int32_t y) const {
+        return static_cast<std::size_t>(y) * static_cast<std::size_t>(pitch_) +
+               static_cast<std::size_t>(x);
+    }
+
+    std::int32_t width_;
+    std::int32_t height_;
+    std::int32_t pitch_;
+    std::vector<std::uint32_t> words_;
+};
+
+// Pixels as large as the view, compared without the byte that is nobody's.
+class TestView {
+public:
+    explicit TestView(std::uint32_t color = 0) : pixels_(soft::kViewPixels, color) {}
+
+    [[nodiscard]] soft::View Pixels() { return soft::View(pixels_); }
+
+    [[nodiscard]] std::uint32_t At(std::int32_t x, std::int32_t y) const {
+        return pixels_[static_cast<std::size_t>(y * kViewWidth + x)] & soft::kColorMask;
+    }
+    [[nodiscard]] std::size_t Count(std::uint32_t color) const {
+        return static_cast<std::size_t>(std::ranges::count_if(
+            pixels_, [&](std::uint32_t pixel) { return (pixel & soft::kColorMask) == color; }));
+    }
+    bool operator==(const TestView& other) const {
+        std::uint32_t difference = 0;  // without a branch, for the many that are compared
+        for (std::size_t i = 0; i < pixels_.size(); ++i) {
+            difference |= pixels_[i] ^ other.pixels_[i];
+        }
+        return (difference & soft::kColorMask) == 0;
+    }
+
+private:
+    std::vector<std::uint32_t> pixels_;
+};
+
+// The states of a masked draw.
+inline constexpr soft::PixelStates kCovering{true, D3DBLEND_SRCALPHA, D3DBLEND_INVSRCALPHA,
+                                             D3DBLENDOP_ADD, D3DTOP_MODULATE};
+inline constexpr soft::PixelStates kAdding{true, D3DBLEND_ONE, D3DBLEND_ONE, D3DBLENDOP_ADD,
+                                           D3DTOP_MODULATE};
+
+}  // namespace scenara::test

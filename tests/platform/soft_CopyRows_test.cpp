@@ -1,0 +1,153 @@
+// SPDX-License-Identifier: MIT
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <random>
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "SoftQuads.h"
+#include "platform/soft/CopyRows.h"
+#include "platform/soft/Coverage.h"
+
+namespace scenara::soft {
+namespace {
+
+using test::PlainTexture;
+using test::TestView;
+
+constexpr std::int32_t kWidth = 400;
+constexpr std::int32_t kHeight = 12;
+constexpr std::uint32_t kGround = 0x406080;
+
+// Stretches of visible and of transparent texels, of 1 to `longest`.
+PlainTexture Stretches(std::uint32_t longest, std::mt19937& random) {
+    std::uint32_t left = 0;
+    bool visible = false;
+    return {kWidth, kHeight,
+            [&](std::int32_t x, std::int32_t y) {
+                if (left == 0) {
+                    left = 1 + static_cast<std::uint32_t>(random() % longest);
+                    visible = !visible;
+                }
+                --left;
+                const auto number = static_cast<std::uint32_t>(y * kWidth + x);
+                return (visible ? 0xFF000000U : 0U) | (number + 1);
+            },
+            5};
+}
+
+class CopyRowsTest : public testing::TestWithParam<RowPath> {};
+
+// Draws a rectangle, upwards or downwards, and compares all of the view with what is to be there.
+template <typename DrawRows>
+void Check(const PlainTexture& texture, TexelRows rows, std::int32_t line, bool upwards,
+           bool masked, DrawRows drawRows) {
+    const Texels texels = texture.Pixels();
+    const Coverage coverage = Coverage::Of(texels);
+    const std::int32_t firstLine = upwards ? line + rows.height - 1 : line;
+    rows.lines = texels.Line(firstLine);
+    rows.linePitch = upwards ? -texels.pitch : texels.pitch;
+    if (masked) {
+        ASSERT_EQ(coverage.WhatKind(), Coverage::Kind::Masked);
+        rows.bits = coverage.LineBits(firstLine);
+        rows.bitPitch = upwards ? -coverage.LinePitch() : coverage.LinePitch();
+    }
+    constexpr std::int32_t kTop = 100;
+    const std::int32_t left = kViewWidth - rows.width;
+    TestView view(kGround);
+    rows.destination = &view.Pixels()[static_cast<std::size_t>(kTop * kViewWidth + left)];
+    drawRows(rows);
+
+    std::size_t changed = 0;
+    for (std::int32_t y = 0; y < rows.height; ++y) {
+        for (std::int32_t x = 0; x < rows.width; ++x) {
+            const std::int32_t column =
+                rows.mirrored ? rows.column + rows.width - 1 - x : rows.column + x;
+            const std::uint32_t texel =
+                texture.Texel({column, upwards ? firstLine - y : firstLine + y});
+            const bool visible = !masked || (texel >> 24U) == 255;
+            changed += visible ? 1U : 0U;
+            ASSERT_EQ(view.At(left + x, kTop + y), visible ? texel & kColorMask : kGround)
+                << rows.width << " from " << rows.column << ": " << x << "," << y;
+        }
+    }
+    const auto around = view.Pixels().subspan((kTop - 2) * kViewWidth, (kHeight + 4) * kViewWidth);
+    ASSERT_EQ(static_cast<std::size_t>(std::ranges::count(around, kGround)),
+              around.size() - changed)
+        << "nothing beside it";
+}
+
+TEST_P(CopyRowsTest, CopyEveryWidthFromEveryPlace) {
+    std::mt19937 random(6);
+    const PlainTexture texture = Stretches(20, random);
+    for (std::int32_t width = 1; width <= kViewWidth; ++width) {
+        TexelRows rows;
+        rows.width = width;
+        rows.height = 1 + static_cast<std::int32_t>(random() % kHeight);
+        rows.column =
+            static_cast<std::int32_t>(random() % static_cast<std::uint32_t>(kWidth - width + 1));
+        const auto line = static_cast<std::int32_t>(
+            random() % static_cast<std::uint32_t>(kHeight - rows.height + 1));
+        for (const bool mirrored : {false, true}) {
+            rows.mirrored = mirrored;
+            Check(texture, rows, line, width % 2 == 0, false,
+                  [](const TexelRows& drawn) { CopyRows(drawn, GetParam()); });
+        }
+    }
+}
+
+TEST_P(CopyRowsTest, MaskEveryWidthFromEveryPlace) {
+    std::mt19937 random(7);
+    for (const std::uint32_t longest : {1U, 3U, 12U, 60U}) {
+        const PlainTexture texture = Stretches(longest, random);
+        for (std::int32_t width = 1; width <= kViewWidth; ++width) {
+            TexelRows rows;
+            rows.width = width;
+            rows.height = 1 + static_cast<std::int32_t>(random() % kHeight);
+            rows.column = static_cast<std::int32_t>(random() %
+                                                    static_cast<std::uint32_t>(kWidth - width + 1));
+            const auto line = static_cast<std::int32_t>(
+                random() % static_cast<std::uint32_t>(kHeight - rows.height + 1));
+            for (const bool mirrored : {false, true}) {
+                rows.mirrored = mirrored;
+                Check(texture, rows, line, width % 2 == 0, true,
+                      [](const TexelRows& drawn) { MaskRows(drawn, GetParam()); });
+            }
+        }
+    }
+}
+
+// The ends of rectangles, at all places in a block.
+TEST_P(CopyRowsTest, MaskSmallRectanglesAtEveryColumn) {
+    std::mt19937 random(8);
+    const PlainTexture texture = Stretches(4, random);
+    for (std::int32_t width = 1; width <= 40; ++width) {
+        for (std::int32_t column = 50; column < 82; ++column) {
+            for (const bool mirrored : {false, true}) {
+                TexelRows rows;
+                rows.width = width;
+                rows.height = 2;
+                rows.column = column;
+                rows.mirrored = mirrored;
+                Check(texture, rows, 3, false, true,
+                      [](const TexelRows& drawn) { MaskRows(drawn, GetParam()); });
+            }
+        }
+    }
+}
+
+std::string NameOf(const testing::TestParamInfo<RowPath>& path) {
+    switch (path.param) {
+        case RowPath::Avx2: return "Avx2";
+        case RowPath::Sse2: return "Sse2";
+        default: return "Plain";
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(OnEveryPath, CopyRowsTest,
+                         testing::Values(RowPath::Plain, RowPath::Sse2, RowPath::Avx2), NameOf);
+
+}  // namespace
+}  // namespace scenara::soft
