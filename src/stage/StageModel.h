@@ -56,12 +56,12 @@ struct BackgroundElement {
     std::array<Single, 3> sinState{};  // runtime: sideways swing (amplitude, period, time)
     Single sinYAmplitude = 0;
     Single sinYPeriod = 0;  // ticks of half a swing
-    Single sinYPhase = 0;
+    Single sinYPhase = 0;   // runtime: counted up from the file's value, the swing's time
     std::array<Single, 2> ctrlOffset{};  // runtime: offsets by its link
     Byte visible = 0;                    // runtime: 1 = drawn
     Byte enabled = 0;                    // runtime: 1 = drawn and animated
     std::string trans;                   // blending, as the file has it
-    std::array<Single, 4> ctrlPos{};     // runtime: motion that is not the camera's
+    std::array<Single, 4> ctrlPos{};     // runtime: 0 and 1: motion that is not the camera's
     Long id = 0;                         // by which controllers name it
     Single windowX1 = 0;                 // drawn inside of this rectangle only, in view pixels
     Single windowX2 = 0;
@@ -70,6 +70,10 @@ struct BackgroundElement {
     Byte windowActive = 0;  // 1 = all four values were given, so the window holds
     Single xscaleTop = 0;   // parallax: relative speed of the top row
     Single xscaleBottom = 0;
+
+    // The drawing's own, and no part of a stage as written out.
+    std::array<Single, 2> sinOffset{};  // where the swing stands now
+    std::array<Single, 2> linkSin{};    // of a linked element: where its parent's stands
 };
 
 // One subfile of the sprite archive, with its picture as a texture.
@@ -159,6 +163,8 @@ struct StageModel {
     Integer ActionCount = 0;
     std::vector<BgCtrlDef> CtrlDefs;
     Integer CtrlDefCount = 0;
+    std::vector<Integer>
+        ElementsById;  // runtime: every element's index, in order of id, then index
 
     std::string StageTitle;
     Single CamStartX = 0;

@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+//
+// Camera: what the drawing knows of the camera beyond its position, which is StageModel's CamX and
+// CamY. There x is stored negated: the camera *shown* to the user stands at (-CamX, CamY), grows to
+// the right, and is 0 at the ground view and negative above it. Pixels of the 320 x 240 view.
+#pragma once
+
+#include "base/Integers.h"
+
+namespace scenara {
+
+struct Camera {
+    // Where the last pass of drawing saw it.
+    Single previousX = 0;
+    Single previousY = 0;
+
+    // How far one pass moves it while a key is held. A setting of the user's, which stays from
+    // stage to stage; 0 until it has been set.
+    Single HCamStep = 0;
+    Single VCamStep = 0;
+
+    // The tick of the last accepted key that acts at most every 150 ms.
+    Long lastKeyTick = 0;
+};
+
+}  // namespace scenara

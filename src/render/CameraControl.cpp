@@ -1,0 +1,124 @@
+// SPDX-License-Identifier: MIT
+#include "render/CameraControl.h"
+
+#include <cmath>
+#include <cstdint>
+
+namespace scenara {
+namespace {
+
+constexpr Single kStepChange = 0.5F;
+constexpr Single kLeastStep = 0.5F;
+constexpr Single kMostStep = 10;
+
+bool IsDown(Keyboard& keyboard, VirtualKey key) {
+    return keyboard.GetAsyncKeyState(key) != 0;
+}
+
+void MoveByKeys(StageModel& model, const Camera& camera, Keyboard& keyboard) {
+    if (IsDown(keyboard, VirtualKey::Right)) {
+        StepRight(model, camera);
+    }
+    if (IsDown(keyboard, VirtualKey::Left)) {
+        StepLeft(model, camera);
+    }
+    if (IsDown(keyboard, VirtualKey::Up)) {
+        StepUp(model, camera);
+    }
+    if (IsDown(keyboard, VirtualKey::Down)) {
+        StepDown(model, camera);
+    }
+}
+
+void Lower(Single& step) {
+    step -= kStepChange;
+    if (step <= 0) {
+        step = kLeastStep;
+    }
+}
+
+void Raise(Single& step) {
+    step += kStepChange;
+    if (step >= kMostStep) {
+        step = kMostStep;
+    }
+}
+
+void ChangeSteps(Camera& camera, const CameraInput& input) {
+    const Long now = input.clock.GetTickCount();
+    if (std::int64_t{now} - camera.lastKeyTick <= kKeyGate) {
+        return;
+    }
+    if (IsDown(input.keyboard, VirtualKey::Z)) {
+        Lower(camera.HCamStep);
+        Lower(camera.VCamStep);
+        camera.lastKeyTick = now;
+    } else if (IsDown(input.keyboard, VirtualKey::A)) {  // one key per opening of the gate
+        Raise(camera.HCamStep);
+        Raise(camera.VCamStep);
+        camera.lastKeyTick = now;
+    }
+}
+
+// How far the pointer is from the middle of a side of the window, in pixels.
+double FromMiddle(Long pointer, Long start, Long length) {
+    return pointer - (static_cast<double>(start) + static_cast<double>(length) / 2) /
+                         static_cast<double>(kUnitsPerPixel);
+}
+
+void MoveByPointer(StageModel& model, Camera& camera, const CameraInput& input) {
+    const PointerPosition pointer = input.pointer.GetCursorPos();
+    const WindowPlace place = input.window.Place();
+    const double across = FromMiddle(pointer.x, place.left, place.width);
+    const double down = FromMiddle(pointer.y, place.top, place.height);
+    camera.HCamStep = static_cast<Single>(std::fabs(across) / 10);
+    camera.VCamStep = static_cast<Single>(std::fabs(down) / 40);
+    if (across > 0) {
+        StepRight(model, camera);
+    } else if (across < 0) {
+        StepLeft(model, camera);
+    }
+    if (down < 0) {
+        StepUp(model, camera);
+    } else if (down > 0) {
+        StepDown(model, camera);
+    }
+}
+
+}  // namespace
+
+// x is stored negated, so the tests look the other way than the moves.
+void StepRight(StageModel& model, const Camera& camera) {
+    if (-model.CamX + camera.HCamStep <= static_cast<Single>(model.BoundRight)) {
+        model.CamX -= camera.HCamStep;
+    }
+}
+
+void StepLeft(StageModel& model, const Camera& camera) {
+    if (-model.CamX - camera.HCamStep >= static_cast<Single>(model.BoundLeft)) {
+        model.CamX += camera.HCamStep;
+    }
+}
+
+void StepUp(StageModel& model, const Camera& camera) {
+    if (model.CamY - camera.VCamStep >= static_cast<Single>(model.BoundHigh)) {
+        model.CamY -= camera.VCamStep;
+    }
+}
+
+void StepDown(StageModel& model, const Camera& camera) {
+    if (model.CamY + camera.VCamStep <= static_cast<Single>(model.BoundLow)) {
+        model.CamY += camera.VCamStep;
+    }
+}
+
+void ControlCamera(StageModel& model, Camera& camera, const ViewFlags& flags,
+                   const CameraInput& input) {
+    MoveByKeys(model, camera, input.keyboard);
+    ChangeSteps(camera, input);
+    if (flags.MouseScroll != 0) {
+        MoveByPointer(model, camera, input);
+    }
+}
+
+}  // namespace scenara

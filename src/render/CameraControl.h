@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+//
+// CameraControl: the user moves the camera.
+//
+// Called at the end of each pass of drawing, so a held key acts twice per frame. A step is made
+// whole or, where it would pass the stage's bound, not at all; standing on the bound is allowed.
+// Bounds are in shown coordinates. The arrow keys move, Z and A lower and raise both steps by 0.5
+// (from 0.5 to 10, at most once every 150 ms), and while MouseScroll is on the pointer's distance
+// from the middle of the window sets the steps and moves.
+#pragma once
+
+#include "platform/Clock.h"
+#include "platform/Keyboard.h"
+#include "platform/Pointer.h"
+#include "platform/Window.h"
+#include "render/Camera.h"
+#include "render/ViewFlags.h"
+#include "stage/StageModel.h"
+
+namespace scenara {
+
+// Milliseconds that must have passed, and one more, between two accepted keys.
+inline constexpr Long kKeyGate = 150;
+
+// What the camera is moved with; all of it outlives the call.
+struct CameraInput {
+    Keyboard& keyboard;
+    Clock& clock;
+    Pointer& pointer;
+    Window& window;
+};
+
+// One step each, within the bounds.
+void StepRight(StageModel& model, const Camera& camera);
+void StepLeft(StageModel& model, const Camera& camera);
+void StepUp(StageModel& model, const Camera& camera);
+void StepDown(StageModel& model, const Camera& camera);
+
+void ControlCamera(StageModel& model, Camera& camera, const ViewFlags& flags,
+                   const CameraInput& input);
+
+}  // namespace scenara

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+//
+// Where an element's picture stands in this frame, and which picture it is.
+#pragma once
+
+#include <optional>
+
+#include "stage/StageModel.h"
+
+namespace scenara {
+
+struct PlacedPicture {
+    Integer slot = -1;  // into Sprites
+    Long x = 0;         // upper left corner, view pixels, rounded
+    Long y = 0;
+    Single drawX = 0;  // the same before rounding
+    bool mirrored = false;
+};
+
+// Positions beyond this are nowhere near the view, and no sum with a size leaves 32 bits.
+inline constexpr Single kFarthest = 1 << 30;
+
+// Nothing for an element that shows no picture: a dummy, a blank frame, one whose sprite is not in
+// the archive, or one that has drifted beyond kFarthest.
+//
+// Raises "Subscript out of range" when the element's action, frame or sprite is not in its table.
+[[nodiscard]] std::optional<PlacedPicture> PlaceElement(const StageModel& model,
+                                                        const BackgroundElement& element);
+
+// Whether there is anything at all that the element could show. Without, it is skipped: a still one
+// without its sprite, an animated one without an action. (A blank frame of an action is something.)
+[[nodiscard]] bool HasPictures(const StageModel& model, const BackgroundElement& element);
+
+}  // namespace scenara

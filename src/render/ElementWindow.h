@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+//
+// ElementWindow: the rectangle of the view that an element is drawn inside of, and quads cut to it.
+#pragma once
+
+#include <optional>
+
+#include "render/Tiling.h"
+#include "stage/StageModel.h"
+
+namespace scenara {
+
+struct ElementWindow {
+    bool active = false;  // without one, quads are left whole
+    PixelRange columns;   // what can be seen at all: the window's part of the view
+    PixelRange rows;
+
+    // Of the element. Its values are rounded to whole numbers, corners may come in any order, and
+    // both corners lie inside.
+    [[nodiscard]] static ElementWindow Of(const BackgroundElement& element);
+};
+
+// A piece of a sprite on its way to the screen, pixel for pixel.
+struct SpriteQuad {
+    std::int64_t x = 0;
+    std::int64_t y = 0;
+    std::int64_t width = 0;
+    std::int64_t height = 0;
+    std::int64_t sourceX = 0;  // of a mirrored quad: in the mirrored picture
+    std::int64_t sourceY = 0;
+};
+
+// The part of the quad inside of the window, the whole quad when there is none active; nothing when
+// it is outside.
+[[nodiscard]] std::optional<SpriteQuad> CutTo(const ElementWindow& window, SpriteQuad quad);
+
+}  // namespace scenara

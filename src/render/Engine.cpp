@@ -1,0 +1,258 @@
+// SPDX-License-Identifier: MIT
+#include "render/Engine.h"
+
+#include <charconv>
+#include <new>
+#include <string>
+
+#include "base/RunTimeError.h"
+
+namespace scenara {
+namespace {
+
+constexpr std::uint32_t kDefaultAdapter = 0;
+constexpr std::uint32_t kWhite = 0xFFFFFFFF;
+
+// A 32-bit sum, checked.
+float Sum(Long a, Long b) {
+    return static_cast<float>(ToLong(static_cast<double>(a) + static_cast<double>(b)));
+}
+
+template <typename Object>
+const std::unique_ptr<Object>& Made(const std::unique_ptr<Object>& object, std::string_view call) {
+    if (!object) {
+        throw RunTimeError(RunTimeErrorKind::Direct3D, call);
+    }
+    return object;
+}
+
+std::string Hexadecimal(std::uint32_t number) {
+    std::array<char, 8> digits{};
+    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number, 16).ptr;
+    return {digits.data(), end};
+}
+
+}  // namespace
+
+void Require(HRESULT result, std::string_view call) {
+    if (Failed(result)) {
+        throw RunTimeError(
+            RunTimeErrorKind::Direct3D,
+            std::string(call) + ", 0x" + Hexadecimal(static_cast<std::uint32_t>(result)));
+    }
+}
+
+Engine::Engine(Direct3DMachine& machine, Window& window, Messages& messages,
+               const StageModel& model)
+    : machine_(machine), window_(window), messages_(messages), model_(model) {}
+
+void Engine::Engine_Init() {
+    Engine_Deinit();
+    try {
+        StartUp();
+    } catch (const RunTimeError& error) {
+        Engine_Deinit();
+        messages_.MsgBox(kMessageEngineInit,
+                         std::string("The display could not be started.\r\n") + error.what());
+    } catch (const std::bad_alloc&) {
+        Engine_Deinit();
+        messages_.MsgBox(kMessageEngineInit, "The display could not be started.\r\nOut of memory");
+    }
+}
+
+void Engine::StartUp() {
+    directX_ = machine_.CreateDirectX8();
+    direct3D_ = Made(directX_, "DirectX8")->Direct3DCreate();
+    static_cast<void>(Made(direct3D_, "Direct3DCreate"));
+    d3dx_ = machine_.CreateD3DX8();
+    static_cast<void>(Made(d3dx_, "D3DX8"));
+    Require(direct3D_->GetAdapterDisplayMode(kDefaultAdapter, displayMode_),
+            "GetAdapterDisplayMode");
+
+    presentation_ = D3DPRESENT_PARAMETERS();
+    presentation_.Windowed = 1;
+    presentation_.SwapEffect = D3DSWAPEFFECT_COPY;
+    presentation_.BackBufferFormat = displayMode_.Format;
+
+    window_.Show();
+    Require(direct3D_->CreateDevice(kDefaultAdapter, D3DDEVTYPE_HAL, window_.PictureHandle(),
+                                    D3DCREATE_SOFTWARE_VERTEXPROCESSING, presentation_, device_),
+            "CreateDevice");
+    static_cast<void>(Made(device_, "CreateDevice"));
+
+    FontDescription font;
+    font.name = "Times New Roman";
+    font.size = 12;
+    font.bold = true;
+    Require(d3dx_->CreateFont(*device_, font, font_), "CreateFont");
+    static_cast<void>(Made(font_, "CreateFont"));
+
+    quad_ = {};
+    for (std::size_t corner = 0; corner < quad_.size(); ++corner) {
+        Vertex& vertex = quad_[corner];
+        vertex.z = 0;
+        vertex.rhw = 1;
+        vertex.specular = 0;
+        vertex.tu = (corner & 1U) != 0 ? 1.0F : 0.0F;
+        vertex.tv = (corner & 2U) != 0 ? 1.0F : 0.0F;
+    }
+    Engine_Init_Gfx();
+}
+
+void Engine::Engine_Init_Gfx() {
+    Direct3DDevice8& device = Device();
+    Require(device.SetVertexShader(kVertexFormat), "SetVertexShader");
+    Require(device.SetRenderState(D3DRS_LIGHTING, 0), "SetRenderState");
+    Require(device.SetRenderState(D3DRS_SRCBLEND, D3DBLEND_ONE), "SetRenderState");
+    Require(device.SetRenderState(D3DRS_DESTBLEND, D3DBLEND_ZERO), "SetRenderState");
+    Require(device.SetRenderState(D3DRS_ALPHABLENDENABLE, 0), "SetRenderState");
+    Require(device.SetTextureStageState(0, D3DTSS_ALPHAOP, D3DTOP_MODULATE),
+            "SetTextureStageState");
+}
+
+void Engine::Engine_Deinit() {
+    font_.reset();  // made by the device, so it goes first
+    device_.reset();
+    d3dx_.reset();
+    direct3D_.reset();
+    directX_.reset();
+}
+
+Direct3DDevice8& Engine::Device() const {
+    if (!device_) {
+        throw RunTimeError(RunTimeErrorKind::ObjectNotSet, "the Direct3D device");
+    }
+    return *device_;
+}
+
+void Engine::D3DBlt(const std::shared_ptr<Direct3DTexture8>& /*TX*/, Integer slot, Long X, Long Y,
+                    Long W, Long H, Long srcX, Long srcY) {
+    Blit(slot, X, Y, W, H, srcX, srcY, 1.0F);
+}
+
+// Wrapped around, coordinates below 0 show the texture from its other end.
+void Engine::D3DBltFlip(const std::shared_ptr<Direct3DTexture8>& /*TX*/, Integer slot, Long X,
+                        Long Y, Long W, Long H, Long srcX, Long srcY) {
+    Blit(slot, X, Y, W, H, srcX, srcY, -1.0F);
+}
+
+void Engine::Blit(Integer slot, Long X, Long Y, Long W, Long H, Long srcX, Long srcY,
+                  float direction) {
+    if (slot < 0 || static_cast<std::size_t>(slot) >= model_.Sprites.size()) {
+        throw RunTimeError(RunTimeErrorKind::SubscriptOutOfRange, "sprite");
+    }
+    const SpriteEntry& sprite = model_.Sprites[static_cast<std::size_t>(slot)];
+    const auto left = static_cast<float>(X);
+    const auto top = static_cast<float>(Y);
+    const float right = Sum(X, W);
+    const float bottom = Sum(Y, H);
+    const auto textureWidth = static_cast<float>(sprite.width);
+    const auto textureHeight = static_cast<float>(sprite.height);
+    const float u0 = direction * static_cast<float>(srcX) / textureWidth;
+    const float u1 = direction * Sum(srcX, W) / textureWidth;
+    const float v0 = static_cast<float>(srcY) / textureHeight;
+    const float v1 = Sum(srcY, H) / textureHeight;
+
+    Place(0, left, bottom, kWhite);
+    Place(1, left, top, kWhite);
+    Place(2, right, bottom, kWhite);
+    Place(3, right, top, kWhite);
+    quad_[0].tu = quad_[1].tu = u0;
+    quad_[2].tu = quad_[3].tu = u1;
+    quad_[0].tv = quad_[2].tv = v1;
+    quad_[1].tv = quad_[3].tv = v0;
+
+    Require(Device().SetTexture(0, sprite.texture), "SetTexture");
+    DrawQuad();
+}
+
+void Engine::Place(std::size_t corner, float x, float y, std::uint32_t color) {
+    Vertex& vertex = quad_.at(corner);
+    vertex.x = x;
+    vertex.y = y;
+    vertex.color = color;
+}
+
+void Engine::Set_Vertex(Single X, Single Y, Single W, Single H, std::uint32_t c0, std::uint32_t c1,
+                        std::uint32_t c2, std::uint32_t c3) {
+    Place(0, X, Y, c0);
+    Place(1, X + W, Y, c1);
+    Place(2, X, Y + H, c2);
+    Place(3, X + W, Y + H, c3);
+}
+
+void Engine::Set_Shadow(Byte Type, Single X, Single Y, Single W, Single H) {
+    const Single halfWidth = W * 0.5F;
+    const Single middle = Y + H * 0.5F;
+    if (Type == 1) {
+        Place(0, X - halfWidth, middle, kShadowColor);
+        Place(1, X + halfWidth, middle, kShadowColor);
+    } else if (Type == 2) {
+        Place(0, X + halfWidth, middle, kShadowColor);
+        Place(1, X + W * 1.5F, middle, kShadowColor);
+    } else {
+        return;
+    }
+    Place(2, X, Y + H, kShadowColor);
+    Place(3, X + W, Y + H, kShadowColor);
+}
+
+void Engine::DrawQuad() {
+    constexpr std::uint32_t kTriangles = 2;
+    Require(Device().DrawPrimitiveUP(D3DPT_TRIANGLESTRIP, kTriangles, quad_, sizeof(Vertex)),
+            "DrawPrimitiveUP");
+}
+
+void Engine::Draw_Text(Integer Left, Integer Top, Integer Width, Integer Height,
+                       std::string_view Text, Long Color, Long Format) {
+    static_cast<void>(Device());
+    const TextRectangle rectangle{Left, Top, Left + Width, Top + Height};
+    Require(d3dx_->DrawText(*font_, static_cast<std::uint32_t>(Color), Text, rectangle,
+                            static_cast<std::uint32_t>(Format)),
+            "DrawText");
+}
+
+Long Engine::Engine_Device_Status() {
+    if (Device().TestCooperativeLevel() == D3DERR_DEVICENOTRESET) {
+        static_cast<void>(Engine_Device_Reset());
+    }
+    return 0;
+}
+
+Long Engine::Engine_Device_Reset() {
+    Direct3DDevice8& device = Device();
+    const HRESULT result = device.Reset(presentation_);
+    if (Failed(result)) {
+        return result;
+    }
+    Require(device.SetVertexShader(kVertexFormat), "SetVertexShader");
+    Require(device.SetRenderState(D3DRS_LIGHTING, 0), "SetRenderState");
+    Require(device.SetRenderState(D3DRS_ALPHABLENDENABLE, 1), "SetRenderState");
+    Require(device.SetRenderState(D3DRS_SRCBLEND, D3DBLEND_SRCALPHA), "SetRenderState");
+    Require(device.SetRenderState(D3DRS_DESTBLEND, D3DBLEND_INVSRCALPHA), "SetRenderState");
+    return 0;
+}
+
+void GetRGB(Long Color, Integer& R, Integer& G, Integer& B) {
+    constexpr Long kLimit = 16'777'216;
+    if (Color < -kLimit || Color > kLimit) {
+        return;
+    }
+    R = static_cast<Integer>(Color & 0xFF);
+    G = static_cast<Integer>((Color & 0xFF00) / 256);
+    // Deliberate: at the limit itself, one above the brightest colour, blue is not cut to 8 bits
+    // (GetRGB.BlueIs256AtTheLimit).
+    B = static_cast<Integer>(Color == kLimit ? 256 : (Color & 0xFF0000) / 65536);
+}
+
+Long BytesToColor(std::span<const Byte, 4> Bytes) {
+    std::string digits;
+    for (const Byte byte : Bytes) {
+        digits += byte == 0 ? "00" : Hexadecimal(byte);
+    }
+    std::uint32_t number = 0;
+    std::from_chars(digits.data(), digits.data() + digits.size(), number, 16);
+    return static_cast<Long>(number);
+}
+
+}  // namespace scenara

@@ -1,0 +1,120 @@
+// SPDX-License-Identifier: MIT
+//
+// Engine: the thin layer between the program and Direct3D.
+//
+// It makes one windowed device on the window's picture, holds the one font and the one quad of four
+// vertices, and offers a handful of operations that fill the quad and draw it. All that is on
+// screen goes through here. Positions are whole pixels of the view, (0, 0) its upper left one;
+// colours are ARGB in a Long (-1 = opaque white).
+//
+// The quad is scratch: every operation overwrites positions and colours, D3DBlt and D3DBltFlip the
+// texture coordinates, too. Set_Vertex and Set_Shadow leave those of the last draw.
+//
+// Errors: a device call that fails raises RunTimeError "Direct3D error", an operation without a
+// device "Object variable not set", a sprite slot outside of the table "Subscript out of range",
+// sums beyond 32 bits "Overflow".
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <string_view>
+
+#include "base/Integers.h"
+#include "platform/Direct3D8.h"
+#include "platform/Messages.h"
+#include "platform/Window.h"
+#include "stage/StageModel.h"
+
+namespace scenara {
+
+inline constexpr MessageKind kMessageEngineInit = "Engine_Init";
+
+inline constexpr Long kOpaqueWhite = -1;
+inline constexpr std::uint32_t kShadowColor = 0x64000000;  // black, alpha 100 of 255
+
+class Engine {
+public:
+    // All of them outlive the engine; `model` is where sprites are looked up.
+    Engine(Direct3DMachine& machine, Window& window, Messages& messages, const StageModel& model);
+
+    // Makes everything afresh and the device ready to draw, blending off. When a step fails there
+    // is no device and nothing half made, and one message says which step it was.
+    void Engine_Init();
+
+    // The states that drawing relies on; the last step of Engine_Init.
+    void Engine_Init_Gfx();
+
+    // Releases everything; without effect when there is nothing.
+    void Engine_Deinit();
+
+    [[nodiscard]] bool HasDevice() const { return device_ != nullptr; }
+    [[nodiscard]] Direct3DDevice8& Device() const;
+
+    // Draws W x H pixels of the sprite's texture, from (srcX, srcY) of it on, at (X, Y). The first
+    // argument, the slot's texture, is taken and ignored.
+    void D3DBlt(const std::shared_ptr<Direct3DTexture8>& TX, Integer slot, Long X, Long Y, Long W,
+                Long H, Long srcX, Long srcY);
+    // The same from the texture mirrored left to right; srcX counts in the mirrored one.
+    void D3DBltFlip(const std::shared_ptr<Direct3DTexture8>& TX, Integer slot, Long X, Long Y,
+                    Long W, Long H, Long srcX, Long srcY);
+
+    // The quad as a rectangle, with a colour for each corner: upper left, upper right, lower left,
+    // lower right. The caller sets a texture and calls DrawQuad.
+    void Set_Vertex(Single X, Single Y, Single W, Single H, std::uint32_t c0, std::uint32_t c1,
+                    std::uint32_t c2, std::uint32_t c3);
+
+    // The quad as a slanted shadow whose lower edge is the rectangle's: leaning left (Type 1) or
+    // right (2). Any other Type: nothing changes.
+    void Set_Shadow(Byte Type, Single X, Single Y, Single W, Single H);
+
+    void DrawQuad();
+
+    // Text in the rectangle, laid out by the DT_ flags of Format.
+    void Draw_Text(Integer Left, Integer Top, Integer Width, Integer Height, std::string_view Text,
+                   Long Color, Long Format);
+
+    // Resets a lost device that can be reset; one that cannot yet is left alone. Always 0.
+    Long Engine_Device_Status();
+
+    // The number of the error that the reset ended with, or 0. Deliberate: unlike a new device, one
+    // that was reset has alpha blending on (EngineReset.LeavesBlendingOn).
+    Long Engine_Device_Reset();
+
+    // The quad as the last operation left it.
+    [[nodiscard]] const std::array<Vertex, 4>& Quad() const { return quad_; }
+
+private:
+    void StartUp();
+    void Blit(Integer slot, Long X, Long Y, Long W, Long H, Long srcX, Long srcY, float direction);
+    void Place(std::size_t corner, float x, float y, std::uint32_t color);
+
+    Direct3DMachine& machine_;
+    Window& window_;
+    Messages& messages_;
+    const StageModel& model_;
+
+    std::unique_ptr<DirectX8> directX_;
+    std::unique_ptr<Direct3D8> direct3D_;
+    std::unique_ptr<Direct3DDevice8> device_;
+    std::unique_ptr<D3DX8> d3dx_;
+    std::unique_ptr<D3DXFont> font_;
+    D3DPRESENT_PARAMETERS presentation_;
+    D3DDISPLAYMODE displayMode_;
+    std::array<Vertex, 4> quad_;
+};
+
+// Raises RunTimeError "Direct3D error" when `result` is a failure; `call` is its name.
+void Require(HRESULT result, std::string_view call);
+
+// The components of a colour whose lowest byte is red. Outside of -16777216 to 16777216 the outputs
+// stay as they were.
+void GetRGB(Long Color, Integer& R, Integer& G, Integer& B);
+
+// The number whose hexadecimal digits are those of the four bytes in turn, read as a signed 32-bit
+// value. Deliberate: a byte from 1 to 15 gives one digit only, while 0 gives two
+// (BytesToColor.ASmallByteGivesOneDigit).
+[[nodiscard]] Long BytesToColor(std::span<const Byte, 4> Bytes);
+
+}  // namespace scenara

@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+#include "render/Motion.h"
+
+#include <cmath>
+#include <numbers>
+
+#include "render/ModelLookup.h"
+
+namespace scenara {
+namespace {
+
+void Swing(Single amplitude, Single period, Single& time, Single& offset) {
+    if (amplitude == 0 || period == 0) {
+        return;
+    }
+    const double angle = std::numbers::pi / static_cast<double>(period) * static_cast<double>(time);
+    offset = static_cast<Single>(static_cast<double>(amplitude) * std::sin(angle));
+    time += 1;
+    if (time == 2 * period) {
+        time = 0;
+    }
+}
+
+}  // namespace
+
+void NoteLinks(StageModel& model) {
+    for (BackgroundElement& element : model.Elements) {
+        if (element.linkParent == -1) {
+            continue;
+        }
+        const BackgroundElement& parent = RecordAt(model.Elements, element.linkParent, "element");
+        element.linkSin = parent.sinOffset;
+        element.ctrlOffset = {parent.ctrlPos[0], parent.ctrlPos[1]};
+    }
+}
+
+void MoveDrawn(BackgroundElement& element) {
+    element.posX += element.velocityX;
+    element.posY += element.velocityY;
+    element.ctrlPos[0] += element.velocityX;
+    element.ctrlPos[1] += element.velocityY;
+    Swing(element.sinState[0], element.sinState[1], element.sinState[2], element.sinOffset[0]);
+    Swing(element.sinYAmplitude, element.sinYPeriod, element.sinYPhase, element.sinOffset[1]);
+}
+
+void FollowCamera(const StageModel& model, const Camera& camera, BackgroundElement& element) {
+    const Single movedX = camera.previousX - model.CamX;
+    if (movedX != 0) {
+        const Single step = element.deltaX * camera.HCamStep;
+        element.posX += movedX > 0 ? -step : step;
+    }
+    const Single movedY = camera.previousY - model.CamY;
+    if (movedY != 0) {
+        const Single step = element.deltaY * camera.VCamStep;
+        element.posY += movedY > 0 ? step : -step;
+    }
+}
+
+}  // namespace scenara

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+//
+// What moves an element: its drift, its swing, the camera, and the element it is linked to.
+//
+// An element's *motion* (ctrlPos 0 and 1) is the sum of all displacement that is not the camera's:
+// drift and the position controllers. An element that is linked to it follows motion and swing.
+#pragma once
+
+#include "render/Camera.h"
+#include "stage/StageModel.h"
+
+namespace scenara {
+
+// Notes, for every linked element, where the swing and the motion of its parent stand, so that both
+// are drawn from the same values in all passes of a frame. Raises "Subscript out of range" for a
+// parent outside of the table.
+void NoteLinks(StageModel& model);
+
+// Drift and swing, after the element's draw.
+//
+// A swing runs when amplitude and period are not 0. Deliberate: one full swing takes twice the
+// period (Swing.ReturnsToTheMiddleAfterTwiceThePeriod).
+void MoveDrawn(BackgroundElement& element);
+
+// Follows the camera since the last pass. Deliberate: by the camera's step and not by the distance
+// it moved (ParallaxStep.UsesTheStepAndNotTheDistance). x is stored negated and y is not, so the
+// signs of the two are opposite.
+void FollowCamera(const StageModel& model, const Camera& camera, BackgroundElement& element);
+
+}  // namespace scenara

@@ -1,0 +1,214 @@
+// SPDX-License-Identifier: MIT
+#include "render/PrepareStage.h"
+
+#include <algorithm>
+#include <limits>
+#include <numeric>
+#include <optional>
+
+#include "render/ElementKind.h"
+#include "render/ModelLookup.h"
+
+namespace scenara {
+namespace {
+
+// Elements' starts count from the middle of the view.
+constexpr double kViewCentre = kViewWidth / 2;
+
+constexpr Integer kPicturesOfAction = -2;
+
+double Within(double value, double least, double most) {
+    return std::min(std::max(value, least), most);
+}
+
+// A number that may be too large for its field, as near as the field comes to it.
+Single NearestSingle(double value) {
+    constexpr double kMost = std::numeric_limits<Single>::max();
+    return static_cast<Single>(Within(value, -kMost, kMost));
+}
+
+// The sprite whose axis an element is laid out by; none for an animated one.
+const SpriteEntry* StillSprite(const StageModel& model, const BackgroundElement& element) {
+    if (IsAnimated(element.type) || element.spriteIndex == -1) {
+        return nullptr;
+    }
+    return &RecordAt(model.Sprites, element.spriteIndex, "sprite");
+}
+
+struct Start {
+    double x;
+    double y;
+};
+
+Start StartOf(const StageModel& model, const BackgroundElement& element) {
+    if (element.linkParent == -1) {
+        return {static_cast<double>(element.startX), static_cast<double>(element.startY)};
+    }
+    const BackgroundElement& parent = RecordAt(model.Elements, element.linkParent, "element");
+    return {static_cast<double>(parent.startX) + element.startX,
+            static_cast<double>(parent.startY) + element.startY};
+}
+
+void ResolveLinks(StageModel& model) {
+    Integer parent = -1;
+    for (std::size_t i = 0; i < model.Elements.size(); ++i) {
+        BackgroundElement& element = model.Elements[i];
+        if (element.positionlink == 0) {
+            element.linkParent = -1;
+            parent = static_cast<Integer>(i);
+            continue;
+        }
+        element.linkParent = parent;
+        if (parent != -1) {
+            // The camera is to move both alike.
+            const BackgroundElement& leader = model.Elements[static_cast<std::size_t>(parent)];
+            element.deltaX = leader.deltaX;
+            element.deltaY = leader.deltaY;
+        }
+    }
+}
+
+void Place(const StageModel& model, BackgroundElement& element) {
+    const Start start = StartOf(model, element);
+    const SpriteEntry* const sprite = StillSprite(model, element);
+    const double axisX = sprite == nullptr ? 0 : sprite->axisX;
+    const double axisY = sprite == nullptr ? 0 : sprite->axisY;
+    // What is shown of the camera, x to the right.
+    const double cameraX = -static_cast<double>(model.CamX);
+    const double cameraY = model.CamY;
+    element.posX = NearestSingle(kViewCentre + start.x - axisX -
+                                 static_cast<double>(element.deltaX) * cameraX);
+    element.posY = NearestSingle(start.y - axisY - static_cast<double>(element.deltaY) * cameraY);
+}
+
+void SetRuntimeValues(const StageModel& model, BackgroundElement& element) {
+    element.lastTileIndex = -1;
+    element.frameIndex = 0;
+    element.frameTime = 0;
+    element.ctrlOffset = {};
+    element.ctrlPos = {};
+    element.sinOffset = {};
+    element.linkSin = {};
+    element.visible = 1;
+    element.enabled = IsDummy(element.type) ? Byte{0} : Byte{1};
+    if (IsAnimated(element.type)) {
+        element.spriteIndex = kPicturesOfAction;
+        if (const StageAction* const action = ActionOf(model, element)) {
+            element.frameTime = action->frames.front().time;
+        }
+    }
+}
+
+void SetBackTimers(StageModel& model) {
+    for (BgCtrlDef& group : model.CtrlDefs) {
+        group.timer = 0;
+        for (BgCtrl& control : group.controls) {
+            control.timer = 0;
+        }
+    }
+}
+
+void OrderElementsById(StageModel& model) {
+    model.ElementsById.resize(model.Elements.size());
+    std::iota(model.ElementsById.begin(), model.ElementsById.end(), Integer{0});
+    std::stable_sort(model.ElementsById.begin(), model.ElementsById.end(),
+                     [&](Integer a, Integer b) {
+                         return model.Elements[static_cast<std::size_t>(a)].id <
+                                model.Elements[static_cast<std::size_t>(b)].id;
+                     });
+}
+
+void PreLoadTexture(const StageModel& model, Integer spriteIndex) {
+    if (spriteIndex < 0) {
+        return;
+    }
+    const SpriteEntry& sprite = RecordAt(model.Sprites, spriteIndex, "sprite");
+    if (sprite.texture) {
+        sprite.texture->PreLoad();
+    }
+}
+
+// Every picture that may be drawn masked: of masked stills, and of all actions, since a controller
+// may make an element show any.
+void PreLoadTextures(const StageModel& model) {
+    for (const BackgroundElement& element : model.Elements) {
+        if (element.mask == 1) {
+            PreLoadTexture(model, element.spriteIndex);
+        }
+    }
+    for (const StageAction& action : model.Actions) {
+        for (const StageFrame& frame : action.frames) {
+            PreLoadTexture(model, frame.spriteIndex);
+        }
+    }
+}
+
+double UpperEdge(const StageModel& model, const BackgroundElement& element) {
+    double edge = StartOf(model, element).y;
+    if (const SpriteEntry* const sprite = StillSprite(model, element)) {
+        return edge - sprite->axisY;
+    }
+    if (!IsAnimated(element.type)) {
+        return edge;
+    }
+    const StageAction* const action = ActionOf(model, element);
+    if (action != nullptr && action->frames.front().spriteIndex != -1) {
+        const StageFrame& frame = action->frames.front();
+        edge += frame.offsetY - RecordAt(model.Sprites, frame.spriteIndex, "sprite").axisY;
+    }
+    return edge;
+}
+
+}  // namespace
+
+void PlaceCamera(StageModel& model, Camera& camera) {
+    const double x =
+        Within(static_cast<double>(model.CamStartX), model.BoundLeft, model.BoundRight);
+    const double y = Within(model.CamStartY, model.BoundHigh, model.BoundLow);
+    model.CamX = static_cast<Single>(0 - x);
+    model.CamY = static_cast<Single>(y);
+    camera.previousX = model.CamX;
+    camera.previousY = model.CamY;
+}
+
+void ResolveZOffsetLink(StageModel& model) {
+    Integer index = -1;
+    // -1 is what a stage without the key has.
+    for (std::size_t i = 0; i < model.Elements.size() && model.ZOffsetLink != -1; ++i) {
+        if (model.Elements[i].id == model.ZOffsetLink) {
+            index = static_cast<Integer>(i);
+            break;
+        }
+    }
+    model.ZOffsetLink = index;
+}
+
+void RaiseUpperBound(StageModel& model) {
+    std::optional<double> smallest;
+    for (const BackgroundElement& element : model.Elements) {
+        if (element.tileY == 1) {
+            return;
+        }
+        const double edge = UpperEdge(model, element);
+        smallest = smallest ? std::min(*smallest, edge) : edge;
+    }
+    if (smallest && model.BoundHigh < *smallest) {
+        constexpr double kMost = std::numeric_limits<Integer>::max();
+        model.BoundHigh = ToInteger(std::min(*smallest + 1, kMost));
+    }
+}
+
+void PrepareElements(StageModel& model) {
+    ResolveLinks(model);
+    for (BackgroundElement& element : model.Elements) {
+        Place(model, element);
+        SetRuntimeValues(model, element);
+    }
+    SetBackTimers(model);
+    OrderElementsById(model);
+    ResolveZOffsetLink(model);
+    RaiseUpperBound(model);
+    PreLoadTextures(model);
+}
+
+}  // namespace scenara

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+//
+// What happens to a loaded stage before its first frame: the camera is placed, and every element
+// gets its first position and runtime values. In this order, since positions contain the camera.
+#pragma once
+
+#include "render/Camera.h"
+#include "stage/StageModel.h"
+
+namespace scenara {
+
+// The camera at the stage's start, raised to the left and upper bound first and then cut to the
+// right and lower one; where the last pass saw it is the same, so no step follows.
+void PlaceCamera(StageModel& model, Camera& camera);
+
+// Elements: linked ones find the element they stand relative to, and take its deltas; each is
+// placed by its start, its sprite's axis and the camera; counters, swings and flags are set back.
+// An "anim" element shows the pictures of its action from the first frame on (spriteIndex -2).
+// Then the ground line's element, the order of ids for controllers, the raised upper bound, and the
+// textures that will be drawn with their transparent pixels left out.
+//
+// Raises "Subscript out of range" when an element's sprite or action is not in its table.
+void PrepareElements(StageModel& model);
+
+// The single steps of PrepareElements that stand for themselves.
+
+// ZOffsetLink becomes the index of the first element with that id, -1 when there is none.
+void ResolveZOffsetLink(StageModel& model);
+
+// Where the upper bound lies above the smallest upper edge t of the elements' first pictures (with
+// the camera at (0, 0)) it becomes t + 1. An element that is tiled without end downwards has no
+// upper edge: then nothing is raised. Expects links and frame indices to be set.
+void RaiseUpperBound(StageModel& model);
+
+}  // namespace scenara

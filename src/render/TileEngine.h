@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+//
+// TileEngine: one pass over the stage's background elements, and the camera control behind it.
+//
+// A frame is two passes: first the elements behind the fight, then those in front. The first one
+// also lets the stage's own clocks tick, once per frame: controllers, animations, links.
+#pragma once
+
+#include "render/Camera.h"
+#include "render/CameraControl.h"
+#include "render/Engine.h"
+#include "render/ViewFlags.h"
+#include "stage/StageModel.h"
+
+namespace scenara {
+
+class TileEngine {
+public:
+    // All of them outlive it.
+    TileEngine(Engine& engine, StageModel& model, Camera& camera, const ViewFlags& flags,
+               const CameraInput& input)
+        : engine_(engine), model_(model), camera_(camera), flags_(flags), input_(input) {}
+
+    // The pass that DrawFrontLayer selects. Every element follows the camera in every pass; drift
+    // and swing go on only for what is drawn in it. The camera moves at the end, so each pass sees
+    // the move that the other one made. Allocates nothing.
+    //
+    // Errors: those of the engine, and "Subscript out of range" for an index that points outside
+    // of its table; the pass ends there.
+    void DrawBackground();
+
+private:
+    void TickStage();
+    void DrawSelected(BackgroundElement& element);
+
+    Engine& engine_;
+    StageModel& model_;
+    Camera& camera_;
+    const ViewFlags& flags_;
+    CameraInput input_;
+};
+
+// Whether an element of this layer belongs to a pass. Deliberate: layers below 0 belong to both
+// (LayerRule.LayersBelowZeroBelongToBothPasses).
+[[nodiscard]] bool BelongsToPass(Integer layerno, bool frontLayer);
+
+}  // namespace scenara

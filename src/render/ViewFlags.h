@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: MIT
+//
+// ViewFlags: the main window's flags that the drawing reads. Each is False (0) or True (255).
+#pragma once
+
+#include "base/Integers.h"
+
+namespace scenara {
+
+inline constexpr Byte kByteTrue = 255;
+
+struct ViewFlags {
+    Byte DrawFrontLayer = 0;  // which pass is drawn: False the back, True the front
+    Byte MouseScroll = 0;     // the pointer moves the camera
+};
+
+}  // namespace scenara

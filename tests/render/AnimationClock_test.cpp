@@ -1,0 +1,193 @@
+// SPDX-License-Identifier: MIT
+#include "render/AnimationClock.h"
+
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "render/ExpectError.h"
+#include "render/PrepareStage.h"
+#include "render/StageBuilder.h"
+
+namespace scenara {
+namespace {
+
+using test::ExpectError;
+using test::StageBuilder;
+
+// An action whose frames have these times, in an element that has just been prepared.
+class Clocked {
+public:
+    explicit Clocked(const std::vector<Integer>& times, Integer loopstart = 0) {
+        std::vector<test::FrameLine> frames;
+        for (const Integer time : times) {
+            frames.push_back({-1, time});
+        }
+        build.Animation(build.Action(frames, loopstart));
+        PrepareElements(model);
+    }
+
+    void Tick() { TickAnimation(model, Element()); }
+
+    // The frames on screen in the next frames drawn: the clock ticks before each.
+    std::vector<Integer> Shown(int count) {
+        std::vector<Integer> shown;
+        for (int i = 0; i < count; ++i) {
+            Tick();
+            shown.push_back(Element().frameIndex);
+        }
+        return shown;
+    }
+
+    BackgroundElement& Element() { return model.Elements.front(); }
+
+    StageModel model;
+    StageBuilder build{model};
+};
+
+using Frames = std::vector<Integer>;
+
+TEST(AnimationClock, AFrameOfTimeTIsShownForTFrames) {
+    Clocked clock({3, 1, 2});
+    EXPECT_EQ(clock.Shown(13), (Frames{0, 0, 0, 1, 2, 2, 0, 0, 0, 1, 2, 2, 0}));
+}
+
+TEST(AnimationClock, FrameTimeCountsTheTicksThatAreLeft) {
+    Clocked clock({3, 2});
+    EXPECT_EQ(clock.Element().frameTime, 3);
+    std::vector<Integer> left;
+    for (int i = 0; i < 6; ++i) {
+        clock.Tick();
+        left.push_back(clock.Element().frameTime);
+    }
+    EXPECT_EQ(left, (std::vector<Integer>{2, 1, 0, 1, 0, 2}));
+}
+
+TEST(AnimationClock, AfterTheLastFrameComesTheLoopstart) {
+    Clocked clock({1, 1, 1}, 1);
+    EXPECT_EQ(clock.Shown(8), (Frames{0, 1, 2, 1, 2, 1, 2, 1}));
+}
+
+TEST(AnimationClock, TheLastFrameMayBeTheLoopstart) {
+    Clocked clock({1, 2}, 1);
+    EXPECT_EQ(clock.Shown(6), (Frames{0, 1, 1, 1, 1, 1}));
+    EXPECT_EQ(clock.Element().frameTime, 1);
+}
+
+TEST(AnimationClock, ALoopstartThatIsNoFrameCountsAsTheFirst) {
+    for (const Integer loopstart : {Integer{3}, Integer{32767}, Integer{-1}, Integer{-32768}}) {
+        Clocked clock({1, 1, 1}, loopstart);
+        EXPECT_EQ(clock.Shown(7), (Frames{0, 1, 2, 0, 1, 2, 0})) << loopstart;
+    }
+}
+
+TEST(AnimationClock, ANegativeTimeHoldsItsFrameForEver) {
+    for (const Integer time : {Integer{-1}, Integer{-32768}}) {
+        Clocked clock({2, time, 5});
+        EXPECT_EQ(clock.Shown(8), (Frames{0, 0, 1, 1, 1, 1, 1, 1})) << time;
+        EXPECT_EQ(clock.Element().frameTime, time);
+    }
+}
+
+TEST(AnimationClock, ANegativeFirstTimeHoldsTheFirstFrame) {
+    Clocked clock({-1, 5});
+    EXPECT_EQ(clock.Shown(4), (Frames{0, 0, 0, 0}));
+    EXPECT_EQ(clock.Element().frameTime, -1);
+}
+
+TEST(AnimationClock, FramesOfTime0ArePassedOver) {
+    Clocked clock({1, 0, 0, 2, 0});
+    EXPECT_EQ(clock.Shown(8), (Frames{0, 3, 3, 0, 3, 3, 0, 3}));
+}
+
+TEST(AnimationClock, AFirstFrameOfTime0IsNeverShown) {
+    Clocked clock({0, 2});
+    EXPECT_EQ(clock.Shown(5), (Frames{1, 1, 1, 1, 1}));
+}
+
+TEST(AnimationClock, ALastFrameOfTime0LeadsOnToTheLoopstart) {
+    Clocked clock({1, 1, 0}, 1);
+    EXPECT_EQ(clock.Shown(5), (Frames{0, 1, 1, 1, 1}));
+}
+
+TEST(AnimationClock, AFrameOfTime0BeforeOneThatHoldsIsPassedOver) {
+    Clocked clock({1, 0, -1});
+    EXPECT_EQ(clock.Shown(4), (Frames{0, 2, 2, 2}));
+    EXPECT_EQ(clock.Element().frameTime, -1);
+}
+
+TEST(AnimationClock, OnlyFramesOfTime0EndTheSearchOnceRound) {
+    Clocked clock({0, 0, 0});
+    // Once round ends where it began.
+    EXPECT_EQ(clock.Shown(4), (Frames{0, 0, 0, 0}));
+    EXPECT_EQ(clock.Element().frameTime, -1);
+}
+
+TEST(AnimationClock, OneFrameOfTime0StandsStill) {
+    Clocked clock({0});
+    EXPECT_EQ(clock.Shown(40000).back(), 0);
+    EXPECT_EQ(clock.Element().frameTime, -1);
+}
+
+TEST(AnimationClock, ALoopOfFramesOfTime0BehindFramesThatAreShownEndsToo) {
+    Clocked clock({2, 0, 0}, 1);
+    const Frames shown = clock.Shown(6);
+    EXPECT_EQ(shown[0], 0);
+    EXPECT_EQ(shown[1], 0);
+    for (std::size_t i = 2; i < shown.size(); ++i) {
+        EXPECT_NE(shown[i], 0) << i;
+    }
+}
+
+TEST(AnimationClock, TheLongestTimeIsCountedWhole) {
+    Clocked clock({32767, 1});
+    const Frames shown = clock.Shown(32768);
+    EXPECT_EQ(shown[32766], 0);
+    EXPECT_EQ(shown[32767], 1);
+}
+
+TEST(AnimationClock, DisabledElementsStandStill) {
+    Clocked clock({2, 2});
+    clock.Element().enabled = 0;
+    EXPECT_EQ(clock.Shown(4), (Frames{0, 0, 0, 0}));
+    EXPECT_EQ(clock.Element().frameTime, 2);
+    clock.Element().enabled = 1;
+    EXPECT_EQ(clock.Shown(3), (Frames{0, 0, 1}));
+}
+
+TEST(AnimationClock, HiddenElementsRunOn) {
+    Clocked clock({1, 1});
+    clock.Element().visible = 0;
+    EXPECT_EQ(clock.Shown(3), (Frames{0, 1, 0}));
+}
+
+TEST(AnimationClock, ElementsThatAreNotAnimatedHaveNone) {
+    Clocked clock({1, 1});
+    clock.Element().type = "normal";
+    EXPECT_EQ(clock.Shown(3), (Frames{0, 0, 0}));
+    EXPECT_EQ(clock.Element().frameTime, 1);
+}
+
+TEST(AnimationClock, WithoutAnActionOrFramesNothingHappens) {
+    Clocked empty({});
+    EXPECT_EQ(empty.Shown(3), (Frames{0, 0, 0}));
+    Clocked none({1, 1});
+    none.Element().actionIndex = -1;
+    EXPECT_EQ(none.Shown(3), (Frames{0, 0, 0}));
+}
+
+TEST(AnimationClock, IndicesOutsideOfTheirTablesAreErrors) {
+    for (const Integer index : {Integer{1}, Integer{-2}, Integer{32767}}) {
+        Clocked clock({1, 1});
+        clock.Element().actionIndex = index;
+        ExpectError(RunTimeErrorKind::SubscriptOutOfRange, [&] { clock.Tick(); });
+    }
+    for (const Integer index : {Integer{2}, Integer{-1}, Integer{32767}}) {
+        Clocked clock({1, 1});
+        clock.Element().frameIndex = index;
+        ExpectError(RunTimeErrorKind::SubscriptOutOfRange, [&] { clock.Tick(); });
+    }
+}
+
+}  // namespace
+}  // namespace scenara

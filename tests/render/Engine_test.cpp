@@ -1,0 +1,377 @@
+// SPDX-License-Identifier: MIT
+//
+// The operations that fill and draw the one quad, text, and colours in bytes.
+#include "render/Engine.h"
+
+#include <array>
+#include <limits>
+
+#include <gtest/gtest.h>
+
+#include "base/RunTimeError.h"
+#include "render/ExpectError.h"
+#include "render/StagePlayer.h"
+
+namespace scenara {
+namespace {
+
+using test::ExpectError;
+using test::Lines;
+using test::Record;
+using test::StagePlayer;
+
+constexpr Long kMostLong = std::numeric_limits<Long>::max();
+constexpr Long kLeastLong = std::numeric_limits<Long>::min();
+
+struct Corner {
+    float x;
+    float y;
+    float tu;
+    float tv;
+    std::uint32_t color;
+};
+
+void ExpectQuad(const std::array<Vertex, 4>& quad, const std::array<Corner, 4>& corners) {
+    for (std::size_t i = 0; i < quad.size(); ++i) {
+        SCOPED_TRACE("vertex " + std::to_string(i));
+        EXPECT_FLOAT_EQ(quad.at(i).x, corners.at(i).x);
+        EXPECT_FLOAT_EQ(quad.at(i).y, corners.at(i).y);
+        EXPECT_EQ(quad.at(i).z, 0.0F);
+        EXPECT_EQ(quad.at(i).rhw, 1.0F);
+        EXPECT_FLOAT_EQ(quad.at(i).tu, corners.at(i).tu);
+        EXPECT_FLOAT_EQ(quad.at(i).tv, corners.at(i).tv);
+        EXPECT_EQ(quad.at(i).color, corners.at(i).color);
+        EXPECT_EQ(quad.at(i).specular, 0U);
+    }
+}
+
+class EngineTest : public testing::Test {
+protected:
+    EngineTest() {
+        sky = player.build.Sprite("sky", 64, 32);
+        odd = player.build.Sprite("odd", 100, 3);
+        player.engine.Engine_Init();
+        static_cast<void>(player.record.TakeLines());
+    }
+
+    void Blt(Integer slot, Long x, Long y, Long w, Long h, Long srcX, Long srcY) {
+        player.engine.D3DBlt(nullptr, slot, x, y, w, h, srcX, srcY);
+    }
+    void BltFlip(Integer slot, Long x, Long y, Long w, Long h, Long srcX, Long srcY) {
+        player.engine.D3DBltFlip(nullptr, slot, x, y, w, h, srcX, srcY);
+    }
+
+    StagePlayer player;
+    Integer sky = -1;
+    Integer odd = -1;
+};
+
+using Blits = EngineTest;
+
+TEST_F(Blits, D3DBltPlacesTheFourVertices) {
+    Blt(sky, 10, 20, 16, 8, 4, 2);
+    ExpectQuad(player.record.Quads().at(0).corners, {{{10, 28, 0.0625F, 0.3125F, 0xFFFFFFFF},
+                                                      {10, 20, 0.0625F, 0.0625F, 0xFFFFFFFF},
+                                                      {26, 28, 0.3125F, 0.3125F, 0xFFFFFFFF},
+                                                      {26, 20, 0.3125F, 0.0625F, 0xFFFFFFFF}}});
+}
+
+TEST_F(Blits, D3DBltSetsTheTextureOfTheSlotAndDrawsOneStrip) {
+    Blt(sky, 10, 20, 16, 8, 4, 2);
+    EXPECT_EQ(player.record.TakeLines(), (Lines{"SetTexture 0 sky", "DrawPrimitiveUP 5 2 32",
+                                                "quad sky 10,20 16x8 from 4,2"}));
+}
+
+TEST_F(Blits, D3DBltTakesTheTextureFromTheTableWhateverItIsHanded) {
+    player.engine.D3DBlt(player.model.Sprites.at(1).texture, sky, 0, 0, 64, 32, 0, 0);
+    player.engine.D3DBltFlip(player.model.Sprites.at(1).texture, sky, 0, 0, 64, 32, 0, 0);
+    EXPECT_EQ(player.record.TakeQuads(), (Lines{"sky 0,0 64x32", "sky 0,0 64x32 mirrored"}));
+}
+
+TEST_F(Blits, D3DBltDividesByWhateverSizeTheTextureHas) {
+    Blt(odd, -5, -7, 1, 1, 33, 1);
+    ExpectQuad(player.engine.Quad(), {{{-5, -6, 0.33F, 2.0F / 3.0F, 0xFFFFFFFF},
+                                       {-5, -7, 0.33F, 1.0F / 3.0F, 0xFFFFFFFF},
+                                       {-4, -6, 0.34F, 2.0F / 3.0F, 0xFFFFFFFF},
+                                       {-4, -7, 0.34F, 1.0F / 3.0F, 0xFFFFFFFF}}});
+}
+
+TEST_F(Blits, D3DBltTakesSourcesOutsideOfTheTexture) {
+    Blt(sky, 0, 0, 64, 32, -64, 64);
+    ExpectQuad(player.engine.Quad(), {{{0, 32, -1, 3, 0xFFFFFFFF},
+                                       {0, 0, -1, 2, 0xFFFFFFFF},
+                                       {64, 32, 0, 3, 0xFFFFFFFF},
+                                       {64, 0, 0, 2, 0xFFFFFFFF}}});
+}
+
+TEST_F(Blits, D3DBltFlipNegatesWhatCountsAcross) {
+    BltFlip(sky, 10, 20, 16, 8, 4, 2);
+    ExpectQuad(player.record.Quads().at(0).corners, {{{10, 28, -0.0625F, 0.3125F, 0xFFFFFFFF},
+                                                      {10, 20, -0.0625F, 0.0625F, 0xFFFFFFFF},
+                                                      {26, 28, -0.3125F, 0.3125F, 0xFFFFFFFF},
+                                                      {26, 20, -0.3125F, 0.0625F, 0xFFFFFFFF}}});
+    EXPECT_EQ(player.record.TakeLines(), (Lines{"SetTexture 0 sky", "DrawPrimitiveUP 5 2 32",
+                                                "quad sky 10,20 16x8 from 4,2 mirrored"}));
+}
+
+TEST_F(Blits, D3DBltFlipOfTheWholeWidthRunsBackOverTheWholeTexture) {
+    BltFlip(odd, 3, 4, 100, 3, 0, 0);
+    ExpectQuad(player.engine.Quad(), {{{3, 7, 0, 1, 0xFFFFFFFF},
+                                       {3, 4, 0, 0, 0xFFFFFFFF},
+                                       {103, 7, -1, 1, 0xFFFFFFFF},
+                                       {103, 4, -1, 0, 0xFFFFFFFF}}});
+}
+
+TEST_F(Blits, ColoursOfAnEarlierQuadDoNotStay) {
+    player.engine.Set_Vertex(0, 0, 1, 1, 1, 2, 3, 4);
+    Blt(sky, 0, 0, 64, 32, 0, 0);
+    for (const Vertex& vertex : player.engine.Quad()) {
+        EXPECT_EQ(vertex.color, 0xFFFFFFFFU);
+    }
+    player.engine.Set_Vertex(0, 0, 1, 1, 1, 2, 3, 4);
+    BltFlip(sky, 0, 0, 64, 32, 0, 0);
+    for (const Vertex& vertex : player.engine.Quad()) {
+        EXPECT_EQ(vertex.color, 0xFFFFFFFFU);
+    }
+}
+
+TEST_F(Blits, SumsAre32BitsWideAndNotOneMore) {
+    Blt(sky, kMostLong - 64, kMostLong - 32, 64, 32, kMostLong - 64, kMostLong - 32);
+    EXPECT_EQ(player.record.DrawnCount(), 1U);
+    Blt(sky, kLeastLong + 1, kLeastLong + 1, -1, -1, kLeastLong + 1, kLeastLong + 1);
+    EXPECT_EQ(player.record.DrawnCount(), 2U);
+}
+
+TEST_F(Blits, SumsBeyond32BitsAreAnOverflowAndDrawNothing) {
+    constexpr Long kMost = kMostLong;
+    constexpr Long kLeast = kLeastLong;
+    ExpectError(RunTimeErrorKind::Overflow, [&] { Blt(sky, kMost, 0, 1, 1, 0, 0); });
+    ExpectError(RunTimeErrorKind::Overflow, [&] { Blt(sky, 0, kMost, 1, 1, 0, 0); });
+    ExpectError(RunTimeErrorKind::Overflow, [&] { Blt(sky, 0, 0, 1, 1, kMost, 0); });
+    ExpectError(RunTimeErrorKind::Overflow, [&] { Blt(sky, 0, 0, 1, 1, 0, kMost); });
+    ExpectError(RunTimeErrorKind::Overflow, [&] { Blt(sky, kLeast, 0, -1, 1, 0, 0); });
+    ExpectError(RunTimeErrorKind::Overflow, [&] { BltFlip(sky, kMost, 0, 1, 1, 0, 0); });
+    ExpectError(RunTimeErrorKind::Overflow, [&] { BltFlip(sky, 0, 0, 1, 1, 0, kMost); });
+    EXPECT_EQ(player.record.TakeLines(), Lines());
+}
+
+TEST_F(Blits, SlotsOutsideOfTheTableAreAnErrorAndDrawNothing) {
+    for (const Integer slot : {Integer{-1}, Integer{2}, Integer{32767}, Integer{-32768}}) {
+        SCOPED_TRACE(slot);
+        ExpectError(RunTimeErrorKind::SubscriptOutOfRange, [&] { Blt(slot, 0, 0, 1, 1, 0, 0); });
+        ExpectError(RunTimeErrorKind::SubscriptOutOfRange,
+                    [&] { BltFlip(slot, 0, 0, 1, 1, 0, 0); });
+    }
+    EXPECT_EQ(player.record.TakeLines(), Lines());
+}
+
+TEST_F(Blits, AnyFailingCallOfTheDeviceIsAnError) {
+    for (const char* const call : {"SetTexture", "DrawPrimitiveUP"}) {
+        SCOPED_TRACE(call);
+        player.record.Spoil(call, Record::Trouble::Fails);
+        ExpectError(RunTimeErrorKind::Direct3D, [&] { Blt(sky, 0, 0, 1, 1, 0, 0); });
+        player.record.Spoil(call, Record::Trouble::Fails);
+        ExpectError(RunTimeErrorKind::Direct3D, [&] { BltFlip(sky, 0, 0, 1, 1, 0, 0); });
+    }
+    EXPECT_EQ(player.record.DrawnCount(), 0U);
+    Blt(sky, 0, 0, 1, 1, 0, 0);
+    EXPECT_EQ(player.record.DrawnCount(), 1U);
+}
+
+TEST_F(Blits, AnErrorNamesTheCallAndItsNumber) {
+    player.record.Spoil("SetTexture", Record::Trouble::Fails, 1, D3DERR_DEVICELOST);
+    try {
+        Blt(sky, 0, 0, 1, 1, 0, 0);
+        FAIL() << "no error";
+    } catch (const RunTimeError& error) {
+        EXPECT_STREQ(error.what(), "Direct3D error: SetTexture, 0x88760868");
+    }
+}
+
+using Quads = EngineTest;
+
+TEST_F(Quads, BeginAsOneWholeTexture) {
+    const auto& quad = player.engine.Quad();
+    const std::array<std::array<float, 2>, 4> corners{{{0, 0}, {1, 0}, {0, 1}, {1, 1}}};
+    for (std::size_t i = 0; i < quad.size(); ++i) {
+        EXPECT_EQ(quad.at(i).tu, corners.at(i).at(0)) << i;
+        EXPECT_EQ(quad.at(i).tv, corners.at(i).at(1)) << i;
+        EXPECT_EQ(quad.at(i).z, 0.0F) << i;
+        EXPECT_EQ(quad.at(i).rhw, 1.0F) << i;
+        EXPECT_EQ(quad.at(i).specular, 0U) << i;
+    }
+}
+
+TEST_F(Quads, BeginAnewWithEachDevice) {
+    Blt(sky, 0, 0, 16, 8, 4, 2);
+    player.engine.Engine_Init();
+    EXPECT_EQ(player.engine.Quad().at(1).tu, 1.0F);
+    EXPECT_EQ(player.engine.Quad().at(2).tu, 0.0F);
+    EXPECT_EQ(player.engine.Quad().at(2).tv, 1.0F);
+}
+
+TEST_F(Quads, SetVertexGivesEachCornerItsColour) {
+    player.engine.Set_Vertex(128.5F, 56, 64, 128.25F, 0xFFFF0000, 0xFF00FF00, 0xFF0000FF,
+                             0xFFFFE100);
+    ExpectQuad(player.engine.Quad(), {{{128.5F, 56, 0, 0, 0xFFFF0000},
+                                       {192.5F, 56, 1, 0, 0xFF00FF00},
+                                       {128.5F, 184.25F, 0, 1, 0xFF0000FF},
+                                       {192.5F, 184.25F, 1, 1, 0xFFFFE100}}});
+    EXPECT_EQ(player.record.TakeLines(), Lines());
+}
+
+TEST_F(Quads, SetVertexKeepsTheTextureCoordinatesOfTheLastDraw) {
+    Blt(sky, 0, 0, 16, 8, 4, 2);
+    player.engine.Set_Vertex(1, 2, 3, 4, 5, 6, 7, 8);
+    ExpectQuad(player.engine.Quad(), {{{1, 2, 0.0625F, 0.3125F, 5},
+                                       {4, 2, 0.0625F, 0.0625F, 6},
+                                       {1, 6, 0.3125F, 0.3125F, 7},
+                                       {4, 6, 0.3125F, 0.0625F, 8}}});
+}
+
+TEST_F(Quads, SetShadowType1LeansLeft) {
+    player.engine.Set_Shadow(1, 128, 56, 64, 128);
+    ExpectQuad(player.engine.Quad(), {{{96, 120, 0, 0, 0x64000000},
+                                       {160, 120, 1, 0, 0x64000000},
+                                       {128, 184, 0, 1, 0x64000000},
+                                       {192, 184, 1, 1, 0x64000000}}});
+}
+
+TEST_F(Quads, SetShadowType2LeansRight) {
+    player.engine.Set_Shadow(2, 128, 56, 64, 128);
+    ExpectQuad(player.engine.Quad(), {{{160, 120, 0, 0, 0x64000000},
+                                       {224, 120, 1, 0, 0x64000000},
+                                       {128, 184, 0, 1, 0x64000000},
+                                       {192, 184, 1, 1, 0x64000000}}});
+}
+
+TEST_F(Quads, SetShadowKeepsHalvesOfPixels) {
+    player.engine.Set_Shadow(2, 0.5F, 1, 3, 5);
+    ExpectQuad(player.engine.Quad(), {{{2, 3.5F, 0, 0, 0x64000000},
+                                       {5, 3.5F, 1, 0, 0x64000000},
+                                       {0.5F, 6, 0, 1, 0x64000000},
+                                       {3.5F, 6, 1, 1, 0x64000000}}});
+}
+
+TEST_F(Quads, SetShadowOfAnyOtherTypeChangesNothing) {
+    for (const Byte type : {Byte{0}, Byte{3}, Byte{255}}) {
+        SCOPED_TRACE(type);
+        player.engine.Set_Vertex(1, 2, 3, 4, 5, 6, 7, 8);
+        player.engine.Set_Shadow(type, 128, 56, 64, 128);
+        ExpectQuad(player.engine.Quad(),
+                   {{{1, 2, 0, 0, 5}, {4, 2, 1, 0, 6}, {1, 6, 0, 1, 7}, {4, 6, 1, 1, 8}}});
+    }
+}
+
+TEST_F(Quads, DrawQuadDrawsTheQuadAsItIs) {
+    player.engine.Set_Shadow(1, 128, 56, 64, 128);
+    player.engine.DrawQuad();
+    ExpectQuad(player.record.Quads().at(0).corners, {{{96, 120, 0, 0, 0x64000000},
+                                                      {160, 120, 1, 0, 0x64000000},
+                                                      {128, 184, 0, 1, 0x64000000},
+                                                      {192, 184, 1, 1, 0x64000000}}});
+    EXPECT_EQ(player.record.TakeLines().at(0), "DrawPrimitiveUP 5 2 32");
+}
+
+using DrawText = EngineTest;
+
+TEST_F(DrawText, RectangleRunsFromTheCornerByWidthAndHeight) {
+    player.engine.Draw_Text(5, 5, 200, 20, "Cam 12.5,0  60 FPS", -1, 0);
+    EXPECT_EQ(
+        player.record.TakeLines(),
+        (Lines{"DrawText 'Cam 12.5,0  60 FPS' in 5 5 205 25, color and format 4294967295 0"}));
+}
+
+TEST_F(DrawText, FormatAndColourGoThroughAsTheyAre) {
+    player.engine.Draw_Text(220, 220, 100, 20, "FPS: 60", kLeastLong, 10);
+    EXPECT_EQ(player.record.TakeLines(),
+              (Lines{"DrawText 'FPS: 60' in 220 220 320 240, color and format 2147483648 10"}));
+}
+
+TEST_F(DrawText, EmptyTextAndNegativeCornersAreTextToo) {
+    player.engine.Draw_Text(-30, -10, 20, 5, "", 0, 0);
+    EXPECT_EQ(player.record.TakeLines(),
+              (Lines{"DrawText '' in -30 -10 -10 -5, color and format 0 0"}));
+}
+
+TEST_F(DrawText, FailureIsAnError) {
+    player.record.Spoil("DrawText", Record::Trouble::Fails);
+    ExpectError(RunTimeErrorKind::Direct3D,
+                [&] { player.engine.Draw_Text(5, 5, 200, 20, "Cam", -1, 0); });
+}
+
+struct Split {
+    Long color;
+    Integer r;
+    Integer g;
+    Integer b;
+};
+
+void ExpectSplit(const Split& split) {
+    SCOPED_TRACE(split.color);
+    Integer r = -7;
+    Integer g = -8;
+    Integer b = -9;
+    GetRGB(split.color, r, g, b);
+    EXPECT_EQ(r, split.r);
+    EXPECT_EQ(g, split.g);
+    EXPECT_EQ(b, split.b);
+}
+
+TEST(GetRGB, SplitsFromTheLowestByteUp) {
+    ExpectSplit({0, 0, 0, 0});
+    ExpectSplit({0x112233, 0x33, 0x22, 0x11});
+    ExpectSplit({0xFF, 255, 0, 0});
+    ExpectSplit({0xFF00, 0, 255, 0});
+    ExpectSplit({0xFF0000, 0, 0, 255});
+    ExpectSplit({16777215, 255, 255, 255});
+}
+
+TEST(GetRGB, NegativeColoursAreSplitByTheirBits) {
+    ExpectSplit({-1, 255, 255, 255});
+    ExpectSplit({-16777215, 1, 0, 0});
+    ExpectSplit({-16777216, 0, 0, 0});
+}
+
+TEST(GetRGB, BlueIs256AtTheLimit) {
+    ExpectSplit({16777216, 0, 0, 256});
+}
+
+TEST(GetRGB, BeyondTheLimitsNothingIsWritten) {
+    ExpectSplit({16777217, -7, -8, -9});
+    ExpectSplit({-16777217, -7, -8, -9});
+    ExpectSplit({kMostLong, -7, -8, -9});
+    ExpectSplit({kLeastLong, -7, -8, -9});
+}
+
+Long ColorOf(Byte b0, Byte b1, Byte b2, Byte b3) {
+    return BytesToColor(std::array<Byte, 4>{b0, b1, b2, b3});
+}
+
+TEST(BytesToColor, BytesStandInTurnFromTheHighestOn) {
+    EXPECT_EQ(ColorOf(0x10, 0x20, 0x30, 0x40), 0x10203040);
+    EXPECT_EQ(ColorOf(0xFF, 0x10, 0x20, 0x30), static_cast<Long>(0xFF102030));
+}
+
+TEST(BytesToColor, ASmallByteGivesOneDigit) {
+    EXPECT_EQ(ColorOf(0x05, 0x10, 0x20, 0x30), 0x5102030);
+    EXPECT_EQ(ColorOf(0x10, 0x05, 0x20, 0x30), 0x1052030);
+    EXPECT_EQ(ColorOf(1, 2, 3, 15), 0x123F);
+    EXPECT_EQ(ColorOf(0x10, 0x0F, 0x10, 0x0F), 0x10F10F);
+}
+
+TEST(BytesToColor, AZeroByteGivesTwoDigits) {
+    EXPECT_EQ(ColorOf(0, 0, 0, 0), 0);
+    EXPECT_EQ(ColorOf(0xFF, 0, 0, 0), static_cast<Long>(0xFF000000));
+    EXPECT_EQ(ColorOf(1, 0, 0, 1), 0x100001);
+    EXPECT_EQ(ColorOf(0, 0, 0, 9), 9);
+}
+
+TEST(BytesToColor, EightDigitsAreASignedNumber) {
+    EXPECT_EQ(ColorOf(255, 255, 255, 255), -1);
+    EXPECT_EQ(ColorOf(0x80, 0, 0, 0), kLeastLong);
+    EXPECT_EQ(ColorOf(0x7F, 255, 255, 255), kMostLong);
+}
+
+}  // namespace
+}  // namespace scenara

@@ -1,0 +1,127 @@
+// SPDX-License-Identifier: MIT
+//
+// The order in which the pieces of a frame reach the device.
+#include "render/Frame.h"
+
+#include <algorithm>
+
+#include <gtest/gtest.h>
+
+#include "render/ExpectError.h"
+#include "render/StagePlayer.h"
+
+namespace scenara {
+namespace {
+
+using test::ExpectError;
+using test::Lines;
+using test::Record;
+using test::StageBuilder;
+using test::StagePlayer;
+
+class FrameTest : public testing::Test {
+protected:
+    FrameTest() {
+        StageBuilder::At(player.build.Still(player.build.Sprite("back", 320, 240)), 0, 0);
+        BackgroundElement& front =
+            StageBuilder::At(player.build.Still(player.build.Sprite("front", 50, 40)), 10, 20);
+        front.layerno = 1;
+        front.mask = 1;
+        player.Start();
+    }
+    void Scene() { DrawScene(player.engine, player.tiles, player.flags); }
+
+    StagePlayer player;
+};
+
+TEST_F(FrameTest, BeginsDrawsBothLayersAndEndsTheScene) {
+    Scene();
+    EXPECT_EQ(
+        player.record.TakeLines(),
+        (Lines{"BeginScene", "SetTexture 0 back", "DrawPrimitiveUP 5 2 32", "quad back 0,0 320x240",
+               "SetRenderState 19 5", "SetRenderState 20 6", "SetRenderState 27 1",
+               "SetTexture 0 front", "DrawPrimitiveUP 5 2 32", "quad front 10,20 50x40 masked",
+               "SetRenderState 27 0", "SetRenderState 19 2", "SetRenderState 20 1", "EndScene"}));
+    EXPECT_EQ(player.flags.DrawFrontLayer, kByteTrue);
+}
+
+TEST_F(FrameTest, IsTheSameEveryTime) {
+    Scene();
+    const Lines first = player.record.TakeLines();
+    player.flags.DrawFrontLayer = kByteTrue;
+    Scene();
+    EXPECT_EQ(player.record.TakeLines(), first);
+}
+
+TEST_F(FrameTest, TheInformationLineComesBehindTheSceneAndThenTheBufferIsShown) {
+    Scene();
+    DrawInfoLine(player.engine, "Cam 12.5,0  60 FPS");
+    PresentFrame(player.engine);
+    const Lines lines = player.record.TakeLines();
+    ASSERT_GE(lines.size(), 3U);
+    EXPECT_EQ(Lines(lines.end() - 3, lines.end()),
+              (Lines{"EndScene",
+                     "DrawText 'Cam 12.5,0  60 FPS' in 5 5 205 25, color and format 4294967295 0",
+                     "Present"}));
+}
+
+TEST_F(FrameTest, WithoutTheInformationLineHasNoText) {
+    Scene();
+    PresentFrame(player.engine);
+    for (const std::string& line : player.record.TakeLines()) {
+        EXPECT_FALSE(line.starts_with("DrawText")) << line;
+    }
+}
+
+TEST_F(FrameTest, OfAStageWithoutElementsIsAnEmptyScene) {
+    player.model.Elements.clear();
+    Scene();
+    EXPECT_EQ(player.record.TakeLines(), (Lines{"BeginScene", "EndScene"}));
+}
+
+TEST_F(FrameTest, PresentMayFail) {
+    player.record.AnswerAlways("Present", D3DERR_DEVICELOST);
+    PresentFrame(player.engine);
+    PresentFrame(player.engine);
+    EXPECT_EQ(player.record.TakeLines(), (Lines{"Present", "Present"}));
+}
+
+TEST_F(FrameTest, NeverAsksForTheDevicesStatus) {
+    player.record.AnswerAlways("TestCooperativeLevel", D3DERR_DEVICENOTRESET);
+    Scene();
+    PresentFrame(player.engine);
+    const Lines lines = player.record.TakeLines();
+    EXPECT_EQ(std::count(lines.begin(), lines.end(), "TestCooperativeLevel"), 0);
+}
+
+TEST_F(FrameTest, ALostDeviceIsAnErrorOfTheFrame) {
+    player.record.AnswerAlways("DrawPrimitiveUP", D3DERR_DEVICELOST);
+    ExpectError(RunTimeErrorKind::Direct3D, [&] { Scene(); });
+}
+
+TEST_F(FrameTest, FailingToBeginDrawsNothing) {
+    player.record.Spoil("BeginScene", Record::Trouble::Fails);
+    ExpectError(RunTimeErrorKind::Direct3D, [&] { Scene(); });
+    EXPECT_EQ(player.record.TakeLines(), (Lines{"BeginScene"}));
+}
+
+TEST_F(FrameTest, FailingToEndIsAnError) {
+    player.record.Spoil("EndScene", Record::Trouble::Fails);
+    ExpectError(RunTimeErrorKind::Direct3D, [&] { Scene(); });
+}
+
+TEST_F(FrameTest, FailingTextIsAnError) {
+    player.record.Spoil("DrawText", Record::Trouble::Fails);
+    ExpectError(RunTimeErrorKind::Direct3D, [&] { DrawInfoLine(player.engine, "Cam"); });
+}
+
+TEST_F(FrameTest, WithoutADeviceIsAnErrorAndMovesNothing) {
+    player.Element(0).velocityX = 1;
+    player.engine.Engine_Deinit();
+    ExpectError(RunTimeErrorKind::ObjectNotSet, [&] { Scene(); });
+    ExpectError(RunTimeErrorKind::ObjectNotSet, [&] { DrawInfoLine(player.engine, "Cam"); });
+    EXPECT_EQ(player.Element(0).posX, 0);
+}
+
+}  // namespace
+}  // namespace scenara

@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: MIT
+//
+// StagePlayer: a stage, and all that it needs to be drawn on a recording machine.
+//
+// A test builds the stage with `build`, calls Start and plays passes or frames; each gives the
+// quads that reached the device, in words.
+#pragma once
+
+#include "platform/Clock.h"
+#include "platform/headless/HeadlessKeyboard.h"
+#include "platform/headless/HeadlessMessages.h"
+#include "platform/headless/HeadlessPointer.h"
+#include "platform/headless/HeadlessWindow.h"
+#include "render/Camera.h"
+#include "render/Engine.h"
+#include "render/Frame.h"
+#include "render/PrepareStage.h"
+#include "render/RecordingMachine.h"
+#include "render/StageBuilder.h"
+#include "render/TileEngine.h"
+#include "render/ViewFlags.h"
+
+namespace scenara::test {
+
+// Says in the record when it is shown.
+class RecordedWindow : public HeadlessWindow {
+public:
+    explicit RecordedWindow(Record& record) : record_(record) {}
+    void Show() override {
+        static_cast<void>(record_.Call("Show"));
+        HeadlessWindow::Show();
+    }
+
+private:
+    Record& record_;
+};
+
+// Shows the time it is set to.
+class SetClock : public Clock {
+public:
+    Long GetTickCount() override { return now; }
+    std::int64_t QueryPerformanceCounter() override { return now; }
+    std::int64_t QueryPerformanceFrequency() override { return 1000; }
+
+    Long now = 1000;
+};
+
+struct StagePlayer {
+    // The camera goes 1 pixel a step.
+    StagePlayer() {
+        camera.HCamStep = 1;
+        camera.VCamStep = 1;
+    }
+
+    // A device, the camera and the elements in their places; what that took is forgotten.
+    void Start() {
+        engine.Engine_Init();
+        PlaceCamera(model, camera);
+        PrepareElements(model);
+        static_cast<void>(record.TakeLines());
+    }
+
+    Lines BackPass() {
+        flags.DrawFrontLayer = 0;
+        tiles.DrawBackground();
+        return record.TakeQuads();
+    }
+    Lines FrontPass() {
+        flags.DrawFrontLayer = kByteTrue;
+        tiles.DrawBackground();
+        return record.TakeQuads();
+    }
+    // Both passes.
+    Lines Frame() {
+        DrawScene(engine, tiles, flags);
+        return record.TakeQuads();
+    }
+    // This many frames, of which nobody wants to know the quads.
+    void Frames(int count) {
+        for (int i = 0; i < count; ++i) {
+            DrawScene(engine, tiles, flags);
+        }
+        static_cast<void>(record.TakeLines());
+    }
+
+    [[nodiscard]] BackgroundElement& Element(std::size_t index) { return model.Elements.at(index); }
+
+    Record record;
+    RecordingMachine machine{record};
+    RecordedWindow window{record};
+    HeadlessMessages messages;
+    StageModel model;
+    StageBuilder build{model};
+    Engine engine{machine, window, messages, model};
+    Camera camera;
+    ViewFlags flags;
+    HeadlessKeyboard keyboard;
+    SetClock clock;
+    HeadlessPointer pointer;
+    TileEngine tiles{engine, model, camera, flags, CameraInput{keyboard, clock, pointer, window}};
+};
+
+}  // namespace scenara::test
