@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "scenara-shot/CommandLine.h"
 
+#include <sstream>
 #include <stdexcept>
+#include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -18,14 +21,20 @@ std::string ErrorOf(const std::vector<std::string>& words) {
 }
 
 TEST(CommandLine, TakesEveryOption) {
-    const ShotOptions options = ParseCommandLine({"--mugen", "/m", "a.def", "--model", "a.json",
-                                                  "--sprites", "dir", "--out", "a.png", "--plain"});
+    const ShotOptions options = ParseCommandLine(
+        {"--mugen", "/m", "a.def", "--model", "a.json", "--sprites", "dir", "--out", "a.png",
+         "--plain", "--frames", "90", "--keys", "right:1,up:2", "--every", "30", "--info"});
     EXPECT_EQ(options.mugeDir, "/m");
     EXPECT_EQ(options.stage, "a.def");
     EXPECT_EQ(options.modelFile, "a.json");
     EXPECT_EQ(options.spriteDir, "dir");
     EXPECT_EQ(options.pictureFile, "a.png");
     EXPECT_TRUE(options.plain);
+    EXPECT_EQ(options.frames, 90);
+    EXPECT_EQ(options.keys.KeysOfFrame(1), KeySet{VirtualKey::Right});
+    EXPECT_EQ(options.keys.KeysOfFrame(3), KeySet{VirtualKey::Up});
+    EXPECT_EQ(options.every, 30);
+    EXPECT_TRUE(options.info);
     EXPECT_FALSE(options.help);
 }
 
@@ -33,8 +42,43 @@ TEST(CommandLine, AdditionsAreOnUnlessPlain) {
     EXPECT_FALSE(ParseCommandLine({"--mugen", "/m", "a.def"}).plain);
 }
 
+TEST(CommandLine, RunsOneFrameWithNoKeyHeldUnlessToldOtherwise) {
+    const ShotOptions options = ParseCommandLine({"--mugen", "/m", "a.def"});
+    EXPECT_EQ(options.frames, 1);
+    EXPECT_EQ(options.keys.KeysOfFrame(1), KeySet());
+    EXPECT_EQ(options.every, std::nullopt);
+    EXPECT_EQ(options.pictureFile, std::nullopt);
+    EXPECT_FALSE(options.info);
+}
+
+TEST(CommandLine, CountsAreWholeNumbersFromOneOn) {
+    for (const std::string option : {"--frames", "--every"}) {
+        for (const std::string count :
+             {"0", "-1", "", "x", "1x", " 1", "+1", "1.5", "2147483648"}) {
+            EXPECT_EQ(ErrorOf({"--mugen", "/m", "a.def", "--out", "a.png", option, count}),
+                      option + " needs a whole number from 1 to 2147483647, not \"" + count + "\"");
+        }
+        EXPECT_EQ(ErrorOf({"--mugen", "/m", "a.def", option}), option + " needs an argument");
+    }
+    EXPECT_EQ(ParseCommandLine({"--mugen", "/m", "a.def", "--frames", "2147483647"}).frames,
+              2147483647);
+}
+
+TEST(CommandLine, SaysWhatIsWrongWithAKeyScript) {
+    EXPECT_EQ(ErrorOf({"--mugen", "/m", "a.def", "--keys", "jump:3"}),
+              "key script: \"jump\" is none of left, right, up, down, a, z and none");
+    EXPECT_EQ(ErrorOf({"--mugen", "/m", "a.def", "--keys"}), "--keys needs an argument");
+}
+
+TEST(CommandLine, EveryNeedsTheNameOfAPictureWhereverThatStands) {
+    EXPECT_EQ(ErrorOf({"--mugen", "/m", "a.def", "--every", "2"}),
+              "--every needs --out, which names the pictures");
+    EXPECT_EQ(ErrorOf({"--mugen", "/m", "a.def", "--every", "2", "--out", "a.png"}), "no error");
+}
+
 TEST(CommandLine, HelpNeedsNothingElse) {
     EXPECT_TRUE(ParseCommandLine({"--help"}).help);
+    EXPECT_TRUE(ParseCommandLine({"--every", "2", "--help"}).help);
 }
 
 TEST(CommandLine, SaysWhatIsMissingOrUnknown) {
@@ -43,6 +87,18 @@ TEST(CommandLine, SaysWhatIsMissingOrUnknown) {
     EXPECT_EQ(ErrorOf({"a.def", "--mugen"}), "--mugen needs an argument");
     EXPECT_EQ(ErrorOf({"--mugen", "/m", "a.def", "--zoom"}), "there is no option --zoom");
     EXPECT_EQ(ErrorOf({"--mugen", "/m", "a.def", "b.def"}), "one stage at a time: a.def or b.def");
+}
+
+TEST(UsageText, NamesEveryOptionInLinesThatFitATerminal) {
+    const std::string usage = UsageText();
+    for (const char* option : {"--mugen", "--frames", "--keys", "--info", "--out", "--every",
+                               "--model", "--sprites", "--plain"}) {
+        EXPECT_NE(usage.find("\n  " + std::string(option) + " "), std::string::npos) << option;
+    }
+    std::istringstream lines(usage);
+    for (std::string line; std::getline(lines, line);) {
+        EXPECT_LE(line.size(), 80U) << line;
+    }
 }
 
 }  // namespace

@@ -1,74 +1,35 @@
 // SPDX-License-Identifier: MIT
-//
-// scenara-shot as its users run it: the program itself, its files, its standard error and its exit
-// status.
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <string>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <rapidjson/document.h>
-#include <sys/wait.h>
 
-#include "platform/posix/ProgramFolder.h"
+#include "ShotProgram.h"
 #include "support/FuzzChecks.h"
 
-namespace scenara {
+namespace scenara::test {
 namespace {
 
-namespace fs = std::filesystem;
 using testing::HasSubstr;
 using testing::StartsWith;
 
-std::string Contents(const fs::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
-void Write(const fs::path& path, const std::string& bytes) {
-    fs::create_directories(path.parent_path());
-    std::ofstream(path, std::ios::binary) << bytes;
-}
-
-class ScenaraShot : public testing::Test {
+class ScenaraShotModel : public ScenaraShot {
 protected:
-    // Runs the program with `arguments` and keeps what it says.
-    int Run(const std::string& arguments) {
-        const std::string command = std::string(SCENARA_SHOT) + " " + arguments + " >" +
-                                    Path("out") + " 2>" + Path("err") + " </dev/null";
-        const int status = std::system(command.c_str());
-        out_ = Contents(Path("out"));
-        err_ = Contents(Path("err"));
-        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    }
-
-    [[nodiscard]] std::string Path(const std::string& name) const { return folder_.Path() + name; }
-
-    void PutStage(const std::string& name, const std::string& definition) {
-        Write(Path("mugen/stages/" + name), definition);
-    }
-
     rapidjson::Document Model() {
         rapidjson::Document json;
         json.Parse(Contents(Path("model.json")).c_str());
         return json;
     }
-
-    TemporaryFolder folder_;
-    std::string out_;
-    std::string err_;
 };
 
-TEST_F(ScenaraShot, FindsAStageByItsNameInTheFolder) {
+TEST_F(ScenaraShotModel, FindsAStageByItsNameInTheFolder) {
     PutStage("a.def", "[Info]\nname = first\n");
     EXPECT_EQ(Run("--mugen " + Path("mugen") + " A.DEF --model " + Path("model.json")), 0);
     EXPECT_STREQ(Model()["settings"]["StageTitle"].GetString(), "first");
 }
 
-TEST_F(ScenaraShot, TakesAStageByItsPath) {
+TEST_F(ScenaraShotModel, TakesAStageByItsPath) {
     Write(Path("elsewhere/b.def"), "[Info]\nname = second\n");
     EXPECT_EQ(Run("--mugen " + Path("mugen") + " " + Path("elsewhere/b.def") + " --model " +
                   Path("model.json")),
@@ -76,9 +37,9 @@ TEST_F(ScenaraShot, TakesAStageByItsPath) {
     EXPECT_STREQ(Model()["settings"]["StageTitle"].GetString(), "second");
 }
 
-TEST_F(ScenaraShot, WritesEverySpriteAndTheModelOfAStage) {
+TEST_F(ScenaraShotModel, WritesEverySpriteAndTheModelOfAStage) {
     PutStage("a.def", "[BGdef]\nspr = a.sff\n[BG Wall]\ntype = normal\nspriteno = 1, 0\n");
-    Write(Path("mugen/stages/a.sff"), test::SmallArchiveBytes());
+    Write(Path("mugen/stages/a.sff"), SmallArchiveBytes());
     EXPECT_EQ(Run("--mugen " + Path("mugen") + " a.def --model " + Path("model.json") +
                   " --sprites " + Path("sprites")),
               0);
@@ -116,12 +77,6 @@ TEST_F(ScenaraShot, WrongUseIsExplained) {
     EXPECT_THAT(err_, HasSubstr("Usage: scenara-shot"));
 }
 
-TEST_F(ScenaraShot, SaysThatPicturesAreNotToBeHadYet) {
-    PutStage("a.def", "");
-    EXPECT_EQ(Run("--mugen " + Path("mugen") + " a.def --out " + Path("a.png")), 2);
-    EXPECT_THAT(err_, HasSubstr("--out is not available"));
-}
-
 TEST_F(ScenaraShot, HelpGoesToStandardOutput) {
     EXPECT_EQ(Run("--help"), 0);
     EXPECT_THAT(out_, HasSubstr("--sprites DIR"));
@@ -150,7 +105,7 @@ TEST_F(ScenaraShot, MessagesDoNotSteerTheTerminal) {
     EXPECT_EQ(err_, "SFF FILE: ?[31m?.sff COULD NOT BE FOUND!\n");
 }
 
-TEST_F(ScenaraShot, AFileWithBareLineFeedsLeavesNoCopyBehind) {
+TEST_F(ScenaraShotModel, AFileWithBareLineFeedsLeavesNoCopyBehind) {
     std::string definition = "; " + std::string(600, 'x') + "\n[Info]\nname = long\n";
     PutStage("a.def", definition);
     EXPECT_EQ(Run("--mugen " + Path("mugen") + " a.def --model " + Path("model.json")), 0);
@@ -158,7 +113,7 @@ TEST_F(ScenaraShot, AFileWithBareLineFeedsLeavesNoCopyBehind) {
     EXPECT_FALSE(fs::exists(fs::path(SCENARA_SHOT).parent_path() / "fix.def"));
 }
 
-TEST_F(ScenaraShot, TheBundledStagesLoadWithoutAWord) {
+TEST_F(ScenaraShotModel, TheBundledStagesLoadWithoutAWord) {
     for (const char* stage : {"lanternpier.def", "nightexpress.def"}) {
         EXPECT_EQ(Run("--mugen " SCENARA_BUNDLED_DATA " " + std::string(stage) + " --model " +
                       Path("model.json")),
@@ -182,4 +137,4 @@ TEST_F(ScenaraShot, RealStagesLoadWithoutAWord) {
 }
 
 }  // namespace
-}  // namespace scenara
+}  // namespace scenara::test

@@ -3,6 +3,8 @@
 
 #include <stdexcept>
 
+#include "scenara-shot/Count.h"
+
 namespace scenara {
 namespace {
 
@@ -12,6 +14,30 @@ std::string Argument(const std::vector<std::string>& words, std::size_t& at) {
         throw std::invalid_argument(words[at] + " needs an argument");
     }
     return words[++at];
+}
+
+// The count behind an option.
+std::int32_t CountArgument(const std::vector<std::string>& words, std::size_t& at) {
+    const std::string& option = words[at];
+    const std::string text = Argument(words, at);
+    const auto count = ParseCount(text);
+    if (!count) {
+        throw std::invalid_argument(option + " needs a whole number from 1 to 2147483647, not \"" +
+                                    text + "\"");
+    }
+    return *count;
+}
+
+void RequireSense(const ShotOptions& options) {
+    if (options.mugeDir.empty()) {
+        throw std::invalid_argument("--mugen DIR is missing");
+    }
+    if (options.stage.empty()) {
+        throw std::invalid_argument("the stage is missing");
+    }
+    if (options.every && !options.pictureFile) {
+        throw std::invalid_argument("--every needs --out, which names the pictures");
+    }
 }
 
 }  // namespace
@@ -26,6 +52,14 @@ ShotOptions ParseCommandLine(const std::vector<std::string>& words) {
             options.modelFile = Argument(words, at);
         } else if (word == "--sprites") {
             options.spriteDir = Argument(words, at);
+        } else if (word == "--frames") {
+            options.frames = CountArgument(words, at);
+        } else if (word == "--keys") {
+            options.keys = KeyScript(Argument(words, at));
+        } else if (word == "--every") {
+            options.every = CountArgument(words, at);
+        } else if (word == "--info") {
+            options.info = true;
         } else if (word == "--out") {
             options.pictureFile = Argument(words, at);
         } else if (word == "--plain") {
@@ -40,24 +74,28 @@ ShotOptions ParseCommandLine(const std::vector<std::string>& words) {
             throw std::invalid_argument("one stage at a time: " + options.stage + " or " + word);
         }
     }
-    if (!options.help && options.mugeDir.empty()) {
-        throw std::invalid_argument("--mugen DIR is missing");
-    }
-    if (!options.help && options.stage.empty()) {
-        throw std::invalid_argument("the stage is missing");
+    if (!options.help) {
+        RequireSense(options);
     }
     return options;
 }
 
 std::string UsageText() {
-    return "Usage: scenara-shot --mugen DIR STAGE.def [--model FILE.json] [--sprites DIR] "
-           "[--plain]\n"
+    return "Usage: scenara-shot --mugen DIR STAGE.def [--frames N] [--keys SCRIPT] [--info]\n"
+           "           [--out FILE.png] [--every K] [--model FILE.json] [--sprites DIR]\n"
+           "           [--plain]\n"
            "\n"
-           "Loads a stage without a window.\n"
+           "Shows a stage without a window.\n"
            "\n"
            "  --mugen DIR        the MUGEN folder\n"
            "  STAGE.def          a path, or a name under stages/ of the folder\n"
-           "  --model FILE.json  write the stage in memory as JSON\n"
+           "  --frames N         run N frames (default 1)\n"
+           "  --keys SCRIPT      hold keys from the first frame on, each for so many frames:\n"
+           "                     right:30,right+up:10,none:5 (left right up down a z none)\n"
+           "  --info             show the information line\n"
+           "  --out FILE.png     write the last frame\n"
+           "  --every K          write every K-th frame as FILE-00001.png and so on\n"
+           "  --model FILE.json  write the stage as it is before the first frame as JSON\n"
            "  --sprites DIR      write every sprite as NNNN_group_image.png\n"
            "  --plain            plain reading, without additions\n"
            "\n"

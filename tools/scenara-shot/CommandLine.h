@@ -3,9 +3,12 @@
 // The command line of scenara-shot.
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
+
+#include "scenara-shot/KeyScript.h"
 
 namespace scenara {
 
@@ -14,7 +17,11 @@ struct ShotOptions {
     std::string stage;                       // STAGE.def
     std::optional<std::string> modelFile;    // --model FILE.json
     std::optional<std::string> spriteDir;    // --sprites DIR
+    std::int32_t frames = 1;                 // --frames N: how many are run, at least 1
+    KeyScript keys;                          // --keys SCRIPT
     std::optional<std::string> pictureFile;  // --out FILE.png
+    std::optional<std::int32_t> every;       // --every K, at least 1; only with --out
+    bool info = false;                       // --info
     bool plain = false;                      // --plain
     bool help = false;                       // --help
 };

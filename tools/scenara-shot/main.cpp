@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // scenara-shot: stages without a window, for authors' scripts and for tests.
+#include <cstdint>
 #include <exception>
 #include <fstream>
 #include <iostream>
@@ -11,15 +12,13 @@
 #include "base/Path.h"
 #include "base/RunTimeError.h"
 #include "base/Text.h"
-#include "platform/headless/HeadlessMessages.h"
-#include "platform/headless/HeadlessWindow.h"
 #include "platform/posix/PosixFiles.h"
 #include "platform/posix/ProgramFolder.h"
-#include "platform/soft/SoftDevice.h"
 #include "scenara-shot/CommandLine.h"
+#include "scenara-shot/FrameFiles.h"
 #include "scenara-shot/ModelJson.h"
+#include "scenara-shot/ShotMachine.h"
 #include "scenara-shot/SpriteFiles.h"
-#include "stage/LoadStage.h"
 
 namespace {
 
@@ -66,28 +65,38 @@ void WriteModelFile(const std::string& path, const StageModel& model,
     }
 }
 
+// The last of the frames is written, and on the way every K-th where that is asked for.
+void WriteFrames(ShotMachine& machine, const ShotOptions& options) {
+    for (std::int32_t frame = 1; frame <= options.frames; ++frame) {
+        machine.RunFrame(options.keys.KeysOfFrame(frame), options.info);
+        if (options.every && frame % *options.every == 0) {
+            WriteFrameFile(FrameFileName(*options.pictureFile, frame / *options.every),
+                           machine.Picture());
+        }
+        if (frame == options.frames) {
+            break;  // the largest count has no next one
+        }
+    }
+    if (options.pictureFile) {
+        WriteFrameFile(*options.pictureFile, machine.Picture());
+    }
+}
+
 ExitStatus Shoot(const ShotOptions& options) {
     // Many of these may run at a time; each has a program folder of its own.
     const TemporaryFolder programFolder;
     PosixFiles files(programFolder.Path());
-    HeadlessMessages messages(Print);
-    HeadlessWindow window;
-    SoftDevice device;
-    const ViewOptions view{!options.plain};
-    StageModel model;
-
-    std::string defPath = StagePath(files, options);
-    const LoadStageContext context{
-        files, messages, window, device, view, WithSeparator(options.mugeDir), {}};
-    if (!LoadStage(model, defPath, context)) {
+    ShotMachine machine(files, Print, ViewOptions{!options.plain});
+    if (!machine.Start(StagePath(files, options), options.mugeDir)) {
         return kNotShown;
     }
     if (options.modelFile) {
-        WriteModelFile(*options.modelFile, model, messages.Recorded());
+        WriteModelFile(*options.modelFile, machine.Model(), machine.Recorded());
     }
     if (options.spriteDir) {
-        WriteSpriteFiles(model, *options.spriteDir);
+        WriteSpriteFiles(machine.Model(), *options.spriteDir);
     }
+    WriteFrames(machine, options);
     return kShown;
 }
 
@@ -102,11 +111,6 @@ ExitStatus Run(const std::vector<std::string>& words) {
     if (options.help) {
         std::cout << UsageText();
         return kShown;
-    }
-    if (options.pictureFile) {
-        std::cerr << "scenara-shot: this version loads stages and does not draw them yet; "
-                     "--out is not available\n";
-        return kWrongUse;
     }
     return Shoot(options);
 }

@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+#include "app/StagePass.h"
+
+#include "app/FrameRate.h"
+#include "render/Frame.h"
+
+namespace scenara {
+
+void DrawAndCount(const StagePass& pass) {
+    DrawScene(pass.engine, pass.tiles, pass.flags);
+    CountFrame(pass.loop);
+    if (!SecondIsOver(pass.loop, pass.clock)) {
+        return;
+    }
+    LimitFrameCount(pass.loop);
+    if (pass.info) {
+        pass.InfoText = InfoLine(pass.model.CamX, pass.model.CamY, pass.loop.FrameCount);
+    }
+    BeginSecond(pass.loop, pass.clock);
+}
+
+void ShowPicture(const StagePass& pass) {
+    if (pass.info) {
+        DrawInfoLine(pass.engine, pass.InfoText);
+    }
+    PresentFrame(pass.engine);
+}
+
+}  // namespace scenara

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+#include "app/StageStart.h"
+
+#include "app/KeyStates.h"
+#include "render/PrepareStage.h"
+
+namespace scenara {
+namespace {
+
+constexpr Single kFirstStep = 1;
+
+void EnsureStep(Single& step, Single& saved) {
+    if (step == 0) {
+        step = kFirstStep;
+        saved = kFirstStep;
+    }
+}
+
+}  // namespace
+
+void StartStage(std::string& stageFile, const StageStartContext& context) {
+    EnsureStep(context.camera.HCamStep, context.savedSteps.HCamStep);
+    EnsureStep(context.camera.VCamStep, context.savedSteps.VCamStep);
+
+    context.loop.LoadingStage = 1;
+    context.loop.StageRunning = 1;
+    if (!LoadStage(context.model, stageFile, context.load)) {
+        context.loop.StageRunning = 0;
+        return;
+    }
+    context.hscHScroll.Max = context.model.BoundRight;
+    context.hscHScroll.Min = context.model.BoundLeft;
+
+    DiscardKeyStates(context.keyboard);
+    PlaceCamera(context.model, context.camera);
+    PrepareElements(context.model);
+    context.loop.LoadingStage = 0;
+}
+
+}  // namespace scenara

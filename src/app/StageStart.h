@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+//
+// StageStart: from a stage file to a stage that is ready for its first frame.
+#pragma once
+
+#include <string>
+
+#include "app/LoopState.h"
+#include "app/ScrollBar.h"
+#include "platform/Keyboard.h"
+#include "render/Camera.h"
+#include "stage/LoadStage.h"
+#include "stage/StageModel.h"
+
+namespace scenara {
+
+// The camera's steps as they are kept while something else sets them.
+struct SavedSteps {
+    Single HCamStep = 0;
+    Single VCamStep = 0;
+};
+
+// What a start works on; all of it outlives the call.
+struct StageStartContext {
+    StageModel& model;
+    Camera& camera;
+    SavedSteps& savedSteps;
+    LoopState& loop;
+    ScrollBar& hscHScroll;
+    Keyboard& keyboard;
+    const LoadStageContext& load;
+};
+
+// Loads the stage at `stageFile` and prepares it: camera, elements, scroll bar. StageRunning tells
+// whether it can be shown; when not, that has been said. Steps of 0 become 1, and the saved ones
+// with them. While it loads, LoadingStage is 1.
+//
+// Raises what the loading and the preparation raise; then the flags are as they were half-way.
+void StartStage(std::string& stageFile, const StageStartContext& context);
+
+}  // namespace scenara

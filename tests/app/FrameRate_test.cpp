@@ -1,0 +1,136 @@
+// SPDX-License-Identifier: MIT
+#include "app/FrameRate.h"
+
+#include <limits>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "base/RunTimeError.h"
+
+namespace scenara {
+namespace {
+
+using testing::ThrowsMessage;
+
+// A clock that answers what it is told to, one tick later at each call.
+class SetClock : public Clock {
+public:
+    explicit SetClock(Long tick) : tick_(tick) {}
+    Long GetTickCount() override { return tick_++; }
+    std::int64_t QueryPerformanceCounter() override { return 0; }
+    std::int64_t QueryPerformanceFrequency() override { return 0; }
+
+private:
+    Long tick_;
+};
+
+TEST(FrameRate, AFreshLoopHasCountedNothingAndIsLimitedTo60) {
+    const LoopState loop;
+    EXPECT_EQ(loop.FpsLimit, 60);
+    EXPECT_EQ(loop.FrameCount, 0);
+    EXPECT_EQ(loop.TotalFrames, 0);
+    EXPECT_EQ(kNoFpsTick, -1000);
+}
+
+TEST(FrameRate, AFrameIsCountedTwice) {
+    LoopState loop;
+    loop.FrameCount = 7;
+    loop.TotalFrames = 700;
+    CountFrame(loop);
+    EXPECT_EQ(loop.FrameCount, 8);
+    EXPECT_EQ(loop.TotalFrames, 701);
+}
+
+TEST(FrameRate, ACounterThatRunsOverIsAnError) {
+    LoopState loop;
+    loop.FrameCount = std::numeric_limits<Integer>::max();
+    EXPECT_THAT([&] { CountFrame(loop); },
+                ThrowsMessage<RunTimeError>(testing::StartsWith("Overflow")));
+    loop.FrameCount = 0;
+    loop.TotalFrames = std::numeric_limits<Long>::max();
+    EXPECT_THAT([&] { CountFrame(loop); },
+                ThrowsMessage<RunTimeError>(testing::StartsWith("Overflow")));
+}
+
+TEST(FrameRate, ASecondIsOverOnlyWhenMoreThanOneHasPassed) {
+    LoopState loop;
+    loop.LastFpsTick = 5000;
+    for (const auto& [tick, over] :
+         {std::pair{5000, false}, {5999, false}, {6000, false}, {6001, true}, {9000, true}}) {
+        SetClock clock(tick);
+        EXPECT_EQ(SecondIsOver(loop, clock), over) << tick;
+    }
+}
+
+TEST(FrameRate, TheFirstPassOfALoopUpdates) {
+    LoopState loop;
+    loop.LastFpsTick = kNoFpsTick;
+    SetClock zero(0);
+    EXPECT_FALSE(SecondIsOver(loop, zero)) << "exactly 1000 ms are not more";
+    SetClock one(1);
+    EXPECT_TRUE(SecondIsOver(loop, one));
+}
+
+TEST(FrameRate, TheLastTickOfTheClockDoesNotRunOver) {
+    LoopState loop;
+    loop.LastFpsTick = std::numeric_limits<Long>::max() - 10;
+    SetClock clock(std::numeric_limits<Long>::max() - 1);
+    EXPECT_FALSE(SecondIsOver(loop, clock));
+}
+
+TEST(FrameRate, TheCountIsAtMostTheLimit) {
+    LoopState loop;
+    loop.FrameCount = 61;
+    LimitFrameCount(loop);
+    EXPECT_EQ(loop.FrameCount, 60);
+    loop.FrameCount = 59;
+    LimitFrameCount(loop);
+    EXPECT_EQ(loop.FrameCount, 59);
+}
+
+TEST(FrameRate, WithoutALimitTheCountStaysAsItIs) {
+    LoopState loop;
+    loop.FpsLimit = 0;
+    loop.FrameCount = 900;
+    LimitFrameCount(loop);
+    EXPECT_EQ(loop.FrameCount, 900);
+}
+
+TEST(FrameRate, ASecondBeginsWithAFreshTickAndNoFrames) {
+    LoopState loop;
+    loop.LastFpsTick = 100;
+    loop.FrameCount = 60;
+    loop.TotalFrames = 600;
+    SetClock clock(2000);
+    ASSERT_TRUE(SecondIsOver(loop, clock));
+    BeginSecond(loop, clock);
+    EXPECT_EQ(loop.LastFpsTick, 2001) << "not the tick that was compared";
+    EXPECT_EQ(loop.FrameCount, 0);
+    EXPECT_EQ(loop.TotalFrames, 600);
+}
+
+TEST(InfoLine, NamesTheShownCameraAndTheFrames) {
+    EXPECT_EQ(InfoLine(-12.5F, 0, 60), "Cam 12.5,0  60 FPS");
+    EXPECT_EQ(InfoLine(12.5F, -3, 0), "Cam -12.5,-3  0 FPS");
+}
+
+TEST(InfoLine, NothingIsNeverMinusNothing) {
+    EXPECT_EQ(InfoLine(0, 0, 1), "Cam 0,0  1 FPS");
+    EXPECT_EQ(InfoLine(-0.0F, -0.0F, 1), "Cam 0,0  1 FPS");
+    EXPECT_EQ(InfoLine(0.001F, -0.004F, 1), "Cam 0,0  1 FPS");
+}
+
+TEST(InfoLine, HasTwoDecimalsAtMostTiesToTheEvenOne) {
+    EXPECT_EQ(InfoLine(-0.1F, -1.0F / 3.0F, 60), "Cam 0.1,-0.33  60 FPS");
+    EXPECT_EQ(InfoLine(-0.125F, -0.375F, 60), "Cam 0.12,-0.38  60 FPS");
+    EXPECT_EQ(InfoLine(-100.456F, -20.5F, 60), "Cam 100.46,-20.5  60 FPS");
+    EXPECT_EQ(InfoLine(0.5F, -0.5F, 60), "Cam -0.5,-0.5  60 FPS");
+}
+
+TEST(InfoLine, LargeNumbersHaveNoExponent) {
+    EXPECT_EQ(InfoLine(-1234567.0F, 0, 32767), "Cam 1234567,0  32767 FPS");
+}
+
+}  // namespace
+}  // namespace scenara

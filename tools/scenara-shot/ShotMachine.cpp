@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+#include "scenara-shot/ShotMachine.h"
+
+#include <utility>
+
+#include "app/StagePass.h"
+#include "base/Path.h"
+#include "platform/soft/TextureMemory.h"
+#include "stage/LoadStage.h"
+
+namespace scenara {
+
+ShotMachine::ShotMachine(Files& files, HeadlessMessages::Observer onMessage,
+                         const ViewOptions& view)
+    : files_(files),
+      view_(view),
+      messages_(std::move(onMessage)),
+      direct3D_(std::make_shared<TextureMemory>(), &shown_),
+      engine_(direct3D_, window_, messages_, model_),
+      tiles_(engine_, model_, camera_, flags_, {keyboard_, clock_, pointer_, window_}) {}
+
+bool ShotMachine::Start(std::string stageFile, const std::string& mugeDir) {
+    engine_.Engine_Init();
+    if (!engine_.HasDevice()) {
+        return false;
+    }
+    const LoadStageContext load{
+        files_, messages_, window_, engine_.Device(), view_, WithSeparator(mugeDir), {}};
+    StartStage(stageFile, {model_, camera_, savedSteps_, loop_, hscHScroll_, keyboard_, load});
+    loop_.LastFpsTick = kNoFpsTick;
+    return loop_.StageRunning != 0;
+}
+
+void ShotMachine::RunFrame(const KeySet& keys, bool info) {
+    keyboard_.Hold(keys);
+    const StagePass pass{engine_, tiles_, flags_, loop_, clock_, model_, info, infoText_};
+    DrawAndCount(pass);
+    ShowPicture(pass);
+    clock_.Advance();
+}
+
+}  // namespace scenara

@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: MIT
+//
+// ShotMachine: a stage on the headless machine, frame by frame.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "app/LoopState.h"
+#include "app/ScrollBar.h"
+#include "app/StageStart.h"
+#include "platform/Files.h"
+#include "platform/headless/HeadlessClock.h"
+#include "platform/headless/HeadlessKeyboard.h"
+#include "platform/headless/HeadlessMessages.h"
+#include "platform/headless/HeadlessPointer.h"
+#include "platform/headless/HeadlessWindow.h"
+#include "platform/soft/PictureSink.h"
+#include "platform/soft/SoftDirect3D.h"
+#include "render/Camera.h"
+#include "render/Engine.h"
+#include "render/TileEngine.h"
+#include "render/ViewFlags.h"
+#include "stage/StageModel.h"
+#include "stage/ViewOptions.h"
+
+namespace scenara {
+
+// Keeps the picture that was shown last.
+class ShownPicture : public PictureSink {
+public:
+    HRESULT Show(std::span<const std::uint32_t> pixels) override {
+        pixels_.assign(pixels.begin(), pixels.end());
+        return D3D_OK;
+    }
+    [[nodiscard]] const std::vector<std::uint32_t>& Pixels() const { return pixels_; }
+
+private:
+    std::vector<std::uint32_t> pixels_;
+};
+
+class ShotMachine {
+public:
+    ShotMachine(Files& files, HeadlessMessages::Observer onMessage, const ViewOptions& view);
+
+    // Loads and prepares the stage; False when it cannot be shown, which has been said.
+    [[nodiscard]] bool Start(std::string stageFile, const std::string& mugeDir);
+
+    // Draws and shows one frame with these keys down, and lets the clock go on by one.
+    void RunFrame(const KeySet& keys, bool info);
+
+    [[nodiscard]] const StageModel& Model() const { return model_; }
+    [[nodiscard]] const std::vector<Message>& Recorded() const { return messages_.Recorded(); }
+    [[nodiscard]] const std::vector<std::uint32_t>& Picture() const { return shown_.Pixels(); }
+
+private:
+    Files& files_;
+    ViewOptions view_;
+    HeadlessMessages messages_;
+    HeadlessWindow window_;
+    HeadlessKeyboard keyboard_;
+    HeadlessClock clock_;
+    HeadlessPointer pointer_;
+    ShownPicture shown_;
+    SoftDirect3D direct3D_;
+
+    StageModel model_;
+    Camera camera_;
+    SavedSteps savedSteps_;
+    LoopState loop_;
+    ScrollBar hscHScroll_;
+    ViewFlags flags_;
+    std::string infoText_;
+    Engine engine_;
+    TileEngine tiles_;
+};
+
+}  // namespace scenara
