@@ -23,7 +23,7 @@ double Within(double value, double least, double most) {
 
 // A number that may be too large for its field, as near as the field comes to it.
 Single NearestSingle(double value) {
-    constexpr double kMost = std::numeric_limits<Single>::max();
+    constexpr auto kMost = static_cast<double>(std::numeric_limits<Single>::max());
     return static_cast<Single>(Within(value, -kMost, kMost));
 }
 
@@ -75,7 +75,7 @@ void Place(const StageModel& model, BackgroundElement& element) {
     const double axisY = sprite == nullptr ? 0 : sprite->axisY;
     // What is shown of the camera, x to the right.
     const double cameraX = -static_cast<double>(model.CamX);
-    const double cameraY = model.CamY;
+    const auto cameraY = static_cast<double>(model.CamY);
     element.posX = NearestSingle(kViewCentre + start.x - axisX -
                                  static_cast<double>(element.deltaX) * cameraX);
     element.posY = NearestSingle(start.y - axisY - static_cast<double>(element.deltaY) * cameraY);
