@@ -201,6 +201,26 @@ IndexedPicture DrawLayer(int width, int height, std::uint32_t seed) {
     return picture;
 }
 
+IndexedPicture DrawRow(int width, int height, std::uint32_t seed) {
+    Dice dice(seed);
+    IndexedPicture picture = EmptyPicture(width, height, dice);
+    const int gap = 30 + dice.Roll(50);
+    for (int x = dice.Roll(gap); x < width; x += 20 + dice.Roll(2 * gap)) {
+        const int thickness = 16 + dice.Roll(70);
+        Texture texture(dice);
+        int left = x;
+        for (int y = dice.Roll(height / 5 + 1); y < height; ++y) {
+            left += dice.Roll(3) - 1;
+            const int right = std::min(width, left + thickness);
+            for (int at = std::max(0, left); at < right; ++at) {
+                Row(picture, y)[static_cast<std::size_t>(at)] = texture.Next(dice);
+            }
+        }
+        x += thickness;
+    }
+    return picture;
+}
+
 IndexedPicture DrawObject(int width, int height, std::uint32_t seed) {
     Dice dice(seed);
     IndexedPicture picture = EmptyPicture(width, height, dice);

@@ -22,6 +22,9 @@ samplemaker::IndexedPicture DrawBackdrop(int width, int height, std::uint32_t se
 // A layer in front of it: an uneven skyline with openings, transparent above and in the openings.
 samplemaker::IndexedPicture DrawLayer(int width, int height, std::uint32_t seed);
 
+// A row of things side by side, from trunk to crowd, transparent between them and above.
+samplemaker::IndexedPicture DrawRow(int width, int height, std::uint32_t seed);
+
 // One thing in the middle of a transparent picture: a tree, a lamp, a spectator.
 samplemaker::IndexedPicture DrawObject(int width, int height, std::uint32_t seed);
 

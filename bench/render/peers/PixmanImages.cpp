@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+#include "render/peers/PixmanImages.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <stdexcept>
+
+#include <pixman.h>
+
+#include "platform/Direct3D8.h"
+
+namespace scenara::bench {
+namespace {
+
+// Cleared, and freed with the image.
+pixman_image* MakeImage(pixman_format_code_t format, int width, int height) {
+    pixman_image* const image = pixman_image_create_bits(format, width, height, nullptr, 0);
+    if (image == nullptr) {
+        throw std::runtime_error("no pixman image");
+    }
+    return image;
+}
+
+std::uint32_t* LineOf(pixman_image* image, int y) {
+    const auto pitch = pixman_image_get_stride(image) / static_cast<int>(sizeof(std::uint32_t));
+    return pixman_image_get_data(image) + static_cast<std::ptrdiff_t>(y) * pitch;
+}
+
+}  // namespace
+
+void PixmanImages::Free::operator()(pixman_image* image) const {
+    pixman_image_unref(image);
+}
+
+PixmanImages::PixmanImages(const Scene& scene)
+    : scene_(scene), screen_(MakeImage(PIXMAN_x8r8g8b8, kViewWidth, kViewHeight)) {
+    for (const ScenePicture& picture : scene.pictures) {
+        images_.emplace_back(MakeImage(picture.masked ? PIXMAN_a8r8g8b8 : PIXMAN_x8r8g8b8,
+                                       picture.width, picture.height));
+        for (int y = 0; y < picture.height; ++y) {
+            std::ranges::transform(picture.Line(y), LineOf(images_.back().get(), y),
+                                   [&](std::uint32_t pixel) {
+                                       return picture.masked && pixel >> 24U == 0 ? 0U : pixel;
+                                   });
+        }
+    }
+}
+
+void PixmanImages::Draw() {
+    for (const Blit& blit : scene_.blits) {
+        const ScenePicture& picture = scene_.pictures[blit.picture];
+        pixman_image_composite32(picture.masked ? PIXMAN_OP_OVER : PIXMAN_OP_SRC,
+                                 images_[blit.picture].get(), nullptr, screen_.get(), 0, 0, 0, 0,
+                                 blit.x, blit.y, picture.width, picture.height);
+    }
+}
+
+std::vector<std::uint32_t> PixmanImages::Picture() {
+    std::vector<std::uint32_t> pixels;
+    for (int y = 0; y < kViewHeight; ++y) {
+        const std::uint32_t* const line = LineOf(screen_.get(), y);
+        pixels.insert(pixels.end(), line, line + kViewWidth);
+    }
+    return pixels;
+}
+
+}  // namespace scenara::bench

@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: MIT
+#include "render/peers/SdlSurfaces.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+#include <SDL2/SDL.h>
+
+#include "platform/Direct3D8.h"
+
+namespace scenara::bench {
+namespace {
+
+constexpr std::uint32_t kColorMask = 0x00FFFFFF;
+
+void Check(int result) {
+    if (result != 0) {
+        throw std::runtime_error(SDL_GetError());
+    }
+}
+
+std::uint32_t* LineOf(SDL_Surface& surface, int y) {
+    return reinterpret_cast<std::uint32_t*>(static_cast<std::byte*>(surface.pixels) +
+                                            static_cast<std::ptrdiff_t>(y) * surface.pitch);
+}
+
+// The library tells transparent pixels by their colour, so it must be one that nothing else has.
+std::uint32_t UnusedColor(const Scene& scene) {
+    std::vector<bool> used(kColorMask + 1);
+    for (const ScenePicture& picture : scene.pictures) {
+        for (const std::uint32_t pixel : picture.pixels) {
+            if (pixel >> 24U != 0) {
+                used[pixel & kColorMask] = true;
+            }
+        }
+    }
+    const auto free = std::find(used.begin(), used.end(), false);
+    if (free == used.end()) {
+        throw std::runtime_error("no colour is left for the key");
+    }
+    return static_cast<std::uint32_t>(free - used.begin());
+}
+
+}  // namespace
+
+void SdlSurfaces::Free::operator()(SDL_Surface* surface) const {
+    SDL_FreeSurface(surface);
+}
+
+SdlSurfaces::SdlSurfaces(const Scene& scene, SdlEncoding encoding)
+    : scene_(scene), screen_(MakeSurface(kViewWidth, kViewHeight)) {
+    const std::uint32_t key = UnusedColor(scene);
+    for (const ScenePicture& picture : scene.pictures) {
+        surfaces_.push_back(MakeSurface(picture, key, encoding));
+    }
+    Check(SDL_FillRect(screen_.get(), nullptr, 0));
+}
+
+SdlSurfaces::Surface SdlSurfaces::MakeSurface(int width, int height) {
+    Surface surface(SDL_CreateRGBSurfaceWithFormat(0, width, height, 32, SDL_PIXELFORMAT_XRGB8888));
+    if (!surface) {
+        throw std::runtime_error(SDL_GetError());
+    }
+    return surface;
+}
+
+SdlSurfaces::Surface SdlSurfaces::MakeSurface(const ScenePicture& picture, std::uint32_t key,
+                                              SdlEncoding encoding) {
+    Surface surface = MakeSurface(picture.width, picture.height);
+    for (int y = 0; y < picture.height; ++y) {
+        std::ranges::transform(picture.Line(y), LineOf(*surface, y), [&](std::uint32_t pixel) {
+            return picture.masked && pixel >> 24U == 0 ? key : pixel & kColorMask;
+        });
+    }
+    if (!picture.masked) {
+        return surface;
+    }
+    Check(SDL_SetColorKey(surface.get(), SDL_TRUE, key));
+    if (encoding == SdlEncoding::RunLengths) {
+        Check(SDL_SetSurfaceRLE(surface.get(), 1));
+        // It is encoded at the first blit; from then on it has no plain pixels and must be locked.
+        Check(SDL_BlitSurface(surface.get(), nullptr, screen_.get(), nullptr));
+        if (!SDL_MUSTLOCK(surface.get())) {
+            throw std::runtime_error("a surface is not run-length encoded");
+        }
+    }
+    return surface;
+}
+
+void SdlSurfaces::Draw() {
+    for (const Blit& blit : scene_.blits) {
+        SDL_Rect place = {blit.x, blit.y, 0, 0};
+        Check(SDL_BlitSurface(surfaces_[blit.picture].get(), nullptr, screen_.get(), &place));
+    }
+}
+
+std::vector<std::uint32_t> SdlSurfaces::Picture() {
+    std::vector<std::uint32_t> pixels;
+    for (int y = 0; y < kViewHeight; ++y) {
+        const std::uint32_t* const line = LineOf(*screen_, y);
+        pixels.insert(pixels.end(), line, line + kViewWidth);
+    }
+    return pixels;
+}
+
+}  // namespace scenara::bench
