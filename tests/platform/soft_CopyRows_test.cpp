@@ -140,6 +140,7 @@ TEST_P(CopyRowsTest, MaskSmallRectanglesAtEveryColumn) {
 
 std::string NameOf(const testing::TestParamInfo<RowPath>& path) {
     switch (path.param) {
+        case RowPath::Avx512: return "Avx512";
         case RowPath::Avx2: return "Avx2";
         case RowPath::Sse2: return "Sse2";
         default: return "Plain";
@@ -147,7 +148,9 @@ std::string NameOf(const testing::TestParamInfo<RowPath>& path) {
 }
 
 INSTANTIATE_TEST_SUITE_P(OnEveryPath, CopyRowsTest,
-                         testing::Values(RowPath::Plain, RowPath::Sse2, RowPath::Avx2), NameOf);
+                         testing::Values(RowPath::Plain, RowPath::Sse2, RowPath::Avx2,
+                                         RowPath::Avx512),
+                         NameOf);
 
 }  // namespace
 }  // namespace scenara::soft

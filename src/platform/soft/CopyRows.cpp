@@ -18,7 +18,9 @@ RowPath PathFor(const TexelRows& rows, RowPath wanted) {
 RowPath BestRowPath() {
 #if SCENARA_ROWS_X86
     if (__builtin_cpu_supports("avx2") != 0 && __builtin_cpu_supports("bmi") != 0) {
-        return RowPath::Avx2;
+        const bool masksStores =
+            __builtin_cpu_supports("avx512f") != 0 && __builtin_cpu_supports("avx512vl") != 0;
+        return masksStores ? RowPath::Avx512 : RowPath::Avx2;
     }
     if (__builtin_cpu_supports("sse2") != 0) {
         return RowPath::Sse2;
@@ -30,6 +32,7 @@ RowPath BestRowPath() {
 void CopyRows(const TexelRows& rows, RowPath path) {
     switch (PathFor(rows, path)) {
 #if SCENARA_ROWS_X86
+        case RowPath::Avx512:
         case RowPath::Avx2: rows::CopyAvx2(rows); break;
         case RowPath::Sse2: rows::CopySse2(rows); break;
 #endif
@@ -40,6 +43,7 @@ void CopyRows(const TexelRows& rows, RowPath path) {
 void MaskRows(const TexelRows& rows, RowPath path) {
     switch (PathFor(rows, path)) {
 #if SCENARA_ROWS_X86
+        case RowPath::Avx512: rows::MaskAvx512(rows); break;
         case RowPath::Avx2: rows::MaskAvx2(rows); break;
         case RowPath::Sse2: rows::MaskSse2(rows); break;
 #endif

@@ -28,15 +28,15 @@ struct TexelRows {
 };
 
 // The code paths, slowest first. All draw the same.
-enum class RowPath { Plain, Sse2, Avx2 };
+enum class RowPath { Plain, Sse2, Avx2, Avx512 };
 
 // The fastest path that this processor has.
 [[nodiscard]] RowPath BestRowPath();
 
 // All texels. A path that the processor does not have falls back to the next one below.
-void CopyRows(const TexelRows& rows, RowPath path = RowPath::Avx2);
+void CopyRows(const TexelRows& rows, RowPath path = RowPath::Avx512);
 
 // Those with an alpha of 128 or more. Only blocks of which the coverage has the bit are looked at.
-void MaskRows(const TexelRows& rows, RowPath path = RowPath::Avx2);
+void MaskRows(const TexelRows& rows, RowPath path = RowPath::Avx512);
 
 }  // namespace scenara::soft

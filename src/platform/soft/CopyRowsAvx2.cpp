@@ -15,28 +15,29 @@
 namespace scenara::soft::rows {
 namespace {
 
+// Texels go as floats of the same bits, for of these the instruction chooses that looks at top
+// bits.
 struct Avx2Blocks {
     template <bool kMirrored>
-    AVX2 static inline __m256i Load(const std::uint32_t* texels) {
-        const __m256i block = _mm256_loadu_si256(reinterpret_cast<const __m256i_u*>(texels));
+    AVX2 static inline __m256 Load(const std::uint32_t* texels) {
+        const __m256 block = _mm256_loadu_ps(reinterpret_cast<const float*>(texels));
         if constexpr (kMirrored) {
-            return _mm256_permutevar8x32_epi32(block, _mm256_setr_epi32(7, 6, 5, 4, 3, 2, 1, 0));
+            return _mm256_permutevar8x32_ps(block, _mm256_setr_epi32(7, 6, 5, 4, 3, 2, 1, 0));
         }
         return block;
     }
 
     template <bool kMirrored>
     AVX2 static inline void Copy(const std::uint32_t* texels, std::uint32_t* pixels) {
-        _mm256_storeu_si256(reinterpret_cast<__m256i_u*>(pixels), Load<kMirrored>(texels));
+        _mm256_storeu_ps(reinterpret_cast<float*>(pixels), Load<kMirrored>(texels));
     }
 
     template <bool kMirrored>
     AVX2 static inline void Mask(const std::uint32_t* texels, std::uint32_t* pixels) {
-        auto* const place = reinterpret_cast<__m256i_u*>(pixels);
-        const __m256 over = _mm256_castsi256_ps(Load<kMirrored>(texels));
-        const __m256 under = _mm256_castsi256_ps(_mm256_loadu_si256(place));
-        // Of each word the top bit decides.
-        _mm256_storeu_si256(place, _mm256_castps_si256(_mm256_blendv_ps(under, over, over)));
+        auto* const place = reinterpret_cast<float*>(pixels);
+        const __m256 over = Load<kMirrored>(texels);
+        const __m256 under = _mm256_loadu_ps(place);
+        _mm256_storeu_ps(place, _mm256_blendv_ps(under, over, over));
     }
 };
 

@@ -10,9 +10,12 @@
 // Copy<kMirrored> and Mask<kMirrored>. They are compiled for the path's processors and the loops
 // are not, so that the loops must become part of a function that is. These take the rectangle by
 // value, for of a copy of their own compilers know that no pixel is stored in it.
+//
+// Of two blocks one is fetched ahead, for the other is mostly in the same line of the cache.
 #pragma once
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -23,7 +26,8 @@
 
 namespace scenara::soft::rows {
 
-// How many lines further the fetching is. Less comes too late, and small textures have no more.
+// How many lines further the fetching is: with less it comes too late, with more what was fetched
+// is gone again.
 inline constexpr std::int32_t kLinesAhead = 6;
 
 // From line `y`, words to the line that is fetched while it is drawn: one of the rectangle's.
@@ -31,106 +35,104 @@ inline constexpr std::int32_t kLinesAhead = 6;
     return rows.linePitch * std::min(kLinesAhead, rows.height - 1 - y);
 }
 
-// From the rectangle's first pixel to that at which the block of columns from `column` on goes.
+// A line of a rectangle, for blocks that begin some texels behind its first one.
 template <bool kMirrored>
-[[gnu::always_inline]] inline std::ptrdiff_t BlockPlace(const TexelRows& rows,
-                                                        std::int32_t column) {
-    const std::int32_t before = column - rows.column;
-    return kMirrored ? rows.width - kBlockTexels - before : before;
-}
+struct Line {
+    [[gnu::always_inline]] Line(const TexelRows& rows, std::int32_t y)
+        : texels(rows.lines + (y * rows.linePitch + rows.column)),
+          ahead(texels + FetchDistance(rows, y)),
+          pixels(rows.destination +
+                 (std::ptrdiff_t{y} * kViewWidth + (kMirrored ? rows.width - kBlockTexels : 0))) {}
+
+    template <typename Blocks>
+    [[gnu::always_inline]] void Copy(std::ptrdiff_t begin) const {
+        Blocks::template Copy<kMirrored>(texels + begin, pixels + (kMirrored ? -begin : begin));
+    }
+    template <typename Blocks>
+    [[gnu::always_inline]] void Mask(std::ptrdiff_t begin) const {
+        Blocks::template Mask<kMirrored>(texels + begin, pixels + (kMirrored ? -begin : begin));
+    }
+    [[gnu::always_inline]] void Fetch(std::ptrdiff_t begin) const {
+        __builtin_prefetch(ahead + begin);
+    }
+
+    const std::uint32_t* texels;
+    const std::uint32_t* ahead;  // the same place a few lines further
+    std::uint32_t* pixels;       // where the block goes that begins with the first texel
+};
 
 template <typename Blocks, bool kMirrored>
 [[gnu::always_inline]] inline void CopyLines(const TexelRows rows) {
-    const std::int32_t lastBlock = rows.column + rows.width - kBlockTexels;
-    const std::ptrdiff_t lastPlace = BlockPlace<kMirrored>(rows, lastBlock);
+    constexpr std::ptrdiff_t kBlock = kBlockTexels;
+    const std::ptrdiff_t lastBegin = rows.width - kBlock;
     for (std::int32_t y = 0; y < rows.height; ++y) {
-        const std::uint32_t* const texels = rows.lines + y * rows.linePitch;
-        std::uint32_t* const pixels = rows.destination + std::ptrdiff_t{y} * kViewWidth;
-        const std::ptrdiff_t ahead = FetchDistance(rows, y);
-        for (std::int32_t column = rows.column; column < lastBlock; column += kBlockTexels) {
-            __builtin_prefetch(texels + (column + ahead));
-            Blocks::template Copy<kMirrored>(texels + column,
-                                             pixels + BlockPlace<kMirrored>(rows, column));
+        const Line<kMirrored> line(rows, y);
+        for (std::ptrdiff_t x = 0; x < rows.width; x += 2 * kBlock) {
+            const std::ptrdiff_t first = std::min(x, lastBegin);
+            line.Fetch(first);
+            line.template Copy<Blocks>(first);
+            line.template Copy<Blocks>(std::min(x + kBlock, lastBegin));
         }
-        Blocks::template Copy<kMirrored>(texels + lastBlock, pixels + lastPlace);
     }
 }
 
-// Which of the texture's blocks a rectangle takes.
-struct BlockRange {
-    explicit BlockRange(const TexelRows& rows)
-        : first(rows.column / kBlockTexels),
-          last((rows.column + rows.width - 1) / kBlockTexels),
-          wholeBegin((rows.column + kBlockTexels - 1) / kBlockTexels),
-          wholeEnd((rows.column + rows.width) / kBlockTexels) {}
-
-    std::int32_t first;
-    std::int32_t last;
-    std::int32_t wholeBegin;  // those from here on lie in it as a whole,
-    std::int32_t wholeEnd;    // up to here
-};
-
-[[gnu::always_inline]] inline bool HasBit(const std::uint8_t* bits, std::int32_t block) {
-    return ((bits[block / 8] >> (static_cast<unsigned>(block) % 8U)) & 1U) != 0;
-}
-
-// The bits of the whole blocks of one line, lowest for the first; there are never as many as 64.
-class WholeBlocks {
+// The texture's blocks that a rectangle takes, and how far behind its first texel they begin: a
+// block of which it takes a part begins or ends where the rectangle does.
+class TakenBlocks {
 public:
-    explicit WholeBlocks(const BlockRange& range)
-        : byte_(range.wholeBegin / 8), shift_(static_cast<unsigned>(range.wholeBegin) % 8U) {
-        const std::int32_t count = std::max(range.wholeEnd - range.wholeBegin, 0);
-        mask_ = (std::uint64_t{1} << static_cast<unsigned>(count)) - 1;
+    explicit TakenBlocks(const TexelRows& rows) {
+        const std::int32_t firstBlock = rows.column / kBlockTexels;
+        std::size_t count = 0;
+        for (std::int32_t begin = firstBlock * kBlockTexels - rows.column; begin < rows.width;
+             begin += kBlockTexels) {
+            begins_[count] = std::clamp(begin, 0, rows.width - kBlockTexels);
+            ++count;
+        }
+        byte_ = firstBlock / 8;
+        shift_ = static_cast<unsigned>(firstBlock) % 8U;
+        mask_ = (std::uint64_t{1} << count) - 1;
     }
 
-    // The processors that have a vector path store the lowest byte first.
-    [[gnu::always_inline]] [[nodiscard]] std::uint64_t Of(const std::uint8_t* bits) const {
+    // Those of a line that have their bit, as bits: the lowest for the first. The processors that
+    // have a vector path store the lowest byte first.
+    [[gnu::always_inline]] [[nodiscard]] std::uint64_t Visible(const std::uint8_t* bits) const {
         std::uint64_t word = 0;
         std::memcpy(&word, bits + byte_, sizeof word);
         return word >> shift_ & mask_;
     }
 
-private:
-    std::ptrdiff_t byte_;
-    unsigned shift_;
-    std::uint64_t mask_;
-};
-static_assert(kViewWidth / kBlockTexels + 8 <= 64 && Coverage::kReadBeyond >= 8);
+    // Of the first of these, of which there is one, and takes it away. Compilers know a faster form
+    // of this than of std::countr_zero, for processors that cannot count the zeros of 0.
+    [[gnu::always_inline]] [[nodiscard]] std::ptrdiff_t TakeBegin(std::uint64_t& blocks) const {
+        const auto first = static_cast<unsigned>(__builtin_ctzll(blocks));
+        blocks &= blocks - 1;
+        return begins_[first];
+    }
 
-// The first bit of `bits`, which is not 0. Compilers know a faster form of this than of
-// std::countr_zero, for processors that cannot count the zeros of 0.
-[[gnu::always_inline]] inline std::int32_t FirstBit(std::uint64_t bits) {
-    return __builtin_ctzll(bits);
-}
+private:
+    static constexpr std::size_t kMost = kViewWidth / kBlockTexels + 1;
+    static_assert(kMost + 7 <= 64 && Coverage::kReadBeyond >= 8, "all fit in a word");
+
+    std::array<std::int32_t, kMost> begins_{};  // as many as `mask_` has bits
+    std::ptrdiff_t byte_ = 0;
+    unsigned shift_ = 0;
+    std::uint64_t mask_ = 0;
+};
 
 template <typename Blocks, bool kMirrored>
 [[gnu::always_inline]] inline void MaskLines(const TexelRows rows) {
-    const BlockRange range(rows);
-    const WholeBlocks whole(range);
-    const bool partAtBegin = range.first < range.wholeBegin;
-    const bool partAtEnd = range.last >= range.wholeEnd;
-    const std::int32_t lastBlock = rows.column + rows.width - kBlockTexels;
-    const std::int32_t wholeBegin = range.wholeBegin * kBlockTexels;
-    const std::ptrdiff_t firstPlace = BlockPlace<kMirrored>(rows, rows.column);
-    const std::ptrdiff_t lastPlace = BlockPlace<kMirrored>(rows, lastBlock);
-    const std::ptrdiff_t wholePlace = BlockPlace<kMirrored>(rows, wholeBegin);
+    const TakenBlocks taken(rows);
     for (std::int32_t y = 0; y < rows.height; ++y) {
-        const std::uint32_t* const texels = rows.lines + y * rows.linePitch;
-        const std::uint8_t* const bits = rows.bits + y * rows.bitPitch;
-        std::uint32_t* const pixels = rows.destination + std::ptrdiff_t{y} * kViewWidth;
-        const std::ptrdiff_t ahead = FetchDistance(rows, y);
-        if (partAtBegin && HasBit(bits, range.first)) {
-            Blocks::template Mask<kMirrored>(texels + rows.column, pixels + firstPlace);
-        }
-        for (std::uint64_t blocks = whole.Of(bits); blocks != 0; blocks &= blocks - 1) {
-            const std::ptrdiff_t place = std::ptrdiff_t{FirstBit(blocks)} * kBlockTexels;
-            const std::ptrdiff_t column = wholeBegin + place;
-            __builtin_prefetch(texels + (column + ahead));
-            Blocks::template Mask<kMirrored>(texels + column,
-                                             pixels + (wholePlace + (kMirrored ? -place : place)));
-        }
-        if (partAtEnd && HasBit(bits, range.last)) {
-            Blocks::template Mask<kMirrored>(texels + lastBlock, pixels + lastPlace);
+        const Line<kMirrored> line(rows, y);
+        std::uint64_t blocks = taken.Visible(rows.bits + y * rows.bitPitch);
+        while (blocks != 0) {
+            const std::ptrdiff_t first = taken.TakeBegin(blocks);
+            line.Fetch(first);
+            line.template Mask<Blocks>(first);
+            if (blocks == 0) {
+                break;
+            }
+            line.template Mask<Blocks>(taken.TakeBegin(blocks));
         }
     }
 }

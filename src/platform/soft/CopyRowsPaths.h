@@ -23,6 +23,7 @@ void CopySse2(const TexelRows& rows);
 void MaskSse2(const TexelRows& rows);
 void CopyAvx2(const TexelRows& rows);
 void MaskAvx2(const TexelRows& rows);
+void MaskAvx512(const TexelRows& rows);
 #endif
 
 }  // namespace scenara::soft::rows

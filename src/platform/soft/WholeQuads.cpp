@@ -162,7 +162,7 @@ TexelRows RowsOf(View view, const Texels& texture, const Coverage& coverage,
     rows.height = lines.end - lines.begin;
     rows.column = columns.backwards ? columns.texel - rows.width + 1 : columns.texel;
     rows.mirrored = columns.backwards;
-    rows.destination = &view[static_cast<std::size_t>(lines.begin * kViewWidth + columns.begin)];
+    rows.destination = view.data() + (std::ptrdiff_t{lines.begin} * kViewWidth + columns.begin);
     return rows;
 }
 
