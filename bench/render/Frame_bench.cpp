@@ -29,7 +29,8 @@ public:
     StageInView(const std::string& folder, const std::string& definition)
         : machine_(std::make_shared<TextureMemory>()),
           engine_(machine_, window_, messages_, model_),
-          tiles_(engine_, model_, camera_, flags_, {keyboard_, clock_, pointer_, window_}) {
+          tiles_(engine_, model_, camera_, flags_, kPlainView,
+                 {keyboard_, clock_, pointer_, window_}) {
         engine_.Engine_Init();
         PosixFiles files("");
         const ViewOptions view;
@@ -40,7 +41,7 @@ public:
             throw std::runtime_error(messages_.Recorded().back().text);
         }
         PlaceCamera(model_, camera_);
-        PrepareElements(model_);
+        PrepareElements(model_, kPlainView);
     }
 
     void Draw() {

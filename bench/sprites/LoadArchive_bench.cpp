@@ -25,7 +25,7 @@ namespace {
 
 using Archives = const std::vector<std::string>& (*)();
 
-void LoadInto(StageModel& model, SoftDevice& device, const std::string& path) {
+void LoadInto(StageModel& model, TextureMaker& device, const std::string& path) {
     PosixFiles files("");
     HeadlessMessages messages;
     HeadlessWindow window;
@@ -168,8 +168,23 @@ LOAD_ROW(LoadNext, "Next");
 
 }  // namespace
 
+namespace {
+
+// Textures as a device makes them, without the device's own back buffer.
+class TexturesAlone : public TextureMaker {
+public:
+    std::shared_ptr<Direct3DTexture8> CreateTexture(const TextureParameters& parameters) override {
+        return std::make_shared<SoftTexture>(memory_, parameters);
+    }
+
+private:
+    std::shared_ptr<TextureMemory> memory_ = std::make_shared<TextureMemory>();
+};
+
+}  // namespace
+
 std::size_t LoadOnce(const std::vector<std::string>& archives) {
-    SoftDevice device;
+    TexturesAlone device;
     StageModel model;
     for (const std::string& path : archives) {
         LoadInto(model, device, path);

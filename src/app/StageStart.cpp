@@ -33,7 +33,7 @@ void StartStage(std::string& stageFile, const StageStartContext& context) {
 
     DiscardKeyStates(context.keyboard);
     PlaceCamera(context.model, context.camera);
-    PrepareElements(context.model);
+    PrepareElements(context.model, context.load.options);
     context.loop.LoadingStage = 0;
 }
 

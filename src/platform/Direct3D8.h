@@ -165,18 +165,22 @@ struct D3DPRESENT_PARAMETERS {
     std::uint32_t FullScreen_PresentationInterval = 0;
 };
 
-class Direct3DDevice8 {
+// Makes textures: all of a device that reading pictures needs.
+class TextureMaker {
 public:
-    Direct3DDevice8() = default;
-    Direct3DDevice8(const Direct3DDevice8&) = delete;
-    Direct3DDevice8& operator=(const Direct3DDevice8&) = delete;
-    virtual ~Direct3DDevice8() = default;
+    TextureMaker() = default;
+    TextureMaker(const TextureMaker&) = delete;
+    TextureMaker& operator=(const TextureMaker&) = delete;
+    virtual ~TextureMaker() = default;
 
     // Pixels are undefined until written. Raises RunTimeError "Out of memory" when the machine has
-    // not that much. A texture may outlive the device.
+    // not that much. A texture may outlive its maker.
     [[nodiscard]] virtual std::shared_ptr<Direct3DTexture8> CreateTexture(
         const TextureParameters& parameters) = 0;
+};
 
+class Direct3DDevice8 : public TextureMaker {
+public:
     [[nodiscard]] virtual HRESULT SetVertexShader(std::uint32_t format) = 0;
     [[nodiscard]] virtual HRESULT SetRenderState(std::uint32_t state, std::uint32_t value) = 0;
     [[nodiscard]] virtual HRESULT SetTextureStageState(std::uint32_t stage, std::uint32_t type,

@@ -39,27 +39,27 @@ void ShowAction(const StageModel& model, Integer actionIndex, BackgroundElement&
     element.frameTime = action.frames.empty() ? Integer{0} : action.frames.front().time;
 }
 
-void ApplyVelocity(const BgCtrl& control, BackgroundElement& element, bool add) {
+void ApplyVelocity(const BgCtrl& control, Single scale, BackgroundElement& element, bool add) {
     if (Has(control, kGivenX)) {
-        element.velocityX = add ? element.velocityX + control.x : control.x;
+        element.velocityX = (add ? element.velocityX : 0) + control.x * scale;
     }
     if (Has(control, kGivenY)) {
-        element.velocityY = add ? element.velocityY + control.y : control.y;
+        element.velocityY = (add ? element.velocityY : 0) + control.y * scale;
     }
 }
 
-void ApplyPosition(const BgCtrl& control, BackgroundElement& element, bool add) {
+void ApplyPosition(const BgCtrl& control, Single scale, BackgroundElement& element, bool add) {
     const auto change = add ? AddMotion : SetMotion;
     if (Has(control, kGivenX)) {
-        change(element, 0, element.posX, control.x);
+        change(element, 0, element.posX, control.x * scale);
     }
     if (Has(control, kGivenY)) {
-        change(element, 1, element.posY, control.y);
+        change(element, 1, element.posY, control.y * scale);
     }
 }
 
-void StartSwing(const BgCtrl& control, BackgroundElement& element, bool sideways) {
-    const auto amplitude = static_cast<Single>(control.value1);
+void StartSwing(const BgCtrl& control, Single scale, BackgroundElement& element, bool sideways) {
+    const auto amplitude = static_cast<Single>(control.value1) * scale;
     const auto period = static_cast<Single>(control.value2);
     if (sideways) {
         element.sinState = {amplitude, period, 0};
@@ -122,6 +122,7 @@ void TickControl(StageModel& model, const BgCtrlDef& group, BgCtrl& control) {
 void ApplyControl(const StageModel& model, const BgCtrl& control, Integer actionIndex,
                   BackgroundElement& element) {
     const std::string_view type = control.type;
+    const Single scale = model.ElementScale;
     if (type == "visible") {
         if (Has(control, kGivenValue)) {
             element.visible = control.value != 0 ? 1 : 0;
@@ -131,20 +132,20 @@ void ApplyControl(const StageModel& model, const BgCtrl& control, Integer action
             element.enabled = control.value != 0 ? 1 : 0;
         }
     } else if (type == "velset") {
-        ApplyVelocity(control, element, false);
+        ApplyVelocity(control, scale, element, false);
     } else if (type == "veladd") {
-        ApplyVelocity(control, element, true);
+        ApplyVelocity(control, scale, element, true);
     } else if (type == "posset") {
-        ApplyPosition(control, element, false);
+        ApplyPosition(control, scale, element, false);
     } else if (type == "posadd") {
-        ApplyPosition(control, element, true);
+        ApplyPosition(control, scale, element, true);
     } else if (type == "anim") {
         if (Has(control, kGivenValue) && actionIndex != -1) {
             ShowAction(model, actionIndex, element);
         }
     } else if (type == "sinx" || type == "siny") {
         if (Has(control, kGivenValue1) && Has(control, kGivenValue2)) {
-            StartSwing(control, element, type == "sinx");
+            StartSwing(control, scale, element, type == "sinx");
         }
     }
 }

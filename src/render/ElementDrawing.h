@@ -8,9 +8,19 @@
 
 namespace scenara {
 
+struct DrawOptions {
+    bool additions = false;
+    bool deform = false;  // with additions: parallax pictures are stretched
+};
+
 // Draws what the element shows now. Around the draw of a masked element (mask 1) blending by the
-// source's alpha is switched on, and back to none. Mirrored frames of animations are drawn once,
-// whatever the tiling; parallax pictures are tiled across only. Nothing is allocated.
-void DrawElement(Engine& engine, const StageModel& model, const BackgroundElement& element);
+// source's alpha is switched on, and back to none. Frames of animations that are mirrored left to
+// right are drawn once, whatever the tiling; parallax pictures are tiled across only. Nothing is
+// allocated.
+//
+// Addition: an element, or a frame, with a blending of its own is drawn so, masked or not
+// (BlendedBlit.h), and the states are put back as behind a masked one.
+void DrawElement(Engine& engine, const StageModel& model, const BackgroundElement& element,
+                 const DrawOptions& options);
 
 }  // namespace scenara

@@ -23,6 +23,16 @@ Offset Displacement(const BackgroundElement& element) {
             static_cast<double>(swing[1]) + static_cast<double>(element.ctrlOffset[1])};
 }
 
+// From the axis point to the picture's upper left corner.
+Offset FromAxis(const StageFrame& frame, const SpriteEntry& sprite, double scale,
+                const PlacedPicture& picture, bool additions) {
+    Offset offset{frame.offsetX * scale, frame.offsetY * scale};
+    const bool aboutAxisX = additions && picture.mirrored;
+    offset.x -= aboutAxisX ? sprite.width - sprite.axisX * scale : sprite.axisX * scale;
+    offset.y -= picture.flipped ? sprite.height - sprite.axisY * scale : sprite.axisY * scale;
+    return offset;
+}
+
 }  // namespace
 
 bool HasPictures(const StageModel& model, const BackgroundElement& element) {
@@ -30,8 +40,8 @@ bool HasPictures(const StageModel& model, const BackgroundElement& element) {
                                     : element.spriteIndex != -1;
 }
 
-std::optional<PlacedPicture> PlaceElement(const StageModel& model,
-                                          const BackgroundElement& element) {
+std::optional<PlacedPicture> PlaceElement(const StageModel& model, const BackgroundElement& element,
+                                          bool additions) {
     PlacedPicture picture;
     Offset offset = Displacement(element);
     if (IsDummy(element.type) || !HasPictures(model, element)) {
@@ -45,9 +55,14 @@ std::optional<PlacedPicture> PlaceElement(const StageModel& model,
             return std::nullopt;
         }
         const SpriteEntry& sprite = RecordAt(model.Sprites, picture.slot, "sprite");
-        offset.x += frame.offsetX - sprite.axisX;
-        offset.y += frame.offsetY - sprite.axisY;
-        picture.mirrored = frame.flip == "h";
+        picture.mirrored =
+            frame.flip == "h" || (additions && (frame.flip == "hv" || frame.flip == "vh"));
+        picture.flipped =
+            additions && (frame.flip == "v" || frame.flip == "hv" || frame.flip == "vh");
+        const Offset fromAxis =
+            FromAxis(frame, sprite, static_cast<double>(model.ElementScale), picture, additions);
+        offset.x += fromAxis.x;
+        offset.y += fromAxis.y;
     } else {
         picture.slot = element.spriteIndex;
         static_cast<void>(RecordAt(model.Sprites, picture.slot, "sprite"));

@@ -13,19 +13,25 @@ struct PlacedPicture {
     Integer slot = -1;  // into Sprites
     Long x = 0;         // upper left corner, view pixels, rounded
     Long y = 0;
-    Single drawX = 0;  // the same before rounding
-    bool mirrored = false;
+    Single drawX = 0;       // the same before rounding
+    bool mirrored = false;  // left to right
+    bool flipped = false;   // addition: top to bottom
 };
 
 // Positions beyond this are nowhere near the view, and no sum with a size leaves 32 bits.
-inline constexpr Single kFarthest = 1 << 30;
+inline constexpr Single kFarthest = 1073741824.0F;
 
 // Nothing for an element that shows no picture: a dummy, a blank frame, one whose sprite is not in
 // the archive, or one that has drifted beyond kFarthest.
 //
+// Addition: a mirrored frame is mirrored about its axis, so that the axis stays where it was, and
+// upside down, too, where the flip says so. Without additions it stands where the frame would stand
+// unmirrored, and only left and right change sides.
+//
 // Raises "Subscript out of range" when the element's action, frame or sprite is not in its table.
 [[nodiscard]] std::optional<PlacedPicture> PlaceElement(const StageModel& model,
-                                                        const BackgroundElement& element);
+                                                        const BackgroundElement& element,
+                                                        bool additions);
 
 // Whether there is anything at all that the element could show. Without, it is skipped: a still one
 // without its sprite, an animated one without an action. (A blank frame of an action is something.)

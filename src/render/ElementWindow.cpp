@@ -7,9 +7,9 @@ namespace scenara {
 namespace {
 
 // From the smaller to the larger of two corners, both included, as far as the view goes.
-PixelRange Between(Single a, Single b, std::int64_t end) {
-    const double low = RoundToEven(static_cast<double>(std::min(a, b)));
-    const double high = RoundToEven(static_cast<double>(std::max(a, b)));
+PixelRange Between(Single a, Single b, double moved, std::int64_t end) {
+    const double low = RoundToEven(static_cast<double>(std::min(a, b)) + moved);
+    const double high = RoundToEven(static_cast<double>(std::max(a, b)) + moved);
     const auto most = static_cast<double>(end);
     return {static_cast<std::int64_t>(std::clamp(low, 0.0, most)),
             static_cast<std::int64_t>(std::clamp(high + 1, 0.0, most))};
@@ -26,12 +26,15 @@ void Cut(const PixelRange& range, std::int64_t& position, std::int64_t& size,
 
 }  // namespace
 
-ElementWindow ElementWindow::Of(const BackgroundElement& element) {
+ElementWindow ElementWindow::Of(const BackgroundElement& element, Single cameraX, Single cameraY) {
     if (element.windowActive == 0) {
         return {false, {0, kViewWidth}, {0, kViewHeight}};
     }
-    return {true, Between(element.windowX1, element.windowX2, kViewWidth),
-            Between(element.windowY1, element.windowY2, kViewHeight)};
+    // As elements move: x is stored negated, y is not.
+    const double movedX = static_cast<double>(element.windowDeltaX) * static_cast<double>(cameraX);
+    const double movedY = static_cast<double>(element.windowDeltaY) * static_cast<double>(cameraY);
+    return {true, Between(element.windowX1, element.windowX2, movedX, kViewWidth),
+            Between(element.windowY1, element.windowY2, -movedY, kViewHeight)};
 }
 
 std::optional<SpriteQuad> CutTo(const ElementWindow& window, SpriteQuad quad) {

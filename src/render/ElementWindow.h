@@ -16,8 +16,10 @@ struct ElementWindow {
     PixelRange rows;
 
     // Of the element. Its values are rounded to whole numbers, corners may come in any order, and
-    // both corners lie inside.
-    [[nodiscard]] static ElementWindow Of(const BackgroundElement& element);
+    // both corners lie inside. (Addition: it moves with the stored camera by its delta, which is 0
+    // in a plain stage.)
+    [[nodiscard]] static ElementWindow Of(const BackgroundElement& element, Single cameraX,
+                                          Single cameraY);
 };
 
 // A piece of a sprite on its way to the screen, pixel for pixel.

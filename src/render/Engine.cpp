@@ -11,7 +11,6 @@ namespace scenara {
 namespace {
 
 constexpr std::uint32_t kDefaultAdapter = 0;
-constexpr std::uint32_t kWhite = 0xFFFFFFFF;
 
 // A 32-bit sum, checked.
 float Sum(Long a, Long b) {
@@ -28,8 +27,9 @@ const std::unique_ptr<Object>& Made(const std::unique_ptr<Object>& object, std::
 
 std::string Hexadecimal(std::uint32_t number) {
     std::array<char, 8> digits{};
-    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number, 16).ptr;
-    return {digits.data(), end};
+    const char* const end =
+        std::to_chars(digits.data(), digits.data() + digits.size(), number, 16).ptr;
+    return {digits.data(), static_cast<std::size_t>(end - digits.data())};
 }
 
 }  // namespace
@@ -99,7 +99,7 @@ void Engine::StartUp() {
     Engine_Init_Gfx();
 }
 
-void Engine::Engine_Init_Gfx() {
+void Engine::Engine_Init_Gfx() const {
     Direct3DDevice8& device = Device();
     Require(device.SetVertexShader(kVertexFormat), "SetVertexShader");
     Require(device.SetRenderState(D3DRS_LIGHTING, 0), "SetRenderState");
@@ -127,17 +127,19 @@ Direct3DDevice8& Engine::Device() const {
 
 void Engine::D3DBlt(const std::shared_ptr<Direct3DTexture8>& /*TX*/, Integer slot, Long X, Long Y,
                     Long W, Long H, Long srcX, Long srcY) {
-    Blit(slot, X, Y, W, H, srcX, srcY, 1.0F);
+    BlitTinted(slot, X, Y, W, H, srcX, srcY, BlitStyle());
 }
 
 // Wrapped around, coordinates below 0 show the texture from its other end.
 void Engine::D3DBltFlip(const std::shared_ptr<Direct3DTexture8>& /*TX*/, Integer slot, Long X,
                         Long Y, Long W, Long H, Long srcX, Long srcY) {
-    Blit(slot, X, Y, W, H, srcX, srcY, -1.0F);
+    BlitStyle mirrored;
+    mirrored.mirrored = true;
+    BlitTinted(slot, X, Y, W, H, srcX, srcY, mirrored);
 }
 
-void Engine::Blit(Integer slot, Long X, Long Y, Long W, Long H, Long srcX, Long srcY,
-                  float direction) {
+void Engine::BlitTinted(Integer slot, Long X, Long Y, Long W, Long H, Long srcX, Long srcY,
+                        const BlitStyle& style) {
     if (slot < 0 || static_cast<std::size_t>(slot) >= model_.Sprites.size()) {
         throw RunTimeError(RunTimeErrorKind::SubscriptOutOfRange, "sprite");
     }
@@ -148,15 +150,17 @@ void Engine::Blit(Integer slot, Long X, Long Y, Long W, Long H, Long srcX, Long 
     const float bottom = Sum(Y, H);
     const auto textureWidth = static_cast<float>(sprite.width);
     const auto textureHeight = static_cast<float>(sprite.height);
-    const float u0 = direction * static_cast<float>(srcX) / textureWidth;
-    const float u1 = direction * Sum(srcX, W) / textureWidth;
-    const float v0 = static_cast<float>(srcY) / textureHeight;
-    const float v1 = Sum(srcY, H) / textureHeight;
+    const float across = style.mirrored ? -1.0F : 1.0F;
+    const float down = style.flipped ? -1.0F : 1.0F;
+    const float u0 = across * static_cast<float>(srcX) / textureWidth;
+    const float u1 = across * Sum(srcX, W) / textureWidth;
+    const float v0 = down * static_cast<float>(srcY) / textureHeight;
+    const float v1 = down * Sum(srcY, H) / textureHeight;
 
-    Place(0, left, bottom, kWhite);
-    Place(1, left, top, kWhite);
-    Place(2, right, bottom, kWhite);
-    Place(3, right, top, kWhite);
+    Place(0, left, bottom, style.color);
+    Place(1, left, top, style.color);
+    Place(2, right, bottom, style.color);
+    Place(3, right, top, style.color);
     quad_[0].tu = quad_[1].tu = u0;
     quad_[2].tu = quad_[3].tu = u1;
     quad_[0].tv = quad_[2].tv = v1;

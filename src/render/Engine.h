@@ -34,6 +34,13 @@ inline constexpr MessageKind kMessageEngineInit = "Engine_Init";
 inline constexpr Long kOpaqueWhite = -1;
 inline constexpr std::uint32_t kShadowColor = 0x64000000;  // black, alpha 100 of 255
 
+// How a piece of a sprite is drawn.
+struct BlitStyle {
+    bool mirrored = false;  // left to right
+    bool flipped = false;   // top to bottom
+    std::uint32_t color = 0xFFFFFFFF;
+};
+
 class Engine {
 public:
     // All of them outlive the engine; `model` is where sprites are looked up.
@@ -44,7 +51,7 @@ public:
     void Engine_Init();
 
     // The states that drawing relies on; the last step of Engine_Init.
-    void Engine_Init_Gfx();
+    void Engine_Init_Gfx() const;
 
     // Releases everything; without effect when there is nothing.
     void Engine_Deinit();
@@ -59,6 +66,10 @@ public:
     // The same from the texture mirrored left to right; srcX counts in the mirrored one.
     void D3DBltFlip(const std::shared_ptr<Direct3DTexture8>& TX, Integer slot, Long X, Long Y,
                     Long W, Long H, Long srcX, Long srcY);
+
+    // Addition: the same as D3DBlt, mirrored as asked for, and times a colour at all corners.
+    void BlitTinted(Integer slot, Long X, Long Y, Long W, Long H, Long srcX, Long srcY,
+                    const BlitStyle& style);
 
     // The quad as a rectangle, with a colour for each corner: upper left, upper right, lower left,
     // lower right. The caller sets a texture and calls DrawQuad.
@@ -87,7 +98,6 @@ public:
 
 private:
     void StartUp();
-    void Blit(Integer slot, Long X, Long Y, Long W, Long H, Long srcX, Long srcY, float direction);
     void Place(std::size_t corner, float x, float y, std::uint32_t color);
 
     Direct3DMachine& machine_;

@@ -2,6 +2,7 @@
 #include "render/ParallaxRows.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "render/ElementPlacement.h"
 
@@ -28,6 +29,29 @@ std::int64_t RowPosition(const BackgroundElement& element, Single drawX, Single 
     const double position =
         std::clamp(RoundToEven(static_cast<double>(drawX) + shear), -kMost, kMost);
     return static_cast<std::int64_t>(position);
+}
+
+double RowStretch(const BackgroundElement& element, Single cameraY) {
+    constexpr double kMost = 16;
+    const double shrunk =
+        (static_cast<double>(element.yscaleStart) +
+         static_cast<double>(element.yscaleDelta) * static_cast<double>(cameraY)) /
+        100;
+    // Nothing or less left of the height is a stretch without end.
+    return shrunk > 0 ? std::clamp(1 / shrunk, 1 / kMost, kMost) : kMost;
+}
+
+std::int64_t SourceRow(std::int64_t row, double stretch) {
+    return static_cast<std::int64_t>(std::floor(static_cast<double>(row) / stretch));
+}
+
+std::int64_t StretchedRows(std::int64_t rows, double stretch) {
+    auto count = static_cast<std::int64_t>(std::ceil(static_cast<double>(rows) * stretch));
+    // The division may round the other way than the product.
+    while (count > 0 && SourceRow(count - 1, stretch) >= rows) {
+        --count;
+    }
+    return count;
 }
 
 }  // namespace scenara

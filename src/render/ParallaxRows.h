@@ -23,4 +23,12 @@ namespace scenara {
 [[nodiscard]] std::int64_t RowPosition(const BackgroundElement& element, Single drawX,
                                        Single cameraX, std::int64_t row, std::int64_t rows);
 
+// Deform, an addition: parallax pictures are stretched vertically about their first row by
+// 1 / (yscaleStart / 100 + yscaleDelta / 100 * cameraY), kept within 1/16 to 16.
+[[nodiscard]] double RowStretch(const BackgroundElement& element, Single cameraY);
+
+// How many rows a picture of `rows` takes then, and which of its rows is shown in row `row`.
+[[nodiscard]] std::int64_t StretchedRows(std::int64_t rows, double stretch);
+[[nodiscard]] std::int64_t SourceRow(std::int64_t row, double stretch);
+
 }  // namespace scenara

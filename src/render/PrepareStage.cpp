@@ -13,7 +13,7 @@ namespace scenara {
 namespace {
 
 // Elements' starts count from the middle of the view.
-constexpr double kViewCentre = kViewWidth / 2;
+constexpr double kViewCentre = kViewWidth / 2.0;
 
 constexpr Integer kPicturesOfAction = -2;
 
@@ -71,14 +71,16 @@ void ResolveLinks(StageModel& model) {
 void Place(const StageModel& model, BackgroundElement& element) {
     const Start start = StartOf(model, element);
     const SpriteEntry* const sprite = StillSprite(model, element);
+    const auto scale = static_cast<double>(model.ElementScale);
     const double axisX = sprite == nullptr ? 0 : sprite->axisX;
     const double axisY = sprite == nullptr ? 0 : sprite->axisY;
     // What is shown of the camera, x to the right.
     const double cameraX = -static_cast<double>(model.CamX);
     const auto cameraY = static_cast<double>(model.CamY);
-    element.posX = NearestSingle(kViewCentre + start.x - axisX -
+    element.posX = NearestSingle(kViewCentre + (start.x - axisX) * scale -
                                  static_cast<double>(element.deltaX) * cameraX);
-    element.posY = NearestSingle(start.y - axisY - static_cast<double>(element.deltaY) * cameraY);
+    element.posY =
+        NearestSingle((start.y - axisY) * scale - static_cast<double>(element.deltaY) * cameraY);
 }
 
 void SetRuntimeValues(const StageModel& model, BackgroundElement& element) {
@@ -130,9 +132,10 @@ void PreLoadTexture(const StageModel& model, Integer spriteIndex) {
 
 // Every picture that may be drawn masked: of masked stills, and of all actions, since a controller
 // may make an element show any.
-void PreLoadTextures(const StageModel& model) {
+void PreLoadTextures(const StageModel& model, const ViewOptions& options) {
     for (const BackgroundElement& element : model.Elements) {
-        if (element.mask == 1) {
+        const bool blended = options.Additions && element.blending.kind != BlendKind::None;
+        if (element.mask == 1 || blended) {
             PreLoadTexture(model, element.spriteIndex);
         }
     }
@@ -198,7 +201,7 @@ void RaiseUpperBound(StageModel& model) {
     }
 }
 
-void PrepareElements(StageModel& model) {
+void PrepareElements(StageModel& model, const ViewOptions& options) {
     ResolveLinks(model);
     for (BackgroundElement& element : model.Elements) {
         Place(model, element);
@@ -207,8 +210,10 @@ void PrepareElements(StageModel& model) {
     SetBackTimers(model);
     OrderElementsById(model);
     ResolveZOffsetLink(model);
-    RaiseUpperBound(model);
-    PreLoadTextures(model);
+    if (!options.Additions) {
+        RaiseUpperBound(model);
+    }
+    PreLoadTextures(model, options);
 }
 
 }  // namespace scenara

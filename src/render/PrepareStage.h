@@ -6,6 +6,7 @@
 
 #include "render/Camera.h"
 #include "stage/StageModel.h"
+#include "stage/ViewOptions.h"
 
 namespace scenara {
 
@@ -19,8 +20,11 @@ void PlaceCamera(StageModel& model, Camera& camera);
 // Then the ground line's element, the order of ids for controllers, the raised upper bound, and the
 // textures that will be drawn with their transparent pixels left out.
 //
+// With additions the upper bound is not raised: it compares camera units with picture rows, and so
+// cuts stages whose deltas are below 1.
+//
 // Raises "Subscript out of range" when an element's sprite or action is not in its table.
-void PrepareElements(StageModel& model);
+void PrepareElements(StageModel& model, const ViewOptions& options);
 
 // The single steps of PrepareElements that stand for themselves.
 

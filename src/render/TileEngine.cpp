@@ -41,7 +41,7 @@ void TileEngine::DrawSelected(BackgroundElement& element) {
     if (element.visible == 0 || element.enabled == 0 || !HasPictures(model_, element)) {
         return;
     }
-    DrawElement(engine_, model_, element);
+    DrawElement(engine_, model_, element, {options_.Additions, flags_.Deform != 0});
     MoveDrawn(element);
 }
 

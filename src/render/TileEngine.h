@@ -11,6 +11,7 @@
 #include "render/Engine.h"
 #include "render/ViewFlags.h"
 #include "stage/StageModel.h"
+#include "stage/ViewOptions.h"
 
 namespace scenara {
 
@@ -18,8 +19,13 @@ class TileEngine {
 public:
     // All of them outlive it.
     TileEngine(Engine& engine, StageModel& model, Camera& camera, const ViewFlags& flags,
-               const CameraInput& input)
-        : engine_(engine), model_(model), camera_(camera), flags_(flags), input_(input) {}
+               const ViewOptions& options, const CameraInput& input)
+        : engine_(engine),
+          model_(model),
+          camera_(camera),
+          flags_(flags),
+          options_(options),
+          input_(input) {}
 
     // The pass that DrawFrontLayer selects. Every element follows the camera in every pass; drift
     // and swing go on only for what is drawn in it. The camera moves at the end, so each pass sees
@@ -37,6 +43,7 @@ private:
     StageModel& model_;
     Camera& camera_;
     const ViewFlags& flags_;
+    const ViewOptions& options_;
     CameraInput input_;
 };
 

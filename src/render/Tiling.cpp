@@ -43,6 +43,15 @@ std::int64_t TileStep(Long spacing, std::int64_t size, bool animated) {
     return animated ? spacing : spacing + size;
 }
 
+Long ScaledSpacing(Long spacing, Single scale) {
+    if (scale == 1) {
+        return spacing;
+    }
+    constexpr auto kMost = static_cast<double>(std::numeric_limits<Long>::max());
+    return ToLong(
+        std::clamp(static_cast<double>(spacing) * static_cast<double>(scale), -kMost, kMost));
+}
+
 Copies CopiesAlong(const Tiles& tiles, std::int64_t position, const PixelRange& visible,
                    std::int64_t deepest) {
     const Copies one{position, 0, 1};
@@ -57,7 +66,7 @@ Copies CopiesAlong(const Tiles& tiles, std::int64_t position, const PixelRange& 
         return one;
     }
     if (tiles.step < 0) {
-        return {position, 0, 0};
+        return tiles.additions ? one : Copies{position, 0, 0};
     }
     const std::int64_t last = std::int64_t{tiles.count} - 1;
     return VisibleOf({position, tiles.step, tiles.size, 0, last, last}, visible, deepest);

@@ -26,6 +26,9 @@ struct Copies {
 // for still pictures.
 [[nodiscard]] std::int64_t TileStep(Long spacing, std::int64_t size, bool animated);
 
+// Addition: a spacing of a stage that was made for another view, in whole view pixels.
+[[nodiscard]] Long ScaledSpacing(Long spacing, Single scale);
+
 // How many copies may lie upon one another at any pixel, along one axis: a step that would pile up
 // more is taken as a multiple of itself, so that no file makes a frame take minutes. No picture is
 // made that way; kDeepest is for one axis that is tiled, kDeepestOfBoth for each of two.
@@ -38,12 +41,13 @@ struct Tiles {
     std::int64_t step = 0;  // from one to the next
     std::int64_t size = 0;  // of the picture
     bool animated = false;
+    bool additions = false;  // a negative step leaves one copy
 };
 
-// Copies from `position` on. Of n only the first when the step is 0, and none when it is negative;
-// of endless ones just one when the step is 0 or less. Endless animations with a step of 1 or less
-// have been given no distance: they follow one another. Of several copies only those that touch
-// `visible` are named.
+// Copies from `position` on. Of n only the first when the step is 0, and none when it is negative
+// (with additions the first); of endless ones just one when the step is 0 or less. Endless
+// animations with a step of 1 or less have been given no distance: they follow one another. Of
+// several copies only those that touch `visible` are named.
 [[nodiscard]] Copies CopiesAlong(const Tiles& tiles, std::int64_t position,
                                  const PixelRange& visible, std::int64_t deepest = kDeepest);
 

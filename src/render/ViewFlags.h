@@ -12,6 +12,7 @@ inline constexpr Byte kByteTrue = 255;
 struct ViewFlags {
     Byte DrawFrontLayer = 0;  // which pass is drawn: False the back, True the front
     Byte MouseScroll = 0;     // the pointer moves the camera
+    Byte Deform = 0;          // addition: parallax pictures are stretched with the camera's height
 };
 
 }  // namespace scenara

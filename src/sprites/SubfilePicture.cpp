@@ -29,7 +29,7 @@ std::uint64_t Available(const InputFile& file, std::uint64_t start, std::uint64_
 
 }  // namespace
 
-SubfilePictures::SubfilePictures(InputFile& archive, Direct3DDevice8& device, Messages& messages)
+SubfilePictures::SubfilePictures(InputFile& archive, TextureMaker& device, Messages& messages)
     : archive_(archive), messages_(messages), decoder_(device, messages) {}
 
 bool SubfilePictures::Load(SubfileChain& chain, PcxPicture& picture) {

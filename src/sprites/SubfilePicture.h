@@ -28,7 +28,7 @@ inline constexpr MessageKind kMessageMissingPalette = "missing palette";
 class SubfilePictures {
 public:
     // All three outlive it.
-    SubfilePictures(InputFile& archive, Direct3DDevice8& device, Messages& messages);
+    SubfilePictures(InputFile& archive, TextureMaker& device, Messages& messages);
 
     // The picture of the subfile that the chain stands on. False on any failure; then the reason
     // has been shown.

@@ -240,7 +240,7 @@ std::uint32_t KeyColor::Argb() const {
            blue;
 }
 
-PcxDecoder::PcxDecoder(Direct3DDevice8& device, Messages& messages, UnpackPath path)
+PcxDecoder::PcxDecoder(TextureMaker& device, Messages& messages, UnpackPath path)
     : device_(device), messages_(messages), path_(path) {
     palette_.fill(kOpaque);  // black, until there is one
     palette_[0] = Keyed(kOpaque);

@@ -109,7 +109,7 @@ struct PcxPicture {
 class PcxDecoder {
 public:
     // `path`: for benchmarks; by itself the decoder takes the fastest one.
-    PcxDecoder(Direct3DDevice8& device, Messages& messages, UnpackPath path = BestUnpackPath());
+    PcxDecoder(TextureMaker& device, Messages& messages, UnpackPath path = BestUnpackPath());
 
     // 256 times red, green, blue: for this and the following pictures.
     void SetPalette(std::span<const std::byte, kPcxPaletteSize> palette);
@@ -126,7 +126,7 @@ public:
 private:
     [[nodiscard]] PcxPicture Decode(const PcxHeader& header, std::span<const std::byte> data);
 
-    Direct3DDevice8& device_;
+    TextureMaker& device_;
     Messages& messages_;
     UnpackPath path_;
     ColorTable palette_{};

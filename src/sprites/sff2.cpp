@@ -7,6 +7,7 @@
 
 #include "base/RunTimeError.h"
 #include "base/Text.h"
+#include "sprites/ScaledPicture.h"
 #include "sprites/SffArchive.h"
 #include "sprites/SubfilePicture.h"
 
@@ -45,12 +46,14 @@ std::string SkippedText(std::string_view what, const SubfileHeader& subfile) {
 class SpriteLoader {
 public:
     SpriteLoader(StageModel& model, InputFile& archive, const SffHeader& header,
-                 Direct3DDevice8& device, Messages& messages)
+                 TextureMaker& device, Messages& messages, double scale)
         : model_(model),
           header_(header),
+          device_(device),
           messages_(messages),
+          scale_(scale),
           chain_(archive, header),
-          pictures_(archive, device, messages),
+          pictures_(archive, scale == 1 ? device : scratch_, messages),
           masked_(MaskedPictures(model)) {}
 
     SubfileChain& Chain() { return chain_; }
@@ -92,9 +95,25 @@ private:
         return true;
     }
 
+    // The picture's texture at the size that is wanted.
+    [[nodiscard]] bool Scaled(PcxPicture& picture, SpriteEntry& entry) {
+        if (scale_ == 1) {
+            entry.texture = std::move(picture.texture);
+            return true;
+        }
+        try {
+            entry.texture = ScaledPicture(device_, *picture.texture, scale_);
+        } catch (const RunTimeError&) {
+            return false;
+        } catch (const std::bad_alloc&) {
+            return false;
+        }
+        return true;
+    }
+
     [[nodiscard]] bool TakePicture(SpriteEntry& entry) {
         PcxPicture picture;
-        if (!pictures_.Load(chain_, picture)) {
+        if (!pictures_.Load(chain_, picture) || !Scaled(picture, entry)) {
             messages_.MsgBox(kMessagePcxError,
                              SkippedText("PCX Error", chain_.Header()) + "Skipping sprite..");
             if (header_.imageCount == 1) {
@@ -104,9 +123,8 @@ private:
             }
             return false;
         }
-        entry.width = ToInteger(picture.width);
-        entry.height = ToInteger(picture.height);
-        entry.texture = std::move(picture.texture);
+        entry.width = ToInteger(entry.texture->Width());
+        entry.height = ToInteger(entry.texture->Height());
         entry.keyAlpha = picture.key.alpha;
         entry.keyRed = picture.key.red;
         entry.keyGreen = picture.key.green;
@@ -118,7 +136,10 @@ private:
 
     StageModel& model_;
     const SffHeader& header_;
+    TextureMaker& device_;
     Messages& messages_;
+    double scale_;
+    ScratchTextures scratch_;
     SubfileChain chain_;
     SubfilePictures pictures_;
     std::vector<std::uint64_t> masked_;
@@ -133,9 +154,9 @@ void SayArchiveError(Messages& messages, MessageKind kind, const std::string& na
 }
 
 void LoadChain(StageModel& model, InputFile& archive, const std::string& name,
-               const SffHeader& header, Direct3DDevice8& device, Window& window,
-               Messages& messages) {
-    SpriteLoader loader(model, archive, header, device, messages);
+               const SffHeader& header, TextureMaker& device, Window& window, Messages& messages,
+               double scale) {
+    SpriteLoader loader(model, archive, header, device, messages, scale);
     SubfileChain& chain = loader.Chain();
     while (!window.EndRequested() && chain.Next()) {
         window.SetCaption(LoadingCaption(model.StageTitle, chain.Index(), header.imageCount));
@@ -177,7 +198,7 @@ std::string LoadingCaption(const std::string& title, std::uint32_t done, std::ui
 }
 
 void LoadSprites(StageModel& model, InputFile& archive, const std::string& name,
-                 Direct3DDevice8& device, Window& window, Messages& messages) {
+                 TextureMaker& device, Window& window, Messages& messages, double scale) {
     try {
         const SffHeader header = ReadSffHeader(archive);
         if (header.IsVersion2()) {
@@ -186,7 +207,7 @@ void LoadSprites(StageModel& model, InputFile& archive, const std::string& name,
                                 ", only version 1 can be read.");
             return;
         }
-        LoadChain(model, archive, name, header, device, window, messages);
+        LoadChain(model, archive, name, header, device, window, messages, scale);
     } catch (const RunTimeError& error) {
         SayArchiveError(messages, kMessageSffError, name, error.what());
     } catch (const std::bad_alloc&) {

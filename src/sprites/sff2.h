@@ -29,9 +29,10 @@ inline constexpr MessageKind kMessageSffError = "SFF Error";
 inline constexpr MessageKind kMessageSffVersion = "SFF version";
 
 // Appends the archive's sprites to `model.Sprites`. `name` is the archive's name for messages.
-// Never raises an error for what stands in the file.
+// Never raises an error for what stands in the file. With a `scale` other than 1 (an addition) each
+// picture is brought to that size; the axis keeps the file's.
 void LoadSprites(StageModel& model, InputFile& archive, const std::string& name,
-                 Direct3DDevice8& device, Window& window, Messages& messages);
+                 TextureMaker& device, Window& window, Messages& messages, double scale = 1);
 
 // "Loading " + title + " " + how much of `count` is done, as "5%"; "%" alone for none. Of a title
 // the first 255 bytes, more than any title bar shows.

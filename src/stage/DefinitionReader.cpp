@@ -29,12 +29,12 @@ void DefinitionReader::ReadLine(std::string_view line, std::int64_t number) {
     if (cleaned_.empty()) {
         return;
     }
-    if (IsSectionHeader(cleaned_)) {
+    if (IsSectionHeader(cleaned_) && (!options_.Additions || BeginsWithBracket(cleaned_))) {
         StartSection(cleaned_);
         return;
     }
     keyLine_.Assign(cleaned_);
-    KeyOffer offer(keyLine_, lineNumber_, messages_);
+    KeyOffer offer(keyLine_, lineNumber_, messages_, options_);
     switch (section_) {
         case SectionKind::Element: ReadElementLine(offer); break;
         case SectionKind::Action: ReadActionLine(offer); break;

@@ -18,6 +18,7 @@
 #include "stage/RecordSlot.h"
 #include "stage/SectionHeader.h"
 #include "stage/StageModel.h"
+#include "stage/ViewOptions.h"
 
 namespace scenara {
 
@@ -26,8 +27,9 @@ inline constexpr MessageKind kMessageLoneControl = "BGCtrl without BGCtrlDef";
 
 class DefinitionReader {
 public:
-    // Both outlive it; the model is empty.
-    DefinitionReader(StageModel& model, Messages& messages) : model_(model), messages_(messages) {}
+    // All outlive it; the model is empty.
+    DefinitionReader(StageModel& model, Messages& messages, const ViewOptions& options)
+        : model_(model), messages_(messages), options_(options) {}
     DefinitionReader(const DefinitionReader&) = delete;
     DefinitionReader& operator=(const DefinitionReader&) = delete;
 
@@ -51,6 +53,7 @@ private:
 
     StageModel& model_;
     Messages& messages_;
+    const ViewOptions& options_;
     std::string spr_;
 
     std::string cleaned_;  // the line without comment and tabs

@@ -43,7 +43,7 @@ std::uint64_t SpriteKey(Long group, Integer image) {
 
 }  // namespace
 
-void FinishElements(StageModel& model, Messages& messages) {
+void FinishElements(StageModel& model, Messages& messages, const ViewOptions& options) {
     FirstIndex actions;
     for (std::size_t i = 0; i < model.Actions.size(); ++i) {
         actions.Add(ActionKey(model.Actions[i].actionNo), i);
@@ -66,6 +66,10 @@ void FinishElements(StageModel& model, Messages& messages) {
         if (element.tileY < 0) {
             element.tileY = 1;
             messages.MsgBox(kMessageNegativeTileY, "TileY < 0");
+        }
+        if (options.Additions) {
+            element.blending =
+                ElementBlending(element.trans, element.alphaSource, element.alphaDestination);
         }
     }
 }

@@ -6,6 +6,7 @@
 
 #include "platform/Messages.h"
 #include "stage/StageModel.h"
+#include "stage/ViewOptions.h"
 
 namespace scenara {
 
@@ -15,7 +16,9 @@ inline constexpr MessageKind kMessageNegativeTileY = "TileY < 0";
 // Animated elements are always masked, and their action number becomes the index of the action (-1
 // when there is none of that number). Tile counts: above 999,999 across means without end (1);
 // below 0 does, too, and is said.
-void FinishElements(StageModel& model, Messages& messages);
+//
+// Addition: an element's blending comes from its trans and alpha.
+void FinishElements(StageModel& model, Messages& messages, const ViewOptions& options);
 
 // Finds the picture of every still element, and of every frame of every action, among the sprites:
 // the first entry with its group and image, -1 when there is none. Animated elements have none of

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "base/RunTimeError.h"
+#include "base/Text.h"
 #include "stage/StageModel.h"
 
 namespace scenara {
@@ -21,6 +22,9 @@ bool KeyOffer::Whole(std::string_view key, FieldTarget target) {
 bool KeyOffer::Value(std::string_view key, Integer index, FieldTarget target) {
     Integer found = kFalse;
     tooLarge_ = false;
+    if (Additions() && !MayStandHere(key)) {
+        return false;
+    }
     try {
         ReadKeyValue(line_, key, target, index, kFalse, kFalse, found, messages_);
     } catch (const RunTimeError&) {
@@ -28,6 +32,24 @@ bool KeyOffer::Value(std::string_view key, Integer index, FieldTarget target) {
         SayOverflow(messages_, key == kBareValues ? "frame" : key, lineNumber_);
     }
     return found != kFalse;
+}
+
+bool KeyOffer::Text(std::string_view key, std::string& target) {
+    if (!Whole(key, target)) {
+        return false;
+    }
+    if (Additions()) {
+        const std::string_view line = line_.Text();
+        target = Trim(line.substr(line.find('=') + 1));
+    }
+    return true;
+}
+
+// Addition: only blanks before the key, in whatever case it is written. So "p2StartX" is not
+// "startx".
+bool KeyOffer::MayStandHere(std::string_view key) const {
+    const std::string_view lower = line_.Lower();
+    return key == kBareValues || lower.find_first_not_of(' ') == lower.find(key);
 }
 
 void KeyOffer::List(std::string_view key, std::vector<Long>& list) {

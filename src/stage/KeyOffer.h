@@ -13,6 +13,7 @@
 
 #include "platform/Messages.h"
 #include "stage/ReadKeyValue.h"
+#include "stage/ViewOptions.h"
 
 namespace scenara {
 
@@ -23,8 +24,9 @@ void SayOverflow(Messages& messages, std::string_view what, std::int64_t lineNum
 
 class KeyOffer {
 public:
-    KeyOffer(const KeyLine& line, std::int64_t lineNumber, Messages& messages)
-        : line_(line), lineNumber_(lineNumber), messages_(messages) {}
+    KeyOffer(const KeyLine& line, std::int64_t lineNumber, Messages& messages,
+             const ViewOptions& options)
+        : line_(line), lineNumber_(lineNumber), messages_(messages), options_(options) {}
 
     // The whole value. True when the line gives the key one.
     bool Whole(std::string_view key, FieldTarget target);
@@ -43,6 +45,11 @@ public:
     // Value number `index` alone.
     bool Value(std::string_view key, Integer index, FieldTarget target);
 
+    // A text setting: the whole value; with additions all that stands behind "=", in its own case.
+    bool Text(std::string_view key, std::string& target);
+
+    [[nodiscard]] bool Additions() const { return options_.Additions; }
+
     // Whether the last value asked for was there and did not fit its field.
     [[nodiscard]] bool WasTooLarge() const { return tooLarge_; }
 
@@ -51,9 +58,12 @@ public:
     void List(std::string_view key, std::vector<Long>& list);
 
 private:
+    [[nodiscard]] bool MayStandHere(std::string_view key) const;
+
     const KeyLine& line_;
     std::int64_t lineNumber_;
     Messages& messages_;
+    const ViewOptions& options_;
     bool tooLarge_ = false;
 };
 

@@ -14,6 +14,7 @@
 #include "stage/DefinitionReader.h"
 #include "stage/FinishElements.h"
 #include "stage/LineEndingRepair.h"
+#include "stage/StageScale.h"
 
 namespace scenara {
 namespace {
@@ -22,7 +23,7 @@ namespace {
 std::string ReadDefinition(StageModel& model, std::string& defPath,
                            const LoadStageContext& context) {
     LineEndingRepair repair(context.files, defPath);
-    DefinitionReader reader(model, context.messages);
+    DefinitionReader reader(model, context.messages, context.options);
     {
         const std::unique_ptr<InputFile> file = context.files.OpenForReading(defPath);
         LineReader lines(*file);
@@ -59,7 +60,8 @@ void LoadArchive(StageModel& model, const std::string& spr, const std::string& d
         context.messages.MsgBox(kMessageArchiveMissing, std::move(text));
         return;
     }
-    LoadSprites(model, *archive, path, context.device, context.window, context.messages);
+    const double scale = context.options.Additions ? ScaleOf(model).elements : 1;
+    LoadSprites(model, *archive, path, context.device, context.window, context.messages, scale);
 }
 
 }  // namespace
@@ -70,11 +72,14 @@ bool LoadStage(StageModel& model, std::string& defPath, const LoadStageContext& 
     try {
         const std::string spr = ReadDefinition(model, defPath, context);
         SetMusic(model, context);
-        FinishElements(model, context.messages);
+        FinishElements(model, context.messages, context.options);
         if (!context.window.EndRequested()) {
             LoadArchive(model, spr, defPath, context);
         }
         ResolveSprites(model);
+        if (context.options.Additions) {
+            ApplyStageScale(model);
+        }
         return true;
     } catch (const RunTimeError& error) {
         reason = error.what();

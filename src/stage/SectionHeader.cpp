@@ -12,6 +12,10 @@ bool IsSectionHeader(std::string_view line) {
     return Contains(line, "[") && Contains(line, "]");
 }
 
+bool BeginsWithBracket(std::string_view line) {
+    return Trim(line).starts_with('[');
+}
+
 SectionKind KindOfSection(std::string_view header) {
     const std::string lower = LowerCase(header);
     const bool def = Contains(lower, "def");

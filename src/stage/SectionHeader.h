@@ -16,6 +16,9 @@ enum class SectionKind { Element, Action, CtrlDef, Ctrl, Settings };
 
 [[nodiscard]] bool IsSectionHeader(std::string_view line);
 
+// Addition: the "[" must be the line's first character, so that "spr = [x]y.sff" is no header.
+[[nodiscard]] bool BeginsWithBracket(std::string_view line);
+
 [[nodiscard]] SectionKind KindOfSection(std::string_view header);
 
 // The text behind the first blank of "[BG ...]" up to "]"; "No name" when there is no blank.

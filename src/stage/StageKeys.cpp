@@ -1,7 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "stage/StageKeys.h"
 
+#include <algorithm>
+#include <array>
+#include <string_view>
+
 #include "base/Text.h"
+#include "stage/Blending.h"
 
 namespace scenara {
 namespace {
@@ -10,8 +15,28 @@ constexpr unsigned kFirst = 1U;
 constexpr unsigned kSecond = 2U;
 constexpr unsigned kAllFour = 15U;
 
+// Behind the flip on a frame line.
+constexpr Integer kBlendingValue = 7;
+
+// Addition: a kind that is none of the known words is decided by its first letter ("nrm", "anim
+// loop").
+void KindByFirstLetter(std::string& type) {
+    constexpr std::array<std::string_view, 5> kKnown = {"normal", "parallax", "anim", "dummy",
+                                                        "null"};
+    if (type.empty() || std::find(kKnown.begin(), kKnown.end(), type) != kKnown.end()) {
+        return;
+    }
+    switch (type.front()) {
+        case 'n': type = "normal"; break;
+        case 'p': type = "parallax"; break;
+        case 'a': type = "anim"; break;
+        case 'd': type = "dummy"; break;
+        default: break;
+    }
+}
+
 // Short forms of the element kinds, and what an animated one starts with.
-void NormaliseType(BackgroundElement& element) {
+void NormaliseType(BackgroundElement& element, bool additions) {
     if (element.type == "ani") {
         element.type = "anim";
     } else if (element.type == "paral") {
@@ -19,9 +44,40 @@ void NormaliseType(BackgroundElement& element) {
     } else if (element.type == "norm") {
         element.type = "normal";
     }
+    if (additions) {
+        KindByFirstLetter(element.type);
+    }
     if (element.type == "anim") {
         element.tileSpacingX = 1;
         element.tileSpacingY = 1;
+    }
+}
+
+// Addition: keys that a plain reader passes over.
+void ReadMoreElementKeys(KeyOffer& line, BackgroundElement& element) {
+    line.Values("alpha", element.alphaSource, element.alphaDestination);
+    line.Values("sin.x", element.sinState[0], element.sinState[1], element.sinState[2]);
+    line.Values("windowdelta", element.windowDeltaX, element.windowDeltaY);
+    line.Whole("yscalestart", element.yscaleStart);
+    line.Whole("yscaledelta", element.yscaleDelta);
+}
+
+void SayWindowDelta(KeyOffer& line, Messages& messages) {
+    std::string notUsed;
+    if (line.Whole("windowdelta", notUsed)) {
+        messages.MsgBox(kMessageWindowDelta, "Windowdelta not supported just yet..");
+    }
+}
+
+// What can be shown of a flip: with additions both ways.
+bool CanFlip(std::string_view flip, bool additions) {
+    return flip == "h" || (additions && (flip == "v" || flip == "hv" || flip == "vh"));
+}
+
+// Addition: a name loses the quotes around it.
+void Unquote(std::string& name) {
+    if (name.size() >= 2 && name.front() == '"' && name.back() == '"') {
+        name = name.substr(1, name.size() - 2);
     }
 }
 
@@ -33,7 +89,7 @@ Byte GivenBit(bool given, Byte bit) {
 
 void ReadElementKeys(KeyOffer& line, BackgroundElement& element, Messages& messages) {
     if (line.Whole("type", element.type)) {
-        NormaliseType(element);
+        NormaliseType(element, line.Additions());
     }
     line.Whole("mask", element.mask);
     line.Values("spriteno", element.spriteGroup, element.spriteImage);
@@ -49,22 +105,28 @@ void ReadElementKeys(KeyOffer& line, BackgroundElement& element, Messages& messa
                     element.windowY2) == kAllFour) {
         element.windowActive = 1;
     }
-    std::string notUsed;
-    if (line.Whole("windowdelta", notUsed)) {
-        messages.MsgBox(kMessageWindowDelta, "Windowdelta not supported just yet..");
+    if (!line.Additions()) {
+        SayWindowDelta(line, messages);
     }
     line.Whole("positionlink", element.positionlink);
     line.Values("tilespacing", element.tileSpacingX, element.tileSpacingY);
     line.Whole("layerno", element.layerno);
     line.Values("xscale", element.xscaleTop, element.xscaleBottom);
+    if (line.Additions()) {
+        ReadMoreElementKeys(line, element);
+    }
 }
 
 void ReadFrame(KeyOffer& line, StageFrame& frame, Messages& messages) {
     line.Values(kBareValues, frame.group, frame.image, frame.offsetX, frame.offsetY, frame.time,
                 frame.flip);
     // An empty field between two commas is no flip.
-    if (!frame.flip.empty() && frame.flip != "h") {
+    if (!frame.flip.empty() && !CanFlip(frame.flip, line.Additions())) {
         messages.MsgBox(kMessageVerticalFlip, "vertical flip not coded yet dude..");
+    }
+    std::string blending;
+    if (line.Additions() && line.Value(kBareValues, kBlendingValue, blending)) {
+        frame.blending = FrameBlending(blending);
     }
 }
 
@@ -94,7 +156,9 @@ void ReadCtrlKeys(KeyOffer& line, BgCtrl& control) {
 }
 
 void ReadSettingKeys(KeyOffer& line, StageModel& model, std::string& spr) {
-    line.Whole("name", model.StageTitle);
+    if (line.Text("name", model.StageTitle) && line.Additions()) {
+        Unquote(model.StageTitle);
+    }
     line.Whole("startx", model.CamStartX);
     line.Whole("starty", model.CamStartY);
     line.Whole("boundleft", model.BoundLeft);
@@ -106,14 +170,18 @@ void ReadSettingKeys(KeyOffer& line, StageModel& model, std::string& spr) {
     if (line.Whole("boundlow", notUsed)) {
         model.BoundLow = 0;
     }
-    line.Whole("bgmusic", model.MusicFile);
-    line.Whole("spr", spr);
+    line.Text("bgmusic", model.MusicFile);
+    line.Text("spr", spr);
     line.Whole("zoffset", model.ZOffset);
     line.Whole("zoffsetlink", model.ZOffsetLink);
     line.Whole("p1startx", model.P1StartX);
     line.Whole("tension", model.Tension);
     line.Whole("screenleft", model.ScreenLeft);
     line.Whole("screenright", model.ScreenRight);
+    if (line.Additions()) {
+        line.Whole("hires", model.hires);
+        line.Values("localcoord", model.localcoordWidth, model.localcoordHeight);
+    }
 }
 
 }  // namespace scenara

@@ -21,6 +21,7 @@
 
 #include "base/Integers.h"
 #include "platform/Direct3D8.h"
+#include "stage/Blending.h"
 
 namespace scenara {
 
@@ -71,6 +72,16 @@ struct BackgroundElement {
     Single xscaleTop = 0;   // parallax: relative speed of the top row
     Single xscaleBottom = 0;
 
+    // Additions.
+    Integer alphaSource = 256;  // with trans "addalpha": parts of 256
+    Integer alphaDestination = 0;
+    Blending blending;        // what trans and alpha come to
+    Single windowDeltaX = 0;  // how far the window moves per unit of the camera
+    Single windowDeltaY = 0;
+    Single yscaleStart =
+        100;                 // parallax: percent of its height that it has lost at the ground view
+    Single yscaleDelta = 0;  // and per unit of the camera's height
+
     // The drawing's own, and no part of a stage as written out.
     std::array<Single, 2> sinOffset{};  // where the swing stands now
     std::array<Single, 2> linkSin{};    // of a linked element: where its parent's stands
@@ -106,6 +117,8 @@ struct StageFrame {
     Integer runtimeA = 0;  // two words of the drawing's own
     Integer runtimeB = 0;
     std::string flip;  // the sixth value as the file has it; "h" = mirrored
+
+    Blending blending;  // addition: of this frame alone; goes before the element's
 };
 
 // One [Begin Action n] block.
@@ -154,7 +167,8 @@ struct BgCtrlDef {
 // The longest list of element ids that a group or a control holds.
 inline constexpr std::size_t kMaxCtrlIds = 10;
 
-struct StageModel {
+// The order is that of the model as written out, whatever that costs in padding: there is one.
+struct StageModel {  // NOLINT(clang-analyzer-optin.performance.Padding)
     std::vector<BackgroundElement> Elements;
     Integer ElementCount = 0;
     std::vector<SpriteEntry> Sprites;
@@ -184,6 +198,12 @@ struct StageModel {
     Single CamY = 0;
     Integer LastImageWidth = 0;  // of the last picture decoded
     Integer LastImageHeight = 0;
+
+    // Additions: the coordinates that a stage was made for.
+    Integer hires = 0;         // not 0: elements count in pixels of 640 x 480
+    Long localcoordWidth = 0;  // 0: the view's own
+    Long localcoordHeight = 0;
+    Single ElementScale = 1;  // runtime: view pixels per unit of start, axis, offset and spacing
 
     // Releases every texture, empties the tables, and puts every setting back to its start.
     void Clear();

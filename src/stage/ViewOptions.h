@@ -3,17 +3,23 @@
 // ViewOptions: how stages are read and shown, as the user wants it.
 //
 // Plain reading and drawing take just the keys and steps that have always been there; the additions
-// are what newer stages expect beyond that. So far both read alike. Each addition to reading has
-// one place, a step of its own beside the plain one:
+// are what newer stages expect beyond that. Each addition has one place, a step of its own beside
+// the plain one, marked "Addition" where it stands:
 //
-//   what counts as a section header        SectionHeader.cpp, IsSectionHeader
-//   what may stand before a key            ReadKeyValue.cpp, OnlyBlanksBefore
-//   how texts are cut, and their case      KeyOffer.cpp, Value
-//   kinds of element, and their keys       StageKeys.cpp, NormaliseType and ReadElementKeys
+//   what counts as a section header        SectionHeader.cpp, BeginsWithBracket
+//   what may stand before a key            KeyOffer.cpp, MayStandHere
+//   how texts are cut, and their case      KeyOffer.cpp, Text
+//   kinds of element, and their keys       StageKeys.cpp, KindByFirstLetter, ReadMoreElementKeys
 //   keys of the whole stage                StageKeys.cpp, ReadSettingKeys
-//   what stands behind a frame's flip      StageKeys.cpp, ReadFrame
-//   archives of version 2                  sprites/sff2.cpp, LoadSprites
-//   pictures at half size                  sprites/SubfilePicture.cpp, Load
+//   what stands behind a frame's flip      StageKeys.cpp, ReadFrame; Blending.cpp
+//   stages for another view                StageScale.cpp; sprites/ScaledPicture.cpp
+//   blending                               render/BlendedBlit.cpp
+//   mirrored frames                        render/ElementPlacement.cpp
+//   stretched parallax pictures            render/ParallaxRows.cpp, RowStretch
+//   windows that move                      render/ElementWindow.cpp
+//   negative tile steps                    render/Tiling.cpp
+//   the upper bound as the file has it     render/PrepareStage.cpp
+//   archives of version 2, to come         sprites/sff2.cpp, LoadSprites
 #pragma once
 
 namespace scenara {
@@ -21,5 +27,7 @@ namespace scenara {
 struct ViewOptions {
     bool Additions = true;
 };
+
+inline constexpr ViewOptions kPlainView{false};
 
 }  // namespace scenara

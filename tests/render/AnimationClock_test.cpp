@@ -24,7 +24,7 @@ public:
             frames.push_back({-1, time});
         }
         build.Animation(build.Action(frames, loopstart));
-        PrepareElements(model);
+        PrepareElements(model, kPlainView);
     }
 
     void Tick() { TickAnimation(model, Element()); }

@@ -35,7 +35,7 @@ protected:
 
     // The ticks, of the first `count`, in which something acted.
     std::vector<int> Acting(int count) {
-        PrepareElements(model);
+        PrepareElements(model, kPlainView);
         std::vector<int> ticks;
         for (int tick = 0; tick < count; ++tick) {
             const Single before = model.Elements[0].velocityX;
@@ -140,14 +140,14 @@ TEST_F(ControllerTimes, ControlsActInFileOrder) {
     WithX(AddControl(group, "velset"), 2);
     WithX(AddControl(build.Group(), "velset"), 3);
     WithX(AddControl(model.CtrlDefs[1], "veladd"), 10);
-    PrepareElements(model);
+    PrepareElements(model, kPlainView);
     RunControllers(model);
     EXPECT_EQ(model.Elements[0].velocityX, 13);
 }
 
 TEST_F(ControllerTimes, TimersAtTheEndOfTheirRangeAreAnErrorAndNoJump) {
     Counting(build.Group());
-    PrepareElements(model);
+    PrepareElements(model, kPlainView);
     model.CtrlDefs[0].controls[0].timer = std::numeric_limits<Long>::max();
     ExpectError(RunTimeErrorKind::Overflow, [&] { RunControllers(model); });
     model.CtrlDefs[0].controls[0].timer = 0;
@@ -167,7 +167,7 @@ protected:
     // The elements on which the only control acted, by how often.
     std::vector<int> Acted() {
         WithX(model.CtrlDefs.at(0).controls.at(0), 1);
-        PrepareElements(model);
+        PrepareElements(model, kPlainView);
         RunControllers(model);
         std::vector<int> acted;
         for (const BackgroundElement& element : model.Elements) {
@@ -257,7 +257,7 @@ TEST_F(ControllerTargets, NegativeIdsAreIdsToo) {
 TEST_F(ControllerTargets, HiddenAndDisabledOnesAreActedOn) {
     Elements({1, 1, 1});
     WithX(On(AddControl(build.Group(), "veladd"), {1}), 1);
-    PrepareElements(model);
+    PrepareElements(model, kPlainView);
     model.Elements[0].visible = 0;
     model.Elements[1].enabled = 0;
     RunControllers(model);
@@ -268,7 +268,7 @@ TEST_F(ControllerTargets, HiddenAndDisabledOnesAreActedOn) {
 TEST_F(ControllerTargets, OnAStageWithoutElementsAreNone) {
     WithX(AddControl(build.Group(), "veladd"), 1);
     On(WithX(AddControl(model.CtrlDefs[0], "veladd"), 1), {4});
-    PrepareElements(model);
+    PrepareElements(model, kPlainView);
     RunControllers(model);
     EXPECT_EQ(model.CtrlDefs[0].timer, 1);
 }
@@ -280,7 +280,7 @@ protected:
     // One element, prepared, and one tick of what Control made.
     BackgroundElement& Still() {
         build.Still(-1);
-        PrepareElements(model);
+        PrepareElements(model, kPlainView);
         return model.Elements[0];
     }
     BackgroundElement& Animated() {
@@ -289,7 +289,7 @@ protected:
         build.Action({}, 0, 300);
         build.Action({{-1, -1}}, 0, 0);
         build.Animation(0);
-        PrepareElements(model);
+        PrepareElements(model, kPlainView);
         return model.Elements[0];
     }
     BgCtrl& Control(const std::string& type) {
@@ -569,7 +569,7 @@ TEST_F(ControllerEffects, WordsThatAreNoTypeDoNothing) {
 
 TEST_F(ControllerEffects, ADummyThatIsEnabledIsEnabled) {
     build.Dummy();
-    PrepareElements(model);
+    PrepareElements(model, kPlainView);
     WithValue(Control("enable"), 1);
     Tick();
     EXPECT_EQ(model.Elements[0].enabled, 1);

@@ -34,13 +34,13 @@ protected:
         return DrawAsIs();
     }
     Lines DrawAsIs() {
-        DrawElement(player.engine, player.model, player.Element(0));
+        DrawElement(player.engine, player.model, player.Element(0), {});
         return player.record.TakeQuads();
     }
     // All calls.
     Lines Calls() {
         player.Start();
-        DrawElement(player.engine, player.model, player.Element(0));
+        DrawElement(player.engine, player.model, player.Element(0), {});
         return player.record.TakeLines();
     }
     BackgroundElement& Still(Integer sprite, Long x, Long y) {

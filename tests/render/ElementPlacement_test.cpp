@@ -28,7 +28,7 @@ protected:
     }
     void Expect(const BackgroundElement& element, Integer slot, Long x, Long y,
                 bool mirrored = false) {
-        const auto picture = PlaceElement(model, element);
+        const auto picture = PlaceElement(model, element, false);
         ASSERT_TRUE(picture.has_value());
         EXPECT_EQ(picture->slot, slot);
         EXPECT_EQ(picture->x, x);
@@ -98,18 +98,18 @@ TEST_F(Placement, OnlyAFlipOfExactlyHMirrors) {
 
 TEST_F(Placement, OfADummyIsNone) {
     BackgroundElement& element = Ready(build.Dummy(), 10, 20);
-    EXPECT_FALSE(PlaceElement(model, element).has_value());
+    EXPECT_FALSE(PlaceElement(model, element, false).has_value());
     element.spriteIndex = hill;
-    EXPECT_FALSE(PlaceElement(model, element).has_value());
+    EXPECT_FALSE(PlaceElement(model, element, false).has_value());
 }
 
 TEST_F(Placement, WithoutASpriteIsNone) {
-    EXPECT_FALSE(PlaceElement(model, Ready(build.Still(-1), 10, 20)).has_value());
+    EXPECT_FALSE(PlaceElement(model, Ready(build.Still(-1), 10, 20), false).has_value());
     build.Action({{-1, 5}});
-    EXPECT_FALSE(PlaceElement(model, Ready(build.Animation(0), 10, 20)).has_value());
+    EXPECT_FALSE(PlaceElement(model, Ready(build.Animation(0), 10, 20), false).has_value());
     build.Action({});
-    EXPECT_FALSE(PlaceElement(model, Ready(build.Animation(1), 10, 20)).has_value());
-    EXPECT_FALSE(PlaceElement(model, Ready(build.Animation(-1), 10, 20)).has_value());
+    EXPECT_FALSE(PlaceElement(model, Ready(build.Animation(1), 10, 20), false).has_value());
+    EXPECT_FALSE(PlaceElement(model, Ready(build.Animation(-1), 10, 20), false).has_value());
 }
 
 TEST_F(Placement, OfAnUnknownKindIsThatOfAStillPicture) {
@@ -125,12 +125,12 @@ TEST_F(Placement, IndicesOutsideOfTheirTablesAreErrors) {
     for (const Integer index : {Integer{2}, Integer{-2}, Integer{32767}}) {
         SCOPED_TRACE(index);
         BackgroundElement& still = Ready(build.Still(index), 0, 0);
-        ExpectError(kOutside, [&] { static_cast<void>(PlaceElement(model, still)); });
+        ExpectError(kOutside, [&] { static_cast<void>(PlaceElement(model, still, false)); });
         BackgroundElement& animated = Ready(build.Animation(index), 0, 0);
-        ExpectError(kOutside, [&] { static_cast<void>(PlaceElement(model, animated)); });
+        ExpectError(kOutside, [&] { static_cast<void>(PlaceElement(model, animated, false)); });
         const Integer action = build.Action({{index, 5}});
         BackgroundElement& ofASprite = Ready(build.Animation(action), 0, 0);
-        ExpectError(kOutside, [&] { static_cast<void>(PlaceElement(model, ofASprite)); });
+        ExpectError(kOutside, [&] { static_cast<void>(PlaceElement(model, ofASprite, false)); });
         model.Actions.clear();
         model.ActionCount = 0;
     }
@@ -138,7 +138,7 @@ TEST_F(Placement, IndicesOutsideOfTheirTablesAreErrors) {
     for (const Integer index : {Integer{2}, Integer{-1}, Integer{32767}}) {
         BackgroundElement& element = Ready(build.Animation(0), 0, 0);
         element.frameIndex = index;
-        ExpectError(kOutside, [&] { static_cast<void>(PlaceElement(model, element)); });
+        ExpectError(kOutside, [&] { static_cast<void>(PlaceElement(model, element, false)); });
     }
 }
 
@@ -148,8 +148,8 @@ TEST_F(Placement, BeyondReachIsNoneAndNoError) {
     constexpr Single kNoNumber = std::numeric_limits<Single>::quiet_NaN();
     for (const Single far : {3e9F, -3e9F, kMost, -kMost, kInfinite, -kInfinite, kNoNumber}) {
         SCOPED_TRACE(far);
-        EXPECT_FALSE(PlaceElement(model, Ready(build.Still(hill), far, 0)).has_value());
-        EXPECT_FALSE(PlaceElement(model, Ready(build.Still(hill), 0, far)).has_value());
+        EXPECT_FALSE(PlaceElement(model, Ready(build.Still(hill), far, 0), false).has_value());
+        EXPECT_FALSE(PlaceElement(model, Ready(build.Still(hill), 0, far), false).has_value());
     }
     Expect(Ready(build.Still(hill), 1e9F, -1e9F), hill, 1000000000, -1000000000);
 }

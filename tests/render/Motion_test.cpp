@@ -266,7 +266,7 @@ protected:
         build.Still(-1);
         build.Still(-1).positionlink = 1;
         build.Still(-1);
-        PrepareElements(model);
+        PrepareElements(model, kPlainView);
     }
     StageModel model;
     StageBuilder build{model};

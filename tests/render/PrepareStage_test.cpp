@@ -23,7 +23,7 @@ protected:
     // As a stage start does it.
     void Prepare() {
         PlaceCamera(model, camera);
-        PrepareElements(model);
+        PrepareElements(model, kPlainView);
     }
     [[nodiscard]] const BackgroundElement& Element(std::size_t index) const {
         return model.Elements.at(index);

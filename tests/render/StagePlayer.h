@@ -56,7 +56,7 @@ struct StagePlayer {
     void Start() {
         engine.Engine_Init();
         PlaceCamera(model, camera);
-        PrepareElements(model);
+        PrepareElements(model, kPlainView);
         static_cast<void>(record.TakeLines());
     }
 
@@ -97,7 +97,8 @@ struct StagePlayer {
     HeadlessKeyboard keyboard;
     SetClock clock;
     HeadlessPointer pointer;
-    TileEngine tiles{engine, model, camera, flags, CameraInput{keyboard, clock, pointer, window}};
+    TileEngine tiles{engine, model,      camera,
+                     flags,  kPlainView, CameraInput{keyboard, clock, pointer, window}};
 };
 
 }  // namespace scenara::test

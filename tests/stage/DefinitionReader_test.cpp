@@ -27,7 +27,7 @@ struct Definition {
 Definition ReadLines(std::initializer_list<std::string_view> lines) {
     Definition definition;
     HeadlessMessages messages;
-    DefinitionReader reader(definition.model, messages);
+    DefinitionReader reader(definition.model, messages, kPlainView);
     std::int64_t number = 0;
     for (const std::string_view line : lines) {
         reader.ReadLine(line, ++number);

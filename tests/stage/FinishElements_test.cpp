@@ -24,7 +24,7 @@ BackgroundElement Element(const std::string& type) {
 
 std::vector<std::string> Finish(StageModel& model) {
     HeadlessMessages messages;
-    FinishElements(model, messages);
+    FinishElements(model, messages, kPlainView);
     std::vector<std::string> texts;
     for (const Message& message : messages.Recorded()) {
         EXPECT_EQ(message.title, "");

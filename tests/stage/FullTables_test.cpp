@@ -41,7 +41,7 @@ public:
 private:
     StageModel model_;
     HeadlessMessages messages_;
-    DefinitionReader reader_{model_, messages_};
+    DefinitionReader reader_{model_, messages_, kPlainView};
     std::int64_t number_ = 0;
 };
 

@@ -34,7 +34,7 @@ private:
     std::string text_;
     HeadlessMessages messages_;
     KeyLine line_{std::string_view(text_)};
-    KeyOffer offer_{line_, 12, messages_};
+    KeyOffer offer_{line_, 12, messages_, kPlainView};
 };
 
 TEST(KeyOffer, WholeStoresTheWholeValue) {

@@ -17,7 +17,7 @@ ShotMachine::ShotMachine(Files& files, HeadlessMessages::Observer onMessage,
       messages_(std::move(onMessage)),
       direct3D_(std::make_shared<TextureMemory>(), &shown_),
       engine_(direct3D_, window_, messages_, model_),
-      tiles_(engine_, model_, camera_, flags_, {keyboard_, clock_, pointer_, window_}) {}
+      tiles_(engine_, model_, camera_, flags_, view_, {keyboard_, clock_, pointer_, window_}) {}
 
 bool ShotMachine::Start(std::string stageFile, const std::string& mugeDir) {
     engine_.Engine_Init();
@@ -34,7 +34,7 @@ bool ShotMachine::Start(std::string stageFile, const std::string& mugeDir) {
 void ShotMachine::RunFrame(const KeySet& keys, bool info) {
     keyboard_.Hold(keys);
     const StagePass pass{engine_, tiles_, flags_, loop_, clock_, model_, info, infoText_};
-    DrawAndCount(pass);
+    static_cast<void>(DrawAndCount(pass));
     ShowPicture(pass);
     clock_.Advance();
 }

@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: MIT
+#include "render/BlendedBlit.h"
+
+#include <algorithm>
+
+namespace scenara {
+namespace {
+
+constexpr Integer kWhole = 256;
+constexpr std::uint32_t kWhite = 0xFFFFFF;
+constexpr std::uint32_t kBlack = 0;
+
+void SetState(Direct3DDevice8& device, std::uint32_t state, std::uint32_t value) {
+    Require(device.SetRenderState(state, value), "SetRenderState");
+}
+
+// A vertex colour whose alpha is so many parts of 256.
+std::uint32_t AtAlpha(std::uint32_t rgb, Integer parts) {
+    return std::min(static_cast<std::uint32_t>(parts), 255U) << 24U | rgb;
+}
+
+// How much of what lies behind the picture is taken away before it is added.
+Integer Darkening(const Blending& blending) {
+    switch (blending.kind) {
+        case BlendKind::Add1: return kWhole / 2;
+        case BlendKind::AddAlpha: return static_cast<Integer>(kWhole - blending.destination);
+        default: return 0;
+    }
+}
+
+void Blit(Engine& engine, const BlendedPiece& piece, std::uint32_t color) {
+    engine.BlitTinted(piece.slot, piece.x, piece.y, piece.width, piece.height, piece.sourceX,
+                      piece.sourceY, {piece.mirrored, piece.flipped, color});
+}
+
+}  // namespace
+
+void BeginBlending(Direct3DDevice8& device, const Blending& blending) {
+    SetState(device, D3DRS_SRCBLEND, D3DBLEND_SRCALPHA);
+    SetState(device, D3DRS_DESTBLEND, D3DBLEND_ONE);
+    SetState(device, D3DRS_ALPHABLENDENABLE, 1);
+    if (blending.kind == BlendKind::Sub) {
+        SetState(device, D3DRS_BLENDOP, D3DBLENDOP_REVSUBTRACT);
+    }
+}
+
+void DrawBlended(Engine& engine, const Blending& blending, const BlendedPiece& piece) {
+    Direct3DDevice8& device = engine.Device();
+    const Integer darkening = Darkening(blending);
+    if (darkening > 0) {
+        SetState(device, D3DRS_DESTBLEND, D3DBLEND_INVSRCALPHA);
+        Blit(engine, piece, AtAlpha(kBlack, darkening));
+        SetState(device, D3DRS_DESTBLEND, D3DBLEND_ONE);
+    }
+    const Integer source = blending.kind == BlendKind::AddAlpha ? blending.source : kWhole;
+    Blit(engine, piece, AtAlpha(kWhite, source));
+}
+
+void EndBlending(Direct3DDevice8& device, const Blending& blending) {
+    if (blending.kind == BlendKind::Sub) {
+        SetState(device, D3DRS_BLENDOP, D3DBLENDOP_ADD);
+    }
+    SetState(device, D3DRS_ALPHABLENDENABLE, 0);
+    SetState(device, D3DRS_SRCBLEND, D3DBLEND_ONE);
+    SetState(device, D3DRS_DESTBLEND, D3DBLEND_ZERO);
+}
+
+}  // namespace scenara

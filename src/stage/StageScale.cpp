@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: MIT
+#include "stage/StageScale.h"
+
+#include <algorithm>
+#include <limits>
+#include <type_traits>
+
+#include "platform/Direct3D8.h"
+
+namespace scenara {
+namespace {
+
+constexpr Long kLowestHeight = 30;
+constexpr Long kGreatestHeight = 7680;
+
+// A product that is too large for its field is as near as the field comes to it.
+template <typename Number>
+void Scale(Number& number, double factor) {
+    constexpr auto kLeast = static_cast<double>(std::numeric_limits<Number>::lowest());
+    constexpr auto kMost = static_cast<double>(std::numeric_limits<Number>::max());
+    const double product = std::clamp(static_cast<double>(number) * factor, kLeast, kMost);
+    number = static_cast<Number>(std::is_integral_v<Number> ? RoundToEven(product) : product);
+}
+
+void ScaleElement(BackgroundElement& element, const StageScale& scale) {
+    for (Single* const length :
+         {&element.velocityX, &element.velocityY, element.sinState.data(), &element.sinYAmplitude,
+          &element.windowX1, &element.windowX2, &element.windowY1, &element.windowY2}) {
+        Scale(*length, scale.elements);
+    }
+    for (Single* const perCamera :
+         {&element.deltaX, &element.deltaY, &element.windowDeltaX, &element.windowDeltaY}) {
+        Scale(*perCamera, scale.deltas);
+    }
+    Scale(element.yscaleDelta, 1 / scale.stage);
+}
+
+void ScaleSettings(StageModel& model, double factor) {
+    Scale(model.CamStartX, factor);
+    for (Long* const bound : {&model.BoundLeft, &model.BoundRight}) {
+        Scale(*bound, factor);
+    }
+    for (Integer* const length :
+         {&model.CamStartY, &model.BoundHigh, &model.BoundLow, &model.ZOffset, &model.P1StartX,
+          &model.Tension, &model.ScreenLeft, &model.ScreenRight}) {
+        Scale(*length, factor);
+    }
+}
+
+}  // namespace
+
+StageScale ScaleOf(const StageModel& model) {
+    StageScale scale;
+    const Long height = model.localcoordHeight;
+    if (height >= kLowestHeight && height <= kGreatestHeight) {
+        scale.stage = static_cast<double>(kViewHeight) / height;
+    }
+    scale.deltas = model.hires != 0 ? 0.5 : 1;
+    scale.elements = scale.stage * scale.deltas;
+    return scale;
+}
+
+void ApplyStageScale(StageModel& model) {
+    const StageScale scale = ScaleOf(model);
+    if (scale.elements == 1 && scale.stage == 1) {
+        return;
+    }
+    model.ElementScale = static_cast<Single>(scale.elements);
+    for (BackgroundElement& element : model.Elements) {
+        ScaleElement(element, scale);
+    }
+    ScaleSettings(model, scale.stage);
+}
+
+}  // namespace scenara

@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+//
+// StageScale, an addition: stages that were made for another view than 320 x 240.
+//
+// "hires" lays the elements out in pixels of 640 x 480, while camera, bounds and players keep
+// counting in those of the view. "localcoord" gives a view of its own, in which everything counts:
+// all is scaled to a height of 240, and the middle 320 columns are shown. Both may come together.
+#pragma once
+
+#include "stage/StageModel.h"
+
+namespace scenara {
+
+// View pixels per unit of what the file counts in.
+struct StageScale {
+    double elements = 1;  // starts, axes, offsets, spacings, velocities, swings, windows, pictures
+    double deltas = 1;    // what a unit of the camera comes to, per unit of delta
+    double stage = 1;     // camera, bounds, ground line, players
+};
+
+// A height that no stage was made for, below 30 or above 7680, counts as not given.
+[[nodiscard]] StageScale ScaleOf(const StageModel& model);
+
+// Brings a loaded stage into view pixels. Whole numbers that would lose too much by rounding stay
+// in the file's units, and the drawing takes them times ElementScale: start, sprite axis, frame
+// offset, tile spacing, and what controls set.
+void ApplyStageScale(StageModel& model);
+
+}  // namespace scenara
