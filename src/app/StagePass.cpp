@@ -6,17 +6,18 @@
 
 namespace scenara {
 
-void DrawAndCount(const StagePass& pass) {
+bool DrawAndCount(const StagePass& pass) {
     DrawScene(pass.engine, pass.tiles, pass.flags);
     CountFrame(pass.loop);
     if (!SecondIsOver(pass.loop, pass.clock)) {
-        return;
+        return false;
     }
     LimitFrameCount(pass.loop);
     if (pass.info) {
         pass.InfoText = InfoLine(pass.model.CamX, pass.model.CamY, pass.loop.FrameCount);
     }
     BeginSecond(pass.loop, pass.clock);
+    return true;
 }
 
 void ShowPicture(const StagePass& pass) {

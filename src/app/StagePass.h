@@ -26,9 +26,9 @@ struct StagePass {
     std::string& InfoText;  // the information line, empty when a loop begins
 };
 
-// Draws a frame and counts it; once a second InfoText is made anew, while it is wanted. Raises what
-// drawing raises, and "Overflow" when a counter runs over.
-void DrawAndCount(const StagePass& pass);
+// Draws a frame and counts it; once a second InfoText is made anew, while it is wanted, and the
+// answer is true. Raises what drawing raises, and "Overflow" when a counter runs over.
+bool DrawAndCount(const StagePass& pass);
 
 // Puts the information line over the picture, while it is wanted, and shows it.
 void ShowPicture(const StagePass& pass);

@@ -6,7 +6,7 @@
 #include <string>
 
 #include "app/LoopState.h"
-#include "app/ScrollBar.h"
+#include "platform/Form.h"
 #include "platform/Keyboard.h"
 #include "render/Camera.h"
 #include "stage/LoadStage.h"

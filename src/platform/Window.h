@@ -2,9 +2,9 @@
 //
 // Window: the main window, as far as the reading and the drawing of stages need it.
 //
-// DoEvents lets the window system deliver what waits (the program's API_doevents, without its
-// check): handlers of menus, keys and lists run inside it and may change the program's state, so a
-// caller keeps no references into tables across it.
+// DoEvents lets the window system deliver what waits (the program's API_doevents is this behind a
+// look whether anything does): handlers of menus, keys and lists run inside it and may change the
+// program's state, so a caller keeps no references into tables across it.
 #pragma once
 
 #include <string>
@@ -25,6 +25,12 @@ struct WindowPlace {
     Long height = 0;
 };
 
+// In window units.
+struct ScreenSize {
+    Long width = 0;
+    Long height = 0;
+};
+
 class Window {
 public:
     Window() = default;
@@ -33,16 +39,29 @@ public:
     virtual ~Window() = default;
 
     virtual void Show() = 0;
+
+    // Gives the inner area exactly this size, in pixels.
+    virtual void Size(Long width, Long height) = 0;
+    // Puts the upper left corner, borders included, at this place of the screen, in window units.
+    virtual void MoveTo(Long left, Long top) = 0;
     virtual void SetCaption(const std::string& caption) = 0;
+
+    // Whether an event waits to be delivered: a cheap look that leaves it where it is.
+    [[nodiscard]] virtual bool MessageWaiting() = 0;
+    // Delivers all that waits, and returns.
     virtual void DoEvents() = 0;
 
     [[nodiscard]] virtual WindowPlace Place() const = 0;
 
+    [[nodiscard]] virtual ScreenSize Screen() const = 0;
+
     // The control that shows the picture (picDraw), for the device that draws into it.
     [[nodiscard]] virtual WindowHandle PictureHandle() const = 0;
 
-    // The user has closed the window: every loop and load returns at its next test.
+    // The user has closed the window, or the program is to end: every loop and load returns at its
+    // next test.
     [[nodiscard]] virtual bool EndRequested() const = 0;
+    virtual void RequestEnd() = 0;
 };
 
 }  // namespace scenara

@@ -10,9 +10,9 @@
 #include <vector>
 
 #include "app/LoopState.h"
-#include "app/ScrollBar.h"
 #include "app/StageStart.h"
 #include "platform/Files.h"
+#include "platform/Form.h"
 #include "platform/headless/HeadlessClock.h"
 #include "platform/headless/HeadlessKeyboard.h"
 #include "platform/headless/HeadlessMessages.h"

@@ -22,10 +22,26 @@ public:
     // Nobody's, and yet not 0, which would be no control at all.
     static constexpr WindowHandle kPictureHandle = 1;
 
+    // Pixels of a screen that nobody sees either.
+    static constexpr Long kScreenWidth = 1024;
+    static constexpr Long kScreenHeight = 768;
+
     HeadlessWindow() = default;
     explicit HeadlessWindow(Script script) : script_(std::move(script)) {}
 
     void Show() override { ++showCount_; }
+    void Size(Long width, Long height) override {
+        place_.width = width * kUnitsPerPixel;
+        place_.height = height * kUnitsPerPixel;
+    }
+    void MoveTo(Long left, Long top) override {
+        place_.left = left;
+        place_.top = top;
+    }
+    [[nodiscard]] bool MessageWaiting() override { return messageWaiting_; }
+    [[nodiscard]] ScreenSize Screen() const override {
+        return {kScreenWidth * kUnitsPerPixel, kScreenHeight * kUnitsPerPixel};
+    }
     void SetCaption(const std::string& caption) override;
     void DoEvents() override;
     [[nodiscard]] WindowPlace Place() const override { return place_; }
@@ -36,8 +52,11 @@ public:
     // upper left corner.
     void MoveTo(const WindowPlace& place) { place_ = place; }
 
+    // Whether a message waits, from now on: at first there always is one, so every look pumps.
+    void SetMessageWaiting(bool waiting) { messageWaiting_ = waiting; }
+
     // What closing the window does.
-    void RequestEnd() { endRequested_ = true; }
+    void RequestEnd() override { endRequested_ = true; }
 
     // Every caption that was set, oldest first.
     [[nodiscard]] const std::vector<std::string>& Captions() const { return captions_; }
@@ -50,6 +69,7 @@ private:
     WindowPlace place_{0, 0, kViewWidth* kUnitsPerPixel, kViewHeight* kUnitsPerPixel};
     std::size_t doEventsCount_ = 0;
     std::size_t showCount_ = 0;
+    bool messageWaiting_ = true;
     bool endRequested_ = false;
 };
 

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+#include "app/MenuTree.h"
+
+namespace scenara {
+namespace {
+
+struct Designed {
+    Menu menu;
+    const char* caption;
+    MenuPlace place;
+    bool enabled = true;
+    bool checked = false;
+    bool visible = true;
+};
+
+constexpr bool kNotYet = false;  // its command is still to come
+constexpr bool kDisabled = false;
+
+// In the order of Menu.
+constexpr std::array<Designed, kMenuCount> kDesign = {{
+    {Menu::mnuStage, "&Stage", MenuPlace::Bar},
+    {Menu::mnuOpen, "&Open", MenuPlace::Stage, kNotYet},
+    {Menu::mnuClose, "&Close", MenuPlace::Stage, kNotYet},
+    {Menu::mnuReset, "&Reset Stage", MenuPlace::Stage, kDisabled},
+    {Menu::mnuReload, "Re&load Stage", MenuPlace::Stage, kNotYet},
+    {Menu::MnuRecentFiles, "-", MenuPlace::Stage, true, false, false},
+    {Menu::mnubla, "-", MenuPlace::Stage, true, false, false},
+    {Menu::mnuExit, "&Exit", MenuPlace::Stage},
+    {Menu::mnuOptions, "&Options", MenuPlace::Bar},
+    {Menu::mnuFS, "&Full Screen (ESC to exit)", MenuPlace::Options, kDisabled},
+    {Menu::mnuMusic, "&Music", MenuPlace::Options, kNotYet, true},
+    {Menu::mnuChar, "&Use Test Char", MenuPlace::Options, kDisabled},
+    {Menu::mnuChange, "&Change Char", MenuPlace::Options, kDisabled},
+    {Menu::mnuFPS, "FPS &Limiter", MenuPlace::Options, kNotYet, true},
+    {Menu::mnuInfo, "Show &Info", MenuPlace::Options},
+    {Menu::mnuMScroll, "Mouse &Scroll", MenuPlace::Options, kDisabled},
+    {Menu::mnuDeform, "&Deform", MenuPlace::Options, kDisabled},
+    {Menu::mnuDebugBG, "De&bug BG", MenuPlace::Options, kDisabled},
+    {Menu::mnuPause, "&Pause", MenuPlace::Bar},
+    {Menu::mnuStageList, "&Stage List", MenuPlace::Bar, kNotYet},
+    {Menu::mnuStagePrev, "<<", MenuPlace::Bar, kNotYet},
+    {Menu::mnuStageNext, ">>", MenuPlace::Bar, kNotYet},
+    {Menu::mnuR, "R", MenuPlace::Bar, kNotYet},
+    {Menu::mnuDebug, "&Debug", MenuPlace::Bar, kDisabled},
+    {Menu::mnuAbout, "&About", MenuPlace::Bar, kNotYet},
+}};
+
+}  // namespace
+
+void DesignMenus(Form& form) {
+    for (const Designed& designed : kDesign) {
+        MenuItem& item = form[designed.menu];
+        item.caption = designed.caption;
+        item.place = designed.place;
+        item.enabled = designed.enabled;
+        item.checked = designed.checked;
+        item.visible = designed.visible;
+    }
+}
+
+void EnableLoadingMenus(Form& form, bool enabled) {
+    form[Menu::mnuOptions].enabled = enabled;
+    form[Menu::mnuStage].enabled = enabled;
+}
+
+}  // namespace scenara

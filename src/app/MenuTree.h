@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: MIT
+//
+// MenuTree: the menus as the window is designed, and which of them wait while a stage loads.
+#pragma once
+
+#include "platform/Form.h"
+
+namespace scenara {
+
+// Captions, places and states. Items whose command is not there yet are disabled.
+void DesignMenus(Form& form);
+
+// The Options and Stage menus and the previous, next and random stage: off while a stage loads.
+void EnableLoadingMenus(Form& form, bool enabled);
+
+}  // namespace scenara

@@ -1,0 +1,168 @@
+// SPDX-License-Identifier: MIT
+//
+// The loop that shows a stage.
+#include <exception>
+#include <new>
+
+#include "app/KeyStates.h"
+#include "app/MenuTree.h"
+#include "app/StagePass.h"
+#include "app/frmStage.h"
+#include "base/RunTimeError.h"
+
+namespace scenara {
+namespace {
+
+// True while it lives.
+class Raised {
+public:
+    explicit Raised(bool& flag) : flag_(flag) { flag_ = true; }
+    Raised(const Raised&) = delete;
+    Raised& operator=(const Raised&) = delete;
+    ~Raised() { flag_ = false; }
+
+private:
+    bool& flag_;
+};
+
+}  // namespace
+
+void frmStage::RunStage() {
+    restart_ = true;
+    if (loopRuns_) {
+        return;
+    }
+    const Raised runs(loopRuns_);
+    while (restart_ && !machine_.window.EndRequested()) {
+        restart_ = false;
+        if (!Guarded([&] { ShowStage(); })) {
+            AbandonStage();
+        }
+    }
+    if (machine_.window.EndRequested()) {
+        Form_Unload();  // what waited for the load
+    }
+}
+
+bool frmStage::Guarded(const std::function<void()>& work) {
+    std::string reason;
+    try {
+        work();
+        return true;
+    } catch (const std::bad_alloc&) {
+        reason = TextOf(RunTimeErrorKind::OutOfMemory);
+    } catch (const std::exception& error) {
+        reason = error.what();
+    }
+    machine_.messages.MsgBox(kMessageRunTimeError, "Run-time error: " + reason);
+    return false;
+}
+
+void frmStage::ShowStage() {
+    form_.picLoad.visible = false;
+    form_.picLoad.width = 1;
+    form_.picLoad.height = 1;
+    form_.picDraw.width = kViewWidth;
+    form_.picDraw.height = kViewHeight;
+    if (ShowStageList != 0) {
+        Size(form_.lstStages.width + kViewWidth, kViewHeight);
+        form_.lstStages.height = form_.picDraw.height;
+        form_.lstStages.left = form_.picDraw.width;
+    }
+    engine_.Engine_Init();
+    DiscardKeyStates(machine_.keyboard);
+    machine_.process.YieldToOthers();
+    if (!engine_.HasDevice()) {
+        AbandonStage();
+        return;
+    }
+    StartLoop();
+    if (loop_.StageRunning == 0) {
+        return;
+    }
+    SetCaption(model_.StageTitle);
+    loop_.LastFpsTick = kNoFpsTick;
+    loop_.FrameCount = 0;
+    infoText_.clear();
+    textSurface_.Create(kTextSurfaceWidth, kTextSurfaceHeight);
+    form_[Menu::mnuDebug].enabled = true;
+    while (QuitRequested == kFalse && !restart_ && !machine_.window.EndRequested()) {
+        RunPass();
+    }
+    form_[Menu::mnuDebug].enabled = false;
+    textSurface_.Release();
+}
+
+// Loads the stage with the menus off that would open another one.
+void frmStage::StartLoop() {
+    EnableLoadingMenus(form_, false);
+    const LoadStageContext load{machine_.files,
+                                machine_.messages,
+                                machine_.window,
+                                engine_.Device(),
+                                options_,
+                                MugeDir,
+                                {}};
+    std::string file = CurrentStageFile;
+    StartStage(file,
+               {model_, camera_, savedSteps_, loop_, form_.hscHScroll, machine_.keyboard, load});
+    if (loop_.StageRunning == 0) {
+        AbandonStage();
+        return;
+    }
+    viewSurface_.Create(kViewWidth, kViewHeight);
+    EnableLoadingMenus(form_, true);
+    loop_.LoadingStage = 0;
+}
+
+// A start that did not come through, or a pass that ended with an error: the window goes on without
+// a stage.
+void frmStage::AbandonStage() {
+    loop_.LoadingStage = 0;
+    EnableLoadingMenus(form_, true);
+    form_[Menu::mnuDebug].enabled = false;
+    UnloadStuff();
+}
+
+void frmStage::RunPass() {
+    const StagePass pass{
+        engine_,  tiles_, flags_, loop_, machine_.clock, model_, form_[Menu::mnuInfo].checked,
+        infoText_};
+    // Without a device nothing is drawn, shown or counted; the window keeps its last picture.
+    const bool draws = engine_.HasDevice();
+    if (draws && Paused != kByteTrue && SpriteBrowserMode != kByteTrue) {
+        static_cast<void>(DrawAndCount(pass));
+    }
+    if (SpriteBrowserMode == 0) {
+        if (draws) {
+            ShowPicture(pass);
+        }
+        PollPauseKey();
+    }
+    if (loop_.FpsLimit == 0) {
+        API_doevents();
+    } else {
+        WaitForFrame(times_, machine_.clock, loop_.FpsLimit, [&] { API_doevents(); });
+    }
+}
+
+// Plain: every pass in which the key is down. Addition: once per press.
+void frmStage::PollPauseKey() {
+    const bool down = machine_.keyboard.GetAsyncKeyState(VirtualKey::Pause) != 0;
+    if (down && !(options_.Additions && pauseWasDown_)) {
+        mnuPause_Click();
+    }
+    pauseWasDown_ = down;
+}
+
+void frmStage::API_doevents() {
+    if (machine_.window.MessageWaiting()) {
+        machine_.window.DoEvents();
+    }
+}
+
+void frmStage::LimitFrames(Integer limit) {
+    WaitForFrame(times_, machine_.clock, limit, [&] { machine_.window.DoEvents(); });
+}
+
+}  // namespace scenara

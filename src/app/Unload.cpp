@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+//
+// How a stage is released, and how the program ends.
+#include "app/frmStage.h"
+
+namespace scenara {
+
+void frmStage::UnloadStuff() {
+    loop_.StageRunning = 0;
+    for (SpriteEntry& sprite : model_.Sprites) {
+        sprite.texture.reset();
+    }
+    engine_.Engine_Deinit();
+    model_.Clear();
+    loop_.TotalFrames = 0;
+}
+
+void frmStage::Form_Unload() {
+    machine_.window.RequestEnd();
+    QuitRequested = kTrue;
+    restart_ = false;
+    if (loop_.LoadingStage != 0) {
+        return;  // the load works on the tables; RunStage comes back here behind it
+    }
+    if (!CurrentStageFile.empty()) {
+        UnloadStuff();
+    }
+    ended_ = true;
+}
+
+}  // namespace scenara

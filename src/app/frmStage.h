@@ -1,0 +1,159 @@
+// SPDX-License-Identifier: MIT
+//
+// frmStage: the main window, and with it the whole of the program's run-time state.
+//
+// The state is owned here in named pieces, and every procedure elsewhere takes the pieces that it
+// works on. What is left for this class is the order of things: start-up (FormLoad.cpp), the loop
+// that shows a stage (RunStage.cpp), the commands (Commands.cpp), the end (Unload.cpp).
+//
+// One thread. All that the user does arrives through FormEvents while the loop lets messages
+// through, so any handler may run between two frames, and between two images of a load. A run-time
+// error ends the handler that it came out of, with one message; the program goes on.
+//
+// Opening a stage while one is shown does not nest: the request is noted, and the running loop
+// begins again with it at the top of its next pass. A second request before that replaces the
+// first.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+
+#include "app/FrameWait.h"
+#include "app/LoopState.h"
+#include "app/OffscreenSurface.h"
+#include "app/StageStart.h"
+#include "platform/Clock.h"
+#include "platform/Direct3D8.h"
+#include "platform/Files.h"
+#include "platform/Form.h"
+#include "platform/Keyboard.h"
+#include "platform/Messages.h"
+#include "platform/Pointer.h"
+#include "platform/Process.h"
+#include "platform/Window.h"
+#include "render/Camera.h"
+#include "render/Engine.h"
+#include "render/TileEngine.h"
+#include "render/ViewFlags.h"
+#include "stage/StageModel.h"
+#include "stage/ViewOptions.h"
+
+namespace scenara {
+
+inline constexpr MessageKind kMessageRunTimeError = "run-time error";
+inline constexpr MessageKind kMessageAlreadyRunning = "Already running";
+
+// All that the program asks of a machine.
+struct Machine {
+    Files& files;
+    Messages& messages;
+    Window& window;
+    Keyboard& keyboard;
+    Clock& clock;
+    Pointer& pointer;
+    Process& process;
+    Direct3DMachine& direct3D;
+};
+
+class frmStage : public FormEvents {
+public:
+    // `form` is what the machine shows; it and the machine outlive the program.
+    frmStage(const Machine& machine, Form& form, const ViewOptions& options = {});
+
+    // --- Start and end -----------------------------------------------------------------------
+
+    // Start-up. Afterwards Ended() tells whether there is anything to go on with.
+    void Form_Load();
+
+    void Form_Activate() override;
+    void Form_Resize(Long innerWidth, Long innerHeight) override;
+
+    // Releases the stage and ends the program: every loop and load returns at its next test. While
+    // a stage loads it waits until the image at hand is done.
+    void Form_Unload() override;
+
+    [[nodiscard]] bool Ended() const { return ended_; }
+
+    // --- The loop ----------------------------------------------------------------------------
+
+    // Shows CurrentStageFile until QuitRequested; from inside of a running loop, see above. Returns
+    // early when the stage cannot be shown, which has been said.
+    void RunStage();
+
+    // Looks whether a message waits, and only then lets messages through.
+    void API_doevents();
+
+    // The frame wait by itself, letting messages through in each of its passes.
+    void LimitFrames(Integer limit);
+
+    // Releases everything of the open stage.
+    void UnloadStuff();
+
+    // --- Commands ----------------------------------------------------------------------------
+
+    void Menu_Click(Menu item) override;
+    void mnuPause_Click();
+    void mnuInfo_Click();
+
+    // Gives the window an inner area of this size, in pixels.
+    void Size(Long width, Long height);
+
+    // --- State -------------------------------------------------------------------------------
+
+    Integer QuitRequested = kFalse;
+    Byte Paused = 0;
+    Byte SpriteBrowserMode = 0;
+    Byte ShowStageList = 0;
+    std::string MugeDir;           // the engine folder, with a separator at its end
+    std::string CurrentStageFile;  // of the stage that is shown; empty: none
+    std::string VersionText;       // minor number, full stop, revision
+    std::string AppTitle;
+
+    [[nodiscard]] const StageModel& Model() const { return model_; }
+    [[nodiscard]] const LoopState& Loop() const { return loop_; }
+    [[nodiscard]] const FrameTimes& Times() const { return times_; }
+    [[nodiscard]] const std::string& InfoText() const { return infoText_; }
+    void SetFpsLimit(Integer limit) { loop_.FpsLimit = limit; }
+
+private:
+    // Runs `work`; an error out of it is said. Whether it came through.
+    bool Guarded(const std::function<void()>& work);
+
+    void ShowStage();
+    void StartLoop();
+    void RunPass();
+    void PollPauseKey();
+    void AbandonStage();
+    void LayOutControls(Long innerWidth, Long innerHeight);
+    void Centre();
+    void SetCaption(const std::string& caption);
+
+    Machine machine_;
+    Form& form_;
+    ViewOptions options_;
+
+    StageModel model_;
+    Camera camera_;
+    SavedSteps savedSteps_;
+    LoopState loop_;
+    ViewFlags flags_;
+    FrameTimes times_;
+    std::string infoText_;
+    Engine engine_;
+    TileEngine tiles_;
+
+    // Nothing draws on these; they stand for as long as the loop runs.
+    static constexpr Long kTextSurfaceWidth = 178;
+    static constexpr Long kTextSurfaceHeight = 25;
+    OffscreenSurface textSurface_;
+    OffscreenSurface viewSurface_;
+
+    bool pauseWasDown_ = false;
+    bool loopRuns_ = false;   // RunStage is on the stack
+    bool restart_ = false;    // ... and is to begin again
+    bool activated_ = false;  // the window has been sized once
+    bool ended_ = false;
+};
+
+}  // namespace scenara

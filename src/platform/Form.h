@@ -1,0 +1,116 @@
+// SPDX-License-Identifier: MIT
+//
+// Form: the main window's controls as plain state. The program owns it and is always right about
+// what is checked, enabled or listed; a machine shows it and sends events back (FormEvents).
+//
+// Sizes and places are in pixels, from the upper left corner of the window's inner area.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include "base/Integers.h"
+
+namespace scenara {
+
+// The items of the menu bar and its submenus, in their order.
+enum class Menu : Byte {
+    mnuStage,
+    mnuOpen,
+    mnuClose,
+    mnuReset,
+    mnuReload,
+    MnuRecentFiles,  // a separator; the recent files stand behind it
+    mnubla,          // a separator
+    mnuExit,
+    mnuOptions,
+    mnuFS,
+    mnuMusic,
+    mnuChar,
+    mnuChange,
+    mnuFPS,
+    mnuInfo,
+    mnuMScroll,
+    mnuDeform,
+    mnuDebugBG,
+    mnuPause,
+    mnuStageList,
+    mnuStagePrev,
+    mnuStageNext,
+    mnuR,
+    mnuDebug,
+    mnuAbout,
+};
+inline constexpr std::size_t kMenuCount = 25;
+
+// Where an item stands: in the bar itself, or in one of the two submenus.
+enum class MenuPlace : Byte { Bar, Stage, Options };
+
+struct MenuItem {
+    std::string caption;  // "&" stands before the access letter; "-" alone is a separator
+    MenuPlace place = MenuPlace::Bar;
+    bool checked = false;
+    bool enabled = true;
+    bool visible = true;
+};
+
+struct PictureBox {
+    Long left = 0;
+    Long top = 0;
+    Long width = 0;
+    Long height = 0;
+    bool visible = true;
+};
+
+struct ListBox {
+    std::vector<std::string> items;
+    Long ListIndex = -1;
+    Long left = 0;
+    Long top = 0;
+    Long width = 0;
+    Long height = 0;
+    bool visible = false;
+};
+
+struct ScrollBar {
+    Long Min = 0;
+    Long Max = 0;
+    Long Value = 0;
+    bool Visible = false;
+};
+
+struct Form {
+    std::string Caption;
+    std::array<MenuItem, kMenuCount> menus;
+    PictureBox picDraw;  // where the stage is drawn
+    PictureBox picLoad;  // the picture that is shown before a stage is open
+    ListBox lstStages;
+    ScrollBar hscHScroll;  // the camera
+    ScrollBar hscSGFX;     // the sprite browser
+
+    [[nodiscard]] MenuItem& operator[](Menu item) { return menus[static_cast<std::size_t>(item)]; }
+    [[nodiscard]] const MenuItem& operator[](Menu item) const {
+        return menus[static_cast<std::size_t>(item)];
+    }
+};
+
+// What the user does to the window. A machine notes events as they come and hands them over, one
+// by one, when the program lets messages through; never from inside of its own handlers.
+class FormEvents {
+public:
+    FormEvents() = default;
+    FormEvents(const FormEvents&) = delete;
+    FormEvents& operator=(const FormEvents&) = delete;
+    virtual ~FormEvents() = default;
+
+    virtual void Form_Activate() = 0;
+    // The window's inner area has another size now.
+    virtual void Form_Resize(Long innerWidth, Long innerHeight) = 0;
+    // The window is to close.
+    virtual void Form_Unload() = 0;
+    virtual void Menu_Click(Menu item) = 0;
+};
+
+}  // namespace scenara

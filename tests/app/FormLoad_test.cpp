@@ -1,0 +1,109 @@
+// SPDX-License-Identifier: MIT
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "app/RunningStage.h"
+
+namespace scenara::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+TEST(FormLoad, TellsTheVersionInTheTitle) {
+    RunningStage stage;
+    stage.program.Form_Load();
+    EXPECT_EQ(stage.program.VersionText, "1.0");
+    EXPECT_EQ(stage.program.AppTitle, "Scenara 1.0 DirectX 8 Experiment");
+    EXPECT_EQ(stage.Caption(), "Scenara 1.0 DirectX 8 Experiment");
+    EXPECT_FALSE(stage.program.Ended());
+}
+
+TEST(FormLoad, LimitsFramesTo60) {
+    RunningStage stage;
+    stage.program.SetFpsLimit(7);
+    stage.program.Form_Load();
+    EXPECT_EQ(stage.program.Loop().FpsLimit, 60);
+    EXPECT_EQ(stage.form[Menu::mnuFPS].caption, "FPS Limiter (60 fps)");
+    EXPECT_TRUE(stage.form[Menu::mnuFPS].checked);
+    EXPECT_EQ(stage.program.Times().CounterFrequency, 60'000.0);
+    EXPECT_EQ(stage.program.Times().HasPerfCounter, kTrue);
+    EXPECT_EQ(stage.process.FolderChanges(), 1);
+}
+
+TEST(FormLoad, ASecondInstanceSaysSoAndEnds) {
+    RunningStage stage;
+    stage.process.PretendAnother();
+    stage.program.Form_Load();
+    EXPECT_THAT(stage.MessageTexts(), ElementsAre("Already running.."));
+    EXPECT_EQ(stage.messages.Recorded()[0].title, "");
+    EXPECT_EQ(stage.messages.Recorded()[0].icon, MessageIcon::None);
+    EXPECT_TRUE(stage.program.Ended());
+    EXPECT_TRUE(stage.window.EndRequested());
+    EXPECT_EQ(stage.process.FolderChanges(), 0) << "at once";
+}
+
+TEST(FormActivate, SizesAndCentresTheWindowOnce) {
+    RunningStage stage;
+    stage.program.Form_Activate();
+    EXPECT_EQ(stage.window.Place().width, 320 * 15);
+    EXPECT_EQ(stage.window.Place().height, 240 * 15);
+    EXPECT_EQ(stage.window.Place().left, (1024 - 320) / 2 * 15);
+    EXPECT_EQ(stage.window.Place().top, (768 - 240) / 2 * 15);
+
+    stage.window.MoveTo({150, 300, 9600, 7200});
+    stage.program.Form_Activate();
+    EXPECT_EQ(stage.window.Place().left, 150) << "what the user did stays";
+    EXPECT_EQ(stage.window.Place().width, 9600);
+}
+
+TEST(FormResize, GivesThePictureAllThatTheListLeaves) {
+    RunningStage stage;
+    stage.program.Form_Resize(800, 600);
+    EXPECT_EQ(stage.form.picDraw.width, 800);
+    EXPECT_EQ(stage.form.picDraw.height, 600);
+    EXPECT_FALSE(stage.form.lstStages.visible);
+
+    stage.program.ShowStageList = 255;
+    stage.form.lstStages.width = 130;
+    stage.program.Form_Resize(800, 600);
+    EXPECT_EQ(stage.form.picDraw.width, 670);
+    EXPECT_EQ(stage.form.lstStages.left, 670);
+    EXPECT_EQ(stage.form.lstStages.height, 600);
+    EXPECT_TRUE(stage.form.lstStages.visible);
+
+    stage.program.Form_Resize(100, 50);
+    EXPECT_EQ(stage.form.picDraw.width, 0) << "never below nothing";
+}
+
+TEST(Menus, StandAsDesigned) {
+    RunningStage stage;
+    EXPECT_EQ(stage.form[Menu::mnuStage].caption, "&Stage");
+    EXPECT_EQ(stage.form[Menu::mnuExit].caption, "&Exit");
+    EXPECT_EQ(stage.form[Menu::mnuFS].caption, "&Full Screen (ESC to exit)");
+    EXPECT_EQ(stage.form[Menu::mnuAbout].caption, "&About");
+    EXPECT_TRUE(stage.form[Menu::mnuMusic].checked);
+    EXPECT_TRUE(stage.form[Menu::mnuFPS].checked);
+    EXPECT_FALSE(stage.form[Menu::mnuInfo].checked);
+    EXPECT_FALSE(stage.form[Menu::mnuReset].enabled);
+    EXPECT_FALSE(stage.form[Menu::MnuRecentFiles].visible);
+    EXPECT_TRUE(stage.form[Menu::mnuPause].enabled);
+    EXPECT_EQ(stage.form[Menu::mnuPause].place, MenuPlace::Bar);
+    EXPECT_EQ(stage.form[Menu::mnuInfo].place, MenuPlace::Options);
+    EXPECT_EQ(stage.form[Menu::mnuExit].place, MenuPlace::Stage);
+    for (const MenuItem& item : stage.form.menus) {
+        EXPECT_FALSE(item.caption.empty());
+    }
+}
+
+TEST(Menus, InfoIsAToggle) {
+    RunningStage stage;
+    stage.program.Menu_Click(Menu::mnuInfo);
+    EXPECT_TRUE(stage.form[Menu::mnuInfo].checked);
+    stage.program.Menu_Click(Menu::mnuInfo);
+    EXPECT_FALSE(stage.form[Menu::mnuInfo].checked);
+    EXPECT_THAT(stage.MessageTexts(), IsEmpty());
+}
+
+}  // namespace
+}  // namespace scenara::test

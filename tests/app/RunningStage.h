@@ -1,0 +1,115 @@
+// SPDX-License-Identifier: MIT
+//
+// The whole program on the headless machine: stages in memory, a user who acts whenever the program
+// lets messages through, and a clock that goes on by one frame each time.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "app/frmStage.h"
+#include "platform/headless/HeadlessClock.h"
+#include "platform/headless/HeadlessKeyboard.h"
+#include "platform/headless/HeadlessMessages.h"
+#include "platform/headless/HeadlessPointer.h"
+#include "platform/headless/HeadlessProcess.h"
+#include "platform/headless/HeadlessWindow.h"
+#include "platform/soft/SoftDirect3D.h"
+#include "support/FuzzChecks.h"
+#include "support/MemoryFiles.h"
+#include "support/StageFixture.h"
+
+namespace scenara::test {
+
+// Counts what is presented.
+class CountingSink : public PictureSink {
+public:
+    HRESULT Show(std::span<const std::uint32_t> pixels) override {
+        ++shown;
+        last.assign(pixels.begin(), pixels.end());
+        return D3D_OK;
+    }
+    int shown = 0;
+    std::vector<std::uint32_t> last;
+};
+
+struct RunningStage {
+    // `user` acts at each DoEvents, which are counted from 1.
+    using User = std::function<void(RunningStage&, int turn)>;
+
+    explicit RunningStage(User itsUser = {}, bool additions = true)
+        : user(std::move(itsUser)), options{additions} {
+        files.Put("/mugen/stages/a.def", kStage);
+        files.Put("/mugen/stages/b.def", "[Info]\nname = second\n[Camera]\nstartx = 0\n");
+        files.Put("/mugen/stages/a.sff", SmallArchiveBytes());
+        program.MugeDir = "/mugen/";
+        program.CurrentStageFile = "/mugen/stages/a.def";
+    }
+
+    // What the commands do that open a stage.
+    void Open(const std::string& path) {
+        program.CurrentStageFile = path;
+        if (program.Loop().StageRunning != 0) {
+            program.QuitRequested = kTrue;
+            program.UnloadStuff();
+        }
+        program.QuitRequested = kFalse;
+        program.RunStage();
+    }
+
+    [[nodiscard]] std::vector<std::string> MessageTexts() const {
+        std::vector<std::string> texts;
+        for (const Message& message : messages.Recorded()) {
+            texts.push_back(message.text);
+        }
+        return texts;
+    }
+    [[nodiscard]] std::string Caption() const {
+        return window.Captions().empty() ? std::string() : window.Captions().back();
+    }
+
+    static constexpr const char* kStage =
+        "[Info]\nname = first\n[Camera]\nboundleft = -100\nboundright = 100\n"
+        "[BGdef]\nspr = stages/a.sff\n"
+        "[BG wall]\ntype = normal\nspriteno = 0,0\nstart = 0,0\ntile = 1,1\n";
+
+    User user;
+    ViewOptions options;
+    MemoryFiles files;
+    HeadlessMessages messages;
+    int turn = 0;
+    int depth = 0;  // how many DoEvents are on the stack
+    int deepest = 0;
+    HeadlessWindow window{[this](HeadlessWindow&) {
+        ++depth;
+        deepest = std::max(deepest, depth);
+        clock.Advance();
+        if (user) {
+            user(*this, ++turn);
+        }
+        --depth;
+    }};
+    HeadlessKeyboard keyboard;
+    HeadlessClock clock;
+    HeadlessPointer pointer;
+    HeadlessProcess process;
+    CountingSink sink;
+    SoftDirect3D direct3D{KeptTextureMemory(), &sink};
+    Form form;
+    frmStage program{
+        {files, messages, window, keyboard, clock, pointer, process, direct3D}, form, options};
+};
+
+// Ends the loop at this turn.
+inline RunningStage::User QuitAt(int last) {
+    return [last](RunningStage& stage, int turn) {
+        if (turn == last) {
+            stage.program.QuitRequested = kTrue;
+        }
+    };
+}
+
+}  // namespace scenara::test
