@@ -2,14 +2,13 @@
 //
 // Blending, an addition: pictures that add to what lies behind them, or take from it.
 //
-//   blending          quads                                              source, destination
-//   Add               the picture                                        alpha, one
-//   Add1              black at alpha 128, then the picture               alpha, 1 - alpha; alpha,
-//   one Sub               the picture, destination - source                  alpha, one AddAlpha s,
-//   d     black at alpha 256 - d, then the picture at s      alpha, 1 - alpha; alpha, one
+//   Add            the picture, source alpha and one
+//   Add1           black at alpha 128 over what is there, then as Add
+//   Sub            as Add, but taken from what is there
+//   AddAlpha s, d  black at alpha 256 - d over what is there, then as Add at alpha s
 //
 // Alpha is the texture's, 0 where a picture has its colour 0, times the quad's. Parts of 256 become
-// parts of 255.
+// parts of 255. "Over what is there" is source alpha and inverse source alpha.
 #pragma once
 
 #include "render/Engine.h"

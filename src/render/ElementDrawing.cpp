@@ -42,9 +42,9 @@ public:
 
 private:
     void PaintTiles() {
-        const Copies down =
-            CopiesAlong(TilesOf(element_.tileY, element_.tileSpacingY, sprite_.height), picture_.y,
-                        window_.rows, Deepest());
+        const Copies down = CopiesAlong(
+            TilesOf(element_.tileY, element_.tileSpacingY, sprite_.height, sprite_.fileHeight),
+            picture_.y, window_.rows, Deepest());
         for (std::int64_t i = 0; i < down.count; ++i) {
             PaintAcross(
                 {picture_.x, down.first + i * down.step, sprite_.width, sprite_.height, 0, 0});
@@ -67,9 +67,9 @@ private:
     }
 
     void PaintAcross(const SpriteQuad& first) {
-        const Copies across =
-            CopiesAlong(TilesOf(element_.tileX, element_.tileSpacingX, sprite_.width), first.x,
-                        window_.columns, Deepest());
+        const Copies across = CopiesAlong(
+            TilesOf(element_.tileX, element_.tileSpacingX, sprite_.width, sprite_.fileWidth),
+            first.x, window_.columns, Deepest());
         SpriteQuad quad = first;
         for (std::int64_t i = 0; i < across.count; ++i) {
             quad.x = across.first + i * across.step;
@@ -77,9 +77,12 @@ private:
         }
     }
 
-    [[nodiscard]] Tiles TilesOf(Long count, Long spacing, std::int64_t size) const {
-        return {count, TileStep(ScaledSpacing(spacing, model_.ElementScale), size, animated_), size,
-                animated_, options_.additions};
+    [[nodiscard]] Tiles TilesOf(Long count, Long spacing, Integer size, Integer fileSize) const {
+        const std::int64_t step =
+            model_.ElementScale == 1
+                ? TileStep(spacing, size, animated_)
+                : ScaledStep(TileStep(spacing, fileSize, animated_), model_.ElementScale);
+        return {count, step, size, animated_, options_.additions};
     }
 
     [[nodiscard]] std::int64_t Deepest() const {

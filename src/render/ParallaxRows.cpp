@@ -37,8 +37,7 @@ double RowStretch(const BackgroundElement& element, Single cameraY) {
         (static_cast<double>(element.yscaleStart) +
          static_cast<double>(element.yscaleDelta) * static_cast<double>(cameraY)) /
         100;
-    // Nothing or less left of the height is a stretch without end.
-    return shrunk > 0 ? std::clamp(1 / shrunk, 1 / kMost, kMost) : kMost;
+    return shrunk == 0 ? kMost : std::clamp(1 / shrunk, 1 / kMost, kMost);
 }
 
 std::int64_t SourceRow(std::int64_t row, double stretch) {

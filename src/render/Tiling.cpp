@@ -43,13 +43,12 @@ std::int64_t TileStep(Long spacing, std::int64_t size, bool animated) {
     return animated ? spacing : spacing + size;
 }
 
-Long ScaledSpacing(Long spacing, Single scale) {
-    if (scale == 1) {
-        return spacing;
+std::int64_t ScaledStep(std::int64_t step, Single scale) {
+    if (step <= 1) {
+        return step;
     }
-    constexpr auto kMost = static_cast<double>(std::numeric_limits<Long>::max());
-    return ToLong(
-        std::clamp(static_cast<double>(spacing) * static_cast<double>(scale), -kMost, kMost));
+    const double scaled = RoundToEven(static_cast<double>(step) * static_cast<double>(scale));
+    return std::max<std::int64_t>(2, static_cast<std::int64_t>(scaled));
 }
 
 Copies CopiesAlong(const Tiles& tiles, std::int64_t position, const PixelRange& visible,

@@ -26,8 +26,9 @@ struct Copies {
 // for still pictures.
 [[nodiscard]] std::int64_t TileStep(Long spacing, std::int64_t size, bool animated);
 
-// Addition: a spacing of a stage that was made for another view, in whole view pixels.
-[[nodiscard]] Long ScaledSpacing(Long spacing, Single scale);
+// Addition: a step of a stage that was made for another view, in whole view pixels. One of 1 or
+// less stays as it is, and a larger one larger than that.
+[[nodiscard]] std::int64_t ScaledStep(std::int64_t step, Single scale);
 
 // How many copies may lie upon one another at any pixel, along one axis: a step that would pile up
 // more is taken as a multiple of itself, so that no file makes a frame take minutes. No picture is

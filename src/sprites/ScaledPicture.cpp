@@ -58,6 +58,8 @@ std::vector<Stretch> Stretches(std::int32_t size, double scale) {
 
 class Mean {
 public:
+    explicit Mean(bool keyed) : keyed_(keyed) {}
+
     void Add(std::uint32_t argb, double share) {
         const double alpha = argb >> 24U;
         weight_ += share;
@@ -72,7 +74,7 @@ public:
     [[nodiscard]] std::uint32_t Argb() const {
         std::uint32_t argb = Byte(alpha_ / weight_) << 24U;
         for (std::size_t i = 0; i < plain_.size(); ++i) {
-            const double colour = alpha_ > 0 ? visible_[i] / alpha_ : plain_[i] / weight_;
+            const double colour = keyed_ && alpha_ > 0 ? visible_[i] / alpha_ : plain_[i] / weight_;
             argb |= Byte(colour) << (8U * i);
         }
         return argb;
@@ -83,6 +85,7 @@ private:
         return static_cast<std::uint32_t>(std::clamp(value + 0.5, 0.0, 255.0));
     }
 
+    bool keyed_;
     double weight_ = 0;
     double alpha_ = 0;
     std::array<double, 3> plain_{};
@@ -98,7 +101,7 @@ std::int32_t ScaledSize(std::int32_t size, double scale) {
 }
 
 std::shared_ptr<Direct3DTexture8> ScaledPicture(TextureMaker& maker, Direct3DTexture8& picture,
-                                                double scale) {
+                                                double scale, bool keyed) {
     TextureParameters parameters;
     parameters.width = ScaledSize(picture.Width(), scale);
     parameters.height = ScaledSize(picture.Height(), scale);
@@ -111,7 +114,7 @@ std::shared_ptr<Direct3DTexture8> ScaledPicture(TextureMaker& maker, Direct3DTex
     for (std::size_t y = 0; y < rows.size(); ++y) {
         const auto line = to.words.subspan(y * static_cast<std::size_t>(to.pitch), columns.size());
         for (std::size_t x = 0; x < columns.size(); ++x) {
-            Mean mean;
+            Mean mean(keyed);
             for (std::size_t j = 0; j < rows[y].shares.size(); ++j) {
                 const auto source = from.words.subspan(
                     (rows[y].first + j) * static_cast<std::size_t>(from.pitch) + columns[x].first,

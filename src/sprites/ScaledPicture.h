@@ -3,9 +3,10 @@
 // ScaledPicture, an addition: pictures of stages that were made for a larger or smaller view,
 // brought to view pixels once, when they are loaded.
 //
-// Each pixel of the result is the mean of the area that it covers: colours weighted by alpha, so
-// that transparent pixels lend no colour to visible ones; alpha the mean of all. Where nothing is
-// visible the colour is the plain mean, for opaque draws.
+// Each pixel of the result is the mean of the area that it covers. In a keyed picture colours are
+// weighted by alpha, so that transparent pixels lend no colour to visible ones, and alpha is the
+// mean of all; where nothing is visible the colour is the plain mean. In one that is only ever
+// drawn opaque every pixel counts the same.
 #pragma once
 
 #include <memory>
@@ -21,7 +22,7 @@ namespace scenara {
 // A new texture of `maker` with the picture at `scale`, above 0.
 [[nodiscard]] std::shared_ptr<Direct3DTexture8> ScaledPicture(TextureMaker& maker,
                                                               Direct3DTexture8& picture,
-                                                              double scale);
+                                                              double scale, bool keyed);
 
 // Textures on the heap, for pictures on their way through: the next one takes the place of the
 // last, of which nothing may be in use any more.

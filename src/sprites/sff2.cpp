@@ -35,6 +35,23 @@ std::vector<std::uint64_t> MaskedPictures(const StageModel& model) {
     return pictures;
 }
 
+// The same with those of blended elements and of all actions, which are always masked.
+std::vector<std::uint64_t> KeyedPictures(const StageModel& model,
+                                         std::vector<std::uint64_t> pictures) {
+    for (const BackgroundElement& element : model.Elements) {
+        if (element.blending.kind != BlendKind::None) {
+            pictures.push_back(PairKey(element.spriteGroup, element.spriteImage));
+        }
+    }
+    for (const StageAction& action : model.Actions) {
+        for (const StageFrame& frame : action.frames) {
+            pictures.push_back(PairKey(frame.group, frame.image));
+        }
+    }
+    std::sort(pictures.begin(), pictures.end());
+    return pictures;
+}
+
 // A sprite that could not be had: what is wrong, and that the load goes on without it.
 std::string SkippedText(std::string_view what, const SubfileHeader& subfile) {
     std::string text(what);
@@ -54,7 +71,8 @@ public:
           scale_(scale),
           chain_(archive, header),
           pictures_(archive, scale == 1 ? device : scratch_, messages),
-          masked_(MaskedPictures(model)) {}
+          masked_(MaskedPictures(model)),
+          keyed_(KeyedPictures(model, masked_)) {}
 
     SubfileChain& Chain() { return chain_; }
 
@@ -82,6 +100,13 @@ private:
                                   PairKey(subfile.group, subfile.image));
     }
 
+    // Whether anything shows it with its colour 0 left out. An entry that is linked to may be shown
+    // so by another number.
+    [[nodiscard]] bool IsKeyed(const SubfileHeader& subfile) const {
+        return std::binary_search(keyed_.begin(), keyed_.end(),
+                                  PairKey(subfile.group, subfile.image));
+    }
+
     [[nodiscard]] bool TakeLinked(SpriteEntry& entry) {
         const Integer link = chain_.Header().link;
         if (link < 0 || link >= model_.SpriteCount) {
@@ -102,7 +127,10 @@ private:
             return true;
         }
         try {
-            entry.texture = ScaledPicture(device_, *picture.texture, scale_);
+            const bool keyed = IsKeyed(chain_.Header());
+            entry.texture = ScaledPicture(device_, *picture.texture, scale_, keyed);
+            entry.fileWidth = ToInteger(picture.width);
+            entry.fileHeight = ToInteger(picture.height);
         } catch (const RunTimeError&) {
             return false;
         } catch (const std::bad_alloc&) {
@@ -143,6 +171,7 @@ private:
     SubfileChain chain_;
     SubfilePictures pictures_;
     std::vector<std::uint64_t> masked_;
+    std::vector<std::uint64_t> keyed_;
 };
 
 // What is wrong with the archive as a whole.

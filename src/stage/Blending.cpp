@@ -46,8 +46,12 @@ Blending FrameBlending(std::string_view text) {
     if (!text.starts_with("as") || divide == std::string_view::npos) {
         return {};
     }
-    return {BlendKind::AddAlpha, Share(LeadingNumber(text.substr(2, divide - 2))),
-            Share(LeadingNumber(text.substr(divide + 1)))};
+    const std::string_view source = text.substr(2, divide - 2);
+    const std::string_view destination = text.substr(divide + 1);
+    if (source.empty() || destination.empty()) {
+        return {};
+    }
+    return {BlendKind::AddAlpha, Share(LeadingNumber(source)), Share(LeadingNumber(destination))};
 }
 
 }  // namespace scenara

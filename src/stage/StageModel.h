@@ -104,6 +104,10 @@ struct SpriteEntry {
     Byte keyGreen = 0;
     Byte keyBlue = 0;
     Integer linkedTo = -1;  // -1 = has a picture of its own; else the archive's link index
+
+    // Addition: the size in the file, where the picture was brought to view pixels; else 0.
+    Integer fileWidth = 0;
+    Integer fileHeight = 0;
 };
 
 // One line of an action.

@@ -10,7 +10,7 @@
 namespace scenara {
 namespace {
 
-constexpr Long kLowestHeight = 30;
+constexpr Long kLowestHeight = 120;
 constexpr Long kGreatestHeight = 7680;
 
 // A product that is too large for its field is as near as the field comes to it.
@@ -22,12 +22,22 @@ void Scale(Number& number, double factor) {
     number = static_cast<Number>(std::is_integral_v<Number> ? RoundToEven(product) : product);
 }
 
+// A window's corners along one axis: the nearer one first, and both inside, so that it is the edge
+// behind the farther one that is scaled. `before`: view pixels of the stage that are not shown.
+void ScaleWindow(Single& a, Single& b, double factor, double before) {
+    const auto nearer = static_cast<double>(std::min(a, b));
+    const auto farther = static_cast<double>(std::max(a, b));
+    a = static_cast<Single>(nearer * factor - before);
+    b = static_cast<Single>((farther + 1) * factor - 1 - before);
+}
+
 void ScaleElement(BackgroundElement& element, const StageScale& scale) {
-    for (Single* const length :
-         {&element.velocityX, &element.velocityY, element.sinState.data(), &element.sinYAmplitude,
-          &element.windowX1, &element.windowX2, &element.windowY1, &element.windowY2}) {
+    for (Single* const length : {&element.velocityX, &element.velocityY, element.sinState.data(),
+                                 &element.sinYAmplitude}) {
         Scale(*length, scale.elements);
     }
+    ScaleWindow(element.windowX1, element.windowX2, scale.elements, scale.columnsBefore);
+    ScaleWindow(element.windowY1, element.windowY2, scale.elements, 0);
     for (Single* const perCamera :
          {&element.deltaX, &element.deltaY, &element.windowDeltaX, &element.windowDeltaY}) {
         Scale(*perCamera, scale.deltas);
@@ -55,6 +65,9 @@ StageScale ScaleOf(const StageModel& model) {
     if (height >= kLowestHeight && height <= kGreatestHeight) {
         scale.stage = static_cast<double>(kViewHeight) / height;
     }
+    if (model.localcoordWidth > 0) {
+        scale.columnsBefore = (model.localcoordWidth * scale.stage - kViewWidth) / 2;
+    }
     scale.deltas = model.hires != 0 ? 0.5 : 1;
     scale.elements = scale.stage * scale.deltas;
     return scale;
@@ -62,7 +75,7 @@ StageScale ScaleOf(const StageModel& model) {
 
 void ApplyStageScale(StageModel& model) {
     const StageScale scale = ScaleOf(model);
-    if (scale.elements == 1 && scale.stage == 1) {
+    if (scale.elements == 1 && scale.stage == 1 && scale.columnsBefore == 0) {
         return;
     }
     model.ElementScale = static_cast<Single>(scale.elements);

@@ -5,6 +5,7 @@
 // "hires" lays the elements out in pixels of 640 x 480, while camera, bounds and players keep
 // counting in those of the view. "localcoord" gives a view of its own, in which everything counts:
 // all is scaled to a height of 240, and the middle 320 columns are shown. Both may come together.
+// Starts count from the middle and need nothing for that; windows count from the left edge.
 #pragma once
 
 #include "stage/StageModel.h"
@@ -16,9 +17,10 @@ struct StageScale {
     double elements = 1;  // starts, axes, offsets, spacings, velocities, swings, windows, pictures
     double deltas = 1;    // what a unit of the camera comes to, per unit of delta
     double stage = 1;     // camera, bounds, ground line, players
+    double columnsBefore = 0;  // view pixels between the stage's left edge and the view's
 };
 
-// A height that no stage was made for, below 30 or above 7680, counts as not given.
+// A height that no stage was made for, below 120 or above 7680, counts as not given.
 [[nodiscard]] StageScale ScaleOf(const StageModel& model);
 
 // Brings a loaded stage into view pixels. Whole numbers that would lose too much by rounding stay
