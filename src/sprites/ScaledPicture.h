@@ -3,10 +3,9 @@
 // ScaledPicture, an addition: pictures of stages that were made for a larger or smaller view,
 // brought to view pixels once, when they are loaded.
 //
-// Each pixel of the result is the mean of the area that it covers. In a keyed picture colours are
-// weighted by alpha, so that transparent pixels lend no colour to visible ones, and alpha is the
-// mean of all; where nothing is visible the colour is the plain mean. In one that is only ever
-// drawn opaque every pixel counts the same.
+// Each pixel of the result is the mean of the area that it covers, alpha included. In a keyed
+// picture colours are weighted by alpha, so that transparent pixels lend no colour to visible ones.
+// In one that is drawn opaque, and where nothing is visible, every pixel's colour counts the same.
 #pragma once
 
 #include <memory>
