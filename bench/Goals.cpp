@@ -53,6 +53,11 @@ constexpr std::array<DrawGoal, 5> kDrawGoals = {{
     {"draw against OpenGL on llvmpipe", "Draw/Llvmpipe", 25.0, {31.0, 31.0, 31.0}},
 }};
 
+constexpr std::array<SpeedGoal, 2> kBlendGoals = {{
+    {"additive draw against SDL2", "Draw/Sdl2Rle", kOurDrawing, 1.0, 1.5},
+    {"additive draw against pixman", "Draw/Pixman", kOurDrawing, 1.0, 1.5},
+}};
+
 // Our time is at most this part of the copying.
 constexpr const char* kCopying = "Draw/Memcpy";
 constexpr double kMostOfCopying = 0.7;
@@ -100,6 +105,9 @@ void PrintDrawing(const Medians& medians) {
             PrintSpeed({goal.what, goal.peer, kOurDrawing, goal.must, goal.aim.at(scene)}, medians,
                        kScenes.at(scene));
         }
+    }
+    for (const SpeedGoal& goal : kBlendGoals) {
+        PrintSpeed(goal, medians, "/D");
     }
     for (const std::string scene : kScenes) {
         const double share = Quotient(medians, kOurDrawing + scene, kCopying + scene);

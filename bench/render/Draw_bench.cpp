@@ -83,6 +83,9 @@ void Draw(benchmark::State& state) {
         ->Unit(benchmark::kMicrosecond);   \
     BENCHMARK_TEMPLATE(Draw, kind, SceneC)->Name("Draw/" name "/C")->Unit(benchmark::kMicrosecond)
 
+#define BLEND_ROW(kind, scene, name) \
+    BENCHMARK_TEMPLATE(Draw, kind, scene)->Name("Draw/" name)->Unit(benchmark::kMicrosecond)
+
 DRAW_ROW(CopiedRectangles, "Memcpy");
 DRAW_ROW(SdlColorKey, "Sdl2ColorKey");
 DRAW_ROW(SdlRunLengths, "Sdl2Rle");
@@ -90,6 +93,13 @@ DRAW_ROW(QtRaster, "QtRaster");
 DRAW_ROW(PixmanImages, "Pixman");
 DRAW_ROW(LlvmpipeQuads, "Llvmpipe");
 DRAW_ROW(ThisProgram, "Ours");
+
+BLEND_ROW(SdlRunLengths, SceneD, "Sdl2Rle/D");
+BLEND_ROW(PixmanImages, SceneD, "Pixman/D");
+BLEND_ROW(ThisProgram, SceneD, "Ours/D");
+BLEND_ROW(ThisProgram, SceneSub, "Ours/Sub");
+BLEND_ROW(ThisProgram, SceneAdd1, "Ours/Add1");
+BLEND_ROW(ThisProgram, SceneAddAlpha, "Ours/AddAlpha");
 // NOLINTEND(cppcoreguidelines-avoid-non-const-global-variables)
 
 }  // namespace

@@ -9,6 +9,8 @@
 #include <string>
 #include <vector>
 
+#include "stage/Blending.h"
+
 namespace scenara::bench {
 
 struct ScenePicture {
@@ -18,6 +20,7 @@ struct ScenePicture {
     // palette's in both cases.
     std::vector<std::uint32_t> pixels;
     bool masked = false;  // drawn without the pixels of alpha 0; otherwise with all, as they are
+    Blending blending;    // of a masked picture; of any other None
 
     [[nodiscard]] std::span<const std::uint32_t> Line(int y) const {
         const auto length = static_cast<std::size_t>(width);

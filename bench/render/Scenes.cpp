@@ -52,6 +52,11 @@ public:
         }
     }
 
+    // The last one placed.
+    void Blend(const Blending& blending) {
+        scene_.pictures[scene_.blits.back().picture].blending = blending;
+    }
+
     // Half of it outside of the view.
     void PlaceAtCorner(const WantedPicture& wanted) {
         const std::size_t picture = Add(wanted);
@@ -123,6 +128,29 @@ Scene MakeC() {
     return maker.Finished();
 }
 
+// Every fifth layer is masked, so that sums do not all end in white.
+Scene MakeD() {
+    ScenePictures pictures;
+    SceneMaker maker(pictures, "D");
+    maker.Place(kBackdrop);
+    for (int layer = 0; layer < 20; ++layer) {
+        maker.Place(layer % 5 == 0 ? kHighSkyline : kHighRow);
+        if (layer % 5 != 4) {
+            maker.Blend({BlendKind::Add});
+        }
+    }
+    return maker.Finished();
+}
+
+Scene WithBlending(Scene scene, const Blending& blending) {
+    for (ScenePicture& picture : scene.pictures) {
+        if (picture.blending.kind != BlendKind::None) {
+            picture.blending = blending;
+        }
+    }
+    return scene;
+}
+
 }  // namespace
 
 const Scene& SceneA() {
@@ -140,10 +168,30 @@ const Scene& SceneC() {
     return scene;
 }
 
+const Scene& SceneD() {
+    static const Scene scene = MakeD();
+    return scene;
+}
+
+const Scene& SceneSub() {
+    static const Scene scene = WithBlending(SceneD(), {BlendKind::Sub});
+    return scene;
+}
+
+const Scene& SceneAdd1() {
+    static const Scene scene = WithBlending(SceneD(), {BlendKind::Add1});
+    return scene;
+}
+
+const Scene& SceneAddAlpha() {
+    static const Scene scene = WithBlending(SceneD(), {BlendKind::AddAlpha, 128, 128});
+    return scene;
+}
+
 void PrintScenes() {
     std::printf("\n%-6s %6s %7s %9s %9s %9s %7s %10s\n", "scene", "blits", "masked", "textures",
                 "clipped", "visible", "clear", "spans/line");
-    for (const Scene* scene : {&SceneA(), &SceneB(), &SceneC()}) {
+    for (const Scene* scene : {&SceneA(), &SceneB(), &SceneC(), &SceneD()}) {
         const SceneNumbers numbers = NumbersOf(*scene);
         std::size_t pixels = 0;
         for (const ScenePicture& picture : scene->pictures) {

@@ -22,7 +22,15 @@ const Scene& SceneB();
 // 100 masked layers, half as high, of 25 pictures.
 const Scene& SceneC();
 
-// A line for each of them: what there is to draw.
+// A backdrop and 20 layers as those of B, of which 16 add to what lies behind them.
+const Scene& SceneD();
+
+// D with another blending in its place. No peer has it.
+const Scene& SceneSub();
+const Scene& SceneAdd1();
+const Scene& SceneAddAlpha();
+
+// A line for each of A to D: what there is to draw.
 void PrintScenes();
 
 }  // namespace scenara::bench

@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <stdexcept>
 
+#include "render/BlendedBlit.h"
+
 namespace scenara::bench {
 namespace {
 
@@ -50,7 +52,12 @@ void ThisProgram::AddSprite(const ScenePicture& picture) {
 void ThisProgram::Draw() {
     Require(engine_.Device().BeginScene(), "BeginScene");
     for (const Blit& blit : scene_.blits) {
-        DrawBlit(blit);
+        const Blending& blending = scene_.pictures[blit.picture].blending;
+        if (blending.kind == BlendKind::None) {
+            DrawBlit(blit);
+        } else {
+            DrawBlendedBlit(blit, blending);
+        }
     }
     Require(engine_.Device().EndScene(), "EndScene");
 }
@@ -70,6 +77,19 @@ void ThisProgram::DrawBlit(const Blit& blit) {
         Require(device.SetRenderState(D3DRS_ALPHABLENDENABLE, 0), "SetRenderState");
         SetBlending(device, D3DBLEND_ONE, D3DBLEND_ZERO);
     }
+}
+
+void ThisProgram::DrawBlendedBlit(const Blit& blit, const Blending& blending) {
+    const SpriteEntry& sprite = model_.Sprites[blit.picture];
+    BlendedPiece piece;
+    piece.slot = static_cast<Integer>(blit.picture);
+    piece.x = blit.x;
+    piece.y = blit.y;
+    piece.width = sprite.width;
+    piece.height = sprite.height;
+    BeginBlending(engine_.Device(), blending);
+    DrawBlended(engine_, blending, piece);
+    EndBlending(engine_.Device(), blending);
 }
 
 std::vector<std::uint32_t> ThisProgram::Picture() {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// A scene as this program draws it: Engine::D3DBlt on the soft device.
+// A scene as this program draws it: Engine::D3DBlt and DrawBlended on the soft device.
 #pragma once
 
 #include <memory>
@@ -25,6 +25,7 @@ public:
 private:
     void AddSprite(const ScenePicture& picture);
     void DrawBlit(const Blit& blit);
+    void DrawBlendedBlit(const Blit& blit, const Blending& blending);
 
     const Scene& scene_;
     SoftDirect3D machine_;

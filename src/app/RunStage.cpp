@@ -85,11 +85,9 @@ void frmStage::ShowStage() {
     loop_.FrameCount = 0;
     infoText_.clear();
     textSurface_.Create(kTextSurfaceWidth, kTextSurfaceHeight);
-    form_[Menu::mnuDebug].enabled = true;
     while (QuitRequested == kFalse && !restart_ && !machine_.window.EndRequested()) {
         RunPass();
     }
-    form_[Menu::mnuDebug].enabled = false;
     textSurface_.Release();
 }
 
@@ -120,7 +118,6 @@ void frmStage::StartLoop() {
 void frmStage::AbandonStage() {
     loop_.LoadingStage = 0;
     EnableLoadingMenus(form_, true);
-    form_[Menu::mnuDebug].enabled = false;
     UnloadStuff();
 }
 

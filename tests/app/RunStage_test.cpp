@@ -63,17 +63,13 @@ TEST(RunStage, TheCaptionIsTheStagesTitle) {
 
 TEST(RunStage, MenusThatOpenStagesAreOffWhileOneLoads) {
     std::vector<bool> stageMenu;
-    std::vector<bool> debugMenu;
     RunningStage stage([&](RunningStage& running, int turn) {
         stageMenu.push_back(running.form[Menu::mnuStage].enabled &&
                             running.form[Menu::mnuOptions].enabled);
-        debugMenu.push_back(running.form[Menu::mnuDebug].enabled);
         QuitAt(kLoading + 2)(running, turn);
     });
     stage.program.RunStage();
     EXPECT_THAT(stageMenu, ElementsAre(false, false, false, true, true));
-    EXPECT_THAT(debugMenu, ElementsAre(false, false, false, true, true));
-    EXPECT_FALSE(stage.form[Menu::mnuDebug].enabled) << "only while the loop runs";
 }
 
 TEST(RunStage, LeavesTheRestOfTheMachineToOthers) {
@@ -245,7 +241,6 @@ TEST(Opening, AnErrorInAPassIsSaidAndEndsTheStageOnly) {
     EXPECT_THAT(stage.MessageTexts(),
                 ElementsAre(StartsWith("Run-time error: Direct3D error: BeginScene")));
     EXPECT_EQ(stage.program.Loop().StageRunning, 0);
-    EXPECT_FALSE(stage.form[Menu::mnuDebug].enabled);
     EXPECT_FALSE(stage.program.Ended());
 
     stage.turn = 0;

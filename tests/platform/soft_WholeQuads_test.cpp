@@ -294,6 +294,10 @@ public:
         if (Between(0, 1) == 0) {
             return kCovering;
         }
+        if (Between(0, 1) == 0) {  // as pictures are blended
+            return {true, D3DBLEND_SRCALPHA, D3DBLEND_ONE,
+                    Between(0, 1) == 0 ? D3DBLENDOP_ADD : D3DBLENDOP_REVSUBTRACT, D3DTOP_MODULATE};
+        }
         const std::uint32_t factors[] = {D3DBLEND_ZERO, D3DBLEND_ONE, D3DBLEND_SRCALPHA,
                                          D3DBLEND_INVSRCALPHA};
         return {true, factors[Between(0, 3)], factors[Between(0, 3)],
@@ -327,6 +331,7 @@ private:
         switch (Between(0, 4)) {
             case 0: return static_cast<std::uint32_t>(Between(0, 0x7FFFFFFF)) * 2U;
             case 1: return static_cast<std::uint32_t>(Between(0, 255)) << 24U | kColorMask;
+            case 2: return static_cast<std::uint32_t>(Between(0, 255)) << 24U;
             default: return kWhite;
         }
     }

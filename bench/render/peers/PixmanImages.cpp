@@ -21,6 +21,20 @@ pixman_image* MakeImage(pixman_format_code_t format, int width, int height) {
     return image;
 }
 
+pixman_format_code_t ScreenFormatFor(const Scene& scene) {
+    const bool adds = std::ranges::any_of(scene.pictures, [](const ScenePicture& picture) {
+        return picture.blending.kind != BlendKind::None;
+    });
+    return adds ? PIXMAN_a8r8g8b8 : PIXMAN_x8r8g8b8;
+}
+
+pixman_op_t OperatorFor(const ScenePicture& picture) {
+    if (!picture.masked) {
+        return PIXMAN_OP_SRC;
+    }
+    return picture.blending.kind == BlendKind::Add ? PIXMAN_OP_ADD : PIXMAN_OP_OVER;
+}
+
 std::uint32_t* LineOf(pixman_image* image, int y) {
     const auto pitch = pixman_image_get_stride(image) / static_cast<int>(sizeof(std::uint32_t));
     return pixman_image_get_data(image) + static_cast<std::ptrdiff_t>(y) * pitch;
@@ -33,7 +47,7 @@ void PixmanImages::Free::operator()(pixman_image* image) const {
 }
 
 PixmanImages::PixmanImages(const Scene& scene)
-    : scene_(scene), screen_(MakeImage(PIXMAN_x8r8g8b8, kViewWidth, kViewHeight)) {
+    : scene_(scene), screen_(MakeImage(ScreenFormatFor(scene), kViewWidth, kViewHeight)) {
     for (const ScenePicture& picture : scene.pictures) {
         images_.emplace_back(MakeImage(picture.masked ? PIXMAN_a8r8g8b8 : PIXMAN_x8r8g8b8,
                                        picture.width, picture.height));
@@ -49,9 +63,9 @@ PixmanImages::PixmanImages(const Scene& scene)
 void PixmanImages::Draw() {
     for (const Blit& blit : scene_.blits) {
         const ScenePicture& picture = scene_.pictures[blit.picture];
-        pixman_image_composite32(picture.masked ? PIXMAN_OP_OVER : PIXMAN_OP_SRC,
-                                 images_[blit.picture].get(), nullptr, screen_.get(), 0, 0, 0, 0,
-                                 blit.x, blit.y, picture.width, picture.height);
+        pixman_image_composite32(OperatorFor(picture), images_[blit.picture].get(), nullptr,
+                                 screen_.get(), 0, 0, 0, 0, blit.x, blit.y, picture.width,
+                                 picture.height);
     }
 }
 

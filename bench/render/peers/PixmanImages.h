@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 //
-// A scene with pixman: masked pictures as premultiplied ARGB with the operator OVER, the others
-// without alpha and with SRC.
+// A scene with pixman: masked pictures as premultiplied ARGB with the operator OVER or ADD, the
+// others without alpha and with SRC.
+//
+// It adds a tenth faster to a surface with alpha, so scenes that add are drawn to one.
 #pragma once
 
 #include <memory>

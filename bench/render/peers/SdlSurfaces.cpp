@@ -51,7 +51,13 @@ SdlSurfaces::SdlSurfaces(const Scene& scene, SdlEncoding encoding)
     : scene_(scene), screen_(MakeSurface(kViewWidth, kViewHeight)) {
     const std::uint32_t key = UnusedColor(scene);
     for (const ScenePicture& picture : scene.pictures) {
-        surfaces_.push_back(MakeSurface(picture, key, encoding));
+        const bool added = picture.blending.kind == BlendKind::Add;
+        SDL_Surface& surface = *surfaces_.emplace_back(MakeSurface(picture, added ? 0 : key));
+        if (added) {
+            Check(SDL_SetSurfaceBlendMode(&surface, SDL_BLENDMODE_ADD));
+        } else if (picture.masked) {
+            Mask(surface, key, encoding);
+        }
     }
     Check(SDL_FillRect(screen_.get(), nullptr, 0));
 }
@@ -64,27 +70,27 @@ SdlSurfaces::Surface SdlSurfaces::MakeSurface(int width, int height) {
     return surface;
 }
 
-SdlSurfaces::Surface SdlSurfaces::MakeSurface(const ScenePicture& picture, std::uint32_t key,
-                                              SdlEncoding encoding) {
+SdlSurfaces::Surface SdlSurfaces::MakeSurface(const ScenePicture& picture,
+                                              std::uint32_t transparent) {
     Surface surface = MakeSurface(picture.width, picture.height);
     for (int y = 0; y < picture.height; ++y) {
         std::ranges::transform(picture.Line(y), LineOf(*surface, y), [&](std::uint32_t pixel) {
-            return picture.masked && pixel >> 24U == 0 ? key : pixel & kColorMask;
+            return picture.masked && pixel >> 24U == 0 ? transparent : pixel & kColorMask;
         });
     }
-    if (!picture.masked) {
-        return surface;
-    }
-    Check(SDL_SetColorKey(surface.get(), SDL_TRUE, key));
+    return surface;
+}
+
+void SdlSurfaces::Mask(SDL_Surface& surface, std::uint32_t key, SdlEncoding encoding) {
+    Check(SDL_SetColorKey(&surface, SDL_TRUE, key));
     if (encoding == SdlEncoding::RunLengths) {
-        Check(SDL_SetSurfaceRLE(surface.get(), 1));
+        Check(SDL_SetSurfaceRLE(&surface, 1));
         // It is encoded at the first blit; from then on it has no plain pixels and must be locked.
-        Check(SDL_BlitSurface(surface.get(), nullptr, screen_.get(), nullptr));
-        if (!SDL_MUSTLOCK(surface.get())) {
+        Check(SDL_BlitSurface(&surface, nullptr, screen_.get(), nullptr));
+        if (!SDL_MUSTLOCK(&surface)) {
             throw std::runtime_error("a surface is not run-length encoded");
         }
     }
-    return surface;
 }
 
 void SdlSurfaces::Draw() {

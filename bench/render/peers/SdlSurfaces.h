@@ -2,6 +2,9 @@
 //
 // A scene with the surfaces of SDL2: all in the screen's format, those that are masked with a
 // colour key, plain or run-length encoded.
+//
+// Those that are added have neither: their transparent pixels are black, which the library adds
+// faster than it multiplies with an alpha or looks for a key.
 #pragma once
 
 #include <memory>
@@ -30,7 +33,8 @@ private:
     using Surface = std::unique_ptr<SDL_Surface, Free>;
 
     static Surface MakeSurface(int width, int height);
-    Surface MakeSurface(const ScenePicture& picture, std::uint32_t key, SdlEncoding encoding);
+    static Surface MakeSurface(const ScenePicture& picture, std::uint32_t transparent);
+    void Mask(SDL_Surface& surface, std::uint32_t key, SdlEncoding encoding);
 
     const Scene& scene_;
     Surface screen_;

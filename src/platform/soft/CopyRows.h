@@ -18,7 +18,7 @@ namespace scenara::soft {
 struct TexelRows {
     const std::uint32_t* lines = nullptr;  // the first line, from the texture's column 0
     std::ptrdiff_t linePitch = 0;          // words to the next line that is drawn; may be negative
-    const std::uint8_t* bits = nullptr;    // the coverage of the first line; for MaskRows
+    const std::uint8_t* bits = nullptr;    // the coverage of the first line; MaskRows needs it
     std::ptrdiff_t bitPitch = 0;           // bytes to the next line that is drawn
     std::int32_t column = 0;               // the rectangle's first
     std::int32_t width = 0;                // 1 to kViewWidth

@@ -1,15 +1,17 @@
 // SPDX-License-Identifier: MIT
 //
-// The loops of the vector paths behind CopyRows.h. For CopyRows*.cpp only.
+// The loops of the vector paths behind CopyRows.h and BlendRows.h. For CopyRows*.cpp and
+// BlendRows*.cpp only.
 //
-// They draw blocks of kBlockTexels texels. A block that is drawn again changes nothing, and neither
-// does a transparent texel, so nothing is ever drawn by halves: what does not fill a block at the
-// rectangle's left or right end is the block that begins or ends there.
+// They draw blocks of kBlockTexels texels. What does not fill a block at the rectangle's left or
+// right end is in the block that begins or ends there. Copied or masked again it changes nothing,
+// so these draw all of that block; blending draws only the texels that no other block has.
 //
 // `Blocks` has what a path does with one block, as static functions from texels to pixels:
-// Copy<kMirrored> and Mask<kMirrored>. They are compiled for the path's processors and the loops
-// are not, so that the loops must become part of a function that is. These take the rectangle by
-// value, for of a copy of their own compilers know that no pixel is stored in it.
+// Copy<kMirrored>, Mask<kMirrored> and, which also gets the texels to draw and their alpha,
+// Blend<kMirrored>. They are compiled for the path's processors and the loops are not, so that the
+// loops must become part of a function that is. These take the rectangle by value, for of a copy of
+// their own compilers know that no pixel is stored in it.
 //
 // Of two blocks one is fetched ahead, for the other is mostly in the same line of the cache.
 #pragma once
@@ -52,6 +54,12 @@ struct Line {
     [[gnu::always_inline]] void Mask(std::ptrdiff_t begin) const {
         Blocks::template Mask<kMirrored>(texels + begin, pixels + (kMirrored ? -begin : begin));
     }
+    template <typename Blocks>
+    [[gnu::always_inline]] void Blend(std::ptrdiff_t begin, const std::int32_t* lanes,
+                                      std::uint32_t alpha) const {
+        Blocks::template Blend<kMirrored>(texels + begin, pixels + (kMirrored ? -begin : begin),
+                                          lanes, alpha);
+    }
     [[gnu::always_inline]] void Fetch(std::ptrdiff_t begin) const {
         __builtin_prefetch(ahead + begin);
     }
@@ -88,6 +96,7 @@ public:
             begins_[count] = std::clamp(begin, 0, rows.width - kBlockTexels);
             ++count;
         }
+        skipped_ = rows.column % kBlockTexels;
         byte_ = firstBlock / 8;
         shift_ = static_cast<unsigned>(firstBlock) % 8U;
         mask_ = (std::uint64_t{1} << count) - 1;
@@ -101,6 +110,9 @@ public:
         return word >> shift_ & mask_;
     }
 
+    // As if all had their bit.
+    [[nodiscard]] std::uint64_t All() const { return mask_; }
+
     // Of the first of these, of which there is one, and takes it away. Compilers know a faster form
     // of this than of std::countr_zero, for processors that cannot count the zeros of 0.
     [[gnu::always_inline]] [[nodiscard]] std::ptrdiff_t TakeBegin(std::uint64_t& blocks) const {
@@ -109,11 +121,27 @@ public:
         return begins_[first];
     }
 
+    // A block's begin, and which of its texels are of the texture's block: all bits or none.
+    struct Part {
+        std::ptrdiff_t begin;
+        const std::int32_t* lanes;
+    };
+    [[gnu::always_inline]] [[nodiscard]] Part TakePart(std::uint64_t& blocks) const {
+        const auto first = static_cast<std::ptrdiff_t>(__builtin_ctzll(blocks));
+        const std::ptrdiff_t begin = TakeBegin(blocks);
+        return {begin, kLanes.data() + (kBlockTexels + begin - (first * kBlockTexels - skipped_))};
+    }
+
 private:
+    // Any 8 from here are a block's lanes: some at its begin, all, or some at its end.
+    static constexpr std::array<std::int32_t, static_cast<std::size_t>(3 * kBlockTexels)> kLanes = {
+        0, 0, 0, 0, 0, 0, 0, 0, -1, -1, -1, -1, -1, -1, -1, -1, 0, 0, 0, 0, 0, 0, 0, 0};
+
     static constexpr std::size_t kMost = kViewWidth / kBlockTexels + 1;
     static_assert(kMost + 7 <= 64 && Coverage::kReadBeyond >= 8, "all fit in a word");
 
     std::array<std::int32_t, kMost> begins_{};  // as many as `mask_` has bits
+    std::ptrdiff_t skipped_ = 0;                // texels of the first block
     std::ptrdiff_t byte_ = 0;
     unsigned shift_ = 0;
     std::uint64_t mask_ = 0;
@@ -133,6 +161,26 @@ template <typename Blocks, bool kMirrored>
                 break;
             }
             line.template Mask<Blocks>(taken.TakeBegin(blocks));
+        }
+    }
+}
+
+template <typename Blocks, bool kMirrored>
+[[gnu::always_inline]] inline void BlendLines(const TexelRows rows, std::uint32_t alpha) {
+    const TakenBlocks taken(rows);
+    for (std::int32_t y = 0; y < rows.height; ++y) {
+        const Line<kMirrored> line(rows, y);
+        std::uint64_t blocks =
+            rows.bits == nullptr ? taken.All() : taken.Visible(rows.bits + y * rows.bitPitch);
+        while (blocks != 0) {
+            const TakenBlocks::Part part = taken.TakePart(blocks);
+            line.Fetch(part.begin);
+            line.template Blend<Blocks>(part.begin, part.lanes, alpha);
+            if (blocks == 0) {
+                break;
+            }
+            const TakenBlocks::Part next = taken.TakePart(blocks);
+            line.template Blend<Blocks>(next.begin, next.lanes, alpha);
         }
     }
 }

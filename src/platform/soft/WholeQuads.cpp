@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstddef>
 
+#include "platform/soft/BlendRows.h"
 #include "platform/soft/CopyRows.h"
 #include "platform/soft/PixelRows.h"
 
@@ -129,6 +130,12 @@ RowOperation OperationFor(const PixelStates& states, std::uint32_t tint, Coverag
                                                                 : RowOperation::Blend;
 }
 
+std::optional<EvenBlend> EvenBlendFor(const PixelStates& states, std::uint32_t tint,
+                                      Coverage::Kind kind) {
+    const bool even = kind == Coverage::Kind::Masked || kind == Coverage::Kind::Opaque;
+    return even ? EvenBlendOf(states, tint) : std::nullopt;
+}
+
 void BlendRows(const TexelRows& rows, const PixelStates& states, std::uint32_t tint) {
     const auto width = static_cast<std::size_t>(rows.width);
     std::array<std::uint32_t, kViewWidth> buffer;  // NOLINT(*-member-init): filled as needed
@@ -203,13 +210,17 @@ bool DrawWholeQuad(View view, const PixelStates& states, const Texels& texture,
     }
     const std::uint32_t tint = TintOf(quad->color, states.alphaOperation);
     const RowOperation operation = OperationFor(states, tint, coverage.WhatKind());
+    const std::optional<EvenBlend> even = EvenBlendFor(states, tint, coverage.WhatKind());
     ForEachRepeat(lines, texture.height, [&](const WholeRun& someLines) {
         ForEachRepeat(columns, texture.width, [&](const WholeRun& someColumns) {
             const TexelRows rows = RowsOf(view, texture, coverage, someColumns, someLines);
             switch (operation) {
                 case RowOperation::Copy: CopyRows(rows); break;
                 case RowOperation::Mask: MaskRows(rows); break;
-                default: BlendRows(rows, states, tint);
+                default:
+                    if (!even || !BlendEvenly(rows, *even)) {
+                        BlendRows(rows, states, tint);
+                    }
             }
         });
     });

@@ -1,0 +1,229 @@
+// SPDX-License-Identifier: MIT
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <random>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "SoftQuads.h"
+#include "platform/soft/BlendRows.h"
+#include "platform/soft/Coverage.h"
+#include "platform/soft/Triangles.h"
+#include "platform/soft/WholeQuads.h"
+
+namespace scenara::soft {
+namespace {
+
+using test::Blit;
+using test::Corners;
+using test::CornersOf;
+using test::PlainTexture;
+using test::TestView;
+using Kind = EvenBlend::Kind;
+
+constexpr std::uint32_t kGround = 0x406080;
+
+constexpr PixelStates States(std::uint32_t destinationFactor, std::uint32_t operation) {
+    return {true, D3DBLEND_SRCALPHA, destinationFactor, operation, D3DTOP_MODULATE};
+}
+
+constexpr PixelStates kAdd = States(D3DBLEND_ONE, D3DBLENDOP_ADD);
+constexpr PixelStates kTakeAway = States(D3DBLEND_ONE, D3DBLENDOP_REVSUBTRACT);
+constexpr PixelStates kCover = States(D3DBLEND_INVSRCALPHA, D3DBLENDOP_ADD);
+
+TEST(EvenBlend, IsFoundInItsStates) {
+    EXPECT_EQ(EvenBlendOf(kAdd, kWhite), (EvenBlend{Kind::Add, 255}));
+    EXPECT_EQ(EvenBlendOf(kAdd, 0x80FFFFFF), (EvenBlend{Kind::Add, 128}));
+    EXPECT_EQ(EvenBlendOf(kTakeAway, kWhite), (EvenBlend{Kind::TakeAway, 255}));
+    EXPECT_EQ(EvenBlendOf(kCover, 0x40000000), (EvenBlend{Kind::Darken, 64}));
+}
+
+TEST(EvenBlend, IsNotFoundInOthers) {
+    PixelStates states = kAdd;
+    states.blending = false;
+    EXPECT_FALSE(EvenBlendOf(states, kWhite)) << "no blending";
+    states = kAdd;
+    states.sourceFactor = D3DBLEND_ONE;
+    EXPECT_FALSE(EvenBlendOf(states, kWhite)) << "transparent texels too";
+    EXPECT_FALSE(EvenBlendOf(States(D3DBLEND_ONE, D3DBLENDOP_SUBTRACT), kWhite));
+    EXPECT_FALSE(EvenBlendOf(States(D3DBLEND_ZERO, D3DBLENDOP_ADD), kWhite));
+    EXPECT_FALSE(EvenBlendOf(States(D3DBLEND_INVSRCALPHA, D3DBLENDOP_REVSUBTRACT), 0x80000000));
+    EXPECT_FALSE(EvenBlendOf(kCover, 0x80FFFFFF)) << "a veil of colours";
+    EXPECT_FALSE(EvenBlendOf(kAdd, 0xFFFFFFFE)) << "another tint";
+    EXPECT_FALSE(EvenBlendOf(kTakeAway, 0xFF000000)) << "another tint";
+}
+
+struct DrawnPixel {
+    const char* what;
+    PixelStates states;
+    std::uint32_t tint;
+    std::uint32_t expected;  // of 0xFFAA5020 over 0x406080
+};
+
+// The texel's channels are 170, 80, 32, the pixel's 64, 96, 128.
+TEST(EvenBlend, DrawsTheseValues) {
+    for (const DrawnPixel& row : {
+             DrawnPixel{"sum", kAdd, 0xFFFFFFFF, 0xEAB0A0},    // 234, 176, 160
+             {"part", kAdd, 0x66FFFFFF, 0x84808D},             // 64 + 68, 96 + 32, 128 + 12.8
+             {"none of it", kAdd, 0x00FFFFFF, 0x406080},       //
+             {"difference", kTakeAway, 0xFFFFFFFF, 0x001060},  // below, 16, 96
+             {"less", kTakeAway, 0x66FFFFFF, 0x004073},        // below, 64, 115.2
+             {"darker", kCover, 0x66000000, 0x263A4D},         // 38.4, 57.6, 76.8
+             {"black", kCover, 0xFF000000, 0x000000},          //
+         }) {
+        const PlainTexture texture(24, 1, [](std::int32_t x, std::int32_t) {
+            return x % 3 == 0 ? 0x00FFFFFFU : 0xFFAA5020U;
+        });
+        const Texels texels = texture.Pixels();
+        const Coverage coverage = Coverage::Of(texels);
+        TestView view(kGround);
+        ASSERT_TRUE(DrawWholeQuad(view.Pixels(), row.states, texels, coverage,
+                                  CornersOf({5, 7, 24, 1, 0, 0, false, row.tint}, 24, 1)));
+        for (std::int32_t x = 0; x < 24; ++x) {
+            EXPECT_EQ(view.At(5 + x, 7), x % 3 == 0 ? kGround : row.expected)
+                << row.what << " " << x;
+        }
+        EXPECT_EQ(view.At(4, 7), kGround);
+        EXPECT_EQ(view.At(29, 7), kGround);
+    }
+}
+
+TEST(EvenBlend, SumsAndDifferencesStopAtTheEnds) {
+    const PlainTexture texture(16, 1, [](auto, auto) { return 0xFF80FF01U; });
+    const Coverage coverage = Coverage::Of(texture.Pixels());
+    const auto drawn = [&](const PixelStates& states, std::uint32_t ground) {
+        TestView view(ground);
+        EXPECT_TRUE(DrawWholeQuad(view.Pixels(), states, texture.Pixels(), coverage,
+                                  CornersOf({0, 0, 16, 1}, 16, 1)));
+        return view.At(9, 0);
+    };
+    EXPECT_EQ(drawn(kAdd, 0x7F0100), 0xFFFF01U);
+    EXPECT_EQ(drawn(kAdd, 0x80FFFE), 0xFFFFFFU);
+    EXPECT_EQ(drawn(kTakeAway, 0x80FE02), 0x000001U);
+    EXPECT_EQ(drawn(kTakeAway, 0x7FFF00), 0x000000U);
+}
+
+// Unlike a copied one, a pixel that is blended twice is another: the blocks at a rectangle's ends
+// must not meet.
+
+struct Case {
+    PixelStates states;
+    std::uint32_t tint;
+};
+
+constexpr std::array<Case, 6> kCases = {{{kAdd, 0xFFFFFFFF},
+                                         {kAdd, 0x80FFFFFF},
+                                         {kTakeAway, 0xFFFFFFFF},
+                                         {kTakeAway, 0x37FFFFFF},
+                                         {kCover, 0x80000000},
+                                         {kCover, 0x64204060}}};
+
+// Stretches of 1 to `longest` texels that are visible or not; all are when it is 0.
+PlainTexture Stretches(std::int32_t width, std::int32_t longest, std::mt19937& random) {
+    std::int32_t left = 0;
+    bool visible = longest == 0;
+    return {width, 3, [&](std::int32_t, std::int32_t) {
+                if (longest != 0 && left-- == 0) {
+                    left = static_cast<std::int32_t>(random() % static_cast<unsigned>(longest));
+                    visible = !visible;
+                }
+                return (visible ? 0xFF000000U : 0U) | (random() & kColorMask);
+            }};
+}
+
+void ExpectAsGeneral(const Case& drawn, const Texels& texels, const Coverage& coverage,
+                     const Blit& blit, bool upsideDown) {
+    Corners corners = CornersOf(blit, texels.width, texels.height);
+    for (Vertex& corner : corners) {
+        corner.color = drawn.tint;
+        corner.tv = upsideDown ? -corner.tv : corner.tv;
+    }
+    TestView fast(kGround);
+    TestView general(kGround);
+    ASSERT_TRUE(DrawWholeQuad(fast.Pixels(), drawn.states, texels, coverage, corners));
+    DrawStrip(general.Pixels(), drawn.states, &texels, corners);
+    ASSERT_EQ(fast, general) << blit.width << " from " << blit.sourceX << " to " << blit.x
+                             << (blit.mirrored ? " mirrored" : "") << ", tint " << std::hex
+                             << drawn.tint << ", operation " << drawn.states.operation;
+}
+
+TEST(EvenBlend, EveryWidthFromEveryColumnOfABlock) {
+    std::mt19937 random(12);
+    const std::vector<PlainTexture> textures = {
+        Stretches(120, 0, random), Stretches(120, 5, random), Stretches(120, 40, random)};
+    for (std::int32_t width = 1; width <= 100; ++width) {
+        const PlainTexture& texture = textures[random() % textures.size()];
+        const Texels texels = texture.Pixels();
+        const Coverage coverage = width % 7 == 0 ? Coverage() : Coverage::Of(texels);
+        for (std::int32_t column = 0; column < 16; ++column) {
+            const Case& drawn = kCases.at(random() % kCases.size());
+            for (const bool mirrored : {false, true}) {
+                const std::int32_t source = mirrored ? -column - width : column;
+                ExpectAsGeneral(drawn, texels, coverage, {20, 30, width, 3, source, 0, mirrored},
+                                column % 3 == 0);
+            }
+        }
+        if (HasFatalFailure()) {
+            return;
+        }
+    }
+}
+
+TEST(EvenBlend, EveryCaseClippedAtBothSides) {
+    std::mt19937 random(13);
+    for (const std::int32_t longest : {0, 3, 60}) {
+        const PlainTexture texture = Stretches(367, longest, random);
+        const Texels texels = texture.Pixels();
+        for (const Coverage& coverage : {Coverage::Of(texels), Coverage()}) {
+            for (const Case& drawn : kCases) {
+                for (std::int32_t x = -370; x <= 320; x += 23) {
+                    for (const bool mirrored : {false, true}) {
+                        ExpectAsGeneral(drawn, texels, coverage, {x, 238, 367, 3, 0, 0, mirrored},
+                                        x % 2 == 0);
+                    }
+                }
+            }
+            if (HasFatalFailure()) {
+                return;
+            }
+        }
+    }
+}
+
+TEST(EvenBlend, BlocksWithoutTheirBitArePassedOver) {
+    const std::vector<std::uint32_t> texels(32, 0xFF010101);
+    const std::array<std::uint8_t, 1 + Coverage::kReadBeyond> bits = {0b0101};
+    std::vector<std::uint32_t> pixels(kViewWidth, kGround);
+    TexelRows rows;
+    rows.lines = texels.data();
+    rows.bits = bits.data();
+    rows.width = 32;
+    rows.height = 1;
+    rows.destination = pixels.data();
+    if (!BlendEvenly(rows, {Kind::Add, 255})) {
+        EXPECT_EQ(pixels, std::vector<std::uint32_t>(kViewWidth, kGround)) << "nothing of it yet";
+        GTEST_SKIP() << "this processor has no fast way";
+    }
+    for (std::size_t x = 0; x < 40; ++x) {
+        const bool drawn = x < 8 || (x >= 16 && x < 24);
+        EXPECT_EQ(pixels[x] & kColorMask, drawn ? 0x416181U : kGround) << x;
+    }
+}
+
+TEST(EvenBlend, LeavesNarrowRectanglesToTheGeneralPath) {
+    const std::vector<std::uint32_t> texels(7, 0xFF010101);
+    std::vector<std::uint32_t> pixels(kViewWidth, kGround);
+    TexelRows rows;
+    rows.lines = texels.data();
+    rows.width = 7;
+    rows.height = 1;
+    rows.destination = pixels.data();
+    EXPECT_FALSE(BlendEvenly(rows, {Kind::Add, 255}));
+    EXPECT_EQ(pixels, std::vector<std::uint32_t>(kViewWidth, kGround));
+}
+
+}  // namespace
+}  // namespace scenara::soft
