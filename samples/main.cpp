@@ -20,6 +20,8 @@
 #include "lanternpier/LanternPier.h"
 #include "nightexpress/Definition.h"
 #include "nightexpress/NightExpress.h"
+#include "thousandpanes/Definition.h"
+#include "thousandpanes/ThousandPanes.h"
 
 namespace {
 
@@ -60,6 +62,8 @@ void MakeFolder(const fs::path& folder) {
                scenara::samples::LanternPierArchive());
     WriteStage(folder / "stages", "nightexpress", scenara::samples::kNightExpressDefinition,
                scenara::samples::NightExpressArchive());
+    WriteStage(folder / "stages", "thousandpanes", scenara::samples::kThousandPanesDefinition,
+               scenara::samples::ThousandPanesArchive());
 }
 
 }  // namespace

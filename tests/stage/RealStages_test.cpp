@@ -31,7 +31,9 @@ const std::string kBundledFolder = std::string(SCENARA_BUNDLED_DATA) + "/";
 
 // A stage of a MUGEN folder on the disk, loaded by a program that lives in a folder of its own.
 struct DiskStage {
-    DiskStage(const std::string& mugeDir, const std::string& name) {
+    DiskStage(const std::string& mugeDir, const std::string& name,
+              const ViewOptions& view = kPlainView) {
+        machine.view = view;
         PosixFiles files(program.Path());
         std::string path = mugeDir + "stages/" + name;
         loaded = LoadStage(machine.model, path,
@@ -217,17 +219,37 @@ TEST(BundledStages, LoadWithoutAWord) {
     ASSERT_FALSE(names.empty()) << "No stages in " << kBundledFolder
                                 << "; build the target samples.";
     for (const std::string& name : names) {
-        const DiskStage stage(kBundledFolder, name);
+        const DiskStage stage(kBundledFolder, name, ViewOptions());
         EXPECT_TRUE(stage.loaded) << name;
         EXPECT_THAT(stage.machine.MessageTexts(), IsEmpty()) << name;
         EXPECT_GT(stage.Model().ElementCount, 0) << name;
     }
 }
 
+TEST(BundledStages, OpenPlainly) {
+    PosixFiles files("/");
+    for (const std::string& name : files.List(kBundledFolder + "stages/", ".def")) {
+        const DiskStage stage(kBundledFolder, name, kPlainView);
+        EXPECT_TRUE(stage.loaded) << name;
+        EXPECT_GT(stage.Model().ElementCount, 0) << name;
+        EXPECT_GT(stage.Model().SpriteCount, 0) << name;
+    }
+}
+
+// "1001 Panes" is written so that the two readings differ.
+TEST(BundledStages, PanesIsReadInFullWithAdditionsOnly) {
+    const DiskStage whole(kBundledFolder, "thousandpanes.def", ViewOptions());
+    EXPECT_EQ(whole.Model().StageTitle, "1001 Panes");
+    EXPECT_EQ(whole.Model().CamStartX, 0.0F) << "startx = 0";
+    const DiskStage plain(kBundledFolder, "thousandpanes.def", kPlainView);
+    EXPECT_EQ(plain.Model().StageTitle, "\"1001") << "cut at the blank behind a digit";
+    EXPECT_EQ(plain.Model().CamStartX, 70.0F) << "p2StartX = 70 taken for startx";
+}
+
 TEST(BundledStages, EverythingThatTheyNameIsThere) {
     PosixFiles files("/");
     for (const std::string& name : files.List(kBundledFolder + "stages/", ".def")) {
-        const DiskStage stage(kBundledFolder, name);
+        const DiskStage stage(kBundledFolder, name, ViewOptions());
         for (const BackgroundElement& element : stage.Model().Elements) {
             const bool animated = element.type == "anim";
             EXPECT_GE(animated ? element.actionIndex : element.spriteIndex, 0)

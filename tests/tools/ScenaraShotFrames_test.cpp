@@ -144,7 +144,7 @@ TEST_F(ScenaraShotFrames, WrongUseIsExplained) {
 
 // The whole of what an author sees: every stage, with the camera at every edge, without a word.
 TEST_F(ScenaraShotFrames, TheBundledStagesShowEverywhere) {
-    for (const char* stage : {"lanternpier.def", "nightexpress.def"}) {
+    for (const char* stage : {"lanternpier.def", "nightexpress.def", "thousandpanes.def"}) {
         std::vector<std::vector<std::uint32_t>> pictures;
         for (const char* keys : {"none:1", "left:200", "right:200", "up:100"}) {
             EXPECT_EQ(Run("--mugen " SCENARA_BUNDLED_DATA " " + std::string(stage) + " --keys " +
