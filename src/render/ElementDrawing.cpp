@@ -60,8 +60,8 @@ private:
         const std::int64_t to = std::min(shown, window_.rows.to - picture_.y);
         for (std::int64_t row = from; row < to; ++row) {
             const std::int64_t source = SourceRow(row, stretch);
-            const std::int64_t x =
-                RowPosition(element_, picture_.drawX, model_.CamX, source, height);
+            const std::int64_t x = RowPosition(element_, picture_.drawX, model_.CamX, source,
+                                               height, model_.ElementScale);
             PaintAcross({x, picture_.y + row, sprite_.width, 1, 0, source});
         }
     }
@@ -78,10 +78,10 @@ private:
     }
 
     [[nodiscard]] Tiles TilesOf(Long count, Long spacing, Integer size, Integer fileSize) const {
-        const std::int64_t step =
-            model_.ElementScale == 1
-                ? TileStep(spacing, size, animated_)
-                : ScaledStep(TileStep(spacing, fileSize, animated_), model_.ElementScale);
+        const std::int64_t step = model_.ElementScale == 1
+                                      ? TileStep(spacing, size, animated_)
+                                      : ScaledStep(TileStep(spacing, fileSize, animated_),
+                                                   model_.ElementScale, animated_);
         return {count, step, size, animated_, options_.additions};
     }
 

@@ -33,14 +33,11 @@ Offset FromAxis(const StageFrame& frame, const SpriteEntry& sprite, double scale
     return offset;
 }
 
-// Ties go to the even pixel. Addition: in a stage that was scaled, where elements stand at halves
-// all the time, they go to the right and down, so that neighbours stay together.
-Long WholePixel(const StageModel& model, Single position) {
-    const auto exact = static_cast<double>(position);
-    return ToLong(model.ElementScale == 1 ? exact : std::floor(exact + 0.5));
-}
-
 }  // namespace
+
+Long WholePixel(double position, Single elementScale) {
+    return ToLong(elementScale == 1 ? position : std::floor(position + 0.5));
+}
 
 bool HasPictures(const StageModel& model, const BackgroundElement& element) {
     return IsAnimated(element.type) ? ActionOf(model, element) != nullptr
@@ -80,8 +77,8 @@ std::optional<PlacedPicture> PlaceElement(const StageModel& model, const Backgro
     if (!(std::fabs(picture.drawX) <= kFarthest && std::fabs(drawY) <= kFarthest)) {
         return std::nullopt;
     }
-    picture.x = WholePixel(model, picture.drawX);
-    picture.y = WholePixel(model, drawY);
+    picture.x = WholePixel(static_cast<double>(picture.drawX), model.ElementScale);
+    picture.y = WholePixel(static_cast<double>(drawY), model.ElementScale);
     return picture;
 }
 

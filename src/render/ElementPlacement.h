@@ -21,6 +21,11 @@ struct PlacedPicture {
 // Positions beyond this are nowhere near the view, and no sum with a size leaves 32 bits.
 inline constexpr Single kFarthest = 1073741824.0F;
 
+// A position in whole pixels: ties go to the even one. Addition: in a stage that was scaled, where
+// elements stand at halves all the time, they go to the right and down, so that neighbours stay
+// together. `position` is within kFarthest.
+[[nodiscard]] Long WholePixel(double position, Single elementScale);
+
 // Nothing for an element that shows no picture: a dummy, a blank frame, one whose sprite is not in
 // the archive, or one that has drifted beyond kFarthest.
 //

@@ -22,13 +22,11 @@ double RowSpeed(const BackgroundElement& element, std::int64_t row, std::int64_t
 }
 
 std::int64_t RowPosition(const BackgroundElement& element, Single drawX, Single cameraX,
-                         std::int64_t row, std::int64_t rows) {
+                         std::int64_t row, std::int64_t rows, Single elementScale) {
     const double shear = static_cast<double>(cameraX) * static_cast<double>(element.deltaX) *
                          (RowSpeed(element, row, rows) - 1);
     constexpr auto kMost = static_cast<double>(kFarthest);
-    const double position =
-        std::clamp(RoundToEven(static_cast<double>(drawX) + shear), -kMost, kMost);
-    return static_cast<std::int64_t>(position);
+    return WholePixel(std::clamp(static_cast<double>(drawX) + shear, -kMost, kMost), elementScale);
 }
 
 double RowStretch(const BackgroundElement& element, Single cameraY) {

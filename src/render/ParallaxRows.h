@@ -18,10 +18,11 @@ namespace scenara {
 [[nodiscard]] double RowSpeed(const BackgroundElement& element, std::int64_t row,
                               std::int64_t rows);
 
-// Where the row stands, rounded, for an element that is drawn at `drawX`, while the stored camera
-// is at `cameraX`. Kept within kFarthest.
+// Where the row stands, in whole pixels as all pictures of the stage, for an element that is drawn
+// at `drawX` while the stored camera is at `cameraX`. Kept within kFarthest.
 [[nodiscard]] std::int64_t RowPosition(const BackgroundElement& element, Single drawX,
-                                       Single cameraX, std::int64_t row, std::int64_t rows);
+                                       Single cameraX, std::int64_t row, std::int64_t rows,
+                                       Single elementScale = 1);
 
 // Deform, an addition: parallax pictures are stretched vertically about their first row by
 // 1 / (yscaleStart / 100 + yscaleDelta / 100 * cameraY), kept within 1/16 to 16.

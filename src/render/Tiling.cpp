@@ -43,12 +43,13 @@ std::int64_t TileStep(Long spacing, std::int64_t size, bool animated) {
     return animated ? spacing : spacing + size;
 }
 
-std::int64_t ScaledStep(std::int64_t step, Single scale) {
-    if (step <= 1) {
+std::int64_t ScaledStep(std::int64_t step, Single scale, bool animated) {
+    const std::int64_t least = animated ? 2 : 1;
+    if (step < least) {
         return step;
     }
     const double scaled = RoundToEven(static_cast<double>(step) * static_cast<double>(scale));
-    return std::max<std::int64_t>(2, static_cast<std::int64_t>(scaled));
+    return std::max(least, static_cast<std::int64_t>(scaled));
 }
 
 Copies CopiesAlong(const Tiles& tiles, std::int64_t position, const PixelRange& visible,

@@ -26,9 +26,10 @@ struct Copies {
 // for still pictures.
 [[nodiscard]] std::int64_t TileStep(Long spacing, std::int64_t size, bool animated);
 
-// Addition: a step of a stage that was made for another view, in whole view pixels. One of 1 or
-// less stays as it is, and a larger one larger than that.
-[[nodiscard]] std::int64_t ScaledStep(std::int64_t step, Single scale);
+// Addition: a step of a stage that was made for another view, in whole view pixels. One of an
+// animation that is 1 or less, and so was not given, stays as it is, and a larger one stays larger;
+// one of a still picture that is above 0 stays so.
+[[nodiscard]] std::int64_t ScaledStep(std::int64_t step, Single scale, bool animated);
 
 // How many copies may lie upon one another at any pixel, along one axis: a step that would pile up
 // more is taken as a multiple of itself, so that no file makes a frame take minutes. No picture is

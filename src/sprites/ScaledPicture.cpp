@@ -92,6 +92,64 @@ private:
     std::array<double, 3> visible_{};
 };
 
+// The mean of up to four pixels whose alphas are 0 or 255, as Mean has it, in whole numbers.
+std::uint32_t MeanOfFew(std::span<const std::uint32_t> pixels, bool keyed) {
+    std::uint32_t visible = 0;
+    for (const std::uint32_t pixel : pixels) {
+        visible += pixel >> 31U;
+    }
+    const auto all = static_cast<std::uint32_t>(pixels.size());
+    const bool onlyVisible = keyed && visible > 0;
+    // Red and blue in one word, green in another, with room for four of each.
+    std::uint32_t redBlue = 0;
+    std::uint32_t green = 0;
+    for (const std::uint32_t pixel : pixels) {
+        if (!onlyVisible || pixel >> 31U != 0) {
+            redBlue += pixel & 0xFF00FFU;
+            green += pixel >> 8U & 0xFFU;
+        }
+    }
+    const std::uint32_t counted = onlyVisible ? visible : all;
+    const auto mean = [](std::uint32_t sum, std::uint32_t of) { return (sum + of / 2) / of; };
+    return mean(255 * visible, all) << 24U | mean(redBlue >> 16U, counted) << 16U |
+           mean(green, counted) << 8U | mean(redBlue & 0xFFFFU, counted);
+}
+
+bool IsAllOrNothing(std::span<const std::uint32_t> pixels) {
+    return std::all_of(pixels.begin(), pixels.end(), [](std::uint32_t pixel) {
+        return pixel >> 24U == 0 || pixel >> 24U == 255;
+    });
+}
+
+// Halving, which is what most scaled stages ask for: nothing but whole pixels, and few of them.
+bool Halve(const LockedPixels& from, Direct3DTexture8& picture, const LockedPixels& to,
+           bool keyed) {
+    const auto width = static_cast<std::size_t>(picture.Width());
+    const auto height = static_cast<std::size_t>(picture.Height());
+    const auto pitch = static_cast<std::size_t>(from.pitch);
+    for (std::size_t y = 0; y < height; y += 2) {
+        const std::size_t rows = std::min<std::size_t>(2, height - y);
+        for (std::size_t row = 0; row < rows; ++row) {
+            if (!IsAllOrNothing(from.words.subspan((y + row) * pitch, width))) {
+                return false;
+            }
+        }
+        const auto into = to.words.subspan(y / 2 * static_cast<std::size_t>(to.pitch));
+        for (std::size_t x = 0; x < width; x += 2) {
+            std::array<std::uint32_t, 4> few{};
+            std::size_t count = 0;
+            for (std::size_t row = 0; row < rows; ++row) {
+                few[count++] = from.words[(y + row) * pitch + x];
+                if (x + 1 < width) {
+                    few[count++] = from.words[(y + row) * pitch + x + 1];
+                }
+            }
+            into[x / 2] = MeanOfFew(std::span(few).first(count), keyed);
+        }
+    }
+    return true;
+}
+
 }  // namespace
 
 std::int32_t ScaledSize(std::int32_t size, double scale) {
@@ -106,11 +164,15 @@ std::shared_ptr<Direct3DTexture8> ScaledPicture(TextureMaker& maker, Direct3DTex
     parameters.width = ScaledSize(picture.Width(), scale);
     parameters.height = ScaledSize(picture.Height(), scale);
     std::shared_ptr<Direct3DTexture8> scaled = maker.CreateTexture(parameters);
-    const std::vector<Stretch> columns = Stretches(picture.Width(), scale);
-    const std::vector<Stretch> rows = Stretches(picture.Height(), scale);
-
     const LockedPixels from = picture.LockRect();
     const LockedPixels to = scaled->LockRect();
+    if (scale == 0.5 && Halve(from, picture, to, keyed)) {
+        scaled->UnlockRect();
+        picture.UnlockRect();
+        return scaled;
+    }
+    const std::vector<Stretch> columns = Stretches(picture.Width(), scale);
+    const std::vector<Stretch> rows = Stretches(picture.Height(), scale);
     for (std::size_t y = 0; y < rows.size(); ++y) {
         const auto line = to.words.subspan(y * static_cast<std::size_t>(to.pitch), columns.size());
         for (std::size_t x = 0; x < columns.size(); ++x) {

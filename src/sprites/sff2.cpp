@@ -2,6 +2,7 @@
 #include "sprites/sff2.h"
 
 #include <algorithm>
+#include <iterator>
 #include <new>
 #include <vector>
 
@@ -35,21 +36,26 @@ std::vector<std::uint64_t> MaskedPictures(const StageModel& model) {
     return pictures;
 }
 
-// The same with those of blended elements and of all actions, which are always masked.
-std::vector<std::uint64_t> KeyedPictures(const StageModel& model,
-                                         std::vector<std::uint64_t> pictures) {
+// The pictures that opaque stills show and nothing else, sorted: in all others colour 0 may be left
+// out, be it by another number that is linked to them.
+std::vector<std::uint64_t> OpaquePictures(const StageModel& model) {
+    std::vector<std::uint64_t> opaque;
+    std::vector<std::uint64_t> keyed;
     for (const BackgroundElement& element : model.Elements) {
-        if (element.blending.kind != BlendKind::None) {
-            pictures.push_back(PairKey(element.spriteGroup, element.spriteImage));
-        }
+        const bool plain = element.mask != 1 && element.blending.kind == BlendKind::None;
+        (plain ? opaque : keyed).push_back(PairKey(element.spriteGroup, element.spriteImage));
     }
     for (const StageAction& action : model.Actions) {
         for (const StageFrame& frame : action.frames) {
-            pictures.push_back(PairKey(frame.group, frame.image));
+            keyed.push_back(PairKey(frame.group, frame.image));
         }
     }
-    std::sort(pictures.begin(), pictures.end());
-    return pictures;
+    std::sort(opaque.begin(), opaque.end());
+    std::sort(keyed.begin(), keyed.end());
+    std::vector<std::uint64_t> only;
+    std::set_difference(opaque.begin(), opaque.end(), keyed.begin(), keyed.end(),
+                        std::back_inserter(only));
+    return only;
 }
 
 // A sprite that could not be had: what is wrong, and that the load goes on without it.
@@ -72,7 +78,7 @@ public:
           chain_(archive, header),
           pictures_(archive, scale == 1 ? device : scratch_, messages),
           masked_(MaskedPictures(model)),
-          keyed_(KeyedPictures(model, masked_)) {}
+          opaque_(scale == 1 ? std::vector<std::uint64_t>() : OpaquePictures(model)) {}
 
     SubfileChain& Chain() { return chain_; }
 
@@ -100,11 +106,9 @@ private:
                                   PairKey(subfile.group, subfile.image));
     }
 
-    // Whether anything shows it with its colour 0 left out. An entry that is linked to may be shown
-    // so by another number.
     [[nodiscard]] bool IsKeyed(const SubfileHeader& subfile) const {
-        return std::binary_search(keyed_.begin(), keyed_.end(),
-                                  PairKey(subfile.group, subfile.image));
+        return !std::binary_search(opaque_.begin(), opaque_.end(),
+                                   PairKey(subfile.group, subfile.image));
     }
 
     [[nodiscard]] bool TakeLinked(SpriteEntry& entry) {
@@ -171,7 +175,7 @@ private:
     SubfileChain chain_;
     SubfilePictures pictures_;
     std::vector<std::uint64_t> masked_;
-    std::vector<std::uint64_t> keyed_;
+    std::vector<std::uint64_t> opaque_;
 };
 
 // What is wrong with the archive as a whole.

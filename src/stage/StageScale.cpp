@@ -15,11 +15,16 @@ constexpr Long kGreatestHeight = 7680;
 
 // A product that is too large for its field is as near as the field comes to it.
 template <typename Number>
-void Scale(Number& number, double factor) {
+Number Nearest(double product) {
     constexpr auto kLeast = static_cast<double>(std::numeric_limits<Number>::lowest());
     constexpr auto kMost = static_cast<double>(std::numeric_limits<Number>::max());
-    const double product = std::clamp(static_cast<double>(number) * factor, kLeast, kMost);
-    number = static_cast<Number>(std::is_integral_v<Number> ? RoundToEven(product) : product);
+    const double within = std::clamp(product, kLeast, kMost);
+    return static_cast<Number>(std::is_integral_v<Number> ? RoundToEven(within) : within);
+}
+
+template <typename Number>
+void Scale(Number& number, double factor) {
+    number = Nearest<Number>(static_cast<double>(number) * factor);
 }
 
 // A window's corners along one axis: the nearer one first, and both inside, so that it is the edge
@@ -27,8 +32,8 @@ void Scale(Number& number, double factor) {
 void ScaleWindow(Single& a, Single& b, double factor, double before) {
     const auto nearer = static_cast<double>(std::min(a, b));
     const auto farther = static_cast<double>(std::max(a, b));
-    a = static_cast<Single>(nearer * factor - before);
-    b = static_cast<Single>((farther + 1) * factor - 1 - before);
+    a = Nearest<Single>(nearer * factor - before);
+    b = Nearest<Single>((farther + 1) * factor - 1 - before);
 }
 
 void ScaleElement(BackgroundElement& element, const StageScale& scale) {
@@ -64,9 +69,9 @@ StageScale ScaleOf(const StageModel& model) {
     const Long height = model.localcoordHeight;
     if (height >= kLowestHeight && height <= kGreatestHeight) {
         scale.stage = static_cast<double>(kViewHeight) / height;
-    }
-    if (model.localcoordWidth > 0) {
-        scale.columnsBefore = (model.localcoordWidth * scale.stage - kViewWidth) / 2;
+        if (model.localcoordWidth > 0) {
+            scale.columnsBefore = (model.localcoordWidth * scale.stage - kViewWidth) / 2;
+        }
     }
     scale.deltas = model.hires != 0 ? 0.5 : 1;
     scale.elements = scale.stage * scale.deltas;
