@@ -110,9 +110,14 @@ std::vector<std::byte> Archive() {
 
 }  // namespace
 
-PaintedStage::PaintedStage(std::string_view definition) : machine_(files_, {}, ViewOptions{false}) {
+const std::vector<std::byte>& PaintedArchive() {
     static const std::vector<std::byte> kArchive = Archive();
-    files_.Put("/mugen/stages/painted.sff", std::span(kArchive));
+    return kArchive;
+}
+
+PaintedStage::PaintedStage(std::string_view definition, const ViewOptions& view)
+    : machine_(files_, {}, view) {
+    files_.Put("/mugen/stages/painted.sff", std::span(PaintedArchive()));
     files_.Put("/mugen/stages/painted.def",
                std::string("[BGdef]\r\nspr = stages/painted.sff\r\n").append(definition));
     if (!machine_.Start("/mugen/stages/painted.def", "/mugen/")) {

@@ -11,6 +11,7 @@
 //   4,0 to 4,3      32 x 32,  axis 16,16: one to four bars in different colours
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -18,14 +19,15 @@
 
 #include "scenara-shot/KeyScript.h"
 #include "scenara-shot/ShotMachine.h"
+#include "stage/ViewOptions.h"
 #include "support/MemoryFiles.h"
 
 namespace scenara::test {
 
 class PaintedStage {
 public:
-    // `definition` gets the archive's name in front.
-    explicit PaintedStage(std::string_view definition);
+    // `definition` gets the archive's name in front. Plain, unless told otherwise.
+    explicit PaintedStage(std::string_view definition, const ViewOptions& view = kPlainView);
 
     // Frames as with scenara-shot; the script counts from the first frame of all.
     void Run(int frames);
@@ -45,6 +47,9 @@ private:
     std::int64_t frame_ = 0;
     bool info_ = false;
 };
+
+// The archive above.
+[[nodiscard]] const std::vector<std::byte>& PaintedArchive();
 
 // An element that covers the view and stays where it is.
 inline constexpr const char* kBackdrop =

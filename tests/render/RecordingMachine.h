@@ -12,6 +12,7 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
+#include <cstdio>
 #include <memory>
 #include <new>
 #include <optional>
@@ -52,7 +53,40 @@ struct DrawnQuad {
     bool blending = false;
     std::uint32_t source = 0;
     std::uint32_t destination = 0;
+    std::uint32_t operation = D3DBLENDOP_ADD;
 };
+
+// How it is blended: "masked", "added" and "taken" by its alpha, or "oddly blended".
+inline std::string BlendingOf(const DrawnQuad& quad) {
+    const bool byAlpha = quad.source == D3DBLEND_SRCALPHA;
+    const bool adding = quad.operation == D3DBLENDOP_ADD;
+    if (byAlpha && adding && quad.destination == D3DBLEND_INVSRCALPHA) {
+        return "masked";
+    }
+    if (byAlpha && adding && quad.destination == D3DBLEND_ONE) {
+        return "added";
+    }
+    if (byAlpha && quad.operation == D3DBLENDOP_REVSUBTRACT && quad.destination == D3DBLEND_ONE) {
+        return "taken";
+    }
+    return "oddly blended";
+}
+
+// The colour at all corners, when it is not white.
+inline std::string TintOf(const DrawnQuad& quad) {
+    const std::uint32_t color = quad.corners[0].color;
+    for (const Vertex& corner : quad.corners) {
+        if (corner.color != color) {
+            return " in several colours";
+        }
+    }
+    if (color == 0xFFFFFFFF) {
+        return "";
+    }
+    std::array<char, 9> digits{};
+    static_cast<void>(std::snprintf(digits.data(), digits.size(), "%08X", color));
+    return std::string(" in ") + digits.data();
+}
 
 // The quad in words; "odd ..." when it is no upright rectangle of the texture's pixels, one to one.
 inline std::string Described(const DrawnQuad& quad) {
@@ -75,7 +109,9 @@ inline std::string Described(const DrawnQuad& quad) {
                          lowerLeft.tv == lowerRight.tv && upperLeft.tv == upperRight.tv;
     const bool mirrored = u1 < u0;
     constexpr double kNear = 0.01;
-    const bool oneToOne = std::abs(std::abs(u1 - u0) - w) < kNear && std::abs(v1 - v0 - h) < kNear;
+    const bool flipped = v1 < v0;
+    const bool oneToOne =
+        std::abs(std::abs(u1 - u0) - w) < kNear && std::abs(std::abs(v1 - v0) - h) < kNear;
     const auto number = [](double value) { return NumberText(std::round(value)); };
     std::string text = upright && oneToOne ? "" : "odd: ";
     text.append(texture->Name()).append(" ");
@@ -83,18 +119,13 @@ inline std::string Described(const DrawnQuad& quad) {
     text.append(number(static_cast<double>(upperLeft.y))).append(" ");
     text.append(number(w)).append("x").append(number(h));
     const double sourceX = mirrored ? -u0 : u0;
-    if (std::abs(sourceX) > kNear || std::abs(v0) > kNear) {
-        text.append(" from ").append(number(sourceX)).append(",").append(number(v0));
+    const double sourceY = flipped ? -v0 : v0;
+    if (std::abs(sourceX) > kNear || std::abs(sourceY) > kNear) {
+        text.append(" from ").append(number(sourceX)).append(",").append(number(sourceY));
     }
-    if (mirrored) {
-        text += " mirrored";
-    }
-    if (quad.blending) {
-        const bool byAlpha =
-            quad.source == D3DBLEND_SRCALPHA && quad.destination == D3DBLEND_INVSRCALPHA;
-        text += byAlpha ? " masked" : " oddly blended";
-    }
-    return text;
+    text.append(mirrored ? " mirrored" : "").append(flipped ? " flipped" : "");
+    text.append(quad.blending ? " " + BlendingOf(quad) : "");
+    return text.append(TintOf(quad));
 }
 
 // What was called, and what shall go wrong.
@@ -264,6 +295,7 @@ private:
             case D3DRS_SRCBLEND: now_.source = value; break;
             case D3DRS_DESTBLEND: now_.destination = value; break;
             case D3DRS_ALPHABLENDENABLE: now_.blending = value != 0; break;
+            case D3DRS_BLENDOP: now_.operation = value; break;
             default: break;
         }
     }

@@ -46,8 +46,8 @@ public:
 };
 
 struct StagePlayer {
-    // The camera goes 1 pixel a step.
-    StagePlayer() {
+    // The camera goes 1 pixel a step. Plain, unless told otherwise.
+    explicit StagePlayer(const ViewOptions& options = kPlainView) : view(options) {
         camera.HCamStep = 1;
         camera.VCamStep = 1;
     }
@@ -56,7 +56,7 @@ struct StagePlayer {
     void Start() {
         engine.Engine_Init();
         PlaceCamera(model, camera);
-        PrepareElements(model, kPlainView);
+        PrepareElements(model, view);
         static_cast<void>(record.TakeLines());
     }
 
@@ -85,6 +85,7 @@ struct StagePlayer {
 
     [[nodiscard]] BackgroundElement& Element(std::size_t index) { return model.Elements.at(index); }
 
+    ViewOptions view;
     Record record;
     RecordingMachine machine{record};
     RecordedWindow window{record};
@@ -97,8 +98,8 @@ struct StagePlayer {
     HeadlessKeyboard keyboard;
     SetClock clock;
     HeadlessPointer pointer;
-    TileEngine tiles{engine, model,      camera,
-                     flags,  kPlainView, CameraInput{keyboard, clock, pointer, window}};
+    TileEngine tiles{engine, model, camera,
+                     flags,  view,  CameraInput{keyboard, clock, pointer, window}};
 };
 
 }  // namespace scenara::test

@@ -1,0 +1,410 @@
+// SPDX-License-Identifier: MIT
+//
+// Pictures brought to another size, one by one and in archives.
+#include "sprites/ScaledPicture.h"
+
+#include <cstddef>
+#include <limits>
+#include <memory>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "ArchiveLoad.h"
+#include "base/RunTimeError.h"
+
+namespace scenara::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+// --- sizes ---
+
+TEST(ScaledSize, IsRoundedUp) {
+    EXPECT_EQ(ScaledSize(10, 0.5), 5);
+    EXPECT_EQ(ScaledSize(11, 0.5), 6);
+    EXPECT_EQ(ScaledSize(641, 0.5), 321);
+    EXPECT_EQ(ScaledSize(301, 0.75), 226);  // 225.75
+    EXPECT_EQ(ScaledSize(160, 2), 320);
+}
+
+TEST(ScaledSize, IsExactWhereTheProductIsWhole) {
+    for (std::int32_t size = 3; size < 3000; size += 3) {
+        EXPECT_EQ(ScaledSize(size, 240.0 / 720), size / 3);
+    }
+    EXPECT_EQ(ScaledSize(700, 240.0 / 280), 600);
+}
+
+TEST(ScaledSize, IsAtLeast1AndAtMostWhatAPictureMayHave) {
+    EXPECT_EQ(ScaledSize(1, 0.5), 1);
+    EXPECT_EQ(ScaledSize(1, 1.0 / 32), 1);
+    EXPECT_EQ(ScaledSize(32767, 8), 32767);
+}
+
+// --- pixels ---
+
+// Of `maker`, with these pixels.
+std::shared_ptr<Direct3DTexture8> Painted(TextureMaker& maker, std::int32_t width,
+                                          const Words& pixels) {
+    TextureParameters parameters;
+    parameters.width = width;
+    parameters.height = static_cast<std::int32_t>(pixels.size()) / width;
+    auto texture = maker.CreateTexture(parameters);
+    const LockedPixels locked = texture->LockRect();
+    for (std::size_t i = 0; i < pixels.size(); ++i) {
+        const std::size_t columns = static_cast<std::size_t>(width);
+        locked.words[i / columns * static_cast<std::size_t>(locked.pitch) + i % columns] =
+            pixels[i];
+    }
+    texture->UnlockRect();
+    return texture;
+}
+
+constexpr bool kKeyed = true;
+constexpr bool kOpaque = false;
+
+Words Scaled(std::int32_t width, const Words& pixels, double scale, bool keyed = kKeyed,
+             DeviceLines lines = DeviceLines::AsWanted) {
+    RecordingDevice device(lines);
+    const auto picture = Painted(device, width, pixels);
+    return PixelsOf(*ScaledPicture(device, *picture, scale, keyed));
+}
+
+TEST(ScaledPicture, HalvedIsTheMeanOfFour) {
+    EXPECT_THAT(Scaled(2, {0xFF0A141E, 0xFF14283C, 0xFF1E3C5A, 0xFF285078}, 0.5),
+                ElementsAre(0xFF19324BU));  // 10 20 30, 20 40 60, 30 60 90, 40 80 120
+}
+
+TEST(ScaledPicture, EachPixelOfTheResultIsOfItsOwnPlace) {
+    // 4 x 4 in squares of 2 x 2.
+    const Words pixels = {0xFFFF0000, 0xFFFF0000, 0xFF00FF00, 0xFF00FF00,  //
+                          0xFFFF0000, 0xFFFF0000, 0xFF00FF00, 0xFF00FF00,  //
+                          0xFF0000FF, 0xFF0000FF, 0xFF101010, 0xFF303030,  //
+                          0xFF0000FF, 0xFF0000FF, 0xFF505050, 0xFF707070};
+    EXPECT_THAT(Scaled(4, pixels, 0.5),
+                ElementsAre(0xFFFF0000U, 0xFF00FF00U, 0xFF0000FFU, 0xFF404040U));
+}
+
+// Index 0, whatever its colour, counts as nothing.
+TEST(ScaledPicture, TransparentPixelsLendNoColour) {
+    EXPECT_THAT(Scaled(2, {0xFF204060, 0x00FF00FF, 0x00FF00FF, 0x00FF00FF}, 0.5),
+                ElementsAre(0x40204060U));  // a quarter of 255: 63.75
+    EXPECT_THAT(Scaled(2, {0xFF204060, 0x00FF00FF, 0xFF406080, 0x00FF00FF}, 0.5),
+                ElementsAre(0x80305070U));  // 127.5
+    EXPECT_THAT(Scaled(2, {0xFF204060, 0xFF204060, 0xFF204060, 0x00FF00FF}, 0.5),
+                ElementsAre(0xBF204060U));  // 191.25
+}
+
+TEST(ScaledPicture, WhereNothingIsVisibleTheTransparentColourStays) {
+    EXPECT_THAT(Scaled(2, {0x00FF00FF, 0x00FF00FF, 0x00FF00FF, 0x00FF00FF}, 0.5),
+                ElementsAre(0x00FF00FFU));
+}
+
+// Shown opaque, its colour is one like any other.
+TEST(ScaledPicture, OfAPictureThatIsShownOpaqueTransparentPixelsLendTheirColour) {
+    EXPECT_THAT(Scaled(2, {0xFFFFFFFF, 0x00000000, 0x00000000, 0x00000000}, 0.5, kOpaque),
+                ElementsAre(0x40404040U));
+    EXPECT_THAT(Scaled(2, {0xFF204060, 0xFF204060, 0x00608040, 0x00608040}, 0.5, kOpaque),
+                ElementsAre(0x80406050U));
+}
+
+// The last one has only half of its area in the picture, and is as visible as the others.
+TEST(ScaledPicture, OfAnOddWidthEndsInWhatIsThere) {
+    EXPECT_THAT(Scaled(3, {0xFF102030, 0xFF304050, 0xFF708090}, 0.5),
+                ElementsAre(0xFF203040U, 0xFF708090U));
+    // The same downwards.
+    EXPECT_THAT(Scaled(1, {0xFF102030, 0xFF304050, 0xFF708090}, 0.5),
+                ElementsAre(0xFF203040U, 0xFF708090U));
+}
+
+TEST(ScaledPicture, OfASinglePixelIsThatPixel) {
+    for (const double scale : {0.5, 1.0 / 3, 0.03125}) {
+        EXPECT_THAT(Scaled(1, {0xFF123456}, scale), ElementsAre(0xFF123456U)) << scale;
+    }
+}
+
+TEST(ScaledPicture, TakesPartsOfPixels) {
+    // Two thirds: each takes one and a half. (90 + 30 / 2) / 1.5 and (30 / 2 + 60) / 1.5.
+    EXPECT_THAT(Scaled(3, {0xFF00005A, 0xFF00001E, 0xFF00003C}, 2.0 / 3),
+                ElementsAre(0xFF000046U, 0xFF000032U));
+}
+
+TEST(ScaledPicture, DoubledHasEachPixelFourTimes) {
+    EXPECT_THAT(Scaled(2, {0xFF112233, 0x00FF00FF}, 2),
+                ElementsAre(0xFF112233U, 0xFF112233U, 0x00FF00FFU, 0x00FF00FFU,  //
+                            0xFF112233U, 0xFF112233U, 0x00FF00FFU, 0x00FF00FFU));
+}
+
+TEST(ScaledPicture, TheDevicesOwnLinesDoNotMatter) {
+    const Words pixels = {0xFF000000, 0xFF040404, 0xFF080808, 0xFF101010,  //
+                          0xFF000000, 0xFF040404, 0xFF080808, 0xFF101010};
+    for (const DeviceLines lines : {DeviceLines::AsWanted, DeviceLines::Tight, DeviceLines::Wide}) {
+        EXPECT_THAT(Scaled(4, pixels, 0.5, kKeyed, lines), ElementsAre(0xFF020202U, 0xFF0C0C0CU));
+    }
+}
+
+TEST(ScaledPicture, IsUnlockedAndSoIsWhatItIsMadeFrom) {
+    RecordingDevice device;
+    const auto picture = Painted(device, 2, {1, 2, 3, 4});
+    const auto scaled = ScaledPicture(device, *picture, 0.5, kKeyed);
+    EXPECT_EQ(device.Counts().locks, device.Counts().unlocks);
+}
+
+TEST(ScaledPicture, ThatTheDeviceRefusesIsItsError) {
+    RecordingDevice device;
+    const auto picture = Painted(device, 2, {1, 2, 3, 4});
+    device.RefuseNext(RunTimeErrorKind::OutOfMemory);
+    EXPECT_THROW(static_cast<void>(ScaledPicture(device, *picture, 0.5, kKeyed)), RunTimeError);
+    EXPECT_EQ(device.Counts().locks, device.Counts().unlocks);
+}
+
+// Halving has a quick way for pictures in which alpha is 0 or 255; a line with another alpha at the
+// lower end makes the whole picture go the other way.
+TEST(ScaledPicture, HalvedQuicklyIsTheSame) {
+    constexpr std::int32_t kWidth = 33;
+    constexpr std::size_t kLines = 20;
+    Random random(7);
+    Words quick;
+    for (std::size_t i = 0; i < kWidth * kLines; ++i) {
+        const std::uint32_t rgb = random.Below(0x1000000);
+        quick.push_back(random.OneIn(3) ? rgb : rgb | 0xFF000000U);
+    }
+    Words other = quick;
+    other.insert(other.end(), kWidth, 0x80FFFFFF);
+    for (const bool keyed : {kKeyed, kOpaque}) {
+        Words expected = Scaled(kWidth, other, 0.5, keyed);
+        expected.resize(expected.size() - 17);  // without the line of its own
+        EXPECT_EQ(Scaled(kWidth, quick, 0.5, keyed), expected);
+    }
+}
+
+// A long thin picture at each of the scales that stages come with.
+TEST(ScaledPicture, OfOneColourIsOfThatColourUpToItsEdges) {
+    for (const Long height : {30, 120, 200, 270, 400, 480, 540, 600, 720, 768, 1080, 2160, 7680}) {
+        const double scale = 240.0 / height;
+        for (const std::int32_t width : {1, 2, 3, 7, 31, 97, 320, 1000}) {
+            const Words pixels(static_cast<std::size_t>(width), 0xFF8040C0);
+            const Words scaled = Scaled(width, pixels, scale);
+            EXPECT_THAT(scaled, testing::Each(0xFF8040C0U)) << height << " " << width;
+        }
+    }
+}
+
+// --- textures on the way through ---
+
+TEST(ScratchTextures, HaveTheLinesThatAreWanted) {
+    ScratchTextures scratch;
+    TextureParameters parameters;
+    parameters.width = 5;
+    parameters.height = 3;
+    parameters.wantedPitch = 8;
+    parameters.wantedSlack = 4;
+    const auto texture = scratch.CreateTexture(parameters);
+    EXPECT_EQ(texture->Width(), 5);
+    EXPECT_EQ(texture->Height(), 3);
+    const LockedPixels locked = texture->LockRect();
+    EXPECT_EQ(locked.pitch, 8);
+    EXPECT_THAT(locked.words, SizeIs(28));  // 3 lines of 8, and 4
+}
+
+TEST(ScratchTextures, TakeEachOthersPlace) {
+    ScratchTextures scratch;
+    auto first = Painted(scratch, 2, {1, 2, 3, 4});
+    const std::uint32_t* const place = first->LockRect().words.data();
+    first.reset();
+    const auto second = Painted(scratch, 3, {5, 6, 7});
+    EXPECT_EQ(second->LockRect().words.data(), place);
+    EXPECT_THAT(PixelsOf(*second), ElementsAre(5U, 6U, 7U));
+}
+
+TEST(ScratchTextures, GrowAsNeeded) {
+    ScratchTextures scratch;
+    static_cast<void>(Painted(scratch, 1, {9}));
+    EXPECT_THAT(PixelsOf(*Painted(scratch, 2, {1, 2, 3, 4, 5, 6})),
+                ElementsAre(1U, 2U, 3U, 4U, 5U, 6U));
+}
+
+TEST(ScratchTextures, OfNoSizeAreRefused) {
+    ScratchTextures scratch;
+    for (const std::int32_t side : {0, -1, 32768, std::numeric_limits<std::int32_t>::max()}) {
+        TextureParameters parameters;
+        parameters.width = side;
+        parameters.height = 1;
+        EXPECT_THROW(static_cast<void>(scratch.CreateTexture(parameters)), RunTimeError);
+        parameters.width = 1;
+        parameters.height = side;
+        EXPECT_THROW(static_cast<void>(scratch.CreateTexture(parameters)), RunTimeError);
+    }
+}
+
+// --- archives ---
+
+// Two pictures, 4 x 2 and 3 x 1, and one that is linked to the first.
+std::vector<std::byte> Archive() {
+    Palette palette{};
+    palette[0] = {255, 0, 255};
+    palette[1] = {16, 32, 48};
+    palette[2] = {48, 64, 80};
+    const IndexedPicture first{4, 2, {1, 1, 2, 0, 2, 2, 0, 0}, palette};
+    const IndexedPicture second{3, 1, {1, 1, 2}, palette};
+    Sff1Subfile a = Shown(1, 0, WritePcx(first));
+    a.axisX = 3;
+    a.axisY = -5;
+    Sff1Subfile b = Linked(1, 1, 0);
+    b.axisX = 7;
+    b.axisY = 9;
+    return WriteSff1({{a, b, Shown(2, 0, WritePcx(second))}});
+}
+
+class ScaledArchive : public testing::Test {
+protected:
+    void Load(double scale) {
+        const std::vector<std::byte> archive = Archive();
+        load.file = std::make_unique<MemoryFile>(std::span(archive));
+        LoadSprites(load.model, *load.file, kArchiveName, load.device, load.window, load.messages,
+                    scale);
+    }
+    // A still element that shows a picture.
+    BackgroundElement& Shows(const char* type, Long group, Integer image) {
+        BackgroundElement element;
+        element.type = type;
+        element.spriteGroup = group;
+        element.spriteImage = image;
+        return load.model.Elements.emplace_back(element);
+    }
+    // The second pixel of the first picture: one of four is visible, 48 64 80, and the others have
+    // the colour 255 0 255.
+    void ExpectKeyed() { EXPECT_EQ(load.Pixels(0).at(1), 0x40304050U); }
+    void ExpectOpaque() { EXPECT_EQ(load.Pixels(0).at(1), 0x40CB10D3U); }
+
+    ArchiveLoad load;
+};
+
+TEST_F(ScaledArchive, HasEachPictureAtItsNewSize) {
+    Shows("normal", 1, 0).mask = 1;
+    Load(0.5);
+    ASSERT_EQ(load.model.SpriteCount, 3);
+    EXPECT_EQ(load.Sprite(0).width, 2);
+    EXPECT_EQ(load.Sprite(0).height, 1);
+    // 16 32 48 twice and 48 64 80 twice; one visible of four.
+    EXPECT_THAT(load.Pixels(0), ElementsAre(0xFF203040U, 0x40304050U));
+    EXPECT_EQ(load.Sprite(2).width, 2);
+    EXPECT_EQ(load.Sprite(2).height, 1);
+    EXPECT_THAT(load.Pixels(2), ElementsAre(0xFF102030U, 0xFF304050U));
+    EXPECT_EQ(load.model.LastImageWidth, 2);
+    EXPECT_EQ(load.model.LastImageHeight, 1);
+    EXPECT_THAT(load.Texts(), IsEmpty());
+}
+
+TEST_F(ScaledArchive, KeepsAxesNumbersAndKeyColoursAsTheyStandInTheFile) {
+    Load(0.5);
+    EXPECT_EQ(load.Sprite(0).axisX, 3);
+    EXPECT_EQ(load.Sprite(0).axisY, -5);
+    EXPECT_EQ(load.Sprite(0).group, 1);
+    EXPECT_EQ(load.Sprite(0).keyAlpha, 255);
+    EXPECT_EQ(load.Sprite(0).keyRed, 255);
+    EXPECT_EQ(load.Sprite(0).keyGreen, 0);
+    EXPECT_EQ(load.Sprite(0).keyBlue, 255);
+}
+
+TEST_F(ScaledArchive, LinkedOnesShareTheScaledPictureAndKeepTheirAxes) {
+    Load(0.5);
+    EXPECT_EQ(load.Sprite(1).texture, load.Sprite(0).texture);
+    EXPECT_EQ(load.Sprite(1).width, 2);
+    EXPECT_EQ(load.Sprite(1).linkedTo, 0);
+    EXPECT_EQ(load.Sprite(1).axisX, 7);
+    EXPECT_EQ(load.Sprite(1).axisY, 9);
+}
+
+// The pictures as they stand in the file take no memory of the device.
+TEST_F(ScaledArchive, AsksTheDeviceForScaledPicturesOnly) {
+    Load(0.5);
+    ASSERT_THAT(load.device.Created(), SizeIs(2));
+    EXPECT_EQ(load.device.Created()[0].width, 2);
+    EXPECT_EQ(load.device.Created()[0].height, 1);
+    EXPECT_EQ(load.device.Created()[1].width, 2);
+}
+
+TEST_F(ScaledArchive, NotesTheSizesInTheFile) {
+    Load(0.5);
+    EXPECT_EQ(load.Sprite(0).fileWidth, 4);
+    EXPECT_EQ(load.Sprite(0).fileHeight, 2);
+    EXPECT_EQ(load.Sprite(1).fileWidth, 4);
+    EXPECT_EQ(load.Sprite(2).fileWidth, 3);
+    EXPECT_EQ(load.Sprite(2).fileHeight, 1);
+}
+
+TEST_F(ScaledArchive, APictureThatIsShownOpaqueHasTheMeanOfAllColours) {
+    Shows("normal", 1, 0);
+    Load(0.5);
+    ExpectOpaque();
+}
+
+TEST_F(ScaledArchive, APictureThatIsShownBothWaysIsKeyed) {
+    Shows("normal", 1, 0);
+    Shows("parallax", 1, 0).mask = 1;
+    Load(0.5);
+    ExpectKeyed();
+}
+
+TEST_F(ScaledArchive, ABlendingKeysAsAMaskDoes) {
+    Shows("normal", 1, 0).blending.kind = BlendKind::Add;
+    Load(0.5);
+    ExpectKeyed();
+}
+
+TEST_F(ScaledArchive, AFrameOfAnActionKeys) {
+    StageFrame frame;
+    frame.group = 1;
+    load.model.Actions.emplace_back().frames.push_back(frame);
+    Shows("normal", 1, 0);
+    Load(0.5);
+    ExpectKeyed();
+}
+
+// It is drawn like "normal".
+TEST_F(ScaledArchive, AMaskOfAnElementOfNoKindCounts) {
+    Shows("", 1, 0).mask = 1;
+    Load(0.5);
+    ExpectKeyed();
+}
+
+TEST_F(ScaledArchive, APictureShownOnlyThroughALinkIsKeyed) {
+    Shows("normal", 1, 1).mask = 1;
+    Load(0.5);
+    ExpectKeyed();
+}
+
+TEST_F(ScaledArchive, AtScale1IsThePlainOne) {
+    Load(1);
+    ArchiveLoad plain;
+    plain.Run(Archive());
+    ASSERT_EQ(load.model.SpriteCount, plain.model.SpriteCount);
+    for (std::size_t i = 0; i < plain.model.Sprites.size(); ++i) {
+        EXPECT_EQ(load.Sprite(i).width, plain.Sprite(i).width);
+        EXPECT_EQ(load.Pixels(i), plain.Pixels(i));
+    }
+}
+
+TEST_F(ScaledArchive, APictureThatTheDeviceRefusesIsSaidAndTheLoadGoesOn) {
+    load.device.RefuseNext(RunTimeErrorKind::OutOfMemory);
+    Load(0.5);
+    EXPECT_THAT(load.Texts(),
+                testing::Contains(testing::StartsWith("PCX Error:  Group 1 Image 0\r\n")));
+    // The linked one has lost what it is linked to.
+    EXPECT_EQ(load.model.Sprites.back().group, 2);
+    EXPECT_THAT(load.Pixels(load.model.Sprites.size() - 1), ElementsAre(0xFF102030U, 0xFF304050U));
+}
+
+TEST_F(ScaledArchive, APictureThatTheHeapRefusesIsSaidAndTheLoadGoesOn) {
+    load.device.FailNextAllocation();
+    Load(0.5);
+    EXPECT_THAT(load.Texts(),
+                testing::Contains(testing::StartsWith("PCX Error:  Group 1 Image 0\r\n")));
+    EXPECT_EQ(load.model.Sprites.back().group, 2);
+}
+
+}  // namespace
+}  // namespace scenara::test

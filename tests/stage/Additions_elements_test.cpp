@@ -1,0 +1,234 @@
+// SPDX-License-Identifier: MIT
+//
+// What additions read of an element and of frame lines beyond plain reading. Each definition is
+// also read plainly, where the fields stay as they were.
+#include <string>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "BothReadings.h"
+
+namespace scenara::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+// --- kinds ---
+
+struct KindRow {
+    const char* written;
+    const char* kind;
+    const char* plain;
+};
+
+class ElementKinds : public testing::TestWithParam<KindRow> {};
+
+TEST_P(ElementKinds, AreDecidedByTheirFirstLetter) {
+    const BothReadings read(std::string("[BG]\r\ntype = ") + GetParam().written + "\r\n");
+    EXPECT_EQ(read.WithElement().type, GetParam().kind);
+    EXPECT_EQ(read.PlainElement().type, GetParam().plain);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Words, ElementKinds,
+    testing::Values(KindRow{"normal", "normal", "normal"}, KindRow{"norm", "normal", "normal"},
+                    KindRow{"Nrm", "normal", "nrm"}, KindRow{"parallax", "parallax", "parallax"},
+                    KindRow{"paral", "parallax", "parallax"},
+                    KindRow{"parrallax", "parallax", "parrallax"}, KindRow{"anim", "anim", "anim"},
+                    KindRow{"ani", "anim", "anim"}, KindRow{"anim loop", "anim", "anim loop"},
+                    KindRow{"Animated", "anim", "animated"}, KindRow{"dummy", "dummy", "dummy"},
+                    KindRow{"dum", "dummy", "dum"}, KindRow{"bgpalette", "bgpalette", "bgpalette"},
+                    KindRow{"1", "1", "1"}));
+
+TEST(AdditionsElements, AWordThatMeansAnimIsAnAnimationInEveryRespect) {
+    const BothReadings read(
+        "[BG]\r\ntype = animation\r\nactionno = 7\r\n[Begin Action 7]\r\n0,0, 0,0, 1\r\n");
+    EXPECT_EQ(read.WithElement().tileSpacingX, 1);
+    EXPECT_EQ(read.WithElement().tileSpacingY, 1);
+    EXPECT_EQ(read.WithElement().mask, 1);
+    EXPECT_EQ(read.WithElement().actionIndex, 0);
+    EXPECT_EQ(read.PlainElement().tileSpacingX, 0);
+    EXPECT_EQ(read.PlainElement().mask, 0);
+}
+
+TEST(AdditionsElements, NullIsStillRemovedAndSaid) {
+    const BothReadings read("[BG]\r\ntype = null\r\n");
+    EXPECT_EQ(read.With().ElementCount, 0);
+    EXPECT_THAT(read.WithTexts(), ElementsAre("NULL BG 0"));
+}
+
+// --- keys ---
+
+TEST(AdditionsElements, SinXIsTheSidewaysSwing) {
+    const BothReadings read("[BG]\r\nsin.x = 12.5, 40, 7\r\nsin.y = 3, 4, 5\r\n");
+    EXPECT_THAT(read.WithElement().sinState, ElementsAre(12.5F, 40, 7));
+    EXPECT_EQ(read.WithElement().sinYAmplitude, 3);
+    EXPECT_EQ(read.WithElement().sinYPeriod, 4);
+    EXPECT_EQ(read.WithElement().sinYPhase, 5);
+    EXPECT_THAT(read.PlainElement().sinState, ElementsAre(0, 0, 0));
+    EXPECT_EQ(read.PlainElement().sinYAmplitude, 3);
+}
+
+TEST(AdditionsElements, ASingleValueOfSinXIsTheAmplitude) {
+    EXPECT_THAT(BothReadings("[BG]\r\nsin.x = 12\r\n").WithElement().sinState,
+                ElementsAre(12, 0, 0));
+}
+
+TEST(AdditionsElements, BlendingIsNoneAndAlpha256And0WithoutKeys) {
+    const BothReadings read("[BG]\r\ntype = normal\r\n");
+    EXPECT_EQ(read.WithElement().blending.kind, BlendKind::None);
+    EXPECT_EQ(read.WithElement().alphaSource, 256);
+    EXPECT_EQ(read.WithElement().alphaDestination, 0);
+}
+
+TEST(AdditionsElements, TransAndAlphaMayComeInEitherOrder) {
+    for (const char* const keys :
+         {"trans = AddAlpha\r\nalpha = 80,120\r\n", "alpha = 80,120\r\ntrans = AddAlpha\r\n"}) {
+        const BothReadings read(std::string("[BG]\r\n") + keys);
+        EXPECT_EQ(read.WithElement().blending.kind, BlendKind::AddAlpha);
+        EXPECT_EQ(read.WithElement().blending.source, 80);
+        EXPECT_EQ(read.WithElement().blending.destination, 120);
+        EXPECT_EQ(read.PlainElement().blending.kind, BlendKind::None);
+    }
+}
+
+TEST(AdditionsElements, ASingleValueOfAlphaIsTheSource) {
+    const BothReadings read("[BG]\r\ntrans = addalpha\r\nalpha = 80\r\n");
+    EXPECT_EQ(read.WithElement().blending.source, 80);
+    EXPECT_EQ(read.WithElement().blending.destination, 0);
+}
+
+TEST(AdditionsElements, EachWordOfTransIsItsBlending) {
+    const auto kindOf = [](const char* trans) {
+        const BothReadings read(std::string("[BG]\r\ntrans = ") + trans + "\r\n");
+        EXPECT_EQ(read.PlainElement().blending.kind, BlendKind::None);
+        return read.WithElement().blending.kind;
+    };
+    EXPECT_EQ(kindOf("none"), BlendKind::None);
+    EXPECT_EQ(kindOf("Add"), BlendKind::Add);
+    EXPECT_EQ(kindOf("ADD1"), BlendKind::Add1);
+    EXPECT_EQ(kindOf("sub"), BlendKind::Sub);
+    EXPECT_EQ(kindOf("addalpha"), BlendKind::AddAlpha);
+}
+
+TEST(AdditionsElements, AnAlphaThatDoesNotFitIsSaidAndLeftAlone) {
+    const BothReadings read("[BG]\r\ntrans = addalpha\r\nalpha = 99999, 5\r\n");
+    EXPECT_THAT(read.WithTexts(), ElementsAre("Overflow: alpha, line 3"));
+    EXPECT_EQ(read.WithElement().blending.source, 256);
+    EXPECT_EQ(read.WithElement().blending.destination, 5);
+    EXPECT_THAT(read.PlainTexts(), IsEmpty());
+}
+
+TEST(AdditionsElements, WindowDeltaIsReadWithoutAWord) {
+    const BothReadings read("[BG]\r\nwindowdelta = .5, -2\r\n");
+    EXPECT_EQ(read.WithElement().windowDeltaX, 0.5F);
+    EXPECT_EQ(read.WithElement().windowDeltaY, -2);
+    EXPECT_THAT(read.WithTexts(), IsEmpty());
+    EXPECT_EQ(read.PlainElement().windowDeltaX, 0);
+    EXPECT_THAT(read.PlainTexts(), ElementsAre("Windowdelta not supported just yet.."));
+}
+
+TEST(AdditionsElements, AWindowDeltaOf0IsSilentToo) {
+    EXPECT_THAT(BothReadings("[BG]\r\nwindowdelta = 0, 0\r\n").WithTexts(), IsEmpty());
+}
+
+TEST(AdditionsElements, YScalesAre100And0UnlessGiven) {
+    const BothReadings without("[BG]\r\ntype = parallax\r\n");
+    EXPECT_EQ(without.WithElement().yscaleStart, 100);
+    EXPECT_EQ(without.WithElement().yscaleDelta, 0);
+    const BothReadings read(
+        "[BG]\r\ntype = parallax\r\nyscalestart = 80.5\r\nyscaledelta = -.82\r\n");
+    EXPECT_EQ(read.WithElement().yscaleStart, 80.5F);
+    EXPECT_EQ(read.WithElement().yscaleDelta, -0.82F);
+    EXPECT_EQ(read.PlainElement().yscaleStart, 100);
+    EXPECT_EQ(read.PlainElement().yscaleDelta, 0);
+}
+
+// --- frame lines ---
+
+BothReadings FrameLine(const std::string& line) {
+    return BothReadings("[Begin Action 1]\r\n" + line + "\r\n");
+}
+
+TEST(AdditionsFrames, BehindTheFlipStandsAFramesOwnBlending) {
+    const BothReadings read = FrameLine("4,1, -2,3, 5, H, AS100D200");
+    EXPECT_EQ(read.WithFrame().flip, "h");
+    EXPECT_EQ(read.WithFrame().time, 5);
+    EXPECT_EQ(read.WithFrame().blending.kind, BlendKind::AddAlpha);
+    EXPECT_EQ(read.WithFrame().blending.source, 100);
+    EXPECT_EQ(read.WithFrame().blending.destination, 200);
+    EXPECT_EQ(read.PlainFrame().blending.kind, BlendKind::None);
+    EXPECT_EQ(read.PlainFrame().flip, "h");
+    EXPECT_THAT(read.WithTexts(), IsEmpty());
+}
+
+TEST(AdditionsFrames, AnEmptyFlipIsNone) {
+    for (const char* const line : {"0,0, 0,0, 5, , A", "0,0, 0,0, 5,,a", "0,0,0,0,5,,A,"}) {
+        const BothReadings read = FrameLine(line);
+        EXPECT_EQ(read.WithFrame().flip, "") << line;
+        EXPECT_EQ(read.WithFrame().blending.kind, BlendKind::Add) << line;
+        EXPECT_THAT(read.WithTexts(), IsEmpty()) << line;
+        EXPECT_THAT(read.PlainTexts(), IsEmpty()) << line;
+    }
+}
+
+TEST(AdditionsFrames, EachLetterIsItsBlending) {
+    const auto kindOf = [](const char* letters) {
+        return FrameLine(std::string("0,0, 0,0, 5, , ") + letters).WithFrame().blending.kind;
+    };
+    EXPECT_EQ(kindOf("A"), BlendKind::Add);
+    EXPECT_EQ(kindOf("a1"), BlendKind::Add1);
+    EXPECT_EQ(kindOf("S"), BlendKind::Sub);
+    EXPECT_EQ(kindOf("As256d256"), BlendKind::AddAlpha);
+    EXPECT_EQ(kindOf("Z"), BlendKind::None);
+    EXPECT_EQ(kindOf(""), BlendKind::None);
+}
+
+TEST(AdditionsFrames, WithoutASeventhValueThereIsNone) {
+    for (const char* const line : {"0,0, 0,0, 5", "0,0, 0,0, 5, H", "0,0, 0,0, 5, H,"}) {
+        EXPECT_EQ(FrameLine(line).WithFrame().blending.kind, BlendKind::None) << line;
+    }
+}
+
+TEST(AdditionsFrames, AFlipToTheSideOrOverIsNotReported) {
+    for (const char* const flip : {"V", "hv", "HV", "h"}) {
+        const BothReadings read = FrameLine(std::string("0,0, 0,0, 5, ") + flip);
+        EXPECT_THAT(read.WithTexts(), IsEmpty()) << flip;
+    }
+    EXPECT_THAT(FrameLine("0,0, 0,0, 5, v").PlainTexts(),
+                ElementsAre("vertical flip not coded yet dude.."));
+}
+
+TEST(AdditionsFrames, AFlipThatNobodyKnowsIsReportedAsEver) {
+    for (const char* const flip : {"x", "a", "hh"}) {
+        const BothReadings read = FrameLine(std::string("0,0, 0,0, 5, ") + flip);
+        EXPECT_THAT(read.WithTexts(), ElementsAre("vertical flip not coded yet dude..")) << flip;
+        EXPECT_THAT(read.PlainTexts(), ElementsAre("vertical flip not coded yet dude..")) << flip;
+    }
+}
+
+// --- settings ---
+
+TEST(AdditionsSettings, HiresAndLocalcoordAreRead) {
+    const BothReadings read("[StageInfo]\r\nhires = 1\r\nlocalcoord = 640, 480\r\n");
+    EXPECT_EQ(read.With().hires, 1);
+    EXPECT_EQ(read.With().localcoordWidth, 640);
+    EXPECT_EQ(read.With().localcoordHeight, 480);
+    EXPECT_EQ(read.Plain().hires, 0);
+    EXPECT_EQ(read.Plain().localcoordWidth, 0);
+    EXPECT_EQ(read.Plain().localcoordHeight, 0);
+}
+
+TEST(AdditionsSettings, AreForgottenByTheNextStage) {
+    StageMachine machine;
+    ASSERT_TRUE(machine.Load("[StageInfo]\r\nhires = 1\r\nlocalcoord = 640, 480\r\n"));
+    ASSERT_TRUE(machine.Load("[StageInfo]\r\n"));
+    EXPECT_EQ(machine.model.hires, 0);
+    EXPECT_EQ(machine.model.localcoordHeight, 0);
+    EXPECT_EQ(machine.model.ElementScale, 1);
+}
+
+}  // namespace
+}  // namespace scenara::test

@@ -1,0 +1,174 @@
+// SPDX-License-Identifier: MIT
+//
+// What counts as a section header, what may stand before a key, and how texts are cut, with
+// additions and without.
+#include <string>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "BothReadings.h"
+#include "samplemaker/Sff1Writer.h"
+#include "stage/SectionHeader.h"
+#include "support/FuzzChecks.h"
+
+namespace scenara::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+// --- headers ---
+
+TEST(BeginsWithBracket, WhateverBlanksStandBefore) {
+    EXPECT_TRUE(BeginsWithBracket("[BG sky]"));
+    EXPECT_TRUE(BeginsWithBracket("   [BG sky]"));
+    EXPECT_FALSE(BeginsWithBracket("spr = [x]y.sff"));
+    EXPECT_FALSE(BeginsWithBracket("x[BG sky]"));
+    EXPECT_FALSE(BeginsWithBracket(""));
+    EXPECT_FALSE(BeginsWithBracket("   "));
+    EXPECT_FALSE(BeginsWithBracket("]["));
+}
+
+// Plainly the line is a header, of a section of settings.
+TEST(AdditionsTexts, AValueWithBracketsIsNoHeader) {
+    StageMachine machine;
+    machine.files.Put("/mugen/stages/[x]y.sff", SmallArchiveBytes());
+    const std::string definition = "[BGdef]\r\nspr = stages/[x]y.sff\r\n";
+    ASSERT_TRUE(machine.Load(definition));
+    EXPECT_EQ(machine.model.SpriteCount, 3);
+    EXPECT_THAT(machine.MessageTexts(), IsEmpty());
+
+    PlainMachine plain;
+    plain.files.Put("/mugen/stages/[x]y.sff", SmallArchiveBytes());
+    ASSERT_TRUE(plain.Load(definition));
+    EXPECT_EQ(plain.model.SpriteCount, 0);
+}
+
+TEST(AdditionsTexts, ALineWithBracketsDoesNotEndItsSection) {
+    const BothReadings read(
+        "[BG sky]\r\ntrans = [add]\r\nid = 5\r\n"
+        "\t [BG indented]\r\nid = 6\r\n");
+    ASSERT_EQ(read.With().ElementCount, 2);
+    EXPECT_EQ(read.With().Elements[0].id, 5);
+    EXPECT_EQ(read.With().Elements[1].id, 6);
+    EXPECT_EQ(read.PlainElement().id, 0);
+}
+
+TEST(AdditionsTexts, AFrameLineWithBracketsIsAFrame) {
+    const BothReadings read("[Begin Action 1]\r\n4,1, 0,0, 5 [second]\r\n");
+    ASSERT_EQ(read.With().Actions.at(0).frameCount, 1);
+    EXPECT_EQ(read.WithFrame().group, 4);
+    EXPECT_EQ(read.Plain().Actions.at(0).frameCount, 0);
+}
+
+// --- keys ---
+
+TEST(AdditionsTexts, AKeyInsideOfAnotherWordIsNotThatKey) {
+    const BothReadings read(
+        "[Camera]\r\nstartx = 7\r\n[PlayerInfo]\r\nP2StartX = 70\r\np1Startx = -60\r\n");
+    EXPECT_EQ(read.With().CamStartX, 7);
+    EXPECT_EQ(read.With().P1StartX, -60);
+    EXPECT_EQ(read.Plain().CamStartX, -60) << "what the additions are for";
+}
+
+TEST(AdditionsTexts, AKeyMayBeInAnyCaseAndBehindBlanks) {
+    const BothReadings read("[Camera]\r\n  StartX = 7\r\n\tBOUNDLEFT=-9\r\nboundRight =11\r\n");
+    EXPECT_EQ(read.With().CamStartX, 7);
+    EXPECT_EQ(read.With().BoundLeft, -9);
+    EXPECT_EQ(read.With().BoundRight, 11);
+    EXPECT_EQ(read.Plain().CamStartX, 7);
+    EXPECT_EQ(read.Plain().BoundLeft, -9);
+    EXPECT_EQ(read.Plain().BoundRight, 11);
+}
+
+TEST(AdditionsTexts, AKeyBehindItsLetterOnTheLineIsNotMissed) {
+    // "x" also stands in the value, "id" in the first word.
+    const BothReadings read(
+        "[BG]\r\nid = 3\r\nxscale = 2,3\r\n[BGCtrlDef]\r\n[BGCtrl]\r\nX = 4\r\nctrlid = 8\r\n");
+    EXPECT_EQ(read.WithElement().id, 3);
+    EXPECT_EQ(read.WithElement().xscaleTop, 2);
+    const BgCtrl& control = read.With().CtrlDefs.at(0).controls.at(0);
+    EXPECT_EQ(control.x, 4);
+    EXPECT_THAT(control.ctrlIds, ElementsAre(8));
+}
+
+// --- texts ---
+
+TEST(AdditionsTexts, ANameIsTakenWholeInItsOwnCaseWithoutItsQuotes) {
+    const BothReadings read("[Info]\r\nname = \"Dock9 by Night\"\r\n");
+    EXPECT_EQ(read.With().StageTitle, "Dock9 by Night");
+    EXPECT_EQ(read.Plain().StageTitle, "\"dock9");
+}
+
+TEST(AdditionsTexts, QuotesThatDoNotSurroundTheNameStay) {
+    for (const char* const name : {"\"Dock", "Dock\"", "\"", "The \"Dock\" at", "\"Dock\" 9"}) {
+        const BothReadings read(std::string("[Info]\r\nname = ") + name + "\r\n");
+        EXPECT_EQ(read.With().StageTitle, name);
+    }
+}
+
+TEST(AdditionsTexts, QuotesWithNothingInThemAreAnEmptyName) {
+    EXPECT_EQ(BothReadings("[Info]\r\nname = \"\"\r\n").With().StageTitle, "");
+    EXPECT_EQ(BothReadings("[Info]\r\nname =\r\n").With().StageTitle, "");
+}
+
+TEST(AdditionsTexts, ACommentIsNoPartOfAText) {
+    const BothReadings read("[Info]\r\nname = \"Dock 9\" ; by the sea\r\n");
+    EXPECT_EQ(read.With().StageTitle, "Dock 9");
+}
+
+TEST(AdditionsTexts, ATextMayHoldAnotherEqualsSign) {
+    EXPECT_EQ(BothReadings("[Info]\r\nname = 2 + 2 = 5\r\n").With().StageTitle, "2 + 2 = 5");
+}
+
+// In Shift-JIS the byte 0x81 begins a character; plain reading ends a line at it.
+TEST(AdditionsTexts, BytesAbove127StayAsTheyAre) {
+    const std::string name = "\x83\x41\x81\x40 3 \xC4\xD6";
+    const BothReadings read("[Info]\r\nname = \"" + name + "\"\r\n");
+    EXPECT_EQ(read.With().StageTitle, name);
+    EXPECT_EQ(read.Plain().StageTitle, "\"\x83\x61") << "cut, and its second byte a small letter";
+}
+
+// The second bytes of Shift-JIS characters may look like brackets.
+TEST(AdditionsTexts, BytesThatLookLikeBracketsMakeNoHeader) {
+    const std::string name = "\x83\x5B\x83\x5D";
+    const BothReadings read("[Info]\r\nname = " + name + "\r\n");
+    EXPECT_EQ(read.With().StageTitle, name);
+    EXPECT_EQ(read.Plain().StageTitle, "");
+}
+
+TEST(AdditionsTexts, MusicIsTakenWholeInItsOwnCase) {
+    const BothReadings read("[Music]\r\nbgmusic = sound/Track2 Long.MP3\r\n");
+    EXPECT_EQ(read.With().MusicFile, "sound/Track2 Long.MP3");
+    EXPECT_EQ(read.WithMusic(), "/mugen/sound/Track2 Long.MP3");
+    EXPECT_EQ(read.Plain().MusicFile, "sound/track2");
+    EXPECT_EQ(read.PlainMusic(), "/mugen/sound/track2");
+}
+
+TEST(AdditionsTexts, WithoutAValueThereIsNoMusic) {
+    const BothReadings read("[Music]\r\nbgmusic =\r\nbgvolume = 5\r\n");
+    EXPECT_EQ(read.With().MusicFile, "");
+    EXPECT_EQ(read.WithMusic(), "");
+}
+
+TEST(AdditionsTexts, TheArchivesNameIsTakenWholeInItsOwnCase) {
+    StageMachine machine;
+    ASSERT_TRUE(machine.Load("[BGdef]\r\nspr = stages/Level2 New.SFF\r\n"));
+    EXPECT_THAT(machine.MessageTexts(),
+                ElementsAre("SFF FILE:\r\nstages/Level2 New.SFF\r\nCOULD NOT BE FOUND!"));
+    PlainMachine plain;
+    ASSERT_TRUE(plain.Load("[BGdef]\r\nspr = stages/Level2 New.SFF\r\n"));
+    EXPECT_THAT(plain.MessageTexts(),
+                ElementsAre("SFF FILE:\r\nstages/level2\r\nCOULD NOT BE FOUND!"));
+}
+
+TEST(AdditionsTexts, OtherTextsAreReadAsEver) {
+    const BothReadings read("[BG]\r\ntype = NORMAL\r\ntrans = Add1 or so\r\n");
+    EXPECT_EQ(read.WithElement().type, "normal");
+    EXPECT_EQ(read.WithElement().trans, "add1");
+    EXPECT_EQ(read.PlainElement().trans, "add1");
+}
+
+}  // namespace
+}  // namespace scenara::test
