@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+//
+// PictureFit: where the view stands in the box that shows it.
+//
+// At the largest whole multiple that fits, in the middle, nothing around it; in a box that is
+// smaller than the view as large as fits with its shape kept. All in the box's own pixels.
+// Positions in the box go back to the view by the same map.
+#pragma once
+
+#include <algorithm>
+#include <cstdint>
+
+#include "base/Integers.h"
+#include "platform/Direct3D8.h"
+
+namespace scenara {
+
+struct PictureFit {
+    std::int32_t left = 0;
+    std::int32_t top = 0;
+    std::int32_t width = 0;  // 0 in a box without any room
+    std::int32_t height = 0;
+
+    // In a box of this size.
+    [[nodiscard]] static PictureFit In(std::int32_t boxWidth, std::int32_t boxHeight) {
+        PictureFit fit;
+        if (boxWidth < 1 || boxHeight < 1) {
+            return fit;
+        }
+        const std::int32_t times = std::min(boxWidth / kViewWidth, boxHeight / kViewHeight);
+        if (times > 0) {
+            fit.width = times * kViewWidth;
+            fit.height = times * kViewHeight;
+        } else {
+            const std::int64_t byWidth = std::int64_t{boxWidth} * kViewHeight;
+            const std::int64_t byHeight = std::int64_t{boxHeight} * kViewWidth;
+            const bool narrow = byWidth <= byHeight;
+            fit.width = narrow ? boxWidth : static_cast<std::int32_t>(byHeight / kViewHeight);
+            fit.height = narrow ? static_cast<std::int32_t>(byWidth / kViewWidth) : boxHeight;
+        }
+        fit.left = (boxWidth - fit.width) / 2;
+        fit.top = (boxHeight - fit.height) / 2;
+        return fit;
+    }
+
+    // The column or row of the view that a column or row of the picture shows, by its centre.
+    [[nodiscard]] std::int32_t ViewColumn(std::int32_t column) const {
+        return static_cast<std::int32_t>((std::int64_t{column} * 2 + 1) * kViewWidth /
+                                         (std::int64_t{width} * 2));
+    }
+    [[nodiscard]] std::int32_t ViewRow(std::int32_t row) const {
+        return static_cast<std::int32_t>((std::int64_t{row} * 2 + 1) * kViewHeight /
+                                         (std::int64_t{height} * 2));
+    }
+};
+
+}  // namespace scenara

@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: MIT
+//
+// MainWindow: the program's form on a Qt desktop.
+//
+// It shows what the Form says: before each wait for messages it looks what has changed there and
+// changes the widgets likewise; the widgets hold no settings of their own. What the user does is
+// noted in the handlers of the toolkit and handed to the program, one event by one, on its own
+// stack, when the toolkit has returned.
+#pragma once
+
+#include <QMainWindow>
+#include <array>
+#include <deque>
+#include <functional>
+#include <string>
+
+#include "platform/Form.h"
+#include "platform/Window.h"
+
+class QAction;
+class QMenu;
+
+namespace scenara {
+
+class PictureWidget;
+
+class MainWindow : public QMainWindow, public Window {
+public:
+    // `form` outlives it.
+    explicit MainWindow(const Form& form);
+    ~MainWindow() override;
+
+    // Who hears of events from now on. The form's menus have their captions and places by then.
+    void SetEvents(FormEvents* events);
+    [[nodiscard]] PictureWidget& Picture() { return *picture_; }
+
+    // Lets the program sleep until something happens; for when no stage is shown.
+    void WaitForEvents();
+
+    void Show() override;
+    void Size(Long width, Long height) override;
+    void MoveTo(Long left, Long top) override;
+    void SetCaption(const std::string& caption) override;
+    [[nodiscard]] bool MessageWaiting() override;
+    void DoEvents() override;
+    [[nodiscard]] WindowPlace Place() const override;
+    [[nodiscard]] ScreenSize Screen() const override;
+    [[nodiscard]] WindowHandle PictureHandle() const override;
+    [[nodiscard]] bool EndRequested() const override { return endRequested_; }
+    void RequestEnd() override { endRequested_ = true; }
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    using Event = std::function<void(FormEvents&)>;
+
+    void BuildMenus();
+    void ShowForm();
+    void Note(Event event) { waiting_.push_back(std::move(event)); }
+    void HandOver();
+    void NoteResize();
+
+    const Form& form_;
+    FormEvents* events_ = nullptr;
+    PictureWidget* picture_ = nullptr;  // a child, as Qt has it
+    std::array<QAction*, kMenuCount> actions_{};
+    std::deque<Event> waiting_;
+    bool looksTruly_ = false;  // the dispatcher can tell whether something waits
+    bool resized_ = false;
+    bool endRequested_ = false;
+};
+
+}  // namespace scenara

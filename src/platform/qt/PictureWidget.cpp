@@ -1,0 +1,94 @@
+// SPDX-License-Identifier: MIT
+#include "platform/qt/PictureWidget.h"
+
+#include <QPaintEvent>
+#include <QPainter>
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+
+namespace scenara {
+namespace {
+
+// One line of the view, every pixel as wide as the picture is stretched.
+void StretchLine(std::span<const std::uint32_t> line, std::uint32_t* into, const PictureFit& fit) {
+    const std::int32_t times = fit.width / kViewWidth;
+    if (times > 0) {
+        for (const std::uint32_t pixel : line) {
+            into = std::fill_n(into, times, pixel);
+        }
+        return;
+    }
+    for (std::int32_t x = 0; x < fit.width; ++x) {
+        into[x] = line[static_cast<std::size_t>(fit.ViewColumn(x))];
+    }
+}
+
+}  // namespace
+
+PictureWidget::PictureWidget(QWidget* parent) : QWidget(parent) {
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setAttribute(Qt::WA_NoSystemBackground);
+    setMinimumSize(1, 1);
+}
+
+HRESULT PictureWidget::Show(std::span<const std::uint32_t> pixels) {
+    view_.assign(pixels.begin(), pixels.end());
+    Stretch();
+    repaint();
+    return D3D_OK;
+}
+
+void PictureWidget::resizeEvent(QResizeEvent* /*event*/) {
+    Stretch();
+}
+
+void PictureWidget::Stretch() {
+    const double ratio = devicePixelRatioF();
+    const auto boxWidth = static_cast<std::int32_t>(std::lround(width() * ratio));
+    const auto boxHeight = static_cast<std::int32_t>(std::lround(height() * ratio));
+    fit_ = PictureFit::In(boxWidth, boxHeight);
+    if (view_.empty() || fit_.width < 1 || fit_.height < 1) {
+        return;
+    }
+    if (stretched_.width() != fit_.width || stretched_.height() != fit_.height) {
+        stretched_ = QImage(fit_.width, fit_.height, QImage::Format_RGB32);
+    }
+    stretched_.setDevicePixelRatio(ratio);
+    std::int32_t lastRow = -1;
+    for (std::int32_t y = 0; y < fit_.height; ++y) {
+        auto* const into = reinterpret_cast<std::uint32_t*>(stretched_.scanLine(y));
+        const std::int32_t row = fit_.ViewRow(y);
+        if (row == lastRow) {
+            std::memcpy(into, stretched_.constScanLine(y - 1),
+                        static_cast<std::size_t>(fit_.width) * sizeof(std::uint32_t));
+            continue;
+        }
+        lastRow = row;
+        StretchLine(
+            std::span(view_).subspan(
+                static_cast<std::size_t>(row) * static_cast<std::size_t>(kViewWidth), kViewWidth),
+            into, fit_);
+    }
+}
+
+void PictureWidget::paintEvent(QPaintEvent* event) {
+    QPainter painter(this);
+    painter.setCompositionMode(QPainter::CompositionMode_Source);
+    if (view_.empty() || fit_.width < 1 || fit_.height < 1) {
+        painter.fillRect(event->rect(), Qt::black);
+        return;
+    }
+    const double ratio = devicePixelRatioF();
+    const QRectF picture(fit_.left / ratio, fit_.top / ratio, fit_.width / ratio,
+                         fit_.height / ratio);
+    if (picture != QRectF(rect())) {
+        const QRegion around = QRegion(rect()).subtracted(QRegion(picture.toAlignedRect()));
+        for (const QRect& strip : around) {
+            painter.fillRect(strip, Qt::black);
+        }
+    }
+    painter.drawImage(picture.topLeft(), stretched_);
+}
+
+}  // namespace scenara

@@ -1,0 +1,156 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/VirtualDisplay.h"
+
+#include <chrono>
+#include <csignal>
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
+#include <stdexcept>
+#include <thread>
+
+#include <fcntl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace scenara::test {
+namespace {
+
+using namespace std::chrono_literals;
+
+std::string Contents(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+std::uint32_t BigEndian(const std::string& bytes, std::size_t at) {
+    std::uint32_t value = 0;
+    for (std::size_t i = 0; i < 4; ++i) {
+        value = value << 8U | static_cast<unsigned char>(bytes.at(at + i));
+    }
+    return value;
+}
+
+// Blue, green, red.
+std::uint32_t Rgb(const std::string& bytes, std::size_t at) {
+    std::uint32_t value = 0;
+    for (std::size_t i = 3; i-- > 0;) {
+        value = value << 8U | static_cast<unsigned char>(bytes.at(at + i));
+    }
+    return value;
+}
+
+// An X window dump of 24 or 32 bits a pixel, lowest byte first, as a virtual server makes it.
+Screenshot ReadDump(const std::string& dump) {
+    constexpr std::size_t kColourSize = 12;
+    Screenshot shot;
+    shot.width = static_cast<int>(BigEndian(dump, 16));
+    shot.height = static_cast<int>(BigEndian(dump, 20));
+    const std::size_t pixelBytes = BigEndian(dump, 44) / 8;
+    const std::size_t lineBytes = BigEndian(dump, 48);
+    const std::size_t start = BigEndian(dump, 0) + BigEndian(dump, 76) * kColourSize;
+    for (int y = 0; y < shot.height; ++y) {
+        for (int x = 0; x < shot.width; ++x) {
+            shot.rgb.push_back(Rgb(dump, start + static_cast<std::size_t>(y) * lineBytes +
+                                             static_cast<std::size_t>(x) * pixelBytes));
+        }
+    }
+    return shot;
+}
+
+}  // namespace
+
+bool Eventually(const std::function<bool()>& condition) {
+    const auto end = std::chrono::steady_clock::now() + 30s;
+    while (!condition()) {
+        if (std::chrono::steady_clock::now() > end) {
+            return false;
+        }
+        std::this_thread::sleep_for(50ms);
+    }
+    return true;
+}
+
+Child::Child(const std::vector<std::string>& command, const std::vector<std::string>& environment,
+             const std::string& outputFile) {
+    pid_ = ::fork();
+    if (pid_ != 0) {
+        return;
+    }
+    ::setpgid(0, 0);
+    const int output = ::open(outputFile.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
+    ::dup2(output, STDOUT_FILENO);
+    ::dup2(output, STDERR_FILENO);
+    for (const std::string& variable : environment) {
+        ::putenv(const_cast<char*>(variable.c_str()));  // NOLINT: what the call wants
+    }
+    std::vector<char*> words;
+    for (const std::string& word : command) {
+        words.push_back(const_cast<char*>(word.c_str()));  // NOLINT: what the call wants
+    }
+    words.push_back(nullptr);
+    ::execvp(words[0], words.data());
+    ::_exit(127);
+}
+
+Child::~Child() {
+    if (pid_ > 0) {
+        ::kill(-pid_, SIGKILL);
+        ::kill(pid_, SIGKILL);
+        ::waitpid(pid_, nullptr, 0);
+    }
+}
+
+std::optional<int> Child::ExitStatus() {
+    int status = 0;
+    if (!Eventually([&] { return ::waitpid(pid_, &status, WNOHANG) == pid_; })) {
+        return std::nullopt;
+    }
+    pid_ = -1;
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+std::uint32_t Screenshot::At(int x, int y) const {
+    if (x < 0 || y < 0 || x >= width || y >= height) {
+        throw std::out_of_range("outside of the screen");
+    }
+    return rgb[static_cast<std::size_t>(y) * static_cast<std::size_t>(width) +
+               static_cast<std::size_t>(x)];
+}
+
+VirtualDisplay::VirtualDisplay() {
+    const std::string answer = Folder() + "display";
+    // The server chooses a free number and writes it to the file.
+    server_.emplace(std::vector<std::string>{"sh", "-c",
+                                             "exec Xvfb -displayfd 3 -screen 0 1024x768x24 "
+                                             "-noreset -nolisten tcp 3>" +
+                                                 answer},
+                    std::vector<std::string>{}, Folder() + "server.txt");
+    if (!Eventually([&] { return Contents(answer).find('\n') != std::string::npos; })) {
+        throw std::runtime_error("no virtual display: " + Contents(Folder() + "server.txt"));
+    }
+    const std::string number = Contents(answer);
+    name_.assign(1, ':').append(number, 0, number.find('\n'));
+    manager_.emplace(std::vector<std::string>{"openbox", "--sm-disable"}, Environment(),
+                     Folder() + "manager.txt");
+}
+
+std::string VirtualDisplay::Do(const std::string& words) const {
+    const std::string answer = Folder() + "answer.txt";
+    const std::string command =
+        "DISPLAY=" + name_ + " xdotool " + words + " >" + answer + " 2>/dev/null";
+    static_cast<void>(std::system(command.c_str()));
+    std::string text = Contents(answer);
+    return text.substr(0, text.find('\n'));
+}
+
+Screenshot VirtualDisplay::Look() const {
+    const std::string dump = Folder() + "screen.xwd";
+    const std::string command = "DISPLAY=" + name_ + " xwd -root -silent -out " + dump;
+    if (std::system(command.c_str()) != 0) {
+        return {};
+    }
+    return ReadDump(Contents(dump));
+}
+
+}  // namespace scenara::test

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+//
+// A display of the test's own, with a window manager, and the real program on it.
+//
+// Nothing here depends on how fast the machine is: what is to happen is waited for.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <sys/types.h>
+
+#include "platform/posix/ProgramFolder.h"
+
+namespace scenara::test {
+
+// A program that runs beside the test, in a process group of its own, and is ended with it.
+class Child {
+public:
+    Child(const std::vector<std::string>& command, const std::vector<std::string>& environment,
+          const std::string& outputFile);
+    Child(const Child&) = delete;
+    Child& operator=(const Child&) = delete;
+    ~Child();
+
+    // Its exit status once it has ended; waits up to half a minute.
+    [[nodiscard]] std::optional<int> ExitStatus();
+
+private:
+    pid_t pid_ = -1;
+};
+
+// What can be seen on the display.
+struct Screenshot {
+    int width = 0;
+    int height = 0;
+    std::vector<std::uint32_t> rgb;
+
+    [[nodiscard]] std::uint32_t At(int x, int y) const;
+};
+
+class VirtualDisplay {
+public:
+    VirtualDisplay();
+
+    [[nodiscard]] std::vector<std::string> Environment() const { return {"DISPLAY=" + name_}; }
+    [[nodiscard]] std::string Folder() const { return folder_.Path(); }
+
+    // Runs xdotool with these words; what it says.
+    std::string Do(const std::string& words) const;
+    [[nodiscard]] Screenshot Look() const;
+
+private:
+    TemporaryFolder folder_;
+    std::string name_;
+    std::optional<Child> server_;
+    std::optional<Child> manager_;
+};
+
+// Whether `condition` comes true within half a minute.
+[[nodiscard]] bool Eventually(const std::function<bool()>& condition);
+
+}  // namespace scenara::test
