@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+//
+// Dialogs: the questions that the program asks. Each stands over the main window, blocks until it
+// is answered, and gives an empty text where the user cancels. Paths are in the machine's own
+// style; a folder has no separator at its end, but for a root.
+#pragma once
+
+#include <string>
+
+namespace scenara {
+
+class Dialogs {
+public:
+    Dialogs() = default;
+    Dialogs(const Dialogs&) = delete;
+    Dialogs& operator=(const Dialogs&) = delete;
+    virtual ~Dialogs() = default;
+
+    // The folder that the user chooses. `prompt` may hold several lines (CR LF).
+    [[nodiscard]] virtual std::string BrowseForFolder(const std::string& prompt) = 0;
+
+    // The existing file that the user chooses, with "*.def" files offered at first. An empty
+    // `initialFolder` leaves the place to the machine.
+    [[nodiscard]] virtual std::string OpenFile(const std::string& title,
+                                               const std::string& initialFolder) = 0;
+
+    // A line of text, empty at first.
+    [[nodiscard]] virtual std::string InputBox(const std::string& prompt) = 0;
+};
+
+}  // namespace scenara

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+//
+// DisplayModes: the modes of the screen on which the main window stands, which one is in force, and
+// the switch to another.
+#pragma once
+
+#include <optional>
+
+#include "base/Integers.h"
+
+namespace scenara {
+
+struct DisplaySettings {
+    Long width = 0;  // pixels
+    Long height = 0;
+    Long bitsPerPixel = 0;
+    Long frequency = 0;  // hertz; below 2: the hardware's default
+
+    friend bool operator==(const DisplaySettings&, const DisplaySettings&) = default;
+};
+
+class DisplayModes {
+public:
+    DisplayModes() = default;
+    DisplayModes(const DisplayModes&) = delete;
+    DisplayModes& operator=(const DisplayModes&) = delete;
+    virtual ~DisplayModes() = default;
+
+    // Mode number `index`, counted from 0; nothing behind the last one. 0 has the modes read anew.
+    [[nodiscard]] virtual std::optional<DisplaySettings> EnumDisplaySettings(Long index) = 0;
+
+    // The mode in force.
+    [[nodiscard]] virtual DisplaySettings Current() = 0;
+
+    // Switches; whether it worked. The mode that was in force at first comes back when the program
+    // ends.
+    virtual bool ChangeDisplaySettings(const DisplaySettings& mode) = 0;
+};
+
+}  // namespace scenara
