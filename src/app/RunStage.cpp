@@ -82,7 +82,6 @@ void frmStage::ShowStage() {
     }
     SetCaption(model_.StageTitle);
     loop_.LastFpsTick = kNoFpsTick;
-    loop_.FrameCount = 0;
     infoText_.clear();
     textSurface_.Create(kTextSurfaceWidth, kTextSurfaceHeight);
     while (QuitRequested == kFalse && !restart_ && !machine_.window.EndRequested()) {
@@ -110,7 +109,6 @@ void frmStage::StartLoop() {
     }
     viewSurface_.Create(kViewWidth, kViewHeight);
     EnableLoadingMenus(form_, true);
-    loop_.LoadingStage = 0;
 }
 
 // A start that did not come through, or a pass that ended with an error: the window goes on without

@@ -3,16 +3,14 @@
 
 #include <algorithm>
 
+#include "render/BlendStates.h"
+
 namespace scenara {
 namespace {
 
 constexpr Integer kWhole = 256;
 constexpr std::uint32_t kWhite = 0xFFFFFF;
 constexpr std::uint32_t kBlack = 0;
-
-void SetState(Direct3DDevice8& device, std::uint32_t state, std::uint32_t value) {
-    Require(device.SetRenderState(state, value), "SetRenderState");
-}
 
 // A vertex colour whose alpha is so many parts of 256.
 std::uint32_t AtAlpha(std::uint32_t rgb, Integer parts) {
@@ -36,11 +34,9 @@ void Blit(Engine& engine, const BlendedPiece& piece, std::uint32_t color) {
 }  // namespace
 
 void BeginBlending(Direct3DDevice8& device, const Blending& blending) {
-    SetState(device, D3DRS_SRCBLEND, D3DBLEND_SRCALPHA);
-    SetState(device, D3DRS_DESTBLEND, D3DBLEND_ONE);
-    SetState(device, D3DRS_ALPHABLENDENABLE, 1);
+    BlendByAlpha(device, D3DBLEND_ONE);
     if (blending.kind == BlendKind::Sub) {
-        SetState(device, D3DRS_BLENDOP, D3DBLENDOP_REVSUBTRACT);
+        SetBlendState(device, D3DRS_BLENDOP, D3DBLENDOP_REVSUBTRACT);
     }
 }
 
@@ -48,9 +44,9 @@ void DrawBlended(Engine& engine, const Blending& blending, const BlendedPiece& p
     Direct3DDevice8& device = engine.Device();
     const Integer darkening = Darkening(blending);
     if (darkening > 0) {
-        SetState(device, D3DRS_DESTBLEND, D3DBLEND_INVSRCALPHA);
+        SetBlendState(device, D3DRS_DESTBLEND, D3DBLEND_INVSRCALPHA);
         Blit(engine, piece, AtAlpha(kBlack, darkening));
-        SetState(device, D3DRS_DESTBLEND, D3DBLEND_ONE);
+        SetBlendState(device, D3DRS_DESTBLEND, D3DBLEND_ONE);
     }
     const Integer source = blending.kind == BlendKind::AddAlpha ? blending.source : kWhole;
     Blit(engine, piece, AtAlpha(kWhite, source));
@@ -58,11 +54,9 @@ void DrawBlended(Engine& engine, const Blending& blending, const BlendedPiece& p
 
 void EndBlending(Direct3DDevice8& device, const Blending& blending) {
     if (blending.kind == BlendKind::Sub) {
-        SetState(device, D3DRS_BLENDOP, D3DBLENDOP_ADD);
+        SetBlendState(device, D3DRS_BLENDOP, D3DBLENDOP_ADD);
     }
-    SetState(device, D3DRS_ALPHABLENDENABLE, 0);
-    SetState(device, D3DRS_SRCBLEND, D3DBLEND_ONE);
-    SetState(device, D3DRS_DESTBLEND, D3DBLEND_ZERO);
+    BlendNoMore(device);
 }
 
 }  // namespace scenara

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "render/BlendStates.h"
 #include "render/BlendedBlit.h"
 #include "render/ElementKind.h"
 #include "render/ElementPlacement.h"
@@ -132,23 +133,6 @@ private:
     bool animated_;
 };
 
-void SetBlending(Direct3DDevice8& device, std::uint32_t state, std::uint32_t value) {
-    Require(device.SetRenderState(state, value), "SetRenderState");
-}
-
-// Steps around the draw of a masked element.
-void BeginMasking(Direct3DDevice8& device) {
-    SetBlending(device, D3DRS_SRCBLEND, D3DBLEND_SRCALPHA);
-    SetBlending(device, D3DRS_DESTBLEND, D3DBLEND_INVSRCALPHA);
-    SetBlending(device, D3DRS_ALPHABLENDENABLE, 1);
-}
-
-void EndMasking(Direct3DDevice8& device) {
-    SetBlending(device, D3DRS_ALPHABLENDENABLE, 0);
-    SetBlending(device, D3DRS_SRCBLEND, D3DBLEND_ONE);
-    SetBlending(device, D3DRS_DESTBLEND, D3DBLEND_ZERO);
-}
-
 // Addition: the current frame's own blending goes before the element's.
 Blending BlendingOf(const StageModel& model, const BackgroundElement& element) {
     if (IsAnimated(element.type)) {
@@ -180,11 +164,11 @@ void DrawElement(Engine& engine, const StageModel& model, const BackgroundElemen
     }
     const bool masked = element.mask == 1;
     if (masked) {
-        BeginMasking(device);
+        BlendByAlpha(device, D3DBLEND_INVSRCALPHA);
     }
     painter.Paint();
     if (masked) {
-        EndMasking(device);
+        BlendNoMore(device);
     }
 }
 
