@@ -66,6 +66,11 @@ public:
     // Creates the file anew; an old one of that name is emptied.
     [[nodiscard]] virtual std::unique_ptr<OutputFile> OpenForWriting(const std::string& path) = 0;
 
+    // The file with new contents in one step: whoever opens it, whenever the machine stops, finds
+    // the old contents or the new ones, whole. A missing file is made. On failure the old file is
+    // as it was. Permissions stay; where the name is a link, what it leads to is replaced.
+    virtual void ReplaceFile(const std::string& path, std::string_view bytes) = 0;
+
     virtual void Delete(const std::string& path) = 0;
 
     // Names (without the folder) of the ordinary files in `folder` that end in `extension`, letter

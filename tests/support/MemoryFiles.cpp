@@ -77,6 +77,14 @@ std::unique_ptr<OutputFile> MemoryFiles::OpenForWriting(const std::string& path)
     return std::make_unique<MemoryOutput>(file, full_);
 }
 
+void MemoryFiles::ReplaceFile(const std::string& path, std::string_view bytes) {
+    written_.push_back(path);
+    if (full_) {
+        throw RunTimeError(RunTimeErrorKind::DiskFull, path);
+    }
+    files_[Key(path)] = bytes;
+}
+
 void MemoryFiles::Delete(const std::string& path) {
     if (files_.erase(Key(path)) == 0) {
         throw RunTimeError(RunTimeErrorKind::FileNotFound, path);

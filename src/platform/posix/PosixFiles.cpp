@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <system_error>
 #include <utility>
 
 #include <dirent.h>
@@ -14,52 +13,14 @@
 #include "base/Path.h"
 #include "base/RunTimeError.h"
 #include "base/Text.h"
+#include "platform/posix/FileErrors.h"
+#include "platform/posix/ReplaceFile.h"
 #include "platform/posix/ResolvePath.h"
 
 namespace scenara {
 namespace {
 
 constexpr std::size_t kWriteBlock = std::size_t{64} * 1024;
-
-RunTimeErrorKind KindOf(int error) {
-    switch (error) {
-        case ENOENT:
-        case ENOTDIR:
-        case ENAMETOOLONG: return RunTimeErrorKind::FileNotFound;
-        case EACCES:
-        case EPERM:
-        case EROFS: return RunTimeErrorKind::PermissionDenied;
-        case ENOSPC:
-        case EDQUOT:
-        case EFBIG: return RunTimeErrorKind::DiskFull;
-        case EIO: return RunTimeErrorKind::DeviceIo;
-        default: return RunTimeErrorKind::PathFileAccess;
-    }
-}
-
-[[noreturn]] void Fail(int error, const std::string& path) {
-    const RunTimeErrorKind kind = KindOf(error);
-    const std::string reason = kind == RunTimeErrorKind::PathFileAccess
-                                   ? " (" + std::generic_category().message(error) + ")"
-                                   : std::string();
-    throw RunTimeError(kind, path + reason);
-}
-
-[[noreturn]] void FailAsNoFile(const std::string& path) {
-    throw RunTimeError(RunTimeErrorKind::PathFileAccess, path + " (not a file)");
-}
-
-bool HasZeroByte(const std::string& path) {
-    return path.find('\0') != std::string::npos;
-}
-
-// The system would cut a name at a zero byte and take another file.
-const std::string& CheckedName(const std::string& path) {
-    if (HasZeroByte(path)) {
-        Fail(ENOENT, path);
-    }
-    return path;
-}
 
 // A file descriptor and the path it was asked for by.
 class Descriptor {
@@ -213,6 +174,10 @@ std::unique_ptr<InputFile> PosixFiles::OpenForReading(const std::string& path) {
 
 std::unique_ptr<OutputFile> PosixFiles::OpenForWriting(const std::string& path) {
     return std::make_unique<PosixOutputFile>(path);
+}
+
+void PosixFiles::ReplaceFile(const std::string& path, std::string_view bytes) {
+    ReplaceFileAt(path, bytes);
 }
 
 void PosixFiles::Delete(const std::string& path) {

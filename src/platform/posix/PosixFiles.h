@@ -25,6 +25,7 @@ public:
     bool FileExists(const std::string& path) override;
     std::unique_ptr<InputFile> OpenForReading(const std::string& path) override;
     std::unique_ptr<OutputFile> OpenForWriting(const std::string& path) override;
+    void ReplaceFile(const std::string& path, std::string_view bytes) override;
     void Delete(const std::string& path) override;
     std::vector<std::string> List(const std::string& folder, std::string_view extension) override;
     std::string ProgramFolder() override;
