@@ -3,22 +3,12 @@
 // Scenara on a desktop: picks the machine, makes the main window, and hands over.
 #include <QApplication>
 #include <iostream>
-#include <memory>
 #include <string>
 
 #include "app/frmStage.h"
-#include "base/Path.h"
-#include "platform/posix/PosixFiles.h"
-#include "platform/posix/PosixProcess.h"
+#include "desktop/DesktopMachine.h"
 #include "platform/posix/ProgramFolder.h"
-#include "platform/posix/SteadyClock.h"
 #include "platform/qt/Display.h"
-#include "platform/qt/KeyTracker.h"
-#include "platform/qt/MainWindow.h"
-#include "platform/qt/PictureWidget.h"
-#include "platform/qt/QtMessages.h"
-#include "platform/qt/QtPointer.h"
-#include "platform/soft/SoftDirect3D.h"
 
 namespace {
 
@@ -37,23 +27,14 @@ void OpenBundledStage(frmStage& program, Files& files) {
 }
 
 int Run() {
-    const std::string folder = WritableProgramFolder(ExecutableFolder());
-    PosixFiles files(folder);
-    PosixProcess process(folder);
-    SteadyClock clock;
-    QtPointer pointer;
-    KeyTracker keyboard;
-    Form form;
-    MainWindow window(form);
-    QtMessages messages(&window, "Scenara");
-    SoftDirect3D direct3D(std::make_shared<TextureMemory>(), &window.Picture());
-
-    frmStage program({files, messages, window, keyboard, clock, pointer, process, direct3D}, form);
+    DesktopMachine machine(WritableProgramFolder(ExecutableFolder()));
+    frmStage program(machine.Pieces(), machine.form);
+    MainWindow& window = machine.Desktop();
     window.SetEvents(&program);
     program.Form_Load();
     if (!program.Ended()) {
         window.Show();
-        OpenBundledStage(program, files);
+        OpenBundledStage(program, machine.OwnFiles());
     }
     while (!program.Ended()) {
         window.WaitForEvents();

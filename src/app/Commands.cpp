@@ -1,31 +1,112 @@
 // SPDX-License-Identifier: MIT
 //
-// What the menu items do.
+// What the menu items and the keys do, beyond choosing stages.
+#include "app/Extras.h"
+#include "app/MenuTree.h"
 #include "app/frmStage.h"
+#include "base/NumberText.h"
 
 namespace scenara {
+namespace {
+
+void Flip(MenuItem& item) {
+    item.checked = !item.checked;
+}
+
+Single StepOrOne(Single step) {
+    return step == 0 ? Single{1} : step;
+}
+
+}  // namespace
 
 void frmStage::Menu_Click(Menu item) {
+    if (!CanBeChosen(form_, item)) {
+        return;  // chosen just before it was disabled
+    }
     static_cast<void>(Guarded([&] {
         switch (item) {
-            case Menu::mnuPause: mnuPause_Click(); break;
-            case Menu::mnuInfo: mnuInfo_Click(); break;
+            case Menu::mnuOpen: mnuOpen_Click(); break;
+            case Menu::mnuClose: mnuClose_Click(); break;
+            case Menu::mnuReload: mnuReload_Click(); break;
             case Menu::mnuExit: Form_Unload(); break;
+            case Menu::mnuFS: mnuFS_Click(); break;
+            case Menu::mnuFPS: mnuFPS_Click(); break;
+            case Menu::mnuMScroll: mnuMScroll_Click(); break;
+            case Menu::mnuInfo:
+            case Menu::mnuDeform: Flip(form_[item]); break;
+            case Menu::mnuPause: mnuPause_Click(); break;
+            case Menu::mnuStageList: mnuStageList_Click(); break;
+            case Menu::mnuStagePrev: mnuStagePrev_Click(); break;
+            case Menu::mnuStageNext: mnuStageNext_Click(); break;
+            case Menu::mnuR: mnuR_Click(); break;
+            case Menu::mnuAbout: mnuAbout_Click(); break;
+            case Menu::mnuAdditions: mnuAdditions_Click(); break;
             default: break;
         }
     }));
 }
 
+// Plain, Escape and Q release the device under the running loop. Addition: a key press must not
+// kill the stage, so Escape just leaves the full screen and Q does nothing.
+void frmStage::Form_KeyDown(VirtualKey key) {
+    if (loop_.LoadingStage != 0) {
+        return;  // the load works with the device
+    }
+    static_cast<void>(Guarded([&] {
+        if (key == VirtualKey::Escape) {
+            ResetRes();
+        }
+        if ((key == VirtualKey::Escape || key == VirtualKey::Q) && !options_.Additions) {
+            engine_.Engine_Deinit();
+        }
+    }));
+}
+
+void frmStage::mnuFPS_Click() {
+    MenuItem& item = form_[Menu::mnuFPS];
+    Flip(item);
+    if (!item.checked) {
+        loop_.FpsLimit = 0;
+        return;
+    }
+    loop_.FpsLimit = ToInteger(LeadingNumber(machine_.dialogs.InputBox("Max FPS?")));
+    item.caption = "FPS Limiter (" + NumberText(loop_.FpsLimit) + " fps)";
+}
+
 void frmStage::mnuPause_Click() {
-    MenuItem& item = form_[Menu::mnuPause];
-    item.checked = !item.checked;
+    Flip(form_[Menu::mnuPause]);
     Paused = static_cast<Byte>(~Paused);
     SetCaption(Paused != 0 ? model_.StageTitle + " <<PAUSED>>" : model_.StageTitle);
 }
 
-void frmStage::mnuInfo_Click() {
-    MenuItem& item = form_[Menu::mnuInfo];
-    item.checked = !item.checked;
+void frmStage::mnuMScroll_Click() {
+    MenuItem& item = form_[Menu::mnuMScroll];
+    Flip(item);
+    flags_.MouseScroll = item.checked ? kByteTrue : Byte{0};
+    if (item.checked) {
+        savedSteps_ = {camera_.HCamStep, camera_.VCamStep};
+    } else {
+        camera_.HCamStep = StepOrOne(savedSteps_.HCamStep);
+        camera_.VCamStep = StepOrOne(savedSteps_.VCamStep);
+    }
+}
+
+void frmStage::mnuAbout_Click() {
+    machine_.messages.MsgBox(kMessageAbout,
+                             "Scenara " + VersionText +
+                                 " DirectX 8 Experimental Release\r\n"
+                                 "A viewer for the background stages of MUGEN.\r\n"
+                                 "Free software under the MIT licence.");
+}
+
+void frmStage::mnuAdditions_Click() {
+    MenuItem& item = form_[Menu::mnuAdditions];
+    Flip(item);
+    options_.Additions = item.checked;
+    if (loop_.StageRunning != 0) {
+        LoadAgain();
+    }
+    SaveAdditions(machine_.files, options_.Additions);
 }
 
 }  // namespace scenara

@@ -1,11 +1,19 @@
 // SPDX-License-Identifier: MIT
 //
-// How the program starts, and how its window first comes up.
+// How the program starts.
+#include "app/Extras.h"
 #include "app/MenuTree.h"
+#include "app/StageFiles.h"
 #include "app/frmStage.h"
 #include "base/NumberText.h"
 
 namespace scenara {
+namespace {
+
+// The stage list as the window is designed, in pixels.
+constexpr Long kStageListWidth = 160;
+
+}  // namespace
 
 frmStage::frmStage(const Machine& machine, Form& form, const ViewOptions& options)
     : machine_(machine),
@@ -13,8 +21,13 @@ frmStage::frmStage(const Machine& machine, Form& form, const ViewOptions& option
       options_(options),
       engine_(machine.direct3D, machine.window, machine.messages, model_),
       tiles_(engine_, model_, camera_, flags_, options_,
-             {machine.keyboard, machine.clock, machine.pointer, machine.window}) {
+             {machine.keyboard, machine.clock, machine.pointer, machine.window}),
+      screen_(machine.display) {
     DesignMenus(form_);
+    form_.picLoad.width = kViewWidth;
+    form_.picLoad.height = kViewHeight;
+    form_.lstStages.width = kStageListWidth;
+    LayOutControls(kViewWidth, kViewHeight);
 }
 
 void frmStage::Form_Load() {
@@ -32,45 +45,39 @@ void frmStage::Form_Load() {
     loop_.FpsLimit = 60;
     form_[Menu::mnuFPS].caption = "FPS Limiter (" + NumberText(loop_.FpsLimit) + " fps)";
     machine_.process.ChangeToProgramFolder();
-    LayOutControls(kViewWidth, kViewHeight);
+    static_cast<void>(Guarded([&] {
+        options_.Additions = LoadAdditions(machine_.files);
+        form_[Menu::mnuAdditions].checked = options_.Additions;
+    }));
+    static_cast<void>(Guarded([&] {
+        settingsLoaded_ = LoadConfig(
+            AllSettings(),
+            {machine_.files, machine_.messages, machine_.dialogs, {}, [&] {
+                 return machine_.window.EndRequested();
+             }});
+        if (!settingsLoaded_) {
+            ended_ = true;
+            return;
+        }
+        LoadFilestoList(form_.lstStages, StagesFolder(MugeDir), ".def", machine_.files,
+                        machine_.messages);
+    }));
 }
 
-// Sized and centred once: doing so at each change of focus would undo what the user did.
-void frmStage::Form_Activate() {
-    if (activated_) {
-        return;
-    }
-    activated_ = true;
-    Size(kViewWidth, kViewHeight);
-    Centre();
+Settings frmStage::AllSettings() {
+    // While something else sets the steps, the user's own are the saved ones.
+    const bool saved = StepsAreOverridden();
+    return {MugeDir,
+            saved ? savedSteps_.HCamStep : camera_.HCamStep,
+            saved ? savedSteps_.VCamStep : camera_.VCamStep,
+            TestChar,
+            CharName,
+            ShowStageList,
+            form_};
 }
 
-void frmStage::Form_Resize(Long innerWidth, Long innerHeight) {
-    LayOutControls(innerWidth, innerHeight);
-}
-
-void frmStage::LayOutControls(Long innerWidth, Long innerHeight) {
-    const Long listWidth = ShowStageList != 0 ? form_.lstStages.width : 0;
-    form_.picDraw.width = innerWidth > listWidth ? innerWidth - listWidth : 0;
-    form_.picDraw.height = innerHeight;
-    form_.lstStages.left = form_.picDraw.width;
-    form_.lstStages.height = innerHeight;
-    form_.lstStages.visible = ShowStageList != 0;
-}
-
-void frmStage::Size(Long width, Long height) {
-    machine_.window.Size(width, height);
-}
-
-void frmStage::Centre() {
-    const ScreenSize screen = machine_.window.Screen();
-    const WindowPlace place = machine_.window.Place();
-    machine_.window.MoveTo((screen.width - place.width) / 2, (screen.height - place.height) / 2);
-}
-
-void frmStage::SetCaption(const std::string& caption) {
-    form_.Caption = caption;
-    machine_.window.SetCaption(caption);
+bool frmStage::StepsAreOverridden() const {
+    return flags_.MouseScroll != 0;
 }
 
 }  // namespace scenara

@@ -19,10 +19,10 @@ constexpr bool kDisabled = false;
 // In the order of Menu.
 constexpr std::array<Designed, kMenuCount> kDesign = {{
     {Menu::mnuStage, "&Stage", MenuPlace::Bar},
-    {Menu::mnuOpen, "&Open", MenuPlace::Stage, kNotYet},
-    {Menu::mnuClose, "&Close", MenuPlace::Stage, kNotYet},
+    {Menu::mnuOpen, "&Open", MenuPlace::Stage},
+    {Menu::mnuClose, "&Close", MenuPlace::Stage},
     {Menu::mnuReset, "&Reset Stage", MenuPlace::Stage, kDisabled},
-    {Menu::mnuReload, "Re&load Stage", MenuPlace::Stage, kNotYet},
+    {Menu::mnuReload, "Re&load Stage", MenuPlace::Stage},
     {Menu::MnuRecentFiles, "-", MenuPlace::Stage, true, false, false},
     {Menu::mnubla, "-", MenuPlace::Stage, true, false, false},
     {Menu::mnuExit, "&Exit", MenuPlace::Stage},
@@ -31,18 +31,20 @@ constexpr std::array<Designed, kMenuCount> kDesign = {{
     {Menu::mnuMusic, "&Music", MenuPlace::Options, kNotYet, true},
     {Menu::mnuChar, "&Use Test Char", MenuPlace::Options, kDisabled},
     {Menu::mnuChange, "&Change Char", MenuPlace::Options, kDisabled},
-    {Menu::mnuFPS, "FPS &Limiter", MenuPlace::Options, kNotYet, true},
+    {Menu::mnuFPS, "FPS &Limiter", MenuPlace::Options, true, true},
     {Menu::mnuInfo, "Show &Info", MenuPlace::Options},
     {Menu::mnuMScroll, "Mouse &Scroll", MenuPlace::Options, kDisabled},
     {Menu::mnuDeform, "&Deform", MenuPlace::Options, kDisabled},
     {Menu::mnuDebugBG, "De&bug BG", MenuPlace::Options, kDisabled},
     {Menu::mnuPause, "&Pause", MenuPlace::Bar},
-    {Menu::mnuStageList, "&Stage List", MenuPlace::Bar, kNotYet},
-    {Menu::mnuStagePrev, "<<", MenuPlace::Bar, kNotYet},
-    {Menu::mnuStageNext, ">>", MenuPlace::Bar, kNotYet},
-    {Menu::mnuR, "R", MenuPlace::Bar, kNotYet},
+    {Menu::mnuStageList, "&Stage List", MenuPlace::Bar},
+    {Menu::mnuStagePrev, "<<", MenuPlace::Bar},
+    {Menu::mnuStageNext, ">>", MenuPlace::Bar},
+    {Menu::mnuR, "R", MenuPlace::Bar},
     {Menu::mnuDebug, "&Debug", MenuPlace::Bar, kDisabled},
-    {Menu::mnuAbout, "&About", MenuPlace::Bar, kNotYet},
+    {Menu::mnuAbout, "&About", MenuPlace::Bar},
+    {Menu::mnuExtras, "E&xtras", MenuPlace::Bar},
+    {Menu::mnuAdditions, "&Additions", MenuPlace::Extras, true, true},
 }};
 
 }  // namespace
@@ -58,9 +60,24 @@ void DesignMenus(Form& form) {
     }
 }
 
+bool CanBeChosen(const Form& form, Menu item) {
+    if (!form[item].enabled || !form[item].visible) {
+        return false;
+    }
+    switch (form[item].place) {
+        case MenuPlace::Stage: return form[Menu::mnuStage].enabled;
+        case MenuPlace::Options: return form[Menu::mnuOptions].enabled;
+        case MenuPlace::Extras: return form[Menu::mnuExtras].enabled;
+        case MenuPlace::Bar: break;
+    }
+    return true;
+}
+
 void EnableLoadingMenus(Form& form, bool enabled) {
-    form[Menu::mnuOptions].enabled = enabled;
-    form[Menu::mnuStage].enabled = enabled;
+    for (const Menu item : {Menu::mnuOptions, Menu::mnuStage, Menu::mnuStagePrev,
+                            Menu::mnuStageNext, Menu::mnuR, Menu::mnuExtras}) {
+        form[item].enabled = enabled;
+    }
 }
 
 }  // namespace scenara

@@ -3,8 +3,10 @@
 // The loop that shows a stage.
 #include <exception>
 #include <new>
+#include <utility>
 
 #include "app/KeyStates.h"
+#include "app/LoadMessages.h"
 #include "app/MenuTree.h"
 #include "app/StagePass.h"
 #include "app/frmStage.h"
@@ -38,6 +40,8 @@ void frmStage::RunStage() {
         if (!Guarded([&] { ShowStage(); })) {
             AbandonStage();
         }
+        form_.lstStages.takesKeys = true;
+        static_cast<void>(Guarded([&] { OpenDropped(); }));
     }
     if (machine_.window.EndRequested()) {
         Form_Unload();  // what waited for the load
@@ -59,6 +63,8 @@ bool frmStage::Guarded(const std::function<void()>& work) {
 }
 
 void frmStage::ShowStage() {
+    shownFile_ = CurrentStageFile;
+    startFullScreen_ = FullScreenState == 1;
     form_.picLoad.visible = false;
     form_.picLoad.width = 1;
     form_.picLoad.height = 1;
@@ -80,6 +86,9 @@ void frmStage::ShowStage() {
     if (loop_.StageRunning == 0) {
         return;
     }
+    // The picture has the size that the user gave the window.
+    LayOutControls(form_.innerWidth, form_.innerHeight);
+    form_.lstStages.takesKeys = false;  // they drive the camera
     SetCaption(model_.StageTitle);
     loop_.LastFpsTick = kNoFpsTick;
     infoText_.clear();
@@ -93,22 +102,37 @@ void frmStage::ShowStage() {
 // Loads the stage with the menus off that would open another one.
 void frmStage::StartLoop() {
     EnableLoadingMenus(form_, false);
+    LoadMessages messages(machine_.messages, options_.Additions);
     const LoadStageContext load{machine_.files,
-                                machine_.messages,
+                                messages,
                                 machine_.window,
                                 engine_.Device(),
                                 options_,
                                 MugeDir,
                                 {}};
-    std::string file = CurrentStageFile;
-    StartStage(file,
-               {model_, camera_, savedSteps_, loop_, form_.hscHScroll, machine_.keyboard, load});
+    std::string file = shownFile_;
+    const auto fullScreenAgain = [this] {
+        if (std::exchange(startFullScreen_, false)) {
+            MenuItem& item = form_[Menu::mnuFS];
+            item.checked = !item.checked;
+            mnuFS_Click();
+        }
+    };
+    StartStage(file, {model_, camera_, savedSteps_, loop_, form_.hscHScroll, machine_.keyboard,
+                      load, std::exchange(keptCamera_, std::nullopt), fullScreenAgain});
     if (loop_.StageRunning == 0) {
         AbandonStage();
         return;
     }
     viewSurface_.Create(kViewWidth, kViewHeight);
+    EnableStageOptions();
     EnableLoadingMenus(form_, true);
+}
+
+void frmStage::EnableStageOptions() {
+    for (const Menu item : {Menu::mnuFS, Menu::mnuMScroll, Menu::mnuDeform}) {
+        form_[item].enabled = true;
+    }
 }
 
 // A start that did not come through, or a pass that ended with an error: the window goes on without
@@ -123,16 +147,22 @@ void frmStage::RunPass() {
     const StagePass pass{
         engine_,  tiles_, flags_, loop_, machine_.clock, model_, form_[Menu::mnuInfo].checked,
         infoText_};
+    flags_.Deform = form_[Menu::mnuDeform].checked ? kByteTrue : Byte{0};
     // Without a device nothing is drawn, shown or counted; the window keeps its last picture.
     const bool draws = engine_.HasDevice();
     if (draws && Paused != kByteTrue && SpriteBrowserMode != kByteTrue) {
-        static_cast<void>(DrawAndCount(pass));
+        if (DrawAndCount(pass)) {
+            LeaveFullScreenWithFocus();
+        }
     }
     if (SpriteBrowserMode == 0) {
         if (draws) {
             ShowPicture(pass);
         }
         PollPauseKey();
+        if (machine_.keyboard.GetAsyncKeyState(VirtualKey::Escape) != 0) {
+            ResetRes();
+        }
     }
     if (loop_.FpsLimit == 0) {
         API_doevents();

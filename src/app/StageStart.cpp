@@ -31,8 +31,15 @@ void StartStage(std::string& stageFile, const StageStartContext& context) {
     context.hscHScroll.Max = context.model.BoundRight;
     context.hscHScroll.Min = context.model.BoundLeft;
 
+    if (context.loaded) {
+        context.loaded();
+    }
     DiscardKeyStates(context.keyboard);
-    PlaceCamera(context.model, context.camera);
+    if (context.keptCamera) {
+        PlaceCamera(context.model, context.camera, *context.keptCamera);
+    } else {
+        PlaceCamera(context.model, context.camera);
+    }
     PrepareElements(context.model, context.load.options);
     context.loop.LoadingStage = 0;
 }

@@ -3,6 +3,8 @@
 // StageStart: from a stage file to a stage that is ready for its first frame.
 #pragma once
 
+#include <functional>
+#include <optional>
 #include <string>
 
 #include "app/LoopState.h"
@@ -29,6 +31,10 @@ struct StageStartContext {
     ScrollBar& hscHScroll;
     Keyboard& keyboard;
     const LoadStageContext& load;
+    // Where the camera stood when the same stage was shown before.
+    std::optional<CameraPlace> keptCamera;
+    // Run between the loading and the first placing: the full screen again, where that is on.
+    std::function<void()> loaded;
 };
 
 // Loads the stage at `stageFile` and prepares it: camera, elements, scroll bar. StageRunning tells

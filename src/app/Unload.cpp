@@ -19,6 +19,9 @@ void frmStage::Form_Unload() {
     machine_.window.RequestEnd();
     QuitRequested = kTrue;
     restart_ = false;
+    if (ended_) {
+        return;
+    }
     if (loop_.LoadingStage != 0) {
         return;  // the load works on the tables; RunStage comes back here behind it
     }
@@ -26,6 +29,9 @@ void frmStage::Form_Unload() {
         UnloadStuff();
     }
     ended_ = true;
+    if (settingsLoaded_) {
+        static_cast<void>(Guarded([&] { SaveConfig(AllSettings(), VersionText, machine_.files); }));
+    }
 }
 
 }  // namespace scenara

@@ -3,8 +3,10 @@
 // frmStage: the main window, and with it the whole of the program's run-time state.
 //
 // The state is owned here in named pieces, and every procedure elsewhere takes the pieces that it
-// works on. What is left for this class is the order of things: start-up (FormLoad.cpp), the loop
-// that shows a stage (RunStage.cpp), the commands (Commands.cpp), the end (Unload.cpp).
+// works on. What is left for this class is the order of things: start-up (FormLoad.cpp), the sizes
+// of the window and its controls (Layout.cpp), which stage is shown (Opening.cpp), the loop that
+// shows it (RunStage.cpp), the other commands (Commands.cpp), the full screen (FullScreen.cpp), the
+// end (Unload.cpp).
 //
 // One thread. All that the user does arrives through FormEvents while the loop lets messages
 // through, so any handler may run between two frames, and between two images of a load. A run-time
@@ -17,16 +19,22 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 
+#include "app/Configuration.h"
 #include "app/FrameWait.h"
 #include "app/LoopState.h"
 #include "app/OffscreenSurface.h"
+#include "app/ScreenModule.h"
 #include "app/StageStart.h"
 #include "platform/Clock.h"
+#include "platform/Dialogs.h"
 #include "platform/Direct3D8.h"
+#include "platform/DisplayModes.h"
 #include "platform/Files.h"
 #include "platform/Form.h"
+#include "platform/FullScreenForm.h"
 #include "platform/Keyboard.h"
 #include "platform/Messages.h"
 #include "platform/Pointer.h"
@@ -43,6 +51,9 @@ namespace scenara {
 
 inline constexpr MessageKind kMessageRunTimeError = "run-time error";
 inline constexpr MessageKind kMessageAlreadyRunning = "Already running";
+inline constexpr MessageKind kMessageCantFindFile = "Can't find file";
+inline constexpr MessageKind kMessageNotAStage = "Not a stage";
+inline constexpr MessageKind kMessageAbout = "About";
 
 // All that the program asks of a machine.
 struct Machine {
@@ -54,6 +65,9 @@ struct Machine {
     Pointer& pointer;
     Process& process;
     Direct3DMachine& direct3D;
+    Dialogs& dialogs;
+    DisplayModes& display;
+    FullScreenForm& fullScreen;
 };
 
 class frmStage : public FormEvents {
@@ -63,14 +77,15 @@ public:
 
     // --- Start and end -----------------------------------------------------------------------
 
-    // Start-up. Afterwards Ended() tells whether there is anything to go on with.
+    // Start-up: settings are read, or the engine folder is asked for, and the stages are listed.
+    // Afterwards Ended() tells whether there is anything to go on with.
     void Form_Load();
 
     void Form_Activate() override;
     void Form_Resize(Long innerWidth, Long innerHeight) override;
 
-    // Releases the stage and ends the program: every loop and load returns at its next test. While
-    // a stage loads it waits until the image at hand is done.
+    // Releases the stage, saves the settings and ends the program: every loop and load returns at
+    // its next test. While a stage loads it waits until the image at hand is done.
     void Form_Unload() override;
 
     [[nodiscard]] bool Ended() const { return ended_; }
@@ -90,11 +105,40 @@ public:
     // Releases everything of the open stage.
     void UnloadStuff();
 
+    // --- Which stage is shown ----------------------------------------------------------------
+
+    // Shows CurrentStageFile, if it is a stage; the one that is shown goes on otherwise.
+    void OpenStage();
+
+    void lstStages_Click(Long index) override;
+    void MnuRecentFiles_Click(Long index) override;
+    // Opens the file; while a stage loads, when that is done.
+    void Form_OLEDragDrop(const std::string& path) override;
+    void mnuOpen_Click();
+    void mnuClose_Click();
+    // Plain it releases the stage under the running loop; addition: the stage is loaded again.
+    void mnuReload_Click();
+    void mnuStagePrev_Click();
+    void mnuStageNext_Click();
+    void mnuR_Click();
+
     // --- Commands ----------------------------------------------------------------------------
 
     void Menu_Click(Menu item) override;
+    void Form_KeyDown(VirtualKey key) override;
+    void mnuFPS_Click();
     void mnuPause_Click();
-    void mnuInfo_Click();
+    void mnuMScroll_Click();
+    void mnuStageList_Click();
+    void mnuAbout_Click();
+    // The additions on or off; the stage is loaded again with the camera where it is.
+    void mnuAdditions_Click();
+
+    // --- Full screen -------------------------------------------------------------------------
+
+    void mnuFS_Click();
+    // Leaves the full screen, if that is on.
+    void ResetRes();
 
     // Gives the window an inner area of this size, in pixels.
     void Size(Long width, Long height);
@@ -105,8 +149,14 @@ public:
     Byte Paused = 0;
     Byte SpriteBrowserMode = 0;
     Byte ShowStageList = 0;
+    Byte FullScreenState = 0;  // 1 while the stage is shown full screen
+    WindowHandle FullScreenWindow = 0;
+    Long ScreenWidth = 0;  // pixels, when the full screen was entered
+    Long ScreenHeight = 0;
     std::string MugeDir;           // the engine folder, with a separator at its end
-    std::string CurrentStageFile;  // of the stage that is shown; empty: none
+    std::string CurrentStageFile;  // of the stage that was asked for last; empty: none
+    std::string TestChar;          // the test character's definition; empty: none
+    std::string CharName;          // ... and its name
     std::string VersionText;       // minor number, full stop, revision
     std::string AppTitle;
 
@@ -115,6 +165,8 @@ public:
     [[nodiscard]] const FrameTimes& Times() const { return times_; }
     [[nodiscard]] const std::string& InfoText() const { return infoText_; }
     void SetFpsLimit(Integer limit) { loop_.FpsLimit = limit; }
+    [[nodiscard]] const Camera& CameraState() const { return camera_; }
+    [[nodiscard]] const ViewOptions& Options() const { return options_; }
 
 private:
     // Runs `work`; an error out of it is said. Whether it came through.
@@ -125,6 +177,15 @@ private:
     void RunPass();
     void PollPauseKey();
     void AbandonStage();
+    void EnableStageOptions();
+    void OpenDropped();
+    void LeaveStage();
+    void LoadAgain();
+    void SelectStage(Long index);
+    void OpenListed();
+    [[nodiscard]] Settings AllSettings();
+    [[nodiscard]] bool StepsAreOverridden() const;
+    void LeaveFullScreenWithFocus();
     void LayOutControls(Long innerWidth, Long innerHeight);
     void Centre();
     void SetCaption(const std::string& caption);
@@ -149,6 +210,14 @@ private:
     OffscreenSurface textSurface_;
     OffscreenSurface viewSurface_;
 
+    std::string shownFile_;    // of the stage whose loop runs
+    std::string droppedFile_;  // to be opened when the stage at hand is loaded
+    ScreenModule screen_;
+    Integer savedMode_ = kNoMode;  // of the display, before the full screen
+    bool startFullScreen_ = false; // the stage that is opened is to be shown full screen
+    std::optional<CameraPlace> keptCamera_;  // for the stage that is loaded again
+
+    bool settingsLoaded_ = false;
     bool pauseWasDown_ = false;
     bool loopRuns_ = false;   // RunStage is on the stack
     bool restart_ = false;    // ... and is to begin again

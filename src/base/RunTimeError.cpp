@@ -15,6 +15,7 @@ std::string_view TextOf(RunTimeErrorKind kind) {
         case RunTimeErrorKind::InputPastEnd: return "Input past end of file";
         case RunTimeErrorKind::BadFormat: return "Bad format";
         case RunTimeErrorKind::OutOfMemory: return "Out of memory";
+        case RunTimeErrorKind::InvalidPropertyValue: return "Invalid property value";
         case RunTimeErrorKind::ObjectNotSet: return "Object variable not set";
         case RunTimeErrorKind::Direct3D: return "Direct3D error";
     }

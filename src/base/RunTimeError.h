@@ -25,6 +25,7 @@ enum class RunTimeErrorKind {
     InputPastEnd,         // fewer bytes there than wanted
     BadFormat,            // bytes that are not what they claim to be
     OutOfMemory,          // more than the machine has
+    InvalidPropertyValue, // what a control does not take
     ObjectNotSet,         // something that is used is not there, such as a device
     Direct3D,             // a call of the graphics device failed
 };

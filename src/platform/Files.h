@@ -79,6 +79,9 @@ public:
     [[nodiscard]] virtual std::vector<std::string> List(const std::string& folder,
                                                         std::string_view extension) = 0;
 
+    // Whether there is a folder of that name. Never fails.
+    [[nodiscard]] virtual bool FolderExists(const std::string& path) = 0;
+
     // Where the program keeps its own files, with a separator at its end.
     [[nodiscard]] virtual std::string ProgramFolder() = 0;
 };

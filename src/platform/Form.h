@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "base/Integers.h"
+#include "platform/Keyboard.h"
 
 namespace scenara {
 
@@ -42,11 +43,13 @@ enum class Menu : Byte {
     mnuR,
     mnuDebug,
     mnuAbout,
+    mnuExtras,  // what has been added since
+    mnuAdditions,
 };
-inline constexpr std::size_t kMenuCount = 25;
+inline constexpr std::size_t kMenuCount = 27;
 
-// Where an item stands: in the bar itself, or in one of the two submenus.
-enum class MenuPlace : Byte { Bar, Stage, Options };
+// Where an item stands: in the bar itself, or in one of the submenus.
+enum class MenuPlace : Byte { Bar, Stage, Options, Extras };
 
 struct MenuItem {
     std::string caption;  // "&" stands before the access letter; "-" alone is a separator
@@ -66,7 +69,8 @@ struct PictureBox {
 
 struct ListBox {
     std::vector<std::string> items;
-    Long ListIndex = -1;
+    Long ListIndex = -1;  // the selected item; -1: none
+    bool takesKeys = true;  // else keys pass it by, whatever has the focus
     Long left = 0;
     Long top = 0;
     Long width = 0;
@@ -84,6 +88,9 @@ struct ScrollBar {
 struct Form {
     std::string Caption;
     std::array<MenuItem, kMenuCount> menus;
+    std::vector<std::string> recentFiles;  // full paths, newest first, behind MnuRecentFiles
+    Long innerWidth = 0;                   // of the window, without its menu bar and borders
+    Long innerHeight = 0;
     PictureBox picDraw;  // where the stage is drawn
     PictureBox picLoad;  // the picture that is shown before a stage is open
     ListBox lstStages;
@@ -110,7 +117,15 @@ public:
     virtual void Form_Resize(Long innerWidth, Long innerHeight) = 0;
     // The window is to close.
     virtual void Form_Unload() = 0;
+    // A key has gone down; once per press.
+    virtual void Form_KeyDown(VirtualKey key) = 0;
+    // A file has been dropped onto the window.
+    virtual void Form_OLEDragDrop(const std::string& path) = 0;
     virtual void Menu_Click(Menu item) = 0;
+    // One of the recent files, counted from 1.
+    virtual void MnuRecentFiles_Click(Long index) = 0;
+    // The user has selected an item, perhaps the one that was selected already.
+    virtual void lstStages_Click(Long index) = 0;
 };
 
 }  // namespace scenara

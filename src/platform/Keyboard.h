@@ -23,6 +23,7 @@ enum class VirtualKey : std::uint8_t {
     Delete = 46,
     A = 65,
     D = 68,
+    Q = 81,
     Z = 90,
     NumpadPlus = 107,
     NumpadMinus = 109,

@@ -36,6 +36,14 @@ public:
     // Returns when the user has seen it.
     virtual void Show(const Message& message) = 0;
 
+    // The same with an offer, a box to tick, off at first. Whether the user took it; a machine that
+    // cannot ask shows the message alone.
+    virtual bool ShowWithOffer(const Message& message, const std::string& offer) {
+        static_cast<void>(offer);
+        Show(message);
+        return false;
+    }
+
     // A plain box.
     void MsgBox(MessageKind kind, std::string text) {
         Show(Message{kind, std::move(text), {}, MessageIcon::None});

@@ -58,6 +58,9 @@ public:
     // The control that shows the picture (picDraw), for the device that draws into it.
     [[nodiscard]] virtual WindowHandle PictureHandle() const = 0;
 
+    // Which window of this program has the user's attention; 0 when it is another program's.
+    [[nodiscard]] virtual WindowHandle Foreground() const = 0;
+
     // The user has closed the window, or the program is to end: every loop and load returns at its
     // next test.
     [[nodiscard]] virtual bool EndRequested() const = 0;

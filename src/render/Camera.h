@@ -23,4 +23,10 @@ struct Camera {
     Long lastKeyTick = 0;
 };
 
+// A position, as StageModel has it.
+struct CameraPlace {
+    Single x = 0;  // stored, so negated
+    Single y = 0;
+};
+
 }  // namespace scenara

@@ -165,9 +165,12 @@ double UpperEdge(const StageModel& model, const BackgroundElement& element) {
 }  // namespace
 
 void PlaceCamera(StageModel& model, Camera& camera) {
-    const double x =
-        Within(static_cast<double>(model.CamStartX), model.BoundLeft, model.BoundRight);
-    const double y = Within(model.CamStartY, model.BoundHigh, model.BoundLow);
+    PlaceCamera(model, camera, {-model.CamStartX, ToSingle(model.CamStartY)});
+}
+
+void PlaceCamera(StageModel& model, Camera& camera, const CameraPlace& place) {
+    const double x = Within(0 - static_cast<double>(place.x), model.BoundLeft, model.BoundRight);
+    const double y = Within(static_cast<double>(place.y), model.BoundHigh, model.BoundLow);
     model.CamX = static_cast<Single>(0 - x);
     model.CamY = static_cast<Single>(y);
     camera.previousX = model.CamX;

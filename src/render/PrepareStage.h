@@ -14,6 +14,9 @@ namespace scenara {
 // right and lower one; where the last pass saw it is the same, so no step follows.
 void PlaceCamera(StageModel& model, Camera& camera);
 
+// The same for a camera that stood somewhere already.
+void PlaceCamera(StageModel& model, Camera& camera, const CameraPlace& place);
+
 // Elements: linked ones find the element they stand relative to, and take its deltas; each is
 // placed by its start, its sprite's axis and the camera; counters, swings and flags are set back.
 // An "anim" element shows the pictures of its action from the first frame on (spriteIndex -2).

@@ -10,6 +10,7 @@
 #include <thread>
 
 #include <fcntl.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -101,9 +102,18 @@ Child::~Child() {
     }
 }
 
+void Child::TakePriorityBack() const {
+    if (pid_ > 0) {
+        static_cast<void>(::setpriority(PRIO_PROCESS, static_cast<id_t>(pid_), 0));
+    }
+}
+
 std::optional<int> Child::ExitStatus() {
     int status = 0;
-    if (!Eventually([&] { return ::waitpid(pid_, &status, WNOHANG) == pid_; })) {
+    if (!Eventually([&] {
+            TakePriorityBack();
+            return ::waitpid(pid_, &status, WNOHANG) == pid_;
+        })) {
         return std::nullopt;
     }
     pid_ = -1;
@@ -142,6 +152,12 @@ std::string VirtualDisplay::Do(const std::string& words) const {
     static_cast<void>(std::system(command.c_str()));
     std::string text = Contents(answer);
     return text.substr(0, text.find('\n'));
+}
+
+std::string VirtualDisplay::AllWindows() const {
+    const std::string list = Folder() + "windows.txt";
+    static_cast<void>(std::system(("DISPLAY=" + name_ + " xwininfo -root -tree >" + list).c_str()));
+    return Contents(list) + Contents(Folder() + "program.txt") + Contents(Folder() + "manager.txt");
 }
 
 Screenshot VirtualDisplay::Look() const {

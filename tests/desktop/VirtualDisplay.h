@@ -26,6 +26,10 @@ public:
     Child& operator=(const Child&) = delete;
     ~Child();
 
+    // Undoes the idle priority that the program gives itself, where the system allows it: beside
+    // other work it would hardly ever run.
+    void TakePriorityBack() const;
+
     // Its exit status once it has ended; waits up to half a minute.
     [[nodiscard]] std::optional<int> ExitStatus();
 
@@ -52,6 +56,8 @@ public:
     // Runs xdotool with these words; what it says.
     std::string Do(const std::string& words) const;
     [[nodiscard]] Screenshot Look() const;
+    // The windows and what the programs have said, for whoever looks into a failed test.
+    [[nodiscard]] std::string AllWindows() const;
 
 private:
     TemporaryFolder folder_;

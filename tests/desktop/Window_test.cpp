@@ -65,18 +65,22 @@ protected:
         environment.push_back("ASAN_OPTIONS=detect_leaks=0");  // the toolkit's own
         program_.emplace(std::vector<std::string>{(folder / "bin/scenara").string()}, environment,
                          display_.Folder() + "program.txt");
-        ASSERT_TRUE(Eventually([&] { return !Window().empty(); })) << "no window came up";
+        ASSERT_TRUE(Eventually([&] { return !Window().empty(); })) 
+            << "no window came up; there are: " << display_.AllWindows();
         ASSERT_TRUE(Eventually([&] { return Seen().value_or(Bar()).width == 8; }))
             << "no picture, one to one";
         display_.Do("windowactivate --sync " + Window());
     }
 
+    // Everything that is waited for asks for the window or looks at the screen.
     [[nodiscard]] std::string Window() const {
+        program_->TakePriorityBack();
         return display_.Do("search --onlyvisible --name '^bar'");
     }
     [[nodiscard]] std::string Title() const { return display_.Do("getwindowname " + Window()); }
 
     [[nodiscard]] std::optional<Bar> Seen() const {
+        program_->TakePriorityBack();
         const Screenshot shot = display_.Look();
         for (int y = shot.height / 2; y < shot.height; y += 40) {
             Bar bar;

@@ -91,6 +91,12 @@ void MemoryFiles::Delete(const std::string& path) {
     }
 }
 
+bool MemoryFiles::FolderExists(const std::string& path) {
+    const std::string folder = Key(WithSeparator(path));
+    const auto file = files_.lower_bound(folder);
+    return file != files_.end() && file->first.starts_with(folder);
+}
+
 std::vector<std::string> MemoryFiles::List(const std::string& folder, std::string_view extension) {
     const std::string prefix = Key(folder);
     std::vector<std::string> names;

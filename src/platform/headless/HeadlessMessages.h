@@ -5,6 +5,7 @@
 #pragma once
 
 #include <functional>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -20,6 +21,16 @@ public:
     explicit HeadlessMessages(Observer observer) : observer_(std::move(observer)) {}
 
     void Show(const Message& message) override;
+    bool ShowWithOffer(const Message& message, const std::string& offer) override {
+        offers_.push_back(offer);
+        Show(message);
+        return takesOffers_;
+    }
+
+    // Whether offers are taken from now on.
+    void TakeOffers(bool takes) { takesOffers_ = takes; }
+    // Every offer that was made, oldest first.
+    [[nodiscard]] const std::vector<std::string>& Offers() const { return offers_; }
 
     // All of them, oldest first.
     [[nodiscard]] const std::vector<Message>& Recorded() const { return recorded_; }
@@ -27,6 +38,8 @@ public:
 private:
     Observer observer_;
     std::vector<Message> recorded_;
+    std::vector<std::string> offers_;
+    bool takesOffers_ = false;
 };
 
 }  // namespace scenara

@@ -21,6 +21,7 @@ public:
 
     // Nobody's, and yet not 0, which would be no control at all.
     static constexpr WindowHandle kPictureHandle = 1;
+    static constexpr WindowHandle kHandle = 2;
 
     // Pixels of a screen that nobody sees either.
     static constexpr Long kScreenWidth = 1024;
@@ -46,6 +47,7 @@ public:
     void DoEvents() override;
     [[nodiscard]] WindowPlace Place() const override { return place_; }
     [[nodiscard]] WindowHandle PictureHandle() const override { return kPictureHandle; }
+    [[nodiscard]] WindowHandle Foreground() const override { return foreground_; }
     [[nodiscard]] bool EndRequested() const override { return endRequested_; }
 
     // What moving and sizing the window does. At first it is as large as the view, in the screen's
@@ -54,6 +56,9 @@ public:
 
     // Whether a message waits, from now on: at first there always is one, so every look pumps.
     void SetMessageWaiting(bool waiting) { messageWaiting_ = waiting; }
+
+    // What choosing another window does: nobody's by that number.
+    void SetForeground(WindowHandle window) { foreground_ = window; }
 
     // What closing the window does.
     void RequestEnd() override { endRequested_ = true; }
@@ -67,6 +72,7 @@ private:
     Script script_;
     std::vector<std::string> captions_;
     WindowPlace place_{0, 0, kViewWidth* kUnitsPerPixel, kViewHeight* kUnitsPerPixel};
+    WindowHandle foreground_ = kHandle;
     std::size_t doEventsCount_ = 0;
     std::size_t showCount_ = 0;
     bool messageWaiting_ = true;

@@ -216,6 +216,12 @@ std::vector<std::string> PosixFiles::List(const std::string& folder, std::string
     return names;
 }
 
+bool PosixFiles::FolderExists(const std::string& path) {
+    struct stat status {};
+    return !HasZeroByte(path) && ::stat(ResolvePath(path).c_str(), &status) == 0 &&
+           S_ISDIR(status.st_mode);
+}
+
 std::string PosixFiles::ProgramFolder() {
     return programFolder_;
 }

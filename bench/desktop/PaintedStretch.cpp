@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/PaintedStretch.h"
+
+#include <QPainter>
+#include <cstring>
+
+#include "platform/Direct3D8.h"
+
+namespace scenara::bench {
+
+PaintedStretch::PaintedStretch() : view_(kViewWidth, kViewHeight, QImage::Format_RGB32) {
+    setAttribute(Qt::WA_OpaquePaintEvent);
+}
+
+void PaintedStretch::Show(std::span<const std::uint32_t> pixels) {
+    std::memcpy(view_.bits(), pixels.data(), pixels.size_bytes());
+    repaint();
+}
+
+void PaintedStretch::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    painter.setCompositionMode(QPainter::CompositionMode_Source);
+    painter.drawImage(rect(), view_);
+}
+
+}  // namespace scenara::bench

@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+//
+// PaintedStretch, the peer: a widget that lets the toolkit's painter stretch the picture.
+#pragma once
+
+#include <QImage>
+#include <QWidget>
+#include <cstdint>
+#include <span>
+
+namespace scenara::bench {
+
+class PaintedStretch : public QWidget {
+public:
+    PaintedStretch();
+    void Show(std::span<const std::uint32_t> pixels);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QImage view_;
+};
+
+}  // namespace scenara::bench

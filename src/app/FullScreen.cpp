@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: MIT
+//
+// The full screen: the display in a mode as large as the view, the picture on a form of its own.
+#include "app/frmStage.h"
+
+namespace scenara {
+
+void frmStage::mnuFS_Click() {
+    MenuItem& item = form_[Menu::mnuFS];
+    item.checked = !item.checked;
+    if (!item.checked) {
+        // The flag alone would leave the form standing over everything, with no way back.
+        ResetRes();
+        FullScreenState = 0;
+        return;
+    }
+    if (loop_.StageRunning == 0) {
+        return;
+    }
+    screen_.Enumerate();
+    const Integer mode = screen_.Find(kFullScreenMode);
+    if (mode == kNoMode) {
+        return;  // the item stays checked
+    }
+    if (FullScreenState == 0) {
+        savedMode_ = screen_.CurrentMode();
+    }
+    FullScreenWindow = machine_.fullScreen.Show();
+    const ScreenSize size = machine_.window.Screen();
+    ScreenWidth = size.width / kUnitsPerPixel;
+    ScreenHeight = size.height / kUnitsPerPixel;
+    static_cast<void>(screen_.SwitchTo(mode));
+    FullScreenState = 1;
+}
+
+void frmStage::ResetRes() {
+    if (FullScreenState != 1) {
+        return;
+    }
+    if (screen_.CurrentMode() != savedMode_) {
+        static_cast<void>(screen_.SwitchTo(savedMode_));
+    }
+    Size(kViewWidth, kViewHeight);
+    machine_.fullScreen.Hide();
+    machine_.window.Show();
+    form_[Menu::mnuFS].checked = false;
+    FullScreenState = 0;
+    activated_ = false;  // the window is sized and centred anew when it is back
+}
+
+// Another program has the user's attention.
+void frmStage::LeaveFullScreenWithFocus() {
+    if (FullScreenState == 1 && machine_.window.Foreground() != FullScreenWindow) {
+        ResetRes();
+    }
+}
+
+}  // namespace scenara

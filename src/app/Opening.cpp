@@ -1,0 +1,174 @@
+// SPDX-License-Identifier: MIT
+//
+// Which stage is shown: the list and the ways through it, the dialog, the recent files, and what
+// they all end in.
+#include <cstddef>
+#include <random>
+#include <utility>
+
+#include "app/RecentFiles.h"
+#include "app/StageFiles.h"
+#include "app/frmStage.h"
+#include "base/RunTimeError.h"
+
+namespace scenara {
+namespace {
+
+void SayCantFind(Messages& messages, const std::string& path) {
+    messages.MsgBox(kMessageCantFindFile, "Can't find file: \r\n" + path);
+}
+
+void SayNotAStage(Messages& messages, MessageIcon icon) {
+    messages.Show({kMessageNotAStage, "Not a stage!", {}, icon});
+}
+
+Long Count(const ListBox& list) {
+    return static_cast<Long>(list.items.size());
+}
+
+}  // namespace
+
+void frmStage::OpenStage() {
+    if (!machine_.files.FileExists(CurrentStageFile)) {
+        SayCantFind(machine_.messages, CurrentStageFile);
+    }
+    if (!IsStage(machine_.files, CurrentStageFile)) {
+        SayNotAStage(machine_.messages, MessageIcon::Exclamation);
+        return;
+    }
+    SetCaption(CurrentStageFile);
+    LeaveStage();
+    RememberRecentFile(form_, CurrentStageFile);
+    RunStage();
+}
+
+void frmStage::MnuRecentFiles_Click(Long index) {
+    static_cast<void>(Guarded([&] {
+        if (!form_[Menu::mnuStage].enabled) {
+            return;  // chosen just before a load began
+        }
+        CurrentStageFile = RaiseRecentFile(form_, static_cast<std::size_t>(index));
+        if (!machine_.files.FileExists(CurrentStageFile)) {
+            SayCantFind(machine_.messages, CurrentStageFile);
+        }
+        if (!IsStage(machine_.files, CurrentStageFile)) {
+            SayNotAStage(machine_.messages, MessageIcon::CriticalStop);
+            return;
+        }
+        LeaveStage();
+        RunStage();
+    }));
+}
+
+// The quit flag is lowered without a stage, too: it is still up after the Close command.
+void frmStage::LeaveStage() {
+    if (loop_.StageRunning != 0) {
+        QuitRequested = kTrue;
+        UnloadStuff();
+    }
+    QuitRequested = kFalse;
+    keptCamera_.reset();
+}
+
+void frmStage::lstStages_Click(Long index) {
+    static_cast<void>(Guarded([&] { SelectStage(index); }));
+}
+
+// Selecting an item opens it, whoever selects it.
+void frmStage::SelectStage(Long index) {
+    if (index < -1 || index >= Count(form_.lstStages)) {
+        throw RunTimeError(RunTimeErrorKind::InvalidPropertyValue, "ListIndex");
+    }
+    form_.lstStages.ListIndex = index;
+    if (loop_.LoadingStage == 0 && index >= 0) {
+        OpenListed();
+    }
+}
+
+void frmStage::OpenListed() {
+    const auto index = static_cast<std::size_t>(form_.lstStages.ListIndex);
+    CurrentStageFile = StageFile(MugeDir, form_.lstStages.items.at(index));
+    OpenStage();
+}
+
+void frmStage::mnuStageNext_Click() {
+    if (form_.lstStages.ListIndex != Count(form_.lstStages) - 1) {
+        SelectStage(form_.lstStages.ListIndex + 1);
+    }
+}
+
+// Deliberate: with nothing selected it asks the list for item -2, which the list rejects
+// (Opening.PreviousWithoutASelectionIsAnError).
+void frmStage::mnuStagePrev_Click() {
+    if (form_.lstStages.ListIndex != 0) {
+        SelectStage(form_.lstStages.ListIndex - 1);
+    }
+}
+
+void frmStage::mnuR_Click() {
+    const Long count = Count(form_.lstStages);
+    std::mt19937 random(static_cast<std::uint32_t>(machine_.clock.QueryPerformanceCounter()));
+    std::uniform_int_distribution<Long> index(0, count > 0 ? count - 1 : 0);
+    SelectStage(index(random));
+}
+
+void frmStage::mnuOpen_Click() {
+    const std::string folder = StagesFolder(MugeDir);
+    const std::string chosen = machine_.dialogs.OpenFile(
+        "Choose your stage!", machine_.files.FolderExists(folder) ? folder : std::string());
+    if (!chosen.empty()) {
+        CurrentStageFile = ChosenStage(chosen);
+        OpenStage();
+    }
+}
+
+void frmStage::Form_OLEDragDrop(const std::string& path) {
+    static_cast<void>(Guarded([&] {
+        droppedFile_ = path;
+        if (loop_.LoadingStage == 0) {
+            OpenDropped();
+        }
+    }));
+}
+
+void frmStage::OpenDropped() {
+    if (!droppedFile_.empty()) {
+        CurrentStageFile = std::exchange(droppedFile_, {});
+        OpenStage();
+    }
+}
+
+void frmStage::mnuReload_Click() {
+    if (loop_.StageRunning == 0) {
+        mnuOpen_Click();
+        return;
+    }
+    if (options_.Additions) {
+        CurrentStageFile = shownFile_;
+        OpenStage();
+        return;
+    }
+    QuitRequested = kTrue;
+    UnloadStuff();
+    QuitRequested = kFalse;
+}
+
+// The same stage again, where the camera stands.
+void frmStage::LoadAgain() {
+    const CameraPlace camera{model_.CamX, model_.CamY};
+    CurrentStageFile = shownFile_;
+    LeaveStage();
+    keptCamera_ = camera;
+    RunStage();
+}
+
+void frmStage::mnuClose_Click() {
+    QuitRequested = kTrue;
+    restart_ = false;
+    if (!CurrentStageFile.empty()) {
+        UnloadStuff();
+    }
+    SetCaption(AppTitle);
+}
+
+}  // namespace scenara
