@@ -84,6 +84,8 @@ struct ScrollBar {
 struct Form {
     std::string Caption;
     std::array<MenuItem, kMenuCount> menus;
+    // Paths behind the item MnuRecentFiles, newest first; menu entry k is recentFiles[k - 1].
+    std::vector<std::string> recentFiles;
     PictureBox picDraw;  // where the stage is drawn
     PictureBox picLoad;  // the picture that is shown before a stage is open
     ListBox lstStages;
