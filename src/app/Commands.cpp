@@ -92,11 +92,10 @@ void frmStage::mnuMScroll_Click() {
 }
 
 void frmStage::mnuAbout_Click() {
-    machine_.messages.MsgBox(kMessageAbout,
-                             "Scenara " + VersionText +
-                                 " DirectX 8 Experimental Release\r\n"
-                                 "A viewer for the background stages of MUGEN.\r\n"
-                                 "Free software under the MIT licence.");
+    machine_.messages.MsgBox(kMessageAbout, "Scenara " + VersionText +
+                                                " DirectX 8 Experimental Release\r\n"
+                                                "A viewer for the background stages of MUGEN.\r\n"
+                                                "Free software under the MIT licence.");
 }
 
 void frmStage::mnuAdditions_Click() {

@@ -50,11 +50,10 @@ void frmStage::Form_Load() {
         form_[Menu::mnuAdditions].checked = options_.Additions;
     }));
     static_cast<void>(Guarded([&] {
-        settingsLoaded_ = LoadConfig(
-            AllSettings(),
-            {machine_.files, machine_.messages, machine_.dialogs, {}, [&] {
-                 return machine_.window.EndRequested();
-             }});
+        settingsLoaded_ = LoadConfig(AllSettings(),
+                                     {machine_.files, machine_.messages, machine_.dialogs, {}, [&] {
+                                          return machine_.window.EndRequested();
+                                      }});
         if (!settingsLoaded_) {
             ended_ = true;
             return;

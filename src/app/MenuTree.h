@@ -10,7 +10,8 @@ namespace scenara {
 // Captions, places and states. Items whose command is not there yet are disabled.
 void DesignMenus(Form& form);
 
-// The Options, Stage and Extras menus and the previous, next and random stage: off while a stage loads.
+// The Options, Stage and Extras menus and the previous, next and random stage: off while a stage
+// loads.
 void EnableLoadingMenus(Form& form, bool enabled);
 
 // Whether a user can choose the item as the form stands.

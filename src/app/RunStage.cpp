@@ -103,13 +103,8 @@ void frmStage::ShowStage() {
 void frmStage::StartLoop() {
     EnableLoadingMenus(form_, false);
     LoadMessages messages(machine_.messages, options_.Additions);
-    const LoadStageContext load{machine_.files,
-                                messages,
-                                machine_.window,
-                                engine_.Device(),
-                                options_,
-                                MugeDir,
-                                {}};
+    const LoadStageContext load{
+        machine_.files, messages, machine_.window, engine_.Device(), options_, MugeDir, {}};
     std::string file = shownFile_;
     const auto fullScreenAgain = [this] {
         if (std::exchange(startFullScreen_, false)) {

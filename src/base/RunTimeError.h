@@ -15,19 +15,19 @@
 namespace scenara {
 
 enum class RunTimeErrorKind {
-    Overflow,             // a number that its field cannot hold
-    SubscriptOutOfRange,  // an index outside its table
-    FileNotFound,         // no file of that name
-    PathFileAccess,       // something is there that cannot be opened as a file
-    PermissionDenied,     // the system does not allow it
-    DiskFull,             // no room for what was to be written
-    DeviceIo,             // reading or writing failed half-way
-    InputPastEnd,         // fewer bytes there than wanted
-    BadFormat,            // bytes that are not what they claim to be
-    OutOfMemory,          // more than the machine has
-    InvalidPropertyValue, // what a control does not take
-    ObjectNotSet,         // something that is used is not there, such as a device
-    Direct3D,             // a call of the graphics device failed
+    Overflow,              // a number that its field cannot hold
+    SubscriptOutOfRange,   // an index outside its table
+    FileNotFound,          // no file of that name
+    PathFileAccess,        // something is there that cannot be opened as a file
+    PermissionDenied,      // the system does not allow it
+    DiskFull,              // no room for what was to be written
+    DeviceIo,              // reading or writing failed half-way
+    InputPastEnd,          // fewer bytes there than wanted
+    BadFormat,             // bytes that are not what they claim to be
+    OutOfMemory,           // more than the machine has
+    InvalidPropertyValue,  // what a control does not take
+    ObjectNotSet,          // something that is used is not there, such as a device
+    Direct3D,              // a call of the graphics device failed
 };
 
 // The name of an error as people read it, such as "Subscript out of range".

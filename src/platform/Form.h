@@ -69,7 +69,7 @@ struct PictureBox {
 
 struct ListBox {
     std::vector<std::string> items;
-    Long ListIndex = -1;  // the selected item; -1: none
+    Long ListIndex = -1;    // the selected item; -1: none
     bool takesKeys = true;  // else keys pass it by, whatever has the focus
     Long left = 0;
     Long top = 0;
@@ -88,8 +88,9 @@ struct ScrollBar {
 struct Form {
     std::string Caption;
     std::array<MenuItem, kMenuCount> menus;
-    std::vector<std::string> recentFiles;  // full paths, newest first, behind MnuRecentFiles
-    Long innerWidth = 0;                   // of the window, without its menu bar and borders
+    // Paths behind the item MnuRecentFiles, newest first; menu entry k is recentFiles[k - 1].
+    std::vector<std::string> recentFiles;
+    Long innerWidth = 0;  // pixels of the window, without its menu bar and borders
     Long innerHeight = 0;
     PictureBox picDraw;  // where the stage is drawn
     PictureBox picLoad;  // the picture that is shown before a stage is open

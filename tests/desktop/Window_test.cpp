@@ -65,7 +65,7 @@ protected:
         environment.push_back("ASAN_OPTIONS=detect_leaks=0");  // the toolkit's own
         program_.emplace(std::vector<std::string>{(folder / "bin/scenara").string()}, environment,
                          display_.Folder() + "program.txt");
-        ASSERT_TRUE(Eventually([&] { return !Window().empty(); })) 
+        ASSERT_TRUE(Eventually([&] { return !Window().empty(); }))
             << "no window came up; there are: " << display_.AllWindows();
         ASSERT_TRUE(Eventually([&] { return Seen().value_or(Bar()).width == 8; }))
             << "no picture, one to one";

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+#include "app/ScreenModule.h"
+
+#include <algorithm>
+#include <limits>
+
+#include "base/NumberText.h"
+#include "base/Text.h"
+
+namespace scenara {
+namespace {
+
+// A mode is known by an Integer.
+constexpr Long kMaxModes = std::numeric_limits<Integer>::max();
+
+std::string_view Colours(Long bitsPerPixel) {
+    switch (bitsPerPixel) {
+        case 4: return "16 colors";
+        case 8: return "256 colors";
+        default: return bitsPerPixel <= 24 ? "24bit color" : "32bit color";
+    }
+}
+
+template <typename Table, typename Predicate>
+Integer FirstIndex(const Table& table, Predicate wanted) {
+    const auto found = std::find_if(table.begin(), table.end(), wanted);
+    return found == table.end() ? kNoMode : static_cast<Integer>(found - table.begin());
+}
+
+}  // namespace
+
+std::string DescribeMode(const DisplaySettings& mode) {
+    std::string text = NumberText(mode.width) + " x " + NumberText(mode.height) + ", ";
+    text.append(Colours(mode.bitsPerPixel));
+    return text + (mode.frequency < 2 ? ", (Hardware default)"
+                                      : ", " + NumberText(mode.frequency) + " Hz");
+}
+
+void ScreenModule::Enumerate() {
+    modes_.clear();
+    descriptions_.clear();
+    for (Long index = 0; index < kMaxModes; ++index) {
+        const std::optional<DisplaySettings> mode = display_.EnumDisplaySettings(index);
+        if (!mode) {
+            return;
+        }
+        modes_.push_back(*mode);
+        descriptions_.push_back(DescribeMode(*mode));
+    }
+}
+
+Integer ScreenModule::Find(std::string_view text) const {
+    return FirstIndex(descriptions_, [&](const std::string& d) { return Contains(d, text); });
+}
+
+Integer ScreenModule::CurrentMode() const {
+    const DisplaySettings current = display_.Current();
+    return FirstIndex(modes_, [&](const DisplaySettings& mode) { return mode == current; });
+}
+
+bool ScreenModule::SwitchTo(Integer mode) {
+    const auto index = static_cast<std::size_t>(mode);
+    return mode >= 0 && index < modes_.size() && display_.ChangeDisplaySettings(modes_[index]);
+}
+
+}  // namespace scenara

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+//
+// HeadlessDialogs: questions without a window. Each is recorded, an observer may act while it is
+// "open", and it is answered with the next of the scripted answers; when they are used up, as by a
+// user who cancels.
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "platform/Dialogs.h"
+
+namespace scenara {
+
+struct DialogQuestion {
+    enum class Kind { BrowseForFolder, OpenFile, InputBox };
+
+    Kind kind = Kind::InputBox;
+    std::string text;           // the prompt or the title
+    std::string initialFolder;  // of OpenFile
+
+    friend bool operator==(const DialogQuestion&, const DialogQuestion&) = default;
+};
+
+class HeadlessDialogs : public Dialogs {
+public:
+    using Observer = std::function<void(const DialogQuestion&)>;
+
+    // Answers to the next questions, whatever they are, in order. Empty: cancelled.
+    void Answer(std::string answer) { answers_.push_back(std::move(answer)); }
+    void Observe(Observer observer) { observer_ = std::move(observer); }
+
+    // All of them, oldest first.
+    [[nodiscard]] const std::vector<DialogQuestion>& Asked() const { return asked_; }
+
+    [[nodiscard]] std::string BrowseForFolder(const std::string& prompt) override;
+    [[nodiscard]] std::string OpenFile(const std::string& title,
+                                       const std::string& initialFolder) override;
+    [[nodiscard]] std::string InputBox(const std::string& prompt) override;
+
+private:
+    std::string Ask(const DialogQuestion& question);
+
+    std::deque<std::string> answers_;
+    Observer observer_;
+    std::vector<DialogQuestion> asked_;
+};
+
+}  // namespace scenara
