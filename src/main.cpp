@@ -16,16 +16,6 @@ using namespace scenara;
 
 constexpr int kNoDisplay = 1;
 
-// Until stages can be chosen: one of those beside the program.
-void OpenBundledStage(frmStage& program, Files& files) {
-    program.MugeDir = ExecutableFolder() + "../mugen/";
-    const std::string stage = program.MugeDir + "stages/lanternpier.def";
-    if (files.FileExists(stage)) {
-        program.CurrentStageFile = stage;
-        program.RunStage();
-    }
-}
-
 int Run() {
     DesktopMachine machine(WritableProgramFolder(ExecutableFolder()));
     frmStage program(machine.Pieces(), machine.form);
@@ -34,7 +24,6 @@ int Run() {
     program.Form_Load();
     if (!program.Ended()) {
         window.Show();
-        OpenBundledStage(program, machine.OwnFiles());
     }
     while (!program.Ended()) {
         window.WaitForEvents();

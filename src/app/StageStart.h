@@ -32,9 +32,9 @@ struct StageStartContext {
     Keyboard& keyboard;
     const LoadStageContext& load;
     // Where the camera stood when the same stage was shown before.
-    std::optional<CameraPlace> keptCamera;
+    std::optional<CameraPlace> keptCamera{};
     // Run between the loading and the first placing: the full screen again, where that is on.
-    std::function<void()> loaded;
+    std::function<void()> loaded{};
 };
 
 // Loads the stage at `stageFile` and prepares it: camera, elements, scroll bar. StageRunning tells

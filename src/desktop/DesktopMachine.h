@@ -12,13 +12,17 @@
 #include "platform/posix/PosixFiles.h"
 #include "platform/posix/PosixProcess.h"
 #include "platform/posix/SteadyClock.h"
+#include "platform/qt/DesktopPicture.h"
+#include "platform/qt/FullScreenWindow.h"
 #include "platform/qt/KeyTracker.h"
 #include "platform/qt/MainWindow.h"
 #include "platform/qt/PictureWidget.h"
+#include "platform/qt/QtDialogs.h"
 #include "platform/qt/QtMessages.h"
 #include "platform/qt/QtPointer.h"
 #include "platform/soft/PictureSink.h"
 #include "platform/soft/SoftDirect3D.h"
+#include "platform/x11/X11DisplayModes.h"
 
 namespace scenara {
 
@@ -28,16 +32,21 @@ public:
     explicit DesktopMachine(const std::string& folder, PictureSink* sink = nullptr)
         : files_(folder),
           process_(folder),
+          keyboard_(form),
           window_(form),
+          fullScreen_(window_),
+          picture_(window_, fullScreen_),
           messages_(&window_, "Scenara"),
-          direct3D_(std::make_shared<TextureMemory>(),
-                    sink != nullptr ? sink : &window_.Picture()) {}
+          dialogs_(&window_, "Scenara"),
+          direct3D_(std::make_shared<TextureMemory>(), sink != nullptr ? sink : &picture_) {
+        keyboard_.SetObserver([this](VirtualKey key) { window_.NoteKey(key); });
+    }
 
     [[nodiscard]] Machine Pieces() {
-        return {files_, messages_, window_, keyboard_, clock_, pointer_, process_, direct3D_};
+        return {files_,   messages_, window_,  keyboard_, clock_,     pointer_,
+                process_, direct3D_, dialogs_, display_,  fullScreen_};
     }
     [[nodiscard]] MainWindow& Desktop() { return window_; }
-    [[nodiscard]] Files& OwnFiles() { return files_; }
 
     Form form;
 
@@ -48,7 +57,11 @@ private:
     QtPointer pointer_;
     KeyTracker keyboard_;
     MainWindow window_;
+    FullScreenWindow fullScreen_;
+    DesktopPicture picture_;
     QtMessages messages_;
+    QtDialogs dialogs_;
+    X11DisplayModes display_;
     SoftDirect3D direct3D_;
 };
 

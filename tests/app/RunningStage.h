@@ -12,6 +12,9 @@
 
 #include "app/frmStage.h"
 #include "platform/headless/HeadlessClock.h"
+#include "platform/headless/HeadlessDialogs.h"
+#include "platform/headless/HeadlessDisplayModes.h"
+#include "platform/headless/HeadlessFullScreen.h"
 #include "platform/headless/HeadlessKeyboard.h"
 #include "platform/headless/HeadlessMessages.h"
 #include "platform/headless/HeadlessPointer.h"
@@ -98,9 +101,14 @@ struct RunningStage {
     HeadlessProcess process;
     CountingSink sink;
     SoftDirect3D direct3D{KeptTextureMemory(), &sink};
+    HeadlessDialogs dialogs;
+    HeadlessDisplayModes display;
+    HeadlessFullScreen fullScreen{window};
     Form form;
-    frmStage program{
-        {files, messages, window, keyboard, clock, pointer, process, direct3D}, form, options};
+    frmStage program{{files, messages, window, keyboard, clock, pointer, process, direct3D, dialogs,
+                      display, fullScreen},
+                     form,
+                     options};
 };
 
 // Ends the loop at this turn.

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "base/Path.h"
 #include "base/RunTimeError.h"
 #include "base/Text.h"
 
@@ -92,7 +93,7 @@ void MemoryFiles::Delete(const std::string& path) {
 }
 
 bool MemoryFiles::FolderExists(const std::string& path) {
-    const std::string folder = Key(WithSeparator(path));
+    const std::string folder = WithSeparator(Key(path));
     const auto file = files_.lower_bound(folder);
     return file != files_.end() && file->first.starts_with(folder);
 }

@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QMenuBar>
 #include <QWindow>
 #include <algorithm>
 
@@ -12,9 +13,23 @@ namespace {
 constexpr Integer kDown = -32768;  // the highest of 16 bits
 constexpr Integer kPressedSince = 1;
 
+// A menu, a dialog, or the menu bar while it is walked with the arrow keys.
 bool TypedElsewhere() {
-    return QApplication::activePopupWidget() != nullptr ||
+    return qobject_cast<QMenuBar*>(QApplication::focusWidget()) != nullptr ||
+           QApplication::activePopupWidget() != nullptr ||
            QApplication::activeModalWidget() != nullptr;
+}
+
+bool DrivesTheCamera(VirtualKey key) {
+    switch (key) {
+        case VirtualKey::Left:
+        case VirtualKey::Up:
+        case VirtualKey::Right:
+        case VirtualKey::Down:
+        case VirtualKey::A:
+        case VirtualKey::Z: return true;
+        default: return false;
+    }
 }
 
 }  // namespace
@@ -32,6 +47,7 @@ std::optional<VirtualKey> VirtualKeyOf(const QKeyEvent& event) {
         case Qt::Key_Delete: return VirtualKey::Delete;
         case Qt::Key_A: return VirtualKey::A;
         case Qt::Key_D: return VirtualKey::D;
+        case Qt::Key_Q: return VirtualKey::Q;
         case Qt::Key_Z: return VirtualKey::Z;
         case Qt::Key_Plus: return keypad ? std::optional(VirtualKey::NumpadPlus) : std::nullopt;
         case Qt::Key_Minus: return keypad ? std::optional(VirtualKey::NumpadMinus) : std::nullopt;
@@ -39,7 +55,7 @@ std::optional<VirtualKey> VirtualKeyOf(const QKeyEvent& event) {
     }
 }
 
-KeyTracker::KeyTracker() {
+KeyTracker::KeyTracker(const Form& form) : form_(form) {
     qApp->installEventFilter(this);
     QObject::connect(qApp, &QGuiApplication::focusWindowChanged, this,
                      [this](QWindow*) { ReleaseAll(); });
@@ -60,8 +76,9 @@ bool KeyTracker::eventFilter(QObject* receiver, QEvent* event) {
     // Each event passes the window first, and then widgets within it; it counts once.
     if (receiver->isWindowType()) {
         if (event->type() == QEvent::KeyPress) {
-            Press(*static_cast<QKeyEvent*>(event));
-        } else if (event->type() == QEvent::KeyRelease) {
+            return Press(*static_cast<QKeyEvent*>(event)) || QObject::eventFilter(receiver, event);
+        }
+        if (event->type() == QEvent::KeyRelease) {
             const auto& key = *static_cast<QKeyEvent*>(event);
             if (!key.isAutoRepeat()) {
                 down_.erase(key.nativeScanCode());
@@ -71,15 +88,23 @@ bool KeyTracker::eventFilter(QObject* receiver, QEvent* event) {
     return QObject::eventFilter(receiver, event);
 }
 
-void KeyTracker::Press(const QKeyEvent& event) {
-    if (event.isAutoRepeat() || TypedElsewhere()) {
-        return;
+bool KeyTracker::Press(const QKeyEvent& event) {
+    // With Alt and the like it is a menu's key.
+    if (TypedElsewhere() ||
+        (event.modifiers() & (Qt::AltModifier | Qt::ControlModifier | Qt::MetaModifier)) != 0) {
+        return false;
     }
-    if (const std::optional<VirtualKey> key = VirtualKeyOf(event)) {
-        if (down_.emplace(event.nativeScanCode(), *key).second) {
-            pressedSince_.set(static_cast<std::size_t>(*key));
+    const std::optional<VirtualKey> key = VirtualKeyOf(event);
+    if (!key) {
+        return false;
+    }
+    if (!event.isAutoRepeat() && down_.emplace(event.nativeScanCode(), *key).second) {
+        pressedSince_.set(static_cast<std::size_t>(*key));
+        if (pressed_) {
+            pressed_(*key);
         }
     }
+    return !form_.lstStages.takesKeys && DrivesTheCamera(*key);
 }
 
 void KeyTracker::ReleaseAll() {

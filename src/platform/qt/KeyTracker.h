@@ -5,14 +5,18 @@
 // A key is known by its scan code while it is down, since what it stands for may change with Shift
 // in between. Keys that go to a menu or a dialog do not count; when the focus moves, all are up,
 // for a release that happens elsewhere is never heard of. A press that came and went since the last
-// poll is reported once.
+// poll is reported once. Keys that drive the program's camera go no further, so that no list moves
+// its selection with them.
 #pragma once
 
 #include <QObject>
 #include <bitset>
+#include <functional>
 #include <optional>
 #include <unordered_map>
+#include <utility>
 
+#include "platform/Form.h"
 #include "platform/Keyboard.h"
 
 class QEvent;
@@ -22,17 +26,23 @@ namespace scenara {
 
 class KeyTracker : public QObject, public Keyboard {
 public:
-    // Watches the application from now on.
-    KeyTracker();
+    // Watches the application from now on. `form` outlives it.
+    explicit KeyTracker(const Form& form);
+
+    // Who hears of each press.
+    void SetObserver(std::function<void(VirtualKey)> pressed) { pressed_ = std::move(pressed); }
 
     Integer GetAsyncKeyState(VirtualKey key) override;
 
     bool eventFilter(QObject* receiver, QEvent* event) override;
 
 private:
-    void Press(const QKeyEvent& event);
+    // Whether the key goes no further.
+    bool Press(const QKeyEvent& event);
     void ReleaseAll();
 
+    const Form& form_;
+    std::function<void(VirtualKey)> pressed_;
     std::unordered_map<quint32, VirtualKey> down_;  // by scan code
     std::bitset<256> pressedSince_;
 };

@@ -5,9 +5,15 @@
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDragEnterEvent>
+#include <QFile>
+#include <QListWidget>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QScreen>
+#include <QSignalBlocker>
+#include <QUrl>
 #include <utility>
 
 // Qt's "emit" and "signals" are words in this library's headers.
@@ -16,6 +22,7 @@
 
 #include "base/Text.h"
 #include "platform/qt/PictureWidget.h"
+#include "platform/qt/TitlePicture.h"
 
 namespace scenara {
 namespace {
@@ -38,14 +45,46 @@ Long Units(int pixels) {
 }  // namespace
 
 MainWindow::MainWindow(const Form& form) : form_(form), looksTruly_(RunsOnGlib()) {
-    picture_ = new PictureWidget(this);  // NOLINT(cppcoreguidelines-owning-memory): Qt's own
-    setCentralWidget(picture_);
+    // Places and sizes come from the form.
+    auto* const inner = new QWidget(this);  // NOLINT(cppcoreguidelines-owning-memory): Qt's own
+    picture_ = new PictureWidget(inner);    // NOLINT(cppcoreguidelines-owning-memory)
+    list_ = new QListWidget(inner);         // NOLINT(cppcoreguidelines-owning-memory)
+    setCentralWidget(inner);
+    setAcceptDrops(true);
+    BuildList();
+}
+
+void MainWindow::BuildList() {
+    list_->setUniformItemSizes(true);  // ten thousand items, and only one is measured
+    list_->setFrameShape(QFrame::NoFrame);
+    list_->hide();
+    // Selecting with the keys and with the mouse; and a click on what is selected already.
+    connect(list_, &QListWidget::currentRowChanged, this, [this](int row) {
+        selectionNoted_ = row;
+        NoteSelection(row);
+    });
+    connect(list_, &QListWidget::itemClicked, this, [this](QListWidgetItem* item) {
+        if (const int row = list_->row(item); row != std::exchange(selectionNoted_, -1)) {
+            NoteSelection(row);
+        }
+    });
+}
+
+void MainWindow::NoteSelection(int row) {
+    Note([row](FormEvents& events) { events.lstStages_Click(row); });
+}
+
+void MainWindow::NoteKey(VirtualKey key) {
+    Note([key](FormEvents& events) { events.Form_KeyDown(key); });
 }
 
 void MainWindow::SetEvents(FormEvents* events) {
     events_ = events;
     BuildMenus();
     ShowForm();
+    if (form_.picLoad.visible) {
+        static_cast<void>(picture_->Show(TitlePicture()));
+    }
 }
 
 MainWindow::~MainWindow() = default;
@@ -55,8 +94,13 @@ void MainWindow::BuildMenus() {
     QMenu* const options = menuBar()->addMenu(QString());
     actions_[static_cast<std::size_t>(Menu::mnuStage)] = stage->menuAction();
     actions_[static_cast<std::size_t>(Menu::mnuOptions)] = options->menuAction();
+    QMenu* const extras = new QMenu(menuBar());  // NOLINT(cppcoreguidelines-owning-memory)
+    actions_[static_cast<std::size_t>(Menu::mnuExtras)] = extras->menuAction();
     for (std::size_t i = 0; i < kMenuCount; ++i) {
         if (actions_[i] != nullptr) {
+            if (static_cast<Menu>(i) == Menu::mnuExtras) {
+                menuBar()->addMenu(extras);  // behind the items of the bar
+            }
             continue;
         }
         const MenuItem& item = form_.menus[i];
@@ -68,6 +112,7 @@ void MainWindow::BuildMenus() {
             case MenuPlace::Bar: menuBar()->addAction(action); break;
             case MenuPlace::Stage: stage->addAction(action); break;
             case MenuPlace::Options: options->addAction(action); break;
+            case MenuPlace::Extras: extras->addAction(action); break;
         }
         connect(action, &QAction::triggered, this, [this, i] {
             Note([i](FormEvents& events) { events.Menu_Click(static_cast<Menu>(i)); });
@@ -79,6 +124,57 @@ void MainWindow::ShowForm() {
     if (events_ == nullptr) {
         return;  // nothing is designed yet
     }
+    ShowMenus();
+    ShowRecentFiles();
+    ShowList();
+    const QRect place(form_.picDraw.left, form_.picDraw.top, form_.picDraw.width,
+                      form_.picDraw.height);
+    if (picture_->geometry() != place) {
+        picture_->setGeometry(place);
+    }
+}
+
+// An entry per path, between the two separators.
+void MainWindow::ShowRecentFiles() {
+    QAction& before = *actions_[static_cast<std::size_t>(Menu::mnubla)];
+    QMenu& menu = *actions_[static_cast<std::size_t>(Menu::mnuStage)]->menu();
+    while (recentActions_.size() < form_.recentFiles.size()) {
+        auto* const action = new QAction(this);  // NOLINT(cppcoreguidelines-owning-memory)
+        const auto index = static_cast<Long>(recentActions_.size() + 1);
+        connect(action, &QAction::triggered, this, [this, index] {
+            Note([index](FormEvents& events) { events.MnuRecentFiles_Click(index); });
+        });
+        menu.insertAction(&before, action);
+        recentActions_.push_back(action);
+    }
+    for (std::size_t i = 0; i < form_.recentFiles.size(); ++i) {
+        // A path has no access letter.
+        const QString path = Shown(form_.recentFiles[i]).replace('&', "&&");
+        if (recentActions_[i]->text() != path) {
+            recentActions_[i]->setText(path);
+        }
+    }
+}
+
+void MainWindow::ShowList() {
+    const ListBox& list = form_.lstStages;
+    const QSignalBlocker quiet(list_);  // what the program does is no click
+    for (; listed_ < list.items.size(); ++listed_) {
+        list_->addItem(Shown(list.items[listed_]));
+    }
+    if (list_->currentRow() != list.ListIndex && waiting_.empty()) {
+        list_->setCurrentRow(list.ListIndex);
+    }
+    const QRect place(list.left, list.top, list.width, list.height);
+    if (list_->geometry() != place) {
+        list_->setGeometry(place);
+    }
+    if (list_->isHidden() == list.visible) {
+        list_->setVisible(list.visible);
+    }
+}
+
+void MainWindow::ShowMenus() {
     for (std::size_t i = 0; i < kMenuCount; ++i) {
         const MenuItem& item = form_.menus[i];
         QAction& action = *actions_[i];
@@ -172,6 +268,11 @@ WindowHandle MainWindow::PictureHandle() const {
     return reinterpret_cast<WindowHandle>(picture_);
 }
 
+WindowHandle MainWindow::Foreground() const {
+    const bool ours = QGuiApplication::applicationState() == Qt::ApplicationActive;
+    return ours ? reinterpret_cast<WindowHandle>(QApplication::activeWindow()) : 0;
+}
+
 void MainWindow::closeEvent(QCloseEvent* event) {
     event->ignore();  // it goes with the program
     endRequested_ = true;
@@ -186,6 +287,22 @@ void MainWindow::showEvent(QShowEvent* event) {
 void MainWindow::resizeEvent(QResizeEvent* event) {
     QMainWindow::resizeEvent(event);
     resized_ = true;
+}
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+    if (event->mimeData()->hasUrls()) {
+        event->acceptProposedAction();
+    }
+}
+
+void MainWindow::dropEvent(QDropEvent* event) {
+    for (const QUrl& url : event->mimeData()->urls()) {
+        if (url.isLocalFile()) {
+            const std::string path = QFile::encodeName(url.toLocalFile()).toStdString();
+            Note([path](FormEvents& events) { events.Form_OLEDragDrop(path); });
+            event->acceptProposedAction();
+            return;
+        }
+    }
 }
 
 }  // namespace scenara

@@ -13,11 +13,13 @@
 #include <deque>
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "platform/Form.h"
 #include "platform/Window.h"
 
 class QAction;
+class QListWidget;
 class QMenu;
 
 namespace scenara {
@@ -32,6 +34,8 @@ public:
 
     // Who hears of events from now on. The form's menus have their captions and places by then.
     void SetEvents(FormEvents* events);
+    // A key has gone down somewhere in the program.
+    void NoteKey(VirtualKey key);
     [[nodiscard]] PictureWidget& Picture() { return *picture_; }
 
     // Lets the program sleep until something happens; for when no stage is shown.
@@ -46,6 +50,7 @@ public:
     [[nodiscard]] WindowPlace Place() const override;
     [[nodiscard]] ScreenSize Screen() const override;
     [[nodiscard]] WindowHandle PictureHandle() const override;
+    [[nodiscard]] WindowHandle Foreground() const override;
     [[nodiscard]] bool EndRequested() const override { return endRequested_; }
     void RequestEnd() override { endRequested_ = true; }
 
@@ -53,12 +58,19 @@ protected:
     void closeEvent(QCloseEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
 private:
     using Event = std::function<void(FormEvents&)>;
 
     void BuildMenus();
+    void BuildList();
     void ShowForm();
+    void ShowMenus();
+    void ShowRecentFiles();
+    void ShowList();
+    void NoteSelection(int row);
     void Note(Event event) { waiting_.push_back(std::move(event)); }
     void HandOver();
     void NoteResize();
@@ -66,7 +78,11 @@ private:
     const Form& form_;
     FormEvents* events_ = nullptr;
     PictureWidget* picture_ = nullptr;  // a child, as Qt has it
+    QListWidget* list_ = nullptr;       // another
     std::array<QAction*, kMenuCount> actions_{};
+    std::vector<QAction*> recentActions_;
+    std::size_t listed_ = 0;   // how many of the form's items the list has
+    int selectionNoted_ = -1;  // the row that a press of the mouse has selected just now
     std::deque<Event> waiting_;
     bool looksTruly_ = false;  // the dispatcher can tell whether something waits
     bool resized_ = false;

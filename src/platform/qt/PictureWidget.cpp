@@ -39,6 +39,12 @@ HRESULT PictureWidget::Show(std::span<const std::uint32_t> pixels) {
     return D3D_OK;
 }
 
+void PictureWidget::TakeOver(const PictureWidget& other) {
+    view_ = other.view_;
+    Stretch();
+    update();
+}
+
 void PictureWidget::resizeEvent(QResizeEvent* /*event*/) {
     Stretch();
 }

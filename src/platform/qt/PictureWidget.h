@@ -23,6 +23,9 @@ public:
 
     HRESULT Show(std::span<const std::uint32_t> pixels) override;
 
+    // Shows what the other one showed last.
+    void TakeOver(const PictureWidget& other);
+
 protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;

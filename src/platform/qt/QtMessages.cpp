@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/qt/QtMessages.h"
 
+#include <QCheckBox>
 #include <QMessageBox>
 
 #include "base/Text.h"
@@ -21,6 +22,23 @@ QMessageBox::Icon IconOf(MessageIcon icon) {
 
 void QtMessages::Show(const Message& message) {
     QMessageBox box(owner_);
+    Fill(box, message);
+    box.exec();
+}
+
+bool QtMessages::ShowWithOffer(const Message& message, const std::string& offer) {
+    QMessageBox box(owner_);
+    Fill(box, message);
+    QCheckBox taken(QString::fromStdString(ToUtf8(offer)));
+    box.setCheckBox(&taken);
+    box.exec();
+    const bool isTaken = taken.isChecked();
+    box.setCheckBox(nullptr);  // it is not the box's to delete
+    taken.setParent(nullptr);
+    return isTaken;
+}
+
+void QtMessages::Fill(QMessageBox& box, const Message& message) const {
     box.setIcon(IconOf(message.icon));
     box.setWindowTitle(
         QString::fromStdString(ToUtf8(message.title.empty() ? title_ : message.title)));
@@ -28,7 +46,6 @@ void QtMessages::Show(const Message& message) {
     box.setTextFormat(Qt::PlainText);
     box.setText(QString::fromStdString(ToUtf8(message.text)));
     box.setStandardButtons(QMessageBox::Ok);
-    box.exec();
 }
 
 }  // namespace scenara

@@ -8,6 +8,7 @@
 
 #include "platform/Messages.h"
 
+class QMessageBox;
 class QWidget;
 
 namespace scenara {
@@ -18,8 +19,11 @@ public:
     QtMessages(QWidget* owner, std::string title) : owner_(owner), title_(std::move(title)) {}
 
     void Show(const Message& message) override;
+    bool ShowWithOffer(const Message& message, const std::string& offer) override;
 
 private:
+    void Fill(QMessageBox& box, const Message& message) const;
+
     QWidget* owner_;
     std::string title_;
 };

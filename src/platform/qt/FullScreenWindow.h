@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+//
+// FullScreenWindow: frmFS on a Qt desktop, with a picture of its own.
+#pragma once
+
+#include <QWidget>
+
+#include "platform/FullScreenForm.h"
+
+namespace scenara {
+
+class MainWindow;
+class PictureWidget;
+
+class FullScreenWindow : public QWidget, public FullScreenForm {
+public:
+    // `window` outlives it, and closes in its place.
+    explicit FullScreenWindow(MainWindow& window);
+
+    WindowHandle Show() override;
+    void Hide() override;
+
+    [[nodiscard]] PictureWidget& Picture() { return *picture_; }
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void Cover();
+
+    MainWindow& window_;
+    PictureWidget* picture_ = nullptr;  // a child, as Qt has it
+};
+
+}  // namespace scenara
