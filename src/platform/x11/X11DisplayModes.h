@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: MIT
+//
+// X11DisplayModes: the modes of the screen on which the main window stands, on an X display.
+//
+// Where that screen has no mode for the full screen (320 x 240, 24 bits, 60 Hz), as today's have
+// none, one more is listed behind its own: switching to it changes nothing on the display, and it
+// counts as the one in force until another is asked for. The window then shows itself over the
+// whole screen.
+//
+// A mode that was switched to is taken back by Restore(), by the destructor, and when the program
+// dies.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/DisplayModes.h"
+#include "platform/x11/ModeGuard.h"
+#include "platform/x11/X11Modes.h"
+
+namespace scenara {
+
+class X11DisplayModes : public DisplayModes {
+public:
+    // The listed mode where there is none of the kind.
+    static constexpr DisplaySettings kEmulated{320, 240, 24, 60};
+
+    // `windowPlace`: where the main window stands. `display`: for tests; empty: the environment's.
+    explicit X11DisplayModes(std::function<ScreenRectangle()> windowPlace,
+                             std::string display = {});
+    X11DisplayModes(const X11DisplayModes&) = delete;
+    X11DisplayModes& operator=(const X11DisplayModes&) = delete;
+    ~X11DisplayModes() override;
+
+    [[nodiscard]] std::optional<DisplaySettings> EnumDisplaySettings(Long index) override;
+    [[nodiscard]] DisplaySettings Current() override;
+    bool ChangeDisplaySettings(const DisplaySettings& mode) override;
+
+    // The mode that was in force before the first switch.
+    void Restore();
+
+    // Whether the full screen's mode is one of the program's own making.
+    [[nodiscard]] bool Emulates() const { return emulates_; }
+
+private:
+    void ReadModes();
+    [[nodiscard]] std::optional<xcb_randr_mode_t> ModeWith(const DisplaySettings& settings) const;
+    [[nodiscard]] DisplaySettings ShownMode() const;
+
+    std::function<ScreenRectangle()> windowPlace_;
+    std::string display_;
+    X11Modes connection_;
+    std::optional<X11Screen> screen_;  // as it was when the modes were read, and not switched
+    std::vector<X11Mode> modes_;
+    bool emulates_ = false;
+    bool emulatedInForce_ = false;
+    std::unique_ptr<ModeGuard> guard_;  // while a mode is switched
+};
+
+}  // namespace scenara
