@@ -38,6 +38,7 @@ public:
           picture_(window_, fullScreen_),
           messages_(&window_, "Scenara"),
           dialogs_(&window_, "Scenara"),
+          display_([this] { return window_.Rectangle(); }),
           direct3D_(std::make_shared<TextureMemory>(), sink != nullptr ? sink : &picture_) {
         keyboard_.SetObserver([this](VirtualKey key) { window_.NoteKey(key); });
     }

@@ -48,6 +48,7 @@ struct RunningStage {
         files.Put("/mugen/stages/a.def", kStage);
         files.Put("/mugen/stages/b.def", "[Info]\nname = second\n[Camera]\nstartx = 0\n");
         files.Put("/mugen/stages/a.sff", SmallArchiveBytes());
+        files.Put("/program/QX.CFG", "MugeDir = /mugen/\r\n");
         program.MugeDir = "/mugen/";
         program.CurrentStageFile = "/mugen/stages/a.def";
     }

@@ -29,7 +29,7 @@ WindowHandle FullScreenWindow::Show() {
         setWindowTitle(window_.windowTitle());
         setScreen(window_.screen());
         QObject::connect(
-            screen(), &QScreen::geometryChanged, this, [this] { Cover(); }, Qt::UniqueConnection);
+            screen(), &QScreen::geometryChanged, this, [this] { Cover(); }, Qt::AutoConnection);
         picture_->TakeOver(window_.Picture());
         Cover();
         showFullScreen();

@@ -11,9 +11,11 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
+#include <QProxyStyle>
 #include <QScreen>
 #include <QSignalBlocker>
 #include <QUrl>
+#include <cmath>
 #include <utility>
 
 // Qt's "emit" and "signals" are words in this library's headers.
@@ -42,6 +44,20 @@ Long Units(int pixels) {
     return pixels * kUnitsPerPixel;
 }
 
+// The bar holds many short items; with the usual room around them it would not show them all.
+class NarrowItems : public QProxyStyle {
+public:
+    QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
+                           const QWidget* widget) const override {
+        constexpr int kSaved = 7;
+        QSize given = QProxyStyle::sizeFromContents(type, option, size, widget);
+        if (type == CT_MenuBarItem) {
+            given.setWidth(given.width() - kSaved);
+        }
+        return given;
+    }
+};
+
 }  // namespace
 
 MainWindow::MainWindow(const Form& form) : form_(form), looksTruly_(RunsOnGlib()) {
@@ -50,6 +66,9 @@ MainWindow::MainWindow(const Form& form) : form_(form), looksTruly_(RunsOnGlib()
     picture_ = new PictureWidget(inner);    // NOLINT(cppcoreguidelines-owning-memory)
     list_ = new QListWidget(inner);         // NOLINT(cppcoreguidelines-owning-memory)
     setCentralWidget(inner);
+    auto* const style = new NarrowItems;  // NOLINT(cppcoreguidelines-owning-memory): the bar's
+    style->setParent(menuBar());
+    menuBar()->setStyle(style);
     setAcceptDrops(true);
     BuildList();
 }
@@ -58,16 +77,24 @@ void MainWindow::BuildList() {
     list_->setUniformItemSizes(true);  // ten thousand items, and only one is measured
     list_->setFrameShape(QFrame::NoFrame);
     list_->hide();
-    // Selecting with the keys and with the mouse; and a click on what is selected already.
-    connect(list_, &QListWidget::currentRowChanged, this, [this](int row) {
-        selectionNoted_ = row;
-        NoteSelection(row);
+    // Selecting with the keys and with the mouse; and a click on what is selected already. (The
+    // current item alone says nothing: the list chooses one when it gets the focus.)
+    connect(list_, &QListWidget::itemSelectionChanged, this, [this] {
+        selectionNoted_ = SelectedRow();
+        if (selectionNoted_ >= 0) {
+            NoteSelection(selectionNoted_);
+        }
     });
     connect(list_, &QListWidget::itemClicked, this, [this](QListWidgetItem* item) {
         if (const int row = list_->row(item); row != std::exchange(selectionNoted_, -1)) {
             NoteSelection(row);
         }
     });
+}
+
+int MainWindow::SelectedRow() const {
+    const QList<QListWidgetItem*> selected = list_->selectedItems();
+    return selected.isEmpty() ? -1 : list_->row(selected.front());
 }
 
 void MainWindow::NoteSelection(int row) {
@@ -162,7 +189,7 @@ void MainWindow::ShowList() {
     for (; listed_ < list.items.size(); ++listed_) {
         list_->addItem(Shown(list.items[listed_]));
     }
-    if (list_->currentRow() != list.ListIndex && waiting_.empty()) {
+    if (SelectedRow() != list.ListIndex && waiting_.empty()) {
         list_->setCurrentRow(list.ListIndex);
     }
     const QRect place(list.left, list.top, list.width, list.height);
@@ -257,6 +284,16 @@ void MainWindow::NoteResize() {
 WindowPlace MainWindow::Place() const {
     const QRect frame = frameGeometry();
     return {Units(frame.left()), Units(frame.top()), Units(frame.width()), Units(frame.height())};
+}
+
+ScreenRectangle MainWindow::Rectangle() const {
+    const QRect frame = frameGeometry();
+    const double ratio = devicePixelRatioF();
+    const auto pixels = [ratio](int length) {
+        return static_cast<Long>(std::lround(length * ratio));
+    };
+    return {pixels(frame.left()), pixels(frame.top()), pixels(frame.width()),
+            pixels(frame.height())};
 }
 
 ScreenSize MainWindow::Screen() const {

@@ -17,6 +17,7 @@
 
 #include "platform/Form.h"
 #include "platform/Window.h"
+#include "platform/x11/X11Modes.h"
 
 class QAction;
 class QListWidget;
@@ -37,6 +38,9 @@ public:
     // A key has gone down somewhere in the program.
     void NoteKey(VirtualKey key);
     [[nodiscard]] PictureWidget& Picture() { return *picture_; }
+
+    // Where it stands, in the display's own pixels.
+    [[nodiscard]] ScreenRectangle Rectangle() const;
 
     // Lets the program sleep until something happens; for when no stage is shown.
     void WaitForEvents();
@@ -70,6 +74,7 @@ private:
     void ShowMenus();
     void ShowRecentFiles();
     void ShowList();
+    [[nodiscard]] int SelectedRow() const;
     void NoteSelection(int row);
     void Note(Event event) { waiting_.push_back(std::move(event)); }
     void HandOver();
