@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <optional>
 
 #include "base/Text.h"
 #include "stage/KeyOffer.h"
@@ -18,11 +19,24 @@ constexpr std::array<std::string_view, 4> kPaths = {"mugedir", "testchar", "char
 // The byte before a letter that stands for a character which a line would lose.
 constexpr char kMark = '\0';
 
-struct Marked {
-    char character;
-    char letter;
-};
-constexpr std::array<Marked, 3> kMarked = {{{'\n', 'n'}, {'\r', 'r'}, {' ', 'b'}}};
+// The letter of such a character; nothing for all others. Blanks are lost at either end only.
+std::optional<char> LetterOf(char c, bool atEnd) {
+    switch (c) {
+        case '\n': return 'n';
+        case '\r': return 'r';
+        case ' ': return atEnd ? std::optional('b') : std::nullopt;
+        default: return std::nullopt;
+    }
+}
+
+std::optional<char> CharacterOf(char letter) {
+    switch (letter) {
+        case 'n': return '\n';
+        case 'r': return '\r';
+        case 'b': return ' ';
+        default: return std::nullopt;
+    }
+}
 
 // The configuration knows no additions.
 ViewOptions PlainReading() {
@@ -43,14 +57,11 @@ bool BeginsWithPathKey(std::string_view text) {
 std::string ToLineValue(const std::string& text) {
     std::string value;
     for (std::size_t i = 0; i < text.size(); ++i) {
-        const bool inner = i > 0 && i + 1 < text.size();
-        const auto marked = std::find_if(kMarked.begin(), kMarked.end(), [&](const Marked& m) {
-            return m.character == text[i] && !(inner && m.character == ' ');
-        });
-        if (marked == kMarked.end()) {
-            value.push_back(text[i]);
+        const std::optional<char> letter = LetterOf(text[i], i == 0 || i + 1 == text.size());
+        if (letter) {
+            value.append({kMark, *letter});
         } else {
-            value.append({kMark, marked->letter});
+            value.push_back(text[i]);
         }
     }
     return value;
@@ -59,15 +70,10 @@ std::string ToLineValue(const std::string& text) {
 std::string FromLineValue(std::string_view value) {
     std::string text;
     for (std::size_t i = 0; i < value.size(); ++i) {
-        const auto marked = std::find_if(kMarked.begin(), kMarked.end(), [&](const Marked& m) {
-            return value.substr(i).starts_with(kMark) && value.substr(i + 1).starts_with(m.letter);
-        });
-        if (marked == kMarked.end()) {
-            text.push_back(value[i]);
-        } else {
-            text.push_back(marked->character);
-            ++i;  // the letter
-        }
+        const bool marked = value[i] == kMark && i + 1 < value.size();
+        const std::optional<char> character = marked ? CharacterOf(value[i + 1]) : std::nullopt;
+        text.push_back(character.value_or(value[i]));
+        i += character ? 1U : 0U;
     }
     return text;
 }

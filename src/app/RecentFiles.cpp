@@ -8,11 +8,10 @@
 
 namespace scenara {
 
-void RememberRecentFile(Form& form, const std::string& path) {
+void RememberRecentFile(Form& form, std::string path) {
     std::vector<std::string>& recent = form.recentFiles;
-    const std::string opened = path;  // which may be one of them
     form[Menu::MnuRecentFiles].visible = true;
-    auto last = std::find(recent.begin(), recent.end(), opened);
+    auto last = std::find(recent.begin(), recent.end(), path);
     if (last == recent.end()) {
         if (recent.size() < kMaxRecentFiles) {
             recent.emplace_back();
@@ -20,7 +19,7 @@ void RememberRecentFile(Form& form, const std::string& path) {
         last = recent.end() - 1;
     }
     std::move_backward(recent.begin(), last, last + 1);
-    recent.front() = opened;
+    recent.front() = std::move(path);
 }
 
 std::string RaiseRecentFile(Form& form, std::size_t k) {

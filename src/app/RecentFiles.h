@@ -17,7 +17,7 @@ namespace scenara {
 inline constexpr std::size_t kMaxRecentFiles = 6;
 
 // A stage is opened: it becomes entry 1. Letter case tells paths apart.
-void RememberRecentFile(Form& form, const std::string& path);
+void RememberRecentFile(Form& form, std::string path);
 
 // Entry k becomes entry 1; its path. Raises "Subscript out of range" when there is none.
 std::string RaiseRecentFile(Form& form, std::size_t k);

@@ -62,7 +62,7 @@ public:
     [[nodiscard]] std::vector<X11Mode> ModesOf(const X11Screen& screen) const;
 
     // Puts the screen into this state; whether it worked.
-    bool Set(const X11Screen& screen) const;
+    [[nodiscard]] bool Set(const X11Screen& screen) const;
 
     // The whole display area, for a display without outputs.
     [[nodiscard]] DisplaySettings WholeArea() const;
