@@ -1,0 +1,162 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/DesktopProgram.h"
+
+#include <algorithm>
+#include <fstream>
+#include <iterator>
+
+#include "samplemaker/Canvas.h"
+#include "samplemaker/PcxWriter.h"
+#include "samplemaker/Sff1Writer.h"
+
+namespace scenara::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+// 640 x 240, one colour, with a bar of 8 columns in its middle, where the axis is.
+std::string Archive() {
+    samplemaker::Palette palette{};
+    palette[1] = {0x30, 0x50, 0x70};
+    palette[2] = {0xF0, 0xC0, 0x40};
+    samplemaker::Canvas canvas(640, 240);
+    canvas.FillRect(0, 0, 640, 240, 1);
+    canvas.FillRect(320, 0, 8, 240, 2);
+    samplemaker::Sff1Subfile subfile;
+    subfile.axisX = 320;
+    subfile.data = samplemaker::WritePcx(canvas.ToPicture(palette));
+    const std::vector<std::byte> bytes = samplemaker::WriteSff1({subfile});
+    return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
+}
+
+// The longest run of the picture's colours in one line of the screen.
+template <class Pixel>
+int LongestRun(int length, const Pixel& at) {
+    int longest = 0;
+    int run = 0;
+    for (int i = 0; i < length; ++i) {
+        run = at(i) == kGround || at(i) == kBar ? run + 1 : 0;
+        longest = std::max(longest, run);
+    }
+    return longest;
+}
+
+}  // namespace
+
+void DesktopProgram::SetUp() {
+    const fs::path folder = Folder();
+    fs::create_directories(folder / "bin");
+    fs::create_directories(folder / "mugen/stages");
+    fs::copy_file(SCENARA_PROGRAM, folder / "bin/scenara");
+    std::ofstream(folder / "mugen/stages/bar.sff", std::ios::binary) << Archive();
+    for (const std::string name : {"bar", "cup", "dot"}) {
+        std::ofstream(StagePath(name))
+            << "[Info]\nname = " << name << "\n[Camera]\nboundleft = -150\nboundright = 150\n"
+            << "[BGdef]\nspr = stages/bar.sff\n[BG bar]\ntype = normal\nspriteno = 0,0\n";
+    }
+}
+
+void DesktopProgram::WriteSettings(const std::string& more) const {
+    std::ofstream(Folder() / "bin/QX.CFG", std::ios::binary)
+        << "MugeDir = " << display_.Folder() << "mugen/\r\n"
+        << more;
+}
+
+std::string DesktopProgram::Settings() const {
+    std::ifstream file(Folder() / "bin/QX.CFG", std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+void DesktopProgram::Start() {
+    std::vector<std::string> environment = display_.Environment();
+    environment.push_back("XDG_RUNTIME_DIR=" + display_.Folder());
+    environment.push_back("HOME=" + display_.Folder());
+    environment.push_back("QT_QPA_PLATFORM=xcb");
+    environment.push_back("ASAN_OPTIONS=detect_leaks=0");  // the toolkit's own
+    program_.emplace(std::vector<std::string>{display_.Folder() + "bin/scenara"}, environment,
+                     display_.Folder() + "program.txt");
+}
+
+void DesktopProgram::StartWithBar() {
+    WriteSettings("StageList = 255\r\n");
+    Start();
+    ExpectWindow("^Scenara 1.0");
+    ClickListItem(0);
+    ExpectTitle("bar");
+    ASSERT_TRUE(Eventually([&] { return BarWidth() == 8; })) << "one to one";
+}
+
+std::string DesktopProgram::Window(const std::string& title) const {
+    if (program_) {
+        program_->TakePriorityBack();
+    }
+    return display_.Do("search --onlyvisible --name '" + title + "'");
+}
+
+void DesktopProgram::ExpectWindow(const std::string& title) {
+    ASSERT_TRUE(Eventually([&] { return !Window(title).empty(); }))
+        << "no window " << title << "; there are: " << display_.AllWindows();
+    display_.Do("windowactivate --sync " + Window(title));
+}
+
+void DesktopProgram::ExpectNoWindow(const std::string& title) {
+    ASSERT_TRUE(Eventually([&] { return Window(title).empty(); })) << title;
+}
+
+std::string DesktopProgram::MainWindow() const {
+    return Window("^(Scenara 1.0|bar|cup|dot|/)");
+}
+
+std::string DesktopProgram::Title() const {
+    return display_.Do("getwindowname " + MainWindow());
+}
+
+void DesktopProgram::ExpectTitle(const std::string& title) {
+    ASSERT_TRUE(Eventually([&] { return Title() == title; })) << "it is " << Title();
+}
+
+void DesktopProgram::ClickAt(int x, int y) {
+    display_.Do("mousemove --window " + MainWindow() + " " + std::to_string(x) + " " +
+                std::to_string(y) + " click 1");
+}
+
+void DesktopProgram::ClickListItem(int index) {
+    // An item is 14 pixels high and more; the middle of one, below a menu bar of about 20.
+    ClickAt(320 + 60, 28 + index * 14);
+}
+
+std::optional<Bar> DesktopProgram::Seen() const {
+    if (program_) {
+        program_->TakePriorityBack();
+    }
+    const Screenshot shot = display_.Look();
+    for (int y = shot.height / 2; y < shot.height; y += 40) {
+        Bar bar;
+        for (int x = 0; x < shot.width; ++x) {
+            if (shot.At(x, y) == kBar) {
+                bar.left = bar.width == 0 ? x : bar.left;
+                ++bar.width;
+            }
+        }
+        if (bar.width > 0) {
+            return bar;
+        }
+    }
+    return std::nullopt;
+}
+
+SeenSize DesktopProgram::PictureSize() const {
+    const Screenshot shot = display_.Look();
+    if (shot.rgb.empty()) {
+        return {};
+    }
+    SeenSize size;
+    size.width = LongestRun(shot.width, [&](int x) { return shot.At(x, shot.height / 2); });
+    for (int x = 0; x < shot.width; x += 16) {
+        size.height =
+            std::max(size.height, LongestRun(shot.height, [&](int y) { return shot.At(x, y); }));
+    }
+    return size;
+}
+
+}  // namespace scenara::test

@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: MIT
+//
+// The real program on a display of the test's own, beside an engine folder of a few plain stages.
+//
+// Every stage is one picture of one colour with a bar in its middle, so that what is shown, where,
+// and how large can be read off the screen.
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "desktop/VirtualDisplay.h"
+
+namespace scenara::test {
+
+inline constexpr std::uint32_t kGround = 0x305070;
+inline constexpr std::uint32_t kBar = 0xF0C040;
+
+// Where the bar is on the screen, in the first row that shows it.
+struct Bar {
+    int left = 0;
+    int width = 0;
+};
+
+// The picture as it is seen: how much of the screen has its colours.
+struct SeenSize {
+    int width = 0;
+    int height = 0;
+
+    friend bool operator==(const SeenSize&, const SeenSize&) = default;
+};
+
+class DesktopProgram : public testing::Test {
+protected:
+    // Stages "bar", "cup" and "dot" under mugen/stages/.
+    void SetUp() override;
+
+    // The settings that the program finds: the engine folder, and `more` behind it.
+    void WriteSettings(const std::string& more = {}) const;
+    [[nodiscard]] std::string Settings() const;
+
+    void Start();
+    // Settings, start, the window, and the stage "bar" from the list beside the picture.
+    void StartWithBar();
+    [[nodiscard]] std::optional<int> WaitForEnd() { return program_->ExitStatus(); }
+
+    [[nodiscard]] std::filesystem::path Folder() const { return display_.Folder(); }
+    [[nodiscard]] std::string StagePath(const std::string& name) const {
+        return display_.Folder() + "mugen/stages/" + name + ".def";
+    }
+
+    // The id of a window with such a title (a regular expression); empty when there is none.
+    [[nodiscard]] std::string Window(const std::string& title) const;
+    void ExpectWindow(const std::string& title);
+    void ExpectNoWindow(const std::string& title);
+    [[nodiscard]] std::string MainWindow() const;
+    [[nodiscard]] std::string Title() const;
+    void ExpectTitle(const std::string& title);
+
+    void Key(const std::string& keys) { display_.Do("key " + keys); }
+    void Type(const std::string& text) { display_.Do("type --delay 5 '" + text + "'"); }
+    void ClickAt(int x, int y);     // in the main window, menu bar included
+    void ClickListItem(int index);  // of the list beside a picture of the usual size
+
+    [[nodiscard]] std::optional<Bar> Seen() const;
+    [[nodiscard]] int BarLeft() const { return Seen().value_or(Bar()).left; }
+    [[nodiscard]] int BarWidth() const { return Seen().value_or(Bar()).width; }
+    [[nodiscard]] SeenSize PictureSize() const;
+
+    VirtualDisplay display_;
+    std::optional<Child> program_;
+};
+
+}  // namespace scenara::test

@@ -1,0 +1,144 @@
+// SPDX-License-Identifier: MIT
+//
+// What is around a stage in the real window: the first start, the ways to a stage, the list, the
+// full screen, the limiter, and what is remembered.
+#include <filesystem>
+#include <string>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "desktop/DesktopProgram.h"
+
+namespace scenara::test {
+namespace {
+
+using testing::AnyOf;
+using testing::HasSubstr;
+
+// Where the items of the menu bar are. ("S" is the access letter of two of them.)
+constexpr int kBarMiddle = 10;
+constexpr int kStage = 25;
+constexpr int kStageList = 175;
+constexpr int kPrevious = 222;
+constexpr int kNext = 250;
+constexpr int kRandom = 273;
+
+TEST_F(DesktopProgram, TheFirstStartAsksForTheFolderUntilOneIsChosen) {
+    Start();
+    ExpectWindow("^Scenara$");
+    Key("Return");
+    ExpectWindow("^Point me to your MUGEN Directory please");
+    const std::string first = Window("^Point me");
+    Key("Escape");
+    ASSERT_TRUE(Eventually([&] {
+        const std::string next = Window("^Point me");
+        return !next.empty() && next != first;
+    })) << "it asks again";
+    ExpectWindow("^Point me");
+    Key("ctrl+a");
+    Type(display_.Folder() + "mugen");
+    Key("Return");
+    ExpectWindow("^Scenara 1.0");
+    ClickAt(kNext, kBarMiddle);
+    ExpectTitle("bar");
+    Key("alt+F4");
+    ASSERT_EQ(WaitForEnd(), 0);
+    EXPECT_THAT(Settings(), HasSubstr("MugeDir = " + display_.Folder() + "mugen/\r\n"));
+}
+
+TEST_F(DesktopProgram, AStageIsOpenedInEveryWay) {
+    StartWithBar();
+    ClickListItem(2);
+    ExpectTitle("dot");
+    ClickAt(kPrevious, kBarMiddle);
+    ExpectTitle("cup");
+    ClickAt(kNext, kBarMiddle);
+    ExpectTitle("dot");
+
+    // The oldest of the recent files stands right above Exit.
+    ClickAt(kStage, kBarMiddle);
+    Key("Up");
+    Key("Up");
+    Key("Return");
+    ExpectTitle("bar");
+
+    ClickAt(kStage, kBarMiddle);
+    Key("o");
+    ExpectWindow("^Choose your stage!");
+    Type(StagePath("cup"));
+    Key("Return");
+    ExpectTitle("cup");
+
+    ClickAt(kRandom, kBarMiddle);
+    ASSERT_TRUE(Eventually([&] { return Title().size() == 3; }));
+    EXPECT_THAT(Title(), AnyOf("bar", "cup", "dot"));
+
+    ClickAt(kStage, kBarMiddle);
+    Key("c");
+    ExpectTitle("Scenara 1.0 DirectX 8 Experiment");
+}
+
+TEST_F(DesktopProgram, TheListComesAndGoesAndThePictureKeepsItsSize) {
+    StartWithBar();
+    EXPECT_TRUE(Eventually([&] { return PictureSize() == SeenSize{320, 240}; }));
+    const auto width = [&] {
+        return display_.Do("getwindowgeometry --shell " + MainWindow() + " | grep WIDTH");
+    };
+    EXPECT_EQ(width(), "WIDTH=480");
+    ClickAt(kStageList, kBarMiddle);
+    EXPECT_TRUE(Eventually([&] { return width() == "WIDTH=320"; })) << width();
+    EXPECT_TRUE(Eventually([&] { return PictureSize() == SeenSize{320, 240}; }));
+    ClickAt(kStageList, kBarMiddle);
+    EXPECT_TRUE(Eventually([&] { return width() == "WIDTH=480"; })) << width();
+    EXPECT_TRUE(Eventually([&] { return PictureSize() == SeenSize{320, 240}; }));
+}
+
+TEST_F(DesktopProgram, FullScreenIsLeftByEscape) {
+    StartWithBar();
+    Key("alt+o");
+    Key("f");
+    EXPECT_TRUE(Eventually([&] { return PictureSize() == SeenSize{960, 720}; })) << "three times";
+    Key("Escape");
+    EXPECT_TRUE(Eventually([&] { return PictureSize() == SeenSize{320, 240}; }));
+    ExpectTitle("bar");
+}
+
+TEST_F(DesktopProgram, FullScreenIsLeftWhenAnotherWindowHasTheFocus) {
+    StartWithBar();
+    Key("alt+o");
+    Key("f");
+    ASSERT_TRUE(Eventually([&] { return PictureSize() == SeenSize{960, 720}; }));
+    const Child other({"xev", "-name", "elsewhere"}, display_.Environment(),
+                      display_.Folder() + "other.txt");
+    ExpectWindow("^elsewhere$");
+    EXPECT_TRUE(Eventually([&] { return BarWidth() == 8; }));
+}
+
+TEST_F(DesktopProgram, EverythingIsRememberedAtTheSecondStart) {
+    StartWithBar();
+    Key("alt+o");
+    Key("i");
+    ClickListItem(1);
+    ExpectTitle("cup");
+    Key("alt+F4");
+    ASSERT_EQ(WaitForEnd(), 0);
+    EXPECT_EQ(Settings(), "Version = 1.0A\r\nMugeDir = " + display_.Folder() +
+                              "mugen/\r\nHCamStep = 1\r\nVCamStep = 1\r\nBGMusic = True\r\n"
+                              "Info = True\r\nChar = False\r\nDeform = False\r\n"
+                              "DebugBG = False\r\nCharName = \r\nStageList = 255\r\n"
+                              "RecentFile = " +
+                              StagePath("cup") + "\r\nRecentFile = " + StagePath("bar") + "\r\n");
+
+    Start();
+    ExpectWindow("^Scenara 1.0");
+    ClickAt(kStage, kBarMiddle);
+    Key("Up");
+    Key("Up");
+    Key("Return");
+    ExpectTitle("bar");
+    EXPECT_TRUE(Eventually([&] { return PictureSize().height > 200; }));
+}
+
+}  // namespace
+}  // namespace scenara::test
