@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// ByteWriter: a growing block of bytes, little-endian like every format that the sample maker
-// knows.
+// ByteWriter: a growing block of bytes, little-endian unless a name says otherwise.
 //
 // The block starts empty; each call adds at its end. Values are given in their unsigned width, so a
 // number that does not fit does not compile without a visible cast.
@@ -10,6 +9,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -28,6 +28,19 @@ public:
         U16(static_cast<std::uint16_t>(value & 0xFFFFU));
         U16(static_cast<std::uint16_t>(value >> 16U));
     }
+
+    void BigU16(std::uint16_t value) {
+        U8(static_cast<std::uint8_t>(value >> 8U));
+        U8(static_cast<std::uint8_t>(value & 0xFFU));
+    }
+
+    void BigU32(std::uint32_t value) {
+        BigU16(static_cast<std::uint16_t>(value >> 16U));
+        BigU16(static_cast<std::uint16_t>(value & 0xFFFFU));
+    }
+
+    // The text's bytes, and nothing behind them.
+    void Text(std::string_view text) { Append(std::as_bytes(std::span(text))); }
 
     void Fill(std::size_t count, std::uint8_t value) {
         block_.insert(block_.end(), count, static_cast<std::byte>(value));

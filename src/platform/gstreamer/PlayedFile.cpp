@@ -1,0 +1,219 @@
+// SPDX-License-Identifier: MIT
+#include "platform/gstreamer/PlayedFile.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <mutex>
+#include <system_error>
+
+#include "platform/gstreamer/Decoding.h"
+#include "platform/posix/ResolvePath.h"
+
+namespace scenara {
+namespace {
+
+constexpr std::chrono::seconds kSettleTime{5};
+constexpr std::chrono::milliseconds kReportInterval{20};
+
+// The size of a file that may be opened: an ordinary one, not too large to be music. Anything else
+// could stop whoever opens it, as a pipe does that nobody writes to.
+std::optional<std::uint64_t> PlayableSize(const std::string& path) {
+    std::error_code error;
+    if (!std::filesystem::is_regular_file(path, error)) {
+        return std::nullopt;
+    }
+    const std::uintmax_t size = std::filesystem::file_size(path, error);
+    if (error || size > kLargestFile) {
+        return std::nullopt;
+    }
+    return size;
+}
+
+}  // namespace
+
+PlayedFile::PlayedFile(GraphDesk& desk, std::shared_ptr<GraphEntry> entry,
+                       const SinkMaker& makeSink)
+    : desk_(desk), entry_(std::move(entry)) {
+    Begin(makeSink);
+}
+
+void PlayedFile::Begin(const SinkMaker& makeSink) {
+    const std::string path = ResolvePath(entry_->file);
+    const std::optional<std::uint64_t> size = PlayableSize(path);
+    if (size) {
+        pipeline_ = std::make_unique<Pipeline>(makeSink, [&desk = desk_] { desk.Wake(); });
+    }
+    if (!pipeline_ || !pipeline_->Open(path, *size)) {
+        Fail();
+        return;
+    }
+    settleBy_ = std::chrono::steady_clock::now() + kSettleTime;
+}
+
+bool PlayedFile::IsWanted() const {
+    const std::scoped_lock lock(desk_.mutex);
+    return pipeline_ != nullptr && !entry_->orders.closing;
+}
+
+std::optional<PlayedFile::Time> PlayedFile::Service(Time now) {
+    Read(pipeline_->Poll());
+    if (IsUnderWay() && now >= *settleBy_) {
+        Fail();
+    }
+    if (pipeline_ && open_) {
+        Follow(TakeOrders(), now);
+    }
+    if (!pipeline_) {
+        return std::nullopt;
+    }
+    std::optional<Time> next = settleBy_;
+    if (open_ && playing_) {
+        ReportPlace();
+        next = now + kReportInterval;
+    }
+    return next;
+}
+
+GraphOrders PlayedFile::TakeOrders() {
+    const std::scoped_lock lock(desk_.mutex);
+    const GraphOrders orders = entry_->orders;
+    atEnd_ = entry_->report.ended;
+    if (orders.standAtEnd) {
+        target_.reset();
+    } else if (orders.position) {
+        target_ = orders.position;
+        entry_->orders.position.reset();
+    }
+    return orders;
+}
+
+void PlayedFile::Read(const PipelineNews& news) {
+    if (news.failed) {
+        Fail();
+        return;
+    }
+    if (news.settled) {
+        settleBy_.reset();
+        if (!open_) {
+            open_ = true;
+            ReportOpen();
+        }
+    }
+    if (open_ && news.ended) {
+        settleBy_.reset();
+        ReportEnd();
+    }
+    if (open_ && news.durationChanged && !lengthIsExact_) {
+        const std::optional<double> duration = pipeline_->Duration();
+        const std::scoped_lock lock(desk_.mutex);
+        if (duration && !entry_->report.ended) {
+            entry_->report.duration = duration;
+        }
+    }
+}
+
+void PlayedFile::ReportOpen() {
+    const std::optional<double> duration = pipeline_->Duration();
+    {
+        const std::scoped_lock lock(desk_.mutex);
+        GraphOrders& orders = entry_->orders;
+        GraphReport& report = entry_->report;
+        report.phase = GraphPhase::Open;
+        report.duration = duration;
+        if (orders.position && duration && *orders.position >= *duration) {
+            orders.position.reset();
+            orders.standAtEnd = true;
+            report.position = *duration;
+            report.ended = true;
+        }
+    }
+    desk_.opened.notify_all();
+}
+
+// The length that the file says it has and the place of its last sample differ in some formats.
+void PlayedFile::ReportEnd() {
+    const std::optional<double> last = pipeline_->Position();
+    const std::scoped_lock lock(desk_.mutex);
+    if (entry_->orders.position || target_) {
+        return;  // it is to go elsewhere
+    }
+    GraphReport& report = entry_->report;
+    const double length =
+        std::max({report.duration.value_or(0), report.position, last.value_or(0)});
+    report.duration = length;
+    report.position = length;
+    report.ended = true;
+    lengthIsExact_ = true;
+}
+
+void PlayedFile::ReportPlace() {
+    if (IsUnderWay()) {
+        return;
+    }
+    const std::optional<double> place = pipeline_->Position();
+    bool unknown = false;
+    {
+        const std::scoped_lock lock(desk_.mutex);
+        GraphReport& report = entry_->report;
+        if (place && !report.ended && !entry_->orders.position) {
+            report.position = *place;
+        }
+        unknown = !report.duration;
+    }
+    if (!unknown) {
+        return;
+    }
+    const std::optional<double> duration = pipeline_->Duration();
+    const std::scoped_lock lock(desk_.mutex);
+    if (duration && !entry_->report.ended) {
+        entry_->report.duration = duration;
+    }
+}
+
+// Said first: letting go of it can take its time.
+void PlayedFile::Fail() {
+    desk_.ReportFailed(*entry_);
+    pipeline_.reset();
+    settleBy_.reset();
+}
+
+void PlayedFile::Follow(const GraphOrders& orders, Time now) {
+    if (orders.volume != volume_) {
+        volume_ = orders.volume;
+        pipeline_->SetVolume(volume_);
+    }
+    if (orders.balance != balance_) {
+        balance_ = orders.balance;
+        pipeline_->SetBalance(balance_);
+    }
+    FollowPlace(orders, now);
+    const bool play = orders.state == FilterState::Running && !orders.standAtEnd;
+    if (pipeline_ && play != playing_) {
+        playing_ = play;
+        if (!pipeline_->SetPlaying(play)) {
+            Fail();
+        }
+    }
+}
+
+// One at a time: where it is put meanwhile is for when it has arrived, and only the last of it.
+void PlayedFile::FollowPlace(const GraphOrders& orders, Time now) {
+    if (IsUnderWay()) {
+        return;
+    }
+    if (!target_ && orders.rate != rate_ && !atEnd_) {
+        target_ = pipeline_->Position();
+    }
+    if (!target_) {
+        return;
+    }
+    const double target = *target_;
+    target_.reset();
+    rate_ = orders.rate;
+    settleBy_ = now + kSettleTime;
+    if (!pipeline_->Seek(target, rate_)) {
+        Fail();
+    }
+}
+
+}  // namespace scenara

@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+//
+// PlayedFile: the worker's side of a graph. It makes a pipeline be what the orders say and reports
+// how it goes.
+//
+// Stopped and paused are the same to the pipeline: both keep the place. A file that has not opened,
+// or not gone where it was put, within five seconds has failed. What has failed stays so.
+#pragma once
+
+#include <chrono>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "platform/gstreamer/GraphDesk.h"
+#include "platform/gstreamer/Pipeline.h"
+#include "platform/gstreamer/SoundSink.h"
+
+namespace scenara {
+
+class PlayedFile {
+public:
+    using Time = std::chrono::steady_clock::time_point;
+
+    PlayedFile(GraphDesk& desk, std::shared_ptr<GraphEntry> entry, const SinkMaker& makeSink);
+
+    // Whether the program still has the graph, and there is something to play.
+    [[nodiscard]] bool IsWanted() const;
+
+    // Does what there is to do now. When to come again, at the latest; nothing: when woken.
+    std::optional<Time> Service(Time now);
+
+private:
+    [[nodiscard]] GraphOrders TakeOrders();
+    void Begin(const SinkMaker& makeSink);
+    void Read(const PipelineNews& news);
+    void ReportOpen();
+    void ReportEnd();
+    void ReportPlace();
+    void Fail();
+
+    void Follow(const GraphOrders& orders, Time now);
+    void FollowPlace(const GraphOrders& orders, Time now);
+    [[nodiscard]] bool IsUnderWay() const { return settleBy_.has_value(); }
+
+    GraphDesk& desk_;
+    std::shared_ptr<GraphEntry> entry_;
+    std::unique_ptr<Pipeline> pipeline_;  // none: failed
+
+    // While the file opens or a seek is under way: until when that may take.
+    std::optional<Time> settleBy_;
+    bool open_ = false;
+    bool lengthIsExact_ = false;  // it has been played to its end
+
+    // What the pipeline is.
+    bool playing_ = false;
+    double rate_ = 1;
+    Long volume_ = 0;
+    Long balance_ = 0;
+    std::optional<double> target_;  // where it is still to go
+    bool atEnd_ = false;            // as the program knows it
+};
+
+}  // namespace scenara
