@@ -8,6 +8,7 @@
 #include "render/ElementKind.h"
 #include "render/ElementPlacement.h"
 #include "render/ElementWindow.h"
+#include "render/Masking.h"
 #include "render/ModelLookup.h"
 #include "render/ParallaxRows.h"
 #include "render/Tiling.h"
@@ -131,23 +132,6 @@ private:
     ElementWindow window_;
     bool animated_;
 };
-
-void SetBlending(Direct3DDevice8& device, std::uint32_t state, std::uint32_t value) {
-    Require(device.SetRenderState(state, value), "SetRenderState");
-}
-
-// Steps around the draw of a masked element.
-void BeginMasking(Direct3DDevice8& device) {
-    SetBlending(device, D3DRS_SRCBLEND, D3DBLEND_SRCALPHA);
-    SetBlending(device, D3DRS_DESTBLEND, D3DBLEND_INVSRCALPHA);
-    SetBlending(device, D3DRS_ALPHABLENDENABLE, 1);
-}
-
-void EndMasking(Direct3DDevice8& device) {
-    SetBlending(device, D3DRS_ALPHABLENDENABLE, 0);
-    SetBlending(device, D3DRS_SRCBLEND, D3DBLEND_ONE);
-    SetBlending(device, D3DRS_DESTBLEND, D3DBLEND_ZERO);
-}
 
 // Addition: the current frame's own blending goes before the element's.
 Blending BlendingOf(const StageModel& model, const BackgroundElement& element) {
