@@ -2,6 +2,7 @@
 #include "app/StageStart.h"
 
 #include "app/KeyStates.h"
+#include "app/TestChar.h"
 #include "render/PrepareStage.h"
 
 namespace scenara {
@@ -34,6 +35,9 @@ void StartStage(std::string& stageFile, const StageStartContext& context) {
     DiscardKeyStates(context.keyboard);
     PlaceCamera(context.model, context.camera);
     PrepareElements(context.model, context.load.options);
+    if (context.character != nullptr) {
+        StartTestChar(*context.character);
+    }
     context.loop.LoadingStage = 0;
 }
 

@@ -20,6 +20,8 @@ struct SavedSteps {
     Single VCamStep = 0;
 };
 
+struct TestCharContext;
+
 // What a start works on; all of it outlives the call.
 struct StageStartContext {
     StageModel& model;
@@ -29,9 +31,11 @@ struct StageStartContext {
     ScrollBar& hscHScroll;
     Keyboard& keyboard;
     const LoadStageContext& load;
+    const TestCharContext* character = nullptr;  // the test character, where there can be one
 };
 
-// Loads the stage at `stageFile` and prepares it: camera, elements, scroll bar. StageRunning tells
+// Loads the stage at `stageFile` and prepares it: camera, elements, scroll bar, the test character
+// where it is on. StageRunning tells
 // whether it can be shown; when not, that has been said. Steps of 0 become 1, and the saved ones
 // with them. While it loads, LoadingStage is 1.
 //
