@@ -177,8 +177,8 @@ void Engine::BlitWhole(const std::shared_ptr<Direct3DTexture8>& texture, Single 
     Place(1, X, Y, kUntinted);
     Place(2, X + W, Y + H, kUntinted);
     Place(3, X + W, Y, kUntinted);
-    quad_[0].tu = quad_[1].tu = mirrored ? 1.0F : 0.0F;
-    quad_[2].tu = quad_[3].tu = mirrored ? 0.0F : 1.0F;
+    quad_[0].tu = quad_[1].tu = 0;
+    quad_[2].tu = quad_[3].tu = mirrored ? -1.0F : 1.0F;  // as D3DBltFlip
     quad_[0].tv = quad_[2].tv = 1;
     quad_[1].tv = quad_[3].tv = 0;
     Require(Device().SetTexture(0, texture), "SetTexture");
