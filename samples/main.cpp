@@ -2,9 +2,9 @@
 //
 // sample-maker OUTDIR: makes a small MUGEN folder, so that there is something to look at at once.
 //
-// Writes stages/<name>.def and stages/<name>.sff for every bundled stage and makes the empty
-// folders chars/ and sound/. Exit status: 0 all written, 1 a file could not be written, 2 wrong
-// use.
+// Writes stages/<name>.def and stages/<name>.sff for every bundled stage, the files of the bundled
+// character under chars/, and makes the empty folder sound/. Exit status: 0 all written, 1 a file
+// could not be written, 2 wrong use.
 #include <cstddef>
 #include <exception>
 #include <filesystem>
@@ -16,6 +16,10 @@
 #include <string_view>
 #include <vector>
 
+#include "lanternkeeper/Animations.h"
+#include "lanternkeeper/Constants.h"
+#include "lanternkeeper/Definition.h"
+#include "lanternkeeper/LanternKeeper.h"
 #include "lanternpier/Definition.h"
 #include "lanternpier/LanternPier.h"
 #include "nightexpress/Definition.h"
@@ -47,17 +51,33 @@ std::string WithCrLf(std::string_view text) {
     return result;
 }
 
+void WriteText(const fs::path& path, std::string_view text) {
+    const std::string withCrLf = WithCrLf(text);
+    WriteFile(path, std::as_bytes(std::span(withCrLf)));
+}
+
 void WriteStage(const fs::path& folder, const std::string& name, std::string_view definition,
                 std::span<const std::byte> archive) {
-    const std::string text = WithCrLf(definition);
-    WriteFile(folder / (name + ".def"), std::as_bytes(std::span(text)));
+    WriteText(folder / (name + ".def"), definition);
     WriteFile(folder / (name + ".sff"), archive);
+}
+
+void WriteLanternKeeper(const fs::path& folder) {
+    using namespace scenara::samples;
+    fs::create_directories(folder);
+    WriteText(folder / "lanternkeeper.def", kLanternKeeperDefinition);
+    WriteText(folder / "lanternkeeper.air", kLanternKeeperAnimations);
+    WriteText(folder / "lanternkeeper.cns", kLanternKeeperConstants);
+    WriteFile(folder / "lanternkeeper.sff", LanternKeeperArchive());
+    WriteFile(folder / "lanternkeeper1.act", LanternKeeperColours(1));
+    WriteFile(folder / "lanternkeeper2.act", LanternKeeperColours(2));
 }
 
 void MakeFolder(const fs::path& folder) {
     for (const char* name : {"chars", "sound", "stages"}) {
         fs::create_directories(folder / name);
     }
+    WriteLanternKeeper(folder / "chars" / "lanternkeeper");
     WriteStage(folder / "stages", "lanternpier", scenara::samples::kLanternPierDefinition,
                scenara::samples::LanternPierArchive());
     WriteStage(folder / "stages", "nightexpress", scenara::samples::kNightExpressDefinition,

@@ -7,7 +7,9 @@
 namespace scenara {
 
 bool DrawAndCount(const StagePass& pass) {
-    DrawScene(pass.engine, pass.tiles, pass.flags);
+    const Figure figure =
+        pass.character != nullptr ? AdvanceCharacter(*pass.character, pass.model) : Figure();
+    DrawScene(pass.engine, pass.tiles, pass.flags, &figure);
     CountFrame(pass.loop);
     if (!SecondIsOver(pass.loop, pass.clock)) {
         return false;

@@ -5,6 +5,7 @@
 
 #include <string>
 
+#include "app/CharacterPass.h"
 #include "app/LoopState.h"
 #include "platform/Clock.h"
 #include "render/Engine.h"
@@ -22,8 +23,9 @@ struct StagePass {
     LoopState& loop;
     Clock& clock;
     const StageModel& model;
-    bool info = false;      // the Info item is checked
-    std::string& InfoText;  // the information line, empty when a loop begins
+    bool info = false;                         // the Info item is checked
+    std::string& InfoText;                     // the information line, empty when a loop begins
+    const CharacterPass* character = nullptr;  // the test character, where there can be one
 };
 
 // Draws a frame and counts it; once a second InfoText is made anew, while it is wanted, and the

@@ -2,6 +2,7 @@
 #include "app/StageStart.h"
 
 #include "app/KeyStates.h"
+#include "app/TestChar.h"
 #include "render/PrepareStage.h"
 
 namespace scenara {
@@ -41,6 +42,9 @@ void StartStage(std::string& stageFile, const StageStartContext& context) {
         PlaceCamera(context.model, context.camera);
     }
     PrepareElements(context.model, context.load.options);
+    if (context.character != nullptr) {
+        StartTestChar(*context.character);
+    }
     context.loop.LoadingStage = 0;
 }
 

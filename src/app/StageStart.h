@@ -22,6 +22,8 @@ struct SavedSteps {
     Single VCamStep = 0;
 };
 
+struct TestCharContext;
+
 // What a start works on; all of it outlives the call.
 struct StageStartContext {
     StageModel& model;
@@ -35,9 +37,11 @@ struct StageStartContext {
     std::optional<CameraPlace> keptCamera{};
     // Run between the loading and the first placing: the full screen again, where that is on.
     std::function<void()> loaded{};
+    const TestCharContext* character = nullptr;  // the test character, where there can be one
 };
 
-// Loads the stage at `stageFile` and prepares it: camera, elements, scroll bar. StageRunning tells
+// Loads the stage at `stageFile` and prepares it: camera, elements, scroll bar, the test character
+// where it is on. StageRunning tells
 // whether it can be shown; when not, that has been said. Steps of 0 become 1, and the saved ones
 // with them. While it loads, LoadingStage is 1.
 //

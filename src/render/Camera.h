@@ -9,6 +9,10 @@
 
 namespace scenara {
 
+// Who moves the camera sideways: the Left and Right keys, in both passes of a frame; or a figure
+// that walks over the stage, once per frame, behind the back pass.
+enum class CameraLead : Byte { Keys, Stand, Left, Right };
+
 struct Camera {
     // Where the last pass of drawing saw it.
     Single previousX = 0;
@@ -18,6 +22,9 @@ struct Camera {
     // stage to stage; 0 until it has been set.
     Single HCamStep = 0;
     Single VCamStep = 0;
+
+    // Set anew for each frame while there is a figure.
+    CameraLead lead = CameraLead::Keys;
 
     // The tick of the last accepted key that acts at most every 150 ms.
     Long lastKeyTick = 0;

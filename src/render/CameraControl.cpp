@@ -15,13 +15,24 @@ bool IsDown(Keyboard& keyboard, VirtualKey key) {
     return keyboard.GetAsyncKeyState(key) != 0;
 }
 
-void MoveByKeys(StageModel& model, const Camera& camera, Keyboard& keyboard) {
+void MoveSidewaysByKeys(StageModel& model, const Camera& camera, Keyboard& keyboard) {
     if (IsDown(keyboard, VirtualKey::Right)) {
         StepRight(model, camera);
     }
     if (IsDown(keyboard, VirtualKey::Left)) {
         StepLeft(model, camera);
     }
+}
+
+void FollowLead(StageModel& model, const Camera& camera) {
+    if (camera.lead == CameraLead::Right) {
+        StepRight(model, camera);
+    } else if (camera.lead == CameraLead::Left) {
+        StepLeft(model, camera);
+    }
+}
+
+void MoveUpAndDownByKeys(StageModel& model, const Camera& camera, Keyboard& keyboard) {
     if (IsDown(keyboard, VirtualKey::Up)) {
         StepUp(model, camera);
     }
@@ -114,7 +125,12 @@ void StepDown(StageModel& model, const Camera& camera) {
 
 void ControlCamera(StageModel& model, Camera& camera, const ViewFlags& flags,
                    const CameraInput& input) {
-    MoveByKeys(model, camera, input.keyboard);
+    if (camera.lead == CameraLead::Keys) {
+        MoveSidewaysByKeys(model, camera, input.keyboard);
+    } else if (flags.DrawFrontLayer == 0) {
+        FollowLead(model, camera);
+    }
+    MoveUpAndDownByKeys(model, camera, input.keyboard);
     ChangeSteps(camera, input);
     if (flags.MouseScroll != 0) {
         MoveByPointer(model, camera, input);

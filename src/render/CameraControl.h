@@ -6,7 +6,8 @@
 // whole or, where it would pass the stage's bound, not at all; standing on the bound is allowed.
 // Bounds are in shown coordinates. The arrow keys move, Z and A lower and raise both steps by 0.5
 // (from 0.5 to 10, at most once every 150 ms), and while MouseScroll is on the pointer's distance
-// from the middle of the window sets the steps and moves.
+// from the middle of the window sets the steps and moves. While a figure leads the camera, Left and
+// Right do nothing, and it makes at most one step sideways a frame, behind the back pass.
 #pragma once
 
 #include "platform/Clock.h"

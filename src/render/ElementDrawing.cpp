@@ -9,6 +9,7 @@
 #include "render/ElementKind.h"
 #include "render/ElementPlacement.h"
 #include "render/ElementWindow.h"
+#include "render/Masking.h"
 #include "render/ModelLookup.h"
 #include "render/ParallaxRows.h"
 #include "render/Tiling.h"

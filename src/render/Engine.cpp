@@ -170,6 +170,21 @@ void Engine::BlitTinted(Integer slot, Long X, Long Y, Long W, Long H, Long srcX,
     DrawQuad();
 }
 
+void Engine::BlitWhole(const std::shared_ptr<Direct3DTexture8>& texture, Single X, Single Y,
+                       Single W, Single H, bool mirrored) {
+    constexpr std::uint32_t kUntinted = 0xFFFFFFFF;
+    Place(0, X, Y + H, kUntinted);
+    Place(1, X, Y, kUntinted);
+    Place(2, X + W, Y + H, kUntinted);
+    Place(3, X + W, Y, kUntinted);
+    quad_[0].tu = quad_[1].tu = 0;
+    quad_[2].tu = quad_[3].tu = mirrored ? -1.0F : 1.0F;  // as D3DBltFlip
+    quad_[0].tv = quad_[2].tv = 1;
+    quad_[1].tv = quad_[3].tv = 0;
+    Require(Device().SetTexture(0, texture), "SetTexture");
+    DrawQuad();
+}
+
 void Engine::Place(std::size_t corner, float x, float y, std::uint32_t color) {
     Vertex& vertex = quad_.at(corner);
     vertex.x = x;

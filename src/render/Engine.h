@@ -71,6 +71,10 @@ public:
     void BlitTinted(Integer slot, Long X, Long Y, Long W, Long H, Long srcX, Long srcY,
                     const BlitStyle& style);
 
+    // Addition: a whole texture, of no sprite's, stretched over a rectangle.
+    void BlitWhole(const std::shared_ptr<Direct3DTexture8>& texture, Single X, Single Y, Single W,
+                   Single H, bool mirrored);
+
     // The quad as a rectangle, with a colour for each corner: upper left, upper right, lower left,
     // lower right. The caller sets a texture and calls DrawQuad.
     void Set_Vertex(Single X, Single Y, Single W, Single H, std::uint32_t c0, std::uint32_t c1,

@@ -3,10 +3,13 @@
 
 namespace scenara {
 
-void DrawScene(Engine& engine, TileEngine& tiles, ViewFlags& flags) {
+void DrawScene(Engine& engine, TileEngine& tiles, ViewFlags& flags, const Figure* figure) {
     Require(engine.Device().BeginScene(), "BeginScene");
     flags.DrawFrontLayer = 0;
     tiles.DrawBackground();
+    if (figure != nullptr) {
+        DrawFigure(engine, *figure);
+    }
     flags.DrawFrontLayer = kByteTrue;
     tiles.DrawBackground();
     Require(engine.Device().EndScene(), "EndScene");

@@ -8,13 +8,15 @@
 #include <string_view>
 
 #include "render/Engine.h"
+#include "render/Figure.h"
 #include "render/TileEngine.h"
 #include "render/ViewFlags.h"
 
 namespace scenara {
 
-// The scene: begin, the back layer, the front layer, end. Leaves DrawFrontLayer True.
-void DrawScene(Engine& engine, TileEngine& tiles, ViewFlags& flags);
+// The scene: begin, the back layer, the figure where there is one (an addition), the front layer,
+// end. Leaves DrawFrontLayer True.
+void DrawScene(Engine& engine, TileEngine& tiles, ViewFlags& flags, const Figure* figure = nullptr);
 
 // The information line, over the finished scene.
 void DrawInfoLine(Engine& engine, std::string_view text);

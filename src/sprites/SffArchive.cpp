@@ -61,6 +61,10 @@ bool SubfileChain::Break(const std::string& reason) {
     return false;
 }
 
+bool SubfileChain::IsOverused() const {
+    return shownBytes_ / kMostShown > archive_.Size() || lostBytes_ / kMostLost > archive_.Size();
+}
+
 bool SubfileChain::Next() {
     if (seen_ >= imageCount_ || broken_) {
         return false;
@@ -77,7 +81,7 @@ bool SubfileChain::Next() {
         return Break("it was read before, the chain goes round.");
     }
     shownBytes_ += bytes.size();
-    if (shownBytes_ / kMostShown > archive_.Size() || lostBytes_ / kMostLost > archive_.Size()) {
+    if (IsOverused()) {
         return Break("the subfiles lie over each other.");
     }
     subfile_ = ParseSubfile(bytes);

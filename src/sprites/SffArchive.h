@@ -89,6 +89,9 @@ public:
     void CountShownBytes(std::uint64_t bytes) { shownBytes_ += bytes; }
     void CountLostBytes(std::uint64_t bytes) { lostBytes_ += bytes; }
 
+    // Whether one of the sums is beyond that: subfiles lie over each other.
+    [[nodiscard]] bool IsOverused() const;
+
     // Why the chain ended early; nothing when it did not.
     [[nodiscard]] const std::optional<std::string>& Broken() const { return broken_; }
 

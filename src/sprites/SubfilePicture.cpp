@@ -32,14 +32,43 @@ std::uint64_t Available(const InputFile& file, std::uint64_t start, std::uint64_
 SubfilePictures::SubfilePictures(InputFile& archive, TextureMaker& device, Messages& messages)
     : archive_(archive), messages_(messages), decoder_(device, messages) {}
 
+bool ReadSubfilePalette(InputFile& archive, const SubfileHeader& subfile, std::uint32_t position,
+                        PaletteBytes& palette) {
+    palette.fill(std::byte{0});
+    constexpr auto kSize = static_cast<Long>(kPcxPaletteSize);
+    if (subfile.length < kSize) {
+        return false;
+    }
+    const std::uint64_t start = std::uint64_t{position} + kSubfileHeaderSize +
+                                static_cast<std::uint64_t>(subfile.length - kSize);
+    return archive.ReadAt(start, palette) == palette.size();
+}
+
 bool SubfilePictures::Load(SubfileChain& chain, PcxPicture& picture) {
-    const std::uint64_t start = std::uint64_t{chain.Position()} + kSubfileHeaderSize;
-    Long length = chain.Header().length;
+    return LoadFrom(
+        chain, chain.Header(), chain.Position(),
+        [&](std::uint64_t end) { TakePalette(chain, end); }, picture);
+}
+
+bool SubfilePictures::LoadInColors(SubfileChain& chain, const SubfileHeader& subfile,
+                                   std::uint32_t position, const PaletteBytes& palette,
+                                   PcxPicture& picture) {
+    decoder_.SetPalette(palette);
+    return LoadFrom(
+        chain, subfile, position, [](std::uint64_t) {}, picture);
+}
+
+bool SubfilePictures::LoadFrom(SubfileChain& chain, const SubfileHeader& subfile,
+                               std::uint32_t position,
+                               const std::function<void(std::uint64_t)>& takePalette,
+                               PcxPicture& picture) {
+    const std::uint64_t start = std::uint64_t{position} + kSubfileHeaderSize;
+    Long length = subfile.length;
     if (length < 0) {
         messages_.MsgBox(kMessageNegativeLength,
                          "Please report by e-mail to the authors of this program that you have "
                          "seen this message: " +
-                             WhichImage(chain.Header()) + " has a negative length.");
+                             WhichImage(subfile) + " has a negative length.");
         length = kLengthInsteadOfNegative;
     }
     dataSize_ = 0;
@@ -52,7 +81,7 @@ bool SubfilePictures::Load(SubfileChain& chain, PcxPicture& picture) {
         if (header_.NeededBytes() <= MostUnpackedBytes(header_, packed)) {
             ReadData(dataStart, packed);
         }
-        TakePalette(chain, start + static_cast<std::uint64_t>(length));
+        takePalette(start + static_cast<std::uint64_t>(length));
         CheckPcxHeader(header_, packed);
         loaded = decoder_.LoadPCX(header_, std::span(data_).first(dataSize_), picture);
     } catch (const RunTimeError& error) {

@@ -10,7 +10,10 @@
 // long as the pixels are complete. Nothing is read that the picture could not need.
 #pragma once
 
+#include <array>
 #include <cstddef>
+#include <cstdint>
+#include <functional>
 #include <span>
 #include <vector>
 
@@ -25,6 +28,14 @@ namespace scenara {
 inline constexpr MessageKind kMessageNegativeLength = "negative length";
 inline constexpr MessageKind kMessageMissingPalette = "missing palette";
 
+// 256 times red, green, blue.
+using PaletteBytes = std::array<std::byte, kPcxPaletteSize>;
+
+// The palette at the end of the data of the subfile at `position`. False: the subfile or the file
+// does not have all of it; what is missing is black.
+[[nodiscard]] bool ReadSubfilePalette(InputFile& archive, const SubfileHeader& subfile,
+                                      std::uint32_t position, PaletteBytes& palette);
+
 class SubfilePictures {
 public:
     // All three outlive it.
@@ -34,7 +45,16 @@ public:
     // has been shown.
     [[nodiscard]] bool Load(SubfileChain& chain, PcxPicture& picture);
 
+    // The picture of the subfile at `position`, in colours that the caller has, wherever `chain`
+    // stands; its bytes are counted there. False as above.
+    [[nodiscard]] bool LoadInColors(SubfileChain& chain, const SubfileHeader& subfile,
+                                    std::uint32_t position, const PaletteBytes& palette,
+                                    PcxPicture& picture);
+
 private:
+    // `takePalette` is called with the place behind the subfile's data.
+    bool LoadFrom(SubfileChain& chain, const SubfileHeader& subfile, std::uint32_t position,
+                  const std::function<void(std::uint64_t)>& takePalette, PcxPicture& picture);
     void ReadHeader(std::uint64_t start);
     void ReadData(std::uint64_t start, std::uint64_t packed);
     void TakePalette(const SubfileChain& chain, std::uint64_t end);

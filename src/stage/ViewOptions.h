@@ -19,6 +19,10 @@
 //   windows that move                      render/ElementWindow.cpp
 //   negative tile steps                    render/Tiling.cpp
 //   the upper bound as the file has it     render/PrepareStage.cpp
+//   the test character, moved and seen     app/CharacterPass.cpp; render/Figure.cpp
+//   a character's ground that moves        character/PlaceCharacter.cpp, FollowGround
+//   blank frames, and repeated actions     character/CharacterAnimation.cpp
+//   palette files, and palettes in force   character/CharacterColors.cpp; CharacterSprites.cpp
 //   archives of version 2, to come         sprites/sff2.cpp, LoadSprites
 #pragma once
 

@@ -80,6 +80,7 @@ int main(int argc, char** argv) {
     try {
         WritePictures(fs::path(argv[1]) / "pcx");
         WriteArchives(fs::path(argv[1]) / "archive");
+        WriteArchives(fs::path(argv[1]) / "charsff");
     } catch (const std::exception& error) {
         std::cerr << error.what() << '\n';
         return 1;

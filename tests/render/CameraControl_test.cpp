@@ -404,5 +404,52 @@ TEST_F(SingleSteps, OfNothingMoveNothing) {
     ExpectShown(20, 0);
 }
 
+// --- a figure that leads the camera ---
+
+using CameraLeadTest = CameraControlTest;
+
+TEST_F(CameraLeadTest, MakesOneStepBehindTheBackPass) {
+    Steps(3, 1);
+    player.camera.lead = CameraLead::Right;
+    player.flags.DrawFrontLayer = 0;
+    Control();
+    ExpectShown(3, 0);
+    player.flags.DrawFrontLayer = kByteTrue;
+    Control();
+    ExpectShown(3, 0);
+    player.camera.lead = CameraLead::Left;
+    player.flags.DrawFrontLayer = 0;
+    Control();
+    ExpectShown(0, 0);
+}
+
+TEST_F(CameraLeadTest, KeepsToTheBounds) {
+    Steps(3, 1);
+    player.flags.DrawFrontLayer = 0;
+    player.camera.lead = CameraLead::Right;
+    Show(18, 0);
+    Control();
+    ExpectShown(18, 0);
+    player.camera.lead = CameraLead::Left;
+    Show(-8, 0);
+    Control();
+    ExpectShown(-8, 0);
+}
+
+TEST_F(CameraLeadTest, LeavesLeftAndRightWithoutEffectAndTheOtherKeysWithTheirs) {
+    player.camera.lead = CameraLead::Stand;
+    for (const Byte front : {Byte{0}, kByteTrue}) {
+        player.flags.DrawFrontLayer = front;
+        ExpectMove(VirtualKey::Right, 5, -5, 5, -5);
+        ExpectMove(VirtualKey::Left, 5, -5, 5, -5);
+        ExpectMove(VirtualKey::Up, 5, -5, 5, -6);
+        ExpectMove(VirtualKey::Down, 5, -5, 5, -4);
+    }
+    Hold({VirtualKey::A});
+    player.clock.now += 1000;
+    Control();
+    ExpectSteps(1.5F, 1.5F);
+}
+
 }  // namespace
 }  // namespace scenara

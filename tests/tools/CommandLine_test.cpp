@@ -21,9 +21,11 @@ std::string ErrorOf(const std::vector<std::string>& words) {
 }
 
 TEST(CommandLine, TakesEveryOption) {
-    const ShotOptions options = ParseCommandLine(
-        {"--mugen", "/m", "a.def", "--model", "a.json", "--sprites", "dir", "--out", "a.png",
-         "--plain", "--frames", "90", "--keys", "right:1,up:2", "--every", "30", "--info"});
+    const ShotOptions options =
+        ParseCommandLine({"--mugen", "/m", "a.def", "--model", "a.json", "--sprites", "dir",
+                          "--out", "a.png", "--plain", "--frames", "90", "--keys", "right:1,up:2",
+                          "--every", "30", "--info", "--char", "c.def"});
+    EXPECT_EQ(options.character, "c.def");
     EXPECT_EQ(options.mugeDir, "/m");
     EXPECT_EQ(options.stage, "a.def");
     EXPECT_EQ(options.modelFile, "a.json");

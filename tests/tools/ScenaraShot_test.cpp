@@ -124,6 +124,26 @@ TEST_F(ScenaraShotModel, TheBundledStagesLoadWithoutAWord) {
     }
 }
 
+TEST_F(ScenaraShot, ACharacterIsAPathOrAPlaceUnderChars) {
+    const std::string shot =
+        "--mugen " SCENARA_BUNDLED_DATA " lanternpier.def --out " + Path("a.png") + " --char ";
+    EXPECT_EQ(Run(shot + "lanternkeeper/lanternkeeper.def"), 0);
+    EXPECT_EQ(err_, "");
+    const std::string with = Contents(Path("a.png"));
+    EXPECT_EQ(Run(shot + SCENARA_BUNDLED_DATA "/chars/lanternkeeper/lanternkeeper.def"), 0);
+    EXPECT_EQ(Contents(Path("a.png")), with);
+    EXPECT_EQ(Run("--mugen " SCENARA_BUNDLED_DATA " lanternpier.def --out " + Path("a.png")), 0);
+    EXPECT_NE(Contents(Path("a.png")), with);
+}
+
+TEST_F(ScenaraShot, WithoutItsCharacterTheStageIsShownAllTheSame) {
+    PutStage("a.def", "[Info]\nname = a\n[BGdef]\nspr = a.sff\n");
+    Write(Path("mugen/stages/a.sff"), SmallArchiveBytes());
+    EXPECT_EQ(Run("--mugen " + Path("mugen") + " a.def --char gone.def --out " + Path("a.png")), 0);
+    EXPECT_EQ(err_, "gone.def.def could not be found. Unable to load gone.def.\n");
+    EXPECT_TRUE(fs::exists(Path("a.png")));
+}
+
 TEST_F(ScenaraShot, RealStagesLoadWithoutAWord) {
     if (!fs::exists(SCENARA_SAMPLE_DATA)) {
         GTEST_SKIP() << "no real MUGEN folder at " SCENARA_SAMPLE_DATA;

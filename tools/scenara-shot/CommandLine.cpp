@@ -56,6 +56,8 @@ ShotOptions ParseCommandLine(const std::vector<std::string>& words) {
             options.frames = CountArgument(words, at);
         } else if (word == "--keys") {
             options.keys = KeyScript(Argument(words, at));
+        } else if (word == "--char") {
+            options.character = Argument(words, at);
         } else if (word == "--every") {
             options.every = CountArgument(words, at);
         } else if (word == "--info") {
@@ -81,9 +83,9 @@ ShotOptions ParseCommandLine(const std::vector<std::string>& words) {
 }
 
 std::string UsageText() {
-    return "Usage: scenara-shot --mugen DIR STAGE.def [--frames N] [--keys SCRIPT] [--info]\n"
-           "           [--out FILE.png] [--every K] [--model FILE.json] [--sprites DIR]\n"
-           "           [--plain]\n"
+    return "Usage: scenara-shot --mugen DIR STAGE.def [--frames N] [--keys SCRIPT]\n"
+           "           [--char CHAR.def] [--info] [--out FILE.png] [--every K]\n"
+           "           [--model FILE.json] [--sprites DIR] [--plain]\n"
            "\n"
            "Shows a stage without a window.\n"
            "\n"
@@ -92,6 +94,8 @@ std::string UsageText() {
            "  --frames N         run N frames (default 1)\n"
            "  --keys SCRIPT      hold keys from the first frame on, each for so many frames:\n"
            "                     right:30,right+up:10,none:5 (left right up down a z none)\n"
+           "  --char CHAR.def    put a character on the stage, whom Left and Right walk: a\n"
+           "                     path, or a place under chars/ of the folder\n"
            "  --info             show the information line\n"
            "  --out FILE.png     write the last frame\n"
            "  --every K          write every K-th frame as FILE-00001.png and so on\n"

@@ -19,6 +19,7 @@ struct ShotOptions {
     std::optional<std::string> spriteDir;    // --sprites DIR
     std::int32_t frames = 1;                 // --frames N: how many are run, at least 1
     KeyScript keys;                          // --keys SCRIPT
+    std::string character;                   // --char CHAR.def; empty: none
     std::optional<std::string> pictureFile;  // --out FILE.png
     std::optional<std::int32_t> every;       // --every K, at least 1; only with --out
     bool info = false;                       // --info

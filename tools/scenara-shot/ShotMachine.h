@@ -9,8 +9,10 @@
 #include <string>
 #include <vector>
 
+#include "app/CharacterPass.h"
 #include "app/LoopState.h"
 #include "app/StageStart.h"
+#include "character/TestCharState.h"
 #include "platform/Files.h"
 #include "platform/Form.h"
 #include "platform/headless/HeadlessClock.h"
@@ -46,13 +48,17 @@ class ShotMachine {
 public:
     ShotMachine(Files& files, HeadlessMessages::Observer onMessage, const ViewOptions& view);
 
-    // Loads and prepares the stage; False when it cannot be shown, which has been said.
-    [[nodiscard]] bool Start(std::string stageFile, const std::string& mugeDir);
+    // Loads and prepares the stage; False when it cannot be shown, which has been said. With a
+    // character's definition that character is switched on; when it cannot be loaded, which is
+    // said, too, the stage is shown without it.
+    [[nodiscard]] bool Start(std::string stageFile, const std::string& mugeDir,
+                             const std::string& charFile = {});
 
     // Draws and shows one frame with these keys down, and lets the clock go on by one.
     void RunFrame(const KeySet& keys, bool info);
 
     [[nodiscard]] const StageModel& Model() const { return model_; }
+    [[nodiscard]] const TestCharState& TestChar() const { return testChar_; }
     [[nodiscard]] const std::vector<Message>& Recorded() const { return messages_.Recorded(); }
     [[nodiscard]] const std::vector<std::uint32_t>& Picture() const { return shown_.Pixels(); }
 
@@ -71,11 +77,13 @@ private:
     Camera camera_;
     SavedSteps savedSteps_;
     LoopState loop_;
-    ScrollBar hscHScroll_;
+    Form form_;
+    TestCharState testChar_;
     ViewFlags flags_;
     std::string infoText_;
     Engine engine_;
     TileEngine tiles_;
+    CharacterPass character_;
 };
 
 }  // namespace scenara

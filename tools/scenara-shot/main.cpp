@@ -44,14 +44,28 @@ void Print(const Message& message) {
     std::cerr << OneLine(message.text) << '\n';
 }
 
-// A path as given, or a name under stages/ of the MUGEN folder.
+// A path as given, or a name under a folder of the MUGEN folder. `isName`: what is nowhere is
+// missing there.
+std::string ContentPath(Files& files, const ShotOptions& options, const std::string& given,
+                        std::string_view folder, bool isName) {
+    const std::string listed = JoinPath(JoinPath(options.mugeDir, folder), given);
+    if (files.FileExists(given)) {
+        return given;
+    }
+    return isName || files.FileExists(listed) ? listed : given;
+}
+
 std::string StagePath(Files& files, const ShotOptions& options) {
     const bool isName = FileName(options.stage).size() == options.stage.size();
-    const std::string listed = JoinPath(JoinPath(options.mugeDir, "stages"), options.stage);
-    if (files.FileExists(options.stage)) {
-        return options.stage;
+    return ContentPath(files, options, options.stage, "stages", isName);
+}
+
+// A character has a folder of its own under chars/.
+std::string CharacterPath(Files& files, const ShotOptions& options) {
+    if (options.character.empty()) {
+        return {};
     }
-    return isName || files.FileExists(listed) ? listed : options.stage;
+    return ContentPath(files, options, options.character, "chars", false);
 }
 
 // Files that the user names are taken to the letter, unlike those that content names.
@@ -87,7 +101,7 @@ ExitStatus Shoot(const ShotOptions& options) {
     const TemporaryFolder programFolder;
     PosixFiles files(programFolder.Path());
     ShotMachine machine(files, Print, ViewOptions{!options.plain});
-    if (!machine.Start(StagePath(files, options), options.mugeDir)) {
+    if (!machine.Start(StagePath(files, options), options.mugeDir, CharacterPath(files, options))) {
         return kNotShown;
     }
     if (options.modelFile) {

@@ -1,0 +1,166 @@
+// SPDX-License-Identifier: MIT
+#include "app/TestChar.h"
+
+#include <cmath>
+#include <utility>
+
+#include "app/MenuTree.h"
+#include "base/Path.h"
+#include "character/LoadCharacter.h"
+#include "character/PlaceCharacter.h"
+
+namespace scenara {
+namespace {
+
+constexpr Single kStepOfNothing = 1;
+
+// Menus off, a load under way, and all of it put back, whatever happens.
+class LoadingCharacter {
+public:
+    explicit LoadingCharacter(const TestCharContext& context)
+        : context_(context), loading_(context.loop.LoadingStage), caption_(context.form.Caption) {
+        context_.loop.LoadingStage = 1;
+        EnableLoadingMenus(context_.form, false);
+    }
+    LoadingCharacter(const LoadingCharacter&) = delete;
+    LoadingCharacter& operator=(const LoadingCharacter&) = delete;
+    ~LoadingCharacter() {
+        EnableLoadingMenus(context_.form, true);
+        context_.loop.LoadingStage = loading_;
+    }
+
+    void PutCaptionBack() const {
+        if (context_.progress.setCaption) {
+            context_.progress.setCaption(caption_);
+        }
+    }
+
+private:
+    const TestCharContext& context_;
+    Byte loading_;
+    std::string caption_;
+};
+
+bool StageRuns(const TestCharContext& context) {
+    return context.loop.StageRunning != 0;
+}
+
+// The camera steps as the character walks. Sideways only: that is the way it walks.
+void TakeSteps(const TestCharContext& context) {
+    if (!context.state.StepsOverridden) {
+        // Mouse scrolling has saved them already, and what the camera has now is the pointer's.
+        if (context.flags.MouseScroll == 0) {
+            context.savedSteps = {context.camera.HCamStep, context.camera.VCamStep};
+        }
+        context.state.StepsOverridden = true;
+    }
+    // A step below 0 would go through the bounds, and one of 0 counts as not set.
+    const Single step = std::fabs(context.state.Characters.front().WalkSpeed);
+    if (step != 0) {
+        context.camera.HCamStep = step;
+    }
+}
+
+void GiveStepsBack(const TestCharContext& context) {
+    if (!context.state.StepsOverridden) {
+        return;
+    }
+    context.state.StepsOverridden = false;
+    const SavedSteps& saved = context.savedSteps;
+    context.camera.HCamStep = saved.HCamStep == 0 ? kStepOfNothing : saved.HCamStep;
+    context.camera.VCamStep = saved.VCamStep;
+}
+
+void SetUse(const TestCharContext& context, bool use) {
+    context.form[Menu::mnuChar].checked = use;
+    context.state.UseChar = use;
+}
+
+void TakeStepsIfLoaded(const TestCharContext& context) {
+    if (context.state.UseChar && context.state.CharLoaded) {
+        TakeSteps(context);
+    }
+}
+
+}  // namespace
+
+void LoadTestChar(const TestCharContext& context) {
+    const LoadingCharacter loading(context);
+    TestCharState& state = context.state;
+    state.CharCount = 1;
+    if (!state.CharLoaded) {
+        // Handlers may run meanwhile: neither the path nor the record is one that they can reach.
+        const std::string path = state.TestChar;
+        TestCharacter character;
+        state.CharLoaded = LoadCharacter(path, character,
+                                         {context.files, context.messages, context.engine.Device(),
+                                          context.options, context.progress});
+        loading.PutCaptionBack();
+        if (!state.CharLoaded) {
+            state.TestChar.clear();
+            GiveStepsBack(context);
+            SetUse(context, false);
+            return;
+        }
+        state.Characters.clear();
+        state.Characters.push_back(std::move(character));
+        state.CharName = state.Characters.front().DisplayName;
+        context.form[Menu::mnuChar].caption = "Use " + state.CharName;
+    }
+    PlaceCharacter(state, context.model);
+}
+
+void StartTestChar(const TestCharContext& context) {
+    if (context.state.UseChar) {
+        LoadTestChar(context);
+        TakeStepsIfLoaded(context);
+    }
+}
+
+void mnuChange_Click(const TestCharContext& context, const ChooseCharContext& choose) {
+    const std::string chosen = choose.dialogs.OpenFile(
+        "Choose test character.", WithSeparator(choose.mugeDir) + "chars" + PathSeparator);
+    if (chosen.empty()) {
+        return;
+    }
+    if (!choose.isChar(chosen)) {
+        context.messages.MsgBox(kMessageNotACharacter, "Not a Character!");
+        return;
+    }
+    context.state.TestChar = chosen;
+    if (StageRuns(context)) {
+        ReleaseTestChar(context.state);
+        LoadTestChar(context);
+        TakeStepsIfLoaded(context);
+    }
+}
+
+void mnuChar_Click(const TestCharContext& context, const ChooseCharContext& choose) {
+    if (context.state.TestChar.empty()) {
+        mnuChange_Click(context, choose);
+        if (context.state.TestChar.empty()) {
+            return;
+        }
+    }
+    SetUse(context, !context.form[Menu::mnuChar].checked);
+    if (!context.state.UseChar) {
+        GiveStepsBack(context);
+    } else if (StageRuns(context)) {
+        LoadTestChar(context);
+        TakeStepsIfLoaded(context);
+    }
+}
+
+void ReleaseTestChar(TestCharState& state) {
+    state.CharLoaded = false;
+    state.Characters.clear();
+    state.Turning = false;
+}
+
+SavedSteps StepsToKeep(const Camera& camera, const SavedSteps& saved, const TestCharState& state,
+                       const ViewFlags& flags) {
+    const bool overridden = state.StepsOverridden || flags.MouseScroll != 0;
+    return overridden ? saved : SavedSteps{camera.HCamStep, camera.VCamStep};
+}
+
+}  // namespace scenara

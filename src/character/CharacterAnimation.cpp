@@ -1,0 +1,119 @@
+// SPDX-License-Identifier: MIT
+#include "character/CharacterAnimation.h"
+
+#include <algorithm>
+#include <limits>
+
+#include "base/NumberText.h"
+#include "base/RunTimeError.h"
+#include "base/Text.h"
+#include "platform/LineReader.h"
+
+namespace scenara {
+namespace {
+
+constexpr std::size_t kMaxFrames = std::numeric_limits<Integer>::max();
+
+// The text up to the next comma; `rest` goes on behind it.
+std::string_view NextField(std::string_view& rest) {
+    const std::size_t comma = rest.find(',');
+    const std::string_view field = rest.substr(0, comma);
+    rest = comma == std::string_view::npos ? std::string_view() : rest.substr(comma + 1);
+    return TrimBlanks(field);
+}
+
+bool IsNegativeGroup(std::string_view line) {
+    return line.size() > 1 && line[0] == '-' && IsDigit(line[1]) &&
+           LeadingNumber(line.substr(0, line.find(','))) < 0;
+}
+
+}  // namespace
+
+bool CharacterAnimationReader::ReadLine(std::string_view untrimmed, std::int64_t number) {
+    number_ = number;
+    line_.Assign(untrimmed);
+    if (line_.SaysNothing()) {
+        return true;
+    }
+    if (const auto at = line_.Before("begin action")) {
+        BeginAction(*at);
+        return true;
+    }
+    if (action_ == nullptr) {
+        return true;
+    }
+    if (line_.Before("loopstart")) {
+        action_->LoopStart = static_cast<Integer>(action_->frames.size());
+    } else if (IsDigit(line_.Text().front())) {
+        ReadFrame();
+    } else if (IsNegativeGroup(line_.WithoutComment())) {
+        if (!options_.Additions) {
+            return false;
+        }
+        ReadFrame();
+    }
+    return true;
+}
+
+void CharacterAnimationReader::BeginAction(std::size_t at) {
+    constexpr std::string_view kWords = "begin action";
+    const std::string_view behind = line_.Text().substr(at + kWords.size());
+    const double number = LeadingNumber(TrimBlanks(behind.substr(0, behind.find(']'))));
+    const auto* const kept = std::find_if(kKeptActions.begin(), kKeptActions.end(),
+                                          [&](Long action) { return action == number; });
+    action_ = nullptr;
+    if (kept == kKeptActions.end()) {
+        return;
+    }
+    const auto slot = static_cast<std::size_t>(kept - kKeptActions.begin());
+    if (begun_.at(slot) && options_.Additions) {
+        return;
+    }
+    begun_.at(slot) = true;
+    action_ = &actions_.at(slot);
+    *action_ = CharAction();
+    action_->actionNo = *kept;
+}
+
+Integer CharacterAnimationReader::Field(std::string_view text, std::string_view what) {
+    try {
+        return ToInteger(LeadingNumber(text));
+    } catch (const RunTimeError&) {
+        messages_.SayOverflow(what, number_);
+        return 0;
+    }
+}
+
+void CharacterAnimationReader::ReadFrame() {
+    if (action_->frames.size() >= kMaxFrames) {
+        if (!saidFull_) {
+            saidFull_ = true;
+            messages_.SayOverflow("frames of an action", number_);
+        }
+        return;
+    }
+    std::string_view rest = line_.WithoutComment();
+    CharFrame frame;
+    frame.group = Field(NextField(rest), "group");
+    frame.image = Field(NextField(rest), "image");
+    frame.offsetX = Field(NextField(rest), "x");
+    frame.offsetY = Field(NextField(rest), "y");
+    frame.time = Field(NextField(rest), "time");
+    frame.flip = rest.find_first_of("Hh") == std::string_view::npos ? Integer{0} : Integer{1};
+    action_->frames.push_back(frame);
+}
+
+bool ReadCharacterAnimation(InputFile& file, std::array<CharAction, kKeptActions.size()>& actions,
+                            CharacterMessages& messages, const ViewOptions& options) {
+    CharacterAnimationReader reader(messages, options);
+    LineReader lines(file);
+    while (lines.Next()) {
+        if (!reader.ReadLine(lines.Line(), lines.Number())) {
+            return false;
+        }
+    }
+    actions = std::move(reader.Actions());
+    return true;
+}
+
+}  // namespace scenara

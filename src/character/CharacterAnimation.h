@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: MIT
+//
+// CharacterAnimation: the animations of a character (.air), as far as they are kept: standing,
+// turning, walking forward.
+//
+//   [Begin Action 020]         020 and 20 are the same number
+//   Loopstart                  the next frame is the one to return to
+//   20,3, 0,-1, 5, H           group, image, x, y, time, mirrored; a missing number is 0
+//
+// A frame line begins with a digit. All other lines, and the frames of all other actions, are
+// passed over. A number that its field cannot hold is reported and stays 0.
+//
+// A line that begins with "-" and a digit, a frame of no group, makes the whole file unusable.
+// Addition: it is a frame that shows nothing for its time. Addition: the first block of a number
+// counts, not the last one.
+#pragma once
+
+#include <array>
+
+#include "character/CharacterMessages.h"
+#include "character/CharacterText.h"
+#include "character/TestCharacter.h"
+#include "platform/Files.h"
+#include "stage/ViewOptions.h"
+
+namespace scenara {
+
+class CharacterAnimationReader {
+public:
+    CharacterAnimationReader(CharacterMessages& messages, const ViewOptions& options)
+        : messages_(messages), options_(options) {}
+
+    // False: a frame of a kept action has a negative group, and that is no blank frame.
+    [[nodiscard]] bool ReadLine(std::string_view untrimmed, std::int64_t number);
+
+    [[nodiscard]] std::array<CharAction, kKeptActions.size()>& Actions() { return actions_; }
+
+private:
+    void BeginAction(std::size_t at);
+    void ReadFrame();
+    [[nodiscard]] Integer Field(std::string_view text, std::string_view what);
+
+    CharacterMessages& messages_;
+    const ViewOptions& options_;
+    std::array<CharAction, kKeptActions.size()> actions_;
+    std::array<bool, kKeptActions.size()> begun_{};
+    CharAction* action_ = nullptr;  // the block that is read; none: one that is not kept
+    CharacterLine line_;
+    std::int64_t number_ = 0;
+    bool saidFull_ = false;
+};
+
+// The whole file. False as above; then `actions` is as it was.
+[[nodiscard]] bool ReadCharacterAnimation(InputFile& file,
+                                          std::array<CharAction, kKeptActions.size()>& actions,
+                                          CharacterMessages& messages, const ViewOptions& options);
+
+}  // namespace scenara

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+//
+// CharacterConstants: the three numbers of a character's constants file (.cns) that a walking
+// figure needs. From the line with "[size]" on:
+//
+//   xscale = .8      how large the pictures are drawn; 1 when not given
+//   yscale = .8
+//   walk.fwd = 2.4   pixels a frame; 1 when not given. The reading ends behind it.
+//
+// A number that its field cannot hold is reported and leaves the field as it was.
+#pragma once
+
+#include "base/Integers.h"
+#include "character/CharacterMessages.h"
+#include "platform/Files.h"
+
+namespace scenara {
+
+struct CharacterConstants {
+    Single xScale = 1;
+    Single yScale = 1;
+    Single walkSpeed = 1;
+};
+
+[[nodiscard]] CharacterConstants ReadCharacterConstants(InputFile& file,
+                                                        CharacterMessages& messages);
+
+}  // namespace scenara

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+//
+// What is said while a character loads: every box with the exclamation sign and the same title, be
+// it the loader's own or one of the picture decoder's.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "platform/Messages.h"
+
+namespace scenara {
+
+inline constexpr std::string_view kCharacterTitle = "Cohortia";
+
+inline constexpr MessageKind kMessageCharacterMissing = "character missing";
+inline constexpr MessageKind kMessageCharacterPart = "character part missing";
+inline constexpr MessageKind kMessageNoWalking = "no walking frames";
+inline constexpr MessageKind kMessageNegativeGroup = "negative group";
+inline constexpr MessageKind kMessageCharacterFailed = "character failed";
+inline constexpr MessageKind kMessageCharacterSprite = "character sprite";
+inline constexpr MessageKind kMessageCharacterOverflow = "character overflow";
+
+// Hands everything on with the title and the sign.
+class CharacterMessages : public Messages {
+public:
+    explicit CharacterMessages(Messages& messages) : messages_(messages) {}
+
+    void Show(const Message& message) override;
+
+    // A number that its field cannot hold: "Overflow: " + what + ", line " + number.
+    void SayOverflow(std::string_view what, std::int64_t lineNumber);
+
+private:
+    Messages& messages_;
+};
+
+}  // namespace scenara

@@ -1,0 +1,236 @@
+// SPDX-License-Identifier: MIT
+#include "character/CharacterSprites.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <limits>
+#include <map>
+#include <utility>
+#include <vector>
+
+#include "base/RunTimeError.h"
+#include "base/Text.h"
+#include "sprites/SffArchive.h"
+
+namespace scenara {
+namespace {
+
+constexpr std::size_t kMaxSprites = std::numeric_limits<Integer>::max();
+
+using Pair = std::pair<Integer, Integer>;  // group and image
+
+// One subfile of the walk through the chain.
+struct Subfile {
+    SubfileHeader header;
+    std::uint32_t position = 0;
+    std::uint32_t paletteFrom = 0;  // the subfile whose palette is in force for it
+};
+
+// Group and image of every frame that is to show something, each once, sorted.
+std::vector<Pair> WantedPictures(const TestCharacter& character) {
+    std::vector<Pair> wanted;
+    for (const CharAction& action : character.Actions) {
+        for (const CharFrame& frame : action.frames) {
+            if (frame.group >= 0 && frame.image >= 0) {
+                wanted.emplace_back(frame.group, frame.image);
+            }
+        }
+    }
+    std::sort(wanted.begin(), wanted.end());
+    wanted.erase(std::unique(wanted.begin(), wanted.end()), wanted.end());
+    return wanted;
+}
+
+std::string SkippedText(std::string_view what, const Pair& picture) {
+    std::string text(what);
+    text.append(":  Group ").append(std::to_string(picture.first));
+    text.append(" Image ").append(std::to_string(picture.second));
+    return text.append(kCrLf);
+}
+
+Long ColorKeyOf(const PaletteBytes& palette) {
+    return std::to_integer<Long>(palette[0]) | std::to_integer<Long>(palette[1]) << 8 |
+           std::to_integer<Long>(palette[2]) << 16;
+}
+
+class CharacterSpriteLoader {
+public:
+    CharacterSpriteLoader(TestCharacter& character, InputFile& archive, const std::string& name,
+                          const SffHeader& header, const std::optional<PaletteBytes>& act,
+                          const CharacterSpritesContext& context)
+        : character_(character),
+          archive_(archive),
+          name_(name),
+          act_(act),
+          context_(context),
+          chain_(archive, header),
+          pictures_(archive, context.device, context.messages) {}
+
+    void Load() {
+        Walk();
+        ChooseColors();
+        for (CharAction& action : character_.Actions) {
+            for (CharFrame& frame : action.frames) {
+                const auto found = places_.find({frame.group, frame.image});
+                if (found == places_.end()) {
+                    continue;
+                }
+                if (!found->second.tried) {
+                    if (context_.progress.endRequested && context_.progress.endRequested()) {
+                        return;
+                    }
+                    found->second.tried = true;
+                    found->second.sprite = AddSprite(found->first, found->second.subfile);
+                    if (context_.progress.doEvents) {
+                        context_.progress.doEvents();
+                    }
+                }
+                frame.texture = found->second.sprite;
+            }
+        }
+    }
+
+private:
+    struct Place {
+        std::size_t subfile = 0;
+        bool tried = false;
+        Integer sprite = -1;
+    };
+
+    void Walk() {
+        const std::vector<Pair> wanted = WantedPictures(character_);
+        std::optional<std::uint32_t> inForce;
+        while (chain_.Next()) {
+            const SubfileHeader& header = chain_.Header();
+            const auto index = static_cast<std::uint32_t>(subfiles_.size());
+            if (!header.IsLinked() && (!header.samePalette || !inForce)) {
+                inForce = index;
+            }
+            subfiles_.push_back({header, chain_.Position(), inForce.value_or(0)});
+            const Pair picture(header.group, header.image);
+            if (std::binary_search(wanted.begin(), wanted.end(), picture)) {
+                places_.try_emplace(picture, Place{index});
+            }
+        }
+        if (chain_.Broken()) {
+            SayArchiveError(*chain_.Broken() + "  The rest is skipped..");
+        }
+    }
+
+    void SayArchiveError(const std::string& reason) {
+        std::string text = "SFF Error:  " + name_;
+        text.append(kCrLf).append(reason);
+        context_.messages.MsgBox(kMessageCharacterSprite, std::move(text));
+    }
+
+    void ChooseColors() {
+        const bool whole =
+            !subfiles_.empty() && ReadSubfilePalette(archive_, subfiles_.front().header,
+                                                     subfiles_.front().position, shared_);
+        if (act_) {
+            shared_ = *act_;
+        } else if (!whole && !subfiles_.empty()) {
+            SayArchiveError("The palette of its first image is not whole, the rest is black..");
+        }
+        character_.ColorKey = ColorKeyOf(shared_);
+    }
+
+    PaletteBytes ColorsOf(const Subfile& subfile) {
+        PaletteBytes own{};
+        if (context_.options.Additions && !act_) {
+            const Subfile& from = subfiles_[subfile.paletteFrom];
+            if (ReadSubfilePalette(archive_, from.header, from.position, own)) {
+                return own;
+            }
+        }
+        return shared_;
+    }
+
+    // Follows links to the subfile that has the picture. A link goes back, so there is an end.
+    [[nodiscard]] std::optional<std::size_t> PictureOf(std::size_t index, const Pair& picture) {
+        while (subfiles_[index].header.IsLinked()) {
+            const Integer link = subfiles_[index].header.link;
+            if (link < 0 || static_cast<std::size_t>(link) >= index) {
+                context_.messages.MsgBox(kMessageCharacterSprite,
+                                         SkippedText("Link Error", picture) +
+                                             "There is no sprite " + std::to_string(link) +
+                                             " before it.  Skipping sprite..");
+                return std::nullopt;
+            }
+            index = static_cast<std::size_t>(link);
+        }
+        return index;
+    }
+
+    // The index of the new sprite, -1 when it cannot be had.
+    [[nodiscard]] Integer AddSprite(const Pair& picture, std::size_t index) {
+        const std::optional<std::size_t> source = PictureOf(index, picture);
+        if (!source || character_.Sprites.size() >= kMaxSprites) {
+            return -1;
+        }
+        const auto decoded = textures_.find(*source);
+        const std::shared_ptr<Direct3DTexture8> texture =
+            decoded != textures_.end() ? decoded->second : Decode(*source, picture);
+        if (!texture) {
+            return -1;
+        }
+        CharSprite sprite;
+        sprite.axisX = subfiles_[index].header.axisX;
+        sprite.axisY = subfiles_[index].header.axisY;
+        sprite.texture = texture;
+        character_.Sprites.push_back(std::move(sprite));
+        return static_cast<Integer>(character_.Sprites.size() - 1);
+    }
+
+    [[nodiscard]] std::shared_ptr<Direct3DTexture8> Decode(std::size_t source,
+                                                           const Pair& picture) {
+        PcxPicture decoded;
+        const Subfile& subfile = subfiles_[source];
+        if (chain_.IsOverused()) {
+            SayOverused();
+        } else if (pictures_.LoadInColors(chain_, subfile.header, subfile.position,
+                                          ColorsOf(subfile), decoded)) {
+            decoded.texture->PreLoad();
+        } else {
+            context_.messages.MsgBox(kMessageCharacterSprite,
+                                     SkippedText("PCX Error", picture) + "Skipping sprite..");
+        }
+        textures_.emplace(source, decoded.texture);
+        return decoded.texture;
+    }
+
+    void SayOverused() {
+        if (!std::exchange(saidOverused_, true)) {
+            SayArchiveError("The subfiles lie over each other.  The rest is skipped..");
+        }
+    }
+
+    TestCharacter& character_;
+    InputFile& archive_;
+    const std::string& name_;
+    const std::optional<PaletteBytes>& act_;
+    const CharacterSpritesContext& context_;
+    SubfileChain chain_;
+    SubfilePictures pictures_;
+    PaletteBytes shared_{};
+    std::vector<Subfile> subfiles_;
+    std::map<Pair, Place> places_;  // of the wanted pictures that the archive has
+    std::map<std::size_t, std::shared_ptr<Direct3DTexture8>> textures_;  // by subfile; none: failed
+    bool saidOverused_ = false;
+};
+
+}  // namespace
+
+void LoadCharacterSprites(TestCharacter& character, InputFile& archive, const std::string& name,
+                          const std::optional<PaletteBytes>& act,
+                          const CharacterSpritesContext& context) {
+    const SffHeader header = ReadSffHeader(archive);
+    if (header.IsVersion2()) {
+        throw RunTimeError(RunTimeErrorKind::BadFormat, name + " is an archive of version " +
+                                                            header.VersionText() +
+                                                            ", only version 1 can be read");
+    }
+    CharacterSpriteLoader(character, archive, name, header, act, context).Load();
+}
+
+}  // namespace scenara

@@ -1,0 +1,140 @@
+// SPDX-License-Identifier: MIT
+#include "character/LoadCharacter.h"
+
+#include <memory>
+#include <new>
+#include <optional>
+#include <stdexcept>
+
+#include "base/Path.h"
+#include "base/RunTimeError.h"
+#include "base/Text.h"
+#include "character/CharacterAnimation.h"
+#include "character/CharacterColors.h"
+#include "character/CharacterConstants.h"
+#include "character/CharacterDefinition.h"
+
+namespace scenara {
+namespace {
+
+class CharacterLoader {
+public:
+    CharacterLoader(const std::string& path, TestCharacter& character,
+                    const LoadCharacterContext& context)
+        : path_(path),
+          folder_(GetPath(path)),
+          character_(character),
+          context_(context),
+          messages_(context.messages) {}
+
+    [[nodiscard]] bool Load() {
+        std::string reason;
+        try {
+            return ReadDefinition() && ReadConstants() && ReadAnimation() && ReadSprites() &&
+                   RequireWalking();
+        } catch (const RunTimeError& error) {
+            reason = error.what();
+        } catch (const std::bad_alloc&) {
+            reason = TextOf(RunTimeErrorKind::OutOfMemory);
+        } catch (const std::length_error&) {
+            reason = TextOf(RunTimeErrorKind::OutOfMemory);
+        }
+        messages_.MsgBox(kMessageCharacterFailed, "Unable to load " + path_ + " - " + reason + ".");
+        return false;
+    }
+
+private:
+    [[nodiscard]] bool ReadDefinition() {
+        if (!context_.files.FileExists(path_)) {
+            // Folder and extension come twice where the path is a whole file name, and stay so.
+            std::string text = folder_ + path_ + ".def could not be found.";
+            text.append(kCrLf).append("Unable to load ").append(path_).append(".");
+            messages_.MsgBox(kMessageCharacterMissing, std::move(text));
+            return false;
+        }
+        definition_ = ReadCharacterDefinition(*context_.files.OpenForReading(path_));
+        character_.DisplayName = definition_.displayName;
+        return true;
+    }
+
+    // Not having any is no failure.
+    [[nodiscard]] bool ReadConstants() {
+        if (const std::unique_ptr<InputFile> file = Open(definition_.cns, ".cns")) {
+            const CharacterConstants constants = ReadCharacterConstants(*file, messages_);
+            character_.XScale = constants.xScale;
+            character_.YScale = constants.yScale;
+            character_.WalkSpeed = constants.walkSpeed;
+        }
+        return true;
+    }
+
+    [[nodiscard]] bool ReadAnimation() {
+        const std::unique_ptr<InputFile> file = Open(definition_.anim, ".air");
+        if (!file) {
+            return false;
+        }
+        if (!ReadCharacterAnimation(*file, character_.Actions, messages_, context_.options)) {
+            messages_.MsgBox(kMessageNegativeGroup,
+                             "Unable to load \"" + character_.DisplayName + "\"");
+            return false;
+        }
+        character_.HasTurn = !character_.ActionIn(kTurning).frames.empty();
+        return true;
+    }
+
+    [[nodiscard]] bool ReadSprites() {
+        const std::unique_ptr<InputFile> file = Open(definition_.sprite, ".sff");
+        if (!file) {
+            return false;
+        }
+        std::optional<PaletteBytes> act;
+        if (context_.options.Additions && !definition_.palette.empty()) {
+            act = ReadActPalette(context_.files, folder_ + definition_.palette + ".act");
+        }
+        if (context_.progress.setCaption) {
+            context_.progress.setCaption("Loading " + character_.DisplayName);
+        }
+        LoadCharacterSprites(character_, *file, folder_ + definition_.sprite + ".sff", act,
+                             {context_.device, messages_, context_.options, context_.progress});
+        return true;
+    }
+
+    [[nodiscard]] bool RequireWalking() {
+        if (!character_.ActionIn(kWalking).frames.empty()) {
+            return true;
+        }
+        messages_.MsgBox(kMessageNoWalking,
+                         "Unable to load " + path_ + " - character has no walking frames.");
+        return false;
+    }
+
+    // One of the files that the definition names; none, and that is said, when it is not there.
+    [[nodiscard]] std::unique_ptr<InputFile> Open(const std::string& base,
+                                                  std::string_view extension) {
+        const std::string name = base.empty() ? "its " + std::string(extension) + " file"
+                                              : base + std::string(extension);
+        if (!base.empty() && context_.files.FileExists(folder_ + name)) {
+            return context_.files.OpenForReading(folder_ + name);
+        }
+        messages_.MsgBox(kMessageCharacterPart,
+                         "Unable to load " + path_ + " - " + name + " could not be found.");
+        return nullptr;
+    }
+
+    const std::string& path_;
+    std::string folder_;
+    TestCharacter& character_;
+    const LoadCharacterContext& context_;
+    CharacterMessages messages_;
+    CharacterDefinition definition_;
+};
+
+}  // namespace
+
+bool LoadCharacter(const std::string& path, TestCharacter& character,
+                   const LoadCharacterContext& context) {
+    character = TestCharacter();
+    return CharacterLoader(path, character, context).Load();
+}
+
+}  // namespace scenara

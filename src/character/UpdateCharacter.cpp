@@ -1,0 +1,159 @@
+// SPDX-License-Identifier: MIT
+#include "character/UpdateCharacter.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <optional>
+
+#include "character/CharacterClock.h"
+
+namespace scenara {
+namespace {
+
+constexpr double kViewCentre = 160;
+constexpr double kHalfView = 160;
+
+bool IsDown(Keyboard& keyboard, VirtualKey key) {
+    return keyboard.GetAsyncKeyState(key) != 0;
+}
+
+void Walk(TestCharacter& character, Integer facing, bool& held) {
+    character.Facing = facing;
+    character.Action = kWalking;
+    character.Walking = true;
+    held = true;
+}
+
+void Stop(TestCharacter& character, bool& held) {
+    held = false;
+    character.Action = kStanding;
+    character.Walking = false;
+}
+
+// Deliberate: Left is looked at last, so that it wins while both are held; and letting one go stops
+// the walk for a frame even while the other is held
+// (UpdateCharacter.LettingOneOfTwoKeysGoStandsForAFrame).
+void ReadKeys(TestCharState& state, TestCharacter& character, Keyboard& keyboard) {
+    const bool right = IsDown(keyboard, VirtualKey::Right);
+    const bool left = IsDown(keyboard, VirtualKey::Left);
+    if (right) {
+        Walk(character, kFacingRight, state.RightHeld);
+    }
+    if (left) {
+        Walk(character, kFacingLeft, state.LeftHeld);
+    }
+    if (!right && state.RightHeld) {
+        Stop(character, state.RightHeld);
+    }
+    if (!left && state.LeftHeld) {
+        Stop(character, state.LeftHeld);
+    }
+}
+
+void StartTurn(TestCharState& state, TestCharacter& character) {
+    if (character.ActionIn(kTurning).frames.empty()) {
+        character.Action = kWalking;
+        character.Walking = true;
+        return;
+    }
+    state.Turning = true;
+    character.Action = kTurning;
+    character.Walking = false;
+    StartAction(character);
+}
+
+// The edge of the picture, so that its axis lies on the character's place whichever way it faces.
+void PlacePicture(const TestCharState& state, TestCharacter& character, const CharFrame& frame,
+                  const DrawnCamera& camera) {
+    const auto index = static_cast<std::size_t>(std::max(frame.texture, Integer{0}));
+    if (frame.texture < 0 || index >= character.Sprites.size()) {
+        character.DrawTexture = -1;
+        return;
+    }
+    const CharSprite& sprite = character.Sprites[index];
+    const double zoom = static_cast<double>(state.CharZoom);
+    const double acrossAxis =
+        (double{1} * sprite.axisX - frame.offsetX) * zoom * static_cast<double>(character.XScale);
+    const double downAxis =
+        (double{1} * sprite.axisY - frame.offsetY) * zoom * static_cast<double>(character.YScale);
+    character.DrawX =
+        static_cast<Single>(static_cast<double>(character.X) - character.DrawFacing * acrossAxis);
+    character.DrawY = static_cast<Single>(static_cast<double>(character.Y) - downAxis -
+                                          static_cast<double>(camera.y));
+    character.DrawTexture = frame.texture;
+    character.DrawWidth = static_cast<Integer>(sprite.texture->Width());
+    character.DrawHeight = static_cast<Integer>(sprite.texture->Height());
+}
+
+void Move(const TestCharState& state, const StageModel& model, TestCharacter& character) {
+    const double step = static_cast<double>(state.CharZoom) *
+                        static_cast<double>(character.WalkSpeed) * character.Facing;
+    const double next = static_cast<double>(character.X) + step;
+    const double place = next - kViewCentre;
+    const bool inside = step < 0
+                            ? place >= double{1} * model.BoundLeft - kHalfView + model.ScreenLeft
+                            : place <= double{1} * model.BoundRight + kHalfView - model.ScreenRight;
+    if (inside) {
+        character.X = static_cast<Single>(next);
+    }
+}
+
+// The character is compared with the middle of the view as it is drawn in this frame.
+CameraFollow FollowOf(const TestCharacter& character, double viewX) {
+    if (!character.Walking) {
+        return CameraFollow::Stand;
+    }
+    const bool right = (character.Facing == kFacingRight) == (character.WalkSpeed >= 0);
+    if (right) {
+        return viewX >= kViewCentre ? CameraFollow::Right : CameraFollow::Stand;
+    }
+    return viewX <= kViewCentre ? CameraFollow::Left : CameraFollow::Stand;
+}
+
+CameraFollow UpdateOne(TestCharState& state, TestCharacter& character, const StageModel& model,
+                       Keyboard& keyboard, const DrawnCamera& camera) {
+    FollowGround(character, model, camera);
+    if (!state.Turning) {
+        ReadKeys(state, character, keyboard);
+    }
+    if (character.Action != state.LastAction) {
+        StartAction(character);
+    }
+    if (character.Facing != state.LastFacing && character.HasTurn) {
+        StartTurn(state, character);
+    }
+    // The clock goes first, so that picture and place are those of one frame.
+    const CharFrame* const frame = TickCharacter(character, state.Turning);
+    state.FrameFlipped = frame != nullptr && frame->flip != 0;
+    character.DrawFacing =
+        state.FrameFlipped ? static_cast<Integer>(-character.Facing) : character.Facing;
+    if (frame != nullptr) {
+        PlacePicture(state, character, *frame, camera);
+    } else {
+        character.DrawTexture = -1;
+    }
+    state.FrameFlipped = false;
+    const double viewX = static_cast<double>(character.X) + static_cast<double>(camera.x);
+    const CameraFollow follow = FollowOf(character, viewX);
+    if (character.Walking) {
+        Move(state, model, character);
+    }
+    state.LastAction = character.Action;
+    state.LastFacing = character.Facing;
+    return follow;
+}
+
+}  // namespace
+
+CameraFollow UpdateCharacter(TestCharState& state, const StageModel& model, Keyboard& keyboard,
+                             const DrawnCamera& camera) {
+    CameraFollow follow = CameraFollow::Stand;
+    const std::size_t count = std::min(
+        static_cast<std::size_t>(std::max(state.CharCount, Integer{0})), state.Characters.size());
+    for (std::size_t i = 0; i < count; ++i) {
+        follow = UpdateOne(state, state.Characters[i], model, keyboard, camera);
+    }
+    return follow;
+}
+
+}  // namespace scenara

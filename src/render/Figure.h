@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+//
+// Figure, an addition: a picture that stands on the stage between its two layers, such as a test
+// character: mirrored and scaled, colour 0 left out.
+#pragma once
+
+#include <memory>
+
+#include "base/Integers.h"
+#include "platform/Direct3D8.h"
+#include "render/Engine.h"
+
+namespace scenara {
+
+struct Figure {
+    const std::shared_ptr<Direct3DTexture8>* texture = nullptr;  // none: nothing is drawn
+    Single x = 0;      // view pixels: the left edge, of a mirrored figure the right one
+    Single y = 0;      // the upper edge
+    Single width = 0;  // as drawn
+    Single height = 0;
+    bool mirrored = false;
+};
+
+// A figure's edge and size are brought to whole pixels, ties to the even one, but never to less
+// than one. One without a size, or far outside of the view, is not drawn. Allocates nothing.
+void DrawFigure(Engine& engine, const Figure& figure);
+
+}  // namespace scenara

@@ -1,0 +1,178 @@
+// SPDX-License-Identifier: MIT
+#include "character/CharacterAnimation.h"
+
+#include <string>
+#include <vector>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "platform/headless/HeadlessMessages.h"
+#include "support/MemoryFiles.h"
+
+namespace scenara {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class CharacterAnimationTest : public testing::Test {
+protected:
+    bool Read(const std::string& text, bool additions = true) {
+        actions_ = {};
+        test::MemoryFile file(text);
+        CharacterMessages titled(messages_);
+        const bool read = ReadCharacterAnimation(file, actions_, titled, ViewOptions{additions});
+        said_.clear();
+        for (const Message& message : messages_.Recorded()) {
+            said_.push_back(message.text);
+        }
+        return read;
+    }
+    // "group,image,x,y,time" and H for each frame of a slot.
+    [[nodiscard]] std::vector<std::string> Frames(Integer slot) const {
+        std::vector<std::string> lines;
+        for (const CharFrame& frame : actions_.at(static_cast<std::size_t>(slot)).frames) {
+            lines.push_back(std::to_string(frame.group) + "," + std::to_string(frame.image) + "," +
+                            std::to_string(frame.offsetX) + "," + std::to_string(frame.offsetY) +
+                            "," + std::to_string(frame.time) + (frame.flip != 0 ? "H" : ""));
+        }
+        return lines;
+    }
+    [[nodiscard]] const CharAction& Action(Integer slot) const {
+        return actions_.at(static_cast<std::size_t>(slot));
+    }
+
+    HeadlessMessages messages_;
+    std::vector<std::string> said_;
+    std::array<CharAction, kKeptActions.size()> actions_;
+};
+
+TEST_F(CharacterAnimationTest, KeepsStandingTurningAndWalking) {
+    EXPECT_TRUE(
+        Read("; all\n[Begin Action 0]\nClsn2Default: 1\n Clsn2[0] = -10, 0, 10,-79\n"
+             "0,0, 0,0, 10\n0,1, -1,2, 7\n[Begin Action 1]\n1,0, 0,0, 3\n"
+             "[Begin Action 5]\n5,0, 0,0, 4, H\n[Begin Action 20]\n20,0, 0,0, 3 ; first\n"
+             "20,1, 0,0, 3,,A\n[Begin Action 21]\n21,0, 0,0, 3\n"));
+    EXPECT_THAT(Frames(kStanding), ElementsAre("0,0,0,0,10", "0,1,-1,2,7"));
+    EXPECT_THAT(Frames(kTurning), ElementsAre("5,0,0,0,4H"));
+    EXPECT_THAT(Frames(kWalking), ElementsAre("20,0,0,0,3", "20,1,0,0,3"));
+    EXPECT_EQ(Action(kTurning).actionNo, 5);
+    EXPECT_EQ(Action(kWalking).actionNo, 20);
+    EXPECT_THAT(said_, IsEmpty());
+}
+
+TEST_F(CharacterAnimationTest, NumbersOfActionsAreNumbers) {
+    EXPECT_TRUE(
+        Read("[Begin Action 000]\n1,0,0,0,1\n[begin ACTION 0005 ]\n2,0,0,0,1\n"
+             "  [Begin Action\t020] ; walk\n3,0,0,0,1\n"));
+    EXPECT_THAT(Frames(kStanding), ElementsAre("1,0,0,0,1"));
+    EXPECT_THAT(Frames(kTurning), ElementsAre("2,0,0,0,1"));
+    EXPECT_THAT(Frames(kWalking), ElementsAre("3,0,0,0,1"));
+    EXPECT_TRUE(Read("[Begin Action 0020\n3,0,0,0,1\n")) << "without its bracket";
+    EXPECT_THAT(Frames(kWalking), ElementsAre("3,0,0,0,1"));
+    EXPECT_TRUE(
+        Read("[Begin Action 200]\n1,0,0,0,1\n[Begin Action -20]\n1,0,0,0,1\n"
+             "[Begin Action 20.5]\n1,0,0,0,1\n"));
+    EXPECT_THAT(Frames(kWalking), IsEmpty());
+}
+
+TEST_F(CharacterAnimationTest, AHeaderInACommentStartsNothing) {
+    EXPECT_TRUE(Read(";[Begin Action 20]\n1,0,0,0,1\nx ; [Begin Action 20]\n1,0,0,0,1\n"));
+    EXPECT_THAT(Frames(kWalking), IsEmpty());
+    EXPECT_TRUE(Read("[Begin Action 20]\n1,0,0,0,1\n; [Begin Action 0]\n2,0,0,0,1\n"));
+    EXPECT_THAT(Frames(kWalking), ElementsAre("1,0,0,0,1", "2,0,0,0,1"));
+}
+
+TEST_F(CharacterAnimationTest, LinesBeforeAnyActionSayNothing) {
+    EXPECT_TRUE(Read("0,0,0,0,1\nLoopstart\n-1,0,0,0,1\n", false));
+    EXPECT_THAT(Frames(kStanding), IsEmpty());
+}
+
+TEST_F(CharacterAnimationTest, MissingNumbersAreZero) {
+    EXPECT_TRUE(
+        Read("[Begin Action 20]\n20\n20,1\n20,,3\n20,1,2,3,,H\n20,1,2,3,4,vh,A\n20,1,0,0,H\n"));
+    EXPECT_THAT(Frames(kWalking), ElementsAre("20,0,0,0,0", "20,1,0,0,0", "20,0,3,0,0",
+                                              "20,1,2,3,0H", "20,1,2,3,4H", "20,1,0,0,0"));
+}
+
+TEST_F(CharacterAnimationTest, TheFlipStandsBehindTheTimeAndBeforeTheComment) {
+    EXPECT_TRUE(
+        Read("[Begin Action 20]\n20,0,0,0,5,h\n20,0,0,0,5 ; H\n20,0,0,0,5,V\n20,0,0,0,5h\n"));
+    EXPECT_THAT(Frames(kWalking),
+                ElementsAre("20,0,0,0,5H", "20,0,0,0,5", "20,0,0,0,5", "20,0,0,0,5"));
+}
+
+TEST_F(CharacterAnimationTest, TimesMayBeNegative) {
+    EXPECT_TRUE(Read("[Begin Action 20]\n20,0, -3,-4, -1\n"));
+    EXPECT_THAT(Frames(kWalking), ElementsAre("20,0,-3,-4,-1"));
+}
+
+TEST_F(CharacterAnimationTest, LoopstartNamesTheFrameBehindIt) {
+    EXPECT_TRUE(
+        Read("[Begin Action 20]\n0,0,0,0,1\n0,1,0,0,1\n0,2,0,0,1\nLoopStart\n0,3,0,0,1\n"
+             "[Begin Action 0]\nloopstart\n0,0,0,0,1\n; loopstart\n"));
+    EXPECT_EQ(Action(kWalking).LoopStart, 3);
+    EXPECT_EQ(Action(kStanding).LoopStart, 0);
+    EXPECT_TRUE(Read("[Begin Action 20]\n0,0,0,0,1\nx ; loopstart\n0,1,0,0,1\n"));
+    EXPECT_EQ(Action(kWalking).LoopStart, 0);
+    EXPECT_TRUE(Read("[Begin Action 20]\n0,0,0,0,1\n[Begin Action 9]\nloopstart\n"));
+    EXPECT_EQ(Action(kWalking).LoopStart, 0) << "of an action that is not kept";
+}
+
+TEST_F(CharacterAnimationTest, PlainANegativeGroupMakesItUnusable) {
+    EXPECT_FALSE(Read("[Begin Action 20]\n20,0,0,0,1\n-1,0, 0,0, 5\n", false));
+    EXPECT_THAT(Frames(kWalking), IsEmpty());
+    EXPECT_TRUE(Read("[Begin Action 9]\n-1,0, 0,0, 5\n[Begin Action 20]\n20,0,0,0,1\n", false))
+        << "of an action that is not kept";
+    EXPECT_TRUE(Read("[Begin Action 20]\n20,0,0,0,1\n- 1,0\n-x\n-\n;-1,0\n-0,1\n", false))
+        << "no frame lines";
+    EXPECT_THAT(Frames(kWalking), ElementsAre("20,0,0,0,1"));
+}
+
+TEST_F(CharacterAnimationTest, WithAdditionsANegativeGroupIsABlankFrame) {
+    EXPECT_TRUE(Read("[Begin Action 20]\n20,0,0,0,1\n-1,0, 0,0, 5\nLoopstart\n-2,-1, 1,1, 6, H\n"));
+    EXPECT_THAT(Frames(kWalking), ElementsAre("20,0,0,0,1", "-1,0,0,0,5", "-2,-1,1,1,6H"));
+    EXPECT_EQ(Action(kWalking).LoopStart, 2);
+}
+
+TEST_F(CharacterAnimationTest, OfARepeatedActionTheLastBlockCountsOrWithAdditionsTheFirst) {
+    constexpr const char* kTwice =
+        "[Begin Action 20]\n1,0,0,0,1\nLoopstart\n1,1,0,0,1\n[Begin Action 0]\n0,0,0,0,1\n"
+        "[Begin Action 020]\n2,0,0,0,1\n";
+    EXPECT_TRUE(Read(kTwice, false));
+    EXPECT_THAT(Frames(kWalking), ElementsAre("2,0,0,0,1"));
+    EXPECT_EQ(Action(kWalking).LoopStart, 0);
+    EXPECT_TRUE(Read(kTwice, true));
+    EXPECT_THAT(Frames(kWalking), ElementsAre("1,0,0,0,1", "1,1,0,0,1"));
+    EXPECT_EQ(Action(kWalking).LoopStart, 1);
+}
+
+TEST_F(CharacterAnimationTest, NumbersThatDoNotFitAreSaidAndZero) {
+    EXPECT_TRUE(Read("[Begin Action 20]\n99999,70000, 40000,-40000, 1e9\n"));
+    EXPECT_THAT(Frames(kWalking), ElementsAre("0,0,0,0,0"));
+    EXPECT_THAT(
+        said_, ElementsAre("Overflow: group, line 2", "Overflow: image, line 2",
+                           "Overflow: x, line 2", "Overflow: y, line 2", "Overflow: time, line 2"));
+}
+
+TEST_F(CharacterAnimationTest, MoreFramesThanAnIndexReachesAreSaidOnceAndLeftOut) {
+    std::string text = "[Begin Action 20]\n";
+    for (int i = 0; i < 32770; ++i) {
+        text += "1,1,0,0,1\n";
+    }
+    EXPECT_TRUE(Read(text + "Loopstart\n"));
+    EXPECT_EQ(Action(kWalking).frames.size(), 32767U);
+    EXPECT_EQ(Action(kWalking).LoopStart, 32767);
+    EXPECT_THAT(said_, ElementsAre("Overflow: frames of an action, line 32769"));
+}
+
+TEST_F(CharacterAnimationTest, TakesEveryLineEnd) {
+    for (const std::string end : {"\n", "\r", "\r\n"}) {
+        EXPECT_TRUE(Read("[Begin Action 20]" + end + "20,0,0,0,1" + end + end + "20,1,0,0,2"));
+        EXPECT_THAT(Frames(kWalking), ElementsAre("20,0,0,0,1", "20,1,0,0,2"));
+    }
+}
+
+}  // namespace
+}  // namespace scenara

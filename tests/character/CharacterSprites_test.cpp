@@ -1,0 +1,266 @@
+// SPDX-License-Identifier: MIT
+//
+// Which pictures of an archive are decoded, and in which colours.
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "character/CharacterMachine.h"
+
+namespace scenara::test {
+namespace {
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::StartsWith;
+
+std::vector<std::byte> ActBytes(const Palette& palette, std::size_t surplus = 0) {
+    std::vector<std::byte> bytes;
+    for (std::size_t i = palette.size(); i-- > 0;) {
+        for (const std::uint8_t part : {palette[i].red, palette[i].green, palette[i].blue}) {
+            bytes.push_back(static_cast<std::byte>(part));
+        }
+    }
+    bytes.resize(bytes.size() + surplus, std::byte{0x77});
+    return bytes;
+}
+
+IndexedPicture HeroPicture(std::size_t subfile) {
+    return StripedPicture(4 + static_cast<int>(subfile), 6,
+                          PaletteOf(static_cast<std::uint8_t>(subfile + 1)));
+}
+
+TEST(CharacterSprites, OnlyPicturesOfKeptFramesAreDecoded) {
+    CharacterMachine machine;
+    EXPECT_TRUE(machine.Load());
+    std::vector<std::int32_t> widths;
+    for (const TextureParameters& texture : machine.device.Created()) {
+        widths.push_back(texture.width);
+    }
+    EXPECT_THAT(widths, ElementsAre(4, 5, 6, 7, 8)) << "9,9 is 9 wide, and 5,0 is shown twice";
+    EXPECT_THAT(machine.Texts(), IsEmpty());
+    EXPECT_EQ(machine.Pixels(kWalking, 1), KeyedByIndex(HeroPicture(4)));
+    EXPECT_EQ(machine.turns, 5);
+}
+
+TEST(CharacterSprites, FramesKnowTheirPictureAndItsAxis) {
+    CharacterMachine machine;
+    EXPECT_TRUE(machine.Load());
+    const auto& turning = machine.character.ActionIn(kTurning).frames;
+    EXPECT_EQ(turning[0].texture, turning[1].texture);
+    const Integer walking = machine.character.ActionIn(kWalking).frames[1].texture;
+    const CharSprite& sprite = machine.character.Sprites.at(static_cast<std::size_t>(walking));
+    EXPECT_EQ(sprite.axisX, 9);  // the fifth
+    EXPECT_EQ(sprite.axisY, 10);
+    EXPECT_EQ(sprite.texture->Width(), 8);
+}
+
+TEST(CharacterSprites, PlainAllAreInTheColoursOfTheFirst) {
+    CharacterMachine machine;
+    machine.view.Additions = false;
+    EXPECT_TRUE(machine.Load());
+    EXPECT_EQ(machine.Pixels(kStanding, 0), KeyedByIndex(HeroPicture(0)));
+    EXPECT_EQ(machine.Pixels(kWalking, 1), KeyedByIndex(HeroPicture(4), PaletteOf(1)));
+    EXPECT_EQ(machine.character.ColorKey, 0xFF0100) << "0, 1, 255, red lowest";
+}
+
+TEST(CharacterSprites, WithAdditionsEachIsInThePaletteInForceForIt) {
+    CharacterMachine machine;
+    auto subfiles = HeroSubfiles();
+    subfiles[1].samePalette = true;  // of 0
+    subfiles[2] = Linked(5, 0, 0);
+    subfiles[2].samePalette = true;
+    subfiles[3].samePalette = true;  // the linked one in front has no palette, so of 0 again
+    machine.PutArchive(subfiles);
+    EXPECT_TRUE(machine.Load());
+    EXPECT_EQ(machine.Pixels(kStanding, 1), KeyedByIndex(HeroPicture(1), PaletteOf(1)));
+    EXPECT_EQ(machine.Pixels(kWalking, 0), KeyedByIndex(HeroPicture(3), PaletteOf(1)));
+    EXPECT_EQ(machine.Pixels(kWalking, 1), KeyedByIndex(HeroPicture(4)));
+}
+
+TEST(CharacterSprites, AnActFileColoursAllOfThem) {
+    CharacterMachine machine;
+    machine.Put("hero.def", std::string("pal.defaults = 2\n") + kHeroFiles + "pal2 = red.act\n");
+    machine.files.Put("/mugen/chars/hero/red.act",
+                      std::span<const std::byte>(ActBytes(PaletteOf(99))));
+    EXPECT_TRUE(machine.Load());
+    EXPECT_EQ(machine.Pixels(kStanding, 0), KeyedByIndex(HeroPicture(0), PaletteOf(99)));
+    EXPECT_EQ(machine.Pixels(kWalking, 1), KeyedByIndex(HeroPicture(4), PaletteOf(99)));
+    EXPECT_EQ(machine.character.ColorKey, 0xFF6300);
+
+    machine.files.Put("/mugen/chars/hero/red.act",
+                      std::span<const std::byte>(ActBytes(PaletteOf(98), 4)));
+    EXPECT_TRUE(machine.Load());
+    EXPECT_EQ(machine.Pixels(kWalking, 1), KeyedByIndex(HeroPicture(4), PaletteOf(98)))
+        << "of a longer file the first 768 bytes";
+
+    machine.view.Additions = false;
+    EXPECT_TRUE(machine.Load());
+    EXPECT_EQ(machine.Pixels(kWalking, 1), KeyedByIndex(HeroPicture(4), PaletteOf(1)));
+    EXPECT_THAT(machine.Texts(), IsEmpty());
+}
+
+TEST(CharacterSprites, AnActFileThatIsMissingOrShortColoursNothing) {
+    CharacterMachine machine;
+    machine.Put("hero.def", std::string("pal.defaults = 2\n") + kHeroFiles + "pal2 = red.act\n");
+    EXPECT_TRUE(machine.Load());
+    EXPECT_EQ(machine.Pixels(kWalking, 1), KeyedByIndex(HeroPicture(4)));
+    machine.Put("red.act", std::string(767, 'x'));
+    EXPECT_TRUE(machine.Load());
+    EXPECT_EQ(machine.Pixels(kWalking, 1), KeyedByIndex(HeroPicture(4)));
+    EXPECT_THAT(machine.Texts(), IsEmpty());
+}
+
+TEST(CharacterSprites, LinkedOnesShowAnothersPictureAtTheirOwnAxis) {
+    CharacterMachine machine;
+    auto subfiles = HeroSubfiles();
+    subfiles[3] = Linked(20, 0, 5);  // forwards: not allowed
+    subfiles[4] = Linked(20, 1, 2);
+    subfiles[4].axisX = -7;
+    subfiles.push_back(Linked(0, 1, 4));  // the second 0,1 does not count
+    machine.PutArchive(subfiles);
+    EXPECT_TRUE(machine.Load());
+    EXPECT_EQ(machine.Pixels(kWalking, 1), KeyedByIndex(HeroPicture(2)));
+    const Integer texture = machine.character.ActionIn(kWalking).frames[1].texture;
+    EXPECT_EQ(machine.character.Sprites.at(static_cast<std::size_t>(texture)).axisX, -7);
+    EXPECT_EQ(machine.device.Created().size(), 3U) << "0,0 0,1 and 5,0, which two show";
+    EXPECT_EQ(machine.character.ActionIn(kWalking).frames[0].texture, -1);
+    EXPECT_EQ(machine.Pixels(kStanding, 1), KeyedByIndex(HeroPicture(1)));
+    EXPECT_THAT(machine.Texts(),
+                ElementsAre("Link Error:  Group 20 Image 0\r\nThere is no sprite 5 before it.  "
+                            "Skipping sprite.."));
+}
+
+TEST(CharacterSprites, AChainOfLinksEndsAtThePicture) {
+    CharacterMachine machine;
+    auto subfiles = HeroSubfiles();
+    subfiles[3] = Linked(20, 0, 1);
+    subfiles[4] = Linked(20, 1, 3);
+    machine.PutArchive(subfiles);
+    EXPECT_TRUE(machine.Load());
+    EXPECT_EQ(machine.Pixels(kWalking, 1), KeyedByIndex(HeroPicture(1)));
+}
+
+TEST(CharacterSprites, FramesWithoutAPictureShowNothing) {
+    CharacterMachine machine;
+    machine.Put("hero.air", "[Begin Action 20]\n20,7, 0,0, 1\n20,-1, 0,0, 1\n20,0, 0,0, 1\n");
+    EXPECT_TRUE(machine.Load());
+    const auto& frames = machine.character.ActionIn(kWalking).frames;
+    EXPECT_EQ(frames[0].texture, -1);
+    EXPECT_EQ(frames[1].texture, -1);
+    EXPECT_EQ(frames[2].texture, 0);
+    EXPECT_THAT(machine.Texts(), IsEmpty());
+}
+
+TEST(CharacterSprites, ADamagedPictureIsSaidOnceAndLeftOut) {
+    CharacterMachine machine;
+    auto subfiles = HeroSubfiles();
+    subfiles[2].data = BrokenPcx();
+    machine.PutArchive(subfiles);
+    EXPECT_TRUE(machine.Load());
+    EXPECT_EQ(machine.character.ActionIn(kTurning).frames[0].texture, -1);
+    EXPECT_EQ(machine.character.ActionIn(kTurning).frames[1].texture, -1);
+    EXPECT_EQ(machine.Pixels(kWalking, 0), KeyedByIndex(HeroPicture(3)));
+    EXPECT_THAT(machine.Texts(), ElementsAre(StartsWith("An ERROR has occurred!!"),
+                                             "PCX Error:  Group 5 Image 0\r\nSkipping sprite.."));
+    for (const Message& message : machine.messages.Recorded()) {
+        EXPECT_EQ(message.title, "Cohortia");
+        EXPECT_EQ(message.icon, MessageIcon::Exclamation);
+    }
+}
+
+TEST(CharacterSprites, AChainThatBreaksKeepsWhatCameBefore) {
+    CharacterMachine machine;
+    Sff1Options options;
+    options.images = 100;
+    machine.PutArchive(HeroSubfiles(), options);
+    EXPECT_TRUE(machine.Load());
+    EXPECT_EQ(machine.Pixels(kWalking, 1), KeyedByIndex(HeroPicture(4)));
+    EXPECT_THAT(
+        machine.Texts(),
+        ElementsAre(StartsWith("SFF Error:  /mugen/chars/hero/hero.sff\r\nSubfile 7 of 100")));
+}
+
+// Hundreds of headers of a large picture, all of which claim the same megabyte behind them, in
+// which there is not one pixel.
+TEST(CharacterSprites, SubfilesThatLieOverEachOtherAreNotAllTried) {
+    CharacterMachine machine;
+    constexpr std::size_t kSubfiles = 400;
+    constexpr std::size_t kMegabyte = 1'000'000;
+    std::vector<std::byte> header = WritePcx(StripedPicture(1000, 1000, PaletteOf(1)));
+    header.resize(kPcxHeaderSize);
+    std::vector<Sff1Subfile> subfiles;
+    std::string animation = "[Begin Action 20]\n";
+    for (std::size_t i = 0; i < kSubfiles; ++i) {
+        subfiles.push_back(Shown(20, static_cast<std::int16_t>(i), header));
+        subfiles.back().lengthSurplus = kMegabyte;
+        animation += "20," + std::to_string(i) + ",0,0,1\n";
+    }
+    std::vector<std::byte> archive = WriteSff1(subfiles);
+    while (archive.size() < kMegabyte) {
+        archive.push_back(std::byte{0xC0});  // no times
+        archive.push_back(std::byte{0});
+    }
+    machine.files.Put("/mugen/chars/hero/hero.sff", std::span<const std::byte>(archive));
+    machine.Put("hero.air", animation);
+    EXPECT_TRUE(machine.Load());
+    EXPECT_THAT(machine.character.Sprites, IsEmpty());
+    EXPECT_GT(machine.device.Created().size(), 1U);
+    EXPECT_LT(machine.device.Created().size(), 20U);
+    EXPECT_THAT(machine.Texts(), Contains("SFF Error:  /mugen/chars/hero/hero.sff\r\nThe subfiles "
+                                          "lie over each other.  The rest is skipped.."));
+}
+
+TEST(CharacterSprites, AnArchiveWithoutSubfilesGivesNoPictures) {
+    CharacterMachine machine;
+    machine.PutArchive({});
+    EXPECT_TRUE(machine.Load());
+    EXPECT_TRUE(machine.character.Sprites.empty());
+    EXPECT_EQ(machine.character.ColorKey, 0);
+}
+
+TEST(CharacterSprites, AFirstPaletteThatIsNotThereIsBlackAndSaid) {
+    CharacterMachine machine;
+    machine.view.Additions = false;
+    auto subfiles = HeroSubfiles();
+    subfiles.insert(subfiles.begin(), Linked(7, 7, 0));
+    machine.PutArchive(subfiles);
+    EXPECT_TRUE(machine.Load());
+    EXPECT_EQ(machine.Pixels(kWalking, 1), KeyedByIndex(HeroPicture(4), Palette()));
+    EXPECT_THAT(machine.Texts(),
+                ElementsAre("SFF Error:  /mugen/chars/hero/hero.sff\r\nThe palette of its first "
+                            "image is not whole, the rest is black.."));
+}
+
+TEST(CharacterSprites, OfAHugeArchiveOnlyHeadersAndWantedPicturesAreRead) {
+    CharacterMachine machine;
+    auto subfiles = HeroSubfiles();
+    const std::vector<std::byte> large = WritePcx(StripedPicture(200, 200, PaletteOf(1)));
+    for (int i = 0; i < 3000; ++i) {
+        subfiles.push_back(Shown(1000, static_cast<std::int16_t>(i), large));
+    }
+    const std::vector<std::byte> archive = WriteSff1(subfiles);
+    MemoryFile file(archive);
+    EXPECT_TRUE(machine.Load());  // the animations, from the small one
+    const ViewOptions options;
+    CharacterMessages messages(machine.messages);
+    const CharacterProgress progress;
+    TestCharacter character = machine.character;
+    character.Sprites.clear();
+    LoadCharacterSprites(character, file, "huge.sff", std::nullopt,
+                         {machine.device, messages, options, progress});
+    EXPECT_EQ(character.Sprites.size(), 5U);
+    std::uint64_t wanted = 0;
+    for (const MemoryFile::Read& read : file.Reads()) {
+        wanted += read.wanted;
+    }
+    EXPECT_LT(wanted, 3006U * 32U + 20000U);
+    EXPECT_GT(archive.size(), 10'000'000U);
+}
+
+}  // namespace
+}  // namespace scenara::test

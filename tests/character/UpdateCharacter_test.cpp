@@ -1,0 +1,442 @@
+// SPDX-License-Identifier: MIT
+#include "character/UpdateCharacter.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "platform/headless/HeadlessKeyboard.h"
+#include "support/AllocationCount.h"
+#include "support/NullDevice.h"
+
+namespace scenara::test {
+namespace {
+
+using testing::ElementsAre;
+
+// A character whose frames show sprites of their own: in each slot, textures slot * 10 + n are
+// 20 + slot * 10 + n wide, 50 high, axis 8,40.
+class UpdateCharacterTest : public testing::Test {
+protected:
+    UpdateCharacterTest() {
+        model_.BoundLeft = -100;
+        model_.BoundRight = 100;
+        model_.ZOffset = 200;
+        model_.P1StartX = -70;
+        state_.Characters.emplace_back();
+        for (int i = 0; i < 30; ++i) {
+            CharSprite sprite;
+            sprite.axisX = 8;
+            sprite.axisY = 40;
+            sprite.texture = std::make_shared<NullTexture>(20 + i, 50);
+            Hero().Sprites.push_back(std::move(sprite));
+        }
+        Action(kStanding, {4, 4});
+        Action(kTurning, {2, 3});
+        Action(kWalking, {1, 2, 3});
+        Hero().HasTurn = true;
+        Hero().WalkSpeed = 2;
+        PlaceCharacter(state_, model_);
+    }
+
+    TestCharacter& Hero() { return state_.Characters.front(); }
+    CharAction& Slot(Integer slot) { return Hero().Actions.at(static_cast<std::size_t>(slot)); }
+
+    // Frames of these times, each with a texture of its own.
+    void Action(Integer slot, const std::vector<int>& times, Integer loopStart = 0) {
+        CharAction action;
+        action.LoopStart = loopStart;
+        for (const int time : times) {
+            CharFrame frame;
+            frame.time = static_cast<Integer>(time);
+            frame.texture =
+                static_cast<Integer>(slot * 10 + static_cast<int>(action.frames.size()));
+            action.frames.push_back(frame);
+        }
+        Slot(slot) = action;
+    }
+    void Place() { PlaceCharacter(state_, model_); }
+
+    CameraFollow Update(const KeySet& keys = {}) {
+        keyboard_.Hold(keys);
+        return UpdateCharacter(state_, model_, keyboard_, camera_);
+    }
+    // The textures of so many frames, in a row.
+    std::vector<int> Shown(int frames, const KeySet& keys = {}) {
+        std::vector<int> textures;
+        for (int i = 0; i < frames; ++i) {
+            static_cast<void>(Update(keys));
+            textures.push_back(Hero().DrawTexture);
+        }
+        return textures;
+    }
+
+    static inline const KeySet kRight{VirtualKey::Right};
+    static inline const KeySet kLeft{VirtualKey::Left};
+    static inline const KeySet kBoth{VirtualKey::Right, VirtualKey::Left};
+
+    StageModel model_;
+    TestCharState state_;
+    HeadlessKeyboard keyboard_;
+    DrawnCamera camera_;
+};
+
+// --- placing ---
+
+using PlaceCharacterTest = UpdateCharacterTest;
+
+TEST_F(PlaceCharacterTest, StandsAtTheFirstPlayersPlace) {
+    EXPECT_EQ(Hero().X, 90.0F);
+    EXPECT_EQ(Hero().Y, 200.0F);
+    EXPECT_EQ(Hero().Facing, kFacingRight);
+    EXPECT_EQ(Hero().Action, kStanding);
+    EXPECT_EQ(Hero().FrameTime, 4);
+    EXPECT_FALSE(Hero().Walking);
+}
+
+TEST_F(PlaceCharacterTest, ForgetsTheLastStage) {
+    static_cast<void>(Update(kLeft));
+    EXPECT_TRUE(state_.Turning);
+    model_.P1StartX = 5;
+    Place();
+    EXPECT_EQ(Hero().X, 165.0F);
+    EXPECT_EQ(Hero().Facing, kFacingRight);
+    EXPECT_FALSE(state_.Turning);
+    EXPECT_FALSE(state_.LeftHeld);
+    EXPECT_THAT(Shown(2), ElementsAre(0, 0)) << "it does not turn";
+}
+
+TEST_F(PlaceCharacterTest, WithoutAGroundLineStandsOnTheLinkedElement) {
+    BackgroundElement element;
+    element.posY = 33.5F;
+    element.linkParent = -1;
+    model_.Elements.assign(2, element);
+    model_.ZOffset = 0;
+    model_.ZOffsetLink = 1;
+    Place();
+    EXPECT_EQ(Hero().Y, 33.5F);
+    model_.ZOffset = 7;
+    Place();
+    EXPECT_EQ(Hero().Y, 7.0F);
+}
+
+TEST_F(PlaceCharacterTest, WithoutEitherStaysWhereItIs) {
+    model_.ZOffset = 0;
+    for (const Integer link : {Integer{-1}, Integer{3}}) {
+        model_.ZOffsetLink = link;
+        Hero().Y = 12;
+        Place();
+        EXPECT_EQ(Hero().Y, 12.0F);
+    }
+}
+
+TEST_F(PlaceCharacterTest, WithoutFramesOfStandingTheClockIsAtZero) {
+    Slot(kStanding).frames.clear();
+    Place();
+    EXPECT_EQ(Hero().FrameTime, 0);
+    EXPECT_THAT(Shown(2), ElementsAre(-1, -1)) << "and nothing is shown";
+    EXPECT_THAT(Shown(1, kRight), ElementsAre(20)) << "until it walks";
+}
+
+// --- keys and states ---
+
+TEST_F(UpdateCharacterTest, WalksRightWhileTheKeyIsHeld) {
+    static_cast<void>(Update(kRight));
+    EXPECT_EQ(Hero().Action, kWalking);
+    EXPECT_TRUE(Hero().Walking);
+    EXPECT_EQ(Hero().X, 92.0F);
+    static_cast<void>(Update());
+    EXPECT_EQ(Hero().Action, kStanding);
+    EXPECT_FALSE(Hero().Walking);
+    EXPECT_EQ(Hero().X, 92.0F);
+    static_cast<void>(Update());
+    EXPECT_EQ(Hero().X, 92.0F);
+}
+
+TEST_F(UpdateCharacterTest, TurnsBeforeItWalksTheOtherWay) {
+    EXPECT_THAT(Shown(5, kLeft), ElementsAre(10, 10, 11, 11, 11));
+    EXPECT_TRUE(state_.Turning);
+    EXPECT_EQ(Hero().X, 90.0F) << "standing where it was";
+    EXPECT_THAT(Shown(3, kLeft), ElementsAre(11, 20, 21)) << "the last once more, then it walks";
+    EXPECT_EQ(Hero().X, 86.0F);
+    EXPECT_EQ(Hero().Facing, kFacingLeft);
+}
+
+TEST_F(UpdateCharacterTest, KeysWaitWhileItTurns) {
+    static_cast<void>(Update(kLeft));
+    static_cast<void>(Shown(4, kRight));
+    EXPECT_EQ(Hero().Facing, kFacingLeft);
+    EXPECT_EQ(Hero().Action, kTurning);
+    static_cast<void>(Update());
+    EXPECT_FALSE(state_.Turning);
+}
+
+TEST_F(UpdateCharacterTest, AKeyLetGoInATurnLeavesItStanding) {
+    static_cast<void>(Update(kLeft));
+    static_cast<void>(Shown(5));
+    EXPECT_FALSE(state_.Turning);
+    EXPECT_THAT(Shown(2), ElementsAre(0, 0));
+    EXPECT_EQ(Hero().Action, kStanding);
+    EXPECT_EQ(Hero().Facing, kFacingLeft);
+    EXPECT_EQ(Hero().X, 90.0F);
+}
+
+TEST_F(UpdateCharacterTest, WithoutPicturesOfTurningItWalksAtOnce) {
+    Slot(kTurning).frames.clear();
+    Hero().HasTurn = false;
+    EXPECT_THAT(Shown(1, kLeft), ElementsAre(20));
+    EXPECT_EQ(Hero().X, 88.0F);
+    EXPECT_EQ(Hero().DrawFacing, kFacingLeft);
+}
+
+TEST_F(UpdateCharacterTest, ATurnThatIsAnnouncedAndEmptyIsAWalk) {
+    Slot(kTurning).frames.clear();
+    EXPECT_THAT(Shown(1, kLeft), ElementsAre(20));
+    EXPECT_FALSE(state_.Turning);
+    EXPECT_TRUE(Hero().Walking);
+}
+
+TEST_F(UpdateCharacterTest, LeftWinsWhileBothAreHeld) {
+    Hero().HasTurn = false;
+    static_cast<void>(Update(kBoth));
+    EXPECT_EQ(Hero().Facing, kFacingLeft);
+    EXPECT_EQ(Hero().Action, kWalking);
+    EXPECT_EQ(Hero().X, 88.0F);
+}
+
+TEST_F(UpdateCharacterTest, LettingOneOfTwoKeysGoStandsForAFrame) {
+    Hero().HasTurn = false;
+    static_cast<void>(Update(kBoth));
+    static_cast<void>(Update(kLeft));
+    EXPECT_EQ(Hero().Action, kStanding);
+    EXPECT_EQ(Hero().X, 88.0F);
+    static_cast<void>(Update(kLeft));
+    EXPECT_EQ(Hero().Action, kWalking);
+    EXPECT_EQ(Hero().X, 86.0F);
+}
+
+// --- the clock ---
+
+TEST_F(UpdateCharacterTest, EachFrameIsShownForItsTime) {
+    EXPECT_THAT(Shown(10), ElementsAre(0, 0, 0, 0, 1, 1, 1, 1, 0, 0));
+    EXPECT_THAT(Shown(8, kRight), ElementsAre(20, 21, 21, 22, 22, 22, 20, 21))
+        << "one of time 1 for exactly one";
+}
+
+TEST_F(UpdateCharacterTest, AnActionBeginsWithItsFirstFrame) {
+    static_cast<void>(Shown(5));
+    EXPECT_THAT(Shown(2, kRight), ElementsAre(20, 21));
+    EXPECT_THAT(Shown(2), ElementsAre(0, 0));
+    EXPECT_THAT(Shown(2, kRight), ElementsAre(20, 21));
+}
+
+TEST_F(UpdateCharacterTest, ALoopGoesBackToItsStart) {
+    Action(kWalking, {1, 1, 1, 1, 1}, 3);
+    EXPECT_THAT(Shown(10, kRight), ElementsAre(20, 21, 22, 23, 24, 23, 24, 23, 24, 23));
+}
+
+TEST_F(UpdateCharacterTest, ALoopBehindTheLastFrameGoesBackToTheFirst) {
+    Action(kWalking, {1, 1}, 2);
+    EXPECT_THAT(Shown(4, kRight), ElementsAre(20, 21, 20, 21));
+}
+
+TEST_F(UpdateCharacterTest, AFrameOfNegativeTimeStays) {
+    Action(kStanding, {2, -1, 3});
+    Place();
+    EXPECT_THAT(Shown(6), ElementsAre(0, 0, 1, 1, 1, 1));
+    Action(kStanding, {-1, 3});
+    Place();
+    EXPECT_THAT(Shown(3), ElementsAre(0, 0, 0));
+}
+
+TEST_F(UpdateCharacterTest, AFrameOfNoTimeIsPassedOver) {
+    Action(kStanding, {0, 1, 0, 0, 2});
+    Place();
+    EXPECT_THAT(Shown(7), ElementsAre(1, 4, 4, 1, 4, 4, 1));
+    Action(kStanding, {0, 0});
+    Place();
+    EXPECT_THAT(Shown(3), ElementsAre(0, 0, 0)) << "nothing else is there";
+}
+
+TEST_F(UpdateCharacterTest, ATurnThatWouldHoldForEverEnds) {
+    Action(kTurning, {1, -1});
+    EXPECT_THAT(Shown(3, kLeft), ElementsAre(10, 11, 20));
+    EXPECT_FALSE(state_.Turning);
+}
+
+TEST_F(UpdateCharacterTest, ATurnOfNoTimeEnds) {
+    Action(kTurning, {0, 0});
+    EXPECT_THAT(Shown(2, kLeft), ElementsAre(11, 20));
+}
+
+TEST_F(UpdateCharacterTest, BlankFramesShowNothingForTheirTime) {
+    Slot(kStanding).frames[1].texture = -1;
+    EXPECT_THAT(Shown(9), ElementsAre(0, 0, 0, 0, -1, -1, -1, -1, 0));
+}
+
+// --- where it is drawn ---
+
+TEST_F(UpdateCharacterTest, TheAxisLiesOnThePlaceWhicheverWayItFaces) {
+    static_cast<void>(Update());
+    EXPECT_EQ(Hero().DrawX, 82.0F);   // 90 - 8
+    EXPECT_EQ(Hero().DrawY, 160.0F);  // 200 - 40
+    EXPECT_EQ(Hero().DrawFacing, 1);
+    EXPECT_EQ(Hero().DrawWidth, 20);
+    EXPECT_EQ(Hero().DrawHeight, 50);
+    Hero().HasTurn = false;
+    static_cast<void>(Update(kLeft));
+    EXPECT_EQ(Hero().DrawX, 98.0F) << "90 + 8, the right edge, before the step";
+    EXPECT_EQ(Hero().DrawFacing, -1);
+    EXPECT_EQ(Hero().DrawWidth, 40);
+}
+
+TEST_F(UpdateCharacterTest, AFlippedFrameFacesTheOtherWay) {
+    Slot(kStanding).frames[0].flip = 1;
+    Slot(kStanding).frames[0].offsetX = 3;
+    static_cast<void>(Update());
+    EXPECT_EQ(Hero().DrawX, 95.0F);  // 90 + 8 - 3
+    EXPECT_EQ(Hero().DrawFacing, -1);
+    EXPECT_EQ(Hero().Facing, 1);
+    EXPECT_FALSE(state_.FrameFlipped) << "cleared when handed over";
+}
+
+TEST_F(UpdateCharacterTest, OffsetsAndScale) {
+    Hero().XScale = 0.5F;
+    Hero().YScale = 2;
+    Slot(kStanding).frames[0].offsetX = 4;
+    Slot(kStanding).frames[0].offsetY = -10;
+    static_cast<void>(Update());
+    EXPECT_EQ(Hero().DrawX, 88.0F);   // 90 - (8 - 4) / 2
+    EXPECT_EQ(Hero().DrawY, 100.0F);  // 200 - (40 + 10) * 2
+}
+
+TEST_F(UpdateCharacterTest, TheCamerasHeightIsTakenOff) {
+    camera_ = {-50, -30};
+    static_cast<void>(Update());
+    EXPECT_EQ(Hero().DrawX, 82.0F);
+    EXPECT_EQ(Hero().DrawY, 190.0F);
+}
+
+TEST_F(UpdateCharacterTest, OnALinkedElementItGoesUpAndDownWithIt) {
+    BackgroundElement element;
+    element.linkParent = -1;
+    element.posY = 180;
+    element.sinOffset[1] = 5;
+    model_.Elements.assign(1, element);
+    model_.ZOffset = 0;
+    model_.ZOffsetLink = 0;
+    Place();
+    EXPECT_EQ(Hero().Y, 180.0F);
+    camera_ = {0, -20};
+    static_cast<void>(Update());
+    EXPECT_EQ(Hero().DrawY, 145.0F) << "180 + 5 on the screen, less the axis";
+    model_.Elements[0].posY = 190;
+    static_cast<void>(Update());
+    EXPECT_EQ(Hero().DrawY, 155.0F);
+    EXPECT_EQ(Hero().Y, 175.0F) << "195 on the screen, seen from 20 above";
+}
+
+TEST_F(UpdateCharacterTest, OnAnElementThatIsLinkedItselfTheParentSwings) {
+    BackgroundElement element;
+    element.linkParent = -1;
+    element.sinOffset[1] = 5;
+    element.ctrlPos[1] = 3;
+    model_.Elements.assign(2, element);
+    model_.Elements[1].linkParent = 0;
+    model_.Elements[1].posY = 100;
+    model_.Elements[1].sinOffset[1] = 77;
+    model_.ZOffset = 0;
+    model_.ZOffsetLink = 1;
+    Place();
+    static_cast<void>(Update());
+    EXPECT_EQ(Hero().DrawY, 68.0F);  // 100 + 5 + 3 - 40
+}
+
+// --- the stage's bounds, and the camera ---
+
+TEST_F(UpdateCharacterTest, ItStaysWithinHalfAViewOfTheBounds) {
+    model_.ScreenLeft = 15;
+    model_.ScreenRight = 10;
+    Hero().HasTurn = false;
+    static_cast<void>(Shown(500, kRight));
+    EXPECT_EQ(Hero().X, 410.0F) << "100 + 160 - 10, and 160";
+    static_cast<void>(Shown(500, kLeft));
+    EXPECT_EQ(Hero().X, -84.0F) << "-100 - 160 + 15 is -245, a step of 2 short, and 160";
+}
+
+TEST_F(UpdateCharacterTest, AStepIsWholeOrNotMade) {
+    Hero().WalkSpeed = 30;
+    static_cast<void>(Shown(50, kRight));
+    EXPECT_EQ(Hero().X, 420.0F);  // 90 + 11 * 30; 420 is the last
+    Hero().WalkSpeed = 7;
+    static_cast<void>(Shown(1, kRight));
+    EXPECT_EQ(Hero().X, 420.0F) << "427 would be beyond";
+}
+
+TEST_F(UpdateCharacterTest, BeyondABoundItMayWalkBack) {
+    Hero().X = 1000;
+    static_cast<void>(Update(kRight));
+    EXPECT_EQ(Hero().X, 1000.0F);
+    Hero().HasTurn = false;
+    static_cast<void>(Update());
+    static_cast<void>(Update(kLeft));
+    EXPECT_EQ(Hero().X, 998.0F);
+}
+
+TEST_F(UpdateCharacterTest, TheCameraGoesAlongFromTheMiddleOn) {
+    Hero().HasTurn = false;
+    Hero().X = 158;
+    EXPECT_EQ(Update(kRight), CameraFollow::Stand);
+    EXPECT_EQ(Update(kRight), CameraFollow::Right) << "160 now";
+    EXPECT_EQ(Update(), CameraFollow::Stand);
+    Hero().X = 162;
+    EXPECT_EQ(Update(kLeft), CameraFollow::Stand);
+    EXPECT_EQ(Update(kLeft), CameraFollow::Left);
+    EXPECT_EQ(Update(kLeft), CameraFollow::Left);
+}
+
+TEST_F(UpdateCharacterTest, TheMiddleIsThatOfTheViewAsItIsDrawn) {
+    camera_ = {-40, 0};  // 40 to the right
+    Hero().X = 198;
+    EXPECT_EQ(Update(kRight), CameraFollow::Stand);
+    EXPECT_EQ(Update(kRight), CameraFollow::Right);
+}
+
+TEST_F(UpdateCharacterTest, TheCameraStandsDuringATurn) {
+    Hero().X = 100;
+    EXPECT_EQ(Update(kLeft), CameraFollow::Stand);
+    EXPECT_TRUE(state_.Turning);
+}
+
+TEST_F(UpdateCharacterTest, OneThatWalksBackwardsStaysWithinTheBounds) {
+    Hero().WalkSpeed = -2;
+    Hero().X = 150;
+    EXPECT_EQ(Update(kRight), CameraFollow::Left);
+    EXPECT_EQ(Hero().X, 148.0F);
+    static_cast<void>(Shown(500, kRight));
+    EXPECT_EQ(Hero().X, -100.0F);
+}
+
+TEST_F(UpdateCharacterTest, OnlySoManyAreMoved) {
+    state_.CharCount = 0;
+    EXPECT_EQ(Update(kRight), CameraFollow::Stand);
+    EXPECT_EQ(Hero().X, 90.0F);
+    state_.CharCount = 5;
+    static_cast<void>(Update(kRight));
+    EXPECT_EQ(Hero().X, 92.0F);
+}
+
+TEST_F(UpdateCharacterTest, AsksForNoMemory) {
+    const std::size_t before = AllocationCount();
+    for (int i = 0; i < 100; ++i) {
+        static_cast<void>(Update(kRight));
+        static_cast<void>(Update(kLeft));
+    }
+    EXPECT_EQ(AllocationCount(), before);
+}
+
+}  // namespace
+}  // namespace scenara::test

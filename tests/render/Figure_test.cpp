@@ -1,0 +1,152 @@
+// SPDX-License-Identifier: MIT
+#include "render/Figure.h"
+
+#include <limits>
+#include <memory>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "platform/soft/SoftDirect3D.h"
+#include "platform/soft/TextureMemory.h"
+#include "render/StagePlayer.h"
+#include "support/AllocationCount.h"
+
+namespace scenara::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+// A figure of 10 x 20 pixels at 30, 40.
+class FigureTest : public testing::Test {
+protected:
+    FigureTest() {
+        player.Start();
+        figure.texture = &texture;
+        figure.x = 30;
+        figure.y = 40;
+        figure.width = 10;
+        figure.height = 20;
+    }
+    Lines Draw() {
+        DrawFigure(player.engine, figure);
+        return player.record.TakeQuads();
+    }
+
+    std::shared_ptr<Direct3DTexture8> texture = std::make_shared<NamedTexture>("hero", 10, 20);
+    Figure figure;
+    StagePlayer player;
+};
+
+TEST_F(FigureTest, IsItsTextureWithoutColour0) {
+    EXPECT_THAT(Draw(), ElementsAre("hero 30,40 10x20 masked"));
+}
+
+TEST_F(FigureTest, StandsAtItsRightEdgeWhenMirrored) {
+    figure.mirrored = true;
+    EXPECT_THAT(Draw(), ElementsAre("hero 20,40 10x20 mirrored masked"));
+}
+
+TEST_F(FigureTest, GoesToWholePixelsTiesToEven) {
+    figure.x = 30.5F;
+    figure.y = 41.5F;
+    EXPECT_THAT(Draw(), ElementsAre("hero 30,42 10x20 masked"));
+    figure.x = -0.5F;
+    figure.y = 40.6F;
+    EXPECT_THAT(Draw(), ElementsAre("hero 0,41 10x20 masked"));
+}
+
+TEST_F(FigureTest, DoesNotTrembleByTheLastBitsOfItsPlace) {
+    figure.x = 30.500004F;
+    EXPECT_THAT(Draw(), ElementsAre("hero 30,40 10x20 masked"));
+    figure.x = 30.499996F;
+    EXPECT_THAT(Draw(), ElementsAre("hero 30,40 10x20 masked"));
+}
+
+// The quad's corners: lower left, upper left, lower right, upper right.
+TEST_F(FigureTest, IsScaledAsAWhole) {
+    figure.width = 15;
+    figure.height = 9.6F;
+    DrawFigure(player.engine, figure);
+    const auto& quad = player.engine.Quad();
+    EXPECT_EQ(quad[1].x, 30.0F);
+    EXPECT_EQ(quad[2].x, 45.0F);
+    EXPECT_EQ(quad[1].y, 40.0F);
+    EXPECT_EQ(quad[2].y, 50.0F);
+    EXPECT_EQ(quad[1].tu, 0.0F);
+    EXPECT_EQ(quad[2].tu, 1.0F);
+    EXPECT_EQ(quad[1].tv, 0.0F);
+    EXPECT_EQ(quad[2].tv, 1.0F);
+    figure.mirrored = true;
+    DrawFigure(player.engine, figure);
+    EXPECT_EQ(quad[1].x, 15.0F);
+    EXPECT_EQ(quad[1].tu, 0.0F);
+    EXPECT_EQ(quad[2].tu, -1.0F) << "wrapped around";
+}
+
+TEST_F(FigureTest, IsNeverSmallerThanAPixel) {
+    figure.width = 0.2F;
+    figure.height = 0.3F;
+    DrawFigure(player.engine, figure);
+    EXPECT_EQ(player.engine.Quad()[3].x, 31.0F);
+    EXPECT_EQ(player.engine.Quad()[0].y, 41.0F);
+}
+
+TEST_F(FigureTest, WithoutATextureASizeOrANearPlaceIsNotDrawn) {
+    constexpr Single kInfinite = std::numeric_limits<Single>::infinity();
+    constexpr Single kNothing = std::numeric_limits<Single>::quiet_NaN();
+    const Figure whole = figure;
+    for (Single Figure::*const field : {&Figure::x, &Figure::y, &Figure::width, &Figure::height}) {
+        for (const Single value : {kInfinite, -kInfinite, kNothing, 1e9F, -1e9F}) {
+            figure = whole;
+            figure.*field = value;
+            EXPECT_THAT(Draw(), IsEmpty()) << value;
+        }
+    }
+    figure = whole;
+    figure.width = 0;
+    EXPECT_THAT(Draw(), IsEmpty());
+    figure = whole;
+    figure.height = -5;
+    EXPECT_THAT(Draw(), IsEmpty());
+    figure = whole;
+    figure.texture = nullptr;
+    EXPECT_THAT(Draw(), IsEmpty());
+}
+
+TEST_F(FigureTest, StandsBetweenTheLayers) {
+    const Integer picture = player.build.Sprite("sky", 320, 240);
+    player.build.Still(picture);
+    player.build.Still(picture).layerno = 1;
+    player.Start();
+    DrawScene(player.engine, player.tiles, player.flags, &figure);
+    EXPECT_THAT(player.record.TakeQuads(),
+                ElementsAre("sky 160,0 320x240", "hero 30,40 10x20 masked", "sky 160,0 320x240"));
+}
+
+TEST_F(FigureTest, AsksForNoMemory) {
+    figure.mirrored = true;
+    SoftDirect3D machine{std::make_shared<TextureMemory>()};
+    Engine engine(machine, player.window, player.messages, player.model);
+    engine.Engine_Init();
+    TextureParameters parameters;
+    parameters.width = 10;
+    parameters.height = 20;
+    texture = engine.Device().CreateTexture(parameters);
+    for (std::uint32_t& word : texture->LockRect().words) {
+        word = 0xFF00FF00;
+    }
+    texture->UnlockRect();
+    texture->PreLoad();
+    Require(engine.Device().BeginScene(), "BeginScene");
+    DrawFigure(engine, figure);
+    const std::size_t before = AllocationCount();
+    DrawFigure(engine, figure);
+    figure.width = 17;
+    DrawFigure(engine, figure);
+    EXPECT_EQ(AllocationCount(), before);
+}
+
+}  // namespace
+}  // namespace scenara::test
