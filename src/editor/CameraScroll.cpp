@@ -2,11 +2,12 @@
 #include "editor/CameraScroll.h"
 
 #include <algorithm>
+#include <cstdint>
 
 namespace scenara {
 
 void hscHScroll_Change(StageModel& model, Camera& camera, const ScrollBar& hscHScroll) {
-    const auto cameraX = static_cast<Single>(0.0 - hscHScroll.Value);
+    const auto cameraX = static_cast<Single>(-std::int64_t{hscHScroll.Value});
     // From where the elements have followed to: a key may have moved the camera since.
     const double distance = static_cast<double>(cameraX) - static_cast<double>(camera.previousX);
     for (BackgroundElement& element : model.Elements) {
