@@ -305,6 +305,10 @@ int ReadAll(const std::string& folder) {
     return count;
 }
 
+TEST(ReadAgain, BundledStagesAreTheSame) {
+    EXPECT_GT(ReadAll(SCENARA_BUNDLED_DATA "/stages"), 0);
+}
+
 TEST(ReadAgain, RealStagesAreTheSame) {
     const std::string folder = SCENARA_SAMPLE_DATA "/stages";
     if (!fs::exists(folder)) {

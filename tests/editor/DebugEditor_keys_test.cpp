@@ -6,6 +6,7 @@
 
 #include "editor/EditedStage.h"
 #include "render/ExpectError.h"
+#include "support/AllocationCount.h"
 
 namespace scenara {
 namespace {
@@ -256,6 +257,18 @@ TEST_F(EditingKeys, ThatEndInAnErrorCloseTheGate) {
     stage.editor.Select(4);
     ExpectError(RunTimeErrorKind::SubscriptOutOfRange, [&] { Press(VirtualKey::Delete); });
     EXPECT_EQ(stage.camera.lastKeyTick, 2000);
+}
+
+TEST_F(EditingKeys, AskForNoMemoryWhileNobodyPressesThem) {
+    stage.editor.MouseDown({5, 5});
+    Press(VirtualKey::NumpadMinus);
+    const std::size_t before = test::AllocationCount();
+    for (int pass = 0; pass < 10; ++pass) {
+        stage.clock.now += 1000;
+        stage.editor.AtEndOfPass();
+        EXPECT_TRUE(stage.editor.Outline().has_value());
+    }
+    EXPECT_EQ(test::AllocationCount(), before);
 }
 
 // --- the gate ---
