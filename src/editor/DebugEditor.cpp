@@ -87,8 +87,7 @@ void DebugEditor::Shift(Integer index, const Offset& by) {
     BackgroundElement& dragged = RecordAt(model.Elements, index, "element");
     dragged.startX = startX;
     dragged.startY = startY;
-    for (std::size_t i = 0; i < model.Elements.size(); ++i) {
-        BackgroundElement& element = model.Elements[i];
+    for (BackgroundElement& element : model.Elements) {
         if (&element == &dragged || element.linkParent == index) {
             element.posX = static_cast<Single>(static_cast<double>(element.posX) + by.x);
             element.posY = static_cast<Single>(static_cast<double>(element.posY) + by.y);
