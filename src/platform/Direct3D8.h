@@ -132,6 +132,9 @@ public:
     virtual LockedPixels LockRect() = 0;
     virtual void UnlockRect() = 0;
 
+    // The same for somebody who only reads: what was prepared for drawing stays as it is.
+    virtual LockedPixels LockRectToRead() { return LockRect(); }
+
     // It is about to be drawn with its transparent pixels left out: a device that can make that
     // cheap by preparing something does so now, out of the frame. Without this call it is drawn all
     // the same. Anew after each LockRect.

@@ -57,7 +57,7 @@ void Raise(Single& step) {
 
 void ChangeSteps(Camera& camera, const CameraInput& input) {
     const Long now = input.clock.GetTickCount();
-    if (std::int64_t{now} - camera.lastKeyTick <= kKeyGate) {
+    if (!KeyGateIsOpen(camera, now)) {
         return;
     }
     if (IsDown(input.keyboard, VirtualKey::Z)) {
@@ -98,6 +98,10 @@ void MoveByPointer(StageModel& model, Camera& camera, const CameraInput& input) 
 
 }  // namespace
 
+bool KeyGateIsOpen(const Camera& camera, Long now) {
+    return std::int64_t{now} - camera.lastKeyTick > kKeyGate;
+}
+
 // x is stored negated, so the tests look the other way than the moves.
 void StepRight(StageModel& model, const Camera& camera) {
     if (-model.CamX + camera.HCamStep <= static_cast<Single>(model.BoundRight)) {
@@ -132,6 +136,9 @@ void ControlCamera(StageModel& model, Camera& camera, const ViewFlags& flags,
     }
     MoveUpAndDownByKeys(model, camera, input.keyboard);
     ChangeSteps(camera, input);
+    if (input.more != nullptr) {
+        input.more->AtEndOfPass();
+    }
     if (flags.MouseScroll != 0) {
         MoveByPointer(model, camera, input);
     }

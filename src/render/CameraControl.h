@@ -5,9 +5,10 @@
 // Called at the end of each pass of drawing, so a held key acts twice per frame. A step is made
 // whole or, where it would pass the stage's bound, not at all; standing on the bound is allowed.
 // Bounds are in shown coordinates. The arrow keys move, Z and A lower and raise both steps by 0.5
-// (from 0.5 to 10, at most once every 150 ms), and while MouseScroll is on the pointer's distance
-// from the middle of the window sets the steps and moves. While a figure leads the camera, Left and
-// Right do nothing, and it makes at most one step sideways a frame, behind the back pass.
+// (from 0.5 to 10, at most once every 150 ms), then others' keys follow, and while MouseScroll is
+// on the pointer's distance from the middle of the window sets the steps and moves. While a figure
+// leads the camera, Left and Right do nothing, and it makes at most one step sideways a frame,
+// behind the back pass.
 #pragma once
 
 #include "platform/Clock.h"
@@ -23,13 +24,30 @@ namespace scenara {
 // Milliseconds that must have passed, and one more, between two accepted keys.
 inline constexpr Long kKeyGate = 150;
 
+// Keys of others that share the gate: asked once per pass, behind the camera's own keys. Errors end
+// the pass.
+class KeysBehindTheCamera {
+public:
+    KeysBehindTheCamera() = default;
+    KeysBehindTheCamera(const KeysBehindTheCamera&) = delete;
+    KeysBehindTheCamera& operator=(const KeysBehindTheCamera&) = delete;
+    virtual ~KeysBehindTheCamera() = default;
+
+    virtual void AtEndOfPass() = 0;
+};
+
 // What the camera is moved with; all of it outlives the call.
 struct CameraInput {
     Keyboard& keyboard;
     Clock& clock;
     Pointer& pointer;
     Window& window;
+    KeysBehindTheCamera* more = nullptr;
 };
+
+// Whether a key that acts at most every 150 ms would be accepted now. Whoever accepts one sets
+// lastKeyTick to `now`.
+[[nodiscard]] bool KeyGateIsOpen(const Camera& camera, Long now);
 
 // One step each, within the bounds.
 void StepRight(StageModel& model, const Camera& camera);

@@ -3,15 +3,12 @@
 // One element on the screen: its picture, its copies, its rows, inside of its window.
 #pragma once
 
+#include "render/ElementPieces.h"
 #include "render/Engine.h"
+#include "stage/Blending.h"
 #include "stage/StageModel.h"
 
 namespace scenara {
-
-struct DrawOptions {
-    bool additions = false;
-    bool deform = false;  // with additions: parallax pictures are stretched
-};
 
 // Draws what the element shows now. Around the draw of a masked element (mask 1) blending by the
 // source's alpha is switched on, and back to none. Frames of animations that are mirrored left to
@@ -22,5 +19,10 @@ struct DrawOptions {
 // (BlendedBlit.h), and the states are put back as behind a masked one.
 void DrawElement(Engine& engine, const StageModel& model, const BackgroundElement& element,
                  const DrawOptions& options);
+
+// Addition: the blending that the element is drawn with now, its current frame's before its own.
+// Without additions none. Raises "Subscript out of range" as DrawElement does; expects HasPictures.
+[[nodiscard]] Blending BlendingInForce(const StageModel& model, const BackgroundElement& element,
+                                       bool additions);
 
 }  // namespace scenara

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "render/Masking.h"
+#include "render/BlendStates.h"
 
 namespace scenara {
 namespace {
@@ -41,10 +41,10 @@ void DrawFigure(Engine& engine, const Figure& figure) {
     const Single height = std::max(WholePixels(figure.height), 1.0F);
     const Single edge = WholePixels(figure.x);
     Direct3DDevice8& device = engine.Device();
-    BeginMasking(device);
+    BlendByAlpha(device, D3DBLEND_INVSRCALPHA);
     engine.BlitWhole(*figure.texture, figure.mirrored ? edge - width : edge, WholePixels(figure.y),
                      width, height, figure.mirrored);
-    EndMasking(device);
+    BlendNoMore(device);
 }
 
 }  // namespace scenara

@@ -110,16 +110,6 @@ void SetBackTimers(StageModel& model) {
     }
 }
 
-void OrderElementsById(StageModel& model) {
-    model.ElementsById.resize(model.Elements.size());
-    std::iota(model.ElementsById.begin(), model.ElementsById.end(), Integer{0});
-    std::stable_sort(model.ElementsById.begin(), model.ElementsById.end(),
-                     [&](Integer a, Integer b) {
-                         return model.Elements[static_cast<std::size_t>(a)].id <
-                                model.Elements[static_cast<std::size_t>(b)].id;
-                     });
-}
-
 void PreLoadTexture(const StageModel& model, Integer spriteIndex) {
     if (spriteIndex < 0) {
         return;
@@ -175,6 +165,16 @@ void PlaceCamera(StageModel& model, Camera& camera, const CameraPlace& place) {
     model.CamY = static_cast<Single>(y);
     camera.previousX = model.CamX;
     camera.previousY = model.CamY;
+}
+
+void OrderElementsById(StageModel& model) {
+    model.ElementsById.resize(model.Elements.size());
+    std::iota(model.ElementsById.begin(), model.ElementsById.end(), Integer{0});
+    std::stable_sort(model.ElementsById.begin(), model.ElementsById.end(),
+                     [&](Integer a, Integer b) {
+                         return model.Elements[static_cast<std::size_t>(a)].id <
+                                model.Elements[static_cast<std::size_t>(b)].id;
+                     });
 }
 
 void ResolveZOffsetLink(StageModel& model) {

@@ -50,6 +50,7 @@ void FinishElements(StageModel& model, Messages& messages, const ViewOptions& op
     }
     actions.Sort();
     for (BackgroundElement& element : model.Elements) {
+        element.deltaRead = {element.deltaX, element.deltaY};
         if (element.type == "anim") {
             element.mask = 1;
         }

@@ -83,8 +83,9 @@ struct BackgroundElement {
     Single yscaleDelta = 0;  // and per unit of the camera's height
 
     // The drawing's own, and no part of a stage as written out.
-    std::array<Single, 2> sinOffset{};  // where the swing stands now
-    std::array<Single, 2> linkSin{};    // of a linked element: where its parent's stands
+    std::array<Single, 2> sinOffset{};            // where the swing stands now
+    std::array<Single, 2> linkSin{};              // of a linked element: where its parent's stands
+    std::array<Single, 2> deltaRead{1.0F, 1.0F};  // as the file has it, neither scaled nor linked
 };
 
 // One subfile of the sprite archive, with its picture as a texture.

@@ -371,6 +371,61 @@ TEST_F(MouseScroll, SwitchedOffLeavesStepsAndCamera) {
     ExpectShown(0, 0);
 }
 
+// --- keys behind the camera's ---
+
+// Sees what the camera has made of a pass so far.
+class Witness : public KeysBehindTheCamera {
+public:
+    explicit Witness(const StagePlayer& player) : player_(player) {}
+    void AtEndOfPass() override {
+        ++passes;
+        step = player_.camera.HCamStep;
+        shown = -player_.model.CamX;
+        open = KeyGateIsOpen(player_.camera, player_.clock.now);
+    }
+
+    int passes = 0;
+    Single step = 0;
+    Single shown = 0;
+    bool open = false;
+
+private:
+    const StagePlayer& player_;
+};
+
+class KeysBehind : public MouseScroll {
+protected:
+    void ControlWith(const KeySet& keys) {
+        Hold(keys);
+        ControlCamera(player.model, player.camera, player.flags,
+                      {player.keyboard, player.clock, player.pointer, player.window, &witness});
+    }
+
+    Witness witness{player};
+};
+
+TEST_F(KeysBehind, FollowTheStepKeysAndGoBeforeThePointer) {
+    player.pointer.MoveTo({520, 290});
+    ControlWith({VirtualKey::Right, VirtualKey::A});
+    EXPECT_EQ(witness.passes, 1);
+    EXPECT_EQ(witness.shown, 3);
+    EXPECT_EQ(witness.step, 3.5F);
+    EXPECT_FALSE(witness.open);
+    ExpectShown(13, 0);  // and 10 of the pointer
+}
+
+TEST_F(KeysBehind, FindTheGateOpenWhenNoKeyWasAccepted) {
+    player.pointer.MoveTo({420, 290});
+    ControlWith({VirtualKey::Right});
+    EXPECT_TRUE(witness.open);
+    player.camera.lastKeyTick = player.clock.now - 150;
+    ControlWith({});
+    EXPECT_FALSE(witness.open);
+    player.camera.lastKeyTick = player.clock.now - 151;
+    ControlWith({});
+    EXPECT_TRUE(witness.open);
+}
+
 // --- single steps ---
 
 using SingleSteps = CameraControlTest;

@@ -26,6 +26,7 @@ public:
     [[nodiscard]] std::int32_t Width() const override { return width_; }
     [[nodiscard]] std::int32_t Height() const override { return height_; }
     LockedPixels LockRect() override;
+    LockedPixels LockRectToRead() override { return {piece_.words, pitch_}; }
     void UnlockRect() override;
     void PreLoad() override;
 

@@ -1,0 +1,115 @@
+// SPDX-License-Identifier: MIT
+#include "editor/DataCheck.h"
+
+#include <string_view>
+
+#include "base/NumberText.h"
+#include "base/Path.h"
+#include "base/Text.h"
+#include "render/ElementKind.h"
+#include "render/ModelLookup.h"
+
+namespace scenara {
+namespace {
+
+class Dump {
+public:
+    void Line(std::string_view text) { text_.append(text).append(kCrLf); }
+    void Line(std::string_view key, const std::string& value) {
+        text_.append(key).append(" = ").append(value).append(kCrLf);
+    }
+
+    [[nodiscard]] std::string Take() { return std::move(text_); }
+
+private:
+    std::string text_;
+};
+
+std::string Pair(const std::string& first, const std::string& second) {
+    return first + "," + second;
+}
+
+void WriteFrame(const StageFrame& frame, Dump& dump) {
+    std::string line = NumberText(frame.group);
+    for (const Integer value : {frame.image, frame.offsetX, frame.offsetY, frame.time}) {
+        line = Pair(line, NumberText(value));
+    }
+    dump.Line(frame.flip.empty() ? line : Pair(line, frame.flip));
+}
+
+void WriteAction(const StageAction& action, Dump& dump) {
+    if (action.frameCount <= 0) {
+        return;
+    }
+    dump.Line("");
+    dump.Line("[Begin action " + NumberText(action.actionNo) + "]");
+    for (const StageFrame& frame : action.frames) {
+        WriteFrame(frame, dump);
+    }
+}
+
+// Animated elements have the index of their action, all others the number as the file has it.
+Integer ActionNumberOf(const StageModel& model, const BackgroundElement& element) {
+    if (!IsAnimated(element.type) || element.actionIndex == -1) {
+        return element.actionIndex;
+    }
+    return RecordAt(model.Actions, element.actionIndex, "action").actionNo;
+}
+
+void WriteElement(const StageModel& model, const BackgroundElement& element, Dump& dump) {
+    dump.Line("[BG " + element.name + "]");
+    dump.Line("type", element.type);
+    dump.Line("actionno", NumberText(ActionNumberOf(model, element)));
+    dump.Line("layerno", NumberText(element.layerno));
+    dump.Line("spriteno", Pair(NumberText(element.spriteGroup), NumberText(element.spriteImage)));
+    dump.Line("start", Pair(NumberText(element.startX), NumberText(element.startY)));
+    dump.Line("delta", Pair(DumpNumber(element.deltaRead[0]), DumpNumber(element.deltaRead[1])));
+    dump.Line("mask", NumberText(element.mask));
+    dump.Line("");
+}
+
+}  // namespace
+
+std::string DumpNumber(Single value) {
+    std::string text = NumberText(value);
+    const std::size_t digits = text.starts_with('-') ? 1 : 0;
+    if (std::string_view(text).substr(digits).starts_with("0.")) {
+        text.erase(digits, 1);
+    }
+    return text;
+}
+
+std::string DataCheckText(const StageModel& model) {
+    Dump dump;
+    for (const StageAction& action : model.Actions) {
+        WriteAction(action, dump);
+    }
+    for (const BackgroundElement& element : model.Elements) {
+        WriteElement(model, element, dump);
+    }
+    return dump.Take();
+}
+
+std::string DataCheckPath(Files& files) {
+#ifdef _WIN32
+    static_cast<void>(files);
+    return "c:\\chek.txt";
+#else
+    return JoinPath(files.ProgramFolder(), "chek.txt");
+#endif
+}
+
+std::string DataCheck(const StageModel& model, Files& files) {
+    const std::string text = DataCheckText(model);
+    std::string path = DataCheckPath(files);
+    const std::unique_ptr<OutputFile> file = files.OpenForWriting(path);
+    file->Write(text);
+    file->Close();
+    return path;
+}
+
+std::string DataCheckCaption(const std::string& path) {
+    return "Dumped to " + path;
+}
+
+}  // namespace scenara

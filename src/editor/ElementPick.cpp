@@ -1,0 +1,147 @@
+// SPDX-License-Identifier: MIT
+#include "editor/ElementPick.h"
+
+#include <algorithm>
+#include <cstddef>
+
+#include "editor/TexelLock.h"
+#include "render/ElementDrawing.h"
+#include "render/ElementPlacement.h"
+#include "render/ModelLookup.h"
+#include "render/TileEngine.h"
+
+namespace scenara {
+namespace {
+
+bool IsInside(std::int64_t position, std::int64_t start, std::int64_t size) {
+    return position >= start && position < start + size;
+}
+
+// The texel of a line of `size` that position `at` of a strip shows, which wraps around, from its
+// other end when it is mirrored.
+std::int64_t TexelOf(std::int64_t at, std::int64_t size, bool mirrored) {
+    const std::int64_t within = at % size;
+    return mirrored ? size - 1 - within : within;
+}
+
+// Looks for a piece that covers the point.
+class PointUnderPieces {
+public:
+    PointUnderPieces(const ViewPoint& point, const PlacedPicture& picture,
+                     const SpriteEntry& sprite, bool seeThrough)
+        : point_(point), picture_(picture), sprite_(sprite), seeThrough_(seeThrough) {}
+
+    void operator()(const SpriteQuad& quad) {
+        if (!covered_ && IsInside(point_.x, quad.x, quad.width) &&
+            IsInside(point_.y, quad.y, quad.height)) {
+            covered_ = IsVisible(quad);
+        }
+    }
+
+    [[nodiscard]] bool Covered() const { return covered_; }
+
+private:
+    [[nodiscard]] bool IsVisible(const SpriteQuad& quad) {
+        // Without a texture the piece is a white rectangle.
+        if (!seeThrough_ || !sprite_.texture) {
+            return true;
+        }
+        if (!texels_) {
+            texels_.emplace(*sprite_.texture);
+        }
+        const std::int64_t x =
+            TexelOf(quad.sourceX + point_.x - quad.x, sprite_.width, picture_.mirrored);
+        const std::int64_t y =
+            TexelOf(quad.sourceY + point_.y - quad.y, sprite_.height, picture_.flipped);
+        return AlphaOf(texels_->At(x, y)) != 0;
+    }
+
+    const ViewPoint& point_;
+    const PlacedPicture& picture_;
+    const SpriteEntry& sprite_;
+    bool seeThrough_;
+    std::optional<TexelLock> texels_;
+    bool covered_ = false;
+};
+
+bool Covers(const StageModel& model, const BackgroundElement& element, const DrawOptions& options,
+            const ViewPoint& point) {
+    if (element.visible == 0 || element.enabled == 0) {
+        return false;
+    }
+    const std::optional<PlacedPicture> picture = PlaceElement(model, element, options.additions);
+    if (!picture) {
+        return false;
+    }
+    const bool seeThrough =
+        element.mask == 1 ||
+        BlendingInForce(model, element, options.additions).kind != BlendKind::None;
+    PointUnderPieces under(point, *picture, RecordAt(model.Sprites, picture->slot, "sprite"),
+                           seeThrough);
+    ForEachPiece(model, element, *picture, options, under);
+    return under.Covered();
+}
+
+// Gathers the rectangle around pieces.
+class AroundPieces {
+public:
+    void operator()(const SpriteQuad& quad) {
+        const std::int64_t left = std::max<std::int64_t>(quad.x, 0);
+        const std::int64_t top = std::max<std::int64_t>(quad.y, 0);
+        const std::int64_t right = std::min<std::int64_t>(quad.x + quad.width, kViewWidth);
+        const std::int64_t bottom = std::min<std::int64_t>(quad.y + quad.height, kViewHeight);
+        if (left >= right || top >= bottom) {
+            return;
+        }
+        left_ = std::min(left_, left);
+        top_ = std::min(top_, top);
+        right_ = std::max(right_, right);
+        bottom_ = std::max(bottom_, bottom);
+    }
+
+    [[nodiscard]] std::optional<ViewRectangle> Rectangle() const {
+        if (left_ >= right_ || top_ >= bottom_) {
+            return std::nullopt;
+        }
+        return ViewRectangle{static_cast<Long>(left_), static_cast<Long>(top_),
+                             static_cast<Long>(right_), static_cast<Long>(bottom_)};
+    }
+
+private:
+    std::int64_t left_ = kViewWidth;
+    std::int64_t top_ = kViewHeight;
+    std::int64_t right_ = 0;
+    std::int64_t bottom_ = 0;
+};
+
+}  // namespace
+
+Integer TopmostElementAt(const StageModel& model, const DrawOptions& options,
+                         const ViewPoint& point) {
+    if (!IsInside(point.x, 0, kViewWidth) || !IsInside(point.y, 0, kViewHeight)) {
+        return -1;
+    }
+    for (const bool front : {true, false}) {
+        for (std::size_t i = model.Elements.size(); i-- > 0;) {
+            const BackgroundElement& element = model.Elements[i];
+            if (BelongsToPass(element.layerno, front) && Covers(model, element, options, point)) {
+                return static_cast<Integer>(i);
+            }
+        }
+    }
+    return -1;
+}
+
+std::optional<ViewRectangle> OutlineOf(const StageModel& model, const DrawOptions& options,
+                                       Integer index) {
+    const BackgroundElement& element = RecordAt(model.Elements, index, "element");
+    const std::optional<PlacedPicture> picture = PlaceElement(model, element, options.additions);
+    if (!picture) {
+        return std::nullopt;
+    }
+    AroundPieces around;
+    ForEachPiece(model, element, *picture, options, around);
+    return around.Rectangle();
+}
+
+}  // namespace scenara

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+//
+// ElementPick: which element stands at a point of the picture, and where an element stands.
+//
+// Both go by the same pieces that the drawing shows: tiling, windows, the rows of parallax
+// pictures, mirrored frames and scaled stages count as they are seen. Elements that drift are
+// looked up where they will be drawn next, which is a step of theirs beyond the picture on the
+// screen.
+//
+// Raise "Subscript out of range" when an element's action, frame or sprite is not in its table.
+#pragma once
+
+#include <optional>
+
+#include "base/Integers.h"
+#include "render/ElementPieces.h"
+#include "stage/StageModel.h"
+
+namespace scenara {
+
+// A pixel of the 320 x 240 view; what the pointer drags may lie outside.
+struct ViewPoint {
+    Long x = 0;
+    Long y = 0;
+};
+
+// Pixels of the view; right and bottom lie outside.
+struct ViewRectangle {
+    Long left = 0;
+    Long top = 0;
+    Long right = 0;
+    Long bottom = 0;
+
+    [[nodiscard]] bool operator==(const ViewRectangle&) const = default;
+};
+
+// The topmost drawn element that covers the point, -1 when there is none: the front layer goes
+// before the back one, and a later element before an earlier one. Hidden and disabled elements
+// cover nothing. Where an element is masked or blended, so do the transparent pixels of its
+// picture.
+[[nodiscard]] Integer TopmostElementAt(const StageModel& model, const DrawOptions& options,
+                                       const ViewPoint& point);
+
+// The smallest rectangle around all that an element shows, as far as it lies in the view; nothing
+// when it shows nothing there. Hidden elements have theirs, so that one that blinks keeps it.
+[[nodiscard]] std::optional<ViewRectangle> OutlineOf(const StageModel& model,
+                                                     const DrawOptions& options, Integer index);
+
+}  // namespace scenara

@@ -1,0 +1,348 @@
+// SPDX-License-Identifier: MIT
+//
+// Selecting and dragging with the mouse.
+#include <gtest/gtest.h>
+
+#include "editor/EditedStage.h"
+#include "render/ExpectError.h"
+
+namespace scenara {
+namespace {
+
+using test::EditedStage;
+using test::ExpectError;
+using test::StageBuilder;
+
+class Mouse : public testing::Test {
+protected:
+    explicit Mouse(const ViewOptions& options = kPlainView) : stage(options) {}
+
+    // An element of 10 x 10 pixels at (50, 60), and the pointer at (52, 63) of it.
+    BackgroundElement& Square(Long x = 50, Long y = 60) {
+        return StageBuilder::At(stage.build.Still(square), x, y);
+    }
+    void Down(Long x = 52, Long y = 63) { stage.editor.MouseDown({x, y}); }
+    void Move(Long x, Long y) { stage.editor.MouseMove({x, y}); }
+
+    void ExpectAt(Single x, Single y, std::size_t index = 0) {
+        EXPECT_EQ(stage.Element(index).posX, x);
+        EXPECT_EQ(stage.Element(index).posY, y);
+    }
+    void ExpectStart(Long x, Long y, std::size_t index = 0) {
+        EXPECT_EQ(stage.Element(index).startX, x);
+        EXPECT_EQ(stage.Element(index).startY, y);
+    }
+    void ExpectIndices(Integer selected, Integer followed) {
+        EXPECT_EQ(stage.editor.SelectedIndex(), selected);
+        EXPECT_EQ(stage.editor.FollowedIndex(), followed);
+    }
+
+    EditedStage stage;
+    const Integer square = stage.Square();
+};
+
+// --- selection ---
+
+using MouseSelection = Mouse;
+
+TEST_F(MouseSelection, IsNothingAtFirst) {
+    ExpectIndices(-1, -1);
+    EXPECT_EQ(stage.editor.Outline(), std::nullopt);
+}
+
+TEST_F(MouseSelection, ButtonDownPicksTheTopmostElement) {
+    Square();
+    Square();
+    stage.Start();
+    Down();
+    ExpectIndices(1, 1);
+    EXPECT_EQ(stage.editor.Outline(), (ViewRectangle{50, 60, 60, 70}));
+}
+
+TEST_F(MouseSelection, ButtonUpEndsTheDragAndKeepsTheSelection) {
+    Square();
+    stage.Start();
+    Down();
+    stage.editor.MouseUp();
+    ExpectIndices(0, -1);
+    Move(100, 100);
+    ExpectAt(50, 60);
+}
+
+TEST_F(MouseSelection, ClickOnNothingClearsIt) {
+    Square();
+    stage.Start();
+    Down();
+    Down(0, 0);
+    ExpectIndices(-1, -1);
+    EXPECT_EQ(stage.editor.Outline(), std::nullopt);
+}
+
+TEST_F(MouseSelection, DoesNotHappenWhileDebugBGIsUnchecked) {
+    Square();
+    stage.Start();
+    stage.debugBG.checked = false;
+    Down();
+    ExpectIndices(-1, -1);
+}
+
+TEST_F(MouseSelection, IsNeitherShownNorDraggedWhileDebugBGIsUnchecked) {
+    Square();
+    stage.Start();
+    Down();
+    stage.debugBG.checked = false;
+    EXPECT_EQ(stage.editor.Outline(), std::nullopt);
+    Move(100, 100);
+    ExpectAt(50, 60);
+}
+
+TEST_F(MouseSelection, OfAnotherStageIsForgotten) {
+    Square();
+    stage.Start();
+    Down();
+    stage.editor.Clear();
+    ExpectIndices(-1, -1);
+    stage.model.Clear();
+    EXPECT_EQ(stage.editor.Outline(), std::nullopt);
+    Move(100, 100);
+    Down();
+    ExpectIndices(-1, -1);
+}
+
+TEST_F(MouseSelection, OutlineGoesWithTheElement) {
+    Square();
+    stage.Start();
+    Down();
+    Move(55, 60);
+    EXPECT_EQ(stage.editor.Outline(), (ViewRectangle{53, 57, 63, 67}));
+}
+
+// --- drag ---
+
+using Drag = Mouse;
+
+TEST_F(Drag, ButtonDownAloneMovesNothing) {
+    Square();
+    stage.model.CamStartX = 20;
+    stage.model.CamStartY = -10;
+    stage.Start();
+    const Single x = stage.Element(0).posX;
+    const Single y = stage.Element(0).posY;
+    Down(static_cast<Long>(x) + 1, static_cast<Long>(y) + 1);
+    ExpectIndices(0, 0);
+    Move(static_cast<Long>(x) + 1, static_cast<Long>(y) + 1);
+    ExpectAt(x, y);
+    ExpectStart(-110, 60);
+}
+
+TEST_F(Drag, MovesByWhatThePointerMoves) {
+    Square();
+    stage.Start();
+    Down();
+    Move(59, 60);
+    ExpectAt(57, 57);
+    ExpectStart(-103, 57);
+    Move(40, 90);
+    ExpectAt(38, 87);
+    ExpectStart(-122, 87);
+}
+
+TEST_F(Drag, KeepsTheFractionOfAPosition) {
+    Square();
+    stage.Start();
+    stage.Element(0).posX = 50.25F;
+    Down();
+    Move(53, 63);
+    ExpectAt(51.25F, 60);
+    ExpectStart(-109, 60);
+}
+
+TEST_F(Drag, GoesOutOfTheView) {
+    Square();
+    stage.Start();
+    Down();
+    Move(-48, 463);
+    ExpectAt(-50, 460);
+    ExpectStart(-210, 460);
+    EXPECT_EQ(stage.editor.Outline(), std::nullopt);
+}
+
+// The camera goes 8 to the right and 2 up, so the element 4 to the left and 1 down.
+TEST_F(Drag, TheCamerasMoveIsNoMoveOfTheElement) {
+    BackgroundElement& element = Square();
+    element.deltaX = 0.5F;
+    element.deltaY = 0.5F;
+    stage.Start();
+    stage.model.BoundHigh = -1000;
+    stage.camera.HCamStep = 4;
+    stage.camera.VCamStep = 1;
+    Down();
+    stage.keyboard.Hold({VirtualKey::Right, VirtualKey::Up});
+    stage.PlayFrame();
+    stage.keyboard.Hold({});
+    stage.PlayFrame();
+    ExpectAt(46, 61);
+    Move(52, 63);
+    ExpectAt(46, 61);
+    Move(53, 63);
+    ExpectAt(47, 61);
+    ExpectStart(-109, 60);
+}
+
+// The key was accepted at the end of the last pass, and the elements follow in the next one.
+TEST_F(Drag, AStepThatIsStillToComeIsMadeOnce) {
+    Square();
+    stage.Start();
+    stage.camera.HCamStep = 4;
+    Down();
+    stage.keyboard.Hold({VirtualKey::Right});
+    stage.FrontPass();
+    ControlCamera(stage.model, stage.camera, stage.flags,
+                  {stage.keyboard, stage.clock, stage.pointer, stage.window});
+    stage.keyboard.Hold({});
+    EXPECT_EQ(stage.model.CamX, -8);
+    Move(53, 63);
+    ExpectAt(51, 60);
+    // The pass follows by one step, whatever the distance.
+    stage.BackPass();
+    ExpectAt(47, 60);
+    ExpectStart(-109, 60);
+}
+
+TEST_F(Drag, HoldsADriftingElementUnderThePointer) {
+    Square().velocityX = 2;
+    stage.Start();
+    Down();
+    stage.Frames(3);
+    ExpectAt(56, 60);
+    Move(52, 63);
+    ExpectAt(50, 60);
+    // It has drifted by 6, so it is to start 6 further to the left.
+    ExpectStart(-116, 60);
+    EXPECT_EQ(stage.Element(0).ctrlPos[0], 6);
+}
+
+TEST_F(Drag, BeginsAnewWithEachButtonDown) {
+    Square();
+    stage.Start();
+    Down();
+    Move(62, 63);
+    stage.editor.MouseUp();
+    Down(65, 65);
+    Move(66, 65);
+    ExpectAt(61, 60);
+    ExpectStart(-99, 60);
+}
+
+TEST_F(Drag, TakesLinkedElementsAlong) {
+    Square();
+    BackgroundElement& child = Square(0, 0);
+    child.positionlink = 1;
+    child.startX = 30;
+    child.startY = 5;
+    Square(200, 200);
+    stage.Start();
+    ExpectAt(80, 65, 1);
+    Down();
+    ExpectIndices(0, 0);
+    Move(59, 60);
+    ExpectAt(57, 57, 0);
+    ExpectAt(87, 62, 1);
+    ExpectStart(30, 5, 1);  // counted from the parent's
+    ExpectAt(200, 200, 2);
+}
+
+TEST_F(Drag, OfALinkedElementMovesItAlone) {
+    Square();
+    BackgroundElement& child = Square(0, 0);
+    child.positionlink = 1;
+    child.startX = 30;
+    child.startY = 0;
+    stage.Start();
+    Down(82, 63);
+    ExpectIndices(1, 1);
+    Move(83, 65);
+    ExpectAt(50, 60, 0);
+    ExpectAt(81, 62, 1);
+    ExpectStart(-110, 60, 0);
+    ExpectStart(31, 2, 1);
+}
+
+TEST_F(Drag, GoesOnWithTheElementThatAKeyMoves) {
+    Square(0, 0);
+    Square(0, 0);
+    Square();
+    stage.Start();
+    Down();
+    stage.Press(VirtualKey::NumpadMinus);
+    ExpectIndices(1, 1);
+    Move(53, 63);
+    ExpectAt(51, 60, 1);
+    ExpectAt(0, 0, 2);
+}
+
+TEST_F(Drag, BeyondTheRangeOfAStartIsAnOverflowAndMovesNothing) {
+    Square();
+    stage.Start();
+    stage.Element(0).startX = 2147483640;
+    Down();
+    Move(59, 60);
+    ExpectStart(2147483647, 57);
+    ExpectError(RunTimeErrorKind::Overflow, [&] { Move(60, 50); });
+    ExpectAt(57, 57);
+    ExpectStart(2147483647, 57);
+    Move(52, 63);
+    ExpectAt(50, 60);
+    ExpectStart(2147483640, 60);
+}
+
+TEST_F(Drag, OfAnElementThatIsGoneIsAnError) {
+    Square();
+    stage.Start();
+    Down();
+    stage.model.Clear();
+    ExpectError(RunTimeErrorKind::SubscriptOutOfRange, [&] { Move(60, 60); });
+}
+
+// --- scaled stages ---
+
+class ScaledDrag : public Mouse {
+protected:
+    ScaledDrag() : Mouse(ViewOptions{true}) {}
+
+    // An element that starts at (20, 30) of what the file counts in.
+    void Begin(Single scale) {
+        stage.model.ElementScale = scale;
+        BackgroundElement& element = Square();
+        element.startX = 20;
+        element.startY = 30;
+        stage.Start();
+        Down(static_cast<Long>(element.posX) + 1, static_cast<Long>(element.posY) + 1);
+        ExpectIndices(0, 0);
+    }
+};
+
+TEST_F(ScaledDrag, StartsCountInTheFilesUnits) {
+    Begin(0.5F);
+    ExpectAt(170, 15);
+    Move(174, 14);
+    ExpectAt(173, 13);
+    ExpectStart(26, 26);
+}
+
+TEST_F(ScaledDrag, RoundingDoesNotAddUp) {
+    Begin(2);
+    ExpectAt(200, 60);
+    // A view pixel is half a unit: ties go to the even one.
+    const Long expected[] = {20, 21, 22, 22, 22, 23, 24};
+    for (Long moved = 1; moved <= 7; ++moved) {
+        Move(201 + moved, 61);
+        ExpectAt(static_cast<Single>(200 + moved), 60);
+        ExpectStart(expected[moved - 1], 30);
+    }
+    Move(201, 61);
+    ExpectStart(20, 30);
+}
+
+}  // namespace
+}  // namespace scenara

@@ -1,0 +1,204 @@
+// SPDX-License-Identifier: MIT
+#include "editor/ElementList.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "editor/EditedStage.h"
+#include "render/ExpectError.h"
+
+namespace scenara {
+namespace {
+
+using test::AddControl;
+using test::During;
+using test::EditedStage;
+using test::ExpectError;
+using test::StageBuilder;
+using test::WithX;
+using testing::ElementsAre;
+
+// Elements a to f with ids 10, 20, 30, 20, 50 and 60; d is linked to c, and the ground follows e.
+class ListMoves : public testing::Test {
+protected:
+    ListMoves() {
+        const Integer square = stage.Square();
+        Long id = 10;
+        for (const char* name : {"a", "b", "c", "d", "e", "f"}) {
+            stage.Named(name, square, 0, 0).id = id;
+            id += 10;
+        }
+        stage.Element(3).id = 20;
+        stage.Element(3).positionlink = 1;
+        stage.model.ZOffsetLink = 50;
+        stage.Start();
+        EXPECT_EQ(Parent("d"), "c");
+        EXPECT_EQ(Ground(), "e");
+    }
+
+    BackgroundElement& Called(const std::string& name) {
+        for (BackgroundElement& element : stage.model.Elements) {
+            if (element.name == name) {
+                return element;
+            }
+        }
+        throw std::out_of_range(name);
+    }
+    std::string NameAt(Integer index) {
+        return index == -1 ? "none" : stage.Element(static_cast<std::size_t>(index)).name;
+    }
+    std::string Parent(const std::string& name) { return NameAt(Called(name).linkParent); }
+    std::string Ground() { return NameAt(stage.model.ZOffsetLink); }
+
+    EditedStage stage;
+};
+
+using Swap = ListMoves;
+
+TEST_F(Swap, ChangesTwoRecords) {
+    SwapElements(stage.model, 1, 2);
+    EXPECT_EQ(stage.Names(), "a c b d e f");
+    EXPECT_EQ(stage.model.ElementCount, 6);
+}
+
+TEST_F(Swap, LinksAndGroundStayWithTheirElements) {
+    SwapElements(stage.model, 2, 3);  // parent and child
+    EXPECT_EQ(stage.Names(), "a b d c e f");
+    EXPECT_EQ(Parent("d"), "c");
+    SwapElements(stage.model, 4, 5);
+    EXPECT_EQ(stage.Names(), "a b d c f e");
+    EXPECT_EQ(Ground(), "e");
+    SwapElements(stage.model, 3, 4);
+    EXPECT_EQ(Parent("d"), "c");
+    EXPECT_EQ(Parent("a"), "none");
+}
+
+TEST_F(Swap, ControllersFindTheirElements) {
+    SwapElements(stage.model, 0, 1);
+    // In order of id, then of index: a 10, b 20, d 20, c 30, e 50, f 60.
+    EXPECT_THAT(stage.model.ElementsById, ElementsAre(1, 0, 3, 2, 4, 5));
+}
+
+TEST_F(Swap, OfNoElementIsAnErrorAndChangesNothing) {
+    ExpectError(RunTimeErrorKind::SubscriptOutOfRange, [&] { SwapElements(stage.model, 5, 6); });
+    ExpectError(RunTimeErrorKind::SubscriptOutOfRange, [&] { SwapElements(stage.model, -1, 0); });
+    EXPECT_EQ(stage.Names(), "a b c d e f");
+}
+
+using DeleteOne = ListMoves;
+
+TEST_F(DeleteOne, MovesAllBehindItOnePlaceDown) {
+    DeleteElement(stage.model, 1);
+    EXPECT_EQ(stage.Names(), "a c d e f");
+    EXPECT_EQ(stage.model.ElementCount, 5);
+    EXPECT_EQ(Parent("d"), "c");
+    EXPECT_EQ(Ground(), "e");
+    EXPECT_THAT(stage.model.ElementsById, ElementsAre(0, 2, 1, 3, 4));
+}
+
+TEST_F(DeleteOne, LeavesThoseBeforeIt) {
+    DeleteElement(stage.model, 5);
+    EXPECT_EQ(stage.Names(), "a b c d e");
+    EXPECT_EQ(Parent("d"), "c");
+    EXPECT_EQ(Ground(), "e");
+}
+
+TEST_F(DeleteOne, ItsFollowersFollowNobodyAndStayWhereTheyAre) {
+    Called("c").velocityX = 2;
+    stage.Frames(3);
+    const test::Lines before = stage.BackPass();
+    DeleteElement(stage.model, 2);
+    EXPECT_EQ(Parent("d"), "none");
+    EXPECT_EQ(Called("d").ctrlOffset[0], 6);  // three frames of drift, as it stood
+    EXPECT_EQ(before.at(3), stage.BackPass().at(2));
+}
+
+TEST_F(DeleteOne, TheGroundFollowsNothingThen) {
+    DeleteElement(stage.model, 4);
+    EXPECT_EQ(stage.model.ZOffsetLink, -1);
+}
+
+TEST_F(DeleteOne, ControllersOfItsIdActOnTheOthersOnly) {
+    BgCtrlDef& group = stage.build.Group(0, {20});
+    WithX(During(AddControl(group, "posadd"), 0, 100), 1);
+    DeleteElement(stage.model, 1);  // b; d has the same id
+    const Single a = Called("a").posX;
+    const Single d = Called("d").posX;
+    stage.Frames(1);
+    EXPECT_EQ(Called("a").posX, a);
+    EXPECT_EQ(Called("d").posX, d + 1);
+    DeleteElement(stage.model, 2);  // d
+    stage.Frames(1);
+    for (const char* name : {"a", "c", "e", "f"}) {
+        EXPECT_EQ(Called(name).posX, a) << name;
+    }
+}
+
+TEST_F(DeleteOne, OfNoElementIsAnErrorAndChangesNothing) {
+    ExpectError(RunTimeErrorKind::SubscriptOutOfRange, [&] { DeleteElement(stage.model, 6); });
+    ExpectError(RunTimeErrorKind::SubscriptOutOfRange, [&] { DeleteElement(stage.model, -1); });
+    EXPECT_EQ(stage.model.ElementCount, 6);
+}
+
+TEST_F(DeleteOne, EmptiesTheListInTheEnd) {
+    for (int i = 0; i < 6; ++i) {
+        DeleteElement(stage.model, 0);
+    }
+    EXPECT_EQ(stage.model.ElementCount, 0);
+    EXPECT_TRUE(stage.model.ElementsById.empty());
+}
+
+using Clone = ListMoves;
+
+TEST_F(Clone, StandsRightBehindItsOriginal) {
+    Called("b").tileX = 7;
+    CloneElement(stage.model, 1);
+    EXPECT_EQ(stage.Names(), "a b b c d e f");
+    EXPECT_EQ(stage.model.ElementCount, 7);
+    EXPECT_EQ(stage.Element(2).tileX, 7);
+    EXPECT_EQ(stage.Element(2).id, 20);
+}
+
+TEST_F(Clone, LinksAndGroundStayWithTheirElements) {
+    CloneElement(stage.model, 0);
+    EXPECT_EQ(stage.Names(), "a a b c d e f");
+    EXPECT_EQ(Parent("d"), "c");
+    EXPECT_EQ(Ground(), "e");
+    CloneElement(stage.model, 4);
+    EXPECT_EQ(stage.Element(5).name, "d");
+    EXPECT_EQ(NameAt(stage.Element(5).linkParent), "c");
+}
+
+TEST_F(Clone, OfAParentLeavesTheChildrenWithTheOriginal) {
+    CloneElement(stage.model, 2);
+    EXPECT_EQ(stage.Names(), "a b c c d e f");
+    EXPECT_EQ(stage.Element(4).linkParent, 2);
+}
+
+TEST_F(Clone, IsActedOnByTheSameControllers) {
+    CloneElement(stage.model, 1);
+    // a 10; b, its clone and d 20; c 30; e 50; f 60.
+    EXPECT_THAT(stage.model.ElementsById, ElementsAre(0, 1, 2, 4, 3, 5, 6));
+}
+
+TEST_F(Clone, OfTheLastOneIsTheLast) {
+    CloneElement(stage.model, 5);
+    EXPECT_EQ(stage.Names(), "a b c d e f f");
+}
+
+TEST_F(Clone, OfNoElementIsAnErrorAndChangesNothing) {
+    ExpectError(RunTimeErrorKind::SubscriptOutOfRange, [&] { CloneElement(stage.model, 6); });
+    ExpectError(RunTimeErrorKind::SubscriptOutOfRange, [&] { CloneElement(stage.model, -1); });
+    EXPECT_EQ(stage.Names(), "a b c d e f");
+}
+
+TEST_F(Clone, InAFullListIsAnOverflowAndChangesNothing) {
+    stage.model.Elements.resize(kMaxRecords);
+    stage.model.ElementCount = 32767;
+    ExpectError(RunTimeErrorKind::Overflow, [&] { CloneElement(stage.model, 0); });
+    EXPECT_EQ(stage.model.Elements.size(), kMaxRecords);
+    EXPECT_EQ(stage.model.ElementCount, 32767);
+}
+
+}  // namespace
+}  // namespace scenara
