@@ -30,6 +30,9 @@ private:
 }  // namespace
 
 void frmStage::RunStage() {
+    // What is chosen behind this and turns out to be no stage changes CurrentStageFile, but not what
+    // was asked for here.
+    requestedFile_ = CurrentStageFile;
     restart_ = true;
     if (loopRuns_) {
         return;
@@ -63,7 +66,7 @@ bool frmStage::Guarded(const std::function<void()>& work) {
 }
 
 void frmStage::ShowStage() {
-    shownFile_ = CurrentStageFile;
+    shownFile_ = requestedFile_;
     startFullScreen_ = FullScreenState == 1;
     form_.picLoad.visible = false;
     form_.picLoad.width = 1;
