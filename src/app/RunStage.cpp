@@ -96,6 +96,7 @@ void frmStage::ShowStage() {
     loop_.LastFpsTick = kNoFpsTick;
     infoText_.clear();
     textSurface_.Create(kTextSurfaceWidth, kTextSurfaceHeight);
+    static_cast<void>(Guarded([&] { OpenDropped(); }));
     while (QuitRequested == kFalse && !restart_ && !machine_.window.EndRequested()) {
         RunPass();
     }
