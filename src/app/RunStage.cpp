@@ -30,8 +30,8 @@ private:
 }  // namespace
 
 void frmStage::RunStage() {
-    // What is chosen behind this and turns out to be no stage changes CurrentStageFile, but not what
-    // was asked for here.
+    // What is chosen behind this and turns out to be no stage changes CurrentStageFile, but not
+    // what was asked for here.
     requestedFile_ = CurrentStageFile;
     restart_ = true;
     if (loopRuns_) {
@@ -117,8 +117,11 @@ void frmStage::StartLoop() {
             mnuFS_Click();
         }
     };
-    StartStage(file, {model_, camera_, savedSteps_, loop_, form_.hscHScroll, machine_.keyboard,
-                      load, std::exchange(keptCamera_, std::nullopt), fullScreenAgain});
+    // A step of 0 that something else has set says nothing about the user's own.
+    SavedSteps unused;
+    SavedSteps& saved = StepsAreOverridden() ? unused : savedSteps_;
+    StartStage(file, {model_, camera_, saved, loop_, form_.hscHScroll, machine_.keyboard, load,
+                      std::exchange(keptCamera_, std::nullopt), fullScreenAgain});
     if (loop_.StageRunning == 0) {
         AbandonStage();
         return;
