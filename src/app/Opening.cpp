@@ -132,7 +132,7 @@ void frmStage::Form_OLEDragDrop(const std::string& path) {
 }
 
 void frmStage::OpenDropped() {
-    if (!droppedFile_.empty()) {
+    if (!droppedFile_.empty() && !machine_.window.EndRequested()) {
         CurrentStageFile = std::exchange(droppedFile_, {});
         OpenStage();
     }

@@ -30,6 +30,9 @@ private:
 }  // namespace
 
 void frmStage::RunStage() {
+    // What is chosen behind this and turns out to be no stage changes CurrentStageFile, but not
+    // what was asked for here.
+    requestedFile_ = CurrentStageFile;
     restart_ = true;
     if (loopRuns_) {
         return;
@@ -63,7 +66,7 @@ bool frmStage::Guarded(const std::function<void()>& work) {
 }
 
 void frmStage::ShowStage() {
-    shownFile_ = CurrentStageFile;
+    shownFile_ = requestedFile_;
     startFullScreen_ = FullScreenState == 1;
     form_.picLoad.visible = false;
     form_.picLoad.width = 1;
@@ -93,6 +96,7 @@ void frmStage::ShowStage() {
     loop_.LastFpsTick = kNoFpsTick;
     infoText_.clear();
     textSurface_.Create(kTextSurfaceWidth, kTextSurfaceHeight);
+    static_cast<void>(Guarded([&] { OpenDropped(); }));
     while (QuitRequested == kFalse && !restart_ && !machine_.window.EndRequested()) {
         RunPass();
     }
@@ -113,8 +117,11 @@ void frmStage::StartLoop() {
             mnuFS_Click();
         }
     };
-    StartStage(file, {model_, camera_, savedSteps_, loop_, form_.hscHScroll, machine_.keyboard,
-                      load, std::exchange(keptCamera_, std::nullopt), fullScreenAgain});
+    // A step of 0 that something else has set says nothing about the user's own.
+    SavedSteps unused;
+    SavedSteps& saved = StepsAreOverridden() ? unused : savedSteps_;
+    StartStage(file, {model_, camera_, saved, loop_, form_.hscHScroll, machine_.keyboard, load,
+                      std::exchange(keptCamera_, std::nullopt), fullScreenAgain});
     if (loop_.StageRunning == 0) {
         AbandonStage();
         return;

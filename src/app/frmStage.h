@@ -210,8 +210,9 @@ private:
     OffscreenSurface textSurface_;
     OffscreenSurface viewSurface_;
 
-    std::string shownFile_;    // of the stage whose loop runs
-    std::string droppedFile_;  // to be opened when the stage at hand is loaded
+    std::string requestedFile_;  // of the stage that the loop is to show
+    std::string shownFile_;      // of the stage whose loop runs
+    std::string droppedFile_;    // to be opened when the stage at hand is loaded
     ScreenModule screen_;
     Integer savedMode_ = kNoMode;            // of the display, before the full screen
     bool startFullScreen_ = false;           // the stage that is opened is to be shown full screen

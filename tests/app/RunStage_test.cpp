@@ -206,7 +206,7 @@ TEST(PauseKey, ActsInEveryPassWithoutAdditions) {
     EXPECT_THAT(std::vector(paused.end() - 5, paused.end()), ElementsAre(0, 255, 0, 255, 0));
 }
 
-TEST(Opening, AFileThatIsNotThereLeavesTheWindowWithoutAStage) {
+TEST(Restart, AFileThatIsNotThereLeavesTheWindowWithoutAStage) {
     RunningStage stage;
     stage.program.CurrentStageFile = "/mugen/stages/gone.def";
     stage.program.RunStage();
@@ -222,7 +222,7 @@ TEST(Opening, AFileThatIsNotThereLeavesTheWindowWithoutAStage) {
     EXPECT_EQ(stage.sink.shown, 3) << "the next one shows";
 }
 
-TEST(Opening, WithoutADisplayNothingIsLoaded) {
+TEST(Restart, WithoutADisplayNothingIsLoaded) {
     RunningStage stage;
     stage.direct3D.FailAt(StartStep::Device);
     stage.program.RunStage();
@@ -231,7 +231,7 @@ TEST(Opening, WithoutADisplayNothingIsLoaded) {
     EXPECT_TRUE(stage.form[Menu::mnuStage].enabled);
 }
 
-TEST(Opening, AnErrorInAPassIsSaidAndEndsTheStageOnly) {
+TEST(Restart, AnErrorInAPassIsSaidAndEndsTheStageOnly) {
     RunningStage stage([](RunningStage& running, int turn) {
         if (turn == kLoading + 4) {
             running.direct3D.Device()->Lose();
@@ -249,7 +249,7 @@ TEST(Opening, AnErrorInAPassIsSaidAndEndsTheStageOnly) {
     EXPECT_EQ(stage.program.Loop().StageRunning, 1);
 }
 
-TEST(Opening, AStageReleasedUnderTheLoopLeavesTheLastPicture) {
+TEST(Restart, AStageReleasedUnderTheLoopLeavesTheLastPicture) {
     RunningStage stage([](RunningStage& running, int turn) {
         if (turn == kLoading + 4) {
             running.program.UnloadStuff();
@@ -263,7 +263,7 @@ TEST(Opening, AStageReleasedUnderTheLoopLeavesTheLastPicture) {
     EXPECT_THAT(stage.MessageTexts(), IsEmpty());
 }
 
-TEST(Opening, FromInsideOfThePumpBeginsTheLoopAnew) {
+TEST(Restart, FromInsideOfThePumpBeginsTheLoopAnew) {
     RunningStage stage([](RunningStage& running, int turn) {
         if (turn == kLoading + 4) {
             running.Open("/mugen/stages/b.def");
@@ -277,7 +277,7 @@ TEST(Opening, FromInsideOfThePumpBeginsTheLoopAnew) {
     EXPECT_EQ(stage.deepest, 1);
 }
 
-TEST(Opening, TheLastOfSeveralRequestsHolds) {
+TEST(Restart, TheLastOfSeveralRequestsHolds) {
     RunningStage stage([](RunningStage& running, int turn) {
         if (turn == kLoading + 4) {
             running.Open("/mugen/stages/gone.def");
@@ -290,7 +290,7 @@ TEST(Opening, TheLastOfSeveralRequestsHolds) {
     EXPECT_THAT(stage.MessageTexts(), Contains(StartsWith("SFF FILE")).Times(1));
 }
 
-TEST(Opening, TenThousandStagesUseNoMoreStackThanOne) {
+TEST(Restart, TenThousandStagesUseNoMoreStackThanOne) {
     int opened = 0;
     RunningStage stage;
     stage.user = [&](RunningStage& running, int) {

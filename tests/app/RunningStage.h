@@ -4,10 +4,12 @@
 // lets messages through, and a clock that goes on by one frame each time.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <functional>
 #include <span>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "app/frmStage.h"
@@ -62,6 +64,33 @@ struct RunningStage {
         }
         program.QuitRequested = kFalse;
         program.RunStage();
+    }
+
+    // Start-up as a user has it: settings, list of stages. The stage files are a, b and c.
+    void Load() {
+        if (!options.Additions) {
+            files.Put("/program/Scenara.ini", "Additions = False\r\n");
+        }
+        program.CurrentStageFile.clear();
+        files.Put("/mugen/stages/c.def", Stage("third"));
+        program.Form_Load();
+    }
+
+    // A stage as "first" is, under another title: one that loads without a message.
+    [[nodiscard]] static std::string Stage(const std::string& title) {
+        std::string text = kStage;
+        return text.replace(text.find("first"), 5, title);
+    }
+
+    void Click(Menu item) { program.Menu_Click(item); }
+
+    // How often a stage was begun to be shown.
+    [[nodiscard]] int Begun() const { return process.Yields(); }
+
+    // A pixel of the last picture that is not black: something was drawn.
+    [[nodiscard]] bool ShowsSomething() const {
+        return std::any_of(sink.last.begin(), sink.last.end(),
+                           [](std::uint32_t pixel) { return (pixel & 0xFFFFFFU) != 0; });
     }
 
     [[nodiscard]] std::vector<std::string> MessageTexts() const {
@@ -120,5 +149,27 @@ inline RunningStage::User QuitAt(int last) {
         }
     };
 }
+
+using Act = std::function<void(RunningStage&)>;
+
+// One act after another, each when the program lets messages through while no stage loads; behind
+// the last one the loop ends. `loading` acts instead while one does, each time.
+inline RunningStage::User InTurn(std::vector<Act> acts, Act loading = {}) {
+    return [acts = std::move(acts), loading = std::move(loading), next = std::size_t{0}](
+               RunningStage& stage, int) mutable {
+        if (stage.program.Loop().LoadingStage != 0) {
+            if (loading) {
+                loading(stage);
+            }
+        } else if (next < acts.size()) {
+            acts[next++](stage);
+        } else {
+            stage.program.QuitRequested = kTrue;
+        }
+    };
+}
+
+// For InTurn: nothing.
+inline void Wait(RunningStage& /*stage*/) {}
 
 }  // namespace scenara::test
