@@ -25,14 +25,22 @@ bool IsForbidden(std::string_view klass) {
                        [klass](std::string_view word) { return Contains(klass, word); });
 }
 
+// Whether the file itself comes out of `pad`, a stand-in for that of another element.
+bool IsOfTheFile(GstPad* pad) {
+    if (!GST_IS_GHOST_PAD(pad)) {
+        return false;
+    }
+    const GstPointer<GstPad> target(gst_ghost_pad_get_target(GST_GHOST_PAD(pad)));
+    const GstPointer<GstElement> element(target ? gst_pad_get_parent_element(target.get())
+                                                : nullptr);
+    GstElementFactory* const factory = element ? gst_element_get_factory(element.get()) : nullptr;
+    return factory != nullptr && std::string_view(GST_OBJECT_NAME(factory)) == "typefind";
+}
+
 // Whether what would be connected to `pad` reads all of the file before it plays: decoders that
 // stand right behind the file, without a parser or demultiplexer between, and all for MIDI.
 bool ReadsWholeFile(GstPad* pad, const GstCaps* caps, std::string_view klass) {
-    const GstPointer<GstElement> element(gst_pad_get_parent_element(pad));
-    GstElementFactory* const factory = element ? gst_element_get_factory(element.get()) : nullptr;
-    const bool behindFile =
-        factory != nullptr && std::string_view(GST_OBJECT_NAME(factory)) == "typefind";
-    if (behindFile && Contains(klass, "Decoder")) {
+    if (Contains(klass, "Decoder") && IsOfTheFile(pad)) {
         return true;
     }
     const GstStructure* const type =

@@ -81,6 +81,7 @@ void Pipeline::LinkDecoded(GstElement*, GstPad* pad, gpointer converter) {
 // emptied in time would grow.
 GstBusSyncReply Pipeline::OnMessage(GstBus*, GstMessage* message, gpointer self) {
     static_cast<Pipeline*>(self)->Note(GST_MESSAGE_TYPE(message));
+    gst_message_unref(message);  // who drops it has to
     return GST_BUS_DROP;
 }
 
@@ -113,8 +114,11 @@ PipelineNews Pipeline::Poll() {
         const std::scoped_lock lock(newsMutex_);
         std::swap(news, news_);
     }
-    // The end of before a seek may have been told after it.
-    news.ended = news.ended && StandsAtEnd();
+    // It is told a moment before it is so; and one from before a seek may be told after it, which
+    // then waits here for the next.
+    endTold_ = endTold_ || news.ended;
+    news.ended = endTold_ && StandsAtEnd();
+    endTold_ = endTold_ && !news.ended;
     return news;
 }
 
@@ -131,8 +135,11 @@ bool Pipeline::SetPlaying(bool playing) {
 bool Pipeline::Seek(double seconds, double rate) {
     {
         const std::scoped_lock lock(newsMutex_);
-        news_.settled = false;  // of something earlier
+        // Of something earlier.
+        news_.settled = false;
+        news_.ended = false;
     }
+    endTold_ = false;
     constexpr auto kFlags = static_cast<GstSeekFlags>(GST_SEEK_FLAG_FLUSH | GST_SEEK_FLAG_ACCURATE);
     return gst_element_seek(pipeline_.get(), rate, GST_FORMAT_TIME, kFlags, GST_SEEK_TYPE_SET,
                             static_cast<gint64>(seconds * kNanoseconds), GST_SEEK_TYPE_NONE,

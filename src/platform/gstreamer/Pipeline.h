@@ -6,7 +6,8 @@
 //     ! the machine's sink
 //
 // Nothing waits here: what the library does in threads of its own is told by Poll, and `wake` is
-// called, in any thread, whenever that has something new.
+// called, in any thread, whenever that has something new. While it plays Poll wants to be asked
+// every now and then all the same.
 #pragma once
 
 #include <cstdint>
@@ -62,6 +63,7 @@ private:
     std::function<void()> wake_;
     std::mutex newsMutex_;
     PipelineNews news_;
+    bool endTold_ = false;  // and not yet seen at the sink
     GstPointer<GstElement> pipeline_;
     GstPointer<GstBus> bus_;
     // Parts of the pipeline, alive as long as it is; null when it could not be built.
