@@ -30,10 +30,15 @@ void frmStage::Menu_Click(Menu item) {
             case Menu::mnuReload: mnuReload_Click(); break;
             case Menu::mnuExit: Form_Unload(); break;
             case Menu::mnuFS: mnuFS_Click(); break;
+            case Menu::mnuMusic: mnuMusic_Click(); break;
+            case Menu::mnuChar: mnuChar_Click(); break;
+            case Menu::mnuChange: mnuChange_Click(); break;
             case Menu::mnuFPS: mnuFPS_Click(); break;
             case Menu::mnuMScroll: mnuMScroll_Click(); break;
             case Menu::mnuInfo:
             case Menu::mnuDeform: Flip(form_[item]); break;
+            case Menu::mnuDebugBG: mnuDebugBG_Click(); break;
+            case Menu::mnuDebug: mnuDebug_Click(); break;
             case Menu::mnuPause: mnuPause_Click(); break;
             case Menu::mnuStageList: mnuStageList_Click(); break;
             case Menu::mnuStagePrev: mnuStagePrev_Click(); break;
@@ -60,6 +65,17 @@ void frmStage::Form_KeyDown(VirtualKey key) {
             engine_.Engine_Deinit();
         }
     }));
+}
+
+// Whether or not the stage has music.
+void frmStage::mnuMusic_Click() {
+    MenuItem& item = form_[Menu::mnuMusic];
+    Flip(item);
+    if (item.checked) {
+        music_.Play();
+    } else {
+        music_.StopPlaying();
+    }
 }
 
 void frmStage::mnuFPS_Click() {

@@ -6,6 +6,7 @@
 #include "app/StageFiles.h"
 #include "app/frmStage.h"
 #include "base/NumberText.h"
+#include "editor/DataCheck.h"
 
 namespace scenara {
 namespace {
@@ -20,8 +21,15 @@ frmStage::frmStage(const Machine& machine, Form& form, const ViewOptions& option
       form_(form),
       options_(options),
       engine_(machine.direct3D, machine.window, machine.messages, model_),
+      music_(machine.media),
+      editor_({model_, camera_, flags_, options_, machine.keyboard, machine.clock,
+               form[Menu::mnuDebugBG]},
+              {[this](const std::string& caption) { SetCaption(caption); },
+               [this] { SetCaption(DataCheckCaption(DataCheck(model_, machine_.files))); }}),
+      browserView_(*this),
+      browser_(model_, SpriteBrowserMode, form.hscSGFX, browserView_),
       tiles_(engine_, model_, camera_, flags_, options_,
-             {machine.keyboard, machine.clock, machine.pointer, machine.window}),
+             {machine.keyboard, machine.clock, machine.pointer, machine.window, &editor_}),
       screen_(machine.display) {
     DesignMenus(form_);
     form_.picLoad.width = kViewWidth;
@@ -43,6 +51,7 @@ void frmStage::Form_Load() {
     }
     ReadCounterFrequency(times_, machine_.clock);
     loop_.FpsLimit = 60;
+    music_.SetWindow(static_cast<Long>(machine_.window.PictureHandle()));
     form_[Menu::mnuFPS].caption = "FPS Limiter (" + NumberText(loop_.FpsLimit) + " fps)";
     machine_.process.ChangeToProgramFolder();
     static_cast<void>(Guarded([&] {
@@ -50,10 +59,16 @@ void frmStage::Form_Load() {
         form_[Menu::mnuAdditions].checked = options_.Additions;
     }));
     static_cast<void>(Guarded([&] {
-        settingsLoaded_ = LoadConfig(AllSettings(),
-                                     {machine_.files, machine_.messages, machine_.dialogs, {}, [&] {
-                                          return machine_.window.EndRequested();
-                                      }});
+        SavedSteps steps{camera_.HCamStep, camera_.VCamStep};
+        // An error of the command must not cost the settings behind its line.
+        const auto useCharacter = [this] {
+            static_cast<void>(Guarded([this] { mnuChar_Click(); }));
+        };
+        const auto ended = [this] { return machine_.window.EndRequested(); };
+        settingsLoaded_ = LoadConfig(AllSettings(steps), {machine_.files, machine_.messages,
+                                                          machine_.dialogs, useCharacter, ended});
+        camera_.HCamStep = steps.HCamStep;
+        camera_.VCamStep = steps.VCamStep;
         if (!settingsLoaded_) {
             ended_ = true;
             return;
@@ -63,20 +78,9 @@ void frmStage::Form_Load() {
     }));
 }
 
-Settings frmStage::AllSettings() {
-    // While something else sets the steps, the user's own are the saved ones.
-    const bool saved = StepsAreOverridden();
-    return {MugeDir,
-            saved ? savedSteps_.HCamStep : camera_.HCamStep,
-            saved ? savedSteps_.VCamStep : camera_.VCamStep,
-            TestChar,
-            CharName,
-            ShowStageList,
-            form_};
-}
-
-bool frmStage::StepsAreOverridden() const {
-    return flags_.MouseScroll != 0;
+Settings frmStage::AllSettings(SavedSteps& steps) {
+    return {MugeDir,       steps.HCamStep, steps.VCamStep, testChar_.TestChar, testChar_.CharName,
+            ShowStageList, form_};
 }
 
 }  // namespace scenara

@@ -13,7 +13,6 @@ struct Designed {
     bool visible = true;
 };
 
-constexpr bool kNotYet = false;  // its command is still to come
 constexpr bool kDisabled = false;
 
 // In the order of Menu.
@@ -28,7 +27,7 @@ constexpr std::array<Designed, kMenuCount> kDesign = {{
     {Menu::mnuExit, "&Exit", MenuPlace::Stage},
     {Menu::mnuOptions, "&Options", MenuPlace::Bar},
     {Menu::mnuFS, "&Full Screen (ESC to exit)", MenuPlace::Options, kDisabled},
-    {Menu::mnuMusic, "&Music", MenuPlace::Options, kNotYet, true},
+    {Menu::mnuMusic, "&Music", MenuPlace::Options, true, true},
     {Menu::mnuChar, "&Use Test Char", MenuPlace::Options, kDisabled},
     {Menu::mnuChange, "&Change Char", MenuPlace::Options, kDisabled},
     {Menu::mnuFPS, "FPS &Limiter", MenuPlace::Options, true, true},

@@ -96,9 +96,15 @@ void frmStage::ShowStage() {
     loop_.LastFpsTick = kNoFpsTick;
     infoText_.clear();
     textSurface_.Create(kTextSurfaceWidth, kTextSurfaceHeight);
+    form_[Menu::mnuDebug].enabled = true;
+    browser_.StageChanged();
     static_cast<void>(Guarded([&] { OpenDropped(); }));
     while (QuitRequested == kFalse && !restart_ && !machine_.window.EndRequested()) {
         RunPass();
+    }
+    form_[Menu::mnuDebug].enabled = false;
+    if (!restart_) {
+        LeaveBrowser();
     }
     textSurface_.Release();
 }
@@ -107,8 +113,14 @@ void frmStage::ShowStage() {
 void frmStage::StartLoop() {
     EnableLoadingMenus(form_, false);
     LoadMessages messages(machine_.messages, options_.Additions);
-    const LoadStageContext load{
-        machine_.files, messages, machine_.window, engine_.Device(), options_, MugeDir, {}};
+    const LoadStageContext load{machine_.files,
+                                messages,
+                                machine_.window,
+                                engine_.Device(),
+                                options_,
+                                MugeDir,
+                                [this](const std::string& path) { music_.SetFileName(path); }};
+    const TestCharContext character = CharacterPieces();
     std::string file = shownFile_;
     const auto fullScreenAgain = [this] {
         if (std::exchange(startFullScreen_, false)) {
@@ -121,18 +133,22 @@ void frmStage::StartLoop() {
     SavedSteps unused;
     SavedSteps& saved = StepsAreOverridden() ? unused : savedSteps_;
     StartStage(file, {model_, camera_, saved, loop_, form_.hscHScroll, machine_.keyboard, load,
-                      std::exchange(keptCamera_, std::nullopt), fullScreenAgain});
+                      std::exchange(keptCamera_, std::nullopt), fullScreenAgain, &character});
     if (loop_.StageRunning == 0) {
         AbandonStage();
         return;
     }
     viewSurface_.Create(kViewWidth, kViewHeight);
     EnableStageOptions();
+    if (form_[Menu::mnuMusic].checked && !model_.MusicFile.empty()) {
+        music_.Play();
+    }
     EnableLoadingMenus(form_, true);
 }
 
 void frmStage::EnableStageOptions() {
-    for (const Menu item : {Menu::mnuFS, Menu::mnuMScroll, Menu::mnuDeform}) {
+    for (const Menu item : {Menu::mnuFS, Menu::mnuChar, Menu::mnuChange, Menu::mnuMScroll,
+                            Menu::mnuDeform, Menu::mnuDebugBG}) {
         form_[item].enabled = true;
     }
 }
@@ -142,20 +158,24 @@ void frmStage::EnableStageOptions() {
 void frmStage::AbandonStage() {
     loop_.LoadingStage = 0;
     EnableLoadingMenus(form_, true);
+    form_[Menu::mnuDebug].enabled = false;
     UnloadStuff();
+    LeaveBrowser();
 }
 
 void frmStage::RunPass() {
+    const CharacterPass character{testChar_, camera_, machine_.keyboard, flags_, options_};
     const StagePass pass{
-        engine_,  tiles_, flags_, loop_, machine_.clock, model_, form_[Menu::mnuInfo].checked,
-        infoText_};
+        engine_,   tiles_,    flags_, loop_, machine_.clock, model_, form_[Menu::mnuInfo].checked,
+        infoText_, &character};
     flags_.Deform = form_[Menu::mnuDeform].checked ? kByteTrue : Byte{0};
     // Without a device nothing is drawn, shown or counted; the window keeps its last picture.
     const bool draws = engine_.HasDevice();
     if (draws && Paused != kByteTrue && SpriteBrowserMode != kByteTrue) {
         if (DrawAndCount(pass)) {
-            LeaveFullScreenWithFocus();
+            OncePerSecond();
         }
+        ShowEditing();
     }
     if (SpriteBrowserMode == 0) {
         if (draws) {
@@ -170,6 +190,13 @@ void frmStage::RunPass() {
         API_doevents();
     } else {
         WaitForFrame(times_, machine_.clock, loop_.FpsLimit, [&] { API_doevents(); });
+    }
+}
+
+void frmStage::OncePerSecond() {
+    LeaveFullScreenWithFocus();
+    if (!model_.MusicFile.empty()) {
+        RestartAtEnd(music_);
     }
 }
 

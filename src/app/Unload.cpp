@@ -7,6 +7,12 @@ namespace scenara {
 
 void frmStage::UnloadStuff() {
     loop_.StageRunning = 0;
+    editor_.Clear();
+    ShowEditing();
+    if (!model_.MusicFile.empty()) {
+        music_.StopPlaying();
+    }
+    ReleaseTestChar(testChar_);
     for (SpriteEntry& sprite : model_.Sprites) {
         sprite.texture.reset();
     }
@@ -28,9 +34,14 @@ void frmStage::Form_Unload() {
     if (!CurrentStageFile.empty()) {
         UnloadStuff();
     }
+    if (imageSets_.loaded) {
+        ReleaseImageSurfaces(imageSets_);
+    }
     ended_ = true;
     if (settingsLoaded_) {
-        static_cast<void>(Guarded([&] { SaveConfig(AllSettings(), VersionText, machine_.files); }));
+        SavedSteps steps = StepsToKeep(camera_, savedSteps_, testChar_, flags_);
+        static_cast<void>(
+            Guarded([&] { SaveConfig(AllSettings(steps), VersionText, machine_.files); }));
     }
 }
 

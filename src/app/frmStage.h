@@ -5,8 +5,8 @@
 // The state is owned here in named pieces, and every procedure elsewhere takes the pieces that it
 // works on. What is left for this class is the order of things: start-up (FormLoad.cpp), the sizes
 // of the window and its controls (Layout.cpp), which stage is shown (Opening.cpp), the loop that
-// shows it (RunStage.cpp), the other commands (Commands.cpp), the full screen (FullScreen.cpp), the
-// end (Unload.cpp).
+// shows it (RunStage.cpp), the other commands (Commands.cpp), the test character and the debug
+// tools (Tools.cpp), the full screen (FullScreen.cpp), the end (Unload.cpp).
 //
 // One thread. All that the user does arrives through FormEvents while the loop lets messages
 // through, so any handler may run between two frames, and between two images of a load. A run-time
@@ -28,6 +28,12 @@
 #include "app/OffscreenSurface.h"
 #include "app/ScreenModule.h"
 #include "app/StageStart.h"
+#include "app/TestChar.h"
+#include "character/TestCharState.h"
+#include "editor/DebugEditor.h"
+#include "editor/ImageSets.h"
+#include "editor/SpriteBrowser.h"
+#include "music/clsMusic.h"
 #include "platform/Clock.h"
 #include "platform/Dialogs.h"
 #include "platform/Direct3D8.h"
@@ -36,6 +42,7 @@
 #include "platform/Form.h"
 #include "platform/FullScreenForm.h"
 #include "platform/Keyboard.h"
+#include "platform/MediaGraph.h"
 #include "platform/Messages.h"
 #include "platform/Pointer.h"
 #include "platform/Process.h"
@@ -68,6 +75,7 @@ struct Machine {
     Dialogs& dialogs;
     DisplayModes& display;
     FullScreenForm& fullScreen;
+    MediaMachine& media;
 };
 
 class frmStage : public FormEvents {
@@ -126,6 +134,7 @@ public:
 
     void Menu_Click(Menu item) override;
     void Form_KeyDown(VirtualKey key) override;
+    void mnuMusic_Click();
     void mnuFPS_Click();
     void mnuPause_Click();
     void mnuMScroll_Click();
@@ -133,6 +142,19 @@ public:
     void mnuAbout_Click();
     // The additions on or off; the stage is loaded again with the camera where it is.
     void mnuAdditions_Click();
+
+    // --- Test character and debug tools ------------------------------------------------------
+
+    void mnuChar_Click();
+    void mnuChange_Click();
+    void mnuDebugBG_Click();
+    void mnuDebug_Click();
+    void Form_MouseDown(Long x, Long y) override;
+    void Form_MouseMove(Long x, Long y) override;
+    void Form_MouseUp() override;
+    void hscHScroll_Change(Long value) override;
+    void hscSGFX_Change(Long value) override;
+    void hscSGFX_Scroll(Long value) override;
 
     // --- Full screen -------------------------------------------------------------------------
 
@@ -155,8 +177,6 @@ public:
     Long ScreenHeight = 0;
     std::string MugeDir;           // the engine folder, with a separator at its end
     std::string CurrentStageFile;  // of the stage that was asked for last; empty: none
-    std::string TestChar;          // the test character's definition; empty: none
-    std::string CharName;          // ... and its name
     std::string VersionText;       // minor number, full stop, revision
     std::string AppTitle;
 
@@ -167,8 +187,25 @@ public:
     void SetFpsLimit(Integer limit) { loop_.FpsLimit = limit; }
     [[nodiscard]] const Camera& CameraState() const { return camera_; }
     [[nodiscard]] const ViewOptions& Options() const { return options_; }
+    [[nodiscard]] const TestCharState& TestCharacterState() const { return testChar_; }
+    [[nodiscard]] const DebugEditor& Editor() const { return editor_; }
+    [[nodiscard]] clsMusic& Music() { return music_; }
 
 private:
+    // What the sprite browser sees of the window.
+    class BrowserView : public BrowserWindow {
+    public:
+        explicit BrowserView(frmStage& program) : program_(program) {}
+        void Size(Long width, Long height) override { program_.Size(width, height); }
+        void API_doevents() override { program_.API_doevents(); }
+        void ShowPicture(const BrowserPicture& picture) override;
+        void SetCaption(const std::string& caption) override { program_.SetCaption(caption); }
+        [[nodiscard]] Extent LargestPicture() const override;
+
+    private:
+        frmStage& program_;
+    };
+
     // Runs `work`; an error out of it is said. Whether it came through.
     bool Guarded(const std::function<void()>& work);
 
@@ -183,8 +220,14 @@ private:
     void LoadAgain();
     void SelectStage(Long index);
     void OpenListed();
-    [[nodiscard]] Settings AllSettings();
+    [[nodiscard]] Settings AllSettings(SavedSteps& steps);
     [[nodiscard]] bool StepsAreOverridden() const;
+    [[nodiscard]] TestCharContext CharacterPieces();
+    [[nodiscard]] ChooseCharContext CharacterChoice();
+    [[nodiscard]] bool CanBeEdited() const;
+    void ShowEditing();
+    void LeaveBrowser();
+    void OncePerSecond();
     void LeaveFullScreenWithFocus();
     void LayOutControls(Long innerWidth, Long innerHeight);
     void Centre();
@@ -202,6 +245,12 @@ private:
     FrameTimes times_;
     std::string infoText_;
     Engine engine_;
+    clsMusic music_;
+    TestCharState testChar_;
+    DebugEditor editor_;
+    ImageSets imageSets_;
+    BrowserView browserView_;
+    SpriteBrowser browser_;
     TileEngine tiles_;
 
     // Nothing draws on these; they stand for as long as the loop runs.

@@ -9,6 +9,7 @@
 
 #include "app/frmStage.h"
 #include "platform/Form.h"
+#include "platform/gstreamer/GStreamerMedia.h"
 #include "platform/posix/PosixFiles.h"
 #include "platform/posix/PosixProcess.h"
 #include "platform/posix/SteadyClock.h"
@@ -40,18 +41,20 @@ public:
           dialogs_(&window_, "Scenara"),
           display_([this] { return window_.Rectangle(); }),
           direct3D_(std::make_shared<TextureMemory>(), sink != nullptr ? sink : &picture_) {
+        media_.Start();
         keyboard_.SetObserver([this](VirtualKey key) { window_.NoteKey(key); });
     }
 
     [[nodiscard]] Machine Pieces() {
-        return {files_,   messages_, window_,  keyboard_, clock_,     pointer_,
-                process_, direct3D_, dialogs_, display_,  fullScreen_};
+        return {files_,   messages_, window_,  keyboard_, clock_,      pointer_,
+                process_, direct3D_, dialogs_, display_,  fullScreen_, media_};
     }
     [[nodiscard]] MainWindow& Desktop() { return window_; }
 
     Form form;
 
 private:
+    GStreamerMedia media_;  // the first: its thread keeps the priority that it begins with
     PosixFiles files_;
     PosixProcess process_;
     SteadyClock clock_;

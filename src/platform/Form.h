@@ -8,6 +8,7 @@
 
 #include <array>
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -78,6 +79,17 @@ struct ListBox {
     bool visible = false;
 };
 
+// A frame around a part of the view, in its pixels; right and bottom lie outside.
+struct ViewFrame {
+    Long left = 0;
+    Long top = 0;
+    Long right = 0;
+    Long bottom = 0;
+
+    friend bool operator==(const ViewFrame&, const ViewFrame&) = default;
+};
+
+// Stands outside of the inner area, below it.
 struct ScrollBar {
     Long Min = 0;
     Long Max = 0;
@@ -95,8 +107,9 @@ struct Form {
     PictureBox picDraw;  // where the stage is drawn
     PictureBox picLoad;  // the picture that is shown before a stage is open
     ListBox lstStages;
-    ScrollBar hscHScroll;  // the camera
-    ScrollBar hscSGFX;     // the sprite browser
+    ScrollBar hscHScroll;                // the camera
+    ScrollBar hscSGFX;                   // the sprite browser
+    std::optional<ViewFrame> selection;  // shown over the picture
 
     [[nodiscard]] MenuItem& operator[](Menu item) { return menus[static_cast<std::size_t>(item)]; }
     [[nodiscard]] const MenuItem& operator[](Menu item) const {
@@ -127,6 +140,14 @@ public:
     virtual void MnuRecentFiles_Click(Long index) = 0;
     // The user has selected an item, perhaps the one that was selected already.
     virtual void lstStages_Click(Long index) = 0;
+    // The left button over the stage's picture; pixels of the view.
+    virtual void Form_MouseDown(Long x, Long y) = 0;
+    virtual void Form_MouseMove(Long x, Long y) = 0;
+    virtual void Form_MouseUp() = 0;
+    // The bar stands at another value; _Scroll while its thumb is dragged.
+    virtual void hscHScroll_Change(Long value) = 0;
+    virtual void hscSGFX_Change(Long value) = 0;
+    virtual void hscSGFX_Scroll(Long value) = 0;
 };
 
 }  // namespace scenara

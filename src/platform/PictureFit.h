@@ -43,6 +43,21 @@ struct PictureFit {
         return fit;
     }
 
+    // The point of the view under a point of the box; it may lie outside of the view.
+    [[nodiscard]] std::int32_t ViewX(std::int32_t x) const {
+        return FloorQuotient(std::int64_t{x - left} * kViewWidth, width);
+    }
+    [[nodiscard]] std::int32_t ViewY(std::int32_t y) const {
+        return FloorQuotient(std::int64_t{y - top} * kViewHeight, height);
+    }
+    // The first column or row of the box that shows a column or row of the view.
+    [[nodiscard]] std::int32_t BoxX(std::int32_t viewX) const {
+        return left + static_cast<std::int32_t>(std::int64_t{viewX} * width / kViewWidth);
+    }
+    [[nodiscard]] std::int32_t BoxY(std::int32_t viewY) const {
+        return top + static_cast<std::int32_t>(std::int64_t{viewY} * height / kViewHeight);
+    }
+
     // The column or row of the view that a column or row of the picture shows, by its centre.
     [[nodiscard]] std::int32_t ViewColumn(std::int32_t column) const {
         return static_cast<std::int32_t>((std::int64_t{column} * 2 + 1) * kViewWidth /
@@ -51,6 +66,15 @@ struct PictureFit {
     [[nodiscard]] std::int32_t ViewRow(std::int32_t row) const {
         return static_cast<std::int32_t>((std::int64_t{row} * 2 + 1) * kViewHeight /
                                          (std::int64_t{height} * 2));
+    }
+
+private:
+    [[nodiscard]] static std::int32_t FloorQuotient(std::int64_t dividend, std::int32_t divisor) {
+        if (divisor < 1) {
+            return -1;  // no picture, so nowhere in it
+        }
+        const std::int64_t quotient = dividend / divisor;
+        return static_cast<std::int32_t>(dividend % divisor < 0 ? quotient - 1 : quotient);
     }
 };
 

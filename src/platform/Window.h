@@ -7,6 +7,8 @@
 // program's state, so a caller keeps no references into tables across it.
 #pragma once
 
+#include <cstdint>
+#include <span>
 #include <string>
 
 #include "base/Integers.h"
@@ -54,6 +56,10 @@ public:
     [[nodiscard]] virtual WindowPlace Place() const = 0;
 
     [[nodiscard]] virtual ScreenSize Screen() const = 0;
+
+    // Shows a picture of its own, pixels of 0xAARRGGBB line by line, one to one in the place of the
+    // stage's, from the upper left corner; until hscSGFX is gone.
+    virtual void ShowPicture(Long width, Long height, std::span<const std::uint32_t> pixels) = 0;
 
     // The control that shows the picture (picDraw), for the device that draws into it.
     [[nodiscard]] virtual WindowHandle PictureHandle() const = 0;

@@ -18,6 +18,7 @@
 #include "platform/headless/HeadlessDisplayModes.h"
 #include "platform/headless/HeadlessFullScreen.h"
 #include "platform/headless/HeadlessKeyboard.h"
+#include "platform/headless/HeadlessMedia.h"
 #include "platform/headless/HeadlessMessages.h"
 #include "platform/headless/HeadlessPointer.h"
 #include "platform/headless/HeadlessProcess.h"
@@ -134,9 +135,10 @@ struct RunningStage {
     HeadlessDialogs dialogs;
     HeadlessDisplayModes display;
     HeadlessFullScreen fullScreen{window};
+    HeadlessMedia media{clock};
     Form form;
     frmStage program{{files, messages, window, keyboard, clock, pointer, process, direct3D, dialogs,
-                      display, fullScreen},
+                      display, fullScreen, media},
                      form,
                      options};
 };

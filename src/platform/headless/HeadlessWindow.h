@@ -6,7 +6,9 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <functional>
+#include <span>
 #include <string>
 #include <utility>
 #include <vector>
@@ -26,6 +28,14 @@ public:
     // Pixels of a screen that nobody sees either.
     static constexpr Long kScreenWidth = 1024;
     static constexpr Long kScreenHeight = 768;
+
+    struct Picture {
+        Long width = 0;
+        Long height = 0;
+        std::vector<std::uint32_t> pixels;
+    };
+    // The picture of its own that was shown last.
+    [[nodiscard]] const Picture& OwnPicture() const { return picture_; }
 
     HeadlessWindow() = default;
     explicit HeadlessWindow(Script script) : script_(std::move(script)) {}
@@ -47,6 +57,9 @@ public:
     void DoEvents() override;
     [[nodiscard]] WindowPlace Place() const override { return place_; }
     [[nodiscard]] WindowHandle PictureHandle() const override { return kPictureHandle; }
+    void ShowPicture(Long width, Long height, std::span<const std::uint32_t> pixels) override {
+        picture_ = {width, height, {pixels.begin(), pixels.end()}};
+    }
     [[nodiscard]] WindowHandle Foreground() const override { return foreground_; }
     [[nodiscard]] bool EndRequested() const override { return endRequested_; }
 
@@ -72,6 +85,7 @@ private:
     Script script_;
     std::vector<std::string> captions_;
     WindowPlace place_{0, 0, kViewWidth* kUnitsPerPixel, kViewHeight* kUnitsPerPixel};
+    Picture picture_;
     WindowHandle foreground_ = kHandle;
     std::size_t doEventsCount_ = 0;
     std::size_t showCount_ = 0;

@@ -33,6 +33,7 @@ WindowHandle FullScreenWindow::Show() {
         picture_->TakeOver(window_.Picture());
         Cover();
         showFullScreen();
+        window_.SetCovered(true);
         window_.hide();
         QElapsedTimer waited;
         waited.start();
@@ -52,6 +53,7 @@ void FullScreenWindow::Cover() {
 void FullScreenWindow::Hide() {
     if (isVisible()) {
         hide();
+        window_.SetCovered(false);
         window_.Picture().TakeOver(*picture_);
         window_.show();
         window_.activateWindow();

@@ -13,8 +13,10 @@
 #include <QMimeData>
 #include <QProxyStyle>
 #include <QScreen>
+#include <QScrollBar>
 #include <QSignalBlocker>
 #include <QUrl>
+#include <QVBoxLayout>
 #include <cmath>
 #include <utility>
 
@@ -65,7 +67,21 @@ MainWindow::MainWindow(const Form& form) : form_(form), looksTruly_(RunsOnGlib()
     auto* const inner = new QWidget(this);  // NOLINT(cppcoreguidelines-owning-memory): Qt's own
     picture_ = new PictureWidget(inner);    // NOLINT(cppcoreguidelines-owning-memory)
     list_ = new QListWidget(inner);         // NOLINT(cppcoreguidelines-owning-memory)
-    setCentralWidget(inner);
+    cameraBar_ = new QScrollBar(Qt::Horizontal);  // NOLINT(cppcoreguidelines-owning-memory)
+    spriteBar_ = new QScrollBar(Qt::Horizontal);  // NOLINT(cppcoreguidelines-owning-memory)
+    auto* const all = new QWidget(this);          // NOLINT(cppcoreguidelines-owning-memory)
+    auto* const rows = new QVBoxLayout(all);      // NOLINT(cppcoreguidelines-owning-memory)
+    rows->setContentsMargins(0, 0, 0, 0);
+    rows->setSpacing(0);
+    rows->addWidget(inner, 1);
+    rows->addWidget(cameraBar_);
+    rows->addWidget(spriteBar_);
+    cameraBar_->hide();
+    spriteBar_->hide();
+    inner_ = inner;
+    setCentralWidget(all);
+    BuildBars();
+    BuildMouse();
     auto* const style = new NarrowItems;  // NOLINT(cppcoreguidelines-owning-memory): the bar's
     style->setParent(menuBar());
     menuBar()->setStyle(style);
@@ -90,6 +106,68 @@ void MainWindow::BuildList() {
             NoteSelection(row);
         }
     });
+}
+
+void MainWindow::BuildBars() {
+    connect(cameraBar_, &QScrollBar::valueChanged, this, [this](int value) {
+        Note([value](FormEvents& events) { events.hscHScroll_Change(value); });
+    });
+    // While the thumb is dragged its values are scrolling, else changes.
+    connect(spriteBar_, &QScrollBar::valueChanged, this, [this](int value) {
+        const bool dragged = spriteBar_->isSliderDown();
+        Note([value, dragged](FormEvents& events) {
+            if (dragged) {
+                events.hscSGFX_Scroll(value);
+            } else {
+                events.hscSGFX_Change(value);
+            }
+        });
+    });
+    connect(spriteBar_, &QScrollBar::sliderReleased, this, [this] {
+        const int value = spriteBar_->value();
+        Note([value](FormEvents& events) { events.hscSGFX_Change(value); });
+    });
+}
+
+void MainWindow::BuildMouse() {
+    picture_->SetMouseObserver([this](PictureWidget::Mouse what, Long x, Long y) {
+        Note([what, x, y](FormEvents& events) {
+            switch (what) {
+                case PictureWidget::Mouse::Down: events.Form_MouseDown(x, y); break;
+                case PictureWidget::Mouse::Move: events.Form_MouseMove(x, y); break;
+                case PictureWidget::Mouse::Up: events.Form_MouseUp(); break;
+            }
+        });
+    });
+}
+
+void MainWindow::ShowBars() {
+    ShowBar(*cameraBar_, form_.hscHScroll);
+    ShowBar(*spriteBar_, form_.hscSGFX);
+    if (!form_.hscSGFX.Visible) {
+        picture_->EndOwn();
+    }
+    picture_->SetSelection(form_.selection);
+}
+
+// A bar adds its height to the window, so that the inner area keeps its size.
+void MainWindow::ShowBar(QScrollBar& widget, const ScrollBar& bar) {
+    if (widget.isHidden() == bar.Visible) {
+        const int added = bar.Visible ? widget.sizeHint().height() : -widget.height();
+        widget.setVisible(bar.Visible);
+        resize(width(), height() + added);
+    }
+    if (bar.Visible && waiting_.empty()) {
+        const QSignalBlocker quiet(&widget);  // what the program does is no move of the user's
+        widget.setRange(bar.Min, bar.Max);
+        if (!widget.isSliderDown()) {
+            widget.setValue(bar.Value);
+        }
+    }
+}
+
+void MainWindow::ShowPicture(Long width, Long height, std::span<const std::uint32_t> pixels) {
+    picture_->ShowOwn(width, height, pixels);
 }
 
 int MainWindow::SelectedRow() const {
@@ -154,6 +232,7 @@ void MainWindow::ShowForm() {
     ShowMenus();
     ShowRecentFiles();
     ShowList();
+    ShowBars();
     const QRect place(form_.picDraw.left, form_.picDraw.top, form_.picDraw.width,
                       form_.picDraw.height);
     if (picture_->geometry() != place) {
@@ -225,7 +304,7 @@ void MainWindow::ShowMenus() {
 
 void MainWindow::Show() {
     ShowForm();
-    if (!isVisible()) {
+    if (!isVisible() && !covered_) {
         show();
     }
 }
@@ -233,7 +312,15 @@ void MainWindow::Show() {
 void MainWindow::Size(Long width, Long height) {
     // Beyond its inner area the window has just the menu bar. (What the widgets measure now says
     // nothing before the window has been laid out.)
-    resize(width, height + menuBar()->sizeHint().height());
+    resize(width, height + HeightAround());
+}
+
+int MainWindow::HeightAround() const {
+    int around = menuBar()->sizeHint().height();
+    for (const QScrollBar* const bar : {cameraBar_, spriteBar_}) {
+        around += bar->isHidden() ? 0 : bar->sizeHint().height();
+    }
+    return around;
 }
 
 void MainWindow::MoveTo(Long left, Long top) {
@@ -277,7 +364,7 @@ void MainWindow::HandOver() {
 }
 
 void MainWindow::NoteResize() {
-    const QSize inner = centralWidget()->size();
+    const QSize inner = inner_->size();
     Note([inner](FormEvents& events) { events.Form_Resize(inner.width(), inner.height()); });
 }
 

@@ -22,6 +22,7 @@
 class QAction;
 class QListWidget;
 class QMenu;
+class QScrollBar;
 
 namespace scenara {
 
@@ -45,12 +46,16 @@ public:
     // Lets the program sleep until something happens; for when no stage is shown.
     void WaitForEvents();
 
+    // Another window stands in its place: until it is uncovered nothing shows it.
+    void SetCovered(bool covered) { covered_ = covered; }
+
     void Show() override;
     void Size(Long width, Long height) override;
     void MoveTo(Long left, Long top) override;
     void SetCaption(const std::string& caption) override;
     [[nodiscard]] bool MessageWaiting() override;
     void DoEvents() override;
+    void ShowPicture(Long width, Long height, std::span<const std::uint32_t> pixels) override;
     [[nodiscard]] WindowPlace Place() const override;
     [[nodiscard]] ScreenSize Screen() const override;
     [[nodiscard]] WindowHandle PictureHandle() const override;
@@ -70,10 +75,15 @@ private:
 
     void BuildMenus();
     void BuildList();
+    void BuildBars();
+    void BuildMouse();
     void ShowForm();
     void ShowMenus();
     void ShowRecentFiles();
     void ShowList();
+    void ShowBars();
+    void ShowBar(QScrollBar& widget, const ScrollBar& bar);
+    [[nodiscard]] int HeightAround() const;
     [[nodiscard]] int SelectedRow() const;
     void NoteSelection(int row);
     void Note(Event event) { waiting_.push_back(std::move(event)); }
@@ -82,13 +92,17 @@ private:
 
     const Form& form_;
     FormEvents* events_ = nullptr;
+    QWidget* inner_ = nullptr;          // holds the picture and the list; a child, as Qt has it
     PictureWidget* picture_ = nullptr;  // a child, as Qt has it
     QListWidget* list_ = nullptr;       // another
+    QScrollBar* cameraBar_ = nullptr;   // below the picture and the list
+    QScrollBar* spriteBar_ = nullptr;
     std::array<QAction*, kMenuCount> actions_{};
     std::vector<QAction*> recentActions_;
     std::size_t listed_ = 0;   // how many of the form's items the list has
     int selectionNoted_ = -1;  // the row that a press of the mouse has selected just now
     std::deque<Event> waiting_;
+    bool covered_ = false;
     bool looksTruly_ = false;  // the dispatcher can tell whether something waits
     bool resized_ = false;
     bool endRequested_ = false;

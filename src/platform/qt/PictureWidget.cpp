@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/qt/PictureWidget.h"
 
+#include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
 #include <algorithm>
@@ -45,6 +46,71 @@ void PictureWidget::TakeOver(const PictureWidget& other) {
     update();
 }
 
+void PictureWidget::ShowOwn(std::int32_t width, std::int32_t height,
+                            std::span<const std::uint32_t> pixels) {
+    own_ = QImage(std::max(width, 1), std::max(height, 1), QImage::Format_RGB32);
+    own_.fill(Qt::black);
+    for (std::int32_t y = 0; y < height; ++y) {
+        const auto line =
+            pixels.subspan(static_cast<std::size_t>(y) * static_cast<std::size_t>(width),
+                           static_cast<std::size_t>(width));
+        std::memcpy(own_.scanLine(y), line.data(), line.size_bytes());
+    }
+    own_.setDevicePixelRatio(devicePixelRatioF());
+    repaint();
+}
+
+void PictureWidget::EndOwn() {
+    if (!own_.isNull()) {
+        own_ = QImage();
+        update();
+    }
+}
+
+void PictureWidget::SetSelection(const std::optional<ViewFrame>& selection) {
+    if (selection_ != selection) {
+        selection_ = selection;
+        update();
+    }
+}
+
+void PictureWidget::Tell(Mouse what, const QMouseEvent& event) const {
+    if (observer_) {
+        const QPointF at = event.position() * devicePixelRatioF();
+        observer_(what, fit_.ViewX(static_cast<std::int32_t>(std::floor(at.x()))),
+                  fit_.ViewY(static_cast<std::int32_t>(std::floor(at.y()))));
+    }
+}
+
+void PictureWidget::mousePressEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton) {
+        Tell(Mouse::Down, *event);
+    }
+}
+
+void PictureWidget::mouseMoveEvent(QMouseEvent* event) {
+    Tell(Mouse::Move, *event);
+}
+
+void PictureWidget::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton) {
+        Tell(Mouse::Up, *event);
+    }
+}
+
+// Two lines, a dark one and a light one, so that it is seen on every picture.
+void PictureWidget::PaintSelection(QPainter& painter) const {
+    const double ratio = devicePixelRatioF();
+    const QRectF frame(
+        QPointF(fit_.BoxX(selection_->left), fit_.BoxY(selection_->top)) / ratio,
+        QPointF(fit_.BoxX(selection_->right) - 1, fit_.BoxY(selection_->bottom) - 1) / ratio);
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(Qt::black, 1));
+    painter.drawRect(frame);
+    painter.setPen(QPen(Qt::yellow, 1, Qt::DashLine));
+    painter.drawRect(frame);
+}
+
 void PictureWidget::resizeEvent(QResizeEvent* /*event*/) {
     Stretch();
 }
@@ -81,6 +147,11 @@ void PictureWidget::Stretch() {
 void PictureWidget::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     painter.setCompositionMode(QPainter::CompositionMode_Source);
+    if (!own_.isNull()) {
+        painter.fillRect(event->rect(), Qt::black);
+        painter.drawImage(QPoint(), own_);
+        return;
+    }
     if (view_.empty() || fit_.width < 1 || fit_.height < 1) {
         painter.fillRect(event->rect(), Qt::black);
         return;
@@ -95,6 +166,9 @@ void PictureWidget::paintEvent(QPaintEvent* event) {
         }
     }
     painter.drawImage(picture.topLeft(), stretched_);
+    if (selection_) {
+        PaintSelection(painter);
+    }
 }
 
 }  // namespace scenara

@@ -9,11 +9,17 @@
 #include <QImage>
 #include <QWidget>
 #include <cstdint>
+#include <functional>
+#include <optional>
 #include <span>
+#include <utility>
 #include <vector>
 
+#include "platform/Form.h"
 #include "platform/PictureFit.h"
 #include "platform/soft/PictureSink.h"
+
+class QPainter;
 
 namespace scenara {
 
@@ -23,19 +29,40 @@ public:
 
     HRESULT Show(std::span<const std::uint32_t> pixels) override;
 
+    // A picture of its own, one to one from the upper left corner, until EndOwn.
+    void ShowOwn(std::int32_t width, std::int32_t height, std::span<const std::uint32_t> pixels);
+    void EndOwn();
+
+    // A frame over the view, or none.
+    void SetSelection(const std::optional<ViewFrame>& selection);
+
+    // The left button and the pointer over the view, in its pixels.
+    enum class Mouse { Down, Move, Up };
+    void SetMouseObserver(std::function<void(Mouse, std::int32_t x, std::int32_t y)> observer) {
+        observer_ = std::move(observer);
+    }
+
     // Shows what the other one showed last.
     void TakeOver(const PictureWidget& other);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
     void Stretch();
+    void PaintSelection(QPainter& painter) const;
+    void Tell(Mouse what, const QMouseEvent& event) const;
 
     std::vector<std::uint32_t> view_;  // what was shown last; empty: nothing yet
     QImage stretched_;
     PictureFit fit_;
+    QImage own_;  // null: the view is shown
+    std::optional<ViewFrame> selection_;
+    std::function<void(Mouse, std::int32_t, std::int32_t)> observer_;
 };
 
 }  // namespace scenara

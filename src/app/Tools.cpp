@@ -1,0 +1,145 @@
+// SPDX-License-Identifier: MIT
+//
+// The test character, the background editor and the sprite browser, as the window drives them.
+#include "app/StageFiles.h"
+#include "app/frmStage.h"
+#include "editor/CameraScroll.h"
+
+namespace scenara {
+
+TestCharContext frmStage::CharacterPieces() {
+    return {testChar_,
+            model_,
+            camera_,
+            savedSteps_,
+            loop_,
+            form_,
+            flags_,
+            engine_,
+            machine_.files,
+            machine_.messages,
+            options_,
+            {[this](const std::string& caption) { SetCaption(caption); },
+             [this] { API_doevents(); }, [this] { return machine_.window.EndRequested(); }}};
+}
+
+ChooseCharContext frmStage::CharacterChoice() {
+    return {machine_.dialogs, MugeDir,
+            [this](const std::string& path) { return IsChar(machine_.files, path); }};
+}
+
+// Whether something else than the user sets the camera's steps; the user's are saved then.
+bool frmStage::StepsAreOverridden() const {
+    return flags_.MouseScroll != 0 || testChar_.StepsOverridden;
+}
+
+void frmStage::mnuChar_Click() {
+    scenara::mnuChar_Click(CharacterPieces(), CharacterChoice());
+}
+
+void frmStage::mnuChange_Click() {
+    scenara::mnuChange_Click(CharacterPieces(), CharacterChoice());
+}
+
+void frmStage::mnuDebugBG_Click() {
+    MenuItem& item = form_[Menu::mnuDebugBG];
+    item.checked = !item.checked;
+    if (!item.checked) {
+        editor_.Clear();
+    }
+    ShowEditing();
+}
+
+// What the machine shows of the editing: the camera's bar, and a frame around what is selected.
+void frmStage::ShowEditing() {
+    const bool edits = form_[Menu::mnuDebugBG].checked;
+    form_.hscHScroll.Visible = edits && loop_.StageRunning != 0;
+    form_.selection.reset();
+    if (!edits || !CanBeEdited()) {
+        return;
+    }
+    form_.hscHScroll.Value = ScrollValueOf(model_, form_.hscHScroll);
+    if (const std::optional<ViewRectangle> outline = editor_.Outline()) {
+        form_.selection = {outline->left, outline->top, outline->right, outline->bottom};
+    }
+}
+
+bool frmStage::CanBeEdited() const {
+    return loop_.StageRunning != 0 && loop_.LoadingStage == 0 && SpriteBrowserMode == 0;
+}
+
+void frmStage::Form_MouseDown(Long x, Long y) {
+    static_cast<void>(Guarded([&] {
+        if (CanBeEdited()) {
+            editor_.MouseDown({x, y});
+        }
+    }));
+}
+
+void frmStage::Form_MouseMove(Long x, Long y) {
+    static_cast<void>(Guarded([&] {
+        if (CanBeEdited()) {
+            editor_.MouseMove({x, y});
+        }
+    }));
+}
+
+void frmStage::Form_MouseUp() {
+    editor_.MouseUp();
+}
+
+void frmStage::hscHScroll_Change(Long value) {
+    static_cast<void>(Guarded([&] {
+        if (CanBeEdited()) {
+            form_.hscHScroll.Value = value;
+            scenara::hscHScroll_Change(model_, camera_, form_.hscHScroll);
+        }
+    }));
+}
+
+void frmStage::mnuDebug_Click() {
+    browser_.mnuDebug_Click();
+    ShowEditing();
+    if (SpriteBrowserMode == 0) {
+        SetCaption(Paused != 0 ? model_.StageTitle + " <<PAUSED>>" : model_.StageTitle);
+    }
+}
+
+// The stage whose sprites are shown is gone.
+void frmStage::LeaveBrowser() {
+    if (SpriteBrowserMode != 0) {
+        browser_.mnuDebug_Click();
+    }
+}
+
+void frmStage::hscSGFX_Change(Long value) {
+    static_cast<void>(Guarded([&] {
+        if (SpriteBrowserMode != 0 && loop_.LoadingStage == 0) {
+            form_.hscSGFX.Value = value;
+            browser_.hscSGFX_Change();
+        }
+    }));
+}
+
+void frmStage::hscSGFX_Scroll(Long value) {
+    static_cast<void>(Guarded([&] {
+        if (SpriteBrowserMode != 0 && loop_.LoadingStage == 0) {
+            form_.hscSGFX.Value = value;
+            browser_.hscSGFX_Scroll();
+        }
+    }));
+}
+
+void frmStage::BrowserView::ShowPicture(const BrowserPicture& picture) {
+    program_.machine_.window.ShowPicture(picture.width, picture.height, picture.pixels);
+}
+
+BrowserWindow::Extent frmStage::BrowserView::LargestPicture() const {
+    const ScreenSize screen = program_.machine_.window.Screen();
+    const WindowPlace place = program_.machine_.window.Place();
+    const Form& form = program_.form_;
+    return {(screen.width - place.width) / kUnitsPerPixel + form.innerWidth,
+            (screen.height - place.height) / kUnitsPerPixel + form.innerHeight};
+}
+
+}  // namespace scenara
