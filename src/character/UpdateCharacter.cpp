@@ -78,7 +78,7 @@ void PlacePicture(const TestCharState& state, TestCharacter& character, const Ch
         return;
     }
     const CharSprite& sprite = character.Sprites[index];
-    const double zoom = static_cast<double>(state.CharZoom);
+    const auto zoom = static_cast<double>(state.CharZoom);
     const double acrossAxis =
         (double{1} * sprite.axisX - frame.offsetX) * zoom * static_cast<double>(character.XScale);
     const double downAxis =
