@@ -50,6 +50,13 @@ void ReadKeys(TestCharState& state, TestCharacter& character, Keyboard& keyboard
     }
 }
 
+// A key remembers that it was pressed until somebody asks: presses during a turn are not to count
+// behind it.
+void ForgetKeys(Keyboard& keyboard) {
+    static_cast<void>(IsDown(keyboard, VirtualKey::Right));
+    static_cast<void>(IsDown(keyboard, VirtualKey::Left));
+}
+
 void StartTurn(TestCharState& state, TestCharacter& character) {
     if (character.ActionIn(kTurning).frames.empty()) {
         character.Action = kWalking;
@@ -71,7 +78,7 @@ void PlacePicture(const TestCharState& state, TestCharacter& character, const Ch
         return;
     }
     const CharSprite& sprite = character.Sprites[index];
-    const double zoom = static_cast<double>(state.CharZoom);
+    const auto zoom = static_cast<double>(state.CharZoom);
     const double acrossAxis =
         (double{1} * sprite.axisX - frame.offsetX) * zoom * static_cast<double>(character.XScale);
     const double downAxis =
@@ -113,7 +120,9 @@ CameraFollow FollowOf(const TestCharacter& character, double viewX) {
 CameraFollow UpdateOne(TestCharState& state, TestCharacter& character, const StageModel& model,
                        Keyboard& keyboard, const DrawnCamera& camera) {
     FollowGround(character, model, camera);
-    if (!state.Turning) {
+    if (state.Turning) {
+        ForgetKeys(keyboard);
+    } else {
         ReadKeys(state, character, keyboard);
     }
     if (character.Action != state.LastAction) {

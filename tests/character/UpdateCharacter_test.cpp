@@ -218,6 +218,30 @@ TEST_F(UpdateCharacterTest, LettingOneOfTwoKeysGoStandsForAFrame) {
     EXPECT_EQ(Hero().X, 86.0F);
 }
 
+// Answers once more for a key that was pressed and let go, as a real one does.
+class RememberingKeyboard : public Keyboard {
+public:
+    Integer GetAsyncKeyState(VirtualKey key) override {
+        const bool was = pressed.Contains(key);
+        pressed.Remove(key);
+        return was ? Integer{1} : Integer{0};
+    }
+    KeySet pressed;
+};
+
+TEST_F(UpdateCharacterTest, AKeyPressedAndLetGoInATurnIsForgotten) {
+    RememberingKeyboard keyboard;
+    keyboard.pressed = kLeft;
+    static_cast<void>(UpdateCharacter(state_, model_, keyboard, camera_));
+    EXPECT_TRUE(state_.Turning);
+    keyboard.pressed = kRight;
+    for (int i = 0; i < 8; ++i) {
+        static_cast<void>(UpdateCharacter(state_, model_, keyboard, camera_));
+    }
+    EXPECT_EQ(Hero().Action, kStanding);
+    EXPECT_EQ(Hero().Facing, kFacingLeft);
+}
+
 // --- the clock ---
 
 TEST_F(UpdateCharacterTest, EachFrameIsShownForItsTime) {

@@ -107,7 +107,7 @@ public:
         }
         return columns;
     }
-    [[nodiscard]] const ShotMachine& Machine() const { return machine_; }
+    [[nodiscard]] ShotMachine& Machine() { return machine_; }
 
 private:
     MemoryFiles files_;
@@ -174,7 +174,8 @@ TEST(Character, StaysWithinTheStage) {
                        kBackdrop);
     stage.Run("right:400", 400);
     EXPECT_EQ(stage.Machine().Model().CamX, -100.0F);
-    EXPECT_EQ(stage.Machine().TestChar().Characters.at(0).X, 404.0F) << "the last whole step before 405";
+    EXPECT_EQ(stage.Machine().TestChar().Characters.at(0).X, 404.0F)
+        << "the last whole step before 405";
     stage.Run("left:500", 500);
     EXPECT_EQ(stage.Machine().Model().CamX, 100.0F);
     EXPECT_EQ(stage.Machine().TestChar().Characters.at(0).X, -84.0F);
@@ -234,7 +235,7 @@ TEST(Character, AsksForNoMemoryWhileItWalks) {
     PeopledStage stage(std::string(kGround) + kBackdrop + kGroundTile);
     stage.Run("right:20,left:20", 60);
     const KeyScript script("right:30,left:60,right:10");
-    ShotMachine& machine = const_cast<ShotMachine&>(stage.Machine());
+    ShotMachine& machine = stage.Machine();
     const std::size_t before = AllocationCount();
     for (int frame = 1; frame <= 100; ++frame) {
         machine.RunFrame(script.KeysOfFrame(frame), false);
@@ -277,7 +278,7 @@ public:
             machine_.RunFrame(script.KeysOfFrame(frame), false);
         }
     }
-    // Whether the place of its feet is in the middle row of the picture's last ones.
+    // The row of the view that its axis stands on.
     [[nodiscard]] float FeetRow() const {
         const CharSprite& sprite = Hero().Sprites.at(static_cast<std::size_t>(Hero().DrawTexture));
         return Hero().DrawY + static_cast<float>(sprite.axisY) * Hero().YScale;
