@@ -168,6 +168,7 @@ void frmStage::mnuClose_Click() {
     if (!CurrentStageFile.empty()) {
         UnloadStuff();
     }
+    ResetRes();  // no loop would look who is in front
     SetCaption(AppTitle);
 }
 

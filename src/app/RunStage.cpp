@@ -143,6 +143,7 @@ void frmStage::AbandonStage() {
     loop_.LoadingStage = 0;
     EnableLoadingMenus(form_, true);
     UnloadStuff();
+    static_cast<void>(Guarded([&] { ResetRes(); }));  // no loop would look who is in front
 }
 
 void frmStage::RunPass() {
