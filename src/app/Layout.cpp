@@ -8,22 +8,24 @@ namespace scenara {
 // Sized and centred when the window first comes up and when it is back from the full screen: doing
 // so at each change of focus would undo what the user did.
 void frmStage::Form_Activate() {
-    if (activated_) {
-        return;
-    }
-    activated_ = true;
-    if (ShowStageList == 0) {
-        Size(kViewWidth, kViewHeight);
-    } else {
-        ShowStageList = 0;
-        mnuStageList_Click();
-        Size(form_.lstStages.width + kViewWidth, kViewHeight);
-    }
-    Centre();
+    Handle([&] {
+        if (activated_) {
+            return;
+        }
+        activated_ = true;
+        if (ShowStageList == 0) {
+            Size(kViewWidth, kViewHeight);
+        } else {
+            ShowStageList = 0;
+            mnuStageList_Click();
+            Size(form_.lstStages.width + kViewWidth, kViewHeight);
+        }
+        Centre();
+    });
 }
 
 void frmStage::Form_Resize(Long innerWidth, Long innerHeight) {
-    LayOutControls(innerWidth, innerHeight);
+    Handle([&] { LayOutControls(innerWidth, innerHeight); });
 }
 
 void frmStage::LayOutControls(Long innerWidth, Long innerHeight) {

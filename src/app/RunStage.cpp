@@ -65,6 +65,12 @@ bool frmStage::Guarded(const std::function<void()>& work) {
     return false;
 }
 
+void frmStage::Handle(const std::function<void()>& work) {
+    if (!machine_.window.EndRequested()) {
+        static_cast<void>(Guarded(work));
+    }
+}
+
 void frmStage::ShowStage() {
     shownFile_ = requestedFile_;
     startFullScreen_ = FullScreenState == 1;
