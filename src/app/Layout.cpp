@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
 // The size of the window, and where its controls stand.
+#include <algorithm>
+
 #include "app/frmStage.h"
 
 namespace scenara {
@@ -41,9 +43,11 @@ void frmStage::LayOutControls(Long innerWidth, Long innerHeight) {
     form_.lstStages.visible = ShowStageList != 0;
 }
 
+// A window that is narrower than its list would lose more than it has.
 void frmStage::Size(Long width, Long height) {
-    machine_.window.Size(width, height);
-    LayOutControls(width, height);
+    const Long innerWidth = std::max<Long>(width, 0);
+    machine_.window.Size(innerWidth, height);
+    LayOutControls(innerWidth, height);
 }
 
 void frmStage::Centre() {
