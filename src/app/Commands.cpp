@@ -23,7 +23,7 @@ void frmStage::Menu_Click(Menu item) {
     if (!CanBeChosen(form_, item)) {
         return;  // chosen just before it was disabled
     }
-    static_cast<void>(Guarded([&] {
+    Handle([&] {
         switch (item) {
             case Menu::mnuOpen: mnuOpen_Click(); break;
             case Menu::mnuClose: mnuClose_Click(); break;
@@ -48,7 +48,7 @@ void frmStage::Menu_Click(Menu item) {
             case Menu::mnuAdditions: mnuAdditions_Click(); break;
             default: break;
         }
-    }));
+    });
 }
 
 // Plain, Escape and Q release the device under the running loop. Addition: a key press must not
@@ -57,14 +57,14 @@ void frmStage::Form_KeyDown(VirtualKey key) {
     if (loop_.LoadingStage != 0) {
         return;  // the load works with the device
     }
-    static_cast<void>(Guarded([&] {
+    Handle([&] {
         if (key == VirtualKey::Escape) {
             ResetRes();
         }
         if ((key == VirtualKey::Escape || key == VirtualKey::Q) && !options_.Additions) {
             engine_.Engine_Deinit();
         }
-    }));
+    });
 }
 
 // Whether or not the stage has music.

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
 // The size of the window, and where its controls stand.
+#include <algorithm>
+
 #include "app/frmStage.h"
 
 namespace scenara {
@@ -8,22 +10,24 @@ namespace scenara {
 // Sized and centred when the window first comes up and when it is back from the full screen: doing
 // so at each change of focus would undo what the user did.
 void frmStage::Form_Activate() {
-    if (activated_) {
-        return;
-    }
-    activated_ = true;
-    if (ShowStageList == 0) {
-        Size(kViewWidth, kViewHeight);
-    } else {
-        ShowStageList = 0;
-        mnuStageList_Click();
-        Size(form_.lstStages.width + kViewWidth, kViewHeight);
-    }
-    Centre();
+    Handle([&] {
+        if (activated_) {
+            return;
+        }
+        activated_ = true;
+        if (ShowStageList == 0) {
+            Size(kViewWidth, kViewHeight);
+        } else {
+            ShowStageList = 0;
+            mnuStageList_Click();
+            Size(form_.lstStages.width + kViewWidth, kViewHeight);
+        }
+        Centre();
+    });
 }
 
 void frmStage::Form_Resize(Long innerWidth, Long innerHeight) {
-    LayOutControls(innerWidth, innerHeight);
+    Handle([&] { LayOutControls(innerWidth, innerHeight); });
 }
 
 void frmStage::LayOutControls(Long innerWidth, Long innerHeight) {
@@ -39,9 +43,11 @@ void frmStage::LayOutControls(Long innerWidth, Long innerHeight) {
     form_.lstStages.visible = ShowStageList != 0;
 }
 
+// A window that is narrower than its list would lose more than it has.
 void frmStage::Size(Long width, Long height) {
-    machine_.window.Size(width, height);
-    LayOutControls(width, height);
+    const Long innerWidth = std::max<Long>(width, 0);
+    machine_.window.Size(innerWidth, height);
+    LayOutControls(innerWidth, height);
 }
 
 void frmStage::Centre() {

@@ -43,7 +43,7 @@ void frmStage::OpenStage() {
 }
 
 void frmStage::MnuRecentFiles_Click(Long index) {
-    static_cast<void>(Guarded([&] {
+    Handle([&] {
         if (!form_[Menu::mnuStage].enabled) {
             return;  // chosen just before a load began
         }
@@ -57,7 +57,7 @@ void frmStage::MnuRecentFiles_Click(Long index) {
         }
         LeaveStage();
         RunStage();
-    }));
+    });
 }
 
 // The quit flag is lowered without a stage, too: it is still up after the Close command.
@@ -71,7 +71,7 @@ void frmStage::LeaveStage() {
 }
 
 void frmStage::lstStages_Click(Long index) {
-    static_cast<void>(Guarded([&] { SelectStage(index); }));
+    Handle([&] { SelectStage(index); });
 }
 
 // Selecting an item opens it, whoever selects it.
@@ -123,12 +123,12 @@ void frmStage::mnuOpen_Click() {
 }
 
 void frmStage::Form_OLEDragDrop(const std::string& path) {
-    static_cast<void>(Guarded([&] {
+    Handle([&] {
         droppedFile_ = path;
         if (loop_.LoadingStage == 0) {
             OpenDropped();
         }
-    }));
+    });
 }
 
 void frmStage::OpenDropped() {
@@ -168,6 +168,7 @@ void frmStage::mnuClose_Click() {
     if (!CurrentStageFile.empty()) {
         UnloadStuff();
     }
+    ResetRes();  // no loop would look who is in front
     SetCaption(AppTitle);
 }
 

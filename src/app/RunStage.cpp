@@ -65,6 +65,12 @@ bool frmStage::Guarded(const std::function<void()>& work) {
     return false;
 }
 
+void frmStage::Handle(const std::function<void()>& work) {
+    if (!machine_.window.EndRequested()) {
+        static_cast<void>(Guarded(work));
+    }
+}
+
 void frmStage::ShowStage() {
     shownFile_ = requestedFile_;
     startFullScreen_ = FullScreenState == 1;
@@ -161,6 +167,7 @@ void frmStage::AbandonStage() {
     form_[Menu::mnuDebug].enabled = false;
     UnloadStuff();
     LeaveBrowser();
+    static_cast<void>(Guarded([&] { ResetRes(); }));  // no loop would look who is in front
 }
 
 void frmStage::RunPass() {

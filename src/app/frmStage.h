@@ -208,6 +208,8 @@ private:
 
     // Runs `work`; an error out of it is said. Whether it came through.
     bool Guarded(const std::function<void()>& work);
+    // The same for what the user does; once the program is to end it comes too late.
+    void Handle(const std::function<void()>& work);
 
     void ShowStage();
     void StartLoop();

@@ -342,7 +342,8 @@ TEST_F(Commands, ChangingTheAdditionsShowsTheStageAgainWhereTheCameraStands) {
     acts.insert(acts.end(), 9, Wait);
     acts.emplace_back([](RunningStage& running) {
         running.keyboard.Release(VirtualKey::Right);
-        ASSERT_EQ(running.program.Model().CamX, -20.0F) << "ten frames, two passes each, a step of 1";
+        ASSERT_EQ(running.program.Model().CamX, -20.0F)
+            << "ten frames, two passes each, a step of 1";
         running.Click(Menu::mnuAdditions);
     });
     acts.emplace_back([](RunningStage& running) {

@@ -43,6 +43,80 @@ TEST(FormLoad, ASecondInstanceSaysSoAndEnds) {
     EXPECT_EQ(stage.process.FolderChanges(), 0) << "at once";
 }
 
+TEST(FormLoad, FillsTheListFromTheEngineFolder) {
+    RunningStage stage;
+    stage.files.Put("/mugen/stages/BIG.DEF", "camera");
+    stage.Load();
+    EXPECT_EQ(stage.program.MugeDir, "/mugen/");
+    EXPECT_EQ(stage.form.lstStages.items.size(), 4U);
+    EXPECT_THAT(stage.MessageTexts(), IsEmpty());
+}
+
+TEST(FormLoad, AFolderWithoutStagesIsSaid) {
+    RunningStage stage;
+    stage.files.Put("/program/QX.CFG", "MugeDir = /empty/\r\n");
+    stage.program.Form_Load();
+    ASSERT_THAT(stage.MessageTexts(), ElementsAre("Err.. no files.. uh.. "));
+    EXPECT_EQ(stage.messages.Recorded()[0].icon, MessageIcon::None);
+    EXPECT_THAT(stage.form.lstStages.items, IsEmpty());
+    EXPECT_FALSE(stage.program.Ended());
+}
+
+TEST(FormLoad, TheFirstStartAsksUntilAFolderIsChosen) {
+    RunningStage stage;
+    stage.files.Delete("/program/QX.CFG");
+    stage.dialogs.Answer("");
+    stage.dialogs.Answer("");
+    stage.dialogs.Answer("/mugen");
+    stage.program.Form_Load();
+    EXPECT_THAT(stage.MessageTexts(),
+                ElementsAre("Browse to your MUGEN directory please so I know where to get stuff.  "
+                            "I won't ask you for it again unless I forget."));
+    const DialogQuestion question{
+        DialogQuestion::Kind::BrowseForFolder,
+        "Point me to your MUGEN Directory please:\r\nex. C:\\GAMES\\MUGEN", ""};
+    EXPECT_THAT(stage.dialogs.Asked(), ElementsAre(question, question, question));
+    EXPECT_EQ(stage.program.MugeDir, "/mugen/");
+    EXPECT_THAT(stage.form.lstStages.items, ElementsAre("a", "b"));
+    EXPECT_FALSE(stage.files.Has("/program/QX.CFG")) << "until the end";
+    stage.program.Form_Unload();
+    EXPECT_TRUE(stage.files.Has("/program/QX.CFG"));
+}
+
+TEST(FormLoad, AWindowClosedAtTheQuestionEndsWithoutSettings) {
+    RunningStage stage;
+    stage.files.Delete("/program/QX.CFG");
+    stage.dialogs.Observe([&](const DialogQuestion&) { stage.window.RequestEnd(); });
+    stage.program.Form_Load();
+    EXPECT_TRUE(stage.program.Ended());
+    EXPECT_EQ(stage.dialogs.Asked().size(), 1U);
+    stage.program.Form_Unload();
+    EXPECT_FALSE(stage.files.Has("/program/QX.CFG"));
+}
+
+TEST(FormLoad, SettingsThatCannotBeReadAreSaidAndStagesOpenAllTheSame) {
+    RunningStage stage;
+    stage.files.Put("/program/QX.CFG", ".3\r\n");
+    stage.program.Form_Load();
+    EXPECT_THAT(stage.MessageTexts(),
+                ElementsAre("Run-time error: Input past end of file: /program/QX.CFG"));
+    EXPECT_FALSE(stage.program.Ended());
+    stage.user = InTurn({});
+    stage.program.Form_OLEDragDrop("/mugen/stages/a.def");
+    EXPECT_EQ(stage.Caption(), "first");
+}
+
+TEST(FormLoad, TheAdditionsStandAsTheyWereLeft) {
+    for (const bool additions : {true, false}) {
+        RunningStage stage;
+        stage.files.Put("/program/Scenara.ini",
+                        additions ? "Additions = True\r\n" : "Additions = False\r\n");
+        stage.program.Form_Load();
+        EXPECT_EQ(stage.program.Options().Additions, additions);
+        EXPECT_EQ(stage.form[Menu::mnuAdditions].checked, additions);
+    }
+}
+
 TEST(FormActivate, SizesAndCentresTheWindowOnce) {
     RunningStage stage;
     stage.program.Form_Activate();

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/StageStart.h"
 
+#include <functional>
+#include <optional>
 #include <string>
 
 #include <gmock/gmock.h>
@@ -36,8 +38,8 @@ protected:
                                     machine_.view,
                                     "/mugen/",
                                     {}};
-        StartStage(path,
-                   {machine_.model, camera_, savedSteps_, loop_, hscHScroll_, keyboard_, load});
+        StartStage(path, {machine_.model, camera_, savedSteps_, loop_, hscHScroll_, keyboard_, load,
+                          keptCamera_, loaded_});
     }
 
     StageMachine machine_;
@@ -46,6 +48,8 @@ protected:
     LoopState loop_;
     ScrollBar hscHScroll_;
     CountingKeyboard keyboard_;
+    std::optional<CameraPlace> keptCamera_;
+    std::function<void()> loaded_;
 };
 
 constexpr const char* kStage =
@@ -113,6 +117,47 @@ TEST_F(StageStart, TheCameraStandsAtTheStageStartAndElementsKnowIt) {
 TEST_F(StageStart, KeysThatWerePressedBeforeDoNotCount) {
     Start(kStage);
     EXPECT_EQ(keyboard_.asked, 9);
+}
+
+TEST_F(StageStart, AKeptCameraStandsWhereItStood) {
+    keptCamera_ = CameraPlace{50, -20};
+    Start(kStage);
+    EXPECT_EQ(machine_.model.CamX, 50.0F);
+    EXPECT_EQ(machine_.model.CamY, -20.0F);
+    EXPECT_EQ(camera_.previousX, 50.0F);
+    EXPECT_EQ(camera_.previousY, -20.0F);
+    // 160 + 7 + 0.5 * 50, and -90 - 0.5 * -20: the elements know it.
+    EXPECT_EQ(machine_.model.Elements.at(0).posX, 192.0F);
+    EXPECT_EQ(machine_.model.Elements.at(0).posY, -80.0F);
+}
+
+TEST_F(StageStart, AKeptCameraIsCutToTheBounds) {
+    // Shown x from -100 to 80, y from -40 to 0.
+    keptCamera_ = CameraPlace{500, -500};
+    Start(kStage);
+    EXPECT_EQ(machine_.model.CamX, 100.0F);
+    EXPECT_EQ(machine_.model.CamY, -40.0F);
+    keptCamera_ = CameraPlace{-500, 500};
+    Start(kStage);
+    EXPECT_EQ(machine_.model.CamX, -80.0F);
+    EXPECT_EQ(machine_.model.CamY, 0.0F);
+}
+
+TEST_F(StageStart, WhatIsToHappenBehindTheLoadingComesBeforeTheCamera) {
+    int calls = 0;
+    loaded_ = [&] {
+        ++calls;
+        EXPECT_EQ(machine_.model.ElementCount, 1) << "loaded";
+        EXPECT_EQ(hscHScroll_.Max, 80);
+        EXPECT_EQ(machine_.model.CamX, 0.0F) << "and not placed yet";
+        EXPECT_EQ(loop_.LoadingStage, 1);
+        EXPECT_EQ(keyboard_.asked, 0) << "keys pressed meanwhile do not count";
+    };
+    Start(kStage);
+    EXPECT_EQ(calls, 1);
+    EXPECT_EQ(machine_.model.CamX, -30.0F);
+    StartFile("/mugen/stages/missing.def");
+    EXPECT_EQ(calls, 1) << "nothing was loaded";
 }
 
 TEST_F(StageStart, TheNextStageStartsFromNothing) {

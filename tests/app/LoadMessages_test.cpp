@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: MIT
+#include "app/LoadMessages.h"
+
+#include <string>
+#include <vector>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "app/RunningStage.h"
+
+namespace scenara::test {
+namespace {
+
+using testing::Each;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+constexpr const char* kOffer = "Do not show this again while this stage loads";
+
+class LoadMessagesTest : public testing::Test {
+protected:
+    static void Say(Messages& messages, MessageKind kind, const std::string& text) {
+        messages.Show({kind, text, "Title", MessageIcon::Exclamation});
+    }
+    [[nodiscard]] std::vector<std::string> Shown() const {
+        std::vector<std::string> texts;
+        for (const Message& message : shown_.Recorded()) {
+            texts.push_back(message.text);
+        }
+        return texts;
+    }
+
+    HeadlessMessages shown_;
+};
+
+TEST_F(LoadMessagesTest, OffersFromTheSecondOfAKindOn) {
+    LoadMessages messages(shown_, true);
+    Say(messages, "one", "1");
+    Say(messages, "two", "2");
+    EXPECT_THAT(shown_.Offers(), IsEmpty());
+    Say(messages, "one", "3");
+    Say(messages, "one", "4");
+    EXPECT_THAT(Shown(), ElementsAre("1", "2", "3", "4"));
+    EXPECT_THAT(shown_.Offers(), ElementsAre(kOffer, kOffer));
+    EXPECT_EQ(shown_.Recorded()[2].title, "Title");
+    EXPECT_EQ(shown_.Recorded()[2].icon, MessageIcon::Exclamation);
+}
+
+TEST_F(LoadMessagesTest, AnOfferThatIsTakenHoldsForItsKindAlone) {
+    LoadMessages messages(shown_, true);
+    shown_.TakeOffers(true);
+    Say(messages, "one", "1");
+    Say(messages, "one", "2");
+    Say(messages, "one", "3");
+    Say(messages, "two", "4");
+    Say(messages, "one", "5");
+    EXPECT_THAT(Shown(), ElementsAre("1", "2", "4"));
+}
+
+TEST_F(LoadMessagesTest, AKindIsItsTextAndNotItsPlaceInMemory) {
+    LoadMessages messages(shown_, true);
+    const std::string first = "kind";
+    const std::string second = "kind";
+    Say(messages, first, "1");
+    Say(messages, second, "2");
+    EXPECT_THAT(shown_.Offers(), SizeIs(1));
+}
+
+TEST_F(LoadMessagesTest, WithoutOffersEveryBoxIsAPlainOne) {
+    LoadMessages messages(shown_, false);
+    shown_.TakeOffers(true);
+    for (int i = 0; i < 5; ++i) {
+        Say(messages, "one", "again");
+    }
+    EXPECT_THAT(Shown(), SizeIs(5));
+    EXPECT_THAT(shown_.Offers(), IsEmpty());
+}
+
+// Three elements with a "type" that ends their reading, each with a message of the same kind.
+std::string StageWithManyProblems() {
+    std::string text = "[Camera]\n[BGdef]\nspr = stages/a.sff\n";
+    for (int i = 0; i < 4; ++i) {
+        text += "[BG x]\ntype = normal\nspriteno = 0,0\nvelocity = 1e99\n";
+    }
+    return text;
+}
+
+TEST(LoadingStage, SaysARepeatedProblemAsOftenAsTheUserWants) {
+    const auto texts = [](bool additions, bool takes, int loads) {
+        RunningStage stage({}, additions);
+        stage.files.Put("/mugen/stages/c.def", StageWithManyProblems());
+        stage.files.Put("/mugen/stages/d.def", StageWithManyProblems());
+        stage.messages.TakeOffers(takes);
+        stage.user = InTurn({});
+        for (int i = 0; i < loads; ++i) {
+            stage.program.Form_OLEDragDrop("/mugen/stages/d.def");
+        }
+        return stage.MessageTexts();
+    };
+    ASSERT_THAT(texts(false, true, 1), SizeIs(4));
+    EXPECT_THAT(texts(false, true, 1), Each(testing::StartsWith("Overflow: velocity")));
+    EXPECT_THAT(texts(true, false, 1), SizeIs(4));
+    EXPECT_THAT(texts(true, true, 1), SizeIs(2));
+    EXPECT_THAT(texts(true, true, 2), SizeIs(4)) << "the next load says it again";
+}
+
+}  // namespace
+}  // namespace scenara::test
