@@ -92,7 +92,13 @@ void frmStage::mnuFPS_Click() {
 void frmStage::mnuPause_Click() {
     Flip(form_[Menu::mnuPause]);
     Paused = static_cast<Byte>(~Paused);
-    SetCaption(Paused != 0 ? model_.StageTitle + " <<PAUSED>>" : model_.StageTitle);
+    ShowTitle();
+}
+
+// The stage's, or the program's where there is no stage.
+void frmStage::ShowTitle() {
+    const std::string& title = loop_.StageRunning != 0 ? model_.StageTitle : AppTitle;
+    SetCaption(Paused != 0 ? title + " <<PAUSED>>" : title);
 }
 
 void frmStage::mnuMScroll_Click() {
@@ -100,10 +106,13 @@ void frmStage::mnuMScroll_Click() {
     Flip(item);
     flags_.MouseScroll = item.checked ? kByteTrue : Byte{0};
     if (item.checked) {
-        savedSteps_ = {camera_.HCamStep, camera_.VCamStep};
+        if (!testChar_.StepsOverridden) {  // else the user's own are saved already
+            savedSteps_ = {camera_.HCamStep, camera_.VCamStep};
+        }
     } else {
         camera_.HCamStep = StepOrOne(savedSteps_.HCamStep);
         camera_.VCamStep = StepOrOne(savedSteps_.VCamStep);
+        TakeCharacterSteps(CharacterPieces());
     }
 }
 

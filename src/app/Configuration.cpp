@@ -115,7 +115,9 @@ private:
 
 bool LoadConfig(const Settings& settings, const LoadConfigContext& context) {
     const std::string path = ConfigurationPath(context.files);
-    if (!context.files.FileExists(path)) {
+    // Whatever emptied it, there is nothing to lose in a file of no bytes; an error would come back
+    // at every start.
+    if (!context.files.FileExists(path) || context.files.OpenForReading(path)->Size() == 0) {
         return AskForMugeDir(settings.MugeDir, context);
     }
     TextFile file(ReadSettingsText(context.files, path).text);

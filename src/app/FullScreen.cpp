@@ -24,6 +24,7 @@ void frmStage::mnuFS_Click() {
     }
     if (FullScreenState == 0) {
         savedMode_ = screen_.CurrentMode();
+        savedSettings_ = machine_.display.Current();
     }
     FullScreenWindow = machine_.fullScreen.Show();
     const ScreenSize size = machine_.window.Screen();
@@ -37,7 +38,10 @@ void frmStage::ResetRes() {
     if (FullScreenState != 1) {
         return;
     }
-    if (screen_.CurrentMode() != savedMode_) {
+    if (savedMode_ == kNoMode) {
+        // The screen has not listed the mode that it was in; it may take it back all the same.
+        static_cast<void>(machine_.display.ChangeDisplaySettings(savedSettings_));
+    } else if (screen_.CurrentMode() != savedMode_) {
         static_cast<void>(screen_.SwitchTo(savedMode_));
     }
     Size(kViewWidth, kViewHeight);
@@ -46,6 +50,10 @@ void frmStage::ResetRes() {
     form_[Menu::mnuFS].checked = false;
     FullScreenState = 0;
     activated_ = false;  // the window is sized and centred anew when it is back
+}
+
+bool frmStage::IsFormLoaded(std::string_view name) const {
+    return name == "frmStage" ? !ended_ : name == "frmFS" && FullScreenState == 1;
 }
 
 // Another program has the user's attention.

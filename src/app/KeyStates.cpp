@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "app/KeyStates.h"
 
+#include <cstdint>
 #include <initializer_list>
+
+#include "base/NumberText.h"
 
 namespace scenara {
 
@@ -10,6 +13,32 @@ void DiscardKeyStates(Keyboard& keyboard) {
          {VirtualKey::RightButton, VirtualKey::Left, VirtualKey::Up, VirtualKey::Right,
           VirtualKey::Down, VirtualKey::Pause, VirtualKey::Escape, VirtualKey::Z, VirtualKey::A}) {
         static_cast<void>(keyboard.GetAsyncKeyState(key));
+    }
+}
+
+namespace {
+
+constexpr int kVirtualKeyCount = 256;
+
+}  // namespace
+
+bool AnyKeyDown(Keyboard& keyboard) {
+    for (int code = 0; code < kVirtualKeyCount; ++code) {
+        if (keyboard.GetAsyncKeyState(static_cast<VirtualKey>(code)) != 0) {
+            return true;
+        }
+    }
+    return false;
+}
+
+void TellKeyCodes(Keyboard& keyboard, Window& window) {
+    while (!window.EndRequested()) {
+        for (int code = 0; code < kVirtualKeyCount; ++code) {
+            if (keyboard.GetAsyncKeyState(static_cast<VirtualKey>(code)) != 0) {
+                window.SetCaption(NumberText(std::int32_t{code}));
+            }
+        }
+        window.DoEvents();
     }
 }
 

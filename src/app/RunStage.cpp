@@ -74,6 +74,7 @@ void frmStage::Handle(const std::function<void()>& work) {
 void frmStage::ShowStage() {
     shownFile_ = requestedFile_;
     startFullScreen_ = FullScreenState == 1;
+    LeaveBrowser();
     form_.picLoad.visible = false;
     form_.picLoad.width = 1;
     form_.picLoad.height = 1;
@@ -98,12 +99,17 @@ void frmStage::ShowStage() {
     // The picture has the size that the user gave the window.
     LayOutControls(form_.innerWidth, form_.innerHeight);
     form_.lstStages.takesKeys = false;  // they drive the camera
-    SetCaption(model_.StageTitle);
+    if (options_.Additions) {
+        // While it is paused a stage would open to a black picture and look broken.
+        drawsOnce_ = true;
+        ShowTitle();
+    } else {
+        SetCaption(model_.StageTitle);
+    }
     loop_.LastFpsTick = kNoFpsTick;
     infoText_.clear();
     textSurface_.Create(kTextSurfaceWidth, kTextSurfaceHeight);
     form_[Menu::mnuDebug].enabled = true;
-    browser_.StageChanged();
     static_cast<void>(Guarded([&] { OpenDropped(); }));
     while (QuitRequested == kFalse && !restart_ && !machine_.window.EndRequested()) {
         RunPass();
@@ -178,7 +184,8 @@ void frmStage::RunPass() {
     flags_.Deform = form_[Menu::mnuDeform].checked ? kByteTrue : Byte{0};
     // Without a device nothing is drawn, shown or counted; the window keeps its last picture.
     const bool draws = engine_.HasDevice();
-    if (draws && Paused != kByteTrue && SpriteBrowserMode != kByteTrue) {
+    if (draws && (Paused != kByteTrue || drawsOnce_) && SpriteBrowserMode != kByteTrue) {
+        drawsOnce_ = false;
         if (DrawAndCount(pass)) {
             OncePerSecond();
         }

@@ -151,6 +151,10 @@ void mnuChar_Click(const TestCharContext& context, const ChooseCharContext& choo
     }
 }
 
+void TakeCharacterSteps(const TestCharContext& context) {
+    TakeStepsIfLoaded(context);
+}
+
 void ReleaseTestChar(TestCharState& state) {
     state.CharLoaded = false;
     state.Characters.clear();

@@ -74,6 +74,10 @@ void StartTestChar(const TestCharContext& context);
 void mnuChange_Click(const TestCharContext& context, const ChooseCharContext& choose);
 void mnuChar_Click(const TestCharContext& context, const ChooseCharContext& choose);
 
+// The camera steps as the character walks, where it is on and loaded: for when something else has
+// set the steps meanwhile.
+void TakeCharacterSteps(const TestCharContext& context);
+
 // Gives its pictures back. It stays on and chosen.
 void ReleaseTestChar(TestCharState& state);
 

@@ -53,7 +53,7 @@ void frmStage::mnuDebugBG_Click() {
 // What the machine shows of the editing: the camera's bar, and a frame around what is selected.
 void frmStage::ShowEditing() {
     const bool edits = form_[Menu::mnuDebugBG].checked;
-    form_.hscHScroll.Visible = edits && loop_.StageRunning != 0;
+    form_.hscHScroll.Visible = edits && loop_.StageRunning != 0 && SpriteBrowserMode == 0;
     form_.selection.reset();
     if (!edits || !CanBeEdited()) {
         return;
@@ -101,7 +101,7 @@ void frmStage::mnuDebug_Click() {
     browser_.mnuDebug_Click();
     ShowEditing();
     if (SpriteBrowserMode == 0) {
-        SetCaption(Paused != 0 ? model_.StageTitle + " <<PAUSED>>" : model_.StageTitle);
+        ShowTitle();
     }
 }
 
@@ -130,6 +130,12 @@ void frmStage::hscSGFX_Scroll(Long value) {
     }));
 }
 
+// The list beside the picture keeps its room.
+void frmStage::BrowserView::Size(Long width, Long height) {
+    const bool listed = program_.ShowStageList != 0;
+    program_.Size(width + (listed ? program_.form_.lstStages.width : 0), height);
+}
+
 void frmStage::BrowserView::ShowPicture(const BrowserPicture& picture) {
     program_.machine_.window.ShowPicture(picture.width, picture.height, picture.pixels);
 }
@@ -138,7 +144,7 @@ BrowserWindow::Extent frmStage::BrowserView::LargestPicture() const {
     const ScreenSize screen = program_.machine_.window.Screen();
     const WindowPlace place = program_.machine_.window.Place();
     const Form& form = program_.form_;
-    return {(screen.width - place.width) / kUnitsPerPixel + form.innerWidth,
+    return {(screen.width - place.width) / kUnitsPerPixel + form.picDraw.width,
             (screen.height - place.height) / kUnitsPerPixel + form.innerHeight};
 }
 

@@ -21,6 +21,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "app/Configuration.h"
 #include "app/FrameWait.h"
@@ -97,6 +98,9 @@ public:
     void Form_Unload() override;
 
     [[nodiscard]] bool Ended() const { return ended_; }
+
+    // Whether the form of that name, frmStage or frmFS, is loaded.
+    [[nodiscard]] bool IsFormLoaded(std::string_view name) const;
 
     // --- The loop ----------------------------------------------------------------------------
 
@@ -196,7 +200,7 @@ private:
     class BrowserView : public BrowserWindow {
     public:
         explicit BrowserView(frmStage& program) : program_(program) {}
-        void Size(Long width, Long height) override { program_.Size(width, height); }
+        void Size(Long width, Long height) override;
         void API_doevents() override { program_.API_doevents(); }
         void ShowPicture(const BrowserPicture& picture) override;
         void SetCaption(const std::string& caption) override { program_.SetCaption(caption); }
@@ -234,6 +238,7 @@ private:
     void LayOutControls(Long innerWidth, Long innerHeight);
     void Centre();
     void SetCaption(const std::string& caption);
+    void ShowTitle();
 
     Machine machine_;
     Form& form_;
@@ -265,11 +270,13 @@ private:
     std::string shownFile_;      // of the stage whose loop runs
     std::string droppedFile_;    // to be opened when the stage at hand is loaded
     ScreenModule screen_;
+    DisplaySettings savedSettings_;          // in force before the full screen
     Integer savedMode_ = kNoMode;            // of the display, before the full screen
     bool startFullScreen_ = false;           // the stage that is opened is to be shown full screen
     std::optional<CameraPlace> keptCamera_;  // for the stage that is loaded again
 
     bool settingsLoaded_ = false;
+    bool drawsOnce_ = false;  // a frame although it is paused
     bool pauseWasDown_ = false;
     bool loopRuns_ = false;   // RunStage is on the stack
     bool restart_ = false;    // ... and is to begin again

@@ -263,13 +263,20 @@ TEST(LoadConfig, TheOldFormIsToldByTheFirstTwoCharacters) {
 }
 
 TEST(LoadConfig, AFileThatEndsTooEarlyIsAnError) {
-    for (const std::string& text : {""s, ".3"s, ".3\r\n"s}) {
+    for (const std::string& text : {".3"s, ".3\r\n"s}) {
         Program program;
         EXPECT_THAT(
             [&] { program.Load(text); },
             Throws<RunTimeError>(Property(&RunTimeError::Kind, RunTimeErrorKind::InputPastEnd)))
             << text;
     }
+}
+
+TEST(LoadConfig, AFileOfNoBytesCountsAsNone) {
+    Program program;
+    program.dialogs.Answer("/games/mugen");
+    EXPECT_TRUE(program.Load(""));
+    EXPECT_EQ(program.MugeDir, "/games/mugen/");
 }
 
 // --- Writing -------------------------------------------------------------------------------------

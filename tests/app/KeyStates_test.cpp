@@ -6,6 +6,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "platform/headless/HeadlessKeyboard.h"
+#include "platform/headless/HeadlessWindow.h"
+
 namespace scenara {
 namespace {
 
@@ -22,6 +25,32 @@ TEST(DiscardKeyStates, AsksOnceForEveryKeyOfTheLoop) {
     AskedKeyboard keyboard;
     DiscardKeyStates(keyboard);
     EXPECT_THAT(keyboard.asked, testing::ElementsAre(2, 37, 38, 39, 40, 19, 27, 90, 65));
+}
+
+TEST(AnyKeyDown, AsksNoFurtherThanTheFirst) {
+    AskedKeyboard all;
+    EXPECT_TRUE(AnyKeyDown(all));
+    EXPECT_THAT(all.asked, testing::ElementsAre(0));
+
+    HeadlessKeyboard none;
+    EXPECT_FALSE(AnyKeyDown(none));
+    none.Press(static_cast<VirtualKey>(255));
+    EXPECT_TRUE(AnyKeyDown(none));
+}
+
+TEST(TellKeyCodes, WritesTheCodesUntilTheProgramEnds) {
+    HeadlessKeyboard keyboard;
+    keyboard.Press(VirtualKey::A);
+    keyboard.Press(VirtualKey::NumpadPlus);
+    int rounds = 0;
+    HeadlessWindow window([&](HeadlessWindow& shown) {
+        keyboard.Release(VirtualKey::A);
+        if (++rounds == 2) {
+            shown.RequestEnd();
+        }
+    });
+    TellKeyCodes(keyboard, window);
+    EXPECT_THAT(window.Captions(), testing::ElementsAre("65", "107", "107"));
 }
 
 }  // namespace

@@ -109,10 +109,10 @@ TEST(FormUnload, SavesOnce) {
 
 TEST(FormUnload, SavesNothingWhereNothingWasRead) {
     RunningStage stage;
-    stage.files.Put(kConfiguration, "");
+    stage.files.Put(kConfiguration, ".3\r\n");
     stage.Load();
     stage.program.Form_Unload();
-    EXPECT_EQ(stage.files.Get(kConfiguration), "");
+    EXPECT_EQ(stage.files.Get(kConfiguration), ".3\r\n");
 }
 
 TEST(FormUnload, WhatComesBehindItIsPassedOver) {
