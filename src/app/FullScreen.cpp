@@ -24,6 +24,7 @@ void frmStage::mnuFS_Click() {
     }
     if (FullScreenState == 0) {
         savedMode_ = screen_.CurrentMode();
+        savedSettings_ = machine_.display.Current();
     }
     FullScreenWindow = machine_.fullScreen.Show();
     const ScreenSize size = machine_.window.Screen();
@@ -37,8 +38,8 @@ void frmStage::ResetRes() {
     if (FullScreenState != 1) {
         return;
     }
-    if (screen_.CurrentMode() != savedMode_) {
-        static_cast<void>(screen_.SwitchTo(savedMode_));
+    if (screen_.CurrentMode() != savedMode_ && !screen_.SwitchTo(savedMode_)) {
+        static_cast<void>(machine_.display.ChangeDisplaySettings(savedSettings_));
     }
     Size(kViewWidth, kViewHeight);
     machine_.fullScreen.Hide();

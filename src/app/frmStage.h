@@ -217,6 +217,7 @@ private:
     std::string droppedFile_;    // to be opened when the stage at hand is loaded
     ScreenModule screen_;
     Integer savedMode_ = kNoMode;            // of the display, before the full screen
+    DisplaySettings savedSettings_;          // ... for one that the display does not list
     bool startFullScreen_ = false;           // the stage that is opened is to be shown full screen
     std::optional<CameraPlace> keptCamera_;  // for the stage that is loaded again
 
