@@ -38,11 +38,8 @@ void frmStage::ResetRes() {
     if (FullScreenState != 1) {
         return;
     }
-    if (savedMode_ == kNoMode) {
-        // The screen has not listed the mode that it was in; it may take it back all the same.
+    if (screen_.CurrentMode() != savedMode_ && !screen_.SwitchTo(savedMode_)) {
         static_cast<void>(machine_.display.ChangeDisplaySettings(savedSettings_));
-    } else if (screen_.CurrentMode() != savedMode_) {
-        static_cast<void>(screen_.SwitchTo(savedMode_));
     }
     Size(kViewWidth, kViewHeight);
     machine_.fullScreen.Hide();

@@ -270,8 +270,8 @@ private:
     std::string shownFile_;      // of the stage whose loop runs
     std::string droppedFile_;    // to be opened when the stage at hand is loaded
     ScreenModule screen_;
-    DisplaySettings savedSettings_;          // in force before the full screen
     Integer savedMode_ = kNoMode;            // of the display, before the full screen
+    DisplaySettings savedSettings_;          // ... for one that the display does not list
     bool startFullScreen_ = false;           // the stage that is opened is to be shown full screen
     std::optional<CameraPlace> keptCamera_;  // for the stage that is loaded again
 

@@ -216,6 +216,16 @@ TEST_F(FullScreen, ADisplayThatRefusesShowsTheFormInItsOwnMode) {
                    }});
 }
 
+TEST_F(FullScreen, AModeThatTheDisplayDoesNotListIsAskedForAgain) {
+    const DisplaySettings unlisted{1366, 768, 24, 60};
+    stage.display.SetCurrent(unlisted);
+    WhileAIsShown({EnterFullScreen, [](RunningStage& running) {
+                       running.program.Form_KeyDown(VirtualKey::Escape);
+                   }});
+    EXPECT_THAT(stage.display.Switches(), ElementsAre(kFull, unlisted));
+    EXPECT_FALSE(stage.fullScreen.Shown());
+}
+
 TEST_F(FullScreen, EscapeOutsideOfItLeavesTheWindowAlone) {
     WhileAIsShown({[](RunningStage& running) {
                        running.window.MoveTo({150, 300, 9600, 7200});
