@@ -182,6 +182,13 @@ TEST(OddFiles, NamesMayBeAnyBytes) {
     EXPECT_TRUE(player.Opens(files.Wav("\xFF\xFE.wav")));
 }
 
+TEST(OddFiles, ALargeFileMayBeReadBitByBit) {
+    const SoundFiles files;
+    const std::string tone = ContentOf(files.Wav("tone.wav"));
+    Player player;
+    EXPECT_TRUE(player.Opens(files.Sparse("large.wav", tone, kLargestWholeFile + 1)));
+}
+
 TEST(OddFiles, ACutFilePlaysAsFarAsItGoes) {
     const SoundFiles files;
     const std::string whole = ContentOf(files.Wav("whole.wav"));
