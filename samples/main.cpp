@@ -2,9 +2,9 @@
 //
 // sample-maker OUTDIR: makes a small MUGEN folder, so that there is something to look at at once.
 //
-// Writes stages/<name>.def and stages/<name>.sff for every bundled stage, the files of the bundled
-// character under chars/, and makes the empty folder sound/. Exit status: 0 all written, 1 a file
-// could not be written, 2 wrong use.
+// Writes stages/<name>.def, stages/<name>.sff and its music in sound/ for every bundled stage, and
+// the files of the bundled character under chars/. Exit status: 0 all written, 1 a file could not
+// be written, 2 wrong use.
 #include <cstddef>
 #include <exception>
 #include <filesystem>
@@ -84,6 +84,9 @@ void MakeFolder(const fs::path& folder) {
                scenara::samples::NightExpressArchive());
     WriteStage(folder / "stages", "thousandpanes", scenara::samples::kThousandPanesDefinition,
                scenara::samples::ThousandPanesArchive());
+    WriteFile(folder / "sound/pier.mid", scenara::samples::LanternPierMusic());
+    WriteFile(folder / "sound/express.mod", scenara::samples::NightExpressMusic());
+    WriteFile(folder / "sound/panes.wav", scenara::samples::ThousandPanesMusic());
 }
 
 }  // namespace

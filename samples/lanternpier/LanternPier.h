@@ -11,4 +11,7 @@ namespace scenara::samples {
 // The stage's sprite archive.
 std::vector<std::byte> LanternPierArchive();
 
+// The stage's music, a MIDI file.
+std::vector<std::byte> LanternPierMusic();
+
 }  // namespace scenara::samples

@@ -11,4 +11,7 @@ namespace scenara::samples {
 // The stage's sprite archive.
 std::vector<std::byte> NightExpressArchive();
 
+// The stage's music, a tracker module.
+std::vector<std::byte> NightExpressMusic();
+
 }  // namespace scenara::samples

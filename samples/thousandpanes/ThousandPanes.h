@@ -11,4 +11,7 @@ namespace scenara::samples {
 // The stage's sprite archive.
 std::vector<std::byte> ThousandPanesArchive();
 
+// The stage's music, a WAV file.
+std::vector<std::byte> ThousandPanesMusic();
+
 }  // namespace scenara::samples

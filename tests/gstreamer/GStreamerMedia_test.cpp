@@ -162,6 +162,20 @@ TEST_F(Media, BalanceAttenuatesTheOtherSide) {
 }
 
 // ---------------------------------------------------------------------------------------------
+// Length: the player of modules sends more than there is, if it is not kept from it
+// ---------------------------------------------------------------------------------------------
+
+TEST_F(Media, NoMoreIsHeardThanThereIs) {
+    for (const std::string& file : {files_.Wav("a.wav"), files_.Module("a.mod")}) {
+        const double before = listener_.Heard();
+        const std::unique_ptr<MediaGraph> graph = OpenGraphOf(file);
+        graph->Run();
+        ASSERT_TRUE(Eventually([&] { return AtEnd(*graph); }));
+        EXPECT_NEAR(listener_.Heard() - before, graph->Duration().value_or(0), 0.0005) << file;
+    }
+}
+
+// ---------------------------------------------------------------------------------------------
 // Lives
 // ---------------------------------------------------------------------------------------------
 

@@ -182,6 +182,29 @@ TEST(OddFiles, NamesMayBeAnyBytes) {
     EXPECT_TRUE(player.Opens(files.Wav("\xFF\xFE.wav")));
 }
 
+TEST(OddFiles, ALargeFileMayBeReadBitByBit) {
+    const SoundFiles files;
+    std::string tone = ContentOf(files.Wav("tone.wav"));
+    tone.replace(40, 4, std::string("\xFF\xFF\xFF\x7F", 4));  // bytes of samples
+    Player player;
+    EXPECT_TRUE(player.Opens(files.Sparse("large.wav", tone, kLargestWholeFile + 1)));
+}
+
+// Millions of empty chunks behind the samples, which the library goes through one by one first.
+TEST(OddFiles, AFileThatIsSlowToOpenIsLeftForTheNext) {
+    const SoundFiles files;
+    const std::string tone = ContentOf(files.Wav("tone.wav"));
+    const std::string slow = files.Sparse("slow.wav", tone, kLargestFile);
+    const std::string good = files.Wav("good.wav");
+    Player player;
+    for (int i = 0; i < 10; ++i) {
+        player.Music().SetFileName(slow);
+        player.Music().Play();
+        EXPECT_TRUE(player.Opens(good));
+    }
+    player.Music().SetFileName(slow);
+}
+
 TEST(OddFiles, ACutFilePlaysAsFarAsItGoes) {
     const SoundFiles files;
     const std::string whole = ContentOf(files.Wav("whole.wav"));

@@ -62,6 +62,10 @@ void Listener::Measure(GstBuffer* block, GstPad* pad) {
     const std::string_view name = gst_structure_get_string(format, "format");
     int channels = 0;
     gst_structure_get_int(format, "channels", &channels);
+    int perSecond = 1;
+    gst_structure_get_int(format, "rate", &perSecond);
+    const int frameSize = channels * (name == "S16LE" ? 2 : 4);
+    const double seconds = static_cast<double>(gst_buffer_get_size(block)) / frameSize / perSecond;
     GstMapInfo map{};
     std::array<double, 2> loudest{};
     if (gst_buffer_map(block, &map, GST_MAP_READ) != FALSE) {
@@ -78,6 +82,7 @@ void Listener::Measure(GstBuffer* block, GstPad* pad) {
 
     const std::scoped_lock lock(mutex_);
     ++blocks_;
+    heard_ += seconds;
     left_ = loudest[0];
     right_ = loudest[1];
     rate_ = rate;
@@ -86,6 +91,11 @@ void Listener::Measure(GstBuffer* block, GstPad* pad) {
 int Listener::Blocks() {
     const std::scoped_lock lock(mutex_);
     return blocks_;
+}
+
+double Listener::Heard() {
+    const std::scoped_lock lock(mutex_);
+    return heard_;
 }
 
 double Listener::Left() {

@@ -18,6 +18,8 @@ public:
 
     // Blocks of sound that were played, ever.
     [[nodiscard]] int Blocks();
+    // How long everything was that was played, in seconds.
+    [[nodiscard]] double Heard();
     // The loudest sample of the last block, 0 to 1.
     [[nodiscard]] double Left();
     [[nodiscard]] double Right();
@@ -31,6 +33,7 @@ private:
 
     std::mutex mutex_;
     int blocks_ = 0;
+    double heard_ = 0;
     double left_ = 0;
     double right_ = 0;
     double rate_ = 0;

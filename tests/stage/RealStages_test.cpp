@@ -250,6 +250,7 @@ TEST(BundledStages, EverythingThatTheyNameIsThere) {
     PosixFiles files("/");
     for (const std::string& name : files.List(kBundledFolder + "stages/", ".def")) {
         const DiskStage stage(kBundledFolder, name, ViewOptions());
+        EXPECT_TRUE(files.FileExists(stage.machine.music)) << name << ": " << stage.machine.music;
         for (const BackgroundElement& element : stage.Model().Elements) {
             const bool animated = element.type == "anim";
             EXPECT_GE(animated ? element.actionIndex : element.spriteIndex, 0)

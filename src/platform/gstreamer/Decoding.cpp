@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <string_view>
 
 #include "platform/gstreamer/GstPointer.h"
@@ -25,8 +26,8 @@ bool IsForbidden(std::string_view klass) {
                        [klass](std::string_view word) { return Contains(klass, word); });
 }
 
-// Whether the file itself comes out of `pad`, a stand-in for that of another element.
-bool IsOfTheFile(GstPad* pad) {
+// Whether `pad` is a stand-in for that of an element of this kind.
+bool ComesFrom(GstPad* pad, std::string_view kind) {
     if (!GST_IS_GHOST_PAD(pad)) {
         return false;
     }
@@ -34,13 +35,13 @@ bool IsOfTheFile(GstPad* pad) {
     const GstPointer<GstElement> element(target ? gst_pad_get_parent_element(target.get())
                                                 : nullptr);
     GstElementFactory* const factory = element ? gst_element_get_factory(element.get()) : nullptr;
-    return factory != nullptr && std::string_view(GST_OBJECT_NAME(factory)) == "typefind";
+    return factory != nullptr && std::string_view(GST_OBJECT_NAME(factory)) == kind;
 }
 
 // Whether what would be connected to `pad` reads all of the file before it plays: decoders that
 // stand right behind the file, without a parser or demultiplexer between, and all for MIDI.
 bool ReadsWholeFile(GstPad* pad, const GstCaps* caps, std::string_view klass) {
-    if (Contains(klass, "Decoder") && IsOfTheFile(pad)) {
+    if (Contains(klass, "Decoder") && ComesFrom(pad, "typefind")) {
         return true;
     }
     const GstStructure* const type =
@@ -60,7 +61,54 @@ int Select(GstElement*, GstPad* pad, GstCaps* caps, GstElementFactory* factory, 
     return kTry;
 }
 
+// Bytes of all channels' samples at one time; 0 for what no module player sends.
+std::uint64_t FrameSize(const GstStructure* format) {
+    const char* const text = gst_structure_get_string(format, "format");
+    const std::string_view name = text != nullptr ? text : "";
+    int channels = 0;
+    gst_structure_get_int(format, "channels", &channels);
+    const auto count = static_cast<std::uint64_t>(std::max(channels, 0));
+    if (name == "F32LE" || name == "F32BE") {
+        return 4 * count;
+    }
+    return name == "S16LE" || name == "S16BE" ? 2 * count : 0;
+}
+
+// The bytes that a block of that duration has.
+std::optional<gsize> SizeOf(GstPad* pad, GstClockTime duration) {
+    const GstPointer<GstCaps> caps(gst_pad_get_current_caps(pad));
+    if (!caps || !GST_CLOCK_TIME_IS_VALID(duration)) {
+        return std::nullopt;
+    }
+    const GstStructure* const format = gst_caps_get_structure(caps.get(), 0);
+    int rate = 0;
+    gst_structure_get_int(format, "rate", &rate);
+    const std::uint64_t frameSize = FrameSize(format);
+    if (rate <= 0 || frameSize == 0) {
+        return std::nullopt;
+    }
+    return frameSize *
+           gst_util_uint64_scale_round(duration, static_cast<guint64>(rate), GST_SECOND);
+}
+
+GstPadProbeReturn TrimBlock(GstPad* pad, GstPadProbeInfo* info, gpointer) {
+    GstBuffer* const block = GST_PAD_PROBE_INFO_BUFFER(info);
+    const std::optional<gsize> size = SizeOf(pad, GST_BUFFER_DURATION(block));
+    if (size && *size < gst_buffer_get_size(block)) {
+        GstBuffer* const ours = gst_buffer_make_writable(block);
+        gst_buffer_set_size(ours, static_cast<gssize>(*size));
+        info->data = ours;
+    }
+    return GST_PAD_PROBE_OK;
+}
+
 }  // namespace
+
+void TrimDecoded(GstPad* pad) {
+    if (ComesFrom(pad, "openmptdec")) {
+        gst_pad_add_probe(pad, GST_PAD_PROBE_TYPE_BUFFER, TrimBlock, nullptr, nullptr);
+    }
+}
 
 void RestrictDecoding(GstElement* decodebin, std::uint64_t fileSize) {
     // The signal's datum is only whether there is one.

@@ -16,6 +16,11 @@ namespace scenara {
 inline constexpr std::uint64_t kLargestFile = std::uint64_t{1} << 30;
 inline constexpr std::uint64_t kLargestWholeFile = std::uint64_t{1} << 26;
 
+// Cuts off what the decoder behind `pad` is known to send too much of. The module player fills its
+// last block only in part, and sends the whole of it: without this every tune ends with a burst of
+// whatever was in memory.
+void TrimDecoded(GstPad* pad);
+
 // Restricts `decodebin` for a file of `fileSize` bytes.
 void RestrictDecoding(GstElement* decodebin, std::uint64_t fileSize);
 

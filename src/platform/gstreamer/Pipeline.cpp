@@ -73,6 +73,7 @@ Pipeline::~Pipeline() {
 void Pipeline::LinkDecoded(GstElement*, GstPad* pad, gpointer converter) {
     const GstPointer<GstPad> entry(gst_element_get_static_pad(GST_ELEMENT(converter), "sink"));
     if (gst_pad_is_linked(entry.get()) == FALSE) {
+        TrimDecoded(pad);
         gst_pad_link(pad, entry.get());
     }
 }
