@@ -110,7 +110,7 @@ TEST_F(Layout, AStageOpenedWithoutTheListTakesTheWindowAsItIs) {
     stage.user = InTurn({});
     stage.program.lstStages_Click(0);
     ExpectPicture(800, 600);
-    ExpectWindow(320, 240);  // the user's sizing has not been this window's
+    ExpectWindow(320, 240);  // the recorded window: nobody has asked it for another size
 }
 
 TEST_F(Layout, TheListMayBeShownAndHiddenWhileAStageRunsOrLoads) {

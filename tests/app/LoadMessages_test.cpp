@@ -78,7 +78,7 @@ TEST_F(LoadMessagesTest, WithoutOffersEveryBoxIsAPlainOne) {
     EXPECT_THAT(shown_.Offers(), IsEmpty());
 }
 
-// Three elements with a "type" that ends their reading, each with a message of the same kind.
+// Four elements, each with a value that its field cannot hold.
 std::string StageWithManyProblems() {
     std::string text = "[Camera]\n[BGdef]\nspr = stages/a.sff\n";
     for (int i = 0; i < 4; ++i) {
@@ -90,7 +90,6 @@ std::string StageWithManyProblems() {
 TEST(LoadingStage, SaysARepeatedProblemAsOftenAsTheUserWants) {
     const auto texts = [](bool additions, bool takes, int loads) {
         RunningStage stage({}, additions);
-        stage.files.Put("/mugen/stages/c.def", StageWithManyProblems());
         stage.files.Put("/mugen/stages/d.def", StageWithManyProblems());
         stage.messages.TakeOffers(takes);
         stage.user = InTurn({});
