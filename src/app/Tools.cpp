@@ -69,7 +69,7 @@ bool frmStage::CanBeEdited() const {
 }
 
 void frmStage::Form_MouseDown(Long x, Long y) {
-    static_cast<void>(Guarded([&] {
+    static_cast<void>(Handle([&] {
         if (CanBeEdited()) {
             editor_.MouseDown({x, y});
         }
@@ -77,7 +77,7 @@ void frmStage::Form_MouseDown(Long x, Long y) {
 }
 
 void frmStage::Form_MouseMove(Long x, Long y) {
-    static_cast<void>(Guarded([&] {
+    static_cast<void>(Handle([&] {
         if (CanBeEdited()) {
             editor_.MouseMove({x, y});
         }
@@ -89,7 +89,7 @@ void frmStage::Form_MouseUp() {
 }
 
 void frmStage::hscHScroll_Change(Long value) {
-    static_cast<void>(Guarded([&] {
+    static_cast<void>(Handle([&] {
         if (CanBeEdited()) {
             form_.hscHScroll.Value = value;
             scenara::hscHScroll_Change(model_, camera_, form_.hscHScroll);
@@ -113,7 +113,7 @@ void frmStage::LeaveBrowser() {
 }
 
 void frmStage::hscSGFX_Change(Long value) {
-    static_cast<void>(Guarded([&] {
+    static_cast<void>(Handle([&] {
         if (SpriteBrowserMode != 0 && loop_.LoadingStage == 0) {
             form_.hscSGFX.Value = value;
             browser_.hscSGFX_Change();
@@ -122,7 +122,7 @@ void frmStage::hscSGFX_Change(Long value) {
 }
 
 void frmStage::hscSGFX_Scroll(Long value) {
-    static_cast<void>(Guarded([&] {
+    static_cast<void>(Handle([&] {
         if (SpriteBrowserMode != 0 && loop_.LoadingStage == 0) {
             form_.hscSGFX.Value = value;
             browser_.hscSGFX_Scroll();
