@@ -69,32 +69,32 @@ bool frmStage::CanBeEdited() const {
 }
 
 void frmStage::Form_MouseDown(Long x, Long y) {
-    static_cast<void>(Handle([&] {
+    Handle([&] {
         if (CanBeEdited()) {
             editor_.MouseDown({x, y});
         }
-    }));
+    });
 }
 
 void frmStage::Form_MouseMove(Long x, Long y) {
-    static_cast<void>(Handle([&] {
+    Handle([&] {
         if (CanBeEdited()) {
             editor_.MouseMove({x, y});
         }
-    }));
+    });
 }
 
 void frmStage::Form_MouseUp() {
-    editor_.MouseUp();
+    Handle([&] { editor_.MouseUp(); });
 }
 
 void frmStage::hscHScroll_Change(Long value) {
-    static_cast<void>(Handle([&] {
+    Handle([&] {
         if (CanBeEdited()) {
             form_.hscHScroll.Value = value;
             scenara::hscHScroll_Change(model_, camera_, form_.hscHScroll);
         }
-    }));
+    });
 }
 
 void frmStage::mnuDebug_Click() {
@@ -113,21 +113,21 @@ void frmStage::LeaveBrowser() {
 }
 
 void frmStage::hscSGFX_Change(Long value) {
-    static_cast<void>(Handle([&] {
+    Handle([&] {
         if (SpriteBrowserMode != 0 && loop_.LoadingStage == 0) {
             form_.hscSGFX.Value = value;
             browser_.hscSGFX_Change();
         }
-    }));
+    });
 }
 
 void frmStage::hscSGFX_Scroll(Long value) {
-    static_cast<void>(Handle([&] {
+    Handle([&] {
         if (SpriteBrowserMode != 0 && loop_.LoadingStage == 0) {
             form_.hscSGFX.Value = value;
             browser_.hscSGFX_Scroll();
         }
-    }));
+    });
 }
 
 // The list beside the picture keeps its room.

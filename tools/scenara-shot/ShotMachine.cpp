@@ -34,7 +34,15 @@ bool ShotMachine::Start(std::string stageFile, const std::string& mugeDir,
     form_[Menu::mnuChar].checked = testChar_.UseChar;
     const TestCharContext character{testChar_, model_,  camera_, savedSteps_, loop_, form_,
                                     flags_,    engine_, files_,  messages_,   view_, {}};
-    StartStage(stageFile, {model_, camera_, savedSteps_, loop_, form_.hscHScroll, keyboard_, load,
+    StartStage(stageFile, {model_,
+                           camera_,
+                           savedSteps_,
+                           loop_,
+                           form_.hscHScroll,
+                           keyboard_,
+                           load,
+                           {},
+                           {},
                            &character});
     loop_.LastFpsTick = kNoFpsTick;
     return loop_.StageRunning != 0;
