@@ -80,10 +80,22 @@ void DesktopProgram::Start() {
 void DesktopProgram::StartWithBar() {
     WriteSettings("StageList = 255\r\n");
     Start();
-    ExpectWindow("^Scenara 1.0");
+    ExpectMainWindow(480);
     ClickListItem(0);
     ExpectTitle("bar");
     ASSERT_TRUE(Eventually([&] { return BarWidth() == 8; })) << "one to one";
+}
+
+void DesktopProgram::ExpectMainWindow(int width) {
+    ExpectWindow("^Scenara 1.0");
+    const std::string wanted = "WIDTH=" + std::to_string(width) + "\n";
+    std::string before;
+    ASSERT_TRUE(Eventually([&] {
+        const std::string geometry = display_.Answer("getwindowgeometry --shell " + MainWindow());
+        const bool rests = geometry == before && geometry.find(wanted) != std::string::npos;
+        before = geometry;
+        return rests;
+    })) << before;
 }
 
 std::string DesktopProgram::Window(const std::string& title) const {

@@ -8,6 +8,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -44,7 +45,14 @@ protected:
     void WriteSettings(const std::string& more = {}) const;
     [[nodiscard]] std::string Settings() const;
 
+    // Nothing is waited for any more once something has failed.
+    [[nodiscard]] static bool Eventually(const std::function<bool()>& condition) {
+        return HasFailure() ? condition() : test::Eventually(condition);
+    }
+
     void Start();
+    // The main window is there, of this width, and has come to rest in the middle of the screen.
+    void ExpectMainWindow(int width);
     // Settings, start, the window, and the stage "bar" from the list beside the picture.
     void StartWithBar();
     [[nodiscard]] std::optional<int> WaitForEnd() { return program_->ExitStatus(); }

@@ -145,12 +145,16 @@ VirtualDisplay::VirtualDisplay() {
                      Folder() + "manager.txt");
 }
 
-std::string VirtualDisplay::Do(const std::string& words) const {
+std::string VirtualDisplay::Answer(const std::string& words) const {
     const std::string answer = Folder() + "answer.txt";
     const std::string command =
         "DISPLAY=" + name_ + " xdotool " + words + " >" + answer + " 2>/dev/null";
     static_cast<void>(std::system(command.c_str()));
-    std::string text = Contents(answer);
+    return Contents(answer);
+}
+
+std::string VirtualDisplay::Do(const std::string& words) const {
+    const std::string text = Answer(words);
     return text.substr(0, text.find('\n'));
 }
 

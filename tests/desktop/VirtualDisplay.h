@@ -53,7 +53,8 @@ public:
     [[nodiscard]] std::vector<std::string> Environment() const { return {"DISPLAY=" + name_}; }
     [[nodiscard]] std::string Folder() const { return folder_.Path(); }
 
-    // Runs xdotool with these words; what it says.
+    // Runs xdotool with these words; what it says, all of it or the first line.
+    [[nodiscard]] std::string Answer(const std::string& words) const;
     std::string Do(const std::string& words) const;
     [[nodiscard]] Screenshot Look() const;
     // The windows and what the programs have said, for whoever looks into a failed test.
