@@ -143,6 +143,16 @@ VirtualDisplay::VirtualDisplay() {
     name_.assign(1, ':').append(number, 0, number.find('\n'));
     manager_.emplace(std::vector<std::string>{"openbox", "--sm-disable"}, Environment(),
                      Folder() + "manager.txt");
+    // A window that comes up while the manager does is left out by it, and never seen.
+    const std::string properties = Folder() + "root.txt";
+    const std::string ask =
+        "DISPLAY=" + name_ + " xprop -root _NET_SUPPORTING_WM_CHECK >" + properties + " 2>&1";
+    if (!Eventually([&] {
+            static_cast<void>(std::system(ask.c_str()));
+            return Contents(properties).find("window id") != std::string::npos;
+        })) {
+        throw std::runtime_error("no window manager: " + Contents(Folder() + "manager.txt"));
+    }
 }
 
 std::string VirtualDisplay::Answer(const std::string& words) const {
