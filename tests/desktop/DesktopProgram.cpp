@@ -116,7 +116,7 @@ void DesktopProgram::ExpectNoWindow(const std::string& title) {
 }
 
 std::string DesktopProgram::MainWindow() const {
-    return Window("^(Scenara 1.0|bar|cup|dot|/)");
+    return Window("^(Scenara 1.0|bar|cup|dot|/|Dumped|[(]1)");
 }
 
 std::string DesktopProgram::Title() const {
