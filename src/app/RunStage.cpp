@@ -132,7 +132,7 @@ void frmStage::StartLoop() {
                                 options_,
                                 MugeDir,
                                 [this](const std::string& path) { music_.SetFileName(path); }};
-    const TestCharContext character = CharacterPieces();
+    const TestCharContext character = CharacterPieces(messages);
     std::string file = shownFile_;
     const auto fullScreenAgain = [this] {
         if (std::exchange(startFullScreen_, false)) {

@@ -7,7 +7,7 @@
 
 namespace scenara {
 
-TestCharContext frmStage::CharacterPieces() {
+TestCharContext frmStage::CharacterPieces(Messages& messages) {
     return {testChar_,
             model_,
             camera_,
@@ -17,7 +17,7 @@ TestCharContext frmStage::CharacterPieces() {
             flags_,
             engine_,
             machine_.files,
-            machine_.messages,
+            messages,
             options_,
             {[this](const std::string& caption) { SetCaption(caption); },
              [this] { API_doevents(); }, [this] { return machine_.window.EndRequested(); }}};

@@ -228,7 +228,8 @@ private:
     void OpenListed();
     [[nodiscard]] Settings AllSettings(SavedSteps& steps);
     [[nodiscard]] bool StepsAreOverridden() const;
-    [[nodiscard]] TestCharContext CharacterPieces();
+    [[nodiscard]] TestCharContext CharacterPieces(Messages& messages);
+    [[nodiscard]] TestCharContext CharacterPieces() { return CharacterPieces(machine_.messages); }
     [[nodiscard]] ChooseCharContext CharacterChoice();
     [[nodiscard]] bool CanBeEdited() const;
     void ShowEditing();
