@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // The test character, the background editor and the sprite browser, as the window drives them.
+#include "app/LoadMessages.h"
 #include "app/StageFiles.h"
 #include "app/frmStage.h"
 #include "editor/CameraScroll.h"
@@ -34,11 +35,23 @@ bool frmStage::StepsAreOverridden() const {
 }
 
 void frmStage::mnuChar_Click() {
-    scenara::mnuChar_Click(CharacterPieces(), CharacterChoice());
+    LoadMessages messages(machine_.messages, options_.Additions);
+    scenara::mnuChar_Click(CharacterPieces(messages), CharacterChoice());
+    AfterCharacter();
 }
 
 void frmStage::mnuChange_Click() {
-    scenara::mnuChange_Click(CharacterPieces(), CharacterChoice());
+    LoadMessages messages(machine_.messages, options_.Additions);
+    scenara::mnuChange_Click(CharacterPieces(messages), CharacterChoice());
+    AfterCharacter();
+}
+
+// While a character loads the window is in use: the stage may have been paused, and a file dropped.
+void frmStage::AfterCharacter() {
+    if (loop_.StageRunning != 0) {
+        ShowTitle();
+    }
+    OpenDropped();
 }
 
 void frmStage::mnuDebugBG_Click() {

@@ -231,6 +231,7 @@ private:
     [[nodiscard]] TestCharContext CharacterPieces(Messages& messages);
     [[nodiscard]] TestCharContext CharacterPieces() { return CharacterPieces(machine_.messages); }
     [[nodiscard]] ChooseCharContext CharacterChoice();
+    void AfterCharacter();
     [[nodiscard]] bool CanBeEdited() const;
     void ShowEditing();
     void LeaveBrowser();
