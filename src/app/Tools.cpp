@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // The test character, the background editor and the sprite browser, as the window drives them.
+#include "app/KeyStates.h"
 #include "app/StageFiles.h"
 #include "app/frmStage.h"
 #include "editor/CameraScroll.h"
@@ -98,18 +99,27 @@ void frmStage::hscHScroll_Change(Long value) {
 }
 
 void frmStage::mnuDebug_Click() {
-    browser_.mnuDebug_Click();
-    ShowEditing();
-    if (SpriteBrowserMode == 0) {
+    if (SpriteBrowserMode != 0) {
+        LeaveBrowser();
         ShowTitle();
+    } else {
+        browser_.mnuDebug_Click();
     }
+    ShowEditing();
 }
 
-// The stage whose sprites are shown is gone.
 void frmStage::LeaveBrowser() {
     if (SpriteBrowserMode != 0) {
         browser_.mnuDebug_Click();
+        ForgetKeys();
     }
+}
+
+// Nobody has looked at the keys for a while, and a press is remembered until somebody does. What
+// was tapped meanwhile must not delete an element now.
+void frmStage::ForgetKeys() {
+    DiscardKeyStates(machine_.keyboard);
+    editor_.ForgetPresses();
 }
 
 void frmStage::hscSGFX_Change(Long value) {

@@ -233,6 +233,7 @@ private:
     [[nodiscard]] bool CanBeEdited() const;
     void ShowEditing();
     void LeaveBrowser();
+    void ForgetKeys();
     void OncePerSecond();
     void LeaveFullScreenWithFocus();
     void LayOutControls(Long innerWidth, Long innerHeight);

@@ -9,8 +9,7 @@
 // Keys, asked at the end of each pass of drawing, one of them at most every 150 ms, in this order:
 //
 //   numpad plus    one place up in the list, so that it is drawn later; the last element goes to
-//   the
-//                  front layer instead
+//                  the front layer instead
 //   numpad minus   out of the front layer, else one place down in the list. Deliberate: elements 0
 //                  and 1 stay (NumpadMinus.LeavesTheFirstTwoElements)
 //   Delete         taken out of the list; element 0 stays
@@ -78,6 +77,9 @@ public:
     // --- Keys ----------------------------------------------------------------------------------
 
     void AtEndOfPass() override;
+
+    // Keys that were pressed until now count as not pressed: nothing was seen of what they are for.
+    void ForgetPresses() { pressesAreOld_ = true; }
 
     // --- Selection -----------------------------------------------------------------------------
 
