@@ -85,6 +85,7 @@ void frmStage::ShowStage() {
     // The picture has the size that the user gave the window.
     LayOutControls(form_.innerWidth, form_.innerHeight);
     form_.lstStages.takesKeys = false;  // they drive the camera
+    ShowEditing();                      // paused, the passes do not
     if (options_.Additions) {
         // While it is paused a stage would open to a black picture and look broken.
         drawsOnce_ = true;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
 // The test character, the background editor and the sprite browser, as the window drives them.
+#include <algorithm>
+
 #include "app/KeyStates.h"
 #include "app/StageFiles.h"
 #include "app/frmStage.h"
@@ -73,6 +75,7 @@ void frmStage::Form_MouseDown(Long x, Long y) {
     Handle([&] {
         if (CanBeEdited()) {
             editor_.MouseDown({x, y});
+            ShowEditing();  // a pass may not do so: it may be paused
         }
     });
 }
@@ -81,6 +84,7 @@ void frmStage::Form_MouseMove(Long x, Long y) {
     Handle([&] {
         if (CanBeEdited()) {
             editor_.MouseMove({x, y});
+            ShowEditing();
         }
     });
 }
@@ -91,9 +95,13 @@ void frmStage::Form_MouseUp() {
 
 void frmStage::hscHScroll_Change(Long value) {
     Handle([&] {
-        if (CanBeEdited()) {
-            form_.hscHScroll.Value = value;
-            scenara::hscHScroll_Change(model_, camera_, form_.hscHScroll);
+        if (form_[Menu::mnuDebugBG].checked && CanBeEdited()) {
+            ScrollBar& bar = form_.hscHScroll;
+            // Bounds may be the wrong way round in a file; then Min goes first. A value beyond them
+            // is one of the stage before.
+            bar.Value = std::max(std::min(value, bar.Max), bar.Min);
+            scenara::hscHScroll_Change(model_, camera_, bar);
+            ShowEditing();
         }
     });
 }
@@ -150,7 +158,10 @@ void frmStage::BrowserView::ShowPicture(const BrowserPicture& picture) {
     program_.machine_.window.ShowPicture(picture.width, picture.height, picture.pixels);
 }
 
+// The window is brought up to date first: what is around the picture includes the bars.
 BrowserWindow::Extent frmStage::BrowserView::LargestPicture() const {
+    program_.ShowEditing();
+    program_.machine_.window.Show();
     const ScreenSize screen = program_.machine_.window.Screen();
     const WindowPlace place = program_.machine_.window.Place();
     const Form& form = program_.form_;

@@ -234,6 +234,7 @@ private:
     void ShowEditing();
     void LeaveBrowser();
     void ForgetKeys();
+    void Dump();
     void OncePerSecond();
     void LeaveFullScreenWithFocus();
     void LayOutControls(Long innerWidth, Long innerHeight);
