@@ -23,7 +23,7 @@ frmStage::frmStage(const Machine& machine, Form& form, const ViewOptions& option
       engine_(machine.direct3D, machine.window, machine.messages, model_),
       music_(machine.media),
       editor_({model_, camera_, flags_, options_, machine.keyboard, machine.clock,
-               form[Menu::mnuDebugBG]},
+               form[Menu::mnuDebugBG], &FullScreenState},
               {[this](const std::string& caption) { SetCaption(caption); }, [this] { Dump(); }}),
       browserView_(*this),
       browser_(model_, SpriteBrowserMode, form.hscSGFX, browserView_),

@@ -16,6 +16,8 @@
 //   Insert         a copy behind it, which then is the selected one
 //   D              the dump, whatever is selected
 //
+// In the full screen none of them does anything: nothing there tells what is selected.
+//
 // What a key does to an index that is not in the list raises "Subscript out of range", and ends the
 // pass.
 #pragma once
@@ -52,6 +54,8 @@ struct EditorContext {
     Keyboard& keyboard;
     Clock& clock;
     const MenuItem& mnuDebugBG;
+    // Where it is given: 1 while there is no frame around the selection, and no key does anything.
+    const Byte* FullScreenState = nullptr;
 };
 
 class DebugEditor : public KeysBehindTheCamera {
