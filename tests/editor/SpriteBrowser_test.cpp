@@ -246,9 +246,9 @@ TEST_F(SpriteBrowserEvents, TheSameValueAgainShowsItOnceMore) {
         browser.mnuDebug_Click();
     };
     Value(1);
-    EXPECT_THAT(window.Take(), ElementsAre("size 180x20", "events", "size 320x240", "size 180x20",
-                                           "events", "picture 180x20",
-                                           "caption (2\\3)  Group: 100000  Image: -1"));
+    EXPECT_THAT(window.Take(),
+                ElementsAre("size 180x20", "events", "size 320x240", "size 180x20", "events",
+                            "picture 180x20", "caption (2\\3)  Group: 100000  Image: -1"));
 }
 
 TEST_F(SpriteBrowserEvents, AThousandValuesNestNoDeeper) {
