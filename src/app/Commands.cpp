@@ -92,6 +92,9 @@ void frmStage::mnuFPS_Click() {
 void frmStage::mnuPause_Click() {
     Flip(form_[Menu::mnuPause]);
     Paused = static_cast<Byte>(~Paused);
+    if (Paused == 0) {
+        ForgetKeys();
+    }
     ShowTitle();
 }
 

@@ -23,9 +23,8 @@ frmStage::frmStage(const Machine& machine, Form& form, const ViewOptions& option
       engine_(machine.direct3D, machine.window, machine.messages, model_),
       music_(machine.media),
       editor_({model_, camera_, flags_, options_, machine.keyboard, machine.clock,
-               form[Menu::mnuDebugBG]},
-              {[this](const std::string& caption) { SetCaption(caption); },
-               [this] { SetCaption(DataCheckCaption(DataCheck(model_, machine_.files))); }}),
+               form[Menu::mnuDebugBG], &FullScreenState},
+              {[this](const std::string& caption) { SetCaption(caption); }, [this] { Dump(); }}),
       browserView_(*this),
       browser_(model_, SpriteBrowserMode, form.hscSGFX, browserView_),
       tiles_(engine_, model_, camera_, flags_, options_,
@@ -76,6 +75,12 @@ void frmStage::Form_Load() {
         LoadFilestoList(form_.lstStages, StagesFolder(MugeDir), ".def", machine_.files,
                         machine_.messages);
     }));
+}
+
+// A disk that is full must not cost the stage that was to be written down.
+void frmStage::Dump() {
+    static_cast<void>(
+        Guarded([this] { SetCaption(DataCheckCaption(DataCheck(model_, machine_.files))); }));
 }
 
 Settings frmStage::AllSettings(SavedSteps& steps) {

@@ -17,6 +17,9 @@ void frmStage::mnuFS_Click() {
     if (loop_.StageRunning == 0) {
         return;
     }
+    if (SpriteBrowserMode != 0) {
+        mnuDebug_Click();  // the full screen shows the stage and nothing else
+    }
     screen_.Enumerate();
     const Integer mode = screen_.Find(kFullScreenMode);
     if (mode == kNoMode) {

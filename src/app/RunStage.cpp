@@ -10,24 +10,10 @@
 #include "app/MenuTree.h"
 #include "app/StagePass.h"
 #include "app/frmStage.h"
+#include "base/Raised.h"
 #include "base/RunTimeError.h"
 
 namespace scenara {
-namespace {
-
-// True while it lives.
-class Raised {
-public:
-    explicit Raised(bool& flag) : flag_(flag) { flag_ = true; }
-    Raised(const Raised&) = delete;
-    Raised& operator=(const Raised&) = delete;
-    ~Raised() { flag_ = false; }
-
-private:
-    bool& flag_;
-};
-
-}  // namespace
 
 void frmStage::RunStage() {
     // What is chosen behind this and turns out to be no stage changes CurrentStageFile, but not
@@ -99,6 +85,7 @@ void frmStage::ShowStage() {
     // The picture has the size that the user gave the window.
     LayOutControls(form_.innerWidth, form_.innerHeight);
     form_.lstStages.takesKeys = false;  // they drive the camera
+    ShowEditing();                      // paused, the passes do not
     if (options_.Additions) {
         // While it is paused a stage would open to a black picture and look broken.
         drawsOnce_ = true;

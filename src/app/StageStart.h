@@ -41,9 +41,8 @@ struct StageStartContext {
 };
 
 // Loads the stage at `stageFile` and prepares it: camera, elements, scroll bar, the test character
-// where it is on. StageRunning tells
-// whether it can be shown; when not, that has been said. Steps of 0 become 1, and the saved ones
-// with them. While it loads, LoadingStage is 1.
+// where it is on. StageRunning tells whether it can be shown; when not, that has been said. Steps
+// of 0 become 1, and the saved ones with them. While it loads, LoadingStage is 1.
 //
 // Raises what the loading and the preparation raise; then the flags are as they were half-way.
 void StartStage(std::string& stageFile, const StageStartContext& context);

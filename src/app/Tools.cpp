@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 //
 // The test character, the background editor and the sprite browser, as the window drives them.
+#include <algorithm>
+
+#include "app/KeyStates.h"
 #include "app/LoadMessages.h"
 #include "app/StageFiles.h"
 #include "app/frmStage.h"
@@ -85,6 +88,7 @@ void frmStage::Form_MouseDown(Long x, Long y) {
     Handle([&] {
         if (CanBeEdited()) {
             editor_.MouseDown({x, y});
+            ShowEditing();  // a pass may not do so: it may be paused
         }
     });
 }
@@ -93,6 +97,7 @@ void frmStage::Form_MouseMove(Long x, Long y) {
     Handle([&] {
         if (CanBeEdited()) {
             editor_.MouseMove({x, y});
+            ShowEditing();
         }
     });
 }
@@ -103,26 +108,39 @@ void frmStage::Form_MouseUp() {
 
 void frmStage::hscHScroll_Change(Long value) {
     Handle([&] {
-        if (CanBeEdited()) {
-            form_.hscHScroll.Value = value;
-            scenara::hscHScroll_Change(model_, camera_, form_.hscHScroll);
+        if (form_[Menu::mnuDebugBG].checked && CanBeEdited()) {
+            ScrollBar& bar = form_.hscHScroll;
+            // Bounds may be the wrong way round in a file; then Min goes first. A value beyond them
+            // is one of the stage before.
+            bar.Value = std::max(std::min(value, bar.Max), bar.Min);
+            scenara::hscHScroll_Change(model_, camera_, bar);
+            ShowEditing();
         }
     });
 }
 
 void frmStage::mnuDebug_Click() {
-    browser_.mnuDebug_Click();
-    ShowEditing();
-    if (SpriteBrowserMode == 0) {
+    if (SpriteBrowserMode != 0) {
+        LeaveBrowser();
         ShowTitle();
+    } else {
+        browser_.mnuDebug_Click();
     }
+    ShowEditing();
 }
 
-// The stage whose sprites are shown is gone.
 void frmStage::LeaveBrowser() {
     if (SpriteBrowserMode != 0) {
         browser_.mnuDebug_Click();
+        ForgetKeys();
     }
+}
+
+// Nobody has looked at the keys for a while, and a press is remembered until somebody does. What
+// was tapped meanwhile must not delete an element now.
+void frmStage::ForgetKeys() {
+    DiscardKeyStates(machine_.keyboard);
+    editor_.ForgetPresses();
 }
 
 void frmStage::hscSGFX_Change(Long value) {
@@ -153,7 +171,10 @@ void frmStage::BrowserView::ShowPicture(const BrowserPicture& picture) {
     program_.machine_.window.ShowPicture(picture.width, picture.height, picture.pixels);
 }
 
+// The window is brought up to date first: what is around the picture includes the bars.
 BrowserWindow::Extent frmStage::BrowserView::LargestPicture() const {
+    program_.ShowEditing();
+    program_.machine_.window.Show();
     const ScreenSize screen = program_.machine_.window.Screen();
     const WindowPlace place = program_.machine_.window.Place();
     const Form& form = program_.form_;

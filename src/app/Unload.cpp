@@ -31,13 +31,18 @@ void frmStage::Form_Unload() {
     if (loop_.LoadingStage != 0) {
         return;  // the load works on the tables; RunStage comes back here behind it
     }
-    if (!CurrentStageFile.empty()) {
-        UnloadStuff();
-    }
-    if (imageSets_.loaded) {
-        ReleaseImageSurfaces(imageSets_);
-    }
     ended_ = true;
+    // Whatever goes wrong, the settings are saved.
+    static_cast<void>(Guarded([&] {
+        if (!CurrentStageFile.empty()) {
+            UnloadStuff();
+        }
+    }));
+    static_cast<void>(Guarded([&] {
+        if (imageSets_.loaded) {
+            ReleaseImageSurfaces(imageSets_);
+        }
+    }));
     if (settingsLoaded_) {
         SavedSteps steps = StepsToKeep(camera_, savedSteps_, testChar_, flags_);
         static_cast<void>(

@@ -235,6 +235,8 @@ private:
     [[nodiscard]] bool CanBeEdited() const;
     void ShowEditing();
     void LeaveBrowser();
+    void ForgetKeys();
+    void Dump();
     void OncePerSecond();
     void LeaveFullScreenWithFocus();
     void LayOutControls(Long innerWidth, Long innerHeight);

@@ -102,6 +102,10 @@ void DebugEditor::AtEndOfPass() {
         Clear();
         return;
     }
+    if (context_.FullScreenState != nullptr && *context_.FullScreenState == 1) {
+        ForgetPresses();
+        return;
+    }
     const Long now = context_.clock.GetTickCount();
     if (!KeyGateIsOpen(context_.camera, now)) {
         return;

@@ -9,13 +9,14 @@
 // Keys, asked at the end of each pass of drawing, one of them at most every 150 ms, in this order:
 //
 //   numpad plus    one place up in the list, so that it is drawn later; the last element goes to
-//   the
-//                  front layer instead
+//                  the front layer instead
 //   numpad minus   out of the front layer, else one place down in the list. Deliberate: elements 0
 //                  and 1 stay (NumpadMinus.LeavesTheFirstTwoElements)
 //   Delete         taken out of the list; element 0 stays
 //   Insert         a copy behind it, which then is the selected one
 //   D              the dump, whatever is selected
+//
+// In the full screen none of them does anything: nothing there tells what is selected.
 //
 // What a key does to an index that is not in the list raises "Subscript out of range", and ends the
 // pass.
@@ -53,6 +54,8 @@ struct EditorContext {
     Keyboard& keyboard;
     Clock& clock;
     const MenuItem& mnuDebugBG;
+    // Where it is given: 1 while there is no frame around the selection, and no key does anything.
+    const Byte* FullScreenState = nullptr;
 };
 
 class DebugEditor : public KeysBehindTheCamera {
@@ -78,6 +81,9 @@ public:
     // --- Keys ----------------------------------------------------------------------------------
 
     void AtEndOfPass() override;
+
+    // Keys that were pressed until now count as not pressed: nothing was seen of what they are for.
+    void ForgetPresses() { pressesAreOld_ = true; }
 
     // --- Selection -----------------------------------------------------------------------------
 

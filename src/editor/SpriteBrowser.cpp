@@ -5,6 +5,7 @@
 #include <cstddef>
 
 #include "base/NumberText.h"
+#include "base/Raised.h"
 #include "editor/TexelLock.h"
 #include "render/ModelLookup.h"
 #include "render/ViewFlags.h"
@@ -62,12 +63,6 @@ void SpriteBrowser::mnuDebug_Click() {
     }
 }
 
-void SpriteBrowser::StageChanged() {
-    if (mode_ != 0) {
-        Open();
-    }
-}
-
 void SpriteBrowser::Open() {
     hscSGFX_.Min = 0;
     hscSGFX_.Max = model_.SpriteCount - 1;
@@ -77,10 +72,28 @@ void SpriteBrowser::Open() {
     hscSGFX_Change();
 }
 
-void SpriteBrowser::hscSGFX_Change() {
+void SpriteBrowser::Show(bool scrolls) {
+    scrolls_ = scrolls;
+    if (shows_) {
+        again_ = true;
+        return;
+    }
+    const Raised shows(shows_);
+    bool shown = false;
+    do {
+        again_ = false;
+        shown = ShowSprite();
+    } while (again_ && mode_ != 0);
+    if (shown && scrolls_) {
+        window_.SetCaption(NumberText(model_.CamX));
+    }
+}
+
+// Whether there is a sprite, and it is the one that is shown now.
+bool SpriteBrowser::ShowSprite() {
     if (model_.SpriteCount == 0) {
         window_.ShowPicture({});
-        return;
+        return false;
     }
     const Long value = hscSGFX_.Value;
     const Byte mode = mode_;
@@ -91,19 +104,15 @@ void SpriteBrowser::hscSGFX_Change() {
     window_.Size(std::min<Long>(std::max<Long>(spriteShown().width, kNarrowest), most.width),
                  std::min<Long>(spriteShown().height, most.height));
     window_.API_doevents();
-    if (mode_ != mode || hscSGFX_.Value != value || value >= model_.SpriteCount) {
-        return;
+    if (mode_ != mode || again_ || value >= model_.SpriteCount) {
+        return false;
     }
     const SpriteEntry& sprite = spriteShown();
     window_.ShowPicture(PictureOf(sprite, most.width, most.height));
     window_.SetCaption("(" + NumberText(std::int64_t{value} + 1) + "\\" +
                        NumberText(std::int64_t{hscSGFX_.Max} + 1) + ")  Group: " +
                        NumberText(sprite.group) + "  Image: " + NumberText(sprite.image));
-}
-
-void SpriteBrowser::hscSGFX_Scroll() {
-    hscSGFX_Change();
-    window_.SetCaption(NumberText(model_.CamX));
+    return true;
 }
 
 }  // namespace scenara

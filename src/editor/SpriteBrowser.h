@@ -68,24 +68,27 @@ public:
     void mnuDebug_Click();
 
     // Shows the sprite at the bar's Value. Events are let through in between: when the sprite is
-    // gone then, or another one is wanted, that is all. "Subscript out of range" for a Value that
-    // is no sprite of the stage.
-    void hscSGFX_Change();
+    // gone then, that is all; when another one is wanted, the call that lets them through shows
+    // that one instead, so that a bar that is moved without a pause takes no more stack.
+    // "Subscript out of range" for a Value that is no sprite of the stage.
+    void hscSGFX_Change() { Show(false); }
 
     // While the thumb is dragged. Deliberate: the caption is the camera's x then
     // (SpriteBrowserBar.ScrollShowsTheCameraInsteadOfTheSprite).
-    void hscSGFX_Scroll();
-
-    // Another stage has been loaded: while sprites are shown, its own are from now on.
-    void StageChanged();
+    void hscSGFX_Scroll() { Show(true); }
 
 private:
     void Open();
+    void Show(bool scrolls);
+    [[nodiscard]] bool ShowSprite();
 
     const StageModel& model_;
     Byte& mode_;
     ScrollBar& hscSGFX_;
     BrowserWindow& window_;
+    bool shows_ = false;    // Show is on the stack
+    bool again_ = false;    // ... and another sprite has been asked for since
+    bool scrolls_ = false;  // the thumb is dragged, as far as the last call knew
 };
 
 }  // namespace scenara

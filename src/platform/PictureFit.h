@@ -44,32 +44,33 @@ struct PictureFit {
     }
 
     // The point of the view under a point of the box; it may lie outside of the view.
-    [[nodiscard]] std::int32_t ViewX(std::int32_t x) const {
-        return FloorQuotient(std::int64_t{x - left} * kViewWidth, width);
-    }
-    [[nodiscard]] std::int32_t ViewY(std::int32_t y) const {
-        return FloorQuotient(std::int64_t{y - top} * kViewHeight, height);
-    }
-    // The first column or row of the box that shows a column or row of the view.
+    [[nodiscard]] std::int32_t ViewX(std::int32_t x) const { return ViewColumn(x - left); }
+    [[nodiscard]] std::int32_t ViewY(std::int32_t y) const { return ViewRow(y - top); }
+    // The first column or row of the box that shows a column or row of the view, or one behind it
+    // where it is left out; one after the last for the end of the view.
     [[nodiscard]] std::int32_t BoxX(std::int32_t viewX) const {
-        return left + static_cast<std::int32_t>(std::int64_t{viewX} * width / kViewWidth);
+        return left + FirstThatShows(viewX, width, kViewWidth);
     }
     [[nodiscard]] std::int32_t BoxY(std::int32_t viewY) const {
-        return top + static_cast<std::int32_t>(std::int64_t{viewY} * height / kViewHeight);
+        return top + FirstThatShows(viewY, height, kViewHeight);
     }
 
     // The column or row of the view that a column or row of the picture shows, by its centre.
     [[nodiscard]] std::int32_t ViewColumn(std::int32_t column) const {
-        return static_cast<std::int32_t>((std::int64_t{column} * 2 + 1) * kViewWidth /
-                                         (std::int64_t{width} * 2));
+        return FloorQuotient((std::int64_t{column} * 2 + 1) * kViewWidth, std::int64_t{width} * 2);
     }
     [[nodiscard]] std::int32_t ViewRow(std::int32_t row) const {
-        return static_cast<std::int32_t>((std::int64_t{row} * 2 + 1) * kViewHeight /
-                                         (std::int64_t{height} * 2));
+        return FloorQuotient((std::int64_t{row} * 2 + 1) * kViewHeight, std::int64_t{height} * 2);
     }
 
 private:
-    [[nodiscard]] static std::int32_t FloorQuotient(std::int64_t dividend, std::int32_t divisor) {
+    // The least c with (2 c + 1) * all >= 2 * shown * size.
+    [[nodiscard]] static std::int32_t FirstThatShows(std::int32_t shown, std::int32_t size,
+                                                     std::int32_t all) {
+        return FloorQuotient(std::int64_t{shown} * size * 2 + all - 1, std::int64_t{all} * 2);
+    }
+
+    [[nodiscard]] static std::int32_t FloorQuotient(std::int64_t dividend, std::int64_t divisor) {
         if (divisor < 1) {
             return -1;  // no picture, so nowhere in it
         }

@@ -18,11 +18,21 @@ namespace {
 constexpr const char* kA = "/mugen/stages/a.def";
 constexpr const char* kC = "/mugen/stages/c.def";
 
-enum class State { NoStage, Closed, Loading, Running, Paused, FullScreen, WithoutDevice };
+enum class State {
+    NoStage,
+    Closed,
+    Loading,
+    Running,
+    Paused,
+    FullScreen,
+    WithoutDevice,
+    Editing,
+    Browsing
+};
 
-constexpr std::array kStates = {State::NoStage,      State::Closed, State::Loading,
-                                State::Running,      State::Paused, State::FullScreen,
-                                State::WithoutDevice};
+constexpr std::array kStates = {State::NoStage,       State::Closed,  State::Loading,
+                                State::Running,       State::Paused,  State::FullScreen,
+                                State::WithoutDevice, State::Editing, State::Browsing};
 
 const char* NameOf(State state) {
     switch (state) {
@@ -33,6 +43,8 @@ const char* NameOf(State state) {
         case State::Paused: return "paused";
         case State::FullScreen: return "full screen";
         case State::WithoutDevice: return "without a device";
+        case State::Editing: return "an element is dragged";
+        case State::Browsing: return "in the sprite browser";
     }
     return "";
 }
@@ -94,6 +106,21 @@ std::vector<Deed> EveryDeed() {
         [](RunningStage& stage) { stage.program.Form_OLEDragDrop("/mugen/stages/a.sff"); });
     add("nothing dropped", [](RunningStage& stage) { stage.program.Form_OLEDragDrop(""); });
     add("an activation", [](RunningStage& stage) { stage.program.Form_Activate(); });
+    add("a button pressed", [](RunningStage& stage) { stage.program.Form_MouseDown(162, 3); });
+    add("a pointer moved", [](RunningStage& stage) { stage.program.Form_MouseMove(400, -7); });
+    add("a button let go", [](RunningStage& stage) { stage.program.Form_MouseUp(); });
+    add("the camera's bar", [](RunningStage& stage) { stage.program.hscHScroll_Change(40); });
+    const auto pumped = [](RunningStage& stage) {
+        stage.deepest = stage.depth;  // a sprite that is shown lets messages through
+    };
+    add("the sprites' bar", [pumped](RunningStage& stage) {
+        stage.program.hscSGFX_Change(1);
+        pumped(stage);
+    });
+    add("the sprites' bar dragged", [pumped](RunningStage& stage) {
+        stage.program.hscSGFX_Scroll(2);
+        pumped(stage);
+    });
     add("a size of nothing", [](RunningStage& stage) { stage.program.Form_Resize(0, 0); });
     add("another program in front", [](RunningStage& stage) { stage.window.SetForeground(0); });
     add("leaving the full screen", [](RunningStage& stage) { stage.program.ResetRes(); });
@@ -121,6 +148,15 @@ protected:
             case State::WithoutDevice:
                 stage.program.UnloadStuff();
                 ASSERT_EQ(stage.direct3D.Device(), nullptr);
+                break;
+            case State::Editing:
+                stage.Click(Menu::mnuDebugBG);
+                stage.program.Form_MouseDown(162, 3);
+                ASSERT_NE(stage.program.Editor().FollowedIndex(), -1);
+                break;
+            case State::Browsing:
+                stage.Click(Menu::mnuDebug);
+                stage.deepest = stage.depth;  // the sprite lets messages through
                 break;
             default: break;
         }

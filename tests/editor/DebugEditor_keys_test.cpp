@@ -411,6 +411,39 @@ TEST_F(OldPresses, FromBeforeDebugBGWasCheckedDumpNothing) {
     EXPECT_EQ(stage.dumps, 1);
 }
 
+TEST_F(OldPresses, FromWhilePausedDeleteNothing) {
+    editor.MouseDown({5, 5});
+    Pass();
+    keyboard.pressed = VirtualKey::Delete;
+    editor.ForgetPresses();  // the stage goes on
+    Pass();
+    EXPECT_EQ(stage.Names(), "sky hill wall floor");
+    keyboard.pressed = VirtualKey::Delete;
+    Pass();
+    EXPECT_EQ(stage.Names(), "sky hill wall");
+}
+
+TEST_F(OldPresses, InTheFullScreenDoNothingThereAndAfterwards) {
+    Byte fullScreen = 1;
+    DebugEditor covered{{stage.model, stage.camera, stage.flags, stage.view, keyboard, stage.clock,
+                         stage.debugBG, &fullScreen},
+                        {[](const std::string&) {}, [this] { ++stage.dumps; }}};
+    const auto pass = [&] {
+        stage.clock.now += 1000;
+        covered.AtEndOfPass();
+    };
+    covered.Select(3);
+    keyboard.pressed = VirtualKey::Delete;
+    pass();
+    fullScreen = 0;
+    pass();
+    EXPECT_EQ(stage.Names(), "sky hill wall floor");
+    EXPECT_EQ(covered.SelectedIndex(), 3);
+    keyboard.pressed = VirtualKey::Delete;
+    pass();
+    EXPECT_EQ(stage.Names(), "sky hill wall");
+}
+
 TEST_F(OldPresses, WhileTheGateIsClosedCount) {
     editor.MouseDown({5, 5});
     Pass();

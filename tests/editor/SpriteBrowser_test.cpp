@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "editor/SpriteBrowser.h"
 
+#include <algorithm>
 #include <functional>
 #include <string>
 #include <vector>
@@ -138,25 +139,6 @@ TEST_F(SpriteBrowserMenu, WithoutSpritesShowsNothing) {
     EXPECT_THAT(window.Take(), ElementsAre("size 320x240"));
 }
 
-TEST_F(SpriteBrowserMenu, AnotherStageShowsItsOwnSprites) {
-    OpenWithThree();
-    Value(2);
-    window.Take();
-    model.Clear();
-    AddSprite(161, 9, 1, 1);
-    browser.StageChanged();
-    EXPECT_EQ(bar.Max, 0);
-    EXPECT_THAT(window.Take(), ElementsAre("size 161x9", "events", "picture 161x9",
-                                           "caption (1\\1)  Group: 1  Image: 1"));
-}
-
-TEST_F(SpriteBrowserMenu, AnotherStageChangesNothingWhileClosed) {
-    AddSprite(161, 9, 1, 1);
-    browser.StageChanged();
-    EXPECT_FALSE(bar.Visible);
-    EXPECT_THAT(window.Take(), IsEmpty());
-}
-
 // --- the scroll bar ---
 
 using SpriteBrowserBar = Browser;
@@ -255,6 +237,71 @@ TEST_F(SpriteBrowserEvents, AStageThatIsReplacedShowsItsOwnSprite) {
     Value(1);
     EXPECT_THAT(window.Take(), ElementsAre("size 180x20", "events", "picture 171x6",
                                            "caption (2\\3)  Group: 51  Image: 61"));
+}
+
+TEST_F(SpriteBrowserEvents, TheSameValueAgainShowsItOnceMore) {
+    OpenWithThree();
+    window.onEvents = [&] {  // off and on again
+        browser.mnuDebug_Click();
+        browser.mnuDebug_Click();
+    };
+    Value(1);
+    EXPECT_THAT(window.Take(),
+                ElementsAre("size 180x20", "events", "size 320x240", "size 180x20", "events",
+                            "picture 180x20", "caption (2\\3)  Group: 100000  Image: -1"));
+}
+
+TEST_F(SpriteBrowserEvents, AThousandValuesNestNoDeeper) {
+    OpenWithThree();
+    int depth = 0;
+    int deepest = 0;
+    int left = 1000;
+    std::function<void()> drag = [&] {
+        deepest = std::max(deepest, ++depth);
+        if (left > 0) {
+            --left;
+            window.onEvents = drag;
+            bar.Value = left % 2;
+            browser.hscSGFX_Scroll();
+        }
+        --depth;
+    };
+    window.onEvents = drag;
+    Value(2);
+    EXPECT_EQ(left, 0);
+    EXPECT_EQ(deepest, 1);
+    EXPECT_EQ(window.shown.width, 200);
+}
+
+TEST_F(SpriteBrowserEvents, ScrollThatClosesItLeavesTheCaption) {
+    OpenWithThree();
+    window.onEvents = [&] { browser.mnuDebug_Click(); };
+    bar.Value = 1;
+    browser.hscSGFX_Scroll();
+    EXPECT_THAT(window.Take(), ElementsAre("size 180x20", "events", "size 320x240"));
+}
+
+TEST_F(SpriteBrowserEvents, ScrollThatLosesItsStageLeavesTheCaption) {
+    OpenWithThree();
+    window.onEvents = [&] { model.Clear(); };
+    bar.Value = 1;
+    browser.hscSGFX_Scroll();
+    EXPECT_THAT(window.Take(), ElementsAre("size 180x20", "events"));
+}
+
+TEST_F(SpriteBrowserEvents, LettingGoOfTheThumbMeanwhileShowsTheSpritesCaption) {
+    OpenWithThree();
+    window.onEvents = [&] { Value(2); };
+    bar.Value = 1;
+    browser.hscSGFX_Scroll();
+    EXPECT_EQ(window.Take().back(), "caption (3\\3)  Group: -2  Image: 0");
+}
+
+TEST_F(SpriteBrowserEvents, AnErrorLeavesItReadyForTheNextValue) {
+    OpenWithThree();
+    ExpectError(RunTimeErrorKind::SubscriptOutOfRange, [&] { Value(3); });
+    Value(1);
+    EXPECT_EQ(window.shown.width, 180);
 }
 
 // --- the picture ---

@@ -52,6 +52,14 @@ TEST(HeadlessKeyboard, LeavesNothingBehindOfAKeyLetGo) {
     EXPECT_EQ(keyboard.GetAsyncKeyState(VirtualKey::Up), 0);
 }
 
+TEST(HeadlessKeyboard, TellsOfATapOnce) {
+    HeadlessKeyboard keyboard;
+    keyboard.Tap(VirtualKey::Right);
+    EXPECT_EQ(keyboard.GetAsyncKeyState(VirtualKey::Left), 0);
+    EXPECT_EQ(keyboard.GetAsyncKeyState(VirtualKey::Right), 1);
+    EXPECT_EQ(keyboard.GetAsyncKeyState(VirtualKey::Right), 0);
+}
+
 TEST(HeadlessKeyboard, TakesSingleKeysToo) {
     HeadlessKeyboard keyboard;
     keyboard.Press(VirtualKey::Escape);

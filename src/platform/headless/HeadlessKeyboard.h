@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
 // HeadlessKeyboard: a keyboard whose keys are held by a script. A key answers that it is down in
-// exactly the time in which it is held: a press is not remembered once it is over, so nothing is
-// left from before for whoever asks next.
+// exactly the time in which it is held: only a tap is remembered once it is over, so nothing else
+// is left from before for whoever asks next.
 #pragma once
 
 #include <bitset>
@@ -43,17 +43,30 @@ public:
     // What a key that is down answers: the highest of 16 bits, as the real function does.
     static constexpr Integer kDown = -32768;
 
-    Integer GetAsyncKeyState(VirtualKey key) override { return held_.Contains(key) ? kDown : 0; }
+    // ... and of one that was pressed and let go since it was asked for.
+    static constexpr Integer kPressedSince = 1;
+
+    Integer GetAsyncKeyState(VirtualKey key) override {
+        const bool tapped = tapped_.Contains(key);
+        tapped_.Remove(key);
+        if (held_.Contains(key)) {
+            return kDown;
+        }
+        return tapped ? kPressedSince : Integer{0};
+    }
 
     // From now on these keys are down and all others up.
     void Hold(const KeySet& keys) { held_ = keys; }
 
     void Press(VirtualKey key) { held_.Add(key); }
     void Release(VirtualKey key) { held_.Remove(key); }
+    // Pressed and let go between two questions; the next one for it hears of it.
+    void Tap(VirtualKey key) { tapped_.Add(key); }
     [[nodiscard]] const KeySet& Held() const { return held_; }
 
 private:
     KeySet held_;
+    KeySet tapped_;
 };
 
 }  // namespace scenara

@@ -32,6 +32,17 @@ bool DrivesTheCamera(VirtualKey key) {
     }
 }
 
+bool Edits(VirtualKey key) {
+    switch (key) {
+        case VirtualKey::NumpadPlus:
+        case VirtualKey::NumpadMinus:
+        case VirtualKey::Delete:
+        case VirtualKey::Insert:
+        case VirtualKey::D: return true;
+        default: return false;
+    }
+}
+
 }  // namespace
 
 std::optional<VirtualKey> VirtualKeyOf(const QKeyEvent& event) {
@@ -104,7 +115,9 @@ bool KeyTracker::Press(const QKeyEvent& event) {
             pressed_(*key);
         }
     }
-    return !form_.lstStages.takesKeys && DrivesTheCamera(*key);
+    // A list takes letters for the beginning of an item's name, and would open that stage.
+    return !form_.lstStages.takesKeys &&
+           (DrivesTheCamera(*key) || (form_[Menu::mnuDebugBG].checked && Edits(*key)));
 }
 
 void KeyTracker::ReleaseAll() {

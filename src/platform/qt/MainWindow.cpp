@@ -153,9 +153,9 @@ void MainWindow::ShowBars() {
 // A bar adds its height to the window, so that the inner area keeps its size.
 void MainWindow::ShowBar(QScrollBar& widget, const ScrollBar& bar) {
     if (widget.isHidden() == bar.Visible) {
-        const int added = bar.Visible ? widget.sizeHint().height() : -widget.height();
+        const int its = widget.sizeHint().height();
         widget.setVisible(bar.Visible);
-        resize(width(), height() + added);
+        resize(width(), height() + (bar.Visible ? its : -its));
     }
     if (bar.Visible && waiting_.empty()) {
         const QSignalBlocker quiet(&widget);  // what the program does is no move of the user's
@@ -369,7 +369,8 @@ void MainWindow::NoteResize() {
 }
 
 WindowPlace MainWindow::Place() const {
-    const QRect frame = frameGeometry();
+    // What covers it covers the screen.
+    const QRect frame = covered_ ? screen()->geometry() : frameGeometry();
     return {Units(frame.left()), Units(frame.top()), Units(frame.width()), Units(frame.height())};
 }
 
@@ -412,6 +413,7 @@ void MainWindow::resizeEvent(QResizeEvent* event) {
     QMainWindow::resizeEvent(event);
     resized_ = true;
 }
+
 void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
     if (event->mimeData()->hasUrls()) {
         event->acceptProposedAction();

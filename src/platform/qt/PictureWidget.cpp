@@ -89,7 +89,8 @@ void PictureWidget::mousePressEvent(QMouseEvent* event) {
 }
 
 void PictureWidget::mouseMoveEvent(QMouseEvent* event) {
-    Tell(Mouse::Move, *event);
+    // The button may have been let go over a box, which keeps that to itself.
+    Tell(event->buttons().testFlag(Qt::LeftButton) ? Mouse::Move : Mouse::Up, *event);
 }
 
 void PictureWidget::mouseReleaseEvent(QMouseEvent* event) {
