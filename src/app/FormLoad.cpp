@@ -50,7 +50,7 @@ void frmStage::Form_Load() {
     }
     ReadCounterFrequency(times_, machine_.clock);
     loop_.FpsLimit = 60;
-    music_.SetWindow(static_cast<Long>(machine_.window.PictureHandle()));
+    music_.SetWindow(static_cast<Long>(machine_.window.Handle()));
     form_[Menu::mnuFPS].caption = "FPS Limiter (" + NumberText(loop_.FpsLimit) + " fps)";
     machine_.process.ChangeToProgramFolder();
     static_cast<void>(Guarded([&] {

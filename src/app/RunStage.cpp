@@ -139,10 +139,19 @@ void frmStage::StartLoop() {
     }
     viewSurface_.Create(kViewWidth, kViewHeight);
     EnableStageOptions();
+    SilenceStageBefore();
     if (form_[Menu::mnuMusic].checked && !model_.MusicFile.empty()) {
         music_.Play();
     }
     EnableLoadingMenus(form_, true);
+}
+
+// Plain, the player keeps the file of the last stage that had one, and checking Music plays it.
+// Addition: nothing of another stage is heard in one without music.
+void frmStage::SilenceStageBefore() {
+    if (options_.Additions && model_.MusicFile.empty() && !music_.FileName().empty()) {
+        music_.SetFileName({});
+    }
 }
 
 void frmStage::EnableStageOptions() {

@@ -9,7 +9,8 @@ void frmStage::UnloadStuff() {
     loop_.StageRunning = 0;
     editor_.Clear();
     ShowEditing();
-    if (!model_.MusicFile.empty()) {
+    // Addition: whatever plays, it ends with the stage that it was heard in.
+    if (!model_.MusicFile.empty() || options_.Additions) {
         music_.StopPlaying();
     }
     ReleaseTestChar(testChar_);

@@ -220,6 +220,7 @@ private:
     void RunPass();
     void PollPauseKey();
     void AbandonStage();
+    void SilenceStageBefore();
     void EnableStageOptions();
     void OpenDropped();
     void LeaveStage();

@@ -54,7 +54,7 @@ public:
     Form form;
 
 private:
-    GStreamerMedia media_;  // the first: its thread keeps the priority that it begins with
+    GStreamerMedia media_;  // the first: it ends last, when the window is gone already
     PosixFiles files_;
     PosixProcess process_;
     SteadyClock clock_;

@@ -168,10 +168,10 @@ bool clsMusic::AtEnd() {
     return duration && position && *duration == *position;
 }
 
-// A file that is still being opened answers neither, and its zeros must not start music that the
-// user has switched off.
+// Only what runs: music that the user has switched off stays off, also when that was done at its
+// very end.
 void RestartAtEnd(clsMusic& music) {
-    if (music.AtEnd()) {
+    if (music.State() == kStateRunning && music.AtEnd()) {
         music.SetPosition(0);
         music.Play();
     }

@@ -87,8 +87,8 @@ private:
     bool hasVideo_ = false;
 };
 
-// What the loop does once a second while a stage with music is shown: at its end the file begins
-// again. There is no fade and no loop point.
+// What the loop does once a second while a stage with music is shown: a file that runs begins again
+// at its end. There is no fade and no loop point.
 void RestartAtEnd(clsMusic& music);
 
 }  // namespace scenara

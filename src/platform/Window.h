@@ -61,6 +61,9 @@ public:
     // stage's, from the upper left corner; until hscSGFX is gone.
     virtual void ShowPicture(Long width, Long height, std::span<const std::uint32_t> pixels) = 0;
 
+    // The main window itself.
+    [[nodiscard]] virtual WindowHandle Handle() const = 0;
+
     // The control that shows the picture (picDraw), for the device that draws into it.
     [[nodiscard]] virtual WindowHandle PictureHandle() const = 0;
 

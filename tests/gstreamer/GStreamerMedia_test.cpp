@@ -3,13 +3,16 @@
 // The machine and its graphs, apart from formats: orders ahead of time, loudness, the end.
 #include "platform/gstreamer/GStreamerMedia.h"
 
+#include <atomic>
 #include <cmath>
+#include <future>
 #include <limits>
 #include <memory>
 #include <optional>
 #include <string>
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 #include "gstreamer/Eventually.h"
 #include "gstreamer/Listener.h"
@@ -215,6 +218,129 @@ TEST_F(Media, WithoutASinkNothingPlays) {
     const std::unique_ptr<MediaGraph> graph = media.FilgraphManager();
     graph->RenderFile(files_.Wav("a.wav"));
     EXPECT_TRUE(Eventually([&] { return !graph->GetState(); }));
+}
+
+// ---------------------------------------------------------------------------------------------
+// A busy machine, a slow one, one that hangs
+// ---------------------------------------------------------------------------------------------
+
+// The program lowers its own priority when a stage opens, long after the machine was started.
+TEST_F(Media, SoundKeepsThePriorityOfBeforeTheProgramYielded) {
+    constexpr int kLowest = 19;
+    const int before = getpriority(PRIO_PROCESS, 0);
+    if (before == kLowest) {
+        GTEST_SKIP() << "it cannot be lowered";
+    }
+    ASSERT_EQ(setpriority(PRIO_PROCESS, 0, kLowest), 0);
+    const std::unique_ptr<MediaGraph> graph = OpenGraphOf(files_.Wav("a.wav"));
+    graph->Run();
+    ASSERT_TRUE(Eventually([this] { return listener_.Blocks() > 0; }));
+    EXPECT_EQ(listener_.Niceness(), before);
+}
+
+TEST_F(Media, WhatIsAskedBeforeTheFileIsOpenFailsAndOrdersHold) {
+    std::promise<void> open;
+    GStreamerMedia media([opened = open.get_future().share(), make = listener_.Maker()] {
+        opened.wait();
+        return make();
+    });
+    media.Start();
+    const std::unique_ptr<MediaGraph> graph = media.FilgraphManager();
+    EXPECT_TRUE(graph->RenderFile(files_.Wav("a.wav")));
+    EXPECT_TRUE(graph->PutRate(0.5));
+    EXPECT_TRUE(graph->PutBalance(-10000));
+    EXPECT_TRUE(graph->Run());
+    EXPECT_EQ(graph->GetState(), FilterState::Running);
+    EXPECT_EQ(graph->Duration(), std::nullopt);
+    EXPECT_EQ(graph->CurrentPosition(), std::nullopt);
+    EXPECT_EQ(graph->Volume(), std::nullopt);
+    open.set_value();
+    EXPECT_TRUE(Sounds(1, 0));
+    EXPECT_EQ(listener_.Rate(), 0.5);
+    EXPECT_EQ(graph->Rate(), 0.5);
+}
+
+TEST_F(Media, AMachineThatHangsIsLeftBehind) {
+    std::promise<void> release;
+    const auto hangs = std::make_shared<std::atomic<bool>>(false);
+    std::unique_ptr<MediaGraph> graph;
+    {
+        GStreamerMedia media([released = release.get_future().share(), hangs]() -> GstElement* {
+            *hangs = true;
+            released.wait();
+            return nullptr;
+        });
+        media.Start();
+        graph = media.FilgraphManager();
+        graph->RenderFile(files_.Wav("a.wav"));
+        ASSERT_TRUE(Eventually([&hangs] { return hangs->load(); }));
+    }
+    EXPECT_GT(hangs.use_count(), 1);  // it is still there, and ends when it can
+    release.set_value();
+    EXPECT_TRUE(Eventually([&hangs] { return hangs.use_count() == 1; }));
+}
+
+// ---------------------------------------------------------------------------------------------
+// What cannot be sought
+// ---------------------------------------------------------------------------------------------
+
+class Unseekable : public Media {
+protected:
+    Unseekable() {
+        unseekable_.Start();
+        graph_ = unseekable_.FilgraphManager();
+        graph_->RenderFile(files_.Wav("a.wav"));
+        EXPECT_TRUE(Eventually([this] { return graph_->Volume().has_value(); }));
+    }
+
+    bool Ends() {
+        return Eventually([this] { return AtEnd(*graph_); });
+    }
+
+    GStreamerMedia unseekable_{listener_.MakerOfUnseekable()};
+    std::unique_ptr<MediaGraph> graph_;
+};
+
+TEST_F(Unseekable, PutToItsBeginningItPlaysFromThereEachTime) {
+    for (int time = 1; time <= 3; ++time) {
+        EXPECT_TRUE(graph_->PutCurrentPosition(0));
+        EXPECT_TRUE(graph_->Run());
+        EXPECT_TRUE(Ends());
+        EXPECT_NEAR(listener_.Heard(), time * kToneLength, 0.01);
+    }
+}
+
+TEST_F(Unseekable, BegunAnewItKeepsVolumeAndBalance) {
+    graph_->PutVolume(-2000);
+    graph_->Run();
+    ASSERT_TRUE(Ends());
+    graph_->PutBalance(-10000);
+    graph_->PutCurrentPosition(0);
+    EXPECT_TRUE(Sounds(0.1, 0));
+}
+
+TEST_F(Unseekable, PutElsewhereItPlaysOn) {
+    graph_->Run();
+    ASSERT_TRUE(Eventually([this] { return listener_.Blocks() > 0; }));
+    EXPECT_TRUE(graph_->PutCurrentPosition(0.5));
+    EXPECT_TRUE(Ends());
+    EXPECT_NEAR(listener_.Heard(), kToneLength, 0.01);
+}
+
+TEST_F(Unseekable, PutElsewhereAtItsEndItStaysThere) {
+    graph_->Run();
+    ASSERT_TRUE(Ends());
+    EXPECT_TRUE(graph_->PutCurrentPosition(0.5));
+    EXPECT_TRUE(Ends());
+    EXPECT_EQ(graph_->GetState(), FilterState::Running);
+}
+
+TEST_F(Unseekable, KeepsItsSpeedAndSaysSo) {
+    EXPECT_TRUE(graph_->PutRate(2));
+    EXPECT_TRUE(Eventually([this] { return graph_->Rate() == 1; }));
+    graph_->Run();
+    EXPECT_TRUE(Ends());
+    EXPECT_NEAR(listener_.Heard(), kToneLength, 0.01);
 }
 
 // On whatever sink this machine has, and not heard.

@@ -9,6 +9,9 @@
 #include <cstring>
 #include <string_view>
 
+#include <sys/resource.h>
+#include <unistd.h>
+
 namespace scenara::test {
 namespace {
 
@@ -45,6 +48,31 @@ SinkMaker Listener::Maker() {
     return [this] { return Make(); };
 }
 
+SinkMaker Listener::MakerOfUnseekable() {
+    return [this]() -> GstElement* {
+        GstElement* const bin = gst_bin_new(nullptr);
+        GstElement* const entry = gst_element_factory_make("identity", nullptr);
+        GstElement* const sink = Make();
+        gst_bin_add_many(GST_BIN(bin), entry, sink, nullptr);
+        gst_element_link(entry, sink);
+        GstPad* const towardsSink = gst_element_get_static_pad(entry, "src");
+        gst_pad_set_event_function(towardsSink, RefuseSeek);
+        gst_object_unref(towardsSink);
+        GstPad* const outer = gst_element_get_static_pad(entry, "sink");
+        gst_element_add_pad(bin, gst_ghost_pad_new("sink", outer));
+        gst_object_unref(outer);
+        return bin;
+    };
+}
+
+gboolean Listener::RefuseSeek(GstPad* pad, GstObject* parent, GstEvent* event) {
+    if (GST_EVENT_TYPE(event) == GST_EVENT_SEEK) {
+        gst_event_unref(event);
+        return FALSE;
+    }
+    return gst_pad_event_default(pad, parent, event);
+}
+
 GstElement* Listener::Make() {
     GstElement* const sink = MakeSilentSink();
     g_object_set(sink, "signal-handoffs", gboolean{TRUE}, nullptr);
@@ -79,6 +107,7 @@ void Listener::Measure(GstBuffer* block, GstPad* pad) {
     }
     gst_caps_unref(caps);
     const double rate = RateAt(pad);
+    const int niceness = getpriority(PRIO_PROCESS, static_cast<id_t>(gettid()));
 
     const std::scoped_lock lock(mutex_);
     ++blocks_;
@@ -86,6 +115,7 @@ void Listener::Measure(GstBuffer* block, GstPad* pad) {
     left_ = loudest[0];
     right_ = loudest[1];
     rate_ = rate;
+    niceness_ = niceness;
 }
 
 int Listener::Blocks() {
@@ -111,6 +141,11 @@ double Listener::Right() {
 double Listener::Rate() {
     const std::scoped_lock lock(mutex_);
     return rate_;
+}
+
+int Listener::Niceness() {
+    const std::scoped_lock lock(mutex_);
+    return niceness_;
 }
 
 }  // namespace scenara::test

@@ -15,6 +15,8 @@ namespace scenara::test {
 class Listener {
 public:
     [[nodiscard]] SinkMaker Maker();
+    // Of sinks that refuse to be sent anywhere else in the file, and other speeds.
+    [[nodiscard]] SinkMaker MakerOfUnseekable();
 
     // Blocks of sound that were played, ever.
     [[nodiscard]] int Blocks();
@@ -25,9 +27,12 @@ public:
     [[nodiscard]] double Right();
     // How fast it was to be played.
     [[nodiscard]] double Rate();
+    // Of the thread that played the last block, as the system counts it: more is less.
+    [[nodiscard]] int Niceness();
 
 private:
     GstElement* Make();
+    static gboolean RefuseSeek(GstPad* pad, GstObject* parent, GstEvent* event);
     static void OnBlock(GstElement* sink, GstBuffer* block, GstPad* pad, gpointer self);
     void Measure(GstBuffer* block, GstPad* pad);
 
@@ -37,6 +42,7 @@ private:
     double left_ = 0;
     double right_ = 0;
     double rate_ = 0;
+    int niceness_ = 0;
 };
 
 }  // namespace scenara::test

@@ -35,7 +35,7 @@ float ToneAt(double seconds) {
 
 samplemaker::WavSound Tone() {
     samplemaker::WavSound tone{.framesPerSecond = kFramesPerSecond, .channels = 2, .samples = {}};
-    const int frames = std::lround(kToneLength * kFramesPerSecond);
+    const int frames = static_cast<int>(std::lround(kToneLength * kFramesPerSecond));
     for (int frame = 0; frame < frames; ++frame) {
         const float level = ToneAt(static_cast<double>(frame) / kFramesPerSecond);
         tone.samples.insert(tone.samples.end(), {level, level});

@@ -344,6 +344,18 @@ TEST_F(Music, AStoppedFileIsNotRestartedBeforeItsEnd) {
     EXPECT_EQ(music.State(), 0);
 }
 
+TEST_F(Music, AFileThatIsStoppedAtItsEndStaysOff) {
+    clsMusic& music = Loaded();
+    music.Play();
+    Seconds(2);
+    music.StopPlaying();
+    ASSERT_TRUE(music.AtEnd());
+    media_.ForgetCalls();
+    RestartAtEnd(music);
+    EXPECT_THAT(media_.Calls(), IsEmpty());
+    EXPECT_EQ(music.State(), 0);
+}
+
 TEST_F(Music, AFileThatWasNeverPlayedIsNotStarted) {
     clsMusic& music = Loaded();
     Seconds(9);

@@ -73,6 +73,11 @@ TEST(HeadlessWindow, StandsWhereItIsMovedTo) {
     EXPECT_EQ(window.Place().height, 7200);
 }
 
+TEST(HeadlessWindow, IsInFrontAtFirstAndNotItsPicture) {
+    EXPECT_EQ(HeadlessWindow().Handle(), HeadlessWindow().Foreground());
+    EXPECT_NE(HeadlessWindow().Handle(), HeadlessWindow().PictureHandle());
+}
+
 TEST(HeadlessWindow, HasAPictureControl) {
     EXPECT_NE(HeadlessWindow().PictureHandle(), 0U);
 }

@@ -66,7 +66,10 @@ bool GStreamerGraph::RenderFile(const std::string& file) {
 }
 
 bool GStreamerGraph::GoTo(FilterState state) {
-    return Order([this, state] { entry_->orders.state = state; });
+    return Order([this, state] {
+        entry_->orders.state = state;
+        entry_->orders.moved |= state == FilterState::Running;
+    });
 }
 
 std::optional<FilterState> GStreamerGraph::GetState() {
@@ -108,9 +111,10 @@ bool GStreamerGraph::PutCurrentPosition(double seconds) {
         report.position = atEnd ? *report.duration : seconds;
         orders.standAtEnd = atEnd;
         orders.position.reset();
-        // What is being opened begins at 0 anyway.
-        if (!atEnd && (seconds > 0 || report.phase == GraphPhase::Open)) {
+        // It begins at 0 anyway, also when it is of a kind that cannot be put anywhere.
+        if (!atEnd && (seconds > 0 || orders.moved)) {
             orders.position = seconds;
+            orders.moved = true;
         }
     });
 }

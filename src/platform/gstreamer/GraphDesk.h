@@ -29,6 +29,7 @@ struct GraphOrders {
     Long volume = 0;
     Long balance = 0;
     std::optional<double> position;  // to go to; the worker takes it
+    bool moved = false;              // it was run, or put elsewhere: it may not be at 0 any more
     bool standAtEnd = false;         // it was put to its end: silent until it is put elsewhere
     bool closing = false;            // the graph is gone
 };

@@ -83,7 +83,6 @@ void RunMediaWorker(const std::shared_ptr<GraphDesk>& desk, const SinkMaker& mak
     } catch (...) {
         // Out of memory, or of threads: there is no music any more.
     }
-    // Under the mutex to the last, so that nobody has gone on and taken the desk away.
     const std::scoped_lock lock(desk->mutex);
     desk->finished = true;
     desk->left.notify_all();

@@ -33,15 +33,15 @@ std::optional<std::uint64_t> PlayableSize(const std::string& path) {
 
 PlayedFile::PlayedFile(GraphDesk& desk, std::shared_ptr<GraphEntry> entry,
                        const SinkMaker& makeSink)
-    : desk_(desk), entry_(std::move(entry)) {
-    Begin(makeSink);
+    : desk_(desk), entry_(std::move(entry)), makeSink_(makeSink) {
+    Begin();
 }
 
-void PlayedFile::Begin(const SinkMaker& makeSink) {
+void PlayedFile::Begin() {
     const std::string path = ResolvePath(entry_->file);
     const std::optional<std::uint64_t> size = PlayableSize(path);
     if (size) {
-        pipeline_ = std::make_unique<Pipeline>(makeSink, [&desk = desk_] { desk.Wake(); });
+        pipeline_ = std::make_unique<Pipeline>(makeSink_, [&desk = desk_] { desk.Wake(); });
     }
     if (!pipeline_ || !pipeline_->Open(path, *size)) {
         Fail();
@@ -101,6 +101,7 @@ void PlayedFile::Read(const PipelineNews& news) {
     }
     if (open_ && news.ended) {
         settleBy_.reset();
+        heardOut_ = true;
         ReportEnd();
     }
     if (open_ && news.durationChanged && !lengthIsExact_) {
@@ -119,7 +120,9 @@ void PlayedFile::ReportOpen() {
         GraphOrders& orders = entry_->orders;
         GraphReport& report = entry_->report;
         report.phase = GraphPhase::Open;
-        report.duration = duration;
+        if (!lengthIsExact_) {
+            report.duration = duration;
+        }
         if (orders.position && duration && *orders.position >= *duration) {
             orders.position.reset();
             orders.standAtEnd = true;
@@ -188,7 +191,7 @@ void PlayedFile::Follow(const GraphOrders& orders, Time now) {
     }
     FollowPlace(orders, now);
     const bool play = orders.state == FilterState::Running && !orders.standAtEnd;
-    if (pipeline_ && play != playing_) {
+    if (pipeline_ && open_ && play != playing_) {
         playing_ = play;
         if (!pipeline_->SetPlaying(play)) {
             Fail();
@@ -201,7 +204,8 @@ void PlayedFile::FollowPlace(const GraphOrders& orders, Time now) {
     if (IsUnderWay()) {
         return;
     }
-    if (!target_ && orders.rate != rate_ && !atEnd_) {
+    const bool isPut = target_.has_value();
+    if (!isPut && orders.rate != rate_ && !atEnd_) {
         target_ = pipeline_->Position();
     }
     if (!target_) {
@@ -209,10 +213,62 @@ void PlayedFile::FollowPlace(const GraphOrders& orders, Time now) {
     }
     const double target = *target_;
     target_.reset();
-    rate_ = orders.rate;
     settleBy_ = now + kSettleTime;
-    if (!pipeline_->Seek(target, rate_)) {
-        Fail();
+    if (SeekTo(target, orders.rate)) {
+        return;
+    }
+    if (orders.rate != rate_) {
+        TakeBackRate(orders.rate);
+        if (SeekTo(target, rate_)) {
+            return;
+        }
+    }
+    settleBy_.reset();
+    if (isPut && target <= 0) {
+        BeginAnew();
+    } else if (isPut) {
+        StayInPlace();
+    }
+}
+
+bool PlayedFile::SeekTo(double target, double rate) {
+    if (!pipeline_->Seek(target, rate)) {
+        return false;
+    }
+    rate_ = rate;
+    heardOut_ = false;
+    return true;
+}
+
+// The program is told the speed that it has.
+void PlayedFile::TakeBackRate(double refused) {
+    const std::scoped_lock lock(desk_.mutex);
+    if (entry_->orders.rate == refused) {
+        entry_->orders.rate = rate_;
+    }
+}
+
+void PlayedFile::BeginAnew() {
+    pipeline_.reset();
+    open_ = false;
+    heardOut_ = false;
+    playing_ = false;
+    rate_ = 1;
+    volume_ = 0;
+    balance_ = 0;
+    Begin();
+}
+
+// The program thinks that it is elsewhere.
+void PlayedFile::StayInPlace() {
+    if (heardOut_) {
+        ReportEnd();
+        return;
+    }
+    const std::optional<double> place = pipeline_->Position();
+    const std::scoped_lock lock(desk_.mutex);
+    if (place && !entry_->orders.position) {
+        entry_->report.position = *place;
     }
 }
 

@@ -5,6 +5,9 @@
 //
 // Stopped and paused are the same to the pipeline: both keep the place. A file that has not opened,
 // or not gone where it was put, within five seconds has failed. What has failed stays so.
+//
+// A file that cannot be sought plays on where it is, at the speed that it has; only its beginning
+// can be had, by opening it anew.
 #pragma once
 
 #include <chrono>
@@ -22,6 +25,7 @@ class PlayedFile {
 public:
     using Time = std::chrono::steady_clock::time_point;
 
+    // `makeSink` outlives it.
     PlayedFile(GraphDesk& desk, std::shared_ptr<GraphEntry> entry, const SinkMaker& makeSink);
 
     // Whether the program still has the graph, and there is something to play.
@@ -32,7 +36,7 @@ public:
 
 private:
     [[nodiscard]] GraphOrders TakeOrders();
-    void Begin(const SinkMaker& makeSink);
+    void Begin();
     void Read(const PipelineNews& news);
     void ReportOpen();
     void ReportEnd();
@@ -41,16 +45,24 @@ private:
 
     void Follow(const GraphOrders& orders, Time now);
     void FollowPlace(const GraphOrders& orders, Time now);
+    bool SeekTo(double target, double rate);
+    void TakeBackRate(double refused);
+    void BeginAnew();
+    void StayInPlace();
     [[nodiscard]] bool IsUnderWay() const { return settleBy_.has_value(); }
 
     GraphDesk& desk_;
     std::shared_ptr<GraphEntry> entry_;
+    const SinkMaker& makeSink_;
     std::unique_ptr<Pipeline> pipeline_;  // none: failed
 
     // While the file opens or a seek is under way: until when that may take.
     std::optional<Time> settleBy_;
     bool open_ = false;
-    bool lengthIsExact_ = false;  // it has been played to its end
+    // It has been played to its end: its length is settled, at what was heard of it or at what the
+    // file says where that is more.
+    bool lengthIsExact_ = false;
+    bool heardOut_ = false;  // the pipeline stands at its end
 
     // What the pipeline is.
     bool playing_ = false;

@@ -56,6 +56,7 @@ public:
     void SetCaption(const std::string& caption) override;
     void DoEvents() override;
     [[nodiscard]] WindowPlace Place() const override { return place_; }
+    [[nodiscard]] WindowHandle Handle() const override { return kHandle; }
     [[nodiscard]] WindowHandle PictureHandle() const override { return kPictureHandle; }
     void ShowPicture(Long width, Long height, std::span<const std::uint32_t> pixels) override {
         picture_ = {width, height, {pixels.begin(), pixels.end()}};

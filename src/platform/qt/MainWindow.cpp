@@ -389,6 +389,11 @@ ScreenSize MainWindow::Screen() const {
     return {Units(size.width()), Units(size.height())};
 }
 
+// As Foreground tells it: of several bases the widget's address counts.
+WindowHandle MainWindow::Handle() const {
+    return reinterpret_cast<WindowHandle>(static_cast<const QWidget*>(this));
+}
+
 WindowHandle MainWindow::PictureHandle() const {
     return reinterpret_cast<WindowHandle>(picture_);
 }

@@ -58,6 +58,7 @@ public:
     void ShowPicture(Long width, Long height, std::span<const std::uint32_t> pixels) override;
     [[nodiscard]] WindowPlace Place() const override;
     [[nodiscard]] ScreenSize Screen() const override;
+    [[nodiscard]] WindowHandle Handle() const override;
     [[nodiscard]] WindowHandle PictureHandle() const override;
     [[nodiscard]] WindowHandle Foreground() const override;
     [[nodiscard]] bool EndRequested() const override { return endRequested_; }
