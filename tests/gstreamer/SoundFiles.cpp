@@ -35,8 +35,8 @@ float ToneAt(double seconds) {
 
 samplemaker::WavSound Tone() {
     samplemaker::WavSound tone{.framesPerSecond = kFramesPerSecond, .channels = 2, .samples = {}};
-    const int frames = std::lround(kToneLength * kFramesPerSecond);
-    for (int frame = 0; frame < frames; ++frame) {
+    const long frames = std::lround(kToneLength * kFramesPerSecond);
+    for (long frame = 0; frame < frames; ++frame) {
         const float level = ToneAt(static_cast<double>(frame) / kFramesPerSecond);
         tone.samples.insert(tone.samples.end(), {level, level});
     }
