@@ -285,8 +285,9 @@ TEST(ManyFiles, NothingIsKeptOfThem) {
 
     // The library keeps a few idle threads for a while.
     constexpr std::ptrdiff_t kIdle = 16;
-    // The sanitizer holds back up to 256 MB of what has been freed.
-    constexpr std::int64_t kMemory = std::int64_t{kSanitized ? 512 : 64} << 10;
+    // Each thread that loads the instruments of MIDI may leave some 10 MB in the allocator's hands,
+    // once; the sanitizer holds back up to 256 MB of what has been freed. Kept files would be more.
+    constexpr std::int64_t kMemory = std::int64_t{kSanitized ? 512 : 192} << 10;
     EXPECT_TRUE(Eventually([&] { return CountOf("/proc/self/task") <= threads + kIdle; }));
     EXPECT_TRUE(Eventually([&] { return CountOf("/proc/self/fd") <= descriptors + kIdle; }));
     EXPECT_LT(Memory(), memory + kMemory);

@@ -63,6 +63,10 @@ std::unique_ptr<MediaGraph> GStreamerMedia::FilgraphManager() {
 // the name.
 #if defined(__has_feature)
 #if __has_feature(address_sanitizer)
+extern "C" const char* __lsan_default_options();   // NOLINT(bugprone-reserved-identifier)
+extern "C" const char* __lsan_default_options() {  // NOLINT(bugprone-reserved-identifier)
+    return "print_suppressions=0";
+}
 extern "C" const char* __lsan_default_suppressions();   // NOLINT(bugprone-reserved-identifier)
 extern "C" const char* __lsan_default_suppressions() {  // NOLINT(bugprone-reserved-identifier)
     return "leak:libglib-2.0\n";
