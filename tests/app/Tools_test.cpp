@@ -12,6 +12,8 @@
 #include <gtest/gtest.h>
 
 #include "app/RunningStage.h"
+#include "samplemaker/PcxWriter.h"
+#include "samplemaker/Sff1Writer.h"
 
 namespace scenara::test {
 namespace {
@@ -354,6 +356,32 @@ TEST_F(BrowserTools, ShowTheSpritesOneByOneWhileTheStageStandsStill) {
                    },
                    Wait, [&](RunningStage& running) { EXPECT_GT(running.sink.shown, shown); }});
     EXPECT_THAT(stage.MessageTexts(), IsEmpty());
+}
+
+// An archive of one sprite of this size.
+std::string ArchiveOf(int width, int height) {
+    samplemaker::IndexedPicture picture;
+    picture.width = width;
+    picture.height = height;
+    picture.pixels.assign(static_cast<std::size_t>(width) * static_cast<std::size_t>(height), 1);
+    std::vector<samplemaker::Sff1Subfile> subfiles(1);
+    subfiles[0].data = WritePcx(picture);
+    const std::vector<std::byte> bytes = WriteSff1(subfiles);
+    return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
+}
+
+TEST_F(BrowserTools, CutASpriteThatIsLargerThanTheScreen) {
+    stage.files.Put("/mugen/stages/a.sff", ArchiveOf(1100, 800));
+    WhileAIsShown({[](RunningStage& running) {
+                       // A title bar, a menu and borders: 10 across, 50 up and down.
+                       running.window.MoveTo({0, 0, (320 + 10) * 15, (240 + 50) * 15});
+                   },
+                   kBrowse, Wait,
+                   [this](RunningStage& running) {
+                       EXPECT_EQ(running.window.OwnPicture().width, 1024 - 10);
+                       EXPECT_EQ(running.window.OwnPicture().height, 768 - 50);
+                       ExpectSize(1024 - 10, 768 - 50);
+                   }});
 }
 
 TEST_F(BrowserTools, KeepTheListsRoom) {

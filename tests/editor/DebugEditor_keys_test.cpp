@@ -359,19 +359,6 @@ TEST_F(KeyGate, IsTakenToTheEndOfTheClock) {
 
 // --- presses from before ---
 
-// Remembers one press until it is asked for, as real keyboards do.
-class OnePress : public Keyboard {
-public:
-    Integer GetAsyncKeyState(VirtualKey key) override {
-        if (key != pressed) {
-            return 0;
-        }
-        pressed = VirtualKey::Escape;
-        return 1;
-    }
-    VirtualKey pressed = VirtualKey::Escape;
-};
-
 class OldPresses : public EditingKeys {
 protected:
     // A pass a second later.
@@ -380,7 +367,7 @@ protected:
         editor.AtEndOfPass();
     }
 
-    OnePress keyboard;
+    HeadlessKeyboard keyboard;
     DebugEditor editor{
         {stage.model, stage.camera, stage.flags, stage.view, keyboard, stage.clock, stage.debugBG},
         {[](const std::string&) {}, [this] { ++stage.dumps; }}};
@@ -388,12 +375,12 @@ protected:
 
 TEST_F(OldPresses, FromBeforeTheSelectionDeleteNothing) {
     Pass();
-    keyboard.pressed = VirtualKey::Delete;
+    keyboard.Tap(VirtualKey::Delete);
     Pass();
     editor.MouseDown({5, 5});
     Pass();
     EXPECT_EQ(stage.Names(), "sky hill wall floor");
-    keyboard.pressed = VirtualKey::Delete;
+    keyboard.Tap(VirtualKey::Delete);
     Pass();
     EXPECT_EQ(stage.Names(), "sky hill wall");
 }
@@ -401,12 +388,12 @@ TEST_F(OldPresses, FromBeforeTheSelectionDeleteNothing) {
 TEST_F(OldPresses, FromBeforeDebugBGWasCheckedDumpNothing) {
     stage.debugBG.checked = false;
     Pass();
-    keyboard.pressed = VirtualKey::D;
+    keyboard.Tap(VirtualKey::D);
     Pass();
     stage.debugBG.checked = true;
     Pass();
     EXPECT_EQ(stage.dumps, 0);
-    keyboard.pressed = VirtualKey::D;
+    keyboard.Tap(VirtualKey::D);
     Pass();
     EXPECT_EQ(stage.dumps, 1);
 }
@@ -414,11 +401,11 @@ TEST_F(OldPresses, FromBeforeDebugBGWasCheckedDumpNothing) {
 TEST_F(OldPresses, FromWhilePausedDeleteNothing) {
     editor.MouseDown({5, 5});
     Pass();
-    keyboard.pressed = VirtualKey::Delete;
+    keyboard.Tap(VirtualKey::Delete);
     editor.ForgetPresses();  // the stage goes on
     Pass();
     EXPECT_EQ(stage.Names(), "sky hill wall floor");
-    keyboard.pressed = VirtualKey::Delete;
+    keyboard.Tap(VirtualKey::Delete);
     Pass();
     EXPECT_EQ(stage.Names(), "sky hill wall");
 }
@@ -433,13 +420,13 @@ TEST_F(OldPresses, InTheFullScreenDoNothingThereAndAfterwards) {
         covered.AtEndOfPass();
     };
     covered.Select(3);
-    keyboard.pressed = VirtualKey::Delete;
+    keyboard.Tap(VirtualKey::Delete);
     pass();
     fullScreen = 0;
     pass();
     EXPECT_EQ(stage.Names(), "sky hill wall floor");
     EXPECT_EQ(covered.SelectedIndex(), 3);
-    keyboard.pressed = VirtualKey::Delete;
+    keyboard.Tap(VirtualKey::Delete);
     pass();
     EXPECT_EQ(stage.Names(), "sky hill wall");
 }
@@ -448,7 +435,7 @@ TEST_F(OldPresses, WhileTheGateIsClosedCount) {
     editor.MouseDown({5, 5});
     Pass();
     stage.camera.lastKeyTick = stage.clock.now;
-    keyboard.pressed = VirtualKey::Delete;
+    keyboard.Tap(VirtualKey::Delete);
     editor.AtEndOfPass();
     EXPECT_EQ(stage.Names(), "sky hill wall floor");
     Pass();
