@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdint>
+#include <fstream>
 #include <functional>
 #include <span>
 #include <string>
@@ -63,6 +64,9 @@ private:
 
 void Run(benchmark::State& state, Integer limit, std::size_t frames) {
     const TemporaryFolder folder;
+    const std::string mugen = std::string(SCENARA_BUNDLED_STAGES) + "/";
+    // Without settings the program would ask for the engine folder.
+    std::ofstream(folder.Path() + "QX.CFG") << "MugeDir = " << mugen << "\r\nBGMusic = False\r\n";
     TimedSink sink;
     DesktopMachine machine(folder.Path(), &sink);
     sink.shownBy = &machine.Desktop().Picture();
@@ -72,8 +76,7 @@ void Run(benchmark::State& state, Integer limit, std::size_t frames) {
     program.Form_Load();
     program.SetFpsLimit(limit);
     machine.Desktop().Show();
-    program.MugeDir = std::string(SCENARA_BUNDLED_STAGES) + "/";
-    program.CurrentStageFile = program.MugeDir + "stages/" + kStage;
+    program.CurrentStageFile = mugen + "stages/" + kStage;
     sink.full = [&] { program.QuitRequested = kTrue; };
     for (auto _ : state) {
         program.RunStage();
