@@ -4,9 +4,11 @@
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <stdexcept>
+#include <system_error>
 #include <thread>
 
 #include <fcntl.h>
@@ -106,6 +108,18 @@ void Child::TakePriorityBack() const {
     if (pid_ > 0) {
         static_cast<void>(::setpriority(PRIO_PROCESS, static_cast<id_t>(pid_), 0));
     }
+}
+
+bool Child::HasOpen(const std::string& pathEnd) const {
+    std::error_code error;
+    const std::string folder = "/proc/" + std::to_string(pid_) + "/fd";
+    for (const auto& entry : std::filesystem::directory_iterator(folder, error)) {
+        const std::string path = std::filesystem::read_symlink(entry.path(), error).string();
+        if (path.ends_with(pathEnd)) {
+            return true;
+        }
+    }
+    return false;
 }
 
 std::optional<int> Child::ExitStatus() {

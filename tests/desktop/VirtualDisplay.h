@@ -30,6 +30,9 @@ public:
     // other work it would hardly ever run.
     void TakePriorityBack() const;
 
+    // Whether it has a file open whose path ends so.
+    [[nodiscard]] bool HasOpen(const std::string& pathEnd) const;
+
     // Its exit status once it has ended; waits up to half a minute.
     [[nodiscard]] std::optional<int> ExitStatus();
 
