@@ -26,6 +26,10 @@ std::size_t SkipDigits(std::string_view text, std::size_t at) {
     return at;
 }
 
+std::string_view WithoutBlanksBefore(std::string_view text) {
+    return text.substr(std::min(text.find_first_not_of(" \t"), text.size()));
+}
+
 NumberSpan FindNumber(std::string_view text) {
     std::size_t at = 0;
     if (at < text.size() && (text[at] == '+' || text[at] == '-')) {
@@ -104,14 +108,17 @@ std::string ShortestText(Number value) {
 }  // namespace
 
 double LeadingNumber(std::string_view text) {
-    const std::size_t start = std::min(text.find_first_not_of(" \t"), text.size());
-    const std::string_view number = FindNumber(text.substr(start)).number;
+    const std::string_view number = FindNumber(WithoutBlanksBefore(text)).number;
     if (number.empty()) {
         return 0.0;
     }
     double value = 0.0;
     const auto result = std::from_chars(number.data(), number.data() + number.size(), value);
     return result.ec == std::errc::result_out_of_range ? OutOfRange(number) : value;
+}
+
+bool BeginsWithNumber(std::string_view text) {
+    return !FindNumber(WithoutBlanksBefore(text)).number.empty();
 }
 
 bool IsNumeric(std::string_view text) {

@@ -20,6 +20,9 @@ namespace scenara {
 // The number at the start of `text`, 0 when there is none.
 [[nodiscard]] double LeadingNumber(std::string_view text);
 
+// Whether there is one, 0 or other.
+[[nodiscard]] bool BeginsWithNumber(std::string_view text);
+
 // Whether the whole text, but for blanks around it, is one number.
 [[nodiscard]] bool IsNumeric(std::string_view text);
 

@@ -12,6 +12,7 @@
 namespace scenara {
 namespace {
 
+constexpr Integer kNoGroup = -1;
 constexpr std::size_t kMaxFrames = std::numeric_limits<Integer>::max();
 
 // The text up to the next comma; `rest` goes on behind it.
@@ -58,7 +59,8 @@ bool CharacterAnimationReader::ReadLine(std::string_view untrimmed, std::int64_t
 void CharacterAnimationReader::BeginAction(std::size_t at) {
     constexpr std::string_view kWords = "begin action";
     const std::string_view behind = line_.Text().substr(at + kWords.size());
-    const double number = LeadingNumber(TrimBlanks(behind.substr(0, behind.find(']'))));
+    const std::string_view text = TrimBlanks(behind.substr(0, behind.find(']')));
+    const double number = LeadingNumber(text);
     const auto* const kept = std::find_if(kKeptActions.begin(), kKeptActions.end(),
                                           [&](Long action) { return action == number; });
     action_ = nullptr;
@@ -66,12 +68,14 @@ void CharacterAnimationReader::BeginAction(std::size_t at) {
         return;
     }
     const auto slot = static_cast<std::size_t>(kept - kKeptActions.begin());
-    if (begun_.at(slot) && options_.Additions) {
-        return;
+    if (options_.Additions) {
+        // A header without a number, which reads as 0, must not take the place of the real one.
+        if (begun_.at(slot) || !BeginsWithNumber(text)) {
+            return;
+        }
+        begun_.at(slot) = true;
     }
-    begun_.at(slot) = true;
     action_ = &actions_.at(slot);
-    *action_ = CharAction();
     action_->actionNo = *kept;
 }
 
@@ -95,6 +99,9 @@ void CharacterAnimationReader::ReadFrame() {
     std::string_view rest = line_.WithoutComment();
     CharFrame frame;
     frame.group = Field(NextField(rest), "group");
+    if (IsNegativeGroup(line_.WithoutComment())) {
+        frame.group = std::min(frame.group, kNoGroup);  // -0.4 is below 0, too
+    }
     frame.image = Field(NextField(rest), "image");
     frame.offsetX = Field(NextField(rest), "x");
     frame.offsetY = Field(NextField(rest), "y");

@@ -11,8 +11,10 @@
 // passed over. A number that its field cannot hold is reported and stays 0.
 //
 // A line that begins with "-" and a digit, a frame of no group, makes the whole file unusable.
-// Addition: it is a frame that shows nothing for its time. Addition: the first block of a number
-// counts, not the last one.
+// Addition: it is a frame that shows nothing for its time.
+//
+// The blocks of one number follow upon another, as if they were one. Addition: only the first
+// counts, and "[Begin Action x]", which has no number and reads as 0, is none of them.
 #pragma once
 
 #include <array>
@@ -43,7 +45,7 @@ private:
     CharacterMessages& messages_;
     const ViewOptions& options_;
     std::array<CharAction, kKeptActions.size()> actions_;
-    std::array<bool, kKeptActions.size()> begun_{};
+    std::array<bool, kKeptActions.size()> begun_{};  // with additions
     CharAction* action_ = nullptr;  // the block that is read; none: one that is not kept
     CharacterLine line_;
     std::int64_t number_ = 0;

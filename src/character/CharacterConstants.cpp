@@ -43,10 +43,12 @@ CharacterConstants ReadCharacterConstants(InputFile& file, CharacterMessages& me
             if (!line.Before(key.name)) {
                 continue;
             }
-            try {
-                constants.*key.field = ToSingle(LeadingNumber(line.Value()));
-            } catch (const RunTimeError&) {
-                messages.SayOverflow(key.name, lines.Number());
+            if (BeginsWithNumber(line.Value())) {
+                try {
+                    constants.*key.field = ToSingle(LeadingNumber(line.Value()));
+                } catch (const RunTimeError&) {
+                    messages.SayOverflow(key.name, lines.Number());
+                }
             }
             if (key.name == kLastKey) {
                 return constants;

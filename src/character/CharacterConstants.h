@@ -7,7 +7,8 @@
 //   yscale = .8
 //   walk.fwd = 2.4   pixels a frame; 1 when not given. The reading ends behind it.
 //
-// A number that its field cannot hold is reported and leaves the field as it was.
+// A number that its field cannot hold is reported and leaves the field as it was. A value that
+// begins with no number is none: a scale of 0 would be a character that nobody sees.
 #pragma once
 
 #include "base/Integers.h"

@@ -2,6 +2,7 @@
 #include "character/CharacterSprites.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
 #include <limits>
 #include <map>
@@ -15,6 +16,10 @@
 namespace scenara {
 namespace {
 
+// A walk through the headers of an absurd archive takes seconds; an ordinary one has a few
+// thousand.
+constexpr std::size_t kHeadersBetweenEvents = 16384;
+
 constexpr std::size_t kMaxSprites = std::numeric_limits<Integer>::max();
 
 using Pair = std::pair<Integer, Integer>;  // group and image
@@ -25,6 +30,14 @@ struct Subfile {
     std::uint32_t position = 0;
     std::uint32_t paletteFrom = 0;  // the subfile whose palette is in force for it
 };
+
+// Whether the subfile at `position` is a picture that brings a palette: one of 24 bits has pixels
+// where that would be.
+bool HasPalette(InputFile& archive, std::uint32_t position) {
+    std::array<std::byte, kPcxHeaderSize> bytes{};
+    return archive.ReadAt(std::uint64_t{position} + kSubfileHeaderSize, bytes) == bytes.size() &&
+           ReadPcxHeader(bytes).Is256Colors();
+}
 
 // Group and image of every frame that is to show something, each once, sorted.
 std::vector<Pair> WantedPictures(const TestCharacter& character) {
@@ -76,14 +89,12 @@ public:
                     continue;
                 }
                 if (!found->second.tried) {
-                    if (context_.progress.endRequested && context_.progress.endRequested()) {
+                    if (IsEnding()) {
                         return;
                     }
                     found->second.tried = true;
                     found->second.sprite = AddSprite(found->first, found->second.subfile);
-                    if (context_.progress.doEvents) {
-                        context_.progress.doEvents();
-                    }
+                    DoEvents();
                 }
                 frame.texture = found->second.sprite;
             }
@@ -97,10 +108,25 @@ private:
         Integer sprite = -1;
     };
 
+    [[nodiscard]] bool IsEnding() const {
+        return context_.progress.endRequested && context_.progress.endRequested();
+    }
+    void DoEvents() const {
+        if (context_.progress.doEvents) {
+            context_.progress.doEvents();
+        }
+    }
+
     void Walk() {
         const std::vector<Pair> wanted = WantedPictures(character_);
         std::optional<std::uint32_t> inForce;
         while (chain_.Next()) {
+            if (subfiles_.size() % kHeadersBetweenEvents == kHeadersBetweenEvents - 1) {
+                DoEvents();
+                if (IsEnding()) {
+                    return;
+                }
+            }
             const SubfileHeader& header = chain_.Header();
             const auto index = static_cast<std::uint32_t>(subfiles_.size());
             if (!header.IsLinked() && (!header.samePalette || !inForce)) {
@@ -124,26 +150,59 @@ private:
     }
 
     void ChooseColors() {
-        const bool whole =
-            !subfiles_.empty() && ReadSubfilePalette(archive_, subfiles_.front().header,
-                                                     subfiles_.front().position, shared_);
         if (act_) {
             shared_ = *act_;
-        } else if (!whole && !subfiles_.empty()) {
-            SayArchiveError("The palette of its first image is not whole, the rest is black..");
+        } else if (!subfiles_.empty()) {
+            sharedIsWhole_ = PaletteOf(subfiles_.front(), shared_);
         }
         character_.ColorKey = ColorKeyOf(shared_);
+    }
+
+    bool PaletteOf(const Subfile& subfile, PaletteBytes& palette) {
+        return ReadSubfilePalette(archive_, subfile.header, subfile.position, palette);
     }
 
     PaletteBytes ColorsOf(const Subfile& subfile) {
         PaletteBytes own{};
         if (context_.options.Additions && !act_) {
-            const Subfile& from = subfiles_[subfile.paletteFrom];
-            if (ReadSubfilePalette(archive_, from.header, from.position, own)) {
+            if (const std::optional<std::uint32_t> from = Lender(subfile.paletteFrom)) {
+                static_cast<void>(PaletteOf(subfiles_[*from], own));
                 return own;
             }
         }
+        if (!std::exchange(sharedIsWhole_, true)) {
+            SayArchiveError("The palette of its first image is not whole, the rest is black..");
+        }
         return shared_;
+    }
+
+    // The subfile whose palette is in force where that of `from` should be: `from`, or, where it
+    // has none or not all of it, the next one before. What was found is kept, so that the whole
+    // archive is looked through at most once.
+    std::optional<std::uint32_t> Lender(std::uint32_t from) {
+        std::vector<std::uint32_t> passed;
+        std::optional<std::uint32_t> lender;
+        for (;;) {
+            if (const auto known = lenders_.find(from); known != lenders_.end()) {
+                lender = known->second;
+                break;
+            }
+            passed.push_back(from);
+            PaletteBytes palette{};
+            const Subfile& subfile = subfiles_[from];
+            if (HasPalette(archive_, subfile.position) && PaletteOf(subfile, palette)) {
+                lender = from;
+                break;
+            }
+            if (from == 0) {
+                break;
+            }
+            from = subfiles_[from - 1].paletteFrom;
+        }
+        for (const std::uint32_t index : passed) {
+            lenders_[index] = lender;
+        }
+        return lender;
     }
 
     // Follows links to the subfile that has the picture. A link goes back, so there is an end.
@@ -213,6 +272,8 @@ private:
     SubfileChain chain_;
     SubfilePictures pictures_;
     PaletteBytes shared_{};
+    bool sharedIsWhole_ = true;  // or that it is not has been said
+    std::map<std::uint32_t, std::optional<std::uint32_t>> lenders_;
     std::vector<Subfile> subfiles_;
     std::map<Pair, Place> places_;  // of the wanted pictures that the archive has
     std::map<std::size_t, std::shared_ptr<Direct3DTexture8>> textures_;  // by subfile; none: failed

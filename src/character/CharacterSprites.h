@@ -9,7 +9,7 @@
 //
 // Colours: all pictures in those of the archive's first subfile. Addition: in those of the .act
 // file, where there is one; else each in the palette that is in force for it, its own or, for one
-// that shares, that of the one before it.
+// that shares or has none that is whole, that of the one before it.
 //
 // A picture that is damaged is said and left out; frames without a picture show nothing.
 #pragma once
@@ -42,7 +42,7 @@ struct CharacterSpritesContext {
 };
 
 // Fills Sprites, ColorKey and the textures of all frames. `name` is the archive's name for
-// messages. Raises RunTimeError for a file that is no version 1 archive or has no header.
+// messages. Raises RunTimeError for an archive of version 2 and for a file without a header.
 void LoadCharacterSprites(TestCharacter& character, InputFile& archive, const std::string& name,
                           const std::optional<PaletteBytes>& act,
                           const CharacterSpritesContext& context);

@@ -39,11 +39,15 @@ public:
         } catch (const std::length_error&) {
             reason = TextOf(RunTimeErrorKind::OutOfMemory);
         }
-        messages_.MsgBox(kMessageCharacterFailed, "Unable to load " + path_ + " - " + reason + ".");
+        messages_.MsgBox(kMessageCharacterFailed, Unable(reason));
         return false;
     }
 
 private:
+    [[nodiscard]] std::string Unable(const std::string& reason) const {
+        return "Unable to load " + path_ + " - " + reason + ".";
+    }
+
     [[nodiscard]] bool ReadDefinition() {
         if (!context_.files.FileExists(path_)) {
             // Folder and extension come twice where the path is a whole file name, and stay so.
@@ -57,14 +61,19 @@ private:
         return true;
     }
 
-    // Not having any is no failure.
+    // Not having any, or none that can be read, is no failure.
     [[nodiscard]] bool ReadConstants() {
-        if (const std::unique_ptr<InputFile> file = Open(definition_.cns, ".cns")) {
-            const CharacterConstants constants = ReadCharacterConstants(*file, messages_);
-            character_.XScale = constants.xScale;
-            character_.YScale = constants.yScale;
-            character_.WalkSpeed = constants.walkSpeed;
+        CharacterConstants constants;
+        try {
+            if (const std::unique_ptr<InputFile> file = Open(definition_.cns, ".cns")) {
+                constants = ReadCharacterConstants(*file, messages_);
+            }
+        } catch (const RunTimeError& error) {
+            messages_.MsgBox(kMessageCharacterPart, Unable(error.what()));
         }
+        character_.XScale = constants.xScale;
+        character_.YScale = constants.yScale;
+        character_.WalkSpeed = constants.walkSpeed;
         return true;
     }
 
@@ -103,8 +112,7 @@ private:
         if (!character_.ActionIn(kWalking).frames.empty()) {
             return true;
         }
-        messages_.MsgBox(kMessageNoWalking,
-                         "Unable to load " + path_ + " - character has no walking frames.");
+        messages_.MsgBox(kMessageNoWalking, Unable("character has no walking frames"));
         return false;
     }
 
@@ -116,8 +124,7 @@ private:
         if (!base.empty() && context_.files.FileExists(folder_ + name)) {
             return context_.files.OpenForReading(folder_ + name);
         }
-        messages_.MsgBox(kMessageCharacterPart,
-                         "Unable to load " + path_ + " - " + name + " could not be found.");
+        messages_.MsgBox(kMessageCharacterPart, Unable(name + " could not be found"));
         return nullptr;
     }
 

@@ -12,6 +12,8 @@ namespace {
 
 constexpr double kViewCentre = 160;
 constexpr double kHalfView = 160;
+// The sums of the character's steps and the camera's are equal but for their last bits.
+constexpr double kHair = 1.0 / 256;
 
 bool IsDown(Keyboard& keyboard, VirtualKey key) {
     return keyboard.GetAsyncKeyState(key) != 0;
@@ -92,7 +94,8 @@ void PlacePicture(const TestCharState& state, TestCharacter& character, const Ch
     character.DrawHeight = static_cast<Integer>(sprite.texture->Height());
 }
 
-void Move(const TestCharState& state, const StageModel& model, TestCharacter& character) {
+// False: it could not go there, or does not go at all.
+bool Move(const TestCharState& state, const StageModel& model, TestCharacter& character) {
     const double step = static_cast<double>(state.CharZoom) *
                         static_cast<double>(character.WalkSpeed) * character.Facing;
     const double next = static_cast<double>(character.X) + step;
@@ -103,18 +106,17 @@ void Move(const TestCharState& state, const StageModel& model, TestCharacter& ch
     if (inside) {
         character.X = static_cast<Single>(next);
     }
+    return inside && step != 0;
 }
 
-// The character is compared with the middle of the view as it is drawn in this frame.
+// Of a character that moved. It is compared with the middle of the view as it is drawn in this
+// frame.
 CameraFollow FollowOf(const TestCharacter& character, double viewX) {
-    if (!character.Walking) {
-        return CameraFollow::Stand;
-    }
     const bool right = (character.Facing == kFacingRight) == (character.WalkSpeed >= 0);
     if (right) {
-        return viewX >= kViewCentre ? CameraFollow::Right : CameraFollow::Stand;
+        return viewX >= kViewCentre - kHair ? CameraFollow::Right : CameraFollow::Stand;
     }
-    return viewX <= kViewCentre ? CameraFollow::Left : CameraFollow::Stand;
+    return viewX <= kViewCentre + kHair ? CameraFollow::Left : CameraFollow::Stand;
 }
 
 CameraFollow UpdateOne(TestCharState& state, TestCharacter& character, const StageModel& model,
@@ -143,13 +145,10 @@ CameraFollow UpdateOne(TestCharState& state, TestCharacter& character, const Sta
     }
     state.FrameFlipped = false;
     const double viewX = static_cast<double>(character.X) + static_cast<double>(camera.x);
-    const CameraFollow follow = FollowOf(character, viewX);
-    if (character.Walking) {
-        Move(state, model, character);
-    }
+    const bool moved = character.Walking && Move(state, model, character);
     state.LastAction = character.Action;
     state.LastFacing = character.Facing;
-    return follow;
+    return moved ? FollowOf(character, viewX) : CameraFollow::Stand;
 }
 
 }  // namespace

@@ -134,18 +134,35 @@ TEST_F(CharacterAnimationTest, WithAdditionsANegativeGroupIsABlankFrame) {
     EXPECT_TRUE(Read("[Begin Action 20]\n20,0,0,0,1\n-1,0, 0,0, 5\nLoopstart\n-2,-1, 1,1, 6, H\n"));
     EXPECT_THAT(Frames(kWalking), ElementsAre("20,0,0,0,1", "-1,0,0,0,5", "-2,-1,1,1,6H"));
     EXPECT_EQ(Action(kWalking).LoopStart, 2);
+    EXPECT_TRUE(Read("[Begin Action 20]\n-0.4,7, 0,0, 5\n"));
+    EXPECT_THAT(Frames(kWalking), ElementsAre("-1,7,0,0,5")) << "and not sprite 0,7";
 }
 
-TEST_F(CharacterAnimationTest, OfARepeatedActionTheLastBlockCountsOrWithAdditionsTheFirst) {
+TEST_F(CharacterAnimationTest, ARepeatedActionGoesOnOrWithAdditionsItsFirstBlockCounts) {
     constexpr const char* kTwice =
         "[Begin Action 20]\n1,0,0,0,1\nLoopstart\n1,1,0,0,1\n[Begin Action 0]\n0,0,0,0,1\n"
         "[Begin Action 020]\n2,0,0,0,1\n";
     EXPECT_TRUE(Read(kTwice, false));
-    EXPECT_THAT(Frames(kWalking), ElementsAre("2,0,0,0,1"));
-    EXPECT_EQ(Action(kWalking).LoopStart, 0);
+    EXPECT_THAT(Frames(kWalking), ElementsAre("1,0,0,0,1", "1,1,0,0,1", "2,0,0,0,1"));
+    EXPECT_EQ(Action(kWalking).LoopStart, 1);
     EXPECT_TRUE(Read(kTwice, true));
     EXPECT_THAT(Frames(kWalking), ElementsAre("1,0,0,0,1", "1,1,0,0,1"));
     EXPECT_EQ(Action(kWalking).LoopStart, 1);
+}
+
+TEST_F(CharacterAnimationTest, ALoopInALaterBlockCountsFromTheFirstFrameOfAll) {
+    EXPECT_TRUE(
+        Read("[Begin Action 20]\n1,0,0,0,1\n[Begin Action 20]\n2,0,0,0,1\nLoopstart\n", false));
+    EXPECT_EQ(Action(kWalking).LoopStart, 2);
+}
+
+TEST_F(CharacterAnimationTest, AHeaderWithoutANumberIsActionZeroOnlyPlainly) {
+    constexpr const char* kNoNumber =
+        "[Begin Action ]\n7,0,0,0,1\n[Begin Action x]\n8,0,0,0,1\n[Begin Action 0]\n0,0,0,0,1\n";
+    EXPECT_TRUE(Read(kNoNumber, false));
+    EXPECT_THAT(Frames(kStanding), ElementsAre("7,0,0,0,1", "8,0,0,0,1", "0,0,0,0,1"));
+    EXPECT_TRUE(Read(kNoNumber, true));
+    EXPECT_THAT(Frames(kStanding), ElementsAre("0,0,0,0,1"));
 }
 
 TEST_F(CharacterAnimationTest, NumbersThatDoNotFitAreSaidAndZero) {

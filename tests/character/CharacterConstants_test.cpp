@@ -68,7 +68,13 @@ TEST_F(CharacterConstantsTest, ComeFromLinesThatAreNoComments) {
 }
 
 TEST_F(CharacterConstantsTest, AreTheNumberThatTheValueBeginsWith) {
-    Expect("[Size]\nxscale = 1.5abc\nyscale = abc\nwalk.fwd = 3, 7\n", 1.5F, 0, 3);
+    Expect("[Size]\nxscale = 1.5abc\nyscale = 0x\nwalk.fwd = 3, 7\n", 1.5F, 0, 3);
+}
+
+TEST_F(CharacterConstantsTest, AreOneWhereTheValueIsNoNumber) {
+    Expect("[Size]\nxscale =\nyscale = abc\nwalk.fwd\n", 1, 1, 1);
+    Expect("[Size]\nxscale = 2\nxscale = ; none\nwalk.fwd = -\nwalk.fwd = 4\n", 2, 1, 1);
+    EXPECT_THAT(said_, IsEmpty());
 }
 
 TEST_F(CharacterConstantsTest, TakeEveryLineEnd) {

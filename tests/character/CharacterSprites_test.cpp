@@ -82,6 +82,85 @@ TEST(CharacterSprites, WithAdditionsEachIsInThePaletteInForceForIt) {
     EXPECT_EQ(machine.Pixels(kWalking, 1), KeyedByIndex(HeroPicture(4)));
 }
 
+// Where 24 bits lie no palette can lie as well.
+TEST(CharacterSprites, APictureOf24BitsLendsNoPalette) {
+    CharacterMachine machine;
+    auto subfiles = HeroSubfiles();
+    TrueColourPicture picture;
+    picture.width = 20;
+    picture.height = 20;
+    picture.pixels.assign(400, {200, 100, 50});
+    subfiles[3].data = WritePcx(picture);
+    subfiles[4].samePalette = true;
+    machine.PutArchive(subfiles);
+    EXPECT_TRUE(machine.Load());
+    EXPECT_EQ(machine.Pixels(kWalking, 1), KeyedByIndex(HeroPicture(4), PaletteOf(3)));
+    EXPECT_THAT(machine.Texts(), ElementsAre("yo...")) << "what is always said of one";
+}
+
+// The whole archive of them is looked through once.
+TEST(CharacterSprites, PicturesThatAllLendNoneTakeNoTime) {
+    CharacterMachine machine;
+    TrueColourPicture picture;
+    picture.width = 1;
+    picture.height = 1;
+    picture.pixels.assign(1, {200, 100, 50});
+    std::vector<Sff1Subfile> subfiles;
+    std::string animation = "[Begin Action 20]\n";
+    constexpr int kSubfiles = 4000;
+    for (int i = 0; i < kSubfiles; ++i) {
+        subfiles.push_back(Shown(20, static_cast<std::int16_t>(i), WritePcx(picture)));
+        animation += "20," + std::to_string(i) + ",0,0,1\n";
+    }
+    machine.Put("hero.air", animation);
+    EXPECT_TRUE(machine.Load()) << "the animation";
+    const std::vector<std::byte> archive = WriteSff1(subfiles);
+    MemoryFile file(archive);
+    const ViewOptions options;
+    CharacterMessages messages(machine.messages);
+    const CharacterProgress progress;
+    TestCharacter character = machine.character;
+    LoadCharacterSprites(character, file, "many.sff", std::nullopt,
+                         {machine.device, messages, options, progress});
+    EXPECT_LT(file.Reads().size(), std::size_t{kSubfiles} * 8);
+}
+
+TEST(CharacterSprites, APaletteThatIsNotWholeGivesWayToTheOneBefore) {
+    CharacterMachine machine;
+    auto subfiles = HeroSubfiles();
+    subfiles[5].data.resize(subfiles[5].data.size() - 700);  // the last one of the file
+    machine.Put("hero.air", "[Begin Action 20]\n9,9,0,0,1\n");
+    machine.PutArchive(subfiles);
+    EXPECT_TRUE(machine.Load());
+    EXPECT_EQ(machine.Pixels(kWalking, 0), KeyedByIndex(HeroPicture(5), PaletteOf(5)));
+}
+
+TEST(CharacterSprites, AFirstPaletteThatNobodyNeedsIsNotMissed) {
+    CharacterMachine machine;
+    auto subfiles = HeroSubfiles();
+    subfiles.insert(subfiles.begin(), Linked(7, 7, 0));
+    machine.PutArchive(subfiles);
+    EXPECT_TRUE(machine.Load());
+    EXPECT_EQ(machine.Pixels(kWalking, 1), KeyedByIndex(HeroPicture(4)));
+    EXPECT_THAT(machine.Texts(), IsEmpty());
+}
+
+TEST(CharacterSprites, TheWalkThroughAHugeArchiveLetsMessagesThroughAndEndsWithTheProgram) {
+    CharacterMachine machine;
+    std::vector<Sff1Subfile> subfiles;
+    for (int i = 0; i < 40000; ++i) {
+        subfiles.push_back(Linked(1, static_cast<std::int16_t>(i % 30000), 0));
+    }
+    machine.PutArchive(subfiles);
+    EXPECT_TRUE(machine.Load());
+    EXPECT_EQ(machine.turns, 2);
+    machine.turns = 0;
+    machine.endAtTurn = 1;
+    EXPECT_TRUE(machine.Load());
+    EXPECT_EQ(machine.turns, 1);
+    EXPECT_THAT(machine.Texts(), IsEmpty());
+}
+
 TEST(CharacterSprites, AnActFileColoursAllOfThem) {
     CharacterMachine machine;
     machine.Put("hero.def", std::string("pal.defaults = 2\n") + kHeroFiles + "pal2 = red.act\n");

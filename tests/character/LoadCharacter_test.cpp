@@ -69,6 +69,7 @@ TEST(LoadCharacter, PlainANegativeGroupIsSaidWithTheName) {
     EXPECT_FALSE(machine.Load());
     EXPECT_THAT(machine.Texts(), ElementsAre("Unable to load \"The Hero\""));
     EXPECT_EQ(machine.messages.Recorded()[0].title, "Cohortia");
+    EXPECT_EQ(machine.messages.Recorded()[0].icon, MessageIcon::Exclamation);
     machine.view.Additions = true;
     EXPECT_TRUE(machine.Load());
 }
@@ -108,6 +109,57 @@ TEST(LoadCharacter, WithoutItsAnimationsOrItsArchiveItDoesNot) {
                     "Unable to load /mugen/chars/hero/hero.def - its .sff file could not be "
                     "found."));
     EXPECT_THAT(machine.messages.Recorded(), Each(testing::Field(&Message::title, "Cohortia")));
+    EXPECT_THAT(machine.messages.Recorded(),
+                Each(testing::Field(&Message::icon, MessageIcon::Exclamation)));
+}
+
+TEST(LoadCharacter, AFileThatBreaksOffIsSaidByName) {
+    for (const char* name : {"hero.def", "hero.air", "hero.sff"}) {
+        CharacterMachine machine;
+        machine.files.Break(std::string("/mugen/chars/hero/") + name);
+        EXPECT_FALSE(machine.Load());
+        EXPECT_THAT(machine.Texts(),
+                    ElementsAre(std::string("Unable to load /mugen/chars/hero/hero.def - Device "
+                                            "I/O error: /mugen/chars/hero/") +
+                                name + "."));
+        EXPECT_EQ(machine.messages.Recorded()[0].title, "Cohortia");
+        EXPECT_EQ(machine.messages.Recorded()[0].icon, MessageIcon::Exclamation);
+    }
+}
+
+TEST(LoadCharacter, ConstantsThatBreakOffAreSaidAndLeftOut) {
+    CharacterMachine machine;
+    machine.files.Break("/mugen/chars/hero/hero.cns");
+    EXPECT_TRUE(machine.Load());
+    EXPECT_EQ(machine.character.XScale, 1.0F);
+    EXPECT_EQ(machine.character.WalkSpeed, 1.0F);
+    EXPECT_THAT(machine.Texts(), ElementsAre("Unable to load /mugen/chars/hero/hero.def - Device "
+                                             "I/O error: /mugen/chars/hero/hero.cns."));
+    EXPECT_EQ(machine.messages.Recorded()[0].title, "Cohortia");
+}
+
+TEST(LoadCharacter, APaletteThatBreaksOffColoursNothing) {
+    CharacterMachine machine;
+    machine.Put("hero.def", std::string("pal.defaults = 2\n") + kHeroFiles + "pal2 = red.act\n");
+    machine.Put("red.act", std::string(768, 'x'));
+    EXPECT_TRUE(machine.Load());
+    const Words coloured = machine.Pixels(kWalking, 1);
+    machine.files.Break("/mugen/chars/hero/red.act");
+    EXPECT_TRUE(machine.Load());
+    EXPECT_NE(machine.Pixels(kWalking, 1), coloured);
+    EXPECT_THAT(machine.Texts(), IsEmpty());
+}
+
+// The palette that the definition names counts for nothing then, file or not.
+TEST(LoadCharacter, WithoutDefaultPaletteTheArchivesFirstColoursHold) {
+    CharacterMachine machine;
+    machine.view.Additions = false;
+    machine.Put("hero.def", std::string(kHeroFiles) + "pal1 = red.act\n");
+    machine.Put("red.act", std::string(768, 'x'));
+    EXPECT_TRUE(machine.Load());
+    EXPECT_EQ(machine.Pixels(kWalking, 1),
+              KeyedByIndex(StripedPicture(8, 6, PaletteOf(5)), PaletteOf(1)));
+    EXPECT_EQ(machine.character.ColorKey, 0xFF0100);
 }
 
 TEST(LoadCharacter, FilesMayLieInOtherFoldersUnderAnyCase) {

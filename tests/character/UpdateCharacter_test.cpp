@@ -218,6 +218,25 @@ TEST_F(UpdateCharacterTest, LettingOneOfTwoKeysGoStandsForAFrame) {
     EXPECT_EQ(Hero().X, 86.0F);
 }
 
+TEST_F(UpdateCharacterTest, LettingLeftGoStandsForAFrameToo) {
+    Hero().HasTurn = false;
+    static_cast<void>(Update(kBoth));
+    static_cast<void>(Update(kRight));
+    EXPECT_EQ(Hero().Action, kStanding);
+    EXPECT_EQ(Hero().X, 88.0F);
+    EXPECT_FALSE(state_.LeftHeld);
+    static_cast<void>(Update(kRight));
+    EXPECT_EQ(Hero().Action, kWalking);
+    EXPECT_EQ(Hero().X, 90.0F);
+}
+
+TEST_F(UpdateCharacterTest, EachChangeOfDirectionIsTurnedOnceAndNoMore) {
+    EXPECT_THAT(Shown(8, kLeft), ElementsAre(10, 10, 11, 11, 11, 11, 20, 21));
+    EXPECT_THAT(Shown(2, kLeft), ElementsAre(21, 22)) << "it walks on";
+    EXPECT_THAT(Shown(8, kRight), ElementsAre(10, 10, 11, 11, 11, 11, 20, 21)) << "and back";
+    EXPECT_EQ(Hero().Facing, kFacingRight);
+}
+
 // Answers once more for a key that was pressed and let go, as a real one does.
 class RememberingKeyboard : public Keyboard {
 public:
@@ -337,6 +356,20 @@ TEST_F(UpdateCharacterTest, OffsetsAndScale) {
     EXPECT_EQ(Hero().DrawY, 100.0F);  // 200 - (40 + 10) * 2
 }
 
+TEST_F(UpdateCharacterTest, ZoomScalesPictureOffsetAndStep) {
+    EXPECT_EQ(state_.CharZoom, 1.0F) << "by placing";
+    state_.CharZoom = 2;
+    Slot(kStanding).frames[0].offsetX = 4;
+    Slot(kStanding).frames[0].offsetY = -10;
+    static_cast<void>(Update());
+    EXPECT_EQ(Hero().DrawX, 82.0F);   // 90 - (8 - 4) * 2
+    EXPECT_EQ(Hero().DrawY, 100.0F);  // 200 - (40 + 10) * 2
+    static_cast<void>(Update(kRight));
+    EXPECT_EQ(Hero().X, 94.0F);
+    Place();
+    EXPECT_EQ(state_.CharZoom, 1.0F);
+}
+
 TEST_F(UpdateCharacterTest, TheCamerasHeightIsTakenOff) {
     camera_ = {-50, -30};
     static_cast<void>(Update());
@@ -420,6 +453,19 @@ TEST_F(UpdateCharacterTest, TheCameraGoesAlongFromTheMiddleOn) {
     EXPECT_EQ(Update(kLeft), CameraFollow::Stand);
     EXPECT_EQ(Update(kLeft), CameraFollow::Left);
     EXPECT_EQ(Update(kLeft), CameraFollow::Left);
+}
+
+TEST_F(UpdateCharacterTest, TheCameraStandsWhereTheCharacterCannotGo) {
+    Hero().HasTurn = false;
+    Hero().WalkSpeed = 0;
+    Hero().X = 170;
+    EXPECT_EQ(Update(kRight), CameraFollow::Stand) << "it walks on the spot";
+    static_cast<void>(Update());
+    Hero().WalkSpeed = 2;
+    model_.ScreenRight = 250;  // the end is left of the middle of the last view
+    Hero().X = 169;            // 9 to the right, 100 + 160 - 250 = 10 are allowed
+    EXPECT_EQ(Update(kRight), CameraFollow::Stand);
+    EXPECT_EQ(Hero().X, 169.0F);
 }
 
 TEST_F(UpdateCharacterTest, TheMiddleIsThatOfTheViewAsItIsDrawn) {

@@ -32,6 +32,21 @@ private:
     const bool& full_;
 };
 
+// A disk with a bad sector.
+class BrokenFile : public InputFile {
+public:
+    BrokenFile(std::string path, std::uint64_t size) : path_(std::move(path)), size_(size) {}
+
+    [[nodiscard]] std::uint64_t Size() const override { return size_; }
+    std::size_t ReadAt(std::uint64_t /*position*/, std::span<std::byte> /*into*/) override {
+        throw RunTimeError(RunTimeErrorKind::DeviceIo, path_);
+    }
+
+private:
+    std::string path_;
+    std::uint64_t size_;
+};
+
 }  // namespace
 
 MemoryFile::MemoryFile(std::span<const std::byte> bytes) : bytes_(AsText(bytes)) {}
@@ -67,6 +82,9 @@ std::unique_ptr<InputFile> MemoryFiles::OpenForReading(const std::string& path) 
     const auto found = files_.find(Key(path));
     if (found == files_.end()) {
         throw RunTimeError(RunTimeErrorKind::FileNotFound, path);
+    }
+    if (broken_.contains(Key(path))) {
+        return std::make_unique<BrokenFile>(path, found->second.size());
     }
     return std::make_unique<MemoryFile>(found->second);
 }

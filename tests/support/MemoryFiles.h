@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <map>
 #include <memory>
+#include <set>
 #include <span>
 #include <string>
 #include <string_view>
@@ -47,6 +48,9 @@ public:
     }
     [[nodiscard]] bool Has(const std::string& path) const { return files_.contains(Key(path)); }
 
+    // From now on the file is found and opened, and every read of it fails with "Device I/O error".
+    void Break(const std::string& path) { broken_.insert(Key(path)); }
+
     // From now on every write fails with "Disk full".
     void FillDisk() { full_ = true; }
 
@@ -71,6 +75,7 @@ private:
     std::map<std::string, std::string> files_;
     std::vector<std::string> written_;
     std::vector<std::string> asked_;
+    std::set<std::string> broken_;
     bool full_ = false;
 };
 
