@@ -24,7 +24,8 @@ struct CharacterPass {
 
 // Addition: moves the character, lets it lead the camera, and gives its picture for the frame that
 // is drawn next; none, and the camera back to the keys, while it is off or not loaded. Plain, a
-// character is never seen. While the pointer moves the camera the character does not.
+// character is never seen. While the pointer moves the camera the
+// character walks and does not lead it.
 //
 // The picture is valid until the next call. Allocates nothing.
 [[nodiscard]] Figure AdvanceCharacter(const CharacterPass& pass, const StageModel& model);

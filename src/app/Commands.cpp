@@ -5,6 +5,7 @@
 #include "app/MenuTree.h"
 #include "app/frmStage.h"
 #include "base/NumberText.h"
+#include "render/Motion.h"
 
 namespace scenara {
 namespace {
@@ -113,6 +114,7 @@ void frmStage::mnuMScroll_Click() {
             savedSteps_ = {camera_.HCamStep, camera_.VCamStep};
         }
     } else {
+        SettleCamera(model_, camera_);
         camera_.HCamStep = StepOrOne(savedSteps_.HCamStep);
         camera_.VCamStep = StepOrOne(savedSteps_.VCamStep);
         TakeCharacterSteps(CharacterPieces());

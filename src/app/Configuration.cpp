@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "app/ConfigurationLine.h"
+#include "app/MenuTree.h"
 #include "app/RecentFiles.h"
 #include "app/SettingsText.h"
 #include "app/modBrowseForFolder.h"
@@ -78,7 +79,7 @@ void ReadLine(ConfigurationLine& line, const Settings& settings, const LoadConfi
     line.Path("testchar", settings.TestChar);
     if (line.Path("charname", settings.CharName) && !settings.CharName.empty() &&
         !settings.TestChar.empty()) {
-        form[Menu::mnuChar].caption = "Use " + settings.CharName;
+        form[Menu::mnuChar].caption = CharacterCaption(settings.CharName);
     }
     ReadFlag(line, "bgmusic", form[Menu::mnuMusic]);
     ReadFlag(line, "info", form[Menu::mnuInfo]);

@@ -28,7 +28,7 @@ constexpr std::array<Designed, kMenuCount> kDesign = {{
     {Menu::mnuOptions, "&Options", MenuPlace::Bar},
     {Menu::mnuFS, "&Full Screen (ESC to exit)", MenuPlace::Options, kDisabled},
     {Menu::mnuMusic, "&Music", MenuPlace::Options, true, true},
-    {Menu::mnuChar, "&Use Test Char", MenuPlace::Options, kDisabled},
+    {Menu::mnuChar, kUseTestChar, MenuPlace::Options, kDisabled},
     {Menu::mnuChange, "&Change Char", MenuPlace::Options, kDisabled},
     {Menu::mnuFPS, "FPS &Limiter", MenuPlace::Options, true, true},
     {Menu::mnuInfo, "Show &Info", MenuPlace::Options},
@@ -57,6 +57,19 @@ void DesignMenus(Form& form) {
         item.checked = designed.checked;
         item.visible = designed.visible;
     }
+}
+
+std::string CharacterCaption(std::string_view name) {
+    std::string caption = "Use ";
+    for (const char c : name) {
+        if (c == '&') {
+            caption += "&&";
+        } else {
+            // A tab would begin the place of the shortcut.
+            caption += static_cast<unsigned char>(c) < ' ' ? ' ' : c;
+        }
+    }
+    return caption;
 }
 
 bool CanBeChosen(const Form& form, Menu item) {

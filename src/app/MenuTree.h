@@ -3,6 +3,9 @@
 // MenuTree: the menus as the window is designed, and which of them wait while a stage loads.
 #pragma once
 
+#include <string>
+#include <string_view>
+
 #include "platform/Form.h"
 
 namespace scenara {
@@ -13,6 +16,11 @@ void DesignMenus(Form& form);
 // The Options, Stage and Extras menus and the previous, next and random stage: off while a stage
 // loads.
 void EnableLoadingMenus(Form& form, bool enabled);
+
+// The test character's item, as long as none has been loaded.
+inline constexpr const char* kUseTestChar = "&Use Test Char";
+// And with one: "Use " and its name, in which every "&" is one that is shown.
+[[nodiscard]] std::string CharacterCaption(std::string_view name);
 
 // Whether a user can choose the item as the form stands.
 [[nodiscard]] bool CanBeChosen(const Form& form, Menu item);

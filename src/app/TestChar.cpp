@@ -8,6 +8,7 @@
 #include "base/Path.h"
 #include "character/LoadCharacter.h"
 #include "character/PlaceCharacter.h"
+#include "render/Motion.h"
 
 namespace scenara {
 namespace {
@@ -18,7 +19,7 @@ constexpr Single kStepOfNothing = 1;
 class LoadingCharacter {
 public:
     explicit LoadingCharacter(const TestCharContext& context)
-        : context_(context), loading_(context.loop.LoadingStage), caption_(context.form.Caption) {
+        : context_(context), loading_(context.loop.LoadingStage) {
         context_.loop.LoadingStage = 1;
         EnableLoadingMenus(context_.form, false);
     }
@@ -29,7 +30,19 @@ public:
         context_.loop.LoadingStage = loading_;
     }
 
-    void PutCaptionBack() const {
+private:
+    const TestCharContext& context_;
+    Byte loading_;
+};
+
+// The caption as it was, behind a load that says who is loading.
+class KeptCaption {
+public:
+    explicit KeptCaption(const TestCharContext& context)
+        : context_(context), caption_(context.form.Caption) {}
+    KeptCaption(const KeptCaption&) = delete;
+    KeptCaption& operator=(const KeptCaption&) = delete;
+    ~KeptCaption() {
         if (context_.progress.setCaption) {
             context_.progress.setCaption(caption_);
         }
@@ -37,9 +50,17 @@ public:
 
 private:
     const TestCharContext& context_;
-    Byte loading_;
     std::string caption_;
 };
+
+bool Load(const TestCharContext& context, TestCharacter& character) {
+    const KeptCaption caption(context);
+    // Handlers may run meanwhile and choose another one.
+    const std::string path = context.state.TestChar;
+    return LoadCharacter(path, character,
+                         {context.files, context.messages, context.engine.Device(), context.options,
+                          context.progress});
+}
 
 bool StageRuns(const TestCharContext& context) {
     return context.loop.StageRunning != 0;
@@ -47,6 +68,7 @@ bool StageRuns(const TestCharContext& context) {
 
 // The camera steps as the character walks. Sideways only: that is the way it walks.
 void TakeSteps(const TestCharContext& context) {
+    SettleCamera(context.model, context.camera);
     if (!context.state.StepsOverridden) {
         // Mouse scrolling has saved them already, and what the camera has now is the pointer's.
         if (context.flags.MouseScroll == 0) {
@@ -66,6 +88,7 @@ void GiveStepsBack(const TestCharContext& context) {
         return;
     }
     context.state.StepsOverridden = false;
+    SettleCamera(context.model, context.camera);
     const SavedSteps& saved = context.savedSteps;
     context.camera.HCamStep = saved.HCamStep == 0 ? kStepOfNothing : saved.HCamStep;
     context.camera.VCamStep = saved.VCamStep;
@@ -74,6 +97,12 @@ void GiveStepsBack(const TestCharContext& context) {
 void SetUse(const TestCharContext& context, bool use) {
     context.form[Menu::mnuChar].checked = use;
     context.state.UseChar = use;
+}
+
+// The name is of a character that is chosen no more; QX.CFG must not put the two together.
+void ForgetName(const TestCharContext& context) {
+    context.state.CharName.clear();
+    context.form[Menu::mnuChar].caption = kUseTestChar;
 }
 
 void TakeStepsIfLoaded(const TestCharContext& context) {
@@ -89,15 +118,11 @@ void LoadTestChar(const TestCharContext& context) {
     TestCharState& state = context.state;
     state.CharCount = 1;
     if (!state.CharLoaded) {
-        // Handlers may run meanwhile: neither the path nor the record is one that they can reach.
-        const std::string path = state.TestChar;
-        TestCharacter character;
-        state.CharLoaded = LoadCharacter(path, character,
-                                         {context.files, context.messages, context.engine.Device(),
-                                          context.options, context.progress});
-        loading.PutCaptionBack();
+        TestCharacter character;  // in no list that a handler could reach
+        state.CharLoaded = Load(context, character);
         if (!state.CharLoaded) {
             state.TestChar.clear();
+            ForgetName(context);
             GiveStepsBack(context);
             SetUse(context, false);
             return;
@@ -105,7 +130,7 @@ void LoadTestChar(const TestCharContext& context) {
         state.Characters.clear();
         state.Characters.push_back(std::move(character));
         state.CharName = state.Characters.front().DisplayName;
-        context.form[Menu::mnuChar].caption = "Use " + state.CharName;
+        context.form[Menu::mnuChar].caption = CharacterCaption(state.CharName);
     }
     PlaceCharacter(state, context.model);
 }
@@ -118,8 +143,9 @@ void StartTestChar(const TestCharContext& context) {
 }
 
 void mnuChange_Click(const TestCharContext& context, const ChooseCharContext& choose) {
+    const std::string folder = WithSeparator(choose.mugeDir) + "chars" + PathSeparator;
     const std::string chosen = choose.dialogs.OpenFile(
-        "Choose test character.", WithSeparator(choose.mugeDir) + "chars" + PathSeparator);
+        "Choose test character.", context.files.FolderExists(folder) ? folder : std::string());
     if (chosen.empty()) {
         return;
     }
@@ -128,6 +154,7 @@ void mnuChange_Click(const TestCharContext& context, const ChooseCharContext& ch
         return;
     }
     context.state.TestChar = chosen;
+    ForgetName(context);
     if (StageRuns(context)) {
         ReleaseTestChar(context.state);
         LoadTestChar(context);

@@ -41,7 +41,7 @@ inline constexpr MessageKind kMessageNotACharacter = "Not a Character";
 // What loading works with; all of it outlives the call.
 struct TestCharContext {
     TestCharState& state;
-    const StageModel& model;
+    StageModel& model;
     Camera& camera;
     SavedSteps& savedSteps;
     LoopState& loop;

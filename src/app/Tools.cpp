@@ -38,20 +38,24 @@ bool frmStage::StepsAreOverridden() const {
 }
 
 void frmStage::mnuChar_Click() {
+    const Byte paused = Paused;
     LoadMessages messages(machine_.messages, options_.Additions);
     scenara::mnuChar_Click(CharacterPieces(messages), CharacterChoice());
-    AfterCharacter();
+    AfterCharacter(paused);
 }
 
 void frmStage::mnuChange_Click() {
+    const Byte paused = Paused;
     LoadMessages messages(machine_.messages, options_.Additions);
     scenara::mnuChange_Click(CharacterPieces(messages), CharacterChoice());
-    AfterCharacter();
+    AfterCharacter(paused);
 }
 
-// While a character loads the window is in use: the stage may have been paused, and a file dropped.
-void frmStage::AfterCharacter() {
-    if (loop_.StageRunning != 0) {
+// While a character loads the window is in use: the stage may have been paused, keys tapped and a
+// file dropped. The caption is the one from before the load, which may be a sprite's.
+void frmStage::AfterCharacter(Byte pausedBefore) {
+    ForgetKeys();
+    if (Paused != pausedBefore && SpriteBrowserMode == 0) {
         ShowTitle();
     }
     OpenDropped();
@@ -120,6 +124,9 @@ void frmStage::hscHScroll_Change(Long value) {
 }
 
 void frmStage::mnuDebug_Click() {
+    if (loop_.LoadingStage != 0) {
+        return;  // a character loads, which has the caption and the messages
+    }
     if (SpriteBrowserMode != 0) {
         LeaveBrowser();
         ShowTitle();

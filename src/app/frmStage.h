@@ -232,7 +232,7 @@ private:
     [[nodiscard]] TestCharContext CharacterPieces(Messages& messages);
     [[nodiscard]] TestCharContext CharacterPieces() { return CharacterPieces(machine_.messages); }
     [[nodiscard]] ChooseCharContext CharacterChoice();
-    void AfterCharacter();
+    void AfterCharacter(Byte pausedBefore);
     [[nodiscard]] bool CanBeEdited() const;
     void ShowEditing();
     void LeaveBrowser();

@@ -56,4 +56,12 @@ void FollowCamera(const StageModel& model, const Camera& camera, BackgroundEleme
     }
 }
 
+void SettleCamera(StageModel& model, Camera& camera) {
+    for (BackgroundElement& element : model.Elements) {
+        FollowCamera(model, camera, element);
+    }
+    camera.previousX = model.CamX;
+    camera.previousY = model.CamY;
+}
+
 }  // namespace scenara
