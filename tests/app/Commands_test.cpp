@@ -254,7 +254,8 @@ TEST_F(Commands, AboutTellsNameVersionAndTwoLinesMore) {
 }
 
 TEST_F(Commands, DisabledItemsDoNothing) {
-    for (const Menu item : {Menu::mnuReset, Menu::mnuFS, Menu::mnuMScroll, Menu::mnuDeform}) {
+    for (const Menu item : {Menu::mnuReset, Menu::mnuFS, Menu::mnuMScroll, Menu::mnuDeform,
+                            Menu::mnuChar, Menu::mnuChange, Menu::mnuDebugBG}) {
         ASSERT_FALSE(stage.form[item].enabled);
         const bool checked = stage.form[item].checked;
         stage.Click(item);
@@ -264,7 +265,8 @@ TEST_F(Commands, DisabledItemsDoNothing) {
 
 TEST_F(Commands, AStageEnablesWhatItTakes) {
     WhileAIsShown({});
-    for (const Menu item : {Menu::mnuFS, Menu::mnuMScroll, Menu::mnuDeform}) {
+    for (const Menu item : {Menu::mnuFS, Menu::mnuMScroll, Menu::mnuDeform, Menu::mnuChar,
+                            Menu::mnuChange, Menu::mnuDebugBG}) {
         EXPECT_TRUE(stage.form[item].enabled);
     }
     EXPECT_FALSE(stage.form[Menu::mnuReset].enabled);

@@ -7,7 +7,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "app/RunningStage.h"
+#include "app/HeroStage.h"
 
 namespace scenara::test {
 namespace {
@@ -104,6 +104,45 @@ TEST(LoadingStage, SaysARepeatedProblemAsOftenAsTheUserWants) {
     EXPECT_THAT(texts(true, true, 1), SizeIs(2));
     EXPECT_THAT(texts(true, true, 2), SizeIs(4)) << "the next load says it again";
 }
+
+// Six pictures are wanted and none can be decoded: a box of the decoder's and one of the loader's
+// for each.
+void PutBrokenHero(RunningStage& stage) {
+    CharacterMachine hero;
+    auto subfiles = HeroSubfiles();
+    for (Sff1Subfile& subfile : subfiles) {
+        subfile.data = BrokenPcx();
+    }
+    hero.PutArchive(subfiles);
+    PutHero(stage, hero);
+}
+
+class LoadingACharacter : public testing::TestWithParam<Menu> {};
+
+TEST_P(LoadingACharacter, SaysARepeatedProblemAsOftenAsTheUserWants) {
+    const auto texts = [](bool additions, bool takes) {
+        RunningStage stage({}, additions);
+        stage.Load();
+        PutBrokenHero(stage);
+        stage.dialogs.Answer(kHero);
+        stage.messages.TakeOffers(takes);
+        stage.user = InTurn({[](RunningStage& running) { running.Click(GetParam()); }});
+        stage.program.Form_OLEDragDrop("/mugen/stages/a.def");
+        EXPECT_THAT(stage.messages.Recorded(), Each(testing::Field(&Message::title, "Cohortia")));
+        EXPECT_THAT(stage.messages.Recorded(),
+                    Each(testing::Field(&Message::icon, MessageIcon::Exclamation)));
+        return stage.MessageTexts();
+    };
+    const std::vector<std::string> plain = texts(false, true);
+    ASSERT_THAT(plain, SizeIs(10));
+    EXPECT_THAT(texts(true, false), SizeIs(10));
+    const std::vector<std::string> silenced = texts(true, true);
+    EXPECT_THAT(silenced, SizeIs(4)) << "two of each kind";
+    EXPECT_EQ(silenced, std::vector<std::string>(plain.begin(), plain.begin() + 4));
+}
+
+INSTANTIATE_TEST_SUITE_P(ByEitherItem, LoadingACharacter,
+                         testing::Values(Menu::mnuChar, Menu::mnuChange));
 
 }  // namespace
 }  // namespace scenara::test

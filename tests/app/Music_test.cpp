@@ -143,6 +143,14 @@ TEST_F(PlainStageMusic, IsNotBegunAgainWithoutADevice) {
     EXPECT_THAT(stage.media.Calls(), ElementsAre(kRenderA, "Run"));
 }
 
+TEST_F(StageMusic, IsNotBegunAgainInTheSpriteBrowserAndIsAfterwards) {
+    Calls browsing;
+    Show(kItemA, Frames(10) + std::vector<Act>{Click(Menu::mnuDebug)} + Frames(200) +
+                     std::vector<Act>{Note(browsing), Click(Menu::mnuDebug)} + Frames(3));
+    EXPECT_THAT(browsing, ElementsAre(kRenderA, "Run"));
+    EXPECT_THAT(stage.media.Calls(), ElementsAre(kRenderA, "Run", kToStart, "Run"));
+}
+
 TEST_F(StageMusic, SwitchedOffAtItsVeryEndItStaysOff) {
     Show(kItemA, Frames(105) + std::vector<Act>{Click(Menu::mnuMusic)} + Frames(130));
     EXPECT_THAT(stage.media.Calls(), ElementsAre(kRenderA, "Run", "Stop"));
@@ -158,6 +166,20 @@ TEST_F(StageMusic, IsStoppedByClose) {
 TEST_F(StageMusic, IsStoppedByExit) {
     Show(kItemA, {Click(Menu::mnuExit)});
     ASSERT_TRUE(stage.program.Ended());
+    EXPECT_THAT(stage.media.Calls(), ElementsAre(kRenderA, "Run", "Stop"));
+}
+
+TEST_F(StageMusic, IsStoppedByAStageThatCannotBeLoaded) {
+    Show(kItemA, {Wait, [](RunningStage& running) { running.Open("/mugen/stages/gone.def"); }});
+    ASSERT_EQ(stage.MessageTexts().size(), 1U);
+    EXPECT_EQ(stage.program.Loop().StageRunning, 0);
+    EXPECT_EQ(stage.program.Music().State(), 0);
+}
+
+TEST_F(StageMusic, IsStoppedByAnErrorInAPass) {
+    Show(kItemA, {Wait, [](RunningStage& running) { running.direct3D.Device()->Lose(); }});
+    ASSERT_EQ(stage.MessageTexts().size(), 1U);
+    EXPECT_EQ(stage.program.Music().State(), 0);
     EXPECT_THAT(stage.media.Calls(), ElementsAre(kRenderA, "Run", "Stop"));
 }
 

@@ -88,6 +88,7 @@ protected:
     void OnEvents() {
         menusWhileLoading_ = form_[Menu::mnuOptions].enabled || form_[Menu::mnuStage].enabled;
         loadingWhileLoading_ = loop_.LoadingStage;
+        goneWhileLoading_ = watched_.expired();
     }
     [[nodiscard]] const MenuItem& Item() const { return form_[Menu::mnuChar]; }
 
@@ -108,6 +109,8 @@ protected:
     bool isChar_ = true;
     std::vector<std::string> asked_;
     std::vector<std::string> captions_;
+    std::weak_ptr<Direct3DTexture8> watched_;
+    bool goneWhileLoading_ = false;
     std::optional<bool> menusWhileLoading_;
     Byte loadingWhileLoading_ = 0;
 };
@@ -144,6 +147,13 @@ TEST_F(TestCharTest, WithoutAnAnswerNothingChanges) {
     EXPECT_FALSE(Item().checked);
     EXPECT_EQ(camera_.HCamStep, 3.0F);
     EXPECT_THAT(disk_.Texts(), IsEmpty());
+}
+
+TEST_F(TestCharTest, NoneOfANameIsTakenForAnotherSignOfTheMenu) {
+    disk_.Put("hero.def", std::string("displayname = \"Tab\tand\x01 more\"\n") + kHeroFiles);
+    state_.TestChar = kHero;
+    Use();
+    EXPECT_EQ(Item().caption, "Use Tab and  more");
 }
 
 TEST_F(TestCharTest, AFileThatIsNoCharacterIsSaidAndNotTaken) {
@@ -251,11 +261,83 @@ TEST_F(TestCharTest, AFailedLoadClearsTheSettingAndTheCheckMark) {
     EXPECT_TRUE(form_[Menu::mnuOptions].enabled);
     EXPECT_TRUE(form_[Menu::mnuStage].enabled);
     EXPECT_EQ(disk_.messages.Recorded().size(), 1U);
+    EXPECT_THAT(captions_, ElementsAre("Loading The Hero", "The Stage"));
     dialogs_.answer = kHero;
     disk_.Put("hero.air", kHeroAnimation);
     Use();
     EXPECT_EQ(dialogs_.asked.size(), 1U) << "the next use asks";
     EXPECT_TRUE(state_.CharLoaded);
+}
+
+TEST_F(TestCharTest, AFailedLoadForgetsTheNameOfTheOneBefore) {
+    state_.TestChar = kHero;
+    Use();
+    ASSERT_EQ(state_.CharName, "The Hero");
+    dialogs_.answer = "/mugen/chars/gone.def";
+    Change();
+    EXPECT_EQ(state_.CharName, "");
+    EXPECT_EQ(Item().caption, "&Use Test Char");
+    EXPECT_EQ(form_.Caption, "The Stage");
+}
+
+TEST_F(TestCharTest, AnotherChoiceWithoutAStageForgetsTheName) {
+    state_.TestChar = kHero;
+    Use();
+    loop_.StageRunning = 0;
+    dialogs_.answer = "/mugen/chars/other.def";
+    Change();
+    EXPECT_EQ(state_.TestChar, "/mugen/chars/other.def");
+    EXPECT_EQ(state_.CharName, "");
+    EXPECT_EQ(Item().caption, "&Use Test Char");
+}
+
+TEST_F(TestCharTest, AnAmpersandInANameIsShown) {
+    disk_.Put("hero.def", std::string("displayname = \"Rock & Roll\"\n") + kHeroFiles);
+    state_.TestChar = kHero;
+    Use();
+    EXPECT_EQ(Item().caption, "Use Rock && Roll");
+    EXPECT_EQ(state_.CharName, "Rock & Roll");
+}
+
+TEST_F(TestCharTest, ACharacterWithoutANameIsUsedAllTheSame) {
+    disk_.Put("hero.def", kHeroFiles);
+    state_.TestChar = kHero;
+    Use();
+    EXPECT_TRUE(state_.CharLoaded);
+    EXPECT_EQ(Item().caption, "Use ");
+    EXPECT_THAT(captions_, ElementsAre("Loading ", "The Stage"));
+}
+
+TEST_F(TestCharTest, WithoutACharsFolderTheDialogBeginsWhereItLikes) {
+    mugeDir_ = "/elsewhere/";
+    Change();
+    EXPECT_THAT(dialogs_.asked, ElementsAre("Choose test character. in "));
+}
+
+TEST_F(TestCharTest, WhatIsNotTakenLeavesTheOneBefore) {
+    state_.TestChar = kHero;
+    Use();
+    Change();  // no answer
+    dialogs_.answer = "/mugen/chars/stage.def";
+    isChar_ = false;
+    Change();
+    EXPECT_EQ(state_.TestChar, kHero);
+    EXPECT_EQ(state_.CharName, "The Hero");
+    EXPECT_EQ(Item().caption, "Use The Hero");
+    EXPECT_TRUE(state_.CharLoaded);
+    EXPECT_EQ(camera_.HCamStep, 2.4F);
+    EXPECT_THAT(captions_, ElementsAre("Loading The Hero", "The Stage")) << "it loaded once";
+}
+
+TEST_F(TestCharTest, ChangingWithoutADeviceKeepsTheUsersStepsSaved) {
+    state_.TestChar = kHero;
+    Use();
+    engine_.Engine_Deinit();
+    dialogs_.answer = kHero;
+    EXPECT_THROW(Change(), RunTimeError);
+    EXPECT_FALSE(state_.CharLoaded);
+    EXPECT_EQ(StepsToKeep(camera_, savedSteps_, state_, flags_).HCamStep, 3.0F);
+    EXPECT_TRUE(form_[Menu::mnuOptions].enabled);
 }
 
 TEST_F(TestCharTest, AFailureAtTheNextStageGivesTheStepsBack) {
@@ -283,6 +365,62 @@ TEST_F(TestCharTest, ChangingLoadsTheOtherOneAtOnce) {
     EXPECT_EQ(state_.Characters.at(0).X, 90.0F);
     EXPECT_EQ(camera_.HCamStep, 1.25F);
     EXPECT_EQ(savedSteps_.HCamStep, 3.0F);
+}
+
+TEST_F(TestCharTest, ChangingToABrokenOneSwitchesItOff) {
+    state_.TestChar = kHero;
+    Use();
+    dialogs_.answer = "/mugen/chars/gone.def";
+    Change();
+    EXPECT_FALSE(state_.UseChar);
+    EXPECT_FALSE(Item().checked);
+    EXPECT_FALSE(state_.CharLoaded);
+    EXPECT_EQ(state_.TestChar, "");
+    EXPECT_THAT(state_.Characters, IsEmpty());
+    EXPECT_EQ(camera_.HCamStep, 3.0F);
+    EXPECT_EQ(camera_.VCamStep, 4.0F);
+}
+
+TEST_F(TestCharTest, ThePicturesBeforeAreGoneWhenTheNextLoads) {
+    state_.TestChar = kHero;
+    Use();
+    watched_ = state_.Characters.at(0).Sprites.at(0).texture;
+    dialogs_.answer = kHero;
+    goneWhileLoading_ = false;
+    Change();
+    EXPECT_TRUE(goneWhileLoading_);
+}
+
+TEST_F(TestCharTest, OneIsDriven) {
+    state_.CharCount = 7;
+    state_.CharZoom = 3;
+    state_.TestChar = kHero;
+    Use();
+    EXPECT_EQ(state_.CharCount, 1);
+    EXPECT_EQ(state_.CharZoom, 1.0F);
+    EXPECT_EQ(state_.Characters.size(), 1U);
+}
+
+// A key has moved the camera by the user's step, and the elements follow in the next pass.
+TEST_F(TestCharTest, ElementsFollowTheLastMoveByTheStepOfThatMove) {
+    BackgroundElement element;
+    element.deltaX = 0.5F;
+    element.deltaY = 1;
+    element.posX = 100;
+    element.posY = 50;
+    model_.Elements.push_back(element);
+    model_.CamX = -3;  // right
+    model_.CamY = -4;  // up
+    state_.TestChar = kHero;
+    Use();
+    EXPECT_EQ(model_.Elements[0].posX, 98.5F);
+    EXPECT_EQ(model_.Elements[0].posY, 54.0F);
+    EXPECT_EQ(camera_.previousX, -3.0F);
+    EXPECT_EQ(camera_.previousY, -4.0F);
+    model_.CamX -= camera_.HCamStep;  // 2.4
+    Use();
+    EXPECT_FLOAT_EQ(model_.Elements[0].posX, 98.5F - 1.2F);
+    EXPECT_EQ(camera_.HCamStep, 3.0F);
 }
 
 TEST_F(TestCharTest, ChangingWhileItIsOffLeavesItOff) {

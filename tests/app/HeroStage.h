@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: MIT
+//
+// The whole program with the hero's files beside the stages, and what is done to it while that
+// character loads.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <utility>
+
+#include "app/RunningStage.h"
+#include "character/CharacterMachine.h"
+
+namespace scenara::test {
+
+inline constexpr const char* kStageA = "/mugen/stages/a.def";
+inline constexpr const char* kStageC = "/mugen/stages/c.def";
+inline constexpr const char* kConfiguration = "/program/QX.CFG";
+
+// Puts the hero into the program's folder of characters.
+inline void PutHero(RunningStage& stage, const CharacterMachine& hero = CharacterMachine()) {
+    for (const char* name : {"hero.air", "hero.cns", "hero.sff"}) {
+        const std::string path = std::string("/mugen/chars/hero/") + name;
+        stage.files.Put(path, hero.files.Get(path));
+    }
+    stage.files.Put(kHero, hero.files.Get(kHero) + "\nst = stcommon\n");
+}
+
+// A started program with the hero and these lines in its settings.
+inline std::unique_ptr<RunningStage> WithHero(const std::string& settings = {},
+                                              bool additions = true) {
+    auto stage = std::make_unique<RunningStage>(RunningStage::User(), additions);
+    stage->files.Put(kConfiguration, "MugeDir = /mugen/\r\n" + settings);
+    PutHero(*stage);
+    stage->Load();
+    return stage;
+}
+
+// Settings with the hero chosen, and steps of the user's own.
+inline std::string Chosen(const std::string& more = {}) {
+    return std::string("TestChar = ") + kHero + "\r\nHCamStep = 3\r\nVCamStep = 5\r\n" + more;
+}
+
+inline Act ClickOn(Menu item) {
+    return [item](RunningStage& running) { running.Click(item); };
+}
+
+inline Single StepOf(const RunningStage& stage) {
+    return stage.program.CameraState().HCamStep;
+}
+
+// Acts once, when the character (and not the stage) begins to load. Its archive is not read before
+// its caption says so.
+inline Act OnceWhileTheCharacterLoads(Act act, bool& did) {
+    return [act = std::move(act), &did](RunningStage& running) {
+        if (!did && running.Caption() == "Loading The Hero") {
+            did = true;
+            act(running);
+        }
+    };
+}
+
+}  // namespace scenara::test
