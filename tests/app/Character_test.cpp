@@ -12,6 +12,8 @@
 #include <gtest/gtest.h>
 
 #include "app/HeroStage.h"
+#include "app/StageFiles.h"
+#include "platform/posix/PosixFiles.h"
 
 namespace scenara::test {
 namespace {
@@ -263,6 +265,12 @@ TEST(ChangeChar, InTheSpriteBrowserTheCaptionStaysTheSprites) {
                 }});
     stage->program.Form_OLEDragDrop(kStageA);
     EXPECT_EQ(stage->dialogs.Asked().size(), 2U);
+}
+
+TEST(ChangeChar, TakesTheCharacterThatComesWithTheProgram) {
+    PosixFiles files("");
+    EXPECT_TRUE(IsChar(files, SCENARA_BUNDLED_DATA "/chars/lanternkeeper/lanternkeeper.def"));
+    EXPECT_FALSE(IsChar(files, SCENARA_BUNDLED_DATA "/stages/lanternpier.def"));
 }
 
 // --- Mouse scrolling and the character share the save slots of the steps -------------------------
