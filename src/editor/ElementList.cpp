@@ -20,6 +20,12 @@ void Repoint(StageModel& model, Moved moved) {
     OrderElementsById(model);
 }
 
+// A follower is shown with its parent's swing, and without one with its own.
+void KeepItsPlace(BackgroundElement& follower) {
+    follower.posX += follower.linkSin[0] - follower.sinOffset[0];
+    follower.posY += follower.linkSin[1] - follower.sinOffset[1];
+}
+
 }  // namespace
 
 void SwapElements(StageModel& model, Integer a, Integer b) {
@@ -34,6 +40,11 @@ void SwapElements(StageModel& model, Integer a, Integer b) {
 
 void DeleteElement(StageModel& model, Integer index) {
     static_cast<void>(RecordAt(model.Elements, index, "element"));
+    for (BackgroundElement& element : model.Elements) {
+        if (element.linkParent == index) {
+            KeepItsPlace(element);
+        }
+    }
     model.Elements.erase(model.Elements.begin() + index);
     model.ElementCount = static_cast<Integer>(model.ElementCount - 1);
     Repoint(model, [index](Integer other) {

@@ -22,7 +22,7 @@ using testing::ElementsAre;
 class ListMoves : public testing::Test {
 protected:
     ListMoves() {
-        const Integer square = stage.Square();
+        const Integer square = stage.build.Sprite("square", 10, 10, 0, 0);
         Long id = 10;
         for (const char* name : {"a", "b", "c", "d", "e", "f"}) {
             stage.Named(name, square, 0, 0).id = id;
@@ -111,6 +111,30 @@ TEST_F(DeleteOne, ItsFollowersFollowNobodyAndStayWhereTheyAre) {
     EXPECT_EQ(Parent("d"), "none");
     EXPECT_EQ(Called("d").ctrlOffset[0], 6);  // three frames of drift, as it stood
     EXPECT_EQ(before.at(3), stage.BackPass().at(2));
+}
+
+TEST_F(DeleteOne, FollowersOfASwingingParentStayWhereTheyAre) {
+    Called("c").sinState = {10, 8, 0};
+    Called("c").sinYAmplitude = 6;
+    Called("c").sinYPeriod = 5;
+    stage.Frames(3);
+    const test::Lines before = stage.BackPass();
+    ASSERT_NE(Called("d").linkSin[0], 0);
+    ASSERT_NE(Called("d").linkSin[1], 0);
+    DeleteElement(stage.model, 2);
+    const test::Lines after = stage.BackPass();
+    EXPECT_EQ(before.at(3), after.at(2));
+    EXPECT_EQ(stage.BackPass().at(2), after.at(2)) << "and stand still";
+}
+
+TEST_F(DeleteOne, FollowersWithASwingOfTheirOwnSwingOnFromWhereTheyAre) {
+    Called("d").sinState = {10, 8, 0};
+    stage.Frames(3);
+    const test::Lines before = stage.BackPass();
+    DeleteElement(stage.model, 2);
+    const test::Lines after = stage.BackPass();
+    EXPECT_EQ(before.at(3), after.at(2));
+    EXPECT_NE(stage.BackPass().at(2), after.at(2)) << "its swing is seen now";
 }
 
 TEST_F(DeleteOne, TheGroundFollowsNothingThen) {
