@@ -190,6 +190,55 @@ TEST_F(EditorTools, TheBarKeepsToItsBoundsAndToDebugBG) {
                    }});
 }
 
+TEST_F(EditorTools, TheBarStaysBetweenTwoStages) {
+    int loading = 0;
+    WhileAIsShown({kEdit,
+                   [](RunningStage& running) {
+                       running.program.hscHScroll_Change(40);
+                       running.program.lstStages_Click(kItemC);
+                       EXPECT_TRUE(running.form.hscHScroll.Visible);
+                   },
+                   [](RunningStage& running) {
+                       EXPECT_EQ(running.Caption(), "third");
+                       EXPECT_TRUE(running.form.hscHScroll.Visible);
+                       EXPECT_EQ(running.form.hscHScroll.Min, -100);
+                       EXPECT_EQ(running.form.hscHScroll.Max, 100);
+                       EXPECT_EQ(running.form.hscHScroll.Value, 0);
+                       running.Click(Menu::mnuClose);
+                       EXPECT_FALSE(running.form.hscHScroll.Visible);
+                   }},
+                  [&](RunningStage& running) {
+                      if (running.form[Menu::mnuDebugBG].checked) {
+                          ++loading;
+                          EXPECT_TRUE(running.form.hscHScroll.Visible);
+                          EXPECT_EQ(running.form.hscHScroll.Min, 0);
+                          EXPECT_EQ(running.form.hscHScroll.Max, 0);
+                          EXPECT_EQ(running.form.hscHScroll.Value, 0);
+                      }
+                  });
+    EXPECT_GT(loading, 0);
+}
+
+TEST_F(EditorTools, TheBarStaysWhenTheStageIsLoadedAgain) {
+    for (const Menu item : {Menu::mnuReload, Menu::mnuAdditions, Menu::mnuStageNext}) {
+        SCOPED_TRACE(static_cast<int>(item));
+        stage.form[Menu::mnuDebugBG].checked = true;
+        WhileAIsShown({[item](RunningStage& running) {
+            running.Click(item);
+            EXPECT_TRUE(running.form.hscHScroll.Visible);
+        }});
+    }
+}
+
+TEST_F(EditorTools, TheBarGoesWithAStageThatCannotBeShown) {
+    WhileAIsShown({kEdit, [](RunningStage& running) {
+                       running.program.lstStages_Click(kItemC);
+                       EXPECT_TRUE(running.form.hscHScroll.Visible);
+                       running.files.Delete("/mugen/stages/c.def");
+                   }});
+    EXPECT_FALSE(stage.form.hscHScroll.Visible);
+}
+
 TEST_F(EditorTools, AreSeenWhilePaused) {
     WhileAIsShown({kEdit, Choose(Menu::mnuPause), Wait, [](RunningStage& running) {
                        const Long frames = running.program.Loop().TotalFrames;
