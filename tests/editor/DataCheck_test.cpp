@@ -273,9 +273,9 @@ TEST(ReadAgain, TheDumpHoldsTheSameStage) {
 
 TEST(ReadAgain, NamesAreWhatTheyWere) {
     const std::string stage =
-        "[BG]\n[BG ]\n[BG  two blanks ]\n[BG a[b]\n[BG Begin action 3]\n[BG Caf\xE9]\n[bg x = 1, "
-        "2]\n";
-    EXPECT_EQ(Held(Loaded(stage)->model).size(), 7U * 11U);
+        "[BG]\n[BG ]\n[BG  two blanks ]\n[BG a[b]\n[BG c]d]\n[BG [e]]\n[BG \"f\"]\n[BG it's]\n"
+        "[BG Begin action 3]\n[BG Caf\xE9]\n[bg x = 1, 2]\n";
+    EXPECT_EQ(Held(Loaded(stage)->model).size(), 11U * 11U);
     ExpectReadsAgain(stage, false);
     ExpectReadsAgain(stage, true);
 }
