@@ -3,6 +3,7 @@
 // Which keys count as down, which are told of, and which go no further.
 #include "platform/qt/KeyTracker.h"
 
+#include <QDialog>
 #include <QListWidget>
 #include <QMenu>
 #include <QScrollBar>
@@ -217,6 +218,16 @@ TEST_F(Keys, InAnOpenMenuDoNotCount) {
     ASSERT_NE(QApplication::activePopupWidget(), nullptr);
     Press(listener, {Qt::Key_Left, kScanLeft});
     EXPECT_EQ(tracker.GetAsyncKeyState(VirtualKey::Left), kUp);
+    EXPECT_THAT(told, IsEmpty());
+}
+
+TEST_F(Keys, InADialogDoNotCount) {
+    QDialog dialog(&listener);
+    dialog.setModal(true);
+    BringUp(dialog);
+    ASSERT_EQ(QApplication::activeModalWidget(), &dialog);
+    Press(dialog, d);
+    EXPECT_EQ(tracker.GetAsyncKeyState(VirtualKey::D), kUp);
     EXPECT_THAT(told, IsEmpty());
 }
 

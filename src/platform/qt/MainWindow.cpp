@@ -183,10 +183,11 @@ void MainWindow::ShowBar(QScrollBar& widget, const ScrollBar& bar) {
         const int its = widget.sizeHint().height();
         widget.setVisible(bar.Visible);
         resize(width(), height() + (bar.Visible ? its : -its));
-        // The arrow keys have nothing else to move (KeyTracker). Where nothing else takes the focus
-        // it would keep it.
-        if (&widget == spriteBar_) {
-            bar.Visible ? widget.setFocus() : widget.clearFocus();
+        // The arrow keys have nothing else to move then (KeyTracker).
+        if (&widget == spriteBar_ && bar.Visible) {
+            widget.setFocus();
+        } else {
+            widget.clearFocus();  // where nothing else takes it, a hidden bar would keep it
         }
     }
     if (bar.Visible && waiting_.Empty()) {
