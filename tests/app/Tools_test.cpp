@@ -496,6 +496,55 @@ TEST_F(BrowserTools, CloseWhileTheThumbIsDraggedKeepsTheTitle) {
     ExpectNoBrowser();
 }
 
+TEST_F(BrowserTools, ClickedOffWhileTheFirstSpriteComesTheyAreOff) {
+    WhileAIsShown({kBrowse, kBrowse, [this](RunningStage& running) {
+                       ExpectNoBrowser();
+                       ExpectSize(320, 240);
+                       EXPECT_EQ(running.Caption(), "tools");
+                       EXPECT_EQ(running.window.OwnPicture().width, 0);
+                   }});
+    EXPECT_THAT(stage.MessageTexts(), IsEmpty());
+}
+
+TEST_F(BrowserTools, OfAStageWithoutSpritesShowNothing) {
+    stage.files.Put("/mugen/stages/a.def", "[Info]\nname = empty\n[Camera]\nstartx = 0\n");
+    WhileAIsShown({kBrowse,
+                   [this](RunningStage& running) {
+                       EXPECT_EQ(running.program.SpriteBrowserMode, 255);
+                       EXPECT_EQ(running.Caption(), "empty");
+                       EXPECT_EQ(running.window.OwnPicture().width, 0);
+                       ExpectSize(320, 240);
+                       running.program.hscSGFX_Change(0);
+                       running.program.hscSGFX_Scroll(0);
+                       EXPECT_EQ(running.Caption(), "empty");
+                   },
+                   kBrowse, [this](RunningStage&) { ExpectNoBrowser(); }});
+    EXPECT_THAT(stage.MessageTexts(), ElementsAre(StartsWith("SFF FILE:")));
+}
+
+TEST_F(BrowserTools, TheStageThatIsLoadedAgainEndsTheBrowser) {
+    for (const Menu item : {Menu::mnuReload, Menu::mnuAdditions}) {
+        SCOPED_TRACE(static_cast<int>(item));
+        WhileAIsShown({kBrowse, Wait, Choose(item), [this](RunningStage& running) {
+                           ExpectNoBrowser();
+                           ExpectSize(320, 240);
+                           EXPECT_EQ(running.Caption(), "tools");
+                       }});
+    }
+    EXPECT_THAT(stage.MessageTexts(), IsEmpty());
+}
+
+TEST_F(BrowserTools, AStageThatCannotBeShownEndsTheBrowser) {
+    WhileAIsShown({kBrowse, Wait, [](RunningStage& running) {
+                       running.program.lstStages_Click(kItemC);
+                       running.files.Delete("/mugen/stages/c.def");
+                   }});
+    ExpectNoBrowser();
+    ExpectSize(320, 240);
+    EXPECT_EQ(stage.program.Loop().StageRunning, 0);
+    EXPECT_EQ(stage.MessageTexts().size(), 1U);
+}
+
 TEST_F(BrowserTools, TheFullScreenEndsTheBrowser) {
     int shown = 0;
     WhileAIsShown({kBrowse, Wait,

@@ -237,7 +237,7 @@ void MainWindow::BuildMenus() {
     QMenu* const options = menuBar()->addMenu(QString());
     actions_[static_cast<std::size_t>(Menu::mnuStage)] = stage->menuAction();
     actions_[static_cast<std::size_t>(Menu::mnuOptions)] = options->menuAction();
-    QMenu* const extras = new QMenu(menuBar());  // NOLINT(cppcoreguidelines-owning-memory)
+    auto* const extras = new QMenu(menuBar());  // NOLINT(cppcoreguidelines-owning-memory)
     actions_[static_cast<std::size_t>(Menu::mnuExtras)] = extras->menuAction();
     for (std::size_t i = 0; i < kMenuCount; ++i) {
         if (actions_[i] != nullptr) {
