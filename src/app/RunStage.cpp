@@ -21,6 +21,7 @@ void frmStage::RunStage() {
     requestedFile_ = CurrentStageFile;
     restart_ = true;
     if (loopRuns_) {
+        ShowEditing();
         return;
     }
     const Raised runs(loopRuns_);

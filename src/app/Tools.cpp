@@ -71,14 +71,21 @@ void frmStage::mnuDebugBG_Click() {
 }
 
 // What the machine shows of the editing: the camera's bar, and a frame around what is selected.
+// Between two stages the bar stays, with nowhere to go: the window would shrink and grow again.
 void frmStage::ShowEditing() {
     const bool edits = form_[Menu::mnuDebugBG].checked;
-    form_.hscHScroll.Visible = edits && loop_.StageRunning != 0 && SpriteBrowserMode == 0;
+    ScrollBar& bar = form_.hscHScroll;
+    if (loop_.StageRunning == 0) {
+        bar.Min = 0;
+        bar.Max = 0;
+        bar.Value = 0;
+    }
+    bar.Visible = edits && (loop_.StageRunning != 0 || restart_) && SpriteBrowserMode == 0;
     form_.selection.reset();
     if (!edits || !CanBeEdited()) {
         return;
     }
-    form_.hscHScroll.Value = ScrollValueOf(model_, form_.hscHScroll);
+    bar.Value = ScrollValueOf(model_, bar);
     if (const std::optional<ViewRectangle> outline = editor_.Outline()) {
         form_.selection = {outline->left, outline->top, outline->right, outline->bottom};
     }

@@ -194,6 +194,8 @@ public:
     [[nodiscard]] const TestCharState& TestCharacterState() const { return testChar_; }
     [[nodiscard]] const DebugEditor& Editor() const { return editor_; }
     [[nodiscard]] clsMusic& Music() { return music_; }
+    // The editor's image surfaces, for whoever loads any; they are released at the end.
+    [[nodiscard]] ImageSets& ImageSurfaces() { return imageSets_; }
 
 private:
     // What the sprite browser sees of the window.

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "editor/DebugEditor.h"
 
+#include <utility>
+
 #include "base/NumberText.h"
 #include "editor/ElementList.h"
 #include "render/ModelLookup.h"
@@ -70,10 +72,13 @@ void DebugEditor::MouseMove(const ViewPoint& point) {
     if (!IsOn() || followed_ == kNone) {
         return;
     }
-    const BackgroundElement& element = RecordAt(context_.model.Elements, followed_, "element");
+    // Given up before it can fail: else every further move would fail again, each with its message.
+    const Integer dragged = std::exchange(followed_, kNone);
+    const BackgroundElement& element = RecordAt(context_.model.Elements, dragged, "element");
     const Offset camera = CameraOffset(element);
-    Shift(followed_, {point.x - drag_.grab.x + camera.x - static_cast<double>(element.posX),
-                      point.y - drag_.grab.y + camera.y - static_cast<double>(element.posY)});
+    Shift(dragged, {point.x - drag_.grab.x + camera.x - static_cast<double>(element.posX),
+                    point.y - drag_.grab.y + camera.y - static_cast<double>(element.posY)});
+    followed_ = dragged;
 }
 
 void DebugEditor::Shift(Integer index, const Offset& by) {

@@ -72,7 +72,7 @@ public:
     // The dragged element stands at the pointer minus the grab offset plus the camera's offset, and
     // its start changes by what its position changes, so that the dump shows the move. Elements
     // that are linked to it come along: their own start counts from its. "Overflow" when it is
-    // dragged out of the range of a start.
+    // dragged out of the range of a start; an error ends the drag.
     void MouseMove(const ViewPoint& point);
 
     // Ends the drag; the selection stays.

@@ -190,6 +190,55 @@ TEST_F(EditorTools, TheBarKeepsToItsBoundsAndToDebugBG) {
                    }});
 }
 
+TEST_F(EditorTools, TheBarStaysBetweenTwoStages) {
+    int loading = 0;
+    WhileAIsShown({kEdit,
+                   [](RunningStage& running) {
+                       running.program.hscHScroll_Change(40);
+                       running.program.lstStages_Click(kItemC);
+                       EXPECT_TRUE(running.form.hscHScroll.Visible);
+                   },
+                   [](RunningStage& running) {
+                       EXPECT_EQ(running.Caption(), "third");
+                       EXPECT_TRUE(running.form.hscHScroll.Visible);
+                       EXPECT_EQ(running.form.hscHScroll.Min, -100);
+                       EXPECT_EQ(running.form.hscHScroll.Max, 100);
+                       EXPECT_EQ(running.form.hscHScroll.Value, 0);
+                       running.Click(Menu::mnuClose);
+                       EXPECT_FALSE(running.form.hscHScroll.Visible);
+                   }},
+                  [&](RunningStage& running) {
+                      if (running.form[Menu::mnuDebugBG].checked) {
+                          ++loading;
+                          EXPECT_TRUE(running.form.hscHScroll.Visible);
+                          EXPECT_EQ(running.form.hscHScroll.Min, 0);
+                          EXPECT_EQ(running.form.hscHScroll.Max, 0);
+                          EXPECT_EQ(running.form.hscHScroll.Value, 0);
+                      }
+                  });
+    EXPECT_GT(loading, 0);
+}
+
+TEST_F(EditorTools, TheBarStaysWhenTheStageIsLoadedAgain) {
+    for (const Menu item : {Menu::mnuReload, Menu::mnuAdditions, Menu::mnuStageNext}) {
+        SCOPED_TRACE(static_cast<int>(item));
+        stage.form[Menu::mnuDebugBG].checked = true;
+        WhileAIsShown({[item](RunningStage& running) {
+            running.Click(item);
+            EXPECT_TRUE(running.form.hscHScroll.Visible);
+        }});
+    }
+}
+
+TEST_F(EditorTools, TheBarGoesWithAStageThatCannotBeShown) {
+    WhileAIsShown({kEdit, [](RunningStage& running) {
+                       running.program.lstStages_Click(kItemC);
+                       EXPECT_TRUE(running.form.hscHScroll.Visible);
+                       running.files.Delete("/mugen/stages/c.def");
+                   }});
+    EXPECT_FALSE(stage.form.hscHScroll.Visible);
+}
+
 TEST_F(EditorTools, AreSeenWhilePaused) {
     WhileAIsShown({kEdit, Choose(Menu::mnuPause), Wait, [](RunningStage& running) {
                        const Long frames = running.program.Loop().TotalFrames;
@@ -445,6 +494,55 @@ TEST_F(BrowserTools, CloseWhileTheThumbIsDraggedKeepsTheTitle) {
                    Choose(Menu::mnuClose)});
     EXPECT_EQ(stage.Caption(), stage.program.AppTitle);
     ExpectNoBrowser();
+}
+
+TEST_F(BrowserTools, ClickedOffWhileTheFirstSpriteComesTheyAreOff) {
+    WhileAIsShown({kBrowse, kBrowse, [this](RunningStage& running) {
+                       ExpectNoBrowser();
+                       ExpectSize(320, 240);
+                       EXPECT_EQ(running.Caption(), "tools");
+                       EXPECT_EQ(running.window.OwnPicture().width, 0);
+                   }});
+    EXPECT_THAT(stage.MessageTexts(), IsEmpty());
+}
+
+TEST_F(BrowserTools, OfAStageWithoutSpritesShowNothing) {
+    stage.files.Put("/mugen/stages/a.def", "[Info]\nname = empty\n[Camera]\nstartx = 0\n");
+    WhileAIsShown({kBrowse,
+                   [this](RunningStage& running) {
+                       EXPECT_EQ(running.program.SpriteBrowserMode, 255);
+                       EXPECT_EQ(running.Caption(), "empty");
+                       EXPECT_EQ(running.window.OwnPicture().width, 0);
+                       ExpectSize(320, 240);
+                       running.program.hscSGFX_Change(0);
+                       running.program.hscSGFX_Scroll(0);
+                       EXPECT_EQ(running.Caption(), "empty");
+                   },
+                   kBrowse, [this](RunningStage&) { ExpectNoBrowser(); }});
+    EXPECT_THAT(stage.MessageTexts(), ElementsAre(StartsWith("SFF FILE:")));
+}
+
+TEST_F(BrowserTools, TheStageThatIsLoadedAgainEndsTheBrowser) {
+    for (const Menu item : {Menu::mnuReload, Menu::mnuAdditions}) {
+        SCOPED_TRACE(static_cast<int>(item));
+        WhileAIsShown({kBrowse, Wait, Choose(item), [this](RunningStage& running) {
+                           ExpectNoBrowser();
+                           ExpectSize(320, 240);
+                           EXPECT_EQ(running.Caption(), "tools");
+                       }});
+    }
+    EXPECT_THAT(stage.MessageTexts(), IsEmpty());
+}
+
+TEST_F(BrowserTools, AStageThatCannotBeShownEndsTheBrowser) {
+    WhileAIsShown({kBrowse, Wait, [](RunningStage& running) {
+                       running.program.lstStages_Click(kItemC);
+                       running.files.Delete("/mugen/stages/c.def");
+                   }});
+    ExpectNoBrowser();
+    ExpectSize(320, 240);
+    EXPECT_EQ(stage.program.Loop().StageRunning, 0);
+    EXPECT_EQ(stage.MessageTexts().size(), 1U);
 }
 
 TEST_F(BrowserTools, TheFullScreenEndsTheBrowser) {

@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include "app/RunningStage.h"
+#include "support/LoadedImages.h"
 
 namespace scenara::test {
 namespace {
@@ -168,6 +169,74 @@ TEST(FormUnload, InTheFullScreenEndsToo) {
     stage.program.lstStages_Click(kItemA);
     EXPECT_TRUE(stage.program.Ended());
     EXPECT_EQ(stage.turn, 3 + 2);
+}
+
+// --- the editor's image surfaces ---
+
+class Unload : public testing::Test {
+protected:
+    Unload() { stage.Load(); }
+
+    void WhileAIsShown(std::vector<Act> acts) {
+        stage.user = InTurn(std::move(acts));
+        stage.program.lstStages_Click(kItemA);
+    }
+
+    RunningStage stage;
+    LoadedImages images{stage.program.ImageSurfaces()};
+};
+
+constexpr auto kExit = [](RunningStage& running) { running.Click(Menu::mnuExit); };
+
+TEST_F(Unload, ImageSetsAreReleased) {
+    stage.program.Form_Unload();
+    images.ExpectReleased();
+    EXPECT_THAT(stage.MessageTexts(), IsEmpty());
+}
+
+TEST_F(Unload, ImageSetsAreReleasedBehindAStage) {
+    WhileAIsShown({Wait, [this](RunningStage&) { images.ExpectLoaded(); }, kExit});
+    EXPECT_TRUE(stage.program.Ended());
+    images.ExpectReleased();
+}
+
+TEST_F(Unload, ImageSetsAreReleasedInTheSpriteBrowser) {
+    WhileAIsShown({[](RunningStage& running) { running.Click(Menu::mnuDebug); }, Wait, Wait,
+                   [this](RunningStage& running) {
+                       EXPECT_EQ(running.program.SpriteBrowserMode, 255);
+                       images.ExpectLoaded();
+                       running.program.Form_Unload();
+                   }});
+    EXPECT_TRUE(stage.program.Ended());
+    images.ExpectReleased();
+    EXPECT_THAT(stage.MessageTexts(), IsEmpty());
+}
+
+TEST_F(Unload, ImageSetsAreReleasedBehindALoadThatWasGoingOn) {
+    stage.user = InTurn({}, [this](RunningStage& running) {
+        running.program.Form_Unload();
+        images.ExpectLoaded();
+    });
+    stage.program.lstStages_Click(kItemA);
+    images.ExpectReleased();
+}
+
+TEST_F(Unload, ImageSetsThatAreNotLoadedAreLeftAlone) {
+    stage.program.ImageSurfaces().loaded = false;
+    stage.program.Form_Unload();
+    const ImageSet& set = stage.program.ImageSurfaces().sets.front();
+    EXPECT_EQ(set.images.front().image.surface.selected->width, 99);
+}
+
+TEST_F(Unload, AnErrorOfTheStageCostsNeitherTheSurfacesNorTheSettings) {
+    stage.files.Put("/mugen/stages/a.def",
+                    RunningStage::Stage("sounding") + "[Music]\nbgmusic = sound/a.mid\n");
+    stage.media.AddFile("/mugen/sound/a.mid", {.duration = 9});
+    WhileAIsShown({[](RunningStage& running) { running.media.RunOutOfMemoryAtStop(); }, kExit});
+    EXPECT_THAT(stage.MessageTexts(), ElementsAre("Run-time error: Out of memory"));
+    EXPECT_TRUE(stage.program.Ended());
+    images.ExpectReleased();
+    EXPECT_TRUE(stage.files.Get(kConfiguration).starts_with("Version = 1.0A\r\n"));
 }
 
 }  // namespace

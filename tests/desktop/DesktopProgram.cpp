@@ -14,18 +14,31 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// 640 x 240, one colour, with a bar of 8 columns in its middle, where the axis is.
+samplemaker::Sff1Subfile Tile(std::int16_t image, std::uint8_t color,
+                              const samplemaker::Palette& palette) {
+    samplemaker::Canvas canvas(kTileWidth, kTileHeight);
+    canvas.FillRect(0, 0, kTileWidth, kTileHeight, color);
+    samplemaker::Sff1Subfile subfile;
+    subfile.image = image;
+    subfile.data = samplemaker::WritePcx(canvas.ToPicture(palette));
+    return subfile;
+}
+
+// 640 x 240, one colour, with a bar of 8 columns in its middle, where the axis is; and the tiles.
 std::string Archive() {
     samplemaker::Palette palette{};
     palette[1] = {0x30, 0x50, 0x70};
     palette[2] = {0xF0, 0xC0, 0x40};
+    palette[3] = {0x40, 0xA0, 0x60};
+    palette[4] = {0xA0, 0x48, 0x30};
     samplemaker::Canvas canvas(640, 240);
     canvas.FillRect(0, 0, 640, 240, 1);
     canvas.FillRect(320, 0, 8, 240, 2);
     samplemaker::Sff1Subfile subfile;
     subfile.axisX = 320;
     subfile.data = samplemaker::WritePcx(canvas.ToPicture(palette));
-    const std::vector<std::byte> bytes = samplemaker::WriteSff1({subfile});
+    const std::vector<std::byte> bytes =
+        samplemaker::WriteSff1({subfile, Tile(1, 3, palette), Tile(2, 4, palette)});
     return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
 }
 
@@ -116,7 +129,7 @@ void DesktopProgram::ExpectNoWindow(const std::string& title) {
 }
 
 std::string DesktopProgram::MainWindow() const {
-    return Window("^(Scenara 1.0|bar|cup|dot|/|Dumped|[(]1)");
+    return Window("^(Scenara 1.0|bar|cup|dot|/|Dumped|Cloned|Deleted|\"|[(]|0$)");
 }
 
 std::string DesktopProgram::Title() const {
@@ -155,6 +168,31 @@ std::optional<Bar> DesktopProgram::Seen() const {
         }
     }
     return std::nullopt;
+}
+
+Spot DesktopProgram::OfView(int x, int y) const {
+    constexpr int kBarInView = 160;
+    const int left = BarLeft();
+    const Screenshot shot = display_.Look();
+    int top = 0;
+    while (top < shot.height && shot.At(left, top) != kBar) {
+        ++top;
+    }
+    return {left - kBarInView + x, top + y};
+}
+
+int DesktopProgram::Count(std::uint32_t color) const {
+    const Screenshot shot = display_.Look();
+    return static_cast<int>(std::count(shot.rgb.begin(), shot.rgb.end(), color));
+}
+
+SeenSize DesktopProgram::WindowSize() const {
+    const std::string geometry = display_.Answer("getwindowgeometry --shell " + MainWindow());
+    const auto number = [&](const std::string& name) {
+        const std::size_t at = geometry.find(name);
+        return at == std::string::npos ? 0 : std::stoi(geometry.substr(at + name.size()));
+    };
+    return {number("WIDTH="), number("HEIGHT=")};
 }
 
 SeenSize DesktopProgram::PictureSize() const {

@@ -3,7 +3,7 @@
 // The real program on a display of the test's own, beside an engine folder of a few plain stages.
 //
 // Every stage is one picture of one colour with a bar in its middle, so that what is shown, where,
-// and how large can be read off the screen.
+// and how large can be read off the screen. Their archive has two tiles more, each of one colour.
 #pragma once
 
 #include <cstdint>
@@ -21,11 +21,21 @@ namespace scenara::test {
 
 inline constexpr std::uint32_t kGround = 0x305070;
 inline constexpr std::uint32_t kBar = 0xF0C040;
+inline constexpr std::uint32_t kLeaf = 0x40A060;   // the tile 0,1
+inline constexpr std::uint32_t kBrick = 0xA04830;  // the tile 0,2
+inline constexpr int kTileWidth = 60;
+inline constexpr int kTileHeight = 40;
 
 // Where the bar is on the screen, in the first row that shows it.
 struct Bar {
     int left = 0;
     int width = 0;
+};
+
+// A place on the screen.
+struct Spot {
+    int x = 0;
+    int y = 0;
 };
 
 // The picture as it is seen: how much of the screen has its colours.
@@ -74,11 +84,25 @@ protected:
     void Type(const std::string& text) { display_.Do("type --delay 5 '" + text + "'"); }
     void ClickAt(int x, int y);     // in the main window, menu bar included
     void ClickListItem(int index);  // of the list beside a picture of the usual size
+    void MoveTo(const Spot& spot) { display_.Do("mousemove " + Words(spot)); }
+    // Where a point of the view is on the screen, while the bar stands where it did at first.
+    [[nodiscard]] Spot OfView(int x, int y) const;
+    [[nodiscard]] std::uint32_t ColorAt(const Spot& spot) const {
+        return display_.Look().At(spot.x, spot.y);
+    }
+    // How much of the screen has this colour.
+    [[nodiscard]] int Count(std::uint32_t color) const;
+    // The main window, its menu bar included.
+    [[nodiscard]] SeenSize WindowSize() const;
 
     [[nodiscard]] std::optional<Bar> Seen() const;
     [[nodiscard]] int BarLeft() const { return Seen().value_or(Bar()).left; }
     [[nodiscard]] int BarWidth() const { return Seen().value_or(Bar()).width; }
     [[nodiscard]] SeenSize PictureSize() const;
+
+    [[nodiscard]] static std::string Words(const Spot& spot) {
+        return std::to_string(spot.x) + " " + std::to_string(spot.y);
+    }
 
     VirtualDisplay display_;
     std::optional<Child> program_;

@@ -2,6 +2,9 @@
 //
 // The debug tools and the frame limiter in the real window.
 #include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -11,7 +14,15 @@
 namespace scenara::test {
 namespace {
 
-class DesktopTools : public DesktopProgram {
+class DesktopDump : public DesktopProgram {
+protected:
+    [[nodiscard]] std::string Dump() const {
+        std::ifstream file(Folder() / "bin/chek.txt", std::ios::binary);
+        return {std::istreambuf_iterator<char>(file), {}};
+    }
+};
+
+class DesktopTools : public DesktopDump {
 protected:
     void SetUp() override {
         DesktopProgram::SetUp();
@@ -25,25 +36,60 @@ TEST_F(DesktopTools, AnElementIsDraggedAndDumped) {
     const int before = BarLeft();
     const std::string window = MainWindow();
     display_.Do("mousemove --window " + window + " 200 120 mousedown 1");
-    display_.Do("mousemove --window " + window + " 240 120");
+    display_.Do("mousemove --window " + window + " 240 110");
     EXPECT_TRUE(Eventually([&] { return BarLeft() == before + 40; })) << BarLeft();
     display_.Do("mouseup 1");
     display_.Do("mousemove --window " + window + " 100 120");
     EXPECT_EQ(BarLeft(), before + 40);
 
-    Key("d");  // the list has the focus, and finds nothing by it
+    Key("d");  // the list has the focus, and would find "dot" by it
     ExpectTitle("Dumped to " + display_.Folder() + "bin/chek.txt");
-    EXPECT_TRUE(std::filesystem::exists(Folder() / "bin/chek.txt"));
+    EXPECT_EQ(Dump(),
+              "[BG bar]\r\ntype = normal\r\nactionno = 0\r\nlayerno = 0\r\nspriteno = 0,0\r\n"
+              "start = 40,-10\r\ndelta = 1,1\r\nmask = 0\r\n\r\n");
 
     Key("alt+o");
     Key("b");
     EXPECT_TRUE(Eventually([&] { return PictureSize() == SeenSize{320, 240}; })) << "no frame";
+    EXPECT_EQ(Title(), "Dumped to " + display_.Folder() + "bin/chek.txt") << "no other stage";
 }
 
-TEST_F(DesktopTools, TheBrowserShowsASpriteAtItsOwnSizeAndLeavesIt) {
+TEST_F(DesktopTools, TheCamerasBarMovesThePicture) {
+    const SeenSize without = WindowSize();
+    Key("alt+o");
+    Key("b");
+    ASSERT_TRUE(Eventually([&] { return WindowSize().height > without.height; }));
+    EXPECT_EQ(WindowSize().width, without.width);
+    const int before = BarLeft();
+    const std::string window = MainWindow();
+    // Its thumb is in the middle, as the camera is.
+    const std::string y = " " + std::to_string(without.height + 6);
+    display_.Do("mousemove --window " + window + " 240" + y + " mousedown 1");
+    display_.Do("mousemove --window " + window + " 270" + y);
+    EXPECT_TRUE(Eventually([&] { return BarLeft() < before - 10; })) << "to the left";
+    display_.Do("mousemove --window " + window + " 200" + y);
+    EXPECT_TRUE(Eventually([&] { return BarLeft() > before + 10; }));
+    display_.Do("mousemove --window " + window + " 240" + y);
+    EXPECT_TRUE(Eventually([&] { return BarLeft() == before; })) << "and back";
+    display_.Do("mouseup 1");
+}
+
+TEST_F(DesktopTools, TheBrowserShowsSpritesAtTheirOwnSizeAndLeavesThem) {
+    Key("alt+o");
+    Key("b");
     Key("alt+d");
-    ExpectTitle("(1\\1)  Group: 0  Image: 0");
+    ExpectTitle("(1\\3)  Group: 0  Image: 0");
     EXPECT_TRUE(Eventually([&] { return PictureSize() == SeenSize{640, 240}; }));
+    EXPECT_FALSE(std::filesystem::exists(Folder() / "bin/chek.txt")) << "with Alt it is no dump";
+
+    const SeenSize size = WindowSize();
+    ClickAt(size.width - 6, size.height - 6);  // the bar's button for the next one
+    ExpectTitle("(2\\3)  Group: 0  Image: 1");
+    EXPECT_TRUE(Eventually([&] { return Count(kLeaf) == kTileWidth * kTileHeight; }));
+    Key("Right");
+    ExpectTitle("(3\\3)  Group: 0  Image: 2");
+    EXPECT_TRUE(Eventually([&] { return Count(kBrick) == kTileWidth * kTileHeight; }));
+
     Key("alt+d");
     ExpectTitle("bar");
     EXPECT_TRUE(Eventually([&] { return PictureSize().height == 240; }));
@@ -52,6 +98,67 @@ TEST_F(DesktopTools, TheBrowserShowsASpriteAtItsOwnSizeAndLeavesIt) {
     display_.Do("keydown Right");
     EXPECT_TRUE(Eventually([&] { return BarLeft() < before - 20; })) << "the stage goes on";
     display_.Do("keyup Right");
+}
+
+// A stage with the two tiles over its picture.
+class DesktopTiles : public DesktopDump {
+protected:
+    void SetUp() override {
+        DesktopProgram::SetUp();
+        std::ofstream(StagePath("bar"), std::ios::app)
+            << "[BG leaf]\ntype = normal\nspriteno = 0,1\nstart = -140,100\n"
+            << "[BG brick]\ntype = normal\nspriteno = 0,2\nstart = -110,120\n";
+        StartWithBar();
+    }
+};
+
+// Their places in the view: the leaf from (20, 100) on, the brick from (50, 120), so that they
+// share what is from (50, 120) to (80, 140).
+TEST_F(DesktopTiles, AreMovedInTheListClonedAndDeletedByKeys) {
+    constexpr int kTile = kTileWidth * kTileHeight;
+    constexpr int kShared = 30 * 20;
+    const auto expectCounts = [this](int leaf, int brick) {
+        EXPECT_TRUE(Eventually([&] { return Count(kLeaf) == leaf && Count(kBrick) == brick; }))
+            << Count(kLeaf) << " " << Count(kBrick);
+    };
+    expectCounts(kTile - kShared, kTile);
+    const Spot shared = OfView(65, 130);
+    const Spot corner = OfView(20, 100);  // the frame's
+    const Spot grip = OfView(30, 110);
+    const Spot target = OfView(30, 40);
+    Key("alt+o");
+    Key("b");
+    MoveTo(grip);
+    display_.Do("click 1");
+    ASSERT_TRUE(Eventually([&] { return ColorAt(corner) != kLeaf; })) << "the frame";
+
+    Key("KP_Add");
+    ExpectTitle("\"leaf\" - Background Element #3/3");
+    EXPECT_TRUE(Eventually([&] { return ColorAt(shared) == kLeaf; }));
+    Key("KP_Subtract");
+    ExpectTitle("\"leaf\" - Background Element #2/3");
+    EXPECT_TRUE(Eventually([&] { return ColorAt(shared) == kBrick; }));
+
+    Key("Insert");
+    ExpectTitle("Cloned..");
+    // The copy is dragged to where nothing is; the original shows whole corners again.
+    display_.Do("mousedown 1");
+    MoveTo(target);
+    EXPECT_TRUE(Eventually([&] { return ColorAt(target) == kLeaf; }));
+    display_.Do("mouseup 1");
+    EXPECT_TRUE(Eventually([&] { return ColorAt(corner) == kLeaf; })) << "the original stays";
+
+    // Once more where a tap comes too early for an element that has just been picked; behind the
+    // first that counts nothing is selected.
+    EXPECT_TRUE(Eventually([&] {
+        Key("Delete");
+        return Title() == "Deleted..";
+    }));
+    expectCounts(kTile - kShared, kTile);
+    Key("d");
+    ExpectTitle("Dumped to " + display_.Folder() + "bin/chek.txt");
+    EXPECT_THAT(Dump(), testing::HasSubstr("[BG leaf]\r\n"));
+    EXPECT_EQ(Dump().find("[BG leaf]"), Dump().rfind("[BG leaf]"));
 }
 
 TEST_F(DesktopTools, TheLimiterAsksForARate) {

@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "editor/ElementList.h"
@@ -272,9 +273,9 @@ TEST(ReadAgain, TheDumpHoldsTheSameStage) {
 
 TEST(ReadAgain, NamesAreWhatTheyWere) {
     const std::string stage =
-        "[BG]\n[BG ]\n[BG  two blanks ]\n[BG a[b]\n[BG Begin action 3]\n[BG Caf\xE9]\n[bg x = 1, "
-        "2]\n";
-    EXPECT_EQ(Held(Loaded(stage)->model).size(), 7U * 11U);
+        "[BG]\n[BG ]\n[BG  two blanks ]\n[BG a[b]\n[BG c]d]\n[BG [e]]\n[BG \"f\"]\n[BG it's]\n"
+        "[BG Begin action 3]\n[BG Caf\xE9]\n[bg x = 1, 2]\n";
+    EXPECT_EQ(Held(Loaded(stage)->model).size(), 11U * 11U);
     ExpectReadsAgain(stage, false);
     ExpectReadsAgain(stage, true);
 }
@@ -286,6 +287,56 @@ TEST(ReadAgain, NumbersAreWhatTheyWere) {
         "[BG b]\ndelta = .333333343, -.1\nspriteno = -5, 12\nlayerno = -3\nmask = 7\n";
     ExpectReadsAgain(stage, false);
     ExpectReadsAgain(stage, true);
+}
+
+// What is read back from the dump of a stage with odd values, each against what its file says.
+TEST(ReadAgain, EveryFieldIsWhatTheFileSays) {
+    const auto first = Loaded(
+        "[Begin Action -32768]\n"
+        "-1, -2, -3, -4, -5, hv\n"
+        "32767, 12, 0, 7, 0\n"
+        "[Begin Action 12]\n"
+        "0,0,0,0,1\n"
+        "[BG \"sky\", far]\n"
+        "type = anim\nactionno = -32768\nlayerno = 1\nstart = -160, 7\ndelta = -.25, 0\n"
+        "[BG  two  blanks ]\n"
+        "type = normal\nspriteno = 3, 4\nstart = 0, -5\ndelta = 1.125, -1e-3\nmask = 1\n"
+        "[BG a[b]\n"
+        "type = parallax\nactionno = 77\nlayerno = -3\ndelta = .333333343, 20000\nmask = -1\n"
+        "[BG]\n"
+        "type = anim\nactionno = 12\nspriteno = -1, -1\n");
+    const auto again = Loaded("[Info]\r\nname = dump\r\n" + DataCheckText(first->model));
+    EXPECT_EQ(Held(again->model), Held(first->model));
+    EXPECT_THAT(
+        Held(again->model),
+        testing::ElementsAre(
+            "action -32768", "group -1", "image -2", "x -3", "y -4", "time -5", "flip hv",  //
+            "group 32767", "image 12", "x 0", "y 7", "time 0", "flip ",                     //
+            "action 12", "group 0", "image 0", "x 0", "y 0", "time 1", "flip ",             //
+            "name \"sky\", far", "type anim", "actionno -32768", "layerno 1", "group 0", "image 0",
+            "startX -160", "startY 7", "deltaX -0.25", "deltaY 0", "mask 1",  //
+            "name  two  blanks ", "type normal", "actionno 0", "layerno 0", "group 3", "image 4",
+            "startX 0", "startY -5", "deltaX 1.125", "deltaY -0.00100000005", "mask 1",  //
+            "name a[b", "type parallax", "actionno 77", "layerno -3", "group 0", "image 0",
+            "startX 0", "startY 0", "deltaX 0.333333343", "deltaY 20000", "mask -1",  //
+            "name No name", "type anim", "actionno 12", "layerno 0", "group -1", "image -1",
+            "startX 0", "startY 0", "deltaX 1", "deltaY 1", "mask 1"));
+}
+
+TEST(ReadAgain, WhatTheEditorHasDoneIsThere) {
+    const auto first = Loaded(kStage);
+    StageModel& model = first->model;
+    SwapElements(model, 0, 1);
+    CloneElement(model, 0);
+    model.Elements[1].startX = -7;
+    model.Elements[2].layerno = 1;
+    const auto again = Loaded("[Info]\r\nname = dump\r\n" + DataCheckText(model));
+    EXPECT_EQ(Held(again->model), Held(model));
+    ASSERT_EQ(again->model.Elements.size(), 4U);
+    EXPECT_EQ(again->model.Elements[1].name, "No name");
+    EXPECT_EQ(again->model.Elements[1].startX, -7);
+    EXPECT_EQ(again->model.Elements[2].name, "Far sky");
+    EXPECT_EQ(again->model.Elements[2].layerno, 1);
 }
 
 // Every definition of a folder and the folders in it.

@@ -281,7 +281,7 @@ TEST_F(Drag, GoesOnWithTheElementThatAKeyMoves) {
     ExpectAt(0, 0, 2);
 }
 
-TEST_F(Drag, BeyondTheRangeOfAStartIsAnOverflowAndMovesNothing) {
+TEST_F(Drag, BeyondTheRangeOfAStartIsAnOverflowAndMovesNothingMore) {
     Square();
     stage.Start();
     stage.Element(0).startX = 2147483640;
@@ -291,6 +291,10 @@ TEST_F(Drag, BeyondTheRangeOfAStartIsAnOverflowAndMovesNothing) {
     ExpectError(RunTimeErrorKind::Overflow, [&] { Move(60, 50); });
     ExpectAt(57, 57);
     ExpectStart(2147483647, 57);
+    ExpectIndices(0, -1);
+    Move(60, 50);  // not said again
+    ExpectAt(57, 57);
+    Down(59, 60);
     Move(52, 63);
     ExpectAt(50, 60);
     ExpectStart(2147483640, 60);

@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "base/NumberText.h"
+#include "base/RunTimeError.h"
 
 namespace scenara {
 
@@ -68,6 +69,9 @@ bool HeadlessMediaGraph::Pause() {
 }
 
 bool HeadlessMediaGraph::Stop() {
+    if (media_.raisesAtStop_) {
+        throw RunTimeError(RunTimeErrorKind::OutOfMemory);
+    }
     return GoTo("Stop", FilterState::Stopped);
 }
 

@@ -37,6 +37,8 @@ public:
     void AddFile(const std::string& name, const HeadlessMediaFile& file) { files_[name] = file; }
     // From now on there are no graphs at all.
     void RefuseGraphs() { refusesGraphs_ = true; }
+    // ... to stop one raises "Out of memory".
+    void RunOutOfMemoryAtStop() { raisesAtStop_ = true; }
 
     [[nodiscard]] const std::vector<std::string>& Calls() const { return calls_; }
     void ForgetCalls() { calls_.clear(); }
@@ -50,6 +52,7 @@ private:
     std::vector<std::string> calls_;
     int graphsAlive_ = 0;
     bool refusesGraphs_ = false;
+    bool raisesAtStop_ = false;
 };
 
 class HeadlessMediaGraph : public MediaGraph {

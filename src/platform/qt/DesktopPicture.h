@@ -19,7 +19,8 @@ public:
         : window_(window), fullScreen_(fullScreen) {}
 
     HRESULT Show(std::span<const std::uint32_t> pixels) override {
-        return (fullScreen_.isVisible() ? fullScreen_.Picture() : window_.Picture()).Show(pixels);
+        return fullScreen_.isVisible() ? fullScreen_.Picture().Show(pixels)
+                                       : window_.Present(pixels);
     }
 
 private:

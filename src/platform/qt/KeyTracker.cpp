@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMenuBar>
+#include <QScrollBar>
 #include <QWindow>
 #include <algorithm>
 
@@ -18,6 +19,11 @@ bool TypedElsewhere() {
     return qobject_cast<QMenuBar*>(QApplication::focusWidget()) != nullptr ||
            QApplication::activePopupWidget() != nullptr ||
            QApplication::activeModalWidget() != nullptr;
+}
+
+// The sprite browser's, the only one that takes the focus; the stage stands still then.
+bool TypedToABar() {
+    return qobject_cast<QScrollBar*>(QApplication::focusWidget()) != nullptr;
 }
 
 bool DrivesTheCamera(VirtualKey key) {
@@ -116,7 +122,7 @@ bool KeyTracker::Press(const QKeyEvent& event) {
         }
     }
     // A list takes letters for the beginning of an item's name, and would open that stage.
-    return !form_.lstStages.takesKeys &&
+    return !form_.lstStages.takesKeys && !TypedToABar() &&
            (DrivesTheCamera(*key) || (form_[Menu::mnuDebugBG].checked && Edits(*key)));
 }
 

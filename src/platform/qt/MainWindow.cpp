@@ -7,6 +7,7 @@
 #include <QCloseEvent>
 #include <QDragEnterEvent>
 #include <QFile>
+#include <QKeyEvent>
 #include <QListWidget>
 #include <QMenu>
 #include <QMenuBar>
@@ -60,6 +61,25 @@ public:
     }
 };
 
+// The sprites' bar, to the right for the next one. (The toolkit's own takes Left for more.)
+class SpriteBar : public QScrollBar {
+public:
+    SpriteBar() : QScrollBar(Qt::Horizontal) { setFocusPolicy(Qt::StrongFocus); }
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        switch (event->key()) {
+            case Qt::Key_Left: triggerAction(SliderSingleStepSub); break;
+            case Qt::Key_Right: triggerAction(SliderSingleStepAdd); break;
+            case Qt::Key_PageUp: triggerAction(SliderPageStepSub); break;
+            case Qt::Key_PageDown: triggerAction(SliderPageStepAdd); break;
+            case Qt::Key_Home: triggerAction(SliderToMinimum); break;
+            case Qt::Key_End: triggerAction(SliderToMaximum); break;
+            default: event->ignore(); break;
+        }
+    }
+};
+
 }  // namespace
 
 MainWindow::MainWindow(const Form& form) : form_(form), looksTruly_(RunsOnGlib()) {
@@ -68,7 +88,7 @@ MainWindow::MainWindow(const Form& form) : form_(form), looksTruly_(RunsOnGlib()
     picture_ = new PictureWidget(inner);    // NOLINT(cppcoreguidelines-owning-memory)
     list_ = new QListWidget(inner);         // NOLINT(cppcoreguidelines-owning-memory)
     cameraBar_ = new QScrollBar(Qt::Horizontal);  // NOLINT(cppcoreguidelines-owning-memory)
-    spriteBar_ = new QScrollBar(Qt::Horizontal);  // NOLINT(cppcoreguidelines-owning-memory)
+    spriteBar_ = new SpriteBar;                   // NOLINT(cppcoreguidelines-owning-memory)
     auto* const all = new QWidget(this);          // NOLINT(cppcoreguidelines-owning-memory)
     auto* const rows = new QVBoxLayout(all);      // NOLINT(cppcoreguidelines-owning-memory)
     rows->setContentsMargins(0, 0, 0, 0);
@@ -110,34 +130,41 @@ void MainWindow::BuildList() {
 
 void MainWindow::BuildBars() {
     connect(cameraBar_, &QScrollBar::valueChanged, this, [this](int value) {
-        Note([value](FormEvents& events) { events.hscHScroll_Change(value); });
+        Note([value](FormEvents& events) { events.hscHScroll_Change(value); },
+             WaitingEvents::Kind::CameraBar);
     });
     // While the thumb is dragged its values are scrolling, else changes.
     connect(spriteBar_, &QScrollBar::valueChanged, this, [this](int value) {
         const bool dragged = spriteBar_->isSliderDown();
-        Note([value, dragged](FormEvents& events) {
-            if (dragged) {
-                events.hscSGFX_Scroll(value);
-            } else {
-                events.hscSGFX_Change(value);
-            }
-        });
+        Note(
+            [value, dragged](FormEvents& events) {
+                if (dragged) {
+                    events.hscSGFX_Scroll(value);
+                } else {
+                    events.hscSGFX_Change(value);
+                }
+            },
+            WaitingEvents::Kind::SpriteBar);
     });
     connect(spriteBar_, &QScrollBar::sliderReleased, this, [this] {
         const int value = spriteBar_->value();
-        Note([value](FormEvents& events) { events.hscSGFX_Change(value); });
+        Note([value](FormEvents& events) { events.hscSGFX_Change(value); },
+             WaitingEvents::Kind::SpriteBar);
     });
 }
 
 void MainWindow::BuildMouse() {
     picture_->SetMouseObserver([this](PictureWidget::Mouse what, Long x, Long y) {
-        Note([what, x, y](FormEvents& events) {
-            switch (what) {
-                case PictureWidget::Mouse::Down: events.Form_MouseDown(x, y); break;
-                case PictureWidget::Mouse::Move: events.Form_MouseMove(x, y); break;
-                case PictureWidget::Mouse::Up: events.Form_MouseUp(); break;
-            }
-        });
+        Note(
+            [what, x, y](FormEvents& events) {
+                switch (what) {
+                    case PictureWidget::Mouse::Down: events.Form_MouseDown(x, y); break;
+                    case PictureWidget::Mouse::Move: events.Form_MouseMove(x, y); break;
+                    case PictureWidget::Mouse::Up: events.Form_MouseUp(); break;
+                }
+            },
+            what == PictureWidget::Mouse::Move ? WaitingEvents::Kind::PointerMove
+                                               : WaitingEvents::Kind::Button);
     });
 }
 
@@ -156,14 +183,25 @@ void MainWindow::ShowBar(QScrollBar& widget, const ScrollBar& bar) {
         const int its = widget.sizeHint().height();
         widget.setVisible(bar.Visible);
         resize(width(), height() + (bar.Visible ? its : -its));
+        // The arrow keys have nothing else to move then (KeyTracker).
+        if (&widget == spriteBar_ && bar.Visible) {
+            widget.setFocus();
+        } else {
+            widget.clearFocus();  // where nothing else takes it, a hidden bar would keep it
+        }
     }
-    if (bar.Visible && waiting_.empty()) {
+    if (bar.Visible && waiting_.Empty()) {
         const QSignalBlocker quiet(&widget);  // what the program does is no move of the user's
         widget.setRange(bar.Min, bar.Max);
         if (!widget.isSliderDown()) {
             widget.setValue(bar.Value);
         }
     }
+}
+
+HRESULT MainWindow::Present(std::span<const std::uint32_t> pixels) {
+    picture_->SetSelection(form_.selection);
+    return picture_->Show(pixels);
 }
 
 void MainWindow::ShowPicture(Long width, Long height, std::span<const std::uint32_t> pixels) {
@@ -199,7 +237,7 @@ void MainWindow::BuildMenus() {
     QMenu* const options = menuBar()->addMenu(QString());
     actions_[static_cast<std::size_t>(Menu::mnuStage)] = stage->menuAction();
     actions_[static_cast<std::size_t>(Menu::mnuOptions)] = options->menuAction();
-    QMenu* const extras = new QMenu(menuBar());  // NOLINT(cppcoreguidelines-owning-memory)
+    auto* const extras = new QMenu(menuBar());  // NOLINT(cppcoreguidelines-owning-memory)
     actions_[static_cast<std::size_t>(Menu::mnuExtras)] = extras->menuAction();
     for (std::size_t i = 0; i < kMenuCount; ++i) {
         if (actions_[i] != nullptr) {
@@ -268,7 +306,7 @@ void MainWindow::ShowList() {
     for (; listed_ < list.items.size(); ++listed_) {
         list_->addItem(Shown(list.items[listed_]));
     }
-    if (SelectedRow() != list.ListIndex && waiting_.empty()) {
+    if (SelectedRow() != list.ListIndex && waiting_.Empty()) {
         list_->setCurrentRow(list.ListIndex);
     }
     const QRect place(list.left, list.top, list.width, list.height);
@@ -332,7 +370,7 @@ void MainWindow::SetCaption(const std::string& caption) {
 }
 
 bool MainWindow::MessageWaiting() {
-    return !waiting_.empty() || !looksTruly_ || g_main_context_pending(nullptr) != 0;
+    return !waiting_.Empty() || !looksTruly_ || g_main_context_pending(nullptr) != 0;
 }
 
 void MainWindow::DoEvents() {
@@ -344,7 +382,7 @@ void MainWindow::DoEvents() {
 
 void MainWindow::WaitForEvents() {
     ShowForm();
-    if (waiting_.empty() && !endRequested_) {
+    if (waiting_.Empty() && !endRequested_) {
         QApplication::processEvents(QEventLoop::WaitForMoreEvents);
     }
     HandOver();
@@ -356,10 +394,8 @@ void MainWindow::HandOver() {
     if (std::exchange(resized_, false)) {
         NoteResize();
     }
-    while (!waiting_.empty() && events_ != nullptr) {
-        const Event event = std::move(waiting_.front());
-        waiting_.pop_front();
-        event(*events_);
+    while (!waiting_.Empty() && events_ != nullptr) {
+        waiting_.TakeFirst()(*events_);
     }
 }
 

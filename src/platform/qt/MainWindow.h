@@ -10,12 +10,14 @@
 
 #include <QMainWindow>
 #include <array>
-#include <deque>
-#include <functional>
+#include <cstdint>
+#include <span>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/Form.h"
+#include "platform/WaitingEvents.h"
 #include "platform/Window.h"
 #include "platform/x11/X11Modes.h"
 
@@ -39,6 +41,8 @@ public:
     // A key has gone down somewhere in the program.
     void NoteKey(VirtualKey key);
     [[nodiscard]] PictureWidget& Picture() { return *picture_; }
+    // Shows a frame of the stage, with the selection that belongs to it.
+    HRESULT Present(std::span<const std::uint32_t> pixels);
 
     // Where it stands, in the display's own pixels.
     [[nodiscard]] ScreenRectangle Rectangle() const;
@@ -72,8 +76,6 @@ protected:
     void dropEvent(QDropEvent* event) override;
 
 private:
-    using Event = std::function<void(FormEvents&)>;
-
     void BuildMenus();
     void BuildList();
     void BuildBars();
@@ -87,7 +89,9 @@ private:
     [[nodiscard]] int HeightAround() const;
     [[nodiscard]] int SelectedRow() const;
     void NoteSelection(int row);
-    void Note(Event event) { waiting_.push_back(std::move(event)); }
+    void Note(WaitingEvents::Event event, WaitingEvents::Kind kind = WaitingEvents::Kind::Once) {
+        waiting_.Add(std::move(event), kind);
+    }
     void HandOver();
     void NoteResize();
 
@@ -102,7 +106,7 @@ private:
     std::vector<QAction*> recentActions_;
     std::size_t listed_ = 0;   // how many of the form's items the list has
     int selectionNoted_ = -1;  // the row that a press of the mouse has selected just now
-    std::deque<Event> waiting_;
+    WaitingEvents waiting_;
     bool covered_ = false;
     bool looksTruly_ = false;  // the dispatcher can tell whether something waits
     bool resized_ = false;

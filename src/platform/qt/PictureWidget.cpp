@@ -25,6 +25,34 @@ void StretchLine(std::span<const std::uint32_t> line, std::uint32_t* into, const
     }
 }
 
+// `pixels` in the screen's own, each of them what is under its centre.
+QImage InPixelsOfTheScreen(std::int32_t width, std::int32_t height,
+                           std::span<const std::uint32_t> pixels, double ratio) {
+    const auto length = [ratio](std::int32_t own) {
+        return std::max(static_cast<std::int32_t>(std::lround(own * ratio)), 1);
+    };
+    const auto under = [](std::int32_t pixel, std::int32_t own, std::int32_t all) {
+        return static_cast<std::size_t>((std::int64_t{pixel} * 2 + 1) * own /
+                                        (std::int64_t{all} * 2));
+    };
+    QImage image(length(width), length(height), QImage::Format_RGB32);
+    image.setDevicePixelRatio(ratio);
+    if (width < 1 || height < 1) {
+        image.fill(Qt::black);
+        return image;
+    }
+    for (std::int32_t y = 0; y < image.height(); ++y) {
+        const auto line =
+            pixels.subspan(under(y, height, image.height()) * static_cast<std::size_t>(width),
+                           static_cast<std::size_t>(width));
+        auto* const into = reinterpret_cast<std::uint32_t*>(image.scanLine(y));
+        for (std::int32_t x = 0; x < image.width(); ++x) {
+            into[x] = line[under(x, width, image.width())];
+        }
+    }
+    return image;
+}
+
 }  // namespace
 
 PictureWidget::PictureWidget(QWidget* parent) : QWidget(parent) {
@@ -48,15 +76,7 @@ void PictureWidget::TakeOver(const PictureWidget& other) {
 
 void PictureWidget::ShowOwn(std::int32_t width, std::int32_t height,
                             std::span<const std::uint32_t> pixels) {
-    own_ = QImage(std::max(width, 1), std::max(height, 1), QImage::Format_RGB32);
-    own_.fill(Qt::black);
-    for (std::int32_t y = 0; y < height; ++y) {
-        const auto line =
-            pixels.subspan(static_cast<std::size_t>(y) * static_cast<std::size_t>(width),
-                           static_cast<std::size_t>(width));
-        std::memcpy(own_.scanLine(y), line.data(), line.size_bytes());
-    }
-    own_.setDevicePixelRatio(devicePixelRatioF());
+    own_ = InPixelsOfTheScreen(width, height, pixels, devicePixelRatioF());
     repaint();
 }
 

@@ -29,7 +29,9 @@ public:
 
     HRESULT Show(std::span<const std::uint32_t> pixels) override;
 
-    // A picture of its own, one to one from the upper left corner, until EndOwn.
+    // A picture of its own, from the upper left corner, until EndOwn. As the window is, it is
+    // measured in the toolkit's pixels: on a screen that has several of its own to one of those, it
+    // is stretched.
     void ShowOwn(std::int32_t width, std::int32_t height, std::span<const std::uint32_t> pixels);
     void EndOwn();
 

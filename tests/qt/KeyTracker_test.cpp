@@ -1,0 +1,302 @@
+// SPDX-License-Identifier: MIT
+//
+// Which keys count as down, which are told of, and which go no further.
+#include "platform/qt/KeyTracker.h"
+
+#include <QDialog>
+#include <QListWidget>
+#include <QMenu>
+#include <QScrollBar>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "qt/Toolkit.h"
+
+namespace scenara::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr Integer kUp = 0;
+constexpr Integer kPressedSince = 1;
+constexpr Integer kDown = -32768;
+constexpr Integer kDownAndPressedSince = -32767;
+
+std::optional<VirtualKey> KeyOf(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    return VirtualKeyOf(QKeyEvent(QEvent::KeyPress, key, modifiers));
+}
+
+TEST(VirtualKeyOf, IsTheKeyOfThatName) {
+    EXPECT_EQ(KeyOf(Qt::Key_Left), VirtualKey::Left);
+    EXPECT_EQ(KeyOf(Qt::Key_Up), VirtualKey::Up);
+    EXPECT_EQ(KeyOf(Qt::Key_Right), VirtualKey::Right);
+    EXPECT_EQ(KeyOf(Qt::Key_Down), VirtualKey::Down);
+    EXPECT_EQ(KeyOf(Qt::Key_Pause), VirtualKey::Pause);
+    EXPECT_EQ(KeyOf(Qt::Key_Escape), VirtualKey::Escape);
+    EXPECT_EQ(KeyOf(Qt::Key_Insert), VirtualKey::Insert);
+    EXPECT_EQ(KeyOf(Qt::Key_Delete), VirtualKey::Delete);
+    EXPECT_EQ(KeyOf(Qt::Key_A), VirtualKey::A);
+    EXPECT_EQ(KeyOf(Qt::Key_D), VirtualKey::D);
+    EXPECT_EQ(KeyOf(Qt::Key_Q), VirtualKey::Q);
+    EXPECT_EQ(KeyOf(Qt::Key_Z), VirtualKey::Z);
+}
+
+TEST(VirtualKeyOf, PlusAndMinusCountOnTheKeypadOnly) {
+    EXPECT_EQ(KeyOf(Qt::Key_Plus, Qt::KeypadModifier), VirtualKey::NumpadPlus);
+    EXPECT_EQ(KeyOf(Qt::Key_Minus, Qt::KeypadModifier), VirtualKey::NumpadMinus);
+    EXPECT_EQ(KeyOf(Qt::Key_Plus), std::nullopt);
+    EXPECT_EQ(KeyOf(Qt::Key_Plus, Qt::ShiftModifier), std::nullopt);
+    EXPECT_EQ(KeyOf(Qt::Key_Minus), std::nullopt);
+}
+
+TEST(VirtualKeyOf, TheKeypadsOtherKeysAreThoseOfTheirNames) {
+    EXPECT_EQ(KeyOf(Qt::Key_Left, Qt::KeypadModifier), VirtualKey::Left);
+    EXPECT_EQ(KeyOf(Qt::Key_Insert, Qt::KeypadModifier), VirtualKey::Insert);
+    EXPECT_EQ(KeyOf(Qt::Key_Delete, Qt::KeypadModifier), VirtualKey::Delete);
+}
+
+TEST(VirtualKeyOf, KnowsNoOthers) {
+    EXPECT_EQ(KeyOf(Qt::Key_F7), std::nullopt);
+    EXPECT_EQ(KeyOf(Qt::Key_B), std::nullopt);
+    EXPECT_EQ(KeyOf(Qt::Key_Space), std::nullopt);
+    EXPECT_EQ(KeyOf(Qt::Key_unknown), std::nullopt);
+}
+
+// A widget with the focus, which writes down the keys that get to it.
+class Listener : public QWidget {
+public:
+    Listener() { setFocusPolicy(Qt::StrongFocus); }
+    std::vector<int> heard;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override { heard.push_back(event->key()); }
+};
+
+class Keys : public Toolkit {
+protected:
+    Keys() {
+        tracker.SetObserver([this](VirtualKey key) { told.push_back(key); });
+        BringUp(listener);
+        listener.setFocus();
+    }
+
+    // Presses and lets go of each; what the focused widget has heard of.
+    std::vector<int> HeardOf(const std::vector<KeyPlace>& keys) {
+        listener.heard.clear();
+        for (const KeyPlace& key : keys) {
+            Press(listener, key);
+            Release(listener, key);
+        }
+        return listener.heard;
+    }
+
+    static constexpr quint32 kScanD = 40;
+    static constexpr quint32 kScanLeft = 113;
+    const KeyPlace d{Qt::Key_D, kScanD};
+    const KeyPlace left{Qt::Key_Left, kScanLeft};
+    const std::vector<KeyPlace> arrowsAZ = {left,
+                                            {Qt::Key_Up, 111},
+                                            {Qt::Key_Right, 114},
+                                            {Qt::Key_Down, 116},
+                                            {Qt::Key_A, 38},
+                                            {Qt::Key_Z, 52}};
+    const std::vector<KeyPlace> editing = {d,
+                                           {Qt::Key_Plus, 86, Qt::KeypadModifier},
+                                           {Qt::Key_Minus, 82, Qt::KeypadModifier},
+                                           {Qt::Key_Delete, 119},
+                                           {Qt::Key_Insert, 118}};
+
+    Form form;
+    KeyTracker tracker{form};
+    std::vector<VirtualKey> told;
+    Listener listener;
+};
+
+// --- which are down ---
+
+TEST_F(Keys, AreDownFromThePressToTheRelease) {
+    EXPECT_EQ(tracker.GetAsyncKeyState(VirtualKey::Left), kUp);
+    Press(listener, left);
+    EXPECT_EQ(tracker.GetAsyncKeyState(VirtualKey::Left), kDownAndPressedSince);
+    EXPECT_EQ(tracker.GetAsyncKeyState(VirtualKey::Left), kDown);
+    EXPECT_EQ(tracker.GetAsyncKeyState(VirtualKey::Right), kUp);
+    Release(listener, left);
+    EXPECT_EQ(tracker.GetAsyncKeyState(VirtualKey::Left), kUp);
+    EXPECT_THAT(told, ElementsAre(VirtualKey::Left)) << "once, though two widgets saw it";
+}
+
+TEST_F(Keys, APressThatCameAndWentIsReportedOnce) {
+    Press(listener, d);
+    Release(listener, d);
+    EXPECT_EQ(tracker.GetAsyncKeyState(VirtualKey::D), kPressedSince);
+    EXPECT_EQ(tracker.GetAsyncKeyState(VirtualKey::D), kUp);
+}
+
+TEST_F(Keys, AreKnownByTheirPlaceWhileTheyAreDown) {
+    constexpr quint32 kScanKeypad4 = 83;
+    Press(listener, {Qt::Key_Left, kScanKeypad4, Qt::KeypadModifier});
+    // With Num Lock on in between it is another key that is let go.
+    Release(listener, {Qt::Key_4, kScanKeypad4, Qt::KeypadModifier});
+    EXPECT_EQ(tracker.GetAsyncKeyState(VirtualKey::Left), kPressedSince);
+}
+
+TEST_F(Keys, TwoPlacesOfOneKeyAreBothLetGoBeforeItIsUp) {
+    Press(listener, left);
+    Press(listener, {Qt::Key_Left, 83, Qt::KeypadModifier});
+    Release(listener, left);
+    EXPECT_EQ(tracker.GetAsyncKeyState(VirtualKey::Left), kDownAndPressedSince);
+    Release(listener, {Qt::Key_Left, 83, Qt::KeypadModifier});
+    EXPECT_EQ(tracker.GetAsyncKeyState(VirtualKey::Left), kUp);
+    EXPECT_THAT(told, ElementsAre(VirtualKey::Left, VirtualKey::Left));
+}
+
+TEST_F(Keys, RepeatedOnesArePressedOnce) {
+    Press(listener, left);
+    static_cast<void>(tracker.GetAsyncKeyState(VirtualKey::Left));
+    Release(listener, left, true);
+    Press(listener, left, true);
+    EXPECT_EQ(tracker.GetAsyncKeyState(VirtualKey::Left), kDown);
+    Press(listener, left);  // a repetition that is not told to be one
+    EXPECT_EQ(tracker.GetAsyncKeyState(VirtualKey::Left), kDown);
+    EXPECT_THAT(told, ElementsAre(VirtualKey::Left));
+    Release(listener, left);
+    EXPECT_EQ(tracker.GetAsyncKeyState(VirtualKey::Left), kUp);
+}
+
+TEST_F(Keys, ARepetitionWithoutAPressIsNone) {
+    Press(listener, left, true);  // held since before the window was there
+    EXPECT_EQ(tracker.GetAsyncKeyState(VirtualKey::Left), kUp);
+    EXPECT_THAT(told, IsEmpty());
+}
+
+TEST_F(Keys, AReleaseWithoutAPressIsNothing) {
+    Release(listener, left);
+    EXPECT_EQ(tracker.GetAsyncKeyState(VirtualKey::Left), kUp);
+    Press(listener, d);
+    Release(listener, left);
+    EXPECT_EQ(tracker.GetAsyncKeyState(VirtualKey::D), kDownAndPressedSince);
+}
+
+TEST_F(Keys, AreAllUpWhenTheFocusMoves) {
+    Press(listener, left);
+    Press(listener, d);
+    Release(listener, d);
+    Listener other;
+    BringUp(other);
+    ASSERT_TRUE(other.isActiveWindow());
+    EXPECT_EQ(tracker.GetAsyncKeyState(VirtualKey::Left), kUp);
+    EXPECT_EQ(tracker.GetAsyncKeyState(VirtualKey::D), kUp);
+    Release(other, left);  // heard of here by chance
+    EXPECT_EQ(tracker.GetAsyncKeyState(VirtualKey::Left), kUp);
+    Press(other, left);
+    EXPECT_EQ(tracker.GetAsyncKeyState(VirtualKey::Left), kDownAndPressedSince);
+}
+
+TEST_F(Keys, WithAltAndTheLikeBelongToTheMenus) {
+    for (const Qt::KeyboardModifier with :
+         {Qt::AltModifier, Qt::ControlModifier, Qt::MetaModifier}) {
+        form.lstStages.takesKeys = false;
+        form[Menu::mnuDebugBG].checked = true;
+        EXPECT_THAT(HeardOf({{Qt::Key_D, kScanD, with}}), ElementsAre(Qt::Key_D));
+        EXPECT_EQ(tracker.GetAsyncKeyState(VirtualKey::D), kUp);
+    }
+    EXPECT_THAT(told, IsEmpty());
+    Press(listener, {Qt::Key_D, kScanD, Qt::ShiftModifier});
+    EXPECT_THAT(told, ElementsAre(VirtualKey::D)) << "Shift is no such key";
+}
+
+TEST_F(Keys, InAnOpenMenuDoNotCount) {
+    QMenu menu(&listener);
+    menu.addAction("Dump");
+    menu.popup(listener.mapToGlobal(QPoint(0, 0)));
+    Settle();
+    ASSERT_NE(QApplication::activePopupWidget(), nullptr);
+    Press(listener, {Qt::Key_Left, kScanLeft});
+    EXPECT_EQ(tracker.GetAsyncKeyState(VirtualKey::Left), kUp);
+    EXPECT_THAT(told, IsEmpty());
+}
+
+TEST_F(Keys, InADialogDoNotCount) {
+    QDialog dialog(&listener);
+    dialog.setModal(true);
+    BringUp(dialog);
+    ASSERT_EQ(QApplication::activeModalWidget(), &dialog);
+    Press(dialog, d);
+    EXPECT_EQ(tracker.GetAsyncKeyState(VirtualKey::D), kUp);
+    EXPECT_THAT(told, IsEmpty());
+}
+
+// --- which go no further ---
+
+TEST_F(Keys, AllGoOnWhileTheListTakesThem) {
+    form[Menu::mnuDebugBG].checked = true;
+    EXPECT_EQ(HeardOf(arrowsAZ).size(), 6U);
+    EXPECT_EQ(HeardOf(editing).size(), 5U);
+}
+
+TEST_F(Keys, OfTheCameraStayWhileAStageIsShown) {
+    form.lstStages.takesKeys = false;
+    EXPECT_THAT(HeardOf(arrowsAZ), IsEmpty());
+    EXPECT_EQ(told.size(), 6U) << "the program hears of them all the same";
+    EXPECT_EQ(HeardOf(editing).size(), 5U) << "the editor is off";
+}
+
+TEST_F(Keys, OfTheEditorStayWhileDebugBGIsChecked) {
+    form.lstStages.takesKeys = false;
+    form[Menu::mnuDebugBG].checked = true;
+    EXPECT_THAT(HeardOf(arrowsAZ), IsEmpty());
+    EXPECT_THAT(HeardOf(editing), IsEmpty());
+    EXPECT_EQ(told.size(), 11U);
+    // Not what only looks like them, and nothing that the program has no use for.
+    EXPECT_THAT(HeardOf({{Qt::Key_Plus, 35}, {Qt::Key_Minus, 61}, {Qt::Key_F7, 73}}),
+                ElementsAre(Qt::Key_Plus, Qt::Key_Minus, Qt::Key_F7));
+    EXPECT_THAT(HeardOf({{Qt::Key_Escape, 9}}), ElementsAre(Qt::Key_Escape));
+}
+
+TEST_F(Keys, RepeatedOnesStayAsWell) {
+    form.lstStages.takesKeys = false;
+    Press(listener, left);
+    Press(listener, left, true);
+    EXPECT_THAT(listener.heard, IsEmpty());
+}
+
+TEST_F(Keys, DSelectsNoStageInTheListWhileItDumps) {
+    QListWidget list;
+    list.addItems({"bar", "cup", "dot"});
+    BringUp(list);
+    list.setFocus();
+    list.setCurrentRow(0);
+    form.lstStages.takesKeys = false;
+    const KeyPlace typed{Qt::Key_D, kScanD, Qt::NoModifier, "d"};
+    form[Menu::mnuDebugBG].checked = true;
+    Press(list, typed);
+    EXPECT_EQ(list.currentRow(), 0);
+    Release(list, typed);
+    form[Menu::mnuDebugBG].checked = false;
+    Press(list, typed);
+    EXPECT_EQ(list.currentRow(), 2) << "it is an ordinary letter then";
+}
+
+TEST_F(Keys, ABarWithTheFocusGetsTheArrowKeys) {
+    QScrollBar bar(Qt::Horizontal);
+    bar.setFocusPolicy(Qt::StrongFocus);
+    bar.setRange(0, 5);
+    bar.setValue(3);
+    BringUp(bar);
+    bar.setFocus();
+    form.lstStages.takesKeys = false;
+    const KeyPlace right{Qt::Key_Right, 114};
+    Press(bar, right);
+    const int once = bar.value();
+    EXPECT_NE(once, 3);
+    Press(bar, right, true);
+    EXPECT_EQ(bar.value(), once + (once - 3)) << "repeated, too";
+}
+
+}  // namespace
+}  // namespace scenara::test

@@ -1,0 +1,213 @@
+// SPDX-License-Identifier: MIT
+//
+// The main window as the program drives it: its bars, its place, and what it tells of.
+#include "platform/qt/MainWindow.h"
+
+#include <QImage>
+#include <QScrollBar>
+#include <cstdint>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "platform/qt/DesktopPicture.h"
+#include "platform/qt/FullScreenWindow.h"
+#include "platform/qt/KeyTracker.h"
+#include "platform/qt/PictureWidget.h"
+#include "qt/Toolkit.h"
+#include "support/RecordedEvents.h"
+
+namespace scenara::test {
+namespace {
+
+class Main : public Toolkit {
+protected:
+    Main() {
+        form.picDraw = {0, 0, 320, 240};
+        window.SetEvents(&program);
+        window.Show();
+        window.Size(320, 240);
+        Pump();
+        static_cast<void>(program.Text());
+    }
+
+    void Pump() {
+        for (int i = 0; i < 10; ++i) {
+            window.DoEvents();
+        }
+    }
+    void ExpectInside(Long width, Long height) {
+        EXPECT_EQ(program.width, width);
+        EXPECT_EQ(program.height, height);
+    }
+    // The one that is seen.
+    QScrollBar& Bar() {
+        for (QScrollBar* const bar : window.findChildren<QScrollBar*>()) {
+            if (bar->isVisible() && bar->orientation() == Qt::Horizontal) {
+                return *bar;
+            }
+        }
+        ADD_FAILURE() << "no bar is shown";
+        return *window.findChildren<QScrollBar*>().front();
+    }
+
+    Form form;
+    KeyTracker keyboard{form};
+    MainWindow window{form};
+    RecordedEvents program;
+};
+
+// --- the bars ---
+
+using WindowBars = Main;
+
+TEST_F(WindowBars, StandBelowThePictureAndTakeNothingOfIt) {
+    ExpectInside(320, 240);
+    const int without = window.height();
+    for (int time = 0; time < 3; ++time) {
+        form.hscHScroll.Visible = true;
+        Pump();
+        ExpectInside(320, 240);
+        EXPECT_EQ(window.height(), without + Bar().height());
+        form.hscHScroll.Visible = false;
+        form.hscSGFX.Visible = true;
+        Pump();
+        ExpectInside(320, 240);
+        form.hscSGFX.Visible = false;
+        Pump();
+        ExpectInside(320, 240);
+        EXPECT_EQ(window.height(), without);
+    }
+}
+
+TEST_F(WindowBars, CountWhenTheWindowIsSized) {
+    form.hscSGFX.Visible = true;
+    Pump();
+    window.Size(200, 100);
+    Pump();
+    ExpectInside(200, 100);
+}
+
+TEST_F(WindowBars, StandWhereTheFormSaysAndTellNothingOfIt) {
+    form.hscHScroll = {-100, 80, -30, true};
+    Pump();
+    EXPECT_EQ(Bar().minimum(), -100);
+    EXPECT_EQ(Bar().maximum(), 80);
+    EXPECT_EQ(Bar().value(), -30);
+    form.hscHScroll.Value = 7;
+    Pump();
+    EXPECT_EQ(Bar().value(), 7);
+    EXPECT_EQ(program.Text(), "");
+}
+
+TEST_F(WindowBars, TellOfTheLastOfManyMoves) {
+    form.hscHScroll = {-100, 100, 0, true};
+    Pump();
+    for (int value = 1; value <= 50; ++value) {
+        Bar().setValue(value);
+    }
+    window.DoEvents();
+    EXPECT_EQ(program.Text(), "camera 50");
+}
+
+TEST_F(WindowBars, TellOfScrollingWhileTheThumbIsDraggedAndOfAChangeBehindIt) {
+    form.hscSGFX = {0, 9, 0, true};
+    Pump();
+    Bar().setSliderDown(true);
+    Bar().setValue(3);
+    Bar().setValue(4);
+    window.DoEvents();
+    EXPECT_EQ(program.Text(), "scroll 4");
+    form.hscSGFX.Value = 4;
+    Bar().setSliderDown(false);
+    window.DoEvents();
+    EXPECT_EQ(program.Text(), "sprite 4");
+}
+
+TEST_F(WindowBars, OfTheSpritesIsWorkedByTheArrowKeysWhileItIsThere) {
+    BringUp(window);
+    form.lstStages.takesKeys = false;
+    form.hscSGFX = {0, 9, 0, true};
+    Pump();
+    const auto expect = [this](Qt::Key key, Long value, const char* told) {
+        Press(window, {key, 1});
+        form.hscSGFX.Value = value;  // as the program takes it
+        window.DoEvents();
+        EXPECT_EQ(program.Text(), told);
+        Release(window, {key, 1});
+    };
+    expect(Qt::Key_Right, 1, "sprite 1");
+    expect(Qt::Key_Up, 1, "");
+    expect(Qt::Key_End, 9, "sprite 9");
+    expect(Qt::Key_Left, 8, "sprite 8");
+    expect(Qt::Key_PageUp, 0, "sprite 0");
+    expect(Qt::Key_PageDown, 9, "sprite 9");
+    expect(Qt::Key_Home, 0, "sprite 0");
+    form.hscSGFX.Visible = false;
+    form.hscHScroll = {-100, 100, 0, true};
+    Pump();
+    Press(window, {Qt::Key_Right, 1});
+    window.DoEvents();
+    EXPECT_EQ(program.Text(), "");
+    EXPECT_EQ(Bar().value(), 0) << "the camera's bar goes by the camera";
+}
+
+// --- the mouse ---
+
+TEST_F(Main, TellsOfThePressesAndTheLastMove) {
+    PictureWidget& picture = window.Picture();
+    SendMouse(picture, QEvent::MouseButtonPress, {1, 2}, Qt::LeftButton, Qt::LeftButton);
+    for (int x = 2; x < 40; ++x) {
+        SendMouse(picture, QEvent::MouseMove, QPointF(x, 2), Qt::NoButton, Qt::LeftButton);
+    }
+    SendMouse(picture, QEvent::MouseButtonRelease, {39, 2}, Qt::LeftButton, Qt::NoButton);
+    window.DoEvents();
+    EXPECT_EQ(program.Text(), "down 1 2, move 39 2, up");
+}
+
+// --- the frame around what is selected ---
+
+TEST_F(Main, ShowsTheFrameOfTheSelectionWithThePictureThatItBelongsTo) {
+    FullScreenWindow fullScreen(window);
+    DesktopPicture sink(window, fullScreen);
+    const std::vector<std::uint32_t> view(320U * 240U, 0xFF336699U);
+    const auto pixelsOfTheFrame = [&] {
+        const QImage seen = window.Picture().grab().toImage();
+        int count = 0;
+        for (int x = 0; x < seen.width(); ++x) {
+            count += seen.pixel(x, 100) == 0xFF336699U ? 0 : 1;
+        }
+        return count;
+    };
+    sink.Show(view);
+    EXPECT_EQ(pixelsOfTheFrame(), 0);
+    form.selection = {50, 100, 150, 120};
+    sink.Show(view);
+    EXPECT_EQ(pixelsOfTheFrame(), 100);
+    form.selection.reset();
+    sink.Show(view);
+    EXPECT_EQ(pixelsOfTheFrame(), 0);
+}
+
+// --- the full screen ---
+
+TEST_F(Main, StandsOverTheWholeScreenWhileTheFullScreenDoes) {
+    FullScreenWindow fullScreen(window);
+    window.MoveTo(20 * kUnitsPerPixel, 30 * kUnitsPerPixel);
+    Pump();
+    const ScreenSize screen = window.Screen();
+    const WindowPlace before = window.Place();
+    EXPECT_NE(before.width, screen.width);
+    fullScreen.Show();
+    EXPECT_EQ(window.Place().left, 0);
+    EXPECT_EQ(window.Place().top, 0);
+    EXPECT_EQ(window.Place().width, screen.width);
+    EXPECT_EQ(window.Place().height, screen.height);
+    fullScreen.Hide();
+    Pump();
+    EXPECT_EQ(window.Place().width, before.width);
+    EXPECT_EQ(window.Place().left, before.left);
+}
+
+}  // namespace
+}  // namespace scenara::test

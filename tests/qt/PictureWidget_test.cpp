@@ -1,0 +1,128 @@
+// SPDX-License-Identifier: MIT
+//
+// What stands on the screen's own pixels, and what the pointer is told to be over.
+#include "platform/qt/PictureWidget.h"
+
+#include <QImage>
+#include <QPainter>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "qt/Toolkit.h"
+
+namespace scenara::test {
+namespace {
+
+constexpr std::uint32_t kRed = 0xFFFF0000;
+constexpr std::uint32_t kGreen = 0xFF00FF00;
+constexpr std::uint32_t kBlue = 0xFF0000FF;
+constexpr std::uint32_t kWhite = 0xFFFFFFFF;
+constexpr std::uint32_t kBlack = 0xFF000000;
+
+// Three columns and two rows.
+const std::vector<std::uint32_t> kSprite = {kRed,  kGreen, kBlue,  //
+                                            kBlue, kWhite, kRed};
+
+class Picture : public Toolkit {
+protected:
+    explicit Picture(int scale = 1) : Toolkit(scale) {
+        widget.SetMouseObserver([this](PictureWidget::Mouse what, std::int32_t x, std::int32_t y) {
+            const char* const name = what == PictureWidget::Mouse::Down   ? "down "
+                                     : what == PictureWidget::Mouse::Move ? "move "
+                                                                          : "up ";
+            told += name + std::to_string(x) + " " + std::to_string(y) + "; ";
+        });
+        widget.resize(320, 240);
+        BringUp(widget);
+    }
+
+    // In the screen's own pixels.
+    QImage Seen() { return widget.grab().toImage().convertToFormat(QImage::Format_RGB32); }
+
+    // The sprite in its corner with each of its pixels `times` wide and high, black around it.
+    void ExpectSprite(int times) {
+        const QImage seen = Seen();
+        ASSERT_EQ(seen.width(), 320 * times);
+        ASSERT_EQ(seen.height(), 240 * times);
+        for (int y = 0; y < seen.height(); ++y) {
+            for (int x = 0; x < seen.width(); ++x) {
+                const bool within = x < 3 * times && y < 2 * times;
+                const auto at = static_cast<std::size_t>(y / times * 3 + x / times);
+                ASSERT_EQ(seen.pixel(x, y), within ? kSprite[at] : kBlack) << x << ", " << y;
+            }
+        }
+    }
+
+    PictureWidget widget{nullptr};
+    std::string told;
+};
+
+TEST_F(Picture, OfItsOwnIsShownOneToOneUntilItEnds) {
+    widget.ShowOwn(3, 2, kSprite);
+    ExpectSprite(1);
+    widget.EndOwn();
+    EXPECT_EQ(Seen().pixel(0, 0), kBlack);
+}
+
+TEST_F(Picture, OfItsOwnWithoutAnyPixelIsBlack) {
+    widget.ShowOwn(0, 0, {});
+    EXPECT_EQ(Seen().pixel(0, 0), kBlack);
+}
+
+TEST_F(Picture, TellsOfTheLeftButtonAndThePointer) {
+    SendMouse(widget, QEvent::MouseButtonPress, {12, 34}, Qt::LeftButton, Qt::LeftButton);
+    SendMouse(widget, QEvent::MouseMove, {-3, 250}, Qt::NoButton, Qt::LeftButton);
+    SendMouse(widget, QEvent::MouseButtonRelease, {5, 6}, Qt::LeftButton, Qt::NoButton);
+    EXPECT_EQ(told, "down 12 34; move -3 250; up 5 6; ");
+}
+
+TEST_F(Picture, TellsNothingOfOtherButtons) {
+    SendMouse(widget, QEvent::MouseButtonPress, {12, 34}, Qt::RightButton, Qt::RightButton);
+    SendMouse(widget, QEvent::MouseButtonRelease, {12, 34}, Qt::RightButton, Qt::NoButton);
+    EXPECT_EQ(told, "");
+}
+
+TEST_F(Picture, AMoveWithoutTheLeftButtonIsARelease) {
+    SendMouse(widget, QEvent::MouseButtonPress, {12, 34}, Qt::LeftButton, Qt::LeftButton);
+    // It was let go over a box. The right one is down now.
+    SendMouse(widget, QEvent::MouseMove, {20, 40}, Qt::NoButton, Qt::RightButton);
+    EXPECT_EQ(told, "down 12 34; up 20 40; ");
+}
+
+// Two of the screen's pixels to one of the toolkit's.
+class FinePicture : public Picture {
+protected:
+    FinePicture() : Picture(2) {}
+};
+
+TEST_F(FinePicture, OfItsOwnHasItsShareOfTheWindow) {
+    ASSERT_EQ(widget.devicePixelRatioF(), 2);
+    widget.ShowOwn(3, 2, kSprite);
+    ExpectSprite(2);
+}
+
+TEST_F(FinePicture, OfTheViewIsStretchedToo) {
+    std::vector<std::uint32_t> view(320U * 240U, kGreen);
+    view[0] = kRed;
+    view.back() = kBlue;
+    widget.Show(view);
+    const QImage seen = Seen();
+    EXPECT_EQ(seen.pixel(0, 0), kRed);
+    EXPECT_EQ(seen.pixel(1, 1), kRed);
+    EXPECT_EQ(seen.pixel(2, 1), kGreen);
+    EXPECT_EQ(seen.pixel(637, 478), kGreen);
+    EXPECT_EQ(seen.pixel(638, 478), kBlue);
+    EXPECT_EQ(seen.pixel(639, 479), kBlue);
+}
+
+TEST_F(FinePicture, PointsAtWhatIsUnderThePointer) {
+    SendMouse(widget, QEvent::MouseButtonPress, {12, 34}, Qt::LeftButton, Qt::LeftButton);
+    SendMouse(widget, QEvent::MouseMove, {12.5, 34.5}, Qt::NoButton, Qt::LeftButton);
+    EXPECT_EQ(told, "down 12 34; move 12 34; ");
+}
+
+}  // namespace
+}  // namespace scenara::test

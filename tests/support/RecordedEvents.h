@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+//
+// RecordedEvents: a program that only writes down what the window tells it of, in short words.
+#pragma once
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "platform/Form.h"
+
+namespace scenara::test {
+
+class RecordedEvents : public FormEvents {
+public:
+    void Form_Activate() override { Add("activate"); }
+    void Form_Resize(Long innerWidth, Long innerHeight) override {
+        width = innerWidth;
+        height = innerHeight;
+    }
+    void Form_Unload() override { Add("unload"); }
+    void Form_KeyDown(VirtualKey key) override { Add("key", static_cast<Long>(key)); }
+    void Form_OLEDragDrop(const std::string& path) override { Add("drop " + path); }
+    void Menu_Click(Menu item) override { Add("menu", static_cast<Long>(item)); }
+    void MnuRecentFiles_Click(Long index) override { Add("recent", index); }
+    void lstStages_Click(Long index) override { Add("list", index); }
+    void Form_MouseDown(Long x, Long y) override { Add("down", x, y); }
+    void Form_MouseMove(Long x, Long y) override { Add("move", x, y); }
+    void Form_MouseUp() override { Add("up"); }
+    void hscHScroll_Change(Long value) override { Add("camera", value); }
+    void hscSGFX_Change(Long value) override { Add("sprite", value); }
+    void hscSGFX_Scroll(Long value) override { Add("scroll", value); }
+
+    // All since the last time, with commas between them; sizes are not among them.
+    [[nodiscard]] std::string Text() {
+        std::string text;
+        for (const std::string& told : std::exchange(told_, {})) {
+            text.append(text.empty() ? "" : ", ").append(told);
+        }
+        return text;
+    }
+
+    // Of the window's inner area, as told last.
+    Long width = -1;
+    Long height = -1;
+
+private:
+    template <class... Numbers>
+    void Add(std::string what, Numbers... numbers) {
+        (what.append(" ").append(std::to_string(numbers)), ...);
+        told_.push_back(std::move(what));
+    }
+
+    std::vector<std::string> told_;
+};
+
+}  // namespace scenara::test
