@@ -24,10 +24,23 @@ struct CharacterPass {
 
 // Addition: moves the character, lets it lead the camera, and gives its picture for the frame that
 // is drawn next; none, and the camera back to the keys, while it is off or not loaded. Plain, a
-// character is never seen. While the pointer moves the camera the
-// character walks and does not lead it.
+// character is never seen. While the pointer moves the camera the character walks and does not lead
+// it.
 //
 // The picture is valid until the next call. Allocates nothing.
 [[nodiscard]] Figure AdvanceCharacter(const CharacterPass& pass, const StageModel& model);
+
+// The same for DrawScene. Both outlive it.
+class CharacterFigures : public FigureSource {
+public:
+    CharacterFigures(const CharacterPass& pass, const StageModel& model)
+        : pass_(pass), model_(model) {}
+
+    [[nodiscard]] Figure Next() override { return AdvanceCharacter(pass_, model_); }
+
+private:
+    const CharacterPass& pass_;
+    const StageModel& model_;
+};
 
 }  // namespace scenara

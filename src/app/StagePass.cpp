@@ -7,9 +7,12 @@
 namespace scenara {
 
 bool DrawAndCount(const StagePass& pass) {
-    const Figure figure =
-        pass.character != nullptr ? AdvanceCharacter(*pass.character, pass.model) : Figure();
-    DrawScene(pass.engine, pass.tiles, pass.flags, &figure);
+    if (pass.character != nullptr) {
+        CharacterFigures figures(*pass.character, pass.model);
+        DrawScene(pass.engine, pass.tiles, pass.flags, &figures);
+    } else {
+        DrawScene(pass.engine, pass.tiles, pass.flags);
+    }
     CountFrame(pass.loop);
     if (!SecondIsOver(pass.loop, pass.clock)) {
         return false;

@@ -12,7 +12,7 @@
 //   mnuChar_Click, mnuChange_Click   from the two menu items; the first also when the configuration
 //                                    asks for the character
 //   StartTestChar                    at the end of each stage start, behind the placed elements
-//   AdvanceCharacter                 in each pass that draws (CharacterPass.h)
+//   CharacterFigures                 in each pass that draws (CharacterPass.h)
 //   ReleaseTestChar                  with the textures of a stage, before its device goes
 //   StepsToKeep                      when the configuration is written
 #pragma once

@@ -21,6 +21,18 @@ struct Figure {
     bool mirrored = false;
 };
 
+// Who knows the figure of a frame. Asked once per frame, when the stage's own clocks have ticked
+// and nothing of it is drawn yet, so that a figure can stand on what they move.
+class FigureSource {
+public:
+    FigureSource() = default;
+    FigureSource(const FigureSource&) = delete;
+    FigureSource& operator=(const FigureSource&) = delete;
+    virtual ~FigureSource() = default;
+
+    [[nodiscard]] virtual Figure Next() = 0;
+};
+
 // A figure's edge and size are brought to whole pixels, ties to the even one, but never to less
 // than one. One without a size, or far outside of the view, is not drawn. Allocates nothing.
 void DrawFigure(Engine& engine, const Figure& figure);

@@ -3,13 +3,16 @@
 
 namespace scenara {
 
-void DrawScene(Engine& engine, TileEngine& tiles, ViewFlags& flags, const Figure* figure) {
+void DrawScene(Engine& engine, TileEngine& tiles, ViewFlags& flags, FigureSource* figures) {
     Require(engine.Device().BeginScene(), "BeginScene");
     flags.DrawFrontLayer = 0;
-    tiles.DrawBackground();
-    if (figure != nullptr) {
-        DrawFigure(engine, *figure);
+    Figure figure;
+    if (figures != nullptr) {
+        tiles.TickStage();
+        figure = figures->Next();
     }
+    tiles.DrawBackground();
+    DrawFigure(engine, figure);
     flags.DrawFrontLayer = kByteTrue;
     tiles.DrawBackground();
     Require(engine.Device().EndScene(), "EndScene");

@@ -16,7 +16,8 @@ namespace scenara {
 
 // The scene: begin, the back layer, the figure where there is one (an addition), the front layer,
 // end. Leaves DrawFrontLayer True.
-void DrawScene(Engine& engine, TileEngine& tiles, ViewFlags& flags, const Figure* figure = nullptr);
+void DrawScene(Engine& engine, TileEngine& tiles, ViewFlags& flags,
+               FigureSource* figures = nullptr);
 
 // The information line, over the finished scene.
 void DrawInfoLine(Engine& engine, std::string_view text);

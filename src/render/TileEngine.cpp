@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "render/TileEngine.h"
 
+#include <utility>
+
 #include "render/AnimationClock.h"
 #include "render/Controllers.h"
 #include "render/ElementDrawing.h"
@@ -15,8 +17,9 @@ bool BelongsToPass(Integer layerno, bool frontLayer) {
 
 void TileEngine::DrawBackground() {
     const bool front = flags_.DrawFrontLayer != 0;
-    if (!front) {
+    if (!front && !std::exchange(ticked_, false)) {
         TickStage();
+        ticked_ = false;
     }
     for (BackgroundElement& element : model_.Elements) {
         if (BelongsToPass(element.layerno, front)) {
@@ -30,6 +33,7 @@ void TileEngine::DrawBackground() {
 }
 
 void TileEngine::TickStage() {
+    ticked_ = true;
     RunControllers(model_);
     for (BackgroundElement& element : model_.Elements) {
         TickAnimation(model_, element);

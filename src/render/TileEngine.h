@@ -35,8 +35,11 @@ public:
     // of its table; the pass ends there.
     void DrawBackground();
 
-private:
+    // The clocks alone, for who wants to know what they have moved before the back pass is drawn;
+    // that pass does not let them tick again.
     void TickStage();
+
+private:
     void DrawSelected(BackgroundElement& element);
 
     Engine& engine_;
@@ -45,6 +48,7 @@ private:
     const ViewFlags& flags_;
     const ViewOptions& options_;
     CameraInput input_;
+    bool ticked_ = false;  // ahead of the next back pass
 };
 
 // Whether an element of this layer belongs to a pass. Deliberate: layers below 0 belong to both

@@ -203,6 +203,20 @@ TEST(Character, GoesUpAndDownWithTheElementItStandsOn) {
     EXPECT_EQ(stage.Columns(132, kGreen), Span(87, 92));
 }
 
+// Its feet are where the lift is drawn in that very frame.
+TEST(Character, GoesUpAndDownWithAnElementThatAControllerMoves) {
+    PeopledStage stage(
+        "[PlayerInfo]\np1startx = -70\n[StageInfo]\nzoffsetlink = 7\n" + std::string(kBackdrop) +
+        "[BG lift]\ntype = normal\nid = 7\nspriteno = 2,0\nstart = -70,100\ndelta = 1,1\n"
+        "[BGCtrlDef]\nctrlid = 7\n[BGCtrl]\ntype = posadd\ntime = 0,200\ny = 2\n");
+    for (const int frame : {1, 2, 3}) {
+        stage.Run("", 1);
+        const float lift = stage.Machine().Model().Elements.back().posY;
+        EXPECT_EQ(lift, static_cast<float>(100 + 2 * frame));
+        EXPECT_EQ(stage.Columns(100 + 2 * frame, kGreen), Span(87, 92)) << frame;
+    }
+}
+
 TEST(Character, IsDrawnBetweenTheLayers) {
     PeopledStage stage(std::string(kGround) + kBackdrop +
                        "[BG front]\ntype = normal\nlayerno = 1\nspriteno = 1,0\nstart = -70,205\n"

@@ -18,6 +18,26 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
+// Always the same one; and what the stage was like when it was asked for.
+class StandingFigure : public FigureSource {
+public:
+    StandingFigure(const Figure& figure, const StageModel& model)
+        : figure_(figure), model_(model) {}
+
+    [[nodiscard]] Figure Next() override {
+        for (const BackgroundElement& element : model_.Elements) {
+            seenX.push_back(element.posX);
+        }
+        return figure_;
+    }
+
+    std::vector<Single> seenX;
+
+private:
+    const Figure& figure_;
+    const StageModel& model_;
+};
+
 // A figure of 10 x 20 pixels at 30, 40.
 class FigureTest : public testing::Test {
 protected:
@@ -120,9 +140,23 @@ TEST_F(FigureTest, StandsBetweenTheLayers) {
     player.build.Still(picture);
     player.build.Still(picture).layerno = 1;
     player.Start();
-    DrawScene(player.engine, player.tiles, player.flags, &figure);
+    StandingFigure source(figure, player.model);
+    DrawScene(player.engine, player.tiles, player.flags, &source);
     EXPECT_THAT(player.record.TakeQuads(),
                 ElementsAre("sky 160,0 320x240", "hero 30,40 10x20 masked", "sky 160,0 320x240"));
+}
+
+TEST_F(FigureTest, IsAskedForWhenTheClocksHaveTickedOnceAndNothingIsDrawn) {
+    player.build.Still(player.build.Sprite("sky", 320, 240)).id = 3;
+    WithX(During(AddControl(player.build.Group(0, {3}), "posadd"), 0, 100), 5);
+    player.Start();
+    const Single start = player.model.Elements[0].posX;
+    StandingFigure source(figure, player.model);
+    for (int frame = 0; frame < 3; ++frame) {
+        DrawScene(player.engine, player.tiles, player.flags, &source);
+    }
+    EXPECT_THAT(source.seenX, ElementsAre(start + 5, start + 10, start + 15));
+    EXPECT_EQ(player.model.Elements[0].posX, start + 15);
 }
 
 TEST_F(FigureTest, AsksForNoMemory) {
