@@ -211,10 +211,12 @@ void frmStage::OncePerSecond() {
     }
 }
 
-// Plain: every pass in which the key is down. Addition: once per press.
+// Plain: every pass in which the key is or was down. Addition: once per press, and a key that is up
+// again was pressed in between.
 void frmStage::PollPauseKey() {
-    const bool down = machine_.keyboard.GetAsyncKeyState(VirtualKey::Pause) != 0;
-    if (down && !(options_.Additions && pauseWasDown_)) {
+    const Integer state = machine_.keyboard.GetAsyncKeyState(VirtualKey::Pause);
+    const bool down = state < 0;
+    if (state != 0 && !(options_.Additions && down && pauseWasDown_)) {
         mnuPause_Click();
     }
     pauseWasDown_ = down;

@@ -138,6 +138,7 @@ void frmStage::mnuDebug_Click() {
         LeaveBrowser();
         ShowTitle();
     } else {
+        ResetRes();  // what covers the window would show the last picture for ever
         browser_.mnuDebug_Click();
     }
     ShowEditing();

@@ -20,7 +20,7 @@ constexpr Integer kBackLayer = 0;
 void DebugEditor::Select(Integer index) {
     selected_ = index;
     followed_ = kNone;
-    pressesAreOld_ = true;
+    ForgetPresses();
 }
 
 void DebugEditor::Clear() {
@@ -115,10 +115,6 @@ void DebugEditor::AtEndOfPass() {
     if (!KeyGateIsOpen(context_.camera, now)) {
         return;
     }
-    if (pressesAreOld_) {
-        DiscardPresses();
-        pressesAreOld_ = false;
-    }
     // The gate closes before the key acts: one that ends in an error does not do so in every pass.
     if (const std::optional<VirtualKey> key = PressedKey()) {
         context_.camera.lastKeyTick = now;
@@ -131,7 +127,7 @@ bool DebugEditor::IsPressed(VirtualKey key) const {
 }
 
 // A key that is still down is down at the next question, too.
-void DebugEditor::DiscardPresses() const {
+void DebugEditor::ForgetPresses() const {
     for (const VirtualKey key : {VirtualKey::NumpadPlus, VirtualKey::NumpadMinus,
                                  VirtualKey::Delete, VirtualKey::Insert, VirtualKey::D}) {
         static_cast<void>(IsPressed(key));

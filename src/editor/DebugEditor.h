@@ -83,7 +83,7 @@ public:
     void AtEndOfPass() override;
 
     // Keys that were pressed until now count as not pressed: nothing was seen of what they are for.
-    void ForgetPresses() { pressesAreOld_ = true; }
+    void ForgetPresses() const;
 
     // --- Selection -----------------------------------------------------------------------------
 
@@ -120,7 +120,6 @@ private:
     void Shift(Integer index, const Offset& by);
 
     [[nodiscard]] bool IsPressed(VirtualKey key) const;
-    void DiscardPresses() const;
     [[nodiscard]] std::optional<VirtualKey> PressedKey() const;
     void Act(VirtualKey key);
     void MoveUp();
@@ -136,7 +135,6 @@ private:
     Integer followed_ = kNone;
     Drag drag_;
     // Keys that were pressed before there was anything to edit count as not pressed.
-    bool pressesAreOld_ = true;
 };
 
 }  // namespace scenara

@@ -99,8 +99,7 @@ TEST(CharacterLoads, KeysTappedWhileItLoadsDoNothingAfterwards) {
                OnceWhileTheCharacterLoads(
                    [](RunningStage& running) {
                        for (const VirtualKey key : {VirtualKey::Insert, VirtualKey::Pause}) {
-                           running.keyboard.Press(key);
-                           running.keyboard.Release(key);
+                           running.keyboard.Tap(key);
                        }
                    },
                    did));

@@ -253,6 +253,16 @@ TEST_F(FullScreen, ANextStageThatCannotBeShownGivesTheScreenBack) {
     ExpectOff();
 }
 
+// A machine may show its menus there, too.
+TEST_F(FullScreen, TheSpriteBrowserEndsIt) {
+    WhileAIsShown({EnterFullScreen, [](RunningStage& running) { running.Click(Menu::mnuDebug); },
+                   Wait,
+                   [this](RunningStage& running) {
+                       ExpectOff();
+                       EXPECT_EQ(running.program.SpriteBrowserMode, 255);
+                   }});
+}
+
 TEST_F(FullScreen, CloseGivesTheScreenBack) {
     WhileAIsShown({EnterFullScreen, [](RunningStage& running) { running.Click(Menu::mnuClose); }});
     ExpectOff();

@@ -191,6 +191,19 @@ TEST(PauseKey, ActsOncePerPressWithAdditions) {
     EXPECT_EQ(stage.program.Paused, 0);
 }
 
+TEST(PauseKey, TapsInSuccessivePassesCountEach) {
+    std::vector<int> paused;
+    RunningStage stage([&](RunningStage& running, int turn) {
+        if (turn > kLoading && turn <= kLoading + 3) {
+            running.keyboard.Tap(VirtualKey::Pause);
+        }
+        paused.push_back(running.program.Paused);
+        QuitAt(kLoading + 5)(running, turn);
+    });
+    stage.program.RunStage();
+    EXPECT_THAT(std::vector(paused.end() - 5, paused.end()), ElementsAre(0, 255, 0, 255, 255));
+}
+
 TEST(PauseKey, ActsInEveryPassWithoutAdditions) {
     std::vector<int> paused;
     RunningStage stage(

@@ -147,6 +147,15 @@ TEST_F(EditorTools, ADragIsInTheDumpThatTheDKeyWrites) {
     EXPECT_THAT(stage.MessageTexts(), IsEmpty());
 }
 
+TEST_F(EditorTools, ADumpThatCannotBeOpenedIsSaidByItsPath) {
+    stage.files.Refuse("/program/chek.txt");
+    WhileAIsShown({kEdit, Hold(VirtualKey::D), LetGo, Wait, [](RunningStage& running) {
+                       EXPECT_EQ(running.program.Loop().StageRunning, 1);
+                   }});
+    EXPECT_THAT(stage.MessageTexts(),
+                ElementsAre("Run-time error: Path/File access error: /program/chek.txt"));
+}
+
 TEST_F(EditorTools, ADumpThatCannotBeWrittenIsSaidAndTheStageGoesOn) {
     stage.files.FillDisk();
     int shown = 0;
@@ -158,7 +167,7 @@ TEST_F(EditorTools, ADumpThatCannotBeWrittenIsSaidAndTheStageGoesOn) {
                        EXPECT_EQ(running.sink.shown, shown + 2);
                        EXPECT_EQ(running.Caption(), "tools");
                    }});
-    EXPECT_THAT(stage.MessageTexts(), ElementsAre(StartsWith("Run-time error: ")));
+    EXPECT_THAT(stage.MessageTexts(), ElementsAre(StartsWith("Run-time error: Disk full")));
 }
 
 TEST_F(EditorTools, TheBarMovesTheCameraAndFollowsTheKeys) {

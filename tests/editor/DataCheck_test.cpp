@@ -209,11 +209,27 @@ TEST(DataCheck, WritesTheTextIntoTheProgramsFolder) {
     EXPECT_EQ(DataCheckCaption("/program/chek.txt"), "Dumped to /program/chek.txt");
 }
 
-TEST(DataCheck, ThatCannotBeWrittenIsAnError) {
-    MemoryFiles files;
-    files.FillDisk();
+RunTimeErrorKind ErrorOf(MemoryFiles& files) {
     const auto machine = Loaded(kStage);
-    EXPECT_THROW(DataCheck(machine->model, files), RunTimeError);
+    try {
+        static_cast<void>(DataCheck(machine->model, files));
+    } catch (const RunTimeError& error) {
+        return error.Kind();
+    }
+    ADD_FAILURE() << "nothing was raised";
+    return RunTimeErrorKind::Overflow;
+}
+
+TEST(DataCheck, ThatCannotBeOpenedWrittenOrClosedIsAnError) {
+    MemoryFiles refusing;
+    refusing.Refuse(DataCheckPath(refusing));
+    EXPECT_EQ(ErrorOf(refusing), RunTimeErrorKind::PathFileAccess);
+    MemoryFiles full;
+    full.FillDisk();
+    EXPECT_EQ(ErrorOf(full), RunTimeErrorKind::DiskFull);
+    MemoryFiles lost;
+    lost.FailAtClose();
+    EXPECT_EQ(ErrorOf(lost), RunTimeErrorKind::DiskFull);
 }
 
 // --- read again ---

@@ -431,6 +431,17 @@ TEST_F(OldPresses, InTheFullScreenDoNothingThereAndAfterwards) {
     EXPECT_EQ(stage.Names(), "sky hill wall");
 }
 
+TEST_F(OldPresses, BehindTheClickCountThoughTheGateIsClosed) {
+    Pass();
+    stage.camera.lastKeyTick = stage.clock.now;
+    editor.MouseDown({5, 5});
+    keyboard.Tap(VirtualKey::Delete);
+    editor.AtEndOfPass();
+    EXPECT_EQ(stage.Names(), "sky hill wall floor");
+    Pass();
+    EXPECT_EQ(stage.Names(), "sky hill wall");
+}
+
 TEST_F(OldPresses, WhileTheGateIsClosedCount) {
     editor.MouseDown({5, 5});
     Pass();

@@ -60,6 +60,21 @@ TEST(VirtualKeyOf, TheKeypadsOtherKeysAreThoseOfTheirNames) {
     EXPECT_EQ(KeyOf(Qt::Key_Delete, Qt::KeypadModifier), VirtualKey::Delete);
 }
 
+// Qt::Key_Cyrillic_ef and the like: Cyrillic keys on the places of A, D, Q, Z and F.
+TEST(VirtualKeyOf, LettersOfAnotherScriptCountByTheirPlace) {
+    const auto at = [](int key, quint32 place) {
+        return VirtualKeyOf(QKeyEvent(QEvent::KeyPress, key, Qt::NoModifier, place, 0, 0));
+    };
+    EXPECT_EQ(at(0x0424, 38), VirtualKey::A);
+    EXPECT_EQ(at(0x0412, 40), VirtualKey::D);
+    EXPECT_EQ(at(0x0419, 24), VirtualKey::Q);
+    EXPECT_EQ(at(0x042F, 52), VirtualKey::Z);
+    EXPECT_EQ(at(0x0410, 41), std::nullopt);
+    EXPECT_EQ(at(Qt::Key_B, 38), std::nullopt) << "a Latin letter is itself, wherever it is";
+    EXPECT_EQ(at(Qt::Key_Adiaeresis, 40), std::nullopt);
+    EXPECT_EQ(at(Qt::Key_F1, 38), std::nullopt);
+}
+
 TEST(VirtualKeyOf, KnowsNoOthers) {
     EXPECT_EQ(KeyOf(Qt::Key_F7), std::nullopt);
     EXPECT_EQ(KeyOf(Qt::Key_B), std::nullopt);

@@ -59,6 +59,18 @@ protected:
 
 // --- the bars ---
 
+// While nobody does anything no message waits, and a picture comes all the same.
+TEST_F(Main, ABarGoesWithThePictureWithoutAnyMessage) {
+    form.hscHScroll = {-100, 100, 0, true};
+    Pump();
+    form.hscHScroll.Value = 35;
+    const std::vector<std::uint32_t> picture(std::size_t{320} * 240, 0);
+    EXPECT_EQ(window.Present(picture), D3D_OK);
+    EXPECT_EQ(Bar().value(), 35);
+    Pump();
+    EXPECT_EQ(program.Text(), "") << "nobody has moved it";
+}
+
 using WindowBars = Main;
 
 TEST_F(WindowBars, StandBelowThePictureAndTakeNothingOfIt) {

@@ -17,7 +17,8 @@ std::string AsText(std::span<const std::byte> bytes) {
 // Keeps what is written until Close, as a program that dies in between would leave nothing.
 class MemoryOutput : public OutputFile {
 public:
-    MemoryOutput(std::string& file, const bool& full) : file_(file), full_(full) {}
+    MemoryOutput(std::string& file, const bool& full, const bool& failsAtClose)
+        : file_(file), full_(full), failsAtClose_(failsAtClose) {}
 
     void Write(std::string_view bytes) override {
         if (full_) {
@@ -25,11 +26,16 @@ public:
         }
         file_.append(bytes);
     }
-    void Close() override {}
+    void Close() override {
+        if (failsAtClose_) {
+            throw RunTimeError(RunTimeErrorKind::DiskFull);
+        }
+    }
 
 private:
     std::string& file_;
     const bool& full_;
+    const bool& failsAtClose_;
 };
 
 // A disk with a bad sector.
@@ -90,10 +96,13 @@ std::unique_ptr<InputFile> MemoryFiles::OpenForReading(const std::string& path) 
 }
 
 std::unique_ptr<OutputFile> MemoryFiles::OpenForWriting(const std::string& path) {
+    if (refused_.contains(Key(path))) {
+        throw RunTimeError(RunTimeErrorKind::PathFileAccess, path);
+    }
     written_.push_back(path);
     std::string& file = files_[Key(path)];
     file.clear();
-    return std::make_unique<MemoryOutput>(file, full_);
+    return std::make_unique<MemoryOutput>(file, full_, failsAtClose_);
 }
 
 void MemoryFiles::ReplaceFile(const std::string& path, std::string_view bytes) {

@@ -42,6 +42,11 @@ public:
     void Put(const std::string& path, std::string bytes) { files_[Key(path)] = std::move(bytes); }
     void Put(const std::string& path, std::span<const std::byte> bytes);
 
+    // From now on the path cannot be written to: "Path/File access error", as for a folder.
+    void Refuse(const std::string& path) { refused_.insert(Key(path)); }
+    // From now on what is written is lost when a file is closed: "Disk full".
+    void FailAtClose() { failsAtClose_ = true; }
+
     // Contents of a file; fails the lookup with std::out_of_range when there is none.
     [[nodiscard]] const std::string& Get(const std::string& path) const {
         return files_.at(Key(path));
@@ -76,6 +81,8 @@ private:
     std::vector<std::string> written_;
     std::vector<std::string> asked_;
     std::set<std::string> broken_;
+    std::set<std::string> refused_;
+    bool failsAtClose_ = false;
     bool full_ = false;
 };
 

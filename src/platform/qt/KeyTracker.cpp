@@ -49,6 +49,17 @@ bool Edits(VirtualKey key) {
     }
 }
 
+// As X and Wayland number the keys of a PC's keyboard.
+std::optional<VirtualKey> LetterAt(quint32 scanCode) {
+    switch (scanCode) {
+        case 24: return VirtualKey::Q;
+        case 38: return VirtualKey::A;
+        case 40: return VirtualKey::D;
+        case 52: return VirtualKey::Z;
+        default: return std::nullopt;
+    }
+}
+
 }  // namespace
 
 std::optional<VirtualKey> VirtualKeyOf(const QKeyEvent& event) {
@@ -68,8 +79,12 @@ std::optional<VirtualKey> VirtualKeyOf(const QKeyEvent& event) {
         case Qt::Key_Z: return VirtualKey::Z;
         case Qt::Key_Plus: return keypad ? std::optional(VirtualKey::NumpadPlus) : std::nullopt;
         case Qt::Key_Minus: return keypad ? std::optional(VirtualKey::NumpadMinus) : std::nullopt;
-        default: return std::nullopt;
+        default: break;
     }
+    // A layout of another script types no Latin letters; the keys are where they are all the same.
+    constexpr int kLastOfLatin = 0xFF;
+    const bool otherScript = event.key() > kLastOfLatin && event.key() < Qt::Key_Escape;
+    return otherScript ? LetterAt(event.nativeScanCode()) : std::nullopt;
 }
 
 KeyTracker::KeyTracker(const Form& form) : form_(form) {

@@ -200,7 +200,9 @@ void MainWindow::ShowBar(QScrollBar& widget, const ScrollBar& bar) {
 }
 
 HRESULT MainWindow::Present(std::span<const std::uint32_t> pixels) {
-    picture_->SetSelection(form_.selection);
+    if (events_ != nullptr) {
+        ShowBars();  // with the picture they belong to, also while no message comes
+    }
     return picture_->Show(pixels);
 }
 
