@@ -10,13 +10,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "app/RunningStage.h"
+#include "app/HeroStage.h"
 
 namespace scenara::test {
 namespace {
 
-constexpr const char* kA = "/mugen/stages/a.def";
-constexpr const char* kC = "/mugen/stages/c.def";
+constexpr const char* kA = kStageA;
+constexpr const char* kC = kStageC;
 
 enum class State {
     NoStage,
@@ -27,12 +27,15 @@ enum class State {
     FullScreen,
     WithoutDevice,
     Editing,
-    Browsing
+    Browsing,
+    CharacterLoads,
+    WithCharacter
 };
 
-constexpr std::array kStates = {State::NoStage,       State::Closed,  State::Loading,
-                                State::Running,       State::Paused,  State::FullScreen,
-                                State::WithoutDevice, State::Editing, State::Browsing};
+constexpr std::array kStates = {State::NoStage,        State::Closed,       State::Loading,
+                                State::Running,        State::Paused,       State::FullScreen,
+                                State::WithoutDevice,  State::Editing,      State::Browsing,
+                                State::CharacterLoads, State::WithCharacter};
 
 const char* NameOf(State state) {
     switch (state) {
@@ -45,6 +48,8 @@ const char* NameOf(State state) {
         case State::WithoutDevice: return "without a device";
         case State::Editing: return "an element is dragged";
         case State::Browsing: return "in the sprite browser";
+        case State::CharacterLoads: return "a character loads";
+        case State::WithCharacter: return "a character walks";
     }
     return "";
 }
@@ -158,6 +163,10 @@ protected:
                 stage.Click(Menu::mnuDebug);
                 stage.deepest = stage.depth;  // the sprite lets messages through
                 break;
+            case State::WithCharacter:
+                stage.keyboard.Press(VirtualKey::Right);
+                ASSERT_TRUE(stage.program.TestCharacterState().CharLoaded);
+                break;
             default: break;
         }
     }
@@ -194,7 +203,7 @@ protected:
         int reopened = 0;
         int shownBefore = 0;
         std::vector<Act> acts;
-        if (state != State::Loading) {
+        if (!IsLoading(state)) {
             acts = {Wait, [&](RunningStage& running) { Enter(running, state); }, Wait,
                     [&](RunningStage& running) {
                         did = true;
@@ -217,7 +226,10 @@ protected:
                                      ++reopened;
                                  }});
         stage.user = InTurn(std::move(acts), [&](RunningStage& running) {
-            if (state == State::Loading && !did) {
+            const bool reached =
+                state == State::Loading ||
+                (state == State::CharacterLoads && running.Caption() == "Loading The Hero");
+            if (reached && !did) {
                 did = true;
                 deed.act(running);
             }
@@ -225,14 +237,25 @@ protected:
         stage.program.Form_OLEDragDrop(kA);
         EXPECT_TRUE(did);
         // While a stage loads its menu is off.
-        const bool ended = deed.endsLoop && state != State::Loading;
+        const bool ended = deed.endsLoop && !IsLoading(state);
         EXPECT_EQ(reopened, ended ? 0 : 2);
+    }
+
+    static bool IsLoading(State state) {
+        return state == State::Loading || state == State::CharacterLoads;
+    }
+    static bool HasCharacter(State state) {
+        return state == State::CharacterLoads || state == State::WithCharacter;
     }
 
     static void Walk(State state, const Deed& deed, bool additions) {
         SCOPED_TRACE(std::string(NameOf(state)) + ", " + deed.name +
                      (additions ? ", additions" : ", plain"));
         RunningStage stage({}, additions);
+        PutHero(stage);
+        if (HasCharacter(state)) {
+            stage.files.Put(kConfiguration, "MugeDir = /mugen/\r\n" + Chosen("Char = True\r\n"));
+        }
         stage.Load();
         stage.form.recentFiles = {kC, kA};
         stage.program.Form_Activate();
