@@ -5,9 +5,9 @@ namespace scenara {
 namespace {
 
 struct Designed {
-    Menu menu;
-    const char* caption;
-    MenuPlace place;
+    Menu menu = Menu::mnuStage;
+    const char* caption = "";
+    MenuPlace place = MenuPlace::Bar;
     bool enabled = true;
     bool checked = false;
     bool visible = true;
