@@ -9,6 +9,15 @@ if(SCENARA_SANITIZE)
     add_link_options(-fsanitize=address,undefined)
 endif()
 
+# What only tests is compiled quickly: not optimised, and without the coverage that guides the fuzz
+# targets through what is tested.
+function(scenara_compile_quickly target)
+    target_compile_options(${target} PRIVATE -O0)
+    if(SCENARA_SANITIZE)
+        target_compile_options(${target} PRIVATE -fno-sanitize=fuzzer-no-link)
+    endif()
+endfunction()
+
 # Targets that include RapidJSON, whose headers do what the sanitizer rightly objects to.
 function(scenara_ignore_library_findings target)
     if(SCENARA_SANITIZE)

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 //
-// Textures, quads and views for the tests of the soft device.
+// Textures, quads and views for the tests of the soft device. What goes through all of their pixels
+// is in SoftQuads.cpp, which is optimised where the tests are not.
 #pragma once
 
-#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -86,16 +86,7 @@ public:
     using ColorAt = std::function<std::uint32_t(std::int32_t x, std::int32_t y)>;
 
     PlainTexture(std::int32_t width, std::int32_t height, const ColorAt& colorAt,
-                 std::int32_t padding = 0)
-        : width_(width), height_(height), pitch_(width + padding) {
-        constexpr std::uint32_t kNeverSeen = 0xFFFF00FF;
-        words_.assign(At(width - 1, height - 1) + 1, kNeverSeen);
-        for (std::int32_t y = 0; y < height; ++y) {
-            for (std::int32_t x = 0; x < width; ++x) {
-                words_[At(x, y)] = colorAt(x, y);
-            }
-        }
-    }
+                 std::int32_t padding = 0);
 
     [[nodiscard]] soft::Texels Pixels() const { return {words_, width_, height_, pitch_}; }
     [[nodiscard]] std::uint32_t Texel(Place place) const { return words_[At(place.x, place.y)]; }
@@ -115,24 +106,15 @@ private:
 // Pixels as large as the view, compared without the byte that is nobody's.
 class TestView {
 public:
-    explicit TestView(std::uint32_t color = 0) : pixels_(soft::kViewPixels, color) {}
+    explicit TestView(std::uint32_t color = 0);
 
     [[nodiscard]] soft::View Pixels() { return soft::View(pixels_); }
 
     [[nodiscard]] std::uint32_t At(std::int32_t x, std::int32_t y) const {
         return pixels_[static_cast<std::size_t>(y * kViewWidth + x)] & soft::kColorMask;
     }
-    [[nodiscard]] std::size_t Count(std::uint32_t color) const {
-        return static_cast<std::size_t>(std::ranges::count_if(
-            pixels_, [&](std::uint32_t pixel) { return (pixel & soft::kColorMask) == color; }));
-    }
-    bool operator==(const TestView& other) const {
-        std::uint32_t difference = 0;  // without a branch, for the many that are compared
-        for (std::size_t i = 0; i < pixels_.size(); ++i) {
-            difference |= pixels_[i] ^ other.pixels_[i];
-        }
-        return (difference & soft::kColorMask) == 0;
-    }
+    [[nodiscard]] std::size_t Count(std::uint32_t color) const;
+    bool operator==(const TestView& other) const;
 
 private:
     std::vector<std::uint32_t> pixels_;

@@ -13,6 +13,7 @@
 #include "SoftQuads.h"
 #include "platform/soft/Triangles.h"
 #include "platform/soft/WholeQuads.h"
+#include "support/Rounds.h"
 
 namespace scenara::soft {
 namespace {
@@ -343,7 +344,7 @@ TEST(WholeQuads, DrawWhatTheGeneralPathDraws) {
     std::mt19937 random(10);
     RandomQuad any(random);
     int drawn = 0;
-    constexpr int kRounds = 3000;
+    constexpr int kRounds = test::Rounds(3000);
     for (int round = 0; round < kRounds; ++round) {
         const PlainTexture texture = any.Texture();
         const Texels texels = texture.Pixels();
@@ -385,7 +386,7 @@ TEST(WholeQuads, AgreeWithTheGeneralPathAboutFarTexels) {
     std::mt19937 random(11);
     RandomQuad any(random);
     int recognized = 0;
-    constexpr int kRounds = 4000;
+    constexpr int kRounds = test::Rounds(4000);
     for (int round = 0; round < kRounds; ++round) {
         const std::int32_t width = any.Between(1, 3000);
         const PlainTexture texture(width, 1, Numbered);
