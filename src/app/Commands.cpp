@@ -114,7 +114,9 @@ void frmStage::mnuMScroll_Click() {
             savedSteps_ = {camera_.HCamStep, camera_.VCamStep};
         }
     } else {
-        SettleCamera(model_, camera_);
+        if (options_.Additions) {
+            SettleCamera(model_, camera_);
+        }
         camera_.HCamStep = StepOrOne(savedSteps_.HCamStep);
         camera_.VCamStep = StepOrOne(savedSteps_.VCamStep);
         TakeCharacterSteps(CharacterPieces());

@@ -79,7 +79,7 @@ void ReadLine(ConfigurationLine& line, const Settings& settings, const LoadConfi
     line.Path("testchar", settings.TestChar);
     if (line.Path("charname", settings.CharName) && !settings.CharName.empty() &&
         !settings.TestChar.empty()) {
-        form[Menu::mnuChar].caption = CharacterCaption(settings.CharName);
+        NameCharacter(form, settings.CharName);
     }
     ReadFlag(line, "bgmusic", form[Menu::mnuMusic]);
     ReadFlag(line, "info", form[Menu::mnuInfo]);

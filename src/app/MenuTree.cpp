@@ -14,6 +14,7 @@ struct Designed {
 };
 
 constexpr bool kDisabled = false;
+constexpr const char* kUseTestChar = "&Use Test Char";
 
 // In the order of Menu.
 constexpr std::array<Designed, kMenuCount> kDesign = {{
@@ -59,17 +60,14 @@ void DesignMenus(Form& form) {
     }
 }
 
-std::string CharacterCaption(std::string_view name) {
-    std::string caption = "Use ";
-    for (const char c : name) {
-        if (c == '&') {
-            caption += "&&";
-        } else {
-            // A tab would begin the place of the shortcut.
-            caption += static_cast<unsigned char>(c) < ' ' ? ' ' : c;
-        }
-    }
-    return caption;
+void NameCharacter(Form& form, const std::string& name) {
+    form[Menu::mnuChar].caption = "Use " + name;
+    form[Menu::mnuChar].isLiteral = true;
+}
+
+void UnnameCharacter(Form& form) {
+    form[Menu::mnuChar].caption = kUseTestChar;
+    form[Menu::mnuChar].isLiteral = false;
 }
 
 bool CanBeChosen(const Form& form, Menu item) {

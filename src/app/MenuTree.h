@@ -4,7 +4,6 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 
 #include "platform/Form.h"
 
@@ -17,10 +16,9 @@ void DesignMenus(Form& form);
 // loads.
 void EnableLoadingMenus(Form& form, bool enabled);
 
-// The test character's item, as long as none has been loaded.
-inline constexpr const char* kUseTestChar = "&Use Test Char";
-// And with one: "Use " and its name, in which every "&" is one that is shown.
-[[nodiscard]] std::string CharacterCaption(std::string_view name);
+// The test character's item: "Use " and the character's name, and as it is designed.
+void NameCharacter(Form& form, const std::string& name);
+void UnnameCharacter(Form& form);
 
 // Whether a user can choose the item as the form stands.
 [[nodiscard]] bool CanBeChosen(const Form& form, Menu item);

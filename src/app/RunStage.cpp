@@ -83,6 +83,7 @@ void frmStage::ShowStage() {
     if (loop_.StageRunning == 0) {
         return;
     }
+    ForgetKeys();  // those that chose the stage, and those of the time in which it loaded
     // The picture has the size that the user gave the window.
     LayOutControls(form_.innerWidth, form_.innerHeight);
     form_.lstStages.takesKeys = false;  // they drive the camera

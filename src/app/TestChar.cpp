@@ -66,9 +66,16 @@ bool StageRuns(const TestCharContext& context) {
     return context.loop.StageRunning != 0;
 }
 
+// Addition: plain, the elements follow the camera's last move by the step that is new then.
+void Settle(const TestCharContext& context) {
+    if (context.options.Additions) {
+        SettleCamera(context.model, context.camera);
+    }
+}
+
 // The camera steps as the character walks. Sideways only: that is the way it walks.
 void TakeSteps(const TestCharContext& context) {
-    SettleCamera(context.model, context.camera);
+    Settle(context);
     if (!context.state.StepsOverridden) {
         // Mouse scrolling has saved them already, and what the camera has now is the pointer's.
         if (context.flags.MouseScroll == 0) {
@@ -88,7 +95,7 @@ void GiveStepsBack(const TestCharContext& context) {
         return;
     }
     context.state.StepsOverridden = false;
-    SettleCamera(context.model, context.camera);
+    Settle(context);
     const SavedSteps& saved = context.savedSteps;
     context.camera.HCamStep = saved.HCamStep == 0 ? kStepOfNothing : saved.HCamStep;
     context.camera.VCamStep = saved.VCamStep;
@@ -102,7 +109,7 @@ void SetUse(const TestCharContext& context, bool use) {
 // The name is of a character that is chosen no more; QX.CFG must not put the two together.
 void ForgetName(const TestCharContext& context) {
     context.state.CharName.clear();
-    context.form[Menu::mnuChar].caption = kUseTestChar;
+    UnnameCharacter(context.form);
 }
 
 void TakeStepsIfLoaded(const TestCharContext& context) {
@@ -130,7 +137,7 @@ void LoadTestChar(const TestCharContext& context) {
         state.Characters.clear();
         state.Characters.push_back(std::move(character));
         state.CharName = state.Characters.front().DisplayName;
-        context.form[Menu::mnuChar].caption = CharacterCaption(state.CharName);
+        NameCharacter(context.form, state.CharName);
     }
     PlaceCharacter(state, context.model);
 }

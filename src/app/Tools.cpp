@@ -152,7 +152,7 @@ void frmStage::LeaveBrowser() {
 }
 
 // Nobody has looked at the keys for a while, and a press is remembered until somebody does. What
-// was tapped meanwhile must not delete an element now.
+// was tapped meanwhile must not delete an element now, or write a dump.
 void frmStage::ForgetKeys() {
     DiscardKeyStates(machine_.keyboard);
     editor_.ForgetPresses();

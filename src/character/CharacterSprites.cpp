@@ -154,6 +154,10 @@ private:
             shared_ = *act_;
         } else if (!subfiles_.empty()) {
             sharedIsWhole_ = PaletteOf(subfiles_.front(), shared_);
+            if (context_.options.Additions && !HasPalette(archive_, subfiles_.front().position)) {
+                shared_.fill(std::byte{0});  // they are pixels
+                sharedIsWhole_ = false;
+            }
         }
         character_.ColorKey = ColorKeyOf(shared_);
     }

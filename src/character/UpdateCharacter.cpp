@@ -12,8 +12,9 @@ namespace {
 
 constexpr double kViewCentre = 160;
 constexpr double kHalfView = 160;
-// The sums of the character's steps and the camera's are equal but for their last bits.
-constexpr double kHair = 1.0 / 256;
+// The sums of the character's steps and the camera's are equal but for their last bits, which add
+// up on the way through a wide stage; steps that anybody sees are larger.
+constexpr double kHair = 1.0 / 16;
 
 bool IsDown(Keyboard& keyboard, VirtualKey key) {
     return keyboard.GetAsyncKeyState(key) != 0;

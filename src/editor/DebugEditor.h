@@ -90,6 +90,7 @@ public:
     [[nodiscard]] Integer SelectedIndex() const { return selected_; }
     [[nodiscard]] Integer FollowedIndex() const { return followed_; }
 
+    // Keys that were pressed until now were not meant for it: they are forgotten.
     void Select(Integer index);
 
     // Nothing is selected or dragged: for another stage, or none.
@@ -134,7 +135,6 @@ private:
     Integer selected_ = kNone;
     Integer followed_ = kNone;
     Drag drag_;
-    // Keys that were pressed before there was anything to edit count as not pressed.
 };
 
 }  // namespace scenara

@@ -53,7 +53,8 @@ inline constexpr std::size_t kMenuCount = 27;
 enum class MenuPlace : Byte { Bar, Stage, Options, Extras };
 
 struct MenuItem {
-    std::string caption;  // "&" stands before the access letter; "-" alone is a separator
+    std::string caption;     // "&" stands before the access letter; "-" alone is a separator
+    bool isLiteral = false;  // no access letter: every sign of the caption is one that is shown
     MenuPlace place = MenuPlace::Bar;
     bool checked = false;
     bool enabled = true;

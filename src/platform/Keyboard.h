@@ -37,7 +37,8 @@ public:
     virtual ~Keyboard() = default;
 
     // Not 0 while the key is down, and once more when it has been pressed and let go since the last
-    // call for it.
+    // call for it. Its lowest bit says that it was pressed since then; repetitions are no presses.
+    // Below 0 it is down now.
     virtual Integer GetAsyncKeyState(VirtualKey key) = 0;
 };
 

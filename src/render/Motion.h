@@ -27,8 +27,8 @@ void MoveDrawn(BackgroundElement& element);
 // signs of the two are opposite.
 void FollowCamera(const StageModel& model, const Camera& camera, BackgroundElement& element);
 
-// All elements at once, so that nothing of the camera's way is left for the next pass: before
-// something else than a key changes the steps. Otherwise the elements would follow the last move by
+// Addition: all elements at once, so that nothing of the camera's way is left for the next pass,
+// before something else than a key changes the steps. Otherwise they would follow the last move by
 // a step that it was not made with, and stand beside their places for good.
 void SettleCamera(StageModel& model, Camera& camera);
 

@@ -18,8 +18,7 @@ bool BelongsToPass(Integer layerno, bool frontLayer) {
 void TileEngine::DrawBackground() {
     const bool front = flags_.DrawFrontLayer != 0;
     if (!front && !std::exchange(ticked_, false)) {
-        TickStage();
-        ticked_ = false;
+        Tick();
     }
     for (BackgroundElement& element : model_.Elements) {
         if (BelongsToPass(element.layerno, front)) {
@@ -33,7 +32,12 @@ void TileEngine::DrawBackground() {
 }
 
 void TileEngine::TickStage() {
+    ticked_ = false;  // where an error has left it
+    Tick();
     ticked_ = true;
+}
+
+void TileEngine::Tick() {
     RunControllers(model_);
     for (BackgroundElement& element : model_.Elements) {
         TickAnimation(model_, element);

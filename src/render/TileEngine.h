@@ -40,6 +40,7 @@ public:
     void TickStage();
 
 private:
+    void Tick();
     void DrawSelected(BackgroundElement& element);
 
     Engine& engine_;

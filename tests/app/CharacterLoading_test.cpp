@@ -127,6 +127,22 @@ protected:
     bool did = false;
 };
 
+TEST_P(WhileItLoads, KeysTappedDoNothingAfterwards) {
+    Run(
+        [](RunningStage& running) {
+            running.Click(Menu::mnuDebugBG);
+            running.form[Menu::mnuDebugBG].checked = true;  // as the settings may have it
+            for (const VirtualKey key : {VirtualKey::D, VirtualKey::Pause, VirtualKey::Escape}) {
+                running.keyboard.Tap(key);
+            }
+        },
+        {Wait, Wait, [](RunningStage& running) {
+             EXPECT_EQ(running.Caption(), "first");
+             EXPECT_EQ(running.program.Paused, 0);
+             EXPECT_FALSE(running.files.Has("/program/chek.txt"));
+         }});
+}
+
 TEST_P(WhileItLoads, ClosingTheWindowEndsTheProgramAndSavesTheUsersSteps) {
     Run([](RunningStage& running) { running.program.Form_Unload(); }, {});
     EXPECT_TRUE(stage->program.Ended());

@@ -182,6 +182,27 @@ TEST_F(MouseScroll, SetsTheStepsAndGivesThemBack) {
     EXPECT_THAT(Steps(), ElementsAre(4.0F, 6.0F)) << "and the pointer has no hold of them";
 }
 
+TEST_F(MouseScroll, SwitchedOffTheElementsStandWhereTheCameraSeesThem) {
+    float start = 0;
+    stage.user = InTurn({[&](RunningStage& running) {
+                             start = running.program.Model().Elements.at(0).posX;
+                             running.Click(Menu::mnuMScroll);
+                             running.pointer.MoveTo({260, 120});
+                         },
+                         Wait, Wait,
+                         [](RunningStage& running) {
+                             EXPECT_EQ(running.program.Model().CamX, -60.0F);  // twice a frame
+                             running.Click(Menu::mnuMScroll);
+                         },
+                         Wait,
+                         [&](RunningStage& running) {
+                             const BackgroundElement& wall = running.program.Model().Elements.at(0);
+                             EXPECT_EQ(running.program.Model().CamX, -60.0F);
+                             EXPECT_EQ(wall.posX, start - 60 * wall.deltaX);
+                         }});
+    stage.program.lstStages_Click(kItemA);
+}
+
 TEST_F(MouseScroll, SavedStepsOfNothingComeBackAsOne) {
     RunningStage fresh;
     fresh.Load();

@@ -149,13 +149,6 @@ TEST_F(TestCharTest, WithoutAnAnswerNothingChanges) {
     EXPECT_THAT(disk_.Texts(), IsEmpty());
 }
 
-TEST_F(TestCharTest, NoneOfANameIsTakenForAnotherSignOfTheMenu) {
-    disk_.Put("hero.def", std::string("displayname = \"Tab\tand\x01 more\"\n") + kHeroFiles);
-    state_.TestChar = kHero;
-    Use();
-    EXPECT_EQ(Item().caption, "Use Tab and  more");
-}
-
 TEST_F(TestCharTest, AFileThatIsNoCharacterIsSaidAndNotTaken) {
     dialogs_.answer = "/mugen/stages/a.def";
     isChar_ = false;
@@ -291,12 +284,16 @@ TEST_F(TestCharTest, AnotherChoiceWithoutAStageForgetsTheName) {
     EXPECT_EQ(Item().caption, "&Use Test Char");
 }
 
-TEST_F(TestCharTest, AnAmpersandInANameIsShown) {
+TEST_F(TestCharTest, ANameHasNoAccessLetter) {
+    EXPECT_FALSE(Item().isLiteral);
     disk_.Put("hero.def", std::string("displayname = \"Rock & Roll\"\n") + kHeroFiles);
     state_.TestChar = kHero;
     Use();
-    EXPECT_EQ(Item().caption, "Use Rock && Roll");
-    EXPECT_EQ(state_.CharName, "Rock & Roll");
+    EXPECT_EQ(Item().caption, "Use Rock & Roll");
+    EXPECT_TRUE(Item().isLiteral);
+    dialogs_.answer = "/mugen/chars/gone.def";
+    Change();
+    EXPECT_FALSE(Item().isLiteral);
 }
 
 TEST_F(TestCharTest, ACharacterWithoutANameIsUsedAllTheSame) {
@@ -421,6 +418,19 @@ TEST_F(TestCharTest, ElementsFollowTheLastMoveByTheStepOfThatMove) {
     Use();
     EXPECT_FLOAT_EQ(model_.Elements[0].posX, 98.5F - 1.2F);
     EXPECT_EQ(camera_.HCamStep, 3.0F);
+}
+
+TEST_F(TestCharTest, PlainTheyFollowItByTheNewStep) {
+    options_.Additions = false;
+    BackgroundElement element;
+    element.deltaX = 1;
+    element.posX = 100;
+    model_.Elements.push_back(element);
+    model_.CamX = -3;
+    state_.TestChar = kHero;
+    Use();
+    EXPECT_EQ(model_.Elements[0].posX, 100.0F);
+    EXPECT_EQ(camera_.previousX, 0.0F) << "the next pass brings it there, by 2.4";
 }
 
 TEST_F(TestCharTest, ChangingWhileItIsOffLeavesItOff) {

@@ -147,6 +147,23 @@ TEST_F(EditorTools, ADragIsInTheDumpThatTheDKeyWrites) {
     EXPECT_THAT(stage.MessageTexts(), IsEmpty());
 }
 
+// "d" in the list of stages finds one that begins so.
+TEST(EditorToolsAtStart, KeysTypedBeforeAStageOrWhileItLoadsDumpNothing) {
+    RunningStage stage;
+    stage.files.Put("/program/QX.CFG", "MugeDir = /mugen/\r\nDebugBG = True\r\n");
+    stage.Load();
+    ASSERT_TRUE(stage.form[Menu::mnuDebugBG].checked);
+    const auto tapD = [](RunningStage& running) { running.keyboard.Tap(VirtualKey::D); };
+    tapD(stage);
+    stage.user = InTurn({Wait, Wait, Wait}, tapD);
+    stage.program.Form_OLEDragDrop("/mugen/stages/a.def");
+    EXPECT_FALSE(stage.files.Has("/program/chek.txt"));
+    EXPECT_EQ(stage.Caption(), "first");
+    stage.user = InTurn({Wait, tapD, Wait, Wait});
+    stage.program.Form_OLEDragDrop("/mugen/stages/a.def");
+    EXPECT_TRUE(stage.files.Has("/program/chek.txt")) << "and in the stage it does";
+}
+
 TEST_F(EditorTools, ADumpThatCannotBeOpenedIsSaidByItsPath) {
     stage.files.Refuse("/program/chek.txt");
     WhileAIsShown({kEdit, Hold(VirtualKey::D), LetGo, Wait, [](RunningStage& running) {

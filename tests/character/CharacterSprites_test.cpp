@@ -98,6 +98,22 @@ TEST(CharacterSprites, APictureOf24BitsLendsNoPalette) {
     EXPECT_THAT(machine.Texts(), ElementsAre("yo...")) << "what is always said of one";
 }
 
+TEST(CharacterSprites, AFirstPictureOf24BitsIsNoPaletteOfTheOthers) {
+    CharacterMachine machine;
+    auto subfiles = HeroSubfiles();
+    TrueColourPicture picture;
+    picture.width = 20;
+    picture.height = 20;
+    picture.pixels.assign(400, {200, 100, 50});
+    subfiles[0].data = WritePcx(picture);
+    subfiles[1].samePalette = true;
+    machine.Put("hero.air", "[Begin Action 20]\n0,1, 0,0, 5\n");
+    machine.PutArchive(subfiles);
+    EXPECT_TRUE(machine.Load());
+    EXPECT_EQ(machine.Pixels(kWalking, 0), KeyedByIndex(HeroPicture(1), Palette()));
+    EXPECT_THAT(machine.Texts(), ElementsAre(testing::EndsWith("not whole, the rest is black..")));
+}
+
 // The whole archive of them is looked through once.
 TEST(CharacterSprites, PicturesThatAllLendNoneTakeNoTime) {
     CharacterMachine machine;

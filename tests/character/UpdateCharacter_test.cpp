@@ -455,6 +455,18 @@ TEST_F(UpdateCharacterTest, TheCameraGoesAlongFromTheMiddleOn) {
     EXPECT_EQ(Update(kLeft), CameraFollow::Left);
 }
 
+// The camera is a sum of the same steps as the character's place, in the other direction.
+TEST_F(UpdateCharacterTest, TheCameraGoesAlongInEachFrameOfAWideStage) {
+    Hero().HasTurn = false;
+    Hero().WalkSpeed = 2.4F;
+    Hero().X = 160;
+    model_.BoundRight = 5000;
+    for (int frame = 0; frame < 1500; ++frame) {
+        ASSERT_EQ(Update(kRight), CameraFollow::Right) << frame;
+        camera_.x -= 2.4F;
+    }
+}
+
 TEST_F(UpdateCharacterTest, TheCameraStandsWhereTheCharacterCannotGo) {
     Hero().HasTurn = false;
     Hero().WalkSpeed = 0;

@@ -72,6 +72,8 @@ TEST(VirtualKeyOf, LettersOfAnotherScriptCountByTheirPlace) {
     EXPECT_EQ(at(0x0410, 41), std::nullopt);
     EXPECT_EQ(at(Qt::Key_B, 38), std::nullopt) << "a Latin letter is itself, wherever it is";
     EXPECT_EQ(at(Qt::Key_Adiaeresis, 40), std::nullopt);
+    EXPECT_EQ(at(0x0104, 38), std::nullopt) << "A with an ogonek";
+    EXPECT_EQ(at(0x1EA0, 38), std::nullopt) << "A with a dot below";
     EXPECT_EQ(at(Qt::Key_F1, 38), std::nullopt);
 }
 

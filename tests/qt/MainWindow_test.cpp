@@ -3,11 +3,13 @@
 // The main window as the program drives it: its bars, its place, and what it tells of.
 #include "platform/qt/MainWindow.h"
 
+#include <QAction>
 #include <QImage>
 #include <QScrollBar>
 #include <cstdint>
 #include <vector>
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "platform/qt/DesktopPicture.h"
@@ -56,6 +58,30 @@ protected:
     MainWindow window{form};
     RecordedEvents program;
 };
+
+// --- the menus ---
+
+TEST_F(Main, NamesOfOthersHaveNeitherAccessLettersNorShortcuts) {
+    MenuItem& item = form[Menu::mnuChar];
+    item.caption = "Use Rock & Roll\tor\x01 not";
+    item.isLiteral = true;
+    form.recentFiles = {"/mugen/stages/a&b.def"};
+    Pump();
+    std::vector<QString> texts;
+    for (const QAction* const action : window.findChildren<QAction*>()) {
+        texts.push_back(action->text());
+    }
+    EXPECT_THAT(texts, testing::IsSupersetOf({QString("Use Rock && Roll or  not"),
+                                              QString("/mugen/stages/a&&b.def")}));
+    item.caption = "&Use Test Char";
+    item.isLiteral = false;
+    Pump();
+    texts.clear();
+    for (const QAction* const action : window.findChildren<QAction*>()) {
+        texts.push_back(action->text());
+    }
+    EXPECT_THAT(texts, testing::Contains(QString("&Use Test Char")));
+}
 
 // --- the bars ---
 

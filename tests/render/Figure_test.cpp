@@ -147,7 +147,9 @@ TEST_F(FigureTest, StandsBetweenTheLayers) {
 }
 
 TEST_F(FigureTest, IsAskedForWhenTheClocksHaveTickedOnceAndNothingIsDrawn) {
-    player.build.Still(player.build.Sprite("sky", 320, 240)).id = 3;
+    BackgroundElement& sky = player.build.Still(player.build.Sprite("sky", 320, 240));
+    sky.id = 3;
+    sky.velocityX = 100;  // behind its draw
     WithX(During(AddControl(player.build.Group(0, {3}), "posadd"), 0, 100), 5);
     player.Start();
     const Single start = player.model.Elements[0].posX;
@@ -155,8 +157,8 @@ TEST_F(FigureTest, IsAskedForWhenTheClocksHaveTickedOnceAndNothingIsDrawn) {
     for (int frame = 0; frame < 3; ++frame) {
         DrawScene(player.engine, player.tiles, player.flags, &source);
     }
-    EXPECT_THAT(source.seenX, ElementsAre(start + 5, start + 10, start + 15));
-    EXPECT_EQ(player.model.Elements[0].posX, start + 15);
+    EXPECT_THAT(source.seenX, ElementsAre(start + 5, start + 110, start + 215));
+    EXPECT_EQ(player.model.Elements[0].posX, start + 315);
 }
 
 TEST_F(FigureTest, AsksForNoMemory) {

@@ -49,6 +49,16 @@ bool Edits(VirtualKey key) {
     }
 }
 
+// Letters with accents are Latin ones, wherever they are: they have blocks of their own.
+bool IsOfAnotherScript(int key) {
+    constexpr int kLastOfLatin = 0x24F;
+    constexpr int kFirstOfLatinWithMore = 0x1E00;
+    constexpr int kLastOfLatinWithMore = 0x1EFF;
+    const bool isLatin =
+        key <= kLastOfLatin || (key >= kFirstOfLatinWithMore && key <= kLastOfLatinWithMore);
+    return !isLatin && key < Qt::Key_Escape;
+}
+
 // As X and Wayland number the keys of a PC's keyboard.
 std::optional<VirtualKey> LetterAt(quint32 scanCode) {
     switch (scanCode) {
@@ -82,9 +92,7 @@ std::optional<VirtualKey> VirtualKeyOf(const QKeyEvent& event) {
         default: break;
     }
     // A layout of another script types no Latin letters; the keys are where they are all the same.
-    constexpr int kLastOfLatin = 0xFF;
-    const bool otherScript = event.key() > kLastOfLatin && event.key() < Qt::Key_Escape;
-    return otherScript ? LetterAt(event.nativeScanCode()) : std::nullopt;
+    return IsOfAnotherScript(event.key()) ? LetterAt(event.nativeScanCode()) : std::nullopt;
 }
 
 KeyTracker::KeyTracker(const Form& form) : form_(form) {

@@ -36,6 +36,17 @@ QString Shown(const std::string& text) {
     return QString::fromStdString(ToUtf8(text));
 }
 
+// As a menu shows it sign by sign: no access letter, and no tab, behind which the shortcut stands.
+QString Literal(const std::string& text) {
+    QString shown = Shown(text);
+    for (QChar& sign : shown) {
+        if (sign < u' ') {
+            sign = u' ';
+        }
+    }
+    return shown.replace('&', "&&");
+}
+
 // The dispatcher runs on GLib's loop, so GLib knows whether something waits.
 bool RunsOnGlib() {
     const QAbstractEventDispatcher* const dispatcher = QAbstractEventDispatcher::instance();
@@ -294,8 +305,7 @@ void MainWindow::ShowRecentFiles() {
         recentActions_.push_back(action);
     }
     for (std::size_t i = 0; i < form_.recentFiles.size(); ++i) {
-        // A path has no access letter.
-        const QString path = Shown(form_.recentFiles[i]).replace('&', "&&");
+        const QString path = Literal(form_.recentFiles[i]);
         if (recentActions_[i]->text() != path) {
             recentActions_[i]->setText(path);
         }
@@ -324,7 +334,7 @@ void MainWindow::ShowMenus() {
     for (std::size_t i = 0; i < kMenuCount; ++i) {
         const MenuItem& item = form_.menus[i];
         QAction& action = *actions_[i];
-        if (const QString caption = Shown(item.caption);
+        if (const QString caption = item.isLiteral ? Literal(item.caption) : Shown(item.caption);
             !action.isSeparator() && action.text() != caption) {
             action.setText(caption);
         }

@@ -46,6 +46,10 @@ QImage InPixelsOfTheScreen(std::int32_t width, std::int32_t height,
             pixels.subspan(under(y, height, image.height()) * static_cast<std::size_t>(width),
                            static_cast<std::size_t>(width));
         auto* const into = reinterpret_cast<std::uint32_t*>(image.scanLine(y));
+        if (image.width() == width) {
+            std::copy(line.begin(), line.end(), into);
+            continue;
+        }
         for (std::int32_t x = 0; x < image.width(); ++x) {
             into[x] = line[under(x, width, image.width())];
         }
