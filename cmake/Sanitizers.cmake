@@ -9,12 +9,47 @@ if(SCENARA_SANITIZE)
     add_link_options(-fsanitize=address,undefined)
 endif()
 
-# What only tests is compiled quickly: not optimised, and without the coverage that guides the fuzz
-# targets through what is tested.
+# The program's own libraries behind these targets, each once.
+function(scenara_libraries_behind result)
+    set(found)
+    set(open ${ARGN})
+    while(open)
+        list(POP_FRONT open library)
+        if(NOT library MATCHES "^scenara_" OR library IN_LIST found OR NOT TARGET ${library})
+            continue()
+        endif()
+        get_target_property(type ${library} TYPE)
+        if(type STREQUAL "STATIC_LIBRARY")
+            list(APPEND found ${library})
+        endif()
+        if(type STREQUAL "INTERFACE_LIBRARY")
+            get_target_property(more ${library} INTERFACE_LINK_LIBRARIES)
+        else()
+            get_target_property(more ${library} LINK_LIBRARIES)
+        endif()
+        if(more)
+            list(APPEND open ${more})
+        endif()
+    endwhile()
+    set(${result} ${found} PARENT_SCOPE)
+endfunction()
+
+# What only tests is compiled quickly: not optimised, and under the sanitizers without the checks
+# that take longest to compile. Of inline functions and templates the first copy is linked, so what
+# the tests use of the program's, and the standard library's that both use, come from the program's
+# libraries: optimised, and with all checks.
 function(scenara_compile_quickly target)
     target_compile_options(${target} PRIVATE -O0)
-    if(SCENARA_SANITIZE)
-        target_compile_options(${target} PRIVATE -fno-sanitize=fuzzer-no-link)
+    if(NOT SCENARA_SANITIZE)
+        return()
+    endif()
+    target_compile_options(${target} PRIVATE -fno-sanitize=fuzzer-no-link,undefined)
+    scenara_libraries_behind(libraries ${ARGN})
+    if(libraries)
+        set(files ${libraries})
+        list(TRANSFORM files REPLACE "(.+)" "$<TARGET_FILE:\\1>")
+        target_link_options(${target} PRIVATE -Wl,--whole-archive ${files} -Wl,--no-whole-archive)
+        add_dependencies(${target} ${libraries})
     endif()
 endfunction()
 
