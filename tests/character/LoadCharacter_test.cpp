@@ -175,6 +175,21 @@ TEST(LoadCharacter, FilesMayLieInOtherFoldersUnderAnyCase) {
     EXPECT_EQ(machine.character.Sprites.size(), 5U);
 }
 
+TEST(LoadCharacter, FileNamesMayHaveBlanksAndDots) {
+    CharacterMachine machine;
+    machine.Put("hero.def",
+                "[Files]\n  anim\t=   my hero v1.5.air   ; moves\nsprite =my  hero.sff\n"
+                "cns= the hero .cns\n");
+    machine.Put("my hero v1.5.air", kHeroAnimation);
+    machine.Put("the hero.cns", "[Size]\nwalk.fwd = 2\n");
+    machine.files.Put("/mugen/chars/hero/my  hero.sff",
+                      std::span<const std::byte>(WriteSff1(HeroSubfiles())));
+    EXPECT_TRUE(machine.Load());
+    EXPECT_EQ(machine.character.WalkSpeed, 2.0F) << "the blank in front of the extension is cut";
+    EXPECT_EQ(machine.character.Sprites.size(), 5U);
+    EXPECT_THAT(machine.Texts(), IsEmpty());
+}
+
 TEST(LoadCharacter, AnArchiveOfVersion2IsSaid) {
     CharacterMachine machine;
     Sff1Options options;
