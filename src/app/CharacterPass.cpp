@@ -20,8 +20,7 @@ CameraLead LeadOf(CameraFollow follow) {
 Figure AdvanceCharacter(const CharacterPass& pass, const StageModel& model) {
     TestCharState& state = pass.state;
     pass.camera.lead = CameraLead::Keys;
-    if (!pass.options.Additions || !state.UseChar || !state.CharLoaded ||
-        state.Characters.empty()) {
+    if (!pass.options.Additions || !state.UseChar || !state.CharLoaded) {
         return {};
     }
     // The elements stand where the last pass saw the camera.

@@ -5,17 +5,12 @@
 #include "app/MenuTree.h"
 #include "app/frmStage.h"
 #include "base/NumberText.h"
-#include "render/Motion.h"
 
 namespace scenara {
 namespace {
 
 void Flip(MenuItem& item) {
     item.checked = !item.checked;
-}
-
-Single StepOrOne(Single step) {
-    return step == 0 ? Single{1} : step;
 }
 
 }  // namespace
@@ -106,17 +101,12 @@ void frmStage::ShowTitle() {
 }
 
 void frmStage::mnuMScroll_Click() {
+    savedSteps_ = UsersSteps(camera_, savedSteps_, testChar_, flags_);
     MenuItem& item = form_[Menu::mnuMScroll];
     Flip(item);
     flags_.MouseScroll = item.checked ? kByteTrue : Byte{0};
-    if (item.checked) {
-        if (!testChar_.StepsOverridden) {  // else the user's own are saved already
-            savedSteps_ = {camera_.HCamStep, camera_.VCamStep};
-        }
-    } else {
-        if (options_.Additions) {
-            SettleCamera(model_, camera_);
-        }
+    if (!item.checked) {
+        SettleSteps(model_, camera_, options_);
         camera_.HCamStep = StepOrOne(savedSteps_.HCamStep);
         camera_.VCamStep = StepOrOne(savedSteps_.VCamStep);
         TakeCharacterSteps(CharacterPieces());

@@ -24,7 +24,7 @@ constexpr int kVirtualKeyCount = 256;
 
 bool AnyKeyDown(Keyboard& keyboard) {
     for (int code = 0; code < kVirtualKeyCount; ++code) {
-        if (keyboard.GetAsyncKeyState(static_cast<VirtualKey>(code)) != 0) {
+        if (keyboard.IsDown(static_cast<VirtualKey>(code))) {
             return true;
         }
     }
@@ -34,7 +34,7 @@ bool AnyKeyDown(Keyboard& keyboard) {
 void TellKeyCodes(Keyboard& keyboard, Window& window) {
     while (!window.EndRequested()) {
         for (int code = 0; code < kVirtualKeyCount; ++code) {
-            if (keyboard.GetAsyncKeyState(static_cast<VirtualKey>(code)) != 0) {
+            if (keyboard.IsDown(static_cast<VirtualKey>(code))) {
                 window.SetCaption(NumberText(std::int32_t{code}));
             }
         }

@@ -45,6 +45,8 @@ bool frmStage::Guarded(const std::function<void()>& work) {
         return true;
     } catch (const std::bad_alloc&) {
         reason = TextOf(RunTimeErrorKind::OutOfMemory);
+    } catch (const std::length_error&) {
+        reason = TextOf(RunTimeErrorKind::OutOfMemory);
     } catch (const std::exception& error) {
         reason = error.what();
     }
@@ -132,7 +134,7 @@ void frmStage::StartLoop() {
     };
     // A step of 0 that something else has set says nothing about the user's own.
     SavedSteps unused;
-    SavedSteps& saved = StepsAreOverridden() ? unused : savedSteps_;
+    SavedSteps& saved = StepsAreOverridden(testChar_, flags_) ? unused : savedSteps_;
     StartStage(file, {model_, camera_, saved, loop_, form_.hscHScroll, machine_.keyboard, load,
                       std::exchange(keptCamera_, std::nullopt), fullScreenAgain, &character});
     if (loop_.StageRunning == 0) {
@@ -177,8 +179,8 @@ void frmStage::AbandonStage() {
 void frmStage::RunPass() {
     const CharacterPass character{testChar_, camera_, machine_.keyboard, flags_, options_};
     const StagePass pass{
-        engine_,   tiles_,    flags_, loop_, machine_.clock, model_, form_[Menu::mnuInfo].checked,
-        infoText_, &character};
+        engine_,   tiles_,   flags_, loop_, machine_.clock, model_, form_[Menu::mnuInfo].checked,
+        infoText_, character};
     flags_.Deform = form_[Menu::mnuDeform].checked ? kByteTrue : Byte{0};
     // Without a device nothing is drawn, shown or counted; the window keeps its last picture.
     const bool draws = engine_.HasDevice();
@@ -194,7 +196,7 @@ void frmStage::RunPass() {
             ShowPicture(pass);
         }
         PollPauseKey();
-        if (machine_.keyboard.GetAsyncKeyState(VirtualKey::Escape) != 0) {
+        if (machine_.keyboard.IsDown(VirtualKey::Escape)) {
             ResetRes();
         }
     }

@@ -7,12 +7,8 @@
 namespace scenara {
 
 bool DrawAndCount(const StagePass& pass) {
-    if (pass.character != nullptr) {
-        CharacterFigures figures(*pass.character, pass.model);
-        DrawScene(pass.engine, pass.tiles, pass.flags, &figures);
-    } else {
-        DrawScene(pass.engine, pass.tiles, pass.flags);
-    }
+    CharacterFigures figures(pass.character, pass.model);
+    DrawScene(pass.engine, pass.tiles, pass.flags, &figures);
     CountFrame(pass.loop);
     if (!SecondIsOver(pass.loop, pass.clock)) {
         return false;

@@ -23,9 +23,9 @@ struct StagePass {
     LoopState& loop;
     Clock& clock;
     const StageModel& model;
-    bool info = false;                         // the Info item is checked
-    std::string& InfoText;                     // the information line, empty when a loop begins
-    const CharacterPass* character = nullptr;  // the test character, where there can be one
+    bool info = false;      // the Info item is checked
+    std::string& InfoText;  // the information line, empty when a loop begins
+    const CharacterPass& character;
 };
 
 // Draws a frame and counts it; once a second InfoText is made anew, while it is wanted, and the

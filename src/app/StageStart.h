@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 
+#include "app/CameraSteps.h"
 #include "app/LoopState.h"
 #include "platform/Form.h"
 #include "platform/Keyboard.h"
@@ -15,12 +16,6 @@
 #include "stage/StageModel.h"
 
 namespace scenara {
-
-// The camera's steps as they are kept while something else sets them.
-struct SavedSteps {
-    Single HCamStep = 0;
-    Single VCamStep = 0;
-};
 
 struct TestCharContext;
 

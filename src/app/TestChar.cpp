@@ -8,12 +8,9 @@
 #include "base/Path.h"
 #include "character/LoadCharacter.h"
 #include "character/PlaceCharacter.h"
-#include "render/Motion.h"
 
 namespace scenara {
 namespace {
-
-constexpr Single kStepOfNothing = 1;
 
 // Menus off, a load under way, and all of it put back, whatever happens.
 class LoadingCharacter {
@@ -66,23 +63,12 @@ bool StageRuns(const TestCharContext& context) {
     return context.loop.StageRunning != 0;
 }
 
-// Addition: plain, the elements follow the camera's last move by the step that is new then.
-void Settle(const TestCharContext& context) {
-    if (context.options.Additions) {
-        SettleCamera(context.model, context.camera);
-    }
-}
-
 // The camera steps as the character walks. Sideways only: that is the way it walks.
 void TakeSteps(const TestCharContext& context) {
-    Settle(context);
-    if (!context.state.StepsOverridden) {
-        // Mouse scrolling has saved them already, and what the camera has now is the pointer's.
-        if (context.flags.MouseScroll == 0) {
-            context.savedSteps = {context.camera.HCamStep, context.camera.VCamStep};
-        }
-        context.state.StepsOverridden = true;
-    }
+    SettleSteps(context.model, context.camera, context.options);
+    context.savedSteps =
+        UsersSteps(context.camera, context.savedSteps, context.state, context.flags);
+    context.state.StepsOverridden = true;
     // A step below 0 would go through the bounds, and one of 0 counts as not set.
     const Single step = std::fabs(context.state.Characters.front().WalkSpeed);
     if (step != 0) {
@@ -95,10 +81,9 @@ void GiveStepsBack(const TestCharContext& context) {
         return;
     }
     context.state.StepsOverridden = false;
-    Settle(context);
-    const SavedSteps& saved = context.savedSteps;
-    context.camera.HCamStep = saved.HCamStep == 0 ? kStepOfNothing : saved.HCamStep;
-    context.camera.VCamStep = saved.VCamStep;
+    SettleSteps(context.model, context.camera, context.options);
+    context.camera.HCamStep = StepOrOne(context.savedSteps.HCamStep);
+    context.camera.VCamStep = context.savedSteps.VCamStep;
 }
 
 void SetUse(const TestCharContext& context, bool use) {
@@ -126,8 +111,7 @@ void LoadTestChar(const TestCharContext& context) {
     state.CharCount = 1;
     if (!state.CharLoaded) {
         TestCharacter character;  // in no list that a handler could reach
-        state.CharLoaded = Load(context, character);
-        if (!state.CharLoaded) {
+        if (!Load(context, character)) {
             state.TestChar.clear();
             ForgetName(context);
             GiveStepsBack(context);
@@ -136,6 +120,7 @@ void LoadTestChar(const TestCharContext& context) {
         }
         state.Characters.clear();
         state.Characters.push_back(std::move(character));
+        state.CharLoaded = true;
         state.CharName = state.Characters.front().DisplayName;
         NameCharacter(context.form, state.CharName);
     }
@@ -193,12 +178,6 @@ void ReleaseTestChar(TestCharState& state) {
     state.CharLoaded = false;
     state.Characters.clear();
     state.Turning = false;
-}
-
-SavedSteps StepsToKeep(const Camera& camera, const SavedSteps& saved, const TestCharState& state,
-                       const ViewFlags& flags) {
-    const bool overridden = state.StepsOverridden || flags.MouseScroll != 0;
-    return overridden ? saved : SavedSteps{camera.HCamStep, camera.VCamStep};
 }
 
 }  // namespace scenara

@@ -4,8 +4,7 @@
 // stage that is shown.
 //
 // While it is on, the camera's horizontal step is the character's walking step, and the user's own
-// steps are kept in the save slots that mouse scrolling uses, too: whoever comes first saves, and
-// QX.CFG gets the saved ones (StepsToKeep).
+// steps are kept in the save slots that mouse scrolling uses, too (CameraSteps.h).
 //
 // What the main window calls, and when:
 //
@@ -14,14 +13,13 @@
 //   StartTestChar                    at the end of each stage start, behind the placed elements
 //   CharacterFigures                 in each pass that draws (CharacterPass.h)
 //   ReleaseTestChar                  with the textures of a stage, before its device goes
-//   StepsToKeep                      when the configuration is written
 #pragma once
 
 #include <functional>
 #include <string>
 
+#include "app/CameraSteps.h"
 #include "app/LoopState.h"
-#include "app/StageStart.h"
 #include "character/CharacterSprites.h"
 #include "character/TestCharState.h"
 #include "platform/Dialogs.h"
@@ -80,9 +78,5 @@ void TakeCharacterSteps(const TestCharContext& context);
 
 // Gives its pictures back. It stays on and chosen.
 void ReleaseTestChar(TestCharState& state);
-
-// The steps that the configuration gets: the user's own, while something else sets the camera's.
-[[nodiscard]] SavedSteps StepsToKeep(const Camera& camera, const SavedSteps& saved,
-                                     const TestCharState& state, const ViewFlags& flags);
 
 }  // namespace scenara

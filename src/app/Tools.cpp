@@ -32,11 +32,6 @@ ChooseCharContext frmStage::CharacterChoice() {
             [this](const std::string& path) { return IsChar(machine_.files, path); }};
 }
 
-// Whether something else than the user sets the camera's steps; the user's are saved then.
-bool frmStage::StepsAreOverridden() const {
-    return flags_.MouseScroll != 0 || testChar_.StepsOverridden;
-}
-
 void frmStage::mnuChar_Click() {
     const Byte paused = Paused;
     LoadMessages messages(machine_.messages, options_.Additions);
@@ -86,9 +81,7 @@ void frmStage::ShowEditing() {
         return;
     }
     bar.Value = ScrollValueOf(model_, bar);
-    if (const std::optional<ViewRectangle> outline = editor_.Outline()) {
-        form_.selection = {outline->left, outline->top, outline->right, outline->bottom};
-    }
+    form_.selection = editor_.Outline();
 }
 
 bool frmStage::CanBeEdited() const {
@@ -120,11 +113,9 @@ void frmStage::Form_MouseUp() {
 void frmStage::hscHScroll_Change(Long value) {
     Handle([&] {
         if (form_[Menu::mnuDebugBG].checked && CanBeEdited()) {
-            ScrollBar& bar = form_.hscHScroll;
-            // Bounds may be the wrong way round in a file; then Min goes first. A value beyond them
-            // is one of the stage before.
-            bar.Value = std::max(std::min(value, bar.Max), bar.Min);
-            scenara::hscHScroll_Change(model_, camera_, bar);
+            // A value beyond the bar's is one of the stage before.
+            form_.hscHScroll.Value = ValueWithin(form_.hscHScroll, value);
+            scenara::hscHScroll_Change(model_, camera_, form_.hscHScroll);
             ShowEditing();
         }
     });
@@ -159,19 +150,18 @@ void frmStage::ForgetKeys() {
 }
 
 void frmStage::hscSGFX_Change(Long value) {
-    Handle([&] {
-        if (SpriteBrowserMode != 0 && loop_.LoadingStage == 0) {
-            form_.hscSGFX.Value = value;
-            browser_.hscSGFX_Change();
-        }
-    });
+    MoveSpriteBar(value, [this] { browser_.hscSGFX_Change(); });
 }
 
 void frmStage::hscSGFX_Scroll(Long value) {
+    MoveSpriteBar(value, [this] { browser_.hscSGFX_Scroll(); });
+}
+
+void frmStage::MoveSpriteBar(Long value, const std::function<void()>& show) {
     Handle([&] {
         if (SpriteBrowserMode != 0 && loop_.LoadingStage == 0) {
             form_.hscSGFX.Value = value;
-            browser_.hscSGFX_Scroll();
+            show();
         }
     });
 }

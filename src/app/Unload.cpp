@@ -45,7 +45,7 @@ void frmStage::Form_Unload() {
         }
     }));
     if (settingsLoaded_) {
-        SavedSteps steps = StepsToKeep(camera_, savedSteps_, testChar_, flags_);
+        SavedSteps steps = UsersSteps(camera_, savedSteps_, testChar_, flags_);
         static_cast<void>(
             Guarded([&] { SaveConfig(AllSettings(steps), VersionText, machine_.files); }));
     }

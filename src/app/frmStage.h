@@ -230,7 +230,6 @@ private:
     void SelectStage(Long index);
     void OpenListed();
     [[nodiscard]] Settings AllSettings(SavedSteps& steps);
-    [[nodiscard]] bool StepsAreOverridden() const;
     [[nodiscard]] TestCharContext CharacterPieces(Messages& messages);
     [[nodiscard]] TestCharContext CharacterPieces() { return CharacterPieces(machine_.messages); }
     [[nodiscard]] ChooseCharContext CharacterChoice();
@@ -239,6 +238,7 @@ private:
     void ShowEditing();
     void LeaveBrowser();
     void ForgetKeys();
+    void MoveSpriteBar(Long value, const std::function<void()>& show);
     void Dump();
     void OncePerSecond();
     void LeaveFullScreenWithFocus();

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "base/RunTimeError.h"
 
+#include <new>
+
 namespace scenara {
 
 std::string_view TextOf(RunTimeErrorKind kind) {
@@ -27,5 +29,17 @@ RunTimeError::RunTimeError(RunTimeErrorKind kind)
 
 RunTimeError::RunTimeError(RunTimeErrorKind kind, std::string_view detail)
     : std::runtime_error(std::string(TextOf(kind)).append(": ").append(detail)), kind_(kind) {}
+
+std::string TextOfCurrentError() {
+    try {
+        throw;
+    } catch (const RunTimeError& error) {
+        return error.what();
+    } catch (const std::bad_alloc&) {
+        return std::string(TextOf(RunTimeErrorKind::OutOfMemory));
+    } catch (const std::length_error&) {  // more than any machine has
+        return std::string(TextOf(RunTimeErrorKind::OutOfMemory));
+    }
+}
 
 }  // namespace scenara

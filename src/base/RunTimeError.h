@@ -44,4 +44,8 @@ private:
     RunTimeErrorKind kind_;
 };
 
+// In a catch block: what the error under way says to people, memory that is not there included.
+// Raises it again when it is neither that nor a RunTimeError, and so a mistake of the program's.
+[[nodiscard]] std::string TextOfCurrentError();
+
 }  // namespace scenara

@@ -65,9 +65,14 @@ void AppendUtf8(std::string& text, char32_t point) {
 }  // namespace
 
 std::string LowerCase(std::string_view text) {
-    std::string lower(text);
-    std::transform(lower.begin(), lower.end(), lower.begin(), [](char c) { return LowerCase(c); });
+    std::string lower;
+    LowerCase(text, lower);
     return lower;
+}
+
+void LowerCase(std::string_view text, std::string& into) {
+    into.resize(text.size());
+    std::transform(text.begin(), text.end(), into.begin(), [](char c) { return LowerCase(c); });
 }
 
 std::string_view Trim(std::string_view text) {

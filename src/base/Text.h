@@ -22,6 +22,8 @@ namespace scenara {
 }
 
 [[nodiscard]] std::string LowerCase(std::string_view text);
+// The same into memory that there is already.
+void LowerCase(std::string_view text, std::string& into);
 
 // Without the blanks at both ends.
 [[nodiscard]] std::string_view Trim(std::string_view text);

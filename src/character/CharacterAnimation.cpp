@@ -46,12 +46,12 @@ bool CharacterAnimationReader::ReadLine(std::string_view untrimmed, std::int64_t
     if (line_.Before("loopstart")) {
         action_->LoopStart = static_cast<Integer>(action_->frames.size());
     } else if (IsDigit(line_.Text().front())) {
-        ReadFrame();
+        ReadFrame(false);
     } else if (IsNegativeGroup(line_.WithoutComment())) {
         if (!options_.Additions) {
             return false;
         }
-        ReadFrame();
+        ReadFrame(true);
     }
     return true;
 }
@@ -83,23 +83,23 @@ Integer CharacterAnimationReader::Field(std::string_view text, std::string_view 
     try {
         return ToInteger(LeadingNumber(text));
     } catch (const RunTimeError&) {
-        messages_.SayOverflow(what, number_);
+        messages_.SayOverflow(kMessageCharacterOverflow, what, number_);
         return 0;
     }
 }
 
-void CharacterAnimationReader::ReadFrame() {
+void CharacterAnimationReader::ReadFrame(bool hasNoGroup) {
     if (action_->frames.size() >= kMaxFrames) {
         if (!saidFull_) {
             saidFull_ = true;
-            messages_.SayOverflow("frames of an action", number_);
+            messages_.SayOverflow(kMessageCharacterOverflow, "frames of an action", number_);
         }
         return;
     }
     std::string_view rest = line_.WithoutComment();
     CharFrame frame;
     frame.group = Field(NextField(rest), "group");
-    if (IsNegativeGroup(line_.WithoutComment())) {
+    if (hasNoGroup) {
         frame.group = std::min(frame.group, kNoGroup);  // -0.4 is below 0, too
     }
     frame.image = Field(NextField(rest), "image");

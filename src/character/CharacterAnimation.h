@@ -39,7 +39,7 @@ public:
 
 private:
     void BeginAction(std::size_t at);
-    void ReadFrame();
+    void ReadFrame(bool hasNoGroup);
     [[nodiscard]] Integer Field(std::string_view text, std::string_view what);
 
     CharacterMessages& messages_;

@@ -47,7 +47,7 @@ CharacterConstants ReadCharacterConstants(InputFile& file, CharacterMessages& me
                 try {
                     constants.*key.field = ToSingle(LeadingNumber(line.Value()));
                 } catch (const RunTimeError&) {
-                    messages.SayOverflow(key.name, lines.Number());
+                    messages.SayOverflow(kMessageCharacterOverflow, key.name, lines.Number());
                 }
             }
             if (key.name == kLastKey) {

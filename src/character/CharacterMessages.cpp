@@ -12,10 +12,4 @@ void CharacterMessages::Show(const Message& message) {
     messages_.Show(titled);
 }
 
-void CharacterMessages::SayOverflow(std::string_view what, std::int64_t lineNumber) {
-    std::string text = "Overflow: ";
-    text.append(what).append(", line ").append(std::to_string(lineNumber));
-    MsgBox(kMessageCharacterOverflow, std::move(text));
-}
-
 }  // namespace scenara

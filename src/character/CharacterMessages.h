@@ -28,9 +28,6 @@ public:
 
     void Show(const Message& message) override;
 
-    // A number that its field cannot hold: "Overflow: " + what + ", line " + number.
-    void SayOverflow(std::string_view what, std::int64_t lineNumber);
-
 private:
     Messages& messages_;
 };

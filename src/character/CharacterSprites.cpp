@@ -12,6 +12,7 @@
 #include "base/RunTimeError.h"
 #include "base/Text.h"
 #include "sprites/SffArchive.h"
+#include "sprites/SpriteMessages.h"
 
 namespace scenara {
 namespace {
@@ -52,13 +53,6 @@ std::vector<Pair> WantedPictures(const TestCharacter& character) {
     std::sort(wanted.begin(), wanted.end());
     wanted.erase(std::unique(wanted.begin(), wanted.end()), wanted.end());
     return wanted;
-}
-
-std::string SkippedText(std::string_view what, const Pair& picture) {
-    std::string text(what);
-    text.append(":  Group ").append(std::to_string(picture.first));
-    text.append(" Image ").append(std::to_string(picture.second));
-    return text.append(kCrLf);
 }
 
 Long ColorKeyOf(const PaletteBytes& palette) {
@@ -139,25 +133,18 @@ private:
             }
         }
         if (chain_.Broken()) {
-            SayArchiveError(*chain_.Broken() + "  The rest is skipped..");
+            SayRestIsSkipped(context_.messages, kMessageCharacterSprite, name_, *chain_.Broken());
         }
-    }
-
-    void SayArchiveError(const std::string& reason) {
-        std::string text = "SFF Error:  " + name_;
-        text.append(kCrLf).append(reason);
-        context_.messages.MsgBox(kMessageCharacterSprite, std::move(text));
     }
 
     void ChooseColors() {
         if (act_) {
             shared_ = *act_;
         } else if (!subfiles_.empty()) {
-            sharedIsWhole_ = PaletteOf(subfiles_.front(), shared_);
-            if (context_.options.Additions && !HasPalette(archive_, subfiles_.front().position)) {
-                shared_.fill(std::byte{0});  // they are pixels
-                sharedIsWhole_ = false;
-            }
+            const Subfile& first = subfiles_.front();
+            sharedIsWhole_ =
+                (!context_.options.Additions || HasPalette(archive_, first.position)) &&
+                PaletteOf(first, shared_);
         }
         character_.ColorKey = ColorKeyOf(shared_);
     }
@@ -175,7 +162,8 @@ private:
             }
         }
         if (!std::exchange(sharedIsWhole_, true)) {
-            SayArchiveError("The palette of its first image is not whole, the rest is black..");
+            SayArchiveError(context_.messages, kMessageCharacterSprite, name_,
+                            "The palette of its first image is not whole, the rest is black..");
         }
         return shared_;
     }
@@ -215,9 +203,7 @@ private:
             const Integer link = subfiles_[index].header.link;
             if (link < 0 || static_cast<std::size_t>(link) >= index) {
                 context_.messages.MsgBox(kMessageCharacterSprite,
-                                         SkippedText("Link Error", picture) +
-                                             "There is no sprite " + std::to_string(link) +
-                                             " before it.  Skipping sprite..");
+                                         BadLinkText(picture.first, picture.second, link));
                 return std::nullopt;
             }
             index = static_cast<std::size_t>(link);
@@ -256,7 +242,7 @@ private:
             decoded.texture->PreLoad();
         } else {
             context_.messages.MsgBox(kMessageCharacterSprite,
-                                     SkippedText("PCX Error", picture) + "Skipping sprite..");
+                                     DamagedSpriteText(picture.first, picture.second));
         }
         textures_.emplace(source, decoded.texture);
         return decoded.texture;
@@ -264,7 +250,8 @@ private:
 
     void SayOverused() {
         if (!std::exchange(saidOverused_, true)) {
-            SayArchiveError("The subfiles lie over each other.  The rest is skipped..");
+            SayRestIsSkipped(context_.messages, kMessageCharacterSprite, name_,
+                             "The subfiles lie over each other.");
         }
     }
 

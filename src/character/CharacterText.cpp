@@ -18,8 +18,7 @@ std::string_view TrimBlanks(std::string_view text) {
 
 void CharacterLine::Assign(std::string_view untrimmed) {
     text_ = TrimBlanks(untrimmed);
-    lower_.resize(text_.size());
-    std::transform(text_.begin(), text_.end(), lower_.begin(), [](char c) { return LowerCase(c); });
+    LowerCase(text_, lower_);
 }
 
 std::string_view CharacterLine::WithoutComment() const {

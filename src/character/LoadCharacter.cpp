@@ -2,9 +2,7 @@
 #include "character/LoadCharacter.h"
 
 #include <memory>
-#include <new>
 #include <optional>
-#include <stdexcept>
 
 #include "base/Path.h"
 #include "base/RunTimeError.h"
@@ -28,19 +26,13 @@ public:
           messages_(context.messages) {}
 
     [[nodiscard]] bool Load() {
-        std::string reason;
         try {
             return ReadDefinition() && ReadConstants() && ReadAnimation() && ReadSprites() &&
                    RequireWalking();
-        } catch (const RunTimeError& error) {
-            reason = error.what();
-        } catch (const std::bad_alloc&) {
-            reason = TextOf(RunTimeErrorKind::OutOfMemory);
-        } catch (const std::length_error&) {
-            reason = TextOf(RunTimeErrorKind::OutOfMemory);
+        } catch (...) {
+            messages_.MsgBox(kMessageCharacterFailed, Unable(TextOfCurrentError()));
+            return false;
         }
-        messages_.MsgBox(kMessageCharacterFailed, Unable(reason));
-        return false;
     }
 
 private:
@@ -68,8 +60,8 @@ private:
             if (const std::unique_ptr<InputFile> file = Open(definition_.cns, ".cns")) {
                 constants = ReadCharacterConstants(*file, messages_);
             }
-        } catch (const RunTimeError& error) {
-            messages_.MsgBox(kMessageCharacterPart, Unable(error.what()));
+        } catch (...) {
+            messages_.MsgBox(kMessageCharacterPart, Unable(TextOfCurrentError()));
         }
         character_.XScale = constants.xScale;
         character_.YScale = constants.yScale;

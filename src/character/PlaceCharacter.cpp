@@ -3,6 +3,8 @@
 
 #include <cstddef>
 
+#include "character/CharacterClock.h"
+
 namespace scenara {
 namespace {
 
@@ -35,11 +37,9 @@ void PlaceCharacter(TestCharState& state, const StageModel& model) {
         } else if (const BackgroundElement* const ground = GroundElement(model)) {
             character.Y = ground->posY;
         }
-        const CharAction& standing = character.ActionIn(kStanding);
         character.Action = kStanding;
-        character.Frame = 0;
         character.Facing = kFacingRight;
-        character.FrameTime = standing.frames.empty() ? Integer{0} : standing.frames.front().time;
+        StartAction(character);
         character.Walking = false;
         character.DrawTexture = -1;
     }

@@ -16,10 +16,6 @@ constexpr double kHalfView = 160;
 // up on the way through a wide stage; steps that anybody sees are larger.
 constexpr double kHair = 1.0 / 16;
 
-bool IsDown(Keyboard& keyboard, VirtualKey key) {
-    return keyboard.GetAsyncKeyState(key) != 0;
-}
-
 void Walk(TestCharacter& character, Integer facing, bool& held) {
     character.Facing = facing;
     character.Action = kWalking;
@@ -37,8 +33,8 @@ void Stop(TestCharacter& character, bool& held) {
 // the walk for a frame even while the other is held
 // (UpdateCharacter.LettingOneOfTwoKeysGoStandsForAFrame).
 void ReadKeys(TestCharState& state, TestCharacter& character, Keyboard& keyboard) {
-    const bool right = IsDown(keyboard, VirtualKey::Right);
-    const bool left = IsDown(keyboard, VirtualKey::Left);
+    const bool right = keyboard.IsDown(VirtualKey::Right);
+    const bool left = keyboard.IsDown(VirtualKey::Left);
     if (right) {
         Walk(character, kFacingRight, state.RightHeld);
     }
@@ -56,8 +52,8 @@ void ReadKeys(TestCharState& state, TestCharacter& character, Keyboard& keyboard
 // A key remembers that it was pressed until somebody asks: presses during a turn are not to count
 // behind it.
 void ForgetKeys(Keyboard& keyboard) {
-    static_cast<void>(IsDown(keyboard, VirtualKey::Right));
-    static_cast<void>(IsDown(keyboard, VirtualKey::Left));
+    static_cast<void>(keyboard.IsDown(VirtualKey::Right));
+    static_cast<void>(keyboard.IsDown(VirtualKey::Left));
 }
 
 void StartTurn(TestCharState& state, TestCharacter& character) {

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "editor/CameraScroll.h"
 
-#include <algorithm>
 #include <cstdint>
 
 namespace scenara {
@@ -19,10 +18,7 @@ void hscHScroll_Change(StageModel& model, Camera& camera, const ScrollBar& hscHS
 }
 
 Long ScrollValueOf(const StageModel& model, const ScrollBar& hscHScroll) {
-    const auto shown = -static_cast<double>(model.CamX);
-    // Bounds may be the wrong way round in a file; then Min goes first.
-    const double within = std::max<double>(std::min<double>(shown, hscHScroll.Max), hscHScroll.Min);
-    return ToLong(within);
+    return ToLong(ValueWithin(hscHScroll, -static_cast<double>(model.CamX)));
 }
 
 }  // namespace scenara

@@ -4,6 +4,8 @@
 // coordinates, as the camera's bounds do, which are its Min and Max.
 #pragma once
 
+#include <algorithm>
+
 #include "base/Integers.h"
 #include "platform/Form.h"
 #include "render/Camera.h"
@@ -18,5 +20,13 @@ void hscHScroll_Change(StageModel& model, Camera& camera, const ScrollBar& hscHS
 // The Value that shows where the camera is, after it has been moved otherwise: the nearest one
 // between Min and Max.
 [[nodiscard]] Long ScrollValueOf(const StageModel& model, const ScrollBar& hscHScroll);
+
+// The nearest value that the bar can have. Bounds may be the wrong way round in a file; then Min
+// goes first.
+template <typename Number>
+[[nodiscard]] Number ValueWithin(const ScrollBar& bar, Number value) {
+    return std::max<Number>(std::min<Number>(value, static_cast<Number>(bar.Max)),
+                            static_cast<Number>(bar.Min));
+}
 
 }  // namespace scenara

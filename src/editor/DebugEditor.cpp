@@ -31,7 +31,7 @@ DrawOptions DebugEditor::Drawing() const {
     return {context_.options.Additions, context_.flags.Deform != 0};
 }
 
-std::optional<ViewRectangle> DebugEditor::Outline() const {
+std::optional<ViewFrame> DebugEditor::Outline() const {
     if (!IsOn() || selected_ == kNone) {
         return std::nullopt;
     }
@@ -122,15 +122,11 @@ void DebugEditor::AtEndOfPass() {
     }
 }
 
-bool DebugEditor::IsPressed(VirtualKey key) const {
-    return context_.keyboard.GetAsyncKeyState(key) != 0;
-}
-
 // A key that is still down is down at the next question, too.
 void DebugEditor::ForgetPresses() const {
     for (const VirtualKey key : {VirtualKey::NumpadPlus, VirtualKey::NumpadMinus,
                                  VirtualKey::Delete, VirtualKey::Insert, VirtualKey::D}) {
-        static_cast<void>(IsPressed(key));
+        static_cast<void>(context_.keyboard.IsDown(key));
     }
 }
 
@@ -140,12 +136,12 @@ std::optional<VirtualKey> DebugEditor::PressedKey() const {
     if (selected_ != kNone) {
         for (const VirtualKey key : {VirtualKey::NumpadPlus, VirtualKey::NumpadMinus,
                                      VirtualKey::Delete, VirtualKey::Insert}) {
-            if (IsPressed(key)) {
+            if (context_.keyboard.IsDown(key)) {
                 return key;
             }
         }
     }
-    return IsPressed(VirtualKey::D) ? std::optional(VirtualKey::D) : std::nullopt;
+    return context_.keyboard.IsDown(VirtualKey::D) ? std::optional(VirtualKey::D) : std::nullopt;
 }
 
 void DebugEditor::Act(VirtualKey key) {

@@ -97,7 +97,7 @@ public:
     void Clear();
 
     // Where the machine draws the selection's frame, over the presented picture.
-    [[nodiscard]] std::optional<ViewRectangle> Outline() const;
+    [[nodiscard]] std::optional<ViewFrame> Outline() const;
 
 private:
     static constexpr Integer kNone = -1;
@@ -120,7 +120,6 @@ private:
     void BeginDrag(const ViewPoint& point);
     void Shift(Integer index, const Offset& by);
 
-    [[nodiscard]] bool IsPressed(VirtualKey key) const;
     [[nodiscard]] std::optional<VirtualKey> PressedKey() const;
     void Act(VirtualKey key);
     void MoveUp();

@@ -99,12 +99,12 @@ public:
         bottom_ = std::max(bottom_, bottom);
     }
 
-    [[nodiscard]] std::optional<ViewRectangle> Rectangle() const {
+    [[nodiscard]] std::optional<ViewFrame> Rectangle() const {
         if (left_ >= right_ || top_ >= bottom_) {
             return std::nullopt;
         }
-        return ViewRectangle{static_cast<Long>(left_), static_cast<Long>(top_),
-                             static_cast<Long>(right_), static_cast<Long>(bottom_)};
+        return ViewFrame{static_cast<Long>(left_), static_cast<Long>(top_),
+                         static_cast<Long>(right_), static_cast<Long>(bottom_)};
     }
 
 private:
@@ -132,8 +132,8 @@ Integer TopmostElementAt(const StageModel& model, const DrawOptions& options,
     return -1;
 }
 
-std::optional<ViewRectangle> OutlineOf(const StageModel& model, const DrawOptions& options,
-                                       Integer index) {
+std::optional<ViewFrame> OutlineOf(const StageModel& model, const DrawOptions& options,
+                                   Integer index) {
     const BackgroundElement& element = RecordAt(model.Elements, index, "element");
     const std::optional<PlacedPicture> picture = PlaceElement(model, element, options.additions);
     if (!picture) {

@@ -13,6 +13,7 @@
 #include <optional>
 
 #include "base/Integers.h"
+#include "platform/ViewFrame.h"
 #include "render/ElementPieces.h"
 #include "stage/StageModel.h"
 
@@ -24,16 +25,6 @@ struct ViewPoint {
     Long y = 0;
 };
 
-// Pixels of the view; right and bottom lie outside.
-struct ViewRectangle {
-    Long left = 0;
-    Long top = 0;
-    Long right = 0;
-    Long bottom = 0;
-
-    [[nodiscard]] bool operator==(const ViewRectangle&) const = default;
-};
-
 // The topmost drawn element that covers the point, -1 when there is none: the front layer goes
 // before the back one, and a later element before an earlier one. Hidden and disabled elements
 // cover nothing. Where an element is masked or blended, so do the transparent pixels of its
@@ -43,7 +34,7 @@ struct ViewRectangle {
 
 // The smallest rectangle around all that an element shows, as far as it lies in the view; nothing
 // when it shows nothing there. Hidden elements have theirs, so that one that blinks keeps it.
-[[nodiscard]] std::optional<ViewRectangle> OutlineOf(const StageModel& model,
-                                                     const DrawOptions& options, Integer index);
+[[nodiscard]] std::optional<ViewFrame> OutlineOf(const StageModel& model,
+                                                 const DrawOptions& options, Integer index);
 
 }  // namespace scenara

@@ -14,6 +14,7 @@
 
 #include "base/Integers.h"
 #include "platform/Keyboard.h"
+#include "platform/ViewFrame.h"
 
 namespace scenara {
 
@@ -78,16 +79,6 @@ struct ListBox {
     Long width = 0;
     Long height = 0;
     bool visible = false;
-};
-
-// A frame around a part of the view, in its pixels; right and bottom lie outside.
-struct ViewFrame {
-    Long left = 0;
-    Long top = 0;
-    Long right = 0;
-    Long bottom = 0;
-
-    friend bool operator==(const ViewFrame&, const ViewFrame&) = default;
 };
 
 // Stands outside of the inner area, below it.

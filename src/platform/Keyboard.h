@@ -29,6 +29,10 @@ enum class VirtualKey : std::uint8_t {
     NumpadMinus = 109,
 };
 
+// What GetAsyncKeyState answers is made of.
+inline constexpr Integer kKeyIsDown = -32768;  // the highest of 16 bits
+inline constexpr Integer kKeyWasPressed = 1;   // since the last call for it
+
 class Keyboard {
 public:
     Keyboard() = default;
@@ -40,6 +44,9 @@ public:
     // call for it. Its lowest bit says that it was pressed since then; repetitions are no presses.
     // Below 0 it is down now.
     virtual Integer GetAsyncKeyState(VirtualKey key) = 0;
+
+    // Whether it is down or was pressed since the last call.
+    [[nodiscard]] bool IsDown(VirtualKey key) { return GetAsyncKeyState(key) != 0; }
 };
 
 }  // namespace scenara

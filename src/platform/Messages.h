@@ -48,6 +48,13 @@ public:
     void MsgBox(MessageKind kind, std::string text) {
         Show(Message{kind, std::move(text), {}, MessageIcon::None});
     }
+
+    // Of a file's value: a number that its field cannot hold.
+    void SayOverflow(MessageKind kind, std::string_view what, std::int64_t lineNumber) {
+        std::string text = "Overflow: ";
+        text.append(what).append(", line ").append(std::to_string(lineNumber));
+        MsgBox(kind, std::move(text));
+    }
 };
 
 }  // namespace scenara

@@ -57,10 +57,16 @@ struct PictureFit {
 
     // The column or row of the view that a column or row of the picture shows, by its centre.
     [[nodiscard]] std::int32_t ViewColumn(std::int32_t column) const {
-        return FloorQuotient((std::int64_t{column} * 2 + 1) * kViewWidth, std::int64_t{width} * 2);
+        return Under(column, width, kViewWidth);
     }
     [[nodiscard]] std::int32_t ViewRow(std::int32_t row) const {
-        return FloorQuotient((std::int64_t{row} * 2 + 1) * kViewHeight, std::int64_t{height} * 2);
+        return Under(row, height, kViewHeight);
+    }
+
+    // Of `all` columns that are shown as `size` ones: the one under the centre of that one.
+    [[nodiscard]] static std::int32_t Under(std::int32_t column, std::int32_t size,
+                                            std::int32_t all) {
+        return FloorQuotient((std::int64_t{column} * 2 + 1) * all, std::int64_t{size} * 2);
     }
 
 private:

@@ -11,15 +11,11 @@ constexpr Single kStepChange = 0.5F;
 constexpr Single kLeastStep = 0.5F;
 constexpr Single kMostStep = 10;
 
-bool IsDown(Keyboard& keyboard, VirtualKey key) {
-    return keyboard.GetAsyncKeyState(key) != 0;
-}
-
 void MoveSidewaysByKeys(StageModel& model, const Camera& camera, Keyboard& keyboard) {
-    if (IsDown(keyboard, VirtualKey::Right)) {
+    if (keyboard.IsDown(VirtualKey::Right)) {
         StepRight(model, camera);
     }
-    if (IsDown(keyboard, VirtualKey::Left)) {
+    if (keyboard.IsDown(VirtualKey::Left)) {
         StepLeft(model, camera);
     }
 }
@@ -33,10 +29,10 @@ void FollowLead(StageModel& model, const Camera& camera) {
 }
 
 void MoveUpAndDownByKeys(StageModel& model, const Camera& camera, Keyboard& keyboard) {
-    if (IsDown(keyboard, VirtualKey::Up)) {
+    if (keyboard.IsDown(VirtualKey::Up)) {
         StepUp(model, camera);
     }
-    if (IsDown(keyboard, VirtualKey::Down)) {
+    if (keyboard.IsDown(VirtualKey::Down)) {
         StepDown(model, camera);
     }
 }
@@ -60,11 +56,11 @@ void ChangeSteps(Camera& camera, const CameraInput& input) {
     if (!KeyGateIsOpen(camera, now)) {
         return;
     }
-    if (IsDown(input.keyboard, VirtualKey::Z)) {
+    if (input.keyboard.IsDown(VirtualKey::Z)) {
         Lower(camera.HCamStep);
         Lower(camera.VCamStep);
         camera.lastKeyTick = now;
-    } else if (IsDown(input.keyboard, VirtualKey::A)) {  // one key per opening of the gate
+    } else if (input.keyboard.IsDown(VirtualKey::A)) {  // one key per opening of the gate
         Raise(camera.HCamStep);
         Raise(camera.VCamStep);
         camera.lastKeyTick = now;

@@ -2,7 +2,6 @@
 #include "render/Engine.h"
 
 #include <charconv>
-#include <new>
 #include <string>
 
 #include "base/RunTimeError.h"
@@ -50,13 +49,10 @@ void Engine::Engine_Init() {
     Engine_Deinit();
     try {
         StartUp();
-    } catch (const RunTimeError& error) {
+    } catch (...) {
         Engine_Deinit();
         messages_.MsgBox(kMessageEngineInit,
-                         std::string("The display could not be started.\r\n") + error.what());
-    } catch (const std::bad_alloc&) {
-        Engine_Deinit();
-        messages_.MsgBox(kMessageEngineInit, "The display could not be started.\r\nOut of memory");
+                         "The display could not be started.\r\n" + TextOfCurrentError());
     }
 }
 
@@ -157,30 +153,27 @@ void Engine::BlitTinted(Integer slot, Long X, Long Y, Long W, Long H, Long srcX,
     const float v0 = down * static_cast<float>(srcY) / textureHeight;
     const float v1 = down * Sum(srcY, H) / textureHeight;
 
-    Place(0, left, bottom, style.color);
-    Place(1, left, top, style.color);
-    Place(2, right, bottom, style.color);
-    Place(3, right, top, style.color);
-    quad_[0].tu = quad_[1].tu = u0;
-    quad_[2].tu = quad_[3].tu = u1;
-    quad_[0].tv = quad_[2].tv = v1;
-    quad_[1].tv = quad_[3].tv = v0;
-
-    Require(Device().SetTexture(0, sprite.texture), "SetTexture");
-    DrawQuad();
+    DrawRectangle(sprite.texture, {left, top, right, bottom}, {u0, v0, u1, v1}, style.color);
 }
 
 void Engine::BlitWhole(const std::shared_ptr<Direct3DTexture8>& texture, Single X, Single Y,
                        Single W, Single H, bool mirrored) {
     constexpr std::uint32_t kUntinted = 0xFFFFFFFF;
-    Place(0, X, Y + H, kUntinted);
-    Place(1, X, Y, kUntinted);
-    Place(2, X + W, Y + H, kUntinted);
-    Place(3, X + W, Y, kUntinted);
-    quad_[0].tu = quad_[1].tu = 0;
-    quad_[2].tu = quad_[3].tu = mirrored ? -1.0F : 1.0F;  // as D3DBltFlip
-    quad_[0].tv = quad_[2].tv = 1;
-    quad_[1].tv = quad_[3].tv = 0;
+    const float across = mirrored ? -1.0F : 1.0F;  // as D3DBltFlip
+    DrawRectangle(texture, {X, Y, X + W, Y + H}, {0, 0, across, 1}, kUntinted);
+}
+
+void Engine::DrawRectangle(const std::shared_ptr<Direct3DTexture8>& texture, const Edges& place,
+                           const Edges& shown, std::uint32_t color) {
+    Place(0, place.left, place.bottom, color);
+    Place(1, place.left, place.top, color);
+    Place(2, place.right, place.bottom, color);
+    Place(3, place.right, place.top, color);
+    quad_[0].tu = quad_[1].tu = shown.left;
+    quad_[2].tu = quad_[3].tu = shown.right;
+    quad_[0].tv = quad_[2].tv = shown.bottom;
+    quad_[1].tv = quad_[3].tv = shown.top;
+
     Require(Device().SetTexture(0, texture), "SetTexture");
     DrawQuad();
 }

@@ -102,6 +102,15 @@ public:
 
 private:
     void StartUp();
+    struct Edges {
+        float left;
+        float top;
+        float right;
+        float bottom;
+    };
+    // That part of the texture, in its own coordinates, at that place of the view.
+    void DrawRectangle(const std::shared_ptr<Direct3DTexture8>& texture, const Edges& place,
+                       const Edges& shown, std::uint32_t color);
     void Place(std::size_t corner, float x, float y, std::uint32_t color);
 
     Direct3DMachine& machine_;

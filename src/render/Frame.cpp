@@ -6,11 +6,8 @@ namespace scenara {
 void DrawScene(Engine& engine, TileEngine& tiles, ViewFlags& flags, FigureSource* figures) {
     Require(engine.Device().BeginScene(), "BeginScene");
     flags.DrawFrontLayer = 0;
-    Figure figure;
-    if (figures != nullptr) {
-        tiles.TickStage();
-        figure = figures->Next();
-    }
+    tiles.TickStage();
+    const Figure figure = figures != nullptr ? figures->Next() : Figure();
     tiles.DrawBackground();
     DrawFigure(engine, figure);
     flags.DrawFrontLayer = kByteTrue;

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "render/TileEngine.h"
 
-#include <utility>
-
 #include "render/AnimationClock.h"
 #include "render/Controllers.h"
 #include "render/ElementDrawing.h"
@@ -17,9 +15,6 @@ bool BelongsToPass(Integer layerno, bool frontLayer) {
 
 void TileEngine::DrawBackground() {
     const bool front = flags_.DrawFrontLayer != 0;
-    if (!front && !std::exchange(ticked_, false)) {
-        Tick();
-    }
     for (BackgroundElement& element : model_.Elements) {
         if (BelongsToPass(element.layerno, front)) {
             DrawSelected(element);
@@ -32,12 +27,6 @@ void TileEngine::DrawBackground() {
 }
 
 void TileEngine::TickStage() {
-    ticked_ = false;  // where an error has left it
-    Tick();
-    ticked_ = true;
-}
-
-void TileEngine::Tick() {
     RunControllers(model_);
     for (BackgroundElement& element : model_.Elements) {
         TickAnimation(model_, element);

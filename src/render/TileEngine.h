@@ -2,8 +2,8 @@
 //
 // TileEngine: one pass over the stage's background elements, and the camera control behind it.
 //
-// A frame is two passes: first the elements behind the fight, then those in front. The first one
-// also lets the stage's own clocks tick, once per frame: controllers, animations, links.
+// A frame is two passes: first the elements behind the fight, then those in front. Before both the
+// stage's own clocks tick, once per frame.
 #pragma once
 
 #include "render/Camera.h"
@@ -35,12 +35,11 @@ public:
     // of its table; the pass ends there.
     void DrawBackground();
 
-    // The clocks alone, for who wants to know what they have moved before the back pass is drawn;
-    // that pass does not let them tick again.
+    // The stage's own clocks, once per frame in front of the back pass: controllers, animations,
+    // links. "Subscript out of range" as above.
     void TickStage();
 
 private:
-    void Tick();
     void DrawSelected(BackgroundElement& element);
 
     Engine& engine_;
@@ -49,7 +48,6 @@ private:
     const ViewFlags& flags_;
     const ViewOptions& options_;
     CameraInput input_;
-    bool ticked_ = false;  // ahead of the next back pass
 };
 
 // Whether an element of this layer belongs to a pass. Deliberate: layers below 0 belong to both

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <array>
-#include <new>
 #include <string>
 
 #include "base/RunTimeError.h"
@@ -45,23 +44,18 @@ bool ReadSubfilePalette(InputFile& archive, const SubfileHeader& subfile, std::u
 }
 
 bool SubfilePictures::Load(SubfileChain& chain, PcxPicture& picture) {
-    return LoadFrom(
-        chain, chain.Header(), chain.Position(),
-        [&](std::uint64_t end) { TakePalette(chain, end); }, picture);
+    return LoadFrom(chain, chain.Header(), chain.Position(), true, picture);
 }
 
 bool SubfilePictures::LoadInColors(SubfileChain& chain, const SubfileHeader& subfile,
                                    std::uint32_t position, const PaletteBytes& palette,
                                    PcxPicture& picture) {
     decoder_.SetPalette(palette);
-    return LoadFrom(
-        chain, subfile, position, [](std::uint64_t) {}, picture);
+    return LoadFrom(chain, subfile, position, false, picture);
 }
 
 bool SubfilePictures::LoadFrom(SubfileChain& chain, const SubfileHeader& subfile,
-                               std::uint32_t position,
-                               const std::function<void(std::uint64_t)>& takePalette,
-                               PcxPicture& picture) {
+                               std::uint32_t position, bool takesPalette, PcxPicture& picture) {
     const std::uint64_t start = std::uint64_t{position} + kSubfileHeaderSize;
     Long length = subfile.length;
     if (length < 0) {
@@ -81,13 +75,13 @@ bool SubfilePictures::LoadFrom(SubfileChain& chain, const SubfileHeader& subfile
         if (header_.NeededBytes() <= MostUnpackedBytes(header_, packed)) {
             ReadData(dataStart, packed);
         }
-        takePalette(start + static_cast<std::uint64_t>(length));
+        if (takesPalette) {
+            TakePalette(chain, start + static_cast<std::uint64_t>(length));
+        }
         CheckPcxHeader(header_, packed);
         loaded = decoder_.LoadPCX(header_, std::span(data_).first(dataSize_), picture);
-    } catch (const RunTimeError& error) {
-        decoder_.HandleError("LoadPCX", error.what());
-    } catch (const std::bad_alloc&) {
-        decoder_.HandleError("LoadPCX", TextOf(RunTimeErrorKind::OutOfMemory));
+    } catch (...) {
+        decoder_.HandleError("LoadPCX", TextOfCurrentError());
     }
     if (loaded) {
         chain.CountShownBytes(kPcxHeaderSize + picture.consumed);

@@ -13,7 +13,6 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <span>
 #include <vector>
 
@@ -52,9 +51,8 @@ public:
                                     PcxPicture& picture);
 
 private:
-    // `takePalette` is called with the place behind the subfile's data.
     bool LoadFrom(SubfileChain& chain, const SubfileHeader& subfile, std::uint32_t position,
-                  const std::function<void(std::uint64_t)>& takePalette, PcxPicture& picture);
+                  bool takesPalette, PcxPicture& picture);
     void ReadHeader(std::uint64_t start);
     void ReadData(std::uint64_t start, std::uint64_t packed);
     void TakePalette(const SubfileChain& chain, std::uint64_t end);

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <limits>
-#include <new>
 #include <string>
 
 #include "base/ByteReader.h"
@@ -260,10 +259,8 @@ bool PcxDecoder::LoadPCX(const PcxHeader& header, std::span<const std::byte> dat
     try {
         picture = Decode(header, data);
         return true;
-    } catch (const RunTimeError& error) {
-        HandleError("LoadPCX", error.what());
-    } catch (const std::bad_alloc&) {
-        HandleError("LoadPCX", TextOf(RunTimeErrorKind::OutOfMemory));
+    } catch (...) {
+        HandleError("LoadPCX", TextOfCurrentError());
     }
     return false;
 }

@@ -10,6 +10,7 @@
 #include "base/Text.h"
 #include "sprites/ScaledPicture.h"
 #include "sprites/SffArchive.h"
+#include "sprites/SpriteMessages.h"
 #include "sprites/SubfilePicture.h"
 
 namespace scenara {
@@ -56,14 +57,6 @@ std::vector<std::uint64_t> OpaquePictures(const StageModel& model) {
     std::set_difference(opaque.begin(), opaque.end(), keyed.begin(), keyed.end(),
                         std::back_inserter(only));
     return only;
-}
-
-// A sprite that could not be had: what is wrong, and that the load goes on without it.
-std::string SkippedText(std::string_view what, const SubfileHeader& subfile) {
-    std::string text(what);
-    text.append(":  Group ").append(std::to_string(subfile.group));
-    text.append(" Image ").append(std::to_string(subfile.image));
-    return text.append(kCrLf);
 }
 
 class SpriteLoader {
@@ -114,9 +107,8 @@ private:
     [[nodiscard]] bool TakeLinked(SpriteEntry& entry) {
         const Integer link = chain_.Header().link;
         if (link < 0 || link >= model_.SpriteCount) {
-            messages_.MsgBox(kMessageLinkError, SkippedText("Link Error", chain_.Header()) +
-                                                    "There is no sprite " + std::to_string(link) +
-                                                    " before it.  Skipping sprite..");
+            messages_.MsgBox(kMessageLinkError,
+                             BadLinkText(chain_.Header().group, chain_.Header().image, link));
             return false;
         }
         entry = model_.Sprites[static_cast<std::size_t>(link)];
@@ -147,7 +139,7 @@ private:
         PcxPicture picture;
         if (!pictures_.Load(chain_, picture) || !Scaled(picture, entry)) {
             messages_.MsgBox(kMessagePcxError,
-                             SkippedText("PCX Error", chain_.Header()) + "Skipping sprite..");
+                             DamagedSpriteText(chain_.Header().group, chain_.Header().image));
             if (header_.imageCount == 1) {
                 messages_.MsgBox(
                     kMessageOnlyImage,
@@ -178,14 +170,6 @@ private:
     std::vector<std::uint64_t> opaque_;
 };
 
-// What is wrong with the archive as a whole.
-void SayArchiveError(Messages& messages, MessageKind kind, const std::string& name,
-                     std::string_view reason) {
-    std::string text = "SFF Error:  " + name;
-    text.append(kCrLf).append(reason);
-    messages.MsgBox(kind, std::move(text));
-}
-
 void LoadChain(StageModel& model, InputFile& archive, const std::string& name,
                const SffHeader& header, TextureMaker& device, Window& window, Messages& messages,
                double scale) {
@@ -194,9 +178,8 @@ void LoadChain(StageModel& model, InputFile& archive, const std::string& name,
     while (!window.EndRequested() && chain.Next()) {
         window.SetCaption(LoadingCaption(model.StageTitle, chain.Index(), header.imageCount));
         if (model.Sprites.size() >= kMaxRecords) {
-            SayArchiveError(messages, kMessageSffError, name,
-                            "Overflow: more than " + std::to_string(kMaxRecords) +
-                                " sprites.  The rest is skipped..");
+            SayRestIsSkipped(messages, kMessageSffError, name,
+                             "Overflow: more than " + std::to_string(kMaxRecords) + " sprites.");
             return;
         }
         if (loader.LoadSubfile()) {
@@ -204,8 +187,7 @@ void LoadChain(StageModel& model, InputFile& archive, const std::string& name,
         }
     }
     if (chain.Broken()) {
-        SayArchiveError(messages, kMessageSffError, name,
-                        *chain.Broken() + "  The rest is skipped..");
+        SayRestIsSkipped(messages, kMessageSffError, name, *chain.Broken());
     }
 }
 
@@ -241,10 +223,8 @@ void LoadSprites(StageModel& model, InputFile& archive, const std::string& name,
             return;
         }
         LoadChain(model, archive, name, header, device, window, messages, scale);
-    } catch (const RunTimeError& error) {
-        SayArchiveError(messages, kMessageSffError, name, error.what());
-    } catch (const std::bad_alloc&) {
-        SayArchiveError(messages, kMessageSffError, name, TextOf(RunTimeErrorKind::OutOfMemory));
+    } catch (...) {
+        SayArchiveError(messages, kMessageSffError, name, TextOfCurrentError());
     }
 }
 

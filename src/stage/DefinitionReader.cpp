@@ -46,7 +46,7 @@ void DefinitionReader::ReadLine(std::string_view line, std::int64_t number) {
 
 void DefinitionReader::SayFull(Table table, std::string_view what) {
     if (full_.insert(table).second) {
-        SayOverflow(messages_, what, lineNumber_);
+        messages_.SayOverflow(kMessageOverflow, what, lineNumber_);
     }
 }
 
@@ -80,7 +80,7 @@ void DefinitionReader::StartAction(std::string_view header) {
     try {
         action_.Current().actionNo = ToInteger(ActionNumber(header));
     } catch (const RunTimeError&) {
-        SayOverflow(messages_, "Begin Action", lineNumber_);
+        messages_.SayOverflow(kMessageOverflow, "Begin Action", lineNumber_);
     }
 }
 

@@ -9,12 +9,6 @@
 
 namespace scenara {
 
-void SayOverflow(Messages& messages, std::string_view what, std::int64_t lineNumber) {
-    std::string text = "Overflow: ";
-    text.append(what).append(", line ").append(std::to_string(lineNumber));
-    messages.MsgBox(kMessageOverflow, std::move(text));
-}
-
 bool KeyOffer::Whole(std::string_view key, FieldTarget target) {
     return Value(key, 0, target);
 }
@@ -29,7 +23,7 @@ bool KeyOffer::Value(std::string_view key, Integer index, FieldTarget target) {
         ReadKeyValue(line_, key, target, index, kFalse, kFalse, found, messages_);
     } catch (const RunTimeError&) {
         tooLarge_ = true;
-        SayOverflow(messages_, key == kBareValues ? "frame" : key, lineNumber_);
+        messages_.SayOverflow(kMessageOverflow, key == kBareValues ? "frame" : key, lineNumber_);
     }
     return found != kFalse;
 }

@@ -19,9 +19,6 @@ namespace scenara {
 
 inline constexpr MessageKind kMessageOverflow = "Overflow";
 
-// Reports a number that does not fit: "Overflow: " + what + ", line " + number.
-void SayOverflow(Messages& messages, std::string_view what, std::int64_t lineNumber);
-
 class KeyOffer {
 public:
     KeyOffer(const KeyLine& line, std::int64_t lineNumber, Messages& messages,

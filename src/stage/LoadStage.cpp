@@ -2,8 +2,6 @@
 #include "stage/LoadStage.h"
 
 #include <memory>
-#include <new>
-#include <stdexcept>
 
 #include "base/Path.h"
 #include "base/RunTimeError.h"
@@ -68,7 +66,6 @@ void LoadArchive(StageModel& model, const std::string& spr, const std::string& d
 
 bool LoadStage(StageModel& model, std::string& defPath, const LoadStageContext& context) {
     model.Clear();
-    std::string reason;
     try {
         const std::string spr = ReadDefinition(model, defPath, context);
         SetMusic(model, context);
@@ -81,16 +78,11 @@ bool LoadStage(StageModel& model, std::string& defPath, const LoadStageContext& 
             ApplyStageScale(model);
         }
         return true;
-    } catch (const RunTimeError& error) {
-        reason = error.what();
-    } catch (const std::bad_alloc&) {
-        reason = TextOf(RunTimeErrorKind::OutOfMemory);
-    } catch (const std::length_error&) {
-        reason = TextOf(RunTimeErrorKind::OutOfMemory);
+    } catch (...) {
+        context.messages.MsgBox(kMessageDefinitionUnreadable,
+                                "Unable to load " + defPath + " - " + TextOfCurrentError() + ".");
+        return false;
     }
-    context.messages.MsgBox(kMessageDefinitionUnreadable,
-                            "Unable to load " + defPath + " - " + reason + ".");
-    return false;
 }
 
 }  // namespace scenara

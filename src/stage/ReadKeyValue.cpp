@@ -122,8 +122,7 @@ KeyLine::KeyLine(std::string_view line) {
 
 void KeyLine::Assign(std::string_view line) {
     text_ = line;
-    lower_.resize(line.size());
-    std::transform(line.begin(), line.end(), lower_.begin(), [](char c) { return LowerCase(c); });
+    LowerCase(line, lower_);
 }
 
 void FieldTarget::Store(std::string_view text) const {

@@ -333,7 +333,7 @@ TEST_F(TestCharTest, ChangingWithoutADeviceKeepsTheUsersStepsSaved) {
     dialogs_.answer = kHero;
     EXPECT_THROW(Change(), RunTimeError);
     EXPECT_FALSE(state_.CharLoaded);
-    EXPECT_EQ(StepsToKeep(camera_, savedSteps_, state_, flags_).HCamStep, 3.0F);
+    EXPECT_EQ(UsersSteps(camera_, savedSteps_, state_, flags_).HCamStep, 3.0F);
     EXPECT_TRUE(form_[Menu::mnuOptions].enabled);
 }
 
@@ -485,15 +485,15 @@ TEST_F(TestCharTest, WithoutADeviceTheErrorLeavesNothingHalfDone) {
 
 TEST_F(TestCharTest, TheConfigurationGetsTheUsersSteps) {
     state_.TestChar = kHero;
-    EXPECT_EQ(StepsToKeep(camera_, savedSteps_, state_, flags_).HCamStep, 3.0F);
+    EXPECT_EQ(UsersSteps(camera_, savedSteps_, state_, flags_).HCamStep, 3.0F);
     Use();
-    EXPECT_EQ(StepsToKeep(camera_, savedSteps_, state_, flags_).HCamStep, 3.0F);
-    EXPECT_EQ(StepsToKeep(camera_, savedSteps_, state_, flags_).VCamStep, 4.0F);
+    EXPECT_EQ(UsersSteps(camera_, savedSteps_, state_, flags_).HCamStep, 3.0F);
+    EXPECT_EQ(UsersSteps(camera_, savedSteps_, state_, flags_).VCamStep, 4.0F);
     Use();
     camera_.HCamStep = 8;
-    EXPECT_EQ(StepsToKeep(camera_, savedSteps_, state_, flags_).HCamStep, 8.0F);
+    EXPECT_EQ(UsersSteps(camera_, savedSteps_, state_, flags_).HCamStep, 8.0F);
     flags_.MouseScroll = kByteTrue;
-    EXPECT_EQ(StepsToKeep(camera_, savedSteps_, state_, flags_).HCamStep, 3.0F);
+    EXPECT_EQ(UsersSteps(camera_, savedSteps_, state_, flags_).HCamStep, 3.0F);
 }
 
 // --- its part in a pass ---

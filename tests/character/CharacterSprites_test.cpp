@@ -34,6 +34,28 @@ IndexedPicture HeroPicture(std::size_t subfile) {
                           PaletteOf(static_cast<std::uint8_t>(subfile + 1)));
 }
 
+// A square of one colour, in three planes.
+std::vector<std::byte> PcxOf24Bits(int side) {
+    TrueColourPicture picture;
+    picture.width = side;
+    picture.height = side;
+    picture.pixels.assign(static_cast<std::size_t>(side) * static_cast<std::size_t>(side),
+                          {200, 100, 50});
+    return WritePcx(picture);
+}
+
+// The pictures that the machine's character shows, out of another archive.
+std::vector<CharSprite> SpritesOf(CharacterMachine& machine, MemoryFile& archive) {
+    const ViewOptions options;
+    CharacterMessages messages(machine.messages);
+    const CharacterProgress progress;
+    TestCharacter character = machine.character;
+    character.Sprites.clear();
+    LoadCharacterSprites(character, archive, "other.sff", std::nullopt,
+                         {machine.device, messages, options, progress});
+    return character.Sprites;
+}
+
 TEST(CharacterSprites, OnlyPicturesOfKeptFramesAreDecoded) {
     CharacterMachine machine;
     EXPECT_TRUE(machine.Load());
@@ -86,11 +108,7 @@ TEST(CharacterSprites, WithAdditionsEachIsInThePaletteInForceForIt) {
 TEST(CharacterSprites, APictureOf24BitsLendsNoPalette) {
     CharacterMachine machine;
     auto subfiles = HeroSubfiles();
-    TrueColourPicture picture;
-    picture.width = 20;
-    picture.height = 20;
-    picture.pixels.assign(400, {200, 100, 50});
-    subfiles[3].data = WritePcx(picture);
+    subfiles[3].data = PcxOf24Bits(20);
     subfiles[4].samePalette = true;
     machine.PutArchive(subfiles);
     EXPECT_TRUE(machine.Load());
@@ -101,11 +119,7 @@ TEST(CharacterSprites, APictureOf24BitsLendsNoPalette) {
 TEST(CharacterSprites, AFirstPictureOf24BitsIsNoPaletteOfTheOthers) {
     CharacterMachine machine;
     auto subfiles = HeroSubfiles();
-    TrueColourPicture picture;
-    picture.width = 20;
-    picture.height = 20;
-    picture.pixels.assign(400, {200, 100, 50});
-    subfiles[0].data = WritePcx(picture);
+    subfiles[0].data = PcxOf24Bits(20);
     subfiles[1].samePalette = true;
     machine.Put("hero.air", "[Begin Action 20]\n0,1, 0,0, 5\n");
     machine.PutArchive(subfiles);
@@ -117,27 +131,18 @@ TEST(CharacterSprites, AFirstPictureOf24BitsIsNoPaletteOfTheOthers) {
 // The whole archive of them is looked through once.
 TEST(CharacterSprites, PicturesThatAllLendNoneTakeNoTime) {
     CharacterMachine machine;
-    TrueColourPicture picture;
-    picture.width = 1;
-    picture.height = 1;
-    picture.pixels.assign(1, {200, 100, 50});
     std::vector<Sff1Subfile> subfiles;
     std::string animation = "[Begin Action 20]\n";
     constexpr int kSubfiles = 4000;
     for (int i = 0; i < kSubfiles; ++i) {
-        subfiles.push_back(Shown(20, static_cast<std::int16_t>(i), WritePcx(picture)));
+        subfiles.push_back(Shown(20, static_cast<std::int16_t>(i), PcxOf24Bits(1)));
         animation += "20," + std::to_string(i) + ",0,0,1\n";
     }
     machine.Put("hero.air", animation);
     EXPECT_TRUE(machine.Load()) << "the animation";
     const std::vector<std::byte> archive = WriteSff1(subfiles);
     MemoryFile file(archive);
-    const ViewOptions options;
-    CharacterMessages messages(machine.messages);
-    const CharacterProgress progress;
-    TestCharacter character = machine.character;
-    LoadCharacterSprites(character, file, "many.sff", std::nullopt,
-                         {machine.device, messages, options, progress});
+    EXPECT_EQ(SpritesOf(machine, file).size(), std::size_t{kSubfiles});
     EXPECT_LT(file.Reads().size(), std::size_t{kSubfiles} * 8);
 }
 
@@ -341,14 +346,7 @@ TEST(CharacterSprites, OfAHugeArchiveOnlyHeadersAndWantedPicturesAreRead) {
     const std::vector<std::byte> archive = WriteSff1(subfiles);
     MemoryFile file(archive);
     EXPECT_TRUE(machine.Load());  // the animations, from the small one
-    const ViewOptions options;
-    CharacterMessages messages(machine.messages);
-    const CharacterProgress progress;
-    TestCharacter character = machine.character;
-    character.Sprites.clear();
-    LoadCharacterSprites(character, file, "huge.sff", std::nullopt,
-                         {machine.device, messages, options, progress});
-    EXPECT_EQ(character.Sprites.size(), 5U);
+    EXPECT_EQ(SpritesOf(machine, file).size(), 5U);
     std::uint64_t wanted = 0;
     for (const MemoryFile::Read& read : file.Reads()) {
         wanted += read.wanted;

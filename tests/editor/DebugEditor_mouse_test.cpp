@@ -56,7 +56,7 @@ TEST_F(MouseSelection, ButtonDownPicksTheTopmostElement) {
     stage.Start();
     Down();
     ExpectIndices(1, 1);
-    EXPECT_EQ(stage.editor.Outline(), (ViewRectangle{50, 60, 60, 70}));
+    EXPECT_EQ(stage.editor.Outline(), (ViewFrame{50, 60, 60, 70}));
 }
 
 TEST_F(MouseSelection, ButtonUpEndsTheDragAndKeepsTheSelection) {
@@ -114,7 +114,7 @@ TEST_F(MouseSelection, OutlineGoesWithTheElement) {
     stage.Start();
     Down();
     Move(55, 60);
-    EXPECT_EQ(stage.editor.Outline(), (ViewRectangle{53, 57, 63, 67}));
+    EXPECT_EQ(stage.editor.Outline(), (ViewFrame{53, 57, 63, 67}));
 }
 
 // --- drag ---

@@ -47,7 +47,7 @@ protected:
     BackgroundElement& Still(Integer sprite, Long x, Long y) {
         return StageBuilder::At(stage.build.Still(sprite), x, y);
     }
-    std::optional<ViewRectangle> Outline(Integer index = 0) {
+    std::optional<ViewFrame> Outline(Integer index = 0) {
         return OutlineOf(stage.model, {stage.view.Additions, stage.flags.Deform != 0}, index);
     }
 
@@ -68,7 +68,7 @@ TEST_F(Pick, FindsThePixelsOfAPicture) {
     EXPECT_EQ(Across(20), "10-13");
     EXPECT_EQ(Across(22), "10-13");
     EXPECT_EQ(Across(23), "");
-    EXPECT_EQ(Outline(), (ViewRectangle{10, 20, 14, 23}));
+    EXPECT_EQ(Outline(), (ViewFrame{10, 20, 14, 23}));
 }
 
 TEST_F(Pick, SeesThroughTheHolesOfMaskedElementsOnly) {
@@ -81,7 +81,7 @@ TEST_F(Pick, SeesThroughTheHolesOfMaskedElementsOnly) {
     EXPECT_EQ(Across(20), "10-13");
     stage.Element(0).mask = 2;
     EXPECT_EQ(Across(20), "10-13");
-    EXPECT_EQ(Outline(), (ViewRectangle{10, 20, 14, 22})) << "holes are part of the rectangle";
+    EXPECT_EQ(Outline(), (ViewFrame{10, 20, 14, 22})) << "holes are part of the rectangle";
 }
 
 TEST_F(Pick, HasAnAxis) {
@@ -187,7 +187,7 @@ TEST_F(Pick, PassesOverHiddenAndDisabledElements) {
     EXPECT_EQ(stage.At(0, 0), 1);
     stage.Element(1).enabled = 0;
     EXPECT_EQ(stage.At(0, 0), 0);
-    EXPECT_EQ(Outline(2), (ViewRectangle{0, 0, 10, 10})) << "one that blinks keeps its frame";
+    EXPECT_EQ(Outline(2), (ViewFrame{0, 0, 10, 10})) << "one that blinks keeps its frame";
 }
 
 TEST_F(Pick, SeesWhatIsBehindAHole) {
@@ -209,7 +209,7 @@ TEST_F(Pick, FindsEveryCopyAcross) {
     element.tileSpacingX = 6;  // a copy every 10
     stage.Start();
     EXPECT_EQ(Across(20), "10-10 13-13 20-20 23-23 30-30 33-33");
-    EXPECT_EQ(Outline(), (ViewRectangle{10, 20, 34, 21}));
+    EXPECT_EQ(Outline(), (ViewFrame{10, 20, 34, 21}));
 }
 
 TEST_F(Pick, FindsEveryCopyDown) {
@@ -218,7 +218,7 @@ TEST_F(Pick, FindsEveryCopyDown) {
     element.tileSpacingY = 3;  // a copy every 5
     stage.Start();
     EXPECT_EQ(Down(10), "20-21 25-26");
-    EXPECT_EQ(Outline(), (ViewRectangle{10, 20, 11, 27}));
+    EXPECT_EQ(Outline(), (ViewFrame{10, 20, 11, 27}));
 }
 
 TEST_F(Pick, FindsEndlessCopiesOnBothSides) {
@@ -227,7 +227,7 @@ TEST_F(Pick, FindsEndlessCopiesOnBothSides) {
     element.tileSpacingX = 98;  // a copy every 100: 10, 110, 210, 310
     stage.Start();
     EXPECT_EQ(Across(20), "10-11 110-111 210-211 310-311");
-    EXPECT_EQ(Outline(), (ViewRectangle{10, 20, 312, 21}));
+    EXPECT_EQ(Outline(), (ViewFrame{10, 20, 312, 21}));
 }
 
 // --- windows ---
@@ -243,7 +243,7 @@ TEST_F(Pick, FindsWhatIsInsideOfTheWindow) {
     EXPECT_EQ(Across(21), "");
     EXPECT_EQ(Across(22), "12-14");
     EXPECT_EQ(Down(12), "22-23");
-    EXPECT_EQ(Outline(), (ViewRectangle{12, 22, 15, 24}));
+    EXPECT_EQ(Outline(), (ViewFrame{12, 22, 15, 24}));
 }
 
 TEST_F(Pick, SeesThePartOfThePictureThatTheWindowShows) {
@@ -335,7 +335,7 @@ TEST_F(Pick, FindsEveryRowOfAParallaxPictureWhereItStands) {
     EXPECT_EQ(Across(51), "95-104");  // at twice the speed
     EXPECT_EQ(Across(52), "90-99");   // and at three times
     EXPECT_EQ(Across(53), "");
-    EXPECT_EQ(Outline(), (ViewRectangle{90, 50, 110, 53}));
+    EXPECT_EQ(Outline(), (ViewFrame{90, 50, 110, 53}));
 }
 
 TEST_F(PickWithAdditions, FindsTheRowsOfADeformedPicture) {
@@ -369,7 +369,7 @@ TEST_F(PickWithAdditions, FindsTheCopiesOfAScaledStage) {
 TEST_F(Pick, OutlinesAreCutAtTheView) {
     BackgroundElement& element = Still(stage.Square(), -4, 235);
     stage.Start();
-    EXPECT_EQ(Outline(), (ViewRectangle{0, 235, 6, 240}));
+    EXPECT_EQ(Outline(), (ViewFrame{0, 235, 6, 240}));
     StageBuilder::At(element, 320, 0);
     PrepareElements(stage.model, stage.view);
     EXPECT_EQ(Outline(), std::nullopt);
@@ -380,7 +380,7 @@ TEST_F(Pick, OutlinesLeaveOutCopiesBesideTheView) {
     element.tileX = 2;
     element.tileSpacingX = 290;  // the other one at 100
     stage.Start();
-    EXPECT_EQ(Outline(), (ViewRectangle{100, 20, 110, 30}));
+    EXPECT_EQ(Outline(), (ViewFrame{100, 20, 110, 30}));
 }
 
 }  // namespace

@@ -31,11 +31,6 @@ namespace fs = std::filesystem;
 
 constexpr std::size_t kSignatureOfModule = 1084;
 
-#if defined(__has_feature)
-#if __has_feature(address_sanitizer)
-#define SCENARA_SANITIZED
-#endif
-#endif
 #if defined(SCENARA_SANITIZED)
 constexpr bool kSanitized = true;
 #else

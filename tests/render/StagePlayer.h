@@ -62,6 +62,7 @@ struct StagePlayer {
 
     Lines BackPass() {
         flags.DrawFrontLayer = 0;
+        tiles.TickStage();
         tiles.DrawBackground();
         return record.TakeQuads();
     }

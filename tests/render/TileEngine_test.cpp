@@ -628,7 +628,7 @@ TEST_F(PassErrors, AnIndexOutsideOfItsTableEndsThePass) {
     Still(c, 3, 3);
     player.Start();
     player.Element(1).spriteIndex = 3;
-    ExpectError(RunTimeErrorKind::SubscriptOutOfRange, [&] { player.tiles.DrawBackground(); });
+    ExpectError(RunTimeErrorKind::SubscriptOutOfRange, [&] { player.BackPass(); });
     EXPECT_EQ(player.record.TakeQuads(), (Lines{"a 1,1 10x10"}));
 }
 
@@ -637,21 +637,21 @@ TEST_F(PassErrors, AnActionOutsideOfTheTableIsFoundEvenIfItIsNotDrawn) {
     player.Start();
     player.Element(0).actionIndex = 1;
     player.Element(0).visible = 0;
-    ExpectError(RunTimeErrorKind::SubscriptOutOfRange, [&] { player.tiles.DrawBackground(); });
+    ExpectError(RunTimeErrorKind::SubscriptOutOfRange, [&] { player.BackPass(); });
 }
 
 TEST_F(PassErrors, AFrameOutsideOfItsActionEndsThePass) {
     player.build.Animation(player.build.Action({{a, 5}}));
     player.Start();
     player.Element(0).frameIndex = 1;
-    ExpectError(RunTimeErrorKind::SubscriptOutOfRange, [&] { player.tiles.DrawBackground(); });
+    ExpectError(RunTimeErrorKind::SubscriptOutOfRange, [&] { player.BackPass(); });
 }
 
 TEST_F(PassErrors, AFailingDrawEndsThePass) {
     Still(a, 1, 1);
     player.Start();
     player.record.Spoil("DrawPrimitiveUP", test::Record::Trouble::Fails);
-    ExpectError(RunTimeErrorKind::Direct3D, [&] { player.tiles.DrawBackground(); });
+    ExpectError(RunTimeErrorKind::Direct3D, [&] { player.BackPass(); });
 }
 
 }  // namespace

@@ -8,17 +8,10 @@
 
 #include <gtest/gtest.h>
 
+#include "samplemaker/BytesAsText.h"
+
 namespace scenara::samplemaker {
 namespace {
-
-std::string Text(const std::vector<std::byte>& bytes) {
-    return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
-}
-
-template <std::size_t Size>
-std::string Literal(const char (&text)[Size]) {
-    return {text, Size - 1};
-}
 
 MidiTune TuneOf(const std::vector<MidiNote>& notes) {
     return {.length = 1000, .parts = {{.notes = notes}}};

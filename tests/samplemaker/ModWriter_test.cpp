@@ -8,17 +8,14 @@
 
 #include <gtest/gtest.h>
 
+#include "samplemaker/BytesAsText.h"
+
 namespace scenara::samplemaker {
 namespace {
 
 constexpr std::size_t kSoundSize = 30;
 constexpr std::size_t kPatternAt = 1084;
 constexpr std::size_t kCellSize = 4;
-
-template <std::size_t Size>
-std::string Literal(const char (&text)[Size]) {
-    return {text, Size - 1};
-}
 
 // Two sounds, two patterns, played 1 0 1.
 ModTune SmallTune() {
@@ -36,7 +33,7 @@ ModTune SmallTune() {
 
 std::string Written(const ModTune& tune) {
     const std::vector<std::byte> bytes = WriteMod(tune);
-    return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
+    return Text(bytes);
 }
 
 TEST(ModWriter, HeadingsOfTheSounds) {

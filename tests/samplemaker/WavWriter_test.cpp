@@ -8,17 +8,10 @@
 
 #include <gtest/gtest.h>
 
+#include "samplemaker/BytesAsText.h"
+
 namespace scenara::samplemaker {
 namespace {
-
-std::string Text(const std::vector<std::byte>& bytes) {
-    return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
-}
-
-template <std::size_t Size>
-std::string Literal(const char (&text)[Size]) {
-    return {text, Size - 1};
-}
 
 // Two frames of 16 bits: -1 and 1 (beyond, cut off), 0.5 (16383.5, rounded away from 0) and 0.
 TEST(WavWriter, Stereo16) {

@@ -140,7 +140,7 @@ TEST(KeyOffer, BareValueThatDoesNotFitIsOneOfAFrame) {
 
 TEST(KeyOffer, SayOverflowIsAPlainBox) {
     HeadlessMessages messages;
-    SayOverflow(messages, "delta", 3'000'000'000);
+    messages.SayOverflow(kMessageOverflow, "delta", 3'000'000'000);
     ASSERT_EQ(messages.Recorded().size(), 1U);
     const Message& message = messages.Recorded().front();
     EXPECT_EQ(message.text, "Overflow: delta, line 3000000000");

@@ -42,6 +42,12 @@ public:
     // The text's bytes, and nothing behind them.
     void Text(std::string_view text) { Append(std::as_bytes(std::span(text))); }
 
+    // The text, and zeros behind it, `size` bytes in all; the text is no longer than that.
+    void PaddedText(std::string_view text, std::size_t size) {
+        Text(text);
+        Fill(size - text.size(), 0);
+    }
+
     void Fill(std::size_t count, std::uint8_t value) {
         block_.insert(block_.end(), count, static_cast<std::byte>(value));
     }

@@ -3,9 +3,9 @@
 
 #include <algorithm>
 #include <array>
-#include <stdexcept>
 
 #include "samplemaker/ByteWriter.h"
+#include "samplemaker/Require.h"
 
 namespace scenara::samplemaker {
 namespace {
@@ -27,12 +27,6 @@ constexpr std::uint8_t kMetaName = 0x03;
 constexpr std::uint8_t kMetaTempo = 0x51;
 constexpr std::uint8_t kMetaEnd = 0x2F;
 constexpr std::uint8_t kHighest = 127;
-
-void Require(bool holds, const char* what) {
-    if (!holds) {
-        throw std::invalid_argument(what);
-    }
-}
 
 void CheckNote(const MidiNote& note, std::uint32_t end) {
     Require(note.key <= kHighest && note.velocity <= kHighest,

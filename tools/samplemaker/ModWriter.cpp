@@ -2,9 +2,9 @@
 #include "samplemaker/ModWriter.h"
 
 #include <algorithm>
-#include <stdexcept>
 
 #include "samplemaker/ByteWriter.h"
+#include "samplemaker/Require.h"
 
 namespace scenara::samplemaker {
 namespace {
@@ -24,12 +24,6 @@ constexpr std::array<std::uint16_t, kModNotes> kPeriods = {
     856, 808, 762, 720, 678, 640, 604, 570, 538, 508, 480, 453,  //
     428, 404, 381, 360, 339, 320, 302, 285, 269, 254, 240, 226,  //
     214, 202, 190, 180, 170, 160, 151, 143, 135, 127, 120, 113};
-
-void Require(bool holds, const char* what) {
-    if (!holds) {
-        throw std::invalid_argument(what);
-    }
-}
 
 void CheckSound(const ModSound& sound) {
     Require(sound.name.size() <= kNameSize, "MOD: a sound's name is longer than 22 bytes");
@@ -66,13 +60,8 @@ void Check(const ModTune& tune) {
     }
 }
 
-void WritePadded(ByteWriter& out, const std::string& text, std::size_t size) {
-    out.Text(text);
-    out.Fill(size - text.size(), 0);
-}
-
 void WriteHeading(ByteWriter& out, const ModSound& sound) {
-    WritePadded(out, sound.name, kNameSize);
+    out.PaddedText(sound.name, kNameSize);
     out.BigU16(static_cast<std::uint16_t>(sound.samples.size() / 2));
     out.U8(0);
     out.U8(sound.volume);
@@ -95,7 +84,7 @@ void WriteCell(ByteWriter& out, const ModCell& cell) {
 std::vector<std::byte> WriteMod(const ModTune& tune) {
     Check(tune);
     ByteWriter out;
-    WritePadded(out, tune.title, kTitleSize);
+    out.PaddedText(tune.title, kTitleSize);
     for (std::size_t i = 0; i < kSounds; ++i) {
         WriteHeading(out, i < tune.sounds.size() ? tune.sounds[i] : ModSound{.volume = 0});
     }

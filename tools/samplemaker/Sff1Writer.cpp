@@ -20,10 +20,6 @@ constexpr std::size_t kFileHeaderSize = 512;
 constexpr std::size_t kSubfileHeaderSize = 32;
 constexpr std::size_t kCommentSize = 13;
 
-void AppendText(ByteWriter& out, std::string_view text) {
-    out.Append(std::as_bytes(std::span(text)));
-}
-
 void Check(const Sff1Subfile& subfile) {
     if (subfile.comment.size() > kCommentSize) {
         throw std::invalid_argument("SFF: a comment is longer than 13 bytes");
@@ -75,7 +71,7 @@ std::uint32_t CountGroups(const std::vector<Sff1Subfile>& subfiles) {
 
 void WriteFileHeader(ByteWriter& out, const std::vector<Sff1Subfile>& subfiles,
                      std::uint32_t firstOffset, const Sff1Options& options) {
-    AppendText(out, "ElecbyteSpr\0"sv);
+    out.Text("ElecbyteSpr\0"sv);
     for (const std::uint8_t part : options.version) {
         out.U8(part);
     }
@@ -97,8 +93,7 @@ void WriteSubfile(ByteWriter& out, const Sff1Subfile& subfile, std::uint32_t nex
     out.U16(static_cast<std::uint16_t>(subfile.image));
     out.U16(static_cast<std::uint16_t>(subfile.linkIndex));
     out.U8(subfile.samePalette ? 1 : 0);
-    AppendText(out, subfile.comment);
-    out.Fill(kCommentSize - subfile.comment.size(), 0);
+    out.PaddedText(subfile.comment, kCommentSize);
     out.Append(subfile.data);
 }
 

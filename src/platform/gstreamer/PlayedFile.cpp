@@ -105,11 +105,15 @@ void PlayedFile::Read(const PipelineNews& news) {
         ReportEnd();
     }
     if (open_ && news.durationChanged && !lengthIsExact_) {
-        const std::optional<double> duration = pipeline_->Duration();
-        const std::scoped_lock lock(desk_.mutex);
-        if (duration && !entry_->report.ended) {
-            entry_->report.duration = duration;
-        }
+        ReportDuration();
+    }
+}
+
+void PlayedFile::ReportDuration() {
+    const std::optional<double> duration = pipeline_->Duration();
+    const std::scoped_lock lock(desk_.mutex);
+    if (duration && !entry_->report.ended) {
+        entry_->report.duration = duration;
     }
 }
 
@@ -163,13 +167,8 @@ void PlayedFile::ReportPlace() {
         }
         unknown = !report.duration;
     }
-    if (!unknown) {
-        return;
-    }
-    const std::optional<double> duration = pipeline_->Duration();
-    const std::scoped_lock lock(desk_.mutex);
-    if (duration && !entry_->report.ended) {
-        entry_->report.duration = duration;
+    if (unknown) {
+        ReportDuration();
     }
 }
 

@@ -40,6 +40,7 @@ private:
     void Read(const PipelineNews& news);
     void ReportOpen();
     void ReportEnd();
+    void ReportDuration();
     void ReportPlace();
     void Fail();
 

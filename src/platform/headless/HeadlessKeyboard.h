@@ -40,19 +40,11 @@ private:
 
 class HeadlessKeyboard : public Keyboard {
 public:
-    // What a key that is down answers: the highest of 16 bits, as the real function does.
-    static constexpr Integer kDown = -32768;
-
-    // ... and of one that was pressed and let go since it was asked for.
-    static constexpr Integer kPressedSince = 1;
-
     Integer GetAsyncKeyState(VirtualKey key) override {
         const bool tapped = tapped_.Contains(key);
         tapped_.Remove(key);
-        if (held_.Contains(key)) {
-            return kDown;
-        }
-        return tapped ? kPressedSince : Integer{0};
+        return static_cast<Integer>((held_.Contains(key) ? kKeyIsDown : 0) |
+                                    (tapped ? kKeyWasPressed : 0));
     }
 
     // From now on these keys are down and all others up.

@@ -11,9 +11,6 @@
 namespace scenara {
 namespace {
 
-constexpr Integer kDown = -32768;  // the highest of 16 bits
-constexpr Integer kPressedSince = 1;
-
 // A menu, a dialog, or the menu bar while it is walked with the arrow keys.
 bool TypedElsewhere() {
     return qobject_cast<QMenuBar*>(QApplication::focusWidget()) != nullptr ||
@@ -109,7 +106,7 @@ Integer KeyTracker::GetAsyncKeyState(VirtualKey key) {
     pressedSince_.reset(index);
     const bool down = std::any_of(down_.begin(), down_.end(),
                                   [&](const auto& held) { return held.second == key; });
-    return static_cast<Integer>((down ? kDown : 0) | (pressed ? kPressedSince : 0));
+    return static_cast<Integer>((down ? kKeyIsDown : 0) | (pressed ? kKeyWasPressed : 0));
 }
 
 bool KeyTracker::eventFilter(QObject* receiver, QEvent* event) {

@@ -32,8 +32,7 @@ QImage InPixelsOfTheScreen(std::int32_t width, std::int32_t height,
         return std::max(static_cast<std::int32_t>(std::lround(own * ratio)), 1);
     };
     const auto under = [](std::int32_t pixel, std::int32_t own, std::int32_t all) {
-        return static_cast<std::size_t>((std::int64_t{pixel} * 2 + 1) * own /
-                                        (std::int64_t{all} * 2));
+        return static_cast<std::size_t>(PictureFit::Under(pixel, all, own));
     };
     QImage image(length(width), length(height), QImage::Format_RGB32);
     image.setDevicePixelRatio(ratio);

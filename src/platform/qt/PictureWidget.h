@@ -15,8 +15,8 @@
 #include <utility>
 #include <vector>
 
-#include "platform/Form.h"
 #include "platform/PictureFit.h"
+#include "platform/ViewFrame.h"
 #include "platform/soft/PictureSink.h"
 
 class QPainter;
