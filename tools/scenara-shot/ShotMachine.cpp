@@ -50,7 +50,7 @@ bool ShotMachine::Start(std::string stageFile, const std::string& mugeDir,
 
 void ShotMachine::RunFrame(const KeySet& keys, bool info) {
     keyboard_.Hold(keys);
-    const StagePass pass{engine_, tiles_, flags_,    loop_,      clock_,
+    const StagePass pass{engine_, tiles_, flags_,    loop_,     clock_,
                          model_,  info,   infoText_, character_};
     static_cast<void>(DrawAndCount(pass));
     ShowPicture(pass);
