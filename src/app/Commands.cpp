@@ -97,7 +97,11 @@ void frmStage::mnuPause_Click() {
 // The stage's, or the program's where there is no stage.
 void frmStage::ShowTitle() {
     const std::string& title = loop_.StageRunning != 0 ? model_.StageTitle : AppTitle;
-    SetCaption(Paused != 0 ? title + " <<PAUSED>>" : title);
+    // A paused stage draws nothing, however heavy it is.
+    const char* const mark = Paused != 0                                  ? " <<PAUSED>>"
+                             : options_.Additions && longPass_.TooHeavy() ? " <<TOO HEAVY>>"
+                                                                          : "";
+    SetCaption(title + mark);
 }
 
 void frmStage::mnuMScroll_Click() {

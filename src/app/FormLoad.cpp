@@ -25,10 +25,12 @@ frmStage::frmStage(const Machine& machine, Form& form, const ViewOptions& option
       editor_({model_, camera_, flags_, options_, machine.keyboard, machine.clock,
                form[Menu::mnuDebugBG], &FullScreenState},
               {[this](const std::string& caption) { SetCaption(caption); }, [this] { Dump(); }}),
+      longPass_(machine.clock, machine.window, [this] { ShowTitle(); }),
       browserView_(*this),
       browser_(model_, SpriteBrowserMode, form.hscSGFX, browserView_),
       tiles_(engine_, model_, camera_, flags_, options_,
-             {machine.keyboard, machine.clock, machine.pointer, machine.window, &editor_}),
+             {machine.keyboard, machine.clock, machine.pointer, machine.window, &editor_},
+             &longPass_),
       screen_(machine.display) {
     DesignMenus(form_);
     form_.picLoad.width = kViewWidth;

@@ -50,6 +50,10 @@ constexpr std::array<Designed, kMenuCount> kDesign = {{
 }  // namespace
 
 void DesignMenus(Form& form) {
+    for (const Menu item : {Menu::mnuOpen, Menu::mnuClose, Menu::mnuReload, Menu::mnuExit,
+                            Menu::mnuStagePrev, Menu::mnuStageNext, Menu::mnuR}) {
+        form[item].leaves = true;
+    }
     for (const Designed& designed : kDesign) {
         MenuItem& item = form[designed.menu];
         item.caption = designed.caption;

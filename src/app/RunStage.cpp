@@ -62,6 +62,7 @@ void frmStage::Handle(const std::function<void()>& work) {
 
 void frmStage::ShowStage() {
     shownFile_ = requestedFile_;
+    longPass_.Forget();
     startFullScreen_ = FullScreenState == 1;
     LeaveBrowser();
     form_.picLoad.visible = false;
@@ -185,14 +186,15 @@ void frmStage::RunPass() {
     // Without a device nothing is drawn, shown or counted; the window keeps its last picture.
     const bool draws = engine_.HasDevice();
     if (draws && (Paused != kByteTrue || drawsOnce_) && SpriteBrowserMode != kByteTrue) {
-        drawsOnce_ = false;
+        longPass_.Begin();
         if (DrawAndCount(pass)) {
             OncePerSecond();
         }
+        drawsOnce_ = drawsOnce_ && longPass_.GivenUp();
         ShowEditing();
     }
     if (SpriteBrowserMode == 0) {
-        if (draws) {
+        if (draws && !longPass_.GivenUp()) {
             ShowPicture(pass);
         }
         PollPauseKey();
@@ -209,6 +211,9 @@ void frmStage::RunPass() {
 
 void frmStage::OncePerSecond() {
     LeaveFullScreenWithFocus();
+    if (longPass_.BecameLight()) {
+        ShowTitle();
+    }
     if (!model_.MusicFile.empty()) {
         RestartAtEnd(music_);
     }

@@ -25,6 +25,7 @@
 
 #include "app/Configuration.h"
 #include "app/FrameWait.h"
+#include "app/LongPass.h"
 #include "app/LoopState.h"
 #include "app/OffscreenSurface.h"
 #include "app/ScreenModule.h"
@@ -263,6 +264,7 @@ private:
     TestCharState testChar_;
     DebugEditor editor_;
     ImageSets imageSets_;
+    LongPass longPass_;
     BrowserView browserView_;
     SpriteBrowser browser_;
     TileEngine tiles_;

@@ -60,6 +60,7 @@ struct MenuItem {
     bool checked = false;
     bool enabled = true;
     bool visible = true;
+    bool leaves = false;  // choosing it may leave the stage that is shown
 };
 
 struct PictureBox {

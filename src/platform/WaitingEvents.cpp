@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "platform/WaitingEvents.h"
 
+#include <algorithm>
 #include <iterator>
 #include <utility>
 
 namespace scenara {
 
 void WaitingEvents::Add(Event event, Kind kind) {
-    if (kind != Kind::Once && kind != Kind::Button) {
+    if (kind != Kind::Once && kind != Kind::Leaving && kind != Kind::Button) {
         ForgetOlder(kind);
     }
     waiting_.push_back({kind, std::move(event)});
@@ -24,6 +25,11 @@ void WaitingEvents::ForgetOlder(Kind kind) {
             return;
         }
     }
+}
+
+bool WaitingEvents::LeavingWaits() const {
+    return std::any_of(waiting_.begin(), waiting_.end(),
+                       [](const Waiting& waiting) { return waiting.kind == Kind::Leaving; });
 }
 
 WaitingEvents::Event WaitingEvents::TakeFirst() {

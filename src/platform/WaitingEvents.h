@@ -23,6 +23,7 @@ public:
 
     enum class Kind : Byte {
         Once,         // every one of them counts
+        Leaving,      // so do these; the stage that is shown will be left (Window::LeavingWaits)
         Button,       // so do these, and the pointer's moves before them
         PointerMove,  // only the last one since the button's last event
         CameraBar,    // only the last one, whatever has come in between
@@ -33,6 +34,8 @@ public:
 
     [[nodiscard]] bool Empty() const { return waiting_.empty(); }
     [[nodiscard]] std::size_t Count() const { return waiting_.size(); }
+    // Whether one of Kind::Leaving waits.
+    [[nodiscard]] bool LeavingWaits() const;
 
     // There is one.
     [[nodiscard]] Event TakeFirst();

@@ -53,6 +53,13 @@ public:
     // Delivers all that waits, and returns.
     virtual void DoEvents() = 0;
 
+    // Takes in what the window system has, so that the window does not look dead, and delivers
+    // nothing: the program may be in the middle of a frame.
+    virtual void NoteEvents() = 0;
+    // Whether something waits to be delivered that leaves the stage which is shown: the end, Close,
+    // a choice of a stage; or Escape, which leaves the full screen.
+    [[nodiscard]] virtual bool LeavingWaits() const = 0;
+
     [[nodiscard]] virtual WindowPlace Place() const = 0;
 
     [[nodiscard]] virtual ScreenSize Screen() const = 0;

@@ -38,7 +38,9 @@ void TileEngine::DrawSelected(BackgroundElement& element) {
     if (element.visible == 0 || element.enabled == 0 || !HasPictures(model_, element)) {
         return;
     }
-    DrawElement(engine_, model_, element, {options_.Additions, flags_.Deform != 0});
+    if (GoesOn()) {
+        DrawElement(engine_, model_, element, {options_.Additions, flags_.Deform != 0});
+    }
     MoveDrawn(element);
 }
 

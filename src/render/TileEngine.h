@@ -9,6 +9,7 @@
 #include "render/Camera.h"
 #include "render/CameraControl.h"
 #include "render/Engine.h"
+#include "render/PassWatch.h"
 #include "render/ViewFlags.h"
 #include "stage/StageModel.h"
 #include "stage/ViewOptions.h"
@@ -17,15 +18,17 @@ namespace scenara {
 
 class TileEngine {
 public:
-    // All of them outlive it.
+    // All of them outlive it. `watch` may end the drawing between two elements; what is left of the
+    // frame then moves on without being drawn.
     TileEngine(Engine& engine, StageModel& model, Camera& camera, const ViewFlags& flags,
-               const ViewOptions& options, const CameraInput& input)
+               const ViewOptions& options, const CameraInput& input, PassWatch* watch = nullptr)
         : engine_(engine),
           model_(model),
           camera_(camera),
           flags_(flags),
           options_(options),
-          input_(input) {}
+          input_(input),
+          watch_(watch) {}
 
     // The pass that DrawFrontLayer selects. Every element follows the camera in every pass; drift
     // and swing go on only for what is drawn in it. The camera moves at the end, so each pass sees
@@ -41,6 +44,7 @@ public:
 
 private:
     void DrawSelected(BackgroundElement& element);
+    [[nodiscard]] bool GoesOn() { return watch_ == nullptr || watch_->GoesOn(); }
 
     Engine& engine_;
     StageModel& model_;
@@ -48,6 +52,7 @@ private:
     const ViewFlags& flags_;
     const ViewOptions& options_;
     CameraInput input_;
+    PassWatch* watch_;
 };
 
 // Whether an element of this layer belongs to a pass. Deliberate: layers below 0 belong to both

@@ -129,7 +129,7 @@ void DesktopProgram::ExpectNoWindow(const std::string& title) {
 }
 
 std::string DesktopProgram::MainWindow() const {
-    return Window("^(Scenara 1.0|bar|cup|dot|/|Dumped|Cloned|Deleted|\"|[(]|0$)");
+    return Window("^(Scenara 1.0|bar|cup|dot|heavy|/|Dumped|Cloned|Deleted|\"|[(]|0$)");
 }
 
 std::string DesktopProgram::Title() const {

@@ -83,6 +83,25 @@ TEST_F(DesktopWindow, AMenuShowsTheInfoLineAndThePictureGoesOn) {
     display_.Do("keyup Right");
 }
 
+// Every frame of it takes seconds.
+TEST_F(DesktopProgram, AStageThatIsTooHeavySaysSoAndCanBeLeft) {
+    std::ofstream file(StagePath("heavy"));
+    file << "[Info]\nname = heavy\n[BGdef]\nspr = stages/bar.sff\n";
+    for (int i = 0; i < 30'000; ++i) {
+        file << "[BG light]\ntype = normal\nspriteno = 0,1\ntile = 1,1\ntrans = add\n";
+    }
+    file.close();
+    StartWithBar();
+    ClickListItem(3);
+    ExpectTitle("heavy <<TOO HEAVY>>");
+    ClickListItem(0);
+    ExpectTitle("bar");
+    ClickListItem(3);
+    ExpectTitle("heavy <<TOO HEAVY>>");
+    Key("alt+F4");
+    EXPECT_EQ(WaitForEnd(), 0);
+}
+
 TEST_F(DesktopWindow, ClosingItEndsTheProgram) {
     Key("alt+F4");
     EXPECT_EQ(WaitForEnd(), 0);

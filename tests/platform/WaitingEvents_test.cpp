@@ -110,6 +110,21 @@ TEST_F(Waiting, AReleasedThumbTakesThePlaceOfTheScrolling) {
     EXPECT_EQ(Told(), "scroll 4");
 }
 
+TEST_F(Waiting, WhatLeavesTheStageIsKnownUntilItIsTold) {
+    Select(1);
+    EXPECT_FALSE(events.LeavingWaits());
+    events.Add([](FormEvents& to) { to.Form_Unload(); }, Kind::Leaving);
+    events.Add([](FormEvents& to) { to.Form_Unload(); }, Kind::Leaving);
+    Select(2);
+    EXPECT_TRUE(events.LeavingWaits());
+    EXPECT_EQ(events.Count(), 4U) << "each of them counts";
+    static_cast<void>(events.TakeFirst());
+    static_cast<void>(events.TakeFirst());
+    EXPECT_TRUE(events.LeavingWaits());
+    static_cast<void>(events.TakeFirst());
+    EXPECT_FALSE(events.LeavingWaits());
+}
+
 TEST_F(Waiting, AThousandMovesAreOne) {
     for (Long i = 0; i < 1000; ++i) {
         Move(i);

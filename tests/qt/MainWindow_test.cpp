@@ -4,9 +4,16 @@
 #include "platform/qt/MainWindow.h"
 
 #include <QAction>
+#include <QApplication>
+#include <QDragEnterEvent>
+#include <QDropEvent>
 #include <QImage>
+#include <QListWidget>
+#include <QMimeData>
 #include <QScrollBar>
+#include <QUrl>
 #include <cstdint>
+#include <functional>
 #include <vector>
 
 #include <gmock/gmock.h>
@@ -201,6 +208,65 @@ TEST_F(Main, TellsOfThePressesAndTheLastMove) {
     SendMouse(picture, QEvent::MouseButtonRelease, {39, 2}, Qt::LeftButton, Qt::NoButton);
     window.DoEvents();
     EXPECT_EQ(program.Text(), "down 1 2, move 39 2, up");
+}
+
+// --- what waits while a frame takes long ---
+
+TEST_F(Main, KnowsBeforeItTellsWhetherTheStageIsToBeLeft) {
+    form[Menu::mnuOpen].leaves = true;
+    form[Menu::mnuStagePrev].leaves = true;
+    form[Menu::mnuAbout].caption = "&About";
+    form.recentFiles = {"/mugen/stages/a.def"};
+    form.lstStages.items = {"a", "b"};
+    form.lstStages.visible = true;
+    Pump();
+    const auto choose = [this](const QString& caption) {
+        for (QAction* const action : window.findChildren<QAction*>()) {
+            if (action->text() == caption) {
+                action->trigger();
+            }
+        }
+    };
+    form[Menu::mnuOpen].caption = "&Open";
+    form[Menu::mnuStagePrev].caption = "<<";
+    Pump();
+    QMimeData file;
+    file.setUrls({QUrl::fromLocalFile("/mugen/stages/a.def")});
+    struct Row {
+        const char* what;
+        std::function<void()> deed;
+        const char* told;
+        bool leaves;
+    };
+    const std::vector<Row> rows = {
+        {"an item that opens", [&] { choose("&Open"); }, "menu 1", true},
+        {"an item of the bar", [&] { choose("<<"); }, "menu 20", true},
+        {"an item that stays", [&] { choose("&About"); }, "menu 24", false},
+        {"a recent file", [&] { choose("/mugen/stages/a.def"); }, "recent 1", true},
+        {"a stage of the list", [&] { window.findChild<QListWidget*>()->setCurrentRow(1); },
+         "list 1", true},
+        {"a dropped file",
+         [&] {
+             QDragEnterEvent enter({5, 5}, Qt::CopyAction, &file, Qt::LeftButton, Qt::NoModifier);
+             QApplication::sendEvent(&window, &enter);
+             QDropEvent drop({5, 5}, Qt::CopyAction, &file, Qt::LeftButton, Qt::NoModifier);
+             QApplication::sendEvent(&window, &drop);
+         },
+         "drop /mugen/stages/a.def", true},
+        {"Escape", [&] { window.NoteKey(VirtualKey::Escape); }, "key 27", true},
+        {"an arrow key", [&] { window.NoteKey(VirtualKey::Left); }, "key 37", false},
+        {"closing it", [&] { window.close(); }, "unload", true},
+    };
+    for (const Row& row : rows) {
+        EXPECT_FALSE(window.LeavingWaits()) << row.what;
+        row.deed();
+        window.NoteEvents();
+        EXPECT_EQ(window.LeavingWaits(), row.leaves) << row.what;
+        EXPECT_EQ(program.Text(), "") << row.what << ": nothing is told yet";
+        window.DoEvents();
+        EXPECT_EQ(program.Text(), row.told) << row.what;
+    }
+    EXPECT_TRUE(window.LeavingWaits()) << "the program is to end";
 }
 
 // --- the frame around what is selected ---

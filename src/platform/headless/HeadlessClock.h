@@ -21,12 +21,19 @@ public:
 
     // Raises RunTimeError "Overflow" beyond 2147483647 ms.
     [[nodiscard]] Long GetTickCount() override;
-    [[nodiscard]] std::int64_t QueryPerformanceCounter() override { return counter_; }
+    [[nodiscard]] std::int64_t QueryPerformanceCounter() override {
+        counter_ += countsPerLook_;
+        return counter_;
+    }
     [[nodiscard]] std::int64_t QueryPerformanceFrequency() override { return kFrequency; }
 
     void Advance(std::uint32_t frames = 1) { counter_ += kCountsPerFrame * frames; }
 
+    // From now on each look at the counter takes so long: the machine is slow.
+    void SetCountsPerLook(std::int64_t counts) { countsPerLook_ = counts; }
+
 private:
+    std::int64_t countsPerLook_ = 0;
     std::int64_t counter_ = kStart;
 };
 

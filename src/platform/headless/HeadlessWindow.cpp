@@ -9,6 +9,7 @@ void HeadlessWindow::SetCaption(const std::string& caption) {
 
 void HeadlessWindow::DoEvents() {
     ++doEventsCount_;
+    leavingWaits_ = false;
     if (script_) {
         script_(*this);
     }

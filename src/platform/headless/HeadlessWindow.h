@@ -55,6 +55,12 @@ public:
     }
     void SetCaption(const std::string& caption) override;
     void DoEvents() override;
+    void NoteEvents() override {
+        if (duringPass_) {
+            duringPass_(*this);
+        }
+    }
+    [[nodiscard]] bool LeavingWaits() const override { return leavingWaits_ || endRequested_; }
     [[nodiscard]] WindowPlace Place() const override { return place_; }
     [[nodiscard]] WindowHandle Handle() const override { return kHandle; }
     [[nodiscard]] WindowHandle PictureHandle() const override { return kPictureHandle; }
@@ -71,6 +77,11 @@ public:
     // Whether a message waits, from now on: at first there always is one, so every look pumps.
     void SetMessageWaiting(bool waiting) { messageWaiting_ = waiting; }
 
+    // What the user does while a frame takes long, at each look.
+    void SetDuringPass(Script script) { duringPass_ = std::move(script); }
+    // Whether what the user did leaves the stage, until DoEvents has delivered it.
+    void SetLeavingWaits() { leavingWaits_ = true; }
+
     // What choosing another window does: nobody's by that number.
     void SetForeground(WindowHandle window) { foreground_ = window; }
 
@@ -84,6 +95,7 @@ public:
 
 private:
     Script script_;
+    Script duringPass_;
     std::vector<std::string> captions_;
     WindowPlace place_{0, 0, kViewWidth* kUnitsPerPixel, kViewHeight* kUnitsPerPixel};
     Picture picture_;
@@ -91,6 +103,7 @@ private:
     std::size_t doEventsCount_ = 0;
     std::size_t showCount_ = 0;
     bool messageWaiting_ = true;
+    bool leavingWaits_ = false;
     bool endRequested_ = false;
 };
 

@@ -227,11 +227,12 @@ int MainWindow::SelectedRow() const {
 }
 
 void MainWindow::NoteSelection(int row) {
-    Note([row](FormEvents& events) { events.lstStages_Click(row); });
+    Note([row](FormEvents& events) { events.lstStages_Click(row); }, WaitingEvents::Kind::Leaving);
 }
 
 void MainWindow::NoteKey(VirtualKey key) {
-    Note([key](FormEvents& events) { events.Form_KeyDown(key); });
+    Note([key](FormEvents& events) { events.Form_KeyDown(key); },
+         key == VirtualKey::Escape ? WaitingEvents::Kind::Leaving : WaitingEvents::Kind::Once);
 }
 
 void MainWindow::SetEvents(FormEvents* events) {
@@ -271,7 +272,8 @@ void MainWindow::BuildMenus() {
             case MenuPlace::Extras: extras->addAction(action); break;
         }
         connect(action, &QAction::triggered, this, [this, i] {
-            Note([i](FormEvents& events) { events.Menu_Click(static_cast<Menu>(i)); });
+            Note([i](FormEvents& events) { events.Menu_Click(static_cast<Menu>(i)); },
+                 form_.menus[i].leaves ? WaitingEvents::Kind::Leaving : WaitingEvents::Kind::Once);
         });
     }
 }
@@ -299,7 +301,8 @@ void MainWindow::ShowRecentFiles() {
         auto* const action = new QAction(this);  // NOLINT(cppcoreguidelines-owning-memory)
         const auto index = static_cast<Long>(recentActions_.size() + 1);
         connect(action, &QAction::triggered, this, [this, index] {
-            Note([index](FormEvents& events) { events.MnuRecentFiles_Click(index); });
+            Note([index](FormEvents& events) { events.MnuRecentFiles_Click(index); },
+                 WaitingEvents::Kind::Leaving);
         });
         menu.insertAction(&before, action);
         recentActions_.push_back(action);
@@ -392,6 +395,14 @@ void MainWindow::DoEvents() {
     ShowForm();
 }
 
+void MainWindow::NoteEvents() {
+    QApplication::processEvents();
+}
+
+bool MainWindow::LeavingWaits() const {
+    return endRequested_ || waiting_.LeavingWaits();
+}
+
 void MainWindow::WaitForEvents() {
     ShowForm();
     if (waiting_.Empty() && !endRequested_) {
@@ -477,7 +488,8 @@ void MainWindow::dropEvent(QDropEvent* event) {
     for (const QUrl& url : event->mimeData()->urls()) {
         if (url.isLocalFile()) {
             const std::string path = QFile::encodeName(url.toLocalFile()).toStdString();
-            Note([path](FormEvents& events) { events.Form_OLEDragDrop(path); });
+            Note([path](FormEvents& events) { events.Form_OLEDragDrop(path); },
+                 WaitingEvents::Kind::Leaving);
             event->acceptProposedAction();
             return;
         }

@@ -59,6 +59,8 @@ public:
     void SetCaption(const std::string& caption) override;
     [[nodiscard]] bool MessageWaiting() override;
     void DoEvents() override;
+    void NoteEvents() override;
+    [[nodiscard]] bool LeavingWaits() const override;
     void ShowPicture(Long width, Long height, std::span<const std::uint32_t> pixels) override;
     [[nodiscard]] WindowPlace Place() const override;
     [[nodiscard]] ScreenSize Screen() const override;
