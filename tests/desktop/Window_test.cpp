@@ -86,7 +86,7 @@ TEST_F(DesktopWindow, AMenuShowsTheInfoLineAndThePictureGoesOn) {
 // Every frame of it takes seconds.
 TEST_F(DesktopProgram, AStageThatIsTooHeavySaysSoAndCanBeLeft) {
     std::ofstream file(StagePath("heavy"));
-    file << "[Info]\nname = heavy\n[BGdef]\nspr = stages/bar.sff\n";
+    file << "[Info]\nname = heavy\n[Camera]\nboundleft = -9\n[BGdef]\nspr = stages/bar.sff\n";
     for (int i = 0; i < 30'000; ++i) {
         file << "[BG light]\ntype = normal\nspriteno = 0,1\ntile = 1,1\ntrans = add\n";
     }
