@@ -2,8 +2,12 @@
 #include "stage/StageModel.h"
 
 #include <array>
+#include <cstddef>
 #include <memory>
+#include <set>
+#include <string>
 #include <type_traits>
+#include <utility>
 
 #include <gtest/gtest.h>
 
@@ -64,38 +68,91 @@ static_assert(kIs<&StageModel::P1StartX, Integer> && kIs<&StageModel::Tension, I
 static_assert(kIs<&StageModel::ScreenLeft, Integer> && kIs<&StageModel::ScreenRight, Integer>);
 static_assert(kMaxRecords == 32'767);
 
-TEST(StageModel, ElementStartsAtZeroButForItsDeltas) {
-    EXPECT_EQ(ModelText(BackgroundElement()),
-              "type=''\nmask=0\nspriteGroup=0\nspriteImage=0\nstartX=0\nstartY=0\nposX=0\nposY=0\n"
-              "deltaX=1\ndeltaY=1\ntileX=0\ntileY=0\ntileSpacingX=0\ntileSpacingY=0\nvelocityX=0\n"
-              "velocityY=0\nactionIndex=0\nspriteIndex=0\nlayerno=0\nlastTileIndex=0\n"
-              "frameIndex=0\nframeTime=0\nname=''\npositionlink=0\nlinkParent=0\n"
-              "sinState=0 0 0 \nsinYAmplitude=0\nsinYPeriod=0\nsinYPhase=0\nctrlOffset=0 0 \n"
-              "visible=0\nenabled=0\ntrans=''\nctrlPos=0 0 0 0 \nid=0\nwindowX1=0\nwindowX2=0\n"
-              "windowY1=0\nwindowY2=0\nwindowActive=0\nxscaleTop=0\nxscaleBottom=0\n");
+// --- the list of fields ---
+
+// Stands for a value of any type where a record is begun.
+struct Anything {
+    template <typename Value>
+    operator Value() const;  // NOLINT(google-explicit-constructor): that is what it is for
+};
+
+template <typename Record, std::size_t... Indices>
+consteval bool TakesSoMany(std::index_sequence<Indices...> /*one for each*/) {
+    return requires {
+        Record{(static_cast<void>(Indices), Anything())...};
+    };
 }
 
-TEST(StageModel, FrameStartsWithoutSprite) {
-    EXPECT_EQ(ModelText(StageFrame()),
-              "group=0\nimage=0\nspriteIndex=-1\noffsetX=0\noffsetY=0\ntime=0\nruntimeA=0\n"
-              "runtimeB=0\nflip=''\n");
+// How many fields the compiler knows of the record.
+template <typename Record, std::size_t Count = 0>
+consteval std::size_t FieldCount() {
+    if constexpr (TakesSoMany<Record>(std::make_index_sequence<Count + 1>())) {
+        return FieldCount<Record, Count + 1>();
+    } else {
+        return Count;
+    }
 }
 
-TEST(StageModel, ActionsAndControlsStartAtZero) {
-    EXPECT_EQ(ModelText(StageAction()), "loopstart=0\nframeCount=0\nactionNo=0\n");
-    EXPECT_EQ(ModelText(BgCtrlDef()),
-              "looptime=0\ntimer=0\nctrlIds=\nruntimeA=0\ncontrolCount=0\n");
-    EXPECT_EQ(ModelText(BgCtrl()),
-              "type=''\nstartTime=0\nendTime=0\nloopTime=0\nctrlIds=\nx=0\ny=0\nvalue=0\ntimer=0\n"
-              "given=0\nvalue1=0\nvalue2=0\n");
+template <typename Record>
+std::size_t Listed() {
+    std::size_t count = 0;
+    ForEachField(Record(), [&](const char* /*name*/, const auto& /*field*/) { ++count; });
+    return count;
 }
 
-TEST(StageModel, SettingsStartAtZeroButForTheLink) {
-    EXPECT_EQ(ModelText(StageModel()),
-              "ElementCount=0\nSpriteCount=0\nActionCount=0\nCtrlDefCount=0\nStageTitle=''\n"
-              "CamStartX=0\nCamStartY=0\nBoundLeft=0\nBoundRight=0\nBoundHigh=0\nBoundLow=0\n"
-              "MusicFile=''\nZOffset=0\nZOffsetLink=-1\nP1StartX=0\nTension=0\nScreenLeft=0\n"
-              "ScreenRight=0\nCamX=0\nCamY=0\nLastImageWidth=0\nLastImageHeight=0\n");
+TEST(ModelFields, EveryFieldIsListed) {
+    constexpr std::size_t kTexture = 1;
+    constexpr std::size_t kTables = 4;
+    EXPECT_EQ(Listed<const Blending>(), FieldCount<Blending>());
+    EXPECT_EQ(Listed<const BackgroundElement>(), FieldCount<BackgroundElement>());
+    EXPECT_EQ(Listed<const SpriteEntry>() + kTexture, FieldCount<SpriteEntry>());
+    EXPECT_EQ(Listed<const StageFrame>(), FieldCount<StageFrame>());
+    EXPECT_EQ(Listed<const StageAction>(), FieldCount<StageAction>());
+    EXPECT_EQ(Listed<const BgCtrl>(), FieldCount<BgCtrl>());
+    EXPECT_EQ(Listed<const BgCtrlDef>(), FieldCount<BgCtrlDef>());
+    EXPECT_EQ(Listed<const StageModel>() + kTables, FieldCount<StageModel>());
+}
+
+// A field that is listed twice would hide one that is not.
+TEST(ModelFields, EveryFieldIsListedOnce) {
+    std::set<const void*> places;
+    std::set<std::string> names;
+    const BackgroundElement element;
+    ForEachField(element, [&](const char* name, const auto& field) {
+        EXPECT_TRUE(places.insert(&field).second) << name;
+        EXPECT_TRUE(names.insert(name).second) << name;
+    });
+    const StageModel model;
+    ForEachField(model, [&](const char* name, const auto& field) {
+        EXPECT_TRUE(places.insert(&field).second) << name;
+        EXPECT_TRUE(names.insert(name).second || std::string(name).empty()) << name;
+    });
+}
+
+// --- how records start ---
+
+// The fields that do not start at 0 or empty.
+template <typename Record>
+std::string NotAtZero() {
+    std::string text;
+    ForEachField(Record(), [&](const char* name, const auto& field) {
+        const std::string its = FieldText(name, field);
+        if (its != FieldText(name, std::remove_cvref_t<decltype(field)>())) {
+            text.append(its);
+        }
+    });
+    return text;
+}
+
+TEST(StageModel, FieldsStartAtZeroButForThese) {
+    EXPECT_EQ(NotAtZero<const BackgroundElement>(),
+              "deltaX=1\ndeltaY=1\nalphaSource=256\nyscaleStart=100\ndeltaRead=1 1 \n");
+    EXPECT_EQ(NotAtZero<const SpriteEntry>(), "linkedTo=-1\n");
+    EXPECT_EQ(NotAtZero<const StageFrame>(), "spriteIndex=-1\n");
+    EXPECT_EQ(NotAtZero<const StageAction>(), "");
+    EXPECT_EQ(NotAtZero<const BgCtrl>(), "");
+    EXPECT_EQ(NotAtZero<const BgCtrlDef>(), "");
+    EXPECT_EQ(NotAtZero<const StageModel>(), "ZOffsetLink=-1\nElementScale=1\n");
 }
 
 TEST(StageModel, ClearPutsEverythingBackToItsStart) {

@@ -3,6 +3,7 @@
 
 #include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -53,33 +54,42 @@ TEST(ModelJson, HasTheTablesInOrder) {
 
 TEST(ModelJson, NamesMembersAsTheModelDoesInItsOrder) {
     const Document json = Parse(OneOfEach());
+    EXPECT_EQ(NamesOf(json["settings"]),
+              (Names{"StageTitle",      "CamStartX",        "CamStartY",    "BoundLeft",
+                     "BoundRight",      "BoundHigh",        "BoundLow",     "MusicFile",
+                     "ZOffset",         "ZOffsetLink",      "P1StartX",     "Tension",
+                     "ScreenLeft",      "ScreenRight",      "CamX",         "CamY",
+                     "LastImageWidth",  "LastImageHeight",  "ElementCount", "SpriteCount",
+                     "ActionCount",     "CtrlDefCount",     "ElementsById", "hires",
+                     "localcoordWidth", "localcoordHeight", "ElementScale"}));
     EXPECT_EQ(
-        NamesOf(json["settings"]),
-        (Names{"StageTitle", "CamStartX", "CamStartY", "BoundLeft", "BoundRight", "BoundHigh",
-               "BoundLow", "MusicFile", "ZOffset", "ZOffsetLink", "P1StartX", "Tension",
-               "ScreenLeft", "ScreenRight", "CamX", "CamY", "LastImageWidth", "LastImageHeight"}));
-    EXPECT_EQ(NamesOf(json["elements"][0]),
-              (Names{"type",       "mask",          "spriteGroup",  "spriteImage",  "startX",
-                     "startY",     "posX",          "posY",         "deltaX",       "deltaY",
-                     "tileX",      "tileY",         "tileSpacingX", "tileSpacingY", "velocityX",
-                     "velocityY",  "actionIndex",   "spriteIndex",  "layerno",      "lastTileIndex",
-                     "frameIndex", "frameTime",     "name",         "positionlink", "linkParent",
-                     "sinState",   "sinYAmplitude", "sinYPeriod",   "sinYPhase",    "ctrlOffset",
-                     "visible",    "enabled",       "trans",        "ctrlPos",      "id",
-                     "windowX1",   "windowX2",      "windowY1",     "windowY2",     "windowActive",
-                     "xscaleTop",  "xscaleBottom"}));
+        NamesOf(json["elements"][0]),
+        (Names{"type",         "mask",          "spriteGroup",  "spriteImage",      "startX",
+               "startY",       "posX",          "posY",         "deltaX",           "deltaY",
+               "tileX",        "tileY",         "tileSpacingX", "tileSpacingY",     "velocityX",
+               "velocityY",    "actionIndex",   "spriteIndex",  "layerno",          "lastTileIndex",
+               "frameIndex",   "frameTime",     "name",         "positionlink",     "linkParent",
+               "sinState",     "sinYAmplitude", "sinYPeriod",   "sinYPhase",        "ctrlOffset",
+               "visible",      "enabled",       "trans",        "ctrlPos",          "id",
+               "windowX1",     "windowX2",      "windowY1",     "windowY2",         "windowActive",
+               "xscaleTop",    "xscaleBottom",  "alphaSource",  "alphaDestination", "blending",
+               "windowDeltaX", "windowDeltaY",  "yscaleStart",  "yscaleDelta",      "sinOffset",
+               "linkSin",      "deltaRead"}));
+    EXPECT_EQ(NamesOf(json["elements"][0]["blending"]), (Names{"kind", "source", "destination"}));
     EXPECT_EQ(NamesOf(json["sprites"][0]),
               (Names{"axisX", "axisY", "width", "height", "group", "image", "selfIndex", "reserved",
-                     "masked", "keyAlpha", "keyRed", "keyGreen", "keyBlue", "linkedTo"}));
+                     "masked", "keyAlpha", "keyRed", "keyGreen", "keyBlue", "linkedTo", "fileWidth",
+                     "fileHeight"}));
     EXPECT_EQ(NamesOf(json["actions"][0]),
               (Names{"frames", "loopstart", "frameCount", "actionNo"}));
     EXPECT_EQ(NamesOf(json["actions"][0]["frames"][0]),
-              (Names{"group", "image", "spriteIndex", "offsetX", "offsetY", "time", "flip"}));
-    EXPECT_EQ(NamesOf(json["ctrlDefs"][0]),
-              (Names{"looptime", "timer", "ctrlIds", "controlCount", "controls"}));
+              (Names{"group", "image", "spriteIndex", "offsetX", "offsetY", "time", "flip",
+                     "runtimeA", "runtimeB", "blending"}));
+    EXPECT_EQ(NamesOf(json["ctrlDefs"][0]), (Names{"looptime", "timer", "ctrlIds", "controlCount",
+                                                   "controls", "runtimeA", "runtimeB"}));
     EXPECT_EQ(NamesOf(json["ctrlDefs"][0]["controls"][0]),
               (Names{"type", "startTime", "endTime", "loopTime", "ctrlIds", "x", "y", "value",
-                     "timer", "value1", "value2"}));
+                     "timer", "value1", "value2", "given"}));
 }
 
 TEST(ModelJson, WritesFloatsInTheirShortestForm) {
@@ -101,6 +111,24 @@ TEST(ModelJson, WritesArrayFieldsAsArrays) {
     EXPECT_EQ(json["elements"][0]["ctrlPos"].Size(), 4U);
     ASSERT_EQ(json["ctrlDefs"][0]["ctrlIds"].Size(), 2U);
     EXPECT_EQ(json["ctrlDefs"][0]["ctrlIds"][1].GetInt(), -5);
+}
+
+TEST(ModelJson, WritesBlendingAsAWordAndItsParts) {
+    StageModel model = OneOfEach();
+    model.Elements[0].blending = {BlendKind::AddAlpha, 100, 200};
+    const std::vector<std::pair<BlendKind, std::string>> rows = {{BlendKind::None, "none"},
+                                                                 {BlendKind::Add, "add"},
+                                                                 {BlendKind::Add1, "add1"},
+                                                                 {BlendKind::Sub, "sub"},
+                                                                 {BlendKind::AddAlpha, "addalpha"}};
+    for (const auto& [kind, word] : rows) {
+        model.Actions[0].frames[0].blending.kind = kind;
+        const Document json = Parse(model);
+        EXPECT_EQ(json["actions"][0]["frames"][0]["blending"]["kind"].GetString(), word);
+    }
+    const Document json = Parse(model);
+    EXPECT_EQ(json["elements"][0]["blending"]["source"].GetInt(), 100);
+    EXPECT_EQ(json["elements"][0]["blending"]["destination"].GetInt(), 200);
 }
 
 TEST(ModelJson, TurnsAnsiTextsIntoUtf8AndEscapesThem) {

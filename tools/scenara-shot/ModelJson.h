@@ -3,9 +3,9 @@
 // The stage model as JSON text, for authors' scripts and for tests.
 //
 // One object with the members settings, elements, actions (each with frames), ctrlDefs (each with
-// controls), sprites and messages. Members have the names of StageModel.h, in its order; fields
-// that are arrays are arrays; flags are numbers as stored; floats are in their shortest form; words
-// that only the drawing knows and that have no name of their own, and textures, are left out. Texts
+// controls), sprites and messages. Members have the names and the order of stage/ModelFields.h, so
+// every field is there but for textures. Fields that are arrays are arrays; flags are numbers as
+// stored; floats are in their shortest form; a blending is an object with its kind as a word. Texts
 // become UTF-8.
 #pragma once
 
