@@ -31,7 +31,7 @@ void Stop(TestCharacter& character, bool& held) {
 
 // Deliberate: Left is looked at last, so that it wins while both are held; and letting one go stops
 // the walk for a frame even while the other is held
-// (UpdateCharacter.LettingOneOfTwoKeysGoStandsForAFrame).
+// (UpdateCharacterTest.LettingOneOfTwoKeysGoStandsForAFrame).
 void ReadKeys(TestCharState& state, TestCharacter& character, Keyboard& keyboard) {
     const bool right = keyboard.IsDown(VirtualKey::Right);
     const bool left = keyboard.IsDown(VirtualKey::Left);
