@@ -40,7 +40,7 @@ void DefinitionReader::ReadLine(std::string_view line, std::int64_t number) {
         case SectionKind::Action: ReadActionLine(offer); break;
         case SectionKind::CtrlDef: ReadCtrlDefKeys(offer, ctrlDef_.Current()); break;
         case SectionKind::Ctrl: ReadCtrlKeys(offer, ctrl_.Current()); break;
-        case SectionKind::Settings: ReadSettingKeys(offer, model_, spr_); break;
+        case SectionKind::Settings: ReadSettingLine(offer); break;
     }
 }
 
@@ -52,6 +52,7 @@ void DefinitionReader::SayFull(Table table, std::string_view what) {
 
 void DefinitionReader::StartSection(std::string_view header) {
     section_ = KindOfSection(header);
+    inInfo_ = SectionName(header) == "info";
     switch (section_) {
         case SectionKind::Element: StartElement(header); break;
         case SectionKind::Action: StartAction(header); break;
@@ -104,6 +105,13 @@ void DefinitionReader::ReadElementLine(KeyOffer& offer) {
         const std::string number = std::to_string(model_.ElementCount - 1);
         element_.Remove(model_.Elements, model_.ElementCount);
         messages_.MsgBox(kMessageNullElement, "NULL BG " + number);
+    }
+}
+
+void DefinitionReader::ReadSettingLine(KeyOffer& offer) {
+    ReadSettingKeys(offer, model_, spr_);
+    if (inInfo_ && options_.Additions) {
+        ReadInfoKeys(offer, model_);
     }
 }
 

@@ -46,6 +46,7 @@ private:
     void StartCtrl();
     void ReadElementLine(KeyOffer& offer);
     void ReadActionLine(KeyOffer& offer);
+    void ReadSettingLine(KeyOffer& offer);
 
     // Says once per table that it is full.
     enum class Table { Elements, Actions, Frames, CtrlDefs, Controls };
@@ -60,6 +61,7 @@ private:
     KeyLine keyLine_{std::string_view()};
     std::int64_t lineNumber_ = 0;
     SectionKind section_ = SectionKind::Settings;
+    bool inInfo_ = false;  // the section is [Info]
 
     RecordSlot<BackgroundElement> element_;
     RecordSlot<StageAction> action_;

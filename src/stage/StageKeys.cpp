@@ -5,6 +5,7 @@
 #include <array>
 #include <string_view>
 
+#include "base/NumberText.h"
 #include "base/Text.h"
 #include "stage/Blending.h"
 
@@ -53,9 +54,14 @@ void NormaliseType(BackgroundElement& element, bool additions) {
     }
 }
 
+Byte GivenBit(bool given, Byte bit) {
+    return given ? bit : Byte{0};
+}
+
 // Addition: keys that a plain reader passes over.
 void ReadMoreElementKeys(KeyOffer& line, BackgroundElement& element) {
-    line.Values("alpha", element.alphaSource, element.alphaDestination);
+    const unsigned alpha = line.Values("alpha", element.alphaSource, element.alphaDestination);
+    element.alphaDestinationGiven |= GivenBit((alpha & kSecond) != 0, 1);
     line.Values("sin.x", element.sinState[0], element.sinState[1], element.sinState[2]);
     line.Values("windowdelta", element.windowDeltaX, element.windowDeltaY);
     line.Whole("yscalestart", element.yscaleStart);
@@ -79,10 +85,6 @@ void Unquote(std::string& name) {
     if (name.size() >= 2 && name.front() == '"' && name.back() == '"') {
         name = name.substr(1, name.size() - 2);
     }
-}
-
-Byte GivenBit(bool given, Byte bit) {
-    return given ? bit : Byte{0};
 }
 
 }  // namespace
@@ -152,6 +154,17 @@ void ReadCtrlKeys(KeyOffer& line, BgCtrl& control) {
         control.given |= GivenBit((values & kSecond) != 0, kGivenValue2);
     } else {
         control.given |= GivenBit(line.Whole("value", control.value), kGivenValue);
+    }
+}
+
+void ReadInfoKeys(KeyOffer& line, StageModel& model) {
+    constexpr double kFirstVersion = 1;
+    constexpr double kBeyondVersions = 100;  // older ones are dates, such as 04,14,2002
+    std::string text;
+    if (line.Text("mugenversion", text)) {
+        const double version = Contains(text, ",") ? 0 : LeadingNumber(text);
+        const bool known = version >= kFirstVersion && version < kBeyondVersions;
+        model.MugenVersion = known ? static_cast<Single>(version) : 0;
     }
 }
 

@@ -27,6 +27,9 @@ void ReadCtrlDefKeys(KeyOffer& line, BgCtrlDef& group);
 // [BGCtrl ...]
 void ReadCtrlKeys(KeyOffer& line, BgCtrl& control);
 
+// Addition: [Info], beside the settings that may stand in any section.
+void ReadInfoKeys(KeyOffer& line, StageModel& model);
+
 // Every other section, whatever its name. `spr` receives the sprite archive's name.
 void ReadSettingKeys(KeyOffer& line, StageModel& model, std::string& spr);
 

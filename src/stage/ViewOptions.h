@@ -11,6 +11,7 @@
 //   how texts are cut, and their case      KeyOffer.cpp, Text
 //   kinds of element, and their keys       StageKeys.cpp, KindByFirstLetter, ReadMoreElementKeys
 //   keys of the whole stage                StageKeys.cpp, ReadSettingKeys
+//   the version that a stage is made for   StageKeys.cpp, ReadInfoKeys
 //   what stands behind a frame's flip      StageKeys.cpp, ReadFrame; Blending.cpp
 //   stages for another view                StageScale.cpp; sprites/ScaledPicture.cpp
 //   blending                               render/BlendedBlit.cpp

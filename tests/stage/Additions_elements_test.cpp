@@ -100,6 +100,53 @@ TEST(AdditionsElements, ASingleValueOfAlphaIsTheSource) {
     EXPECT_EQ(read.WithElement().blending.destination, 0);
 }
 
+TEST(AdditionsElements, AlphaCountsForAddAsWell) {
+    const auto read = [](const char* keys) {
+        return BothReadings(std::string("[BG]\r\n") + keys).WithElement().blending;
+    };
+    const Blending both = read("trans = add\r\nalpha = 64, 192\r\n");
+    EXPECT_EQ(both.kind, BlendKind::AddAlpha);
+    EXPECT_EQ(both.source, 64);
+    EXPECT_EQ(both.destination, 192);
+    const Blending sourceOnly = read("alpha = 64\r\ntrans = add\r\n");
+    EXPECT_EQ(sourceOnly.kind, BlendKind::AddAlpha);
+    EXPECT_EQ(sourceOnly.destination, 256);
+    const Blending destination0 = read("trans = add\r\nalpha = 256, 0\r\n");
+    EXPECT_EQ(destination0.kind, BlendKind::AddAlpha);
+    EXPECT_EQ(destination0.destination, 0);
+    EXPECT_EQ(read("trans = add\r\nalpha = 256\r\n").kind, BlendKind::Add);
+    EXPECT_EQ(read("trans = add1\r\nalpha = 64, 192\r\n").kind, BlendKind::Add1);
+}
+
+// --- whose blending counts ---
+
+struct FramesBlendRow {
+    const char* version;  // of [Info]
+    const char* trans;
+    int framesBlend;
+};
+
+TEST(AdditionsElements, FramesBlendWhereTheElementLeavesItToThem) {
+    for (const FramesBlendRow& row : {
+             FramesBlendRow{"", "", 1},
+             FramesBlendRow{"", "trans =\r\n", 1},
+             FramesBlendRow{"", "trans = Default\r\n", 1},
+             FramesBlendRow{"", "trans = None\r\n", 1},
+             FramesBlendRow{"mugenversion = 04,14,2002", "trans = none\r\n", 1},
+             FramesBlendRow{"mugenversion = 1.0", "", 1},
+             FramesBlendRow{"mugenversion = 1.0", "trans = default\r\n", 1},
+             FramesBlendRow{"mugenversion = 1.0", "trans = none\r\n", 0},
+             FramesBlendRow{"mugenversion = 1.1", "trans = none\r\n", 0},
+             FramesBlendRow{"", "trans = add\r\n", 0},
+             FramesBlendRow{"", "trans = sub\r\n", 0},
+         }) {
+        const BothReadings read(std::string("[BG]\r\n") + row.trans + "[Info]\r\n" + row.version +
+                                "\r\n");
+        EXPECT_EQ(read.WithElement().framesBlend, row.framesBlend) << row.version << row.trans;
+        EXPECT_EQ(read.PlainElement().framesBlend, 1);
+    }
+}
+
 TEST(AdditionsElements, EachWordOfTransIsItsBlending) {
     const auto kindOf = [](const char* trans) {
         const BothReadings read(std::string("[BG]\r\ntrans = ") + trans + "\r\n");
@@ -182,6 +229,9 @@ TEST(AdditionsFrames, EachLetterIsItsBlending) {
     EXPECT_EQ(kindOf("a1"), BlendKind::Add1);
     EXPECT_EQ(kindOf("S"), BlendKind::Sub);
     EXPECT_EQ(kindOf("As256d256"), BlendKind::AddAlpha);
+    EXPECT_EQ(kindOf("Add"), BlendKind::Add);
+    EXPECT_EQ(kindOf("ADD1"), BlendKind::Add1);
+    EXPECT_EQ(kindOf("sub"), BlendKind::Sub);
     EXPECT_EQ(kindOf("Z"), BlendKind::None);
     EXPECT_EQ(kindOf(""), BlendKind::None);
 }
@@ -211,6 +261,33 @@ TEST(AdditionsFrames, AFlipThatNobodyKnowsIsReportedAsEver) {
 
 // --- settings ---
 
+struct VersionRow {
+    const char* lines;
+    Single version;
+};
+
+TEST(AdditionsSettings, TheVersionIsOneNumberFrom1ToBelow100OfTheInfoSection) {
+    for (const VersionRow& row : {
+             VersionRow{"[Info]\r\nmugenversion = 1.0\r\n", 1},
+             VersionRow{"[ info ]\r\nMugenVersion = 1.1 ; and a comment, this\r\n", 1.1F},
+             VersionRow{"[INFO]\r\nmugenversion = 99.9\r\n", 99.9F},
+             VersionRow{"[Info]\r\nmugenversion = 100\r\n", 0},
+             VersionRow{"[Info]\r\nmugenversion = 2002\r\n", 0},
+             VersionRow{"[Info]\r\nmugenversion = .9\r\n", 0},
+             VersionRow{"[Info]\r\nmugenversion = 04,14,2002\r\n", 0},
+             VersionRow{"[Info]\r\nmugenversion = 04 , 14 , 2002\r\n", 0},
+             VersionRow{"[Info]\r\nmugenversion = x\r\n", 0},
+             VersionRow{"[Info]\r\n", 0},
+             VersionRow{"mugenversion = 1.0\r\n", 0},
+             VersionRow{"[StageInfo]\r\nmugenversion = 1.0\r\n", 0},
+             VersionRow{"[Info]\r\n[Camera]\r\nmugenversion = 1.0\r\n", 0},
+         }) {
+        const BothReadings read(row.lines);
+        EXPECT_EQ(read.With().MugenVersion, row.version) << row.lines;
+        EXPECT_EQ(read.Plain().MugenVersion, 0) << row.lines;
+    }
+}
+
 TEST(AdditionsSettings, HiresAndLocalcoordAreRead) {
     const BothReadings read("[StageInfo]\r\nhires = 1\r\nlocalcoord = 640, 480\r\n");
     EXPECT_EQ(read.With().hires, 1);
@@ -223,11 +300,15 @@ TEST(AdditionsSettings, HiresAndLocalcoordAreRead) {
 
 TEST(AdditionsSettings, AreForgottenByTheNextStage) {
     StageMachine machine;
-    ASSERT_TRUE(machine.Load("[StageInfo]\r\nhires = 1\r\nlocalcoord = 640, 480\r\n"));
+    ASSERT_TRUE(
+        machine.Load("[StageInfo]\r\nhires = 1\r\nlocalcoord = 640, 480\r\n"
+                     "[Info]\r\nmugenversion = 1.1\r\n"));
+    EXPECT_EQ(machine.model.MugenVersion, 1.1F);
     ASSERT_TRUE(machine.Load("[StageInfo]\r\n"));
     EXPECT_EQ(machine.model.hires, 0);
     EXPECT_EQ(machine.model.localcoordHeight, 0);
     EXPECT_EQ(machine.model.ElementScale, 1);
+    EXPECT_EQ(machine.model.MugenVersion, 0);
 }
 
 }  // namespace
