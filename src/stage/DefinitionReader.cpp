@@ -21,6 +21,17 @@ void Clean(std::string_view line, std::string& cleaned) {
     }
 }
 
+// Whether a line of an action is a frame: any with a comma. Addition: and with a number first, so
+// that boxes ("Clsn2[0] = -10,-20,10,20") and settings are none.
+bool IsFrame(std::string_view line, bool additions) {
+    if (!additions) {
+        return Contains(line, ",");
+    }
+    std::string_view text = Trim(line);
+    text.remove_prefix(text.starts_with('-') ? 1 : 0);
+    return !text.empty() && IsDigit(text.front()) && Contains(text, ",");
+}
+
 }  // namespace
 
 void DefinitionReader::ReadLine(std::string_view line, std::int64_t number) {
@@ -119,7 +130,7 @@ void DefinitionReader::ReadActionLine(KeyOffer& offer) {
     StageAction& action = action_.Current();
     if (Contains(keyLine_.Lower(), "loopstart")) {
         action.loopstart = static_cast<Integer>(lastFrame_ + 1);
-    } else if (Contains(cleaned_, ",")) {
+    } else if (IsFrame(cleaned_, options_.Additions)) {
         if (frame_.Append(action.frames, action.frameCount)) {
             ++lastFrame_;
         } else {

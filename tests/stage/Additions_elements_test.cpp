@@ -199,6 +199,44 @@ BothReadings FrameLine(const std::string& line) {
     return BothReadings("[Begin Action 1]\r\n" + line + "\r\n");
 }
 
+struct FrameLineRow {
+    const char* line;
+    int with;  // frames
+    int plain;
+};
+
+TEST(AdditionsFrames, BeginWithANumber) {
+    for (const FrameLineRow& row : {
+             FrameLineRow{"0,0, 0,0, 5", 1, 1},
+             FrameLineRow{"  7,0, 0,0, 5", 1, 1},
+             FrameLineRow{"-1,0, 0,0, 5", 1, 1},
+             FrameLineRow{"  -1,0", 1, 1},
+             FrameLineRow{"5", 0, 0},
+             FrameLineRow{"start = 0,270", 0, 1},
+             FrameLineRow{"Clsn2: 1,2", 0, 1},
+             FrameLineRow{",1, 0,0, 5", 0, 1},
+             FrameLineRow{"-,1, 0,0, 5", 0, 1},
+             FrameLineRow{"--1,1", 0, 1},
+             FrameLineRow{"- 1,1", 0, 1},
+             FrameLineRow{"x1,1", 0, 1},
+         }) {
+        const BothReadings read(std::string("[Begin Action 1]\r\n") + row.line + "\r\n");
+        EXPECT_EQ(read.With().Actions.at(0).frameCount, row.with) << row.line;
+        EXPECT_EQ(read.Plain().Actions.at(0).frameCount, row.plain) << row.line;
+    }
+}
+
+// Plainly a line with brackets is a header and ends the action.
+TEST(AdditionsFrames, BoxesAndSettingsDoNotShiftTheStartOfTheLoop) {
+    const BothReadings read(
+        "[Begin Action 1]\r\nClsn2: 1\r\n  Clsn2[0] = -10,-20,10,20\r\nstart = 0,270\r\n"
+        "0,0, 0,0, 5\r\nClsn1[0] = 1,2,3,4\r\nLoopstart\r\n0,1, 0,0, 5\r\n");
+    EXPECT_EQ(read.With().Actions.at(0).frameCount, 2);
+    EXPECT_EQ(read.With().Actions.at(0).loopstart, 1);
+    EXPECT_EQ(read.With().Actions.at(0).frames.at(1).image, 1);
+    EXPECT_EQ(read.Plain().Actions.at(0).frameCount, 0);
+}
+
 TEST(AdditionsFrames, BehindTheFlipStandsAFramesOwnBlending) {
     const BothReadings read = FrameLine("4,1, -2,3, 5, H, AS100D200");
     EXPECT_EQ(read.WithFrame().flip, "h");
