@@ -62,6 +62,7 @@ void DefinitionReader::SayFull(Table table, std::string_view what) {
 }
 
 void DefinitionReader::StartSection(std::string_view header) {
+    CloseElement();
     section_ = KindOfSection(header);
     inInfo_ = SectionName(header) == "info";
     switch (section_) {
@@ -82,6 +83,21 @@ void DefinitionReader::StartElement(std::string_view header) {
         SayFull(Table::Elements, "BG");
     }
     element_.Current().name = ElementName(header);
+    elementLine_ = lineNumber_;
+}
+
+// Addition: an element of no known kind is a dummy, once all of its section has been read.
+void DefinitionReader::CloseElement() {
+    if (section_ != SectionKind::Element || !options_.Additions || !element_.IsKept()) {
+        return;
+    }
+    std::string& type = element_.Current().type;
+    if (IsKnownKind(type)) {
+        return;
+    }
+    const std::string text = type.empty() ? "BG without a type" : "BG of unknown type " + type;
+    messages_.MsgBox(kMessageUnknownType, text + ", line " + std::to_string(elementLine_));
+    type = "dummy";
 }
 
 void DefinitionReader::StartAction(std::string_view header) {

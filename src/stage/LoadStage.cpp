@@ -29,6 +29,7 @@ std::string ReadDefinition(StageModel& model, std::string& defPath,
             reader.ReadLine(lines.Line(), lines.Number());
         }
     }
+    reader.Finish();
     repair.Undo();
     return reader.Spr();
 }

@@ -22,9 +22,7 @@ constexpr Integer kBlendingValue = 7;
 // Addition: a kind that is none of the known words is decided by its first letter ("nrm", "anim
 // loop").
 void KindByFirstLetter(std::string& type) {
-    constexpr std::array<std::string_view, 5> kKnown = {"normal", "parallax", "anim", "dummy",
-                                                        "null"};
-    if (type.empty() || std::find(kKnown.begin(), kKnown.end(), type) != kKnown.end()) {
+    if (type.empty() || IsKnownKind(type)) {
         return;
     }
     switch (type.front()) {
@@ -88,6 +86,12 @@ void Unquote(std::string& name) {
 }
 
 }  // namespace
+
+bool IsKnownKind(std::string_view type) {
+    constexpr std::array<std::string_view, 5> kKnown = {"normal", "parallax", "anim", "dummy",
+                                                        "null"};
+    return std::find(kKnown.begin(), kKnown.end(), type) != kKnown.end();
+}
 
 void ReadElementKeys(KeyOffer& line, BackgroundElement& element, Messages& messages) {
     if (line.Whole("type", element.type)) {

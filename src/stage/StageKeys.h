@@ -6,6 +6,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "stage/KeyOffer.h"
 #include "stage/StageModel.h"
@@ -14,6 +15,9 @@ namespace scenara {
 
 inline constexpr MessageKind kMessageWindowDelta = "windowdelta";
 inline constexpr MessageKind kMessageVerticalFlip = "vertical flip";
+
+// Whether this is one of the kinds of element, after ReadElementKeys has seen to its short forms.
+[[nodiscard]] bool IsKnownKind(std::string_view type);
 
 // [BG ...]
 void ReadElementKeys(KeyOffer& line, BackgroundElement& element, Messages& messages);

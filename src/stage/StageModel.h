@@ -29,7 +29,7 @@ inline constexpr std::size_t kMaxRecords = std::numeric_limits<Integer>::max();
 
 // One [BG ...] section.
 struct BackgroundElement {
-    std::string type;      // "normal", "parallax", "anim", "dummy"
+    std::string type;      // "normal", "parallax", "anim", "dummy"; plainly any word
     Integer mask = 0;      // 1 = colour 0 is transparent
     Long spriteGroup = 0;  // the picture, by its numbers in the archive
     Integer spriteImage = 0;

@@ -10,6 +10,7 @@
 //   what may stand before a key            KeyOffer.cpp, MayStandHere
 //   how texts are cut, and their case      KeyOffer.cpp, Text
 //   kinds of element, and their keys       StageKeys.cpp, KindByFirstLetter, ReadMoreElementKeys
+//   elements of no known kind              DefinitionReader.cpp, CloseElement
 //   what counts as a frame line            DefinitionReader.cpp, IsFrame
 //   keys of the whole stage                StageKeys.cpp, ReadSettingKeys
 //   the version that a stage is made for   StageKeys.cpp, ReadInfoKeys

@@ -39,8 +39,42 @@ INSTANTIATE_TEST_SUITE_P(
                     KindRow{"parrallax", "parallax", "parrallax"}, KindRow{"anim", "anim", "anim"},
                     KindRow{"ani", "anim", "anim"}, KindRow{"anim loop", "anim", "anim loop"},
                     KindRow{"Animated", "anim", "animated"}, KindRow{"dummy", "dummy", "dummy"},
-                    KindRow{"dum", "dummy", "dum"}, KindRow{"bgpalette", "bgpalette", "bgpalette"},
-                    KindRow{"1", "1", "1"}));
+                    KindRow{"dum", "dummy", "dum"}, KindRow{"bgpalette", "dummy", "bgpalette"},
+                    KindRow{"1", "dummy", "1"}, KindRow{"", "dummy", ""}));
+
+struct UnknownKindRow {
+    const char* section;
+    const char* said;
+};
+
+TEST(AdditionsElements, OfNoKnownKindAreDummiesAndReported) {
+    for (const UnknownKindRow& row : {
+             UnknownKindRow{"[BG a]\r\nspriteno = 1,2\r\n", "BG without a type, line 2"},
+             UnknownKindRow{"[BG a]\r\ntype =\r\n", "BG without a type, line 2"},
+             UnknownKindRow{"[BG a]\r\ntyep = normal\r\n", "BG without a type, line 2"},
+             UnknownKindRow{"[BG a]\r\n\r\ntype = Video\r\n", "BG of unknown type video, line 2"},
+         }) {
+        for (const char* const behind : {"", "[BG b]\r\ntype = anim\r\n", "[Info]\r\n"}) {
+            const BothReadings read(std::string("; comment\r\n") + row.section + behind);
+            EXPECT_EQ(read.WithElement().type, "dummy") << row.section;
+            EXPECT_THAT(read.WithTexts(), ElementsAre(row.said)) << row.section << behind;
+            EXPECT_NE(read.PlainElement().type, "dummy");
+            EXPECT_THAT(read.PlainTexts(), IsEmpty());
+        }
+    }
+}
+
+TEST(AdditionsElements, OfALaterKnownTypeAreNotReported) {
+    const BothReadings read("[BG]\r\ntype = video\r\ntype = parallax\r\n");
+    EXPECT_EQ(read.WithElement().type, "parallax");
+    EXPECT_THAT(read.WithTexts(), IsEmpty());
+}
+
+TEST(AdditionsElements, EachOfNoKnownKindIsReported) {
+    const BothReadings read("[BG]\r\n[BG]\r\ntype = null\r\n[BG]\r\ntype = x\r\n[BGCtrlDef]\r\n");
+    EXPECT_THAT(read.WithTexts(), ElementsAre("BG without a type, line 1", "NULL BG 1",
+                                              "BG of unknown type x, line 4"));
+}
 
 TEST(AdditionsElements, AWordThatMeansAnimIsAnAnimationInEveryRespect) {
     const BothReadings read(
@@ -161,15 +195,15 @@ TEST(AdditionsElements, EachWordOfTransIsItsBlending) {
 }
 
 TEST(AdditionsElements, AnAlphaThatDoesNotFitIsSaidAndLeftAlone) {
-    const BothReadings read("[BG]\r\ntrans = addalpha\r\nalpha = 99999, 5\r\n");
-    EXPECT_THAT(read.WithTexts(), ElementsAre("Overflow: alpha, line 3"));
+    const BothReadings read("[BG]\r\ntype = normal\r\ntrans = addalpha\r\nalpha = 99999, 5\r\n");
+    EXPECT_THAT(read.WithTexts(), ElementsAre("Overflow: alpha, line 4"));
     EXPECT_EQ(read.WithElement().blending.source, 256);
     EXPECT_EQ(read.WithElement().blending.destination, 5);
     EXPECT_THAT(read.PlainTexts(), IsEmpty());
 }
 
 TEST(AdditionsElements, WindowDeltaIsReadWithoutAWord) {
-    const BothReadings read("[BG]\r\nwindowdelta = .5, -2\r\n");
+    const BothReadings read("[BG]\r\ntype = normal\r\nwindowdelta = .5, -2\r\n");
     EXPECT_EQ(read.WithElement().windowDeltaX, 0.5F);
     EXPECT_EQ(read.WithElement().windowDeltaY, -2);
     EXPECT_THAT(read.WithTexts(), IsEmpty());
@@ -178,7 +212,8 @@ TEST(AdditionsElements, WindowDeltaIsReadWithoutAWord) {
 }
 
 TEST(AdditionsElements, AWindowDeltaOf0IsSilentToo) {
-    EXPECT_THAT(BothReadings("[BG]\r\nwindowdelta = 0, 0\r\n").WithTexts(), IsEmpty());
+    EXPECT_THAT(BothReadings("[BG]\r\ntype = normal\r\nwindowdelta = 0, 0\r\n").WithTexts(),
+                IsEmpty());
 }
 
 TEST(AdditionsElements, YScalesAre100And0UnlessGiven) {
