@@ -66,6 +66,7 @@ bool SubfilePictures::LoadFrom(SubfileChain& chain, const SubfileHeader& subfile
         length = kLengthInsteadOfNegative;
     }
     dataSize_ = 0;
+    bool hasItsPalette = true;
     bool loaded = false;
     try {
         ReadHeader(start);
@@ -76,12 +77,15 @@ bool SubfilePictures::LoadFrom(SubfileChain& chain, const SubfileHeader& subfile
             ReadData(dataStart, packed);
         }
         if (takesPalette) {
-            TakePalette(chain, start + static_cast<std::uint64_t>(length));
+            hasItsPalette = TakePalette(chain, start + static_cast<std::uint64_t>(length));
         }
         CheckPcxHeader(header_, packed);
         loaded = decoder_.LoadPCX(header_, std::span(data_).first(dataSize_), picture);
     } catch (...) {
         decoder_.HandleError("LoadPCX", TextOfCurrentError());
+    }
+    if (loaded && !hasItsPalette) {
+        SayPaletteIsMissing(subfile);
     }
     if (loaded) {
         chain.CountShownBytes(kPcxHeaderSize + picture.consumed);
@@ -110,19 +114,22 @@ void SubfilePictures::ReadData(std::uint64_t start, std::uint64_t packed) {
     dataSize_ = archive_.ReadAt(start, std::span(data_).first(size));
 }
 
-void SubfilePictures::TakePalette(const SubfileChain& chain, std::uint64_t end) {
+bool SubfilePictures::TakePalette(const SubfileChain& chain, std::uint64_t end) {
     const bool own = !chain.Header().samePalette || chain.Index() == 0 || !havePalette_;
     if (!header_.Is256Colors() || !own) {
-        return;
+        return true;
     }
     const std::uint64_t dataStart =
         std::uint64_t{chain.Position()} + kSubfileHeaderSize + kPcxHeaderSize;
     if (end >= kPcxPaletteSize && ReadPalette(end - kPcxPaletteSize, dataStart)) {
         havePalette_ = true;
-        return;
+        return true;
     }
-    // The pixels may be whole all the same; then they are shown.
-    std::string text = "PCX Error:  " + WhichImage(chain.Header());
+    return false;
+}
+
+void SubfilePictures::SayPaletteIsMissing(const SubfileHeader& subfile) {
+    std::string text = "PCX Error:  " + WhichImage(subfile);
     text.append(kCrLf).append(havePalette_
                                   ? "Its palette is not in the file, the one before it is used.."
                                   : "Its palette is not whole in the file, the rest is black..");

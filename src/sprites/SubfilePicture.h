@@ -55,7 +55,10 @@ private:
                   bool takesPalette, PcxPicture& picture);
     void ReadHeader(std::uint64_t start);
     void ReadData(std::uint64_t start, std::uint64_t packed);
-    void TakePalette(const SubfileChain& chain, std::uint64_t end);
+    // A picture of 256 colours takes its palette, whether or not its pixels can be had: the next
+    // one may share it. False where it has none; then the picture may be whole all the same.
+    [[nodiscard]] bool TakePalette(const SubfileChain& chain, std::uint64_t end);
+    void SayPaletteIsMissing(const SubfileHeader& subfile);
     [[nodiscard]] bool ReadPalette(std::uint64_t start, std::uint64_t dataStart);
 
     InputFile& archive_;

@@ -396,6 +396,28 @@ TEST(MissingPalette, OfALaterPictureIsTheOneBeforeWithAMessage) {
     EXPECT_THAT(archive.Texts()[0], HasSubstr("palette"));
 }
 
+// What is dropped needs no colours.
+TEST(MissingPalette, OfAPictureThatIsDroppedIsNotReported) {
+    const auto good = WriteSff1({Shown(0, 0, WritePcx(StripedPicture(8, 8, PaletteOf(1)))),
+                                 Shown(0, 1, WritePcx(StripedPicture(40, 30, PaletteOf(2))))});
+    const std::size_t pcx = SubfileOffsets(good, 2)[1] + 32;
+    const auto messagesOf = [](std::vector<std::byte> bytes, std::size_t cut) {
+        bytes.resize(bytes.size() - cut);
+        Pictures archive(bytes);
+        EXPECT_TRUE(archive.LoadNext());
+        EXPECT_FALSE(archive.LoadNext());
+        return archive.Texts();
+    };
+    auto noPcx = good;
+    noPcx[pcx] = std::byte{0x99};
+    EXPECT_THAT(messagesOf(noPcx, 1),
+                ElementsAre(HandleErrorText("Bad format: not a PCX picture")));
+    auto wrongWayRound = good;
+    PatchU16(wrongWayRound, pcx + 4, 500);  // xMin
+    EXPECT_THAT(messagesOf(wrongWayRound, 1), ElementsAre(HasSubstr("pixels")));
+    EXPECT_THAT(messagesOf(good, 768 + 5), ElementsAre(HasSubstr("the pixels end after")));
+}
+
 // Flag or not, the first picture with 256 colours that comes out brings the first palette.
 TEST(MissingPalette, AfterNothingWithAPaletteIsThePicturesOwn) {
     const auto a = StripedPicture(8, 8, PaletteOf(3));
