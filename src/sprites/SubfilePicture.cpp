@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <span>
 #include <string>
 
 #include "base/RunTimeError.h"
@@ -28,20 +29,9 @@ std::uint64_t Available(const InputFile& file, std::uint64_t start, std::uint64_
 
 }  // namespace
 
-SubfilePictures::SubfilePictures(InputFile& archive, TextureMaker& device, Messages& messages)
-    : archive_(archive), messages_(messages), decoder_(device, messages) {}
-
-bool ReadSubfilePalette(InputFile& archive, const SubfileHeader& subfile, std::uint32_t position,
-                        PaletteBytes& palette) {
-    palette.fill(std::byte{0});
-    constexpr auto kSize = static_cast<Long>(kPcxPaletteSize);
-    if (subfile.length < kSize) {
-        return false;
-    }
-    const std::uint64_t start = std::uint64_t{position} + kSubfileHeaderSize +
-                                static_cast<std::uint64_t>(subfile.length - kSize);
-    return archive.ReadAt(start, palette) == palette.size();
-}
+SubfilePictures::SubfilePictures(InputFile& archive, TextureMaker& device, Messages& messages,
+                                 const ViewOptions& options)
+    : archive_(archive), messages_(messages), options_(options), decoder_(device, messages) {}
 
 bool SubfilePictures::Load(SubfileChain& chain, PcxPicture& picture) {
     return LoadFrom(chain, chain.Header(), chain.Position(), true, picture);
@@ -121,11 +111,17 @@ bool SubfilePictures::TakePalette(const SubfileChain& chain, std::uint64_t end) 
     }
     const std::uint64_t dataStart =
         std::uint64_t{chain.Position()} + kSubfileHeaderSize + kPcxHeaderSize;
-    if (end >= kPcxPaletteSize && ReadPalette(end - kPcxPaletteSize, dataStart)) {
-        havePalette_ = true;
-        return true;
+    if (end < kPcxPaletteSize) {
+        return false;
     }
-    return false;
+    const std::uint64_t paletteStart = end - kPcxPaletteSize;
+    const auto data = std::span<const std::byte>(data_).first(dataSize_);
+    if (options_.Additions && !IsPaletteAt(archive_, header_, dataStart, paletteStart, data)) {
+        return false;
+    }
+    const bool whole = ReadPalette(paletteStart, dataStart);
+    havePalette_ = havePalette_ || whole;
+    return whole;
 }
 
 void SubfilePictures::SayPaletteIsMissing(const SubfileHeader& subfile) {

@@ -60,7 +60,8 @@ void LoadArchive(StageModel& model, const std::string& spr, const std::string& d
         return;
     }
     const double scale = context.options.Additions ? ScaleOf(model).elements : 1;
-    LoadSprites(model, *archive, path, context.device, context.window, context.messages, scale);
+    LoadSprites(model, *archive, path, context.device, context.window, context.messages,
+                context.options, scale);
 }
 
 }  // namespace

@@ -25,6 +25,7 @@
 //   the test character, moved and seen     app/CharacterPass.cpp; render/Figure.cpp
 //   a character's ground that moves        character/PlaceCharacter.cpp, FollowGround
 //   blank frames, and repeated actions     character/CharacterAnimation.cpp
+//   palettes that are none                 sprites/SubfilePalette.cpp
 //   palette files, and palettes in force   character/CharacterColors.cpp; CharacterSprites.cpp
 //   archives of version 2, to come         sprites/sff2.cpp, LoadSprites
 #pragma once
