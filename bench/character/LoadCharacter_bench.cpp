@@ -107,7 +107,7 @@ void LoadAll(benchmark::State& state) {
         HeadlessWindow window;
         StageModel model;
         const auto file = disk.Disk().OpenForReading(disk.Path("hero.sff"));
-        LoadSprites(model, *file, "hero.sff", device, window, messages);
+        LoadSprites(model, *file, "hero.sff", device, window, messages, ViewOptions{});
         if (!messages.Recorded().empty()) {
             state.SkipWithError("the archive does not load");
             return;

@@ -44,7 +44,7 @@ void AddArchive(std::vector<ScenePicture>& pictures, const std::string& path) {
     HeadlessMessages messages;
     StageModel model;
     const auto file = files.OpenForReading(path);
-    LoadSprites(model, *file, path, device, window, messages);
+    LoadSprites(model, *file, path, device, window, messages, ViewOptions{});
     for (const SpriteEntry& sprite : model.Sprites) {
         if (sprite.linkedTo < 0) {
             pictures.push_back(PictureOf(sprite));

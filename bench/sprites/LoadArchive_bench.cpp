@@ -30,7 +30,7 @@ void LoadInto(StageModel& model, TextureMaker& device, const std::string& path) 
     HeadlessMessages messages;
     HeadlessWindow window;
     const auto file = files.OpenForReading(path);
-    LoadSprites(model, *file, path, device, window, messages);
+    LoadSprites(model, *file, path, device, window, messages, ViewOptions{});
     if (!messages.Recorded().empty()) {
         throw std::runtime_error(messages.Recorded().front().text);
     }

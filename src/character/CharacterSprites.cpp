@@ -32,14 +32,6 @@ struct Subfile {
     std::uint32_t paletteFrom = 0;  // the subfile whose palette is in force for it
 };
 
-// Whether the subfile at `position` is a picture that brings a palette: one of 24 bits has pixels
-// where that would be.
-bool HasPalette(InputFile& archive, std::uint32_t position) {
-    std::array<std::byte, kPcxHeaderSize> bytes{};
-    return archive.ReadAt(std::uint64_t{position} + kSubfileHeaderSize, bytes) == bytes.size() &&
-           ReadPcxHeader(bytes).Is256Colors();
-}
-
 // Group and image of every frame that is to show something, each once, sorted.
 std::vector<Pair> WantedPictures(const TestCharacter& character) {
     std::vector<Pair> wanted;
@@ -71,7 +63,7 @@ public:
           act_(act),
           context_(context),
           chain_(archive, header),
-          pictures_(archive, context.device, context.messages) {}
+          pictures_(archive, context.device, context.messages, context.options) {}
 
     void Load() {
         Walk();
@@ -142,11 +134,18 @@ private:
             shared_ = *act_;
         } else if (!subfiles_.empty()) {
             const Subfile& first = subfiles_.front();
-            sharedIsWhole_ =
-                (!context_.options.Additions || HasPalette(archive_, first.position)) &&
-                PaletteOf(first, shared_);
+            sharedIsWhole_ = (!context_.options.Additions ||
+                              BringsPalette(archive_, first.header, first.position)) &&
+                             PaletteOf(first, shared_);
         }
         character_.ColorKey = ColorKeyOf(shared_);
+    }
+
+    // How much of the file may have been looked through for the palette of a subfile.
+    [[nodiscard]] std::uint64_t PictureBytesOf(const Subfile& subfile) const {
+        const auto claimed = static_cast<std::uint64_t>(std::max(subfile.header.length, Long{0}));
+        return std::min(
+            claimed, archive_.Size() - std::min<std::uint64_t>(archive_.Size(), subfile.position));
     }
 
     bool PaletteOf(const Subfile& subfile, PaletteBytes& palette) {
@@ -182,11 +181,13 @@ private:
             passed.push_back(from);
             PaletteBytes palette{};
             const Subfile& subfile = subfiles_[from];
-            if (HasPalette(archive_, subfile.position) && PaletteOf(subfile, palette)) {
+            if (BringsPalette(archive_, subfile.header, subfile.position) &&
+                PaletteOf(subfile, palette)) {
                 lender = from;
                 break;
             }
-            if (from == 0) {
+            chain_.CountLostBytes(PictureBytesOf(subfile));
+            if (from == 0 || chain_.IsOverused()) {
                 break;
             }
             from = subfiles_[from - 1].paletteFrom;

@@ -59,18 +59,15 @@ private:
 
 }  // namespace
 
-// Addition: the current frame's own blending goes before the element's.
+// Addition: the element's blending goes before that of the current frame.
 Blending BlendingInForce(const StageModel& model, const BackgroundElement& element,
                          bool additions) {
     if (!additions) {
         return {};
     }
-    if (IsAnimated(element.type)) {
-        const StageFrame& frame =
-            RecordAt(ActionOf(model, element)->frames, element.frameIndex, "frame");
-        if (frame.blending.kind != BlendKind::None) {
-            return frame.blending;
-        }
+    const bool leftToFrames = element.blending.kind == BlendKind::None && element.framesBlend != 0;
+    if (leftToFrames && IsAnimated(element.type)) {
+        return RecordAt(ActionOf(model, element)->frames, element.frameIndex, "frame").blending;
     }
     return element.blending;
 }

@@ -20,8 +20,9 @@ namespace scenara {
 void DrawElement(Engine& engine, const StageModel& model, const BackgroundElement& element,
                  const DrawOptions& options);
 
-// Addition: the blending that the element is drawn with now, its current frame's before its own.
-// Without additions none. Raises "Subscript out of range" as DrawElement does; expects HasPictures.
+// Addition: the blending that the element is drawn with now: its own or, where it leaves that to
+// the frames, its current frame's. Without additions none. Raises "Subscript out of range" as
+// DrawElement does; expects HasPictures.
 [[nodiscard]] Blending BlendingInForce(const StageModel& model, const BackgroundElement& element,
                                        bool additions);
 

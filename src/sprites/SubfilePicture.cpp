@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <span>
 #include <string>
 
 #include "base/RunTimeError.h"
@@ -28,20 +29,9 @@ std::uint64_t Available(const InputFile& file, std::uint64_t start, std::uint64_
 
 }  // namespace
 
-SubfilePictures::SubfilePictures(InputFile& archive, TextureMaker& device, Messages& messages)
-    : archive_(archive), messages_(messages), decoder_(device, messages) {}
-
-bool ReadSubfilePalette(InputFile& archive, const SubfileHeader& subfile, std::uint32_t position,
-                        PaletteBytes& palette) {
-    palette.fill(std::byte{0});
-    constexpr auto kSize = static_cast<Long>(kPcxPaletteSize);
-    if (subfile.length < kSize) {
-        return false;
-    }
-    const std::uint64_t start = std::uint64_t{position} + kSubfileHeaderSize +
-                                static_cast<std::uint64_t>(subfile.length - kSize);
-    return archive.ReadAt(start, palette) == palette.size();
-}
+SubfilePictures::SubfilePictures(InputFile& archive, TextureMaker& device, Messages& messages,
+                                 const ViewOptions& options)
+    : archive_(archive), messages_(messages), options_(options), decoder_(device, messages) {}
 
 bool SubfilePictures::Load(SubfileChain& chain, PcxPicture& picture) {
     return LoadFrom(chain, chain.Header(), chain.Position(), true, picture);
@@ -66,6 +56,7 @@ bool SubfilePictures::LoadFrom(SubfileChain& chain, const SubfileHeader& subfile
         length = kLengthInsteadOfNegative;
     }
     dataSize_ = 0;
+    bool hasItsPalette = true;
     bool loaded = false;
     try {
         ReadHeader(start);
@@ -76,12 +67,15 @@ bool SubfilePictures::LoadFrom(SubfileChain& chain, const SubfileHeader& subfile
             ReadData(dataStart, packed);
         }
         if (takesPalette) {
-            TakePalette(chain, start + static_cast<std::uint64_t>(length));
+            hasItsPalette = TakePalette(chain, start + static_cast<std::uint64_t>(length));
         }
         CheckPcxHeader(header_, packed);
         loaded = decoder_.LoadPCX(header_, std::span(data_).first(dataSize_), picture);
     } catch (...) {
         decoder_.HandleError("LoadPCX", TextOfCurrentError());
+    }
+    if (loaded && !hasItsPalette) {
+        SayPaletteIsMissing(subfile);
     }
     if (loaded) {
         chain.CountShownBytes(kPcxHeaderSize + picture.consumed);
@@ -110,19 +104,28 @@ void SubfilePictures::ReadData(std::uint64_t start, std::uint64_t packed) {
     dataSize_ = archive_.ReadAt(start, std::span(data_).first(size));
 }
 
-void SubfilePictures::TakePalette(const SubfileChain& chain, std::uint64_t end) {
+bool SubfilePictures::TakePalette(const SubfileChain& chain, std::uint64_t end) {
     const bool own = !chain.Header().samePalette || chain.Index() == 0 || !havePalette_;
     if (!header_.Is256Colors() || !own) {
-        return;
+        return true;
     }
     const std::uint64_t dataStart =
         std::uint64_t{chain.Position()} + kSubfileHeaderSize + kPcxHeaderSize;
-    if (end >= kPcxPaletteSize && ReadPalette(end - kPcxPaletteSize, dataStart)) {
-        havePalette_ = true;
-        return;
+    if (end < kPcxPaletteSize) {
+        return false;
     }
-    // The pixels may be whole all the same; then they are shown.
-    std::string text = "PCX Error:  " + WhichImage(chain.Header());
+    const std::uint64_t paletteStart = end - kPcxPaletteSize;
+    const auto data = std::span<const std::byte>(data_).first(dataSize_);
+    if (options_.Additions && !IsPaletteAt(archive_, header_, dataStart, paletteStart, data)) {
+        return false;
+    }
+    const bool whole = ReadPalette(paletteStart, dataStart);
+    havePalette_ = havePalette_ || whole;
+    return whole;
+}
+
+void SubfilePictures::SayPaletteIsMissing(const SubfileHeader& subfile) {
+    std::string text = "PCX Error:  " + WhichImage(subfile);
     text.append(kCrLf).append(havePalette_
                                   ? "Its palette is not in the file, the one before it is used.."
                                   : "Its palette is not whole in the file, the rest is black..");

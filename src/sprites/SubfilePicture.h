@@ -4,41 +4,36 @@
 //
 // The archive is read in two goes per picture (PCX header; then pixels and palette) into buffers
 // that are used again for the next; no more of it is ever in memory. The palette is the last 768
-// bytes of the subfile's data, kept from picture to picture for those that share it.
+// bytes of the subfile's data, kept from picture to picture for those that share it. Addition:
+// those bytes are looked at first (SubfilePalette.h); a picture without a palette has that of the
+// one before it.
 //
 // A length that goes past the end of the file, or reaches into the next subfile, is no error as
 // long as the pixels are complete. Nothing is read that the picture could not need.
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
-#include <span>
 #include <vector>
 
 #include "platform/Direct3D8.h"
 #include "platform/Files.h"
 #include "platform/Messages.h"
 #include "sprites/SffArchive.h"
+#include "sprites/SubfilePalette.h"
 #include "sprites/modFilePCX.h"
+#include "stage/ViewOptions.h"
 
 namespace scenara {
 
 inline constexpr MessageKind kMessageNegativeLength = "negative length";
 inline constexpr MessageKind kMessageMissingPalette = "missing palette";
 
-// 256 times red, green, blue.
-using PaletteBytes = std::array<std::byte, kPcxPaletteSize>;
-
-// The palette at the end of the data of the subfile at `position`. False: the subfile or the file
-// does not have all of it; what is missing is black.
-[[nodiscard]] bool ReadSubfilePalette(InputFile& archive, const SubfileHeader& subfile,
-                                      std::uint32_t position, PaletteBytes& palette);
-
 class SubfilePictures {
 public:
-    // All three outlive it.
-    SubfilePictures(InputFile& archive, TextureMaker& device, Messages& messages);
+    // The first three outlive it.
+    SubfilePictures(InputFile& archive, TextureMaker& device, Messages& messages,
+                    const ViewOptions& options);
 
     // The picture of the subfile that the chain stands on. False on any failure; then the reason
     // has been shown.
@@ -55,11 +50,15 @@ private:
                   bool takesPalette, PcxPicture& picture);
     void ReadHeader(std::uint64_t start);
     void ReadData(std::uint64_t start, std::uint64_t packed);
-    void TakePalette(const SubfileChain& chain, std::uint64_t end);
+    // A picture of 256 colours takes its palette, whether or not its pixels can be had: the next
+    // one may share it. False where it has none; then the picture may be whole all the same.
+    [[nodiscard]] bool TakePalette(const SubfileChain& chain, std::uint64_t end);
+    void SayPaletteIsMissing(const SubfileHeader& subfile);
     [[nodiscard]] bool ReadPalette(std::uint64_t start, std::uint64_t dataStart);
 
     InputFile& archive_;
     Messages& messages_;
+    ViewOptions options_;
     PcxDecoder decoder_;
     PcxHeader header_;
     std::vector<std::byte> data_;  // only grows; the picture's bytes are its first dataSize_

@@ -62,14 +62,14 @@ std::vector<std::uint64_t> OpaquePictures(const StageModel& model) {
 class SpriteLoader {
 public:
     SpriteLoader(StageModel& model, InputFile& archive, const SffHeader& header,
-                 TextureMaker& device, Messages& messages, double scale)
+                 TextureMaker& device, Messages& messages, const ViewOptions& options, double scale)
         : model_(model),
           header_(header),
           device_(device),
           messages_(messages),
           scale_(scale),
           chain_(archive, header),
-          pictures_(archive, scale == 1 ? device : scratch_, messages),
+          pictures_(archive, scale == 1 ? device : scratch_, messages, options),
           masked_(MaskedPictures(model)),
           opaque_(scale == 1 ? std::vector<std::uint64_t>() : OpaquePictures(model)) {}
 
@@ -172,8 +172,8 @@ private:
 
 void LoadChain(StageModel& model, InputFile& archive, const std::string& name,
                const SffHeader& header, TextureMaker& device, Window& window, Messages& messages,
-               double scale) {
-    SpriteLoader loader(model, archive, header, device, messages, scale);
+               const ViewOptions& options, double scale) {
+    SpriteLoader loader(model, archive, header, device, messages, options, scale);
     SubfileChain& chain = loader.Chain();
     while (!window.EndRequested() && chain.Next()) {
         window.SetCaption(LoadingCaption(model.StageTitle, chain.Index(), header.imageCount));
@@ -213,7 +213,8 @@ std::string LoadingCaption(const std::string& title, std::uint32_t done, std::ui
 }
 
 void LoadSprites(StageModel& model, InputFile& archive, const std::string& name,
-                 TextureMaker& device, Window& window, Messages& messages, double scale) {
+                 TextureMaker& device, Window& window, Messages& messages,
+                 const ViewOptions& options, double scale) {
     try {
         const SffHeader header = ReadSffHeader(archive);
         if (header.IsVersion2()) {
@@ -222,7 +223,7 @@ void LoadSprites(StageModel& model, InputFile& archive, const std::string& name,
                                 ", only version 1 can be read.");
             return;
         }
-        LoadChain(model, archive, name, header, device, window, messages, scale);
+        LoadChain(model, archive, name, header, device, window, messages, options, scale);
     } catch (...) {
         SayArchiveError(messages, kMessageSffError, name, TextOfCurrentError());
     }

@@ -19,6 +19,7 @@
 #include "platform/Messages.h"
 #include "platform/Window.h"
 #include "stage/StageModel.h"
+#include "stage/ViewOptions.h"
 
 namespace scenara {
 
@@ -32,7 +33,8 @@ inline constexpr MessageKind kMessageSffVersion = "SFF version";
 // Never raises an error for what stands in the file. With a `scale` other than 1 (an addition) each
 // picture is brought to that size; the axis keeps the file's.
 void LoadSprites(StageModel& model, InputFile& archive, const std::string& name,
-                 TextureMaker& device, Window& window, Messages& messages, double scale = 1);
+                 TextureMaker& device, Window& window, Messages& messages,
+                 const ViewOptions& options, double scale = 1);
 
 // "Loading " + title + " " + how much of `count` is done, as "5%"; "%" alone for none. Of a title
 // the first 255 bytes, more than any title bar shows.

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "base/NumberText.h"
+#include "base/Text.h"
 
 namespace scenara {
 namespace {
@@ -16,15 +17,21 @@ Integer Share(double value) {
 
 }  // namespace
 
-Blending ElementBlending(std::string_view trans, Integer alphaSource, Integer alphaDestination) {
+Blending ElementBlending(std::string_view trans, Integer alphaSource,
+                         std::optional<Integer> alphaDestination) {
+    const Integer source = Share(alphaSource);
     if (trans.starts_with("addalpha")) {
-        return {BlendKind::AddAlpha, Share(alphaSource), Share(alphaDestination)};
+        return {BlendKind::AddAlpha, source, Share(alphaDestination.value_or(0))};
     }
     if (trans.starts_with("add1")) {
         return {BlendKind::Add1};
     }
     if (trans.starts_with("add")) {
-        return {BlendKind::Add};
+        const Integer destination = Share(alphaDestination.value_or(kWhole));
+        if (source == kWhole && destination == kWhole) {
+            return {BlendKind::Add};
+        }
+        return {BlendKind::AddAlpha, source, destination};
     }
     if (trans.starts_with("sub")) {
         return {BlendKind::Sub};
@@ -32,26 +39,28 @@ Blending ElementBlending(std::string_view trans, Integer alphaSource, Integer al
     return {};
 }
 
+bool FramesBlend(std::string_view trans, bool belowVersion1) {
+    return trans.empty() || trans.starts_with("default") ||
+           (belowVersion1 && trans.starts_with("none"));
+}
+
 Blending FrameBlending(std::string_view text) {
-    if (text == "a") {
-        return {BlendKind::Add};
+    if (text.starts_with("as") && text.size() > 2 && IsDigit(text[2])) {
+        const std::size_t divide = text.find('d');
+        const double destination =
+            divide == std::string_view::npos ? 0 : LeadingNumber(text.substr(divide + 1));
+        return {BlendKind::AddAlpha, Share(LeadingNumber(text.substr(2))), Share(destination)};
     }
-    if (text == "a1") {
+    if (text.starts_with("a1") || text.starts_with("add1")) {
         return {BlendKind::Add1};
     }
-    if (text == "s") {
+    if (text.starts_with('a')) {
+        return {BlendKind::Add};
+    }
+    if (text.starts_with('s')) {
         return {BlendKind::Sub};
     }
-    const std::size_t divide = text.find('d');
-    if (!text.starts_with("as") || divide == std::string_view::npos) {
-        return {};
-    }
-    const std::string_view source = text.substr(2, divide - 2);
-    const std::string_view destination = text.substr(divide + 1);
-    if (source.empty() || destination.empty()) {
-        return {};
-    }
-    return {BlendKind::AddAlpha, Share(LeadingNumber(source)), Share(LeadingNumber(destination))};
+    return {};
 }
 
 }  // namespace scenara

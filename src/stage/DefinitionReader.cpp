@@ -21,6 +21,17 @@ void Clean(std::string_view line, std::string& cleaned) {
     }
 }
 
+// Whether a line of an action is a frame: any with a comma. Addition: and with a number first, so
+// that boxes ("Clsn2[0] = -10,-20,10,20") and settings are none.
+bool IsFrame(std::string_view line, bool additions) {
+    if (!additions) {
+        return Contains(line, ",");
+    }
+    std::string_view text = Trim(line);
+    text.remove_prefix(text.starts_with('-') ? 1 : 0);
+    return !text.empty() && IsDigit(text.front()) && Contains(text, ",");
+}
+
 }  // namespace
 
 void DefinitionReader::ReadLine(std::string_view line, std::int64_t number) {
@@ -40,7 +51,7 @@ void DefinitionReader::ReadLine(std::string_view line, std::int64_t number) {
         case SectionKind::Action: ReadActionLine(offer); break;
         case SectionKind::CtrlDef: ReadCtrlDefKeys(offer, ctrlDef_.Current()); break;
         case SectionKind::Ctrl: ReadCtrlKeys(offer, ctrl_.Current()); break;
-        case SectionKind::Settings: ReadSettingKeys(offer, model_, spr_); break;
+        case SectionKind::Settings: ReadSettingLine(offer); break;
     }
 }
 
@@ -51,7 +62,9 @@ void DefinitionReader::SayFull(Table table, std::string_view what) {
 }
 
 void DefinitionReader::StartSection(std::string_view header) {
+    CloseElement();
     section_ = KindOfSection(header);
+    inInfo_ = SectionName(header) == "info";
     switch (section_) {
         case SectionKind::Element: StartElement(header); break;
         case SectionKind::Action: StartAction(header); break;
@@ -70,6 +83,21 @@ void DefinitionReader::StartElement(std::string_view header) {
         SayFull(Table::Elements, "BG");
     }
     element_.Current().name = ElementName(header);
+    elementLine_ = lineNumber_;
+}
+
+// Addition: an element of no known kind is a dummy, once all of its section has been read.
+void DefinitionReader::CloseElement() {
+    if (section_ != SectionKind::Element || !options_.Additions || !element_.IsKept()) {
+        return;
+    }
+    std::string& type = element_.Current().type;
+    if (IsKnownKind(type)) {
+        return;
+    }
+    const std::string text = type.empty() ? "BG without a type" : "BG of unknown type " + type;
+    messages_.MsgBox(kMessageUnknownType, text + ", line " + std::to_string(elementLine_));
+    type = "dummy";
 }
 
 void DefinitionReader::StartAction(std::string_view header) {
@@ -107,11 +135,18 @@ void DefinitionReader::ReadElementLine(KeyOffer& offer) {
     }
 }
 
+void DefinitionReader::ReadSettingLine(KeyOffer& offer) {
+    ReadSettingKeys(offer, model_, spr_);
+    if (inInfo_ && options_.Additions) {
+        ReadInfoKeys(offer, model_);
+    }
+}
+
 void DefinitionReader::ReadActionLine(KeyOffer& offer) {
     StageAction& action = action_.Current();
     if (Contains(keyLine_.Lower(), "loopstart")) {
         action.loopstart = static_cast<Integer>(lastFrame_ + 1);
-    } else if (Contains(cleaned_, ",")) {
+    } else if (IsFrame(cleaned_, options_.Additions)) {
         if (frame_.Append(action.frames, action.frameCount)) {
             ++lastFrame_;
         } else {

@@ -23,6 +23,7 @@
 namespace scenara {
 
 inline constexpr MessageKind kMessageNullElement = "NULL BG";
+inline constexpr MessageKind kMessageUnknownType = "unknown type";
 inline constexpr MessageKind kMessageLoneControl = "BGCtrl without BGCtrlDef";
 
 class DefinitionReader {
@@ -36,16 +37,21 @@ public:
     // One line as it stands in the file, and its number for messages.
     void ReadLine(std::string_view line, std::int64_t number);
 
+    // To be called after the last line.
+    void Finish() { CloseElement(); }
+
     // The sprite archive's name, as the definition gives it.
     [[nodiscard]] const std::string& Spr() const { return spr_; }
 
 private:
     void StartSection(std::string_view header);
     void StartElement(std::string_view header);
+    void CloseElement();
     void StartAction(std::string_view header);
     void StartCtrl();
     void ReadElementLine(KeyOffer& offer);
     void ReadActionLine(KeyOffer& offer);
+    void ReadSettingLine(KeyOffer& offer);
 
     // Says once per table that it is full.
     enum class Table { Elements, Actions, Frames, CtrlDefs, Controls };
@@ -60,8 +66,10 @@ private:
     KeyLine keyLine_{std::string_view()};
     std::int64_t lineNumber_ = 0;
     SectionKind section_ = SectionKind::Settings;
+    bool inInfo_ = false;  // the section is [Info]
 
     RecordSlot<BackgroundElement> element_;
+    std::int64_t elementLine_ = 0;  // of its header
     RecordSlot<StageAction> action_;
     RecordSlot<StageFrame> frame_;
     RecordSlot<BgCtrlDef> ctrlDef_;

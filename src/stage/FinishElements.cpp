@@ -2,6 +2,7 @@
 #include "stage/FinishElements.h"
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -41,6 +42,15 @@ std::uint64_t SpriteKey(Long group, Integer image) {
            static_cast<std::uint16_t>(image);
 }
 
+void FinishBlending(BackgroundElement& element, bool belowVersion1) {
+    std::optional<Integer> destination;
+    if (element.alphaDestinationGiven != 0) {
+        destination = element.alphaDestination;
+    }
+    element.blending = ElementBlending(element.trans, element.alphaSource, destination);
+    element.framesBlend = FramesBlend(element.trans, belowVersion1) ? Byte{1} : Byte{0};
+}
+
 }  // namespace
 
 void FinishElements(StageModel& model, Messages& messages, const ViewOptions& options) {
@@ -69,8 +79,7 @@ void FinishElements(StageModel& model, Messages& messages, const ViewOptions& op
             messages.MsgBox(kMessageNegativeTileY, "TileY < 0");
         }
         if (options.Additions) {
-            element.blending =
-                ElementBlending(element.trans, element.alphaSource, element.alphaDestination);
+            FinishBlending(element, model.MugenVersion < 1);
         }
     }
 }

@@ -17,7 +17,7 @@ inline constexpr MessageKind kMessageNegativeTileY = "TileY < 0";
 // when there is none of that number). Tile counts: above 999,999 across means without end (1);
 // below 0 does, too, and is said.
 //
-// Addition: an element's blending comes from its trans and alpha.
+// Addition: an element's blending comes from its trans and alpha, or is left to the frames.
 void FinishElements(StageModel& model, Messages& messages, const ViewOptions& options);
 
 // Finds the picture of every still element, and of every frame of every action, among the sprites:

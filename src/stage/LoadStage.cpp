@@ -29,6 +29,7 @@ std::string ReadDefinition(StageModel& model, std::string& defPath,
             reader.ReadLine(lines.Line(), lines.Number());
         }
     }
+    reader.Finish();
     repair.Undo();
     return reader.Spr();
 }
@@ -59,7 +60,8 @@ void LoadArchive(StageModel& model, const std::string& spr, const std::string& d
         return;
     }
     const double scale = context.options.Additions ? ScaleOf(model).elements : 1;
-    LoadSprites(model, *archive, path, context.device, context.window, context.messages, scale);
+    LoadSprites(model, *archive, path, context.device, context.window, context.messages,
+                context.options, scale);
 }
 
 }  // namespace

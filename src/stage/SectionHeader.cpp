@@ -7,6 +7,15 @@
 #include "base/Text.h"
 
 namespace scenara {
+namespace {
+
+// From the first "[" up to the "]" after it.
+std::string_view Inside(std::string_view header) {
+    const std::string_view fromOpen = header.substr(std::min(header.find('['), header.size()));
+    return fromOpen.substr(0, fromOpen.find(']'));
+}
+
+}  // namespace
 
 bool IsSectionHeader(std::string_view line) {
     return Contains(line, "[") && Contains(line, "]");
@@ -34,9 +43,14 @@ SectionKind KindOfSection(std::string_view header) {
     return SectionKind::Settings;
 }
 
+std::string SectionName(std::string_view header) {
+    std::string_view inside = Inside(header);
+    inside.remove_prefix(std::min<std::size_t>(inside.size(), 1));
+    return LowerCase(Trim(inside));
+}
+
 std::string ElementName(std::string_view header) {
-    const std::string_view behindOpen = header.substr(std::min(header.find('['), header.size()));
-    const std::string_view inside = behindOpen.substr(0, behindOpen.find(']'));
+    const std::string_view inside = Inside(header);
     const std::size_t blank = inside.find(' ');
     return blank == std::string_view::npos ? "No name" : std::string(inside.substr(blank + 1));
 }

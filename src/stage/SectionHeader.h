@@ -21,6 +21,9 @@ enum class SectionKind { Element, Action, CtrlDef, Ctrl, Settings };
 
 [[nodiscard]] SectionKind KindOfSection(std::string_view header);
 
+// What stands between the brackets, in lower case and without blanks around it.
+[[nodiscard]] std::string SectionName(std::string_view header);
+
 // The text behind the first blank of "[BG ...]" up to "]"; "No name" when there is no blank.
 [[nodiscard]] std::string ElementName(std::string_view header);
 

@@ -5,6 +5,7 @@
 #include <array>
 #include <string_view>
 
+#include "base/NumberText.h"
 #include "base/Text.h"
 #include "stage/Blending.h"
 
@@ -21,9 +22,7 @@ constexpr Integer kBlendingValue = 7;
 // Addition: a kind that is none of the known words is decided by its first letter ("nrm", "anim
 // loop").
 void KindByFirstLetter(std::string& type) {
-    constexpr std::array<std::string_view, 5> kKnown = {"normal", "parallax", "anim", "dummy",
-                                                        "null"};
-    if (type.empty() || std::find(kKnown.begin(), kKnown.end(), type) != kKnown.end()) {
+    if (type.empty() || IsKnownKind(type)) {
         return;
     }
     switch (type.front()) {
@@ -53,9 +52,14 @@ void NormaliseType(BackgroundElement& element, bool additions) {
     }
 }
 
+Byte GivenBit(bool given, Byte bit) {
+    return given ? bit : Byte{0};
+}
+
 // Addition: keys that a plain reader passes over.
 void ReadMoreElementKeys(KeyOffer& line, BackgroundElement& element) {
-    line.Values("alpha", element.alphaSource, element.alphaDestination);
+    const unsigned alpha = line.Values("alpha", element.alphaSource, element.alphaDestination);
+    element.alphaDestinationGiven |= GivenBit((alpha & kSecond) != 0, 1);
     line.Values("sin.x", element.sinState[0], element.sinState[1], element.sinState[2]);
     line.Values("windowdelta", element.windowDeltaX, element.windowDeltaY);
     line.Whole("yscalestart", element.yscaleStart);
@@ -81,11 +85,13 @@ void Unquote(std::string& name) {
     }
 }
 
-Byte GivenBit(bool given, Byte bit) {
-    return given ? bit : Byte{0};
-}
-
 }  // namespace
+
+bool IsKnownKind(std::string_view type) {
+    constexpr std::array<std::string_view, 5> kKnown = {"normal", "parallax", "anim", "dummy",
+                                                        "null"};
+    return std::find(kKnown.begin(), kKnown.end(), type) != kKnown.end();
+}
 
 void ReadElementKeys(KeyOffer& line, BackgroundElement& element, Messages& messages) {
     if (line.Whole("type", element.type)) {
@@ -152,6 +158,17 @@ void ReadCtrlKeys(KeyOffer& line, BgCtrl& control) {
         control.given |= GivenBit((values & kSecond) != 0, kGivenValue2);
     } else {
         control.given |= GivenBit(line.Whole("value", control.value), kGivenValue);
+    }
+}
+
+void ReadInfoKeys(KeyOffer& line, StageModel& model) {
+    constexpr double kFirstVersion = 1;
+    constexpr double kBeyondVersions = 100;  // older ones are dates, such as 04,14,2002
+    std::string text;
+    if (line.Text("mugenversion", text)) {
+        const double version = Contains(text, ",") ? 0 : LeadingNumber(text);
+        const bool known = version >= kFirstVersion && version < kBeyondVersions;
+        model.MugenVersion = known ? static_cast<Single>(version) : 0;
     }
 }
 

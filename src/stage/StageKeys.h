@@ -6,6 +6,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "stage/KeyOffer.h"
 #include "stage/StageModel.h"
@@ -14,6 +15,9 @@ namespace scenara {
 
 inline constexpr MessageKind kMessageWindowDelta = "windowdelta";
 inline constexpr MessageKind kMessageVerticalFlip = "vertical flip";
+
+// Whether this is one of the kinds of element, after ReadElementKeys has seen to its short forms.
+[[nodiscard]] bool IsKnownKind(std::string_view type);
 
 // [BG ...]
 void ReadElementKeys(KeyOffer& line, BackgroundElement& element, Messages& messages);
@@ -26,6 +30,9 @@ void ReadCtrlDefKeys(KeyOffer& line, BgCtrlDef& group);
 
 // [BGCtrl ...]
 void ReadCtrlKeys(KeyOffer& line, BgCtrl& control);
+
+// Addition: [Info], beside the settings that may stand in any section.
+void ReadInfoKeys(KeyOffer& line, StageModel& model);
 
 // Every other section, whatever its name. `spr` receives the sprite archive's name.
 void ReadSettingKeys(KeyOffer& line, StageModel& model, std::string& spr);

@@ -29,7 +29,7 @@ inline constexpr std::size_t kMaxRecords = std::numeric_limits<Integer>::max();
 
 // One [BG ...] section.
 struct BackgroundElement {
-    std::string type;      // "normal", "parallax", "anim", "dummy"
+    std::string type;      // "normal", "parallax", "anim", "dummy"; plainly any word
     Integer mask = 0;      // 1 = colour 0 is transparent
     Long spriteGroup = 0;  // the picture, by its numbers in the archive
     Integer spriteImage = 0;
@@ -73,7 +73,7 @@ struct BackgroundElement {
     Single xscaleBottom = 0;
 
     // Additions.
-    Integer alphaSource = 256;  // with trans "addalpha": parts of 256
+    Integer alphaSource = 256;  // with trans "add" and "addalpha": parts of 256
     Integer alphaDestination = 0;
     Blending blending;        // what trans and alpha come to
     Single windowDeltaX = 0;  // how far the window moves per unit of the camera
@@ -86,6 +86,10 @@ struct BackgroundElement {
     std::array<Single, 2> sinOffset{};            // where the swing stands now
     std::array<Single, 2> linkSin{};              // of a linked element: where its parent's stands
     std::array<Single, 2> deltaRead{1.0F, 1.0F};  // as the file has it, neither scaled nor linked
+
+    // Additions.
+    Byte alphaDestinationGiven = 0;  // 1 = alphaDestination is the file's
+    Byte framesBlend = 1;            // 0 = what trans says holds for every frame, none too
 };
 
 // One subfile of the sprite archive, with its picture as a texture.
@@ -123,7 +127,7 @@ struct StageFrame {
     Integer runtimeB = 0;
     std::string flip;  // the sixth value as the file has it; "h" = mirrored
 
-    Blending blending;  // addition: of this frame alone; goes before the element's
+    Blending blending;  // addition: of this frame alone, for elements that leave it to the frames
 };
 
 // One [Begin Action n] block.
@@ -209,6 +213,9 @@ struct StageModel {  // NOLINT(clang-analyzer-optin.performance.Padding)
     Long localcoordWidth = 0;  // 0: the view's own
     Long localcoordHeight = 0;
     Single ElementScale = 1;  // runtime: view pixels per unit of start, axis, offset and spacing
+
+    // Addition: the version of MUGEN that the stage was made for, from 1 on; 0 = an older one.
+    Single MugenVersion = 0;
 
     // Releases every texture, empties the tables, and puts every setting back to its start.
     void Clear();

@@ -10,7 +10,10 @@
 //   what may stand before a key            KeyOffer.cpp, MayStandHere
 //   how texts are cut, and their case      KeyOffer.cpp, Text
 //   kinds of element, and their keys       StageKeys.cpp, KindByFirstLetter, ReadMoreElementKeys
+//   elements of no known kind              DefinitionReader.cpp, CloseElement
+//   what counts as a frame line            DefinitionReader.cpp, IsFrame
 //   keys of the whole stage                StageKeys.cpp, ReadSettingKeys
+//   the version that a stage is made for   StageKeys.cpp, ReadInfoKeys
 //   what stands behind a frame's flip      StageKeys.cpp, ReadFrame; Blending.cpp
 //   stages for another view                StageScale.cpp; sprites/ScaledPicture.cpp
 //   blending                               render/BlendedBlit.cpp
@@ -22,6 +25,7 @@
 //   the test character, moved and seen     app/CharacterPass.cpp; render/Figure.cpp
 //   a character's ground that moves        character/PlaceCharacter.cpp, FollowGround
 //   blank frames, and repeated actions     character/CharacterAnimation.cpp
+//   palettes that are none                 sprites/SubfilePalette.cpp
 //   palette files, and palettes in force   character/CharacterColors.cpp; CharacterSprites.cpp
 //   archives of version 2, to come         sprites/sff2.cpp, LoadSprites
 #pragma once

@@ -146,6 +146,23 @@ TEST(CharacterSprites, PicturesThatAllLendNoneTakeNoTime) {
     EXPECT_LT(file.Reads().size(), std::size_t{kSubfiles} * 8);
 }
 
+// The last bytes of such a picture are pixels.
+TEST(CharacterSprites, APictureWithNothingBehindItsPixelsLendsNoPalette) {
+    CharacterMachine machine;
+    auto subfiles = HeroSubfiles();
+    samplemaker::PcxOptions bare;
+    bare.trailingPalette = samplemaker::TrailingPalette::None;
+    bare.runLengths = false;
+    const IndexedPicture large = StripedPicture(50, 30, PaletteOf(4));
+    subfiles[3].data = WritePcx(large, bare);
+    subfiles[4].samePalette = true;
+    machine.PutArchive(subfiles);
+    EXPECT_TRUE(machine.Load());
+    EXPECT_EQ(machine.Pixels(kWalking, 0), KeyedByIndex(large, PaletteOf(3)));
+    EXPECT_EQ(machine.Pixels(kWalking, 1), KeyedByIndex(HeroPicture(4), PaletteOf(3)));
+    EXPECT_THAT(machine.Texts(), IsEmpty());
+}
+
 TEST(CharacterSprites, APaletteThatIsNotWholeGivesWayToTheOneBefore) {
     CharacterMachine machine;
     auto subfiles = HeroSubfiles();
@@ -285,26 +302,48 @@ TEST(CharacterSprites, AChainThatBreaksKeepsWhatCameBefore) {
         ElementsAre(StartsWith("SFF Error:  /mugen/chars/hero/hero.sff\r\nSubfile 7 of 100")));
 }
 
+constexpr std::size_t kOverlaid = 400;
+
 // Hundreds of headers of a large picture, all of which claim the same megabyte behind them, in
 // which there is not one pixel.
-TEST(CharacterSprites, SubfilesThatLieOverEachOtherAreNotAllTried) {
-    CharacterMachine machine;
-    constexpr std::size_t kSubfiles = 400;
+std::vector<std::byte> OverlaidArchive() {
     constexpr std::size_t kMegabyte = 1'000'000;
     std::vector<std::byte> header = WritePcx(StripedPicture(1000, 1000, PaletteOf(1)));
     header.resize(kPcxHeaderSize);
     std::vector<Sff1Subfile> subfiles;
-    std::string animation = "[Begin Action 20]\n";
-    for (std::size_t i = 0; i < kSubfiles; ++i) {
+    for (std::size_t i = 0; i < kOverlaid; ++i) {
         subfiles.push_back(Shown(20, static_cast<std::int16_t>(i), header));
         subfiles.back().lengthSurplus = kMegabyte;
-        animation += "20," + std::to_string(i) + ",0,0,1\n";
     }
     std::vector<std::byte> archive = WriteSff1(subfiles);
-    while (archive.size() < kMegabyte) {
+    while (archive.size() < kMegabyte + kOverlaid * 200) {
         archive.push_back(std::byte{0xC0});  // no times
         archive.push_back(std::byte{0});
     }
+    return archive;
+}
+
+TEST(CharacterSprites, SubfilesThatLieOverEachOtherAreNotAllLookedThroughForAPalette) {
+    CharacterMachine machine;
+    machine.Put("hero.air", "[Begin Action 20]\n20," + std::to_string(kOverlaid - 1) + ",0,0,1\n");
+    EXPECT_TRUE(machine.Load()) << "the animation";
+    const std::vector<std::byte> archive = OverlaidArchive();
+    MemoryFile file(archive);
+    EXPECT_THAT(SpritesOf(machine, file), IsEmpty());
+    std::uint64_t wanted = 0;
+    for (const MemoryFile::Read& read : file.Reads()) {
+        wanted += read.wanted;
+    }
+    EXPECT_LT(wanted, archive.size() * 12);
+}
+
+TEST(CharacterSprites, SubfilesThatLieOverEachOtherAreNotAllTried) {
+    CharacterMachine machine;
+    std::string animation = "[Begin Action 20]\n";
+    for (std::size_t i = 0; i < kOverlaid; ++i) {
+        animation += "20," + std::to_string(i) + ",0,0,1\n";
+    }
+    const std::vector<std::byte> archive = OverlaidArchive();
     machine.files.Put("/mugen/chars/hero/hero.sff", std::span<const std::byte>(archive));
     machine.Put("hero.air", animation);
     EXPECT_TRUE(machine.Load());

@@ -75,7 +75,7 @@ const AdditionCase kCases[] = {
      "[BG]\ntype = anim\nactionno = 2\nstart = 15,120\n"
      "[BG]\ntype = anim\nactionno = 3\nstart = 60,120\n"
      "[BG]\ntype = anim\nactionno = 4\nstart = 105,120\n"
-     "[BG sub goes behind the frame's own]\ntype = anim\nactionno = 1\nstart = 140,120\n"
+     "[BG sub goes before the frame's own]\ntype = anim\nactionno = 1\nstart = 140,120\n"
      "trans = sub\n"
      "[Begin Action 1]\n1,0, 0,0, -1, , A\n[Begin Action 2]\n1,0, 0,0, -1, , A1\n"
      "[Begin Action 3]\n1,0, 0,0, -1, h, S\n[Begin Action 4]\n1,0, 0,0, -1,, AS64D192\n"},
@@ -236,6 +236,7 @@ TEST_F(BlendedPixels, OfAdd1AreTheSumWithHalf) {
 TEST_F(BlendedPixels, OfAddalphaAreTheSumOfParts) {
     // 192 of 256: 66 66 75. 64 of 256: 52 12 10.
     ExpectNear(RedOnGrey("trans = addalpha\nalpha = 64,192\n"), 118, 78, 85);
+    ExpectNear(RedOnGrey("trans = add\nalpha = 64,192\n"), 118, 78, 85);
     EXPECT_EQ(RedOnGrey("trans = addalpha\nalpha = 256,0\n"), 0xD03028U);
     EXPECT_EQ(RedOnGrey("trans = addalpha\nalpha = 0,256\n"), 0x585864U);
     EXPECT_EQ(RedOnGrey("trans = addalpha\nalpha = 0,0\n"), 0U);

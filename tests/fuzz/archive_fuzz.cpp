@@ -16,8 +16,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     HeadlessMessages messages;
     HeadlessWindow window;
     SoftDevice device(test::KeptTextureMemory());
-    StageModel model;
-    LoadSprites(model, file, "fuzz.sff", device, window, messages);
-    test::CheckModel(model);
+    for (const bool additions : {false, true}) {
+        StageModel model;
+        LoadSprites(model, file, "fuzz.sff", device, window, messages, ViewOptions{additions});
+        test::CheckModel(model);
+    }
     return 0;
 }

@@ -207,25 +207,35 @@ TEST_F(BlendedDrawing, RowsOfParallaxPicturesAreBlendedOneByOne) {
 
 // --- frames ---
 
-TEST_F(BlendedDrawing, AFramesOwnGoesBeforeItsElements) {
-    const Integer action = player.build.Action({{hill, 1}, {hill, 1}, {hill, 1, 0, 0, "h"}});
+TEST_F(BlendedDrawing, AnElementsGoesBeforeThatOfItsFrames) {
+    const Integer action = player.build.Action({{hill, 1}, {hill, 1}});
     player.model.Actions[0].frames[1].blending = kSub;
-    player.model.Actions[0].frames[2].blending = kAdd1;
     StageBuilder::At(player.build.Animation(action), 10, 20).blending = kAdd;
     player.Start();
     EXPECT_EQ(player.BackPass(), (Lines{"hill 10,20 50x40 added"}));
-    EXPECT_EQ(player.BackPass(), (Lines{"hill 10,20 50x40 taken"}));
-    EXPECT_EQ(player.BackPass(), (Lines{"hill -40,20 50x40 mirrored masked in 80000000",
-                                        "hill -40,20 50x40 mirrored added"}));
+    EXPECT_EQ(player.BackPass(), (Lines{"hill 10,20 50x40 added"}));
 }
 
 TEST_F(BlendedDrawing, AFrameMayBlendWhereItsElementDoesNot) {
-    const Integer action = player.build.Action({{hill, 1}, {hill, 1}});
+    const Integer action = player.build.Action({{hill, 1}, {hill, 1}, {hill, 1, 0, 0, "h"}});
     player.model.Actions[0].frames[0].blending = AddAlpha(100, 256);
+    player.model.Actions[0].frames[2].blending = kAdd1;
     StageBuilder::At(player.build.Animation(action), 10, 20).mask = 1;
     player.Start();
     EXPECT_EQ(player.BackPass(), (Lines{"hill 10,20 50x40 added in 64FFFFFF"}));
     EXPECT_EQ(player.BackPass(), (Lines{"hill 10,20 50x40 masked"}));
+    EXPECT_EQ(player.BackPass(), (Lines{"hill -40,20 50x40 mirrored masked in 80000000",
+                                        "hill -40,20 50x40 mirrored added"}));
+}
+
+// trans = none of version 1.0 and later.
+TEST_F(BlendedDrawing, AnElementMayKeepItsFramesFromBlending) {
+    const Integer action = player.build.Action({{hill, 1}});
+    player.model.Actions[0].frames[0].blending = kAdd;
+    BackgroundElement& element = StageBuilder::At(player.build.Animation(action), 10, 20);
+    element.mask = 1;
+    element.framesBlend = 0;
+    EXPECT_EQ(Draw(), (Lines{"hill 10,20 50x40 masked"}));
 }
 
 TEST_F(BlendedDrawing, AFramesOwnIsNoneInAPlainView) {

@@ -37,6 +37,7 @@ public:
     explicit ArchiveLoad(HeadlessWindow::Script script) : window(std::move(script)) {}
 
     StageModel model;
+    ViewOptions options = kPlainView;
     HeadlessMessages messages;
     HeadlessWindow window;
     RecordingDevice device;
@@ -44,7 +45,7 @@ public:
 
     void Run(std::span<const std::byte> archive) {
         file = std::make_unique<MemoryFile>(archive);
-        LoadSprites(model, *file, kArchiveName, device, window, messages);
+        LoadSprites(model, *file, kArchiveName, device, window, messages, options);
     }
 
     [[nodiscard]] const SpriteEntry& Sprite(std::size_t index) const {

@@ -332,7 +332,7 @@ TEST(DamagedArchive, ReadsThatFailEndItWithAMessage) {
             BadDisk disk(bytes, badFrom, row.failure);
             ArchiveLoad load;
             LoadSprites(load.model, disk, test::kArchiveName, load.device, load.window,
-                        load.messages);
+                        load.messages, ViewOptions{});
             EXPECT_EQ(load.model.SpriteCount, badFrom > 512 ? 1 : 0);
             ASSERT_FALSE(load.messages.Recorded().empty());
             EXPECT_EQ(load.Texts().back(),

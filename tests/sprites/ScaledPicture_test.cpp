@@ -264,7 +264,7 @@ protected:
         const std::vector<std::byte> archive = Archive();
         load.file = std::make_unique<MemoryFile>(std::span(archive));
         LoadSprites(load.model, *load.file, kArchiveName, load.device, load.window, load.messages,
-                    scale);
+                    ViewOptions{}, scale);
     }
     // A still element that shows a picture.
     BackgroundElement& Shows(const char* type, Long group, Integer image) {

@@ -46,8 +46,10 @@ using testing::StartsWith;
 // The pictures of an archive, one call after the other.
 class Pictures {
 public:
-    explicit Pictures(const std::vector<std::byte>& bytes)
-        : file(bytes), chain(file, ReadSffHeader(file)), pictures(file, device, messages) {}
+    explicit Pictures(const std::vector<std::byte>& bytes, const ViewOptions& options = kPlainView)
+        : file(bytes),
+          chain(file, ReadSffHeader(file)),
+          pictures(file, device, messages, options) {}
 
     bool LoadNext() {
         EXPECT_TRUE(chain.Next());
@@ -394,6 +396,116 @@ TEST(MissingPalette, OfALaterPictureIsTheOneBeforeWithAMessage) {
     EXPECT_EQ(archive.messages.Recorded()[0].kind, kMessageMissingPalette);
     EXPECT_THAT(archive.Texts()[0], StartsWith("PCX Error:  Group -5 Image 6\r\n"));
     EXPECT_THAT(archive.Texts()[0], HasSubstr("palette"));
+}
+
+// --- addition: palettes are looked at ---
+
+constexpr ViewOptions kWithAdditions{true};
+
+// A picture as raw or packed bytes with nothing behind its pixels.
+std::vector<std::byte> BarePcx(int width, int height, bool packed, const char* behind = "") {
+    PcxOptions options = Without(TrailingPalette::None);
+    options.runLengths = packed;
+    auto pcx = WritePcx(StripedPicture(width, height, PaletteOf(2), 200), options);
+    for (const char* c = behind; *c != '\0'; ++c) {
+        pcx.push_back(static_cast<std::byte>(*c));
+    }
+    return pcx;
+}
+
+void AppendPalette(std::vector<std::byte>& pcx, std::uint8_t seed) {
+    const auto whole = WritePcx(StripedPicture(4, 4, PaletteOf(seed)));
+    pcx.insert(pcx.end(), whole.end() - 768, whole.end());
+}
+
+struct LookedAtRow {
+    const char* name;
+    std::vector<std::byte> pcx;
+    bool hasPalette;
+};
+
+TEST(LookedAtPalette, IsBelievedBehindItsMarkOrBehindThePixels) {
+    std::vector<LookedAtRow> rows = {
+        {"packed with nothing behind", BarePcx(100, 50, true), false},
+        {"raw with nothing behind", BarePcx(100, 50, false), false},
+        {"raw and shorter than a palette", BarePcx(20, 10, false), false},
+        {"raw and as long as a palette", BarePcx(32, 24, false), false},
+        {"raw and one row longer", BarePcx(32, 25, false), false},
+        {"packed with a mark", BarePcx(100, 50, true, "\x0C"), true},
+        {"raw with a mark", BarePcx(100, 50, false, "\x0C"), true},
+        {"raw without a mark", BarePcx(100, 50, false), true},
+        {"packed without a mark", BarePcx(100, 50, true), true},
+        {"with something else between", BarePcx(100, 50, true, "something else"), true},
+    };
+    for (LookedAtRow& row : rows) {
+        if (row.hasPalette) {
+            AppendPalette(row.pcx, 2);
+        }
+        const auto first = StripedPicture(6, 6, PaletteOf(1));
+        const auto bytes = WriteSff1(
+            {Shown(0, 0, WritePcx(first)), Shown(0, 1, row.pcx), Sharing(BarePcx(9, 9, true))});
+        Pictures archive(bytes, kWithAdditions);
+        ASSERT_TRUE(archive.LoadNext());
+        ASSERT_TRUE(archive.LoadNext());
+        const auto inForce = PaletteOf(row.hasPalette ? 2 : 1);
+        EXPECT_EQ(archive.picture.key.Argb(), Opaque(inForce[0])) << row.name;
+        const samplemaker::IndexedPicture shared = StripedPicture(9, 9, inForce, 200);
+        ASSERT_TRUE(archive.LoadNext());
+        EXPECT_EQ(archive.Pixels(), KeyedByIndex(shared)) << row.name;
+        if (row.hasPalette) {
+            EXPECT_TRUE(archive.Texts().empty()) << row.name;
+        } else {
+            EXPECT_THAT(archive.Texts(),
+                        ElementsAre("PCX Error:  Group 0 Image 1\r\nIts palette is "
+                                    "not in the file, the one before it is used.."))
+                << row.name;
+        }
+        Pictures plain(bytes);
+        ASSERT_TRUE(plain.LoadNext());
+        ASSERT_TRUE(plain.LoadNext());
+        EXPECT_EQ(plain.picture.key.Argb() == Opaque(inForce[0]), row.hasPalette) << row.name;
+        EXPECT_TRUE(plain.Texts().empty()) << row.name;
+    }
+}
+
+TEST(LookedAtPalette, ThatTheFirstPictureDoesNotHaveIsBlack) {
+    Pictures archive(WriteSff1({Shown(0, 0, BarePcx(100, 50, false))}), kWithAdditions);
+    ASSERT_TRUE(archive.LoadNext());
+    EXPECT_THAT(archive.Texts(), ElementsAre(HasSubstr(kRestIsBlack)));
+    EXPECT_THAT(archive.Pixels(), Each(AnyOf(0U, 0xFF000000U)));
+}
+
+TEST(LookedAtPalette, OfAPictureThatFailsIsLeftToTheNextOne) {
+    const auto b = StripedPicture(8, 8, PaletteOf(2));
+    Pictures archive(WriteSff1({Shown(0, 0, WritePcx(StripedPicture(8, 8, PaletteOf(1)))),
+                                Shown(0, 1, BrokenPcx(7)), Sharing(WritePcx(b))}),
+                     kWithAdditions);
+    ASSERT_TRUE(archive.LoadNext());
+    ASSERT_FALSE(archive.LoadNext());
+    ASSERT_TRUE(archive.LoadNext());
+    EXPECT_EQ(archive.Pixels(), KeyedByIndex(b, PaletteOf(7)));
+}
+
+// What is dropped needs no colours.
+TEST(MissingPalette, OfAPictureThatIsDroppedIsNotReported) {
+    const auto good = WriteSff1({Shown(0, 0, WritePcx(StripedPicture(8, 8, PaletteOf(1)))),
+                                 Shown(0, 1, WritePcx(StripedPicture(40, 30, PaletteOf(2))))});
+    const std::size_t pcx = SubfileOffsets(good, 2)[1] + 32;
+    const auto messagesOf = [](std::vector<std::byte> bytes, std::size_t cut) {
+        bytes.resize(bytes.size() - cut);
+        Pictures archive(bytes);
+        EXPECT_TRUE(archive.LoadNext());
+        EXPECT_FALSE(archive.LoadNext());
+        return archive.Texts();
+    };
+    auto noPcx = good;
+    noPcx[pcx] = std::byte{0x99};
+    EXPECT_THAT(messagesOf(noPcx, 1),
+                ElementsAre(HandleErrorText("Bad format: not a PCX picture")));
+    auto wrongWayRound = good;
+    PatchU16(wrongWayRound, pcx + 4, 500);  // xMin
+    EXPECT_THAT(messagesOf(wrongWayRound, 1), ElementsAre(HasSubstr("pixels")));
+    EXPECT_THAT(messagesOf(good, 768 + 5), ElementsAre(HasSubstr("the pixels end after")));
 }
 
 // Flag or not, the first picture with 256 colours that comes out brings the first palette.

@@ -39,8 +39,42 @@ INSTANTIATE_TEST_SUITE_P(
                     KindRow{"parrallax", "parallax", "parrallax"}, KindRow{"anim", "anim", "anim"},
                     KindRow{"ani", "anim", "anim"}, KindRow{"anim loop", "anim", "anim loop"},
                     KindRow{"Animated", "anim", "animated"}, KindRow{"dummy", "dummy", "dummy"},
-                    KindRow{"dum", "dummy", "dum"}, KindRow{"bgpalette", "bgpalette", "bgpalette"},
-                    KindRow{"1", "1", "1"}));
+                    KindRow{"dum", "dummy", "dum"}, KindRow{"bgpalette", "dummy", "bgpalette"},
+                    KindRow{"1", "dummy", "1"}, KindRow{"", "dummy", ""}));
+
+struct UnknownKindRow {
+    const char* section;
+    const char* said;
+};
+
+TEST(AdditionsElements, OfNoKnownKindAreDummiesAndReported) {
+    for (const UnknownKindRow& row : {
+             UnknownKindRow{"[BG a]\r\nspriteno = 1,2\r\n", "BG without a type, line 2"},
+             UnknownKindRow{"[BG a]\r\ntype =\r\n", "BG without a type, line 2"},
+             UnknownKindRow{"[BG a]\r\ntyep = normal\r\n", "BG without a type, line 2"},
+             UnknownKindRow{"[BG a]\r\n\r\ntype = Video\r\n", "BG of unknown type video, line 2"},
+         }) {
+        for (const char* const behind : {"", "[BG b]\r\ntype = anim\r\n", "[Info]\r\n"}) {
+            const BothReadings read(std::string("; comment\r\n") + row.section + behind);
+            EXPECT_EQ(read.WithElement().type, "dummy") << row.section;
+            EXPECT_THAT(read.WithTexts(), ElementsAre(row.said)) << row.section << behind;
+            EXPECT_NE(read.PlainElement().type, "dummy");
+            EXPECT_THAT(read.PlainTexts(), IsEmpty());
+        }
+    }
+}
+
+TEST(AdditionsElements, OfALaterKnownTypeAreNotReported) {
+    const BothReadings read("[BG]\r\ntype = video\r\ntype = parallax\r\n");
+    EXPECT_EQ(read.WithElement().type, "parallax");
+    EXPECT_THAT(read.WithTexts(), IsEmpty());
+}
+
+TEST(AdditionsElements, EachOfNoKnownKindIsReported) {
+    const BothReadings read("[BG]\r\n[BG]\r\ntype = null\r\n[BG]\r\ntype = x\r\n[BGCtrlDef]\r\n");
+    EXPECT_THAT(read.WithTexts(), ElementsAre("BG without a type, line 1", "NULL BG 1",
+                                              "BG of unknown type x, line 4"));
+}
 
 TEST(AdditionsElements, AWordThatMeansAnimIsAnAnimationInEveryRespect) {
     const BothReadings read(
@@ -100,6 +134,53 @@ TEST(AdditionsElements, ASingleValueOfAlphaIsTheSource) {
     EXPECT_EQ(read.WithElement().blending.destination, 0);
 }
 
+TEST(AdditionsElements, AlphaCountsForAddAsWell) {
+    const auto read = [](const char* keys) {
+        return BothReadings(std::string("[BG]\r\n") + keys).WithElement().blending;
+    };
+    const Blending both = read("trans = add\r\nalpha = 64, 192\r\n");
+    EXPECT_EQ(both.kind, BlendKind::AddAlpha);
+    EXPECT_EQ(both.source, 64);
+    EXPECT_EQ(both.destination, 192);
+    const Blending sourceOnly = read("alpha = 64\r\ntrans = add\r\n");
+    EXPECT_EQ(sourceOnly.kind, BlendKind::AddAlpha);
+    EXPECT_EQ(sourceOnly.destination, 256);
+    const Blending destination0 = read("trans = add\r\nalpha = 256, 0\r\n");
+    EXPECT_EQ(destination0.kind, BlendKind::AddAlpha);
+    EXPECT_EQ(destination0.destination, 0);
+    EXPECT_EQ(read("trans = add\r\nalpha = 256\r\n").kind, BlendKind::Add);
+    EXPECT_EQ(read("trans = add1\r\nalpha = 64, 192\r\n").kind, BlendKind::Add1);
+}
+
+// --- whose blending counts ---
+
+struct FramesBlendRow {
+    const char* version;  // of [Info]
+    const char* trans;
+    int framesBlend;
+};
+
+TEST(AdditionsElements, FramesBlendWhereTheElementLeavesItToThem) {
+    for (const FramesBlendRow& row : {
+             FramesBlendRow{"", "", 1},
+             FramesBlendRow{"", "trans =\r\n", 1},
+             FramesBlendRow{"", "trans = Default\r\n", 1},
+             FramesBlendRow{"", "trans = None\r\n", 1},
+             FramesBlendRow{"mugenversion = 04,14,2002", "trans = none\r\n", 1},
+             FramesBlendRow{"mugenversion = 1.0", "", 1},
+             FramesBlendRow{"mugenversion = 1.0", "trans = default\r\n", 1},
+             FramesBlendRow{"mugenversion = 1.0", "trans = none\r\n", 0},
+             FramesBlendRow{"mugenversion = 1.1", "trans = none\r\n", 0},
+             FramesBlendRow{"", "trans = add\r\n", 0},
+             FramesBlendRow{"", "trans = sub\r\n", 0},
+         }) {
+        const BothReadings read(std::string("[BG]\r\n") + row.trans + "[Info]\r\n" + row.version +
+                                "\r\n");
+        EXPECT_EQ(read.WithElement().framesBlend, row.framesBlend) << row.version << row.trans;
+        EXPECT_EQ(read.PlainElement().framesBlend, 1);
+    }
+}
+
 TEST(AdditionsElements, EachWordOfTransIsItsBlending) {
     const auto kindOf = [](const char* trans) {
         const BothReadings read(std::string("[BG]\r\ntrans = ") + trans + "\r\n");
@@ -114,15 +195,15 @@ TEST(AdditionsElements, EachWordOfTransIsItsBlending) {
 }
 
 TEST(AdditionsElements, AnAlphaThatDoesNotFitIsSaidAndLeftAlone) {
-    const BothReadings read("[BG]\r\ntrans = addalpha\r\nalpha = 99999, 5\r\n");
-    EXPECT_THAT(read.WithTexts(), ElementsAre("Overflow: alpha, line 3"));
+    const BothReadings read("[BG]\r\ntype = normal\r\ntrans = addalpha\r\nalpha = 99999, 5\r\n");
+    EXPECT_THAT(read.WithTexts(), ElementsAre("Overflow: alpha, line 4"));
     EXPECT_EQ(read.WithElement().blending.source, 256);
     EXPECT_EQ(read.WithElement().blending.destination, 5);
     EXPECT_THAT(read.PlainTexts(), IsEmpty());
 }
 
 TEST(AdditionsElements, WindowDeltaIsReadWithoutAWord) {
-    const BothReadings read("[BG]\r\nwindowdelta = .5, -2\r\n");
+    const BothReadings read("[BG]\r\ntype = normal\r\nwindowdelta = .5, -2\r\n");
     EXPECT_EQ(read.WithElement().windowDeltaX, 0.5F);
     EXPECT_EQ(read.WithElement().windowDeltaY, -2);
     EXPECT_THAT(read.WithTexts(), IsEmpty());
@@ -131,7 +212,8 @@ TEST(AdditionsElements, WindowDeltaIsReadWithoutAWord) {
 }
 
 TEST(AdditionsElements, AWindowDeltaOf0IsSilentToo) {
-    EXPECT_THAT(BothReadings("[BG]\r\nwindowdelta = 0, 0\r\n").WithTexts(), IsEmpty());
+    EXPECT_THAT(BothReadings("[BG]\r\ntype = normal\r\nwindowdelta = 0, 0\r\n").WithTexts(),
+                IsEmpty());
 }
 
 TEST(AdditionsElements, YScalesAre100And0UnlessGiven) {
@@ -150,6 +232,44 @@ TEST(AdditionsElements, YScalesAre100And0UnlessGiven) {
 
 BothReadings FrameLine(const std::string& line) {
     return BothReadings("[Begin Action 1]\r\n" + line + "\r\n");
+}
+
+struct FrameLineRow {
+    const char* line;
+    int with;  // frames
+    int plain;
+};
+
+TEST(AdditionsFrames, BeginWithANumber) {
+    for (const FrameLineRow& row : {
+             FrameLineRow{"0,0, 0,0, 5", 1, 1},
+             FrameLineRow{"  7,0, 0,0, 5", 1, 1},
+             FrameLineRow{"-1,0, 0,0, 5", 1, 1},
+             FrameLineRow{"  -1,0", 1, 1},
+             FrameLineRow{"5", 0, 0},
+             FrameLineRow{"start = 0,270", 0, 1},
+             FrameLineRow{"Clsn2: 1,2", 0, 1},
+             FrameLineRow{",1, 0,0, 5", 0, 1},
+             FrameLineRow{"-,1, 0,0, 5", 0, 1},
+             FrameLineRow{"--1,1", 0, 1},
+             FrameLineRow{"- 1,1", 0, 1},
+             FrameLineRow{"x1,1", 0, 1},
+         }) {
+        const BothReadings read(std::string("[Begin Action 1]\r\n") + row.line + "\r\n");
+        EXPECT_EQ(read.With().Actions.at(0).frameCount, row.with) << row.line;
+        EXPECT_EQ(read.Plain().Actions.at(0).frameCount, row.plain) << row.line;
+    }
+}
+
+// Plainly a line with brackets is a header and ends the action.
+TEST(AdditionsFrames, BoxesAndSettingsDoNotShiftTheStartOfTheLoop) {
+    const BothReadings read(
+        "[Begin Action 1]\r\nClsn2: 1\r\n  Clsn2[0] = -10,-20,10,20\r\nstart = 0,270\r\n"
+        "0,0, 0,0, 5\r\nClsn1[0] = 1,2,3,4\r\nLoopstart\r\n0,1, 0,0, 5\r\n");
+    EXPECT_EQ(read.With().Actions.at(0).frameCount, 2);
+    EXPECT_EQ(read.With().Actions.at(0).loopstart, 1);
+    EXPECT_EQ(read.With().Actions.at(0).frames.at(1).image, 1);
+    EXPECT_EQ(read.Plain().Actions.at(0).frameCount, 0);
 }
 
 TEST(AdditionsFrames, BehindTheFlipStandsAFramesOwnBlending) {
@@ -182,6 +302,9 @@ TEST(AdditionsFrames, EachLetterIsItsBlending) {
     EXPECT_EQ(kindOf("a1"), BlendKind::Add1);
     EXPECT_EQ(kindOf("S"), BlendKind::Sub);
     EXPECT_EQ(kindOf("As256d256"), BlendKind::AddAlpha);
+    EXPECT_EQ(kindOf("Add"), BlendKind::Add);
+    EXPECT_EQ(kindOf("ADD1"), BlendKind::Add1);
+    EXPECT_EQ(kindOf("sub"), BlendKind::Sub);
     EXPECT_EQ(kindOf("Z"), BlendKind::None);
     EXPECT_EQ(kindOf(""), BlendKind::None);
 }
@@ -211,6 +334,33 @@ TEST(AdditionsFrames, AFlipThatNobodyKnowsIsReportedAsEver) {
 
 // --- settings ---
 
+struct VersionRow {
+    const char* lines;
+    Single version;
+};
+
+TEST(AdditionsSettings, TheVersionIsOneNumberFrom1ToBelow100OfTheInfoSection) {
+    for (const VersionRow& row : {
+             VersionRow{"[Info]\r\nmugenversion = 1.0\r\n", 1},
+             VersionRow{"[ info ]\r\nMugenVersion = 1.1 ; and a comment, this\r\n", 1.1F},
+             VersionRow{"[INFO]\r\nmugenversion = 99.9\r\n", 99.9F},
+             VersionRow{"[Info]\r\nmugenversion = 100\r\n", 0},
+             VersionRow{"[Info]\r\nmugenversion = 2002\r\n", 0},
+             VersionRow{"[Info]\r\nmugenversion = .9\r\n", 0},
+             VersionRow{"[Info]\r\nmugenversion = 04,14,2002\r\n", 0},
+             VersionRow{"[Info]\r\nmugenversion = 04 , 14 , 2002\r\n", 0},
+             VersionRow{"[Info]\r\nmugenversion = x\r\n", 0},
+             VersionRow{"[Info]\r\n", 0},
+             VersionRow{"mugenversion = 1.0\r\n", 0},
+             VersionRow{"[StageInfo]\r\nmugenversion = 1.0\r\n", 0},
+             VersionRow{"[Info]\r\n[Camera]\r\nmugenversion = 1.0\r\n", 0},
+         }) {
+        const BothReadings read(row.lines);
+        EXPECT_EQ(read.With().MugenVersion, row.version) << row.lines;
+        EXPECT_EQ(read.Plain().MugenVersion, 0) << row.lines;
+    }
+}
+
 TEST(AdditionsSettings, HiresAndLocalcoordAreRead) {
     const BothReadings read("[StageInfo]\r\nhires = 1\r\nlocalcoord = 640, 480\r\n");
     EXPECT_EQ(read.With().hires, 1);
@@ -223,11 +373,15 @@ TEST(AdditionsSettings, HiresAndLocalcoordAreRead) {
 
 TEST(AdditionsSettings, AreForgottenByTheNextStage) {
     StageMachine machine;
-    ASSERT_TRUE(machine.Load("[StageInfo]\r\nhires = 1\r\nlocalcoord = 640, 480\r\n"));
+    ASSERT_TRUE(
+        machine.Load("[StageInfo]\r\nhires = 1\r\nlocalcoord = 640, 480\r\n"
+                     "[Info]\r\nmugenversion = 1.1\r\n"));
+    EXPECT_EQ(machine.model.MugenVersion, 1.1F);
     ASSERT_TRUE(machine.Load("[StageInfo]\r\n"));
     EXPECT_EQ(machine.model.hires, 0);
     EXPECT_EQ(machine.model.localcoordHeight, 0);
     EXPECT_EQ(machine.model.ElementScale, 1);
+    EXPECT_EQ(machine.model.MugenVersion, 0);
 }
 
 }  // namespace

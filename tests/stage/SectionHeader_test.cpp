@@ -25,6 +25,15 @@ TEST(SectionHeader, LineWithOneBracketIsNone) {
     EXPECT_FALSE(IsSectionHeader(""));
 }
 
+TEST(SectionHeader, NameStandsBetweenTheBrackets) {
+    for (const char* const header : {"[info]", "[Info]", " [ INFO ] behind", "x[info"}) {
+        EXPECT_EQ(SectionName(header), "info") << header;
+    }
+    for (const char* const header : {"[]", "[", "info]", "]info["}) {
+        EXPECT_EQ(SectionName(header), "") << header;
+    }
+}
+
 TEST(SectionHeader, BgStartsAnElement) {
     EXPECT_EQ(KindOfSection("[BG]"), SectionKind::Element);
     EXPECT_EQ(KindOfSection("[BG 1]"), SectionKind::Element);
