@@ -29,6 +29,7 @@ Figure AdvanceCharacter(const CharacterPass& pass, const StageModel& model) {
     pass.camera.lead = pass.flags.MouseScroll != 0 ? CameraLead::Stand : LeadOf(follow);
 
     const TestCharacter& character = state.Characters.front();
+    pass.camera.leadStep = StepOf(state, character);
     if (character.DrawTexture < 0) {
         return {};
     }

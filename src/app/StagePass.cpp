@@ -23,9 +23,10 @@ bool DrawAndCount(const StagePass& pass) {
 
 void ShowPicture(const StagePass& pass) {
     if (pass.info) {
-        DrawInfoLine(pass.engine, pass.InfoText);
+        PresentFrame(pass.engine, pass.InfoText);
+    } else {
+        PresentFrame(pass.engine);
     }
-    PresentFrame(pass.engine);
 }
 
 }  // namespace scenara

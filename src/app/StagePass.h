@@ -32,7 +32,7 @@ struct StagePass {
 // answer is true. Raises what drawing raises, and "Overflow" when a counter runs over.
 bool DrawAndCount(const StagePass& pass);
 
-// Puts the information line over the picture, while it is wanted, and shows it.
+// Shows the picture, with the information line over it while that is wanted.
 void ShowPicture(const StagePass& pass);
 
 }  // namespace scenara

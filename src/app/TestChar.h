@@ -4,7 +4,8 @@
 // stage that is shown.
 //
 // While it is on, the camera's horizontal step is the character's walking step, and the user's own
-// steps are kept in the save slots that mouse scrolling uses, too (CameraSteps.h).
+// steps are kept in the save slots that mouse scrolling uses, too (CameraSteps.h). What A and Z
+// make of the step meanwhile is for the keys: the camera that goes along makes the character's.
 //
 // What the main window calls, and when:
 //

@@ -2,6 +2,7 @@
 #include "character/UpdateCharacter.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
 #include <optional>
 
@@ -149,6 +150,10 @@ CameraFollow UpdateOne(TestCharState& state, TestCharacter& character, const Sta
 }
 
 }  // namespace
+
+Single StepOf(const TestCharState& state, const TestCharacter& character) {
+    return std::fabs(state.CharZoom * character.WalkSpeed);
+}
 
 CameraFollow UpdateCharacter(TestCharState& state, const StageModel& model, Keyboard& keyboard,
                              const DrawnCamera& camera) {

@@ -21,6 +21,10 @@ namespace scenara {
 // What the camera is to do with a character on the stage: stand, or go along.
 enum class CameraFollow : Byte { Stand, Left, Right };
 
+// How far the character goes in a frame in which it walks, in view pixels; the camera that goes
+// along makes the same step.
+[[nodiscard]] Single StepOf(const TestCharState& state, const TestCharacter& character);
+
 // Called once per frame, before it is drawn; `camera` is the one that its back elements are drawn
 // with. Allocates nothing.
 [[nodiscard]] CameraFollow UpdateCharacter(TestCharState& state, const StageModel& model,

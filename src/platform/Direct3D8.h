@@ -141,6 +141,30 @@ public:
     virtual void PreLoad() = 0;
 };
 
+// Pixels; right and bottom lie outside.
+struct RECT {
+    std::int32_t left = 0;
+    std::int32_t top = 0;
+    std::int32_t right = 0;
+    std::int32_t bottom = 0;
+};
+struct POINT {
+    std::int32_t x = 0;
+    std::int32_t y = 0;
+};
+
+// Pixels that can be copied: a device's back buffer, or an image in main memory. A back buffer's
+// surface is given up before the device is reset or released; an image outlives both.
+class Direct3DSurface8 {
+public:
+    Direct3DSurface8() = default;
+    Direct3DSurface8(const Direct3DSurface8&) = delete;
+    Direct3DSurface8& operator=(const Direct3DSurface8&) = delete;
+    virtual ~Direct3DSurface8() = default;
+};
+
+inline constexpr std::uint32_t D3DBACKBUFFER_TYPE_MONO = 0;
+
 struct D3DDISPLAYMODE {
     std::uint32_t Width = 0;
     std::uint32_t Height = 0;
@@ -205,6 +229,21 @@ public:
                                                   std::span<const Vertex> vertices,
                                                   std::uint32_t stride) = 0;
 
+    // The one back buffer: number 0 of D3DBACKBUFFER_TYPE_MONO. On failure `surface` is left empty.
+    [[nodiscard]] virtual HRESULT GetBackBuffer(std::uint32_t backBuffer, std::uint32_t type,
+                                                std::shared_ptr<Direct3DSurface8>& surface) = 0;
+
+    // An image of the back buffer's format; its pixels are undefined until something is copied to
+    // it. On failure `surface` is left empty.
+    [[nodiscard]] virtual HRESULT CreateImageSurface(
+        std::uint32_t width, std::uint32_t height, std::uint32_t format,
+        std::shared_ptr<Direct3DSurface8>& surface) = 0;
+
+    // Copies a rectangle of one surface to a place of another one, pixel by pixel. Both lie inside
+    // of their surfaces. Not in a scene.
+    [[nodiscard]] virtual HRESULT CopyRects(Direct3DSurface8& source, const RECT& rectangle,
+                                            Direct3DSurface8& destination, const POINT& place) = 0;
+
     // Shows the whole back buffer in the whole window, which keeps its pixels: the copy swap
     // effect, with no source or destination rectangle, no other window and no dirty region.
     [[nodiscard]] virtual HRESULT Present() = 0;
@@ -260,14 +299,6 @@ public:
     virtual ~D3DXFont() = default;
 };
 
-// Pixels; right and bottom lie outside.
-struct TextRectangle {
-    std::int32_t left = 0;
-    std::int32_t top = 0;
-    std::int32_t right = 0;
-    std::int32_t bottom = 0;
-};
-
 // How DrawText lays text out. Without any: from the upper left corner, a line per line break, cut
 // at the rectangle. DT_BOTTOM and DT_VCENTER hold for several lines, too.
 inline constexpr std::uint32_t DT_CENTER = 0x1;
@@ -293,7 +324,7 @@ public:
     // Draws into the back buffer, in a scene or outside. `text` is in the Windows ANSI code page or
     // UTF-8, whichever it can be (base/Text.h); the colour is ARGB.
     [[nodiscard]] virtual HRESULT DrawText(D3DXFont& font, std::uint32_t color,
-                                           std::string_view text, const TextRectangle& rectangle,
+                                           std::string_view text, const RECT& rectangle,
                                            std::uint32_t format) = 0;
 };
 

@@ -23,8 +23,10 @@ struct Camera {
     Single HCamStep = 0;
     Single VCamStep = 0;
 
-    // Set anew for each frame while there is a figure.
+    // Set anew for each frame while there is a figure, and how far that takes the camera along: by
+    // its own step, whatever the user has made of HCamStep.
     CameraLead lead = CameraLead::Keys;
+    Single leadStep = 0;
 
     // The tick of the last accepted key that acts at most every 150 ms.
     Long lastKeyTick = 0;

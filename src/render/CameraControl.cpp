@@ -13,27 +13,27 @@ constexpr Single kMostStep = 10;
 
 void MoveSidewaysByKeys(StageModel& model, const Camera& camera, Keyboard& keyboard) {
     if (keyboard.IsDown(VirtualKey::Right)) {
-        StepRight(model, camera);
+        StepRight(model, camera.HCamStep);
     }
     if (keyboard.IsDown(VirtualKey::Left)) {
-        StepLeft(model, camera);
+        StepLeft(model, camera.HCamStep);
     }
 }
 
 void FollowLead(StageModel& model, const Camera& camera) {
     if (camera.lead == CameraLead::Right) {
-        StepRight(model, camera);
+        StepRight(model, camera.leadStep);
     } else if (camera.lead == CameraLead::Left) {
-        StepLeft(model, camera);
+        StepLeft(model, camera.leadStep);
     }
 }
 
 void MoveUpAndDownByKeys(StageModel& model, const Camera& camera, Keyboard& keyboard) {
     if (keyboard.IsDown(VirtualKey::Up)) {
-        StepUp(model, camera);
+        StepUp(model, camera.VCamStep);
     }
     if (keyboard.IsDown(VirtualKey::Down)) {
-        StepDown(model, camera);
+        StepDown(model, camera.VCamStep);
     }
 }
 
@@ -81,14 +81,14 @@ void MoveByPointer(StageModel& model, Camera& camera, const CameraInput& input) 
     camera.HCamStep = static_cast<Single>(std::fabs(across) / 10);
     camera.VCamStep = static_cast<Single>(std::fabs(down) / 40);
     if (across > 0) {
-        StepRight(model, camera);
+        StepRight(model, camera.HCamStep);
     } else if (across < 0) {
-        StepLeft(model, camera);
+        StepLeft(model, camera.HCamStep);
     }
     if (down < 0) {
-        StepUp(model, camera);
+        StepUp(model, camera.VCamStep);
     } else if (down > 0) {
-        StepDown(model, camera);
+        StepDown(model, camera.VCamStep);
     }
 }
 
@@ -99,27 +99,27 @@ bool KeyGateIsOpen(const Camera& camera, Long now) {
 }
 
 // x is stored negated, so the tests look the other way than the moves.
-void StepRight(StageModel& model, const Camera& camera) {
-    if (-model.CamX + camera.HCamStep <= static_cast<Single>(model.BoundRight)) {
-        model.CamX -= camera.HCamStep;
+void StepRight(StageModel& model, Single step) {
+    if (-model.CamX + step <= static_cast<Single>(model.BoundRight)) {
+        model.CamX -= step;
     }
 }
 
-void StepLeft(StageModel& model, const Camera& camera) {
-    if (-model.CamX - camera.HCamStep >= static_cast<Single>(model.BoundLeft)) {
-        model.CamX += camera.HCamStep;
+void StepLeft(StageModel& model, Single step) {
+    if (-model.CamX - step >= static_cast<Single>(model.BoundLeft)) {
+        model.CamX += step;
     }
 }
 
-void StepUp(StageModel& model, const Camera& camera) {
-    if (model.CamY - camera.VCamStep >= static_cast<Single>(model.BoundHigh)) {
-        model.CamY -= camera.VCamStep;
+void StepUp(StageModel& model, Single step) {
+    if (model.CamY - step >= static_cast<Single>(model.BoundHigh)) {
+        model.CamY -= step;
     }
 }
 
-void StepDown(StageModel& model, const Camera& camera) {
-    if (model.CamY + camera.VCamStep <= static_cast<Single>(model.BoundLow)) {
-        model.CamY += camera.VCamStep;
+void StepDown(StageModel& model, Single step) {
+    if (model.CamY + step <= static_cast<Single>(model.BoundLow)) {
+        model.CamY += step;
     }
 }
 

@@ -7,8 +7,8 @@
 // Bounds are in shown coordinates. The arrow keys move, Z and A lower and raise both steps by 0.5
 // (from 0.5 to 10, at most once every 150 ms), then others' keys follow, and while MouseScroll is
 // on the pointer's distance from the middle of the window sets the steps and moves. While a figure
-// leads the camera, Left and Right do nothing, and it makes at most one step sideways a frame,
-// behind the back pass.
+// leads the camera, Left and Right do nothing, and it makes at most one step of its own sideways a
+// frame, behind the back pass.
 #pragma once
 
 #include "platform/Clock.h"
@@ -49,11 +49,11 @@ struct CameraInput {
 // lastKeyTick to `now`.
 [[nodiscard]] bool KeyGateIsOpen(const Camera& camera, Long now);
 
-// One step each, within the bounds.
-void StepRight(StageModel& model, const Camera& camera);
-void StepLeft(StageModel& model, const Camera& camera);
-void StepUp(StageModel& model, const Camera& camera);
-void StepDown(StageModel& model, const Camera& camera);
+// One step of this size each, within the bounds.
+void StepRight(StageModel& model, Single step);
+void StepLeft(StageModel& model, Single step);
+void StepUp(StageModel& model, Single step);
+void StepDown(StageModel& model, Single step);
 
 void ControlCamera(StageModel& model, Camera& camera, const ViewFlags& flags,
                    const CameraInput& input);

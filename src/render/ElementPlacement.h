@@ -38,8 +38,9 @@ inline constexpr Single kFarthest = 1073741824.0F;
                                                         const BackgroundElement& element,
                                                         bool additions);
 
-// Whether there is anything at all that the element could show. Without, it is skipped: a still one
-// without its sprite, an animated one without an action. (A blank frame of an action is something.)
+// Whether there is anything at all that the element could show. Without, it is skipped, unless it
+// is a dummy: a still one without its sprite, an animated one without an action. (A blank frame of
+// an action is something.)
 [[nodiscard]] bool HasPictures(const StageModel& model, const BackgroundElement& element);
 
 }  // namespace scenara

@@ -16,8 +16,8 @@ float Sum(Long a, Long b) {
     return static_cast<float>(ToLong(static_cast<double>(a) + static_cast<double>(b)));
 }
 
-template <typename Object>
-const std::unique_ptr<Object>& Made(const std::unique_ptr<Object>& object, std::string_view call) {
+template <typename Pointer>
+const Pointer& Made(const Pointer& object, std::string_view call) {
     if (!object) {
         throw RunTimeError(RunTimeErrorKind::Direct3D, call);
     }
@@ -83,6 +83,10 @@ void Engine::StartUp() {
     Require(d3dx_->CreateFont(*device_, font, font_), "CreateFont");
     static_cast<void>(Made(font_, "CreateFont"));
 
+    Require(device_->CreateImageSurface(kMostKept.x, kMostKept.y, displayMode_.Format, kept_),
+            "CreateImageSurface");
+    static_cast<void>(Made(kept_, "CreateImageSurface"));
+
     quad_ = {};
     for (std::size_t corner = 0; corner < quad_.size(); ++corner) {
         Vertex& vertex = quad_[corner];
@@ -107,7 +111,8 @@ void Engine::Engine_Init_Gfx() const {
 }
 
 void Engine::Engine_Deinit() {
-    font_.reset();  // made by the device, so it goes first
+    kept_.reset();  // made by the device, so they go first
+    font_.reset();
     device_.reset();
     d3dx_.reset();
     direct3D_.reset();
@@ -218,10 +223,27 @@ void Engine::DrawQuad() {
 void Engine::Draw_Text(Integer Left, Integer Top, Integer Width, Integer Height,
                        std::string_view Text, Long Color, Long Format) {
     static_cast<void>(Device());
-    const TextRectangle rectangle{Left, Top, Left + Width, Top + Height};
+    const RECT rectangle{Left, Top, Left + Width, Top + Height};
     Require(d3dx_->DrawText(*font_, static_cast<std::uint32_t>(Color), Text, rectangle,
                             static_cast<std::uint32_t>(Format)),
             "DrawText");
+}
+
+void Engine::Keep(const RECT& rectangle) {
+    std::shared_ptr<Direct3DSurface8> backBuffer;
+    Require(Device().GetBackBuffer(0, D3DBACKBUFFER_TYPE_MONO, backBuffer), "GetBackBuffer");
+    Require(device_->CopyRects(*Made(backBuffer, "GetBackBuffer"), rectangle, *kept_, {}),
+            "CopyRects");
+    keptRectangle_ = rectangle;
+}
+
+void Engine::PutBack() {
+    std::shared_ptr<Direct3DSurface8> backBuffer;
+    const auto& [left, top, right, bottom] = keptRectangle_;
+    if (!Failed(Device().GetBackBuffer(0, D3DBACKBUFFER_TYPE_MONO, backBuffer)) && backBuffer) {
+        static_cast<void>(device_->CopyRects(*kept_, {0, 0, right - left, bottom - top},
+                                             *backBuffer, {left, top}));
+    }
 }
 
 Long Engine::Engine_Device_Status() {

@@ -34,6 +34,9 @@ inline constexpr MessageKind kMessageEngineInit = "Engine_Init";
 inline constexpr Long kOpaqueWhite = -1;
 inline constexpr std::uint32_t kShadowColor = 0x64000000;  // black, alpha 100 of 255
 
+// The largest rectangle that can be kept, pixels: the information line's.
+inline constexpr POINT kMostKept{200, 20};
+
 // How a piece of a sprite is drawn.
 struct BlitStyle {
     bool mirrored = false;  // left to right
@@ -90,6 +93,12 @@ public:
     void Draw_Text(Integer Left, Integer Top, Integer Width, Integer Height, std::string_view Text,
                    Long Color, Long Format);
 
+    // For what is to be seen in one picture only: keeps what the back buffer has in a rectangle of
+    // the view, of kMostKept at most, until PutBack brings it back. A device that cannot bring it
+    // back has been lost, and its picture with it: then nothing happens.
+    void Keep(const RECT& rectangle);
+    void PutBack();
+
     // Resets a lost device that can be reset; one that cannot yet is left alone. Always 0.
     Long Engine_Device_Status();
 
@@ -123,6 +132,8 @@ private:
     std::unique_ptr<Direct3DDevice8> device_;
     std::unique_ptr<D3DX8> d3dx_;
     std::unique_ptr<D3DXFont> font_;
+    std::shared_ptr<Direct3DSurface8> kept_;
+    RECT keptRectangle_;
     D3DPRESENT_PARAMETERS presentation_;
     D3DDISPLAYMODE displayMode_;
     std::array<Vertex, 4> quad_;

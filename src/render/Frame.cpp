@@ -15,12 +15,19 @@ void DrawScene(Engine& engine, TileEngine& tiles, ViewFlags& flags, FigureSource
     Require(engine.Device().EndScene(), "EndScene");
 }
 
-void DrawInfoLine(Engine& engine, std::string_view text) {
-    engine.Draw_Text(5, 5, 200, 20, text, kOpaqueWhite, 0);
-}
-
 void PresentFrame(Engine& engine) {
     static_cast<void>(engine.Device().Present());
+}
+
+void PresentFrame(Engine& engine, std::string_view infoLine) {
+    constexpr Integer kLeft = 5;
+    constexpr Integer kTop = 5;
+    constexpr Integer kWidth = 200;
+    constexpr Integer kHeight = 20;
+    engine.Keep({kLeft, kTop, kLeft + kWidth, kTop + kHeight});
+    engine.Draw_Text(kLeft, kTop, kWidth, kHeight, infoLine, kOpaqueWhite, 0);
+    PresentFrame(engine);
+    engine.PutBack();
 }
 
 }  // namespace scenara

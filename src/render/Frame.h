@@ -19,10 +19,11 @@ namespace scenara {
 void DrawScene(Engine& engine, TileEngine& tiles, ViewFlags& flags,
                FigureSource* figures = nullptr);
 
-// The information line, over the finished scene.
-void DrawInfoLine(Engine& engine, std::string_view text);
-
-// Shows the back buffer; a failure is ignored.
+// Shows the back buffer; a failure to show it is ignored.
 void PresentFrame(Engine& engine);
+
+// The same with the information line over it. The line does not stay in the back buffer: drawn over
+// itself in each pass its half tones would add up. Allocates nothing.
+void PresentFrame(Engine& engine, std::string_view infoLine);
 
 }  // namespace scenara

@@ -44,14 +44,15 @@ void MoveDrawn(BackgroundElement& element) {
 }
 
 void FollowCamera(const StageModel& model, const Camera& camera, BackgroundElement& element) {
+    const bool byStep = camera.lead == CameraLead::Keys;
     const Single movedX = camera.previousX - model.CamX;
     if (movedX != 0) {
-        const Single step = element.deltaX * camera.HCamStep;
+        const Single step = element.deltaX * (byStep ? camera.HCamStep : std::fabs(movedX));
         element.posX += movedX > 0 ? -step : step;
     }
     const Single movedY = camera.previousY - model.CamY;
     if (movedY != 0) {
-        const Single step = element.deltaY * camera.VCamStep;
+        const Single step = element.deltaY * (byStep ? camera.VCamStep : std::fabs(movedY));
         element.posY += movedY > 0 ? step : -step;
     }
 }

@@ -23,8 +23,9 @@ void NoteLinks(StageModel& model);
 void MoveDrawn(BackgroundElement& element);
 
 // Follows the camera since the last pass. Deliberate: by the camera's step and not by the distance
-// it moved (ParallaxStep.UsesTheStepAndNotTheDistance). x is stored negated and y is not, so the
-// signs of the two are opposite.
+// it moved (ParallaxStep.UsesTheStepAndNotTheDistance). Where a figure leads the camera, by the
+// distance: the figure's place knows no other, and its feet must not slide. x is stored negated and
+// y is not, so the signs of the two are opposite.
 void FollowCamera(const StageModel& model, const Camera& camera, BackgroundElement& element);
 
 // Addition: all elements at once, so that nothing of the camera's way is left for the next pass,

@@ -83,7 +83,8 @@ void Place(const StageModel& model, BackgroundElement& element) {
         NearestSingle((start.y - axisY) * scale - static_cast<double>(element.deltaY) * cameraY);
 }
 
-void SetRuntimeValues(const StageModel& model, BackgroundElement& element) {
+void SetRuntimeValues(const StageModel& model, const ViewOptions& options,
+                      BackgroundElement& element) {
     element.lastTileIndex = -1;
     element.frameIndex = 0;
     element.frameTime = 0;
@@ -92,7 +93,8 @@ void SetRuntimeValues(const StageModel& model, BackgroundElement& element) {
     element.sinOffset = {};
     element.linkSin = {};
     element.visible = 1;
-    element.enabled = IsDummy(element.type) ? Byte{0} : Byte{1};
+    // Plain, a dummy waits for a controller, and so do those that are linked to it.
+    element.enabled = IsDummy(element.type) && !options.Additions ? Byte{0} : Byte{1};
     if (IsAnimated(element.type)) {
         element.spriteIndex = kPicturesOfAction;
         if (const StageAction* const action = ActionOf(model, element)) {
@@ -208,7 +210,7 @@ void PrepareElements(StageModel& model, const ViewOptions& options) {
     ResolveLinks(model);
     for (BackgroundElement& element : model.Elements) {
         Place(model, element);
-        SetRuntimeValues(model, element);
+        SetRuntimeValues(model, options, element);
     }
     SetBackTimers(model);
     OrderElementsById(model);

@@ -23,8 +23,8 @@ void PlaceCamera(StageModel& model, Camera& camera, const CameraPlace& place);
 // Then the ground line's element, the order of ids for controllers, the raised upper bound, and the
 // textures that will be drawn with their transparent pixels left out.
 //
-// With additions the upper bound is not raised: it compares camera units with picture rows, and so
-// cuts stages whose deltas are below 1.
+// With additions dummies are enabled from the start, and the upper bound is not raised: it compares
+// camera units with picture rows, and so cuts stages whose deltas are below 1.
 //
 // Raises "Subscript out of range" when an element's sprite or action is not in its table.
 void PrepareElements(StageModel& model, const ViewOptions& options);

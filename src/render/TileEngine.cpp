@@ -4,6 +4,7 @@
 #include "render/AnimationClock.h"
 #include "render/Controllers.h"
 #include "render/ElementDrawing.h"
+#include "render/ElementKind.h"
 #include "render/ElementPlacement.h"
 #include "render/Motion.h"
 
@@ -35,7 +36,9 @@ void TileEngine::TickStage() {
 }
 
 void TileEngine::DrawSelected(BackgroundElement& element) {
-    if (element.visible == 0 || element.enabled == 0 || !HasPictures(model_, element)) {
+    // A dummy takes part without a picture: it moves, and what is linked to it with it.
+    if (element.visible == 0 || element.enabled == 0 ||
+        (!IsDummy(element.type) && !HasPictures(model_, element))) {
         return;
     }
     if (GoesOn()) {

@@ -21,7 +21,8 @@
 //   stretched parallax pictures            render/ParallaxRows.cpp, RowStretch
 //   windows that move                      render/ElementWindow.cpp
 //   negative tile steps                    render/Tiling.cpp
-//   the upper bound as the file has it     render/PrepareStage.cpp
+//   the upper bound as the file has it,
+//   and dummies that lead from the start   render/PrepareStage.cpp
 //   the test character, moved and seen     app/CharacterPass.cpp; render/Figure.cpp
 //   a character's ground that moves        character/PlaceCharacter.cpp, FollowGround
 //   blank frames, and repeated actions     character/CharacterAnimation.cpp

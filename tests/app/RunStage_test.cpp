@@ -158,6 +158,26 @@ TEST(RunStage, WhilePausedThePictureIsShownAgainAndNothingIsCounted) {
     EXPECT_EQ(stage.sink.shown, 20);
 }
 
+TEST(RunStage, WhilePausedTheInformationLineComesAndGoesOverTheSamePicture) {
+    for (const bool additions : {false, true}) {
+        std::vector<std::vector<std::uint32_t>> pictures;
+        const auto keep = [&](RunningStage& running) { pictures.push_back(running.sink.last); };
+        const auto toggle = [&](RunningStage& running) {
+            keep(running);
+            running.Click(Menu::mnuInfo);
+        };
+        RunningStage stage(InTurn({[](RunningStage& running) { running.Click(Menu::mnuPause); },
+                                   keep, Wait, Wait, toggle, toggle, keep}),
+                           additions);
+        stage.Click(Menu::mnuInfo);
+        stage.program.RunStage();
+        ASSERT_EQ(pictures.size(), 4U);
+        EXPECT_EQ(pictures[1], pictures[0]) << "the half tones do not add up";
+        EXPECT_NE(pictures[2], pictures[0]) << "unchecking takes it away";
+        EXPECT_EQ(pictures[3], pictures[0]) << "checking brings it back";
+    }
+}
+
 TEST(RunStage, InTheSpriteBrowserNothingIsDrawnShownOrAsked) {
     RunningStage stage([](RunningStage& running, int turn) {
         if (turn == kLoading + 5) {

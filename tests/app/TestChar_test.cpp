@@ -527,10 +527,13 @@ TEST_F(CharacterPassTest, GivesTheFigureAsTheCameraSeesIt) {
     EXPECT_EQ(camera_.lead, CameraLead::Stand);
 }
 
-TEST_F(CharacterPassTest, LeadsTheCamera) {
+TEST_F(CharacterPassTest, LeadsTheCameraByItsOwnStep) {
     state_.Characters[0].X = 170;
+    camera_.HCamStep = 0.5F;  // what Z has made of it
     static_cast<void>(Advance({VirtualKey::Right}));
     EXPECT_EQ(camera_.lead, CameraLead::Right);
+    EXPECT_EQ(camera_.leadStep, 2.4F);
+    EXPECT_EQ(camera_.HCamStep, 0.5F);
     state_.Characters[0].HasTurn = false;
     state_.Characters[0].X = 150;
     static_cast<void>(Advance());

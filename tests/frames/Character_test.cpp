@@ -159,6 +159,38 @@ TEST(Character, WalksAndThenTakesTheCameraAlong) {
     EXPECT_EQ(stage.Columns(215, kTileEdge), Span(142, 142));
 }
 
+struct CameraKeys {
+    const char* before;
+    const char* meanwhile;  // beside Right
+};
+
+TEST(Character, StaysInTheMiddleAndOnTheFloorWhateverZAndAMakeOfTheSteps) {
+    for (const auto& [before, meanwhile] : {CameraKeys{"none:1", ""},
+                                            {"z:200", ""},
+                                            {"a:200", ""},
+                                            {"none:1", "+z"},
+                                            {"none:1", "+a"},
+                                            {"up:2", "+up+z"},
+                                            {"up+a:30,z:50", "+down+a"}}) {
+        SCOPED_TRACE(std::string(before) + " " + meanwhile);
+        PeopledStage stage(std::string("[Camera]\nboundleft = -100\nboundright = 100\n"
+                                       "boundhigh = -25\n[PlayerInfo]\np1startx = -70\n"
+                                       "[StageInfo]\nzoffset = 210\n") +
+                           kBackdrop + kGroundTile);
+        stage.Run(before, 200);
+        stage.Run("right:40,right" + std::string(meanwhile) + ":33,none:2", 75);
+        EXPECT_EQ(stage.Machine().Model().CamX, -76.0F);
+        EXPECT_EQ(stage.Machine().TestChar().Characters.at(0).X, 236.0F);
+        int feet = 0;
+        while (feet < kViewHeight - 1 && stage.Columns(feet, kGreen) != Span(157, 162)) {
+            ++feet;
+        }
+        const int floor = feet - 5;
+        EXPECT_EQ(stage.Rgb(160 - 76, floor), kTileEdge);
+        EXPECT_NE(stage.Rgb(160 - 76, floor - 1), kTileEdge);
+    }
+}
+
 TEST(Character, StandsStillOnTheFloorWhenItStops) {
     PeopledStage stage(std::string(kGround) + kBackdrop + kGroundTile);
     stage.Run("right:45", 46);

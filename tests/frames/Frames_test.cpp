@@ -78,6 +78,35 @@ TEST(Frames, WithoutInfoThereIsNoText) {
     EXPECT_NE(informed.Picture(), plain.Picture());
 }
 
+// The corner that the line stands in is covered, blended over, or left as it was.
+TEST(Frames, TheInformationLineIsThereOnceHoweverOftenItIsShown) {
+    const std::string blended =
+        "[BG light]\ntype = normal\nspriteno = 0,0\nstart = 0,0\ndelta = 0,0\ntrans = add\n";
+    for (const std::string& definition :
+         {std::string(kBackdrop), std::string("[Info]\n"), blended}) {
+        for (const ViewOptions& view : {kPlainView, ViewOptions()}) {
+            PaintedStage informed(definition, view);
+            PaintedStage other(definition, view);
+            informed.ShowInfo();
+            informed.Run(1);
+            const std::vector<std::uint32_t> first = informed.Picture();
+            informed.Run(20);
+            other.Run(21);
+            if (definition != blended) {
+                EXPECT_EQ(informed.Picture(), first) << definition;
+            }
+            // Another text, at another place of the camera, and then none.
+            informed.Hold("right:80");
+            other.Hold("right:80");
+            informed.Run(60);
+            informed.ShowInfo(false);
+            informed.Run(1);
+            other.Run(61);
+            EXPECT_EQ(informed.Picture(), other.Picture()) << definition;
+        }
+    }
+}
+
 // Tiles, rows, windows, links, controllers, animations and text at once, on the real device.
 TEST(Frames, AllocateNothing) {
     PaintedStage stage(

@@ -38,7 +38,7 @@ public:
     [[nodiscard]] const StageModel& Model() const { return machine_.Model(); }
     [[nodiscard]] std::vector<std::string> MessageTexts() const;
 
-    void ShowInfo() { info_ = true; }
+    void ShowInfo(bool info = true) { info_ = info; }
 
 private:
     MemoryFiles files_;

@@ -206,7 +206,7 @@ TEST_F(SoftDirect3DTest, EveryStepCanFail) {
 
 // Text
 
-constexpr TextRectangle kPlace{5, 5, 205, 25};
+constexpr RECT kPlace{5, 5, 205, 25};
 
 TEST_F(SoftDirect3DTest, DrawsTextIntoTheBackBuffer) {
     StartWithDevice();

@@ -23,21 +23,21 @@ constexpr std::int32_t kWidth = 120;
 constexpr std::int32_t kHeight = 60;
 constexpr std::uint32_t kGround = 0x12406080;
 constexpr std::uint32_t kInk = 0xFFFFFFFF;
-constexpr TextRectangle kWhole{0, 0, kWidth, kHeight};
+constexpr RECT kWhole{0, 0, kWidth, kHeight};
 
 const FontDescription kDescription{"Times New Roman", 12, true, false};
 
 class SoftFontTest : public testing::Test {
 protected:
     // The picture with `text` drawn on the ground.
-    [[nodiscard]] Pixels Drawn(std::string_view text, const TextRectangle& rectangle,
+    [[nodiscard]] Pixels Drawn(std::string_view text, const RECT& rectangle,
                                std::uint32_t format = 0, std::uint32_t color = kInk) const {
         Pixels pixels(std::size_t{kWidth} * kHeight, kGround);
         Draw(pixels, text, rectangle, format, color);
         return pixels;
     }
 
-    void Draw(Pixels& pixels, std::string_view text, const TextRectangle& rectangle,
+    void Draw(Pixels& pixels, std::string_view text, const RECT& rectangle,
               std::uint32_t format = 0, std::uint32_t color = kInk) const {
         DrawSoftText(*font_, color, text, rectangle, format, pixels, kWidth, kHeight);
     }
@@ -61,14 +61,14 @@ Pixels Ground() {
     return Pixels(std::size_t{kWidth} * kHeight, kGround);
 }
 
-bool IsInside(std::size_t index, const TextRectangle& rectangle) {
+bool IsInside(std::size_t index, const RECT& rectangle) {
     const auto x = static_cast<std::int32_t>(index % kWidth);
     const auto y = static_cast<std::int32_t>(index / kWidth);
     return x >= rectangle.left && x < rectangle.right && y >= rectangle.top && y < rectangle.bottom;
 }
 
 // `inside` where the rectangle is, `outside` elsewhere.
-Pixels Combined(const Pixels& inside, const Pixels& outside, const TextRectangle& rectangle) {
+Pixels Combined(const Pixels& inside, const Pixels& outside, const RECT& rectangle) {
     Pixels combined = outside;
     for (std::size_t i = 0; i < combined.size(); ++i) {
         if (IsInside(i, rectangle)) {
@@ -79,8 +79,8 @@ Pixels Combined(const Pixels& inside, const Pixels& outside, const TextRectangle
 }
 
 // The smallest rectangle that holds all that was drawn.
-TextRectangle InkOf(const Pixels& pixels) {
-    TextRectangle ink{kWidth, kHeight, 0, 0};
+RECT InkOf(const Pixels& pixels) {
+    RECT ink{kWidth, kHeight, 0, 0};
     for (std::size_t i = 0; i < pixels.size(); ++i) {
         if (pixels[i] != kGround) {
             const auto x = static_cast<std::int32_t>(i % kWidth);
@@ -93,7 +93,7 @@ TextRectangle InkOf(const Pixels& pixels) {
 }
 
 TEST_F(SoftFontTest, DrawsFromTheUpperLeftCorner) {
-    const TextRectangle ink = InkOf(Drawn("HH", {20, 10, 120, 60}));
+    const RECT ink = InkOf(Drawn("HH", {20, 10, 120, 60}));
     EXPECT_GE(ink.left, 20);
     EXPECT_LE(ink.left, 22);
     EXPECT_GT(ink.top, 10);
@@ -140,13 +140,13 @@ TEST_F(SoftFontTest, ATransparentColourDrawsNothing) {
 }
 
 TEST_F(SoftFontTest, IsCutAtTheRectangle) {
-    const TextRectangle rectangle{10, 8, 37, 15};
+    const RECT rectangle{10, 8, 37, 15};
     const Pixels uncut = Drawn("WgWgWgWg", rectangle, DT_NOCLIP);
     const Pixels cut = Drawn("WgWgWgWg", rectangle);
     EXPECT_EQ(cut, Combined(uncut, Ground(), rectangle));
     EXPECT_NE(cut, Ground());
     EXPECT_NE(cut, uncut);
-    const TextRectangle ink = InkOf(uncut);
+    const RECT ink = InkOf(uncut);
     EXPECT_GT(ink.right, rectangle.right);
     EXPECT_GT(ink.bottom, rectangle.bottom);
 }
@@ -176,7 +176,7 @@ TEST_F(SoftFontTest, AlignsByTheWidthOfTheText) {
               Drawn("Wide 12", {110 - width, 5, 110, 55}));
     EXPECT_EQ(Drawn("Wide 12", {10, 5, 110, 55}, DT_CENTER),
               Drawn("Wide 12", {10 + (100 - width) / 2, 5, 110, 55}));
-    const TextRectangle ink = InkOf(Drawn("H", {10, 5, 110, 55}, DT_RIGHT));
+    const RECT ink = InkOf(Drawn("H", {10, 5, 110, 55}, DT_RIGHT));
     EXPECT_LE(ink.right, 110);
     EXPECT_GE(ink.right, 108) << "it ends in the rectangle's last columns";
 }
@@ -222,7 +222,7 @@ TEST_F(SoftFontTest, TheInformationLineFitsItsRectangle) {
     if (Glyphs().LineHeight() > 20) {
         GTEST_SKIP() << "another font";
     }
-    const TextRectangle rectangle{5, 5, 205, 25};
+    const RECT rectangle{5, 5, 205, 25};
     EXPECT_EQ(Drawn("Cam 12.5,0  60 FPS", rectangle),
               Drawn("Cam 12.5,0  60 FPS", rectangle, DT_NOCLIP));
 }
@@ -253,7 +253,7 @@ TEST_F(SoftFontTest, TakesTextsOfEverySize) {
     for (std::size_t i = 0; i < text.size(); i += 3) {
         text[i] = static_cast<char>(i * 7919U >> 3U);
     }
-    const TextRectangle rectangle{10, 10, 100, 50};
+    const RECT rectangle{10, 10, 100, 50};
     for (const std::uint32_t format :
          {0U, DT_RIGHT | DT_BOTTOM, DT_CENTER | DT_VCENTER | DT_WORDBREAK, DT_SINGLELINE}) {
         const Pixels pixels = Drawn(text, rectangle, format);

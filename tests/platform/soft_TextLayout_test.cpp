@@ -36,8 +36,7 @@ Lines LinesOf(std::string_view text, std::uint32_t format = 0, std::int64_t room
 
 using Place = std::tuple<std::string, std::int64_t, std::int64_t>;  // text, left, top
 
-std::vector<Place> PlacesOf(std::string_view text, const TextRectangle& rectangle,
-                            std::uint32_t format) {
+std::vector<Place> PlacesOf(std::string_view text, const RECT& rectangle, std::uint32_t format) {
     TestWidths widths;
     TextLayout layout(text, EncodingOf(text), rectangle, format, 20, widths);
     std::vector<Place> places;
@@ -122,7 +121,7 @@ TEST(LineCutter, TakesTimeInProportionToTheText) {
     EXPECT_LE(widths.asked, 3 * text.size());
 }
 
-constexpr TextRectangle kRectangle{100, 200, 200, 300};
+constexpr RECT kRectangle{100, 200, 200, 300};
 
 TEST(TextLayout, BeginsInTheUpperLeftCorner) {
     EXPECT_EQ(PlacesOf("a\nbb", kRectangle, 0),

@@ -90,8 +90,7 @@ TEST(BusyFrame, AllocatesNothing) {
         player.keyboard.Press(frame < 100 ? VirtualKey::Right : VirtualKey::Up);
         player.flags.MouseScroll = frame > 150 ? kByteTrue : Byte{0};
         DrawScene(player.engine, player.tiles, player.flags);
-        DrawInfoLine(player.engine, "Cam 12.5,0  60 FPS");
-        PresentFrame(player.engine);
+        PresentFrame(player.engine, "Cam 12.5,0  60 FPS");
     }
     const std::size_t after = AllocationCount();
 

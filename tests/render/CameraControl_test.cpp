@@ -431,31 +431,29 @@ TEST_F(KeysBehind, FindTheGateOpenWhenNoKeyWasAccepted) {
 using SingleSteps = CameraControlTest;
 
 TEST_F(SingleSteps, AreMadeWholeOrNotAtAll) {
-    Steps(2, 3);
     Show(18, -27);
-    StepRight(player.model, player.camera);
-    StepUp(player.model, player.camera);
+    StepRight(player.model, 2);
+    StepUp(player.model, 3);
     ExpectShown(20, -30);
-    StepRight(player.model, player.camera);
-    StepUp(player.model, player.camera);
+    StepRight(player.model, 2);
+    StepUp(player.model, 3);
     ExpectShown(20, -30);
     Show(-9, -1);
-    StepLeft(player.model, player.camera);
-    StepDown(player.model, player.camera);
+    StepLeft(player.model, 2);
+    StepDown(player.model, 3);
     ExpectShown(-9, -1);
     Show(-8, -3);
-    StepLeft(player.model, player.camera);
-    StepDown(player.model, player.camera);
+    StepLeft(player.model, 2);
+    StepDown(player.model, 3);
     ExpectShown(-10, 0);
 }
 
 TEST_F(SingleSteps, OfNothingMoveNothing) {
-    Steps(0, 0);
     Show(20, 0);
-    StepRight(player.model, player.camera);
-    StepLeft(player.model, player.camera);
-    StepUp(player.model, player.camera);
-    StepDown(player.model, player.camera);
+    StepRight(player.model, 0);
+    StepLeft(player.model, 0);
+    StepUp(player.model, 0);
+    StepDown(player.model, 0);
     ExpectShown(20, 0);
 }
 
@@ -463,8 +461,9 @@ TEST_F(SingleSteps, OfNothingMoveNothing) {
 
 using CameraLeadTest = CameraControlTest;
 
-TEST_F(CameraLeadTest, MakesOneStepBehindTheBackPass) {
-    Steps(3, 1);
+TEST_F(CameraLeadTest, MakesOneStepOfItsOwnBehindTheBackPass) {
+    Steps(1, 1);
+    player.camera.leadStep = 3;
     player.camera.lead = CameraLead::Right;
     player.flags.DrawFrontLayer = 0;
     Control();
@@ -479,7 +478,8 @@ TEST_F(CameraLeadTest, MakesOneStepBehindTheBackPass) {
 }
 
 TEST_F(CameraLeadTest, KeepsToTheBounds) {
-    Steps(3, 1);
+    Steps(1, 1);
+    player.camera.leadStep = 3;
     player.flags.DrawFrontLayer = 0;
     player.camera.lead = CameraLead::Right;
     Show(18, 0);

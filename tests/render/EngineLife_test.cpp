@@ -26,7 +26,7 @@ const Lines kStartStates{
     "SetRenderState 20 1", "SetRenderState 27 0",  "SetTextureStageState 0 4 4",
 };
 
-const Lines kShutDown{"~Font", "~Device", "~D3DX", "~Direct3D", "~DirectX"};
+const Lines kShutDown{"~Image", "~Font", "~Device", "~D3DX", "~Direct3D", "~DirectX"};
 
 Lines operator+(Lines a, const Lines& b) {
     a.insert(a.end(), b.begin(), b.end());
@@ -46,6 +46,7 @@ TEST(EngineStart, MakesEverythingInItsOrder) {
         "Show",
         std::string("CreateDevice 0 1 1 32 with ") + kPresentation,
         "CreateFont Times New Roman 12 bold",
+        "CreateImageSurface 200 20 23",
     };
     EXPECT_EQ(player.record.TakeLines(), made + kStartStates);
     EXPECT_TRUE(player.messages.Recorded().empty());
@@ -117,6 +118,7 @@ TEST_P(EngineStartStep, LeavesNothingAndSaysSoOnce) {
 const Lines kUpToRoot{"~DirectX"};
 const Lines kUpToDirect3D{"~Direct3D", "~DirectX"};
 const Lines kUpToD3DX{"~D3DX", "~Direct3D", "~DirectX"};
+const Lines kUpToFont{"~Font", "~Device", "~D3DX", "~Direct3D", "~DirectX"};
 const Lines kUpToDevice{"~Device", "~D3DX", "~Direct3D", "~DirectX"};
 
 constexpr auto kFails = Record::Trouble::Fails;
@@ -131,6 +133,7 @@ INSTANTIATE_TEST_SUITE_P(
                     FailingStep{"GetAdapterDisplayMode", 1, kFails, false, kUpToD3DX},
                     FailingStep{"CreateDevice", 1, kFails, true, kUpToD3DX},
                     FailingStep{"CreateFont", 1, kFails, true, kUpToDevice},
+                    FailingStep{"CreateImageSurface", 1, kFails, true, kUpToFont},
                     FailingStep{"SetVertexShader", 1, kFails, true, kShutDown},
                     FailingStep{"SetRenderState", 1, kFails, true, kShutDown},
                     FailingStep{"SetRenderState", 2, kFails, true, kShutDown},
@@ -142,7 +145,8 @@ INSTANTIATE_TEST_SUITE_P(
 INSTANTIATE_TEST_SUITE_P(
     GivesNothing, EngineStartStep,
     testing::Values(FailingStep{"CreateDevice", 1, kGivesNothing, true, kUpToD3DX},
-                    FailingStep{"CreateFont", 1, kGivesNothing, true, kUpToDevice}));
+                    FailingStep{"CreateFont", 1, kGivesNothing, true, kUpToDevice},
+                    FailingStep{"CreateImageSurface", 1, kGivesNothing, true, kUpToFont}));
 
 INSTANTIATE_TEST_SUITE_P(RunsOutOfMemory, EngineStartStep,
                          testing::Values(FailingStep{"CreateDirectX8", 1, kNoMemory, false, {}},
@@ -178,6 +182,8 @@ TEST(EngineWithoutADevice, EveryOperationThatNeedsOneIsAnError) {
     ExpectError(kNotSet, [&] { engine.D3DBltFlip(nullptr, sky, 0, 0, 64, 32, 0, 0); });
     ExpectError(kNotSet, [&] { engine.DrawQuad(); });
     ExpectError(kNotSet, [&] { engine.Draw_Text(5, 5, 200, 20, "Cam", -1, 0); });
+    ExpectError(kNotSet, [&] { engine.Keep({0, 0, 1, 1}); });
+    ExpectError(kNotSet, [&] { engine.PutBack(); });
     ExpectError(kNotSet, [&] { engine.Engine_Init_Gfx(); });
     ExpectError(kNotSet, [&] { static_cast<void>(engine.Engine_Device_Status()); });
     ExpectError(kNotSet, [&] { static_cast<void>(engine.Engine_Device_Reset()); });

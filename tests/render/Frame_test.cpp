@@ -4,6 +4,7 @@
 #include "render/Frame.h"
 
 #include <algorithm>
+#include <utility>
 
 #include <gtest/gtest.h>
 
@@ -53,16 +54,21 @@ TEST_F(FrameTest, IsTheSameEveryTime) {
     EXPECT_EQ(player.record.TakeLines(), first);
 }
 
-TEST_F(FrameTest, TheInformationLineComesBehindTheSceneAndThenTheBufferIsShown) {
+TEST_F(FrameTest, TheInformationLineIsInTheBackBufferWhileItIsShownOnly) {
     Scene();
-    DrawInfoLine(player.engine, "Cam 12.5,0  60 FPS");
-    PresentFrame(player.engine);
-    const Lines lines = player.record.TakeLines();
-    ASSERT_GE(lines.size(), 3U);
-    EXPECT_EQ(Lines(lines.end() - 3, lines.end()),
-              (Lines{"EndScene",
-                     "DrawText 'Cam 12.5,0  60 FPS' in 5 5 205 25, color and format 4294967295 0",
-                     "Present"}));
+    static_cast<void>(player.record.TakeLines());
+    PresentFrame(player.engine, "Cam 12.5,0  60 FPS");
+    EXPECT_EQ(
+        player.record.TakeLines(),
+        (Lines{"GetBackBuffer 0 0", "CopyRects BackBuffer 5 5 205 25 to Image 0 0",
+               "DrawText 'Cam 12.5,0  60 FPS' in 5 5 205 25, color and format 4294967295 0",
+               "Present", "GetBackBuffer 0 0", "CopyRects Image 0 0 200 20 to BackBuffer 5 5"}));
+}
+
+TEST_F(FrameTest, TheInformationLineGoesAlsoWhenItCannotBeShown) {
+    player.record.AnswerAlways("Present", D3DERR_DEVICELOST);
+    PresentFrame(player.engine, "Cam");
+    EXPECT_EQ(player.record.TakeLines().back(), "CopyRects Image 0 0 200 20 to BackBuffer 5 5");
 }
 
 TEST_F(FrameTest, WithoutTheInformationLineHasNoText) {
@@ -110,16 +116,31 @@ TEST_F(FrameTest, FailingToEndIsAnError) {
     ExpectError(RunTimeErrorKind::Direct3D, [&] { Scene(); });
 }
 
-TEST_F(FrameTest, FailingTextIsAnError) {
-    player.record.Spoil("DrawText", Record::Trouble::Fails);
-    ExpectError(RunTimeErrorKind::Direct3D, [&] { DrawInfoLine(player.engine, "Cam"); });
+TEST_F(FrameTest, AnInformationLineThatCannotBeDrawnIsAnError) {
+    for (const char* const call : {"GetBackBuffer", "CopyRects", "DrawText"}) {
+        player.record.Spoil(call, Record::Trouble::Fails);
+        ExpectError(RunTimeErrorKind::Direct3D, [&] { PresentFrame(player.engine, "Cam"); });
+    }
+    player.record.Spoil("GetBackBuffer", Record::Trouble::GivesNothing);
+    ExpectError(RunTimeErrorKind::Direct3D, [&] { PresentFrame(player.engine, "Cam"); });
+}
+
+// The device has been lost meanwhile, which the next pass finds out.
+TEST_F(FrameTest, AnInformationLineThatCannotBeTakenAwayIsNone) {
+    using Trouble = Record::Trouble;
+    for (const auto& [call, trouble] : {std::pair{"GetBackBuffer", Trouble::Fails},
+                                        {"GetBackBuffer", Trouble::GivesNothing},
+                                        {"CopyRects", Trouble::Fails}}) {
+        player.record.Spoil(call, trouble, 2);
+        PresentFrame(player.engine, "Cam");
+    }
 }
 
 TEST_F(FrameTest, WithoutADeviceIsAnErrorAndMovesNothing) {
     player.Element(0).velocityX = 1;
     player.engine.Engine_Deinit();
     ExpectError(RunTimeErrorKind::ObjectNotSet, [&] { Scene(); });
-    ExpectError(RunTimeErrorKind::ObjectNotSet, [&] { DrawInfoLine(player.engine, "Cam"); });
+    ExpectError(RunTimeErrorKind::ObjectNotSet, [&] { PresentFrame(player.engine, "Cam"); });
     EXPECT_EQ(player.Element(0).posX, 0);
 }
 

@@ -201,6 +201,20 @@ TEST_F(ParallaxStep, UsesTheStepAndNotTheDistance) {
     EXPECT_EQ(element.posY, 50.75F);
 }
 
+TEST_F(ParallaxStep, UsesTheDistanceWhereAFigureLeadsTheCamera) {
+    for (const CameraLead lead : {CameraLead::Stand, CameraLead::Left, CameraLead::Right}) {
+        camera.lead = lead;
+        element.posX = 100;
+        element.posY = 50;
+        Follow(-50, -8);
+        EXPECT_EQ(element.posX, 75);
+        EXPECT_EQ(element.posY, 52);
+        Follow(50, 8);
+        EXPECT_EQ(element.posX, 100);
+        EXPECT_EQ(element.posY, 50);
+    }
+}
+
 TEST_F(ParallaxStep, CameraToTheRightMovesThePictureLeft) {
     Follow(-2, 0);
     EXPECT_EQ(element.posX, 99);

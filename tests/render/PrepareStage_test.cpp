@@ -5,6 +5,7 @@
 #include <cmath>
 #include <vector>
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "render/ExpectError.h"
@@ -225,7 +226,7 @@ TEST_F(FirstValues, AreThoseOfTheBeginning) {
     EXPECT_EQ(model.CtrlDefs[0].controls[0].timer, 0);
 }
 
-TEST_F(FirstValues, EverythingIsVisibleAndAllButDummiesEnabled) {
+TEST_F(FirstValues, EverythingIsVisibleAndEnabledButPlainDummies) {
     build.Still(build.Sprite("hill", 64, 32));
     build.Parallax(0);
     build.Animation(-1);
@@ -236,6 +237,8 @@ TEST_F(FirstValues, EverythingIsVisibleAndAllButDummiesEnabled) {
         EXPECT_EQ(element.visible, 1) << element.type;
         EXPECT_EQ(element.enabled, element.type == "dummy" ? 0 : 1) << element.type;
     }
+    PrepareElements(model, ViewOptions());
+    EXPECT_THAT(model.Elements, testing::Each(testing::Field(&BackgroundElement::enabled, 1)));
 }
 
 TEST_F(FirstValues, AnimationsShowPicturesOfTheirActionFromItsFirstFrameOn) {

@@ -238,6 +238,26 @@ inline std::string Numbers(const D3DPRESENT_PARAMETERS& p) {
                     p.FullScreen_RefreshRateInHz, p.FullScreen_PresentationInterval});
 }
 
+// Goes by a name in the record. (The back buffer is the NullDevice's, and has none.)
+class RecordingSurface : public Direct3DSurface8 {
+public:
+    RecordingSurface(Record& record, std::string name) : record_(record), name_(std::move(name)) {}
+    RecordingSurface(const RecordingSurface&) = delete;
+    RecordingSurface& operator=(const RecordingSurface&) = delete;
+    ~RecordingSurface() override { record_.Note("~" + name_); }
+
+    [[nodiscard]] const std::string& Name() const { return name_; }
+
+private:
+    Record& record_;
+    std::string name_;
+};
+
+inline std::string NameOf(const Direct3DSurface8& surface) {
+    const auto* const named = dynamic_cast<const RecordingSurface*>(&surface);
+    return named == nullptr ? "BackBuffer" : named->Name();
+}
+
 class RecordingDevice : public NullDevice {
 public:
     explicit RecordingDevice(Record& record) : record_(record) {}
@@ -282,6 +302,35 @@ public:
             record_.Keep(now_);
         }
         return result;
+    }
+    HRESULT GetBackBuffer(std::uint32_t backBuffer, std::uint32_t type,
+                          std::shared_ptr<Direct3DSurface8>& surface) override {
+        const HRESULT result = record_.Call("GetBackBuffer", [&] {
+            return Numbers({backBuffer, type});
+        });
+        surface.reset();
+        return record_.GivesNothing() || Failed(result)
+                   ? result
+                   : NullDevice::GetBackBuffer(backBuffer, type, surface);
+    }
+    HRESULT CreateImageSurface(std::uint32_t width, std::uint32_t height, std::uint32_t format,
+                               std::shared_ptr<Direct3DSurface8>& surface) override {
+        const HRESULT result = record_.Call("CreateImageSurface", [&] {
+            return Numbers({width, height, format});
+        });
+        surface.reset();
+        if (!record_.GivesNothing()) {
+            surface = std::make_shared<RecordingSurface>(record_, "Image");
+        }
+        return result;
+    }
+    HRESULT CopyRects(Direct3DSurface8& source, const RECT& rectangle,
+                      Direct3DSurface8& destination, const POINT& place) override {
+        return record_.Call("CopyRects", [&] {
+            return NameOf(source) + " " +
+                   Numbers({rectangle.left, rectangle.top, rectangle.right, rectangle.bottom}) +
+                   " to " + NameOf(destination) + " " + Numbers({place.x, place.y});
+        });
     }
     HRESULT Present() override { return record_.Call("Present"); }
     HRESULT TestCooperativeLevel() override { return record_.Call("TestCooperativeLevel"); }
@@ -380,7 +429,7 @@ public:
         return result;
     }
     HRESULT DrawText(D3DXFont& /*font*/, std::uint32_t color, std::string_view text,
-                     const TextRectangle& rectangle, std::uint32_t format) override {
+                     const RECT& rectangle, std::uint32_t format) override {
         return record_.Call("DrawText", [&] {
             std::string words = "'";
             words.append(text).append("' in ");

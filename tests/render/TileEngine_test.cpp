@@ -193,6 +193,45 @@ TEST_F(Moves, ADummyShowsNothingEvenIfItIsEnabled) {
     EXPECT_EQ(player.Frame(), Lines());
 }
 
+struct LeadingDummy {
+    const char* name;
+    ViewOptions view;
+    bool switchedOn;  // by a controller, in the first frame
+    bool hasSprite;   // the archive happens to have one of its numbers
+    bool moves;
+};
+
+class LedByADummy : public testing::TestWithParam<LeadingDummy> {};
+
+TEST_P(LedByADummy, AnElementGoesWithIt) {
+    StagePlayer player(GetParam().view);
+    const Integer sprite = player.build.Sprite("a", 10, 10);
+    BackgroundElement& dummy = player.build.Dummy();
+    dummy.spriteIndex = GetParam().hasSprite ? sprite : Integer{-1};
+    dummy.velocityX = 3;
+    dummy.sinYAmplitude = 8;
+    dummy.sinYPeriod = 2;  // 0, 8, 0, -8
+    StageBuilder::At(player.build.Still(sprite), 100, 50);
+    player.Element(1).positionlink = 1;
+    if (GetParam().switchedOn) {
+        WithValue(AddControl(player.build.Group(), "enable"), 1);
+    }
+    player.Start();
+    EXPECT_EQ(player.Frame(), (Lines{"a 100,50 10x10"}));
+    player.Frames(1);
+    EXPECT_EQ(player.Frame(), (Lines{GetParam().moves ? "a 106,58 10x10" : "a 100,50 10x10"}));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Shown, LedByADummy,
+    testing::Values(LeadingDummy{"Plain", kPlainView, false, false, false},
+                    LeadingDummy{"PlainWithASprite", kPlainView, false, true, false},
+                    LeadingDummy{"PlainSwitchedOn", kPlainView, true, false, true},
+                    LeadingDummy{"PlainSwitchedOnWithASprite", kPlainView, true, true, true},
+                    LeadingDummy{"Additions", {}, false, false, true},
+                    LeadingDummy{"AdditionsWithASprite", {}, false, true, true}),
+    [](const auto& row) { return std::string(row.param.name); });
+
 TEST_F(Moves, DriftGoesOnFarBeyondTheViewWithoutAnError) {
     Still(a).velocityX = 3e38F;
     Still(b).velocityY = -3e38F;

@@ -28,6 +28,8 @@ private:
     std::int32_t height_;
 };
 
+class NullSurface : public Direct3DSurface8 {};
+
 class NullDevice : public Direct3DDevice8 {
 public:
     std::shared_ptr<Direct3DTexture8> CreateTexture(const TextureParameters& parameters) override {
@@ -52,9 +54,27 @@ public:
                             std::uint32_t /*stride*/) override {
         return D3D_OK;
     }
+    HRESULT GetBackBuffer(std::uint32_t /*backBuffer*/, std::uint32_t /*type*/,
+                          std::shared_ptr<Direct3DSurface8>& surface) override {
+        surface = backBuffer_;
+        return D3D_OK;
+    }
+    HRESULT CreateImageSurface(std::uint32_t /*width*/, std::uint32_t /*height*/,
+                               std::uint32_t /*format*/,
+                               std::shared_ptr<Direct3DSurface8>& surface) override {
+        surface = std::make_shared<NullSurface>();
+        return D3D_OK;
+    }
+    HRESULT CopyRects(Direct3DSurface8& /*source*/, const RECT& /*rectangle*/,
+                      Direct3DSurface8& /*destination*/, const POINT& /*place*/) override {
+        return D3D_OK;
+    }
     HRESULT Present() override { return D3D_OK; }
     HRESULT TestCooperativeLevel() override { return D3D_OK; }
     HRESULT Reset(const D3DPRESENT_PARAMETERS& /*parameters*/) override { return D3D_OK; }
+
+private:
+    std::shared_ptr<Direct3DSurface8> backBuffer_ = std::make_shared<NullSurface>();
 };
 
 }  // namespace scenara::test

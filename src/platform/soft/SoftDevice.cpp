@@ -39,6 +39,21 @@ HRESULT SetIf(bool valid, std::uint32_t& state, std::uint32_t value) {
     return D3D_OK;
 }
 
+bool IsSide(std::uint32_t size) {
+    return size >= 1 && size <= static_cast<std::uint32_t>(kLargestSide);
+}
+
+// None when it is of another kind.
+const SoftSurface* AsSoft(const Direct3DSurface8& surface) {
+    return typeid(surface) == typeid(SoftSurface) ? static_cast<const SoftSurface*>(&surface)
+                                                  : nullptr;
+}
+
+// Whether a stretch of `length` from `start` on lies within `size`. Wide, so that no sum runs over.
+bool LiesWithin(std::int64_t start, std::int64_t length, std::int64_t size) {
+    return start >= 0 && length > 0 && start + length <= size;
+}
+
 bool IsSizeOf(std::uint32_t size, std::int32_t view) {
     return size == 0 || size == static_cast<std::uint32_t>(view);
 }
@@ -54,7 +69,10 @@ HRESULT CheckPresentParameters(const D3DPRESENT_PARAMETERS& parameters) {
 }
 
 SoftDevice::SoftDevice(std::shared_ptr<TextureMemory> memory, PictureSink* sink)
-    : memory_(std::move(memory)), sink_(sink), picture_(std::make_unique<Picture>()) {
+    : memory_(std::move(memory)),
+      sink_(sink),
+      picture_(std::make_unique<Picture>()),
+      backBuffer_(std::make_shared<SoftSurface>(picture_->pixels, kViewWidth, kViewHeight)) {
     Blacken();
 }
 
@@ -146,6 +164,51 @@ void SoftDevice::DrawStrip(std::span<const Vertex> corners) {
                              states_.texture->PixelCoverage(), corners)) {
         soft::DrawStrip(picture_->pixels, states_.pixels, &texels, corners);
     }
+}
+
+HRESULT SoftDevice::GetBackBuffer(std::uint32_t backBuffer, std::uint32_t type,
+                                  std::shared_ptr<Direct3DSurface8>& surface) {
+    surface.reset();
+    if (backBuffer != 0 || type != D3DBACKBUFFER_TYPE_MONO) {
+        return D3DERR_INVALIDCALL;
+    }
+    surface = backBuffer_;
+    return D3D_OK;
+}
+
+HRESULT SoftDevice::CreateImageSurface(std::uint32_t width, std::uint32_t height,
+                                       std::uint32_t format,
+                                       std::shared_ptr<Direct3DSurface8>& surface) {
+    surface.reset();
+    if (!IsSide(width) || !IsSide(height) || format != D3DFMT_X8R8G8B8) {
+        return D3DERR_INVALIDCALL;
+    }
+    surface = std::make_shared<SoftSurface>(static_cast<std::int32_t>(width),
+                                            static_cast<std::int32_t>(height));
+    return D3D_OK;
+}
+
+HRESULT SoftDevice::CopyRects(Direct3DSurface8& source, const RECT& rectangle,
+                              Direct3DSurface8& destination, const POINT& place) {
+    if (IsLost()) {
+        return D3DERR_DEVICELOST;
+    }
+    const SoftSurface* const from = AsSoft(source);
+    const SoftSurface* const to = AsSoft(destination);
+    const std::int64_t width = std::int64_t{rectangle.right} - rectangle.left;
+    const std::int64_t height = std::int64_t{rectangle.bottom} - rectangle.top;
+    if (states_.inScene || from == nullptr || to == nullptr || from == to ||
+        !LiesWithin(rectangle.left, width, from->Width()) ||
+        !LiesWithin(rectangle.top, height, from->Height()) ||
+        !LiesWithin(place.x, width, to->Width()) || !LiesWithin(place.y, height, to->Height())) {
+        return D3DERR_INVALIDCALL;
+    }
+    const auto count = static_cast<std::int32_t>(width);
+    for (std::int32_t line = 0; line < height; ++line) {
+        std::ranges::copy(from->Pixels(rectangle.left, rectangle.top + line, count),
+                          to->Pixels(place.x, place.y + line, count).begin());
+    }
+    return D3D_OK;
 }
 
 HRESULT SoftDevice::Present() {

@@ -6,13 +6,14 @@
 // primitive that platform/Direct3D8.h does not name is D3DERR_INVALIDCALL and changes nothing, so
 // that a caller who wants more than every device draws hears of it. The same for a scene begun
 // twice, ended or drawn in without a beginning, or presented from inside; for no primitives, fewer
-// vertices than they need, another stride; and for a texture of another device's kind.
+// vertices than they need, another stride; for a texture or a surface of another device's kind; and
+// for a copy inside of a scene, within one surface, of nothing, or from or to where no pixels are.
 // D3DRS_LIGHTING is taken and has no effect.
 //
 // It is lost only on demand. States and textures can be set meanwhile; they are a new device's
 // after Reset, which also ends the scene.
 //
-// Drawing, scenes and presenting allocate nothing.
+// Drawing, scenes, copies and presenting allocate nothing.
 #pragma once
 
 #include <array>
@@ -23,6 +24,7 @@
 #include "platform/Direct3D8.h"
 #include "platform/soft/Blend.h"
 #include "platform/soft/PictureSink.h"
+#include "platform/soft/SoftSurface.h"
 #include "platform/soft/SoftTexture.h"
 #include "platform/soft/Texels.h"
 #include "platform/soft/TextureMemory.h"
@@ -55,6 +57,14 @@ public:
     [[nodiscard]] HRESULT DrawPrimitiveUP(std::uint32_t primitiveType, std::uint32_t primitiveCount,
                                           std::span<const Vertex> vertices,
                                           std::uint32_t stride) override;
+    [[nodiscard]] HRESULT GetBackBuffer(std::uint32_t backBuffer, std::uint32_t type,
+                                        std::shared_ptr<Direct3DSurface8>& surface) override;
+    // Sizes of 1 to 32767, in the one format that there is.
+    [[nodiscard]] HRESULT CreateImageSurface(std::uint32_t width, std::uint32_t height,
+                                             std::uint32_t format,
+                                             std::shared_ptr<Direct3DSurface8>& surface) override;
+    [[nodiscard]] HRESULT CopyRects(Direct3DSurface8& source, const RECT& rectangle,
+                                    Direct3DSurface8& destination, const POINT& place) override;
     [[nodiscard]] HRESULT Present() override;
     [[nodiscard]] HRESULT TestCooperativeLevel() override;
     [[nodiscard]] HRESULT Reset(const D3DPRESENT_PARAMETERS& parameters) override;
@@ -90,6 +100,7 @@ private:
     std::shared_ptr<TextureMemory> memory_;
     PictureSink* sink_;
     std::unique_ptr<Picture> picture_;
+    std::shared_ptr<SoftSurface> backBuffer_;  // the same pixels
     States states_;
     Condition condition_ = Condition::Usable;
 };

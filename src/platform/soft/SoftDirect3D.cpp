@@ -116,7 +116,7 @@ public:
     }
 
     HRESULT DrawText(D3DXFont& font, std::uint32_t color, std::string_view text,
-                     const TextRectangle& rectangle, std::uint32_t format) override {
+                     const RECT& rectangle, std::uint32_t format) override {
         const auto* const deviceFont = dynamic_cast<DeviceFont*>(&font);
         if (deviceFont == nullptr) {
             return D3DERR_INVALIDCALL;

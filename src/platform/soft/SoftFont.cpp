@@ -81,9 +81,9 @@ std::unique_ptr<D3DXFont> MakeSoftFont(const FontDescription& description) {
     return std::make_unique<SoftFont>(file ? GlyphCache::Open(*file, description.size) : nullptr);
 }
 
-void DrawSoftText(D3DXFont& font, std::uint32_t color, std::string_view text,
-                  const TextRectangle& rectangle, std::uint32_t format,
-                  std::span<std::uint32_t> pixels, std::int32_t width, std::int32_t height) {
+void DrawSoftText(D3DXFont& font, std::uint32_t color, std::string_view text, const RECT& rectangle,
+                  std::uint32_t format, std::span<std::uint32_t> pixels, std::int32_t width,
+                  std::int32_t height) {
     const auto* const softFont = dynamic_cast<SoftFont*>(&font);
     GlyphCache* const glyphs = softFont != nullptr ? softFont->Glyphs() : nullptr;
     if (glyphs == nullptr || width < 1 || height < 1 ||

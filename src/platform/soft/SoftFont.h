@@ -38,8 +38,8 @@ private:
 // Draws into `height` lines of `width` pixels, laid out as platform/soft/TextLayout.h says. What
 // lies outside of the picture is not drawn, nor what lies outside of the rectangle (save with
 // DT_NOCLIP). Nothing is drawn with fonts of another origin, or when `pixels` are too few.
-void DrawSoftText(D3DXFont& font, std::uint32_t color, std::string_view text,
-                  const TextRectangle& rectangle, std::uint32_t format,
-                  std::span<std::uint32_t> pixels, std::int32_t width, std::int32_t height);
+void DrawSoftText(D3DXFont& font, std::uint32_t color, std::string_view text, const RECT& rectangle,
+                  std::uint32_t format, std::span<std::uint32_t> pixels, std::int32_t width,
+                  std::int32_t height);
 
 }  // namespace scenara

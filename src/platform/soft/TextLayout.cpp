@@ -78,7 +78,7 @@ LineCutter::Cut LineCutter::CutToFit() {
     return {text_.size(), text_.size()};
 }
 
-TextLayout::TextLayout(std::string_view text, TextEncoding encoding, const TextRectangle& rectangle,
+TextLayout::TextLayout(std::string_view text, TextEncoding encoding, const RECT& rectangle,
                        std::uint32_t format, std::int32_t lineHeight, CharacterWidths& widths)
     : encoding_(encoding),
       rectangle_(rectangle),

@@ -78,7 +78,7 @@ private:
 class TextLayout {
 public:
     // `lineHeight`: pixels from line to line, at least 1. `widths` must outlive the layout.
-    TextLayout(std::string_view text, TextEncoding encoding, const TextRectangle& rectangle,
+    TextLayout(std::string_view text, TextEncoding encoding, const RECT& rectangle,
                std::uint32_t format, std::int32_t lineHeight, CharacterWidths& widths);
 
     // The next line from top to bottom; none behind the last one.
@@ -88,7 +88,7 @@ private:
     [[nodiscard]] std::int64_t LeftOf(std::string_view line);
 
     TextEncoding encoding_;
-    TextRectangle rectangle_;
+    RECT rectangle_;
     std::uint32_t format_;
     std::int32_t lineHeight_;
     CharacterWidths& widths_;
