@@ -5,7 +5,6 @@
 
 #include "render/BlendStates.h"
 #include "render/BlendedBlit.h"
-#include "render/ElementKind.h"
 #include "render/ElementPlacement.h"
 #include "render/ModelLookup.h"
 
@@ -65,7 +64,7 @@ Blending BlendingInForce(const StageModel& model, const BackgroundElement& eleme
     if (!additions) {
         return {};
     }
-    if (IsAnimated(element.type)) {
+    if (element.kind == ElementKind::Animated) {
         const StageFrame& frame =
             RecordAt(ActionOf(model, element)->frames, element.frameIndex, "frame");
         if (frame.blending.kind != BlendKind::None) {
