@@ -9,65 +9,26 @@
 
 #include <benchmark/benchmark.h>
 
-#include "platform/headless/HeadlessClock.h"
-#include "platform/headless/HeadlessKeyboard.h"
-#include "platform/headless/HeadlessMessages.h"
-#include "platform/headless/HeadlessPointer.h"
-#include "platform/headless/HeadlessWindow.h"
 #include "platform/posix/PosixFiles.h"
-#include "platform/soft/SoftDirect3D.h"
-#include "render/Frame.h"
-#include "render/PrepareStage.h"
+#include "render/StageInView.h"
 #include "stage/LoadStage.h"
 #include "support/StageFolders.h"
 
 namespace scenara::bench {
 namespace {
 
-class StageInView {
-public:
-    StageInView(const std::string& folder, const std::string& definition)
-        : machine_(std::make_shared<TextureMemory>()),
-          engine_(machine_, window_, messages_, model_),
-          tiles_(engine_, model_, camera_, flags_, kPlainView,
-                 {keyboard_, clock_, pointer_, window_}) {
-        engine_.Engine_Init();
-        PosixFiles files("");
-        const ViewOptions view;
-        std::string path = folder + "stages/" + definition;
-        if (!engine_.HasDevice() ||
-            !LoadStage(model_, path,
-                       {files, messages_, window_, engine_.Device(), view, folder, {}})) {
-            throw std::runtime_error(messages_.Recorded().back().text);
-        }
-        PlaceCamera(model_, camera_);
-        PrepareElements(model_, kPlainView);
-    }
-
-    void Draw() {
-        DrawScene(engine_, tiles_, flags_);
-        clock_.Advance();
-    }
-
-    [[nodiscard]] std::size_t ElementCount() const { return model_.Elements.size(); }
-
-private:
-    SoftDirect3D machine_;
-    HeadlessWindow window_;
-    HeadlessMessages messages_;
-    HeadlessKeyboard keyboard_;
-    HeadlessClock clock_;
-    HeadlessPointer pointer_;
-    StageModel model_;
-    Camera camera_;
-    ViewFlags flags_;
-    Engine engine_;
-    TileEngine tiles_;
-};
-
 void DrawFrames(benchmark::State& state, const std::string& folder, const std::string& definition) {
     try {
-        StageInView stage(folder, definition);
+        StageInView stage(kPlainView, [&](StageModel& model, Direct3DDevice8& device,
+                                          HeadlessMessages& messages) {
+            PosixFiles files("");
+            HeadlessWindow window;
+            const ViewOptions view;
+            std::string path = folder + "stages/" + definition;
+            if (!LoadStage(model, path, {files, messages, window, device, view, folder, {}})) {
+                throw std::runtime_error(messages.Recorded().back().text);
+            }
+        });
         for ([[maybe_unused]] const auto iteration : state) {
             stage.Draw();
         }

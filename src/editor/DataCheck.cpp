@@ -6,7 +6,6 @@
 #include "base/NumberText.h"
 #include "base/Path.h"
 #include "base/Text.h"
-#include "render/ElementKind.h"
 #include "render/ModelLookup.h"
 
 namespace scenara {
@@ -50,7 +49,7 @@ void WriteAction(const StageAction& action, Dump& dump) {
 
 // Animated elements have the index of their action, all others the number as the file has it.
 Integer ActionNumberOf(const StageModel& model, const BackgroundElement& element) {
-    if (!IsAnimated(element.type) || element.actionIndex == -1) {
+    if (element.kind != ElementKind::Animated || element.actionIndex == -1) {
         return element.actionIndex;
     }
     return RecordAt(model.Actions, element.actionIndex, "action").actionNo;

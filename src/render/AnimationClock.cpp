@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "render/AnimationClock.h"
 
-#include "render/ElementKind.h"
 #include "render/ModelLookup.h"
 
 namespace scenara {
@@ -20,7 +19,7 @@ Integer FrameAfter(const StageAction& action, Integer frameIndex) {
 }  // namespace
 
 void TickAnimation(const StageModel& model, BackgroundElement& element) {
-    if (!IsAnimated(element.type) || element.enabled == 0) {
+    if (element.kind != ElementKind::Animated || element.enabled == 0) {
         return;
     }
     const StageAction* const action = ActionOf(model, element);

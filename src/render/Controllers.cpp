@@ -5,7 +5,6 @@
 #include <string_view>
 #include <vector>
 
-#include "render/ElementKind.h"
 #include "render/ModelLookup.h"
 
 namespace scenara {
@@ -30,7 +29,7 @@ void AddMotion(BackgroundElement& element, std::size_t axis, Single& position, S
 }
 
 void ShowAction(const StageModel& model, Integer actionIndex, BackgroundElement& element) {
-    if (!IsAnimated(element.type)) {
+    if (element.kind != ElementKind::Animated) {
         return;
     }
     const StageAction& action = RecordAt(model.Actions, actionIndex, "action");

@@ -5,7 +5,6 @@
 
 #include "render/BlendStates.h"
 #include "render/BlendedBlit.h"
-#include "render/ElementKind.h"
 #include "render/ElementPlacement.h"
 #include "render/ModelLookup.h"
 
@@ -66,7 +65,7 @@ Blending BlendingInForce(const StageModel& model, const BackgroundElement& eleme
         return {};
     }
     const bool leftToFrames = element.blending.kind == BlendKind::None && element.framesBlend != 0;
-    if (leftToFrames && IsAnimated(element.type)) {
+    if (leftToFrames && element.kind == ElementKind::Animated) {
         return RecordAt(ActionOf(model, element)->frames, element.frameIndex, "frame").blending;
     }
     return element.blending;

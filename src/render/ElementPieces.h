@@ -8,7 +8,6 @@
 #include <algorithm>
 #include <optional>
 
-#include "render/ElementKind.h"
 #include "render/ElementPlacement.h"
 #include "render/ElementWindow.h"
 #include "render/ModelLookup.h"
@@ -40,14 +39,14 @@ public:
           show_(show),
           sprite_(RecordAt(model.Sprites, picture.slot, "sprite")),
           window_(ElementWindow::Of(element, model.CamX, model.CamY)),
-          animated_(IsAnimated(element.type)) {}
+          animated_(element.kind == ElementKind::Animated) {}
 
     // Frames that are mirrored left to right are shown once, whatever the tiling; parallax pictures
     // are tiled across only.
     void ShowAll() {
         if (picture_.mirrored) {
             ShowPiece({picture_.x, picture_.y, sprite_.width, sprite_.height, 0, 0});
-        } else if (IsParallax(element_.type)) {
+        } else if (element_.kind == ElementKind::Parallax) {
             ShowRows();
         } else {
             ShowTiles();

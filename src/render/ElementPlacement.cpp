@@ -4,7 +4,6 @@
 #include <array>
 #include <cmath>
 
-#include "render/ElementKind.h"
 #include "render/ModelLookup.h"
 
 namespace scenara {
@@ -40,18 +39,18 @@ Long WholePixel(double position, Single elementScale) {
 }
 
 bool HasPictures(const StageModel& model, const BackgroundElement& element) {
-    return IsAnimated(element.type) ? ActionOf(model, element) != nullptr
-                                    : element.spriteIndex != -1;
+    return element.kind == ElementKind::Animated ? ActionOf(model, element) != nullptr
+                                                 : element.spriteIndex != -1;
 }
 
 std::optional<PlacedPicture> PlaceElement(const StageModel& model, const BackgroundElement& element,
                                           bool additions) {
     PlacedPicture picture;
     Offset offset = Displacement(element);
-    if (IsDummy(element.type) || !HasPictures(model, element)) {
+    if (element.kind == ElementKind::Dummy || !HasPictures(model, element)) {
         return std::nullopt;
     }
-    if (IsAnimated(element.type)) {
+    if (element.kind == ElementKind::Animated) {
         const StageFrame& frame =
             RecordAt(ActionOf(model, element)->frames, element.frameIndex, "frame");
         picture.slot = frame.spriteIndex;

@@ -6,7 +6,6 @@
 #include <numeric>
 #include <optional>
 
-#include "render/ElementKind.h"
 #include "render/ModelLookup.h"
 
 namespace scenara {
@@ -29,7 +28,7 @@ Single NearestSingle(double value) {
 
 // The sprite whose axis an element is laid out by; none for an animated one.
 const SpriteEntry* StillSprite(const StageModel& model, const BackgroundElement& element) {
-    if (IsAnimated(element.type) || element.spriteIndex == -1) {
+    if (element.kind == ElementKind::Animated || element.spriteIndex == -1) {
         return nullptr;
     }
     return &RecordAt(model.Sprites, element.spriteIndex, "sprite");
@@ -47,6 +46,12 @@ Start StartOf(const StageModel& model, const BackgroundElement& element) {
     const BackgroundElement& parent = RecordAt(model.Elements, element.linkParent, "element");
     return {static_cast<double>(parent.startX) + element.startX,
             static_cast<double>(parent.startY) + element.startY};
+}
+
+void ResolveKinds(StageModel& model) {
+    for (BackgroundElement& element : model.Elements) {
+        element.kind = KindOf(element.type);
+    }
 }
 
 void ResolveLinks(StageModel& model) {
@@ -94,8 +99,9 @@ void SetRuntimeValues(const StageModel& model, const ViewOptions& options,
     element.linkSin = {};
     element.visible = 1;
     // Plain, a dummy waits for a controller, and so do those that are linked to it.
-    element.enabled = IsDummy(element.type) && !options.Additions ? Byte{0} : Byte{1};
-    if (IsAnimated(element.type)) {
+    const bool waits = element.kind == ElementKind::Dummy && !options.Additions;
+    element.enabled = waits ? Byte{0} : Byte{1};
+    if (element.kind == ElementKind::Animated) {
         element.spriteIndex = kPicturesOfAction;
         if (const StageAction* const action = ActionOf(model, element)) {
             element.frameTime = action->frames.front().time;
@@ -143,7 +149,7 @@ double UpperEdge(const StageModel& model, const BackgroundElement& element) {
     if (const SpriteEntry* const sprite = StillSprite(model, element)) {
         return edge - sprite->axisY;
     }
-    if (!IsAnimated(element.type)) {
+    if (element.kind != ElementKind::Animated) {
         return edge;
     }
     const StageAction* const action = ActionOf(model, element);
@@ -207,6 +213,7 @@ void RaiseUpperBound(StageModel& model) {
 }
 
 void PrepareElements(StageModel& model, const ViewOptions& options) {
+    ResolveKinds(model);
     ResolveLinks(model);
     for (BackgroundElement& element : model.Elements) {
         Place(model, element);

@@ -4,7 +4,6 @@
 #include "render/AnimationClock.h"
 #include "render/Controllers.h"
 #include "render/ElementDrawing.h"
-#include "render/ElementKind.h"
 #include "render/ElementPlacement.h"
 #include "render/Motion.h"
 
@@ -38,7 +37,7 @@ void TileEngine::TickStage() {
 void TileEngine::DrawSelected(BackgroundElement& element) {
     // A dummy takes part without a picture: it moves, and what is linked to it with it.
     if (element.visible == 0 || element.enabled == 0 ||
-        (!IsDummy(element.type) && !HasPictures(model_, element))) {
+        (element.kind != ElementKind::Dummy && !HasPictures(model_, element))) {
         return;
     }
     if (GoesOn()) {

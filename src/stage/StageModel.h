@@ -22,6 +22,7 @@
 #include "base/Integers.h"
 #include "platform/Direct3D8.h"
 #include "stage/Blending.h"
+#include "stage/ElementKind.h"
 
 namespace scenara {
 
@@ -83,6 +84,7 @@ struct BackgroundElement {
     Single yscaleDelta = 0;  // and per unit of the camera's height
 
     // The drawing's own, and no part of a stage as written out.
+    ElementKind kind = ElementKind::Still;        // what type comes to; set by the start-up
     std::array<Single, 2> sinOffset{};            // where the swing stands now
     std::array<Single, 2> linkSin{};              // of a linked element: where its parent's stands
     std::array<Single, 2> deltaRead{1.0F, 1.0F};  // as the file has it, neither scaled nor linked

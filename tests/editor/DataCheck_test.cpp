@@ -175,7 +175,7 @@ TEST(DataCheckText, KeepsBytesAsTheyAre) {
 
 TEST(DataCheckText, OfAnActionOutOfTheTableIsAnError) {
     StageModel model;
-    model.Elements.emplace_back().type = "anim";
+    model.Elements.emplace_back().kind = ElementKind::Animated;
     model.Elements[0].actionIndex = 3;
     ExpectError(RunTimeErrorKind::SubscriptOutOfRange,
                 [&] { static_cast<void>(DataCheckText(model)); });

@@ -163,7 +163,7 @@ TEST(AnimationClock, HiddenElementsRunOn) {
 
 TEST(AnimationClock, ElementsThatAreNotAnimatedHaveNone) {
     Clocked clock({1, 1});
-    clock.Element().type = "normal";
+    clock.Element().kind = ElementKind::Still;
     EXPECT_EQ(clock.Shown(3), (Frames{0, 0, 0}));
     EXPECT_EQ(clock.Element().frameTime, 1);
 }

@@ -112,14 +112,6 @@ TEST_F(Placement, WithoutASpriteIsNone) {
     EXPECT_FALSE(PlaceElement(model, Ready(build.Animation(-1), 10, 20), false).has_value());
 }
 
-TEST_F(Placement, OfAnUnknownKindIsThatOfAStillPicture) {
-    BackgroundElement& element = Ready(build.Still(hill), 10, 20);
-    element.type = "anim2";
-    Expect(element, hill, 10, 20);
-    element.type = "";
-    Expect(element, hill, 10, 20);
-}
-
 TEST_F(Placement, IndicesOutsideOfTheirTablesAreErrors) {
     constexpr auto kOutside = RunTimeErrorKind::SubscriptOutOfRange;
     for (const Integer index : {Integer{2}, Integer{-2}, Integer{32767}}) {

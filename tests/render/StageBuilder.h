@@ -117,6 +117,7 @@ private:
     BackgroundElement& Element(const std::string& type) {
         BackgroundElement element;
         element.type = type;
+        element.kind = KindOf(type);
         ++model_.ElementCount;
         return model_.Elements.emplace_back(std::move(element));
     }

@@ -23,9 +23,6 @@ constexpr double kFarthestTexel = 16777216;  // 2^24
 // than it needs within the bounds above.
 constexpr double kTexelTolerance = 0.25;
 
-// A texture that repeats faster than this is cut into too many pieces.
-constexpr std::int32_t kShortestRepeat = 16;
-
 std::optional<std::int32_t> WholePixel(float position) {
     if (!(std::abs(position) <= kFarthestPixel)) {
         return std::nullopt;
@@ -95,28 +92,6 @@ WholeRun Clipped(const WholeRun& run, std::int32_t pixels) {
             run.backwards ? run.texel - skipped : run.texel + skipped, run.backwards};
 }
 
-std::int32_t Wrapped(std::int32_t texel, std::int32_t texels) {
-    const std::int32_t rest = texel % texels;
-    return rest < 0 ? rest + texels : rest;
-}
-
-// Calls `draw` for each part of a clipped run that lies within one repeat of the texture.
-template <typename Draw>
-void ForEachRepeat(WholeRun run, std::int32_t texels, Draw draw) {
-    run.texel = Wrapped(run.texel, texels);
-    while (run.begin < run.end) {
-        const std::int32_t room = run.backwards ? run.texel + 1 : texels - run.texel;
-        const std::int32_t length = std::min(room, run.end - run.begin);
-        draw(WholeRun{run.begin, run.begin + length, run.texel, run.backwards});
-        run.begin += length;
-        run.texel = run.backwards ? texels - 1 : 0;
-    }
-}
-
-bool RepeatsTooFast(const WholeRun& run, std::int32_t texels) {
-    return texels < kShortestRepeat && run.end - run.begin > texels;
-}
-
 enum class RowOperation { Copy, Mask, Blend };
 
 RowOperation OperationFor(const PixelStates& states, std::uint32_t tint, Coverage::Kind kind) {
@@ -157,6 +132,37 @@ void BlendRows(const TexelRows& rows, const PixelStates& states, std::uint32_t t
     }
 }
 
+// How all rows of a quad are drawn.
+class RowDrawing {
+public:
+    RowDrawing(const PixelStates& states, std::uint32_t tint, Coverage::Kind kind)
+        : states_(states),
+          tint_(tint),
+          operation_(OperationFor(states, tint, kind)),
+          even_(EvenBlendFor(states, tint, kind)) {}
+
+    void Draw(const TexelRows& rows) const {
+        switch (operation_) {
+            case RowOperation::Copy: CopyRows(rows); break;
+            case RowOperation::Mask: MaskRows(rows); break;
+            default:
+                if (!even_ || !BlendEvenly(rows, *even_)) {
+                    BlendRows(rows, states_, tint_);
+                }
+        }
+    }
+
+private:
+    const PixelStates& states_;
+    std::uint32_t tint_;
+    RowOperation operation_;
+    std::optional<EvenBlend> even_;
+};
+
+std::uint32_t* PixelAt(View view, std::int32_t x, std::int32_t y) {
+    return view.data() + (std::ptrdiff_t{y} * kViewWidth + x);
+}
+
 TexelRows RowsOf(View view, const Texels& texture, const Coverage& coverage,
                  const WholeRun& columns, const WholeRun& lines) {
     const std::ptrdiff_t step = lines.backwards ? -1 : 1;
@@ -165,11 +171,11 @@ TexelRows RowsOf(View view, const Texels& texture, const Coverage& coverage,
     rows.linePitch = step * texture.pitch;
     rows.bits = coverage.LineBits(lines.texel);
     rows.bitPitch = step * coverage.LinePitch();
-    rows.width = columns.end - columns.begin;
-    rows.height = lines.end - lines.begin;
+    rows.width = columns.Length();
+    rows.height = lines.Length();
     rows.column = columns.backwards ? columns.texel - rows.width + 1 : columns.texel;
     rows.mirrored = columns.backwards;
-    rows.destination = view.data() + (std::ptrdiff_t{lines.begin} * kViewWidth + columns.begin);
+    rows.destination = PixelAt(view, columns.begin, lines.begin);
     return rows;
 }
 
@@ -205,23 +211,22 @@ bool DrawWholeQuad(View view, const PixelStates& states, const Texels& texture,
     }
     const WholeRun columns = Clipped(quad->columns, kViewWidth);
     const WholeRun lines = Clipped(quad->lines, kViewHeight);
-    if (RepeatsTooFast(columns, texture.width) || RepeatsTooFast(lines, texture.height)) {
-        return false;
+    if (columns.Length() <= 0 || lines.Length() <= 0) {
+        return true;
     }
-    const std::uint32_t tint = TintOf(quad->color, states.alphaOperation);
-    const RowOperation operation = OperationFor(states, tint, coverage.WhatKind());
-    const std::optional<EvenBlend> even = EvenBlendFor(states, tint, coverage.WhatKind());
+    const RowDrawing drawing(states, TintOf(quad->color, states.alphaOperation),
+                             coverage.WhatKind());
+    if (WrittenLines::AreBetter(texture, columns, lines)) {
+        WrittenLines(texture, coverage, columns, lines)
+            .ForEachBlock([&](TexelRows rows, std::int32_t line) {
+                rows.destination = PixelAt(view, columns.begin, line);
+                drawing.Draw(rows);
+            });
+        return true;
+    }
     ForEachRepeat(lines, texture.height, [&](const WholeRun& someLines) {
         ForEachRepeat(columns, texture.width, [&](const WholeRun& someColumns) {
-            const TexelRows rows = RowsOf(view, texture, coverage, someColumns, someLines);
-            switch (operation) {
-                case RowOperation::Copy: CopyRows(rows); break;
-                case RowOperation::Mask: MaskRows(rows); break;
-                default:
-                    if (!even || !BlendEvenly(rows, *even)) {
-                        BlendRows(rows, states, tint);
-                    }
-            }
+            drawing.Draw(RowsOf(view, texture, coverage, someColumns, someLines));
         });
     });
     return true;
