@@ -80,6 +80,9 @@ void ForEachField(Record& element, auto&& visit) {
     visit("sinOffset", element.sinOffset);
     visit("linkSin", element.linkSin);
     visit("deltaRead", element.deltaRead);
+    visit("kind", element.kind);
+    visit("alphaDestinationGiven", element.alphaDestinationGiven);
+    visit("framesBlend", element.framesBlend);
 }
 
 template <RecordOf<SpriteEntry> Record>
@@ -181,6 +184,7 @@ void ForEachField(Record& model, auto&& visit) {
     visit("localcoordWidth", model.localcoordWidth);
     visit("localcoordHeight", model.localcoordHeight);
     visit("ElementScale", model.ElementScale);
+    visit("MugenVersion", model.MugenVersion);
 }
 
 template <RecordOf<StageModel> Record>

@@ -52,6 +52,10 @@ template <std::integral Number>
 std::string AsText(Number value) {
     return std::to_string(value);
 }
+template <typename Kind>
+requires std::is_enum_v<Kind> std::string AsText(Kind kind) {
+    return std::to_string(static_cast<int>(kind));
+}
 inline std::string AsText(const Blending& value) {
     return std::to_string(static_cast<int>(value.kind)) + " " + std::to_string(value.source) + " " +
            std::to_string(value.destination);

@@ -27,6 +27,16 @@ std::string_view Word(BlendKind kind) {
     return {};
 }
 
+std::string_view Word(ElementKind kind) {
+    switch (kind) {
+        case ElementKind::Still: return "still";
+        case ElementKind::Parallax: return "parallax";
+        case ElementKind::Animated: return "animated";
+        case ElementKind::Dummy: return "dummy";
+    }
+    return {};
+}
+
 // Whatever is neither a number, a text, a word nor a list.
 template <typename Value>
 concept Record = std::is_class_v<Value> && !std::convertible_to<Value, std::string_view> &&
@@ -57,7 +67,9 @@ private:
     }
     void Value(const std::string& text) { Value(std::string_view(text)); }
     void Value(float number) { Raw(NumberText(number)); }
-    void Value(BlendKind kind) { Value(Word(kind)); }
+    template <typename Kind>
+    requires std::is_enum_v<Kind>
+    void Value(Kind kind) { Value(Word(kind)); }
     void Value(const Message& message) { Value(message.text); }
     template <std::integral Number>
     void Value(Number number) {
