@@ -30,13 +30,17 @@ struct CharacterPass {
 // The picture is valid until the next call. Allocates nothing.
 [[nodiscard]] Figure AdvanceCharacter(const CharacterPass& pass, const StageModel& model);
 
-// The same for DrawScene. Both outlive it.
+// Its picture again, without a step of its own: where the camera and the ground stand now.
+[[nodiscard]] Figure SameCharacter(const CharacterPass& pass, const StageModel& model);
+
+// Both for DrawScene and DrawSceneAgain. What it is made of outlives it.
 class CharacterFigures : public FigureSource {
 public:
     CharacterFigures(const CharacterPass& pass, const StageModel& model)
         : pass_(pass), model_(model) {}
 
     [[nodiscard]] Figure Next() override { return AdvanceCharacter(pass_, model_); }
+    [[nodiscard]] Figure Again() override { return SameCharacter(pass_, model_); }
 
 private:
     const CharacterPass& pass_;

@@ -90,6 +90,8 @@ void frmStage::mnuPause_Click() {
     Paused = static_cast<Byte>(~Paused);
     if (Paused == 0) {
         ForgetKeys();
+    } else {
+        editor_.ForgetPresses();  // those from before
     }
     ShowTitle();
 }

@@ -185,13 +185,18 @@ void frmStage::RunPass() {
     flags_.Deform = form_[Menu::mnuDeform].checked ? kByteTrue : Byte{0};
     // Without a device nothing is drawn, shown or counted; the window keeps its last picture.
     const bool draws = engine_.HasDevice();
-    if (draws && (Paused != kByteTrue || drawsOnce_) && SpriteBrowserMode != kByteTrue) {
+    if (!draws || SpriteBrowserMode == kByteTrue) {
+        // The picture stays as it is.
+    } else if (Paused != kByteTrue || drawsOnce_) {
+        edited_ = false;  // a key may still act behind the drawing
         longPass_.Begin();
         if (DrawAndCount(pass)) {
             OncePerSecond();
         }
         drawsOnce_ = drawsOnce_ && longPass_.GivenUp();
         ShowEditing();
+    } else if (options_.Additions) {
+        EditWhilePaused(pass);
     }
     if (SpriteBrowserMode == 0) {
         if (draws && !longPass_.GivenUp()) {
@@ -206,6 +211,18 @@ void frmStage::RunPass() {
         API_doevents();
     } else {
         WaitForFrame(times_, machine_.clock, loop_.FpsLimit, [&] { API_doevents(); });
+    }
+}
+
+// Plain, the keys of the editor and the picture wait until the stage goes on. Addition: authors
+// pause it to place things.
+void frmStage::EditWhilePaused(const StagePass& pass) {
+    editor_.AtEndOfPass();
+    if (edited_) {
+        longPass_.Begin();
+        DrawAgain(pass);
+        edited_ = longPass_.GivenUp();
+        ShowEditing();
     }
 }
 

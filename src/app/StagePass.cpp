@@ -21,6 +21,11 @@ bool DrawAndCount(const StagePass& pass) {
     return true;
 }
 
+void DrawAgain(const StagePass& pass) {
+    CharacterFigures figures(pass.character, pass.model);
+    DrawSceneAgain(pass.engine, pass.tiles, pass.flags, &figures);
+}
+
 void ShowPicture(const StagePass& pass) {
     if (pass.info) {
         PresentFrame(pass.engine, pass.InfoText);

@@ -32,6 +32,10 @@ struct StagePass {
 // answer is true. Raises what drawing raises, and "Overflow" when a counter runs over.
 bool DrawAndCount(const StagePass& pass);
 
+// Addition: draws the stage as it stands, for one that is edited while it is paused; nothing ticks,
+// moves or counts. Raises what drawing raises.
+void DrawAgain(const StagePass& pass);
+
 // Shows the picture, with the information line over it while that is wanted.
 void ShowPicture(const StagePass& pass);
 

@@ -116,6 +116,7 @@ void frmStage::hscHScroll_Change(Long value) {
             // A value beyond the bar's is one of the stage before.
             form_.hscHScroll.Value = ValueWithin(form_.hscHScroll, value);
             scenara::hscHScroll_Change(model_, camera_, form_.hscHScroll);
+            edited_ = true;
             ShowEditing();
         }
     });

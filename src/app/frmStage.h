@@ -64,6 +64,8 @@ inline constexpr MessageKind kMessageCantFindFile = "Can't find file";
 inline constexpr MessageKind kMessageNotAStage = "Not a stage";
 inline constexpr MessageKind kMessageAbout = "About";
 
+struct StagePass;
+
 // All that the program asks of a machine.
 struct Machine {
     Files& files;
@@ -221,6 +223,7 @@ private:
     void ShowStage();
     void StartLoop();
     void RunPass();
+    void EditWhilePaused(const StagePass& pass);
     void PollPauseKey();
     void AbandonStage();
     void SilenceStageBefore();
@@ -286,6 +289,7 @@ private:
 
     bool settingsLoaded_ = false;
     bool drawsOnce_ = false;  // a frame although it is paused
+    bool edited_ = false;     // something that the last picture does not show yet
     bool pauseWasDown_ = false;
     bool loopRuns_ = false;   // RunStage is on the stack
     bool restart_ = false;    // ... and is to begin again

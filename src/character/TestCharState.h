@@ -32,6 +32,7 @@ struct TestCharState {
     Integer LastAction = kStanding;
     Integer LastFacing = kFacingRight;
     bool FrameFlipped = false;
+    Single DrawnCameraY = 0;  // the camera that DrawY counts with
 };
 
 }  // namespace scenara

@@ -92,6 +92,12 @@ void PlacePicture(const TestCharState& state, TestCharacter& character, const Ch
     character.DrawHeight = static_cast<Integer>(sprite.texture->Height());
 }
 
+// How many of them are moved each frame.
+std::size_t CountOf(const TestCharState& state) {
+    return std::min(static_cast<std::size_t>(std::max(state.CharCount, Integer{0})),
+                    state.Characters.size());
+}
+
 // False: it could not go there, or does not go at all.
 bool Move(const TestCharState& state, const StageModel& model, TestCharacter& character) {
     const double step = static_cast<double>(state.CharZoom) *
@@ -158,12 +164,21 @@ Single StepOf(const TestCharState& state, const TestCharacter& character) {
 CameraFollow UpdateCharacter(TestCharState& state, const StageModel& model, Keyboard& keyboard,
                              const DrawnCamera& camera) {
     CameraFollow follow = CameraFollow::Stand;
-    const std::size_t count = std::min(
-        static_cast<std::size_t>(std::max(state.CharCount, Integer{0})), state.Characters.size());
-    for (std::size_t i = 0; i < count; ++i) {
+    state.DrawnCameraY = camera.y;
+    for (std::size_t i = 0; i < CountOf(state); ++i) {
         follow = UpdateOne(state, state.Characters[i], model, keyboard, camera);
     }
     return follow;
+}
+
+void PlaceAgain(TestCharState& state, const StageModel& model, const DrawnCamera& camera) {
+    for (std::size_t i = 0; i < CountOf(state); ++i) {
+        TestCharacter& character = state.Characters[i];
+        const Single ground = character.Y;
+        FollowGround(character, model, camera);
+        character.DrawY += character.Y - ground - (camera.y - state.DrawnCameraY);
+    }
+    state.DrawnCameraY = camera.y;
 }
 
 }  // namespace scenara

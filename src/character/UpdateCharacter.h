@@ -30,4 +30,8 @@ enum class CameraFollow : Byte { Stand, Left, Right };
 [[nodiscard]] CameraFollow UpdateCharacter(TestCharState& state, const StageModel& model,
                                            Keyboard& keyboard, const DrawnCamera& camera);
 
+// The picture of the last frame where the ground and the camera have been moved to since, without a
+// step of the character's.
+void PlaceAgain(TestCharState& state, const StageModel& model, const DrawnCamera& camera);
+
 }  // namespace scenara

@@ -79,6 +79,7 @@ void DebugEditor::MouseMove(const ViewPoint& point) {
     Shift(dragged, {point.x - drag_.grab.x + camera.x - static_cast<double>(element.posX),
                     point.y - drag_.grab.y + camera.y - static_cast<double>(element.posY)});
     followed_ = dragged;
+    actions_.Edited();
 }
 
 void DebugEditor::Shift(Integer index, const Offset& by) {
@@ -150,8 +151,9 @@ void DebugEditor::Act(VirtualKey key) {
         case VirtualKey::NumpadMinus: MoveDown(); break;
         case VirtualKey::Delete: Delete(); break;
         case VirtualKey::Insert: Clone(); break;
-        default: actions_.DataCheck(); break;
+        default: actions_.DataCheck(); return;
     }
+    actions_.Edited();
 }
 
 void DebugEditor::MoveUp() {

@@ -16,7 +16,8 @@
 //   Insert         a copy behind it, which then is the selected one
 //   D              the dump, whatever is selected
 //
-// In the full screen none of them does anything: nothing there tells what is selected.
+// Addition: while the stage is paused they are asked once a pass, too. In the full screen none of
+// them does anything: nothing there tells what is selected.
 //
 // What a key does to an index that is not in the list raises "Subscript out of range", and ends the
 // pass.
@@ -42,7 +43,8 @@ namespace scenara {
 // What the editor asks of the main window.
 struct EditorActions {
     std::function<void(const std::string& caption)> SetCaption;
-    std::function<void()> DataCheck;  // writes the dump
+    std::function<void()> DataCheck;       // writes the dump
+    std::function<void()> Edited = [] {};  // the stage looks otherwise than it did
 };
 
 // What it works with; all of it outlives the editor.

@@ -21,7 +21,7 @@ struct Figure {
     bool mirrored = false;
 };
 
-// Who knows the figure of a frame. Asked once per frame, when the stage's own clocks have ticked
+// Who knows the figure of a frame. Asked once per picture, when the stage's own clocks have ticked
 // and nothing of it is drawn yet, so that a figure can stand on what they move.
 class FigureSource {
 public:
@@ -31,6 +31,9 @@ public:
     virtual ~FigureSource() = default;
 
     [[nodiscard]] virtual Figure Next() = 0;
+    // The one of the last frame, for a picture in which nothing goes on: it stands where the camera
+    // and the stage have been moved to since.
+    [[nodiscard]] virtual Figure Again() = 0;
 };
 
 // A figure's edge and size are brought to whole pixels, ties to the even one, but never to less

@@ -15,6 +15,16 @@ void DrawScene(Engine& engine, TileEngine& tiles, ViewFlags& flags, FigureSource
     Require(engine.Device().EndScene(), "EndScene");
 }
 
+void DrawSceneAgain(Engine& engine, TileEngine& tiles, ViewFlags& flags, FigureSource* figures) {
+    Require(engine.Device().BeginScene(), "BeginScene");
+    flags.DrawFrontLayer = 0;
+    tiles.DrawAgain();
+    DrawFigure(engine, figures != nullptr ? figures->Again() : Figure());
+    flags.DrawFrontLayer = kByteTrue;
+    tiles.DrawAgain();
+    Require(engine.Device().EndScene(), "EndScene");
+}
+
 void PresentFrame(Engine& engine) {
     static_cast<void>(engine.Device().Present());
 }

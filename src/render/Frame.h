@@ -19,6 +19,11 @@ namespace scenara {
 void DrawScene(Engine& engine, TileEngine& tiles, ViewFlags& flags,
                FigureSource* figures = nullptr);
 
+// Addition: the scene as it stands, for a stage that is edited while it is paused: no clock ticks,
+// and nothing moves.
+void DrawSceneAgain(Engine& engine, TileEngine& tiles, ViewFlags& flags,
+                    FigureSource* figures = nullptr);
+
 // Shows the back buffer; a failure to show it is ignored.
 void PresentFrame(Engine& engine);
 

@@ -14,16 +14,27 @@ bool BelongsToPass(Integer layerno, bool frontLayer) {
 }
 
 void TileEngine::DrawBackground() {
-    const bool front = flags_.DrawFrontLayer != 0;
     for (BackgroundElement& element : model_.Elements) {
-        if (BelongsToPass(element.layerno, front)) {
-            DrawSelected(element);
+        if (TakesPart(element)) {
+            Draw(element);
+            MoveDrawn(element);
         }
         FollowCamera(model_, camera_, element);
     }
     camera_.previousX = model_.CamX;
     camera_.previousY = model_.CamY;
     ControlCamera(model_, camera_, flags_, input_);
+}
+
+void TileEngine::DrawAgain() {
+    if (flags_.DrawFrontLayer == 0) {
+        NoteLinks(model_);  // their parents have moved on since
+    }
+    for (const BackgroundElement& element : model_.Elements) {
+        if (TakesPart(element)) {
+            Draw(element);
+        }
+    }
 }
 
 void TileEngine::TickStage() {
@@ -34,16 +45,17 @@ void TileEngine::TickStage() {
     NoteLinks(model_);
 }
 
-void TileEngine::DrawSelected(BackgroundElement& element) {
-    // A dummy takes part without a picture: it moves, and what is linked to it with it.
-    if (element.visible == 0 || element.enabled == 0 ||
-        (element.kind != ElementKind::Dummy && !HasPictures(model_, element))) {
-        return;
-    }
+// A dummy takes part without a picture: it moves, and what is linked to it with it.
+bool TileEngine::TakesPart(const BackgroundElement& element) const {
+    return BelongsToPass(element.layerno, flags_.DrawFrontLayer != 0) && element.visible != 0 &&
+           element.enabled != 0 &&
+           (element.kind == ElementKind::Dummy || HasPictures(model_, element));
+}
+
+void TileEngine::Draw(const BackgroundElement& element) {
     if (GoesOn()) {
         DrawElement(engine_, model_, element, {options_.Additions, flags_.Deform != 0});
     }
-    MoveDrawn(element);
 }
 
 }  // namespace scenara

@@ -38,12 +38,17 @@ public:
     // of its table; the pass ends there.
     void DrawBackground();
 
+    // The same elements as they stand: nothing moves, neither they nor the camera. (Their places
+    // are those of the next frame, since an element moves on when it has been drawn.)
+    void DrawAgain();
+
     // The stage's own clocks, once per frame in front of the back pass: controllers, animations,
     // links. "Subscript out of range" as above.
     void TickStage();
 
 private:
-    void DrawSelected(BackgroundElement& element);
+    [[nodiscard]] bool TakesPart(const BackgroundElement& element) const;
+    void Draw(const BackgroundElement& element);
     [[nodiscard]] bool GoesOn() { return watch_ == nullptr || watch_->GoesOn(); }
 
     Engine& engine_;

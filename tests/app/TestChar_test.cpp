@@ -527,6 +527,27 @@ TEST_F(CharacterPassTest, GivesTheFigureAsTheCameraSeesIt) {
     EXPECT_EQ(camera_.lead, CameraLead::Stand);
 }
 
+TEST_F(CharacterPassTest, GivesTheSameFigureAgainWhereTheCameraIsNow) {
+    const CharacterPass pass{state_, camera_, keyboard_, flags_, options_};
+    const Figure first = Advance({VirtualKey::Right});
+    const Single place = state_.Characters[0].X;
+    camera_.previousX = -20;
+    camera_.previousY = -8;
+    for (int i = 0; i < 2; ++i) {
+        const Figure again = SameCharacter(pass, model_);
+        EXPECT_EQ(again.texture, first.texture);
+        EXPECT_EQ(again.x, first.x - 20);
+        EXPECT_EQ(again.y, first.y + 8);
+        EXPECT_EQ(again.width, first.width);
+    }
+    EXPECT_EQ(state_.Characters[0].X, place);
+    options_.Additions = false;
+    EXPECT_EQ(SameCharacter(pass, model_).texture, nullptr);
+    options_.Additions = true;
+    Use();  // off
+    EXPECT_EQ(SameCharacter(pass, model_).texture, nullptr);
+}
+
 TEST_F(CharacterPassTest, LeadsTheCameraByItsOwnStep) {
     state_.Characters[0].X = 170;
     camera_.HCamStep = 0.5F;  // what Z has made of it

@@ -291,18 +291,26 @@ TEST(PausedOpening, ShowsTheCameraBar) {
     EXPECT_GE(stage.turn, 1);
 }
 
-TEST_F(EditorTools, KeysTappedWhilePausedDoNothingAfterwards) {
-    WhileAIsShown({kEdit, SelectTwo, Wait, Choose(Menu::mnuPause), Tap(VirtualKey::Delete),
-                   Tap(VirtualKey::Right), Choose(Menu::mnuPause), Wait, Wait,
-                   [](RunningStage& running) {
-                       EXPECT_EQ(running.program.Model().ElementCount, 2);
-                       EXPECT_EQ(running.program.Model().CamX, 0);
-                       running.keyboard.Tap(VirtualKey::Delete);
-                   },
-                   [](RunningStage& running) {
-                       EXPECT_EQ(running.program.Model().ElementCount, 1);
-                       EXPECT_EQ(running.Caption(), "Deleted..");
-                   }});
+// Plain, none of them acts; with additions those of the editor do so at once.
+TEST(KeysTappedWhilePaused, DoNothingAfterwards) {
+    for (const bool additions : {false, true}) {
+        RunningStage stage({}, additions);
+        stage.files.Put("/mugen/stages/a.def", kTwoElements);
+        stage.Load();
+        stage.user = InTurn({kEdit, SelectTwo, Wait, Choose(Menu::mnuPause),
+                             additions ? Act(Wait) : Tap(VirtualKey::Delete),
+                             Tap(VirtualKey::Right), Choose(Menu::mnuPause), Wait, Wait,
+                             [](RunningStage& running) {
+                                 EXPECT_EQ(running.program.Model().ElementCount, 2);
+                                 EXPECT_EQ(running.program.Model().CamX, 0);
+                                 running.keyboard.Tap(VirtualKey::Delete);
+                             },
+                             [](RunningStage& running) {
+                                 EXPECT_EQ(running.program.Model().ElementCount, 1);
+                                 EXPECT_EQ(running.Caption(), "Deleted..");
+                             }});
+        stage.program.lstStages_Click(kItemA);
+    }
 }
 
 TEST_F(EditorTools, NoKeyDeletesInTheFullScreen) {
@@ -325,6 +333,134 @@ TEST_F(EditorTools, TheSelectionGoesWithTheStage) {
         }});
         ExpectNothingSelected();
     }
+}
+
+// --- edits while the stage is paused ---
+
+// Behind the two pictures a wall that stands still, drawn over whatever was there.
+constexpr const char* kBeforeAWall =
+    "[Info]\nname = tools\n[Camera]\nboundleft = -100\nboundright = 100\n"
+    "[BGdef]\nspr = stages/a.sff\n"
+    "[BG wall]\ntype = normal\nspriteno = 0,1\nstart = 0,0\ndelta = 0,0\ntile = 1,1\n"
+    "[BG one]\ntype = normal\nspriteno = 0,0\nstart = 0,0\ndelta = 1,1\n"
+    "[BG two]\ntype = normal\nspriteno = 0,0\nstart = 50,20\ndelta = 1,1\n"
+    "[BG three]\ntype = normal\nspriteno = 1,0\nstart = 52,22\ndelta = 1,1\n";
+
+struct PausedEdit {
+    const char* name;
+    Act act;
+    bool byKey;
+    bool changesThePicture;
+};
+
+void PrintTo(const PausedEdit& edit, std::ostream* out) {
+    *out << edit.name;
+}
+
+class PausedEdits : public testing::TestWithParam<PausedEdit> {
+protected:
+    using Pixels = std::vector<std::uint32_t>;
+
+    // The pictures before the edit, after it, and after the back buffer got a mark that the next
+    // drawing covers; and how many elements there are in the end.
+    struct Seen {
+        Pixels before;
+        Pixels after;
+        std::uint32_t mark = 0;
+        Integer elements = 0;
+        Long frames = 0;
+    };
+    static constexpr std::uint32_t kMark = 0xFF12AB;
+
+    static Seen Edited(bool additions) {
+        Seen seen;
+        RunningStage stage({}, additions);
+        stage.files.Put("/mugen/stages/a.def", kBeforeAWall);
+        stage.Load();
+        stage.user = InTurn({kEdit, Wait,
+                             [](RunningStage& running) {
+                                 running.program.Form_MouseDown(211, 21);
+                                 running.program.Form_MouseUp();
+                                 running.Click(Menu::mnuPause);
+                                 running.keyboard.Tap(VirtualKey::Up);
+                             },
+                             Wait,
+                             [&](RunningStage& running) {
+                                 EXPECT_EQ(running.program.Editor().SelectedIndex(), 2);
+                                 seen.before = running.sink.last;
+                                 seen.frames = running.program.Loop().TotalFrames;
+                                 GetParam().act(running);
+                             },
+                             [&](RunningStage& running) {
+                                 running.keyboard.Hold({});
+                                 seen.after = running.sink.last;
+                                 running.direct3D.Device()->BackBuffer()[0] = kMark;
+                             },
+                             Wait,
+                             [&](RunningStage& running) {
+                                 seen.mark = running.sink.last[0];
+                                 seen.elements = running.program.Model().ElementCount;
+                                 EXPECT_EQ(running.program.Loop().TotalFrames, seen.frames);
+                             }});
+        stage.program.lstStages_Click(kItemA);
+        EXPECT_THAT(stage.MessageTexts(), IsEmpty());
+        return seen;
+    }
+};
+
+TEST_P(PausedEdits, AreDrawnOnceWithAdditions) {
+    const Seen seen = Edited(true);
+    EXPECT_EQ(seen.after != seen.before, GetParam().changesThePicture);
+    EXPECT_EQ(seen.mark, kMark) << "and not again in the next pass";
+}
+
+TEST_P(PausedEdits, PlainlyWaitUntilTheStageGoesOn) {
+    const Seen seen = Edited(false);
+    EXPECT_EQ(seen.after, seen.before);
+    EXPECT_EQ(seen.mark, kMark);
+    EXPECT_EQ(seen.elements, 4) << "keys do nothing";
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Of, PausedEdits,
+    testing::Values(PausedEdit{"Drag",
+                               [](RunningStage& running) {
+                                   running.program.Form_MouseDown(211, 21);
+                                   running.program.Form_MouseMove(231, 41);
+                               },
+                               false, true},
+                    PausedEdit{"Bar",
+                               [](RunningStage& running) { running.program.hscHScroll_Change(40); },
+                               false, true},
+                    PausedEdit{"Click",
+                               [](RunningStage& running) {
+                                   running.program.Form_MouseDown(161, 1);
+                                   running.program.Form_MouseUp();
+                               },
+                               false, false},
+                    PausedEdit{"Up", Hold(VirtualKey::NumpadPlus), true, true},
+                    PausedEdit{"Delete", Hold(VirtualKey::Delete), true, true},
+                    PausedEdit{"ArrowKey", Hold(VirtualKey::Right), true, false},
+                    PausedEdit{"Nothing", Wait, false, false}),
+    [](const auto& row) { return std::string(row.param.name); });
+
+// What was pressed before does nothing now.
+TEST_F(EditorTools, KeysFromBeforeAPauseDoNothingInIt) {
+    WhileAIsShown({kEdit, SelectTwo,
+                   [](RunningStage& running) {
+                       running.keyboard.Tap(VirtualKey::Delete);
+                       running.Click(Menu::mnuPause);
+                   },
+                   Wait,
+                   [](RunningStage& running) {
+                       EXPECT_EQ(running.program.Model().ElementCount, 2);
+                       running.keyboard.Tap(VirtualKey::Insert);
+                   },
+                   [](RunningStage& running) {
+                       EXPECT_EQ(running.program.Model().ElementCount, 3);
+                       EXPECT_EQ(running.form.selection, kFrameOfTwo);
+                       EXPECT_EQ(running.Caption(), "Cloned..");
+                   }});
 }
 
 // --- events that come too early or too late ---

@@ -412,6 +412,44 @@ TEST_F(UpdateCharacterTest, OnAnElementThatIsLinkedItselfTheParentSwings) {
     EXPECT_EQ(Hero().DrawY, 68.0F);  // 100 + 5 + 3 - 40
 }
 
+TEST_F(UpdateCharacterTest, PlacedAgainItStandsWhereGroundAndCameraAreNow) {
+    BackgroundElement element;
+    element.linkParent = -1;
+    element.posY = 180;
+    model_.Elements.assign(1, element);
+    model_.ZOffset = 0;
+    model_.ZOffsetLink = 0;
+    Place();
+    static_cast<void>(Update(kRight));
+    const TestCharacter before = Hero();
+    EXPECT_EQ(before.DrawY, 140.0F);
+    for (int i = 0; i < 2; ++i) {
+        PlaceAgain(state_, model_, camera_);
+        EXPECT_EQ(Hero().DrawY, 140.0F);
+    }
+    model_.Elements[0].posY = 150;  // dragged
+    PlaceAgain(state_, model_, camera_);
+    EXPECT_EQ(Hero().DrawY, 110.0F);
+    model_.Elements[0].posY = 170;
+    camera_.y = -20;  // the camera has risen, and the element has followed it
+    PlaceAgain(state_, model_, camera_);
+    EXPECT_EQ(Hero().DrawY, 130.0F);
+    EXPECT_EQ(Hero().X, before.X);
+    EXPECT_EQ(Hero().DrawX, before.DrawX);
+    EXPECT_EQ(Hero().Frame, before.Frame);
+    EXPECT_EQ(Hero().FrameTime, before.FrameTime);
+}
+
+TEST_F(UpdateCharacterTest, PlacedAgainOnAGroundLineOnlyTheCameraCounts) {
+    static_cast<void>(Update());
+    EXPECT_EQ(Hero().DrawY, 160.0F);
+    camera_.y = -20;
+    PlaceAgain(state_, model_, camera_);
+    EXPECT_EQ(Hero().DrawY, 180.0F);
+    PlaceAgain(state_, model_, camera_);
+    EXPECT_EQ(Hero().DrawY, 180.0F);
+}
+
 // --- the stage's bounds, and the camera ---
 
 TEST_F(UpdateCharacterTest, ItStaysWithinHalfAViewOfTheBounds) {
@@ -517,6 +555,7 @@ TEST_F(UpdateCharacterTest, AsksForNoMemory) {
         static_cast<void>(Update(kRight));
         static_cast<void>(Update(kLeft));
     }
+    PlaceAgain(state_, model_, camera_);
     EXPECT_EQ(AllocationCount(), before);
 }
 

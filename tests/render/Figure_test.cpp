@@ -31,6 +31,8 @@ public:
         return figure_;
     }
 
+    [[nodiscard]] Figure Again() override { return figure_; }
+
     std::vector<Single> seenX;
 
 private:

@@ -1,0 +1,108 @@
+// SPDX-License-Identifier: MIT
+//
+// A scene that is drawn again as it stands, for a stage that is edited while it is paused.
+#include <cstddef>
+
+#include <gtest/gtest.h>
+
+#include "render/ExpectError.h"
+#include "render/Frame.h"
+#include "render/StagePlayer.h"
+#include "support/AllocationCount.h"
+
+namespace scenara::test {
+namespace {
+
+// A floor that leads a tree, a fire and a cloud in front, all of them on the move.
+class DrawnAgain : public testing::Test {
+protected:
+    DrawnAgain() {
+        BackgroundElement& floor =
+            StageBuilder::At(player.build.Still(player.build.Sprite("floor", 30, 10)), 40, 100);
+        floor.velocityX = 3;
+        floor.sinYAmplitude = 8;
+        floor.sinYPeriod = 2;
+        player.build.Still(player.build.Sprite("tree", 10, 20)).positionlink = 1;
+        const Integer first = player.build.Sprite("first", 10, 10);
+        const Integer second = player.build.Sprite("second", 10, 10);
+        player.build.Animation(player.build.Action({{first, 1}, {second, 1}}));
+        BackgroundElement& cloud =
+            StageBuilder::At(player.build.Still(player.build.Sprite("cloud", 20, 10)), 100, 30);
+        cloud.layerno = -1;
+        cloud.velocityX = 1;
+        cloud.id = 5;
+        WithX(During(AddControl(player.build.Group(0, {5}), "posadd"), 0, 100), 1);
+        player.model.BoundRight = 100;
+        player.Start();
+    }
+    Lines Again() {
+        DrawSceneAgain(player.engine, player.tiles, player.flags);
+        return player.record.TakeQuads();
+    }
+
+    StagePlayer player{ViewOptions()};
+};
+
+TEST_F(DrawnAgain, IsWhatTheNextFrameBeginsWith) {
+    player.Frames(2);
+    // All have moved on since the second one, the tree with the floor.
+    EXPECT_EQ(Again(), (Lines{"floor 46,108 30x10", "tree 46,108 10x20", "second 160,0 10x10",
+                              "cloud 106,30 20x10", "cloud 106,30 20x10"}));
+}
+
+TEST_F(DrawnAgain, IsTheSameEveryTimeAndMovesNothing) {
+    player.keyboard.Hold({VirtualKey::Right, VirtualKey::A});
+    player.Frames(3);
+    const Lines shown = Again();
+    const auto before = player.model;
+    const Camera camera = player.camera;
+    for (int i = 0; i < 5; ++i) {
+        player.clock.now += 1000;
+        EXPECT_EQ(Again(), shown);
+    }
+    for (std::size_t i = 0; i < before.Elements.size(); ++i) {
+        const BackgroundElement& was = before.Elements[i];
+        const BackgroundElement& is = player.Element(i);
+        EXPECT_EQ(is.posX, was.posX) << i;
+        EXPECT_EQ(is.posY, was.posY) << i;
+        EXPECT_EQ(is.sinOffset, was.sinOffset) << i;
+        EXPECT_EQ(is.ctrlPos, was.ctrlPos) << i;
+        EXPECT_EQ(is.frameIndex, was.frameIndex) << i;
+        EXPECT_EQ(is.frameTime, was.frameTime) << i;
+    }
+    EXPECT_EQ(player.model.CtrlDefs[0].timer, before.CtrlDefs[0].timer);
+    EXPECT_EQ(player.model.CamX, before.CamX);
+    EXPECT_EQ(player.model.CamY, before.CamY);
+    EXPECT_EQ(player.camera.previousX, camera.previousX);
+    EXPECT_EQ(player.camera.HCamStep, camera.HCamStep);
+}
+
+TEST_F(DrawnAgain, ShowsWhereAnElementHasBeenPut) {
+    player.Frames(1);
+    static_cast<void>(Again());
+    player.Element(3).posX = 7;
+    player.Element(3).posY = 9;
+    EXPECT_EQ(Again().back(), "cloud 7,9 20x10");
+    player.Element(3).visible = 0;
+    EXPECT_EQ(Again().size(), 3U);
+}
+
+TEST_F(DrawnAgain, IsASceneOfItsOwn) {
+    player.model.Elements.clear();
+    DrawSceneAgain(player.engine, player.tiles, player.flags);
+    EXPECT_EQ(player.record.TakeLines(), (Lines{"BeginScene", "EndScene"}));
+    EXPECT_EQ(player.flags.DrawFrontLayer, kByteTrue);
+    player.record.AnswerAlways("BeginScene", D3DERR_DEVICELOST);
+    ExpectError(RunTimeErrorKind::Direct3D, [&] { static_cast<void>(Again()); });
+}
+
+TEST_F(DrawnAgain, AllocatesNothing) {
+    player.Frames(1);
+    player.record.SetWriting(false);
+    const std::size_t before = AllocationCount();
+    DrawSceneAgain(player.engine, player.tiles, player.flags);
+    EXPECT_EQ(AllocationCount(), before);
+}
+
+}  // namespace
+}  // namespace scenara::test
