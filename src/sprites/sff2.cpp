@@ -12,6 +12,7 @@
 #include "sprites/SffArchive.h"
 #include "sprites/SpriteMessages.h"
 #include "sprites/SubfilePicture.h"
+#include "sprites/TextureBudget.h"
 
 namespace scenara {
 namespace {
@@ -65,11 +66,12 @@ public:
                  TextureMaker& device, Messages& messages, const ViewOptions& options, double scale)
         : model_(model),
           header_(header),
-          device_(device),
+          textures_(device),
           messages_(messages),
           scale_(scale),
           chain_(archive, header),
-          pictures_(archive, scale == 1 ? device : scratch_, messages, options),
+          pictures_(archive, scale == 1 ? static_cast<TextureMaker&>(textures_) : scratch_,
+                    messages, options),
           masked_(MaskedPictures(model)),
           opaque_(scale == 1 ? std::vector<std::uint64_t>() : OpaquePictures(model)) {}
 
@@ -124,7 +126,7 @@ private:
         }
         try {
             const bool keyed = IsKeyed(chain_.Header());
-            entry.texture = ScaledPicture(device_, *picture.texture, scale_, keyed);
+            entry.texture = ScaledPicture(textures_, *picture.texture, scale_, keyed);
             entry.fileWidth = ToInteger(picture.width);
             entry.fileHeight = ToInteger(picture.height);
         } catch (const RunTimeError&) {
@@ -147,6 +149,7 @@ private:
             }
             return false;
         }
+        textures_.KeepLast();
         entry.width = ToInteger(entry.texture->Width());
         entry.height = ToInteger(entry.texture->Height());
         entry.keyAlpha = picture.key.alpha;
@@ -160,7 +163,7 @@ private:
 
     StageModel& model_;
     const SffHeader& header_;
-    TextureMaker& device_;
+    TextureBudget textures_;
     Messages& messages_;
     double scale_;
     ScratchTextures scratch_;
