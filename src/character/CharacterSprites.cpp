@@ -13,6 +13,7 @@
 #include "base/Text.h"
 #include "sprites/SffArchive.h"
 #include "sprites/SpriteMessages.h"
+#include "sprites/TextureBudget.h"
 
 namespace scenara {
 namespace {
@@ -63,7 +64,8 @@ public:
           act_(act),
           context_(context),
           chain_(archive, header),
-          pictures_(archive, context.device, context.messages, context.options) {}
+          budget_(context.device),
+          pictures_(archive, budget_, context.messages, context.options) {}
 
     void Load() {
         Walk();
@@ -240,6 +242,7 @@ private:
             SayOverused();
         } else if (pictures_.LoadInColors(chain_, subfile.header, subfile.position,
                                           ColorsOf(subfile), decoded)) {
+            budget_.KeepLast();
             decoded.texture->PreLoad();
         } else {
             context_.messages.MsgBox(kMessageCharacterSprite,
@@ -262,6 +265,7 @@ private:
     const std::optional<PaletteBytes>& act_;
     const CharacterSpritesContext& context_;
     SubfileChain chain_;
+    TextureBudget budget_;
     SubfilePictures pictures_;
     PaletteBytes shared_{};
     bool sharedIsWhole_ = true;  // or that it is not has been said

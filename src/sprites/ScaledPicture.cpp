@@ -6,55 +6,13 @@
 #include <cmath>
 #include <cstddef>
 #include <limits>
-#include <new>
 #include <span>
-
-#include "base/RunTimeError.h"
+#include <utility>
 
 namespace scenara {
 namespace {
 
 constexpr std::int32_t kLargestSide = std::numeric_limits<std::int16_t>::max();
-
-class ScratchTexture : public Direct3DTexture8 {
-public:
-    ScratchTexture(std::span<std::uint32_t> words, std::int32_t width, std::int32_t height,
-                   std::int32_t pitch)
-        : words_(words), width_(width), height_(height), pitch_(pitch) {}
-
-    [[nodiscard]] std::int32_t Width() const override { return width_; }
-    [[nodiscard]] std::int32_t Height() const override { return height_; }
-    LockedPixels LockRect() override { return {words_, pitch_}; }
-    void UnlockRect() override {}
-    void PreLoad() override {}
-
-private:
-    std::span<std::uint32_t> words_;
-    std::int32_t width_;
-    std::int32_t height_;
-    std::int32_t pitch_;
-};
-
-// What a pixel of the result takes of one side of the picture: whole and partial pixels.
-struct Stretch {
-    std::size_t first = 0;
-    std::vector<double> shares;
-};
-
-std::vector<Stretch> Stretches(std::int32_t size, double scale) {
-    std::vector<Stretch> stretches(static_cast<std::size_t>(ScaledSize(size, scale)));
-    for (std::size_t i = 0; i < stretches.size(); ++i) {
-        const double from = std::min(static_cast<double>(i) / scale, size - 1.0);
-        const double to = std::min(static_cast<double>(i + 1) / scale, static_cast<double>(size));
-        stretches[i].first = static_cast<std::size_t>(from);
-        const auto behind = static_cast<std::size_t>(std::ceil(to));
-        for (std::size_t pixel = stretches[i].first; pixel < behind; ++pixel) {
-            const auto start = static_cast<double>(pixel);
-            stretches[i].shares.push_back(std::min(to, start + 1) - std::max(from, start));
-        }
-    }
-    return stretches;
-}
 
 class Mean {
 public:
@@ -121,35 +79,6 @@ bool IsAllOrNothing(std::span<const std::uint32_t> pixels) {
     });
 }
 
-// Halving, which is what most scaled stages ask for: nothing but whole pixels, and few of them.
-bool Halve(const LockedPixels& from, Direct3DTexture8& picture, const LockedPixels& to,
-           bool keyed) {
-    const auto width = static_cast<std::size_t>(picture.Width());
-    const auto height = static_cast<std::size_t>(picture.Height());
-    const auto pitch = static_cast<std::size_t>(from.pitch);
-    for (std::size_t y = 0; y < height; y += 2) {
-        const std::size_t rows = std::min<std::size_t>(2, height - y);
-        for (std::size_t row = 0; row < rows; ++row) {
-            if (!IsAllOrNothing(from.words.subspan((y + row) * pitch, width))) {
-                return false;
-            }
-        }
-        const auto into = to.words.subspan(y / 2 * static_cast<std::size_t>(to.pitch));
-        for (std::size_t x = 0; x < width; x += 2) {
-            std::array<std::uint32_t, 4> few{};
-            std::size_t count = 0;
-            for (std::size_t row = 0; row < rows; ++row) {
-                few[count++] = from.words[(y + row) * pitch + x];
-                if (x + 1 < width) {
-                    few[count++] = from.words[(y + row) * pitch + x + 1];
-                }
-            }
-            into[x / 2] = MeanOfFew(std::span(few).first(count), keyed);
-        }
-    }
-    return true;
-}
-
 }  // namespace
 
 std::int32_t ScaledSize(std::int32_t size, double scale) {
@@ -158,57 +87,111 @@ std::int32_t ScaledSize(std::int32_t size, double scale) {
     return static_cast<std::int32_t>(std::clamp(scaled, 1.0, static_cast<double>(kLargestSide)));
 }
 
-std::shared_ptr<Direct3DTexture8> ScaledPicture(TextureMaker& maker, Direct3DTexture8& picture,
-                                                double scale, bool keyed) {
-    TextureParameters parameters;
-    parameters.width = ScaledSize(picture.Width(), scale);
-    parameters.height = ScaledSize(picture.Height(), scale);
-    std::shared_ptr<Direct3DTexture8> scaled = maker.CreateTexture(parameters);
-    const LockedPixels from = picture.LockRect();
-    const LockedPixels to = scaled->LockRect();
-    if (scale == 0.5 && Halve(from, picture, to, keyed)) {
-        scaled->UnlockRect();
-        picture.UnlockRect();
-        return scaled;
-    }
-    const std::vector<Stretch> columns = Stretches(picture.Width(), scale);
-    const std::vector<Stretch> rows = Stretches(picture.Height(), scale);
-    for (std::size_t y = 0; y < rows.size(); ++y) {
-        const auto line = to.words.subspan(y * static_cast<std::size_t>(to.pitch), columns.size());
-        for (std::size_t x = 0; x < columns.size(); ++x) {
-            Mean mean(keyed);
-            for (std::size_t j = 0; j < rows[y].shares.size(); ++j) {
-                const auto source = from.words.subspan(
-                    (rows[y].first + j) * static_cast<std::size_t>(from.pitch) + columns[x].first,
-                    columns[x].shares.size());
-                for (std::size_t i = 0; i < source.size(); ++i) {
-                    mean.Add(source[i], rows[y].shares[j] * columns[x].shares[i]);
-                }
-            }
-            line[x] = mean.Argb();
+std::vector<PictureScaler::Stretch> PictureScaler::Stretches(std::int32_t size, double scale) {
+    std::vector<Stretch> stretches(static_cast<std::size_t>(ScaledSize(size, scale)));
+    for (std::size_t i = 0; i < stretches.size(); ++i) {
+        const double from = std::min(static_cast<double>(i) / scale, size - 1.0);
+        const double to = std::min(static_cast<double>(i + 1) / scale, static_cast<double>(size));
+        stretches[i].first = static_cast<std::size_t>(from);
+        const auto behind = static_cast<std::size_t>(std::ceil(to));
+        for (std::size_t pixel = stretches[i].first; pixel < behind; ++pixel) {
+            const auto start = static_cast<double>(pixel);
+            stretches[i].shares.push_back(std::min(to, start + 1) - std::max(from, start));
         }
     }
-    scaled->UnlockRect();
-    picture.UnlockRect();
-    return scaled;
+    return stretches;
 }
 
-std::shared_ptr<Direct3DTexture8> ScratchTextures::CreateTexture(
-    const TextureParameters& parameters) {
-    if (parameters.width < 1 || parameters.width > kLargestSide || parameters.height < 1 ||
-        parameters.height > kLargestSide) {
-        throw RunTimeError(RunTimeErrorKind::Overflow, "a picture's size");
+void PictureScaler::Begin(std::int32_t width, std::int32_t height) {
+    Unlock();
+    scaled_ = nullptr;
+    TextureParameters parameters;
+    parameters.width = ScaledSize(width, scale_);
+    parameters.height = ScaledSize(height, scale_);
+    columns_ = Stretches(width, scale_);
+    rows_ = Stretches(height, scale_);
+    heldLines_ = 1;
+    for (const Stretch& row : rows_) {
+        heldLines_ = std::max(heldLines_, row.shares.size());
     }
-    const std::int32_t pitch = std::max(parameters.width, parameters.wantedPitch);
-    const std::size_t needed =
-        static_cast<std::size_t>(pitch) * static_cast<std::size_t>(parameters.height) +
-        parameters.wantedSlack;
-    if (words_.size() < needed) {
-        words_ = {};  // growing would hold the old ones and the new ones at once
-        words_.resize(needed);
+    width_ = static_cast<std::size_t>(width);
+    lines_.resize(width_ * heldLines_);
+    begun_ = 0;
+    made_ = 0;
+    scaled_ = maker_.CreateTexture(parameters);
+    locked_ = scaled_->LockRect();
+}
+
+std::span<std::uint32_t> PictureScaler::LineOf(std::size_t y) {
+    return std::span(lines_).subspan(y % heldLines_ * width_, width_);
+}
+
+std::span<std::uint32_t> PictureScaler::NextLine() {
+    TakeLine();
+    return LineOf(begun_++);
+}
+
+std::shared_ptr<Direct3DTexture8> PictureScaler::End() {
+    TakeLine();
+    Unlock();
+    return std::move(scaled_);
+}
+
+void PictureScaler::Unlock() {
+    if (!locked_.words.empty()) {
+        scaled_->UnlockRect();
+        locked_ = {};
     }
-    return std::make_shared<ScratchTexture>(std::span(words_).first(needed), parameters.width,
-                                            parameters.height, pitch);
+}
+
+// Makes what can be made of the lines that are complete.
+void PictureScaler::TakeLine() {
+    while (made_ < rows_.size() && rows_[made_].End() <= begun_) {
+        const auto line =
+            locked_.words.subspan(made_ * static_cast<std::size_t>(locked_.pitch), columns_.size());
+        const Stretch& row = rows_[made_++];
+        if (scale_ != 0.5 || !HalveLine(row, line)) {
+            MakeLine(row, line);
+        }
+    }
+}
+
+// Halving, which is what most scaled stages ask for: nothing but whole pixels, and few of them.
+bool PictureScaler::HalveLine(const Stretch& row, std::span<std::uint32_t> line) {
+    const std::size_t rows = row.shares.size();
+    std::array<std::span<const std::uint32_t>, 2> from;
+    for (std::size_t i = 0; i < rows; ++i) {
+        from.at(i) = LineOf(row.first + i);
+        if (!IsAllOrNothing(from.at(i))) {
+            return false;
+        }
+    }
+    for (std::size_t x = 0; x < width_; x += 2) {
+        std::array<std::uint32_t, 4> few{};
+        std::size_t count = 0;
+        for (std::size_t i = 0; i < rows; ++i) {
+            few[count++] = from[i][x];
+            if (x + 1 < width_) {
+                few[count++] = from[i][x + 1];
+            }
+        }
+        line[x / 2] = MeanOfFew(std::span(few).first(count), keyed_);
+    }
+    return true;
+}
+
+void PictureScaler::MakeLine(const Stretch& row, std::span<std::uint32_t> line) {
+    for (std::size_t x = 0; x < columns_.size(); ++x) {
+        Mean mean(keyed_);
+        const Stretch& column = columns_[x];
+        for (std::size_t j = 0; j < row.shares.size(); ++j) {
+            const auto source = LineOf(row.first + j).subspan(column.first, column.shares.size());
+            for (std::size_t i = 0; i < source.size(); ++i) {
+                mean.Add(source[i], row.shares[j] * column.shares[i]);
+            }
+        }
+        line[x] = mean.Argb();
+    }
 }
 
 }  // namespace scenara

@@ -33,19 +33,20 @@ SubfilePictures::SubfilePictures(InputFile& archive, TextureMaker& device, Messa
                                  const ViewOptions& options)
     : archive_(archive), messages_(messages), options_(options), decoder_(device, messages) {}
 
-bool SubfilePictures::Load(SubfileChain& chain, PcxPicture& picture) {
-    return LoadFrom(chain, chain.Header(), chain.Position(), true, picture);
+bool SubfilePictures::Load(SubfileChain& chain, PcxPicture& picture, PictureLines* lines) {
+    return LoadFrom(chain, chain.Header(), chain.Position(), true, picture, lines);
 }
 
 bool SubfilePictures::LoadInColors(SubfileChain& chain, const SubfileHeader& subfile,
                                    std::uint32_t position, const PaletteBytes& palette,
                                    PcxPicture& picture) {
     decoder_.SetPalette(palette);
-    return LoadFrom(chain, subfile, position, false, picture);
+    return LoadFrom(chain, subfile, position, false, picture, nullptr);
 }
 
 bool SubfilePictures::LoadFrom(SubfileChain& chain, const SubfileHeader& subfile,
-                               std::uint32_t position, bool takesPalette, PcxPicture& picture) {
+                               std::uint32_t position, bool takesPalette, PcxPicture& picture,
+                               PictureLines* lines) {
     const std::uint64_t start = std::uint64_t{position} + kSubfileHeaderSize;
     Long length = subfile.length;
     if (length < 0) {
@@ -70,7 +71,7 @@ bool SubfilePictures::LoadFrom(SubfileChain& chain, const SubfileHeader& subfile
             hasItsPalette = TakePalette(chain, start + static_cast<std::uint64_t>(length));
         }
         CheckPcxHeader(header_, packed);
-        loaded = decoder_.LoadPCX(header_, std::span(data_).first(dataSize_), picture);
+        loaded = decoder_.LoadPCX(header_, std::span(data_).first(dataSize_), picture, lines);
     } catch (...) {
         decoder_.HandleError("LoadPCX", TextOfCurrentError());
     }

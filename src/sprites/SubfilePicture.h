@@ -35,9 +35,10 @@ public:
     SubfilePictures(InputFile& archive, TextureMaker& device, Messages& messages,
                     const ViewOptions& options);
 
-    // The picture of the subfile that the chain stands on. False on any failure; then the reason
-    // has been shown.
-    [[nodiscard]] bool Load(SubfileChain& chain, PcxPicture& picture);
+    // The picture of the subfile that the chain stands on, line by line where there are `lines`.
+    // False on any failure; then the reason has been shown.
+    [[nodiscard]] bool Load(SubfileChain& chain, PcxPicture& picture,
+                            PictureLines* lines = nullptr);
 
     // The picture of the subfile at `position`, in colours that the caller has, wherever `chain`
     // stands; its bytes are counted there. False as above.
@@ -47,7 +48,7 @@ public:
 
 private:
     bool LoadFrom(SubfileChain& chain, const SubfileHeader& subfile, std::uint32_t position,
-                  bool takesPalette, PcxPicture& picture);
+                  bool takesPalette, PcxPicture& picture, PictureLines* lines);
     void ReadHeader(std::uint64_t start);
     void ReadData(std::uint64_t start, std::uint64_t packed);
     // A picture of 256 colours takes its palette, whether or not its pixels can be had: the next

@@ -76,6 +76,11 @@ std::size_t IndexAt(std::span<const std::uint8_t> line, const PcxHeader& header,
 
 void IndexedLine(std::span<const std::uint8_t> line, const PcxHeader& header,
                  const ColorTable& colors, std::span<std::uint32_t> pixels) {
+    if (header.Is256Colors()) {
+        std::transform(line.begin(), line.begin() + static_cast<std::ptrdiff_t>(pixels.size()),
+                       pixels.begin(), [&](std::uint8_t index) { return colors[index]; });
+        return;
+    }
     for (std::size_t x = 0; x < pixels.size(); ++x) {
         pixels[x] = colors[IndexAt(line, header, x)];
     }
@@ -255,9 +260,9 @@ void PcxDecoder::SetPalette(std::span<const std::byte, kPcxPaletteSize> palette)
 }
 
 bool PcxDecoder::LoadPCX(const PcxHeader& header, std::span<const std::byte> data,
-                         PcxPicture& picture) {
+                         PcxPicture& picture, PictureLines* lines) {
     try {
-        picture = Decode(header, data);
+        picture = Decode(header, data, lines);
         return true;
     } catch (...) {
         HandleError("LoadPCX", TextOfCurrentError());
@@ -271,7 +276,32 @@ void PcxDecoder::HandleError(std::string_view routine, std::string_view reason) 
     messages_.MsgBox(kMessageLoadPcx, std::move(text));
 }
 
-PcxPicture PcxDecoder::Decode(const PcxHeader& header, std::span<const std::byte> data) {
+template <typename NextLine>
+std::size_t PcxDecoder::DecodeLines(const PcxHeader& header, std::span<const std::byte> data,
+                                    const ColorTable& colors, NextLine nextLine) {
+    const bool onePlane = header.planes == 1;
+    PcxLines lines(data, header.IsRunLength());
+    line_.resize(header.LineBytes());
+    for (Long y = 0; y < header.Height(); ++y) {
+        const bool last = y + 1 == header.Height();
+        const std::size_t needed = last ? header.LastLineBytes() : line_.size();
+        lines.Next(std::span(line_).first(needed));
+        lines.NextIfThere(std::span(line_).subspan(needed));
+        const std::span<std::uint32_t> pixels = nextLine(y);
+        if (header.bitsPerPixel == 8 && !onePlane) {
+            TrueColorLine(line_, header, pixels);
+        } else {
+            IndexedLine(line_, header, colors, pixels);
+        }
+        if (!onePlane) {
+            ApplyKeyByColor(pixels, key_);
+        }
+    }
+    return lines.Consumed();
+}
+
+PcxPicture PcxDecoder::Decode(const PcxHeader& header, std::span<const std::byte> data,
+                              PictureLines* lines) {
     CheckPcxHeader(header, data.size());
     CheckYield(header, data);
     const bool onePlane = header.planes == 1;
@@ -282,30 +312,19 @@ PcxPicture PcxDecoder::Decode(const PcxHeader& header, std::span<const std::byte
     picture.width = header.Width();
     picture.height = header.Height();
     picture.key = onePlane ? KeyOf(colors[0]) : key_;
-    const TextureParameters parameters = ParametersFor(header, picture.key);
-    picture.texture = device_.CreateTexture(parameters);
-    const Lock lock(*picture.texture);
-    if (parameters.wantedPitch != 0 && parameters.wantedPitch == lock.Pitch()) {
-        picture.consumed = DecodeWhole(path_, header, data, colors, lock);
+    if (lines != nullptr) {
+        lines->Begin(picture.width, picture.height);
+        picture.consumed =
+            DecodeLines(header, data, colors, [&](Long /*y*/) { return lines->NextLine(); });
+        picture.texture = lines->End();
     } else {
-        PcxLines lines(data, header.IsRunLength());
-        line_.resize(header.LineBytes());
-        for (Long y = 0; y < picture.height; ++y) {
-            const bool last = y + 1 == picture.height;
-            const std::size_t needed = last ? header.LastLineBytes() : line_.size();
-            lines.Next(std::span(line_).first(needed));
-            lines.NextIfThere(std::span(line_).subspan(needed));
-            const auto pixels = lock.Line(y, picture.width);
-            if (header.bitsPerPixel == 8 && !onePlane) {
-                TrueColorLine(line_, header, pixels);
-            } else {
-                IndexedLine(line_, header, colors, pixels);
-            }
-            if (!onePlane) {
-                ApplyKeyByColor(pixels, key_);
-            }
-        }
-        picture.consumed = lines.Consumed();
+        const TextureParameters parameters = ParametersFor(header, picture.key);
+        picture.texture = device_.CreateTexture(parameters);
+        const Lock lock(*picture.texture);
+        const bool whole = parameters.wantedPitch != 0 && parameters.wantedPitch == lock.Pitch();
+        picture.consumed = whole ? DecodeWhole(path_, header, data, colors, lock)
+                                 : DecodeLines(header, data, colors,
+                                               [&](Long y) { return lock.Line(y, picture.width); });
     }
     if (!onePlane) {
         messages_.MsgBox(kMessageThreePlanes, "yo...");

@@ -3,7 +3,7 @@
 
 #include <algorithm>
 #include <iterator>
-#include <new>
+#include <utility>
 #include <vector>
 
 #include "base/RunTimeError.h"
@@ -12,6 +12,7 @@
 #include "sprites/SffArchive.h"
 #include "sprites/SpriteMessages.h"
 #include "sprites/SubfilePicture.h"
+#include "sprites/TextureBudget.h"
 
 namespace scenara {
 namespace {
@@ -65,11 +66,12 @@ public:
                  TextureMaker& device, Messages& messages, const ViewOptions& options, double scale)
         : model_(model),
           header_(header),
-          device_(device),
+          textures_(device),
+          scaler_(textures_, scale),
+          isScaled_(scale != 1),
           messages_(messages),
-          scale_(scale),
           chain_(archive, header),
-          pictures_(archive, scale == 1 ? device : scratch_, messages, options),
+          pictures_(archive, textures_, messages, options),
           masked_(MaskedPictures(model)),
           opaque_(scale == 1 ? std::vector<std::uint64_t>() : OpaquePictures(model)) {}
 
@@ -116,28 +118,12 @@ private:
         return true;
     }
 
-    // The picture's texture at the size that is wanted.
-    [[nodiscard]] bool Scaled(PcxPicture& picture, SpriteEntry& entry) {
-        if (scale_ == 1) {
-            entry.texture = std::move(picture.texture);
-            return true;
-        }
-        try {
-            const bool keyed = IsKeyed(chain_.Header());
-            entry.texture = ScaledPicture(device_, *picture.texture, scale_, keyed);
-            entry.fileWidth = ToInteger(picture.width);
-            entry.fileHeight = ToInteger(picture.height);
-        } catch (const RunTimeError&) {
-            return false;
-        } catch (const std::bad_alloc&) {
-            return false;
-        }
-        return true;
-    }
-
     [[nodiscard]] bool TakePicture(SpriteEntry& entry) {
         PcxPicture picture;
-        if (!pictures_.Load(chain_, picture) || !Scaled(picture, entry)) {
+        if (isScaled_) {
+            scaler_.SetKeyed(IsKeyed(chain_.Header()));
+        }
+        if (!pictures_.Load(chain_, picture, isScaled_ ? &scaler_ : nullptr)) {
             messages_.MsgBox(kMessagePcxError,
                              DamagedSpriteText(chain_.Header().group, chain_.Header().image));
             if (header_.imageCount == 1) {
@@ -146,6 +132,12 @@ private:
                     "Oh, and that was the only image!  Just pretend it's really dark!");
             }
             return false;
+        }
+        textures_.KeepLast();
+        entry.texture = std::move(picture.texture);
+        if (isScaled_) {
+            entry.fileWidth = ToInteger(picture.width);
+            entry.fileHeight = ToInteger(picture.height);
         }
         entry.width = ToInteger(entry.texture->Width());
         entry.height = ToInteger(entry.texture->Height());
@@ -160,10 +152,10 @@ private:
 
     StageModel& model_;
     const SffHeader& header_;
-    TextureMaker& device_;
+    TextureBudget textures_;
+    PictureScaler scaler_;
+    bool isScaled_;
     Messages& messages_;
-    double scale_;
-    ScratchTextures scratch_;
     SubfileChain chain_;
     SubfilePictures pictures_;
     std::vector<std::uint64_t> masked_;

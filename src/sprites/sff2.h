@@ -7,6 +7,7 @@
 // axis. Deliberate: the index is a position in Sprites; after an image that was dropped it names
 // another entry than the archive meant (Sff2.LinkIndexIsAPositionInSprites).
 //
+// The textures are up to a sum (TextureBudget.h); a picture beyond it is one that cannot be had.
 // What is damaged is said and skipped, and the load goes on with the next subfile; an archive whose
 // chain breaks keeps what was read until there. Between images the caption tells how far it is and
 // the window system runs; when the user has closed the window, the load ends after the image.

@@ -9,6 +9,8 @@
 #include <gtest/gtest.h>
 
 #include "character/CharacterMachine.h"
+#include "sprites/HugeTextures.h"
+#include "sprites/TextureBudget.h"
 
 namespace scenara::test {
 namespace {
@@ -45,15 +47,19 @@ std::vector<std::byte> PcxOf24Bits(int side) {
 }
 
 // The pictures that the machine's character shows, out of another archive.
-std::vector<CharSprite> SpritesOf(CharacterMachine& machine, MemoryFile& archive) {
+std::vector<CharSprite> SpritesOf(CharacterMachine& machine, MemoryFile& archive,
+                                  TextureMaker& device) {
     const ViewOptions options;
     CharacterMessages messages(machine.messages);
     const CharacterProgress progress;
     TestCharacter character = machine.character;
     character.Sprites.clear();
     LoadCharacterSprites(character, archive, "other.sff", std::nullopt,
-                         {machine.device, messages, options, progress});
+                         {device, messages, options, progress});
     return character.Sprites;
+}
+std::vector<CharSprite> SpritesOf(CharacterMachine& machine, MemoryFile& archive) {
+    return SpritesOf(machine, archive, machine.device);
 }
 
 TEST(CharacterSprites, OnlyPicturesOfKeptFramesAreDecoded) {
@@ -352,6 +358,23 @@ TEST(CharacterSprites, SubfilesThatLieOverEachOtherAreNotAllTried) {
     EXPECT_LT(machine.device.Created().size(), 20U);
     EXPECT_THAT(machine.Texts(), Contains("SFF Error:  /mugen/chars/hero/hero.sff\r\nThe subfiles "
                                           "lie over each other.  The rest is skipped.."));
+}
+
+TEST(CharacterSprites, BeyondTheSumOfAllTexturesAreDropped) {
+    constexpr std::size_t kFit = TextureBudget::kMostBytes / kColumnBytes;
+    CharacterMachine machine;
+    std::string animation = "[Begin Action 20]\n";
+    for (std::size_t i = 0; i < kFit + 2; ++i) {
+        animation += "0," + std::to_string(i) + ",0,0,1\n";
+    }
+    machine.Put("hero.air", animation);
+    EXPECT_TRUE(machine.Load()) << "the animation";
+    const std::vector<std::byte> archive = ArchiveOfColumns(kFit + 2);
+    MemoryFile file(archive);
+    OneLineDevice device;
+    EXPECT_EQ(SpritesOf(machine, file, device).size(), kFit);
+    EXPECT_THAT(machine.Texts(), Contains("PCX Error:  Group 0 Image " + std::to_string(kFit + 1) +
+                                          "\r\nSkipping sprite.."));
 }
 
 TEST(CharacterSprites, AnArchiveWithoutSubfilesGivesNoPictures) {

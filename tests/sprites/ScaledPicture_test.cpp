@@ -3,9 +3,10 @@
 // Pictures brought to another size, one by one and in archives.
 #include "sprites/ScaledPicture.h"
 
+#include <algorithm>
 #include <cstddef>
-#include <limits>
 #include <memory>
+#include <set>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -45,31 +46,28 @@ TEST(ScaledSize, IsAtLeast1AndAtMostWhatAPictureMayHave) {
 
 // --- pixels ---
 
-// Of `maker`, with these pixels.
-std::shared_ptr<Direct3DTexture8> Painted(TextureMaker& maker, std::int32_t width,
-                                          const Words& pixels) {
-    TextureParameters parameters;
-    parameters.width = width;
-    parameters.height = static_cast<std::int32_t>(pixels.size()) / width;
-    auto texture = maker.CreateTexture(parameters);
-    const LockedPixels locked = texture->LockRect();
-    for (std::size_t i = 0; i < pixels.size(); ++i) {
-        const std::size_t columns = static_cast<std::size_t>(width);
-        locked.words[i / columns * static_cast<std::size_t>(locked.pitch) + i % columns] =
-            pixels[i];
-    }
-    texture->UnlockRect();
-    return texture;
-}
-
 constexpr bool kKeyed = true;
 constexpr bool kOpaque = false;
+
+// What a scaler makes of a picture with these pixels.
+std::shared_ptr<Direct3DTexture8> Through(PictureScaler& scaler, std::int32_t width,
+                                          const Words& pixels) {
+    const auto columns = static_cast<std::ptrdiff_t>(width);
+    scaler.Begin(width, static_cast<std::int32_t>(pixels.size()) / width);
+    for (auto line = pixels.begin(); line != pixels.end(); line += columns) {
+        std::copy(line, line + columns, scaler.NextLine().begin());
+    }
+    return scaler.End();
+}
 
 Words Scaled(std::int32_t width, const Words& pixels, double scale, bool keyed = kKeyed,
              DeviceLines lines = DeviceLines::AsWanted) {
     RecordingDevice device(lines);
-    const auto picture = Painted(device, width, pixels);
-    return PixelsOf(*ScaledPicture(device, *picture, scale, keyed));
+    PictureScaler scaler(device, scale);
+    scaler.SetKeyed(keyed);
+    const auto scaled = Through(scaler, width, pixels);
+    EXPECT_EQ(device.Counts().locks, device.Counts().unlocks);
+    return PixelsOf(*scaled);
 }
 
 TEST(ScaledPicture, HalvedIsTheMeanOfFour) {
@@ -145,37 +143,55 @@ TEST(ScaledPicture, TheDevicesOwnLinesDoNotMatter) {
     }
 }
 
-TEST(ScaledPicture, IsUnlockedAndSoIsWhatItIsMadeFrom) {
-    RecordingDevice device;
-    const auto picture = Painted(device, 2, {1, 2, 3, 4});
-    const auto scaled = ScaledPicture(device, *picture, 0.5, kKeyed);
-    EXPECT_EQ(device.Counts().locks, device.Counts().unlocks);
-}
-
 TEST(ScaledPicture, ThatTheDeviceRefusesIsItsError) {
     RecordingDevice device;
-    const auto picture = Painted(device, 2, {1, 2, 3, 4});
+    PictureScaler scaler(device, 0.5);
     device.RefuseNext(RunTimeErrorKind::OutOfMemory);
-    EXPECT_THROW(static_cast<void>(ScaledPicture(device, *picture, 0.5, kKeyed)), RunTimeError);
+    EXPECT_THROW(scaler.Begin(2, 2), RunTimeError);
+    EXPECT_THAT(PixelsOf(*Through(scaler, 1, {0xFF123456})), ElementsAre(0xFF123456U));
+}
+
+// As when its data end early.
+TEST(ScaledPicture, OneThatIsGivenUpIsUnlockedAndLeavesNothingToTheNext) {
+    RecordingDevice device;
+    {
+        PictureScaler scaler(device, 0.5);
+        scaler.Begin(5, 30);
+        for (int i = 0; i < 3; ++i) {
+            std::ranges::fill(scaler.NextLine(), 0xFFFFFFFF);
+        }
+        const auto next = Through(scaler, 2, {0xFF112233, 0xFF112233});
+        EXPECT_EQ(device.Counts().locks, device.Counts().unlocks);
+        EXPECT_THAT(PixelsOf(*next), ElementsAre(0xFF112233U));
+        scaler.Begin(1, 4);
+    }
     EXPECT_EQ(device.Counts().locks, device.Counts().unlocks);
 }
 
-// Halving has a quick way for pictures in which alpha is 0 or 255; a line with another alpha at the
-// lower end makes the whole picture go the other way.
+// Halving has a quick way for lines in which alpha is 0 or 255; another alpha at the right end
+// makes them go the other way.
 TEST(ScaledPicture, HalvedQuicklyIsTheSame) {
-    constexpr std::int32_t kWidth = 33;
-    constexpr std::size_t kLines = 20;
+    constexpr std::int32_t kWidth = 34;
+    constexpr int kLines = 21;
     Random random(7);
     Words quick;
-    for (std::size_t i = 0; i < kWidth * kLines; ++i) {
-        const std::uint32_t rgb = random.Below(0x1000000);
-        quick.push_back(random.OneIn(3) ? rgb : rgb | 0xFF000000U);
+    Words other;
+    for (int y = 0; y < kLines; ++y) {
+        for (std::int32_t x = 0; x < kWidth; ++x) {
+            const std::uint32_t rgb = random.Below(0x1000000);
+            quick.push_back(random.OneIn(3) ? rgb : rgb | 0xFF000000U);
+            other.push_back(quick.back());
+        }
+        other.push_back(0x80FFFFFF);
     }
-    Words other = quick;
-    other.insert(other.end(), kWidth, 0x80FFFFFF);
     for (const bool keyed : {kKeyed, kOpaque}) {
-        Words expected = Scaled(kWidth, other, 0.5, keyed);
-        expected.resize(expected.size() - 17);  // without the line of its own
+        const Words scaled = Scaled(kWidth + 1, other, 0.5, keyed);
+        Words expected;
+        for (std::size_t i = 0; i < scaled.size(); ++i) {
+            if (i % 18 != 17) {  // without the column of its own
+                expected.push_back(scaled[i]);
+            }
+        }
         EXPECT_EQ(Scaled(kWidth, quick, 0.5, keyed), expected);
     }
 }
@@ -192,51 +208,22 @@ TEST(ScaledPicture, OfOneColourIsOfThatColourUpToItsEdges) {
     }
 }
 
-// --- textures on the way through ---
+// --- memory ---
 
-TEST(ScratchTextures, HaveTheLinesThatAreWanted) {
-    ScratchTextures scratch;
-    TextureParameters parameters;
-    parameters.width = 5;
-    parameters.height = 3;
-    parameters.wantedPitch = 8;
-    parameters.wantedSlack = 4;
-    const auto texture = scratch.CreateTexture(parameters);
-    EXPECT_EQ(texture->Width(), 5);
-    EXPECT_EQ(texture->Height(), 3);
-    const LockedPixels locked = texture->LockRect();
-    EXPECT_EQ(locked.pitch, 8);
-    EXPECT_THAT(locked.words, SizeIs(28));  // 3 lines of 8, and 4
-}
-
-TEST(ScratchTextures, TakeEachOthersPlace) {
-    ScratchTextures scratch;
-    auto first = Painted(scratch, 2, {1, 2, 3, 4});
-    const std::uint32_t* const place = first->LockRect().words.data();
-    first.reset();
-    const auto second = Painted(scratch, 3, {5, 6, 7});
-    EXPECT_EQ(second->LockRect().words.data(), place);
-    EXPECT_THAT(PixelsOf(*second), ElementsAre(5U, 6U, 7U));
-}
-
-TEST(ScratchTextures, GrowAsNeeded) {
-    ScratchTextures scratch;
-    static_cast<void>(Painted(scratch, 1, {9}));
-    EXPECT_THAT(PixelsOf(*Painted(scratch, 2, {1, 2, 3, 4, 5, 6})),
-                ElementsAre(1U, 2U, 3U, 4U, 5U, 6U));
-}
-
-TEST(ScratchTextures, OfNoSizeAreRefused) {
-    ScratchTextures scratch;
-    for (const std::int32_t side : {0, -1, 32768, std::numeric_limits<std::int32_t>::max()}) {
-        TextureParameters parameters;
-        parameters.width = side;
-        parameters.height = 1;
-        EXPECT_THROW(static_cast<void>(scratch.CreateTexture(parameters)), RunTimeError);
-        parameters.width = 1;
-        parameters.height = side;
-        EXPECT_THROW(static_cast<void>(scratch.CreateTexture(parameters)), RunTimeError);
+// A large picture of runs, of which nothing is held but a few lines.
+TEST(ScaledPicture, TakesLittleMoreMemoryThanItsTexture) {
+    constexpr std::int32_t kWidth = 2000;
+    constexpr std::int32_t kHeight = 3000;
+    RecordingDevice device;
+    PictureScaler scaler(device, 0.25);
+    scaler.Begin(kWidth, kHeight);
+    std::set<const std::uint32_t*> places;
+    for (std::int32_t y = 0; y < kHeight; ++y) {
+        places.insert(scaler.NextLine().data());
     }
+    EXPECT_LE(places.size(), 5U);
+    EXPECT_EQ(scaler.End()->Height(), kHeight / 4);
+    EXPECT_THAT(device.Created(), SizeIs(1));
 }
 
 // --- archives ---

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <limits>
 #include <utility>
 
 #include "base/RunTimeError.h"
@@ -14,7 +15,8 @@ std::size_t WordsOf(const TextureParameters& parameters, std::int32_t pitch) {
     // In 64 bits, whatever a size has: at most 2^31 x 2^15.
     const std::uint64_t lines =
         static_cast<std::uint64_t>(pitch) * static_cast<std::uint64_t>(parameters.height);
-    if (lines > TextureMemory::kMostBytes || parameters.wantedSlack > TextureMemory::kMostBytes) {
+    constexpr auto kMost = static_cast<std::uint64_t>(std::numeric_limits<std::ptrdiff_t>::max());
+    if (lines > kMost || parameters.wantedSlack > kMost - lines) {
         throw RunTimeError(RunTimeErrorKind::OutOfMemory);
     }
     return static_cast<std::size_t>(lines) + parameters.wantedSlack;

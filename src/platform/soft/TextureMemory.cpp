@@ -13,6 +13,9 @@ namespace {
 
 constexpr std::size_t kAlignment = 64;
 
+// More than any system has, and few enough that sums of their bytes do not overflow.
+constexpr std::size_t kMostWords = std::numeric_limits<std::size_t>::max() / 16;
+
 constexpr std::size_t RoundUp(std::size_t value, std::size_t unit) {
     return (value + unit - 1) / unit * unit;
 }
@@ -31,7 +34,7 @@ TextureMemory::~TextureMemory() {
 }
 
 TextureMemory::Piece TextureMemory::Allocate(std::size_t words) {
-    if (words > kMostBytes / sizeof(std::uint32_t) || BytesOf(words) > kMostBytes - usedBytes_) {
+    if (words > kMostWords) {
         throw RunTimeError(RunTimeErrorKind::OutOfMemory);
     }
     const std::size_t bytes = BytesOf(words);

@@ -13,8 +13,7 @@
 // are in use.
 //
 // Every piece is aligned to 64 bytes. Raises RunTimeError "Out of memory" when the system has no
-// more, and beyond kMostBytes in use: no stage comes near that, but a made-up file could ask for
-// all the machine has. Not for several threads.
+// more. Not for several threads.
 #pragma once
 
 #include <cstddef>
@@ -28,7 +27,6 @@ class TextureMemory {
 public:
     static constexpr std::size_t kBlockBytes = std::size_t{64} << 20U;
     static constexpr std::size_t kKeptBytes = std::size_t{256} << 20U;
-    static constexpr std::size_t kMostBytes = std::size_t{2047} << 20U;
     static constexpr std::size_t kLargePagesFrom = std::size_t{64} << 20U;
 
     struct Block {
