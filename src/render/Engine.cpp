@@ -14,7 +14,11 @@ constexpr std::uint32_t kDefaultAdapter = 0;
 
 // A 32-bit sum, checked.
 float Sum(std::int64_t a, std::int64_t b) {
-    return static_cast<float>(ToLong(static_cast<double>(a) + static_cast<double>(b)));
+    const std::int64_t sum = a + b;
+    if (static_cast<Long>(sum) != sum) {
+        return static_cast<float>(ToLong(static_cast<double>(sum)));  // says so
+    }
+    return static_cast<float>(sum);
 }
 
 template <typename Object>
@@ -144,10 +148,10 @@ void Engine::Blit(const SpriteEntry& sprite, const SpriteQuad& quad, const BlitS
     const auto textureHeight = static_cast<float>(sprite.height);
     const float across = style.mirrored ? -1.0F : 1.0F;
     const float down = style.flipped ? -1.0F : 1.0F;
-    const Edges place{Sum(quad.x, 0), Sum(quad.y, 0), Sum(quad.x, quad.width),
-                      Sum(quad.y, quad.height)};
-    const Edges shown{across * Sum(quad.sourceX, 0) / textureWidth,
-                      down * Sum(quad.sourceY, 0) / textureHeight,
+    const Edges place{static_cast<float>(quad.x), static_cast<float>(quad.y),
+                      Sum(quad.x, quad.width), Sum(quad.y, quad.height)};
+    const Edges shown{across * static_cast<float>(quad.sourceX) / textureWidth,
+                      down * static_cast<float>(quad.sourceY) / textureHeight,
                       across * Sum(quad.sourceX, quad.width) / textureWidth,
                       down * Sum(quad.sourceY, quad.height) / textureHeight};
     DrawRectangle(sprite.texture, place, shown, style.color);
