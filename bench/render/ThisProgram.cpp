@@ -81,14 +81,9 @@ void ThisProgram::DrawBlit(const Blit& blit) {
 
 void ThisProgram::DrawBlendedBlit(const Blit& blit, const Blending& blending) {
     const SpriteEntry& sprite = model_.Sprites[blit.picture];
-    BlendedPiece piece;
-    piece.slot = static_cast<Integer>(blit.picture);
-    piece.x = blit.x;
-    piece.y = blit.y;
-    piece.width = sprite.width;
-    piece.height = sprite.height;
     BeginBlending(engine_.Device(), blending);
-    DrawBlended(engine_, blending, piece);
+    DrawBlended(engine_, blending, sprite, {blit.x, blit.y, sprite.width, sprite.height},
+                BlitStyle());
     EndBlending(engine_.Device(), blending);
 }
 

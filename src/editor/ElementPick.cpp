@@ -4,10 +4,10 @@
 #include <algorithm>
 #include <cstddef>
 
-#include "editor/TexelLock.h"
 #include "render/ElementDrawing.h"
 #include "render/ElementPlacement.h"
 #include "render/ModelLookup.h"
+#include "render/TexelLock.h"
 #include "render/TileEngine.h"
 
 namespace scenara {
@@ -25,13 +25,13 @@ std::int64_t TexelOf(std::int64_t at, std::int64_t size, bool mirrored) {
 }
 
 // Looks for a piece that covers the point.
-class PointUnderPieces {
+class PointUnderPieces final : public PieceVisitor {
 public:
     PointUnderPieces(const ViewPoint& point, const PlacedPicture& picture,
                      const SpriteEntry& sprite, bool seeThrough)
         : point_(point), picture_(picture), sprite_(sprite), seeThrough_(seeThrough) {}
 
-    void operator()(const SpriteQuad& quad) {
+    void Show(const SpriteQuad& quad) override {
         if (!covered_ && IsInside(point_.x, quad.x, quad.width) &&
             IsInside(point_.y, quad.y, quad.height)) {
             covered_ = IsVisible(quad);
@@ -83,9 +83,9 @@ bool Covers(const StageModel& model, const BackgroundElement& element, const Dra
 }
 
 // Gathers the rectangle around pieces.
-class AroundPieces {
+class AroundPieces final : public PieceVisitor {
 public:
-    void operator()(const SpriteQuad& quad) {
+    void Show(const SpriteQuad& quad) override {
         const std::int64_t left = std::max<std::int64_t>(quad.x, 0);
         const std::int64_t top = std::max<std::int64_t>(quad.y, 0);
         const std::int64_t right = std::min<std::int64_t>(quad.x + quad.width, kViewWidth);

@@ -6,7 +6,7 @@
 
 #include "base/NumberText.h"
 #include "base/Raised.h"
-#include "editor/TexelLock.h"
+#include "render/TexelLock.h"
 #include "render/ModelLookup.h"
 #include "render/ViewFlags.h"
 

@@ -26,11 +26,6 @@ Integer Darkening(const Blending& blending) {
     }
 }
 
-void Blit(Engine& engine, const BlendedPiece& piece, std::uint32_t color) {
-    engine.BlitTinted(piece.slot, piece.x, piece.y, piece.width, piece.height, piece.sourceX,
-                      piece.sourceY, {piece.mirrored, piece.flipped, color});
-}
-
 }  // namespace
 
 void BeginBlending(Direct3DDevice8& device, const Blending& blending) {
@@ -40,16 +35,17 @@ void BeginBlending(Direct3DDevice8& device, const Blending& blending) {
     }
 }
 
-void DrawBlended(Engine& engine, const Blending& blending, const BlendedPiece& piece) {
+void DrawBlended(Engine& engine, const Blending& blending, const SpriteEntry& sprite,
+                 const SpriteQuad& quad, const BlitStyle& style) {
     Direct3DDevice8& device = engine.Device();
     const Integer darkening = Darkening(blending);
     if (darkening > 0) {
         SetBlendState(device, D3DRS_DESTBLEND, D3DBLEND_INVSRCALPHA);
-        Blit(engine, piece, AtAlpha(kBlack, darkening));
+        engine.Blit(sprite, quad, {style.mirrored, style.flipped, AtAlpha(kBlack, darkening)});
         SetBlendState(device, D3DRS_DESTBLEND, D3DBLEND_ONE);
     }
     const Integer source = blending.kind == BlendKind::AddAlpha ? blending.source : kWhole;
-    Blit(engine, piece, AtAlpha(kWhite, source));
+    engine.Blit(sprite, quad, {style.mirrored, style.flipped, AtAlpha(kWhite, source)});
 }
 
 void EndBlending(Direct3DDevice8& device, const Blending& blending) {

@@ -16,23 +16,12 @@
 
 namespace scenara {
 
-// One or two quads of a sprite on their way to the screen.
-struct BlendedPiece {
-    Integer slot = -1;
-    Long x = 0;
-    Long y = 0;
-    Long width = 0;
-    Long height = 0;
-    Long sourceX = 0;
-    Long sourceY = 0;
-    bool mirrored = false;
-    bool flipped = false;
-};
-
-// Switches blending on, for pieces that follow. `blending` is not None.
+// Switches blending on, for quads that follow. `blending` is not None.
 void BeginBlending(Direct3DDevice8& device, const Blending& blending);
 
-void DrawBlended(Engine& engine, const Blending& blending, const BlendedPiece& piece);
+// The quad, once or twice; the style's colour counts for nothing.
+void DrawBlended(Engine& engine, const Blending& blending, const SpriteEntry& sprite,
+                 const SpriteQuad& quad, const BlitStyle& style);
 
 // Back to no blending at all.
 void EndBlending(Direct3DDevice8& device, const Blending& blending);

@@ -12,7 +12,7 @@ namespace scenara {
 namespace {
 
 // Takes the pieces of an element to the engine.
-class ElementPainter {
+class ElementPainter final : public PieceVisitor {
 public:
     ElementPainter(Engine& engine, const StageModel& model, const PlacedPicture& picture,
                    const Blending& blending)
@@ -21,35 +21,16 @@ public:
           blending_(blending),
           sprite_(RecordAt(model.Sprites, picture.slot, "sprite")) {}
 
-    void operator()(const SpriteQuad& quad) {
-        const BlendedPiece piece{picture_.slot,
-                                 static_cast<Long>(quad.x),
-                                 static_cast<Long>(quad.y),
-                                 static_cast<Long>(quad.width),
-                                 static_cast<Long>(quad.height),
-                                 static_cast<Long>(quad.sourceX),
-                                 static_cast<Long>(quad.sourceY),
-                                 picture_.mirrored,
-                                 picture_.flipped};
+    void Show(const SpriteQuad& quad) override {
+        const BlitStyle style{picture_.mirrored, picture_.flipped};
         if (blending_.kind != BlendKind::None) {
-            DrawBlended(engine_, blending_, piece);
+            DrawBlended(engine_, blending_, sprite_, quad, style);
         } else {
-            DrawPlain(piece);
+            engine_.Blit(sprite_, quad, style);
         }
     }
 
 private:
-    void DrawPlain(const BlendedPiece& piece) {
-        if (piece.flipped) {
-            engine_.BlitTinted(piece.slot, piece.x, piece.y, piece.width, piece.height,
-                               piece.sourceX, piece.sourceY, {piece.mirrored, true});
-            return;
-        }
-        const auto blit = piece.mirrored ? &Engine::D3DBltFlip : &Engine::D3DBlt;
-        (engine_.*blit)(sprite_.texture, piece.slot, piece.x, piece.y, piece.width, piece.height,
-                        piece.sourceX, piece.sourceY);
-    }
-
     Engine& engine_;
     const PlacedPicture& picture_;
     const Blending& blending_;

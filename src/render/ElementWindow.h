@@ -5,6 +5,7 @@
 
 #include <optional>
 
+#include "render/SpriteQuad.h"
 #include "render/Tiling.h"
 #include "stage/StageModel.h"
 
@@ -20,16 +21,6 @@ struct ElementWindow {
     // in a plain stage.)
     [[nodiscard]] static ElementWindow Of(const BackgroundElement& element, Single cameraX,
                                           Single cameraY);
-};
-
-// A piece of a sprite on its way to the screen, pixel for pixel.
-struct SpriteQuad {
-    std::int64_t x = 0;
-    std::int64_t y = 0;
-    std::int64_t width = 0;
-    std::int64_t height = 0;
-    std::int64_t sourceX = 0;  // of a mirrored quad: in the mirrored picture
-    std::int64_t sourceY = 0;
 };
 
 // The part of the quad inside of the window, the whole quad when there is none active; nothing when

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "base/RunTimeError.h"
+#include "render/ModelLookup.h"
 
 namespace scenara {
 namespace {
@@ -12,8 +13,12 @@ namespace {
 constexpr std::uint32_t kDefaultAdapter = 0;
 
 // A 32-bit sum, checked.
-float Sum(Long a, Long b) {
-    return static_cast<float>(ToLong(static_cast<double>(a) + static_cast<double>(b)));
+float Sum(std::int64_t a, std::int64_t b) {
+    const std::int64_t sum = a + b;
+    if (static_cast<Long>(sum) != sum) {
+        return static_cast<float>(ToLong(static_cast<double>(sum)));  // says so
+    }
+    return static_cast<float>(sum);
 }
 
 template <typename Pointer>
@@ -126,39 +131,35 @@ Direct3DDevice8& Engine::Device() const {
     return *device_;
 }
 
-void Engine::D3DBlt(const std::shared_ptr<Direct3DTexture8>& /*TX*/, Integer slot, Long X, Long Y,
-                    Long W, Long H, Long srcX, Long srcY) {
-    BlitTinted(slot, X, Y, W, H, srcX, srcY, BlitStyle());
+const SpriteEntry& Engine::SpriteAt(Integer slot) const {
+    return RecordAt(model_.Sprites, slot, "sprite");
 }
 
-// Wrapped around, coordinates below 0 show the texture from its other end.
+void Engine::D3DBlt(const std::shared_ptr<Direct3DTexture8>& /*TX*/, Integer slot, Long X, Long Y,
+                    Long W, Long H, Long srcX, Long srcY) {
+    Blit(SpriteAt(slot), {X, Y, W, H, srcX, srcY}, BlitStyle());
+}
+
 void Engine::D3DBltFlip(const std::shared_ptr<Direct3DTexture8>& /*TX*/, Integer slot, Long X,
                         Long Y, Long W, Long H, Long srcX, Long srcY) {
     BlitStyle mirrored;
     mirrored.mirrored = true;
-    BlitTinted(slot, X, Y, W, H, srcX, srcY, mirrored);
+    Blit(SpriteAt(slot), {X, Y, W, H, srcX, srcY}, mirrored);
 }
 
-void Engine::BlitTinted(Integer slot, Long X, Long Y, Long W, Long H, Long srcX, Long srcY,
-                        const BlitStyle& style) {
-    if (slot < 0 || static_cast<std::size_t>(slot) >= model_.Sprites.size()) {
-        throw RunTimeError(RunTimeErrorKind::SubscriptOutOfRange, "sprite");
-    }
-    const SpriteEntry& sprite = model_.Sprites[static_cast<std::size_t>(slot)];
-    const auto left = static_cast<float>(X);
-    const auto top = static_cast<float>(Y);
-    const float right = Sum(X, W);
-    const float bottom = Sum(Y, H);
+// Wrapped around, coordinates below 0 show the texture from its other end.
+void Engine::Blit(const SpriteEntry& sprite, const SpriteQuad& quad, const BlitStyle& style) {
     const auto textureWidth = static_cast<float>(sprite.width);
     const auto textureHeight = static_cast<float>(sprite.height);
     const float across = style.mirrored ? -1.0F : 1.0F;
     const float down = style.flipped ? -1.0F : 1.0F;
-    const float u0 = across * static_cast<float>(srcX) / textureWidth;
-    const float u1 = across * Sum(srcX, W) / textureWidth;
-    const float v0 = down * static_cast<float>(srcY) / textureHeight;
-    const float v1 = down * Sum(srcY, H) / textureHeight;
-
-    DrawRectangle(sprite.texture, {left, top, right, bottom}, {u0, v0, u1, v1}, style.color);
+    const Edges place{static_cast<float>(quad.x), static_cast<float>(quad.y),
+                      Sum(quad.x, quad.width), Sum(quad.y, quad.height)};
+    const Edges shown{across * static_cast<float>(quad.sourceX) / textureWidth,
+                      down * static_cast<float>(quad.sourceY) / textureHeight,
+                      across * Sum(quad.sourceX, quad.width) / textureWidth,
+                      down * Sum(quad.sourceY, quad.height) / textureHeight};
+    DrawRectangle(sprite.texture, place, shown, style.color);
 }
 
 void Engine::BlitWhole(const std::shared_ptr<Direct3DTexture8>& texture, Single X, Single Y,

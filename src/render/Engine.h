@@ -7,8 +7,8 @@
 // screen goes through here. Positions are whole pixels of the view, (0, 0) its upper left one;
 // colours are ARGB in a Long (-1 = opaque white).
 //
-// The quad is scratch: every operation overwrites positions and colours, D3DBlt and D3DBltFlip the
-// texture coordinates, too. Set_Vertex and Set_Shadow leave those of the last draw.
+// The quad is scratch: every operation overwrites positions and colours, those that draw a picture
+// the texture coordinates, too. Set_Vertex and Set_Shadow leave those of the last draw.
 //
 // Errors: a device call that fails raises RunTimeError "Direct3D error", an operation without a
 // device "Object variable not set", a sprite slot outside of the table "Subscript out of range",
@@ -25,6 +25,7 @@
 #include "platform/Direct3D8.h"
 #include "platform/Messages.h"
 #include "platform/Window.h"
+#include "render/SpriteQuad.h"
 #include "stage/StageModel.h"
 
 namespace scenara {
@@ -36,13 +37,6 @@ inline constexpr std::uint32_t kShadowColor = 0x64000000;  // black, alpha 100 o
 
 // The largest rectangle that can be kept, pixels: the information line's.
 inline constexpr POINT kMostKept{200, 20};
-
-// How a piece of a sprite is drawn.
-struct BlitStyle {
-    bool mirrored = false;  // left to right
-    bool flipped = false;   // top to bottom
-    std::uint32_t color = 0xFFFFFFFF;
-};
 
 class Engine {
 public:
@@ -62,6 +56,10 @@ public:
     [[nodiscard]] bool HasDevice() const { return device_ != nullptr; }
     [[nodiscard]] Direct3DDevice8& Device() const;
 
+    // Draws a piece of a picture, of which the texture and its size count.
+    void Blit(const SpriteEntry& sprite, const SpriteQuad& quad, const BlitStyle& style);
+
+    // Kept: the same by the names that they have always had, although elements are drawn by Blit.
     // Draws W x H pixels of the sprite's texture, from (srcX, srcY) of it on, at (X, Y). The first
     // argument, the slot's texture, is taken and ignored.
     void D3DBlt(const std::shared_ptr<Direct3DTexture8>& TX, Integer slot, Long X, Long Y, Long W,
@@ -69,10 +67,6 @@ public:
     // The same from the texture mirrored left to right; srcX counts in the mirrored one.
     void D3DBltFlip(const std::shared_ptr<Direct3DTexture8>& TX, Integer slot, Long X, Long Y,
                     Long W, Long H, Long srcX, Long srcY);
-
-    // Addition: the same as D3DBlt, mirrored as asked for, and times a colour at all corners.
-    void BlitTinted(Integer slot, Long X, Long Y, Long W, Long H, Long srcX, Long srcY,
-                    const BlitStyle& style);
 
     // Addition: a whole texture, of no sprite's, stretched over a rectangle.
     void BlitWhole(const std::shared_ptr<Direct3DTexture8>& texture, Single X, Single Y, Single W,
@@ -111,6 +105,7 @@ public:
 
 private:
     void StartUp();
+    [[nodiscard]] const SpriteEntry& SpriteAt(Integer slot) const;
     struct Edges {
         float left;
         float top;
