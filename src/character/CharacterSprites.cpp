@@ -9,10 +9,9 @@
 #include <utility>
 #include <vector>
 
-#include "base/RunTimeError.h"
 #include "base/Text.h"
-#include "sprites/SffArchive.h"
 #include "sprites/SpriteMessages.h"
+#include "sprites/SubfilePicture.h"
 #include "sprites/TextureBudget.h"
 
 namespace scenara {
@@ -278,15 +277,9 @@ private:
 
 }  // namespace
 
-void LoadCharacterSprites(TestCharacter& character, InputFile& archive, const std::string& name,
-                          const std::optional<PaletteBytes>& act,
+void LoadCharacterSprites(TestCharacter& character, InputFile& archive, const SffHeader& header,
+                          const std::string& name, const std::optional<PaletteBytes>& act,
                           const CharacterSpritesContext& context) {
-    const SffHeader header = ReadSffHeader(archive);
-    if (header.IsVersion2()) {
-        throw RunTimeError(RunTimeErrorKind::BadFormat, name + " is an archive of version " +
-                                                            header.VersionText() +
-                                                            ", only version 1 can be read");
-    }
     CharacterSpriteLoader(character, archive, name, header, act, context).Load();
 }
 

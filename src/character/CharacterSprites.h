@@ -22,7 +22,8 @@
 #include "character/TestCharacter.h"
 #include "platform/Direct3D8.h"
 #include "platform/Files.h"
-#include "sprites/SubfilePicture.h"
+#include "sprites/SffArchive.h"
+#include "sprites/SubfilePalette.h"
 #include "stage/ViewOptions.h"
 
 namespace scenara {
@@ -41,10 +42,10 @@ struct CharacterSpritesContext {
     const CharacterProgress& progress;
 };
 
-// Fills Sprites, ColorKey and the textures of all frames. `name` is the archive's name for
-// messages. Raises RunTimeError for an archive of version 2 and for a file without a header.
-void LoadCharacterSprites(TestCharacter& character, InputFile& archive, const std::string& name,
-                          const std::optional<PaletteBytes>& act,
+// Fills Sprites, ColorKey and the textures of all frames from an archive of version 1 with this
+// header. `name` is the archive's name for messages.
+void LoadCharacterSprites(TestCharacter& character, InputFile& archive, const SffHeader& header,
+                          const std::string& name, const std::optional<PaletteBytes>& act,
                           const CharacterSpritesContext& context);
 
 }  // namespace scenara

@@ -88,6 +88,14 @@ private:
         if (!file) {
             return false;
         }
+        const SffHeader header = ReadSffHeader(*file);
+        const std::string name = definition_.sprite + ".sff";
+        if (header.IsVersion2()) {
+            messages_.MsgBox(kMessageCharacterFailed,
+                             Unable(name + " is an archive of version " + header.VersionText() +
+                                    ", only version 1 can be read"));
+            return false;
+        }
         std::optional<PaletteBytes> act;
         if (context_.options.Additions && !definition_.palette.empty()) {
             act = ReadActPalette(context_.files, folder_ + definition_.palette + ".act");
@@ -95,7 +103,7 @@ private:
         if (context_.progress.setCaption) {
             context_.progress.setCaption("Loading " + character_.DisplayName);
         }
-        LoadCharacterSprites(character_, *file, folder_ + definition_.sprite + ".sff", act,
+        LoadCharacterSprites(character_, *file, header, folder_ + name, act,
                              {context_.device, messages_, context_.options, context_.progress});
         return true;
     }

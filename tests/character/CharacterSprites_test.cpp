@@ -54,7 +54,7 @@ std::vector<CharSprite> SpritesOf(CharacterMachine& machine, MemoryFile& archive
     const CharacterProgress progress;
     TestCharacter character = machine.character;
     character.Sprites.clear();
-    LoadCharacterSprites(character, archive, "other.sff", std::nullopt,
+    LoadCharacterSprites(character, archive, ReadSffHeader(archive), "other.sff", std::nullopt,
                          {device, messages, options, progress});
     return character.Sprites;
 }

@@ -22,7 +22,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
             }
         }
         try {
-            LoadCharacterSprites(character, file, "fuzz.sff", std::nullopt,
+            LoadCharacterSprites(character, file, ReadSffHeader(file), "fuzz.sff", std::nullopt,
                                  {device, messages, options, progress});
         } catch (const RunTimeError&) {
             continue;

@@ -188,6 +188,11 @@ TEST(KeyOffer, EmptyValuesAreLeftOutOfAList) {
     EXPECT_THAT(ListOf("ctrlid = 1,,,,,,,,,10,11"), ElementsAre(1, 10));
 }
 
+TEST(KeyOffer, AnEmptyFirstValueOfAListIs0) {
+    EXPECT_THAT(ListOf("ctrlid = ,5"), ElementsAre(0, 5));
+    EXPECT_THAT(ListOf("ctrlid = ,", {1, 2}), ElementsAre(0));
+}
+
 TEST(KeyOffer, ZeroIsAnId) {
     EXPECT_THAT(ListOf("ctrlid = 0"), ElementsAre(0));
     EXPECT_THAT(ListOf("ctrlid = 5, 0, 7"), ElementsAre(5, 0, 7));

@@ -136,12 +136,24 @@ TEST_F(ScenaraShot, ACharacterIsAPathOrAPlaceUnderChars) {
     EXPECT_NE(Contents(Path("a.png")), with);
 }
 
-TEST_F(ScenaraShot, WithoutItsCharacterTheStageIsShownAllTheSame) {
+// But the exit status tells.
+TEST_F(ScenaraShot, WithoutItsCharacterTheStageIsWrittenAllTheSame) {
     PutStage("a.def", "[Info]\nname = a\n[BGdef]\nspr = a.sff\n");
     Write(Path("mugen/stages/a.sff"), SmallArchiveBytes());
-    EXPECT_EQ(Run("--mugen " + Path("mugen") + " a.def --char gone.def --out " + Path("a.png")), 0);
-    EXPECT_EQ(err_, "gone.def.def could not be found. Unable to load gone.def.\n");
-    EXPECT_TRUE(fs::exists(Path("a.png")));
+    const std::string shot = "--mugen " + Path("mugen") + " a.def --frames 2 --every 1 --char ";
+    for (const std::string plain : {"", " --plain"}) {
+        const std::string written = Path("written/");
+        fs::remove_all(written);
+        fs::create_directories(written);
+        EXPECT_EQ(Run(shot + "gone.def --out " + written + "a.png --model " + written +
+                      "a.json --sprites " + written + "sprites" + plain),
+                  1);
+        EXPECT_EQ(err_, "gone.def.def could not be found. Unable to load gone.def.\n");
+        for (const char* const file :
+             {"a.png", "a-00001.png", "a-00002.png", "a.json", "sprites"}) {
+            EXPECT_TRUE(fs::exists(written + file)) << file << plain;
+        }
+    }
 }
 
 TEST_F(ScenaraShot, RealStagesLoadWithoutAWord) {

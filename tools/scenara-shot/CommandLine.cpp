@@ -104,7 +104,8 @@ std::string UsageText() {
            "  --plain            plain reading, without additions\n"
            "\n"
            "Messages go to standard error, one line each. Exit status: 0 shown, 1 the stage\n"
-           "could not be shown, 2 wrong use.\n";
+           "or the character could not be shown, 2 wrong use. The stage is written without a\n"
+           "character that could not.\n";
 }
 
 }  // namespace scenara

@@ -111,7 +111,8 @@ ExitStatus Shoot(const ShotOptions& options) {
         WriteSpriteFiles(machine.Model(), *options.spriteDir);
     }
     WriteFrames(machine, options);
-    return kShown;
+    const bool allIsShown = options.character.empty() || machine.TestChar().CharLoaded;
+    return allIsShown ? kShown : kNotShown;
 }
 
 ExitStatus Run(const std::vector<std::string>& words) {
