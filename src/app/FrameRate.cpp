@@ -9,7 +9,7 @@
 namespace scenara {
 namespace {
 
-constexpr std::int64_t kSecond = 1000;
+constexpr std::uint32_t kSecond = 1000;
 
 // Back in 32 bits, so that the shortest text is that of the two decimals.
 std::string TwoDecimals(Single value) {
@@ -24,7 +24,7 @@ void CountFrame(LoopState& loop) {
 }
 
 bool SecondIsOver(const LoopState& loop, Clock& clock) {
-    return clock.GetTickCount() > loop.LastFpsTick + kSecond;
+    return TicksSince(loop.LastFpsTick, clock.GetTickCount()) > kSecond;
 }
 
 void LimitFrameCount(LoopState& loop) {

@@ -2,7 +2,6 @@
 #include "render/CameraControl.h"
 
 #include <cmath>
-#include <cstdint>
 
 namespace scenara {
 namespace {
@@ -95,7 +94,7 @@ void MoveByPointer(StageModel& model, Camera& camera, const CameraInput& input) 
 }  // namespace
 
 bool KeyGateIsOpen(const Camera& camera, Long now) {
-    return std::int64_t{now} - camera.lastKeyTick > kKeyGate;
+    return TicksSince(camera.lastKeyTick, now) > kKeyGate;
 }
 
 // x is stored negated, so the tests look the other way than the moves.

@@ -11,6 +11,8 @@
 // behind the back pass.
 #pragma once
 
+#include <cstdint>
+
 #include "platform/Clock.h"
 #include "platform/Keyboard.h"
 #include "platform/Pointer.h"
@@ -22,7 +24,7 @@
 namespace scenara {
 
 // Milliseconds that must have passed, and one more, between two accepted keys.
-inline constexpr Long kKeyGate = 150;
+inline constexpr std::uint32_t kKeyGate = 150;
 
 // Keys of others that share the gate: asked once per pass, behind the camera's own keys. Errors end
 // the pass.

@@ -361,6 +361,33 @@ TEST(Ending, CancelsARequestToOpen) {
     EXPECT_THAT(stage.window.Captions(), testing::Not(Contains("second")));
 }
 
+// Frames of the headless clock until its ticks begin anew, and a little less.
+constexpr std::uint32_t kFramesOf24Days = 128'848'900;
+
+TEST(Counters, TheStageGoesOnWhereTheTicksBeginAnew) {
+    for (const bool additions : {true, false}) {
+        std::vector<std::string> texts;
+        RunningStage stage(
+            [&](RunningStage& running, int turn) {
+                if (turn == kLoading + 10) {
+                    running.clock.Advance(kFramesOf24Days);
+                }
+                if (texts.empty() || texts.back() != running.program.InfoText()) {
+                    texts.push_back(running.program.InfoText());
+                }
+                QuitAt(kLoading + 200)(running, turn);
+            },
+            additions);
+        stage.program.Menu_Click(Menu::mnuInfo);
+        stage.program.RunStage();
+        EXPECT_EQ(stage.sink.shown, 200);
+        EXPECT_LT(stage.clock.GetTickCount(), 0);
+        EXPECT_THAT(texts, ElementsAre("", "Cam 0,0  1 FPS", "Cam 0,0  10 FPS", "Cam 0,0  60 FPS"))
+            << "once a second, before and after";
+        EXPECT_THAT(stage.MessageTexts(), testing::IsEmpty());
+    }
+}
+
 TEST(Counters, AnOverflowIsAnErrorOfThePass) {
     RunningStage stage;
     stage.program.CurrentStageFile = "/mugen/stages/b.def";

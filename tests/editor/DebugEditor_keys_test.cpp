@@ -350,10 +350,12 @@ TEST_F(KeyGate, IsClosedByAKeyThatFindsNothingToDo) {
     EXPECT_EQ(Moves(), 0U);
 }
 
-TEST_F(KeyGate, IsTakenToTheEndOfTheClock) {
+TEST_F(KeyGate, HoldsWhereTheTicksBeginAnew) {
     stage.editor.Select(0);
-    stage.camera.lastKeyTick = -2147483647;
-    HoldAt(2147483647, {VirtualKey::NumpadPlus});
+    stage.camera.lastKeyTick = 2147483647;
+    HoldAt(-2147483648 + 149, {VirtualKey::NumpadPlus});
+    EXPECT_EQ(Moves(), 0U);
+    HoldAt(-2147483648 + 150, {VirtualKey::NumpadPlus});
     EXPECT_EQ(Moves(), 1U);
 }
 

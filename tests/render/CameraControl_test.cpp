@@ -426,6 +426,16 @@ TEST_F(KeysBehind, FindTheGateOpenWhenNoKeyWasAccepted) {
     EXPECT_TRUE(witness.open);
 }
 
+TEST_F(KeysBehind, FindTheGateClosedForAsLongWhereTheTicksBeginAnew) {
+    player.camera.lastKeyTick = 2147483647;
+    player.clock.now = -2147483648 + 149;
+    ControlWith({});
+    EXPECT_FALSE(witness.open);
+    player.clock.now = -2147483648 + 150;
+    ControlWith({});
+    EXPECT_TRUE(witness.open);
+}
+
 // --- single steps ---
 
 using SingleSteps = CameraControlTest;

@@ -4,8 +4,7 @@
 namespace scenara {
 
 Long HeadlessClock::GetTickCount() {
-    const std::int64_t milliseconds = counter_ / kCountsPerMillisecond;
-    return ToLong(static_cast<double>(milliseconds));
+    return TickOf(counter_ / kCountsPerMillisecond);
 }
 
 }  // namespace scenara

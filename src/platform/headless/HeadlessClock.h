@@ -19,7 +19,6 @@ public:
     static constexpr std::int64_t kFrequency = 1000 * kCountsPerMillisecond;
     static constexpr std::int64_t kStart = 1000 * kCountsPerMillisecond;
 
-    // Raises RunTimeError "Overflow" beyond 2147483647 ms.
     [[nodiscard]] Long GetTickCount() override;
     [[nodiscard]] std::int64_t QueryPerformanceCounter() override {
         counter_ += countsPerLook_;

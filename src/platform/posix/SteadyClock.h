@@ -13,9 +13,14 @@ namespace scenara {
 
 class SteadyClock : public Clock {
 public:
-    // Above 0 from the start. Raises RunTimeError "Overflow" after 24 days.
+    using Time = std::chrono::steady_clock::time_point;
+
+    // `start`: for tests; by itself the moment in which it is made.
+    explicit SteadyClock(Time start = std::chrono::steady_clock::now()) : start_(start) {}
+
+    // Above 0 at the start.
     [[nodiscard]] Long GetTickCount() override {
-        return ToLong(static_cast<double>(Since<std::chrono::milliseconds>() + kFirstTick));
+        return TickOf(Since<std::chrono::milliseconds>() + kFirstTick);
     }
     [[nodiscard]] std::int64_t QueryPerformanceCounter() override {
         return Since<std::chrono::nanoseconds>();
@@ -31,7 +36,7 @@ private:
                1;
     }
 
-    std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
+    Time start_;
 };
 
 }  // namespace scenara
