@@ -7,8 +7,10 @@
 
 #include "app/frmStage.h"
 #include "desktop/DesktopMachine.h"
+#include "platform/posix/EndSignals.h"
 #include "platform/posix/ProgramFolder.h"
 #include "platform/qt/Display.h"
+#include "platform/qt/EndOfSession.h"
 
 namespace {
 
@@ -17,12 +19,15 @@ using namespace scenara;
 constexpr int kNoDisplay = 1;
 
 int Run() {
+    const EndSignals endSignals;
     DesktopMachine machine(WritableProgramFolder(ExecutableFolder()));
     frmStage program(machine.Pieces(), machine.form);
     MainWindow& window = machine.Desktop();
     window.SetEvents(&program);
+    const EndOfSession session(
+        endSignals.Descriptor(), [&] { program.SaveNow(); }, [&] { machine.Close(); });
     program.Form_Load();
-    if (!program.Ended()) {
+    if (!window.EndRequested()) {
         window.Show();
     }
     while (!program.Ended()) {

@@ -98,29 +98,38 @@ void ReadLine(ConfigurationLine& line, const Settings& settings, const LoadConfi
 
 class ConfigurationText {
 public:
+    explicit ConfigurationText(std::string& text) : text_(text) { text_.clear(); }
+
     void Line(std::string_view key, std::string_view value) {
         text_.append(key).append(" = ").append(value).append(kCrLf);
     }
     void Flag(std::string_view key, const MenuItem& item) {
         Line(key, item.checked ? "True" : "False");
     }
-    void Path(std::string_view key, const std::string& path) { Line(key, ToLineValue(path)); }
-
-    [[nodiscard]] const std::string& Text() const { return text_; }
+    void Path(std::string_view key, const std::string& path) {
+        text_.append(key).append(" = ");
+        AppendLineValue(path, text_);
+        text_.append(kCrLf);
+    }
 
 private:
-    std::string text_;
+    std::string& text_;
 };
 
 }  // namespace
 
+bool HasConfiguration(Files& files) {
+    const std::string path = ConfigurationPath(files);
+    return files.FileExists(path) && files.OpenForReading(path)->Size() != 0;
+}
+
 bool LoadConfig(const Settings& settings, const LoadConfigContext& context) {
-    const std::string path = ConfigurationPath(context.files);
     // Whatever emptied it, there is nothing to lose in a file of no bytes; an error would come back
     // at every start.
-    if (!context.files.FileExists(path) || context.files.OpenForReading(path)->Size() == 0) {
+    if (!HasConfiguration(context.files)) {
         return AskForMugeDir(settings.MugeDir, context);
     }
+    const std::string path = ConfigurationPath(context.files);
     TextFile file(ReadSettingsText(context.files, path).text);
     LineReader lines(file);
     RequireLine(lines, path);
@@ -137,27 +146,36 @@ bool LoadConfig(const Settings& settings, const LoadConfigContext& context) {
     return true;
 }
 
-void SaveConfig(const Settings& settings, const std::string& VersionText, Files& files) {
+void MakeConfigText(const Settings& settings, const std::string& VersionText, std::string& text) {
     const Form& form = settings.form;
-    ConfigurationText text;
-    text.Line("Version", VersionText + "A");
-    text.Path("MugeDir", settings.MugeDir);
+    ConfigurationText lines(text);
+    lines.Line("Version", VersionText + "A");
+    lines.Path("MugeDir", settings.MugeDir);
     if (!settings.TestChar.empty()) {
-        text.Path("TestChar", settings.TestChar);
+        lines.Path("TestChar", settings.TestChar);
     }
-    text.Line("HCamStep", NumberText(settings.HCamStep));
-    text.Line("VCamStep", NumberText(settings.VCamStep));
-    text.Flag("BGMusic", form[Menu::mnuMusic]);
-    text.Flag("Info", form[Menu::mnuInfo]);
-    text.Flag("Char", form[Menu::mnuChar]);
-    text.Flag("Deform", form[Menu::mnuChar]);
-    text.Flag("DebugBG", form[Menu::mnuDebugBG]);
-    text.Path("CharName", settings.CharName);
-    text.Line("StageList", NumberText(std::int32_t{settings.ShowStageList}));
+    lines.Line("HCamStep", NumberText(settings.HCamStep));
+    lines.Line("VCamStep", NumberText(settings.VCamStep));
+    lines.Flag("BGMusic", form[Menu::mnuMusic]);
+    lines.Flag("Info", form[Menu::mnuInfo]);
+    lines.Flag("Char", form[Menu::mnuChar]);
+    lines.Flag("Deform", form[Menu::mnuChar]);
+    lines.Flag("DebugBG", form[Menu::mnuDebugBG]);
+    lines.Path("CharName", settings.CharName);
+    lines.Line("StageList", NumberText(std::int32_t{settings.ShowStageList}));
     for (const std::string& recent : form.recentFiles) {
-        text.Path("RecentFile", recent);
+        lines.Path("RecentFile", recent);
     }
-    files.ReplaceFile(ConfigurationPath(files), text.Text());
+}
+
+void WriteConfigText(Files& files, const std::string& text) {
+    files.ReplaceFile(ConfigurationPath(files), text);
+}
+
+void SaveConfig(const Settings& settings, const std::string& VersionText, Files& files) {
+    std::string text;
+    MakeConfigText(settings, VersionText, text);
+    WriteConfigText(files, text);
 }
 
 }  // namespace scenara

@@ -3,9 +3,9 @@
 // Configuration: the program's settings in QX.CFG, in the program's own folder.
 //
 // One line a setting, "Key = value", ended by CR LF. The file is read at start-up and written whole
-// when the program ends, in one step: whatever stops the machine, the old settings or the new ones
-// are there. What is written reads back as it was, whatever a path holds (ConfigurationLine.h).
-// Unknown lines are passed over, and not kept.
+// when the program ends (and, with additions, after changes: Saving.cpp), in one step: whatever
+// stops the machine, the old settings or the new ones are there. What is written reads back as it
+// was, whatever a path holds (ConfigurationLine.h). Unknown lines are passed over, and not kept.
 #pragma once
 
 #include <functional>
@@ -45,6 +45,9 @@ struct LoadConfigContext {
     std::function<bool()> ended;
 };
 
+// Whether there are settings to be read. A file of no bytes holds none. Raises what opening raises.
+[[nodiscard]] bool HasConfiguration(Files& files);
+
 // Reads the settings; those that the file does not give stay as they are. Without a file it asks
 // for the engine folder until one is chosen. False when the program was asked to end before that:
 // there are no settings then, and none to be saved.
@@ -54,10 +57,17 @@ struct LoadConfigContext {
 // that ends before its first line or, in the old form, before its second.
 bool LoadConfig(const Settings& settings, const LoadConfigContext& context);
 
-// Writes the settings. Raises what writing raises; the old file is as it was then.
+// Makes `text` what the file would be if the settings were written now. It asks for no memory where
+// `text` has held as much before.
 //
 // Deliberate: the Deform line holds the checked state of the Char item, so that after an exit the
 // Deform setting follows the test character (SaveConfig.DeformFollowsTheTestCharacter).
+void MakeConfigText(const Settings& settings, const std::string& VersionText, std::string& text);
+
+// Writes such a text. Raises what writing raises; the old file is as it was then.
+void WriteConfigText(Files& files, const std::string& text);
+
+// Writes the settings as they are now.
 void SaveConfig(const Settings& settings, const std::string& VersionText, Files& files);
 
 }  // namespace scenara

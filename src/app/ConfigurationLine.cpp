@@ -54,17 +54,15 @@ bool BeginsWithPathKey(std::string_view text) {
 
 }  // namespace
 
-std::string ToLineValue(const std::string& text) {
-    std::string value;
+void AppendLineValue(std::string_view text, std::string& line) {
     for (std::size_t i = 0; i < text.size(); ++i) {
         const std::optional<char> letter = LetterOf(text[i], i == 0 || i + 1 == text.size());
         if (letter) {
-            value.append({kMark, *letter});
+            line.append({kMark, *letter});
         } else {
-            value.push_back(text[i]);
+            line.push_back(text[i]);
         }
     }
-    return value;
 }
 
 std::string FromLineValue(std::string_view value) {

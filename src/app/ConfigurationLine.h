@@ -22,8 +22,8 @@
 
 namespace scenara {
 
-// A path or a name as the value of a line, and back.
-[[nodiscard]] std::string ToLineValue(const std::string& text);
+// A path or a name as the value of a line, at the end of `line`; and back.
+void AppendLineValue(std::string_view text, std::string& line);
 [[nodiscard]] std::string FromLineValue(std::string_view value);
 
 class ConfigurationLine {

@@ -67,6 +67,7 @@ void frmStage::Form_Load() {
             static_cast<void>(Guarded([this] { mnuChar_Click(); }));
         };
         const auto ended = [this] { return machine_.window.EndRequested(); };
+        const bool isFirstStart = !HasConfiguration(machine_.files);
         settingsLoaded_ = LoadConfig(AllSettings(steps), {machine_.files, machine_.messages,
                                                           machine_.dialogs, useCharacter, ended});
         camera_.HCamStep = steps.HCamStep;
@@ -74,6 +75,13 @@ void frmStage::Form_Load() {
         if (!settingsLoaded_) {
             ended_ = true;
             return;
+        }
+        MakeSettingsText();
+        if (!isFirstStart) {
+            // A file that says the same in other words is not written anew.
+            keeper_.Hold(settingsText_);
+        } else if (SavesMeanwhile()) {
+            SaveChanges();  // the folder that was chosen just now
         }
         LoadFilestoList(form_.lstStages, StagesFolder(MugeDir), ".def", machine_.files,
                         machine_.messages);

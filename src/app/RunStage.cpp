@@ -38,20 +38,29 @@ void frmStage::RunStage() {
     }
 }
 
-bool frmStage::Guarded(const std::function<void()>& work) {
-    std::string reason;
+std::optional<std::string> frmStage::FailureOf(const std::function<void()>& work) {
     try {
         work();
-        return true;
+        return std::nullopt;
     } catch (const std::bad_alloc&) {
-        reason = TextOf(RunTimeErrorKind::OutOfMemory);
+        return std::string(TextOf(RunTimeErrorKind::OutOfMemory));
     } catch (const std::length_error&) {
-        reason = TextOf(RunTimeErrorKind::OutOfMemory);
+        return std::string(TextOf(RunTimeErrorKind::OutOfMemory));
     } catch (const std::exception& error) {
-        reason = error.what();
+        return error.what();
     }
+}
+
+void frmStage::SayRunTimeError(const std::string& reason) {
     machine_.messages.MsgBox(kMessageRunTimeError, "Run-time error: " + reason);
-    return false;
+}
+
+bool frmStage::Guarded(const std::function<void()>& work) {
+    const std::optional<std::string> failure = FailureOf(work);
+    if (failure) {
+        SayRunTimeError(*failure);
+    }
+    return !failure;
 }
 
 void frmStage::Handle(const std::function<void()>& work) {
@@ -207,6 +216,7 @@ void frmStage::RunPass() {
             ResetRes();
         }
     }
+    static_cast<void>(Form_Idle());
     if (loop_.FpsLimit == 0) {
         API_doevents();
     } else {

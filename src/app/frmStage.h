@@ -6,7 +6,8 @@
 // works on. What is left for this class is the order of things: start-up (FormLoad.cpp), the sizes
 // of the window and its controls (Layout.cpp), which stage is shown (Opening.cpp), the loop that
 // shows it (RunStage.cpp), the other commands (Commands.cpp), the test character and the debug
-// tools (Tools.cpp), the full screen (FullScreen.cpp), the end (Unload.cpp).
+// tools (Tools.cpp), the full screen (FullScreen.cpp), what is saved meanwhile (Saving.cpp), the
+// end (Unload.cpp).
 //
 // One thread. All that the user does arrives through FormEvents while the loop lets messages
 // through, so any handler may run between two frames, and between two images of a load. A run-time
@@ -29,6 +30,7 @@
 #include "app/LoopState.h"
 #include "app/OffscreenSurface.h"
 #include "app/ScreenModule.h"
+#include "app/SettingsKeeper.h"
 #include "app/StageStart.h"
 #include "app/TestChar.h"
 #include "character/TestCharState.h"
@@ -101,6 +103,12 @@ public:
     void Form_Unload() override;
 
     [[nodiscard]] bool Ended() const { return ended_; }
+
+    // With additions what has changed of the settings is saved when it has rested for a second, and
+    // by SaveNow at once; plain, at the end alone. SaveNow asks and tells the user nothing and can
+    // be called whenever messages are let through.
+    bool Form_Idle() override;
+    void SaveNow();
 
     // Whether the form of that name, frmStage or frmFS, is loaded.
     [[nodiscard]] bool IsFormLoaded(std::string_view name) const;
@@ -215,6 +223,9 @@ private:
         frmStage& program_;
     };
 
+    // Runs `work`; what the error out of it says, if there was one.
+    static std::optional<std::string> FailureOf(const std::function<void()>& work);
+    void SayRunTimeError(const std::string& reason);
     // Runs `work`; an error out of it is said. Whether it came through.
     bool Guarded(const std::function<void()>& work);
     // The same for what the user does; once the program is to end it comes too late.
@@ -234,6 +245,10 @@ private:
     void SelectStage(Long index);
     void OpenListed();
     [[nodiscard]] Settings AllSettings(SavedSteps& steps);
+    [[nodiscard]] bool SavesMeanwhile() const;
+    bool KeepSettings();
+    void SaveChanges();
+    void MakeSettingsText();
     [[nodiscard]] TestCharContext CharacterPieces(Messages& messages);
     [[nodiscard]] TestCharContext CharacterPieces() { return CharacterPieces(machine_.messages); }
     [[nodiscard]] ChooseCharContext CharacterChoice();
@@ -288,8 +303,12 @@ private:
     std::optional<CameraPlace> keptCamera_;  // for the stage that is loaded again
 
     bool settingsLoaded_ = false;
-    bool drawsOnce_ = false;  // a frame although it is paused
-    bool edited_ = false;     // something that the last picture does not show yet
+    SettingsKeeper keeper_;
+    std::string settingsText_;   // as they would be written; kept for its room
+    Long lastLook_ = 0;          // the tick of the last look whether they have changed
+    bool savingFailed_ = false;  // when they were saved last while the program went on
+    bool drawsOnce_ = false;     // a frame although it is paused
+    bool edited_ = false;        // something that the last picture does not show yet
     bool pauseWasDown_ = false;
     bool loopRuns_ = false;   // RunStage is on the stack
     bool restart_ = false;    // ... and is to begin again

@@ -21,6 +21,7 @@
 #include "platform/qt/QtDialogs.h"
 #include "platform/qt/QtMessages.h"
 #include "platform/qt/QtPointer.h"
+#include "platform/qt/Questions.h"
 #include "platform/soft/PictureSink.h"
 #include "platform/soft/SoftDirect3D.h"
 #include "platform/x11/X11DisplayModes.h"
@@ -37,8 +38,9 @@ public:
           window_(form),
           fullScreen_(window_),
           picture_(window_, fullScreen_),
-          messages_(&window_, "Scenara"),
-          dialogs_(&window_, "Scenara"),
+          questions_(window_),
+          messages_(questions_, "Scenara"),
+          dialogs_(questions_, "Scenara"),
           display_([this] { return window_.Rectangle(); }),
           direct3D_(std::make_shared<TextureMemory>(), sink != nullptr ? sink : &picture_) {
         media_.Start();
@@ -50,6 +52,12 @@ public:
                 process_, direct3D_, dialogs_, display_,  fullScreen_, media_};
     }
     [[nodiscard]] MainWindow& Desktop() { return window_; }
+
+    // The program is to end, whatever the user is asked at the moment.
+    void Close() {
+        window_.NoteUnload();
+        questions_.Withdraw();
+    }
 
     Form form;
 
@@ -63,6 +71,7 @@ private:
     MainWindow window_;
     FullScreenWindow fullScreen_;
     DesktopPicture picture_;
+    Questions questions_;
     QtMessages messages_;
     QtDialogs dialogs_;
     X11DisplayModes display_;

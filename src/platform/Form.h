@@ -124,6 +124,10 @@ public:
     virtual void Form_Resize(Long innerWidth, Long innerHeight) = 0;
     // The window is to close.
     virtual void Form_Unload() = 0;
+    // All that has happened so far is handed over: asked after each time that messages were let
+    // through, and a few times a second while a box or a dialog is open. True: to be asked again in
+    // a quarter of a second, though nothing happens until then.
+    virtual bool Form_Idle() = 0;
     // A key has gone down; once per press.
     virtual void Form_KeyDown(VirtualKey key) = 0;
     // A file has been dropped onto the window.

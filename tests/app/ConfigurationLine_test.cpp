@@ -12,12 +12,18 @@ namespace {
 
 using namespace std::string_literals;
 
+std::string LineValue(std::string_view text) {
+    std::string line;
+    AppendLineValue(text, line);
+    return line;
+}
+
 TEST(LineValue, MarksWhatALineWouldLose) {
-    EXPECT_EQ(ToLineValue("/a b/c.def"), "/a b/c.def");
-    EXPECT_EQ(ToLineValue(" a b "), "\0ba b\0b"s);
-    EXPECT_EQ(ToLineValue("a\r\nb"), "a\0r\0nb"s);
-    EXPECT_EQ(ToLineValue(" "), "\0b"s);
-    EXPECT_EQ(ToLineValue(""), "");
+    EXPECT_EQ(LineValue("/a b/c.def"), "/a b/c.def");
+    EXPECT_EQ(LineValue(" a b "), "\0ba b\0b"s);
+    EXPECT_EQ(LineValue("a\r\nb"), "a\0r\0nb"s);
+    EXPECT_EQ(LineValue(" "), "\0b"s);
+    EXPECT_EQ(LineValue(""), "");
 }
 
 TEST(LineValue, TakesMarksForWhatTheyStandFor) {

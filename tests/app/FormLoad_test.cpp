@@ -78,9 +78,6 @@ TEST(FormLoad, TheFirstStartAsksUntilAFolderIsChosen) {
     EXPECT_THAT(stage.dialogs.Asked(), ElementsAre(question, question, question));
     EXPECT_EQ(stage.program.MugeDir, "/mugen/");
     EXPECT_THAT(stage.form.lstStages.items, ElementsAre("a", "b"));
-    EXPECT_FALSE(stage.files.Has("/program/QX.CFG")) << "until the end";
-    stage.program.Form_Unload();
-    EXPECT_TRUE(stage.files.Has("/program/QX.CFG"));
 }
 
 TEST(FormLoad, AWindowClosedAtTheQuestionEndsWithoutSettings) {

@@ -80,14 +80,19 @@ std::string DesktopProgram::Settings() const {
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
-void DesktopProgram::Start() {
+std::vector<std::string> DesktopProgram::ProgramEnvironment(const std::string& session) const {
     std::vector<std::string> environment = display_.Environment();
     environment.push_back("XDG_RUNTIME_DIR=" + display_.Folder());
     environment.push_back("HOME=" + display_.Folder());
     environment.push_back("QT_QPA_PLATFORM=xcb");
+    environment.push_back("SESSION_MANAGER=" + session);   // empty: none
     environment.push_back("ASAN_OPTIONS=detect_leaks=0");  // the toolkit's own
-    program_.emplace(std::vector<std::string>{display_.Folder() + "bin/scenara"}, environment,
-                     display_.Folder() + "program.txt");
+    return environment;
+}
+
+void DesktopProgram::Start(const std::string& session) {
+    program_.emplace(std::vector<std::string>{display_.Folder() + "bin/scenara"},
+                     ProgramEnvironment(session), display_.Folder() + "program.txt");
 }
 
 void DesktopProgram::StartWithBar() {
@@ -111,11 +116,16 @@ void DesktopProgram::ExpectMainWindow(int width) {
     })) << before;
 }
 
-std::string DesktopProgram::Window(const std::string& title) const {
+std::string DesktopProgram::Windows(const std::string& title) const {
     if (program_) {
         program_->TakePriorityBack();
     }
-    return display_.Do("search --onlyvisible --name '" + title + "'");
+    return display_.Answer("search --onlyvisible --name '" + title + "'");
+}
+
+std::string DesktopProgram::Window(const std::string& title) const {
+    const std::string all = Windows(title);
+    return all.substr(0, all.find('\n'));
 }
 
 void DesktopProgram::ExpectWindow(const std::string& title) {

@@ -47,7 +47,7 @@ struct SeenSize {
 };
 
 class DesktopProgram : public testing::Test {
-protected:
+public:
     // Stages "bar", "cup" and "dot" under mugen/stages/.
     void SetUp() override;
 
@@ -60,7 +60,10 @@ protected:
         return HasFailure() ? condition() : test::Eventually(condition);
     }
 
-    void Start();
+    // Of the program: in the session of that address, where there is one.
+    [[nodiscard]] std::vector<std::string> ProgramEnvironment(
+        const std::string& session = {}) const;
+    void Start(const std::string& session = {});
     // The main window is there, of this width, and has come to rest in the middle of the screen.
     void ExpectMainWindow(int width);
     // Settings, start, the window, and the stage "bar" from the list beside the picture.
@@ -72,7 +75,9 @@ protected:
         return display_.Folder() + "mugen/stages/" + name + ".def";
     }
 
-    // The id of a window with such a title (a regular expression); empty when there is none.
+    // The id of a window with such a title (a regular expression); empty when there is none. Or
+    // those of all, a line each.
+    [[nodiscard]] std::string Windows(const std::string& title) const;
     [[nodiscard]] std::string Window(const std::string& title) const;
     void ExpectWindow(const std::string& title);
     void ExpectNoWindow(const std::string& title);

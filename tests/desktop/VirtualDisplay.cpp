@@ -81,6 +81,9 @@ Child::Child(const std::vector<std::string>& command, const std::vector<std::str
         return;
     }
     ::setpgid(0, 0);
+    for (const int signal : {SIGTERM, SIGINT, SIGHUP, SIGPIPE}) {
+        std::signal(signal, SIG_DFL);  // a test in the background ignores some
+    }
     const int output = ::open(outputFile.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
     ::dup2(output, STDOUT_FILENO);
     ::dup2(output, STDERR_FILENO);
@@ -107,6 +110,12 @@ Child::~Child() {
 void Child::TakePriorityBack() const {
     if (pid_ > 0) {
         static_cast<void>(::setpriority(PRIO_PROCESS, static_cast<id_t>(pid_), 0));
+    }
+}
+
+void Child::Send(int signal) const {
+    if (pid_ > 0) {
+        ::kill(-pid_, signal);
     }
 }
 

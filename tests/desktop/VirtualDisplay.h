@@ -30,6 +30,9 @@ public:
     // other work it would hardly ever run.
     void TakePriorityBack() const;
 
+    // Sends a signal to its process group, as a terminal does.
+    void Send(int signal) const;
+
     // Whether it has a file open whose path ends so.
     [[nodiscard]] bool HasOpen(const std::string& pathEnd) const;
 
@@ -53,6 +56,7 @@ class VirtualDisplay {
 public:
     VirtualDisplay();
 
+    [[nodiscard]] const std::string& Name() const { return name_; }
     [[nodiscard]] std::vector<std::string> Environment() const { return {"DISPLAY=" + name_}; }
     [[nodiscard]] std::string Folder() const { return folder_.Path(); }
 
@@ -60,6 +64,8 @@ public:
     [[nodiscard]] std::string Answer(const std::string& words) const;
     std::string Do(const std::string& words) const;
     [[nodiscard]] Screenshot Look() const;
+    // The display is gone, without a word to the programs on it.
+    void Kill() { server_.reset(); }
     // The windows and what the programs have said, for whoever looks into a failed test.
     [[nodiscard]] std::string AllWindows() const;
 

@@ -19,6 +19,10 @@ public:
         height = innerHeight;
     }
     void Form_Unload() override { Add("unload"); }
+    bool Form_Idle() override {
+        ++idle;
+        return wantsMore;
+    }
     void Form_KeyDown(VirtualKey key) override { Add("key", static_cast<Long>(key)); }
     void Form_OLEDragDrop(const std::string& path) override { Add("drop " + path); }
     void Menu_Click(Menu item) override { Add("menu", static_cast<Long>(item)); }
@@ -43,6 +47,9 @@ public:
     // Of the window's inner area, as told last.
     Long width = -1;
     Long height = -1;
+
+    int idle = 0;            // how often it was asked
+    bool wantsMore = false;  // what it answers
 
 private:
     template <class... Numbers>

@@ -32,6 +32,9 @@
 namespace scenara {
 namespace {
 
+// Milliseconds until the program is asked again that wants to be.
+constexpr int kAskAgain = 250;
+
 QString Shown(const std::string& text) {
     return QString::fromStdString(ToUtf8(text));
 }
@@ -94,6 +97,7 @@ protected:
 }  // namespace
 
 MainWindow::MainWindow(const Form& form) : form_(form), looksTruly_(RunsOnGlib()) {
+    wake_.setSingleShot(true);
     // Places and sizes come from the form.
     auto* const inner = new QWidget(this);  // NOLINT(cppcoreguidelines-owning-memory): Qt's own
     picture_ = new PictureWidget(inner);    // NOLINT(cppcoreguidelines-owning-memory)
@@ -406,9 +410,18 @@ bool MainWindow::LeavingWaits() const {
 void MainWindow::WaitForEvents() {
     ShowForm();
     if (waiting_.Empty() && !endRequested_) {
+        if (asksAgain_) {
+            wake_.start(kAskAgain);
+        }
         QApplication::processEvents(QEventLoop::WaitForMoreEvents);
     }
     HandOver();
+}
+
+void MainWindow::Idle() {
+    if (events_ != nullptr) {
+        asksAgain_ = events_->Form_Idle();
+    }
 }
 
 // What the program does with an event may let messages through again; then the rest is handed over
@@ -420,6 +433,7 @@ void MainWindow::HandOver() {
     while (!waiting_.Empty() && events_ != nullptr) {
         waiting_.TakeFirst()(*events_);
     }
+    Idle();
 }
 
 void MainWindow::NoteResize() {
@@ -464,6 +478,10 @@ WindowHandle MainWindow::Foreground() const {
 
 void MainWindow::closeEvent(QCloseEvent* event) {
     event->ignore();  // it goes with the program
+    NoteUnload();
+}
+
+void MainWindow::NoteUnload() {
     endRequested_ = true;
     Note([](FormEvents& events) { events.Form_Unload(); });
 }

@@ -9,6 +9,7 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QTimer>
 #include <array>
 #include <cstdint>
 #include <span>
@@ -47,8 +48,15 @@ public:
     // Where it stands, in the display's own pixels.
     [[nodiscard]] ScreenRectangle Rectangle() const;
 
-    // Lets the program sleep until something happens; for when no stage is shown.
+    // Lets the program sleep until something happens, or it wants to be asked again; for when no
+    // stage is shown.
     void WaitForEvents();
+    // What the program does between events. For whoever lets messages through without handing
+    // events over, since the program stands still: a dialog that is open.
+    void Idle();
+
+    // The program is to end, as if the window had been closed.
+    void NoteUnload();
 
     // Another window stands in its place: until it is uncovered nothing shows it.
     void SetCovered(bool covered) { covered_ = covered; }
@@ -104,6 +112,7 @@ private:
     QListWidget* list_ = nullptr;       // another
     QScrollBar* cameraBar_ = nullptr;   // below the picture and the list
     QScrollBar* spriteBar_ = nullptr;
+    QTimer wake_;
     std::array<QAction*, kMenuCount> actions_{};
     std::vector<QAction*> recentActions_;
     std::size_t listed_ = 0;   // how many of the form's items the list has
@@ -112,6 +121,7 @@ private:
     bool covered_ = false;
     bool looksTruly_ = false;  // the dispatcher can tell whether something waits
     bool resized_ = false;
+    bool asksAgain_ = false;  // the program wants to be asked again though nothing happens
     bool endRequested_ = false;
 };
 

@@ -4,8 +4,10 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QInputDialog>
+#include <QUrl>
 
 #include "base/Text.h"
+#include "platform/qt/Questions.h"
 
 namespace scenara {
 namespace {
@@ -26,21 +28,35 @@ QString OneLine(const std::string& text) {
 
 }  // namespace
 
+std::string QtDialogs::Choose(QFileDialog& dialog) {
+    dialog.setSupportedSchemes({QStringLiteral("file")});
+    if (questions_.Ask(dialog) != QDialog::Accepted) {
+        return {};
+    }
+    return PathOf(dialog.selectedUrls().value(0).toLocalFile());
+}
+
 std::string QtDialogs::BrowseForFolder(const std::string& prompt) {
-    return PathOf(QFileDialog::getExistingDirectory(owner_, OneLine(prompt)));
+    QFileDialog dialog(questions_.Owner(), OneLine(prompt));
+    dialog.setFileMode(QFileDialog::Directory);
+    dialog.setOption(QFileDialog::ShowDirsOnly);
+    return Choose(dialog);
 }
 
 std::string QtDialogs::OpenFile(const std::string& title, const std::string& initialFolder) {
-    return PathOf(QFileDialog::getOpenFileName(
-        owner_, OneLine(title), QFile::decodeName(QByteArray::fromStdString(initialFolder)),
-        QStringLiteral("*.def;;*")));
+    QFileDialog dialog(questions_.Owner(), OneLine(title),
+                       QFile::decodeName(QByteArray::fromStdString(initialFolder)),
+                       QStringLiteral("*.def;;*"));
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    return Choose(dialog);
 }
 
 std::string QtDialogs::InputBox(const std::string& prompt) {
-    bool taken = false;
-    const QString text = QInputDialog::getText(owner_, Shown(title_), Shown(prompt),
-                                               QLineEdit::Normal, QString(), &taken);
-    return taken ? text.toStdString() : std::string();
+    QInputDialog dialog(questions_.Owner());
+    dialog.setWindowTitle(Shown(title_));
+    dialog.setLabelText(Shown(prompt));
+    const bool taken = questions_.Ask(dialog) == QDialog::Accepted;
+    return taken ? dialog.textValue().toStdString() : std::string();
 }
 
 }  // namespace scenara

@@ -8,21 +8,27 @@
 
 #include "platform/Dialogs.h"
 
-class QWidget;
+class QFileDialog;
 
 namespace scenara {
 
+class Questions;
+
 class QtDialogs : public Dialogs {
 public:
-    // `owner` outlives it; questions without a title of their own carry `title`.
-    QtDialogs(QWidget* owner, std::string title) : owner_(owner), title_(std::move(title)) {}
+    // `questions` outlives it; those without a title of their own carry `title`.
+    QtDialogs(Questions& questions, std::string title)
+        : questions_(questions), title_(std::move(title)) {}
 
     std::string BrowseForFolder(const std::string& prompt) override;
     std::string OpenFile(const std::string& title, const std::string& initialFolder) override;
     std::string InputBox(const std::string& prompt) override;
 
 private:
-    QWidget* owner_;
+    // The path that is chosen; empty: none.
+    std::string Choose(QFileDialog& dialog);
+
+    Questions& questions_;
     std::string title_;
 };
 

@@ -3,8 +3,11 @@
 
 #include <QCheckBox>
 #include <QMessageBox>
+#include <algorithm>
+#include <iostream>
 
 #include "base/Text.h"
+#include "platform/qt/Questions.h"
 
 namespace scenara {
 namespace {
@@ -18,24 +21,38 @@ QMessageBox::Icon IconOf(MessageIcon icon) {
     return QMessageBox::NoIcon;
 }
 
+void Print(const Message& message) {
+    std::string line = ToUtf8(message.text);
+    std::replace_if(
+        line.begin(), line.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
+    std::cerr << "scenara: " << line << '\n';
+}
+
 }  // namespace
 
 void QtMessages::Show(const Message& message) {
-    QMessageBox box(owner_);
-    Fill(box, message);
-    box.exec();
+    QMessageBox box(questions_.Owner());
+    ShowBox(box, message);
 }
 
 bool QtMessages::ShowWithOffer(const Message& message, const std::string& offer) {
-    QMessageBox box(owner_);
-    Fill(box, message);
+    QMessageBox box(questions_.Owner());
     QCheckBox taken(QString::fromStdString(ToUtf8(offer)));
     box.setCheckBox(&taken);
-    box.exec();
+    ShowBox(box, message);
     const bool isTaken = taken.isChecked();
     box.setCheckBox(nullptr);  // it is not the box's to delete
     taken.setParent(nullptr);
     return isTaken;
+}
+
+void QtMessages::ShowBox(QMessageBox& box, const Message& message) {
+    if (questions_.AreWithdrawn()) {
+        Print(message);
+        return;
+    }
+    Fill(box, message);
+    static_cast<void>(questions_.Ask(box));
 }
 
 void QtMessages::Fill(QMessageBox& box, const Message& message) const {
