@@ -44,9 +44,9 @@ void frmStage::ResetRes() {
     if (screen_.CurrentMode() != savedMode_ && !screen_.SwitchTo(savedMode_)) {
         static_cast<void>(machine_.display.ChangeDisplaySettings(savedSettings_));
     }
-    Size(kViewWidth, kViewHeight);
     machine_.fullScreen.Hide();
     machine_.window.Show();
+    SizeForPicture();
     form_[Menu::mnuFS].checked = false;
     FullScreenState = 0;
     activated_ = false;  // the window is sized and centred anew when it is back

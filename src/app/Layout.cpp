@@ -2,6 +2,7 @@
 //
 // The size of the window, and where its controls stand.
 #include <algorithm>
+#include <utility>
 
 #include "app/frmStage.h"
 
@@ -11,29 +12,27 @@ namespace scenara {
 // so at each change of focus would undo what the user did.
 void frmStage::Form_Activate() {
     Handle([&] {
-        if (activated_) {
-            return;
+        if (!std::exchange(activated_, true)) {
+            SizeForPicture();
+            centres_ = true;
         }
-        activated_ = true;
-        if (ShowStageList == 0) {
-            Size(kViewWidth, kViewHeight);
-        } else {
-            ShowStageList = 0;
-            mnuStageList_Click();
-            Size(form_.lstStages.width + kViewWidth, kViewHeight);
-        }
-        Centre();
     });
 }
 
 void frmStage::Form_Resize(Long innerWidth, Long innerHeight) {
-    Handle([&] { LayOutControls(innerWidth, innerHeight); });
+    Handle([&] {
+        LayOutControls(innerWidth, innerHeight);
+        if (std::exchange(centres_, false)) {
+            Centre();
+        }
+    });
 }
 
 void frmStage::LayOutControls(Long innerWidth, Long innerHeight) {
+    wishedSize_ = {innerWidth, innerHeight};
     form_.innerWidth = innerWidth;
     form_.innerHeight = innerHeight;
-    const Long listWidth = ShowStageList != 0 ? form_.lstStages.width : 0;
+    const Long listWidth = ListWidth();
     form_.picDraw.width = innerWidth > listWidth ? innerWidth - listWidth : 0;
     form_.picDraw.height = innerHeight;
     if (ShowStageList != 0) {
@@ -45,9 +44,13 @@ void frmStage::LayOutControls(Long innerWidth, Long innerHeight) {
 
 // A window that is narrower than its list would lose more than it has.
 void frmStage::Size(Long width, Long height) {
-    const Long innerWidth = std::max<Long>(width, 0);
-    machine_.window.Size(innerWidth, height);
-    LayOutControls(innerWidth, height);
+    wishedSize_ = {std::max<Long>(width, 0), height};
+    machine_.window.Size(wishedSize_.width, wishedSize_.height);
+}
+
+// The view at its own size, beside the list where that is shown.
+void frmStage::SizeForPicture() {
+    Size(kViewWidth + ListWidth(), kViewHeight);
 }
 
 void frmStage::Centre() {
@@ -61,17 +64,11 @@ void frmStage::SetCaption(const std::string& caption) {
     machine_.window.SetCaption(caption);
 }
 
+// A second click may come before the first one's size has.
 void frmStage::mnuStageList_Click() {
     ShowStageList = static_cast<Byte>(~ShowStageList);
-    const Long height = form_.innerHeight;
-    if (ShowStageList != 0) {
-        form_.lstStages.top = 0;
-        form_.lstStages.height = form_.picDraw.height;
-        Size(form_.innerWidth + form_.lstStages.width, height);
-    } else {
-        Size(form_.innerWidth - form_.lstStages.width, height);
-        form_.lstStages.height = form_.picDraw.height;
-    }
+    const Long listWidth = form_.lstStages.width;
+    Size(wishedSize_.width + (ShowStageList != 0 ? listWidth : -listWidth), wishedSize_.height);
 }
 
 }  // namespace scenara

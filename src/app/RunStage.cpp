@@ -77,12 +77,8 @@ void frmStage::ShowStage() {
     form_.picLoad.visible = false;
     form_.picLoad.width = 1;
     form_.picLoad.height = 1;
-    form_.picDraw.width = kViewWidth;
-    form_.picDraw.height = kViewHeight;
     if (ShowStageList != 0) {
-        Size(form_.lstStages.width + kViewWidth, kViewHeight);
-        form_.lstStages.height = form_.picDraw.height;
-        form_.lstStages.left = form_.picDraw.width;
+        SizeForPicture();
     }
     engine_.Engine_Init();
     DiscardKeyStates(machine_.keyboard);
@@ -96,8 +92,6 @@ void frmStage::ShowStage() {
         return;
     }
     ForgetKeys();  // those that chose the stage, and those of the time in which it loaded
-    // The picture has the size that the user gave the window.
-    LayOutControls(form_.innerWidth, form_.innerHeight);
     form_.lstStages.takesKeys = false;  // they drive the camera
     ShowEditing();                      // paused, the passes do not
     if (options_.Additions) {

@@ -2,6 +2,7 @@
 //
 // The test character, the background editor and the sprite browser, as the window drives them.
 #include <algorithm>
+#include <utility>
 
 #include "app/KeyStates.h"
 #include "app/LoadMessages.h"
@@ -75,7 +76,11 @@ void frmStage::ShowEditing() {
         bar.Max = 0;
         bar.Value = 0;
     }
-    bar.Visible = edits && (loop_.StageRunning != 0 || restart_) && SpriteBrowserMode == 0;
+    const bool visible =
+        edits && (loop_.StageRunning != 0 || restart_) && SpriteBrowserMode == 0;
+    if (std::exchange(bar.Visible, visible) != visible) {
+        Size(wishedSize_.width, wishedSize_.height);  // the bar takes nothing of the picture
+    }
     form_.selection.reset();
     if (!edits || !CanBeEdited()) {
         return;
@@ -169,23 +174,18 @@ void frmStage::MoveSpriteBar(Long value, const std::function<void()>& show) {
 
 // The list beside the picture keeps its room.
 void frmStage::BrowserView::Size(Long width, Long height) {
-    const bool listed = program_.ShowStageList != 0;
-    program_.Size(width + (listed ? program_.form_.lstStages.width : 0), height);
+    program_.Size(width + program_.ListWidth(), height);
 }
 
 void frmStage::BrowserView::ShowPicture(const BrowserPicture& picture) {
     program_.machine_.window.ShowPicture(picture.width, picture.height, picture.pixels);
 }
 
-// The window is brought up to date first: what is around the picture includes the bars.
+// The camera's bar goes first: it would count as something around the picture.
 BrowserWindow::Extent frmStage::BrowserView::LargestPicture() const {
     program_.ShowEditing();
-    program_.machine_.window.Show();
-    const ScreenSize screen = program_.machine_.window.Screen();
-    const WindowPlace place = program_.machine_.window.Place();
-    const Form& form = program_.form_;
-    return {(screen.width - place.width) / kUnitsPerPixel + form.picDraw.width,
-            (screen.height - place.height) / kUnitsPerPixel + form.innerHeight};
+    const InnerSize most = program_.machine_.window.LargestInnerSize();
+    return {most.width - program_.ListWidth(), most.height};
 }
 
 }  // namespace scenara

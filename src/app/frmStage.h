@@ -177,7 +177,8 @@ public:
     // Leaves the full screen, if that is on.
     void ResetRes();
 
-    // Gives the window an inner area of this size, in pixels.
+    // Asks for an inner area of this size, in pixels. Nothing else asks for any, and controls are
+    // laid out only for the size that Form_Resize reports.
     void Size(Long width, Long height);
 
     // --- State -------------------------------------------------------------------------------
@@ -261,6 +262,11 @@ private:
     void Dump();
     void OncePerSecond();
     void LeaveFullScreenWithFocus();
+    // What the list beside the picture takes of the window.
+    [[nodiscard]] Long ListWidth() const {
+        return ShowStageList != 0 ? form_.lstStages.width : 0;
+    }
+    void SizeForPicture();
     void LayOutControls(Long innerWidth, Long innerHeight);
     void Centre();
     void SetCaption(const std::string& caption);
@@ -312,7 +318,9 @@ private:
     bool pauseWasDown_ = false;
     bool loopRuns_ = false;   // RunStage is on the stack
     bool restart_ = false;    // ... and is to begin again
+    InnerSize wishedSize_;    // what was asked for last, or has come since
     bool activated_ = false;  // the window has been sized once
+    bool centres_ = false;    // ... and is to be centred when its size has come
     bool ended_ = false;
 };
 

@@ -33,6 +33,12 @@ struct ScreenSize {
     Long height = 0;
 };
 
+// Of the window's inner area, in pixels.
+struct InnerSize {
+    Long width = 0;
+    Long height = 0;
+};
+
 class Window {
 public:
     Window() = default;
@@ -42,9 +48,11 @@ public:
 
     virtual void Show() = 0;
 
-    // Gives the inner area exactly this size, in pixels.
+    // Asks for an inner area of this size, in pixels. It is a wish: the window system decides, and
+    // it is not even asked while the window is maximised, full screen or tiled. The size that came
+    // is reported by Form_Resize from one of the next DoEvents, also where it is the old one.
     virtual void Size(Long width, Long height) = 0;
-    // Puts the upper left corner, borders included, at this place of the screen, in window units.
+    // Asks for this place of the upper left corner, borders included, in window units. A wish, too.
     virtual void MoveTo(Long left, Long top) = 0;
     virtual void SetCaption(const std::string& caption) = 0;
 
@@ -63,6 +71,9 @@ public:
     [[nodiscard]] virtual WindowPlace Place() const = 0;
 
     [[nodiscard]] virtual ScreenSize Screen() const = 0;
+
+    // The largest inner area for which the window, with all that is around it, fits on the screen.
+    [[nodiscard]] virtual InnerSize LargestInnerSize() const = 0;
 
     // Shows a picture of its own, pixels of 0xAARRGGBB line by line, one to one in the place of the
     // stage's, from the upper left corner; until hscSGFX is gone.

@@ -117,6 +117,7 @@ TEST(FormLoad, TheAdditionsStandAsTheyWereLeft) {
 TEST(FormActivate, SizesAndCentresTheWindowOnce) {
     RunningStage stage;
     stage.program.Form_Activate();
+    stage.LetSizeCome();
     EXPECT_EQ(stage.window.Place().width, 320 * 15);
     EXPECT_EQ(stage.window.Place().height, 240 * 15);
     EXPECT_EQ(stage.window.Place().left, (1024 - 320) / 2 * 15);
@@ -124,6 +125,7 @@ TEST(FormActivate, SizesAndCentresTheWindowOnce) {
 
     stage.window.MoveTo({150, 300, 9600, 7200});
     stage.program.Form_Activate();
+    stage.LetSizeCome();
     EXPECT_EQ(stage.window.Place().left, 150) << "what the user did stays";
     EXPECT_EQ(stage.window.Place().width, 9600);
 }

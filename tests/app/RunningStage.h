@@ -52,6 +52,7 @@ struct RunningStage {
         files.Put("/mugen/stages/b.def", "[Info]\nname = second\n[Camera]\nstartx = 0\n");
         files.Put("/mugen/stages/a.sff", SmallArchiveBytes());
         files.Put("/program/QX.CFG", "MugeDir = /mugen/\r\n");
+        window.SetEvents(&program);
         program.MugeDir = "/mugen/";
         program.CurrentStageFile = "/mugen/stages/a.def";
     }
@@ -84,6 +85,9 @@ struct RunningStage {
     }
 
     void Click(Menu item) { program.Menu_Click(item); }
+
+    // While no loop runs: lets messages through, and with them the size that was asked for.
+    void LetSizeCome() { window.DoEvents(); }
 
     // How often a stage was begun to be shown.
     [[nodiscard]] int Begun() const { return process.Yields(); }

@@ -124,6 +124,20 @@ TEST_F(EditorTools, ShowTheBarAndTheFrameWhileDebugBGIsChecked) {
                    [this](RunningStage&) { ExpectNothingSelected(); }});
 }
 
+TEST_F(EditorTools, TheBarTakesNothingOfThePicture) {
+    std::size_t wishes = 0;
+    const auto expectAsked = [&](RunningStage& running) {
+        ASSERT_EQ(running.window.Wishes().size(), wishes + 1);
+        EXPECT_EQ(running.window.Wishes().back().width, 800);
+        EXPECT_EQ(running.window.Wishes().back().height, 600);
+    };
+    const Act count = [&](RunningStage& running) { wishes = running.window.Wishes().size(); };
+    WhileAIsShown({[](RunningStage& running) {
+                       running.window.MoveTo({0, 0, 800 * 15, 600 * 15});
+                   },
+                   Wait, count, kEdit, expectAsked, count, kEdit, expectAsked});
+}
+
 TEST_F(EditorTools, ADragIsInTheDumpThatTheDKeyWrites) {
     WhileAIsShown({kEdit,
                    [](RunningStage& running) {
@@ -562,10 +576,13 @@ TEST_F(BrowserTools, ShowTheSpritesOneByOneWhileTheStageStandsStill) {
                    [this](RunningStage& running) {
                        running.Click(Menu::mnuDebug);
                        ExpectNoBrowser();
-                       ExpectSize(320, 240);
                        EXPECT_EQ(running.Caption(), "tools");
                    },
-                   Wait, [&](RunningStage& running) { EXPECT_GT(running.sink.shown, shown); }});
+                   Wait,
+                   [&](RunningStage& running) {
+                       ExpectSize(320, 240);
+                       EXPECT_GT(running.sink.shown, shown);
+                   }});
     EXPECT_THAT(stage.MessageTexts(), IsEmpty());
 }
 
@@ -583,15 +600,11 @@ std::string ArchiveOf(int width, int height) {
 
 TEST_F(BrowserTools, CutASpriteThatIsLargerThanTheScreen) {
     stage.files.Put("/mugen/stages/a.sff", ArchiveOf(1100, 800));
-    WhileAIsShown({[](RunningStage& running) {
-                       // A title bar, a menu and borders: 10 across, 50 up and down.
-                       running.window.MoveTo({0, 0, (320 + 10) * 15, (240 + 50) * 15});
-                   },
-                   kBrowse, Wait,
-                   [this](RunningStage& running) {
+    stage.window.SetFrame({10, 50});
+    WhileAIsShown({kBrowse, Wait, [this](RunningStage& running) {
                        EXPECT_EQ(running.window.OwnPicture().width, 1024 - 10);
                        EXPECT_EQ(running.window.OwnPicture().height, 768 - 50);
-                       ExpectSize(1024 - 10, 768 - 50);
+                       ExpectSize(1024, 768);
                    }});
 }
 
@@ -636,6 +649,7 @@ TEST_F(BrowserTools, AnotherStageEndsTheBrowser) {
 TEST_F(BrowserTools, CloseEndsTheBrowser) {
     WhileAIsShown({kBrowse, Wait, Choose(Menu::mnuClose)});
     ExpectNoBrowser();
+    stage.LetSizeCome();
     ExpectSize(320, 240);
     EXPECT_EQ(stage.Caption(), stage.program.AppTitle);
 }
@@ -702,6 +716,7 @@ TEST_F(BrowserTools, AStageThatCannotBeShownEndsTheBrowser) {
                        running.files.Delete("/mugen/stages/c.def");
                    }});
     ExpectNoBrowser();
+    stage.LetSizeCome();
     ExpectSize(320, 240);
     EXPECT_EQ(stage.program.Loop().StageRunning, 0);
     EXPECT_EQ(stage.MessageTexts().size(), 1U);

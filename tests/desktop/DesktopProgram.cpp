@@ -82,9 +82,7 @@ std::string DesktopProgram::Settings() const {
 
 std::vector<std::string> DesktopProgram::ProgramEnvironment(const std::string& session) const {
     std::vector<std::string> environment = display_.Environment();
-    environment.push_back("XDG_RUNTIME_DIR=" + display_.Folder());
     environment.push_back("HOME=" + display_.Folder());
-    environment.push_back("QT_QPA_PLATFORM=xcb");
     environment.push_back("SESSION_MANAGER=" + session);   // empty: none
     environment.push_back("ASAN_OPTIONS=detect_leaks=0");  // the toolkit's own
     return environment;
@@ -160,11 +158,36 @@ void DesktopProgram::ClickListItem(int index) {
     ClickAt(320 + 60, 28 + index * 14);
 }
 
-std::optional<Bar> DesktopProgram::Seen() const {
+std::optional<Spot> ListIn(const Screenshot& shot) {
+    constexpr std::uint32_t kPaper = 0xFFFFFF;
+    constexpr std::uint32_t kBlack = 0;
+    constexpr int kListWidth = 160;
+    constexpr int kHighEnough = 500;  // and no menu or box
+    for (int x = shot.width - 1; x >= kListWidth; --x) {
+        int run = 0;
+        for (int y = 0; y < shot.height; ++y) {
+            run = shot.At(x, y) == kPaper ? run + 1 : 0;
+            if (run == kHighEnough) {
+                const int left = x + 1 - kListWidth;
+                int top = y;
+                while (left > 0 && top > 0 && shot.At(left - 1, top - 1) == kBlack) {
+                    --top;
+                }
+                return Spot{left, top};
+            }
+        }
+    }
+    return std::nullopt;
+}
+
+Screenshot DesktopProgram::Look() const {
     if (program_) {
         program_->TakePriorityBack();
     }
-    const Screenshot shot = display_.Look();
+    return display_.Look();
+}
+
+std::optional<Bar> BarIn(const Screenshot& shot) {
     for (int y = shot.height / 2; y < shot.height; y += 40) {
         Bar bar;
         for (int x = 0; x < shot.width; ++x) {
@@ -205,8 +228,7 @@ SeenSize DesktopProgram::WindowSize() const {
     return {number("WIDTH="), number("HEIGHT=")};
 }
 
-SeenSize DesktopProgram::PictureSize() const {
-    const Screenshot shot = display_.Look();
+SeenSize PictureSizeIn(const Screenshot& shot) {
     if (shot.rgb.empty()) {
         return {};
     }

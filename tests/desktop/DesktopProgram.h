@@ -46,8 +46,16 @@ struct SeenSize {
     friend bool operator==(const SeenSize&, const SeenSize&) = default;
 };
 
+// The bar, if it is seen.
+[[nodiscard]] std::optional<Bar> BarIn(const Screenshot& shot);
+[[nodiscard]] SeenSize PictureSizeIn(const Screenshot& shot);
+// Where the list starts, if it is there, in a high window and beside a picture with black around it.
+[[nodiscard]] std::optional<Spot> ListIn(const Screenshot& shot);
+
 class DesktopProgram : public testing::Test {
 public:
+    explicit DesktopProgram(Manager manager = Manager::Openbox) : display_(manager) {}
+
     // Stages "bar", "cup" and "dot" under mugen/stages/.
     void SetUp() override;
 
@@ -89,6 +97,7 @@ public:
     void Type(const std::string& text) { display_.Do("type --delay 5 '" + text + "'"); }
     void ClickAt(int x, int y);     // in the main window, menu bar included
     void ClickListItem(int index);  // of the list beside a picture of the usual size
+    void ClickAt(const Spot& spot) { display_.Do("mousemove " + Words(spot) + " click 1"); }
     void MoveTo(const Spot& spot) { display_.Do("mousemove " + Words(spot)); }
     // Where a point of the view is on the screen, while the bar stands where it did at first.
     [[nodiscard]] Spot OfView(int x, int y) const;
@@ -100,10 +109,11 @@ public:
     // The main window, its menu bar included.
     [[nodiscard]] SeenSize WindowSize() const;
 
-    [[nodiscard]] std::optional<Bar> Seen() const;
+    [[nodiscard]] Screenshot Look() const;
+    [[nodiscard]] std::optional<Bar> Seen() const { return BarIn(Look()); }
     [[nodiscard]] int BarLeft() const { return Seen().value_or(Bar()).left; }
     [[nodiscard]] int BarWidth() const { return Seen().value_or(Bar()).width; }
-    [[nodiscard]] SeenSize PictureSize() const;
+    [[nodiscard]] SeenSize PictureSize() const { return PictureSizeIn(Look()); }
 
     [[nodiscard]] static std::string Words(const Spot& spot) {
         return std::to_string(spot.x) + " " + std::to_string(spot.y);

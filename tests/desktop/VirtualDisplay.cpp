@@ -4,6 +4,7 @@
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -34,16 +35,7 @@ std::uint32_t BigEndian(const std::string& bytes, std::size_t at) {
     return value;
 }
 
-// Blue, green, red.
-std::uint32_t Rgb(const std::string& bytes, std::size_t at) {
-    std::uint32_t value = 0;
-    for (std::size_t i = 3; i-- > 0;) {
-        value = value << 8U | static_cast<unsigned char>(bytes.at(at + i));
-    }
-    return value;
-}
-
-// An X window dump of 24 or 32 bits a pixel, lowest byte first, as a virtual server makes it.
+// An X window dump of 24 or 32 bits a pixel, blue, green, red, as a virtual server makes it.
 Screenshot ReadDump(const std::string& dump) {
     constexpr std::size_t kColourSize = 12;
     Screenshot shot;
@@ -52,10 +44,15 @@ Screenshot ReadDump(const std::string& dump) {
     const std::size_t pixelBytes = BigEndian(dump, 44) / 8;
     const std::size_t lineBytes = BigEndian(dump, 48);
     const std::size_t start = BigEndian(dump, 0) + BigEndian(dump, 76) * kColourSize;
+    if (dump.size() < start + static_cast<std::size_t>(shot.height) * lineBytes) {
+        return {};
+    }
+    shot.rgb.resize(static_cast<std::size_t>(shot.width) * static_cast<std::size_t>(shot.height));
+    std::uint32_t* pixel = shot.rgb.data();
     for (int y = 0; y < shot.height; ++y) {
-        for (int x = 0; x < shot.width; ++x) {
-            shot.rgb.push_back(Rgb(dump, start + static_cast<std::size_t>(y) * lineBytes +
-                                             static_cast<std::size_t>(x) * pixelBytes));
+        const char* from = dump.data() + start + static_cast<std::size_t>(y) * lineBytes;
+        for (int x = 0; x < shot.width; ++x, from += pixelBytes) {
+            std::memcpy(pixel++, from, 3);
         }
     }
     return shot;
@@ -151,7 +148,7 @@ std::uint32_t Screenshot::At(int x, int y) const {
                static_cast<std::size_t>(x)];
 }
 
-VirtualDisplay::VirtualDisplay() {
+VirtualDisplay::VirtualDisplay(Manager manager) : kind_(manager) {
     const std::string answer = Folder() + "display";
     // The server chooses a free number and writes it to the file.
     server_.emplace(std::vector<std::string>{"sh", "-c",
@@ -164,18 +161,54 @@ VirtualDisplay::VirtualDisplay() {
     }
     const std::string number = Contents(answer);
     name_.assign(1, ':').append(number, 0, number.find('\n'));
-    manager_.emplace(std::vector<std::string>{"openbox", "--sm-disable"}, Environment(),
-                     Folder() + "manager.txt");
-    // A window that comes up while the manager does is left out by it, and never seen.
+    StartManager();
+    if (!Eventually([&] { return ManagerIsReady(); })) {
+        throw std::runtime_error("no window manager: " + Contents(Folder() + "manager.txt"));
+    }
+}
+
+std::vector<std::string> VirtualDisplay::Environment() const {
+    std::vector<std::string> variables = {"DISPLAY=" + name_, "XDG_RUNTIME_DIR=" + Folder(),
+                                          "QT_QPA_PLATFORM=xcb"};
+    if (kind_ == Manager::Weston) {
+        variables.back() = "QT_QPA_PLATFORM=wayland";
+        variables.emplace_back("WAYLAND_DISPLAY=wayland");
+    }
+    return variables;
+}
+
+void VirtualDisplay::StartManager() {
+    const std::string configuration = Folder() + "manager.conf";
+    std::vector<std::string> command;
+    switch (kind_) {
+        case Manager::Openbox: command = {"openbox", "--sm-disable"}; break;
+        case Manager::I3:
+            std::ofstream(configuration) << "font pango:monospace 8\n";
+            command = {"i3", "-c", configuration};
+            break;
+        case Manager::Weston:
+            // Its key for maximising is Super+Shift+M.
+            std::ofstream(configuration)
+                << "[shell]\npanel-position=none\nlocking=false\nanimation=none\n"
+                   "startup-animation=none\n";
+            command = {"weston",           "--backend=x11-backend.so", "--use-pixman",
+                       "--width=1024",     "--height=768",             "--idle-time=0",
+                       "--socket=wayland", "--config=" + configuration};
+            break;
+    }
+    manager_.emplace(command, Environment(), Folder() + "manager.txt");
+}
+
+// A window that comes up while the manager does is left out by it, and never seen.
+bool VirtualDisplay::ManagerIsReady() const {
+    if (kind_ == Manager::Weston) {
+        return std::filesystem::exists(Folder() + "wayland");
+    }
     const std::string properties = Folder() + "root.txt";
     const std::string ask =
         "DISPLAY=" + name_ + " xprop -root _NET_SUPPORTING_WM_CHECK >" + properties + " 2>&1";
-    if (!Eventually([&] {
-            static_cast<void>(std::system(ask.c_str()));
-            return Contents(properties).find("window id") != std::string::npos;
-        })) {
-        throw std::runtime_error("no window manager: " + Contents(Folder() + "manager.txt"));
-    }
+    static_cast<void>(std::system(ask.c_str()));
+    return Contents(properties).find("window id") != std::string::npos;
 }
 
 std::string VirtualDisplay::Answer(const std::string& words) const {

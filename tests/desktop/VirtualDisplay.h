@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// A display of the test's own, with a window manager, and the real program on it.
+// A display of the test's own, with something that manages its windows, and the real program on it.
 //
 // Nothing here depends on how fast the machine is: what is to happen is waited for.
 #pragma once
@@ -52,12 +52,20 @@ struct Screenshot {
     [[nodiscard]] std::uint32_t At(int x, int y) const;
 };
 
+// What decides where windows stand, and how large they are.
+enum class Manager {
+    Openbox,  // gives a window the size that it asks for
+    I3,       // tiles them, and gives them the size that is left
+    Weston,   // a Wayland compositor: programs are not clients of the X server
+};
+
 class VirtualDisplay {
 public:
-    VirtualDisplay();
+    explicit VirtualDisplay(Manager manager = Manager::Openbox);
 
     [[nodiscard]] const std::string& Name() const { return name_; }
-    [[nodiscard]] std::vector<std::string> Environment() const { return {"DISPLAY=" + name_}; }
+    // For the programs on it.
+    [[nodiscard]] std::vector<std::string> Environment() const;
     [[nodiscard]] std::string Folder() const { return folder_.Path(); }
 
     // Runs xdotool with these words; what it says, all of it or the first line.
@@ -70,6 +78,10 @@ public:
     [[nodiscard]] std::string AllWindows() const;
 
 private:
+    void StartManager();
+    [[nodiscard]] bool ManagerIsReady() const;
+
+    Manager kind_;
     TemporaryFolder folder_;
     std::string name_;
     std::optional<Child> server_;

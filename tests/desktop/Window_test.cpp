@@ -115,7 +115,6 @@ TEST_F(DesktopWindow, TheExitItemEndsTheProgram) {
 
 TEST_F(DesktopWindow, ASecondInstanceSaysSoAndEnds) {
     std::vector<std::string> environment = display_.Environment();
-    environment.push_back("XDG_RUNTIME_DIR=" + display_.Folder());
     environment.push_back("ASAN_OPTIONS=detect_leaks=0");
     Child second({display_.Folder() + "bin/scenara"}, environment,
                  display_.Folder() + "second.txt");

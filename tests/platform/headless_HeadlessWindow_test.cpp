@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/headless/HeadlessWindow.h"
+#include "support/RecordedEvents.h"
 
 namespace scenara {
 namespace {
@@ -71,6 +72,38 @@ TEST(HeadlessWindow, StandsWhereItIsMovedTo) {
     EXPECT_EQ(window.Place().top, -300);
     EXPECT_EQ(window.Place().width, 9600);
     EXPECT_EQ(window.Place().height, 7200);
+}
+
+// A size is a wish until the pump has brought an answer.
+TEST(HeadlessWindow, ReportsTheSizeThatCameFromItsPump) {
+    test::RecordedEvents program;
+    HeadlessWindow window;
+    window.SetEvents(&program);
+    window.SetMessageWaiting(false);
+    window.SetFrame({10, 50});
+    window.Size(400, 300);
+    window.Size(500, 200);
+    EXPECT_EQ(program.Text(), "");
+    EXPECT_EQ(program.width, -1);
+    EXPECT_EQ(window.Place().width, (320 + 10) * 15);
+    EXPECT_TRUE(window.MessageWaiting());
+    window.DoEvents();
+    EXPECT_EQ(program.width, 500);
+    EXPECT_EQ(program.height, 200);
+    EXPECT_EQ(window.Place().width, (500 + 10) * 15);
+    EXPECT_EQ(window.Place().height, (200 + 50) * 15);
+    EXPECT_FALSE(window.MessageWaiting());
+    EXPECT_EQ(window.Wishes().size(), 2U);
+
+    window.Maximise();
+    window.DoEvents();
+    EXPECT_EQ(program.width, 1024 - 10);
+    program.width = 0;
+    window.Size(320, 240);
+    window.MoveTo(1500, 1500);
+    window.DoEvents();
+    EXPECT_EQ(program.width, 1024 - 10) << "the one that it has already";
+    EXPECT_EQ(window.Place().left, 0);
 }
 
 TEST(HeadlessWindow, IsInFrontAtFirstAndNotItsPicture) {

@@ -4,8 +4,10 @@
 #include "platform/qt/KeyTracker.h"
 
 #include <QDialog>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
+#include <QMenuBar>
 #include <QScrollBar>
 #include <optional>
 #include <string>
@@ -246,6 +248,27 @@ TEST_F(Keys, InADialogDoNotCount) {
     Press(dialog, d);
     EXPECT_EQ(tracker.GetAsyncKeyState(VirtualKey::D), kUp);
     EXPECT_THAT(told, IsEmpty());
+}
+
+TEST_F(Keys, InATextFieldDoNotCount) {
+    QLineEdit field;
+    BringUp(field);
+    field.setFocus();
+    form.lstStages.takesKeys = false;
+    form[Menu::mnuDebugBG].checked = true;
+    Press(field, {Qt::Key_D, kScanD, Qt::NoModifier, "d"});
+    EXPECT_EQ(field.text(), "d");
+    EXPECT_EQ(tracker.GetAsyncKeyState(VirtualKey::D), kUp);
+    EXPECT_THAT(told, IsEmpty());
+}
+
+TEST_F(Keys, CountWhateverElseHasTheFocus) {
+    QMenuBar bar;
+    bar.addAction("Stage");
+    BringUp(bar);
+    bar.setFocus();
+    Press(bar, left);
+    EXPECT_EQ(tracker.GetAsyncKeyState(VirtualKey::Left), kDownAndPressedSince);
 }
 
 // --- which go no further ---

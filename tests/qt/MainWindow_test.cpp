@@ -33,6 +33,8 @@ class Main : public Toolkit {
 protected:
     Main() {
         form.picDraw = {0, 0, 320, 240};
+        form.innerWidth = 320;
+        form.innerHeight = 240;
         window.SetEvents(&program);
         window.Show();
         window.Size(320, 240);
@@ -90,6 +92,81 @@ TEST_F(Main, NamesOfOthersHaveNeitherAccessLettersNorShortcuts) {
     EXPECT_THAT(texts, testing::Contains(QString("&Use Test Char")));
 }
 
+// --- the size ---
+
+using WindowSizes = Main;
+
+TEST_F(WindowSizes, AreReportedWhenTheyHaveCome) {
+    window.Size(400, 300);
+    ExpectInside(320, 240);
+    EXPECT_NE(window.width(), 400) << "the window system has not answered yet";
+    Pump();
+    ExpectInside(400, 300);
+    EXPECT_EQ(window.width(), 400);
+}
+
+TEST_F(WindowSizes, AreReportedAlsoWhereNothingChanges) {
+    program.width = 0;
+    program.height = 0;
+    window.Size(320, 240);
+    EXPECT_TRUE(window.MessageWaiting());
+    Pump();
+    ExpectInside(320, 240);
+}
+
+// A Wayland compositor ends the program that takes another one.
+TEST_F(WindowSizes, OfAWindowThatIsMaximisedOrFullScreenAreNotAskedFor) {
+    for (const Qt::WindowState state : {Qt::WindowMaximized, Qt::WindowFullScreen}) {
+        SCOPED_TRACE(state);
+        window.setWindowState(state);
+        Pump();
+        const QRect whole = window.geometry();
+        const QSize inner(program.width, program.height);
+        ASSERT_NE(inner, QSize(320, 240));
+        program.width = 0;
+        window.Size(320, 240);
+        window.MoveTo(20 * kUnitsPerPixel, 30 * kUnitsPerPixel);
+        Pump();
+        EXPECT_EQ(window.geometry(), whole);
+        ExpectInside(inner.width(), inner.height());
+        form.hscHScroll.Visible = true;
+        window.Size(inner.width(), inner.height());
+        Pump();
+        EXPECT_EQ(window.geometry(), whole);
+        ExpectInside(inner.width(), inner.height() - Bar().height());
+        form.hscHScroll.Visible = false;
+        window.setWindowState(Qt::WindowNoState);
+        window.Size(320, 240);
+        Pump();
+        ExpectInside(320, 240);
+    }
+}
+
+TEST_F(WindowSizes, OfAWindowUnderTheFullScreenAreNotAskedFor) {
+    FullScreenWindow fullScreen(window);
+    fullScreen.Show();
+    window.Size(400, 300);
+    Pump();
+    ExpectInside(320, 240);
+    fullScreen.Hide();
+    Pump();
+    ExpectInside(320, 240);
+    window.Size(400, 300);
+    Pump();
+    ExpectInside(400, 300);
+}
+
+TEST_F(WindowSizes, TheLargestInnerOneLeavesRoomForTheBars) {
+    const InnerSize without = window.LargestInnerSize();
+    const Long borders = window.frameGeometry().width() - window.width();
+    EXPECT_EQ((without.width + borders) * kUnitsPerPixel, window.Screen().width);
+    form.hscSGFX.Visible = true;
+    const InnerSize with = window.LargestInnerSize();
+    Pump();
+    EXPECT_EQ(with.width, without.width);
+    EXPECT_EQ(with.height, without.height - Bar().height());
+}
+
 // --- the bars ---
 
 // While nobody does anything no message waits, and a picture comes all the same.
@@ -106,31 +183,37 @@ TEST_F(Main, ABarGoesWithThePictureWithoutAnyMessage) {
 
 using WindowBars = Main;
 
-TEST_F(WindowBars, StandBelowThePictureAndTakeNothingOfIt) {
+TEST_F(WindowBars, StandBelowTheInnerAreaWhenTheWindowIsSized) {
     ExpectInside(320, 240);
     const int without = window.height();
     for (int time = 0; time < 3; ++time) {
         form.hscHScroll.Visible = true;
+        window.Size(320, 240);
         Pump();
         ExpectInside(320, 240);
         EXPECT_EQ(window.height(), without + Bar().height());
         form.hscHScroll.Visible = false;
         form.hscSGFX.Visible = true;
+        window.Size(200, 100);
         Pump();
-        ExpectInside(320, 240);
+        ExpectInside(200, 100);
         form.hscSGFX.Visible = false;
+        window.Size(320, 240);
         Pump();
         ExpectInside(320, 240);
         EXPECT_EQ(window.height(), without);
     }
 }
 
-TEST_F(WindowBars, CountWhenTheWindowIsSized) {
-    form.hscSGFX.Visible = true;
+TEST_F(WindowBars, TakeTheirHeightFromAWindowThatIsNot) {
+    const int without = window.height();
+    form.hscHScroll.Visible = true;
     Pump();
-    window.Size(200, 100);
+    EXPECT_EQ(window.height(), without);
+    ExpectInside(320, 240 - Bar().height());
+    form.hscHScroll.Visible = false;
     Pump();
-    ExpectInside(200, 100);
+    ExpectInside(320, 240);
 }
 
 TEST_F(WindowBars, StandWhereTheFormSaysAndTellNothingOfIt) {

@@ -1,18 +1,21 @@
 // SPDX-License-Identifier: MIT
 //
 // HeadlessWindow: a main window that nobody sees. It records its captions and how often it was
-// shown, stands where it is told to, and each DoEvents runs a script in the place of the user, so
-// that what happens between two images can be tested.
+// shown, and stands where it is told to. Each DoEvents first hands over the size that has come, as
+// a window system reports it, and then runs a script in the place of the user, so that what happens
+// between two images can be tested.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <span>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "platform/Form.h"
 #include "platform/Window.h"
 
 namespace scenara {
@@ -40,18 +43,27 @@ public:
     HeadlessWindow() = default;
     explicit HeadlessWindow(Script script) : script_(std::move(script)) {}
 
+    // Who hears of sizes from now on; outlives it.
+    void SetEvents(FormEvents* events) { events_ = events; }
+
     void Show() override { ++showCount_; }
     void Size(Long width, Long height) override {
-        place_.width = width * kUnitsPerPixel;
-        place_.height = height * kUnitsPerPixel;
+        wishes_.push_back({width, height});
+        wished_ = wishes_.back();
+        sizeCame_ = true;
     }
     void MoveTo(Long left, Long top) override {
-        place_.left = left;
-        place_.top = top;
+        if (!maximised_) {
+            left_ = left;
+            top_ = top;
+        }
     }
-    [[nodiscard]] bool MessageWaiting() override { return messageWaiting_; }
+    [[nodiscard]] bool MessageWaiting() override { return messageWaiting_ || sizeCame_; }
     [[nodiscard]] ScreenSize Screen() const override {
         return {kScreenWidth * kUnitsPerPixel, kScreenHeight * kUnitsPerPixel};
+    }
+    [[nodiscard]] InnerSize LargestInnerSize() const override {
+        return {kScreenWidth - frame_.width, kScreenHeight - frame_.height};
     }
     void SetCaption(const std::string& caption) override;
     void DoEvents() override;
@@ -61,7 +73,10 @@ public:
         }
     }
     [[nodiscard]] bool LeavingWaits() const override { return leavingWaits_ || endRequested_; }
-    [[nodiscard]] WindowPlace Place() const override { return place_; }
+    [[nodiscard]] WindowPlace Place() const override {
+        return {left_, top_, (inner_.width + frame_.width) * kUnitsPerPixel,
+                (inner_.height + frame_.height) * kUnitsPerPixel};
+    }
     [[nodiscard]] WindowHandle Handle() const override { return kHandle; }
     [[nodiscard]] WindowHandle PictureHandle() const override { return kPictureHandle; }
     void ShowPicture(Long width, Long height, std::span<const std::uint32_t> pixels) override {
@@ -72,7 +87,11 @@ public:
 
     // What moving and sizing the window does. At first it is as large as the view, in the screen's
     // upper left corner.
-    void MoveTo(const WindowPlace& place) { place_ = place; }
+    void MoveTo(const WindowPlace& place);
+    // What its maximise button does: it covers the screen, and is given no other size.
+    void Maximise();
+    // What stands around the inner area, in pixels: at first nothing.
+    void SetFrame(const InnerSize& frame) { frame_ = frame; }
 
     // Whether a message waits, from now on: at first there always is one, so every look pumps.
     void SetMessageWaiting(bool waiting) { messageWaiting_ = waiting; }
@@ -90,18 +109,30 @@ public:
 
     // Every caption that was set, oldest first.
     [[nodiscard]] const std::vector<std::string>& Captions() const { return captions_; }
+    // Every size that was asked for, oldest first.
+    [[nodiscard]] const std::vector<InnerSize>& Wishes() const { return wishes_; }
     [[nodiscard]] std::size_t DoEventsCount() const { return doEventsCount_; }
     [[nodiscard]] std::size_t ShowCount() const { return showCount_; }
 
 private:
+    void ReportSize();
+
     Script script_;
     Script duringPass_;
+    FormEvents* events_ = nullptr;
     std::vector<std::string> captions_;
-    WindowPlace place_{0, 0, kViewWidth* kUnitsPerPixel, kViewHeight* kUnitsPerPixel};
+    Long left_ = 0;
+    Long top_ = 0;
+    InnerSize inner_{kViewWidth, kViewHeight};
+    InnerSize frame_;
+    std::vector<InnerSize> wishes_;
+    std::optional<InnerSize> wished_;  // not answered yet
     Picture picture_;
     WindowHandle foreground_ = kHandle;
     std::size_t doEventsCount_ = 0;
     std::size_t showCount_ = 0;
+    bool sizeCame_ = false;  // and is to be reported
+    bool maximised_ = false;
     bool messageWaiting_ = true;
     bool leavingWaits_ = false;
     bool endRequested_ = false;

@@ -3,7 +3,7 @@
 
 #include <QApplication>
 #include <QKeyEvent>
-#include <QMenuBar>
+#include <QLineEdit>
 #include <QScrollBar>
 #include <QWindow>
 #include <algorithm>
@@ -11,9 +11,9 @@
 namespace scenara {
 namespace {
 
-// A menu, a dialog, or the menu bar while it is walked with the arrow keys.
+// To an open menu, a dialog, or a text field.
 bool TypedElsewhere() {
-    return qobject_cast<QMenuBar*>(QApplication::focusWidget()) != nullptr ||
+    return qobject_cast<QLineEdit*>(QApplication::focusWidget()) != nullptr ||
            QApplication::activePopupWidget() != nullptr ||
            QApplication::activeModalWidget() != nullptr;
 }

@@ -4,11 +4,12 @@
 //
 // A key is known by its scan code while it is down, since what it stands for may change with Shift
 // in between. A letter is known by itself, one of another script by the place of its key. Keys that
-// go to a menu or a dialog do not count; when the focus moves, all are up, for a release that
-// happens elsewhere is never heard of. A press that came and went since the last poll is reported
-// once. Keys that drive the program's camera, and those of the editor while Debug BG is checked, go
-// no further while a stage is shown, so that no list moves its selection with them; a scroll bar
-// that has the focus gets them, and only it.
+// go to an open menu, a dialog or a text field do not count, and no other focus matters. When the
+// focus moves to another window all are up, for a release that happens elsewhere is never heard of.
+// A press that came and went since the last poll is reported once. Keys that drive the program's
+// camera, and those of the editor while Debug BG is checked, go no further while a stage is shown,
+// so that no list moves its selection with them; a scroll bar that has the focus gets them, and only
+// it.
 #pragma once
 
 #include <QObject>

@@ -10,14 +10,13 @@
 #include <QKeyEvent>
 #include <QListWidget>
 #include <QMenu>
-#include <QMenuBar>
 #include <QMimeData>
-#include <QProxyStyle>
 #include <QScreen>
 #include <QScrollBar>
 #include <QSignalBlocker>
 #include <QUrl>
 #include <QVBoxLayout>
+#include <QWindow>
 #include <cmath>
 #include <utility>
 
@@ -26,6 +25,7 @@
 #include <glib.h>
 
 #include "base/Text.h"
+#include "platform/qt/MenuBar.h"
 #include "platform/qt/PictureWidget.h"
 #include "platform/qt/TitlePicture.h"
 
@@ -61,20 +61,6 @@ Long Units(int pixels) {
     return pixels * kUnitsPerPixel;
 }
 
-// The bar holds many short items; with the usual room around them it would not show them all.
-class NarrowItems : public QProxyStyle {
-public:
-    QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
-                           const QWidget* widget) const override {
-        constexpr int kSaved = 7;
-        QSize given = QProxyStyle::sizeFromContents(type, option, size, widget);
-        if (type == CT_MenuBarItem) {
-            given.setWidth(given.width() - kSaved);
-        }
-        return given;
-    }
-};
-
 // The sprites' bar, to the right for the next one. (The toolkit's own takes Left for more.)
 class SpriteBar : public QScrollBar {
 public:
@@ -96,7 +82,8 @@ protected:
 
 }  // namespace
 
-MainWindow::MainWindow(const Form& form) : form_(form), looksTruly_(RunsOnGlib()) {
+MainWindow::MainWindow(const Form& form)
+    : form_(form), size_(*this), looksTruly_(RunsOnGlib()) {
     wake_.setSingleShot(true);
     // Places and sizes come from the form.
     auto* const inner = new QWidget(this);  // NOLINT(cppcoreguidelines-owning-memory): Qt's own
@@ -114,12 +101,11 @@ MainWindow::MainWindow(const Form& form) : form_(form), looksTruly_(RunsOnGlib()
     cameraBar_->hide();
     spriteBar_->hide();
     inner_ = inner;
+    inner->installEventFilter(this);
     setCentralWidget(all);
     BuildBars();
     BuildMouse();
-    auto* const style = new NarrowItems;  // NOLINT(cppcoreguidelines-owning-memory): the bar's
-    style->setParent(menuBar());
-    menuBar()->setStyle(style);
+    setMenuBar(new MenuBar);  // NOLINT(cppcoreguidelines-owning-memory)
     setAcceptDrops(true);
     BuildList();
 }
@@ -192,12 +178,9 @@ void MainWindow::ShowBars() {
     picture_->SetSelection(form_.selection);
 }
 
-// A bar adds its height to the window, so that the inner area keeps its size.
-void MainWindow::ShowBar(QScrollBar& widget, const ScrollBar& bar) {
+void MainWindow::ShowBar(QScrollBar& widget, const ScrollBar& bar) const {
     if (widget.isHidden() == bar.Visible) {
-        const int its = widget.sizeHint().height();
         widget.setVisible(bar.Visible);
-        resize(width(), height() + (bar.Visible ? its : -its));
         // The arrow keys have nothing else to move then (KeyTracker).
         if (&widget == spriteBar_ && bar.Visible) {
             widget.setFocus();
@@ -361,27 +344,35 @@ void MainWindow::ShowMenus() {
 
 void MainWindow::Show() {
     ShowForm();
+    if (windowHandle() == nullptr) {
+        Size(form_.innerWidth, form_.innerHeight);  // the toolkit would choose one, each time
+    }
     if (!isVisible() && !covered_) {
         show();
     }
 }
 
 void MainWindow::Size(Long width, Long height) {
-    // Beyond its inner area the window has just the menu bar. (What the widgets measure now says
-    // nothing before the window has been laid out.)
-    resize(width, height + HeightAround());
+    size_.Ask({width, height + HeightAround()});
+    sizeCame_ = true;  // in any case one is reported
 }
 
+// Beyond its inner area the window has just the menu bar, and the bars that the form has. (What the
+// widgets measure now says nothing before the window has been laid out.)
 int MainWindow::HeightAround() const {
-    int around = menuBar()->sizeHint().height();
-    for (const QScrollBar* const bar : {cameraBar_, spriteBar_}) {
-        around += bar->isHidden() ? 0 : bar->sizeHint().height();
-    }
-    return around;
+    return menuBar()->sizeHint().height() +
+           (form_.hscHScroll.Visible ? cameraBar_->sizeHint().height() : 0) +
+           (form_.hscSGFX.Visible ? spriteBar_->sizeHint().height() : 0);
+}
+
+InnerSize MainWindow::LargestInnerSize() const {
+    const QSize frame = frameGeometry().size() - size();
+    const QSize most = screen()->size() - frame;
+    return {most.width(), most.height() - HeightAround()};
 }
 
 void MainWindow::MoveTo(Long left, Long top) {
-    move(left / kUnitsPerPixel, top / kUnitsPerPixel);
+    size_.AskForPlace({left / kUnitsPerPixel, top / kUnitsPerPixel});
 }
 
 void MainWindow::SetCaption(const std::string& caption) {
@@ -389,7 +380,8 @@ void MainWindow::SetCaption(const std::string& caption) {
 }
 
 bool MainWindow::MessageWaiting() {
-    return !waiting_.Empty() || !looksTruly_ || g_main_context_pending(nullptr) != 0;
+    return !waiting_.Empty() || SizeIsToBeReported() || !looksTruly_ ||
+           g_main_context_pending(nullptr) != 0;
 }
 
 void MainWindow::DoEvents() {
@@ -409,7 +401,7 @@ bool MainWindow::LeavingWaits() const {
 
 void MainWindow::WaitForEvents() {
     ShowForm();
-    if (waiting_.Empty() && !endRequested_) {
+    if (waiting_.Empty() && !SizeIsToBeReported() && !endRequested_) {
         if (asksAgain_) {
             wake_.start(kAskAgain);
         }
@@ -427,8 +419,8 @@ void MainWindow::Idle() {
 // What the program does with an event may let messages through again; then the rest is handed over
 // there.
 void MainWindow::HandOver() {
-    if (std::exchange(resized_, false)) {
-        NoteResize();
+    if (SizeIsToBeReported()) {
+        NoteSize();
     }
     while (!waiting_.Empty() && events_ != nullptr) {
         waiting_.TakeFirst()(*events_);
@@ -436,7 +428,14 @@ void MainWindow::HandOver() {
     Idle();
 }
 
-void MainWindow::NoteResize() {
+// Not while another one may still come, and not before the window system has placed the window: the
+// controls would be laid out for a size that nobody ever sees.
+bool MainWindow::SizeIsToBeReported() const {
+    return sizeCame_ && !size_.IsAwaited() && isVisible() && windowHandle()->isExposed();
+}
+
+void MainWindow::NoteSize() {
+    sizeCame_ = false;
     const QSize inner = inner_->size();
     Note([inner](FormEvents& events) { events.Form_Resize(inner.width(), inner.height()); });
 }
@@ -493,7 +492,15 @@ void MainWindow::showEvent(QShowEvent* event) {
 
 void MainWindow::resizeEvent(QResizeEvent* event) {
     QMainWindow::resizeEvent(event);
-    resized_ = true;
+    size_.Came();
+}
+
+// A bar that comes or goes changes the inner area alone.
+bool MainWindow::eventFilter(QObject* receiver, QEvent* event) {
+    if (receiver == inner_ && event->type() == QEvent::Resize) {
+        sizeCame_ = true;
+    }
+    return QMainWindow::eventFilter(receiver, event);
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event) {

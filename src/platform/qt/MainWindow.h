@@ -20,6 +20,7 @@
 #include "platform/Form.h"
 #include "platform/WaitingEvents.h"
 #include "platform/Window.h"
+#include "platform/qt/WindowSize.h"
 #include "platform/x11/X11Modes.h"
 
 class QAction;
@@ -72,6 +73,7 @@ public:
     void ShowPicture(Long width, Long height, std::span<const std::uint32_t> pixels) override;
     [[nodiscard]] WindowPlace Place() const override;
     [[nodiscard]] ScreenSize Screen() const override;
+    [[nodiscard]] InnerSize LargestInnerSize() const override;
     [[nodiscard]] WindowHandle Handle() const override;
     [[nodiscard]] WindowHandle PictureHandle() const override;
     [[nodiscard]] WindowHandle Foreground() const override;
@@ -82,6 +84,7 @@ protected:
     void closeEvent(QCloseEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    bool eventFilter(QObject* receiver, QEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
 
@@ -95,7 +98,7 @@ private:
     void ShowRecentFiles();
     void ShowList();
     void ShowBars();
-    void ShowBar(QScrollBar& widget, const ScrollBar& bar);
+    void ShowBar(QScrollBar& widget, const ScrollBar& bar) const;
     [[nodiscard]] int HeightAround() const;
     [[nodiscard]] int SelectedRow() const;
     void NoteSelection(int row);
@@ -103,7 +106,8 @@ private:
         waiting_.Add(std::move(event), kind);
     }
     void HandOver();
-    void NoteResize();
+    [[nodiscard]] bool SizeIsToBeReported() const;
+    void NoteSize();
 
     const Form& form_;
     FormEvents* events_ = nullptr;
@@ -118,9 +122,10 @@ private:
     std::size_t listed_ = 0;   // how many of the form's items the list has
     int selectionNoted_ = -1;  // the row that a press of the mouse has selected just now
     WaitingEvents waiting_;
+    WindowSize size_;
+    bool sizeCame_ = false;  // of the inner area; it has not been reported yet
     bool covered_ = false;
     bool looksTruly_ = false;  // the dispatcher can tell whether something waits
-    bool resized_ = false;
     bool asksAgain_ = false;  // the program wants to be asked again though nothing happens
     bool endRequested_ = false;
 };

@@ -1,0 +1,172 @@
+// SPDX-License-Identifier: MIT
+#include "platform/qt/MenuBar.h"
+
+#include <QActionEvent>
+#include <QApplication>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QProxyStyle>
+#include <QShortcutEvent>
+#include <algorithm>
+#include <utility>
+
+namespace scenara {
+namespace {
+
+class Style : public QProxyStyle {
+public:
+    // The bar holds many short items; with the usual room around them it would not show them all.
+    QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
+                           const QWidget* widget) const override {
+        constexpr int kSaved = 7;
+        QSize given = QProxyStyle::sizeFromContents(type, option, size, widget);
+        if (type == CT_MenuBarItem) {
+            given.setWidth(given.width() - kSaved);
+        }
+        return given;
+    }
+
+    // By Alt the toolkit would give the bar the focus, or close a menu; by Escape out of one it would
+    // give the bar the focus as well.
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* more) const override {
+        return hint == SH_MenuBar_AltKeyNavigation
+                   ? 0
+                   : QProxyStyle::styleHint(hint, option, widget, more);
+    }
+};
+
+bool IsOf(const QAction& item, const QKeySequence& letter) {
+    return item.isVisible() && QKeySequence::mnemonic(item.text()) == letter;
+}
+
+}  // namespace
+
+MenuBar::MenuBar() {
+    auto* const style = new Style;  // NOLINT(cppcoreguidelines-owning-memory): the bar's
+    style->setParent(this);
+    setStyle(style);
+}
+
+bool MenuBar::event(QEvent* event) {
+    if (event->type() == QEvent::Shortcut) {
+        const QKeySequence& letter = static_cast<QShortcutEvent*>(event)->key();
+        if (IsOfSeveral(letter)) {
+            GoToNextOf(letter);
+            return true;
+        }
+    }
+    return QMenuBar::event(event);
+}
+
+void MenuBar::actionEvent(QActionEvent* event) {
+    QMenuBar::actionEvent(event);
+    if (event->type() == QEvent::ActionAdded && event->action()->menu() != nullptr) {
+        event->action()->menu()->setStyle(style());
+    }
+}
+
+// From an open menu those that it has no use for come here, too.
+void MenuBar::keyPressEvent(QKeyEvent* event) {
+    const QKeySequence pressed(event->keyCombination());
+    const bool menuIsOpen = QApplication::activePopupWidget() != nullptr;
+    if (IsOfSeveral(pressed)) {
+        GoToNextOf(pressed);
+    } else if (menuIsOpen && (event->key() == Qt::Key_Left || event->key() == Qt::Key_Right)) {
+        GoToMenu(event->key() == Qt::Key_Left ? -1 : 1);
+    } else if (stopped_ && event->key() == Qt::Key_Escape) {
+        Leave();
+    } else if (stopped_ && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)) {
+        QAction* const item = activeAction();
+        Leave();
+        if (item != nullptr) {
+            item->trigger();
+        }
+    } else {
+        QMenuBar::keyPressEvent(event);
+    }
+}
+
+void MenuBar::mousePressEvent(QMouseEvent* event) {
+    Leave();
+    QMenuBar::mousePressEvent(event);
+}
+
+void MenuBar::focusOutEvent(QFocusEvent* event) {
+    QMenuBar::focusOutEvent(event);
+    if (std::exchange(stopped_, false)) {
+        setActiveAction(nullptr);
+    }
+}
+
+// Disabled ones count: while a stage loads the letter must not run what it only goes to otherwise.
+bool MenuBar::IsOfSeveral(const QKeySequence& letter) const {
+    const QList<QAction*> items = actions();
+    return std::count_if(items.begin(), items.end(),
+                         [&](const QAction* item) { return IsOf(*item, letter); }) > 1;
+}
+
+void MenuBar::GoToNextOf(const QKeySequence& letter) {
+    QList<QAction*> items = actions();
+    items.removeIf([&](const QAction* item) { return !item->isEnabled() || !IsOf(*item, letter); });
+    if (items.isEmpty()) {
+        return;
+    }
+    const qsizetype next = (items.indexOf(activeAction()) + 1) % items.size();
+    QAction& item = *items[next];
+    Close();
+    Leave();
+    if (item.menu() != nullptr) {
+        Open(item);
+    } else {
+        Stop(item);
+    }
+}
+
+void MenuBar::GoToMenu(int step) {
+    QList<QAction*> menus = actions();
+    menus.removeIf([](const QAction* item) {
+        return item->menu() == nullptr || !item->isEnabled() || !item->isVisible();
+    });
+    if (const qsizetype at = menus.indexOf(activeAction()); at >= 0) {
+        Close();
+        Open(*menus[(at + step + menus.size()) % menus.size()]);
+    }
+}
+
+void MenuBar::Open(QAction& menu) {
+    setActiveAction(&menu);
+    for (QAction* const item : menu.menu()->actions()) {
+        if (item->isEnabled() && item->isVisible()) {
+            menu.menu()->setActiveAction(item);
+            return;
+        }
+    }
+}
+
+void MenuBar::Stop(QAction& item) {
+    setActiveAction(&item);
+    focused_ = QApplication::focusWidget();
+    setFocus(Qt::MenuBarFocusReason);
+    stopped_ = true;
+}
+
+// The toolkit would close it, too, but gives the bar the focus where nothing else has it.
+void MenuBar::Close() {
+    if (activeAction() != nullptr && activeAction()->menu() != nullptr) {
+        activeAction()->menu()->close();
+    }
+}
+
+void MenuBar::Leave() {
+    if (std::exchange(stopped_, false)) {
+        setActiveAction(nullptr);
+        if (focused_) {
+            focused_->setFocus(Qt::MenuBarFocusReason);
+        } else {
+            clearFocus();
+        }
+    }
+}
+
+}  // namespace scenara

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+//
+// MenuBar: the bar of menus, with the keyboard as the picture needs it.
+//
+// A lone Alt does nothing, and a menu that closes leaves nothing of itself, so that the arrow keys
+// stay with the picture. Left and Right go from an open menu to the next one. An access letter that
+// several items have goes from one of them to the next: it opens a menu, but runs nothing; Return
+// does.
+#pragma once
+
+#include <QMenuBar>
+#include <QPointer>
+
+class QKeySequence;
+
+namespace scenara {
+
+class MenuBar : public QMenuBar {
+public:
+    MenuBar();
+
+protected:
+    bool event(QEvent* event) override;
+    void actionEvent(QActionEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+
+private:
+    [[nodiscard]] bool IsOfSeveral(const QKeySequence& letter) const;
+    void GoToNextOf(const QKeySequence& letter);
+    void GoToMenu(int step);
+    void Open(QAction& menu);
+    void Stop(QAction& item);
+    void Close();
+    void Leave();
+
+    bool stopped_ = false;       // at an item that has no menu, with the focus
+    QPointer<QWidget> focused_;  // before that
+};
+
+}  // namespace scenara

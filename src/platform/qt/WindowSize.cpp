@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+#include "platform/qt/WindowSize.h"
+
+#include <QWidget>
+#include <QWindow>
+
+#include "platform/qt/Tiling.h"
+
+namespace scenara {
+namespace {
+
+// Milliseconds in which a window manager that gives another size does so.
+constexpr int kPatience = 100;
+
+}  // namespace
+
+WindowSize::WindowSize(QWidget& window) : window_(window) {
+    patience_.setSingleShot(true);
+    patience_.setInterval(kPatience);
+}
+
+// A widget takes each size for granted, and learns of no refusal. Its window does not.
+void WindowSize::Ask(const QSize& size) {
+    const QSize wanted = size.expandedTo(window_.minimumSizeHint());
+    if (window_.windowHandle() == nullptr) {
+        window_.resize(wanted);  // it will come up so
+    } else if (MayBeAsked() && (wanted != window_.size() || IsAwaited())) {
+        window_.windowHandle()->resize(wanted);
+        patience_.start();
+    }
+}
+
+void WindowSize::AskForPlace(const QPoint& place) {
+    if (window_.windowHandle() == nullptr) {
+        window_.move(place);
+    } else if (MayBeAsked()) {
+        window_.windowHandle()->setFramePosition(place);
+    }
+}
+
+// A hidden one is covered by the full screen.
+bool WindowSize::MayBeAsked() const {
+    return window_.isVisible() && !window_.isMaximized() && !window_.isFullScreen() &&
+           !IsTiled(*window_.windowHandle());
+}
+
+}  // namespace scenara

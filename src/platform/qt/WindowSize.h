@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+//
+// WindowSize: the one place that asks the window system for a size, or a place, of a window.
+//
+// Both are wishes. A window that is maximised, full screen or tiled is not asked: a Wayland
+// compositor ends the program for that. Any other request may be answered with another size, or,
+// by a tiling window manager, with none; the widget keeps its size until an answer comes.
+#pragma once
+
+#include <QSize>
+#include <QTimer>
+
+class QPoint;
+class QWidget;
+
+namespace scenara {
+
+class WindowSize {
+public:
+    // `window` outlives it, and is one of the screen's.
+    explicit WindowSize(QWidget& window);
+
+    void Ask(const QSize& size);
+    // Of the upper left corner of the window's frame.
+    void AskForPlace(const QPoint& place);
+
+    // The window has got a size.
+    void Came() { patience_.stop(); }
+
+    // Whether an answer may still come.
+    [[nodiscard]] bool IsAwaited() const { return patience_.isActive(); }
+
+private:
+    [[nodiscard]] bool MayBeAsked() const;
+
+    QWidget& window_;
+    QTimer patience_;
+};
+
+}  // namespace scenara

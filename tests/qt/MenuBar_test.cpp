@@ -1,0 +1,235 @@
+// SPDX-License-Identifier: MIT
+//
+// The menus by the keyboard, as the window system sends it, and who has the keys afterwards.
+#include "platform/qt/MenuBar.h"
+
+#include <QAction>
+#include <QListWidget>
+#include <QMenu>
+#include <QtTest/QTest>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "app/MenuTree.h"
+#include "platform/qt/KeyTracker.h"
+#include "platform/qt/MainWindow.h"
+#include "qt/Toolkit.h"
+#include "support/RecordedEvents.h"
+
+namespace scenara::test {
+namespace {
+
+class Menus : public Toolkit {
+protected:
+    Menus() {
+        form.picDraw = {0, 0, 320, 240};
+        form.innerWidth = 480;
+        form.innerHeight = 240;
+        form.lstStages.items = {"bar", "cup"};
+        form.lstStages.takesKeys = false;  // a stage is shown
+        DesignMenus(form);
+        window.SetEvents(&program);
+        window.Show();
+        BringUp(window);
+        Pump();
+        static_cast<void>(program.Text());
+    }
+
+    void Pump() {
+        for (int i = 0; i < 10; ++i) {
+            window.DoEvents();
+        }
+    }
+    void ShowList() {
+        form.lstStages.visible = true;
+        form.lstStages.width = 160;
+        form.lstStages.height = 240;
+        Pump();
+        window.findChild<QListWidget*>()->setFocus();
+    }
+    MenuBar& TheBar() { return *window.findChild<MenuBar*>(); }
+
+    static bool ListHasFocus() {
+        return qobject_cast<QListWidget*>(QApplication::focusWidget()) != nullptr;
+    }
+
+    void Type(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QTest::keyClick(window.windowHandle(), key, modifiers);
+        Pump();
+    }
+    void LoneAlt() {
+        QTest::keyPress(window.windowHandle(), Qt::Key_Alt, Qt::AltModifier);
+        QTest::keyRelease(window.windowHandle(), Qt::Key_Alt);
+        Pump();
+    }
+
+    // The menu that is open.
+    static std::string OpenMenu() {
+        const auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        return menu == nullptr ? "" : menu->menuAction()->text().toStdString();
+    }
+    // The item of the bar that is marked.
+    std::string Marked() {
+        const QAction* const item = TheBar().activeAction();
+        return item == nullptr ? "" : item->text().toStdString();
+    }
+    std::string Told() { return program.Text(); }
+    static std::string Of(Menu item) { return "menu " + std::to_string(static_cast<int>(item)); }
+
+    void ExpectTheKeysAreThePictures() {
+        EXPECT_EQ(OpenMenu(), "");
+        EXPECT_EQ(Marked(), "");
+        static_cast<void>(keyboard.GetAsyncKeyState(VirtualKey::Right));
+        QTest::keyPress(window.windowHandle(), Qt::Key_Right);
+        EXPECT_TRUE(keyboard.IsDown(VirtualKey::Right));
+        QTest::keyRelease(window.windowHandle(), Qt::Key_Right);
+        Pump();
+        EXPECT_EQ(OpenMenu(), "");
+        EXPECT_EQ(Marked(), "");
+        static_cast<void>(Told());
+    }
+
+    Form form;
+    KeyTracker keyboard{form};
+    MainWindow window{form};
+    RecordedEvents program;
+};
+
+// --- who has the keys ---
+
+TEST_F(Menus, ALoneAltLeavesTheKeysWithThePicture) {
+    for (const bool listed : {false, true}) {
+        SCOPED_TRACE(listed);
+        if (listed) {
+            ShowList();
+        }
+        LoneAlt();
+        ExpectTheKeysAreThePictures();
+        LoneAlt();
+        LoneAlt();
+        ExpectTheKeysAreThePictures();
+    }
+}
+
+TEST_F(Menus, WhicheverWayAMenuClosesTheKeysAreThePicturesAgain) {
+    struct Row {
+        const char* name;
+        std::vector<Qt::Key> keys;
+    };
+    const std::vector<Row> rows = {
+        {"Escape", {Qt::Key_Escape}},
+        {"an item's letter", {Qt::Key_I}},
+        {"Return on an item", {Qt::Key_Down, Qt::Key_Down, Qt::Key_Return}},
+        {"another menu, then Escape", {Qt::Key_Right, Qt::Key_Escape}},
+        {"around the bar, then Escape", {Qt::Key_Left, Qt::Key_Left, Qt::Key_Left, Qt::Key_Escape}},
+    };
+    for (const bool listed : {false, true}) {
+        if (listed) {
+            ShowList();
+        }
+        for (const Row& row : rows) {
+            SCOPED_TRACE(row.name);
+            Type(Qt::Key_O, Qt::AltModifier);
+            EXPECT_EQ(OpenMenu(), "&Options");
+            for (const Qt::Key key : row.keys) {
+                Type(key);
+            }
+            ExpectTheKeysAreThePictures();
+            EXPECT_EQ(ListHasFocus(), listed);
+        }
+    }
+}
+
+TEST_F(Menus, InAnOpenMenuTheArrowKeysAreItsOwn) {
+    Type(Qt::Key_O, Qt::AltModifier);
+    QTest::keyPress(window.windowHandle(), Qt::Key_Down);
+    EXPECT_FALSE(keyboard.IsDown(VirtualKey::Down));
+    QTest::keyRelease(window.windowHandle(), Qt::Key_Down);
+    Type(Qt::Key_Right);
+    EXPECT_EQ(OpenMenu(), "E&xtras");
+    Type(Qt::Key_Right);
+    EXPECT_EQ(OpenMenu(), "&Stage");
+    Type(Qt::Key_Left);
+    EXPECT_EQ(OpenMenu(), "E&xtras");
+    Type(Qt::Key_Left);
+    EXPECT_EQ(OpenMenu(), "&Options");
+    Type(Qt::Key_Escape);
+    form[Menu::mnuExtras].enabled = false;
+    Pump();
+    Type(Qt::Key_O, Qt::AltModifier);
+    Type(Qt::Key_Right);
+    EXPECT_EQ(OpenMenu(), "&Stage") << "one that can be opened";
+}
+
+// --- letters ---
+
+TEST_F(Menus, ALetterOfOneItemRunsItAtOnce) {
+    Type(Qt::Key_P, Qt::AltModifier);
+    EXPECT_EQ(Told(), Of(Menu::mnuPause));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Marked().empty(); })) << "it is marked for a moment";
+    ExpectTheKeysAreThePictures();
+}
+
+TEST_F(Menus, ALetterOfTwoGoesFromOneToTheOther) {
+    for (int time = 0; time < 2; ++time) {
+        Type(Qt::Key_S, Qt::AltModifier);
+        EXPECT_EQ(OpenMenu(), "&Stage");
+        Type(Qt::Key_S, Qt::AltModifier);
+        EXPECT_EQ(OpenMenu(), "");
+        EXPECT_EQ(Marked(), "&Stage List");
+    }
+    EXPECT_EQ(Told(), "");
+    Type(Qt::Key_Escape);
+    ExpectTheKeysAreThePictures();
+}
+
+TEST_F(Menus, ALetterOfTwoBeginsWithTheFirstOneEachTime) {
+    for (int time = 0; time < 3; ++time) {
+        Type(Qt::Key_S, Qt::AltModifier);
+        EXPECT_EQ(OpenMenu(), "&Stage");
+        Type(Qt::Key_Escape);
+    }
+    EXPECT_EQ(Told(), "");
+}
+
+TEST_F(Menus, ReturnRunsWhatALetterHasGoneTo) {
+    ShowList();
+    Type(Qt::Key_S, Qt::AltModifier);
+    Type(Qt::Key_S, Qt::AltModifier);
+    Type(Qt::Key_Return);
+    EXPECT_EQ(Told(), Of(Menu::mnuStageList));
+    ExpectTheKeysAreThePictures();
+    EXPECT_TRUE(ListHasFocus());
+}
+
+TEST_F(Menus, ALetterOfTwoRunsNothingWhileTheOtherIsDisabled) {
+    form[Menu::mnuStage].enabled = false;
+    Pump();
+    Type(Qt::Key_S, Qt::AltModifier);
+    EXPECT_EQ(Told(), "");
+    EXPECT_EQ(Marked(), "&Stage List");
+    Type(Qt::Key_S, Qt::AltModifier);
+    EXPECT_EQ(Told(), "");
+}
+
+TEST_F(Menus, WhatALetterHasGoneToIsLeftWithTheFocus) {
+    ShowList();
+    QWidget* const list = QApplication::focusWidget();
+    Type(Qt::Key_S, Qt::AltModifier);
+    Type(Qt::Key_S, Qt::AltModifier);
+    list->setFocus();
+    EXPECT_EQ(Marked(), "");
+    Type(Qt::Key_Return);
+    EXPECT_EQ(Told(), "");
+}
+
+TEST_F(Menus, AltWithoutALetterOfTheirsIsNothing) {
+    Type(Qt::Key_Y, Qt::AltModifier);
+    EXPECT_EQ(Told(), "");
+    ExpectTheKeysAreThePictures();
+}
+
+}  // namespace
+}  // namespace scenara::test
