@@ -16,6 +16,7 @@
 #include "platform/soft/SoftDirect3D.h"
 #include "render/Frame.h"
 #include "render/PrepareStage.h"
+#include "render/TilePatterns.h"
 #include "stage/StageModel.h"
 #include "stage/ViewOptions.h"
 
@@ -37,6 +38,7 @@ public:
         fill(model_, engine_.Device(), messages_);
         PlaceCamera(model_, camera_);
         PrepareElements(model_, view_);
+        MakeTilePatterns(model_, view_, engine_.Device());
     }
 
     void Draw() {

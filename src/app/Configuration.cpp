@@ -73,7 +73,9 @@ void ReadFlag(ConfigurationLine& line, std::string_view key, MenuItem& item) {
 void ReadLine(ConfigurationLine& line, const Settings& settings, const LoadConfigContext& context) {
     Form& form = settings.form;
     std::string value;
-    line.Path("mugedir", settings.MugeDir);
+    if (line.Path("mugedir", value)) {
+        settings.MugeDir = WithSeparator(value);
+    }
     line.Number("hcamstep", settings.HCamStep);
     line.Number("vcamstep", settings.VCamStep);
     line.Path("testchar", settings.TestChar);
@@ -135,7 +137,7 @@ bool LoadConfig(const Settings& settings, const LoadConfigContext& context) {
     RequireLine(lines, path);
     if (lines.Line().starts_with(".3")) {
         RequireLine(lines, path);
-        settings.MugeDir = lines.Line();
+        settings.MugeDir = WithSeparator(lines.Line());
         return true;
     }
     OncePerKind messages(context.messages);

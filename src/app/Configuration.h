@@ -48,9 +48,10 @@ struct LoadConfigContext {
 // Whether there are settings to be read. A file of no bytes holds none. Raises what opening raises.
 [[nodiscard]] bool HasConfiguration(Files& files);
 
-// Reads the settings; those that the file does not give stay as they are. Without a file it asks
-// for the engine folder until one is chosen. False when the program was asked to end before that:
-// there are no settings then, and none to be saved.
+// Reads the settings; those that the file does not give stay as they are. The engine folder gets
+// the separator at its end that it lacks, for its subfolders' names are put right after it. Without
+// a file it asks for the engine folder until one is chosen. False when the program was asked to end
+// before that: there are no settings then, and none to be saved.
 //
 // A file of the old form (its first line begins with ".3") holds the engine folder in its second
 // line and nothing else. Raises what opening and reading raise, "Input past end of file" for a file

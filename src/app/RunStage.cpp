@@ -196,7 +196,8 @@ void frmStage::RunPass() {
         if (DrawAndCount(pass)) {
             OncePerSecond();
         }
-        drawsOnce_ = drawsOnce_ && longPass_.GivenUp();
+        // A frame that was given up is drawn whole, though the stage is paused by then.
+        drawsOnce_ = options_.Additions && longPass_.GivenUp();
         ShowEditing();
     } else if (options_.Additions) {
         EditWhilePaused(pass);

@@ -4,6 +4,7 @@
 #include "app/KeyStates.h"
 #include "app/TestChar.h"
 #include "render/PrepareStage.h"
+#include "render/TilePatterns.h"
 
 namespace scenara {
 namespace {
@@ -42,6 +43,7 @@ void StartStage(std::string& stageFile, const StageStartContext& context) {
         PlaceCamera(context.model, context.camera);
     }
     PrepareElements(context.model, context.load.options);
+    MakeTilePatterns(context.model, context.load.options, context.load.device);
     if (context.character != nullptr) {
         StartTestChar(*context.character);
     }

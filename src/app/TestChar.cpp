@@ -135,7 +135,7 @@ void StartTestChar(const TestCharContext& context) {
 }
 
 void mnuChange_Click(const TestCharContext& context, const ChooseCharContext& choose) {
-    const std::string folder = WithSeparator(choose.mugeDir) + "chars" + PathSeparator;
+    const std::string folder = choose.mugeDir + "chars" + PathSeparator;
     const std::string chosen = choose.dialogs.OpenFile(
         "Choose test character.", context.files.FolderExists(folder) ? folder : std::string());
     if (chosen.empty()) {

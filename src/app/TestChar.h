@@ -56,7 +56,7 @@ struct TestCharContext {
 // What choosing one works with beside.
 struct ChooseCharContext {
     Dialogs& dialogs;
-    const std::string& mugeDir;
+    const std::string& mugeDir;                           // with a separator at its end
     std::function<bool(const std::string& path)> isChar;  // whether it is a character's definition
 };
 

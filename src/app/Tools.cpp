@@ -76,8 +76,7 @@ void frmStage::ShowEditing() {
         bar.Max = 0;
         bar.Value = 0;
     }
-    const bool visible =
-        edits && (loop_.StageRunning != 0 || restart_) && SpriteBrowserMode == 0;
+    const bool visible = edits && (loop_.StageRunning != 0 || restart_) && SpriteBrowserMode == 0;
     if (std::exchange(bar.Visible, visible) != visible) {
         Size(wishedSize_.width, wishedSize_.height);  // the bar takes nothing of the picture
     }

@@ -263,9 +263,7 @@ private:
     void OncePerSecond();
     void LeaveFullScreenWithFocus();
     // What the list beside the picture takes of the window.
-    [[nodiscard]] Long ListWidth() const {
-        return ShowStageList != 0 ? form_.lstStages.width : 0;
-    }
+    [[nodiscard]] Long ListWidth() const { return ShowStageList != 0 ? form_.lstStages.width : 0; }
     void SizeForPicture();
     void LayOutControls(Long innerWidth, Long innerHeight);
     void Centre();

@@ -32,15 +32,27 @@ public:
         : point_(point), picture_(picture), sprite_(sprite), seeThrough_(seeThrough) {}
 
     void Show(const SpriteQuad& quad) override {
-        if (!covered_ && IsInside(point_.x, quad.x, quad.width) &&
-            IsInside(point_.y, quad.y, quad.height)) {
+        if (!covered_ && IsUnder(quad)) {
             covered_ = IsVisible(quad);
+        }
+    }
+
+    void ShowPattern(const TilePattern& pattern, const SpriteQuad& quad) override {
+        if (!covered_ && IsUnder(quad)) {
+            const SpriteEntry& repeat = pattern.picture;
+            const TexelLock texels(*repeat.texture);
+            covered_ = AlphaOf(texels.At((quad.sourceX + point_.x - quad.x) % repeat.width,
+                                         (quad.sourceY + point_.y - quad.y) % repeat.height)) != 0;
         }
     }
 
     [[nodiscard]] bool Covered() const { return covered_; }
 
 private:
+    [[nodiscard]] bool IsUnder(const SpriteQuad& quad) const {
+        return IsInside(point_.x, quad.x, quad.width) && IsInside(point_.y, quad.y, quad.height);
+    }
+
     [[nodiscard]] bool IsVisible(const SpriteQuad& quad) {
         // Without a texture the piece is a white rectangle.
         if (!seeThrough_ || !sprite_.texture) {
@@ -73,12 +85,10 @@ bool Covers(const StageModel& model, const BackgroundElement& element, const Dra
     if (!picture) {
         return false;
     }
-    const bool seeThrough =
-        element.mask == 1 ||
-        BlendingInForce(model, element, options.additions).kind != BlendKind::None;
+    const Mixing mixing = MixingOf(element, BlendingInForce(model, element, options.additions));
     PointUnderPieces under(point, *picture, RecordAt(model.Sprites, picture->slot, "sprite"),
-                           seeThrough);
-    ForEachPiece(model, element, *picture, options, under);
+                           mixing != Mixing::Solid);
+    ForEachPiece(model, element, *picture, options, mixing, under);
     return under.Covered();
 }
 
@@ -97,6 +107,10 @@ public:
         top_ = std::min(top_, top);
         right_ = std::max(right_, right);
         bottom_ = std::max(bottom_, bottom);
+    }
+
+    void ShowPattern(const TilePattern& /*pattern*/, const SpriteQuad& quad) override {
+        Show(quad);
     }
 
     [[nodiscard]] std::optional<ViewFrame> Rectangle() const {
@@ -140,7 +154,8 @@ std::optional<ViewFrame> OutlineOf(const StageModel& model, const DrawOptions& o
         return std::nullopt;
     }
     AroundPieces around;
-    ForEachPiece(model, element, *picture, options, around);
+    const Mixing mixing = MixingOf(element, BlendingInForce(model, element, options.additions));
+    ForEachPiece(model, element, *picture, options, mixing, around);
     return around.Rectangle();
 }
 

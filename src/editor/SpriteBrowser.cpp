@@ -6,8 +6,8 @@
 
 #include "base/NumberText.h"
 #include "base/Raised.h"
-#include "render/TexelLock.h"
 #include "render/ModelLookup.h"
+#include "render/TexelLock.h"
 #include "render/ViewFlags.h"
 
 namespace scenara {

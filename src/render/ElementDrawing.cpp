@@ -15,25 +15,42 @@ namespace {
 class ElementPainter final : public PieceVisitor {
 public:
     ElementPainter(Engine& engine, const StageModel& model, const PlacedPicture& picture,
-                   const Blending& blending)
+                   const Blending& blending, Mixing mixing)
         : engine_(engine),
           picture_(picture),
           blending_(blending),
+          mixing_(mixing),
           sprite_(RecordAt(model.Sprites, picture.slot, "sprite")) {}
 
     void Show(const SpriteQuad& quad) override {
         const BlitStyle style{picture_.mirrored, picture_.flipped};
-        if (blending_.kind != BlendKind::None) {
-            DrawBlended(engine_, blending_, sprite_, quad, style);
-        } else {
-            engine_.Blit(sprite_, quad, style);
+        Draw(sprite_, quad, style);
+    }
+
+    void ShowPattern(const TilePattern& pattern, const SpriteQuad& quad) override {
+        if (mixing_ != Mixing::Solid) {
+            Draw(pattern.picture, quad, BlitStyle());
+            return;
         }
+        // Its gaps are left out.
+        BlendByAlpha(engine_.Device(), D3DBLEND_INVSRCALPHA);
+        Draw(pattern.picture, quad, BlitStyle());
+        BlendNoMore(engine_.Device());
     }
 
 private:
+    void Draw(const SpriteEntry& sprite, const SpriteQuad& quad, const BlitStyle& style) {
+        if (mixing_ == Mixing::Blended) {
+            DrawBlended(engine_, blending_, sprite, quad, style);
+        } else {
+            engine_.Blit(sprite, quad, style);
+        }
+    }
+
     Engine& engine_;
     const PlacedPicture& picture_;
     const Blending& blending_;
+    Mixing mixing_;
     const SpriteEntry& sprite_;
 };
 
@@ -60,19 +77,17 @@ void DrawElement(Engine& engine, const StageModel& model, const BackgroundElemen
     }
     Direct3DDevice8& device = engine.Device();
     const Blending blending = BlendingInForce(model, element, options.additions);
-    ElementPainter painter(engine, model, *picture, blending);
-    if (blending.kind != BlendKind::None) {
+    const Mixing mixing = MixingOf(element, blending);
+    ElementPainter painter(engine, model, *picture, blending, mixing);
+    if (mixing == Mixing::Blended) {
         BeginBlending(device, blending);
-        ForEachPiece(model, element, *picture, options, painter);
-        EndBlending(device, blending);
-        return;
-    }
-    const bool masked = element.mask == 1;
-    if (masked) {
+    } else if (mixing == Mixing::Masked) {
         BlendByAlpha(device, D3DBLEND_INVSRCALPHA);
     }
-    ForEachPiece(model, element, *picture, options, painter);
-    if (masked) {
+    ForEachPiece(model, element, *picture, options, mixing, painter);
+    if (mixing == Mixing::Blended) {
+        EndBlending(device, blending);
+    } else if (mixing == Mixing::Masked) {
         BlendNoMore(device);
     }
 }

@@ -3,9 +3,15 @@
 // Which pieces of its picture an element shows in this frame, and where: its copies, its rows,
 // inside of its window. One place for everything that has to know, so that what is drawn is what
 // the pointer finds.
+//
+// Pieces are as few as they can be with every pixel the same as if each copy were drawn by itself:
+// copies that touch are one piece, of a solid copy only what later ones leave of it is shown, and
+// where very many are in the view a pattern stands for them (TilePatterns.h). What is left is
+// thinned out where more than kDeepest copies lie upon one another.
 #pragma once
 
 #include "render/ElementPlacement.h"
+#include "render/Mixing.h"
 #include "render/SpriteQuad.h"
 #include "stage/StageModel.h"
 
@@ -24,13 +30,19 @@ public:
     PieceVisitor& operator=(const PieceVisitor&) = delete;
     virtual ~PieceVisitor() = default;
 
+    // Of the element's picture.
     virtual void Show(const SpriteQuad& quad) = 0;
+
+    // Of a pattern of it, which is drawn neither mirrored nor flipped, and without its transparent
+    // pixels.
+    virtual void ShowPattern(const TilePattern& pattern, const SpriteQuad& quad) = 0;
 };
 
 // Frames that are mirrored left to right are shown once, whatever the tiling; parallax pictures are
 // tiled across only. Nothing is allocated. Raises "Subscript out of range" when the picture's
 // sprite is not in its table.
 void ForEachPiece(const StageModel& model, const BackgroundElement& element,
-                  const PlacedPicture& picture, const DrawOptions& options, PieceVisitor& visitor);
+                  const PlacedPicture& picture, const DrawOptions& options, Mixing mixing,
+                  PieceVisitor& visitor);
 
 }  // namespace scenara

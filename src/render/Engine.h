@@ -59,9 +59,9 @@ public:
     // Draws a piece of a picture, of which the texture and its size count.
     void Blit(const SpriteEntry& sprite, const SpriteQuad& quad, const BlitStyle& style);
 
-    // Kept: the same by the names that they have always had, although elements are drawn by Blit.
-    // Draws W x H pixels of the sprite's texture, from (srcX, srcY) of it on, at (X, Y). The first
-    // argument, the slot's texture, is taken and ignored.
+    // Kept: these two names, although elements are drawn by Blit
+    // (Blits.D3DBltPlacesTheFourVertices). Draws W x H pixels of the sprite's texture, from (srcX,
+    // srcY) of it on, at (X, Y). The first argument, the slot's texture, is taken and ignored.
     void D3DBlt(const std::shared_ptr<Direct3DTexture8>& TX, Integer slot, Long X, Long Y, Long W,
                 Long H, Long srcX, Long srcY);
     // The same from the texture mirrored left to right; srcX counts in the mirrored one.

@@ -2,7 +2,6 @@
 #include "render/Tiling.h"
 
 #include <algorithm>
-#include <limits>
 
 namespace scenara {
 namespace {
@@ -12,14 +11,15 @@ std::int64_t FloorDivide(std::int64_t value, std::int64_t divisor) {
     return value / divisor - (value % divisor < 0 ? 1 : 0);
 }
 
-// A run of copies position + k * step, of which k = anchor is never left out.
+// Copies position + k * step, for k from `least` to `most`.
 struct Run {
     std::int64_t position;
     std::int64_t step;
     std::int64_t size;
-    std::int64_t least;  // the smallest and the largest k
+    std::int64_t least;
     std::int64_t most;
-    std::int64_t anchor;
+
+    [[nodiscard]] std::int64_t At(std::int64_t k) const { return position + k * step; }
 };
 
 Copies VisibleOf(const Run& run, const PixelRange& visible, std::int64_t deepest) {
@@ -28,13 +28,19 @@ Copies VisibleOf(const Run& run, const PixelRange& visible, std::int64_t deepest
     const std::int64_t last =
         std::min(run.most, FloorDivide(visible.to - 1 - run.position, run.step));
     if (last < first) {
-        return {run.position, 0, 0};
+        return {run.position, 0, 0, run.position};
     }
     const std::int64_t depth = std::min(last - first + 1, (run.size - 1) / run.step + 1);
-    const std::int64_t nth = std::max<std::int64_t>(1, (depth - 1) / deepest + 1);
-    // The first k from `first` on that is the anchor or some n-ths away from it.
-    const std::int64_t start = run.anchor - FloorDivide(run.anchor - first, nth) * nth;
-    return {run.position + start * run.step, nth * run.step, FloorDivide(last - start, nth) + 1};
+    if (depth <= deepest) {
+        return {run.At(first), run.step, last - first + 1, run.At(last)};
+    }
+    // Every nth, counted from the first of all, so that the same ones are named wherever they are.
+    const std::int64_t nth = (depth - 1) / deepest + 1;
+    const std::int64_t start = -FloorDivide(-first, nth);
+    const std::int64_t end = FloorDivide(last, nth);
+    const std::int64_t more = last == run.most && last % nth != 0 ? 1 : 0;
+    const std::int64_t count = end - start + 1 + more;
+    return {run.At(start * nth), nth * run.step, count, run.At(more == 0 ? end * nth : last)};
 }
 
 }  // namespace
@@ -52,24 +58,39 @@ std::int64_t ScaledStep(std::int64_t step, Single scale, bool animated) {
     return std::max(least, static_cast<std::int64_t>(scaled));
 }
 
+std::int64_t DrawnStep(const Tiles& tiles) {
+    if (tiles.count < 1) {
+        return 0;
+    }
+    const bool noDistance = tiles.Endless() && tiles.animated && tiles.step <= 1;
+    return std::max<std::int64_t>(noDistance ? tiles.size : tiles.step, 0);
+}
+
+std::int64_t DepthOf(const Tiles& tiles, const Copies& copies) {
+    const std::int64_t step = DrawnStep(tiles);
+    return step == 0 ? 1 : std::min(copies.count, (tiles.size - 1) / step + 1);
+}
+
 Copies CopiesAlong(const Tiles& tiles, std::int64_t position, const PixelRange& visible,
                    std::int64_t deepest) {
-    const Copies one{position, 0, 1};
-    if (tiles.count == 1) {
-        const std::int64_t step = tiles.animated && tiles.step <= 1 ? tiles.size : tiles.step;
-        constexpr std::int64_t kEndless = std::numeric_limits<Long>::max();
-        return step <= 0 ? one
-                         : VisibleOf({position, step, tiles.size, -kEndless, kEndless, 0}, visible,
-                                     deepest);
+    if (tiles.count > 1 && tiles.step < 0 && !tiles.additions) {
+        return {position, 0, 0, position};
     }
-    if (tiles.count < 1 || tiles.step == 0) {
-        return one;
+    const std::int64_t step = DrawnStep(tiles);
+    if (step == 0) {
+        return {position, 0, 1, position};
     }
-    if (tiles.step < 0) {
-        return tiles.additions ? one : Copies{position, 0, 0};
-    }
-    const std::int64_t last = std::int64_t{tiles.count} - 1;
-    return VisibleOf({position, tiles.step, tiles.size, 0, last, last}, visible, deepest);
+    constexpr std::int64_t kEndless = std::numeric_limits<Long>::max();
+    const bool endless = tiles.Endless();
+    return VisibleOf({position, step, tiles.size, endless ? -kEndless : 0,
+                      endless ? kEndless : std::int64_t{tiles.count} - 1},
+                     visible, deepest);
+}
+
+Depths AllowedDepths(std::int64_t depthX, std::int64_t depthY) {
+    constexpr std::int64_t kOfBoth = 64;
+    static_assert(kOfBoth * kOfBoth == kDeepest);
+    return {std::max(kOfBoth, kDeepest / depthY), std::max(kOfBoth, kDeepest / depthX)};
 }
 
 }  // namespace scenara

@@ -51,8 +51,8 @@ public:
     [[nodiscard]] bool WasTooLarge() const { return tooLarge_; }
 
     // The first kMaxCtrlIds values as a list of numbers; replaces `list` when the line gives the
-    // key any. Those that do not fit are left out, and so are empty ones. But before the first comma
-    // an empty one is 0, as for every key.
+    // key any. Those that do not fit are left out, and so are empty ones. But before the first
+    // comma an empty one is 0, as for every key.
     void List(std::string_view key, std::vector<Long>& list);
 
 private:

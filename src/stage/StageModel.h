@@ -13,6 +13,7 @@
 #pragma once
 
 #include <array>
+#include <compare>
 #include <cstddef>
 #include <limits>
 #include <memory>
@@ -117,6 +118,23 @@ struct SpriteEntry {
     Integer fileHeight = 0;
 };
 
+// Copies of a sprite that repeat, as one picture: what a repeat is of, and what it looks like
+// (render/TilePatterns.h).
+struct PatternKey {
+    Integer sprite = -1;    // into Sprites
+    bool mirrored = false;  // left to right
+    bool flipped = false;   // top to bottom
+    bool solid = false;     // drawn with the sprite's transparent pixels in their colour
+    Integer width = 0;      // pixels from one copy to the next
+    Integer height = 0;
+
+    auto operator<=>(const PatternKey&) const = default;
+};
+struct TilePattern {
+    PatternKey key;
+    SpriteEntry picture;  // of which texture and size count
+};
+
 // One line of an action.
 struct StageFrame {
     Long group = 0;
@@ -190,6 +208,7 @@ struct StageModel {  // NOLINT(clang-analyzer-optin.performance.Padding)
     Integer CtrlDefCount = 0;
     std::vector<Integer>
         ElementsById;  // runtime: every element's index, in order of id, then index
+    std::vector<TilePattern> TilePatterns;  // runtime, in order of key
 
     std::string StageTitle;
     Single CamStartX = 0;

@@ -247,12 +247,33 @@ TEST(LoadConfig, SeveralKeysOnALineAllCount) {
     EXPECT_TRUE(program.form[Menu::mnuInfo].checked);
 }
 
+TEST(LoadConfig, TheEngineFolderGetsTheSeparatorThatItLacks) {
+    struct Row {
+        const char* name;
+        std::string text;
+        std::string folder;
+    };
+    for (const Row& row : {Row{"none", "MugeDir = /x/mugen\r\n", "/x/mugen" + kSeparator},
+                           {"one", "MugeDir = /x/mugen/\r\n", "/x/mugen/"},
+                           {"the other one", "MugeDir = C:\\mugen\\\r\n", "C:\\mugen\\"},
+                           {"two", "MugeDir = /x/mugen//\r\n", "/x/mugen//"},
+                           {"blanks behind it", "MugeDir = /x/mugen/ \r\n", "/x/mugen/"},
+                           {"no folder", "MugeDir = \r\n", ""},
+                           {"the old form", ".3\r\n/x/mugen\r\n", "/x/mugen" + kSeparator},
+                           {"the old form with one", ".3\r\n/x/mugen/\r\n", "/x/mugen/"},
+                           {"the old form without a folder", ".3\r\n\r\n", ""}}) {
+        Program program;
+        EXPECT_TRUE(program.Load(row.text)) << row.name;
+        EXPECT_EQ(program.MugeDir, row.folder) << row.name;
+    }
+}
+
 // --- The old form --------------------------------------------------------------------------------
 
 TEST(LoadConfig, ReadsTheOldForm) {
     Program program;
     EXPECT_TRUE(program.Load(".3 whatever\r\n C:\\Mugen \r\nInfo = True\r\n"));
-    EXPECT_EQ(program.MugeDir, " C:\\Mugen ") << "the whole line";
+    EXPECT_EQ(program.MugeDir, " C:\\Mugen " + kSeparator) << "the whole line";
     EXPECT_FALSE(program.form[Menu::mnuInfo].checked) << "and nothing else";
 }
 
@@ -374,7 +395,7 @@ TEST(Configuration, EveryTextComesBackAsItWas) {
 
         Program loaded;
         EXPECT_TRUE(loaded.Load(saved.Save())) << text;
-        EXPECT_EQ(loaded.MugeDir, text);
+        EXPECT_EQ(loaded.MugeDir, WithSeparator(text));
         EXPECT_EQ(loaded.TestChar, text);
         EXPECT_EQ(loaded.CharName, text);
         EXPECT_EQ(loaded.HCamStep, 1.25F) << text;

@@ -52,6 +52,16 @@ TEST(FormLoad, FillsTheListFromTheEngineFolder) {
     EXPECT_THAT(stage.MessageTexts(), IsEmpty());
 }
 
+TEST(FormLoad, AnEngineFolderWithoutASeparatorIsFoundAllTheSame) {
+    for (const bool additions : {true, false}) {
+        RunningStage stage({}, additions);
+        stage.files.Put("/program/QX.CFG", "MugeDir = /mugen\r\n");
+        stage.Load();
+        EXPECT_EQ(stage.form.lstStages.items.size(), 3U);
+        EXPECT_THAT(stage.MessageTexts(), IsEmpty());
+    }
+}
+
 TEST(FormLoad, AFolderWithoutStagesIsSaid) {
     RunningStage stage;
     stage.files.Put("/program/QX.CFG", "MugeDir = /empty/\r\n");

@@ -163,7 +163,7 @@ struct HeavyStage {
 
     void Run() {
         RunningStage stage(
-            InTurn({[this](RunningStage& its) { its.clock.SetCountsPerLook(kSecond / kElements); },
+            InTurn({[](RunningStage& its) { its.clock.SetCountsPerLook(kSecond / kElements); },
                     [this](RunningStage& its) {
                         its.clock.SetCountsPerLook(0);
                         captions = its.window.Captions();
@@ -242,6 +242,18 @@ TEST(HeavyStages, WhilePausedTheCaptionSaysThat) {
     };
     heavy.Run();
     EXPECT_EQ(caption, "heavy <<PAUSED>>");
+}
+
+TEST(HeavyStages, AFrameThatWasGivenUpIsShownWholeThoughTheStageIsPausedByThen) {
+    int shown = 0;
+    HeavyStage heavy;
+    heavy.during = [](RunningStage& stage) { stage.window.SetLeavingWaits(); };
+    heavy.after = [&](RunningStage& stage) {
+        stage.Click(Menu::mnuPause);
+        stage.user = InTurn({[&](RunningStage& its) { shown = its.sink.shown; }});
+    };
+    heavy.Run();
+    EXPECT_GT(shown, heavy.shown);
 }
 
 TEST(HeavyStages, AnotherStageHasItsOwnTitle) {

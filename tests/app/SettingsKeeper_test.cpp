@@ -33,8 +33,17 @@ protected:
         }
         return times;
     }
+    // Another one each time.
+    static std::vector<std::string> Drag(int count) {
+        std::vector<std::string> texts(static_cast<std::size_t>(count));
+        for (std::size_t i = 0; i < texts.size(); ++i) {
+            texts[i] = "width " + std::to_string(i);
+        }
+        return texts;
+    }
     static std::vector<std::string> Times(int count, const std::string& text) {
-        return std::vector<std::string>(static_cast<std::size_t>(count), text);
+        const std::vector<std::string> texts(static_cast<std::size_t>(count), text);
+        return texts;
     }
 
     SettingsKeeper keeper;
@@ -67,20 +76,13 @@ TEST_F(Keeper, AChangeTakenBackIsNone) {
 }
 
 TEST_F(Keeper, ADragIsWrittenAtItsEnd) {
-    std::vector<std::string> texts;
-    for (int i = 0; i < 30; ++i) {
-        texts.push_back("width " + std::to_string(i));
-    }
+    std::vector<std::string> texts = Drag(30);
     texts.resize(100, "width 29");
     EXPECT_THAT(Writings(texts), ElementsAre(2900 + 1000));
 }
 
 TEST_F(Keeper, ChangesWithoutEndAreWrittenEveryFiveSeconds) {
-    std::vector<std::string> texts;
-    for (int i = 0; i < 200; ++i) {
-        texts.push_back("width " + std::to_string(i));
-    }
-    EXPECT_THAT(Writings(texts), ElementsAre(5000, 10'100, 15'200));
+    EXPECT_THAT(Writings(Drag(200)), ElementsAre(5000, 10'100, 15'200));
 }
 
 TEST_F(Keeper, CountsOnWhereTheTicksBeginAnew) {

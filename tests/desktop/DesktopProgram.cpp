@@ -233,7 +233,10 @@ SeenSize PictureSizeIn(const Screenshot& shot) {
         return {};
     }
     SeenSize size;
-    size.width = LongestRun(shot.width, [&](int x) { return shot.At(x, shot.height / 2); });
+    for (int y = 0; y < shot.height; y += 16) {
+        size.width =
+            std::max(size.width, LongestRun(shot.width, [&](int x) { return shot.At(x, y); }));
+    }
     for (int x = 0; x < shot.width; x += 16) {
         size.height =
             std::max(size.height, LongestRun(shot.height, [&](int y) { return shot.At(x, y); }));

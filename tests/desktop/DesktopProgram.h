@@ -49,7 +49,8 @@ struct SeenSize {
 // The bar, if it is seen.
 [[nodiscard]] std::optional<Bar> BarIn(const Screenshot& shot);
 [[nodiscard]] SeenSize PictureSizeIn(const Screenshot& shot);
-// Where the list starts, if it is there, in a high window and beside a picture with black around it.
+// Where the list starts, if it is there, in a high window and beside a picture with black around
+// it.
 [[nodiscard]] std::optional<Spot> ListIn(const Screenshot& shot);
 
 class DesktopProgram : public testing::Test {
@@ -97,7 +98,7 @@ public:
     void Type(const std::string& text) { display_.Do("type --delay 5 '" + text + "'"); }
     void ClickAt(int x, int y);     // in the main window, menu bar included
     void ClickListItem(int index);  // of the list beside a picture of the usual size
-    void ClickAt(const Spot& spot) { display_.Do("mousemove " + Words(spot) + " click 1"); }
+
     void MoveTo(const Spot& spot) { display_.Do("mousemove " + Words(spot)); }
     // Where a point of the view is on the screen, while the bar stands where it did at first.
     [[nodiscard]] Spot OfView(int x, int y) const;

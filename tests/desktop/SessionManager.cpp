@@ -147,6 +147,7 @@ void SessionManager::Serve(Library& library) {
             }
         }
         std::vector<pollfd> heard;
+        heard.reserve(static_cast<std::size_t>(library.doorCount) + 1);
         for (int i = 0; i < library.doorCount; ++i) {
             heard.push_back({IceGetListenConnectionNumber(library.doors[i]), POLLIN, 0});
         }

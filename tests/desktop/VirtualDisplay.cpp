@@ -191,8 +191,9 @@ void VirtualDisplay::StartManager() {
             std::ofstream(configuration)
                 << "[shell]\npanel-position=none\nlocking=false\nanimation=none\n"
                    "startup-animation=none\n";
-            command = {"weston",           "--backend=x11-backend.so", "--use-pixman",
-                       "--width=1024",     "--height=768",             "--idle-time=0",
+            command = {"weston",           "--backend=x11-backend.so",
+                       "--use-pixman",     "--width=1024",
+                       "--height=768",     "--idle-time=0",
                        "--socket=wayland", "--config=" + configuration};
             break;
     }

@@ -6,10 +6,10 @@
 #include <QAction>
 #include <QListWidget>
 #include <QMenu>
-#include <QtTest/QTest>
 #include <string>
 #include <vector>
 
+#include <QtTest/QTest>
 #include <gtest/gtest.h>
 
 #include "app/MenuTree.h"
@@ -192,6 +192,22 @@ TEST_F(Menus, ALetterOfTwoBeginsWithTheFirstOneEachTime) {
         Type(Qt::Key_Escape);
     }
     EXPECT_EQ(Told(), "");
+}
+
+TEST_F(Menus, ALetterOfTwoThatIsHeldStaysWithTheFirst) {
+    const auto press = [this] {
+        QTest::keyPress(window.windowHandle(), Qt::Key_S, Qt::AltModifier);
+        Pump();
+    };
+    for (int time = 0; time < 2; ++time) {
+        press();
+        press();
+        press();
+        EXPECT_EQ(OpenMenu(), "&Stage");
+        QTest::keyRelease(window.windowHandle(), Qt::Key_S, Qt::AltModifier);
+        Type(Qt::Key_S, Qt::AltModifier);
+        EXPECT_EQ(Marked(), "&Stage List");
+    }
 }
 
 TEST_F(Menus, ReturnRunsWhatALetterHasGoneTo) {

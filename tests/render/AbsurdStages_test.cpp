@@ -12,6 +12,7 @@
 #include <gtest/gtest.h>
 
 #include "render/StagePlayer.h"
+#include "render/Tiling.h"
 
 namespace scenara {
 namespace {
@@ -136,9 +137,8 @@ void AddControls(Absurd& absurd, StagePlayer& player) {
     }
 }
 
-// A thousand and a few upon one another along one axis, or 32 along each of two, and those beside;
-// for every row of a parallax picture.
-constexpr std::size_t kMostQuadsOfAnElement = (1024 + 320) * 240;
+// As many as may lie upon one another, and those beside; for every row of a parallax picture.
+constexpr std::size_t kMostQuadsOfAnElement = (kDeepest + 320) * 240;
 
 class AbsurdStage : public testing::TestWithParam<unsigned> {};
 

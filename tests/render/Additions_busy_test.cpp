@@ -12,6 +12,7 @@
 #include <gtest/gtest.h>
 
 #include "render/StagePlayer.h"
+#include "render/Tiling.h"
 #include "stage/StageScale.h"
 #include "support/AllocationCount.h"
 
@@ -126,7 +127,7 @@ void AddAbsurdElement(Absurd& absurd, StagePlayer& player, Integer sprite) {
 }
 
 // As of plain stages (AbsurdStages_test.cpp), and two quads for each piece.
-constexpr std::size_t kMostQuadsOfAnElement = 2 * (1024 + 320) * 240;
+constexpr std::size_t kMostQuadsOfAnElement = 2 * (kDeepest + 320) * 240;
 constexpr std::size_t kElements = 5;
 
 void MakeAbsurdStage(Absurd& absurd, StagePlayer& player) {

@@ -288,7 +288,7 @@ TEST(NegativeTileStep, InOneDirectionLeavesTheOtherAsItIs) {
     element.tileY = 2;
     element.tileSpacingY = -41;
     player.Start();
-    EXPECT_EQ(player.BackPass(), (Lines{"hill 10,20 50x40", "hill 60,20 50x40"}));
+    EXPECT_EQ(player.BackPass(), (Lines{"hill 10,20 100x40"}));
 }
 
 constexpr bool kStill = false;

@@ -91,6 +91,7 @@ TEST_F(DrawnPicture, StatesAreSetOnceAroundAllCopies) {
     BackgroundElement& element = Still(hill, 10, 20);
     element.mask = 1;
     element.tileX = 3;
+    element.tileSpacingX = 1;
     const Lines calls = Calls();
     EXPECT_EQ(std::count(calls.begin(), calls.end(), "SetRenderState 27 1"), 1);
     EXPECT_EQ(std::count(calls.begin(), calls.end(), "SetRenderState 27 0"), 1);
@@ -240,25 +241,57 @@ TEST_F(DrawnCopies, WithoutEndAcrossAndCountedDown) {
 TEST_F(DrawnCopies, OfAnAnimationWithoutADistanceFollowOneAnother) {
     BackgroundElement& element = Animation({{hill, 5}}, 100, 20);
     element.tileX = 1;
-    EXPECT_EQ(Draw(), (Lines{"hill 0,20 50x40", "hill 50,20 50x40", "hill 100,20 50x40",
-                             "hill 150,20 50x40", "hill 200,20 50x40", "hill 250,20 50x40",
-                             "hill 300,20 50x40"}));
+    EXPECT_EQ(Draw(), (Lines{"hill 0,20 350x40"}));
 }
 
 TEST_F(DrawnCopies, OfAnAnimationWithACountAndNoDistanceAreOnePixelApart) {
     BackgroundElement& element = Animation({{hill, 5}}, 100, 20);
     element.tileX = 3;
-    EXPECT_EQ(Draw(), (Lines{"hill 100,20 50x40", "hill 101,20 50x40", "hill 102,20 50x40"}));
+    element.mask = 1;
+    EXPECT_EQ(Draw(), (Lines{"hill 100,20 50x40 masked", "hill 101,20 50x40 masked",
+                             "hill 102,20 50x40 masked"}));
+}
+
+TEST_F(DrawnCopies, ThatTouchAreOneQuad) {
+    BackgroundElement& element = Still(hill, 10, 20);
+    element.tileX = 3;
+    element.tileY = 2;
+    EXPECT_EQ(Draw(), (Lines{"hill 10,20 150x80"}));
+    element.tileSpacingX = 5;
+    EXPECT_EQ(DrawAsIs(), (Lines{"hill 10,20 50x80", "hill 65,20 50x80", "hill 120,20 50x80"}));
+}
+
+TEST_F(DrawnCopies, OfASolidPictureAreCutToWhatIsSeenOfThem) {
+    BackgroundElement& element = Still(hill, 10, 20);
+    element.tileX = 2;
+    element.tileY = 2;
+    element.tileSpacingX = -20;
+    element.tileSpacingY = -10;
+    EXPECT_EQ(Draw(), (Lines{"hill 10,20 30x30", "hill 40,20 50x30", "hill 10,50 30x40",
+                             "hill 40,50 50x40"}));
+    element.mask = 1;
+    EXPECT_EQ(DrawAsIs(), (Lines{"hill 10,20 50x40 masked", "hill 40,20 50x40 masked",
+                                 "hill 10,50 50x40 masked", "hill 40,50 50x40 masked"}));
+}
+
+TEST_F(DrawnCopies, OfASolidPictureThatAreHiddenAreNone) {
+    BackgroundElement& element = Still(hill, -45, 20);
+    element.tileX = 4;
+    element.tileSpacingX = -40;
+    EXPECT_EQ(Draw(), (Lines{"hill -15,20 50x40"})) << "the last, of which more is seen";
+    element.tileX = 6;
+    EXPECT_EQ(DrawAsIs(), (Lines{"hill -5,20 10x40", "hill 5,20 50x40"}));
 }
 
 TEST_F(DrawnCopies, DoNotJitterAgainstEachOther) {
     BackgroundElement& element = Still(hill, 10, 20);
     element.tileX = 3;
+    element.tileSpacingX = 1;
     player.Start();
     player.Element(0).posX = 10.5F;
-    EXPECT_EQ(DrawAsIs(), (Lines{"hill 10,20 50x40", "hill 60,20 50x40", "hill 110,20 50x40"}));
+    EXPECT_EQ(DrawAsIs(), (Lines{"hill 10,20 50x40", "hill 61,20 50x40", "hill 112,20 50x40"}));
     player.Element(0).posX = 11.5F;
-    EXPECT_EQ(DrawAsIs(), (Lines{"hill 12,20 50x40", "hill 62,20 50x40", "hill 112,20 50x40"}));
+    EXPECT_EQ(DrawAsIs(), (Lines{"hill 12,20 50x40", "hill 63,20 50x40", "hill 114,20 50x40"}));
 }
 
 TEST_F(DrawnCopies, WithAStepOf0AreOneAndWithANegativeStepNone) {
@@ -307,9 +340,12 @@ TEST_F(DrawnInAWindow, AMirroredPictureIsCutTheSame) {
 TEST_F(DrawnInAWindow, EachCopyIsCutByItself) {
     BackgroundElement& element = Still(hill, 10, 20);
     element.tileX = 1;
+    element.tileSpacingX = 1;
     Window(element, 55, 30, 114, 34);
-    EXPECT_EQ(Draw(), (Lines{"hill 55,30 5x5 from 45,10", "hill 60,30 50x5 from 0,10",
-                             "hill 110,30 5x5 from 0,10"}));
+    EXPECT_EQ(Draw(), (Lines{"hill 55,30 5x5 from 45,10", "hill 61,30 50x5 from 0,10",
+                             "hill 112,30 3x5 from 0,10"}));
+    element.tileSpacingX = 0;
+    EXPECT_EQ(DrawAsIs(), (Lines{"hill 55,30 60x5 from 45,10"}));
 }
 
 TEST_F(DrawnInAWindow, CornersOfAnyOrderAreRounded) {

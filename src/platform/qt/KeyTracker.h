@@ -8,8 +8,8 @@
 // focus moves to another window all are up, for a release that happens elsewhere is never heard of.
 // A press that came and went since the last poll is reported once. Keys that drive the program's
 // camera, and those of the editor while Debug BG is checked, go no further while a stage is shown,
-// so that no list moves its selection with them; a scroll bar that has the focus gets them, and only
-// it.
+// so that no list moves its selection with them; a scroll bar that has the focus gets them, and
+// only it.
 #pragma once
 
 #include <QObject>

@@ -82,8 +82,7 @@ protected:
 
 }  // namespace
 
-MainWindow::MainWindow(const Form& form)
-    : form_(form), size_(*this), looksTruly_(RunsOnGlib()) {
+MainWindow::MainWindow(const Form& form) : form_(form), size_(*this), looksTruly_(RunsOnGlib()) {
     wake_.setSingleShot(true);
     // Places and sizes come from the form.
     auto* const inner = new QWidget(this);  // NOLINT(cppcoreguidelines-owning-memory): Qt's own

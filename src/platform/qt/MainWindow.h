@@ -126,7 +126,7 @@ private:
     bool sizeCame_ = false;  // of the inner area; it has not been reported yet
     bool covered_ = false;
     bool looksTruly_ = false;  // the dispatcher can tell whether something waits
-    bool asksAgain_ = false;  // the program wants to be asked again though nothing happens
+    bool asksAgain_ = false;   // the program wants to be asked again though nothing happens
     bool endRequested_ = false;
 };
 

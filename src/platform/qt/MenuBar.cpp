@@ -26,8 +26,8 @@ public:
         return given;
     }
 
-    // By Alt the toolkit would give the bar the focus, or close a menu; by Escape out of one it would
-    // give the bar the focus as well.
+    // By Alt the toolkit would give the bar the focus, or close a menu; by Escape out of one it
+    // would give the bar the focus as well.
     int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                   QStyleHintReturn* more) const override {
         return hint == SH_MenuBar_AltKeyNavigation
@@ -46,6 +46,7 @@ MenuBar::MenuBar() {
     auto* const style = new Style;  // NOLINT(cppcoreguidelines-owning-memory): the bar's
     style->setParent(this);
     setStyle(style);
+    qApp->installEventFilter(this);
 }
 
 bool MenuBar::event(QEvent* event) {
@@ -55,8 +56,21 @@ bool MenuBar::event(QEvent* event) {
             GoToNextOf(letter);
             return true;
         }
+    } else if (event->type() == QEvent::WindowDeactivate) {
+        held_ = {};  // its release may be heard of elsewhere only
     }
     return QMenuBar::event(event);
+}
+
+// Of the whole application. A key that is held repeats as presses that look like others.
+bool MenuBar::eventFilter(QObject* receiver, QEvent* event) {
+    if (event->type() == QEvent::KeyRelease) {
+        const auto& key = *static_cast<QKeyEvent*>(event);
+        if (!key.isAutoRepeat() && !held_.isEmpty() && held_[0].key() == key.key()) {
+            held_ = {};
+        }
+    }
+    return QMenuBar::eventFilter(receiver, event);
 }
 
 void MenuBar::actionEvent(QActionEvent* event) {
@@ -107,6 +121,9 @@ bool MenuBar::IsOfSeveral(const QKeySequence& letter) const {
 }
 
 void MenuBar::GoToNextOf(const QKeySequence& letter) {
+    if (std::exchange(held_, letter) == letter) {
+        return;
+    }
     QList<QAction*> items = actions();
     items.removeIf([&](const QAction* item) { return !item->isEnabled() || !IsOf(*item, letter); });
     if (items.isEmpty()) {

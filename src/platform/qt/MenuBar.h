@@ -4,14 +4,13 @@
 //
 // A lone Alt does nothing, and a menu that closes leaves nothing of itself, so that the arrow keys
 // stay with the picture. Left and Right go from an open menu to the next one. An access letter that
-// several items have goes from one of them to the next: it opens a menu, but runs nothing; Return
-// does.
+// several items have goes from one of them to the next, once for each press: it opens a menu, but
+// runs nothing; Return does.
 #pragma once
 
+#include <QKeySequence>
 #include <QMenuBar>
 #include <QPointer>
-
-class QKeySequence;
 
 namespace scenara {
 
@@ -21,6 +20,7 @@ public:
 
 protected:
     bool event(QEvent* event) override;
+    bool eventFilter(QObject* receiver, QEvent* event) override;
     void actionEvent(QActionEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
@@ -35,6 +35,7 @@ private:
     void Close();
     void Leave();
 
+    QKeySequence held_;          // a letter of several that is still down
     bool stopped_ = false;       // at an item that has no menu, with the focus
     QPointer<QWidget> focused_;  // before that
 };

@@ -20,10 +20,10 @@ using Owned = std::unique_ptr<Reply, decltype(&std::free)>;
 
 xcb_atom_t Atom(xcb_connection_t* display, std::string_view name) {
     const Owned<xcb_intern_atom_reply_t> reply(
-        xcb_intern_atom_reply(display,
-                              xcb_intern_atom(display, 1, static_cast<std::uint16_t>(name.size()),
-                                              name.data()),
-                              nullptr),
+        xcb_intern_atom_reply(
+            display,
+            xcb_intern_atom(display, 1, static_cast<std::uint16_t>(name.size()), name.data()),
+            nullptr),
         &std::free);
     return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
 }
@@ -47,9 +47,9 @@ bool IsTiled(const QWindow& window) {
     if (!reply) {
         return false;
     }
-    const std::span states(static_cast<const xcb_atom_t*>(xcb_get_property_value(reply.get())),
-                           static_cast<std::size_t>(xcb_get_property_value_length(reply.get())) /
-                               sizeof(xcb_atom_t));
+    const std::span states(
+        static_cast<const xcb_atom_t*>(xcb_get_property_value(reply.get())),
+        static_cast<std::size_t>(xcb_get_property_value_length(reply.get())) / sizeof(xcb_atom_t));
     const auto has = [&](std::string_view name) {
         return std::find(states.begin(), states.end(), Atom(display, name)) != states.end();
     };

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <new>
+#include <span>
 #include <utility>
 
 namespace scenara::soft {
@@ -57,10 +58,6 @@ Alphas MarkBlocks(std::span<const std::uint32_t> line, std::uint8_t* bits) {
 }
 
 }  // namespace
-
-void Coverage::MarkLine(std::span<const std::uint32_t> line, std::uint8_t* bits) {
-    static_cast<void>(MarkBlocks(line, bits));
-}
 
 Coverage Coverage::Of(const Texels& texels) {
     Coverage coverage;

@@ -12,7 +12,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
-#include <span>
 
 #include "platform/soft/Texels.h"
 
@@ -31,9 +30,6 @@ public:
 
     // Bytes that LineBits may be read beyond its own.
     static constexpr std::size_t kReadBeyond = 8;
-
-    // Sets the bits of a line's blocks, which are all clear.
-    static void MarkLine(std::span<const std::uint32_t> line, std::uint8_t* bits);
 
     Coverage() = default;
 

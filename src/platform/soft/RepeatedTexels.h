@@ -13,7 +13,6 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <span>
 
 #include "platform/soft/CopyRows.h"
 #include "platform/soft/Coverage.h"
@@ -77,15 +76,18 @@ public:
 
 private:
     static constexpr std::int32_t kMostLines = 16;
-    static constexpr std::size_t kLineBytes = kViewWidth / kBlockTexels / 8 + 1;
+    static constexpr std::ptrdiff_t kLineBytes = kViewWidth / kBlockTexels / 8 + 1;
 
-    [[nodiscard]] std::span<std::uint32_t> LineAt(std::int32_t line) {
-        return std::span(texels_).subspan(static_cast<std::size_t>(line) * kViewWidth,
-                                          static_cast<std::size_t>(columns_.Length()));
+    [[nodiscard]] std::uint32_t* LineAt(std::int32_t line) {
+        return texels_.data() + std::ptrdiff_t{line} * kViewWidth;
+    }
+    [[nodiscard]] std::uint8_t* BitsAt(std::int32_t line) {
+        return bits_.data() + std::ptrdiff_t{line} * kLineBytes;
     }
 
     void WriteBlock(std::int32_t firstLine);
-    void WriteLine(const std::uint32_t* texels, std::span<std::uint32_t> line) const;
+    void WriteLine(const std::uint32_t* texels, std::uint32_t* line) const;
+    [[nodiscard]] bool IsVisible(std::int32_t texelLine) const;
     [[nodiscard]] TexelRows Rows(std::int32_t count) const;
 
     const Texels& texture_;

@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+//
+// Mixing: what an element's draw leaves of what lies behind it, its own copies included.
+#pragma once
+
+#include "stage/Blending.h"
+#include "stage/StageModel.h"
+
+namespace scenara {
+
+enum class Mixing : Byte {
+    Solid,    // nothing
+    Masked,   // what its transparent pixels do not hide
+    Blended,  // some of all
+};
+
+// `blending` is the one in force.
+[[nodiscard]] inline Mixing MixingOf(const BackgroundElement& element, const Blending& blending) {
+    if (blending.kind != BlendKind::None) {
+        return Mixing::Blended;
+    }
+    return element.mask == 1 ? Mixing::Masked : Mixing::Solid;
+}
+
+}  // namespace scenara

@@ -1,0 +1,318 @@
+// SPDX-License-Identifier: MIT
+//
+// Tiled pictures are drawn with as few quads as they can be. The proof that nobody sees it: random
+// tilings of all kinds, beside the same drawn copy by copy.
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <random>
+#include <span>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "platform/headless/HeadlessMessages.h"
+#include "platform/headless/HeadlessWindow.h"
+#include "platform/soft/SoftDirect3D.h"
+#include "render/BlendStates.h"
+#include "render/BlendedBlit.h"
+#include "render/ElementDrawing.h"
+#include "render/ElementWindow.h"
+#include "render/Engine.h"
+#include "render/ParallaxRows.h"
+#include "render/PrepareStage.h"
+#include "render/TilePatterns.h"
+#include "render/Tiling.h"
+#include "stage/StageModel.h"
+#include "support/Rounds.h"
+#include "support/StageFixture.h"
+
+namespace scenara::test {
+namespace {
+
+constexpr std::size_t kPixels = static_cast<std::size_t>(kViewWidth) * kViewHeight;
+
+// One element with its sprite, and a device to draw it on.
+class TiledElement {
+public:
+    TiledElement() {
+        engine_.Engine_Init();
+        for (std::size_t i = 0; i < kPixels; ++i) {
+            ground_[i] = static_cast<std::uint32_t>(i * 0x9E3779B1U >> 8U);
+        }
+    }
+
+    void Sprite(Integer width, Integer height, const std::function<std::uint32_t()>& texel) {
+        TextureParameters parameters;
+        parameters.width = width;
+        parameters.height = height;
+        SpriteEntry sprite;
+        sprite.width = width;
+        sprite.height = height;
+        sprite.texture = engine_.Device().CreateTexture(parameters);
+        const LockedPixels pixels = sprite.texture->LockRect();
+        std::ranges::generate(pixels.words, texel);
+        sprite.texture->UnlockRect();
+        model.Sprites.assign(1, sprite);
+        model.SpriteCount = 1;
+    }
+
+    BackgroundElement& Element(const char* type) {
+        BackgroundElement element;
+        element.type = type;
+        model.Elements.assign(1, element);
+        model.ElementCount = 1;
+        StageFrame frame;
+        frame.spriteIndex = 0;
+        frame.time = -1;
+        StageAction action;
+        action.frames.assign(1, frame);
+        model.Actions.assign(1, action);
+        return model.Elements.front();
+    }
+
+    void Prepare() {
+        PrepareElements(model, {options.additions});
+        MakeTilePatterns(model, {options.additions}, engine_.Device());
+    }
+
+    std::vector<std::uint32_t> Drawn() {
+        return DrawnBy([&] { DrawElement(engine_, model, model.Elements.front(), options); });
+    }
+    std::vector<std::uint32_t> DrawnCopyByCopy() {
+        return DrawnBy([&] { DrawCopies(); });
+    }
+
+    StageModel model;
+    DrawOptions options;
+
+private:
+    template <typename Draw>
+    std::vector<std::uint32_t> DrawnBy(Draw draw) {
+        const std::span<std::uint32_t> pixels = machine_.Device()->BackBuffer();
+        std::ranges::copy(ground_, pixels.begin());
+        Require(engine_.Device().BeginScene(), "BeginScene");
+        draw();
+        Require(engine_.Device().EndScene(), "EndScene");
+        return {pixels.begin(), pixels.end()};
+    }
+
+    // Where copies stand that touch these pixels: the rule, as it is written down.
+    [[nodiscard]] static std::vector<std::int64_t> Positions(Long count, std::int64_t step,
+                                                             std::int64_t size, bool animated,
+                                                             bool additions, std::int64_t position,
+                                                             const PixelRange& visible) {
+        if (count == 1 && animated && step <= 1) {
+            step = size;
+        }
+        if (count == 0 || step == 0 || (step < 0 && (count == 1 || additions))) {
+            return {position};
+        }
+        std::vector<std::int64_t> positions;
+        if (step < 0) {
+            return positions;
+        }
+        const std::int64_t near = (visible.from - size - position) / step - 1;
+        const bool endless = count == 1;
+        for (std::int64_t k = endless ? near : std::max<std::int64_t>(near, 0);
+             (endless || k < count) && position + k * step < visible.to; ++k) {
+            if (position + k * step + size > visible.from) {
+                positions.push_back(position + k * step);
+            }
+        }
+        return positions;
+    }
+
+    [[nodiscard]] std::int64_t StepOf(Long spacing, Integer size, Integer fileSize) const {
+        const bool animated = model.Elements.front().kind == ElementKind::Animated;
+        return model.ElementScale == 1 ? TileStep(spacing, size, animated)
+                                       : ScaledStep(TileStep(spacing, fileSize, animated),
+                                                    model.ElementScale, animated);
+    }
+
+    void DrawCopies() {
+        const BackgroundElement& element = model.Elements.front();
+        const std::optional<PlacedPicture> picture =
+            PlaceElement(model, element, options.additions);
+        if (!picture) {
+            return;
+        }
+        const SpriteEntry& sprite = model.Sprites.front();
+        const Blending blending = BlendingInForce(model, element, options.additions);
+        const bool blended = blending.kind != BlendKind::None;
+        if (blended) {
+            BeginBlending(engine_.Device(), blending);
+        } else if (element.mask == 1) {
+            BlendByAlpha(engine_.Device(), D3DBLEND_INVSRCALPHA);
+        }
+        const ElementWindow window = ElementWindow::Of(element, model.CamX, model.CamY);
+        const bool animated = element.kind == ElementKind::Animated;
+        const auto draw = [&](const SpriteQuad& whole) {
+            const auto quad = CutTo(window, whole);
+            const BlitStyle style{picture->mirrored, picture->flipped};
+            if (quad && blended) {
+                DrawBlended(engine_, blending, sprite, *quad, style);
+            } else if (quad) {
+                engine_.Blit(sprite, *quad, style);
+            }
+        };
+        const auto across = [&](std::int64_t x, std::int64_t y, std::int64_t height,
+                                std::int64_t source) {
+            const Long count = picture->mirrored ? 0 : element.tileX;
+            for (const std::int64_t at :
+                 Positions(count, StepOf(element.tileSpacingX, sprite.width, sprite.fileWidth),
+                           sprite.width, animated, options.additions, x, window.columns)) {
+                draw({at, y, sprite.width, height, 0, source});
+            }
+        };
+        if (element.kind == ElementKind::Parallax) {
+            for (std::int64_t row = 0; row < sprite.height; ++row) {
+                const std::int64_t x = RowPosition(element, picture->drawX, model.CamX, row,
+                                                   sprite.height, model.ElementScale);
+                across(x, picture->y + row, 1, row);
+            }
+        } else {
+            const Long count = picture->mirrored ? 0 : element.tileY;
+            for (const std::int64_t at :
+                 Positions(count, StepOf(element.tileSpacingY, sprite.height, sprite.fileHeight),
+                           sprite.height, animated, options.additions, picture->y, window.rows)) {
+                across(picture->x, at, sprite.height, 0);
+            }
+        }
+        if (blended) {
+            EndBlending(engine_.Device(), blending);
+        } else if (element.mask == 1) {
+            BlendNoMore(engine_.Device());
+        }
+    }
+
+    std::vector<std::uint32_t> ground_ = std::vector<std::uint32_t>(kPixels);
+    SoftDirect3D machine_{KeptTextureMemory()};
+    HeadlessWindow window_;
+    HeadlessMessages messages_;
+    Engine engine_{machine_, window_, messages_, model};
+};
+
+class RandomTiling {
+public:
+    explicit RandomTiling(unsigned seed) : random_(seed) {}
+
+    void Make(TiledElement& tiled) {
+        const Integer width = Size();
+        const Integer height = Size();
+        const int alphas = Below(4);  // 0: opaque, 1 and 2: with holes, 3: translucent, too
+        tiled.Sprite(width, height, [&] { return Texel(alphas); });
+        constexpr std::array<const char*, 4> kTypes{"normal", "normal", "anim", "parallax"};
+        BackgroundElement& element = tiled.Element(kTypes.at(Index(4)));
+        const bool animated = element.type == std::string("anim");
+        element.actionIndex = 0;
+        element.tileX = Count();
+        element.tileY = Count();
+        element.tileSpacingX = Spacing(width, animated);
+        element.tileSpacingY = Spacing(height, animated);
+        element.mask = static_cast<Integer>(Below(2));
+        element.startX = Between(-200, 200);
+        element.startY = Between(-40, 250);
+        element.xscaleTop = static_cast<Single>(Below(3));
+        element.xscaleBottom = static_cast<Single>(Below(3));
+        if (Below(3) == 0) {
+            element.windowActive = 1;
+            element.windowX1 = static_cast<Single>(Between(-20, 340));
+            element.windowX2 = static_cast<Single>(Between(-20, 340));
+            element.windowY1 = static_cast<Single>(Between(-20, 260));
+            element.windowY2 = static_cast<Single>(Between(-20, 260));
+        }
+        tiled.options.additions = Below(2) == 0;
+        if (Below(3) == 0) {
+            constexpr std::array<BlendKind, 4> kKinds{BlendKind::Add, BlendKind::Add1,
+                                                      BlendKind::Sub, BlendKind::AddAlpha};
+            element.blending = {kKinds.at(Index(4)), Between(0, 256), Between(0, 256)};
+        }
+        constexpr std::array<const char*, 5> kFlips{"", "", "v", "h", "hv"};
+        StageFrame& frame = tiled.model.Actions.front().frames.front();
+        frame.flip = kFlips.at(Index(5));
+        if (Below(6) == 0) {
+            tiled.model.ElementScale = 0.5F;
+            tiled.model.Sprites.front().fileWidth = static_cast<Integer>(2 * width - Below(2));
+            tiled.model.Sprites.front().fileHeight = static_cast<Integer>(2 * height - Below(2));
+        } else {
+            tiled.model.ElementScale = 1;
+        }
+        tiled.Prepare();
+        tiled.model.CamX = static_cast<Single>(Between(-60, 60));
+    }
+
+private:
+    Integer Between(int least, int most) {
+        return static_cast<Integer>(std::uniform_int_distribution<int>(least, most)(random_));
+    }
+    int Below(int end) { return Between(0, end - 1); }
+    std::size_t Index(int end) { return static_cast<std::size_t>(Below(end)); }
+
+    Integer Size() { return Below(3) == 0 ? Between(1, 40) : Between(1, 6); }
+    Long Count() { return Below(3) == 0 ? Between(0, 300) : Below(2); }
+    Long Spacing(Integer size, bool animated) {
+        const Long gap = Below(3) == 0 ? 0 : Between(-size, 7);
+        return Below(8) == 0 ? Between(-50, 300) : gap + (animated ? size : 0);
+    }
+
+    std::uint32_t Texel(int alphas) {
+        const auto color = static_cast<std::uint32_t>(random_()) & 0xFFFFFFU;
+        if (alphas == 0 || Below(3) != 0) {
+            return 0xFF000000U | color;
+        }
+        const auto alpha = static_cast<std::uint32_t>(alphas == 3 ? Below(256) : 0);
+        return alpha << 24U | color;
+    }
+
+    std::mt19937 random_;
+};
+
+std::string Described(const TiledElement& tiled) {
+    const BackgroundElement& element = tiled.model.Elements.front();
+    const SpriteEntry& sprite = tiled.model.Sprites.front();
+    const auto number = [](auto value) { return std::to_string(value) + " "; };
+    return element.type + " of " + number(sprite.width) + number(sprite.height) + "tiled " +
+           number(element.tileX) + number(element.tileY) + "spaced " +
+           number(element.tileSpacingX) + number(element.tileSpacingY) + "mask " +
+           number(element.mask) + "blending " + number(static_cast<int>(element.blending.kind)) +
+           "at " + number(element.startX) + number(element.startY) + "flip " +
+           tiled.model.Actions.front().frames.front().flip + " additions " +
+           number(tiled.options.additions) + "scale " + number(tiled.model.ElementScale);
+}
+
+// Without the byte that is nobody's; kPixels when there is none.
+std::size_t FirstDifference(const std::vector<std::uint32_t>& a,
+                            const std::vector<std::uint32_t>& b) {
+    const std::uint32_t* const pixels = a.data();
+    const std::uint32_t* const others = b.data();
+    std::size_t place = 0;
+    while (place < kPixels && ((pixels[place] ^ others[place]) & 0xFFFFFFU) == 0) {
+        ++place;
+    }
+    return place;
+}
+
+TEST(TiledPictures, AreTheSameAsCopyByCopy) {
+    RandomTiling random(1);
+    TiledElement tiled;
+    int patterns = 0;
+    const int rounds = Rounds(4000);
+    for (int round = 0; round < rounds; ++round) {
+        random.Make(tiled);
+        patterns += tiled.model.TilePatterns.empty() ? 0 : 1;
+        const std::vector<std::uint32_t> drawn = tiled.Drawn();
+        const std::vector<std::uint32_t> expected = tiled.DrawnCopyByCopy();
+        const std::size_t place = FirstDifference(drawn, expected);
+        ASSERT_EQ(place, kPixels) << "round " << round << ", " << Described(tiled) << ": "
+                                  << place % kViewWidth << "," << place / kViewWidth;
+    }
+    EXPECT_GT(patterns, rounds / 10);
+}
+
+}  // namespace
+}  // namespace scenara::test
