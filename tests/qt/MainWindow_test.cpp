@@ -114,6 +114,30 @@ TEST_F(WindowSizes, AreReportedAlsoWhereNothingChanges) {
     ExpectInside(320, 240);
 }
 
+// When it comes up it is told of before its first size, and asks for another one.
+TEST_F(WindowSizes, OfBeforeAWishAreNotReportedAfterIt) {
+    class Wishes : public RecordedEvents {
+    public:
+        explicit Wishes(MainWindow& window) : window_(window) {}
+        void Form_Activate() override { window_.Size(400, 300); }
+        void Form_Resize(Long innerWidth, Long innerHeight) override {
+            EXPECT_EQ(innerWidth, 400);
+            EXPECT_EQ(innerHeight, 300);
+        }
+
+    private:
+        MainWindow& window_;
+    };
+    MainWindow other(form);
+    Wishes wishes(other);
+    other.SetEvents(&wishes);
+    other.Show();
+    for (int i = 0; i < 10; ++i) {
+        other.DoEvents();
+    }
+    EXPECT_EQ(other.width(), 400);
+}
+
 // A Wayland compositor ends the program that takes another one.
 TEST_F(WindowSizes, OfAWindowThatIsMaximisedOrFullScreenAreNotAskedFor) {
     for (const Qt::WindowState state : {Qt::WindowMaximized, Qt::WindowFullScreen}) {

@@ -416,13 +416,17 @@ void MainWindow::Idle() {
 }
 
 // What the program does with an event may let messages through again; then the rest is handed over
-// there.
+// there. The size comes last: what it answers may have been asked for by one of the events.
 void MainWindow::HandOver() {
-    if (SizeIsToBeReported()) {
-        NoteSize();
+    if (events_ == nullptr) {
+        return;
     }
-    while (!waiting_.Empty() && events_ != nullptr) {
+    while (!waiting_.Empty()) {
         waiting_.TakeFirst()(*events_);
+    }
+    if (SizeIsToBeReported()) {
+        sizeCame_ = false;
+        events_->Form_Resize(inner_->width(), inner_->height());
     }
     Idle();
 }
@@ -431,12 +435,6 @@ void MainWindow::HandOver() {
 // controls would be laid out for a size that nobody ever sees.
 bool MainWindow::SizeIsToBeReported() const {
     return sizeCame_ && !size_.IsAwaited() && isVisible() && windowHandle()->isExposed();
-}
-
-void MainWindow::NoteSize() {
-    sizeCame_ = false;
-    const QSize inner = inner_->size();
-    Note([inner](FormEvents& events) { events.Form_Resize(inner.width(), inner.height()); });
 }
 
 WindowPlace MainWindow::Place() const {

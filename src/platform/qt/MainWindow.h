@@ -107,7 +107,6 @@ private:
     }
     void HandOver();
     [[nodiscard]] bool SizeIsToBeReported() const;
-    void NoteSize();
 
     const Form& form_;
     FormEvents* events_ = nullptr;
