@@ -38,15 +38,12 @@ double RoundToEven(double value) {
     if (!(std::abs(value) < 4503599627370496.0)) {
         return value;  // 2^52: whole already, or not a number
     }
-    const double below = std::floor(value);
-    const double above = value - below;
-    if (above < 0.5) {
-        return below;
-    }
-    if (above > 0.5) {
-        return below + 1.0;
-    }
-    return std::fmod(below, 2.0) == 0.0 ? below : below + 1.0;
+    // In whole numbers: this is asked several times for everything on screen.
+    auto below = static_cast<std::int64_t>(value);
+    below -= static_cast<double>(below) > value ? 1 : 0;
+    const double above = value - static_cast<double>(below);
+    const bool up = above > 0.5 || (above == 0.5 && below % 2 != 0);
+    return static_cast<double>(below + (up ? 1 : 0));
 }
 
 Integer ToInteger(double value) {

@@ -11,8 +11,13 @@
 
 namespace scenara {
 
-// One tick of one element; without effect when it is not animated or has no frames. Raises
-// "Subscript out of range" when its action or frame is not in its table.
+// What the frames' words and times come to, so that no tick has to look for the next frame: which
+// way each is turned round, and which one follows it.
+void ResolveFrames(StageAction& action);
+
+// One tick of one element, whose actions' frames are resolved; without effect when it is not
+// animated or has no frames. Raises "Subscript out of range" when its action or frame is not in its
+// table.
 void TickAnimation(const StageModel& model, BackgroundElement& element);
 
 }  // namespace scenara

@@ -2,15 +2,19 @@
 #include "render/Controllers.h"
 
 #include <algorithm>
-#include <string_view>
+#include <cstddef>
 #include <vector>
 
 #include "render/ModelLookup.h"
+#include "stage/RecordNumbers.h"
 
 namespace scenara {
 namespace {
 
 constexpr Long kEmptyEntry = -1;
+
+constexpr std::size_t kAcross = 0;
+constexpr std::size_t kDown = 1;
 
 bool Has(const BgCtrl& control, Byte given) {
     return (control.given & given) == given;
@@ -28,135 +32,192 @@ void AddMotion(BackgroundElement& element, std::size_t axis, Single& position, S
     element.ctrlPos.at(axis) += change;
 }
 
-void ShowAction(const StageModel& model, Integer actionIndex, BackgroundElement& element) {
-    if (element.kind != ElementKind::Animated) {
+void ForEachTarget(StageModel& model, const BgCtrl& control, auto change) {
+    for (const ElementRange range : control.targets) {
+        for (Integer at = range.first; at < range.end; ++at) {
+            const Integer index = RecordAt(model.ElementsById, at, "element");
+            change(RecordAt(model.Elements, index, "element"));
+        }
+    }
+}
+
+void SetFlag(StageModel& model, const BgCtrl& control, Byte BackgroundElement::*flag) {
+    if (Has(control, kGivenValue)) {
+        const Byte value = control.value != 0 ? 1 : 0;
+        ForEachTarget(model, control, [&](BackgroundElement& element) { element.*flag = value; });
+    }
+}
+
+// What the control was given of x and y.
+void Displace(StageModel& model, const BgCtrl& control, auto change) {
+    const bool across = Has(control, kGivenX);
+    const bool down = Has(control, kGivenY);
+    const Single x = control.x * model.ElementScale;
+    const Single y = control.y * model.ElementScale;
+    ForEachTarget(model, control, [&](BackgroundElement& element) {
+        if (across) {
+            change(element, kAcross, x);
+        }
+        if (down) {
+            change(element, kDown, y);
+        }
+    });
+}
+
+Single& Velocity(BackgroundElement& element, std::size_t axis) {
+    return axis == kAcross ? element.velocityX : element.velocityY;
+}
+
+Single& Position(BackgroundElement& element, std::size_t axis) {
+    return axis == kAcross ? element.posX : element.posY;
+}
+
+void ShowAction(StageModel& model, const BgCtrl& control) {
+    if (!Has(control, kGivenValue) || control.actionIndex == -1) {
         return;
     }
-    const StageAction& action = RecordAt(model.Actions, actionIndex, "action");
-    element.actionIndex = actionIndex;
-    element.frameIndex = 0;
-    element.frameTime = action.frames.empty() ? Integer{0} : action.frames.front().time;
+    const StageAction& action = RecordAt(model.Actions, control.actionIndex, "action");
+    const Integer time = action.frames.empty() ? Integer{0} : action.frames.front().time;
+    ForEachTarget(model, control, [&](BackgroundElement& element) {
+        if (element.kind == ElementKind::Animated) {
+            element.actionIndex = control.actionIndex;
+            element.frameIndex = 0;
+            element.frameTime = time;
+        }
+    });
 }
 
-void ApplyVelocity(const BgCtrl& control, Single scale, BackgroundElement& element, bool add) {
-    if (Has(control, kGivenX)) {
-        element.velocityX = (add ? element.velocityX : 0) + control.x * scale;
+void StartSwing(StageModel& model, const BgCtrl& control) {
+    if (!Has(control, kGivenValue1) || !Has(control, kGivenValue2)) {
+        return;
     }
-    if (Has(control, kGivenY)) {
-        element.velocityY = (add ? element.velocityY : 0) + control.y * scale;
-    }
-}
-
-void ApplyPosition(const BgCtrl& control, Single scale, BackgroundElement& element, bool add) {
-    const auto change = add ? AddMotion : SetMotion;
-    if (Has(control, kGivenX)) {
-        change(element, 0, element.posX, control.x * scale);
-    }
-    if (Has(control, kGivenY)) {
-        change(element, 1, element.posY, control.y * scale);
-    }
-}
-
-void StartSwing(const BgCtrl& control, Single scale, BackgroundElement& element, bool sideways) {
-    const auto amplitude = static_cast<Single>(control.value1) * scale;
+    const Single amplitude = static_cast<Single>(control.value1) * model.ElementScale;
     const auto period = static_cast<Single>(control.value2);
-    if (sideways) {
-        element.sinState = {amplitude, period, 0};
-        element.sinOffset[0] = 0;
-    } else {
-        element.sinYAmplitude = amplitude;
-        element.sinYPeriod = period;
-        element.sinYPhase = 0;
-        element.sinOffset[1] = 0;
+    ForEachTarget(model, control, [&](BackgroundElement& element) {
+        if (control.kind == ControlKind::SinX) {
+            element.sinState = {amplitude, period, 0};
+            element.sinOffset[0] = 0;
+        } else {
+            element.sinYAmplitude = amplitude;
+            element.sinYPeriod = period;
+            element.sinYPhase = 0;
+            element.sinOffset[1] = 0;
+        }
+    });
+}
+
+void Act(StageModel& model, const BgCtrl& control) {
+    switch (control.kind) {
+        case ControlKind::None: break;
+        case ControlKind::Visible: SetFlag(model, control, &BackgroundElement::visible); break;
+        case ControlKind::Enable: SetFlag(model, control, &BackgroundElement::enabled); break;
+        case ControlKind::VelSet:
+            Displace(model, control, [](BackgroundElement& element, std::size_t axis, Single to) {
+                Velocity(element, axis) = to;
+            });
+            break;
+        case ControlKind::VelAdd:
+            Displace(model, control, [](BackgroundElement& element, std::size_t axis, Single by) {
+                Velocity(element, axis) += by;
+            });
+            break;
+        case ControlKind::PosSet:
+            Displace(model, control, [](BackgroundElement& element, std::size_t axis, Single to) {
+                SetMotion(element, axis, Position(element, axis), to);
+            });
+            break;
+        case ControlKind::PosAdd:
+            Displace(model, control, [](BackgroundElement& element, std::size_t axis, Single by) {
+                AddMotion(element, axis, Position(element, axis), by);
+            });
+            break;
+        case ControlKind::Anim: ShowAction(model, control); break;
+        case ControlKind::SinX:
+        case ControlKind::SinY: StartSwing(model, control); break;
     }
 }
 
-// Every element with this id.
-template <typename Act>
-void ForEachWithId(StageModel& model, Long id, Act act) {
-    const auto idOf = [&](Integer index) { return RecordAt(model.Elements, index, "element").id; };
-    auto at = std::lower_bound(model.ElementsById.begin(), model.ElementsById.end(), id,
-                               [&](Integer index, Long wanted) { return idOf(index) < wanted; });
-    for (; at != model.ElementsById.end() && idOf(*at) == id; ++at) {
-        act(model.Elements[static_cast<std::size_t>(*at)]);
+bool Acts(const BgCtrl& control) {
+    const Long end = std::max(control.endTime, control.startTime);
+    return control.timer >= control.startTime && control.timer <= end;
+}
+
+// Whether the timer has begun again.
+bool Advance(Long& timer, Long loopTime) {
+    timer = Incremented(timer);
+    const bool again = loopTime > 0 && timer >= loopTime;
+    if (again) {
+        timer = 0;
     }
+    return again;
 }
 
 bool NamesElements(const std::vector<Long>& ids) {
     return std::any_of(ids.begin(), ids.end(), [](Long id) { return id != kEmptyEntry; });
 }
 
-void Act(StageModel& model, const BgCtrlDef& group, const BgCtrl& control) {
-    // Looked up once, however many elements there are.
-    const Integer action = control.type == "anim" ? FindAction(model, control.value) : Integer{-1};
-    const auto apply = [&](BackgroundElement& element) {
-        ApplyControl(model, control, action, element);
-    };
+// The elements with this id.
+ElementRange WithId(const StageModel& model, Long id) {
+    const auto idOf = [&](Integer index) { return RecordAt(model.Elements, index, "element").id; };
+    const auto begin = model.ElementsById.begin();
+    const auto first =
+        std::lower_bound(begin, model.ElementsById.end(), id,
+                         [&](Integer index, Long wanted) { return idOf(index) < wanted; });
+    const auto last =
+        std::upper_bound(first, model.ElementsById.end(), id,
+                         [&](Long wanted, Integer index) { return wanted < idOf(index); });
+    return {static_cast<Integer>(first - begin), static_cast<Integer>(last - begin)};
+}
+
+// Which ranges does not depend on what is in them: there is room for them after the first time.
+void ResolveTargets(const StageModel& model, const BgCtrlDef& group, BgCtrl& control) {
     const std::vector<Long>& ids = NamesElements(control.ctrlIds) ? control.ctrlIds : group.ctrlIds;
+    control.targets.clear();
+    control.targets.reserve(std::max<std::size_t>(1, ids.size()));
     if (!NamesElements(ids)) {
-        std::for_each(model.Elements.begin(), model.Elements.end(), apply);
+        control.targets.push_back({0, static_cast<Integer>(model.ElementsById.size())});
         return;
     }
     for (auto id = ids.begin(); id != ids.end(); ++id) {
         // An id that stands in the list twice still acts once.
         if (*id != kEmptyEntry && std::find(ids.begin(), id, *id) == id) {
-            ForEachWithId(model, *id, apply);
+            control.targets.push_back(WithId(model, *id));
         }
-    }
-}
-
-void TickControl(StageModel& model, const BgCtrlDef& group, BgCtrl& control) {
-    const Long end = std::max(control.endTime, control.startTime);
-    if (control.timer >= control.startTime && control.timer <= end) {
-        Act(model, group, control);
-    }
-    control.timer = Incremented(control.timer);
-    if (control.loopTime > 0 && control.timer >= control.loopTime) {
-        control.timer = 0;
     }
 }
 
 }  // namespace
 
-void ApplyControl(const StageModel& model, const BgCtrl& control, Integer actionIndex,
-                  BackgroundElement& element) {
-    const std::string_view type = control.type;
-    const Single scale = model.ElementScale;
-    if (type == "visible") {
-        if (Has(control, kGivenValue)) {
-            element.visible = control.value != 0 ? 1 : 0;
-        }
-    } else if (type == "enable") {
-        if (Has(control, kGivenValue)) {
-            element.enabled = control.value != 0 ? 1 : 0;
-        }
-    } else if (type == "velset") {
-        ApplyVelocity(control, scale, element, false);
-    } else if (type == "veladd") {
-        ApplyVelocity(control, scale, element, true);
-    } else if (type == "posset") {
-        ApplyPosition(control, scale, element, false);
-    } else if (type == "posadd") {
-        ApplyPosition(control, scale, element, true);
-    } else if (type == "anim") {
-        if (Has(control, kGivenValue) && actionIndex != -1) {
-            ShowAction(model, actionIndex, element);
-        }
-    } else if (type == "sinx" || type == "siny") {
-        if (Has(control, kGivenValue1) && Has(control, kGivenValue2)) {
-            StartSwing(control, scale, element, type == "sinx");
+void ResolveControls(StageModel& model) {
+    const ActionNumbers actions(model);
+    for (BgCtrlDef& group : model.CtrlDefs) {
+        for (BgCtrl& control : group.controls) {
+            control.kind = ControlKindOf(control.type);
+            control.actionIndex =
+                control.kind == ControlKind::Anim ? actions.Find(control.value) : Integer{-1};
         }
     }
 }
 
-void RunControllers(StageModel& model) {
+void ResolveTargets(StageModel& model) {
     for (BgCtrlDef& group : model.CtrlDefs) {
         for (BgCtrl& control : group.controls) {
-            TickControl(model, group, control);
+            ResolveTargets(model, group, control);
         }
-        group.timer = Incremented(group.timer);
-        if (group.looptime > 0 && group.timer >= group.looptime) {
-            group.timer = 0;
+    }
+}
+
+void RunControllers(StageModel& model, PassWatch* watch) {
+    bool goesOn = true;
+    for (BgCtrlDef& group : model.CtrlDefs) {
+        for (BgCtrl& control : group.controls) {
+            if (goesOn && Acts(control)) {
+                Act(model, control);
+                goesOn = watch == nullptr || watch->GoesOn();
+            }
+            Advance(control.timer, control.loopTime);
+        }
+        if (Advance(group.timer, group.looptime)) {
             for (BgCtrl& control : group.controls) {
                 control.timer = 0;
             }

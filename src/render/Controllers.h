@@ -11,18 +11,23 @@
 // Several elements may carry one id. Hidden and disabled elements are acted on, too.
 #pragma once
 
+#include "render/PassWatch.h"
 #include "stage/StageModel.h"
 
 namespace scenara {
 
-// One tick of all groups. Expects ElementsById to be in order.
-void RunControllers(StageModel& model);
+// What the words and numbers of all controls come to, so that no tick has to search: what they do,
+// and the action that an "anim" control names.
+void ResolveControls(StageModel& model);
 
-// What one control does to one element; `actionIndex` is where the action stands that an "anim"
-// control names, -1 when there is none. A value that the control was not given leaves things as
-// they are; one that needs a value which is missing does nothing, and so does a type that is none
-// of the known words.
-void ApplyControl(const StageModel& model, const BgCtrl& control, Integer actionIndex,
-                  BackgroundElement& element);
+// On which elements they act. Expects ElementsById to be in order, and is called again after it has
+// changed; only the first time anything is allocated, as long as lists of ids stay as they are.
+void ResolveTargets(StageModel& model);
+
+// One tick of all groups, whose controls and targets are resolved. A value that a control was not
+// given leaves things as they are; one that needs a value which is missing does nothing, and so
+// does a type that is none of the known words. Once `watch` has given the frame up no control acts
+// any more in this tick.
+void RunControllers(StageModel& model, PassWatch* watch = nullptr);
 
 }  // namespace scenara

@@ -80,7 +80,9 @@ public:
           visitor_(visitor),
           sprite_(RecordAt(model.Sprites, picture.slot, "sprite")),
           tiles_(model, element, picture, options.additions),
-          window_(ElementWindow::Of(element, model.CamX, model.CamY)) {
+          window_(ElementWindow::Of(element, model.CamX, model.CamY)),
+          x_(WholePixel(static_cast<double>(picture.x), model.ElementScale)),
+          y_(WholePixel(static_cast<double>(picture.y), model.ElementScale)) {
         if (const auto key = PatternFor(model, element, picture, mixing, options.additions)) {
             pattern_ = FindPattern(model, *key);
         }
@@ -90,8 +92,8 @@ public:
 
 private:
     void ShowTiles() {
-        const Axis across(tiles_.across, picture_.x, window_.columns, mixing_);
-        const Axis down(tiles_.down, picture_.y, window_.rows, mixing_);
+        const Axis across(tiles_.across, x_, window_.columns, mixing_);
+        const Axis down(tiles_.down, y_, window_.rows, mixing_);
         if (across.copies.count == 0 || down.copies.count == 0) {
             return;
         }
@@ -104,8 +106,8 @@ private:
         if (mixing_ != Mixing::Solid) {
             const Depths depths = AllowedDepths(DepthOf(tiles_.across, across.copies),
                                                 DepthOf(tiles_.down, down.copies));
-            ThinOut(columns, across, picture_.x, window_.columns, depths.x);
-            ThinOut(rows, down, picture_.y, window_.rows, depths.y);
+            ThinOut(columns, across, x_, window_.columns, depths.x);
+            ThinOut(rows, down, y_, window_.rows, depths.y);
         }
         for (std::int64_t i = 0; i < rows.at.count; ++i) {
             ShowAcross(columns, rows.at.At(i), rows.LengthOf(i), 0);
@@ -117,13 +119,13 @@ private:
             options_.additions && options_.deform ? RowStretch(element_, model_.CamY) : 1;
         const std::int64_t height = sprite_.height;
         const std::int64_t shown = StretchedRows(height, stretch);
-        const std::int64_t from = std::max<std::int64_t>(0, window_.rows.from - picture_.y);
-        const std::int64_t to = std::min(shown, window_.rows.to - picture_.y);
+        const std::int64_t from = std::max<std::int64_t>(0, window_.rows.from - y_);
+        const std::int64_t to = std::min(shown, window_.rows.to - y_);
         for (std::int64_t row = from; row < to; ++row) {
             const std::int64_t source = SourceRow(row, stretch);
-            const std::int64_t x = RowPosition(element_, picture_.drawX, model_.CamX, source,
-                                               height, model_.ElementScale);
-            ShowRow(x, picture_.y + row, source);
+            const std::int64_t x =
+                RowPosition(element_, picture_.x, model_.CamX, source, height, model_.ElementScale);
+            ShowRow(x, y_ + row, source);
         }
     }
 
@@ -204,6 +206,8 @@ private:
     const SpriteEntry& sprite_;
     ElementTiles tiles_;
     ElementWindow window_;
+    std::int64_t x_;
+    std::int64_t y_;
     const TilePattern* pattern_ = nullptr;
 };
 

@@ -12,6 +12,7 @@
 
 #include "render/ElementPlacement.h"
 #include "render/Mixing.h"
+#include "render/ModelLookup.h"
 #include "render/SpriteQuad.h"
 #include "stage/StageModel.h"
 
@@ -37,6 +38,22 @@ public:
     // pixels.
     virtual void ShowPattern(const TilePattern& pattern, const SpriteQuad& quad) = 0;
 };
+
+// False for a still picture that is nowhere near the view: cheap to know, for there may be
+// thousands of these. Raises "Subscript out of range" when its sprite is not in its table.
+[[nodiscard]] inline bool MayBeSeen(const StageModel& model, const BackgroundElement& element) {
+    if (element.kind != ElementKind::Still || element.tileX != 0 || element.tileY != 0) {
+        return true;
+    }
+    const SpriteEntry& sprite = RecordAt(model.Sprites, element.spriteIndex, "sprite");
+    const Displacement displacement(element);
+    // Rounding moves a picture by less than a pixel.
+    const auto touches = [](double position, Integer size, std::int32_t view) {
+        return position < view + 1 && position + size > -1;
+    };
+    return touches(static_cast<double>(element.posX) + displacement.x, sprite.width, kViewWidth) &&
+           touches(static_cast<double>(element.posY) + displacement.y, sprite.height, kViewHeight);
+}
 
 // Frames that are mirrored left to right are shown once, whatever the tiling; parallax pictures are
 // tiled across only. Nothing is allocated. Raises "Subscript out of range" when the picture's

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "render/ElementPlacement.h"
 
-#include <array>
 #include <cmath>
 
 #include "render/ModelLookup.h"
@@ -13,14 +12,6 @@ struct Offset {
     double x = 0;
     double y = 0;
 };
-
-// Swing and motion: of a linked element those of its parent.
-Offset Displacement(const BackgroundElement& element) {
-    const std::array<Single, 2>& swing =
-        element.linkParent == -1 ? element.sinOffset : element.linkSin;
-    return {static_cast<double>(swing[0]) + static_cast<double>(element.ctrlOffset[0]),
-            static_cast<double>(swing[1]) + static_cast<double>(element.ctrlOffset[1])};
-}
 
 // From the axis point to the picture's upper left corner.
 Offset FromAxis(const StageFrame& frame, const SpriteEntry& sprite, double scale,
@@ -38,18 +29,13 @@ Long WholePixel(double position, Single elementScale) {
     return ToLong(elementScale == 1 ? position : std::floor(position + 0.5));
 }
 
-bool HasPictures(const StageModel& model, const BackgroundElement& element) {
-    return element.kind == ElementKind::Animated ? ActionOf(model, element) != nullptr
-                                                 : element.spriteIndex != -1;
-}
-
 std::optional<PlacedPicture> PlaceElement(const StageModel& model, const BackgroundElement& element,
                                           bool additions) {
-    PlacedPicture picture;
-    Offset offset = Displacement(element);
     if (element.kind == ElementKind::Dummy || !HasPictures(model, element)) {
         return std::nullopt;
     }
+    PlacedPicture picture;
+    Displacement offset(element);
     if (element.kind == ElementKind::Animated) {
         const StageFrame& frame =
             RecordAt(ActionOf(model, element)->frames, element.frameIndex, "frame");
@@ -59,9 +45,9 @@ std::optional<PlacedPicture> PlaceElement(const StageModel& model, const Backgro
         }
         const SpriteEntry& sprite = RecordAt(model.Sprites, picture.slot, "sprite");
         picture.mirrored =
-            frame.flip == "h" || (additions && (frame.flip == "hv" || frame.flip == "vh"));
+            frame.flips == FrameFlip::Across || (additions && frame.flips == FrameFlip::Both);
         picture.flipped =
-            additions && (frame.flip == "v" || frame.flip == "hv" || frame.flip == "vh");
+            additions && (frame.flips == FrameFlip::Down || frame.flips == FrameFlip::Both);
         const Offset fromAxis =
             FromAxis(frame, sprite, static_cast<double>(model.ElementScale), picture, additions);
         offset.x += fromAxis.x;
@@ -70,14 +56,12 @@ std::optional<PlacedPicture> PlaceElement(const StageModel& model, const Backgro
         picture.slot = element.spriteIndex;
         static_cast<void>(RecordAt(model.Sprites, picture.slot, "sprite"));
     }
-    picture.drawX = static_cast<Single>(static_cast<double>(element.posX) + offset.x);
-    const auto drawY = static_cast<Single>(static_cast<double>(element.posY) + offset.y);
+    picture.x = static_cast<Single>(static_cast<double>(element.posX) + offset.x);
+    picture.y = static_cast<Single>(static_cast<double>(element.posY) + offset.y);
     // Written so that what is no number is out of range, too.
-    if (!(std::fabs(picture.drawX) <= kFarthest && std::fabs(drawY) <= kFarthest)) {
+    if (!(std::fabs(picture.x) <= kFarthest && std::fabs(picture.y) <= kFarthest)) {
         return std::nullopt;
     }
-    picture.x = WholePixel(static_cast<double>(picture.drawX), model.ElementScale);
-    picture.y = WholePixel(static_cast<double>(drawY), model.ElementScale);
     return picture;
 }
 

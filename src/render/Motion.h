@@ -22,6 +22,17 @@ void NoteLinks(StageModel& model);
 // period (Swing.ReturnsToTheMiddleAfterTwiceThePeriod).
 void MoveDrawn(BackgroundElement& element);
 
+// Whether there is any of it. (A swing that has ended stays where it stands.)
+[[nodiscard]] inline bool Moves(const BackgroundElement& element) {
+    return element.velocityX != 0 || element.velocityY != 0 || element.sinState[0] != 0 ||
+           element.sinYAmplitude != 0;
+}
+
+// Whether the camera has moved since the last pass, which is when elements follow it.
+[[nodiscard]] inline bool HasMoved(const StageModel& model, const Camera& camera) {
+    return camera.previousX - model.CamX != 0 || camera.previousY - model.CamY != 0;
+}
+
 // Follows the camera since the last pass. Deliberate: by the camera's step and not by the distance
 // it moved (ParallaxStep.UsesTheStepAndNotTheDistance). Where a figure leads the camera, by the
 // distance: the figure's place knows no other, and its feet must not slide. x is stored negated and

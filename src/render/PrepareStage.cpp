@@ -6,6 +6,8 @@
 #include <numeric>
 #include <optional>
 
+#include "render/AnimationClock.h"
+#include "render/Controllers.h"
 #include "render/ModelLookup.h"
 
 namespace scenara {
@@ -48,9 +50,14 @@ Start StartOf(const StageModel& model, const BackgroundElement& element) {
             static_cast<double>(parent.startY) + element.startY};
 }
 
-void ResolveKinds(StageModel& model) {
+// What the words of the file come to.
+void ResolveWords(StageModel& model) {
     for (BackgroundElement& element : model.Elements) {
         element.kind = KindOf(element.type);
+    }
+    ResolveControls(model);
+    for (StageAction& action : model.Actions) {
+        ResolveFrames(action);
     }
 }
 
@@ -183,6 +190,7 @@ void OrderElementsById(StageModel& model) {
                          return model.Elements[static_cast<std::size_t>(a)].id <
                                 model.Elements[static_cast<std::size_t>(b)].id;
                      });
+    ResolveTargets(model);
 }
 
 void ResolveZOffsetLink(StageModel& model) {
@@ -213,7 +221,7 @@ void RaiseUpperBound(StageModel& model) {
 }
 
 void PrepareElements(StageModel& model, const ViewOptions& options) {
-    ResolveKinds(model);
+    ResolveWords(model);
     ResolveLinks(model);
     for (BackgroundElement& element : model.Elements) {
         Place(model, element);

@@ -31,7 +31,8 @@ void PrepareElements(StageModel& model, const ViewOptions& options);
 
 // The single steps of PrepareElements that stand for themselves.
 
-// ElementsById anew: for elements that were put into the list, or taken out, or moved in it.
+// ElementsById anew, and what controllers act on by it: for elements that were put into the list,
+// or taken out, or moved in it.
 void OrderElementsById(StageModel& model);
 
 // ZOffsetLink becomes the index of the first element with that id, -1 when there is none.

@@ -4,6 +4,7 @@
 #include "render/AnimationClock.h"
 #include "render/Controllers.h"
 #include "render/ElementDrawing.h"
+#include "render/ElementPieces.h"
 #include "render/ElementPlacement.h"
 #include "render/Motion.h"
 
@@ -14,12 +15,17 @@ bool BelongsToPass(Integer layerno, bool frontLayer) {
 }
 
 void TileEngine::DrawBackground() {
+    const bool follow = HasMoved(model_, camera_);
     for (BackgroundElement& element : model_.Elements) {
         if (TakesPart(element)) {
             Draw(element);
-            MoveDrawn(element);
+            if (Moves(element)) {
+                MoveDrawn(element);
+            }
         }
-        FollowCamera(model_, camera_, element);
+        if (follow) {
+            FollowCamera(model_, camera_, element);
+        }
     }
     camera_.previousX = model_.CamX;
     camera_.previousY = model_.CamY;
@@ -38,9 +44,11 @@ void TileEngine::DrawAgain() {
 }
 
 void TileEngine::TickStage() {
-    RunControllers(model_);
+    RunControllers(model_, watch_);
     for (BackgroundElement& element : model_.Elements) {
-        TickAnimation(model_, element);
+        if (element.kind == ElementKind::Animated) {
+            TickAnimation(model_, element);
+        }
     }
     NoteLinks(model_);
 }
@@ -53,7 +61,7 @@ bool TileEngine::TakesPart(const BackgroundElement& element) const {
 }
 
 void TileEngine::Draw(const BackgroundElement& element) {
-    if (GoesOn()) {
+    if (MayBeSeen(model_, element) && GoesOn()) {
         DrawElement(engine_, model_, element, {options_.Additions, flags_.Deform != 0});
     }
 }

@@ -91,8 +91,8 @@ private:
     void ListActionsOfControls() {
         for (const BgCtrlDef& group : model_.CtrlDefs) {
             for (const BgCtrl& control : group.controls) {
-                if (control.type == "anim") {
-                    actions_.push_back(FindAction(model_, control.value));
+                if (control.kind == ControlKind::Anim) {
+                    actions_.push_back(control.actionIndex);
                 }
             }
         }

@@ -23,55 +23,65 @@
 #include "base/Integers.h"
 #include "platform/Direct3D8.h"
 #include "stage/Blending.h"
+#include "stage/ControlKind.h"
 #include "stage/ElementKind.h"
+#include "stage/FrameFlip.h"
 
 namespace scenara {
 
 inline constexpr std::size_t kMaxRecords = std::numeric_limits<Integer>::max();
 
+inline constexpr std::size_t kCacheLine = 64;
+
 // One [BG ...] section.
-struct BackgroundElement {
+struct alignas(kCacheLine) BackgroundElement {
+    // What a frame looks at of an element that is not seen, of which there may be thousands: one
+    // line of the cache.
+    ElementKind kind = ElementKind::Still;  // runtime: what type comes to
+    Byte visible = 0;                       // runtime: 1 = drawn
+    Byte enabled = 0;                       // runtime: 1 = drawn and animated
+    Byte windowActive = 0;                  // 1 = all four values were given, so the window holds
+    Integer layerno = 0;                    // 0 = behind the characters, 1 = in front
+    Integer spriteIndex = 0;  // into Sprites; -1 = no picture, -2 = pictures of an action
+    Integer linkParent = 0;   // runtime: the index of the element that it is linked to
+    Integer actionIndex = 0;  // into Actions for "anim"; else the number as the file has it
+    Single posX = 0;          // runtime: where it is drawn now
+    Single posY = 0;
+    Single velocityX = 0;  // drift per frame
+    Single velocityY = 0;
+    Long tileX = 0;  // 0 = one picture, 1 = without end, n = n pictures
+    Long tileY = 0;
+    std::array<Single, 2> sinOffset{};   // runtime: where the swing stands now
+    std::array<Single, 2> ctrlOffset{};  // runtime: offsets by its link
+    Single sinYAmplitude = 0;
+    std::array<Single, 3> sinState{};  // runtime: sideways swing (amplitude, period, time)
+
+    Single sinYPeriod = 0;            // ticks of half a swing
+    Single sinYPhase = 0;             // runtime: counted up from the file's value, the swing's time
+    Integer frameIndex = 0;           // runtime: the action's frame on screen
+    Integer frameTime = 0;            // runtime: ticks that are left of it
+    Integer positionlink = 0;         // not 0: stands relative to the last element without it
+    std::array<Single, 2> linkSin{};  // runtime: of a linked element: where its parent's stands
+    std::array<Single, 4> ctrlPos{};  // runtime: 0 and 1: motion that is not the camera's
+    Single deltaX = 1.0F;             // how far it moves per unit of the camera
+    Single deltaY = 1.0F;
     std::string type;      // "normal", "parallax", "anim", "dummy"; plainly any word
     Integer mask = 0;      // 1 = colour 0 is transparent
     Long spriteGroup = 0;  // the picture, by its numbers in the archive
     Integer spriteImage = 0;
     Long startX = 0;  // where the element's axis point stands, from the middle of the view
     Long startY = 0;
-    Single posX = 0;  // runtime: where it is drawn now
-    Single posY = 0;
-    Single deltaX = 1.0F;  // how far it moves per unit of the camera
-    Single deltaY = 1.0F;
-    Long tileX = 0;  // 0 = one picture, 1 = without end, n = n pictures
-    Long tileY = 0;
     Long tileSpacingX = 0;
     Long tileSpacingY = 0;
-    Single velocityX = 0;  // drift per frame
-    Single velocityY = 0;
-    Integer actionIndex = 0;    // into Actions for "anim"; else the number as the file has it
-    Integer spriteIndex = 0;    // into Sprites; -1 = no picture, -2 = pictures of an action
-    Integer layerno = 0;        // 0 = behind the characters, 1 = in front
     Integer lastTileIndex = 0;  // runtime
-    Integer frameIndex = 0;     // runtime: the action's frame on screen
-    Integer frameTime = 0;      // runtime: ticks that are left of it
     std::string name;           // of the section header; "No name"
-    Integer positionlink = 0;   // not 0: stands relative to the last element without it
-    Integer linkParent = 0;     // runtime: the index of that element
-    std::array<Single, 3> sinState{};  // runtime: sideways swing (amplitude, period, time)
-    Single sinYAmplitude = 0;
-    Single sinYPeriod = 0;  // ticks of half a swing
-    Single sinYPhase = 0;   // runtime: counted up from the file's value, the swing's time
-    std::array<Single, 2> ctrlOffset{};  // runtime: offsets by its link
-    Byte visible = 0;                    // runtime: 1 = drawn
-    Byte enabled = 0;                    // runtime: 1 = drawn and animated
-    std::string trans;                   // blending, as the file has it
-    std::array<Single, 4> ctrlPos{};     // runtime: 0 and 1: motion that is not the camera's
-    Long id = 0;                         // by which controllers name it
-    Single windowX1 = 0;                 // drawn inside of this rectangle only, in view pixels
+    std::string trans;          // blending, as the file has it
+    Long id = 0;                // by which controllers name it
+    Single windowX1 = 0;        // drawn inside of this rectangle only, in view pixels
     Single windowX2 = 0;
     Single windowY1 = 0;
     Single windowY2 = 0;
-    Byte windowActive = 0;  // 1 = all four values were given, so the window holds
-    Single xscaleTop = 0;   // parallax: relative speed of the top row
+    Single xscaleTop = 0;  // parallax: relative speed of the top row
     Single xscaleBottom = 0;
 
     // Additions.
@@ -84,16 +94,15 @@ struct BackgroundElement {
         100;                 // parallax: percent of its height that it has lost at the ground view
     Single yscaleDelta = 0;  // and per unit of the camera's height
 
-    // The drawing's own, and no part of a stage as written out.
-    ElementKind kind = ElementKind::Still;        // what type comes to; set by the start-up
-    std::array<Single, 2> sinOffset{};            // where the swing stands now
-    std::array<Single, 2> linkSin{};              // of a linked element: where its parent's stands
-    std::array<Single, 2> deltaRead{1.0F, 1.0F};  // as the file has it, neither scaled nor linked
+    // As the file has it, neither scaled nor linked; no part of a stage as written out.
+    std::array<Single, 2> deltaRead{1.0F, 1.0F};
 
     // Additions.
     Byte alphaDestinationGiven = 0;  // 1 = alphaDestination is the file's
     Byte framesBlend = 1;            // 0 = what trans says holds for every frame, none too
 };
+static_assert(offsetof(BackgroundElement, sinYPeriod) - 2 * sizeof(Single) <= kCacheLine,
+              "up to the amplitude of the sideways swing");
 
 // One subfile of the sprite archive, with its picture as a texture.
 struct SpriteEntry {
@@ -148,6 +157,10 @@ struct StageFrame {
     std::string flip;  // the sixth value as the file has it; "h" = mirrored
 
     Blending blending;  // addition: of this frame alone, for elements that leave it to the frames
+
+    // What the start-up makes of the above, and no part of a stage as written out.
+    FrameFlip flips = FrameFlip::None;
+    Integer next = 0;  // the frame that follows, past those that take no time
 };
 
 // One [Begin Action n] block.
@@ -165,6 +178,12 @@ inline constexpr Byte kGivenValue = 4;
 inline constexpr Byte kGivenValue1 = 8;
 inline constexpr Byte kGivenValue2 = 16;
 
+// Elements that stand one after the other in ElementsById, from `first` to before `end`.
+struct ElementRange {
+    Integer first = 0;
+    Integer end = 0;
+};
+
 // One [BGCtrl ...] section.
 struct BgCtrl {
     std::string type;    // "null", "visible", "enable", "velset", "veladd", "posset", "posadd",
@@ -180,6 +199,11 @@ struct BgCtrl {
     Byte given = 0;      // kGiven... bits
     Integer value1 = 0;  // of "sinx" and "siny": amplitude
     Integer value2 = 0;  // and period
+
+    // What the start-up makes of the above, and no part of a stage as written out.
+    ControlKind kind = ControlKind::None;
+    Integer actionIndex = -1;           // of "anim"; into Actions, -1 = there is none
+    std::vector<ElementRange> targets;  // on which it acts
 };
 
 // One [BGCtrlDef ...] section with the controls behind it.
@@ -241,11 +265,5 @@ struct StageModel {  // NOLINT(clang-analyzer-optin.performance.Padding)
     // Releases every texture, empties the tables, and puts every setting back to its start.
     void Clear();
 };
-
-// The first entry with this group and image, -1 when there is none.
-[[nodiscard]] Integer FindSprite(const StageModel& model, Long group, Integer image);
-
-// The first action of this number, -1 when there is none.
-[[nodiscard]] Integer FindAction(const StageModel& model, Integer actionNo);
 
 }  // namespace scenara

@@ -4,7 +4,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "base/NumberText.h"
 #include "editor/EditedStage.h"
+#include "render/Controllers.h"
 #include "render/ExpectError.h"
 
 namespace scenara {
@@ -25,7 +27,7 @@ protected:
         const Integer square = stage.build.Sprite("square", 10, 10, 0, 0);
         Long id = 10;
         for (const char* name : {"a", "b", "c", "d", "e", "f"}) {
-            stage.Named(name, square, 0, 0).id = id;
+            stage.Named(name, square, 160, 60).id = id;
             id += 10;
         }
         stage.Element(3).id = 20;
@@ -52,6 +54,32 @@ protected:
 
     EditedStage stage;
 };
+
+// Controllers act as if the stage had been started with the list as it is now.
+TEST_F(ListMoves, LeaveControllersWhatTheyActOn) {
+    WithX(During(AddControl(stage.build.Group(0, {20}), "veladd"), 0, 100), 1);
+    WithX(During(AddControl(stage.build.Group(0, {60, 10}), "veladd"), 0, 100), 10);
+    WithX(During(AddControl(stage.build.Group(), "veladd"), 0, 100), 100);
+    stage.Start();
+    const auto velocities = [this] {
+        for (BackgroundElement& element : stage.model.Elements) {
+            element.velocityX = 0;
+        }
+        RunControllers(stage.model);
+        std::string text;
+        for (const BackgroundElement& element : stage.model.Elements) {
+            text.append(element.name).append(NumberText(element.velocityX)).append(" ");
+        }
+        return text;
+    };
+    EXPECT_EQ(velocities(), "a110 b101 c100 d101 e100 f110 ");
+    SwapElements(stage.model, 0, 1);
+    EXPECT_EQ(velocities(), "b101 a110 c100 d101 e100 f110 ");
+    DeleteElement(stage.model, 1);
+    EXPECT_EQ(velocities(), "b101 c100 d101 e100 f110 ");
+    CloneElement(stage.model, 4);
+    EXPECT_EQ(velocities(), "b101 c100 d101 e100 f110 f110 ");
+}
 
 using Swap = ListMoves;
 
@@ -145,6 +173,7 @@ TEST_F(DeleteOne, TheGroundFollowsNothingThen) {
 TEST_F(DeleteOne, ControllersOfItsIdActOnTheOthersOnly) {
     BgCtrlDef& group = stage.build.Group(0, {20});
     WithX(During(AddControl(group, "posadd"), 0, 100), 1);
+    stage.Start();
     DeleteElement(stage.model, 1);  // b; d has the same id
     const Single a = Called("a").posX;
     const Single d = Called("d").posX;

@@ -141,6 +141,8 @@ private:
         if (!picture) {
             return;
         }
+        const Long left = WholePixel(static_cast<double>(picture->x), model.ElementScale);
+        const Long top = WholePixel(static_cast<double>(picture->y), model.ElementScale);
         const SpriteEntry& sprite = model.Sprites.front();
         const Blending blending = BlendingInForce(model, element, options.additions);
         const bool blended = blending.kind != BlendKind::None;
@@ -171,16 +173,16 @@ private:
         };
         if (element.kind == ElementKind::Parallax) {
             for (std::int64_t row = 0; row < sprite.height; ++row) {
-                const std::int64_t x = RowPosition(element, picture->drawX, model.CamX, row,
+                const std::int64_t x = RowPosition(element, picture->x, model.CamX, row,
                                                    sprite.height, model.ElementScale);
-                across(x, picture->y + row, 1, row);
+                across(x, top + row, 1, row);
             }
         } else {
             const Long count = picture->mirrored ? 0 : element.tileY;
             for (const std::int64_t at :
                  Positions(count, StepOf(element.tileSpacingY, sprite.height, sprite.fileHeight),
-                           sprite.height, animated, options.additions, picture->y, window.rows)) {
-                across(picture->x, at, sprite.height, 0);
+                           sprite.height, animated, options.additions, top, window.rows)) {
+                across(left, at, sprite.height, 0);
             }
         }
         if (blended) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "render/AnimationClock.h"
 
+#include <random>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -136,6 +137,40 @@ TEST(AnimationClock, ALoopOfFramesOfTime0BehindFramesThatAreShownEndsToo) {
     EXPECT_EQ(shown[1], 0);
     for (std::size_t i = 2; i < shown.size(); ++i) {
         EXPECT_NE(shown[i], 0) << i;
+    }
+}
+
+// Frame by frame past those that take no time, once round at most.
+Integer NextByWalking(const StageAction& action, std::size_t from) {
+    const std::size_t count = action.frames.size();
+    const auto loop = static_cast<std::size_t>(action.loopstart);
+    std::size_t at = from;
+    for (std::size_t steps = 0; steps < count; ++steps) {
+        at = at + 1 < count ? at + 1 : (action.loopstart >= 0 && loop < count ? loop : 0);
+        if (action.frames[at].time != 0) {
+            break;
+        }
+    }
+    return static_cast<Integer>(at);
+}
+
+TEST(AnimationClock, TheNextFrameIsThatOfAWalkThroughTheAction) {
+    std::mt19937 random(11);
+    const auto upTo = [&](int most) {
+        return static_cast<int>(random() % (static_cast<unsigned>(most) + 1U));
+    };
+    for (int round = 0; round < 20000; ++round) {
+        StageAction action;
+        action.frames.resize(static_cast<std::size_t>(1 + upTo(6)));
+        action.loopstart = static_cast<Integer>(upTo(8) - 1);
+        const int timed = upTo(3);  // of three frames
+        for (StageFrame& frame : action.frames) {
+            frame.time = static_cast<Integer>(upTo(2) < timed ? upTo(3) - 1 : 0);
+        }
+        ResolveFrames(action);
+        for (std::size_t i = 0; i < action.frames.size(); ++i) {
+            ASSERT_EQ(action.frames[i].next, NextByWalking(action, i)) << round << ", frame " << i;
+        }
     }
 }
 

@@ -95,7 +95,7 @@ TEST(BusyFrame, AllocatesNothing) {
     const std::size_t after = AllocationCount();
 
     EXPECT_EQ(after, before);
-    EXPECT_GT(player.record.DrawnCount(), 200U * 20);
+    EXPECT_GT(player.record.DrawnCount(), 200U * 15);
 }
 
 }  // namespace

@@ -31,8 +31,8 @@ protected:
         const auto picture = PlaceElement(model, element, false);
         ASSERT_TRUE(picture.has_value());
         EXPECT_EQ(picture->slot, slot);
-        EXPECT_EQ(picture->x, x);
-        EXPECT_EQ(picture->y, y);
+        EXPECT_EQ(WholePixel(static_cast<double>(picture->x), model.ElementScale), x);
+        EXPECT_EQ(WholePixel(static_cast<double>(picture->y), model.ElementScale), y);
         EXPECT_EQ(picture->mirrored, mirrored);
     }
 

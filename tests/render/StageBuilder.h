@@ -10,6 +10,7 @@
 #include <utility>
 #include <vector>
 
+#include "render/AnimationClock.h"
 #include "render/RecordingMachine.h"
 #include "stage/StageModel.h"
 
@@ -68,6 +69,7 @@ public:
         action.frameCount = static_cast<Integer>(lines.size());
         action.loopstart = loopstart;
         action.actionNo = actionNo;
+        ResolveFrames(action);
         model_.Actions.push_back(std::move(action));
         return model_.ActionCount++;
     }

@@ -218,7 +218,14 @@ TEST(ResolveSprites, FindsWhatASearchFinds) {
     }
     ResolveSprites(model);
     for (const BackgroundElement& element : model.Elements) {
-        EXPECT_EQ(element.spriteIndex, FindSprite(model, element.spriteGroup, element.spriteImage));
+        Integer found = -1;
+        for (Integer i = 299; i >= 0; --i) {
+            const SpriteEntry& sprite = model.Sprites[static_cast<std::size_t>(i)];
+            found = sprite.group == element.spriteGroup && sprite.image == element.spriteImage
+                        ? i
+                        : found;
+        }
+        EXPECT_EQ(element.spriteIndex, found);
     }
 }
 

@@ -102,13 +102,15 @@ std::size_t Listed() {
 
 TEST(ModelFields, EveryFieldIsListed) {
     constexpr std::size_t kTexture = 1;
+    constexpr std::size_t kOfFrames = 2;  // what the start-up makes of the others
+    constexpr std::size_t kOfControls = 3;
     constexpr std::size_t kTables = 5;  // one of them is of pictures alone
     EXPECT_EQ(Listed<const Blending>(), FieldCount<Blending>());
     EXPECT_EQ(Listed<const BackgroundElement>(), FieldCount<BackgroundElement>());
     EXPECT_EQ(Listed<const SpriteEntry>() + kTexture, FieldCount<SpriteEntry>());
-    EXPECT_EQ(Listed<const StageFrame>(), FieldCount<StageFrame>());
+    EXPECT_EQ(Listed<const StageFrame>() + kOfFrames, FieldCount<StageFrame>());
     EXPECT_EQ(Listed<const StageAction>(), FieldCount<StageAction>());
-    EXPECT_EQ(Listed<const BgCtrl>(), FieldCount<BgCtrl>());
+    EXPECT_EQ(Listed<const BgCtrl>() + kOfControls, FieldCount<BgCtrl>());
     EXPECT_EQ(Listed<const BgCtrlDef>(), FieldCount<BgCtrlDef>());
     EXPECT_EQ(Listed<const StageModel>() + kTables, FieldCount<StageModel>());
 }
@@ -185,38 +187,6 @@ TEST(StageModel, ClearReleasesEveryTexture) {
     EXPECT_EQ(texture.use_count(), 3);
     model.Clear();
     EXPECT_EQ(texture.use_count(), 1);
-}
-
-TEST(StageModel, FindSpriteGivesTheFirstWithGroupAndImage) {
-    StageModel model;
-    model.Sprites.resize(4);
-    model.Sprites[0].group = 7;
-    model.Sprites[1].image = 7;
-    model.Sprites[2].group = 7;
-    model.Sprites[2].image = -1;
-    model.Sprites[3].group = 7;
-    EXPECT_EQ(FindSprite(model, 7, 0), 0);
-    EXPECT_EQ(FindSprite(model, 0, 7), 1);
-    EXPECT_EQ(FindSprite(model, 7, -1), 2);
-}
-
-TEST(StageModel, FindSpriteGivesMinusOneForNone) {
-    StageModel model;
-    EXPECT_EQ(FindSprite(model, 0, 0), -1);
-    model.Sprites.resize(1);
-    EXPECT_EQ(FindSprite(model, 0, 1), -1);
-    EXPECT_EQ(FindSprite(model, 65536, 0), -1);
-}
-
-TEST(StageModel, FindActionGivesTheFirstOfItsNumber) {
-    StageModel model;
-    model.Actions.resize(3);
-    model.Actions[0].actionNo = 5;
-    model.Actions[1].actionNo = -2;
-    model.Actions[2].actionNo = 5;
-    EXPECT_EQ(FindAction(model, 5), 0);
-    EXPECT_EQ(FindAction(model, -2), 1);
-    EXPECT_EQ(FindAction(model, 6), -1);
 }
 
 }  // namespace
