@@ -74,9 +74,9 @@ void Run(benchmark::State& state, Integer limit, std::size_t frames) {
     frmStage program(machine.Pieces(), machine.form);
     machine.Desktop().SetEvents(&program);
     program.Form_Load();
-    program.SetFpsLimit(limit);
+    program.Show().Loop().FpsLimit = limit;
     machine.Desktop().Show();
-    program.CurrentStageFile = mugen + "stages/" + kStage;
+    program.Show().Which.CurrentStageFile = mugen + "stages/" + kStage;
     sink.full = [&] { program.QuitRequested = kTrue; };
     for (auto _ : state) {
         program.RunStage();

@@ -50,15 +50,15 @@ void frmStage::Menu_Click(Menu item) {
 // Plain, Escape and Q release the device under the running loop. Addition: a key press must not
 // kill the stage, so Escape just leaves the full screen and Q does nothing.
 void frmStage::Form_KeyDown(VirtualKey key) {
-    if (loop_.LoadingStage != 0) {
+    if (show_.State() == ShowState::Loading) {
         return;  // the load works with the device
     }
     Handle([&] {
         if (key == VirtualKey::Escape) {
             ResetRes();
         }
-        if ((key == VirtualKey::Escape || key == VirtualKey::Q) && !options_.Additions) {
-            engine_.Engine_Deinit();
+        if ((key == VirtualKey::Escape || key == VirtualKey::Q) && !show_.Options().Additions) {
+            show_.TheEngine().Engine_Deinit();
         }
     });
 }
@@ -78,45 +78,33 @@ void frmStage::mnuFPS_Click() {
     MenuItem& item = form_[Menu::mnuFPS];
     Flip(item);
     if (!item.checked) {
-        loop_.FpsLimit = 0;
+        show_.Loop().FpsLimit = 0;
         return;
     }
-    loop_.FpsLimit = ToInteger(LeadingNumber(machine_.dialogs.InputBox("Max FPS?")));
-    item.caption = "FPS Limiter (" + NumberText(loop_.FpsLimit) + " fps)";
+    show_.Loop().FpsLimit = ToInteger(LeadingNumber(machine_.dialogs.InputBox("Max FPS?")));
+    item.caption = "FPS Limiter (" + NumberText(show_.Loop().FpsLimit) + " fps)";
 }
 
 void frmStage::mnuPause_Click() {
     Flip(form_[Menu::mnuPause]);
-    Paused = static_cast<Byte>(~Paused);
-    if (Paused == 0) {
-        ForgetKeys();
-    } else {
-        editor_.ForgetPresses();  // those from before
-    }
+    show_.Pause(show_.Loop().Paused == 0);
     ShowTitle();
 }
 
 // The stage's, or the program's where there is no stage.
 void frmStage::ShowTitle() {
-    const std::string& title = loop_.StageRunning != 0 ? model_.StageTitle : AppTitle;
+    const std::string& title = show_.Loop().StageRunning != 0 ? show_.Model().StageTitle : AppTitle;
     // A paused stage draws nothing, however heavy it is.
-    const char* const mark = Paused != 0                                  ? " <<PAUSED>>"
-                             : options_.Additions && longPass_.TooHeavy() ? " <<TOO HEAVY>>"
-                                                                          : "";
+    const char* const mark = show_.Loop().Paused != 0                        ? " <<PAUSED>>"
+                             : show_.Options().Additions && show_.TooHeavy() ? " <<TOO HEAVY>>"
+                                                                             : "";
     SetCaption(title + mark);
 }
 
 void frmStage::mnuMScroll_Click() {
-    savedSteps_ = UsersSteps(camera_, savedSteps_, testChar_, flags_);
     MenuItem& item = form_[Menu::mnuMScroll];
     Flip(item);
-    flags_.MouseScroll = item.checked ? kByteTrue : Byte{0};
-    if (!item.checked) {
-        SettleSteps(model_, camera_, options_);
-        camera_.HCamStep = StepOrOne(savedSteps_.HCamStep);
-        camera_.VCamStep = StepOrOne(savedSteps_.VCamStep);
-        TakeCharacterSteps(CharacterPieces());
-    }
+    show_.SetMouseScroll(item.checked);
 }
 
 void frmStage::mnuAbout_Click() {
@@ -129,11 +117,11 @@ void frmStage::mnuAbout_Click() {
 void frmStage::mnuAdditions_Click() {
     MenuItem& item = form_[Menu::mnuAdditions];
     Flip(item);
-    options_.Additions = item.checked;
-    if (loop_.StageRunning != 0) {
+    show_.Options().Additions = item.checked;
+    if (show_.Loop().StageRunning != 0) {
         LoadAgain();
     }
-    SaveAdditions(machine_.files, options_.Additions);
+    SaveAdditions(machine_.files, item.checked);
 }
 
 }  // namespace scenara

@@ -6,7 +6,6 @@
 #include "app/StageFiles.h"
 #include "app/frmStage.h"
 #include "base/NumberText.h"
-#include "editor/DataCheck.h"
 
 namespace scenara {
 namespace {
@@ -19,19 +18,12 @@ constexpr Long kStageListWidth = 160;
 frmStage::frmStage(const Machine& machine, Form& form, const ViewOptions& options)
     : machine_(machine),
       form_(form),
-      options_(options),
-      engine_(machine.direct3D, machine.window, machine.messages, model_),
+      show_({machine.files, machine.messages, machine.window, machine.keyboard, machine.clock,
+             machine.pointer, machine.direct3D},
+            options, *this),
       music_(machine.media),
-      editor_({model_, camera_, flags_, options_, machine.keyboard, machine.clock,
-               form[Menu::mnuDebugBG], &FullScreenState},
-              {[this](const std::string& caption) { SetCaption(caption); }, [this] { Dump(); },
-               [this] { edited_ = true; }}),
-      longPass_(machine.clock, machine.window, [this] { ShowTitle(); }),
       browserView_(*this),
-      browser_(model_, SpriteBrowserMode, form.hscSGFX, browserView_),
-      tiles_(engine_, model_, camera_, flags_, options_,
-             {machine.keyboard, machine.clock, machine.pointer, machine.window, &editor_},
-             &longPass_),
+      browser_(show_.Model(), show_.SpriteBrowserMode, form.hscSGFX, browserView_),
       screen_(machine.display) {
     DesignMenus(form_);
     form_.picLoad.width = kViewWidth;
@@ -52,16 +44,16 @@ void frmStage::Form_Load() {
         return;
     }
     ReadCounterFrequency(times_, machine_.clock);
-    loop_.FpsLimit = 60;
+    show_.Loop().FpsLimit = 60;
     music_.SetWindow(static_cast<Long>(machine_.window.Handle()));
-    form_[Menu::mnuFPS].caption = "FPS Limiter (" + NumberText(loop_.FpsLimit) + " fps)";
+    form_[Menu::mnuFPS].caption = "FPS Limiter (" + NumberText(show_.Loop().FpsLimit) + " fps)";
     machine_.process.ChangeToProgramFolder();
     static_cast<void>(Guarded([&] {
-        options_.Additions = LoadAdditions(machine_.files);
-        form_[Menu::mnuAdditions].checked = options_.Additions;
+        show_.Options().Additions = LoadAdditions(machine_.files);
+        form_[Menu::mnuAdditions].checked = show_.Options().Additions;
     }));
     static_cast<void>(Guarded([&] {
-        SavedSteps steps{camera_.HCamStep, camera_.VCamStep};
+        CameraSteps steps = show_.UsersSteps();
         // An error of the command must not cost the settings behind its line.
         const auto useCharacter = [this] {
             static_cast<void>(Guarded([this] { mnuChar_Click(); }));
@@ -70,8 +62,9 @@ void frmStage::Form_Load() {
         const bool isFirstStart = !HasConfiguration(machine_.files);
         settingsLoaded_ = LoadConfig(AllSettings(steps), {machine_.files, machine_.messages,
                                                           machine_.dialogs, useCharacter, ended});
-        camera_.HCamStep = steps.HCamStep;
-        camera_.VCamStep = steps.VCamStep;
+        show_.CameraState().HCamStep = steps.HCamStep;
+        show_.CameraState().VCamStep = steps.VCamStep;
+        show_.Flags().DebugBG = form_[Menu::mnuDebugBG].checked ? kByteTrue : Byte{0};
         if (!settingsLoaded_) {
             ended_ = true;
             return;
@@ -88,14 +81,9 @@ void frmStage::Form_Load() {
     }));
 }
 
-// A disk that is full must not cost the stage that was to be written down.
-void frmStage::Dump() {
-    static_cast<void>(
-        Guarded([this] { SetCaption(DataCheckCaption(DataCheck(model_, machine_.files))); }));
-}
-
-Settings frmStage::AllSettings(SavedSteps& steps) {
-    return {MugeDir,       steps.HCamStep, steps.VCamStep, testChar_.TestChar, testChar_.CharName,
+Settings frmStage::AllSettings(CameraSteps& steps) {
+    TestCharState& character = show_.TestChar();
+    return {MugeDir,       steps.HCamStep, steps.VCamStep, character.TestChar, character.CharName,
             ShowStageList, form_};
 }
 

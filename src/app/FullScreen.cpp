@@ -11,13 +11,12 @@ void frmStage::mnuFS_Click() {
     if (!item.checked) {
         // The flag alone would leave the form standing over everything, with no way back.
         ResetRes();
-        FullScreenState = 0;
         return;
     }
-    if (loop_.StageRunning == 0) {
+    if (show_.Loop().StageRunning == 0) {
         return;
     }
-    if (SpriteBrowserMode != 0) {
+    if (show_.SpriteBrowserMode != 0) {
         mnuDebug_Click();  // the full screen shows the stage and nothing else
     }
     screen_.Enumerate();
@@ -35,6 +34,7 @@ void frmStage::mnuFS_Click() {
     ScreenHeight = size.height / kUnitsPerPixel;
     static_cast<void>(screen_.SwitchTo(mode));
     FullScreenState = 1;
+    show_.Flags().Unframed = kByteTrue;
 }
 
 void frmStage::ResetRes() {
@@ -49,6 +49,7 @@ void frmStage::ResetRes() {
     SizeForPicture();
     form_[Menu::mnuFS].checked = false;
     FullScreenState = 0;
+    show_.Flags().Unframed = 0;
     activated_ = false;  // the window is sized and centred anew when it is back
 }
 

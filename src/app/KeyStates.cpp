@@ -2,19 +2,10 @@
 #include "app/KeyStates.h"
 
 #include <cstdint>
-#include <initializer_list>
 
 #include "base/NumberText.h"
 
 namespace scenara {
-
-void DiscardKeyStates(Keyboard& keyboard) {
-    for (const VirtualKey key :
-         {VirtualKey::RightButton, VirtualKey::Left, VirtualKey::Up, VirtualKey::Right,
-          VirtualKey::Down, VirtualKey::Pause, VirtualKey::Escape, VirtualKey::Z, VirtualKey::A}) {
-        static_cast<void>(keyboard.GetAsyncKeyState(key));
-    }
-}
 
 namespace {
 

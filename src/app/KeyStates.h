@@ -8,10 +8,6 @@
 
 namespace scenara {
 
-// Asks once for every key that the loop looks at and forgets the answers, so that presses made
-// before do not count.
-void DiscardKeyStates(Keyboard& keyboard);
-
 // Whether any of the 256 virtual keys is down; asks no further than the first.
 [[nodiscard]] bool AnyKeyDown(Keyboard& keyboard);
 

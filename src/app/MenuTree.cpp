@@ -4,63 +4,91 @@
 namespace scenara {
 namespace {
 
+// When an item can be chosen.
+enum class When : Byte {
+    Always,
+    Never,
+    NotLoading,
+    OnceShown,  // from the first stage on
+    WithStage,  // while one is there and nothing loads
+};
+
+constexpr bool kChecked = true;
+constexpr bool kHidden = false;
+constexpr const char* kUseTestChar = "&Use Test Char";
+
+// The whole menu, in the order of Menu: "&" stands before the access letter.
 struct Designed {
     Menu menu = Menu::mnuStage;
-    const char* caption = "";
     MenuPlace place = MenuPlace::Bar;
-    bool enabled = true;
+    const char* caption = "";
+    When when = When::Always;
+    bool leaves = false;  // choosing it may leave the stage that is shown
     bool checked = false;
     bool visible = true;
 };
 
-constexpr bool kDisabled = false;
-constexpr const char* kUseTestChar = "&Use Test Char";
+constexpr bool kLeaves = true;
+constexpr bool kStays = false;
 
-// In the order of Menu.
 constexpr std::array<Designed, kMenuCount> kDesign = {{
-    {Menu::mnuStage, "&Stage", MenuPlace::Bar},
-    {Menu::mnuOpen, "&Open", MenuPlace::Stage},
-    {Menu::mnuClose, "&Close", MenuPlace::Stage},
-    {Menu::mnuReset, "&Reset Stage", MenuPlace::Stage, kDisabled},
-    {Menu::mnuReload, "Re&load Stage", MenuPlace::Stage},
-    {Menu::MnuRecentFiles, "-", MenuPlace::Stage, true, false, false},
-    {Menu::mnubla, "-", MenuPlace::Stage, true, false, false},
-    {Menu::mnuExit, "&Exit", MenuPlace::Stage},
-    {Menu::mnuOptions, "&Options", MenuPlace::Bar},
-    {Menu::mnuFS, "&Full Screen (ESC to exit)", MenuPlace::Options, kDisabled},
-    {Menu::mnuMusic, "&Music", MenuPlace::Options, true, true},
-    {Menu::mnuChar, kUseTestChar, MenuPlace::Options, kDisabled},
-    {Menu::mnuChange, "&Change Char", MenuPlace::Options, kDisabled},
-    {Menu::mnuFPS, "FPS &Limiter", MenuPlace::Options, true, true},
-    {Menu::mnuInfo, "Show &Info", MenuPlace::Options},
-    {Menu::mnuMScroll, "Mouse &Scroll", MenuPlace::Options, kDisabled},
-    {Menu::mnuDeform, "&Deform", MenuPlace::Options, kDisabled},
-    {Menu::mnuDebugBG, "De&bug BG", MenuPlace::Options, kDisabled},
-    {Menu::mnuPause, "&Pause", MenuPlace::Bar},
-    {Menu::mnuStageList, "&Stage List", MenuPlace::Bar},
-    {Menu::mnuStagePrev, "<<", MenuPlace::Bar},
-    {Menu::mnuStageNext, ">>", MenuPlace::Bar},
-    {Menu::mnuR, "R", MenuPlace::Bar},
-    {Menu::mnuDebug, "&Debug", MenuPlace::Bar, kDisabled},
-    {Menu::mnuAbout, "&About", MenuPlace::Bar},
-    {Menu::mnuExtras, "E&xtras", MenuPlace::Bar},
-    {Menu::mnuAdditions, "&Additions", MenuPlace::Extras, true, true},
+    {Menu::mnuStage, MenuPlace::Bar, "&Stage", When::NotLoading},
+    {Menu::mnuOpen, MenuPlace::Stage, "&Open", When::Always, kLeaves},
+    {Menu::mnuClose, MenuPlace::Stage, "&Close", When::Always, kLeaves},
+    {Menu::mnuReset, MenuPlace::Stage, "&Reset Stage", When::Never},
+    {Menu::mnuReload, MenuPlace::Stage, "Re&load Stage", When::Always, kLeaves},
+    {Menu::MnuRecentFiles, MenuPlace::Stage, "-", When::Always, kStays, false, kHidden},
+    {Menu::mnubla, MenuPlace::Stage, "-", When::Always, kStays, false, kHidden},
+    {Menu::mnuExit, MenuPlace::Stage, "&Exit", When::Always, kLeaves},
+    {Menu::mnuOptions, MenuPlace::Bar, "&Options", When::NotLoading},
+    {Menu::mnuFS, MenuPlace::Options, "&Full Screen (ESC to exit)", When::OnceShown},
+    {Menu::mnuMusic, MenuPlace::Options, "&Music", When::Always, kStays, kChecked},
+    {Menu::mnuChar, MenuPlace::Options, kUseTestChar, When::OnceShown},
+    {Menu::mnuChange, MenuPlace::Options, "&Change Char", When::OnceShown},
+    {Menu::mnuFPS, MenuPlace::Options, "FPS &Limiter", When::Always, kStays, kChecked},
+    {Menu::mnuInfo, MenuPlace::Options, "Show &Info"},
+    {Menu::mnuMScroll, MenuPlace::Options, "Mouse &Scroll", When::OnceShown},
+    {Menu::mnuDeform, MenuPlace::Options, "&Deform", When::OnceShown},
+    {Menu::mnuDebugBG, MenuPlace::Options, "De&bug BG", When::OnceShown},
+    {Menu::mnuPause, MenuPlace::Bar, "&Pause"},
+    {Menu::mnuStageList, MenuPlace::Bar, "&Stage List"},
+    {Menu::mnuStagePrev, MenuPlace::Bar, "<<", When::NotLoading, kLeaves},
+    {Menu::mnuStageNext, MenuPlace::Bar, ">>", When::NotLoading, kLeaves},
+    {Menu::mnuR, MenuPlace::Bar, "R", When::NotLoading, kLeaves},
+    {Menu::mnuDebug, MenuPlace::Bar, "&Debug", When::WithStage},
+    {Menu::mnuAbout, MenuPlace::Bar, "&About"},
+    {Menu::mnuExtras, MenuPlace::Bar, "E&xtras", When::NotLoading},
+    {Menu::mnuAdditions, MenuPlace::Extras, "&Additions", When::Always, kStays, kChecked},
 }};
+
+bool IsEnabled(When when, ShowState state, bool hasShown) {
+    switch (when) {
+        case When::Always: return true;
+        case When::Never: return false;
+        case When::NotLoading: return state != ShowState::Loading;
+        case When::OnceShown: return hasShown;
+        case When::WithStage: return state != ShowState::Loading && state != ShowState::None;
+    }
+    return false;
+}
 
 }  // namespace
 
 void DesignMenus(Form& form) {
-    for (const Menu item : {Menu::mnuOpen, Menu::mnuClose, Menu::mnuReload, Menu::mnuExit,
-                            Menu::mnuStagePrev, Menu::mnuStageNext, Menu::mnuR}) {
-        form[item].leaves = true;
-    }
     for (const Designed& designed : kDesign) {
         MenuItem& item = form[designed.menu];
         item.caption = designed.caption;
         item.place = designed.place;
-        item.enabled = designed.enabled;
+        item.leaves = designed.leaves;
         item.checked = designed.checked;
         item.visible = designed.visible;
+    }
+    EnableMenus(form, ShowState::None, false);
+}
+
+void EnableMenus(Form& form, ShowState state, bool hasShown) {
+    for (const Designed& designed : kDesign) {
+        form[designed.menu].enabled = IsEnabled(designed.when, state, hasShown);
     }
 }
 
@@ -85,13 +113,6 @@ bool CanBeChosen(const Form& form, Menu item) {
         case MenuPlace::Bar: break;
     }
     return true;
-}
-
-void EnableLoadingMenus(Form& form, bool enabled) {
-    for (const Menu item : {Menu::mnuOptions, Menu::mnuStage, Menu::mnuStagePrev,
-                            Menu::mnuStageNext, Menu::mnuR, Menu::mnuExtras}) {
-        form[item].enabled = enabled;
-    }
 }
 
 }  // namespace scenara

@@ -1,20 +1,21 @@
 // SPDX-License-Identifier: MIT
 //
-// MenuTree: the menus as the window is designed, and which of them wait while a stage loads.
+// MenuTree: the menus as the window is designed, in one table: captions, places, and when an item
+// can be chosen.
 #pragma once
 
 #include <string>
 
 #include "platform/Form.h"
+#include "show/StageShow.h"
 
 namespace scenara {
 
-// Captions, places and states. Items whose command is not there yet are disabled.
+// Captions, places and states.
 void DesignMenus(Form& form);
 
-// The Options, Stage and Extras menus and the previous, next and random stage: off while a stage
-// loads.
-void EnableLoadingMenus(Form& form, bool enabled);
+// Every item as the state of what is shown has it; `hasShown` once there has been a stage.
+void EnableMenus(Form& form, ShowState state, bool hasShown);
 
 // The test character's item: "Use " and the character's name, and as it is designed.
 void NameCharacter(Form& form, const std::string& name);

@@ -29,16 +29,16 @@ Long Count(const ListBox& list) {
 }  // namespace
 
 void frmStage::OpenStage() {
-    if (!machine_.files.FileExists(CurrentStageFile)) {
-        SayCantFind(machine_.messages, CurrentStageFile);
+    if (!machine_.files.FileExists(show_.Which.CurrentStageFile)) {
+        SayCantFind(machine_.messages, show_.Which.CurrentStageFile);
     }
-    if (!IsStage(machine_.files, CurrentStageFile)) {
+    if (!IsStage(machine_.files, show_.Which.CurrentStageFile)) {
         SayNotAStage(machine_.messages, MessageIcon::Exclamation);
         return;
     }
-    SetCaption(CurrentStageFile);
+    SetCaption(show_.Which.CurrentStageFile);
     LeaveStage();
-    RememberRecentFile(form_, CurrentStageFile);
+    RememberRecentFile(form_, show_.Which.CurrentStageFile);
     RunStage();
 }
 
@@ -47,11 +47,11 @@ void frmStage::MnuRecentFiles_Click(Long index) {
         if (!form_[Menu::mnuStage].enabled) {
             return;  // chosen just before a load began
         }
-        CurrentStageFile = RaiseRecentFile(form_, static_cast<std::size_t>(index));
-        if (!machine_.files.FileExists(CurrentStageFile)) {
-            SayCantFind(machine_.messages, CurrentStageFile);
+        show_.Which.CurrentStageFile = RaiseRecentFile(form_, static_cast<std::size_t>(index));
+        if (!machine_.files.FileExists(show_.Which.CurrentStageFile)) {
+            SayCantFind(machine_.messages, show_.Which.CurrentStageFile);
         }
-        if (!IsStage(machine_.files, CurrentStageFile)) {
+        if (!IsStage(machine_.files, show_.Which.CurrentStageFile)) {
             SayNotAStage(machine_.messages, MessageIcon::CriticalStop);
             return;
         }
@@ -62,12 +62,12 @@ void frmStage::MnuRecentFiles_Click(Long index) {
 
 // The quit flag is lowered without a stage, too: it is still up after the Close command.
 void frmStage::LeaveStage() {
-    if (loop_.StageRunning != 0) {
+    if (show_.Loop().StageRunning != 0) {
         QuitRequested = kTrue;
         UnloadStuff();
     }
     QuitRequested = kFalse;
-    keptCamera_.reset();
+    show_.Which.camera.reset();
 }
 
 void frmStage::lstStages_Click(Long index) {
@@ -80,14 +80,14 @@ void frmStage::SelectStage(Long index) {
         throw RunTimeError(RunTimeErrorKind::InvalidPropertyValue, "ListIndex");
     }
     form_.lstStages.ListIndex = index;
-    if (loop_.LoadingStage == 0 && index >= 0) {
+    if (show_.State() != ShowState::Loading && index >= 0) {
         OpenListed();
     }
 }
 
 void frmStage::OpenListed() {
     const auto index = static_cast<std::size_t>(form_.lstStages.ListIndex);
-    CurrentStageFile = StageFile(MugeDir, form_.lstStages.items.at(index));
+    show_.Which.CurrentStageFile = StageFile(MugeDir, form_.lstStages.items.at(index));
     OpenStage();
 }
 
@@ -117,34 +117,34 @@ void frmStage::mnuOpen_Click() {
     const std::string chosen = machine_.dialogs.OpenFile(
         "Choose your stage!", machine_.files.FolderExists(folder) ? folder : std::string());
     if (!chosen.empty()) {
-        CurrentStageFile = ChosenStage(chosen);
+        show_.Which.CurrentStageFile = ChosenStage(chosen);
         OpenStage();
     }
 }
 
 void frmStage::Form_OLEDragDrop(const std::string& path) {
     Handle([&] {
-        droppedFile_ = path;
-        if (loop_.LoadingStage == 0) {
-            OpenDropped();
+        show_.Which.follows = path;
+        if (show_.State() != ShowState::Loading) {
+            OpenFollowing();
         }
     });
 }
 
-void frmStage::OpenDropped() {
-    if (!droppedFile_.empty() && !machine_.window.EndRequested()) {
-        CurrentStageFile = std::exchange(droppedFile_, {});
+void frmStage::OpenFollowing() {
+    if (!show_.Which.follows.empty() && !machine_.window.EndRequested()) {
+        show_.Which.CurrentStageFile = std::exchange(show_.Which.follows, {});
         OpenStage();
     }
 }
 
 void frmStage::mnuReload_Click() {
-    if (loop_.StageRunning == 0) {
+    if (show_.Loop().StageRunning == 0) {
         mnuOpen_Click();
         return;
     }
-    if (options_.Additions) {
-        CurrentStageFile = shownFile_;
+    if (show_.Options().Additions) {
+        show_.Which.CurrentStageFile = show_.Which.shown;
         OpenStage();
         return;
     }
@@ -155,17 +155,17 @@ void frmStage::mnuReload_Click() {
 
 // The same stage again, where the camera stands.
 void frmStage::LoadAgain() {
-    const CameraPlace camera{model_.CamX, model_.CamY};
-    CurrentStageFile = shownFile_;
+    const CameraPlace camera{show_.Model().CamX, show_.Model().CamY};
+    show_.Which.CurrentStageFile = show_.Which.shown;
     LeaveStage();
-    keptCamera_ = camera;
+    show_.Which.camera = camera;
     RunStage();
 }
 
 void frmStage::mnuClose_Click() {
     QuitRequested = kTrue;
-    restart_ = false;
-    if (!CurrentStageFile.empty()) {
+    show_.Which.next.reset();
+    if (!show_.Which.CurrentStageFile.empty()) {
         UnloadStuff();
     }
     ResetRes();  // no loop would look who is in front

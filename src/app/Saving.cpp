@@ -41,12 +41,12 @@ void frmStage::SaveNow() {
 }
 
 bool frmStage::SavesMeanwhile() const {
-    return options_.Additions && settingsLoaded_ && !ended_;
+    return show_.Options().Additions && settingsLoaded_ && !ended_;
 }
 
 // The settings as they are now, in settingsText_.
 void frmStage::MakeSettingsText() {
-    SavedSteps steps = UsersSteps(camera_, savedSteps_, testChar_, flags_);
+    CameraSteps steps = show_.UsersSteps();
     MakeConfigText(AllSettings(steps), VersionText, settingsText_);
 }
 

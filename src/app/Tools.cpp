@@ -1,69 +1,22 @@
 // SPDX-License-Identifier: MIT
 //
-// The test character, the background editor and the sprite browser, as the window drives them.
+// The background editor and the sprite browser, as the window drives them.
 #include <algorithm>
 #include <utility>
 
-#include "app/KeyStates.h"
-#include "app/LoadMessages.h"
-#include "app/StageFiles.h"
 #include "app/frmStage.h"
 #include "editor/CameraScroll.h"
+#include "editor/DataCheck.h"
 
 namespace scenara {
-
-TestCharContext frmStage::CharacterPieces(Messages& messages) {
-    return {testChar_,
-            model_,
-            camera_,
-            savedSteps_,
-            loop_,
-            form_,
-            flags_,
-            engine_,
-            machine_.files,
-            messages,
-            options_,
-            {[this](const std::string& caption) { SetCaption(caption); },
-             [this] { API_doevents(); }, [this] { return machine_.window.EndRequested(); }}};
-}
-
-ChooseCharContext frmStage::CharacterChoice() {
-    return {machine_.dialogs, MugeDir,
-            [this](const std::string& path) { return IsChar(machine_.files, path); }};
-}
-
-void frmStage::mnuChar_Click() {
-    const Byte paused = Paused;
-    LoadMessages messages(machine_.messages, options_.Additions);
-    scenara::mnuChar_Click(CharacterPieces(messages), CharacterChoice());
-    AfterCharacter(paused);
-}
-
-void frmStage::mnuChange_Click() {
-    const Byte paused = Paused;
-    LoadMessages messages(machine_.messages, options_.Additions);
-    scenara::mnuChange_Click(CharacterPieces(messages), CharacterChoice());
-    AfterCharacter(paused);
-}
-
-// While a character loads the window is in use: the stage may have been paused, keys tapped and a
-// file dropped. The caption is the one from before the load, which may be a sprite's.
-void frmStage::AfterCharacter(Byte pausedBefore) {
-    ForgetKeys();
-    if (Paused != pausedBefore && SpriteBrowserMode == 0) {
-        ShowTitle();
-    }
-    OpenDropped();
-}
 
 void frmStage::mnuDebugBG_Click() {
     MenuItem& item = form_[Menu::mnuDebugBG];
     item.checked = !item.checked;
+    show_.Flags().DebugBG = item.checked ? kByteTrue : Byte{0};
     if (!item.checked) {
-        editor_.Clear();
+        show_.Editor().Clear();
     }
-    ShowEditing();
 }
 
 // What the machine shows of the editing: the camera's bar, and a frame around what is selected.
@@ -71,12 +24,13 @@ void frmStage::mnuDebugBG_Click() {
 void frmStage::ShowEditing() {
     const bool edits = form_[Menu::mnuDebugBG].checked;
     ScrollBar& bar = form_.hscHScroll;
-    if (loop_.StageRunning == 0) {
+    if (show_.Loop().StageRunning == 0) {
         bar.Min = 0;
         bar.Max = 0;
         bar.Value = 0;
     }
-    const bool visible = edits && (loop_.StageRunning != 0 || restart_) && SpriteBrowserMode == 0;
+    const bool visible = edits && (show_.Loop().StageRunning != 0 || show_.Which.next) &&
+                         show_.SpriteBrowserMode == 0;
     if (std::exchange(bar.Visible, visible) != visible) {
         Size(wishedSize_.width, wishedSize_.height);  // the bar takes nothing of the picture
     }
@@ -84,19 +38,19 @@ void frmStage::ShowEditing() {
     if (!edits || !CanBeEdited()) {
         return;
     }
-    bar.Value = ScrollValueOf(model_, bar);
-    form_.selection = editor_.Outline();
+    bar.Value = ScrollValueOf(show_.Model(), bar);
+    form_.selection = show_.Editor().Outline();
 }
 
 bool frmStage::CanBeEdited() const {
-    return loop_.StageRunning != 0 && loop_.LoadingStage == 0 && SpriteBrowserMode == 0;
+    const ShowState state = show_.State();
+    return state == ShowState::Running || state == ShowState::Paused;
 }
 
 void frmStage::Form_MouseDown(Long x, Long y) {
     Handle([&] {
         if (CanBeEdited()) {
-            editor_.MouseDown({x, y});
-            ShowEditing();  // a pass may not do so: it may be paused
+            show_.Editor().MouseDown({x, y});
         }
     });
 }
@@ -104,14 +58,13 @@ void frmStage::Form_MouseDown(Long x, Long y) {
 void frmStage::Form_MouseMove(Long x, Long y) {
     Handle([&] {
         if (CanBeEdited()) {
-            editor_.MouseMove({x, y});
-            ShowEditing();
+            show_.Editor().MouseMove({x, y});
         }
     });
 }
 
 void frmStage::Form_MouseUp() {
-    Handle([&] { editor_.MouseUp(); });
+    Handle([&] { show_.Editor().MouseUp(); });
 }
 
 void frmStage::hscHScroll_Change(Long value) {
@@ -119,39 +72,27 @@ void frmStage::hscHScroll_Change(Long value) {
         if (form_[Menu::mnuDebugBG].checked && CanBeEdited()) {
             // A value beyond the bar's is one of the stage before.
             form_.hscHScroll.Value = ValueWithin(form_.hscHScroll, value);
-            scenara::hscHScroll_Change(model_, camera_, form_.hscHScroll);
-            edited_ = true;
-            ShowEditing();
+            scenara::hscHScroll_Change(show_.Model(), show_.CameraState(), form_.hscHScroll);
+            show_.NoteEdit();
         }
     });
 }
 
 void frmStage::mnuDebug_Click() {
-    if (loop_.LoadingStage != 0) {
-        return;  // a character loads, which has the caption and the messages
-    }
-    if (SpriteBrowserMode != 0) {
+    if (show_.SpriteBrowserMode != 0) {
         LeaveBrowser();
         ShowTitle();
     } else {
         ResetRes();  // what covers the window would show the last picture for ever
         browser_.mnuDebug_Click();
     }
-    ShowEditing();
 }
 
 void frmStage::LeaveBrowser() {
-    if (SpriteBrowserMode != 0) {
+    if (show_.SpriteBrowserMode != 0) {
         browser_.mnuDebug_Click();
-        ForgetKeys();
+        show_.ForgetKeys();
     }
-}
-
-// Nobody has looked at the keys for a while, and a press is remembered until somebody does. What
-// was tapped meanwhile must not delete an element now, or write a dump.
-void frmStage::ForgetKeys() {
-    DiscardKeyStates(machine_.keyboard);
-    editor_.ForgetPresses();
 }
 
 void frmStage::hscSGFX_Change(Long value) {
@@ -164,11 +105,17 @@ void frmStage::hscSGFX_Scroll(Long value) {
 
 void frmStage::MoveSpriteBar(Long value, const std::function<void()>& show) {
     Handle([&] {
-        if (SpriteBrowserMode != 0 && loop_.LoadingStage == 0) {
+        if (show_.State() == ShowState::Browsing) {
             form_.hscSGFX.Value = value;
             show();
         }
     });
+}
+
+// A disk that is full must not cost the stage that was to be written down.
+void frmStage::WriteDump() {
+    static_cast<void>(Guarded(
+        [this] { SetCaption(DataCheckCaption(DataCheck(show_.Model(), machine_.files))); }));
 }
 
 // The list beside the picture keeps its room.

@@ -6,36 +6,29 @@
 namespace scenara {
 
 void frmStage::UnloadStuff() {
-    loop_.StageRunning = 0;
-    editor_.Clear();
-    ShowEditing();
     // Addition: whatever plays, it ends with the stage that it was heard in.
-    if (!model_.MusicFile.empty() || options_.Additions) {
+    const bool silences = !show_.Model().MusicFile.empty() || show_.Options().Additions;
+    show_.Release();
+    ShowEditing();
+    if (silences) {
         music_.StopPlaying();
     }
-    ReleaseTestChar(testChar_);
-    for (SpriteEntry& sprite : model_.Sprites) {
-        sprite.texture.reset();
-    }
-    engine_.Engine_Deinit();
-    model_.Clear();
-    loop_.TotalFrames = 0;
 }
 
 void frmStage::Form_Unload() {
     machine_.window.RequestEnd();
     QuitRequested = kTrue;
-    restart_ = false;
+    show_.Which.next.reset();
     if (ended_) {
         return;
     }
-    if (loop_.LoadingStage != 0) {
+    if (show_.State() == ShowState::Loading) {
         return;  // the load works on the tables; RunStage comes back here behind it
     }
     ended_ = true;
     // Whatever goes wrong, the settings are saved.
     static_cast<void>(Guarded([&] {
-        if (!CurrentStageFile.empty()) {
+        if (!show_.Which.CurrentStageFile.empty()) {
             UnloadStuff();
         }
     }));
@@ -45,7 +38,7 @@ void frmStage::Form_Unload() {
         }
     }));
     if (settingsLoaded_) {
-        SavedSteps steps = UsersSteps(camera_, savedSteps_, testChar_, flags_);
+        CameraSteps steps = show_.UsersSteps();
         static_cast<void>(
             Guarded([&] { SaveConfig(AllSettings(steps), VersionText, machine_.files); }));
     }

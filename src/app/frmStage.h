@@ -2,12 +2,11 @@
 //
 // frmStage: the main window, and with it the whole of the program's run-time state.
 //
-// The state is owned here in named pieces, and every procedure elsewhere takes the pieces that it
-// works on. What is left for this class is the order of things: start-up (FormLoad.cpp), the sizes
-// of the window and its controls (Layout.cpp), which stage is shown (Opening.cpp), the loop that
-// shows it (RunStage.cpp), the other commands (Commands.cpp), the test character and the debug
-// tools (Tools.cpp), the full screen (FullScreen.cpp), what is saved meanwhile (Saving.cpp), the
-// end (Unload.cpp).
+// What is shown is a StageShow's affair; this is the window around one: start-up (FormLoad.cpp),
+// the sizes of the window and its controls (Layout.cpp), which stage is shown (Opening.cpp), the
+// loop that shows it (RunStage.cpp), the other commands (Commands.cpp), the test character
+// (TestChar.cpp) and the debug tools (Tools.cpp), the full screen (FullScreen.cpp), what is saved
+// meanwhile (Saving.cpp), the end (Unload.cpp).
 //
 // One thread. All that the user does arrives through FormEvents while the loop lets messages
 // through, so any handler may run between two frames, and between two images of a load. A run-time
@@ -26,15 +25,8 @@
 
 #include "app/Configuration.h"
 #include "app/FrameWait.h"
-#include "app/LongPass.h"
-#include "app/LoopState.h"
-#include "app/OffscreenSurface.h"
 #include "app/ScreenModule.h"
 #include "app/SettingsKeeper.h"
-#include "app/StageStart.h"
-#include "app/TestChar.h"
-#include "character/TestCharState.h"
-#include "editor/DebugEditor.h"
 #include "editor/ImageSets.h"
 #include "editor/SpriteBrowser.h"
 #include "music/clsMusic.h"
@@ -51,11 +43,8 @@
 #include "platform/Pointer.h"
 #include "platform/Process.h"
 #include "platform/Window.h"
-#include "render/Camera.h"
-#include "render/Engine.h"
-#include "render/TileEngine.h"
-#include "render/ViewFlags.h"
-#include "stage/StageModel.h"
+#include "show/ShowEvents.h"
+#include "show/StageShow.h"
 #include "stage/ViewOptions.h"
 
 namespace scenara {
@@ -65,8 +54,7 @@ inline constexpr MessageKind kMessageAlreadyRunning = "Already running";
 inline constexpr MessageKind kMessageCantFindFile = "Can't find file";
 inline constexpr MessageKind kMessageNotAStage = "Not a stage";
 inline constexpr MessageKind kMessageAbout = "About";
-
-struct StagePass;
+inline constexpr MessageKind kMessageNotACharacter = "Not a Character";
 
 // All that the program asks of a machine.
 struct Machine {
@@ -84,7 +72,7 @@ struct Machine {
     MediaMachine& media;
 };
 
-class frmStage : public FormEvents {
+class frmStage : public FormEvents, private ShowEvents {
 public:
     // `form` is what the machine shows; it and the machine outlive the program.
     frmStage(const Machine& machine, Form& form, const ViewOptions& options = {});
@@ -184,27 +172,19 @@ public:
     // --- State -------------------------------------------------------------------------------
 
     Integer QuitRequested = kFalse;
-    Byte Paused = 0;
-    Byte SpriteBrowserMode = 0;
     Byte ShowStageList = 0;
     Byte FullScreenState = 0;  // 1 while the stage is shown full screen
     WindowHandle FullScreenWindow = 0;
     Long ScreenWidth = 0;  // pixels, when the full screen was entered
     Long ScreenHeight = 0;
-    std::string MugeDir;           // the engine folder, with a separator at its end
-    std::string CurrentStageFile;  // of the stage that was asked for last; empty: none
-    std::string VersionText;       // minor number, full stop, revision
+    std::string MugeDir;      // the engine folder, with a separator at its end
+    std::string VersionText;  // minor number, full stop, revision
     std::string AppTitle;
 
-    [[nodiscard]] const StageModel& Model() const { return model_; }
-    [[nodiscard]] const LoopState& Loop() const { return loop_; }
+    // What is shown in the window.
+    [[nodiscard]] StageShow& Show() { return show_; }
+    [[nodiscard]] const StageShow& Show() const { return show_; }
     [[nodiscard]] const FrameTimes& Times() const { return times_; }
-    [[nodiscard]] const std::string& InfoText() const { return infoText_; }
-    void SetFpsLimit(Integer limit) { loop_.FpsLimit = limit; }
-    [[nodiscard]] const Camera& CameraState() const { return camera_; }
-    [[nodiscard]] const ViewOptions& Options() const { return options_; }
-    [[nodiscard]] const TestCharState& TestCharacterState() const { return testChar_; }
-    [[nodiscard]] const DebugEditor& Editor() const { return editor_; }
     [[nodiscard]] clsMusic& Music() { return music_; }
     // The editor's image surfaces, for whoever loads any; they are released at the end.
     [[nodiscard]] ImageSets& ImageSurfaces() { return imageSets_; }
@@ -232,34 +212,37 @@ private:
     // The same for what the user does; once the program is to end it comes too late.
     void Handle(const std::function<void()>& work);
 
+    void StateChanged() override;
+    void StageLoaded() override;
+    void MusicNamed(const std::string& path) override { music_.SetFileName(path); }
+    void ShowProgress(const std::string& caption) override;
+    void EndProgress() override;
+    void SetCaption(const std::string& caption) override;
+    void WriteDump() override;
+    void TooHeavy() override { ShowTitle(); }
+
     void ShowStage();
-    void StartLoop();
+    [[nodiscard]] bool StartLoop();
     void RunPass();
-    void EditWhilePaused(const StagePass& pass);
     void PollPauseKey();
     void AbandonStage();
     void SilenceStageBefore();
-    void EnableStageOptions();
-    void OpenDropped();
+    void OpenFollowing();
     void LeaveStage();
     void LoadAgain();
     void SelectStage(Long index);
     void OpenListed();
-    [[nodiscard]] Settings AllSettings(SavedSteps& steps);
+    [[nodiscard]] Settings AllSettings(CameraSteps& steps);
     [[nodiscard]] bool SavesMeanwhile() const;
     bool KeepSettings();
     void SaveChanges();
     void MakeSettingsText();
-    [[nodiscard]] TestCharContext CharacterPieces(Messages& messages);
-    [[nodiscard]] TestCharContext CharacterPieces() { return CharacterPieces(machine_.messages); }
-    [[nodiscard]] ChooseCharContext CharacterChoice();
-    void AfterCharacter(Byte pausedBefore);
+    void ShowCharacterItem();
+    void LoadingCharacter(const std::function<void()>& load);
     [[nodiscard]] bool CanBeEdited() const;
     void ShowEditing();
     void LeaveBrowser();
-    void ForgetKeys();
     void MoveSpriteBar(Long value, const std::function<void()>& show);
-    void Dump();
     void OncePerSecond();
     void LeaveFullScreenWithFocus();
     // What the list beside the picture takes of the window.
@@ -267,55 +250,30 @@ private:
     void SizeForPicture();
     void LayOutControls(Long innerWidth, Long innerHeight);
     void Centre();
-    void SetCaption(const std::string& caption);
     void ShowTitle();
 
     Machine machine_;
     Form& form_;
-    ViewOptions options_;
+    StageShow show_;
 
-    StageModel model_;
-    Camera camera_;
-    SavedSteps savedSteps_;
-    LoopState loop_;
-    ViewFlags flags_;
     FrameTimes times_;
-    std::string infoText_;
-    Engine engine_;
     clsMusic music_;
-    TestCharState testChar_;
-    DebugEditor editor_;
     ImageSets imageSets_;
-    LongPass longPass_;
     BrowserView browserView_;
     SpriteBrowser browser_;
-    TileEngine tiles_;
 
-    // Nothing draws on these; they stand for as long as the loop runs.
-    static constexpr Long kTextSurfaceWidth = 178;
-    static constexpr Long kTextSurfaceHeight = 25;
-    OffscreenSurface textSurface_;
-    OffscreenSurface viewSurface_;
-
-    std::string requestedFile_;  // of the stage that the loop is to show
-    std::string shownFile_;      // of the stage whose loop runs
-    std::string droppedFile_;    // to be opened when the stage at hand is loaded
     ScreenModule screen_;
-    Integer savedMode_ = kNoMode;            // of the display, before the full screen
-    DisplaySettings savedSettings_;          // ... for one that the display does not list
-    bool startFullScreen_ = false;           // the stage that is opened is to be shown full screen
-    std::optional<CameraPlace> keptCamera_;  // for the stage that is loaded again
+    Integer savedMode_ = kNoMode;    // of the display, before the full screen
+    DisplaySettings savedSettings_;  // ... for one that the display does not list
+    bool startFullScreen_ = false;   // the stage that is opened is to be shown full screen
 
     bool settingsLoaded_ = false;
     SettingsKeeper keeper_;
     std::string settingsText_;   // as they would be written; kept for its room
     Long lastLook_ = 0;          // the tick of the last look whether they have changed
     bool savingFailed_ = false;  // when they were saved last while the program went on
-    bool drawsOnce_ = false;     // a frame although it is paused
-    bool edited_ = false;        // something that the last picture does not show yet
     bool pauseWasDown_ = false;
     bool loopRuns_ = false;   // RunStage is on the stack
-    bool restart_ = false;    // ... and is to begin again
     InnerSize wishedSize_;    // what was asked for last, or has come since
     bool activated_ = false;  // the window has been sized once
     bool centres_ = false;    // ... and is to be centred when its size has come

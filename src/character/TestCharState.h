@@ -18,6 +18,12 @@ struct TestCharState {
     std::string CharName;  // its display name
     bool UseChar = false;  // the menu's check mark
 
+    // None is chosen. The name goes with the path: settings must not put one to another.
+    void Forget() {
+        TestChar.clear();
+        CharName.clear();
+    }
+
     // Of the stage that is open.
     bool CharLoaded = false;
     std::vector<TestCharacter> Characters;  // one, or none

@@ -8,7 +8,7 @@
 
 #include "base/Integers.h"
 #include "platform/Form.h"
-#include "render/Camera.h"
+#include "stage/Camera.h"
 #include "stage/StageModel.h"
 
 namespace scenara {

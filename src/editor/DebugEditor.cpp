@@ -108,7 +108,7 @@ void DebugEditor::AtEndOfPass() {
         Clear();
         return;
     }
-    if (context_.FullScreenState != nullptr && *context_.FullScreenState == 1) {
+    if (context_.flags.Unframed != 0) {
         ForgetPresses();
         return;
     }

@@ -30,11 +30,10 @@
 
 #include "editor/ElementPick.h"
 #include "platform/Clock.h"
-#include "platform/Form.h"
 #include "platform/Keyboard.h"
-#include "render/Camera.h"
 #include "render/CameraControl.h"
 #include "render/ViewFlags.h"
+#include "stage/Camera.h"
 #include "stage/StageModel.h"
 #include "stage/ViewOptions.h"
 
@@ -55,9 +54,6 @@ struct EditorContext {
     const ViewOptions& options;
     Keyboard& keyboard;
     Clock& clock;
-    const MenuItem& mnuDebugBG;
-    // Where it is given: 1 while there is no frame around the selection, and no key does anything.
-    const Byte* FullScreenState = nullptr;
 };
 
 class DebugEditor : public KeysBehindTheCamera {
@@ -116,7 +112,7 @@ private:
         Offset moved;  // by the pointer, so far
     };
 
-    [[nodiscard]] bool IsOn() const { return context_.mnuDebugBG.checked; }
+    [[nodiscard]] bool IsOn() const { return context_.flags.DebugBG != 0; }
     [[nodiscard]] DrawOptions Drawing() const;
     [[nodiscard]] Offset CameraOffset(const BackgroundElement& element) const;
     void BeginDrag(const ViewPoint& point);

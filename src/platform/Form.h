@@ -48,7 +48,7 @@ enum class Menu : Byte {
     mnuExtras,  // what has been added since
     mnuAdditions,
 };
-inline constexpr std::size_t kMenuCount = 27;
+inline constexpr std::size_t kMenuCount = static_cast<std::size_t>(Menu::mnuAdditions) + 1;
 
 // Where an item stands: in the bar itself, or in one of the submenus.
 enum class MenuPlace : Byte { Bar, Stage, Options, Extras };

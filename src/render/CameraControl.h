@@ -17,8 +17,8 @@
 #include "platform/Keyboard.h"
 #include "platform/Pointer.h"
 #include "platform/Window.h"
-#include "render/Camera.h"
 #include "render/ViewFlags.h"
+#include "stage/Camera.h"
 #include "stage/StageModel.h"
 
 namespace scenara {

@@ -6,7 +6,7 @@
 // drift and the position controllers. An element that is linked to it follows motion and swing.
 #pragma once
 
-#include "render/Camera.h"
+#include "stage/Camera.h"
 #include "stage/StageModel.h"
 
 namespace scenara {

@@ -4,7 +4,7 @@
 // gets its first position and runtime values. In this order, since positions contain the camera.
 #pragma once
 
-#include "render/Camera.h"
+#include "stage/Camera.h"
 #include "stage/StageModel.h"
 #include "stage/ViewOptions.h"
 

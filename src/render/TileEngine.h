@@ -6,11 +6,11 @@
 // stage's own clocks tick, once per frame.
 #pragma once
 
-#include "render/Camera.h"
 #include "render/CameraControl.h"
 #include "render/Engine.h"
 #include "render/PassWatch.h"
 #include "render/ViewFlags.h"
+#include "stage/Camera.h"
 #include "stage/StageModel.h"
 #include "stage/ViewOptions.h"
 

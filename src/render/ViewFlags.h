@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// ViewFlags: the main window's flags that the drawing reads. Each is False (0) or True (255).
+// ViewFlags: the main window's flags that the drawing and the debug editor read. Each is False (0)
+// or True (255).
 #pragma once
 
 #include "base/Integers.h"
@@ -13,6 +14,8 @@ struct ViewFlags {
     Byte DrawFrontLayer = 0;  // which pass is drawn: False the back, True the front
     Byte MouseScroll = 0;     // the pointer moves the camera
     Byte Deform = 0;          // addition: parallax pictures are stretched with the camera's height
+    Byte DebugBG = 0;         // the debug editor works
+    Byte Unframed = 0;        // nothing shows what is selected: the editor's keys do nothing
 };
 
 }  // namespace scenara

@@ -23,8 +23,8 @@
 //   negative tile steps                    render/Tiling.cpp
 //   the upper bound as the file has it,
 //   and dummies that lead from the start   render/PrepareStage.cpp
-//   the test character, moved and seen     app/CharacterPass.cpp; render/Figure.cpp
-//   a paused stage that is edited          app/RunStage.cpp, EditWhilePaused
+//   the test character, moved and seen     show/CharacterFigure.cpp; render/Figure.cpp
+//   a paused stage that is edited          show/StageShow.cpp, EditWhilePaused
 //   a character's ground that moves        character/PlaceCharacter.cpp, FollowGround
 //   blank frames, and repeated actions     character/CharacterAnimation.cpp
 //   palettes that are none                 sprites/SubfilePalette.cpp

@@ -68,7 +68,7 @@ TEST(CharacterLoads, TheSpriteBrowserDoesNotOpenWhileItLoads) {
     bool did = false;
     stage->user = InTurn({ClickOn(Menu::mnuChar),
                           [](RunningStage& running) {
-                              EXPECT_EQ(running.program.SpriteBrowserMode, 0);
+                              EXPECT_EQ(running.program.Show().SpriteBrowserMode, 0);
                               EXPECT_EQ(running.Caption(), "first");
                           }},
                          OnceWhileTheCharacterLoads(ClickOn(Menu::mnuDebug), did));
@@ -88,13 +88,13 @@ TEST(CharacterLoads, KeysTappedWhileItLoadsDoNothingAfterwards) {
                 },
                 Wait,
                 [&](RunningStage& running) {
-                    elements = running.program.Model().Elements.size();
+                    elements = running.program.Show().Model().Elements.size();
                     running.Click(Menu::mnuChar);
                 },
                 Wait, Wait,
                 [&](RunningStage& running) {
-                    EXPECT_EQ(running.program.Model().Elements.size(), elements);
-                    EXPECT_EQ(running.program.Paused, 0);
+                    EXPECT_EQ(running.program.Show().Model().Elements.size(), elements);
+                    EXPECT_EQ(running.program.Show().Loop().Paused, 0);
                 }},
                OnceWhileTheCharacterLoads(
                    [](RunningStage& running) {
@@ -138,7 +138,7 @@ TEST_P(WhileItLoads, KeysTappedDoNothingAfterwards) {
         },
         {Wait, Wait, [](RunningStage& running) {
              EXPECT_EQ(running.Caption(), "first");
-             EXPECT_EQ(running.program.Paused, 0);
+             EXPECT_EQ(running.program.Show().Loop().Paused, 0);
              EXPECT_FALSE(running.files.Has("/program/chek.txt"));
          }});
 }
@@ -147,7 +147,7 @@ TEST_P(WhileItLoads, ClosingTheWindowEndsTheProgramAndSavesTheUsersSteps) {
     Run([](RunningStage& running) { running.program.Form_Unload(); }, {});
     EXPECT_TRUE(stage->program.Ended());
     EXPECT_EQ(stage->direct3D.Device(), nullptr);
-    EXPECT_TRUE(stage->program.TestCharacterState().Characters.empty());
+    EXPECT_TRUE(stage->program.Show().TestChar().Characters.empty());
     EXPECT_THAT(stage->files.Get(kConfiguration), HasSubstr("HCamStep = 3\r\nVCamStep = 5\r\n"));
     EXPECT_THAT(stage->MessageTexts(), testing::IsEmpty());
 }
@@ -167,7 +167,7 @@ TEST_P(WhileItLoads, NeitherMenusNorListNorRecentFilesDoAnything) {
         },
         {[](RunningStage& running) {
             EXPECT_EQ(running.Caption(), "first");
-            EXPECT_TRUE(running.program.TestCharacterState().CharLoaded);
+            EXPECT_TRUE(running.program.Show().TestChar().CharLoaded);
             EXPECT_TRUE(running.form[Menu::mnuChar].checked);
             EXPECT_FLOAT_EQ(StepOf(running), 2.4F);
         }});
@@ -185,7 +185,7 @@ TEST_P(WhileItLoads, PlainEscapeAndQTakeNoDeviceAway) {
         },
         {[](RunningStage& running) {
             EXPECT_NE(running.direct3D.Device(), nullptr);
-            EXPECT_EQ(running.program.TestCharacterState().Characters.at(0).Sprites.size(), 5U);
+            EXPECT_EQ(running.program.Show().TestChar().Characters.at(0).Sprites.size(), 5U);
         }},
         false);
     EXPECT_THAT(stage->MessageTexts(), testing::IsEmpty());

@@ -38,14 +38,14 @@ TEST(UseTestChar, AsksForACharacterAndTakesItsStep) {
     stage->dialogs.Answer(kHero);
     stage->user = InTurn({[](RunningStage& running) {
                               running.Click(Menu::mnuChar);
-                              EXPECT_TRUE(running.program.TestCharacterState().CharLoaded);
+                              EXPECT_TRUE(running.program.Show().TestChar().CharLoaded);
                               EXPECT_EQ(running.form[Menu::mnuChar].caption, "Use The Hero");
-                              EXPECT_FLOAT_EQ(running.program.CameraState().HCamStep, 2.4F);
+                              EXPECT_FLOAT_EQ(running.program.Show().CameraState().HCamStep, 2.4F);
                               EXPECT_EQ(running.Caption(), "first");
                           },
                           [](RunningStage& running) {
                               running.Click(Menu::mnuChar);
-                              EXPECT_FLOAT_EQ(running.program.CameraState().HCamStep, 1);
+                              EXPECT_FLOAT_EQ(running.program.Show().CameraState().HCamStep, 1);
                           }});
     stage->program.Form_OLEDragDrop(kStageA);
     EXPECT_THAT(stage->MessageTexts(), testing::IsEmpty());
@@ -55,10 +55,10 @@ TEST(UseTestChar, IsSwitchedOnByTheSettingsAndStaysAcrossStages) {
     const auto stage =
         WithHero(std::string("TestChar = ") + kHero + "\r\nChar = True\r\nHCamStep = 3\r\n");
     EXPECT_TRUE(stage->form[Menu::mnuChar].checked);
-    EXPECT_FALSE(stage->program.TestCharacterState().CharLoaded);
+    EXPECT_FALSE(stage->program.Show().TestChar().CharLoaded);
     const auto loaded = [](RunningStage& running) {
-        EXPECT_TRUE(running.program.TestCharacterState().CharLoaded);
-        EXPECT_FLOAT_EQ(running.program.CameraState().HCamStep, 2.4F);
+        EXPECT_TRUE(running.program.Show().TestChar().CharLoaded);
+        EXPECT_FLOAT_EQ(running.program.Show().CameraState().HCamStep, 2.4F);
     };
     stage->user = InTurn(
         {loaded, [](RunningStage& running) { running.program.Form_OLEDragDrop(kStageC); }, loaded});
@@ -74,9 +74,9 @@ TEST(UseTestChar, GetsItsStepBackFromMouseScrolling) {
         running.Click(Menu::mnuChar);
         running.Click(Menu::mnuMScroll);
         running.Click(Menu::mnuMScroll);
-        EXPECT_FLOAT_EQ(running.program.CameraState().HCamStep, 2.4F);
+        EXPECT_FLOAT_EQ(running.program.Show().CameraState().HCamStep, 2.4F);
         running.Click(Menu::mnuChar);
-        EXPECT_FLOAT_EQ(running.program.CameraState().HCamStep, 1) << "the user's own";
+        EXPECT_FLOAT_EQ(running.program.Show().CameraState().HCamStep, 1) << "the user's own";
     }});
     stage->program.Form_OLEDragDrop(kStageA);
 }
@@ -112,7 +112,7 @@ TEST(UseTestChar, TheSettingsGetTheCharacterAndTheUsersSteps) {
     next.Load();
     EXPECT_EQ(next.form[Menu::mnuChar].caption, "Use The Hero");
     next.user = InTurn({[](RunningStage& running) {
-        EXPECT_TRUE(running.program.TestCharacterState().CharLoaded);
+        EXPECT_TRUE(running.program.Show().TestChar().CharLoaded);
         EXPECT_FLOAT_EQ(StepOf(running), 2.4F);
     }});
     next.program.Form_OLEDragDrop(kStageA);
@@ -136,7 +136,7 @@ TEST(UseTestChar, AFailureAtTheNextStageLeavesTheStageRunning) {
                           },
                           [](RunningStage& running) {
                               EXPECT_EQ(running.Caption(), "third");
-                              EXPECT_EQ(running.program.Loop().LoadingStage, 0);
+                              EXPECT_EQ(running.program.Show().Loop().LoadingStage, 0);
                               EXPECT_FALSE(running.form[Menu::mnuChar].checked);
                               EXPECT_FLOAT_EQ(StepOf(running), 3);
                               for (const Menu item : {Menu::mnuStage, Menu::mnuOptions}) {
@@ -146,7 +146,7 @@ TEST(UseTestChar, AFailureAtTheNextStageLeavesTheStageRunning) {
                           Wait,
                           [](RunningStage& running) {
                               EXPECT_TRUE(running.ShowsSomething());
-                              EXPECT_NE(running.program.Loop().StageRunning, 0);
+                              EXPECT_NE(running.program.Show().Loop().StageRunning, 0);
                           }});
     stage->program.Form_OLEDragDrop(kStageA);
     EXPECT_THAT(stage->MessageTexts(), testing::ElementsAre(HasSubstr("no walking frames")));
@@ -155,7 +155,7 @@ TEST(UseTestChar, AFailureAtTheNextStageLeavesTheStageRunning) {
 TEST(UseTestChar, StaysOnThroughReload) {
     const auto stage = WithHero(Chosen("Char = True\r\n"));
     stage->user = InTurn({ClickOn(Menu::mnuReload), Wait, [](RunningStage& running) {
-                              EXPECT_TRUE(running.program.TestCharacterState().CharLoaded);
+                              EXPECT_TRUE(running.program.Show().TestChar().CharLoaded);
                               EXPECT_FLOAT_EQ(StepOf(running), 2.4F);
                           }});
     stage->program.Form_OLEDragDrop(kStageA);
@@ -164,17 +164,16 @@ TEST(UseTestChar, StaysOnThroughReload) {
 
 TEST(UseTestChar, PlainReloadReleasesItAndTheNextStageLoadsItAgain) {
     const auto stage = WithHero(Chosen("Char = True\r\n"), false);
-    stage->user = InTurn({Wait, ClickOn(Menu::mnuReload),
-                          [](RunningStage& running) {
-                              EXPECT_FALSE(running.program.TestCharacterState().CharLoaded);
-                              EXPECT_TRUE(running.program.TestCharacterState().Characters.empty());
-                              EXPECT_TRUE(running.form[Menu::mnuChar].checked);
-                              running.program.Form_OLEDragDrop(kStageC);
-                          },
-                          Wait,
-                          [](RunningStage& running) {
-                              EXPECT_TRUE(running.program.TestCharacterState().CharLoaded);
-                          }});
+    stage->user = InTurn(
+        {Wait, ClickOn(Menu::mnuReload),
+         [](RunningStage& running) {
+             EXPECT_FALSE(running.program.Show().TestChar().CharLoaded);
+             EXPECT_TRUE(running.program.Show().TestChar().Characters.empty());
+             EXPECT_TRUE(running.form[Menu::mnuChar].checked);
+             running.program.Form_OLEDragDrop(kStageC);
+         },
+         Wait,
+         [](RunningStage& running) { EXPECT_TRUE(running.program.Show().TestChar().CharLoaded); }});
     stage->program.Form_OLEDragDrop(kStageA);
     EXPECT_THAT(stage->MessageTexts(), testing::IsEmpty());
 }
@@ -191,7 +190,7 @@ bool ComingChangesThePicture(bool additions) {
                           },
                           Wait, Wait,
                           [&](RunningStage& running) {
-                              EXPECT_TRUE(running.program.TestCharacterState().CharLoaded);
+                              EXPECT_TRUE(running.program.Show().TestChar().CharLoaded);
                               changed = running.sink.last != without;
                           }});
     stage->program.Form_OLEDragDrop(kStageA);
@@ -208,10 +207,10 @@ TEST(UseTestChar, TheArrowKeysWalkItAndTheCameraGoesAlong) {
     stage->user = InTurn(
         {[](RunningStage& running) { running.keyboard.Press(VirtualKey::Right); }, Wait, Wait,
          [](RunningStage& running) {
-             const TestCharacter& hero = running.program.TestCharacterState().Characters.at(0);
+             const TestCharacter& hero = running.program.Show().TestChar().Characters.at(0);
              EXPECT_FLOAT_EQ(hero.X, 160 + 3 * 2.4F);
              EXPECT_EQ(hero.Action, kWalking);
-             EXPECT_FLOAT_EQ(running.program.Model().CamX, -3 * 2.4F);
+             EXPECT_FLOAT_EQ(running.program.Show().Model().CamX, -3 * 2.4F);
          }});
     stage->program.Form_OLEDragDrop(kStageA);
 }
@@ -244,8 +243,8 @@ TEST(ChangeChar, AFileThatIsNoCharacterIsSaid) {
     const auto stage = WithHero(Chosen("Char = True\r\n"));
     stage->dialogs.Answer(kStageC);
     stage->user = InTurn({ClickOn(Menu::mnuChange), [](RunningStage& running) {
-                              EXPECT_EQ(running.program.TestCharacterState().TestChar, kHero);
-                              EXPECT_TRUE(running.program.TestCharacterState().CharLoaded);
+                              EXPECT_EQ(running.program.Show().TestChar().TestChar, kHero);
+                              EXPECT_TRUE(running.program.Show().TestChar().CharLoaded);
                           }});
     stage->program.Form_OLEDragDrop(kStageA);
     EXPECT_THAT(stage->MessageTexts(), testing::ElementsAre("Not a Character!"));
@@ -261,7 +260,7 @@ TEST(ChangeChar, InTheSpriteBrowserTheCaptionStaysTheSprites) {
     stage->user =
         InTurn({ClickOn(Menu::mnuDebug), Wait, expectSprite, ClickOn(Menu::mnuChange), expectSprite,
                 ClickOn(Menu::mnuChar), expectSprite, [](RunningStage& running) {
-                    EXPECT_TRUE(running.program.TestCharacterState().CharLoaded);
+                    EXPECT_TRUE(running.program.Show().TestChar().CharLoaded);
                 }});
     stage->program.Form_OLEDragDrop(kStageA);
     EXPECT_EQ(stage->dialogs.Asked().size(), 2U);
@@ -293,7 +292,7 @@ TEST_P(StepsOfBoth, AreTheUsersInTheSettingsAndBehindIt) {
         if (exitBehind == GetParam().size()) {
             acts.emplace_back([](RunningStage& running) {
                 EXPECT_FLOAT_EQ(StepOf(running), 3);
-                EXPECT_FLOAT_EQ(running.program.CameraState().VCamStep, 5);
+                EXPECT_FLOAT_EQ(running.program.Show().CameraState().VCamStep, 5);
             });
         }
         acts.push_back(ClickOn(Menu::mnuExit));

@@ -45,7 +45,7 @@ protected:
 TEST_F(Commands, UncheckingTheLimiterAsksNothing) {
     stage.Click(Menu::mnuFPS);
     EXPECT_FALSE(stage.form[Menu::mnuFPS].checked);
-    EXPECT_EQ(stage.program.Loop().FpsLimit, 0);
+    EXPECT_EQ(stage.program.Show().Loop().FpsLimit, 0);
     EXPECT_EQ(stage.form[Menu::mnuFPS].caption, "FPS Limiter (60 fps)");
     EXPECT_THAT(stage.dialogs.Asked(), IsEmpty());
 }
@@ -66,7 +66,7 @@ TEST_P(LimiterAnswer, BecomesTheLimit) {
     stage.Click(Menu::mnuFPS);
     EXPECT_THAT(stage.dialogs.Asked(),
                 ElementsAre(DialogQuestion{DialogQuestion::Kind::InputBox, "Max FPS?", ""}));
-    EXPECT_EQ(stage.program.Loop().FpsLimit, GetParam().limit);
+    EXPECT_EQ(stage.program.Show().Loop().FpsLimit, GetParam().limit);
     EXPECT_EQ(stage.form[Menu::mnuFPS].caption, GetParam().caption);
     EXPECT_TRUE(stage.form[Menu::mnuFPS].checked);
     EXPECT_THAT(stage.MessageTexts(), IsEmpty());
@@ -88,11 +88,11 @@ INSTANTIATE_TEST_SUITE_P(All, LimiterAnswer,
 TEST_F(Commands, ALimitBeyond16BitsIsAnError) {
     for (const char* const answer : {"32768", "32767.5", "-32769", "1000000000000"}) {
         stage.form[Menu::mnuFPS].checked = false;
-        stage.program.SetFpsLimit(0);
+        stage.program.Show().Loop().FpsLimit = 0;
         stage.dialogs.Answer(answer);
         stage.Click(Menu::mnuFPS);
         EXPECT_THAT(stage.MessageTexts().back(), StartsWith("Run-time error: Overflow"));
-        EXPECT_EQ(stage.program.Loop().FpsLimit, 0);
+        EXPECT_EQ(stage.program.Show().Loop().FpsLimit, 0);
         EXPECT_EQ(stage.form[Menu::mnuFPS].caption, "FPS Limiter (60 fps)");
         EXPECT_TRUE(stage.form[Menu::mnuFPS].checked) << "that came before the question";
     }
@@ -117,7 +117,7 @@ TEST_F(Commands, ALimitBelowNothingDoesNotWait) {
     stage.Click(Menu::mnuFPS);
     stage.Click(Menu::mnuFPS);
     WhileAIsShown(std::vector<Act>(9, Wait));
-    EXPECT_EQ(stage.program.Loop().TotalFrames, 10);
+    EXPECT_EQ(stage.program.Show().Loop().TotalFrames, 10);
 }
 
 // --- Pause ---------------------------------------------------------------------------------------
@@ -126,11 +126,11 @@ TEST_F(Commands, PauseMarksItemAndCaptionAndTakesThemBack) {
     WhileAIsShown({Click(Menu::mnuPause), [](RunningStage& running) {
                        EXPECT_EQ(running.Caption(), "first <<PAUSED>>");
                        EXPECT_TRUE(running.form[Menu::mnuPause].checked);
-                       EXPECT_EQ(running.program.Paused, 255);
+                       EXPECT_EQ(running.program.Show().Loop().Paused, 255);
                        running.Click(Menu::mnuPause);
                        EXPECT_EQ(running.Caption(), "first");
                        EXPECT_FALSE(running.form[Menu::mnuPause].checked);
-                       EXPECT_EQ(running.program.Paused, 0);
+                       EXPECT_EQ(running.program.Show().Loop().Paused, 0);
                    }});
 }
 
@@ -139,8 +139,8 @@ TEST_F(Commands, WhilePausedTheLineKeepsItsTextAndCommandsGoOn) {
     std::vector<Act> acts = {Click(Menu::mnuPause)};
     acts.insert(acts.end(), 100, Wait);
     acts.emplace_back([](RunningStage& running) {
-        EXPECT_EQ(running.program.InfoText(), "Cam 0,0  1 FPS");
-        EXPECT_EQ(running.program.Loop().TotalFrames, 1);
+        EXPECT_EQ(running.program.Show().InfoText(), "Cam 0,0  1 FPS");
+        EXPECT_EQ(running.program.Show().Loop().TotalFrames, 1);
         running.Click(Menu::mnuAbout);
     });
     WhileAIsShown(acts);
@@ -158,7 +158,8 @@ protected:
     }
 
     [[nodiscard]] std::vector<Single> Steps() const {
-        return {stage.program.CameraState().HCamStep, stage.program.CameraState().VCamStep};
+        return {stage.program.Show().CameraState().HCamStep,
+                stage.program.Show().CameraState().VCamStep};
     }
 
     RunningStage stage;
@@ -184,22 +185,23 @@ TEST_F(MouseScroll, SetsTheStepsAndGivesThemBack) {
 
 TEST_F(MouseScroll, SwitchedOffTheElementsStandWhereTheCameraSeesThem) {
     float start = 0;
-    stage.user = InTurn({[&](RunningStage& running) {
-                             start = running.program.Model().Elements.at(0).posX;
-                             running.Click(Menu::mnuMScroll);
-                             running.pointer.MoveTo({260, 120});
-                         },
-                         Wait, Wait,
-                         [](RunningStage& running) {
-                             EXPECT_EQ(running.program.Model().CamX, -60.0F);  // twice a frame
-                             running.Click(Menu::mnuMScroll);
-                         },
-                         Wait,
-                         [&](RunningStage& running) {
-                             const BackgroundElement& wall = running.program.Model().Elements.at(0);
-                             EXPECT_EQ(running.program.Model().CamX, -60.0F);
-                             EXPECT_EQ(wall.posX, start - 60 * wall.deltaX);
-                         }});
+    stage.user =
+        InTurn({[&](RunningStage& running) {
+                    start = running.program.Show().Model().Elements.at(0).posX;
+                    running.Click(Menu::mnuMScroll);
+                    running.pointer.MoveTo({260, 120});
+                },
+                Wait, Wait,
+                [](RunningStage& running) {
+                    EXPECT_EQ(running.program.Show().Model().CamX, -60.0F);  // twice a frame
+                    running.Click(Menu::mnuMScroll);
+                },
+                Wait,
+                [&](RunningStage& running) {
+                    const BackgroundElement& wall = running.program.Show().Model().Elements.at(0);
+                    EXPECT_EQ(running.program.Show().Model().CamX, -60.0F);
+                    EXPECT_EQ(wall.posX, start - 60 * wall.deltaX);
+                }});
     stage.program.lstStages_Click(kItemA);
 }
 
@@ -208,10 +210,10 @@ TEST_F(MouseScroll, SavedStepsOfNothingComeBackAsOne) {
     fresh.Load();
     fresh.form[Menu::mnuMScroll].enabled = true;
     fresh.Click(Menu::mnuMScroll);
-    EXPECT_EQ(fresh.program.CameraState().HCamStep, 0.0F);
+    EXPECT_EQ(fresh.program.Show().CameraState().HCamStep, 0.0F);
     fresh.Click(Menu::mnuMScroll);
-    EXPECT_EQ(fresh.program.CameraState().HCamStep, 1.0F);
-    EXPECT_EQ(fresh.program.CameraState().VCamStep, 1.0F);
+    EXPECT_EQ(fresh.program.Show().CameraState().HCamStep, 1.0F);
+    EXPECT_EQ(fresh.program.Show().CameraState().VCamStep, 1.0F);
 }
 
 TEST_F(MouseScroll, TheUsersStepsAreSavedAtTheEnd) {
@@ -322,13 +324,13 @@ TEST_P(PlainKey, ReleasesTheDeviceUnderTheLoop) {
                          [](RunningStage& running) {
                              EXPECT_EQ(running.direct3D.Device(), nullptr);
                              EXPECT_EQ(running.sink.shown, 2);
-                             EXPECT_EQ(running.program.Loop().TotalFrames, 2);
+                             EXPECT_EQ(running.program.Show().Loop().TotalFrames, 2);
                              running.program.lstStages_Click(kItemC);
                          },
                          Wait});
     stage.program.lstStages_Click(kItemA);
     EXPECT_EQ(stage.Caption(), "third");
-    EXPECT_EQ(stage.program.Loop().TotalFrames, 2) << "the next stage has a device again";
+    EXPECT_EQ(stage.program.Show().Loop().TotalFrames, 2) << "the next stage has a device again";
     EXPECT_THAT(stage.MessageTexts(), IsEmpty());
 }
 
@@ -352,7 +354,7 @@ TEST_F(Commands, AdditionsAreKeptForTheNextStart) {
     EXPECT_TRUE(stage.form[Menu::mnuAdditions].checked);
     stage.Click(Menu::mnuAdditions);
     EXPECT_FALSE(stage.form[Menu::mnuAdditions].checked);
-    EXPECT_FALSE(stage.program.Options().Additions);
+    EXPECT_FALSE(stage.program.Show().Options().Additions);
     EXPECT_EQ(stage.files.Get("/program/Scenara.ini"), "Additions = False\r\n");
     EXPECT_EQ(stage.Begun(), 0);
     stage.Click(Menu::mnuAdditions);
@@ -365,20 +367,21 @@ TEST_F(Commands, ChangingTheAdditionsShowsTheStageAgainWhereTheCameraStands) {
     acts.insert(acts.end(), 9, Wait);
     acts.emplace_back([](RunningStage& running) {
         running.keyboard.Release(VirtualKey::Right);
-        ASSERT_EQ(running.program.Model().CamX, -20.0F)
+        ASSERT_EQ(running.program.Show().Model().CamX, -20.0F)
             << "ten frames, two passes each, a step of 1";
         running.Click(Menu::mnuAdditions);
     });
     acts.emplace_back([](RunningStage& running) {
         EXPECT_EQ(running.Begun(), 2);
-        EXPECT_EQ(running.program.Model().CamX, -20.0F);
-        EXPECT_EQ(running.program.CameraState().previousX, -20.0F);
+        EXPECT_EQ(running.program.Show().Model().CamX, -20.0F);
+        EXPECT_EQ(running.program.Show().CameraState().previousX, -20.0F);
         EXPECT_EQ(running.Caption(), "first");
         running.program.lstStages_Click(kItemC);
     });
     acts.emplace_back([](RunningStage& running) {
         EXPECT_EQ(running.Caption(), "third");
-        EXPECT_EQ(running.program.Model().CamX, 0.0F) << "another stage begins at its own start";
+        EXPECT_EQ(running.program.Show().Model().CamX, 0.0F)
+            << "another stage begins at its own start";
     });
     WhileAIsShown(acts);
     EXPECT_EQ(stage.Begun(), 3);
@@ -386,13 +389,14 @@ TEST_F(Commands, ChangingTheAdditionsShowsTheStageAgainWhereTheCameraStands) {
 }
 
 TEST_F(Commands, AReloadedStageBeginsAtItsStart) {
-    WhileAIsShown({[](RunningStage& running) { running.keyboard.Press(VirtualKey::Right); }, Wait,
-                   [](RunningStage& running) {
-                       running.keyboard.Release(VirtualKey::Right);
-                       EXPECT_EQ(running.program.Model().CamX, -4.0F);
-                       running.Click(Menu::mnuReload);
-                   },
-                   [](RunningStage& running) { EXPECT_EQ(running.program.Model().CamX, 0.0F); }});
+    WhileAIsShown(
+        {[](RunningStage& running) { running.keyboard.Press(VirtualKey::Right); }, Wait,
+         [](RunningStage& running) {
+             running.keyboard.Release(VirtualKey::Right);
+             EXPECT_EQ(running.program.Show().Model().CamX, -4.0F);
+             running.Click(Menu::mnuReload);
+         },
+         [](RunningStage& running) { EXPECT_EQ(running.program.Show().Model().CamX, 0.0F); }});
     EXPECT_EQ(stage.Begun(), 2);
 }
 
@@ -400,7 +404,7 @@ TEST_F(Commands, AnAdditionsSettingThatCannotBeSavedIsSaidAndHolds) {
     stage.files.FillDisk();
     WhileAIsShown({Click(Menu::mnuAdditions), Wait});
     EXPECT_THAT(stage.MessageTexts(), ElementsAre(StartsWith("Run-time error: Disk full")));
-    EXPECT_FALSE(stage.program.Options().Additions);
+    EXPECT_FALSE(stage.program.Show().Options().Additions);
     EXPECT_EQ(stage.Begun(), 2);
 }
 

@@ -157,7 +157,7 @@ protected:
             case State::Editing:
                 stage.Click(Menu::mnuDebugBG);
                 stage.program.Form_MouseDown(162, 3);
-                ASSERT_NE(stage.program.Editor().FollowedIndex(), -1);
+                ASSERT_NE(stage.program.Show().Editor().FollowedIndex(), -1);
                 break;
             case State::Browsing:
                 stage.Click(Menu::mnuDebug);
@@ -165,7 +165,7 @@ protected:
                 break;
             case State::WithCharacter:
                 stage.keyboard.Press(VirtualKey::Right);
-                ASSERT_TRUE(stage.program.TestCharacterState().CharLoaded);
+                ASSERT_TRUE(stage.program.Show().TestChar().CharLoaded);
                 break;
             default: break;
         }
@@ -173,7 +173,7 @@ protected:
 
     // A paused stage shows no pictures of its own.
     static void GoOn(RunningStage& stage) {
-        if (stage.program.Paused != 0) {
+        if (stage.program.Show().Loop().Paused != 0) {
             stage.Click(Menu::mnuPause);
         }
     }
@@ -188,7 +188,7 @@ protected:
         EXPECT_EQ(stage.Caption(), "first");
         EXPECT_EQ(stage.sink.shown, before + 3);
         EXPECT_TRUE(stage.ShowsSomething());
-        EXPECT_EQ(stage.program.Loop().LoadingStage, 0);
+        EXPECT_EQ(stage.program.Show().Loop().LoadingStage, 0);
         for (const Menu item : {Menu::mnuStage, Menu::mnuOptions, Menu::mnuExtras,
                                 Menu::mnuStagePrev, Menu::mnuStageNext, Menu::mnuR}) {
             EXPECT_TRUE(stage.form[item].enabled);

@@ -21,9 +21,9 @@ TEST(FormLoad, TellsTheVersionInTheTitle) {
 
 TEST(FormLoad, LimitsFramesTo60) {
     RunningStage stage;
-    stage.program.SetFpsLimit(7);
+    stage.program.Show().Loop().FpsLimit = 7;
     stage.program.Form_Load();
-    EXPECT_EQ(stage.program.Loop().FpsLimit, 60);
+    EXPECT_EQ(stage.program.Show().Loop().FpsLimit, 60);
     EXPECT_EQ(stage.form[Menu::mnuFPS].caption, "FPS Limiter (60 fps)");
     EXPECT_TRUE(stage.form[Menu::mnuFPS].checked);
     EXPECT_EQ(stage.program.Times().CounterFrequency, 60'000.0);
@@ -119,7 +119,7 @@ TEST(FormLoad, TheAdditionsStandAsTheyWereLeft) {
         stage.files.Put("/program/Scenara.ini",
                         additions ? "Additions = True\r\n" : "Additions = False\r\n");
         stage.program.Form_Load();
-        EXPECT_EQ(stage.program.Options().Additions, additions);
+        EXPECT_EQ(stage.program.Show().Options().Additions, additions);
         EXPECT_EQ(stage.form[Menu::mnuAdditions].checked, additions);
     }
 }

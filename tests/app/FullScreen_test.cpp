@@ -259,7 +259,7 @@ TEST_F(FullScreen, TheSpriteBrowserEndsIt) {
                    Wait,
                    [this](RunningStage& running) {
                        ExpectOff();
-                       EXPECT_EQ(running.program.SpriteBrowserMode, 255);
+                       EXPECT_EQ(running.program.Show().SpriteBrowserMode, 255);
                    }});
 }
 

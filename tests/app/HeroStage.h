@@ -46,7 +46,7 @@ inline Act ClickOn(Menu item) {
 }
 
 inline Single StepOf(const RunningStage& stage) {
-    return stage.program.CameraState().HCamStep;
+    return stage.program.Show().CameraState().HCamStep;
 }
 
 // Acts once, when the character (and not the stage) begins to load. Its archive is not read before

@@ -21,12 +21,6 @@ public:
     std::vector<int> asked;
 };
 
-TEST(DiscardKeyStates, AsksOnceForEveryKeyOfTheLoop) {
-    AskedKeyboard keyboard;
-    DiscardKeyStates(keyboard);
-    EXPECT_THAT(keyboard.asked, testing::ElementsAre(2, 37, 38, 39, 40, 19, 27, 90, 65));
-}
-
 TEST(AnyKeyDown, AsksNoFurtherThanTheFirst) {
     AskedKeyboard all;
     EXPECT_TRUE(AnyKeyDown(all));

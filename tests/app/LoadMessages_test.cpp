@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "app/LoadMessages.h"
+#include "show/LoadMessages.h"
 
 #include <string>
 #include <vector>

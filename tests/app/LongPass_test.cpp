@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // Frames that take long: the window goes on hearing of the user, and one that is to be left is.
-#include "app/LongPass.h"
+#include "show/LongPass.h"
 
 #include <algorithm>
 #include <string>
@@ -168,7 +168,8 @@ struct HeavyStage {
                         its.clock.SetCountsPerLook(0);
                         captions = its.window.Captions();
                         shown = its.sink.shown;
-                        for (const BackgroundElement& element : its.program.Model().Elements) {
+                        for (const BackgroundElement& element :
+                             its.program.Show().Model().Elements) {
                             drifted.push_back(element.ctrlPos[0]);
                         }
                         if (after) {

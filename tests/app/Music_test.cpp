@@ -172,7 +172,7 @@ TEST_F(StageMusic, IsStoppedByExit) {
 TEST_F(StageMusic, IsStoppedByAStageThatCannotBeLoaded) {
     Show(kItemA, {Wait, [](RunningStage& running) { running.Open("/mugen/stages/gone.def"); }});
     ASSERT_EQ(stage.MessageTexts().size(), 1U);
-    EXPECT_EQ(stage.program.Loop().StageRunning, 0);
+    EXPECT_EQ(stage.program.Show().Loop().StageRunning, 0);
     EXPECT_EQ(stage.program.Music().State(), 0);
 }
 

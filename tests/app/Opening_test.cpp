@@ -54,8 +54,8 @@ TEST_F(Opening, AMissingFileIsSaidTwiceAndTheShownStageGoesOn) {
                 ElementsAre(Said("Can't find file: \r\n/mugen/stages/gone.def", MessageIcon::None),
                             Said("Not a stage!", MessageIcon::Exclamation)));
     EXPECT_EQ(stage.Caption(), "first");
-    EXPECT_EQ(stage.program.Loop().StageRunning, 1);
-    EXPECT_EQ(stage.program.Loop().TotalFrames, 5) << "one before each act, and the last";
+    EXPECT_EQ(stage.program.Show().Loop().StageRunning, 1);
+    EXPECT_EQ(stage.program.Show().Loop().TotalFrames, 5) << "one before each act, and the last";
     EXPECT_THAT(stage.form.recentFiles, ElementsAre(kA));
 }
 
@@ -78,7 +78,7 @@ TEST_F(Opening, TheCaptionIsThePathAndThenTheTitle) {
     WhileAIsShown({});
     EXPECT_THAT(stage.window.Captions(), testing::Contains(testing::StrEq(kA)));
     EXPECT_EQ(stage.Caption(), "first");
-    EXPECT_EQ(stage.program.CurrentStageFile, kA);
+    EXPECT_EQ(stage.program.Show().Which.CurrentStageFile, kA);
 }
 
 TEST_F(Opening, ARecentFileLeavesTheCaptionAlone) {
@@ -98,7 +98,7 @@ TEST_F(Opening, ARecentFileMovesToTheTopEvenWhenItIsGone) {
                 ElementsAre(Said("Can't find file: \r\n/mugen/stages/gone.def", MessageIcon::None),
                             Said("Not a stage!", MessageIcon::CriticalStop)));
     EXPECT_EQ(stage.Caption(), "third") << "goes on";
-    EXPECT_EQ(stage.program.Loop().StageRunning, 1);
+    EXPECT_EQ(stage.program.Show().Loop().StageRunning, 1);
 }
 
 TEST_F(Opening, ARecentFileThatTheMenuDoesNotHaveIsAnError) {
@@ -118,7 +118,7 @@ TEST_F(Opening, AfterCloseARecentFileIsShown) {
     stage.user = InTurn({});
     stage.program.MnuRecentFiles_Click(1);
     EXPECT_EQ(stage.Caption(), "first");
-    EXPECT_EQ(stage.program.Loop().StageRunning, 1);
+    EXPECT_EQ(stage.program.Show().Loop().StageRunning, 1);
 }
 
 TEST_F(Opening, KeepsTheSixLastStagesNewestFirst) {
@@ -143,7 +143,7 @@ TEST_F(Opening, NextWithoutASelectionOpensTheFirst) {
     stage.Click(Menu::mnuStageNext);
     EXPECT_EQ(stage.form.lstStages.ListIndex, 0);
     EXPECT_EQ(stage.Caption(), "first");
-    EXPECT_EQ(stage.program.CurrentStageFile, kA);
+    EXPECT_EQ(stage.program.Show().Which.CurrentStageFile, kA);
 }
 
 TEST_F(Opening, NextAndPreviousWalkTheListAndStopAtItsEnds) {
@@ -177,7 +177,7 @@ TEST_F(Opening, AnErrorOfAHandlerLeavesTheShownStageAlone) {
                    Wait, Wait});
     EXPECT_THAT(stage.MessageTexts(),
                 ElementsAre("Run-time error: Invalid property value: ListIndex"));
-    EXPECT_EQ(stage.program.Loop().TotalFrames, 4);
+    EXPECT_EQ(stage.program.Show().Loop().TotalFrames, 4);
 }
 
 TEST_F(Opening, AnEmptyListHasNoNextAndErrorsOtherwise) {
@@ -199,7 +199,7 @@ TEST_F(Opening, RandomReachesEveryStageAndNothingElse) {
         stage.user = InTurn({});
         stage.Click(Menu::mnuR);
         reached.insert(stage.form.lstStages.ListIndex);
-        ASSERT_EQ(stage.program.CurrentStageFile,
+        ASSERT_EQ(stage.program.Show().Which.CurrentStageFile,
                   "/mugen/stages/" +
                       stage.form.lstStages.items.at(
                           static_cast<std::size_t>(stage.form.lstStages.ListIndex)) +
@@ -234,7 +234,7 @@ TEST_F(Opening, AnItemThatTheListDoesNotHaveIsAnError) {
 TEST_F(Opening, WhileAStageLoadsTheListSelectsAndOpensNothing) {
     WhileAIsShown({}, [](RunningStage& running) { running.program.lstStages_Click(kItemC); });
     EXPECT_EQ(stage.Caption(), "first");
-    EXPECT_EQ(stage.program.CurrentStageFile, kA);
+    EXPECT_EQ(stage.program.Show().Which.CurrentStageFile, kA);
     EXPECT_EQ(stage.form.lstStages.ListIndex, kItemC);
     EXPECT_EQ(stage.Begun(), 1);
 }
@@ -254,7 +254,7 @@ TEST_F(Opening, WhileAStageLoadsTheMenusOpenNothing) {
     EXPECT_EQ(stage.Begun(), 1);
     EXPECT_EQ(stage.Caption(), "first");
     EXPECT_FALSE(stage.program.Ended());
-    EXPECT_TRUE(stage.program.Options().Additions);
+    EXPECT_TRUE(stage.program.Show().Options().Additions);
 }
 
 TEST_F(Opening, AFileDroppedWhileAStageLoadsIsOpenedWhenThatIsDone) {
@@ -280,7 +280,7 @@ TEST_F(Opening, CloseOpensNothingThatWasDroppedBefore) {
                       }
                   });
     EXPECT_EQ(stage.Caption(), stage.program.AppTitle);
-    EXPECT_EQ(stage.program.Loop().StageRunning, 0);
+    EXPECT_EQ(stage.program.Show().Loop().StageRunning, 0);
 }
 
 TEST_F(Opening, OfSeveralDroppedFilesTheLastIsOpened) {
@@ -303,7 +303,7 @@ TEST_F(Opening, ADroppedFileThatIsNoStageLeavesTheLoadedOne) {
     });
     EXPECT_EQ(stage.MessageTexts().size(), 2U);
     EXPECT_EQ(stage.Caption(), "first");
-    EXPECT_EQ(stage.program.Loop().TotalFrames, 2);
+    EXPECT_EQ(stage.program.Show().Loop().TotalFrames, 2);
 }
 
 TEST_F(Opening, ADropOntoTheWindowWithoutAStageOpensIt) {
@@ -321,7 +321,7 @@ TEST_F(Opening, AChoiceThatIsNoStageLeavesTheOneThatWasAskedForBefore) {
     EXPECT_THAT(stage.MessageTexts(),
                 ElementsAre("Can't find file: \r\n/mugen/stages/gone.def", "Not a stage!"));
     EXPECT_EQ(stage.Caption(), "third");
-    EXPECT_EQ(stage.program.Loop().StageRunning, 1);
+    EXPECT_EQ(stage.program.Show().Loop().StageRunning, 1);
 }
 
 TEST_F(Opening, TheDialogBeginsInTheStagesFolder) {
@@ -344,9 +344,9 @@ TEST_F(Opening, TheDialogBeginsAnywhereWhenThatFolderIsMissing) {
 TEST_F(Opening, ACancelledDialogChangesNothing) {
     WhileAIsShown({[](RunningStage& running) { running.Click(Menu::mnuOpen); }, Wait});
     EXPECT_EQ(stage.dialogs.Asked().size(), 1U);
-    EXPECT_EQ(stage.program.CurrentStageFile, kA);
+    EXPECT_EQ(stage.program.Show().Which.CurrentStageFile, kA);
     EXPECT_EQ(stage.Begun(), 1);
-    EXPECT_EQ(stage.program.Loop().TotalFrames, 3);
+    EXPECT_EQ(stage.program.Show().Loop().TotalFrames, 3);
     EXPECT_THAT(stage.MessageTexts(), IsEmpty());
 }
 
@@ -355,16 +355,16 @@ TEST_F(Opening, WhatTheDialogGivesEndsBehindTheEnding) {
     stage.dialogs.Answer("/mugen/stages/x.def.d/Y.DEF~1");
     stage.user = InTurn({});
     stage.Click(Menu::mnuOpen);
-    EXPECT_EQ(stage.program.CurrentStageFile, "/mugen/stages/x.def.d/Y.DEF");
+    EXPECT_EQ(stage.program.Show().Which.CurrentStageFile, "/mugen/stages/x.def.d/Y.DEF");
     EXPECT_EQ(stage.Caption(), "deep");
 }
 
 TEST_F(Opening, CloseReleasesTheStageAndGivesTheTitleBack) {
     WhileAIsShown({Wait, [](RunningStage& running) { running.Click(Menu::mnuClose); }});
     EXPECT_EQ(stage.Caption(), "Scenara 1.0 DirectX 8 Experiment");
-    EXPECT_EQ(stage.program.Loop().StageRunning, 0);
+    EXPECT_EQ(stage.program.Show().Loop().StageRunning, 0);
     EXPECT_EQ(stage.direct3D.Device(), nullptr);
-    EXPECT_EQ(stage.program.Model().ElementCount, 0);
+    EXPECT_EQ(stage.program.Show().Model().ElementCount, 0);
     EXPECT_EQ(stage.turn, 5) << "three images, two acts, and the loop has ended";
     EXPECT_TRUE(stage.form.lstStages.takesKeys);
 }
@@ -397,7 +397,7 @@ TEST_F(Opening, NextBehindCloseOpensTheNext) {
                    Wait});
     EXPECT_EQ(stage.Begun(), 2);
     EXPECT_EQ(stage.Caption(), "third");
-    EXPECT_EQ(stage.program.Loop().TotalFrames, 2);
+    EXPECT_EQ(stage.program.Show().Loop().TotalFrames, 2);
 }
 
 TEST_F(Opening, NextBehindAnEndedLoopOpensTheNext) {
@@ -415,7 +415,7 @@ TEST_F(Opening, ReloadShowsTheFileAsItIsNow) {
                    Wait});
     EXPECT_EQ(stage.Caption(), "mended");
     EXPECT_EQ(stage.Begun(), 2);
-    EXPECT_EQ(stage.program.Loop().TotalFrames, 2);
+    EXPECT_EQ(stage.program.Show().Loop().TotalFrames, 2);
     EXPECT_THAT(stage.dialogs.Asked(), IsEmpty());
 }
 
@@ -424,7 +424,7 @@ TEST_F(Opening, ReloadMeansTheShownStageNotTheOneThatWasRefused) {
                    [](RunningStage& running) { running.Click(Menu::mnuReload); }, Wait});
     EXPECT_EQ(stage.Begun(), 2);
     EXPECT_EQ(stage.Caption(), "first");
-    EXPECT_EQ(stage.program.CurrentStageFile, kA);
+    EXPECT_EQ(stage.program.Show().Which.CurrentStageFile, kA);
 }
 
 TEST_F(Opening, ReloadOfAFileThatIsGoneKeepsTheShownStage) {
@@ -435,7 +435,7 @@ TEST_F(Opening, ReloadOfAFileThatIsGoneKeepsTheShownStage) {
                    Wait});
     EXPECT_THAT(stage.MessageTexts(),
                 ElementsAre("Can't find file: \r\n/mugen/stages/a.def", "Not a stage!"));
-    EXPECT_EQ(stage.program.Loop().TotalFrames, 3);
+    EXPECT_EQ(stage.program.Show().Loop().TotalFrames, 3);
 }
 
 TEST_F(Opening, ReloadWithoutAStageAsksForOne) {
@@ -458,7 +458,7 @@ TEST(PlainReload, ReleasesTheStageUnderTheLoopWhichGoesOn) {
     stage.program.lstStages_Click(kItemA);
     EXPECT_EQ(stage.turn, 3 + 4 + 1) << "the loop was not ended by it";
     EXPECT_EQ(stage.sink.shown, 2) << "the window keeps its last picture";
-    EXPECT_EQ(stage.program.Loop().StageRunning, 0);
+    EXPECT_EQ(stage.program.Show().Loop().StageRunning, 0);
     EXPECT_EQ(stage.Begun(), 1);
     EXPECT_THAT(stage.MessageTexts(), IsEmpty());
 }
@@ -472,7 +472,7 @@ TEST(PlainReload, ASecondOneAsksForAStageAndShowsIt) {
     stage.program.lstStages_Click(kItemA);
     EXPECT_EQ(stage.dialogs.Asked().size(), 1U);
     EXPECT_EQ(stage.Caption(), "third");
-    EXPECT_EQ(stage.program.Loop().TotalFrames, 2);
+    EXPECT_EQ(stage.program.Show().Loop().TotalFrames, 2);
     EXPECT_EQ(stage.deepest, 1);
 }
 
@@ -486,7 +486,7 @@ TEST(Browsing, TenThousandStagesThroughNextUseNoMoreStackThanOne) {
     ASSERT_EQ(stage.form.lstStages.items.size(), kStages + 3U);
     int inPump = 0;
     stage.user = [&](RunningStage& running, int) {
-        if (running.program.Loop().LoadingStage == 0) {
+        if (running.program.Show().Loop().LoadingStage == 0) {
             ++inPump;
             const Long before = running.form.lstStages.ListIndex;
             running.Click(Menu::mnuStageNext);
@@ -501,7 +501,7 @@ TEST(Browsing, TenThousandStagesThroughNextUseNoMoreStackThanOne) {
     EXPECT_EQ(stage.deepest, 1) << "no pump inside of a pump";
     EXPECT_EQ(stage.form.lstStages.ListIndex, kStages + 2);
     EXPECT_EQ(stage.form.recentFiles.size(), 6U);
-    EXPECT_EQ(stage.program.Loop().StageRunning, 1);
+    EXPECT_EQ(stage.program.Show().Loop().StageRunning, 1);
 }
 
 }  // namespace

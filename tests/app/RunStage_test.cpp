@@ -26,8 +26,8 @@ TEST(RunStage, ShowsFramesUntilItIsToQuit) {
     stage.program.RunStage();
     // Every frame but the last ends with a check for messages that finds the clock gone on.
     EXPECT_EQ(stage.sink.shown, 10);
-    EXPECT_EQ(stage.program.Loop().TotalFrames, 10);
-    EXPECT_EQ(stage.program.Loop().StageRunning, 1) << "quitting releases nothing by itself";
+    EXPECT_EQ(stage.program.Show().Loop().TotalFrames, 10);
+    EXPECT_EQ(stage.program.Show().Loop().StageRunning, 1) << "quitting releases nothing by itself";
     EXPECT_THAT(stage.MessageTexts(), IsEmpty());
 }
 
@@ -80,7 +80,7 @@ TEST(RunStage, LeavesTheRestOfTheMachineToOthers) {
 
 TEST(RunStage, AFrameLimitOfNothingChecksOncePerPass) {
     RunningStage stage(QuitAt(kLoading + 20));
-    stage.program.SetFpsLimit(0);
+    stage.program.Show().Loop().FpsLimit = 0;
     stage.program.RunStage();
     EXPECT_EQ(stage.sink.shown, 20);
     EXPECT_EQ(stage.window.DoEventsCount(), kLoading + 20U);
@@ -92,7 +92,7 @@ TEST(RunStage, NothingIsPumpedWhenNothingWaits) {
         ++turns;
         running.window.SetMessageWaiting(false);
     });
-    stage.program.SetFpsLimit(0);
+    stage.program.Show().Loop().FpsLimit = 0;
     stage.window.SetMessageWaiting(false);
     // Loading lets messages through without a look; then nobody does. The device ends the loop.
     stage.user = [&](RunningStage& running, int turn) {
@@ -113,8 +113,8 @@ TEST(RunStage, NothingIsPumpedWhenNothingWaits) {
 TEST(RunStage, TheSecondsCountIsClampedToTheLimit) {
     std::vector<std::string> texts;
     const auto user = [&](RunningStage& running, int turn) {
-        if (texts.empty() || texts.back() != running.program.InfoText()) {
-            texts.push_back(running.program.InfoText());
+        if (texts.empty() || texts.back() != running.program.Show().InfoText()) {
+            texts.push_back(running.program.Show().InfoText());
         }
         QuitAt(kLoading + 130)(running, turn);
     };
@@ -127,7 +127,7 @@ TEST(RunStage, TheSecondsCountIsClampedToTheLimit) {
 
     texts.clear();
     RunningStage unlimited(user);
-    unlimited.program.SetFpsLimit(0);
+    unlimited.program.Show().Loop().FpsLimit = 0;
     unlimited.program.Menu_Click(Menu::mnuInfo);
     unlimited.program.RunStage();
     EXPECT_THAT(texts, ElementsAre("", "Cam 0,0  1 FPS", "Cam 0,0  61 FPS"));
@@ -136,7 +136,7 @@ TEST(RunStage, TheSecondsCountIsClampedToTheLimit) {
 TEST(RunStage, WithoutInfoNoLineIsMade) {
     RunningStage stage(QuitAt(kLoading + 100));
     stage.program.RunStage();
-    EXPECT_EQ(stage.program.InfoText(), "");
+    EXPECT_EQ(stage.program.Show().InfoText(), "");
 }
 
 TEST(RunStage, WhilePausedThePictureIsShownAgainAndNothingIsCounted) {
@@ -146,7 +146,7 @@ TEST(RunStage, WhilePausedThePictureIsShownAgainAndNothingIsCounted) {
             EXPECT_EQ(running.Caption(), "first <<PAUSED>>");
         }
         if (turn == kLoading + 15) {
-            EXPECT_EQ(running.program.Loop().TotalFrames, 5);
+            EXPECT_EQ(running.program.Show().Loop().TotalFrames, 5);
             EXPECT_EQ(running.sink.shown, 15);
             running.program.Menu_Click(Menu::mnuPause);
             EXPECT_EQ(running.Caption(), "first");
@@ -154,7 +154,7 @@ TEST(RunStage, WhilePausedThePictureIsShownAgainAndNothingIsCounted) {
         QuitAt(kLoading + 20)(running, turn);
     });
     stage.program.RunStage();
-    EXPECT_EQ(stage.program.Loop().TotalFrames, 10);
+    EXPECT_EQ(stage.program.Show().Loop().TotalFrames, 10);
     EXPECT_EQ(stage.sink.shown, 20);
 }
 
@@ -181,15 +181,15 @@ TEST(RunStage, WhilePausedTheInformationLineComesAndGoesOverTheSamePicture) {
 TEST(RunStage, InTheSpriteBrowserNothingIsDrawnShownOrAsked) {
     RunningStage stage([](RunningStage& running, int turn) {
         if (turn == kLoading + 5) {
-            running.program.SpriteBrowserMode = 255;
+            running.program.Show().SpriteBrowserMode = 255;
             running.keyboard.Press(VirtualKey::Pause);
         }
         QuitAt(kLoading + 20)(running, turn);
     });
     stage.program.RunStage();
-    EXPECT_EQ(stage.program.Loop().TotalFrames, 5);
+    EXPECT_EQ(stage.program.Show().Loop().TotalFrames, 5);
     EXPECT_EQ(stage.sink.shown, 5);
-    EXPECT_EQ(stage.program.Paused, 0);
+    EXPECT_EQ(stage.program.Show().Loop().Paused, 0);
     EXPECT_EQ(stage.turn, kLoading + 20) << "messages and pacing go on";
 }
 
@@ -199,7 +199,7 @@ TEST(PauseKey, ActsOncePerPressWithAdditions) {
             running.keyboard.Press(VirtualKey::Pause);
         }
         if (turn == kLoading + 8) {
-            EXPECT_EQ(running.program.Paused, 255);
+            EXPECT_EQ(running.program.Show().Loop().Paused, 255);
             running.keyboard.Release(VirtualKey::Pause);
         }
         if (turn == kLoading + 10) {
@@ -208,7 +208,7 @@ TEST(PauseKey, ActsOncePerPressWithAdditions) {
         QuitAt(kLoading + 13)(running, turn);
     });
     stage.program.RunStage();
-    EXPECT_EQ(stage.program.Paused, 0);
+    EXPECT_EQ(stage.program.Show().Loop().Paused, 0);
 }
 
 TEST(PauseKey, TapsInSuccessivePassesCountEach) {
@@ -217,7 +217,7 @@ TEST(PauseKey, TapsInSuccessivePassesCountEach) {
         if (turn > kLoading && turn <= kLoading + 3) {
             running.keyboard.Tap(VirtualKey::Pause);
         }
-        paused.push_back(running.program.Paused);
+        paused.push_back(running.program.Show().Loop().Paused);
         QuitAt(kLoading + 5)(running, turn);
     });
     stage.program.RunStage();
@@ -231,7 +231,7 @@ TEST(PauseKey, ActsInEveryPassWithoutAdditions) {
             if (turn == kLoading + 1) {
                 running.keyboard.Press(VirtualKey::Pause);
             }
-            paused.push_back(running.program.Paused);
+            paused.push_back(running.program.Show().Loop().Paused);
             QuitAt(kLoading + 5)(running, turn);
         },
         false);
@@ -241,10 +241,10 @@ TEST(PauseKey, ActsInEveryPassWithoutAdditions) {
 
 TEST(Restart, AFileThatIsNotThereLeavesTheWindowWithoutAStage) {
     RunningStage stage;
-    stage.program.CurrentStageFile = "/mugen/stages/gone.def";
+    stage.program.Show().Which.CurrentStageFile = "/mugen/stages/gone.def";
     stage.program.RunStage();
-    EXPECT_EQ(stage.program.Loop().StageRunning, 0);
-    EXPECT_EQ(stage.program.Loop().LoadingStage, 0);
+    EXPECT_EQ(stage.program.Show().Loop().StageRunning, 0);
+    EXPECT_EQ(stage.program.Show().Loop().LoadingStage, 0);
     EXPECT_EQ(stage.MessageTexts().size(), 1U);
     EXPECT_EQ(stage.sink.shown, 0);
     EXPECT_TRUE(stage.form[Menu::mnuStage].enabled);
@@ -259,7 +259,7 @@ TEST(Restart, WithoutADisplayNothingIsLoaded) {
     RunningStage stage;
     stage.direct3D.FailAt(StartStep::Device);
     stage.program.RunStage();
-    EXPECT_EQ(stage.program.Loop().StageRunning, 0);
+    EXPECT_EQ(stage.program.Show().Loop().StageRunning, 0);
     EXPECT_THAT(stage.MessageTexts(), ElementsAre(StartsWith("The display could not be started.")));
     EXPECT_TRUE(stage.form[Menu::mnuStage].enabled);
 }
@@ -273,13 +273,13 @@ TEST(Restart, AnErrorInAPassIsSaidAndEndsTheStageOnly) {
     stage.program.RunStage();
     EXPECT_THAT(stage.MessageTexts(),
                 ElementsAre(StartsWith("Run-time error: Direct3D error: BeginScene")));
-    EXPECT_EQ(stage.program.Loop().StageRunning, 0);
+    EXPECT_EQ(stage.program.Show().Loop().StageRunning, 0);
     EXPECT_FALSE(stage.program.Ended());
 
     stage.turn = 0;
     stage.user = QuitAt(kLoading + 3);
     stage.Open("/mugen/stages/a.def");
-    EXPECT_EQ(stage.program.Loop().StageRunning, 1);
+    EXPECT_EQ(stage.program.Show().Loop().StageRunning, 1);
 }
 
 TEST(Restart, AStageReleasedUnderTheLoopLeavesTheLastPicture) {
@@ -291,7 +291,7 @@ TEST(Restart, AStageReleasedUnderTheLoopLeavesTheLastPicture) {
     });
     stage.program.RunStage();
     EXPECT_EQ(stage.sink.shown, 4) << "nothing is drawn, shown or counted without a device";
-    EXPECT_EQ(stage.program.Loop().TotalFrames, 0);
+    EXPECT_EQ(stage.program.Show().Loop().TotalFrames, 0);
     EXPECT_EQ(stage.turn, kLoading + 10) << "messages go on";
     EXPECT_THAT(stage.MessageTexts(), IsEmpty());
 }
@@ -306,7 +306,7 @@ TEST(Restart, FromInsideOfThePumpBeginsTheLoopAnew) {
     });
     stage.program.RunStage();
     EXPECT_EQ(stage.Caption(), "second");
-    EXPECT_EQ(stage.program.Loop().TotalFrames, 6) << "counted anew";
+    EXPECT_EQ(stage.program.Show().Loop().TotalFrames, 6) << "counted anew";
     EXPECT_EQ(stage.deepest, 1);
 }
 
@@ -327,7 +327,7 @@ TEST(Restart, TenThousandStagesUseNoMoreStackThanOne) {
     int opened = 0;
     RunningStage stage;
     stage.user = [&](RunningStage& running, int) {
-        if (running.program.Loop().LoadingStage != 0) {
+        if (running.program.Show().Loop().LoadingStage != 0) {
             return;
         }
         if (opened == 10'000) {
@@ -337,7 +337,7 @@ TEST(Restart, TenThousandStagesUseNoMoreStackThanOne) {
             running.Open("/mugen/stages/b.def");
         }
     };
-    stage.program.SetFpsLimit(0);
+    stage.program.Show().Loop().FpsLimit = 0;
     stage.program.RunStage();
     EXPECT_EQ(opened, 10'000);
     EXPECT_EQ(stage.deepest, 1) << "no pump inside of a pump";
@@ -352,7 +352,7 @@ TEST(Ending, InTheLoopReleasesTheStage) {
     stage.program.RunStage();
     EXPECT_TRUE(stage.program.Ended());
     EXPECT_EQ(stage.direct3D.Device(), nullptr);
-    EXPECT_TRUE(stage.program.Model().Sprites.empty());
+    EXPECT_TRUE(stage.program.Show().Model().Sprites.empty());
 }
 
 TEST(Ending, WhileAStageLoadsEndsBehindTheImage) {
@@ -360,7 +360,7 @@ TEST(Ending, WhileAStageLoadsEndsBehindTheImage) {
         if (turn == 1) {
             running.program.Form_Unload();
             EXPECT_FALSE(running.program.Ended()) << "the load still works on the tables";
-            EXPECT_EQ(running.program.Model().Sprites.size(), 1U);
+            EXPECT_EQ(running.program.Show().Model().Sprites.size(), 1U);
         }
     });
     stage.program.RunStage();
@@ -392,8 +392,8 @@ TEST(Counters, TheStageGoesOnWhereTheTicksBeginAnew) {
                 if (turn == kLoading + 10) {
                     running.clock.Advance(kFramesOf24Days);
                 }
-                if (texts.empty() || texts.back() != running.program.InfoText()) {
-                    texts.push_back(running.program.InfoText());
+                if (texts.empty() || texts.back() != running.program.Show().InfoText()) {
+                    texts.push_back(running.program.Show().InfoText());
                 }
                 QuitAt(kLoading + 200)(running, turn);
             },
@@ -410,8 +410,8 @@ TEST(Counters, TheStageGoesOnWhereTheTicksBeginAnew) {
 
 TEST(Counters, AnOverflowIsAnErrorOfThePass) {
     RunningStage stage;
-    stage.program.CurrentStageFile = "/mugen/stages/b.def";
-    stage.program.SetFpsLimit(0);
+    stage.program.Show().Which.CurrentStageFile = "/mugen/stages/b.def";
+    stage.program.Show().Loop().FpsLimit = 0;
     stage.window.SetMessageWaiting(false);  // the clock stands still, so no second is ever over
     stage.program.RunStage();
     EXPECT_THAT(stage.MessageTexts(), Contains(StartsWith("Run-time error: Overflow")));
@@ -422,10 +422,10 @@ TEST(UnloadStuff, ReleasesEverythingAndCountsFromNothing) {
     RunningStage stage(QuitAt(kLoading + 5));
     stage.program.RunStage();
     stage.program.UnloadStuff();
-    EXPECT_EQ(stage.program.Loop().StageRunning, 0);
-    EXPECT_EQ(stage.program.Loop().TotalFrames, 0);
-    EXPECT_EQ(stage.program.Model().ElementCount, 0);
-    EXPECT_TRUE(stage.program.Model().Sprites.empty());
+    EXPECT_EQ(stage.program.Show().Loop().StageRunning, 0);
+    EXPECT_EQ(stage.program.Show().Loop().TotalFrames, 0);
+    EXPECT_EQ(stage.program.Show().Model().ElementCount, 0);
+    EXPECT_TRUE(stage.program.Show().Model().Sprites.empty());
     EXPECT_EQ(stage.direct3D.Device(), nullptr);
     stage.program.UnloadStuff();  // nothing is left to release
 }

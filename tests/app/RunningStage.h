@@ -54,13 +54,13 @@ struct RunningStage {
         files.Put("/program/QX.CFG", "MugeDir = /mugen/\r\n");
         window.SetEvents(&program);
         program.MugeDir = "/mugen/";
-        program.CurrentStageFile = "/mugen/stages/a.def";
+        program.Show().Which.CurrentStageFile = "/mugen/stages/a.def";
     }
 
     // What the commands do that open a stage.
     void Open(const std::string& path) {
-        program.CurrentStageFile = path;
-        if (program.Loop().StageRunning != 0) {
+        program.Show().Which.CurrentStageFile = path;
+        if (program.Show().Loop().StageRunning != 0) {
             program.QuitRequested = kTrue;
             program.UnloadStuff();
         }
@@ -73,7 +73,7 @@ struct RunningStage {
         if (!options.Additions) {
             files.Put("/program/Scenara.ini", "Additions = False\r\n");
         }
-        program.CurrentStageFile.clear();
+        program.Show().Which.CurrentStageFile.clear();
         files.Put("/mugen/stages/c.def", Stage("third"));
         program.Form_Load();
     }
@@ -163,7 +163,7 @@ using Act = std::function<void(RunningStage&)>;
 inline RunningStage::User InTurn(std::vector<Act> acts, Act loading = {}) {
     return [acts = std::move(acts), loading = std::move(loading), next = std::size_t{0}](
                RunningStage& stage, int) mutable {
-        if (stage.program.Loop().LoadingStage != 0) {
+        if (stage.program.Show().Loop().LoadingStage != 0) {
             if (loading) {
                 loading(stage);
             }

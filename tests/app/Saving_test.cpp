@@ -195,7 +195,7 @@ TEST(Saving, GoesOnWhileAStageLoadsAndWhileADialogIsOpen) {
     machine.stage.Load();
     machine.stage.user = InTurn({}, [&](RunningStage& running) {
         machine.Pass(kMoreThanASecond);
-        EXPECT_NE(running.program.Loop().LoadingStage, 0);
+        EXPECT_NE(running.program.Show().Loop().LoadingStage, 0);
         EXPECT_THAT(machine.Saved(), HasSubstr("RecentFile = /mugen/stages/a.def\r\n"));
     });
     machine.stage.program.lstStages_Click(kItemA);

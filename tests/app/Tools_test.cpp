@@ -82,11 +82,11 @@ protected:
     }
 
     void ExpectNothingSelected() {
-        EXPECT_EQ(stage.program.Editor().SelectedIndex(), -1);
+        EXPECT_EQ(stage.program.Show().Editor().SelectedIndex(), -1);
         EXPECT_EQ(stage.form.selection, std::nullopt);
     }
     void ExpectNoBrowser() {
-        EXPECT_EQ(stage.program.SpriteBrowserMode, 0);
+        EXPECT_EQ(stage.program.Show().SpriteBrowserMode, 0);
         EXPECT_FALSE(stage.form.hscSGFX.Visible);
     }
     void ExpectSize(Long width, Long height) {
@@ -113,7 +113,7 @@ TEST_F(EditorTools, ShowTheBarAndTheFrameWhileDebugBGIsChecked) {
                        EXPECT_EQ(running.form.hscHScroll.Min, -100);
                        EXPECT_EQ(running.form.hscHScroll.Max, 100);
                        SelectTwo(running);
-                       EXPECT_EQ(running.program.Editor().SelectedIndex(), 1);
+                       EXPECT_EQ(running.program.Show().Editor().SelectedIndex(), 1);
                        EXPECT_EQ(running.form.selection, kFrameOfTwo);
                    },
                    [](RunningStage& running) {
@@ -181,7 +181,7 @@ TEST(EditorToolsAtStart, KeysTypedBeforeAStageOrWhileItLoadsDumpNothing) {
 TEST_F(EditorTools, ADumpThatCannotBeOpenedIsSaidByItsPath) {
     stage.files.Refuse("/program/chek.txt");
     WhileAIsShown({kEdit, Hold(VirtualKey::D), LetGo, Wait, [](RunningStage& running) {
-                       EXPECT_EQ(running.program.Loop().StageRunning, 1);
+                       EXPECT_EQ(running.program.Show().Loop().StageRunning, 1);
                    }});
     EXPECT_THAT(stage.MessageTexts(),
                 ElementsAre("Run-time error: Path/File access error: /program/chek.txt"));
@@ -193,8 +193,8 @@ TEST_F(EditorTools, ADumpThatCannotBeWrittenIsSaidAndTheStageGoesOn) {
     WhileAIsShown({kEdit, Hold(VirtualKey::D), LetGo,
                    [&](RunningStage& running) { shown = running.sink.shown; }, Wait,
                    [&](RunningStage& running) {
-                       EXPECT_EQ(running.program.Loop().StageRunning, 1);
-                       EXPECT_EQ(running.program.Model().ElementCount, 2);
+                       EXPECT_EQ(running.program.Show().Loop().StageRunning, 1);
+                       EXPECT_EQ(running.program.Show().Model().ElementCount, 2);
                        EXPECT_EQ(running.sink.shown, shown + 2);
                        EXPECT_EQ(running.Caption(), "tools");
                    }});
@@ -205,15 +205,15 @@ TEST_F(EditorTools, TheBarMovesTheCameraAndFollowsTheKeys) {
     WhileAIsShown({kEdit,
                    [](RunningStage& running) {
                        running.program.hscHScroll_Change(40);
-                       EXPECT_EQ(running.program.Model().CamX, -40);
+                       EXPECT_EQ(running.program.Show().Model().CamX, -40);
                        EXPECT_EQ(running.form.hscHScroll.Value, 40);
-                       EXPECT_EQ(running.program.Model().Elements.at(1).posX, 170);
+                       EXPECT_EQ(running.program.Show().Model().Elements.at(1).posX, 170);
                    },
                    Hold(VirtualKey::Right),
                    [](RunningStage& running) {
                        running.keyboard.Hold({});
                        // A step in each of the frame's two passes.
-                       EXPECT_EQ(running.program.Model().CamX, -42);
+                       EXPECT_EQ(running.program.Show().Model().CamX, -42);
                        EXPECT_EQ(running.form.hscHScroll.Value, 42);
                    }});
 }
@@ -221,12 +221,12 @@ TEST_F(EditorTools, TheBarMovesTheCameraAndFollowsTheKeys) {
 TEST_F(EditorTools, TheBarKeepsToItsBoundsAndToDebugBG) {
     WhileAIsShown({kEdit, [](RunningStage& running) {
                        running.program.hscHScroll_Change(500);
-                       EXPECT_EQ(running.program.Model().CamX, -100);
+                       EXPECT_EQ(running.program.Show().Model().CamX, -100);
                        running.program.hscHScroll_Change(-500);
-                       EXPECT_EQ(running.program.Model().CamX, 100);
+                       EXPECT_EQ(running.program.Show().Model().CamX, 100);
                        running.Click(Menu::mnuDebugBG);
                        running.program.hscHScroll_Change(40);
-                       EXPECT_EQ(running.program.Model().CamX, 100);
+                       EXPECT_EQ(running.program.Show().Model().CamX, 100);
                    }});
 }
 
@@ -281,14 +281,14 @@ TEST_F(EditorTools, TheBarGoesWithAStageThatCannotBeShown) {
 
 TEST_F(EditorTools, AreSeenWhilePaused) {
     WhileAIsShown({kEdit, Choose(Menu::mnuPause), Wait, [](RunningStage& running) {
-                       const Long frames = running.program.Loop().TotalFrames;
+                       const Long frames = running.program.Show().Loop().TotalFrames;
                        running.program.Form_MouseDown(162, 3);
                        EXPECT_EQ(running.form.selection, kFrameOfOne);
                        running.program.Form_MouseMove(172, 8);
                        EXPECT_EQ(running.form.selection, (ViewFrame{170, 5, 179, 12}));
                        running.program.hscHScroll_Change(30);
                        EXPECT_EQ(running.form.selection, (ViewFrame{140, 5, 149, 12}));
-                       EXPECT_EQ(running.program.Loop().TotalFrames, frames);
+                       EXPECT_EQ(running.program.Show().Loop().TotalFrames, frames);
                    }});
 }
 
@@ -298,7 +298,7 @@ TEST(PausedOpening, ShowsTheCameraBar) {
     stage.form[Menu::mnuDebugBG].checked = true;
     stage.Click(Menu::mnuPause);
     stage.user = InTurn({[](RunningStage& running) {
-        EXPECT_EQ(running.program.Paused, 255);
+        EXPECT_EQ(running.program.Show().Loop().Paused, 255);
         EXPECT_TRUE(running.form.hscHScroll.Visible);
     }});
     stage.program.lstStages_Click(kItemA);
@@ -315,12 +315,12 @@ TEST(KeysTappedWhilePaused, DoNothingAfterwards) {
                              additions ? Act(Wait) : Tap(VirtualKey::Delete),
                              Tap(VirtualKey::Right), Choose(Menu::mnuPause), Wait, Wait,
                              [](RunningStage& running) {
-                                 EXPECT_EQ(running.program.Model().ElementCount, 2);
-                                 EXPECT_EQ(running.program.Model().CamX, 0);
+                                 EXPECT_EQ(running.program.Show().Model().ElementCount, 2);
+                                 EXPECT_EQ(running.program.Show().Model().CamX, 0);
                                  running.keyboard.Tap(VirtualKey::Delete);
                              },
                              [](RunningStage& running) {
-                                 EXPECT_EQ(running.program.Model().ElementCount, 1);
+                                 EXPECT_EQ(running.program.Show().Model().ElementCount, 1);
                                  EXPECT_EQ(running.Caption(), "Deleted..");
                              }});
         stage.program.lstStages_Click(kItemA);
@@ -331,7 +331,7 @@ TEST_F(EditorTools, NoKeyDeletesInTheFullScreen) {
     WhileAIsShown({kEdit, SelectTwo, Wait, Choose(Menu::mnuFS), Hold(VirtualKey::Delete), LetGo,
                    [](RunningStage& running) {
                        EXPECT_EQ(running.program.FullScreenState, 1);
-                       EXPECT_EQ(running.program.Model().ElementCount, 2);
+                       EXPECT_EQ(running.program.Show().Model().ElementCount, 2);
                    }});
 }
 
@@ -339,6 +339,7 @@ TEST_F(EditorTools, TheSelectionGoesWithTheStage) {
     for (const Menu item : {Menu::mnuStageNext, Menu::mnuReload, Menu::mnuClose}) {
         SCOPED_TRACE(static_cast<int>(item));
         stage.form[Menu::mnuDebugBG].checked = true;
+        stage.program.Show().Flags().DebugBG = kByteTrue;
         WhileAIsShown({[this, item](RunningStage& running) {
             SelectTwo(running);
             EXPECT_EQ(running.form.selection, kFrameOfTwo);
@@ -400,9 +401,9 @@ protected:
                              },
                              Wait,
                              [&](RunningStage& running) {
-                                 EXPECT_EQ(running.program.Editor().SelectedIndex(), 2);
+                                 EXPECT_EQ(running.program.Show().Editor().SelectedIndex(), 2);
                                  seen.before = running.sink.last;
-                                 seen.frames = running.program.Loop().TotalFrames;
+                                 seen.frames = running.program.Show().Loop().TotalFrames;
                                  GetParam().act(running);
                              },
                              [&](RunningStage& running) {
@@ -413,8 +414,8 @@ protected:
                              Wait,
                              [&](RunningStage& running) {
                                  seen.mark = running.sink.last[0];
-                                 seen.elements = running.program.Model().ElementCount;
-                                 EXPECT_EQ(running.program.Loop().TotalFrames, seen.frames);
+                                 seen.elements = running.program.Show().Model().ElementCount;
+                                 EXPECT_EQ(running.program.Show().Loop().TotalFrames, seen.frames);
                              }});
         stage.program.lstStages_Click(kItemA);
         EXPECT_THAT(stage.MessageTexts(), IsEmpty());
@@ -467,11 +468,11 @@ TEST_F(EditorTools, KeysFromBeforeAPauseDoNothingInIt) {
                    },
                    Wait,
                    [](RunningStage& running) {
-                       EXPECT_EQ(running.program.Model().ElementCount, 2);
+                       EXPECT_EQ(running.program.Show().Model().ElementCount, 2);
                        running.keyboard.Tap(VirtualKey::Insert);
                    },
                    [](RunningStage& running) {
-                       EXPECT_EQ(running.program.Model().ElementCount, 3);
+                       EXPECT_EQ(running.program.Show().Model().ElementCount, 3);
                        EXPECT_EQ(running.form.selection, kFrameOfTwo);
                        EXPECT_EQ(running.Caption(), "Cloned..");
                    }});
@@ -496,8 +497,8 @@ TEST_F(EventsOfTools, WhileAStageLoadsDoNothing) {
     int events = 0;
     WhileAIsShown({[this](RunningStage& running) {
                       ExpectNothingSelected();
-                      EXPECT_EQ(running.program.Model().CamX, 0);
-                      EXPECT_EQ(running.program.Model().Elements.at(0).startX, 0);
+                      EXPECT_EQ(running.program.Show().Model().CamX, 0);
+                      EXPECT_EQ(running.program.Show().Model().Elements.at(0).startX, 0);
                       EXPECT_EQ(running.Caption(), "tools");
                   }},
                   [&](RunningStage& running) {
@@ -531,7 +532,7 @@ TEST_F(EventsOfTools, OfTheMouseDoNothingInTheBrowser) {
                        SelectTwo(running);
                        running.program.hscHScroll_Change(40);
                        ExpectNothingSelected();
-                       EXPECT_EQ(running.program.Model().CamX, 0);
+                       EXPECT_EQ(running.program.Show().Model().CamX, 0);
                    }});
 }
 
@@ -545,7 +546,7 @@ TEST_F(BrowserTools, ShowTheSpritesOneByOneWhileTheStageStandsStill) {
     int yields = 0;
     WhileAIsShown({Wait, kBrowse, Wait,
                    [&](RunningStage& running) {
-                       EXPECT_EQ(running.program.SpriteBrowserMode, 255);
+                       EXPECT_EQ(running.program.Show().SpriteBrowserMode, 255);
                        EXPECT_TRUE(running.form.hscSGFX.Visible);
                        EXPECT_EQ(running.form.hscSGFX.Min, 0);
                        EXPECT_EQ(running.form.hscSGFX.Max, 2);
@@ -554,13 +555,13 @@ TEST_F(BrowserTools, ShowTheSpritesOneByOneWhileTheStageStandsStill) {
                        EXPECT_EQ(running.window.OwnPicture().height, 7);
                        ExpectSize(160, 7);
                        shown = running.sink.shown;
-                       frames = running.program.Loop().TotalFrames;
+                       frames = running.program.Show().Loop().TotalFrames;
                        yields = running.turn;
                    },
                    Wait,
                    [&](RunningStage& running) {
                        EXPECT_EQ(running.sink.shown, shown);
-                       EXPECT_EQ(running.program.Loop().TotalFrames, frames);
+                       EXPECT_EQ(running.program.Show().Loop().TotalFrames, frames);
                        EXPECT_EQ(running.turn, yields + 2) << "messages go on";
                        running.program.hscSGFX_Change(1);
                        EXPECT_EQ(running.Caption(), "(2\\3)  Group: 0  Image: 1");
@@ -624,10 +625,10 @@ TEST_F(BrowserTools, KeysTappedInTheBrowserDoNothingBehindIt) {
     WhileAIsShown({kEdit, SelectTwo, Wait, kBrowse, Wait, Tap(VirtualKey::Delete),
                    Tap(VirtualKey::Pause), Tap(VirtualKey::Right), Choose(Menu::mnuDebug), Wait,
                    Wait, [](RunningStage& running) {
-                       EXPECT_EQ(running.program.SpriteBrowserMode, 0);
-                       EXPECT_EQ(running.program.Model().ElementCount, 2);
-                       EXPECT_EQ(running.program.Paused, 0);
-                       EXPECT_EQ(running.program.Model().CamX, 0);
+                       EXPECT_EQ(running.program.Show().SpriteBrowserMode, 0);
+                       EXPECT_EQ(running.program.Show().Model().ElementCount, 2);
+                       EXPECT_EQ(running.program.Show().Loop().Paused, 0);
+                       EXPECT_EQ(running.program.Show().Model().CamX, 0);
                    }});
 }
 
@@ -686,7 +687,7 @@ TEST_F(BrowserTools, OfAStageWithoutSpritesShowNothing) {
     stage.files.Put("/mugen/stages/a.def", "[Info]\nname = empty\n[Camera]\nstartx = 0\n");
     WhileAIsShown({kBrowse,
                    [this](RunningStage& running) {
-                       EXPECT_EQ(running.program.SpriteBrowserMode, 255);
+                       EXPECT_EQ(running.program.Show().SpriteBrowserMode, 255);
                        EXPECT_EQ(running.Caption(), "empty");
                        EXPECT_EQ(running.window.OwnPicture().width, 0);
                        ExpectSize(320, 240);
@@ -718,7 +719,7 @@ TEST_F(BrowserTools, AStageThatCannotBeShownEndsTheBrowser) {
     ExpectNoBrowser();
     stage.LetSizeCome();
     ExpectSize(320, 240);
-    EXPECT_EQ(stage.program.Loop().StageRunning, 0);
+    EXPECT_EQ(stage.program.Show().Loop().StageRunning, 0);
     EXPECT_EQ(stage.MessageTexts().size(), 1U);
 }
 

@@ -203,7 +203,7 @@ TEST_F(Unload, ImageSetsAreReleasedBehindAStage) {
 TEST_F(Unload, ImageSetsAreReleasedInTheSpriteBrowser) {
     WhileAIsShown({[](RunningStage& running) { running.Click(Menu::mnuDebug); }, Wait, Wait,
                    [this](RunningStage& running) {
-                       EXPECT_EQ(running.program.SpriteBrowserMode, 255);
+                       EXPECT_EQ(running.program.Show().SpriteBrowserMode, 255);
                        images.ExpectLoaded();
                        running.program.Form_Unload();
                    }});

@@ -208,7 +208,7 @@ TEST_F(DumpKey, WritesTheDumpWhateverIsSelected) {
 }
 
 TEST_F(DumpKey, DoesNothingWhileDebugBGIsUnchecked) {
-    stage.debugBG.checked = false;
+    stage.flags.DebugBG = 0;
     Press(VirtualKey::D);
     EXPECT_EQ(stage.dumps, 0);
 }
@@ -227,12 +227,12 @@ TEST_F(EditingKeys, WithoutASelectionDoNothingAndCloseNoGate) {
 
 TEST_F(EditingKeys, UncheckingDebugBGClearsTheSelection) {
     stage.editor.MouseDown({5, 5});
-    stage.debugBG.checked = false;
+    stage.flags.DebugBG = 0;
     Press(VirtualKey::Delete);
     EXPECT_EQ(stage.Names(), "sky hill wall floor");
     EXPECT_EQ(stage.editor.SelectedIndex(), -1);
     EXPECT_EQ(stage.editor.FollowedIndex(), -1);
-    stage.debugBG.checked = true;
+    stage.flags.DebugBG = kByteTrue;
     Press(VirtualKey::Delete);
     EXPECT_EQ(stage.Names(), "sky hill wall floor");
 }
@@ -370,9 +370,8 @@ protected:
     }
 
     HeadlessKeyboard keyboard;
-    DebugEditor editor{
-        {stage.model, stage.camera, stage.flags, stage.view, keyboard, stage.clock, stage.debugBG},
-        {[](const std::string&) {}, [this] { ++stage.dumps; }}};
+    DebugEditor editor{{stage.model, stage.camera, stage.flags, stage.view, keyboard, stage.clock},
+                       {[](const std::string&) {}, [this] { ++stage.dumps; }}};
 };
 
 TEST_F(OldPresses, FromBeforeTheSelectionDeleteNothing) {
@@ -388,11 +387,11 @@ TEST_F(OldPresses, FromBeforeTheSelectionDeleteNothing) {
 }
 
 TEST_F(OldPresses, FromBeforeDebugBGWasCheckedDumpNothing) {
-    stage.debugBG.checked = false;
+    stage.flags.DebugBG = 0;
     Pass();
     keyboard.Tap(VirtualKey::D);
     Pass();
-    stage.debugBG.checked = true;
+    stage.flags.DebugBG = kByteTrue;
     Pass();
     EXPECT_EQ(stage.dumps, 0);
     keyboard.Tap(VirtualKey::D);
@@ -412,24 +411,17 @@ TEST_F(OldPresses, FromWhilePausedDeleteNothing) {
     EXPECT_EQ(stage.Names(), "sky hill wall");
 }
 
-TEST_F(OldPresses, InTheFullScreenDoNothingThereAndAfterwards) {
-    Byte fullScreen = 1;
-    DebugEditor covered{{stage.model, stage.camera, stage.flags, stage.view, keyboard, stage.clock,
-                         stage.debugBG, &fullScreen},
-                        {[](const std::string&) {}, [this] { ++stage.dumps; }}};
-    const auto pass = [&] {
-        stage.clock.now += 1000;
-        covered.AtEndOfPass();
-    };
-    covered.Select(3);
+TEST_F(OldPresses, WithoutAFrameDoNothingThenAndAfterwards) {
+    editor.Select(3);
+    stage.flags.Unframed = kByteTrue;
     keyboard.Tap(VirtualKey::Delete);
-    pass();
-    fullScreen = 0;
-    pass();
+    Pass();
+    stage.flags.Unframed = 0;
+    Pass();
     EXPECT_EQ(stage.Names(), "sky hill wall floor");
-    EXPECT_EQ(covered.SelectedIndex(), 3);
+    EXPECT_EQ(editor.SelectedIndex(), 3);
     keyboard.Tap(VirtualKey::Delete);
-    pass();
+    Pass();
     EXPECT_EQ(stage.Names(), "sky hill wall");
 }
 

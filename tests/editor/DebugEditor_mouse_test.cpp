@@ -81,7 +81,7 @@ TEST_F(MouseSelection, ClickOnNothingClearsIt) {
 TEST_F(MouseSelection, DoesNotHappenWhileDebugBGIsUnchecked) {
     Square();
     stage.Start();
-    stage.debugBG.checked = false;
+    stage.flags.DebugBG = 0;
     Down();
     ExpectIndices(-1, -1);
 }
@@ -90,7 +90,7 @@ TEST_F(MouseSelection, IsNeitherShownNorDraggedWhileDebugBGIsUnchecked) {
     Square();
     stage.Start();
     Down();
-    stage.debugBG.checked = false;
+    stage.flags.DebugBG = 0;
     EXPECT_EQ(stage.editor.Outline(), std::nullopt);
     Move(100, 100);
     ExpectAt(50, 60);

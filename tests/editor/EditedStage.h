@@ -38,7 +38,7 @@ inline std::shared_ptr<Direct3DTexture8> PaintedTexture(const std::vector<std::s
 
 struct EditedStage : StagePlayer {
     explicit EditedStage(const ViewOptions& options = kPlainView) : StagePlayer(options) {
-        debugBG.checked = true;
+        flags.DebugBG = kByteTrue;
     }
 
     // The index of a sprite of these rows.
@@ -86,11 +86,10 @@ struct EditedStage : StagePlayer {
         static_cast<void>(record.TakeLines());
     }
 
-    MenuItem debugBG;
     std::vector<std::string> captions;
     int dumps = 0;
     DebugEditor editor{
-        {model, camera, flags, view, keyboard, clock, debugBG},
+        {model, camera, flags, view, keyboard, clock},
         {[this](const std::string& caption) { captions.push_back(caption); }, [this] { ++dumps; }}};
     TileEngine editedTiles{engine, model, camera,
                            flags,  view,  CameraInput{keyboard, clock, pointer, window, &editor}};

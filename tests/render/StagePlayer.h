@@ -11,7 +11,6 @@
 #include "platform/headless/HeadlessMessages.h"
 #include "platform/headless/HeadlessPointer.h"
 #include "platform/headless/HeadlessWindow.h"
-#include "render/Camera.h"
 #include "render/Engine.h"
 #include "render/Frame.h"
 #include "render/PrepareStage.h"
@@ -19,6 +18,7 @@
 #include "render/StageBuilder.h"
 #include "render/TileEngine.h"
 #include "render/ViewFlags.h"
+#include "stage/Camera.h"
 
 namespace scenara::test {
 

@@ -9,12 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "app/CharacterPass.h"
-#include "app/LoopState.h"
-#include "app/StageStart.h"
-#include "character/TestCharState.h"
 #include "platform/Files.h"
-#include "platform/Form.h"
 #include "platform/headless/HeadlessClock.h"
 #include "platform/headless/HeadlessKeyboard.h"
 #include "platform/headless/HeadlessMessages.h"
@@ -22,11 +17,8 @@
 #include "platform/headless/HeadlessWindow.h"
 #include "platform/soft/PictureSink.h"
 #include "platform/soft/SoftDirect3D.h"
-#include "render/Camera.h"
-#include "render/Engine.h"
-#include "render/TileEngine.h"
-#include "render/ViewFlags.h"
-#include "stage/StageModel.h"
+#include "show/ShowEvents.h"
+#include "show/StageShow.h"
 #include "stage/ViewOptions.h"
 
 namespace scenara {
@@ -51,20 +43,18 @@ public:
     // Loads and prepares the stage; False when it cannot be shown, which has been said. With a
     // character's definition that character is switched on; when it cannot be loaded, which is
     // said, too, the stage is shown without it.
-    [[nodiscard]] bool Start(std::string stageFile, const std::string& mugeDir,
+    [[nodiscard]] bool Start(const std::string& stageFile, const std::string& mugeDir,
                              const std::string& charFile = {});
 
     // Draws and shows one frame with these keys down, and lets the clock go on by one.
     void RunFrame(const KeySet& keys, bool info);
 
-    [[nodiscard]] const StageModel& Model() const { return model_; }
-    [[nodiscard]] const TestCharState& TestChar() const { return testChar_; }
+    [[nodiscard]] const StageModel& Model() const { return show_.Model(); }
+    [[nodiscard]] const TestCharState& TestChar() const { return show_.TestChar(); }
     [[nodiscard]] const std::vector<Message>& Recorded() const { return messages_.Recorded(); }
     [[nodiscard]] const std::vector<std::uint32_t>& Picture() const { return shown_.Pixels(); }
 
 private:
-    Files& files_;
-    ViewOptions view_;
     HeadlessMessages messages_;
     HeadlessWindow window_;
     HeadlessKeyboard keyboard_;
@@ -72,18 +62,8 @@ private:
     HeadlessPointer pointer_;
     ShownPicture shown_;
     SoftDirect3D direct3D_;
-
-    StageModel model_;
-    Camera camera_;
-    SavedSteps savedSteps_;
-    LoopState loop_;
-    Form form_;
-    TestCharState testChar_;
-    ViewFlags flags_;
-    std::string infoText_;
-    Engine engine_;
-    TileEngine tiles_;
-    CharacterPass character_;
+    ShowEvents events_;
+    StageShow show_;
 };
 
 }  // namespace scenara

@@ -13,15 +13,28 @@ namespace scenara {
 // that walks over the stage, once per frame, behind the back pass.
 enum class CameraLead : Byte { Keys, Stand, Left, Right };
 
+// How far one pass moves the camera while a key is held.
+struct CameraSteps {
+    Single HCamStep = 0;
+    Single VCamStep = 0;
+};
+
+// A step of 0 is one that was never set.
+[[nodiscard]] inline Single StepOrOne(Single step) {
+    return step == 0 ? Single{1} : step;
+}
+
 struct Camera {
     // Where the last pass of drawing saw it.
     Single previousX = 0;
     Single previousY = 0;
 
-    // How far one pass moves it while a key is held. A setting of the user's, which stays from
-    // stage to stage; 0 until it has been set.
+    // The steps in force: a setting of the user's, which stays from stage to stage; 0 until it has
+    // been set.
     Single HCamStep = 0;
     Single VCamStep = 0;
+    // The user's own, while the pointer or a character sets those in force.
+    CameraSteps users;
 
     // Set anew for each frame while there is a figure, and how far that takes the camera along: by
     // its own step, whatever the user has made of HCamStep.

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "app/LongPass.h"
+#include "show/LongPass.h"
 
 namespace scenara {
 

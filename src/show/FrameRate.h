@@ -5,8 +5,8 @@
 
 #include <string>
 
-#include "app/LoopState.h"
 #include "platform/Clock.h"
+#include "show/LoopState.h"
 
 namespace scenara {
 

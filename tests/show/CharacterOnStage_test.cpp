@@ -1,23 +1,14 @@
 // SPDX-License-Identifier: MIT
-#include "app/TestChar.h"
-
 #include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "app/CharacterPass.h"
-#include "app/MenuTree.h"
-#include "base/Path.h"
 #include "base/RunTimeError.h"
 #include "character/CharacterMachine.h"
-#include "platform/headless/HeadlessKeyboard.h"
-#include "platform/headless/HeadlessWindow.h"
-#include "platform/soft/SoftDirect3D.h"
-#include "support/StageFixture.h"
+#include "show/ShownStage.h"
 
 namespace scenara::test {
 namespace {
@@ -25,27 +16,19 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-// Answers with one file, and remembers what it was asked.
-class AnsweringDialogs : public Dialogs {
-public:
-    std::string BrowseForFolder(const std::string& /*prompt*/) override { return {}; }
-    std::string OpenFile(const std::string& title, const std::string& initialFolder) override {
-        asked.push_back(title + " in " + initialFolder);
-        return answer;
-    }
-    std::string InputBox(const std::string& /*prompt*/) override { return {}; }
-
-    std::string answer;
-    std::vector<std::string> asked;
-};
-
-// A main window's pieces around a stage that runs, with the hero's files on the disk.
+// A stage that runs, with the hero's files on the disk.
 class TestCharTest : public testing::Test {
 protected:
     TestCharTest() {
-        DesignMenus(form_);
-        form_.Caption = "The Stage";
-        engine_.Engine_Init();
+        for (const char* const name : {"hero.def", "hero.air", "hero.cns", "hero.sff"}) {
+            const std::string path = std::string("/mugen/chars/hero/") + name;
+            shown_.files.Put(path, hero_.files.Get(path));
+        }
+        shown_.duringProgress = [this] {
+            statesWhileLoading_.push_back(show_.State());
+            goneWhileLoading_ = watched_.expired();
+        };
+        show_.TheEngine().Engine_Init();
         model_.P1StartX = -70;
         model_.ZOffset = 200;
         model_.BoundLeft = -100;
@@ -55,64 +38,33 @@ protected:
         loop_.StageRunning = 1;
     }
 
-    Files& files() { return disk_.files; }
-    TestCharContext Context() {
-        return {state_,
-                model_,
-                camera_,
-                savedSteps_,
-                loop_,
-                form_,
-                flags_,
-                engine_,
-                disk_.files,
-                disk_.messages,
-                options_,
-                {[this](const std::string& caption) {
-                     captions_.push_back(caption);
-                     form_.Caption = caption;
-                 },
-                 [this] { OnEvents(); },
-                 {}}};
+    // A file of the hero's folder.
+    void Put(const std::string& name, const std::string& bytes) {
+        shown_.files.Put("/mugen/chars/hero/" + name, bytes);
     }
-    ChooseCharContext Choose() {
-        return {dialogs_, mugeDir_, [this](const std::string& path) {
-                    asked_.push_back(path);
-                    return isChar_;
-                }};
+    void Use() { show_.UseCharacter(!state_.UseChar); }
+    // Without the stage's pictures and characters, and yet a stage.
+    void Release() {
+        show_.Release();
+        show_.TheEngine().Engine_Init();
+        loop_.StageRunning = 1;
     }
-    void Use() { mnuChar_Click(Context(), Choose()); }
-    void Change() { mnuChange_Click(Context(), Choose()); }
+    void StartAgain(const std::string& p1startx = "-70") {
+        EXPECT_TRUE(shown_.Start("[PlayerInfo]\np1startx = " + p1startx +
+                                 "\n[Camera]\nboundleft = -100\nboundright = 100\n"
+                                 "[StageInfo]\nzoffset = 200\n"));
+    }
 
-    // What is seen from inside of a load.
-    void OnEvents() {
-        menusWhileLoading_ = form_[Menu::mnuOptions].enabled || form_[Menu::mnuStage].enabled;
-        loadingWhileLoading_ = loop_.LoadingStage;
-        goneWhileLoading_ = watched_.expired();
-    }
-    [[nodiscard]] const MenuItem& Item() const { return form_[Menu::mnuChar]; }
-
-    CharacterMachine disk_;
-    HeadlessWindow window_;
-    SoftDirect3D direct3D_{KeptTextureMemory()};
-    StageModel model_;
-    Engine engine_{direct3D_, window_, disk_.messages, model_};
-    Camera camera_;
-    SavedSteps savedSteps_;
-    LoopState loop_;
-    Form form_;
-    ViewFlags flags_;
-    ViewOptions options_;
-    TestCharState state_;
-    AnsweringDialogs dialogs_;
-    std::string mugeDir_ = "/mugen/";
-    bool isChar_ = true;
-    std::vector<std::string> asked_;
-    std::vector<std::string> captions_;
+    CharacterMachine hero_;
+    ShownStage shown_;
+    StageShow& show_ = shown_.show;
+    StageModel& model_ = show_.Model();
+    Camera& camera_ = show_.CameraState();
+    LoopState& loop_ = show_.Loop();
+    TestCharState& state_ = show_.TestChar();
     std::weak_ptr<Direct3DTexture8> watched_;
     bool goneWhileLoading_ = false;
-    std::optional<bool> menusWhileLoading_;
-    Byte loadingWhileLoading_ = 0;
+    std::vector<ShowState> statesWhileLoading_;
 };
 
 TEST_F(TestCharTest, UseLoadsAndPlacesTheChosenOne) {
@@ -120,46 +72,11 @@ TEST_F(TestCharTest, UseLoadsAndPlacesTheChosenOne) {
     Use();
     EXPECT_TRUE(state_.UseChar);
     EXPECT_TRUE(state_.CharLoaded);
-    EXPECT_TRUE(Item().checked);
-    EXPECT_EQ(Item().caption, "Use The Hero");
     EXPECT_EQ(state_.CharName, "The Hero");
     ASSERT_EQ(state_.Characters.size(), 1U);
     EXPECT_EQ(state_.Characters[0].X, 90.0F);
     EXPECT_EQ(state_.Characters[0].Y, 200.0F);
-    EXPECT_THAT(dialogs_.asked, IsEmpty());
-    EXPECT_THAT(disk_.Texts(), IsEmpty());
-}
-
-TEST_F(TestCharTest, WithNoneChosenUseAsksForOne) {
-    dialogs_.answer = kHero;
-    Use();
-    EXPECT_THAT(dialogs_.asked,
-                ElementsAre(std::string("Choose test character. in /mugen/chars") + PathSeparator));
-    EXPECT_THAT(asked_, ElementsAre(kHero));
-    EXPECT_EQ(state_.TestChar, kHero);
-    EXPECT_TRUE(state_.UseChar);
-    EXPECT_EQ(camera_.HCamStep, 2.4F);
-}
-
-TEST_F(TestCharTest, WithoutAnAnswerNothingChanges) {
-    Use();
-    EXPECT_FALSE(state_.UseChar);
-    EXPECT_FALSE(Item().checked);
-    EXPECT_EQ(camera_.HCamStep, 3.0F);
-    EXPECT_THAT(disk_.Texts(), IsEmpty());
-}
-
-TEST_F(TestCharTest, AFileThatIsNoCharacterIsSaidAndNotTaken) {
-    dialogs_.answer = "/mugen/stages/a.def";
-    isChar_ = false;
-    state_.TestChar = kHero;
-    Change();
-    EXPECT_THAT(disk_.Texts(), ElementsAre("Not a Character!"));
-    EXPECT_EQ(state_.TestChar, kHero);
-    state_.TestChar.clear();
-    Use();
-    EXPECT_EQ(state_.TestChar, "");
-    EXPECT_FALSE(state_.UseChar);
+    EXPECT_THAT(shown_.Texts(), IsEmpty());
 }
 
 TEST_F(TestCharTest, TheCameraTakesTheWalkingStepAndGivesItBack) {
@@ -167,12 +84,11 @@ TEST_F(TestCharTest, TheCameraTakesTheWalkingStepAndGivesItBack) {
     Use();
     EXPECT_EQ(camera_.HCamStep, 2.4F);
     EXPECT_EQ(camera_.VCamStep, 4.0F);
-    EXPECT_EQ(savedSteps_.HCamStep, 3.0F);
-    EXPECT_EQ(savedSteps_.VCamStep, 4.0F);
+    EXPECT_EQ(camera_.users.HCamStep, 3.0F);
+    EXPECT_EQ(camera_.users.VCamStep, 4.0F);
     camera_.VCamStep = 9;
     Use();
     EXPECT_FALSE(state_.UseChar);
-    EXPECT_FALSE(Item().checked);
     EXPECT_EQ(camera_.HCamStep, 3.0F);
     EXPECT_EQ(camera_.VCamStep, 4.0F);
     EXPECT_TRUE(state_.CharLoaded) << "until the stage goes";
@@ -181,28 +97,28 @@ TEST_F(TestCharTest, TheCameraTakesTheWalkingStepAndGivesItBack) {
 TEST_F(TestCharTest, ASavedStepOfNothingComesBackAsOne) {
     state_.TestChar = kHero;
     Use();
-    savedSteps_.HCamStep = 0;
+    camera_.users.HCamStep = 0;
     Use();
     EXPECT_EQ(camera_.HCamStep, 1.0F);
 }
 
 TEST_F(TestCharTest, StepsThatThePointerSetsAreNotTheUsersOwn) {
-    flags_.MouseScroll = kByteTrue;
-    savedSteps_ = {5, 6};
+    show_.Flags().MouseScroll = kByteTrue;
+    camera_.users = {5, 6};
     state_.TestChar = kHero;
     Use();
-    EXPECT_EQ(savedSteps_.HCamStep, 5.0F);
-    EXPECT_EQ(savedSteps_.VCamStep, 6.0F);
+    EXPECT_EQ(camera_.users.HCamStep, 5.0F);
+    EXPECT_EQ(camera_.users.VCamStep, 6.0F);
 }
 
 TEST_F(TestCharTest, ACharacterThatWalksBackwardsOrNotLeavesTheCameraInItsBounds) {
     state_.TestChar = kHero;
-    disk_.Put("hero.cns", "[Size]\nwalk.fwd = -2\n");
+    Put("hero.cns", "[Size]\nwalk.fwd = -2\n");
     Use();
     EXPECT_EQ(camera_.HCamStep, 2.0F);
     Use();
-    ReleaseTestChar(state_);
-    disk_.Put("hero.cns", "[Size]\nwalk.fwd = 0\n");
+    Release();
+    Put("hero.cns", "[Size]\nwalk.fwd = 0\n");
     Use();
     EXPECT_EQ(camera_.HCamStep, 3.0F);
 }
@@ -214,51 +130,46 @@ TEST_F(TestCharTest, WithoutAStageOnlyTheCheckMarkIsSet) {
     EXPECT_TRUE(state_.UseChar);
     EXPECT_FALSE(state_.CharLoaded);
     EXPECT_EQ(camera_.HCamStep, 3.0F);
-    StartTestChar(Context());
+    StartAgain();
     EXPECT_TRUE(state_.CharLoaded);
     EXPECT_EQ(camera_.HCamStep, 2.4F);
-    EXPECT_EQ(savedSteps_.HCamStep, 3.0F);
+    EXPECT_EQ(camera_.users.HCamStep, 3.0F);
 }
 
 TEST_F(TestCharTest, StaysOnFromStageToStage) {
     state_.TestChar = kHero;
     Use();
-    ReleaseTestChar(state_);
+    Release();
     EXPECT_FALSE(state_.CharLoaded);
     EXPECT_THAT(state_.Characters, IsEmpty());
-    model_.P1StartX = 30;
-    StartTestChar(Context());
+    StartAgain("30");
     EXPECT_TRUE(state_.CharLoaded);
     EXPECT_EQ(state_.Characters.at(0).X, 190.0F);
     EXPECT_EQ(camera_.HCamStep, 2.4F);
-    EXPECT_EQ(savedSteps_.HCamStep, 3.0F) << "the user's, not the character's";
+    EXPECT_EQ(camera_.users.HCamStep, 3.0F) << "the user's, not the character's";
 }
 
 TEST_F(TestCharTest, AStageStartWithoutItLoadsNothing) {
     state_.TestChar = kHero;
-    StartTestChar(Context());
+    StartAgain();
     EXPECT_FALSE(state_.CharLoaded);
     EXPECT_EQ(camera_.HCamStep, 3.0F);
 }
 
 TEST_F(TestCharTest, AFailedLoadClearsTheSettingAndTheCheckMark) {
     state_.TestChar = kHero;
-    disk_.Put("hero.air", "");
+    Put("hero.air", "");
     Use();
     EXPECT_FALSE(state_.CharLoaded);
     EXPECT_EQ(state_.TestChar, "");
     EXPECT_FALSE(state_.UseChar);
-    EXPECT_FALSE(Item().checked);
     EXPECT_EQ(camera_.HCamStep, 3.0F);
     EXPECT_THAT(state_.Characters, IsEmpty());
-    EXPECT_TRUE(form_[Menu::mnuOptions].enabled);
-    EXPECT_TRUE(form_[Menu::mnuStage].enabled);
-    EXPECT_EQ(disk_.messages.Recorded().size(), 1U);
-    EXPECT_THAT(captions_, ElementsAre("Loading The Hero", "The Stage"));
-    dialogs_.answer = kHero;
-    disk_.Put("hero.air", kHeroAnimation);
+    EXPECT_EQ(shown_.messages.Recorded().size(), 1U);
+    EXPECT_THAT(shown_.captions, ElementsAre("Loading The Hero", "as before"));
+    Put("hero.air", kHeroAnimation);
+    state_.TestChar = kHero;
     Use();
-    EXPECT_EQ(dialogs_.asked.size(), 1U) << "the next use asks";
     EXPECT_TRUE(state_.CharLoaded);
 }
 
@@ -266,83 +177,42 @@ TEST_F(TestCharTest, AFailedLoadForgetsTheNameOfTheOneBefore) {
     state_.TestChar = kHero;
     Use();
     ASSERT_EQ(state_.CharName, "The Hero");
-    dialogs_.answer = "/mugen/chars/gone.def";
-    Change();
+    show_.ChooseCharacter("/mugen/chars/gone.def");
     EXPECT_EQ(state_.CharName, "");
-    EXPECT_EQ(Item().caption, "&Use Test Char");
-    EXPECT_EQ(form_.Caption, "The Stage");
 }
 
 TEST_F(TestCharTest, AnotherChoiceWithoutAStageForgetsTheName) {
     state_.TestChar = kHero;
     Use();
     loop_.StageRunning = 0;
-    dialogs_.answer = "/mugen/chars/other.def";
-    Change();
+    show_.ChooseCharacter("/mugen/chars/other.def");
     EXPECT_EQ(state_.TestChar, "/mugen/chars/other.def");
     EXPECT_EQ(state_.CharName, "");
-    EXPECT_EQ(Item().caption, "&Use Test Char");
-}
-
-TEST_F(TestCharTest, ANameHasNoAccessLetter) {
-    EXPECT_FALSE(Item().isLiteral);
-    disk_.Put("hero.def", std::string("displayname = \"Rock & Roll\"\n") + kHeroFiles);
-    state_.TestChar = kHero;
-    Use();
-    EXPECT_EQ(Item().caption, "Use Rock & Roll");
-    EXPECT_TRUE(Item().isLiteral);
-    dialogs_.answer = "/mugen/chars/gone.def";
-    Change();
-    EXPECT_FALSE(Item().isLiteral);
 }
 
 TEST_F(TestCharTest, ACharacterWithoutANameIsUsedAllTheSame) {
-    disk_.Put("hero.def", kHeroFiles);
+    Put("hero.def", kHeroFiles);
     state_.TestChar = kHero;
     Use();
     EXPECT_TRUE(state_.CharLoaded);
-    EXPECT_EQ(Item().caption, "Use ");
-    EXPECT_THAT(captions_, ElementsAre("Loading ", "The Stage"));
-}
-
-TEST_F(TestCharTest, WithoutACharsFolderTheDialogBeginsWhereItLikes) {
-    mugeDir_ = "/elsewhere/";
-    Change();
-    EXPECT_THAT(dialogs_.asked, ElementsAre("Choose test character. in "));
-}
-
-TEST_F(TestCharTest, WhatIsNotTakenLeavesTheOneBefore) {
-    state_.TestChar = kHero;
-    Use();
-    Change();  // no answer
-    dialogs_.answer = "/mugen/chars/stage.def";
-    isChar_ = false;
-    Change();
-    EXPECT_EQ(state_.TestChar, kHero);
-    EXPECT_EQ(state_.CharName, "The Hero");
-    EXPECT_EQ(Item().caption, "Use The Hero");
-    EXPECT_TRUE(state_.CharLoaded);
-    EXPECT_EQ(camera_.HCamStep, 2.4F);
-    EXPECT_THAT(captions_, ElementsAre("Loading The Hero", "The Stage")) << "it loaded once";
+    EXPECT_THAT(shown_.captions, ElementsAre("Loading ", "as before"));
 }
 
 TEST_F(TestCharTest, ChangingWithoutADeviceKeepsTheUsersStepsSaved) {
     state_.TestChar = kHero;
     Use();
-    engine_.Engine_Deinit();
-    dialogs_.answer = kHero;
-    EXPECT_THROW(Change(), RunTimeError);
+    show_.TheEngine().Engine_Deinit();
+    EXPECT_THROW(show_.ChooseCharacter(kHero), RunTimeError);
     EXPECT_FALSE(state_.CharLoaded);
-    EXPECT_EQ(UsersSteps(camera_, savedSteps_, state_, flags_).HCamStep, 3.0F);
-    EXPECT_TRUE(form_[Menu::mnuOptions].enabled);
+    EXPECT_EQ(show_.UsersSteps().HCamStep, 3.0F);
 }
 
 TEST_F(TestCharTest, AFailureAtTheNextStageGivesTheStepsBack) {
     state_.TestChar = kHero;
     Use();
-    ReleaseTestChar(state_);
-    disk_.Put("hero.air", "");
-    StartTestChar(Context());
+    Release();
+    Put("hero.air", "");
+    StartAgain();
     EXPECT_FALSE(state_.UseChar);
     EXPECT_EQ(camera_.HCamStep, 3.0F);
 }
@@ -350,27 +220,23 @@ TEST_F(TestCharTest, AFailureAtTheNextStageGivesTheStepsBack) {
 TEST_F(TestCharTest, ChangingLoadsTheOtherOneAtOnce) {
     state_.TestChar = kHero;
     Use();
-    disk_.files.Put("/mugen/chars/other.def",
-                    "displayname = Other\n[Files]\nanim = hero/hero.air\nsprite = hero/hero.sff\n"
-                    "cns = other.cns\n");
-    disk_.files.Put("/mugen/chars/other.cns", "[Size]\nwalk.fwd = 1.25\n");
-    dialogs_.answer = "/mugen/chars/other.def";
+    shown_.files.Put("/mugen/chars/other.def",
+                     "displayname = Other\n[Files]\nanim = hero/hero.air\nsprite = hero/hero.sff\n"
+                     "cns = other.cns\n");
+    shown_.files.Put("/mugen/chars/other.cns", "[Size]\nwalk.fwd = 1.25\n");
     state_.Characters[0].X = 7;
-    Change();
+    show_.ChooseCharacter("/mugen/chars/other.def");
     EXPECT_EQ(state_.CharName, "Other");
-    EXPECT_EQ(Item().caption, "Use Other");
     EXPECT_EQ(state_.Characters.at(0).X, 90.0F);
     EXPECT_EQ(camera_.HCamStep, 1.25F);
-    EXPECT_EQ(savedSteps_.HCamStep, 3.0F);
+    EXPECT_EQ(camera_.users.HCamStep, 3.0F);
 }
 
 TEST_F(TestCharTest, ChangingToABrokenOneSwitchesItOff) {
     state_.TestChar = kHero;
     Use();
-    dialogs_.answer = "/mugen/chars/gone.def";
-    Change();
+    show_.ChooseCharacter("/mugen/chars/gone.def");
     EXPECT_FALSE(state_.UseChar);
-    EXPECT_FALSE(Item().checked);
     EXPECT_FALSE(state_.CharLoaded);
     EXPECT_EQ(state_.TestChar, "");
     EXPECT_THAT(state_.Characters, IsEmpty());
@@ -382,9 +248,8 @@ TEST_F(TestCharTest, ThePicturesBeforeAreGoneWhenTheNextLoads) {
     state_.TestChar = kHero;
     Use();
     watched_ = state_.Characters.at(0).Sprites.at(0).texture;
-    dialogs_.answer = kHero;
     goneWhileLoading_ = false;
-    Change();
+    show_.ChooseCharacter(kHero);
     EXPECT_TRUE(goneWhileLoading_);
 }
 
@@ -421,7 +286,7 @@ TEST_F(TestCharTest, ElementsFollowTheLastMoveByTheStepOfThatMove) {
 }
 
 TEST_F(TestCharTest, PlainTheyFollowItByTheNewStep) {
-    options_.Additions = false;
+    show_.Options().Additions = false;
     BackgroundElement element;
     element.deltaX = 1;
     element.posX = 100;
@@ -434,18 +299,15 @@ TEST_F(TestCharTest, PlainTheyFollowItByTheNewStep) {
 }
 
 TEST_F(TestCharTest, ChangingWhileItIsOffLeavesItOff) {
-    dialogs_.answer = kHero;
-    Change();
+    show_.ChooseCharacter(kHero);
     EXPECT_TRUE(state_.CharLoaded);
     EXPECT_FALSE(state_.UseChar);
-    EXPECT_FALSE(Item().checked);
     EXPECT_EQ(camera_.HCamStep, 3.0F);
 }
 
 TEST_F(TestCharTest, ChangingWithoutAStageOnlyTakesTheChoice) {
     loop_.StageRunning = 0;
-    dialogs_.answer = kHero;
-    Change();
+    show_.ChooseCharacter(kHero);
     EXPECT_EQ(state_.TestChar, kHero);
     EXPECT_FALSE(state_.CharLoaded);
 }
@@ -454,46 +316,42 @@ TEST_F(TestCharTest, ASecondUseDoesNotLoadAgain) {
     state_.TestChar = kHero;
     Use();
     Use();
-    disk_.Put("hero.air", "");
+    Put("hero.air", "");
     state_.Characters.at(0).X = 7;
     Use();
     EXPECT_TRUE(state_.CharLoaded);
     EXPECT_EQ(state_.Characters.at(0).X, 90.0F) << "but it is placed anew";
-    EXPECT_THAT(disk_.Texts(), IsEmpty());
+    EXPECT_THAT(shown_.Texts(), IsEmpty());
 }
 
-TEST_F(TestCharTest, WhileItLoadsMenusAreOffAndAStageIsLoading) {
+TEST_F(TestCharTest, WhileItLoadsTheStateSaysSo) {
     state_.TestChar = kHero;
     Use();
-    ASSERT_TRUE(menusWhileLoading_);
-    EXPECT_FALSE(*menusWhileLoading_);
-    EXPECT_EQ(loadingWhileLoading_, 1);
-    EXPECT_TRUE(form_[Menu::mnuOptions].enabled);
-    EXPECT_TRUE(form_[Menu::mnuStage].enabled);
+    EXPECT_THAT(statesWhileLoading_, ElementsAre(ShowState::Loading));
+    EXPECT_EQ(shown_.states.back(), ShowState::Running);
     EXPECT_EQ(loop_.LoadingStage, 0);
-    EXPECT_THAT(captions_, ElementsAre("Loading The Hero", "The Stage"));
+    EXPECT_THAT(shown_.captions, ElementsAre("Loading The Hero", "as before"));
 }
 
 TEST_F(TestCharTest, WithoutADeviceTheErrorLeavesNothingHalfDone) {
-    engine_.Engine_Deinit();
+    show_.TheEngine().Engine_Deinit();
     state_.TestChar = kHero;
     EXPECT_THROW(Use(), RunTimeError);
-    EXPECT_TRUE(form_[Menu::mnuOptions].enabled);
     EXPECT_EQ(loop_.LoadingStage, 0);
     EXPECT_FALSE(state_.CharLoaded);
 }
 
 TEST_F(TestCharTest, TheConfigurationGetsTheUsersSteps) {
     state_.TestChar = kHero;
-    EXPECT_EQ(UsersSteps(camera_, savedSteps_, state_, flags_).HCamStep, 3.0F);
+    EXPECT_EQ(show_.UsersSteps().HCamStep, 3.0F);
     Use();
-    EXPECT_EQ(UsersSteps(camera_, savedSteps_, state_, flags_).HCamStep, 3.0F);
-    EXPECT_EQ(UsersSteps(camera_, savedSteps_, state_, flags_).VCamStep, 4.0F);
+    EXPECT_EQ(show_.UsersSteps().HCamStep, 3.0F);
+    EXPECT_EQ(show_.UsersSteps().VCamStep, 4.0F);
     Use();
     camera_.HCamStep = 8;
-    EXPECT_EQ(UsersSteps(camera_, savedSteps_, state_, flags_).HCamStep, 8.0F);
-    flags_.MouseScroll = kByteTrue;
-    EXPECT_EQ(UsersSteps(camera_, savedSteps_, state_, flags_).HCamStep, 3.0F);
+    EXPECT_EQ(show_.UsersSteps().HCamStep, 8.0F);
+    show_.Flags().MouseScroll = kByteTrue;
+    EXPECT_EQ(show_.UsersSteps().HCamStep, 3.0F);
 }
 
 // --- its part in a pass ---
@@ -505,11 +363,9 @@ protected:
         Use();
     }
     Figure Advance(const KeySet& keys = {}) {
-        keyboard_.Hold(keys);
-        return AdvanceCharacter({state_, camera_, keyboard_, flags_, options_}, model_);
+        shown_.keyboard.Hold(keys);
+        return show_.Next();
     }
-
-    HeadlessKeyboard keyboard_;
 };
 
 // Standing: 0,0, 4 x 6 pixels, axis 1,2, at .5 and .75 of its size, on 90,200.
@@ -528,24 +384,23 @@ TEST_F(CharacterPassTest, GivesTheFigureAsTheCameraSeesIt) {
 }
 
 TEST_F(CharacterPassTest, GivesTheSameFigureAgainWhereTheCameraIsNow) {
-    const CharacterPass pass{state_, camera_, keyboard_, flags_, options_};
     const Figure first = Advance({VirtualKey::Right});
     const Single place = state_.Characters[0].X;
     camera_.previousX = -20;
     camera_.previousY = -8;
     for (int i = 0; i < 2; ++i) {
-        const Figure again = SameCharacter(pass, model_);
+        const Figure again = show_.Again();
         EXPECT_EQ(again.texture, first.texture);
         EXPECT_EQ(again.x, first.x - 20);
         EXPECT_EQ(again.y, first.y + 8);
         EXPECT_EQ(again.width, first.width);
     }
     EXPECT_EQ(state_.Characters[0].X, place);
-    options_.Additions = false;
-    EXPECT_EQ(SameCharacter(pass, model_).texture, nullptr);
-    options_.Additions = true;
+    show_.Options().Additions = false;
+    EXPECT_EQ(show_.Again().texture, nullptr);
+    show_.Options().Additions = true;
     Use();  // off
-    EXPECT_EQ(SameCharacter(pass, model_).texture, nullptr);
+    EXPECT_EQ(show_.Again().texture, nullptr);
 }
 
 TEST_F(CharacterPassTest, LeadsTheCameraByItsOwnStep) {
@@ -565,7 +420,7 @@ TEST_F(CharacterPassTest, LeadsTheCameraByItsOwnStep) {
 }
 
 TEST_F(CharacterPassTest, ThePointerLeadsTheCameraItself) {
-    flags_.MouseScroll = kByteTrue;
+    show_.Flags().MouseScroll = kByteTrue;
     state_.Characters[0].X = 170;
     static_cast<void>(Advance({VirtualKey::Right}));
     EXPECT_EQ(camera_.lead, CameraLead::Stand);
@@ -578,12 +433,12 @@ TEST_F(CharacterPassTest, OffOrPlainThereIsNoFigureAndTheKeysLead) {
     EXPECT_EQ(Advance({VirtualKey::Right}).texture, nullptr);
     EXPECT_EQ(camera_.lead, CameraLead::Keys);
     Use();
-    options_.Additions = false;
+    show_.Options().Additions = false;
     EXPECT_EQ(Advance({VirtualKey::Right}).texture, nullptr);
     EXPECT_EQ(camera_.lead, CameraLead::Keys);
     EXPECT_EQ(state_.Characters.at(0).X, 90.0F);
-    options_.Additions = true;
-    ReleaseTestChar(state_);
+    show_.Options().Additions = true;
+    Release();
     EXPECT_EQ(Advance().texture, nullptr);
     EXPECT_EQ(camera_.lead, CameraLead::Keys);
 }

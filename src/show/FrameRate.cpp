@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "app/FrameRate.h"
+#include "show/FrameRate.h"
 
 #include <cstdint>
 

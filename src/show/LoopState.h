@@ -9,7 +9,8 @@ namespace scenara {
 
 struct LoopState {
     Byte StageRunning = 0;   // a stage is loaded and its loop may run
-    Byte LoadingStage = 0;   // a stage is being loaded
+    Byte LoadingStage = 0;   // a stage, or a character, is being loaded
+    Byte Paused = 0;         // 255: nothing goes on
     Integer FpsLimit = 60;   // frames per second; 0 = as many as there are
     Integer FrameCount = 0;  // frames drawn since the last once-a-second update
     Long TotalFrames = 0;    // frames drawn since the stage was opened

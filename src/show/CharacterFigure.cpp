@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: MIT
+//
+// Addition: the test character in the picture. Plain, a character is never seen.
+#include "character/UpdateCharacter.h"
+#include "show/StageShow.h"
+
+namespace scenara {
+namespace {
+
+CameraLead LeadOf(CameraFollow follow) {
+    switch (follow) {
+        case CameraFollow::Left: return CameraLead::Left;
+        case CameraFollow::Right: return CameraLead::Right;
+        case CameraFollow::Stand: break;
+    }
+    return CameraLead::Stand;
+}
+
+// The camera that the elements stand by: where the last pass saw it.
+DrawnCamera DrawnBy(const Camera& camera) {
+    return {camera.previousX, camera.previousY};
+}
+
+}  // namespace
+
+bool StageShow::ShowsCharacter() const {
+    return options_.Additions && testChar_.UseChar && testChar_.CharLoaded;
+}
+
+// Moves the character and lets it lead the camera, which is the keys' again while it is off. While
+// the pointer moves the camera the character walks and does not lead it. Allocates nothing.
+Figure StageShow::Next() {
+    camera_.lead = CameraLead::Keys;
+    if (!ShowsCharacter()) {
+        return {};
+    }
+    const CameraFollow follow =
+        UpdateCharacter(testChar_, model_, machine_.keyboard, DrawnBy(camera_));
+    camera_.lead = flags_.MouseScroll != 0 ? CameraLead::Stand : LeadOf(follow);
+    camera_.leadStep = StepOf(testChar_, testChar_.Characters.front());
+    return CharacterFigure();
+}
+
+Figure StageShow::Again() {
+    if (!ShowsCharacter()) {
+        return {};
+    }
+    PlaceAgain(testChar_, model_, DrawnBy(camera_));
+    return CharacterFigure();
+}
+
+Figure StageShow::CharacterFigure() const {
+    const TestCharacter& character = testChar_.Characters.front();
+    if (character.DrawTexture < 0) {
+        return {};
+    }
+    Figure figure;
+    figure.texture = &character.Sprites.at(static_cast<std::size_t>(character.DrawTexture)).texture;
+    figure.x = character.DrawX + DrawnBy(camera_).x;
+    figure.y = character.DrawY;
+    figure.width = static_cast<Single>(character.DrawWidth) * testChar_.CharZoom * character.XScale;
+    figure.height =
+        static_cast<Single>(character.DrawHeight) * testChar_.CharZoom * character.YScale;
+    figure.mirrored = character.DrawFacing < 0;
+    return figure;
+}
+
+}  // namespace scenara

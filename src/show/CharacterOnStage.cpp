@@ -1,0 +1,142 @@
+// SPDX-License-Identifier: MIT
+//
+// The test character of a stage being shown: loaded, switched on and off, released.
+//
+// While it is on, the camera's horizontal step is the character's walking step. What A and Z make
+// of the step meanwhile is for the keys: the camera that goes along makes the character's.
+#include <cmath>
+#include <utility>
+
+#include "character/LoadCharacter.h"
+#include "character/PlaceCharacter.h"
+#include "show/LoadMessages.h"
+#include "show/StageShow.h"
+
+namespace scenara {
+
+// A load under way, and all of it put back, whatever happens: nobody may take the device away
+// meanwhile.
+class StageShow::Loading {
+public:
+    explicit Loading(StageShow& show) : show_(show), before_(show.loop_.LoadingStage) { Set(1); }
+    Loading(const Loading&) = delete;
+    Loading& operator=(const Loading&) = delete;
+    ~Loading() { Set(before_); }
+
+private:
+    void Set(Byte loading) {
+        show_.loop_.LoadingStage = loading;
+        show_.events_.StateChanged();
+    }
+
+    StageShow& show_;
+    Byte before_;
+};
+
+bool StageShow::LoadCharacterFile(TestCharacter& character, Messages& messages) {
+    struct Progress {
+        ShowEvents& events;
+        ~Progress() { events.EndProgress(); }
+    };
+    const Progress progress{events_};
+    // Handlers may run meanwhile and choose another one.
+    const std::string path = testChar_.TestChar;
+    return LoadCharacter(path, character,
+                         {machine_.files,
+                          messages,
+                          engine_.Device(),
+                          options_,
+                          {[this](const std::string& caption) { events_.ShowProgress(caption); },
+                           [this] {
+                               if (machine_.window.MessageWaiting()) {
+                                   machine_.window.DoEvents();
+                               }
+                           },
+                           [this] { return machine_.window.EndRequested(); }}});
+}
+
+// Loads the character, unless it is, and places it on the stage.
+void StageShow::LoadTestChar(Messages& messages) {
+    const Loading loading(*this);
+    testChar_.CharCount = 1;
+    if (!testChar_.CharLoaded) {
+        TestCharacter character;  // in no list that a handler could reach
+        if (!LoadCharacterFile(character, messages)) {
+            testChar_.Forget();
+            GiveStepsBack();
+            testChar_.UseChar = false;
+            return;
+        }
+        testChar_.Characters.clear();
+        testChar_.Characters.push_back(std::move(character));
+        testChar_.CharLoaded = true;
+        testChar_.CharName = testChar_.Characters.front().DisplayName;
+    }
+    PlaceCharacter(testChar_, model_);
+}
+
+// The end of a stage start.
+void StageShow::StartTestChar(Messages& messages) {
+    if (testChar_.UseChar) {
+        LoadTestChar(messages);
+        TakeStepsIfLoaded();
+    }
+}
+
+void StageShow::ChooseCharacter(const std::string& path) {
+    testChar_.Forget();
+    testChar_.TestChar = path;
+    if (loop_.StageRunning != 0) {
+        LoadMessages messages(machine_.messages, options_.Additions);
+        ReleaseTestChar();
+        LoadTestChar(messages);
+        TakeStepsIfLoaded();
+    }
+}
+
+void StageShow::UseCharacter(bool use) {
+    testChar_.UseChar = use;
+    if (!use) {
+        GiveStepsBack();
+    } else if (loop_.StageRunning != 0) {
+        LoadMessages messages(machine_.messages, options_.Additions);
+        StartTestChar(messages);
+    }
+}
+
+// Gives its pictures back. It stays on and chosen.
+void StageShow::ReleaseTestChar() {
+    testChar_.CharLoaded = false;
+    testChar_.Characters.clear();
+    testChar_.Turning = false;
+}
+
+// The camera steps as the character walks. Sideways only: that is the way it walks.
+void StageShow::TakeSteps() {
+    SettleSteps();
+    camera_.users = UsersSteps();
+    testChar_.StepsOverridden = true;
+    // A step below 0 would go through the bounds, and one of 0 counts as not set.
+    const Single step = std::fabs(testChar_.Characters.front().WalkSpeed);
+    if (step != 0) {
+        camera_.HCamStep = step;
+    }
+}
+
+void StageShow::TakeStepsIfLoaded() {
+    if (testChar_.UseChar && testChar_.CharLoaded) {
+        TakeSteps();
+    }
+}
+
+void StageShow::GiveStepsBack() {
+    if (!testChar_.StepsOverridden) {
+        return;
+    }
+    testChar_.StepsOverridden = false;
+    SettleSteps();
+    camera_.HCamStep = StepOrOne(camera_.users.HCamStep);
+    camera_.VCamStep = camera_.users.VCamStep;
+}
+
+}  // namespace scenara

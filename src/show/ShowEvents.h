@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+//
+// ShowEvents: what a StageShow tells whoever shows it. Each may be left out.
+#pragma once
+
+#include <string>
+
+namespace scenara {
+
+class ShowEvents {
+public:
+    ShowEvents() = default;
+    ShowEvents(const ShowEvents&) = delete;
+    ShowEvents& operator=(const ShowEvents&) = delete;
+    virtual ~ShowEvents() = default;
+
+    // State() answers something else now, before anything happens in that state. Raises nothing.
+    virtual void StateChanged() {}
+
+    // The stage's files are read; nothing of it is placed yet.
+    virtual void StageLoaded() {}
+    // The path of the stage's music, while it loads.
+    virtual void MusicNamed(const std::string& /*path*/) {}
+
+    // A caption while a character loads, and the end of it: the caption from before comes back.
+    virtual void ShowProgress(const std::string& /*caption*/) {}
+    virtual void EndProgress() {}
+
+    // The debug editor has something to tell in the caption, or wants the dump to be written.
+    virtual void SetCaption(const std::string& /*caption*/) {}
+    virtual void WriteDump() {}
+
+    // The frame at hand shows that the stage is too heavy. More events may be called in it.
+    virtual void TooHeavy() {}
+};
+
+}  // namespace scenara

@@ -1,0 +1,230 @@
+// SPDX-License-Identifier: MIT
+#include "show/StageShow.h"
+
+#include <utility>
+
+#include "render/Frame.h"
+#include "render/Motion.h"
+#include "render/PrepareStage.h"
+#include "render/TilePatterns.h"
+#include "show/FrameRate.h"
+#include "show/LoadMessages.h"
+#include "show/LoopKeys.h"
+#include "stage/LoadStage.h"
+
+namespace scenara {
+namespace {
+
+constexpr Single kFirstStep = 1;
+
+void EnsureStep(Single& step, Single& kept) {
+    if (step == 0) {
+        step = kFirstStep;
+        kept = kFirstStep;
+    }
+}
+
+}  // namespace
+
+StageShow::StageShow(const ShowMachine& machine, const ViewOptions& options, ShowEvents& events)
+    : machine_(machine),
+      options_(options),
+      events_(events),
+      engine_(machine.direct3D, machine.window, machine.messages, model_),
+      editor_({model_, camera_, flags_, options_, machine.keyboard, machine.clock},
+              {[this](const std::string& caption) { events_.SetCaption(caption); },
+               [this] { events_.WriteDump(); }, [this] { NoteEdit(); }}),
+      longPass_(machine.clock, machine.window, [this] { events_.TooHeavy(); }),
+      tiles_(engine_, model_, camera_, flags_, options_,
+             {machine.keyboard, machine.clock, machine.pointer, machine.window, &editor_},
+             &longPass_) {}
+
+ShowState StageShow::State() const {
+    if (loop_.LoadingStage != 0) {
+        return ShowState::Loading;
+    }
+    if (loop_.StageRunning == 0) {
+        return ShowState::None;
+    }
+    if (SpriteBrowserMode != 0) {
+        return ShowState::Browsing;
+    }
+    return loop_.Paused != 0 ? ShowState::Paused : ShowState::Running;
+}
+
+// --- A stage ---------------------------------------------------------------------------------
+
+bool StageShow::Start(const std::string& mugeDir) {
+    const std::optional<CameraPlace> camera = std::exchange(Which.camera, std::nullopt);
+    longPass_.Forget();
+    engine_.Engine_Init();
+    DiscardKeyStates(machine_.keyboard);
+    if (!engine_.HasDevice()) {
+        return false;
+    }
+    // A step of 0 that something else has set says nothing about the user's own.
+    CameraSteps unused;
+    CameraSteps& kept = StepsAreOverridden() ? unused : camera_.users;
+    EnsureStep(camera_.HCamStep, kept.HCamStep);
+    EnsureStep(camera_.VCamStep, kept.VCamStep);
+
+    loop_.LoadingStage = 1;
+    loop_.StageRunning = 1;
+    events_.StateChanged();
+    LoadMessages messages(machine_.messages, options_.Additions);
+    if (!Load(mugeDir, messages)) {
+        return false;
+    }
+    events_.StageLoaded();
+    DiscardKeyStates(machine_.keyboard);
+    Prepare(camera, messages);
+    loop_.LoadingStage = 0;
+    hasShown_ = true;
+    events_.StateChanged();
+    return true;
+}
+
+bool StageShow::Load(const std::string& mugeDir, Messages& messages) {
+    const LoadStageContext load{machine_.files,
+                                messages,
+                                machine_.window,
+                                engine_.Device(),
+                                options_,
+                                mugeDir,
+                                [this](const std::string& path) { events_.MusicNamed(path); }};
+    std::string file = Which.shown;
+    return LoadStage(model_, file, load);
+}
+
+void StageShow::Prepare(const std::optional<CameraPlace>& camera, Messages& messages) {
+    if (camera) {
+        PlaceCamera(model_, camera_, *camera);
+    } else {
+        PlaceCamera(model_, camera_);
+    }
+    PrepareElements(model_, options_);
+    MakeTilePatterns(model_, options_, engine_.Device());
+    StartTestChar(messages);
+}
+
+void StageShow::Release() {
+    loop_.LoadingStage = 0;
+    loop_.StageRunning = 0;
+    editor_.Clear();
+    ReleaseTestChar();
+    for (SpriteEntry& sprite : model_.Sprites) {
+        sprite.texture.reset();
+    }
+    engine_.Engine_Deinit();
+    model_.Clear();
+    loop_.TotalFrames = 0;
+    events_.StateChanged();
+}
+
+// --- A pass ----------------------------------------------------------------------------------
+
+void StageShow::BeginLoop() {
+    ForgetKeys();
+    loop_.LastFpsTick = kNoFpsTick;
+    infoText_.clear();
+}
+
+bool StageShow::Draw(bool info) {
+    // Without a device nothing is drawn, shown or counted.
+    if (!engine_.HasDevice() || SpriteBrowserMode != 0) {
+        return false;
+    }
+    if (loop_.Paused != 0 && !drawsOnce_) {
+        // Plain, the keys of the editor and the picture wait until the stage goes on.
+        if (options_.Additions) {
+            EditWhilePaused();
+        }
+        return false;
+    }
+    edited_ = false;  // a key may still act after the drawing
+    longPass_.Begin();
+    DrawScene(engine_, tiles_, flags_, this);
+    const bool secondIsOver = CountAndTell(info);
+    // A frame that was given up is drawn whole, though the stage is paused by then.
+    drawsOnce_ = options_.Additions && longPass_.GivenUp();
+    return secondIsOver;
+}
+
+// Addition: authors pause a stage to place things.
+void StageShow::EditWhilePaused() {
+    editor_.AtEndOfPass();
+    if (edited_) {
+        longPass_.Begin();
+        DrawSceneAgain(engine_, tiles_, flags_, this);
+        edited_ = longPass_.GivenUp();
+    }
+}
+
+bool StageShow::CountAndTell(bool info) {
+    CountFrame(loop_);
+    if (!SecondIsOver(loop_, machine_.clock)) {
+        return false;
+    }
+    LimitFrameCount(loop_);
+    if (info) {
+        infoText_ = InfoLine(model_.CamX, model_.CamY, loop_.FrameCount);
+    }
+    BeginSecond(loop_, machine_.clock);
+    return true;
+}
+
+void StageShow::Present(bool info) {
+    if (!engine_.HasDevice() || SpriteBrowserMode != 0 || longPass_.GivenUp()) {
+        return;
+    }
+    if (info) {
+        PresentFrame(engine_, infoText_);
+    } else {
+        PresentFrame(engine_);
+    }
+}
+
+void StageShow::Pause(bool paused) {
+    loop_.Paused = paused ? kByteTrue : Byte{0};
+    if (paused) {
+        editor_.ForgetPresses();  // those from before
+    } else {
+        ForgetKeys();
+    }
+}
+
+void StageShow::ForgetKeys() {
+    DiscardKeyStates(machine_.keyboard);
+    editor_.ForgetPresses();
+}
+
+// --- The camera's steps ----------------------------------------------------------------------
+
+bool StageShow::StepsAreOverridden() const {
+    return testChar_.StepsOverridden || flags_.MouseScroll != 0;
+}
+
+CameraSteps StageShow::UsersSteps() const {
+    return StepsAreOverridden() ? camera_.users : CameraSteps{camera_.HCamStep, camera_.VCamStep};
+}
+
+void StageShow::SetMouseScroll(bool on) {
+    camera_.users = UsersSteps();
+    flags_.MouseScroll = on ? kByteTrue : Byte{0};
+    if (!on) {
+        SettleSteps();
+        camera_.HCamStep = StepOrOne(camera_.users.HCamStep);
+        camera_.VCamStep = StepOrOne(camera_.users.VCamStep);
+        TakeStepsIfLoaded();
+    }
+}
+
+// Before the steps change. Addition: plain, the elements follow the camera's last move by the step
+// that is new then.
+void StageShow::SettleSteps() {
+    if (options_.Additions) {
+        SettleCamera(model_, camera_);
+    }
+}
+
+}  // namespace scenara

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+//
+// WhichStage: the stage that is asked for, the one that is shown, and what follows it.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <utility>
+
+#include "stage/Camera.h"
+
+namespace scenara {
+
+struct WhichStage {
+    // Asked for last; empty: none. It may turn out to be no stage.
+    std::string CurrentStageFile;
+    // What the loop is to begin again with, at the top of its next pass.
+    std::optional<std::string> next;
+    // Whose loop runs.
+    std::string shown;
+    // Came while another one was loading; to be opened after that.
+    std::string follows;
+    // Where the camera is put in the stage that is loaded again.
+    std::optional<CameraPlace> camera;
+
+    // CurrentStageFile is a stage: a later choice that is none does not change this request.
+    void Request() { next = CurrentStageFile; }
+
+    // The loop begins with what is requested.
+    void Begin() { shown = *std::exchange(next, std::nullopt); }
+};
+
+}  // namespace scenara
