@@ -25,7 +25,8 @@ void DrawFrames(benchmark::State& state, const std::string& folder, const std::s
             HeadlessWindow window;
             const ViewOptions view;
             std::string path = folder + "stages/" + definition;
-            if (!LoadStage(model, path, {files, messages, window, device, view, folder, {}})) {
+            if (!LoadStage(model, path,
+                           {files, messages, window, device, view, View(), folder, {}})) {
                 throw std::runtime_error(messages.Recorded().back().text);
             }
         });

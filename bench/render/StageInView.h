@@ -37,8 +37,8 @@ public:
         }
         fill(model_, engine_.Device(), messages_);
         PlaceCamera(model_, camera_);
-        PrepareElements(model_, view_);
-        MakeTilePatterns(model_, view_, engine_.Device());
+        PrepareElements(model_, view_, View());
+        MakeTilePatterns(model_, view_, View(), engine_.Device());
     }
 
     void Draw() {

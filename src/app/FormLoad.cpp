@@ -23,13 +23,13 @@ frmStage::frmStage(const Machine& machine, Form& form, const ViewOptions& option
             options, *this),
       music_(machine.media),
       browserView_(*this),
-      browser_(show_.Model(), show_.SpriteBrowserMode, form.hscSGFX, browserView_),
+      browser_(show_.Model(), show_.Picture(), show_.SpriteBrowserMode, form.hscSGFX, browserView_),
       screen_(machine.display) {
     DesignMenus(form_);
-    form_.picLoad.width = kViewWidth;
-    form_.picLoad.height = kViewHeight;
+    form_.picLoad.width = show_.Picture().width;
+    form_.picLoad.height = show_.Picture().height;
     form_.lstStages.width = kStageListWidth;
-    LayOutControls(kViewWidth, kViewHeight);
+    LayOutControls(show_.Picture().width, show_.Picture().height);
 }
 
 void frmStage::Form_Load() {

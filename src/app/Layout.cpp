@@ -50,7 +50,7 @@ void frmStage::Size(Long width, Long height) {
 
 // The view at its own size, beside the list where that is shown.
 void frmStage::SizeForPicture() {
-    Size(kViewWidth + ListWidth(), kViewHeight);
+    Size(show_.Picture().width + ListWidth(), show_.Picture().height);
 }
 
 void frmStage::Centre() {

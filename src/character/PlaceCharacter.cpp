@@ -8,8 +8,6 @@
 namespace scenara {
 namespace {
 
-constexpr Single kViewCentre = 160;
-
 const BackgroundElement* ElementAt(const StageModel& model, Integer index) {
     const bool there = index >= 0 && static_cast<std::size_t>(index) < model.Elements.size();
     return there ? &model.Elements[static_cast<std::size_t>(index)] : nullptr;
@@ -22,7 +20,7 @@ const BackgroundElement* GroundElement(const StageModel& model) {
 
 }  // namespace
 
-void PlaceCharacter(TestCharState& state, const StageModel& model) {
+void PlaceCharacter(TestCharState& state, const StageModel& model, const View& view) {
     state.CharZoom = 1;
     state.Turning = false;
     state.RightHeld = false;
@@ -31,7 +29,7 @@ void PlaceCharacter(TestCharState& state, const StageModel& model) {
     state.LastFacing = kFacingRight;
     state.FrameFlipped = false;
     for (TestCharacter& character : state.Characters) {
-        character.X = static_cast<Single>(model.P1StartX) + kViewCentre;
+        character.X = static_cast<Single>(model.P1StartX + view.Centre());
         if (model.ZOffset != 0) {
             character.Y = model.ZOffset;
         } else if (const BackgroundElement* const ground = GroundElement(model)) {

@@ -4,7 +4,7 @@
 // walks needs it.
 //
 // Filled by LoadCharacter (LoadCharacter.h), placed on the stage when it is switched on, advanced
-// every frame by UpdateCharacter (UpdateCharacter.h). Lengths are pixels of the 320 x 240 view,
+// every frame by UpdateCharacter (UpdateCharacter.h). Lengths are pixels of the view,
 // times are ticks of one frame. Texts are bytes as the files have them.
 #pragma once
 
@@ -56,7 +56,7 @@ struct TestCharacter {
     std::string DisplayName;
     std::array<CharAction, kKeptActions.size()> Actions;
     std::vector<CharSprite> Sprites;
-    Single X = 0;  // the place on the stage, 160 = the middle of the view with the camera at 0
+    Single X = 0;  // the place on the stage: that of the view with the camera at 0
     Single Y = 0;  // the ground line
     Single XScale = 1;
     Single YScale = 1;

@@ -11,8 +11,6 @@
 namespace scenara {
 namespace {
 
-constexpr double kViewCentre = 160;
-constexpr double kHalfView = 160;
 // The sums of the character's steps and the camera's are equal but for their last bits, which add
 // up on the way through a wide stage; steps that anybody sees are larger.
 constexpr double kHair = 1.0 / 16;
@@ -99,14 +97,15 @@ std::size_t CountOf(const TestCharState& state) {
 }
 
 // False: it could not go there, or does not go at all.
-bool Move(const TestCharState& state, const StageModel& model, TestCharacter& character) {
+bool Move(const TestCharState& state, const StageModel& model, const View& view,
+          TestCharacter& character) {
     const double step = static_cast<double>(state.CharZoom) *
                         static_cast<double>(character.WalkSpeed) * character.Facing;
     const double next = static_cast<double>(character.X) + step;
-    const double place = next - kViewCentre;
-    const bool inside = step < 0
-                            ? place >= double{1} * model.BoundLeft - kHalfView + model.ScreenLeft
-                            : place <= double{1} * model.BoundRight + kHalfView - model.ScreenRight;
+    const double place = next - view.Centre();
+    const bool inside =
+        step < 0 ? place >= double{1} * model.BoundLeft - view.Centre() + model.ScreenLeft
+                 : place <= double{1} * model.BoundRight + view.Centre() - model.ScreenRight;
     if (inside) {
         character.X = static_cast<Single>(next);
     }
@@ -115,12 +114,12 @@ bool Move(const TestCharState& state, const StageModel& model, TestCharacter& ch
 
 // Of a character that moved. It is compared with the middle of the view as it is drawn in this
 // frame.
-CameraFollow FollowOf(const TestCharacter& character, double viewX) {
+CameraFollow FollowOf(const TestCharacter& character, double viewX, const View& view) {
     const bool right = (character.Facing == kFacingRight) == (character.WalkSpeed >= 0);
     if (right) {
-        return viewX >= kViewCentre - kHair ? CameraFollow::Right : CameraFollow::Stand;
+        return viewX >= view.Centre() - kHair ? CameraFollow::Right : CameraFollow::Stand;
     }
-    return viewX <= kViewCentre + kHair ? CameraFollow::Left : CameraFollow::Stand;
+    return viewX <= view.Centre() + kHair ? CameraFollow::Left : CameraFollow::Stand;
 }
 
 CameraFollow UpdateOne(TestCharState& state, TestCharacter& character, const StageModel& model,
@@ -149,10 +148,10 @@ CameraFollow UpdateOne(TestCharState& state, TestCharacter& character, const Sta
     }
     state.FrameFlipped = false;
     const double viewX = static_cast<double>(character.X) + static_cast<double>(camera.x);
-    const bool moved = character.Walking && Move(state, model, character);
+    const bool moved = character.Walking && Move(state, model, camera.view, character);
     state.LastAction = character.Action;
     state.LastFacing = character.Facing;
-    return moved ? FollowOf(character, viewX) : CameraFollow::Stand;
+    return moved ? FollowOf(character, viewX, camera.view) : CameraFollow::Stand;
 }
 
 }  // namespace

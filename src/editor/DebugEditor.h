@@ -50,6 +50,7 @@ struct EditorActions {
 struct EditorContext {
     StageModel& model;
     Camera& camera;
+    const View& view;
     const ViewFlags& flags;
     const ViewOptions& options;
     Keyboard& keyboard;

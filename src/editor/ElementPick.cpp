@@ -95,11 +95,13 @@ bool Covers(const StageModel& model, const BackgroundElement& element, const Dra
 // Gathers the rectangle around pieces.
 class AroundPieces final : public PieceVisitor {
 public:
+    explicit AroundPieces(const View& view) : view_(view), left_(view.width), top_(view.height) {}
+
     void Show(const SpriteQuad& quad) override {
         const std::int64_t left = std::max<std::int64_t>(quad.x, 0);
         const std::int64_t top = std::max<std::int64_t>(quad.y, 0);
-        const std::int64_t right = std::min<std::int64_t>(quad.x + quad.width, kViewWidth);
-        const std::int64_t bottom = std::min<std::int64_t>(quad.y + quad.height, kViewHeight);
+        const std::int64_t right = std::min<std::int64_t>(quad.x + quad.width, view_.width);
+        const std::int64_t bottom = std::min<std::int64_t>(quad.y + quad.height, view_.height);
         if (left >= right || top >= bottom) {
             return;
         }
@@ -122,8 +124,9 @@ public:
     }
 
 private:
-    std::int64_t left_ = kViewWidth;
-    std::int64_t top_ = kViewHeight;
+    View view_;
+    std::int64_t left_;
+    std::int64_t top_;
     std::int64_t right_ = 0;
     std::int64_t bottom_ = 0;
 };
@@ -132,7 +135,7 @@ private:
 
 Integer TopmostElementAt(const StageModel& model, const DrawOptions& options,
                          const ViewPoint& point) {
-    if (!IsInside(point.x, 0, kViewWidth) || !IsInside(point.y, 0, kViewHeight)) {
+    if (!IsInside(point.x, 0, options.view.width) || !IsInside(point.y, 0, options.view.height)) {
         return -1;
     }
     for (const bool front : {true, false}) {
@@ -153,7 +156,7 @@ std::optional<ViewFrame> OutlineOf(const StageModel& model, const DrawOptions& o
     if (!picture) {
         return std::nullopt;
     }
-    AroundPieces around;
+    AroundPieces around(options.view);
     const Mixing mixing = MixingOf(element, BlendingInForce(model, element, options.additions));
     ForEachPiece(model, element, *picture, options, mixing, around);
     return around.Rectangle();

@@ -59,7 +59,7 @@ void SpriteBrowser::mnuDebug_Click() {
         Open();
     } else {
         hscSGFX_.Visible = false;
-        window_.Size(kViewWidth, kViewHeight);
+        window_.Size(view_.width, view_.height);
     }
 }
 

@@ -13,6 +13,7 @@
 
 #include "base/Integers.h"
 #include "platform/Form.h"
+#include "platform/View.h"
 #include "stage/StageModel.h"
 
 namespace scenara {
@@ -61,8 +62,9 @@ class SpriteBrowser {
 public:
     // All of it outlives the browser. `mode` is SpriteBrowserMode: 0, or 255 while it shows
     // sprites.
-    SpriteBrowser(const StageModel& model, Byte& mode, ScrollBar& hscSGFX, BrowserWindow& window)
-        : model_(model), mode_(mode), hscSGFX_(hscSGFX), window_(window) {}
+    SpriteBrowser(const StageModel& model, const View& view, Byte& mode, ScrollBar& hscSGFX,
+                  BrowserWindow& window)
+        : model_(model), view_(view), mode_(mode), hscSGFX_(hscSGFX), window_(window) {}
 
     // On and off. Without sprites there is nothing to see, and the window keeps its size.
     void mnuDebug_Click();
@@ -83,6 +85,7 @@ private:
     [[nodiscard]] bool ShowSprite();
 
     const StageModel& model_;
+    const View& view_;
     Byte& mode_;
     ScrollBar& hscSGFX_;
     BrowserWindow& window_;

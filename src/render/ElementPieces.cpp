@@ -80,10 +80,10 @@ public:
           visitor_(visitor),
           sprite_(RecordAt(model.Sprites, picture.slot, "sprite")),
           tiles_(model, element, picture, options.additions),
-          window_(ElementWindow::Of(element, model.CamX, model.CamY)),
+          window_(ElementWindow::Of(element, model.CamX, model.CamY, options.view)),
           x_(WholePixel(static_cast<double>(picture.x), model.ElementScale)),
           y_(WholePixel(static_cast<double>(picture.y), model.ElementScale)) {
-        if (const auto key = PatternFor(model, element, picture, mixing, options.additions)) {
+        if (const auto key = PatternFor(model, element, picture, mixing, options)) {
             pattern_ = FindPattern(model, *key);
         }
     }

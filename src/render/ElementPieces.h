@@ -10,6 +10,7 @@
 // thinned out where more than kDeepest copies lie upon one another.
 #pragma once
 
+#include "platform/View.h"
 #include "render/ElementPlacement.h"
 #include "render/Mixing.h"
 #include "render/ModelLookup.h"
@@ -21,6 +22,7 @@ namespace scenara {
 struct DrawOptions {
     bool additions = false;
     bool deform = false;  // with additions: parallax pictures are stretched
+    View view = {};
 };
 
 // Gets the pieces in the order in which they are drawn.
@@ -41,18 +43,19 @@ public:
 
 // False for a still picture that is nowhere near the view: cheap to know, for there may be
 // thousands of these. Raises "Subscript out of range" when its sprite is not in its table.
-[[nodiscard]] inline bool MayBeSeen(const StageModel& model, const BackgroundElement& element) {
+[[nodiscard]] inline bool MayBeSeen(const StageModel& model, const BackgroundElement& element,
+                                    const View& view) {
     if (element.kind != ElementKind::Still || element.tileX != 0 || element.tileY != 0) {
         return true;
     }
     const SpriteEntry& sprite = RecordAt(model.Sprites, element.spriteIndex, "sprite");
     const Displacement displacement(element);
     // Rounding moves a picture by less than a pixel.
-    const auto touches = [](double position, Integer size, std::int32_t view) {
-        return position < view + 1 && position + size > -1;
+    const auto touches = [](double position, Integer size, Long length) {
+        return position < length + 1 && position + size > -1;
     };
-    return touches(static_cast<double>(element.posX) + displacement.x, sprite.width, kViewWidth) &&
-           touches(static_cast<double>(element.posY) + displacement.y, sprite.height, kViewHeight);
+    return touches(static_cast<double>(element.posX) + displacement.x, sprite.width, view.width) &&
+           touches(static_cast<double>(element.posY) + displacement.y, sprite.height, view.height);
 }
 
 // Frames that are mirrored left to right are shown once, whatever the tiling; parallax pictures are

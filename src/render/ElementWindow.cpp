@@ -26,15 +26,16 @@ void Cut(const PixelRange& range, std::int64_t& position, std::int64_t& size,
 
 }  // namespace
 
-ElementWindow ElementWindow::Of(const BackgroundElement& element, Single cameraX, Single cameraY) {
+ElementWindow ElementWindow::Of(const BackgroundElement& element, Single cameraX, Single cameraY,
+                                const View& view) {
     if (element.windowActive == 0) {
-        return {false, {0, kViewWidth}, {0, kViewHeight}};
+        return {false, {0, view.width}, {0, view.height}};
     }
     // As elements move: x is stored negated, y is not.
     const double movedX = static_cast<double>(element.windowDeltaX) * static_cast<double>(cameraX);
     const double movedY = static_cast<double>(element.windowDeltaY) * static_cast<double>(cameraY);
-    return {true, Between(element.windowX1, element.windowX2, movedX, kViewWidth),
-            Between(element.windowY1, element.windowY2, -movedY, kViewHeight)};
+    return {true, Between(element.windowX1, element.windowX2, movedX, view.width),
+            Between(element.windowY1, element.windowY2, -movedY, view.height)};
 }
 
 std::optional<SpriteQuad> CutTo(const ElementWindow& window, SpriteQuad quad) {

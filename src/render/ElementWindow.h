@@ -5,6 +5,7 @@
 
 #include <optional>
 
+#include "platform/View.h"
 #include "render/SpriteQuad.h"
 #include "render/Tiling.h"
 #include "stage/StageModel.h"
@@ -20,7 +21,7 @@ struct ElementWindow {
     // both corners lie inside. (Addition: it moves with the stored camera by its delta, which is 0
     // in a plain stage.)
     [[nodiscard]] static ElementWindow Of(const BackgroundElement& element, Single cameraX,
-                                          Single cameraY);
+                                          Single cameraY, const View& view);
 };
 
 // The part of the quad inside of the window, the whole quad when there is none active; nothing when

@@ -13,9 +13,6 @@
 namespace scenara {
 namespace {
 
-// Elements' starts count from the middle of the view.
-constexpr double kViewCentre = kViewWidth / 2.0;
-
 constexpr Integer kPicturesOfAction = -2;
 
 double Within(double value, double least, double most) {
@@ -80,7 +77,8 @@ void ResolveLinks(StageModel& model) {
     }
 }
 
-void Place(const StageModel& model, BackgroundElement& element) {
+// Elements' starts count from the middle of the view.
+void Place(const StageModel& model, const View& view, BackgroundElement& element) {
     const Start start = StartOf(model, element);
     const SpriteEntry* const sprite = StillSprite(model, element);
     const auto scale = static_cast<double>(model.ElementScale);
@@ -89,7 +87,7 @@ void Place(const StageModel& model, BackgroundElement& element) {
     // What is shown of the camera, x to the right.
     const double cameraX = -static_cast<double>(model.CamX);
     const auto cameraY = static_cast<double>(model.CamY);
-    element.posX = NearestSingle(kViewCentre + (start.x - axisX) * scale -
+    element.posX = NearestSingle(view.Centre() + (start.x - axisX) * scale -
                                  static_cast<double>(element.deltaX) * cameraX);
     element.posY =
         NearestSingle((start.y - axisY) * scale - static_cast<double>(element.deltaY) * cameraY);
@@ -220,11 +218,11 @@ void RaiseUpperBound(StageModel& model) {
     }
 }
 
-void PrepareElements(StageModel& model, const ViewOptions& options) {
+void PrepareElements(StageModel& model, const ViewOptions& options, const View& view) {
     ResolveWords(model);
     ResolveLinks(model);
     for (BackgroundElement& element : model.Elements) {
-        Place(model, element);
+        Place(model, view, element);
         SetRuntimeValues(model, options, element);
     }
     SetBackTimers(model);

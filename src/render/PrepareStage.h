@@ -4,6 +4,7 @@
 // gets its first position and runtime values. In this order, since positions contain the camera.
 #pragma once
 
+#include "platform/View.h"
 #include "stage/Camera.h"
 #include "stage/StageModel.h"
 #include "stage/ViewOptions.h"
@@ -27,7 +28,7 @@ void PlaceCamera(StageModel& model, Camera& camera, const CameraPlace& place);
 // camera units with picture rows, and so cuts stages whose deltas are below 1.
 //
 // Raises "Subscript out of range" when an element's sprite or action is not in its table.
-void PrepareElements(StageModel& model, const ViewOptions& options);
+void PrepareElements(StageModel& model, const ViewOptions& options, const View& view);
 
 // The single steps of PrepareElements that stand for themselves.
 

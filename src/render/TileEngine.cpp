@@ -61,8 +61,8 @@ bool TileEngine::TakesPart(const BackgroundElement& element) const {
 }
 
 void TileEngine::Draw(const BackgroundElement& element) {
-    if (MayBeSeen(model_, element) && GoesOn()) {
-        DrawElement(engine_, model_, element, {options_.Additions, flags_.Deform != 0});
+    if (MayBeSeen(model_, element, view_) && GoesOn()) {
+        DrawElement(engine_, model_, element, {options_.Additions, flags_.Deform != 0, view_});
     }
 }
 

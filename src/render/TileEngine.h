@@ -6,6 +6,7 @@
 // stage's own clocks tick, once per frame.
 #pragma once
 
+#include "platform/View.h"
 #include "render/CameraControl.h"
 #include "render/Engine.h"
 #include "render/PassWatch.h"
@@ -20,11 +21,13 @@ class TileEngine {
 public:
     // All of them outlive it. `watch` may end the drawing between two elements; what is left of the
     // frame then moves on without being drawn.
-    TileEngine(Engine& engine, StageModel& model, Camera& camera, const ViewFlags& flags,
-               const ViewOptions& options, const CameraInput& input, PassWatch* watch = nullptr)
+    TileEngine(Engine& engine, StageModel& model, Camera& camera, const View& view,
+               const ViewFlags& flags, const ViewOptions& options, const CameraInput& input,
+               PassWatch* watch = nullptr)
         : engine_(engine),
           model_(model),
           camera_(camera),
+          view_(view),
           flags_(flags),
           options_(options),
           input_(input),
@@ -54,6 +57,7 @@ private:
     Engine& engine_;
     StageModel& model_;
     Camera& camera_;
+    const View& view_;
     const ViewFlags& flags_;
     const ViewOptions& options_;
     CameraInput input_;

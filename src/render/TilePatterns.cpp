@@ -70,7 +70,7 @@ std::size_t WorkOf(const PatternKey& key, const SpriteEntry& sprite) {
 // The keys of all patterns that a stage has a use for, the smallest patterns first.
 class WantedPatterns {
 public:
-    WantedPatterns(const StageModel& model, const ViewOptions& options)
+    WantedPatterns(const StageModel& model, const DrawOptions& options)
         : model_(model), options_(options) {
         ListActionsOfControls();
         for (const BackgroundElement& element : model.Elements) {
@@ -127,17 +127,17 @@ private:
     }
 
     void AddNow(const BackgroundElement& shown) {
-        const bool additions = options_.Additions;
+        const bool additions = options_.additions;
         if (const std::optional<PlacedPicture> picture = PlaceElement(model_, shown, additions)) {
             const Mixing mixing = MixingOf(shown, BlendingInForce(model_, shown, additions));
-            if (const auto key = PatternFor(model_, shown, *picture, mixing, additions)) {
+            if (const auto key = PatternFor(model_, shown, *picture, mixing, options_)) {
                 keys_.push_back(*key);
             }
         }
     }
 
     const StageModel& model_;
-    const ViewOptions& options_;
+    DrawOptions options_;
     std::vector<Integer> actions_;
     std::vector<PatternKey> keys_;
     std::size_t looked_ = 0;
@@ -201,15 +201,16 @@ bool HasPixels(const SpriteEntry& sprite) {
 }  // namespace
 
 std::optional<PatternKey> PatternFor(const StageModel& model, const BackgroundElement& element,
-                                     const PlacedPicture& picture, Mixing mixing, bool additions) {
+                                     const PlacedPicture& picture, Mixing mixing,
+                                     const DrawOptions& options) {
     const SpriteEntry& sprite = RecordAt(model.Sprites, picture.slot, "sprite");
-    const ElementTiles tiles(model, element, picture, additions);
-    const std::int64_t across = MostPieces(tiles.across, kViewWidth);
-    const std::int64_t down = MostPieces(tiles.down, kViewHeight);
+    const ElementTiles tiles(model, element, picture, options.additions);
+    const std::int64_t across = MostPieces(tiles.across, options.view.width);
+    const std::int64_t down = MostPieces(tiles.down, options.view.height);
     const bool rows = element.kind == ElementKind::Parallax;
     const bool many =
         rows ? across > kManyPiecesOfRow &&
-                   across * std::min<std::int64_t>(sprite.height, kViewHeight) > kManyPieces
+                   across * std::min<std::int64_t>(sprite.height, options.view.height) > kManyPieces
              : across * down > kManyPieces;
     if (!many || !CanRepeat(tiles.across, mixing) || !CanRepeat(tiles.down, mixing)) {
         return std::nullopt;
@@ -233,9 +234,10 @@ const TilePattern* FindPattern(const StageModel& model, const PatternKey& key) {
     return found == model.TilePatterns.end() || found->key != key ? nullptr : &*found;
 }
 
-void MakeTilePatterns(StageModel& model, const ViewOptions& options, TextureMaker& maker) {
+void MakeTilePatterns(StageModel& model, const ViewOptions& options, const View& view,
+                      TextureMaker& maker) {
     model.TilePatterns.clear();
-    const WantedPatterns wanted(model, options);
+    const WantedPatterns wanted(model, {options.Additions, false, view});
     std::size_t bytes = 0;
     std::size_t texels = 0;
     try {

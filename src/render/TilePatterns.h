@@ -17,6 +17,8 @@
 #include <optional>
 
 #include "platform/Direct3D8.h"
+#include "platform/View.h"
+#include "render/ElementPieces.h"
 #include "render/ElementPlacement.h"
 #include "render/Mixing.h"
 #include "stage/StageModel.h"
@@ -33,13 +35,14 @@ inline constexpr std::size_t kMostPatternBytes = std::size_t{4} << 20U;
 [[nodiscard]] std::optional<PatternKey> PatternFor(const StageModel& model,
                                                    const BackgroundElement& element,
                                                    const PlacedPicture& picture, Mixing mixing,
-                                                   bool additions);
+                                                   const DrawOptions& options);
 
 // None when it was not made.
 [[nodiscard]] const TilePattern* FindPattern(const StageModel& model, const PatternKey& key);
 
 // The patterns of all elements, for everything that they may show: a step of the stage's start-up,
 // after PrepareElements. Raises nothing for want of memory.
-void MakeTilePatterns(StageModel& model, const ViewOptions& options, TextureMaker& maker);
+void MakeTilePatterns(StageModel& model, const ViewOptions& options, const View& view,
+                      TextureMaker& maker);
 
 }  // namespace scenara

@@ -17,8 +17,8 @@ CameraLead LeadOf(CameraFollow follow) {
 }
 
 // The camera that the elements stand by: where the last pass saw it.
-DrawnCamera DrawnBy(const Camera& camera) {
-    return {camera.previousX, camera.previousY};
+DrawnCamera DrawnBy(const Camera& camera, const View& view) {
+    return {camera.previousX, camera.previousY, view};
 }
 
 }  // namespace
@@ -35,7 +35,7 @@ Figure StageShow::Next() {
         return {};
     }
     const CameraFollow follow =
-        UpdateCharacter(testChar_, model_, machine_.keyboard, DrawnBy(camera_));
+        UpdateCharacter(testChar_, model_, machine_.keyboard, DrawnBy(camera_, view_));
     camera_.lead = flags_.MouseScroll != 0 ? CameraLead::Stand : LeadOf(follow);
     camera_.leadStep = StepOf(testChar_, testChar_.Characters.front());
     return CharacterFigure();
@@ -45,7 +45,7 @@ Figure StageShow::Again() {
     if (!ShowsCharacter()) {
         return {};
     }
-    PlaceAgain(testChar_, model_, DrawnBy(camera_));
+    PlaceAgain(testChar_, model_, DrawnBy(camera_, view_));
     return CharacterFigure();
 }
 
@@ -56,7 +56,7 @@ Figure StageShow::CharacterFigure() const {
     }
     Figure figure;
     figure.texture = &character.Sprites.at(static_cast<std::size_t>(character.DrawTexture)).texture;
-    figure.x = character.DrawX + DrawnBy(camera_).x;
+    figure.x = character.DrawX + DrawnBy(camera_, view_).x;
     figure.y = character.DrawY;
     figure.width = static_cast<Single>(character.DrawWidth) * testChar_.CharZoom * character.XScale;
     figure.height =

@@ -72,7 +72,7 @@ void StageShow::LoadTestChar(Messages& messages) {
         testChar_.CharLoaded = true;
         testChar_.CharName = testChar_.Characters.front().DisplayName;
     }
-    PlaceCharacter(testChar_, model_);
+    PlaceCharacter(testChar_, model_, view_);
 }
 
 // The end of a stage start.

@@ -31,11 +31,11 @@ StageShow::StageShow(const ShowMachine& machine, const ViewOptions& options, Sho
       options_(options),
       events_(events),
       engine_(machine.direct3D, machine.window, machine.messages, model_),
-      editor_({model_, camera_, flags_, options_, machine.keyboard, machine.clock},
+      editor_({model_, camera_, view_, flags_, options_, machine.keyboard, machine.clock},
               {[this](const std::string& caption) { events_.SetCaption(caption); },
                [this] { events_.WriteDump(); }, [this] { NoteEdit(); }}),
       longPass_(machine.clock, machine.window, [this] { events_.TooHeavy(); }),
-      tiles_(engine_, model_, camera_, flags_, options_,
+      tiles_(engine_, model_, camera_, view_, flags_, options_,
              {machine.keyboard, machine.clock, machine.pointer, machine.window, &editor_},
              &longPass_) {}
 
@@ -85,13 +85,11 @@ bool StageShow::Start(const std::string& mugeDir) {
 }
 
 bool StageShow::Load(const std::string& mugeDir, Messages& messages) {
-    const LoadStageContext load{machine_.files,
-                                messages,
-                                machine_.window,
-                                engine_.Device(),
-                                options_,
-                                mugeDir,
-                                [this](const std::string& path) { events_.MusicNamed(path); }};
+    const LoadStageContext load{
+        machine_.files,  messages,
+        machine_.window, engine_.Device(),
+        options_,        view_,
+        mugeDir,         [this](const std::string& path) { events_.MusicNamed(path); }};
     std::string file = Which.shown;
     return LoadStage(model_, file, load);
 }
@@ -102,8 +100,8 @@ void StageShow::Prepare(const std::optional<CameraPlace>& camera, Messages& mess
     } else {
         PlaceCamera(model_, camera_);
     }
-    PrepareElements(model_, options_);
-    MakeTilePatterns(model_, options_, engine_.Device());
+    PrepareElements(model_, options_, view_);
+    MakeTilePatterns(model_, options_, view_, engine_.Device());
     StartTestChar(messages);
 }
 

@@ -19,6 +19,7 @@
 #include "platform/Keyboard.h"
 #include "platform/Messages.h"
 #include "platform/Pointer.h"
+#include "platform/View.h"
 #include "platform/Window.h"
 #include "render/Engine.h"
 #include "render/Figure.h"
@@ -128,6 +129,7 @@ public:
 
     [[nodiscard]] StageModel& Model() { return model_; }
     [[nodiscard]] const StageModel& Model() const { return model_; }
+    [[nodiscard]] const View& Picture() const { return view_; }
     [[nodiscard]] Camera& CameraState() { return camera_; }
     [[nodiscard]] const Camera& CameraState() const { return camera_; }
     [[nodiscard]] ViewFlags& Flags() { return flags_; }
@@ -172,6 +174,7 @@ private:
     ShowEvents& events_;
 
     StageModel model_;
+    View view_;
     Camera camera_;
     LoopState loop_;
     ViewFlags flags_;

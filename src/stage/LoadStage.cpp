@@ -59,7 +59,7 @@ void LoadArchive(StageModel& model, const std::string& spr, const std::string& d
         context.messages.MsgBox(kMessageArchiveMissing, std::move(text));
         return;
     }
-    const double scale = context.options.Additions ? ScaleOf(model).elements : 1;
+    const double scale = context.options.Additions ? ScaleOf(model, context.view).elements : 1;
     LoadSprites(model, *archive, path, context.device, context.window, context.messages,
                 context.options, scale);
 }
@@ -77,7 +77,7 @@ bool LoadStage(StageModel& model, std::string& defPath, const LoadStageContext& 
         }
         ResolveSprites(model);
         if (context.options.Additions) {
-            ApplyStageScale(model);
+            ApplyStageScale(model, context.view);
         }
         return true;
     } catch (...) {

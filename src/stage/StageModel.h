@@ -6,7 +6,7 @@
 // given its first runtime values by the stage start-up, advanced every frame by the drawing,
 // emptied by Clear(). Tables are indexed from 0; their counts are 16-bit, so none holds more than
 // kMaxRecords. An index field refers to a position in another table, -1 meaning none. Positions are
-// pixels of the 320 x 240 view, times are ticks of one frame. Every number starts at 0 and every
+// pixels of the view, times are ticks of one frame. Every number starts at 0 and every
 // text empty, unless a field says otherwise.
 //
 // Texts are bytes as the file has them (Windows ANSI code page).

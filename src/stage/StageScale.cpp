@@ -64,13 +64,13 @@ void ScaleSettings(StageModel& model, double factor) {
 
 }  // namespace
 
-StageScale ScaleOf(const StageModel& model) {
+StageScale ScaleOf(const StageModel& model, const View& view) {
     StageScale scale;
     const Long height = model.localcoordHeight;
     if (height >= kLowestHeight && height <= kGreatestHeight) {
-        scale.stage = static_cast<double>(kViewHeight) / height;
+        scale.stage = static_cast<double>(view.height) / height;
         if (model.localcoordWidth > 0) {
-            scale.columnsBefore = (model.localcoordWidth * scale.stage - kViewWidth) / 2;
+            scale.columnsBefore = (model.localcoordWidth * scale.stage - view.width) / 2;
         }
     }
     scale.deltas = model.hires != 0 ? 0.5 : 1;
@@ -78,8 +78,8 @@ StageScale ScaleOf(const StageModel& model) {
     return scale;
 }
 
-void ApplyStageScale(StageModel& model) {
-    const StageScale scale = ScaleOf(model);
+void ApplyStageScale(StageModel& model, const View& view) {
+    const StageScale scale = ScaleOf(model, view);
     if (scale.elements == 1 && scale.stage == 1 && scale.columnsBefore == 0) {
         return;
     }

@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: MIT
 //
-// StageScale, an addition: stages that were made for another view than 320 x 240.
+// StageScale, an addition: stages that were made for another view than the program's.
 //
 // "hires" lays the elements out in pixels of 640 x 480, while camera, bounds and players keep
 // counting in those of the view. "localcoord" gives a view of its own, in which everything counts:
-// all is scaled to a height of 240, and the middle 320 columns are shown. Both may come together.
+// all is scaled to the view's height, and its middle columns are shown. Both may come together.
 // Starts count from the middle and need nothing for that; windows count from the left edge.
 #pragma once
 
+#include "platform/View.h"
 #include "stage/StageModel.h"
 
 namespace scenara {
@@ -21,11 +22,11 @@ struct StageScale {
 };
 
 // A height that no stage was made for, below 120 or above 7680, counts as not given.
-[[nodiscard]] StageScale ScaleOf(const StageModel& model);
+[[nodiscard]] StageScale ScaleOf(const StageModel& model, const View& view);
 
 // Brings a loaded stage into view pixels. Whole numbers that would lose too much by rounding stay
 // in the file's units, and the drawing takes them times ElementScale: start, sprite axis, frame
 // offset, tile spacing, and what controls set.
-void ApplyStageScale(StageModel& model);
+void ApplyStageScale(StageModel& model, const View& view);
 
 }  // namespace scenara

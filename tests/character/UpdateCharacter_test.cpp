@@ -39,7 +39,7 @@ protected:
         Action(kWalking, {1, 2, 3});
         Hero().HasTurn = true;
         Hero().WalkSpeed = 2;
-        PlaceCharacter(state_, model_);
+        PlaceCharacter(state_, model_, View());
     }
 
     TestCharacter& Hero() { return state_.Characters.front(); }
@@ -58,7 +58,7 @@ protected:
         }
         Slot(slot) = action;
     }
-    void Place() { PlaceCharacter(state_, model_); }
+    void Place() { PlaceCharacter(state_, model_, View()); }
 
     CameraFollow Update(const KeySet& keys = {}) {
         keyboard_.Hold(keys);

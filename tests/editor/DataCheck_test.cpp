@@ -118,7 +118,7 @@ std::unique_ptr<StageMachine> Loaded(const std::string& definition, bool additio
     EXPECT_TRUE(machine->Load(definition));
     Camera camera;
     PlaceCamera(machine->model, camera);
-    PrepareElements(machine->model, machine->view);
+    PrepareElements(machine->model, machine->view, View());
     return machine;
 }
 

@@ -370,8 +370,9 @@ protected:
     }
 
     HeadlessKeyboard keyboard;
-    DebugEditor editor{{stage.model, stage.camera, stage.flags, stage.view, keyboard, stage.clock},
-                       {[](const std::string&) {}, [this] { ++stage.dumps; }}};
+    DebugEditor editor{
+        {stage.model, stage.camera, stage.picture, stage.flags, stage.view, keyboard, stage.clock},
+        {[](const std::string&) {}, [this] { ++stage.dumps; }}};
 };
 
 TEST_F(OldPresses, FromBeforeTheSelectionDeleteNothing) {

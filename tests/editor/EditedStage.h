@@ -89,10 +89,15 @@ struct EditedStage : StagePlayer {
     std::vector<std::string> captions;
     int dumps = 0;
     DebugEditor editor{
-        {model, camera, flags, view, keyboard, clock},
+        {model, camera, picture, flags, view, keyboard, clock},
         {[this](const std::string& caption) { captions.push_back(caption); }, [this] { ++dumps; }}};
-    TileEngine editedTiles{engine, model, camera,
-                           flags,  view,  CameraInput{keyboard, clock, pointer, window, &editor}};
+    TileEngine editedTiles{engine,
+                           model,
+                           camera,
+                           picture,
+                           flags,
+                           view,
+                           CameraInput{keyboard, clock, pointer, window, &editor}};
 };
 
 }  // namespace scenara::test

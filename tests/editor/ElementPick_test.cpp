@@ -99,7 +99,7 @@ TEST_F(Pick, OutsideOfTheViewFindsNothing) {
     EXPECT_EQ(stage.At(-1, 0), -1);
     EXPECT_EQ(stage.At(0, -1), -1);
     StageBuilder::At(stage.Element(0), 315, 235);
-    PrepareElements(stage.model, stage.view);
+    PrepareElements(stage.model, stage.view, View());
     EXPECT_EQ(stage.At(319, 239), 0);
     EXPECT_EQ(stage.At(320, 239), -1);
     EXPECT_EQ(stage.At(319, 240), -1);
@@ -371,7 +371,7 @@ TEST_F(Pick, OutlinesAreCutAtTheView) {
     stage.Start();
     EXPECT_EQ(Outline(), (ViewFrame{0, 235, 6, 240}));
     StageBuilder::At(element, 320, 0);
-    PrepareElements(stage.model, stage.view);
+    PrepareElements(stage.model, stage.view, View());
     EXPECT_EQ(Outline(), std::nullopt);
 }
 

@@ -29,7 +29,7 @@ public:
             AddElement(number);
         }
         PlaceCamera(model_, camera_);
-        PrepareElements(model_, options_);
+        PrepareElements(model_, options_, View());
         for (BackgroundElement& element : model_.Elements) {
             element.visible = Below(8) == 0 ? 0 : 1;
         }
@@ -134,8 +134,14 @@ private:
     HeadlessKeyboard keyboard_;
     SetClock clock_;
     HeadlessPointer pointer_;
-    TileEngine tiles_{engine_, model_,   camera_,
-                      flags_,  options_, CameraInput{keyboard_, clock_, pointer_, window_}};
+    View picture_;
+    TileEngine tiles_{engine_,
+                      model_,
+                      camera_,
+                      picture_,
+                      flags_,
+                      options_,
+                      CameraInput{keyboard_, clock_, pointer_, window_}};
 };
 
 class PickedAsDrawn : public testing::TestWithParam<unsigned> {};

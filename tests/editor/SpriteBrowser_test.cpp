@@ -83,7 +83,8 @@ protected:
     Byte mode = 0;
     ScrollBar bar;
     RecordedBrowserWindow window;
-    SpriteBrowser browser{model, mode, bar, window};
+    View viewSize;
+    SpriteBrowser browser{model, viewSize, mode, bar, window};
 };
 
 // --- the menu item ---

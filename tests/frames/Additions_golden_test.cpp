@@ -259,10 +259,11 @@ public:
         engine_.Engine_Init();
         std::string path = "/mugen/stages/painted.def";
         EXPECT_TRUE(LoadStage(
-            model_, path, {files_, messages_, window_, engine_.Device(), view_, "/mugen/", {}}));
+            model_, path,
+            {files_, messages_, window_, engine_.Device(), view_, View(), "/mugen/", {}}));
         EXPECT_THAT(messages_.Recorded(), IsEmpty());
         PlaceCamera(model_, camera_);
-        PrepareElements(model_, view_);
+        PrepareElements(model_, view_, View());
         flags_.Deform = kByteTrue;
         DrawScene(engine_, tiles_, flags_);
     }
@@ -283,8 +284,9 @@ private:
     Camera camera_;
     ViewFlags flags_;
     Engine engine_{direct3D_, window_, messages_, model_};
-    TileEngine tiles_{engine_, model_, camera_,
-                      flags_,  view_,  {keyboard_, clock_, pointer_, window_}};
+    View picture_;
+    TileEngine tiles_{
+        engine_, model_, camera_, picture_, flags_, view_, {keyboard_, clock_, pointer_, window_}};
 };
 
 // With the camera 50 up and 30 to the right: a floor half as high again, one that shrinks, and a

@@ -76,8 +76,8 @@ public:
     }
 
     void Prepare() {
-        PrepareElements(model, {options.additions});
-        MakeTilePatterns(model, {options.additions}, engine_.Device());
+        PrepareElements(model, {options.additions}, View());
+        MakeTilePatterns(model, {options.additions}, View(), engine_.Device());
     }
 
     std::vector<std::uint32_t> Drawn() {
@@ -151,7 +151,7 @@ private:
         } else if (element.mask == 1) {
             BlendByAlpha(engine_.Device(), D3DBLEND_INVSRCALPHA);
         }
-        const ElementWindow window = ElementWindow::Of(element, model.CamX, model.CamY);
+        const ElementWindow window = ElementWindow::Of(element, model.CamX, model.CamY, View());
         const bool animated = element.kind == ElementKind::Animated;
         const auto draw = [&](const SpriteQuad& whole) {
             const auto quad = CutTo(window, whole);

@@ -44,7 +44,7 @@ inline void WalkCharacter(const TestCharacter& character, std::uint32_t keys) {
     model.BoundRight = 100;
     TestCharState state;
     state.Characters.push_back(character);
-    PlaceCharacter(state, model);
+    PlaceCharacter(state, model, View());
     HeadlessKeyboard keyboard;
     for (int frame = 0; frame < 200; ++frame) {
         keys = keys * 1664525U + 1013904223U;

@@ -53,7 +53,7 @@ TEST(AdditionsBusyFrame, AllocatesNothing) {
         build.Animation(action).blending = blending;
     }
     player.model.hires = 1;
-    ApplyStageScale(player.model);
+    ApplyStageScale(player.model, player.picture);
     player.flags.Deform = kByteTrue;
     player.Start();
     player.record.SetWriting(false);
@@ -150,7 +150,7 @@ void MakeAbsurdStage(Absurd& absurd, StagePlayer& player) {
     player.model.hires = static_cast<Integer>(absurd.Below(2));
     player.model.localcoordWidth = absurd.Whole();
     player.model.localcoordHeight = kHeights.at(absurd.Below(kHeights.size()));
-    ApplyStageScale(player.model);
+    ApplyStageScale(player.model, player.picture);
     player.flags.Deform = kByteTrue;
     player.Start();
 }

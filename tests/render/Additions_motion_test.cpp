@@ -47,27 +47,28 @@ void ExpectWindow(const ElementWindow& window, PixelRange columns, PixelRange ro
 // The stored camera: x is negated.
 TEST(MovingWindows, MoveAgainstTheCameraByTheirDelta) {
     // The camera at 20, -10: 10 to the left, 20 down.
-    ExpectWindow(ElementWindow::Of(MovingWindow(0.5F, 2), -20, -10), {90, 140}, {70, 110});
-    ExpectWindow(ElementWindow::Of(MovingWindow(0.5F, 2), 20, 0), {110, 160}, {50, 90});
+    ExpectWindow(ElementWindow::Of(MovingWindow(0.5F, 2), -20, -10, View()), {90, 140}, {70, 110});
+    ExpectWindow(ElementWindow::Of(MovingWindow(0.5F, 2), 20, 0, View()), {110, 160}, {50, 90});
 }
 
 TEST(MovingWindows, OfDelta0StandStill) {
-    ExpectWindow(ElementWindow::Of(MovingWindow(0, 0), -200, -100), {100, 150}, {50, 90});
+    ExpectWindow(ElementWindow::Of(MovingWindow(0, 0), -200, -100, View()), {100, 150}, {50, 90});
 }
 
 TEST(MovingWindows, AtTheCamerasOriginStandWhereTheFilePutsThem) {
-    ExpectWindow(ElementWindow::Of(MovingWindow(3, 3), 0, 0), {100, 150}, {50, 90});
+    ExpectWindow(ElementWindow::Of(MovingWindow(3, 3), 0, 0, View()), {100, 150}, {50, 90});
 }
 
 TEST(MovingWindows, LeaveTheView) {
-    ExpectWindow(ElementWindow::Of(MovingWindow(1, 0), -120, 0), {0, 30}, {50, 90});
-    const ElementWindow gone = ElementWindow::Of(MovingWindow(1, 0), -200, 0);
+    ExpectWindow(ElementWindow::Of(MovingWindow(1, 0), -120, 0, View()), {0, 30}, {50, 90});
+    const ElementWindow gone = ElementWindow::Of(MovingWindow(1, 0), -200, 0, View());
     EXPECT_GE(gone.columns.from, gone.columns.to);
 }
 
 TEST(MovingWindows, OfAbsurdDeltasShowNothing) {
     for (const Single delta : {kMostSingle, -kMostSingle}) {
-        const ElementWindow window = ElementWindow::Of(MovingWindow(delta, delta), 3e38F, 3e38F);
+        const ElementWindow window =
+            ElementWindow::Of(MovingWindow(delta, delta), 3e38F, 3e38F, View());
         EXPECT_GE(window.columns.from, window.columns.to);
         EXPECT_GE(window.rows.from, window.rows.to);
     }

@@ -24,7 +24,7 @@ using test::WithY;
 class ScaledStage : public testing::Test {
 protected:
     void Start() {
-        ApplyStageScale(player.model);
+        ApplyStageScale(player.model, player.picture);
         player.Start();
     }
     Lines Draw() {
@@ -232,7 +232,8 @@ BackgroundElement& Windowed(BackgroundElement& element, Single x1, Single y1, Si
 
 // Of the first element, after a start.
 ElementWindow WindowOf(const StagePlayer& player) {
-    return ElementWindow::Of(player.model.Elements.at(0), player.model.CamX, player.model.CamY);
+    return ElementWindow::Of(player.model.Elements.at(0), player.model.CamX, player.model.CamY,
+                             View());
 }
 
 TEST_F(HiresStage, HalvesWindows) {

@@ -25,7 +25,7 @@ public:
             frames.push_back({-1, time});
         }
         build.Animation(build.Action(frames, loopstart));
-        PrepareElements(model, kPlainView);
+        PrepareElements(model, kPlainView, View());
     }
 
     void Tick() { TickAnimation(model, Element()); }

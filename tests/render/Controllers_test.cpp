@@ -41,7 +41,7 @@ protected:
 
     // The ticks, of the first `count`, in which something acted.
     std::vector<int> Acting(int count) {
-        PrepareElements(model, kPlainView);
+        PrepareElements(model, kPlainView, View());
         std::vector<int> ticks;
         for (int tick = 0; tick < count; ++tick) {
             const Single before = model.Elements[0].velocityX;
@@ -146,14 +146,14 @@ TEST_F(ControllerTimes, ControlsActInFileOrder) {
     WithX(AddControl(group, "velset"), 2);
     WithX(AddControl(build.Group(), "velset"), 3);
     WithX(AddControl(model.CtrlDefs[1], "veladd"), 10);
-    PrepareElements(model, kPlainView);
+    PrepareElements(model, kPlainView, View());
     RunControllers(model);
     EXPECT_EQ(model.Elements[0].velocityX, 13);
 }
 
 TEST_F(ControllerTimes, TimersAtTheEndOfTheirRangeAreAnErrorAndNoJump) {
     Counting(build.Group());
-    PrepareElements(model, kPlainView);
+    PrepareElements(model, kPlainView, View());
     model.CtrlDefs[0].controls[0].timer = std::numeric_limits<Long>::max();
     ExpectError(RunTimeErrorKind::Overflow, [&] { RunControllers(model); });
     model.CtrlDefs[0].controls[0].timer = 0;
@@ -173,7 +173,7 @@ protected:
     // The elements on which the only control acted, by how often.
     std::vector<int> Acted() {
         WithX(model.CtrlDefs.at(0).controls.at(0), 1);
-        PrepareElements(model, kPlainView);
+        PrepareElements(model, kPlainView, View());
         RunControllers(model);
         std::vector<int> acted;
         for (const BackgroundElement& element : model.Elements) {
@@ -263,7 +263,7 @@ TEST_F(ControllerTargets, NegativeIdsAreIdsToo) {
 TEST_F(ControllerTargets, HiddenAndDisabledOnesAreActedOn) {
     Elements({1, 1, 1});
     WithX(On(AddControl(build.Group(), "veladd"), {1}), 1);
-    PrepareElements(model, kPlainView);
+    PrepareElements(model, kPlainView, View());
     model.Elements[0].visible = 0;
     model.Elements[1].enabled = 0;
     RunControllers(model);
@@ -274,7 +274,7 @@ TEST_F(ControllerTargets, HiddenAndDisabledOnesAreActedOn) {
 TEST_F(ControllerTargets, OnAStageWithoutElementsAreNone) {
     WithX(AddControl(build.Group(), "veladd"), 1);
     On(WithX(AddControl(model.CtrlDefs[0], "veladd"), 1), {4});
-    PrepareElements(model, kPlainView);
+    PrepareElements(model, kPlainView, View());
     RunControllers(model);
     EXPECT_EQ(model.CtrlDefs[0].timer, 1);
 }
@@ -386,7 +386,7 @@ public:
                 Control(group);
             }
         }
-        PrepareElements(model, kPlainView);
+        PrepareElements(model, kPlainView, View());
     }
 
     StageModel model;
@@ -444,7 +444,7 @@ private:
 TEST_F(ControllerTimes, NoneActsOnceTheFrameIsGivenUpAndTheClocksGoOn) {
     During(Counting(build.Group()), 0, 100);
     During(Counting(build.Group()), 0, 100);
-    PrepareElements(model, kPlainView);
+    PrepareElements(model, kPlainView, View());
     GivesUpAfter watch(0);
     RunControllers(model, &watch);
     EXPECT_EQ(model.Elements[0].velocityX, 1);
@@ -459,7 +459,7 @@ protected:
     // One element, prepared, and one tick of what Control made.
     BackgroundElement& Still() {
         build.Still(-1);
-        PrepareElements(model, kPlainView);
+        PrepareElements(model, kPlainView, View());
         return model.Elements[0];
     }
     BackgroundElement& Animated() {
@@ -468,7 +468,7 @@ protected:
         build.Action({}, 0, 300);
         build.Action({{-1, -1}}, 0, 0);
         build.Animation(0);
-        PrepareElements(model, kPlainView);
+        PrepareElements(model, kPlainView, View());
         return model.Elements[0];
     }
     BgCtrl& Control(const std::string& type) {
@@ -750,7 +750,7 @@ TEST_F(ControllerEffects, WordsThatAreNoTypeDoNothing) {
 
 TEST_F(ControllerEffects, ADummyThatIsEnabledIsEnabled) {
     build.Dummy();
-    PrepareElements(model, kPlainView);
+    PrepareElements(model, kPlainView, View());
     WithValue(Control("enable"), 1);
     Tick();
     EXPECT_EQ(model.Elements[0].enabled, 1);

@@ -47,9 +47,9 @@ TEST_F(Seen, IsEveryStillThatIsInViewAndNoneThatIsFarFromIt) {
         };
         inView += within(0) ? 1 : 0;
         if (within(0)) {
-            ASSERT_TRUE(MayBeSeen(model, element)) << x << ", " << y;
+            ASSERT_TRUE(MayBeSeen(model, element, View())) << x << ", " << y;
         } else if (!within(2)) {
-            ASSERT_FALSE(MayBeSeen(model, element)) << x << ", " << y;
+            ASSERT_FALSE(MayBeSeen(model, element, View())) << x << ", " << y;
         }
     }
     EXPECT_GT(inView, 2000);
@@ -57,30 +57,30 @@ TEST_F(Seen, IsEveryStillThatIsInViewAndNoneThatIsFarFromIt) {
 
 TEST_F(Seen, IsWhateverIsNoSinglePicture) {
     element.posX = 5000;
-    EXPECT_FALSE(MayBeSeen(model, element));
+    EXPECT_FALSE(MayBeSeen(model, element, View()));
     element.tileX = 1;
-    EXPECT_TRUE(MayBeSeen(model, element));
+    EXPECT_TRUE(MayBeSeen(model, element, View()));
     element.tileX = 0;
     element.tileY = 3;
-    EXPECT_TRUE(MayBeSeen(model, element));
+    EXPECT_TRUE(MayBeSeen(model, element, View()));
     element.tileY = 0;
     element.kind = ElementKind::Parallax;
-    EXPECT_TRUE(MayBeSeen(model, element));
+    EXPECT_TRUE(MayBeSeen(model, element, View()));
     element.kind = ElementKind::Animated;
-    EXPECT_TRUE(MayBeSeen(model, element));
+    EXPECT_TRUE(MayBeSeen(model, element, View()));
 }
 
 TEST_F(Seen, IsNothingWithoutAPlace) {
     element.posX = std::numeric_limits<Single>::quiet_NaN();
-    EXPECT_FALSE(MayBeSeen(model, element));
+    EXPECT_FALSE(MayBeSeen(model, element, View()));
     element.posX = -std::numeric_limits<Single>::infinity();
-    EXPECT_FALSE(MayBeSeen(model, element));
+    EXPECT_FALSE(MayBeSeen(model, element, View()));
 }
 
 TEST_F(Seen, WithASpriteOutsideOfTheTableIsAnError) {
     element.spriteIndex = 1;
     ExpectError(RunTimeErrorKind::SubscriptOutOfRange,
-                [&] { static_cast<void>(MayBeSeen(model, element)); });
+                [&] { static_cast<void>(MayBeSeen(model, element, View())); });
 }
 
 }  // namespace

@@ -21,7 +21,7 @@ BackgroundElement Windowed(Single x1, Single y1, Single x2, Single y2) {
 }
 
 void ExpectRanges(const BackgroundElement& element, PixelRange columns, PixelRange rows) {
-    const ElementWindow window = ElementWindow::Of(element, 0, 0);
+    const ElementWindow window = ElementWindow::Of(element, 0, 0, View());
     EXPECT_TRUE(window.active);
     EXPECT_EQ(window.columns.from, columns.from);
     EXPECT_EQ(window.columns.to, columns.to);
@@ -48,7 +48,7 @@ TEST(ElementWindow, RoundsTiesToEven) {
 TEST(ElementWindow, WithoutOneTheViewIsWhatCanBeSeen) {
     BackgroundElement element = Windowed(10, 20, 19, 39);
     element.windowActive = 0;
-    const ElementWindow window = ElementWindow::Of(element, 0, 0);
+    const ElementWindow window = ElementWindow::Of(element, 0, 0, View());
     EXPECT_FALSE(window.active);
     EXPECT_EQ(window.columns.from, 0);
     EXPECT_EQ(window.columns.to, 320);
@@ -58,7 +58,8 @@ TEST(ElementWindow, WithoutOneTheViewIsWhatCanBeSeen) {
 
 // What is seen of a quad that fills the view and more, in words.
 std::string SeenThrough(const BackgroundElement& element) {
-    const auto quad = CutTo(ElementWindow::Of(element, 0, 0), {-1000, -1000, 3000, 3000, 0, 0});
+    const auto quad =
+        CutTo(ElementWindow::Of(element, 0, 0, View()), {-1000, -1000, 3000, 3000, 0, 0});
     if (!quad) {
         return "nothing";
     }

@@ -280,7 +280,7 @@ protected:
         build.Still(-1);
         build.Still(-1).positionlink = 1;
         build.Still(-1);
-        PrepareElements(model, kPlainView);
+        PrepareElements(model, kPlainView, View());
     }
     StageModel model;
     StageBuilder build{model};

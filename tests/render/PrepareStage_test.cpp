@@ -24,7 +24,7 @@ protected:
     // As a stage start does it.
     void Prepare() {
         PlaceCamera(model, camera);
-        PrepareElements(model, kPlainView);
+        PrepareElements(model, kPlainView, View());
     }
     [[nodiscard]] const BackgroundElement& Element(std::size_t index) const {
         return model.Elements.at(index);
@@ -237,7 +237,7 @@ TEST_F(FirstValues, EverythingIsVisibleAndEnabledButPlainDummies) {
         EXPECT_EQ(element.visible, 1) << element.type;
         EXPECT_EQ(element.enabled, element.type == "dummy" ? 0 : 1) << element.type;
     }
-    PrepareElements(model, ViewOptions());
+    PrepareElements(model, ViewOptions(), View());
     EXPECT_THAT(model.Elements, testing::Each(testing::Field(&BackgroundElement::enabled, 1)));
 }
 

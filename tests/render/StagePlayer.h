@@ -56,7 +56,7 @@ struct StagePlayer {
     void Start() {
         engine.Engine_Init();
         PlaceCamera(model, camera);
-        PrepareElements(model, view);
+        PrepareElements(model, view, picture);
         static_cast<void>(record.TakeLines());
     }
 
@@ -99,8 +99,9 @@ struct StagePlayer {
     HeadlessKeyboard keyboard;
     SetClock clock;
     HeadlessPointer pointer;
-    TileEngine tiles{engine, model, camera,
-                     flags,  view,  CameraInput{keyboard, clock, pointer, window}};
+    View picture;
+    TileEngine tiles{
+        engine, model, camera, picture, flags, view, CameraInput{keyboard, clock, pointer, window}};
 };
 
 }  // namespace scenara::test

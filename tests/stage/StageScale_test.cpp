@@ -16,7 +16,7 @@ void ExpectScale(Integer hires, Long height, double elements, double deltas, dou
     model.hires = hires;
     model.localcoordWidth = 320;
     model.localcoordHeight = height;
-    const StageScale scale = ScaleOf(model);
+    const StageScale scale = ScaleOf(model, View());
     EXPECT_DOUBLE_EQ(scale.elements, elements) << height;
     EXPECT_DOUBLE_EQ(scale.deltas, deltas) << height;
     EXPECT_DOUBLE_EQ(scale.stage, stage) << height;
@@ -56,7 +56,7 @@ TEST(ScaleOf, TheWidthDoesNotMatter) {
     model.localcoordHeight = 480;
     for (const Long width : {0, 1, 640, 1280, -5, std::numeric_limits<Long>::max()}) {
         model.localcoordWidth = width;
-        EXPECT_DOUBLE_EQ(ScaleOf(model).elements, 0.5) << width;
+        EXPECT_DOUBLE_EQ(ScaleOf(model, View()).elements, 0.5) << width;
     }
 }
 
@@ -66,7 +66,7 @@ TEST(ScaleOf, TheColumnsThatAreNotShownAreCountedInTheView) {
         StageModel model;
         model.localcoordWidth = width;
         model.localcoordHeight = height;
-        return ScaleOf(model).columnsBefore;
+        return ScaleOf(model, View()).columnsBefore;
     };
     EXPECT_DOUBLE_EQ(before(320, 240), 0);
     EXPECT_DOUBLE_EQ(before(640, 480), 0);
@@ -80,7 +80,7 @@ TEST(ScaleOf, AWidthBesideAHeightThatDoesNotCountIsNotGivenEither) {
     StageModel model;
     model.localcoordWidth = 1;
     model.localcoordHeight = 1;
-    EXPECT_EQ(ScaleOf(model).columnsBefore, 0);
+    EXPECT_EQ(ScaleOf(model, View()).columnsBefore, 0);
 }
 
 // One element, and settings, with numbers that tell which is which.
@@ -122,7 +122,7 @@ StageModel Stage() {
 TEST(ApplyStageScale, LeavesAnOrdinaryStageAlone) {
     StageModel model = Stage();
     model.localcoordHeight = 240;
-    ApplyStageScale(model);
+    ApplyStageScale(model, View());
     const BackgroundElement& element = model.Elements[0];
     EXPECT_EQ(model.ElementScale, 1);
     EXPECT_EQ(element.deltaX, 1);
@@ -136,7 +136,7 @@ TEST(ApplyStageScale, LeavesAnOrdinaryStageAlone) {
 TEST(ApplyStageScale, OfHiresHalvesLengthsOfElements) {
     StageModel model = Stage();
     model.hires = 1;
-    ApplyStageScale(model);
+    ApplyStageScale(model, View());
     const BackgroundElement& element = model.Elements[0];
     EXPECT_EQ(model.ElementScale, 0.5F);
     EXPECT_EQ(element.velocityX, 1.5F);
@@ -153,7 +153,7 @@ TEST(ApplyStageScale, LeavesTimesAndRatiosAlone) {
     StageModel model = Stage();
     model.hires = 1;
     model.localcoordHeight = 480;
-    ApplyStageScale(model);
+    ApplyStageScale(model, View());
     const BackgroundElement& element = model.Elements[0];
     EXPECT_EQ(element.sinState[1], 40);
     EXPECT_EQ(element.sinState[2], 6);
@@ -167,7 +167,7 @@ TEST(ApplyStageScale, LeavesTimesAndRatiosAlone) {
 TEST(ApplyStageScale, OfHiresLeavesCameraGroundAndPlayersAlone) {
     StageModel model = Stage();
     model.hires = 1;
-    ApplyStageScale(model);
+    ApplyStageScale(model, View());
     EXPECT_EQ(model.CamStartX, 11);
     EXPECT_EQ(model.CamStartY, -8);
     EXPECT_EQ(model.BoundLeft, -150);
@@ -184,7 +184,7 @@ TEST(ApplyStageScale, OfLocalcoordScalesEverything) {
     StageModel model = Stage();
     model.localcoordWidth = 640;
     model.localcoordHeight = 480;
-    ApplyStageScale(model);
+    ApplyStageScale(model, View());
     EXPECT_EQ(model.ElementScale, 0.5F);
     EXPECT_EQ(model.CamStartX, 5.5F);
     EXPECT_EQ(model.CamStartY, -4);
@@ -210,7 +210,7 @@ TEST(ApplyStageScale, OfLocalcoordScalesEverything) {
 TEST(ApplyStageScale, LeavesWholeNumbersOfElementsInTheFilesUnits) {
     StageModel model = Stage();
     model.hires = 1;
-    ApplyStageScale(model);
+    ApplyStageScale(model, View());
     EXPECT_EQ(model.Elements[0].startX, 30);
     EXPECT_EQ(model.Elements[0].startY, 41);
     EXPECT_EQ(model.Elements[0].tileSpacingX, 7);
@@ -233,7 +233,7 @@ TEST(ApplyStageScale, AHalvedWindowHasHalfTheColumnsAndRows) {
         StageModel model;
         model.hires = 1;
         model.Elements.push_back(written);
-        ApplyStageScale(model);
+        ApplyStageScale(model, View());
         const BackgroundElement& element = model.Elements[0];
         EXPECT_EQ(std::min(element.windowX1, element.windowX2), 0);
         EXPECT_EQ(std::max(element.windowX1, element.windowX2), 159);
@@ -247,7 +247,7 @@ TEST(ApplyStageScale, AWindowOfAWideViewCountsFromItsLeftEdge) {
     model.localcoordWidth = 960;
     model.localcoordHeight = 480;  // 480 columns of the view, 80 of them before it
     model.Elements.push_back(Windowed(160, 100, 799, 199));
-    ApplyStageScale(model);
+    ApplyStageScale(model, View());
     const BackgroundElement& element = model.Elements[0];
     EXPECT_EQ(element.windowX1, 0);
     EXPECT_EQ(element.windowX2, 319);
@@ -261,7 +261,7 @@ TEST(ApplyStageScale, OfAWiderViewOfTheSameHeightMovesWindowsOnly) {
     model.Elements.push_back(Windowed(40, 100, 359, 199));
     model.localcoordWidth = 400;
     model.localcoordHeight = 240;
-    ApplyStageScale(model);
+    ApplyStageScale(model, View());
     EXPECT_EQ(model.Elements[1].windowX1, 0);
     EXPECT_EQ(model.Elements[1].windowX2, 319);
     EXPECT_EQ(model.Elements[1].windowY1, 100);
@@ -284,7 +284,7 @@ TEST(ApplyStageScale, ProductsThatDoNotFitAreAsNearAsTheFieldComes) {
     model.BoundHigh = std::numeric_limits<Integer>::min();
     model.ZOffset = std::numeric_limits<Integer>::max();
     model.localcoordHeight = 120;
-    ApplyStageScale(model);
+    ApplyStageScale(model, View());
     EXPECT_EQ(element.velocityX, kMostSingle);
     EXPECT_EQ(element.velocityY, -kMostSingle);
     EXPECT_EQ(element.sinYAmplitude, kMostSingle);

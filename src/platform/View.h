@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: MIT
+//
+// View: the picture that stages are drawn into, in pixels. It is handed to whoever places or draws;
+// its size is known here alone.
+#pragma once
+
+#include "base/Integers.h"
+
+namespace scenara {
+
+struct View {
+    Long width = 320;
+    Long height = 240;
+
+    // Where a stage's x of 0 stands while the camera's is 0, too.
+    [[nodiscard]] constexpr double Centre() const { return width / 2.0; }
+
+    friend constexpr bool operator==(const View&, const View&) = default;
+};
+
+}  // namespace scenara
