@@ -10,6 +10,7 @@
 #include <QImage>
 #include <QListWidget>
 #include <QMimeData>
+#include <QScreen>
 #include <QScrollBar>
 #include <QUrl>
 #include <cstdint>
@@ -418,6 +419,24 @@ TEST_F(Main, StandsOverTheWholeScreenWhileTheFullScreenDoes) {
     Pump();
     EXPECT_EQ(window.Place().width, before.width);
     EXPECT_EQ(window.Place().left, before.left);
+}
+
+TEST_F(Main, TheFullScreenFollowsTheScreenWhileItIsThereAndNotAfterwards) {
+    FullScreenWindow fullScreen(window);
+    const QRect elsewhere(10, 20, 30, 40);
+    const auto afterAChange = [&] {
+        fullScreen.setGeometry(elsewhere);
+        const QRect screen = window.screen()->geometry();
+        EXPECT_TRUE(
+            QMetaObject::invokeMethod(window.screen(), "geometryChanged", Q_ARG(QRect, screen)));
+        return fullScreen.geometry();
+    };
+    for (int time = 0; time < 3; ++time) {
+        fullScreen.Show();
+        EXPECT_EQ(afterAChange(), window.screen()->geometry());
+        fullScreen.Hide();
+        EXPECT_EQ(afterAChange(), elsewhere);
+    }
 }
 
 }  // namespace

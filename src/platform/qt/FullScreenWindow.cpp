@@ -28,8 +28,7 @@ WindowHandle FullScreenWindow::Show() {
     if (!isVisible()) {
         setWindowTitle(window_.windowTitle());
         setScreen(window_.screen());
-        QObject::connect(
-            screen(), &QScreen::geometryChanged, this, [this] { Cover(); }, Qt::AutoConnection);
+        FollowScreen();
         picture_->TakeOver(window_.Picture());
         Cover();
         showFullScreen();
@@ -50,9 +49,18 @@ void FullScreenWindow::Cover() {
     setGeometry(screen()->geometry());
 }
 
+// Not every window manager does so. A Wayland compositor does, and ends the program for a size that
+// is not the one that it gives.
+void FullScreenWindow::FollowScreen() {
+    if (!QGuiApplication::platformName().startsWith("wayland")) {
+        screenChanges_ = connect(screen(), &QScreen::geometryChanged, this, [this] { Cover(); });
+    }
+}
+
 void FullScreenWindow::Hide() {
     if (isVisible()) {
         hide();
+        disconnect(screenChanges_);
         window_.SetCovered(false);
         window_.Picture().TakeOver(*picture_);
         window_.show();

@@ -3,6 +3,7 @@
 // FullScreenWindow: frmFS on a Qt desktop, with a picture of its own.
 #pragma once
 
+#include <QMetaObject>
 #include <QWidget>
 
 #include "platform/FullScreenForm.h"
@@ -28,9 +29,11 @@ protected:
 
 private:
     void Cover();
+    void FollowScreen();
 
     MainWindow& window_;
-    PictureWidget* picture_ = nullptr;  // a child, as Qt has it
+    QMetaObject::Connection screenChanges_;  // of the screen that is covered
+    PictureWidget* picture_ = nullptr;       // a child, as Qt has it
 };
 
 }  // namespace scenara
