@@ -15,8 +15,10 @@
 #include <QUrl>
 #include <cstdint>
 #include <functional>
+#include <string>
 #include <vector>
 
+#include <QtTest/QTest>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -91,6 +93,51 @@ TEST_F(Main, NamesOfOthersHaveNeitherAccessLettersNorShortcuts) {
         texts.push_back(action->text());
     }
     EXPECT_THAT(texts, testing::Contains(QString("&Use Test Char")));
+}
+
+// --- the list ---
+
+class WindowList : public Main {
+protected:
+    WindowList() {
+        form.lstStages.items = {"bar", "cup", "dot"};
+        form.lstStages.visible = true;
+        form.lstStages.left = 160;
+        form.lstStages.width = 160;
+        form.lstStages.height = 240;
+        Pump();
+        BringUp(window);
+        list.setFocus();
+        static_cast<void>(program.Text());
+    }
+
+    std::string ToldOfAClick(int row) {
+        QTest::mouseClick(list.viewport(), Qt::LeftButton, {},
+                          list.visualItemRect(list.item(row)).center());
+        return Told();
+    }
+    std::string ToldOfAKey(Qt::Key key) {
+        QTest::keyClick(window.windowHandle(), key);
+        return Told();
+    }
+    std::string Told() {
+        form.lstStages.ListIndex = list.currentRow();  // as the program takes it
+        window.DoEvents();
+        return program.Text();
+    }
+
+    QListWidget& list = *window.findChild<QListWidget*>();
+};
+
+TEST_F(WindowList, EachClickAndEachSelectionByKeysIsToldOnce) {
+    EXPECT_EQ(ToldOfAClick(1), "list 1");
+    EXPECT_EQ(ToldOfAClick(1), "list 1") << "selected already";
+    EXPECT_EQ(ToldOfAKey(Qt::Key_Down), "list 2");
+    EXPECT_EQ(ToldOfAClick(2), "list 2") << "selected by the keys";
+    EXPECT_EQ(ToldOfAClick(0), "list 0");
+    EXPECT_EQ(ToldOfAKey(Qt::Key_Down), "list 1");
+    EXPECT_EQ(ToldOfAKey(Qt::Key_Up), "list 0");
+    EXPECT_EQ(ToldOfAClick(0), "list 0");
 }
 
 // --- the size ---

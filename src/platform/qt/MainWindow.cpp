@@ -113,6 +113,7 @@ void MainWindow::BuildList() {
     list_->setUniformItemSizes(true);  // ten thousand items, and only one is measured
     list_->setFrameShape(QFrame::NoFrame);
     list_->hide();
+    list_->viewport()->installEventFilter(this);
     // Selecting with the keys and with the mouse; and a click on what is selected already. (The
     // current item alone says nothing: the list chooses one when it gets the focus.)
     connect(list_, &QListWidget::itemSelectionChanged, this, [this] {
@@ -492,10 +493,13 @@ void MainWindow::resizeEvent(QResizeEvent* event) {
     size_.Came();
 }
 
-// A bar that comes or goes changes the inner area alone.
+// A bar that comes or goes changes the inner area alone. What the keys have selected before a press
+// of the mouse is not of this press.
 bool MainWindow::eventFilter(QObject* receiver, QEvent* event) {
     if (receiver == inner_ && event->type() == QEvent::Resize) {
         sizeCame_ = true;
+    } else if (receiver == list_->viewport() && event->type() == QEvent::MouseButtonPress) {
+        selectionNoted_ = -1;
     }
     return QMainWindow::eventFilter(receiver, event);
 }
