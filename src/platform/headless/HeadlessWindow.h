@@ -62,6 +62,7 @@ public:
     [[nodiscard]] ScreenSize Screen() const override {
         return {kScreenWidth * kUnitsPerPixel, kScreenHeight * kUnitsPerPixel};
     }
+    [[nodiscard]] InnerSize RoomForView() const override { return roomForView_; }
     [[nodiscard]] InnerSize LargestInnerSize() const override {
         return {kScreenWidth - frame_.width, kScreenHeight - frame_.height};
     }
@@ -92,6 +93,8 @@ public:
     void Maximise();
     // What stands around the inner area, in pixels: at first nothing.
     void SetFrame(const InnerSize& frame) { frame_ = frame; }
+    // What the view takes on another screen: at first as many pixels as it has.
+    void SetRoomForView(const InnerSize& size) { roomForView_ = size; }
 
     // Whether a message waits, from now on: at first there always is one, so every look pumps.
     void SetMessageWaiting(bool waiting) { messageWaiting_ = waiting; }
@@ -125,6 +128,7 @@ private:
     Long top_ = 0;
     InnerSize inner_{kViewWidth, kViewHeight};
     InnerSize frame_;
+    InnerSize roomForView_{kViewWidth, kViewHeight};
     std::vector<InnerSize> wishes_;
     std::optional<InnerSize> wished_;  // not answered yet
     Picture picture_;

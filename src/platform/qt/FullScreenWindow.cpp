@@ -6,6 +6,7 @@
 #include <QElapsedTimer>
 #include <QScreen>
 
+#include "platform/qt/Display.h"
 #include "platform/qt/MainWindow.h"
 #include "platform/qt/PictureWidget.h"
 
@@ -66,6 +67,11 @@ void FullScreenWindow::Hide() {
         window_.show();
         window_.activateWindow();
     }
+}
+
+void FullScreenWindow::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    BlackenBeneath(*windowHandle());
 }
 
 void FullScreenWindow::resizeEvent(QResizeEvent* /*event*/) {

@@ -24,6 +24,7 @@ public:
     [[nodiscard]] PictureWidget& Picture() { return *picture_; }
 
 protected:
+    void showEvent(QShowEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 

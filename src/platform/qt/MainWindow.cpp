@@ -25,6 +25,7 @@
 #include <glib.h>
 
 #include "base/Text.h"
+#include "platform/qt/Display.h"
 #include "platform/qt/MenuBar.h"
 #include "platform/qt/PictureWidget.h"
 #include "platform/qt/TitlePicture.h"
@@ -365,6 +366,18 @@ int MainWindow::HeightAround() const {
            (form_.hscSGFX.Visible ? spriteBar_->sizeHint().height() : 0);
 }
 
+// The picture is shown at whole multiples of the screen's pixels; the next larger one, unless the
+// next smaller one is nearly as large as the window's pixels would have it.
+InnerSize MainWindow::RoomForView() const {
+    constexpr double kNearly = 0.1;
+    const double ratio = devicePixelRatioF();
+    const double times = std::ceil(ratio - kNearly);
+    const auto room = [&](Long length) {
+        return static_cast<Long>(std::ceil(length * times / ratio));
+    };
+    return {room(kViewWidth), room(kViewHeight)};
+}
+
 InnerSize MainWindow::LargestInnerSize() const {
     const QSize frame = frameGeometry().size() - size();
     const QSize most = screen()->size() - frame;
@@ -485,6 +498,7 @@ void MainWindow::NoteUnload() {
 
 void MainWindow::showEvent(QShowEvent* event) {
     QMainWindow::showEvent(event);
+    BlackenBeneath(*windowHandle());
     Note([](FormEvents& events) { events.Form_Activate(); });
 }
 

@@ -73,6 +73,7 @@ public:
     void ShowPicture(Long width, Long height, std::span<const std::uint32_t> pixels) override;
     [[nodiscard]] WindowPlace Place() const override;
     [[nodiscard]] ScreenSize Screen() const override;
+    [[nodiscard]] InnerSize RoomForView() const override;
     [[nodiscard]] InnerSize LargestInnerSize() const override;
     [[nodiscard]] WindowHandle Handle() const override;
     [[nodiscard]] WindowHandle PictureHandle() const override;

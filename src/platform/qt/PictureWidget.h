@@ -56,6 +56,7 @@ protected:
 
 private:
     void Stretch();
+    void PaintAround(QPainter& painter, const QRect& picture) const;
     void PaintSelection(QPainter& painter) const;
     void Tell(Mouse what, const QMouseEvent& event) const;
 
