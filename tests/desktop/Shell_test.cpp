@@ -26,7 +26,7 @@ constexpr int kRandom = 273;
 
 TEST_F(DesktopProgram, TheFirstStartAsksForTheFolderUntilOneIsChosen) {
     Start();
-    ExpectWindow("^Scenara$");
+    ExpectBox();
     Key("Return");
     ExpectWindow("^Point me to your MUGEN Directory please");
     const std::string first = Window("^Point me");
