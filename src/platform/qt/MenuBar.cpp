@@ -52,6 +52,9 @@ MenuBar::MenuBar() {
 bool MenuBar::event(QEvent* event) {
     if (event->type() == QEvent::Shortcut) {
         const QKeySequence& letter = static_cast<QShortcutEvent*>(event)->key();
+        if (IsRepeated(letter)) {
+            return true;
+        }
         if (IsOfSeveral(letter)) {
             GoToNextOf(letter);
             return true;
@@ -85,7 +88,9 @@ void MenuBar::keyPressEvent(QKeyEvent* event) {
     const QKeySequence pressed(event->keyCombination());
     const bool menuIsOpen = QApplication::activePopupWidget() != nullptr;
     if (IsOfSeveral(pressed)) {
-        GoToNextOf(pressed);
+        if (!IsRepeated(pressed)) {
+            GoToNextOf(pressed);
+        }
     } else if (menuIsOpen && (event->key() == Qt::Key_Left || event->key() == Qt::Key_Right)) {
         GoToMenu(event->key() == Qt::Key_Left ? -1 : 1);
     } else if (stopped_ && event->key() == Qt::Key_Escape) {
@@ -120,10 +125,11 @@ bool MenuBar::IsOfSeveral(const QKeySequence& letter) const {
                          [&](const QAction* item) { return IsOf(*item, letter); }) > 1;
 }
 
+bool MenuBar::IsRepeated(const QKeySequence& letter) {
+    return std::exchange(held_, letter) == letter;
+}
+
 void MenuBar::GoToNextOf(const QKeySequence& letter) {
-    if (std::exchange(held_, letter) == letter) {
-        return;
-    }
     QList<QAction*> items = actions();
     items.removeIf([&](const QAction* item) { return !item->isEnabled() || !IsOf(*item, letter); });
     if (items.isEmpty()) {
