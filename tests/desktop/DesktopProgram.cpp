@@ -235,7 +235,7 @@ Spot DesktopProgram::OfView(int x, int y) const {
 }
 
 int DesktopProgram::Count(std::uint32_t color) const {
-    const Screenshot shot = display_.Look();
+    const Screenshot shot = Look();
     return static_cast<int>(std::count(shot.rgb.begin(), shot.rgb.end(), color));
 }
 

@@ -507,6 +507,13 @@ void MainWindow::resizeEvent(QResizeEvent* event) {
     size_.Came();
 }
 
+void MainWindow::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::WindowStateChange) {
+        size_.StateCame();
+    }
+}
+
 // A bar that comes or goes changes the inner area alone. What the keys have selected before a press
 // of the mouse is not of this press.
 bool MainWindow::eventFilter(QObject* receiver, QEvent* event) {
