@@ -31,8 +31,8 @@ QImage InPixelsOfTheScreen(std::int32_t width, std::int32_t height,
     const auto length = [ratio](std::int32_t own) {
         return std::max(static_cast<std::int32_t>(std::lround(own * ratio)), 1);
     };
-    const auto under = [](std::int32_t pixel, std::int32_t own, std::int32_t all) {
-        return static_cast<std::size_t>(PictureFit::Under(pixel, all, own));
+    const auto under = [](std::int32_t pixel, std::int32_t own, std::int32_t shown) {
+        return static_cast<std::size_t>(PictureFit::Under(pixel, shown, own));
     };
     QImage image(length(width), length(height), QImage::Format_RGB32);
     if (width < 1 || height < 1) {
