@@ -65,11 +65,15 @@ bool MenuBar::event(QEvent* event) {
     return QMenuBar::event(event);
 }
 
-// Of the whole application. A key that is held repeats as presses that look like others.
+// Of the whole application. A key that is held repeats as presses that look like others, until it
+// is let go. A menu that closes may swallow that; then another key that is pressed ends it, as it
+// does on the keyboard.
 bool MenuBar::eventFilter(QObject* receiver, QEvent* event) {
-    if (event->type() == QEvent::KeyRelease) {
+    const bool down = event->type() == QEvent::KeyPress;
+    if (!held_.isEmpty() && (down || event->type() == QEvent::KeyRelease)) {
         const auto& key = *static_cast<QKeyEvent*>(event);
-        if (!key.isAutoRepeat() && !held_.isEmpty() && held_[0].key() == key.key()) {
+        const bool isHeld = held_[0].key() == key.key();
+        if (down ? !isHeld && key.key() != Qt::Key_Alt : isHeld && !key.isAutoRepeat()) {
             held_ = {};
         }
     }
