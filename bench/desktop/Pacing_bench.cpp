@@ -31,7 +31,7 @@ constexpr const char* kStage = "nightexpress.def";
 // Notes when each picture is handed over.
 class TimedSink : public PictureSink {
 public:
-    HRESULT Show(std::span<const std::uint32_t> pixels) override {
+    HRESULT Show(const View& /*view*/, std::span<const std::uint32_t> pixels) override {
         times_.push_back(Timer::now());
         const HRESULT result = shownBy->Show(pixels);
         if (times_.size() == times_.capacity()) {

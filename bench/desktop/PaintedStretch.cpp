@@ -8,7 +8,7 @@
 
 namespace scenara::bench {
 
-PaintedStretch::PaintedStretch() : view_(kViewWidth, kViewHeight, QImage::Format_RGB32) {
+PaintedStretch::PaintedStretch() : view_(View().width, View().height, QImage::Format_RGB32) {
     setAttribute(Qt::WA_OpaquePaintEvent);
 }
 

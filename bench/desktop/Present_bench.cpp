@@ -20,7 +20,7 @@ constexpr int kTimes = 3;
 
 // Two pictures in turn, so that nothing can be left out because nothing has changed.
 std::vector<std::uint32_t> Picture(std::uint32_t seed) {
-    std::vector<std::uint32_t> pixels(static_cast<std::size_t>(kViewWidth) * kViewHeight);
+    std::vector<std::uint32_t> pixels(static_cast<std::size_t>(View().width) * View().height);
     for (std::uint32_t& pixel : pixels) {
         seed = seed * 1664525U + 1013904223U;
         pixel = 0xFF000000U | seed >> 8U;
@@ -41,7 +41,7 @@ void Present(benchmark::State& state, Widget& widget) {
         state.SkipWithError("needs an X display");
         return;
     }
-    widget.resize(kTimes * kViewWidth, kTimes * kViewHeight);
+    widget.resize(kTimes * View().width, kTimes * View().height);
     widget.show();
     for (int pump = 0; pump < 20; ++pump) {
         QApplication::processEvents(QEventLoop::AllEvents, 10);

@@ -34,7 +34,7 @@ Drawer& DrawerOf() {
 }
 
 std::string Difference(std::size_t at, std::uint32_t pixel, std::uint32_t expected) {
-    constexpr std::size_t kWidth = kViewWidth;
+    constexpr std::size_t kWidth = View().width;
     std::array<char, 80> text{};
     std::snprintf(text.data(), text.size(), "pixel (%zu, %zu) is %06x, this program's %06x",
                   at % kWidth, at / kWidth, pixel, expected);

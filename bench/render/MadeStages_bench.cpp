@@ -54,7 +54,7 @@ BackgroundElement Still(Integer sprite) {
     BackgroundElement element;
     element.type = "normal";
     element.spriteIndex = sprite;
-    element.startX = -kViewWidth / 2;
+    element.startX = -View().width / 2;
     return element;
 }
 
@@ -96,7 +96,7 @@ void DrawFrames(benchmark::State& state, Make make) {
 constexpr std::size_t kThousand = 1000;
 
 void Pictures(const Making& make) {
-    make.Elements(kThousand, Still(make.Sprite(kViewWidth, kViewHeight)));
+    make.Elements(kThousand, Still(make.Sprite(View().width, View().height)));
 }
 
 void Controllers(const Making& make, const char* type, const std::vector<Long>& ids) {
@@ -138,14 +138,14 @@ struct Row {
 
 constexpr Row kRows[] = {
     {"Tiles/picture of the view's size",
-     [](const Making& make) { make.Elements(1, Still(make.Sprite(kViewWidth, kViewHeight))); }},
+     [](const Making& make) { make.Elements(1, Still(make.Sprite(View().width, View().height))); }},
     {"Tiles/masked picture of the view's size",
      [](const Making& make) {
-         make.Elements(1, Masked(Still(make.Sprite(kViewWidth, kViewHeight, 9))));
+         make.Elements(1, Masked(Still(make.Sprite(View().width, View().height, 9))));
      }},
     {"Tiles/added picture of the view's size",
      [](const Making& make) {
-         make.Elements(1, Added(Still(make.Sprite(kViewWidth, kViewHeight, 9))));
+         make.Elements(1, Added(Still(make.Sprite(View().width, View().height, 9))));
      }},
     {"Tiles/1 x 1",
      [](const Making& make) { make.Elements(1, Tiled(Still(make.Sprite(1, 1)), 0, 0)); }},

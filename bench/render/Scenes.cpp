@@ -40,14 +40,14 @@ public:
     void PlaceAgain(std::size_t picture) {
         const ScenePicture& placed = scene_.pictures[picture];
         scene_.blits.push_back(
-            {picture, Within(kViewWidth - placed.width), Within(kViewHeight - placed.height)});
+            {picture, Within(View().width - placed.width), Within(View().height - placed.height)});
     }
 
     // The same picture side by side, from the view's left edge or before it to the right one.
     void Tile(const WantedPicture& wanted, int y) {
         const std::size_t picture = Add(wanted);
         const int width = scene_.pictures[picture].width;
-        for (int x = -Roll(width); x < kViewWidth; x += width) {
+        for (int x = -Roll(width); x < View().width; x += width) {
             scene_.blits.push_back({picture, x, y});
         }
     }
@@ -61,7 +61,7 @@ public:
     void PlaceAtCorner(const WantedPicture& wanted) {
         const std::size_t picture = Add(wanted);
         const ScenePicture& added = scene_.pictures[picture];
-        scene_.blits.push_back({picture, -added.width / 2, kViewHeight - added.height / 2});
+        scene_.blits.push_back({picture, -added.width / 2, View().height - added.height / 2});
     }
 
     [[nodiscard]] std::size_t Blits() const { return scene_.blits.size(); }

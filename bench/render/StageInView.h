@@ -29,15 +29,16 @@ public:
     explicit StageInView(const ViewOptions& view, Fill fill)
         : view_(view),
           machine_(std::make_shared<TextureMemory>()),
-          engine_(machine_, window_, messages_, model_),
-          tiles_(engine_, model_, camera_, flags_, view_, {keyboard_, clock_, pointer_, window_}) {
+          engine_(machine_, window_, messages_, model_, picture_),
+          tiles_(engine_, model_, camera_, picture_, flags_, view_,
+                 {keyboard_, clock_, pointer_, window_}) {
         engine_.Engine_Init();
         if (!engine_.HasDevice()) {
             throw std::runtime_error(messages_.Recorded().back().text);
         }
         fill(model_, engine_.Device(), messages_);
         PlaceCamera(model_, camera_);
-        PrepareElements(model_, view_, View());
+        PrepareElements(model_, view_, picture_);
         MakeTilePatterns(model_, view_, View(), engine_.Device());
     }
 
@@ -59,6 +60,7 @@ private:
     StageModel model_;
     Camera camera_;
     ViewFlags flags_;
+    View picture_;
     Engine engine_;
     TileEngine tiles_;
 };

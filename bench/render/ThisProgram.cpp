@@ -19,7 +19,7 @@ void SetBlending(Direct3DDevice8& device, std::uint32_t source, std::uint32_t de
 ThisProgram::ThisProgram(const Scene& scene)
     : scene_(scene),
       machine_(std::make_shared<TextureMemory>()),
-      engine_(machine_, window_, messages_, model_) {
+      engine_(machine_, window_, messages_, model_, view_) {
     engine_.Engine_Init();
     if (!engine_.HasDevice()) {
         throw std::runtime_error(messages_.Recorded().back().text);

@@ -32,6 +32,7 @@ private:
     HeadlessWindow window_;
     HeadlessMessages messages_;
     StageModel model_;
+    View view_;
     Engine engine_;
 };
 

@@ -36,6 +36,7 @@ void frmStage::Form_Load() {
     VersionText = NumberText(std::int32_t{SCENARA_VERSION_MINOR}) + "." +
                   NumberText(std::int32_t{SCENARA_VERSION_REVISION});
     AppTitle = "Scenara " + VersionText + " DirectX 8 Experiment";
+    form_.title = AppTitle;
     SetCaption(AppTitle);
     if (machine_.process.AnotherInstanceRuns()) {
         machine_.messages.MsgBox(kMessageAlreadyRunning, "Already running..");

@@ -20,7 +20,7 @@ void frmStage::mnuFS_Click() {
         mnuDebug_Click();  // the full screen shows the stage and nothing else
     }
     screen_.Enumerate();
-    const Integer mode = screen_.Find(kFullScreenMode);
+    const Integer mode = screen_.Find(FullScreenMode(show_.Picture()));
     if (mode == kNoMode) {
         return;  // the item stays checked
     }

@@ -50,7 +50,8 @@ void frmStage::Size(Long width, Long height) {
 
 // The view at its own size, beside the list where that is shown.
 void frmStage::SizeForPicture() {
-    Size(show_.Picture().width + ListWidth(), show_.Picture().height);
+    const InnerSize view = machine_.window.RoomFor(show_.Picture());
+    Size(view.width + ListWidth(), view.height);
 }
 
 void frmStage::Centre() {

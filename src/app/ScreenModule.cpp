@@ -36,6 +36,12 @@ std::string DescribeMode(const DisplaySettings& mode) {
                                       : ", " + NumberText(mode.frequency) + " Hz");
 }
 
+std::string FullScreenMode(const View& view) {
+    constexpr Long kColourBits = 24;
+    constexpr Long kHertz = 60;
+    return DescribeMode({view.width, view.height, kColourBits, kHertz});
+}
+
 void ScreenModule::Enumerate() {
     modes_.clear();
     descriptions_.clear();

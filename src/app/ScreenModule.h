@@ -10,18 +10,19 @@
 
 #include "base/Integers.h"
 #include "platform/DisplayModes.h"
+#include "platform/View.h"
 
 namespace scenara {
 
 // Stands for no mode of the table.
 inline constexpr Integer kNoMode = -1;
 
-// What the mode of the full screen is described as.
-inline constexpr std::string_view kFullScreenMode = "320 x 240, 24bit color, 60 Hz";
-
 // "640 x 480, 256 colors, 75 Hz". Everything above 8 and up to 24 bits is "24bit color", 15 and 16
 // included; a frequency below 2 is "(Hardware default)".
 [[nodiscard]] std::string DescribeMode(const DisplaySettings& mode);
+
+// What the mode of the full screen is described as.
+[[nodiscard]] std::string FullScreenMode(const View& view);
 
 class ScreenModule {
 public:

@@ -39,8 +39,8 @@ public:
           fullScreen_(window_),
           picture_(window_, fullScreen_),
           questions_(window_),
-          messages_(questions_, "Scenara"),
-          dialogs_(questions_, "Scenara"),
+          messages_(questions_, form),
+          dialogs_(questions_, form),
           display_([this] { return window_.Rectangle(); }),
           direct3D_(std::make_shared<TextureMemory>(), sink != nullptr ? sink : &picture_) {
         media_.Start();

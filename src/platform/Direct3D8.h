@@ -4,9 +4,9 @@
 // needs, under their Direct3D names and numeric values.
 //
 // Every device draws the same picture, pixel for pixel, text excepted:
-// - The back buffer has kViewWidth x kViewHeight pixels, 32 bits each, of which the top 8 are
-//   nobody's. It is opaque black at first and after Reset, is never cleared otherwise, and keeps
-//   its pixels over Present.
+// - The back buffer has the size that it is asked for with, 32 bits a pixel, of which the top 8
+//   have no meaning. It is opaque black at first and after Reset, is never cleared otherwise, and
+//   keeps its pixels over Present.
 // - A pixel's sample point is its centre, (x + 0.5, y + 0.5). A triangle covers the pixels whose
 //   centres lie inside of it; one exactly on an edge belongs to the triangle of which that is a top
 //   or a left edge. So quads of whole pixels map texels one to one, plain and mirrored.
@@ -31,9 +31,6 @@
 #include <string_view>
 
 namespace scenara {
-
-inline constexpr std::int32_t kViewWidth = 320;
-inline constexpr std::int32_t kViewHeight = 240;
 
 // What a call answers: 0 or above is success, below is the error's number.
 using HRESULT = std::int32_t;

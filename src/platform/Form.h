@@ -91,7 +91,8 @@ struct ScrollBar {
 };
 
 struct Form {
-    std::string Caption;
+    std::string title;    // the program's; boxes that have none of their own carry it
+    std::string Caption;  // the window's
     std::array<MenuItem, kMenuCount> menus;
     // Paths behind the item MnuRecentFiles, newest first; menu entry k is recentFiles[k - 1].
     std::vector<std::string> recentFiles;

@@ -11,7 +11,7 @@
 #include <cstdint>
 
 #include "base/Integers.h"
-#include "platform/Direct3D8.h"
+#include "platform/View.h"
 
 namespace scenara {
 
@@ -20,23 +20,26 @@ struct PictureFit {
     std::int32_t top = 0;
     std::int32_t width = 0;  // 0 in a box without any room
     std::int32_t height = 0;
+    View view = {};
 
     // In a box of this size.
-    [[nodiscard]] static PictureFit In(std::int32_t boxWidth, std::int32_t boxHeight) {
+    [[nodiscard]] static PictureFit In(std::int32_t boxWidth, std::int32_t boxHeight,
+                                       const View& view) {
         PictureFit fit;
+        fit.view = view;
         if (boxWidth < 1 || boxHeight < 1) {
             return fit;
         }
-        const std::int32_t times = std::min(boxWidth / kViewWidth, boxHeight / kViewHeight);
+        const std::int32_t times = std::min(boxWidth / view.width, boxHeight / view.height);
         if (times > 0) {
-            fit.width = times * kViewWidth;
-            fit.height = times * kViewHeight;
+            fit.width = times * view.width;
+            fit.height = times * view.height;
         } else {
-            const std::int64_t byWidth = std::int64_t{boxWidth} * kViewHeight;
-            const std::int64_t byHeight = std::int64_t{boxHeight} * kViewWidth;
+            const std::int64_t byWidth = std::int64_t{boxWidth} * view.height;
+            const std::int64_t byHeight = std::int64_t{boxHeight} * view.width;
             const bool narrow = byWidth <= byHeight;
-            fit.width = narrow ? boxWidth : static_cast<std::int32_t>(byHeight / kViewHeight);
-            fit.height = narrow ? static_cast<std::int32_t>(byWidth / kViewWidth) : boxHeight;
+            fit.width = narrow ? boxWidth : static_cast<std::int32_t>(byHeight / view.height);
+            fit.height = narrow ? static_cast<std::int32_t>(byWidth / view.width) : boxHeight;
         }
         fit.left = (boxWidth - fit.width) / 2;
         fit.top = (boxHeight - fit.height) / 2;
@@ -49,18 +52,18 @@ struct PictureFit {
     // The first column or row of the box that shows a column or row of the view, or one behind it
     // where it is left out; one after the last for the end of the view.
     [[nodiscard]] std::int32_t BoxX(std::int32_t viewX) const {
-        return left + FirstThatShows(viewX, width, kViewWidth);
+        return left + FirstThatShows(viewX, width, view.width);
     }
     [[nodiscard]] std::int32_t BoxY(std::int32_t viewY) const {
-        return top + FirstThatShows(viewY, height, kViewHeight);
+        return top + FirstThatShows(viewY, height, view.height);
     }
 
     // The column or row of the view that a column or row of the picture shows, by its centre.
     [[nodiscard]] std::int32_t ViewColumn(std::int32_t column) const {
-        return Under(column, width, kViewWidth);
+        return Under(column, width, view.width);
     }
     [[nodiscard]] std::int32_t ViewRow(std::int32_t row) const {
-        return Under(row, height, kViewHeight);
+        return Under(row, height, view.height);
     }
 
     // Of `all` columns that are shown as `size` ones: the one under the centre of that one.

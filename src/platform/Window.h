@@ -13,6 +13,7 @@
 
 #include "base/Integers.h"
 #include "platform/Direct3D8.h"
+#include "platform/View.h"
 
 namespace scenara {
 
@@ -71,6 +72,10 @@ public:
     [[nodiscard]] virtual WindowPlace Place() const = 0;
 
     [[nodiscard]] virtual ScreenSize Screen() const = 0;
+
+    // What the view takes of the inner area with nothing around it, at its own size. It is more
+    // where a pixel of the window is no whole number of the screen's.
+    [[nodiscard]] virtual InnerSize RoomFor(const View& view) const = 0;
 
     // The largest inner area for which the window, with all that is around it, fits on the screen.
     [[nodiscard]] virtual InnerSize LargestInnerSize() const = 0;

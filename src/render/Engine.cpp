@@ -47,8 +47,8 @@ void Require(HRESULT result, std::string_view call) {
 }
 
 Engine::Engine(Direct3DMachine& machine, Window& window, Messages& messages,
-               const StageModel& model)
-    : machine_(machine), window_(window), messages_(messages), model_(model) {}
+               const StageModel& model, const View& view)
+    : machine_(machine), window_(window), messages_(messages), model_(model), view_(view) {}
 
 void Engine::Engine_Init() {
     Engine_Deinit();
@@ -74,6 +74,8 @@ void Engine::StartUp() {
     presentation_.Windowed = 1;
     presentation_.SwapEffect = D3DSWAPEFFECT_COPY;
     presentation_.BackBufferFormat = displayMode_.Format;
+    presentation_.BackBufferWidth = static_cast<std::uint32_t>(view_.width);
+    presentation_.BackBufferHeight = static_cast<std::uint32_t>(view_.height);
 
     window_.Show();
     Require(direct3D_->CreateDevice(kDefaultAdapter, D3DDEVTYPE_HAL, window_.PictureHandle(),

@@ -24,6 +24,7 @@
 #include "base/Integers.h"
 #include "platform/Direct3D8.h"
 #include "platform/Messages.h"
+#include "platform/View.h"
 #include "platform/Window.h"
 #include "render/SpriteQuad.h"
 #include "stage/StageModel.h"
@@ -41,7 +42,8 @@ inline constexpr POINT kMostKept{200, 20};
 class Engine {
 public:
     // All of them outlive the engine; `model` is where sprites are looked up.
-    Engine(Direct3DMachine& machine, Window& window, Messages& messages, const StageModel& model);
+    Engine(Direct3DMachine& machine, Window& window, Messages& messages, const StageModel& model,
+           const View& view);
 
     // Makes everything afresh and the device ready to draw, blending off. When a step fails there
     // is no device and nothing half made, and one message says which step it was.
@@ -121,6 +123,7 @@ private:
     Window& window_;
     Messages& messages_;
     const StageModel& model_;
+    const View& view_;
 
     std::unique_ptr<DirectX8> directX_;
     std::unique_ptr<Direct3D8> direct3D_;

@@ -30,7 +30,7 @@ StageShow::StageShow(const ShowMachine& machine, const ViewOptions& options, Sho
     : machine_(machine),
       options_(options),
       events_(events),
-      engine_(machine.direct3D, machine.window, machine.messages, model_),
+      engine_(machine.direct3D, machine.window, machine.messages, model_, view_),
       editor_({model_, camera_, view_, flags_, options_, machine.keyboard, machine.clock},
               {[this](const std::string& caption) { events_.SetCaption(caption); },
                [this] { events_.WriteDump(); }, [this] { NoteEdit(); }}),

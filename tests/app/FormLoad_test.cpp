@@ -15,6 +15,7 @@ TEST(FormLoad, TellsTheVersionInTheTitle) {
     stage.program.Form_Load();
     EXPECT_EQ(stage.program.VersionText, "1.0");
     EXPECT_EQ(stage.program.AppTitle, "Scenara 1.0 DirectX 8 Experiment");
+    EXPECT_EQ(stage.form.title, stage.program.AppTitle) << "boxes carry it";
     EXPECT_EQ(stage.Caption(), "Scenara 1.0 DirectX 8 Experiment");
     EXPECT_FALSE(stage.program.Ended());
 }

@@ -110,6 +110,15 @@ TEST_F(Layout, AListThatWasShownComesUpWithTheWindow) {
     EXPECT_EQ(stage.window.Place().top, (768 - 240) / 2 * 15);
 }
 
+TEST_F(Layout, TheWindowComesUpWithTheRoomThatTheViewTakesOnThisScreen) {
+    stage.window.SetRoomForView({366, 275});
+    Load(true);
+    stage.program.Form_Activate();
+    stage.LetSizeCome();
+    ExpectWindow(366 + kListWidth, 275);
+    ExpectPicture(366, 275);
+}
+
 TEST_F(Layout, ItsItemsAreTheFilesWithoutTheirEnding) {
     stage.files.Put("/mugen/stages/deep/d.def", "camera");
     stage.files.Put("/mugen/stages/readme.txt", "camera");

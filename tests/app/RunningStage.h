@@ -33,7 +33,7 @@ namespace scenara::test {
 // Counts what is presented.
 class CountingSink : public PictureSink {
 public:
-    HRESULT Show(std::span<const std::uint32_t> pixels) override {
+    HRESULT Show(const View& /*view*/, std::span<const std::uint32_t> pixels) override {
         ++shown;
         last.assign(pixels.begin(), pixels.end());
         return D3D_OK;

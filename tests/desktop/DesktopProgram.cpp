@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <fstream>
 #include <iterator>
+#include <sstream>
 
 #include "samplemaker/Canvas.h"
 #include "samplemaker/PcxWriter.h"
@@ -132,12 +133,31 @@ void DesktopProgram::ExpectWindow(const std::string& title) {
     display_.Do("windowactivate --sync " + Window(title));
 }
 
-void DesktopProgram::ExpectNoWindow(const std::string& title) {
-    ASSERT_TRUE(Eventually([&] { return Window(title).empty(); })) << title;
+std::string DesktopProgram::FirstWindow(const std::string& title, bool isDialog) const {
+    std::istringstream all(Windows(title));
+    for (std::string window; std::getline(all, window);) {
+        if (display_.IsDialog(window) == isDialog) {
+            return window;
+        }
+    }
+    return {};
 }
 
 std::string DesktopProgram::MainWindow() const {
-    return Window("^(Scenara 1.0|bar|cup|dot|heavy|/|Dumped|Cloned|Deleted|\"|[(]|0$)");
+    return FirstWindow("^(Scenara 1.0|bar|cup|dot|heavy|/|Dumped|Cloned|Deleted|\"|[(]|0$)", false);
+}
+
+std::string DesktopProgram::Box() const {
+    return FirstWindow("^Scenara 1.0 DirectX 8 Experiment$", true);
+}
+
+void DesktopProgram::ExpectBox() {
+    ASSERT_TRUE(Eventually([&] { return !Box().empty(); })) << display_.AllWindows();
+    display_.Do("windowactivate --sync " + Box());
+}
+
+void DesktopProgram::ExpectNoBox() {
+    ASSERT_TRUE(Eventually([&] { return Box().empty(); })) << display_.AllWindows();
 }
 
 std::string DesktopProgram::Title() const {
@@ -215,7 +235,7 @@ Spot DesktopProgram::OfView(int x, int y) const {
 }
 
 int DesktopProgram::Count(std::uint32_t color) const {
-    const Screenshot shot = display_.Look();
+    const Screenshot shot = Look();
     return static_cast<int>(std::count(shot.rgb.begin(), shot.rgb.end(), color));
 }
 

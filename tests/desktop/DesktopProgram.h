@@ -89,8 +89,11 @@ public:
     [[nodiscard]] std::string Windows(const std::string& title) const;
     [[nodiscard]] std::string Window(const std::string& title) const;
     void ExpectWindow(const std::string& title);
-    void ExpectNoWindow(const std::string& title);
     [[nodiscard]] std::string MainWindow() const;
+    // The boxes and questions that carry the program's title, as the main window may.
+    [[nodiscard]] std::string Box() const;
+    void ExpectBox();
+    void ExpectNoBox();
     [[nodiscard]] std::string Title() const;
     void ExpectTitle(const std::string& title);
 
@@ -122,6 +125,9 @@ public:
 
     VirtualDisplay display_;
     std::optional<Child> program_;
+
+private:
+    [[nodiscard]] std::string FirstWindow(const std::string& title, bool isDialog) const;
 };
 
 }  // namespace scenara::test

@@ -25,7 +25,6 @@ using testing::Not;
 
 namespace fs = std::filesystem;
 
-constexpr const char* kBox = "^Scenara$";
 constexpr int kBarMiddle = 10;
 constexpr int kStageList = 175;
 
@@ -119,14 +118,14 @@ const State kStates[] = {
      [](Ending& test) {
          test.HideTheList();
          test.Key("alt+a");
-         test.ExpectWindow(kBox);
+         test.ExpectBox();
      }},
     {"AQuestionIsOpen", SIGHUP,
      [](Ending& test) {
          ShowBar(test);
          test.ChooseLimiter();  // off
          test.ChooseLimiter();
-         test.ExpectWindow(kBox);
+         test.ExpectBox();
      }},
     {"ABoxOfTheDialogsIsOpen", SIGTERM,
      [](Ending& test) {
@@ -214,7 +213,7 @@ TEST_F(Session, ItsEndEndsTheProgramWhateverIsOpen) {
 
 TEST_F(Session, ItsEndAtTheFirstQuestionWritesNothing) {
     Start(session.Address());
-    ExpectWindow(kBox);
+    ExpectBox();
     Key("Return");
     ExpectWindow("^Point me to your MUGEN Directory please");
     ASSERT_TRUE(Eventually([&] { return session.HasProgram(); }));
@@ -229,7 +228,7 @@ TEST_F(Session, ItsEndAtTheFirstQuestionWritesNothing) {
 
 TEST_F(Ending, ASignalAtTheFirstBoxWritesNothing) {
     Start();
-    ExpectWindow(kBox);
+    ExpectBox();
     program_->Send(SIGTERM);
     EXPECT_EQ(WaitForEnd(), 0);
     EXPECT_FALSE(HasSettings());
@@ -237,7 +236,7 @@ TEST_F(Ending, ASignalAtTheFirstBoxWritesNothing) {
 
 TEST_F(Ending, ASignalAtTheFirstQuestionWritesNothing) {
     Start();
-    ExpectWindow(kBox);
+    ExpectBox();
     Key("Return");
     ExpectWindow("^Point me to your MUGEN Directory please");
     program_->Send(SIGINT);
@@ -247,7 +246,7 @@ TEST_F(Ending, ASignalAtTheFirstQuestionWritesNothing) {
 
 TEST_F(Ending, TheFolderThatWasChosenOutlivesTheProgram) {
     Start();
-    ExpectWindow(kBox);
+    ExpectBox();
     Key("Return");
     ExpectWindow("^Point me to your MUGEN Directory please");
     Key("ctrl+a");
@@ -266,9 +265,9 @@ TEST_F(Ending, ASecondProgramLeavesTheSettingsAlone) {
     const std::string before = Settings();
     const Child second({display_.Folder() + "bin/scenara"}, ProgramEnvironment(),
                        display_.Folder() + "second.txt");
-    ExpectWindow(kBox);
+    ExpectBox();
     second.Send(SIGTERM);
-    ExpectNoWindow(kBox);
+    ExpectNoBox();
     EXPECT_EQ(Settings(), before);
     program_->Send(SIGTERM);
     EXPECT_EQ(WaitForEnd(), 0);

@@ -26,7 +26,7 @@ constexpr int kRandom = 273;
 
 TEST_F(DesktopProgram, TheFirstStartAsksForTheFolderUntilOneIsChosen) {
     Start();
-    ExpectWindow("^Scenara$");
+    ExpectBox();
     Key("Return");
     ExpectWindow("^Point me to your MUGEN Directory please");
     const std::string first = Window("^Point me");
@@ -104,6 +104,24 @@ TEST_F(DesktopProgram, FullScreenIsLeftByEscape) {
     Key("Escape");
     EXPECT_TRUE(Eventually([&] { return PictureSize() == SeenSize{320, 240}; }));
     ExpectTitle("bar");
+}
+
+// At this scale the toolkit takes a screen of 1024 columns for one of 1023.
+TEST_F(DesktopProgram, FullScreenLeavesNothingOfTheScreenAsItWas) {
+    constexpr std::uint32_t kRed = 0xFF0000;
+    constexpr int kPixels = 1024 * 768;
+    ASSERT_EQ(::setenv("QT_SCALE_FACTOR", "1.7", 1), 0);
+    ASSERT_EQ(std::system(("xsetroot -display " + display_.Name() + " -solid red").c_str()), 0);
+    ASSERT_TRUE(Eventually([&] { return Count(kRed) == kPixels; }));
+    WriteSettings();
+    Start();
+    ExpectWindow("^Scenara 1.0");
+    ClickAt(kNext * 17 / 10, kBarMiddle * 17 / 10);
+    ExpectTitle("bar");
+    Key("alt+o");
+    Key("f");
+    EXPECT_TRUE(Eventually([&] { return Count(kRed) == 0; })) << Count(kRed);
+    ::unsetenv("QT_SCALE_FACTOR");
 }
 
 TEST_F(DesktopProgram, FullScreenIsLeftWhenAnotherWindowHasTheFocus) {

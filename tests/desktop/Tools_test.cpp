@@ -172,10 +172,10 @@ TEST_F(DesktopTools, TheLimiterAsksForARate) {
     };
     chooseLimiter();
     chooseLimiter();
-    ExpectWindow("^Scenara$");
+    ExpectBox();
     Type("30");
     Key("Return");
-    ExpectNoWindow("^Scenara$");
+    ExpectNoBox();
     display_.Do("windowactivate --sync " + MainWindow());
     const int before = BarLeft();
     display_.Do("keydown Right");

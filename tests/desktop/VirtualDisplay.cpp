@@ -205,11 +205,20 @@ bool VirtualDisplay::ManagerIsReady() const {
     if (kind_ == Manager::Weston) {
         return std::filesystem::exists(Folder() + "wayland");
     }
-    const std::string properties = Folder() + "root.txt";
+    return Property("-root", "_NET_SUPPORTING_WM_CHECK").find("window id") != std::string::npos;
+}
+
+std::string VirtualDisplay::Property(const std::string& window, const std::string& name) const {
+    const std::string answer = Folder() + "property.txt";
     const std::string ask =
-        "DISPLAY=" + name_ + " xprop -root _NET_SUPPORTING_WM_CHECK >" + properties + " 2>&1";
+        "DISPLAY=" + name_ + " xprop " + window + " " + name + " >" + answer + " 2>/dev/null";
     static_cast<void>(std::system(ask.c_str()));
-    return Contents(properties).find("window id") != std::string::npos;
+    return Contents(answer);
+}
+
+bool VirtualDisplay::IsDialog(const std::string& window) const {
+    return Property("-id " + window, "_NET_WM_WINDOW_TYPE").find("TYPE_DIALOG") !=
+           std::string::npos;
 }
 
 std::string VirtualDisplay::Answer(const std::string& words) const {

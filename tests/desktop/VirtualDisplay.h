@@ -71,6 +71,8 @@ public:
     // Runs xdotool with these words; what it says, all of it or the first line.
     [[nodiscard]] std::string Answer(const std::string& words) const;
     std::string Do(const std::string& words) const;
+    // Whether the window of that id says that it is a dialog.
+    [[nodiscard]] bool IsDialog(const std::string& window) const;
     [[nodiscard]] Screenshot Look() const;
     // The display is gone, without a word to the programs on it.
     void Kill() { server_.reset(); }
@@ -80,6 +82,7 @@ public:
 private:
     void StartManager();
     [[nodiscard]] bool ManagerIsReady() const;
+    [[nodiscard]] std::string Property(const std::string& window, const std::string& name) const;
 
     Manager kind_;
     TemporaryFolder folder_;

@@ -22,10 +22,10 @@ protected:
 
     // Which pixels of a line of the view the first element covers: the ranges "10-13 20-23".
     std::string Across(Long y) {
-        return Ranges(kViewWidth, [&](Long x) { return stage.At(x, y) == 0; });
+        return Ranges(View().width, [&](Long x) { return stage.At(x, y) == 0; });
     }
     std::string Down(Long x) {
-        return Ranges(kViewHeight, [&](Long y) { return stage.At(x, y) == 0; });
+        return Ranges(View().height, [&](Long y) { return stage.At(x, y) == 0; });
     }
 
     template <typename Covered>

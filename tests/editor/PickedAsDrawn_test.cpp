@@ -43,7 +43,7 @@ public:
 
     // The number of the element that is seen there, 0 for none.
     [[nodiscard]] std::uint32_t Drawn(Long x, Long y) const {
-        return machine_.Device()->BackBuffer()[static_cast<std::size_t>(y * kViewWidth + x)] &
+        return machine_.Device()->BackBuffer()[static_cast<std::size_t>(y * View().width + x)] &
                0xFFFFFF;
     }
     [[nodiscard]] std::uint32_t Picked(Long x, Long y) const {
@@ -128,13 +128,13 @@ private:
     HeadlessMessages messages_;
     StageModel model_;
     StageBuilder build_{model_};
-    Engine engine_{machine_, window_, messages_, model_};
+    View picture_;
+    Engine engine_{machine_, window_, messages_, model_, picture_};
     Camera camera_;
     ViewFlags flags_;
     HeadlessKeyboard keyboard_;
     SetClock clock_;
     HeadlessPointer pointer_;
-    View picture_;
     TileEngine tiles_{engine_,
                       model_,
                       camera_,
@@ -151,8 +151,8 @@ TEST_P(PickedAsDrawn, EveryPixel) {
     stage.Draw();
     int seen = 0;
     // Every third pixel of every line, another third in each.
-    for (Long y = 0; y < kViewHeight; ++y) {
-        for (Long x = y % 3; x < kViewWidth; x += 3) {
+    for (Long y = 0; y < View().height; ++y) {
+        for (Long x = y % 3; x < View().width; x += 3) {
             const std::uint32_t drawn = stage.Drawn(x, y);
             ASSERT_EQ(stage.Picked(x, y), drawn) << x << "," << y;
             if (drawn != 0) {
@@ -163,8 +163,8 @@ TEST_P(PickedAsDrawn, EveryPixel) {
     }
     EXPECT_GT(seen, 100) << "a stage with something to see";
     stage.Draw();  // looking for pixels has left the textures as they were
-    for (Long y = 0; y < kViewHeight; y += 7) {
-        for (Long x = 0; x < kViewWidth; x += 7) {
+    for (Long y = 0; y < View().height; y += 7) {
+        for (Long x = 0; x < View().width; x += 7) {
             ASSERT_EQ(stage.Picked(x, y), stage.Drawn(x, y));
         }
     }

@@ -283,8 +283,8 @@ private:
     StageModel model_;
     Camera camera_;
     ViewFlags flags_;
-    Engine engine_{direct3D_, window_, messages_, model_};
     View picture_;
+    Engine engine_{direct3D_, window_, messages_, model_, picture_};
     TileEngine tiles_{
         engine_, model_, camera_, picture_, flags_, view_, {keyboard_, clock_, pointer_, window_}};
 };

@@ -94,12 +94,12 @@ public:
         }
     }
     [[nodiscard]] std::uint32_t Rgb(int x, int y) const {
-        return machine_.Picture().at(static_cast<std::size_t>(y * kViewWidth + x)) & 0xFFFFFFU;
+        return machine_.Picture().at(static_cast<std::size_t>(y * View().width + x)) & 0xFFFFFFU;
     }
     // The columns of a row that have this colour, as first and last; -1 when there is none.
     [[nodiscard]] std::pair<int, int> Columns(int y, std::uint32_t rgb) const {
         std::pair<int, int> columns(-1, -1);
-        for (int x = 0; x < kViewWidth; ++x) {
+        for (int x = 0; x < View().width; ++x) {
             if (Rgb(x, y) == rgb) {
                 columns.first = columns.first < 0 ? x : columns.first;
                 columns.second = x;
@@ -182,7 +182,7 @@ TEST(Character, StaysInTheMiddleAndOnTheFloorWhateverZAndAMakeOfTheSteps) {
         EXPECT_EQ(stage.Machine().Model().CamX, -76.0F);
         EXPECT_EQ(stage.Machine().TestChar().Characters.at(0).X, 236.0F);
         int feet = 0;
-        while (feet < kViewHeight - 1 && stage.Columns(feet, kGreen) != Span(157, 162)) {
+        while (feet < View().height - 1 && stage.Columns(feet, kGreen) != Span(157, 162)) {
             ++feet;
         }
         const int floor = feet - 5;

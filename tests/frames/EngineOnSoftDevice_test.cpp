@@ -53,14 +53,15 @@ protected:
     void Blit(Long x, Long y) { engine_.D3DBlt(model_.Sprites[0].texture, 0, x, y, 4, 2, 0, 0); }
 
     [[nodiscard]] std::uint32_t Pixel(std::size_t x, std::size_t y) const {
-        return machine_.Device()->BackBuffer()[y * kViewWidth + x] & kRgb;
+        return machine_.Device()->BackBuffer()[y * View().width + x] & kRgb;
     }
 
     SoftDirect3D machine_{std::make_shared<TextureMemory>()};
     HeadlessWindow window_;
     HeadlessMessages messages_;
     StageModel model_;
-    Engine engine_{machine_, window_, messages_, model_};
+    View picture_;
+    Engine engine_{machine_, window_, messages_, model_, picture_};
 };
 
 TEST_F(EngineOnSoftDevice, ANewDeviceDrawsOpaque) {

@@ -132,7 +132,7 @@ void PaintedStage::Run(int frames) {
 }
 
 std::uint32_t PaintedStage::Rgb(int x, int y) const {
-    return Picture().at(static_cast<std::size_t>(y) * kViewWidth + static_cast<std::size_t>(x)) &
+    return Picture().at(static_cast<std::size_t>(y) * View().width + static_cast<std::size_t>(x)) &
            0xFFFFFFU;
 }
 

@@ -34,7 +34,7 @@
 namespace scenara::test {
 namespace {
 
-constexpr std::size_t kPixels = static_cast<std::size_t>(kViewWidth) * kViewHeight;
+constexpr std::size_t kPixels = static_cast<std::size_t>(View().width) * View().height;
 
 // One element with its sprite, and a device to draw it on.
 class TiledElement {
@@ -196,7 +196,8 @@ private:
     SoftDirect3D machine_{KeptTextureMemory()};
     HeadlessWindow window_;
     HeadlessMessages messages_;
-    Engine engine_{machine_, window_, messages_, model};
+    View picture_;
+    Engine engine_{machine_, window_, messages_, model, picture_};
 };
 
 class RandomTiling {
@@ -311,7 +312,7 @@ TEST(TiledPictures, AreTheSameAsCopyByCopy) {
         const std::vector<std::uint32_t> expected = tiled.DrawnCopyByCopy();
         const std::size_t place = FirstDifference(drawn, expected);
         ASSERT_EQ(place, kPixels) << "round " << round << ", " << Described(tiled) << ": "
-                                  << place % kViewWidth << "," << place / kViewWidth;
+                                  << place % View().width << "," << place / View().width;
     }
     EXPECT_GT(patterns, rounds / 10);
 }

@@ -17,7 +17,10 @@ PlainTexture::PlainTexture(std::int32_t width, std::int32_t height, const ColorA
     }
 }
 
-TestView::TestView(std::uint32_t color) : pixels_(soft::kViewPixels, color) {}
+TestView::TestView(std::uint32_t color, const View& size)
+    : size_(size),
+      pixels_(static_cast<std::size_t>(size.width) * static_cast<std::size_t>(size.height), color) {
+}
 
 std::size_t TestView::Count(std::uint32_t color) const {
     return static_cast<std::size_t>(std::ranges::count_if(

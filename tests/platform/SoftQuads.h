@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "platform/Direct3D8.h"
+#include "platform/View.h"
 #include "platform/soft/Blend.h"
 #include "platform/soft/Coverage.h"
 #include "platform/soft/Texels.h"
@@ -103,20 +104,23 @@ private:
     std::vector<std::uint32_t> words_;
 };
 
-// Pixels as large as the view, compared without the byte that is nobody's.
+inline constexpr std::size_t kViewPixels = std::size_t{View().width} * View().height;
+
+// Pixels as large as the view, compared without the byte that has no meaning.
 class TestView {
 public:
-    explicit TestView(std::uint32_t color = 0);
+    explicit TestView(std::uint32_t color = 0, const View& size = View());
 
-    [[nodiscard]] soft::View Pixels() { return soft::View(pixels_); }
+    [[nodiscard]] soft::Target Pixels() { return {pixels_, size_.width, size_.height}; }
 
     [[nodiscard]] std::uint32_t At(std::int32_t x, std::int32_t y) const {
-        return pixels_[static_cast<std::size_t>(y * kViewWidth + x)] & soft::kColorMask;
+        return pixels_[static_cast<std::size_t>(y * size_.width + x)] & soft::kColorMask;
     }
     [[nodiscard]] std::size_t Count(std::uint32_t color) const;
     bool operator==(const TestView& other) const;
 
 private:
+    View size_;
     std::vector<std::uint32_t> pixels_;
 };
 

@@ -196,15 +196,16 @@ TEST(EvenBlend, EveryCaseClippedAtBothSides) {
 TEST(EvenBlend, BlocksWithoutTheirBitArePassedOver) {
     const std::vector<std::uint32_t> texels(32, 0xFF010101);
     const std::array<std::uint8_t, 1 + Coverage::kReadBeyond> bits = {0b0101};
-    std::vector<std::uint32_t> pixels(kViewWidth, kGround);
+    std::vector<std::uint32_t> pixels(View().width, kGround);
     TexelRows rows;
     rows.lines = texels.data();
     rows.bits = bits.data();
     rows.width = 32;
     rows.height = 1;
     rows.destination = pixels.data();
+    rows.pitch = View().width;
     if (!BlendEvenly(rows, {Kind::Add, 255})) {
-        EXPECT_EQ(pixels, std::vector<std::uint32_t>(kViewWidth, kGround)) << "nothing of it yet";
+        EXPECT_EQ(pixels, std::vector<std::uint32_t>(View().width, kGround)) << "nothing of it yet";
         GTEST_SKIP() << "this processor has no fast way";
     }
     for (std::size_t x = 0; x < 40; ++x) {
@@ -215,14 +216,15 @@ TEST(EvenBlend, BlocksWithoutTheirBitArePassedOver) {
 
 TEST(EvenBlend, LeavesNarrowRectanglesToTheGeneralPath) {
     const std::vector<std::uint32_t> texels(7, 0xFF010101);
-    std::vector<std::uint32_t> pixels(kViewWidth, kGround);
+    std::vector<std::uint32_t> pixels(View().width, kGround);
     TexelRows rows;
     rows.lines = texels.data();
     rows.width = 7;
     rows.height = 1;
     rows.destination = pixels.data();
+    rows.pitch = View().width;
     EXPECT_FALSE(BlendEvenly(rows, {Kind::Add, 255}));
-    EXPECT_EQ(pixels, std::vector<std::uint32_t>(kViewWidth, kGround));
+    EXPECT_EQ(pixels, std::vector<std::uint32_t>(View().width, kGround));
 }
 
 }  // namespace

@@ -55,9 +55,10 @@ void Check(const PlainTexture& texture, TexelRows rows, std::int32_t line, bool 
         rows.bitPitch = upwards ? -coverage.LinePitch() : coverage.LinePitch();
     }
     constexpr std::int32_t kTop = 100;
-    const std::int32_t left = kViewWidth - rows.width;
+    const std::int32_t left = View().width - rows.width;
     TestView view(kGround);
-    rows.destination = &view.Pixels()[static_cast<std::size_t>(kTop * kViewWidth + left)];
+    rows.destination = &view.Pixels().pixels[static_cast<std::size_t>(kTop * View().width + left)];
+    rows.pitch = View().width;
     drawRows(rows);
 
     std::size_t changed = 0;
@@ -73,7 +74,8 @@ void Check(const PlainTexture& texture, TexelRows rows, std::int32_t line, bool 
                 << rows.width << " from " << rows.column << ": " << x << "," << y;
         }
     }
-    const auto around = view.Pixels().subspan((kTop - 2) * kViewWidth, (kHeight + 4) * kViewWidth);
+    const auto around =
+        view.Pixels().pixels.subspan((kTop - 2) * View().width, (kHeight + 4) * View().width);
     ASSERT_EQ(static_cast<std::size_t>(std::ranges::count(around, kGround)),
               around.size() - changed)
         << "nothing beside it";
@@ -82,7 +84,7 @@ void Check(const PlainTexture& texture, TexelRows rows, std::int32_t line, bool 
 TEST_P(CopyRowsTest, CopyEveryWidthFromEveryPlace) {
     std::mt19937 random(6);
     const PlainTexture texture = Stretches(20, random);
-    for (std::int32_t width = 1; width <= kViewWidth; ++width) {
+    for (std::int32_t width = 1; width <= View().width; ++width) {
         TexelRows rows;
         rows.width = width;
         rows.height = 1 + static_cast<std::int32_t>(random() % kHeight);
@@ -102,7 +104,7 @@ TEST_P(CopyRowsTest, MaskEveryWidthFromEveryPlace) {
     std::mt19937 random(7);
     for (const std::uint32_t longest : {1U, 3U, 12U, 60U}) {
         const PlainTexture texture = Stretches(longest, random);
-        for (std::int32_t width = 1; width <= kViewWidth; ++width) {
+        for (std::int32_t width = 1; width <= View().width; ++width) {
             TexelRows rows;
             rows.width = width;
             rows.height = 1 + static_cast<std::int32_t>(random() % kHeight);

@@ -30,7 +30,7 @@ protected:
     }
 
     [[nodiscard]] std::uint32_t At(std::int32_t x, std::int32_t y) const {
-        return device.BackBuffer()[static_cast<std::size_t>(y * kViewWidth + x)];
+        return device.BackBuffer()[static_cast<std::size_t>(y * View().width + x)];
     }
     [[nodiscard]] std::vector<std::uint32_t> Pixels() const {
         return {device.BackBuffer().begin(), device.BackBuffer().end()};
@@ -46,9 +46,9 @@ TEST_F(SoftDeviceCopies, BringPixelsBackAsTheyWere) {
     ASSERT_EQ(device.CopyRects(*backBuffer, {310, 236, 320, 240}, *image, {0, 0}), D3D_OK);
     std::ranges::fill(device.BackBuffer(), 7U);
     ASSERT_EQ(device.CopyRects(*image, {0, 0, 10, 4}, *backBuffer, {310, 236}), D3D_OK);
-    for (std::int32_t y = 0; y < kViewHeight; ++y) {
-        for (std::int32_t x = 0; x < kViewWidth; ++x) {
-            const auto number = static_cast<std::uint32_t>(y * kViewWidth + x);
+    for (std::int32_t y = 0; y < View().height; ++y) {
+        for (std::int32_t x = 0; x < View().width; ++x) {
+            const auto number = static_cast<std::uint32_t>(y * View().width + x);
             ASSERT_EQ(At(x, y), x >= 310 && y >= 236 ? before[number] : 7U) << x << ',' << y;
         }
     }
@@ -57,7 +57,7 @@ TEST_F(SoftDeviceCopies, BringPixelsBackAsTheyWere) {
 TEST_F(SoftDeviceCopies, TakePartsToOtherPlaces) {
     ASSERT_EQ(device.CopyRects(*backBuffer, {3, 2, 5, 4}, *image, {7, 1}), D3D_OK);
     ASSERT_EQ(device.CopyRects(*image, {8, 2, 9, 3}, *backBuffer, {0, 0}), D3D_OK);
-    EXPECT_EQ(At(0, 0), 3U * kViewWidth + 4U);
+    EXPECT_EQ(At(0, 0), 3U * View().width + 4U);
     EXPECT_EQ(At(1, 0), 1U);
 }
 

@@ -30,7 +30,7 @@ constexpr std::uint32_t kColorMask = 0x00FFFFFF;
 // Keeps what it was shown.
 class RecordingSink : public PictureSink {
 public:
-    HRESULT Show(std::span<const std::uint32_t> pixels) override {
+    HRESULT Show(const View& /*view*/, std::span<const std::uint32_t> pixels) override {
         shown.emplace_back(pixels.begin(), pixels.end());
         return answer;
     }
@@ -83,7 +83,7 @@ protected:
 
     void Fill(std::uint32_t color) {
         ASSERT_EQ(device.SetTexture(0, nullptr), D3D_OK);
-        Draw(CornersOf({0, 0, kViewWidth, kViewHeight, 0, 0, false, color}, 1, 1));
+        Draw(CornersOf({0, 0, View().width, View().height, 0, 0, false, color}, 1, 1));
     }
 
     void SetBlending(std::uint32_t source, std::uint32_t destination) {
@@ -93,7 +93,7 @@ protected:
     }
 
     [[nodiscard]] std::uint32_t At(std::int32_t x, std::int32_t y) const {
-        return device.BackBuffer()[static_cast<std::size_t>(y * kViewWidth + x)] & kColorMask;
+        return device.BackBuffer()[static_cast<std::size_t>(y * View().width + x)] & kColorMask;
     }
     [[nodiscard]] bool IsAll(std::uint32_t color) const {
         return std::ranges::all_of(device.BackBuffer(), [&](std::uint32_t pixel) {
@@ -105,7 +105,7 @@ protected:
     SoftDevice device{std::make_shared<TextureMemory>(), &sink};
 };
 
-constexpr Blit kWholeView{0, 0, kViewWidth, kViewHeight};
+constexpr Blit kWholeView{0, 0, View().width, View().height};
 
 Corners SomeQuad() {
     return CornersOf(kWholeView, 1, 1);
@@ -438,7 +438,7 @@ TEST_F(SoftDeviceDrawing, ResetChecksItsParameters) {
 // Presents to nobody, and asks for no memory to do so.
 class CountingSink : public PictureSink {
 public:
-    HRESULT Show(std::span<const std::uint32_t> /*pixels*/) override {
+    HRESULT Show(const View& /*view*/, std::span<const std::uint32_t> /*pixels*/) override {
         ++pictures;
         return D3D_OK;
     }

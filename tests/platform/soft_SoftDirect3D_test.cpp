@@ -19,7 +19,7 @@ namespace {
 
 class SizeSink : public PictureSink {
 public:
-    HRESULT Show(std::span<const std::uint32_t> pixels) override {
+    HRESULT Show(const View& /*view*/, std::span<const std::uint32_t> pixels) override {
         shown = pixels.size();
         return D3D_OK;
     }
@@ -107,8 +107,12 @@ TEST_F(SoftDirect3DTest, ADeviceIsMadeAsDescribedOrNotAtAll) {
         {"not windowed", with(&P::Windowed, 0), D3DERR_INVALIDCALL},
         {"by discarding", with(&P::SwapEffect, 1U), D3DERR_INVALIDCALL},
         {"no swap effect", with(&P::SwapEffect, 0U), D3DERR_INVALIDCALL},
-        {"another width", with(&P::BackBufferWidth, 640U), D3DERR_INVALIDCALL},
-        {"another height", with(&P::BackBufferHeight, 200U), D3DERR_INVALIDCALL},
+        {"another width", with(&P::BackBufferWidth, 640U), D3D_OK},
+        {"another height", with(&P::BackBufferHeight, 200U), D3D_OK},
+        {"the largest width", with(&P::BackBufferWidth, kLargestBackBuffer), D3D_OK},
+        {"a width beyond that", with(&P::BackBufferWidth, kLargestBackBuffer + 1),
+         D3DERR_INVALIDCALL},
+        {"a height beyond that", with(&P::BackBufferHeight, 0xFFFFFFFFU), D3DERR_INVALIDCALL},
         {"no format", with(&P::BackBufferFormat, D3DFMT_UNKNOWN), D3DERR_INVALIDCALL},
         {"16 bits", with(&P::BackBufferFormat, 23U), D3DERR_INVALIDCALL},
     };
@@ -117,6 +121,11 @@ TEST_F(SoftDirect3DTest, ADeviceIsMadeAsDescribedOrNotAtAll) {
         EXPECT_EQ(device != nullptr, row.expected == D3D_OK) << row.what;
         EXPECT_EQ(machine->Device(), device.get()) << row.what;
     }
+    EXPECT_EQ(CreateDevice(with(&P::BackBufferWidth, 640U)), D3D_OK);
+    EXPECT_EQ(machine->Device()->Size(), (View{640, 240}));
+    EXPECT_EQ(machine->Device()->BackBuffer().size(), 640U * 240);
+    EXPECT_EQ(device->Reset(with(&P::BackBufferHeight, 7U)), D3D_OK) << "takes another size";
+    EXPECT_EQ(machine->Device()->Size(), (View{320, 7}));
     EXPECT_EQ(CreateDevice(GoodParameters(), 1), D3DERR_INVALIDCALL) << "adapter 1";
     EXPECT_EQ(CreateDevice(GoodParameters(), 0, 2), D3DERR_INVALIDCALL) << "reference device";
     EXPECT_EQ(device, nullptr);

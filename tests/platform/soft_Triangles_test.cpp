@@ -22,6 +22,7 @@ using test::Corner;
 using test::Corners;
 using test::CornersOf;
 using test::kAdding;
+using test::kViewPixels;
 using test::PlainTexture;
 using test::TestView;
 
@@ -276,22 +277,22 @@ TEST(Triangles, MapTexelsOneToOneAtEveryWidth) {
     for (std::int32_t width = 1; width <= 32767; ++width) {
         Texels texels = texture.Pixels();
         texels.width = width;
-        const std::int32_t shown = std::min(width, kViewWidth);
+        const std::int32_t shown = std::min(width, View().width);
         // The whole texture with its end at the view's right edge, and mirrored at its left edge.
-        const Blit plain{kViewWidth - width, 0, width, 1, 0, 0, false};
+        const Blit plain{View().width - width, 0, width, 1, 0, 0, false};
         const Blit mirrored{0, 1, width, 1, 0, 0, true};
         DrawStrip(view.Pixels(), kPlain, &texels, CornersOf(plain, width, 1));
         DrawStrip(view.Pixels(), kPlain, &texels, CornersOf(mirrored, width, 1));
         for (std::int32_t i = 0; i < shown; ++i) {
             const auto texel = static_cast<std::uint32_t>(width - 1 - i);
-            ASSERT_EQ(view.At(kViewWidth - 1 - i, 0), texel) << width;
+            ASSERT_EQ(view.At(View().width - 1 - i, 0), texel) << width;
             ASSERT_EQ(view.At(i, 1), texel) << width << " mirrored";
         }
-        if (width <= kViewWidth) {
+        if (width <= View().width) {
             ASSERT_EQ(view.Count(0xFFFFFF), kViewPixels - 2 * static_cast<std::size_t>(width));
         }
     }
-    EXPECT_EQ(view.Count(0xFFFFFF), kViewPixels - 2U * kViewWidth);
+    EXPECT_EQ(view.Count(0xFFFFFF), kViewPixels - 2U * View().width);
 }
 
 TEST(Triangles, OfHugeSizeCoverTheView) {

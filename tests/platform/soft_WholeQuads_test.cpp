@@ -151,14 +151,14 @@ void ExpectDrawn(const PlainTexture& texture, const Blit& blit, const PixelState
     ASSERT_TRUE(DrawWholeQuad(view.Pixels(), states, texels, coverage,
                               CornersOf(blit, texels.width, texels.height)));
     TestView expected(kGround);
-    for (std::int32_t y = std::max(blit.y, 0); y < std::min(blit.y + blit.height, kViewHeight);
+    for (std::int32_t y = std::max(blit.y, 0); y < std::min(blit.y + blit.height, View().height);
          ++y) {
-        for (std::int32_t x = std::max(blit.x, 0); x < std::min(blit.x + blit.width, kViewWidth);
+        for (std::int32_t x = std::max(blit.x, 0); x < std::min(blit.x + blit.width, View().width);
              ++x) {
             const std::uint32_t texel =
                 texture.Texel(TexelOf(blit, texels.width, texels.height, x - blit.x, y - blit.y));
             if (!states.blending || texel >> 24U == 255) {
-                expected.Pixels()[static_cast<std::size_t>(y * kViewWidth + x)] = texel;
+                expected.Pixels().pixels[static_cast<std::size_t>(y * View().width + x)] = texel;
             }
         }
     }
@@ -284,12 +284,17 @@ public:
                 Between(0, 9)};
     }
 
-    [[nodiscard]] Blit BlitOf(const Texels& texels) {
+    // The view's, or another one.
+    [[nodiscard]] View Size() {
+        return Between(0, 3) == 0 ? View{Between(1, 2000), Between(1, 40)} : View();
+    }
+
+    [[nodiscard]] Blit BlitOf(const Texels& texels, const View& size) {
         Blit blit;
-        blit.width = Between(1, 3) == 1 ? texels.width : Between(1, 400);
-        blit.height = Between(1, 3) == 1 ? texels.height : Between(1, 300);
-        blit.x = Between(-blit.width - 3, 323);
-        blit.y = Between(-blit.height - 3, 243);
+        blit.width = Between(1, 3) == 1 ? texels.width : Between(1, size.width + 80);
+        blit.height = Between(1, 3) == 1 ? texels.height : Between(1, size.height + 60);
+        blit.x = Between(-blit.width - 3, size.width + 3);
+        blit.y = Between(-blit.height - 3, size.height + 3);
         if (Between(1, 3) != 1) {
             blit.sourceX = Between(-1500, 1500);
             blit.sourceY = Between(-500, 500);
@@ -318,10 +323,10 @@ public:
     }
 
     // A background of many colours.
-    [[nodiscard]] TestView View() {
-        TestView view;
+    [[nodiscard]] TestView Coloured(const View& size) {
+        TestView view(0, size);
         std::uint32_t color = static_cast<std::uint32_t>(Between(0, 0xFFFFFF));
-        for (std::uint32_t& pixel : view.Pixels()) {
+        for (std::uint32_t& pixel : view.Pixels().pixels) {
             color = color * 1664525U + 1013904223U;
             pixel = color >> 8U;
         }
@@ -359,11 +364,12 @@ TEST(WholeQuads, DrawWhatTheGeneralPathDraws) {
         const PlainTexture texture = any.Texture();
         const Texels texels = texture.Pixels();
         const Coverage coverage = any.Between(0, 1) == 0 ? Coverage::Of(texels) : Coverage();
-        TestView fast = any.View();
+        const View size = any.Size();
+        TestView fast = any.Coloured(size);
         TestView general = fast;
         // Several on one another, as they are in a frame.
         for (int quad = 0; quad < 4; ++quad) {
-            const Blit blit = any.BlitOf(texels);
+            const Blit blit = any.BlitOf(texels, size);
             Corners corners = CornersOf(blit, texels.width, texels.height);
             if (any.Between(0, 1) == 0) {
                 corners = InOtherOrder(corners);

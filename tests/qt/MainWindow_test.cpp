@@ -10,12 +10,15 @@
 #include <QImage>
 #include <QListWidget>
 #include <QMimeData>
+#include <QScreen>
 #include <QScrollBar>
 #include <QUrl>
 #include <cstdint>
 #include <functional>
+#include <string>
 #include <vector>
 
+#include <QtTest/QTest>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -90,6 +93,51 @@ TEST_F(Main, NamesOfOthersHaveNeitherAccessLettersNorShortcuts) {
         texts.push_back(action->text());
     }
     EXPECT_THAT(texts, testing::Contains(QString("&Use Test Char")));
+}
+
+// --- the list ---
+
+class WindowList : public Main {
+protected:
+    WindowList() {
+        form.lstStages.items = {"bar", "cup", "dot"};
+        form.lstStages.visible = true;
+        form.lstStages.left = 160;
+        form.lstStages.width = 160;
+        form.lstStages.height = 240;
+        Pump();
+        BringUp(window);
+        list.setFocus();
+        static_cast<void>(program.Text());
+    }
+
+    std::string ToldOfAClick(int row) {
+        QTest::mouseClick(list.viewport(), Qt::LeftButton, {},
+                          list.visualItemRect(list.item(row)).center());
+        return Told();
+    }
+    std::string ToldOfAKey(Qt::Key key) {
+        QTest::keyClick(window.windowHandle(), key);
+        return Told();
+    }
+    std::string Told() {
+        form.lstStages.ListIndex = list.currentRow();  // as the program takes it
+        window.DoEvents();
+        return program.Text();
+    }
+
+    QListWidget& list = *window.findChild<QListWidget*>();
+};
+
+TEST_F(WindowList, EachClickAndEachSelectionByKeysIsToldOnce) {
+    EXPECT_EQ(ToldOfAClick(1), "list 1");
+    EXPECT_EQ(ToldOfAClick(1), "list 1") << "selected already";
+    EXPECT_EQ(ToldOfAKey(Qt::Key_Down), "list 2");
+    EXPECT_EQ(ToldOfAClick(2), "list 2") << "selected by the keys";
+    EXPECT_EQ(ToldOfAClick(0), "list 0");
+    EXPECT_EQ(ToldOfAKey(Qt::Key_Down), "list 1");
+    EXPECT_EQ(ToldOfAKey(Qt::Key_Up), "list 0");
+    EXPECT_EQ(ToldOfAClick(0), "list 0");
 }
 
 // --- the size ---
@@ -199,7 +247,7 @@ TEST_F(Main, ABarGoesWithThePictureWithoutAnyMessage) {
     Pump();
     form.hscHScroll.Value = 35;
     const std::vector<std::uint32_t> picture(std::size_t{320} * 240, 0);
-    EXPECT_EQ(window.Present(picture), D3D_OK);
+    EXPECT_EQ(window.Present(View(), picture), D3D_OK);
     EXPECT_EQ(Bar().value(), 35);
     Pump();
     EXPECT_EQ(program.Text(), "") << "nobody has moved it";
@@ -390,13 +438,13 @@ TEST_F(Main, ShowsTheFrameOfTheSelectionWithThePictureThatItBelongsTo) {
         }
         return count;
     };
-    sink.Show(view);
+    sink.Show(View(), view);
     EXPECT_EQ(pixelsOfTheFrame(), 0);
     form.selection = {50, 100, 150, 120};
-    sink.Show(view);
+    sink.Show(View(), view);
     EXPECT_EQ(pixelsOfTheFrame(), 100);
     form.selection.reset();
-    sink.Show(view);
+    sink.Show(View(), view);
     EXPECT_EQ(pixelsOfTheFrame(), 0);
 }
 
@@ -418,6 +466,24 @@ TEST_F(Main, StandsOverTheWholeScreenWhileTheFullScreenDoes) {
     Pump();
     EXPECT_EQ(window.Place().width, before.width);
     EXPECT_EQ(window.Place().left, before.left);
+}
+
+TEST_F(Main, TheFullScreenFollowsTheScreenWhileItIsThereAndNotAfterwards) {
+    FullScreenWindow fullScreen(window);
+    const QRect elsewhere(10, 20, 30, 40);
+    const auto afterAChange = [&] {
+        fullScreen.setGeometry(elsewhere);
+        const QRect screen = window.screen()->geometry();
+        EXPECT_TRUE(
+            QMetaObject::invokeMethod(window.screen(), "geometryChanged", Q_ARG(QRect, screen)));
+        return fullScreen.geometry();
+    };
+    for (int time = 0; time < 3; ++time) {
+        fullScreen.Show();
+        EXPECT_EQ(afterAChange(), window.screen()->geometry());
+        fullScreen.Hide();
+        EXPECT_EQ(afterAChange(), elsewhere);
+    }
 }
 
 }  // namespace

@@ -172,6 +172,28 @@ TEST_F(Menus, ALetterOfOneItemRunsItAtOnce) {
     ExpectTheKeysAreThePictures();
 }
 
+TEST_F(Menus, ALetterOfOneItemThatIsHeldRunsItOnce) {
+    for (int time = 0; time < 2; ++time) {
+        for (int repeat = 0; repeat < 3; ++repeat) {
+            QTest::keyPress(window.windowHandle(), Qt::Key_P, Qt::AltModifier);
+            Pump();
+        }
+        EXPECT_EQ(Told(), Of(Menu::mnuPause));
+        QTest::keyRelease(window.windowHandle(), Qt::Key_P, Qt::AltModifier);
+    }
+}
+
+// As when a menu that closes swallows that the key was let go.
+TEST_F(Menus, ALetterWhoseReleaseWasLostRunsAgainAfterAnotherKey) {
+    for (int time = 0; time < 2; ++time) {
+        QTest::keyPress(window.windowHandle(), Qt::Key_P, Qt::AltModifier);
+        Pump();
+        EXPECT_EQ(Told(), Of(Menu::mnuPause));
+        Type(Qt::Key_Down);
+        Told();
+    }
+}
+
 TEST_F(Menus, ALetterOfTwoGoesFromOneToTheOther) {
     for (int time = 0; time < 2; ++time) {
         Type(Qt::Key_S, Qt::AltModifier);

@@ -33,6 +33,7 @@ protected:
         window.Show();
         window.DoEvents();
         static_cast<void>(program.Text());
+        form.title = "The title";
     }
 
     // Does it once a dialog is open.
@@ -51,8 +52,8 @@ protected:
     RecordedEvents program;
     MainWindow window{form};
     Questions questions{window};
-    QtMessages messages{questions, "The title"};
-    QtDialogs dialogs{questions, "The title"};
+    QtMessages messages{questions, form};
+    QtDialogs dialogs{questions, form};
     QTimer timer;
 };
 

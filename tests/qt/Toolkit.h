@@ -19,7 +19,7 @@ namespace scenara::test {
 class Toolkit : public testing::Test {
 protected:
     // With so many pixels of the screen to one of the toolkit's, across and down.
-    explicit Toolkit(int scale = 1) : application_(Prepared(scale), arguments_.data()) {}
+    explicit Toolkit(double scale = 1) : application_(Prepared(scale), arguments_.data()) {}
 
     // Shows it, with the focus.
     static void BringUp(QWidget& widget) {
@@ -62,7 +62,7 @@ protected:
     }
 
 private:
-    int& Prepared(int scale) {
+    int& Prepared(double scale) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
         qputenv("QT_SCALE_FACTOR", QByteArray::number(scale));
         return count_;

@@ -42,7 +42,7 @@ TEST_F(Seen, IsEveryStillThatIsInViewAndNoneThatIsFarFromIt) {
         const Long x = WholePixel(static_cast<double>(placed->x), model.ElementScale);
         const Long y = WholePixel(static_cast<double>(placed->y), model.ElementScale);
         const auto within = [&](Long border) {
-            return x < kViewWidth + border && x + 30 > -border && y < kViewHeight + border &&
+            return x < View().width + border && x + 30 > -border && y < View().height + border &&
                    y + 20 > -border;
         };
         inView += within(0) ? 1 : 0;

@@ -19,7 +19,7 @@ using test::Record;
 using test::StagePlayer;
 
 // Windowed, copy swap effect, the display's format; all else 0.
-const char* const kPresentation = "0 0 23 0 0 3 0 1 0 0 0 0 0";
+const char* const kPresentation = "320 240 23 0 0 3 0 1 0 0 0 0 0";
 
 const Lines kStartStates{
     "SetVertexShader 452", "SetRenderState 137 0", "SetRenderState 19 2",

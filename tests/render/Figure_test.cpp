@@ -166,7 +166,7 @@ TEST_F(FigureTest, IsAskedForWhenTheClocksHaveTickedOnceAndNothingIsDrawn) {
 TEST_F(FigureTest, AsksForNoMemory) {
     figure.mirrored = true;
     SoftDirect3D machine{std::make_shared<TextureMemory>()};
-    Engine engine(machine, player.window, player.messages, player.model);
+    Engine engine(machine, player.window, player.messages, player.model, player.picture);
     engine.Engine_Init();
     TextureParameters parameters;
     parameters.width = 10;

@@ -10,6 +10,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/View.h"
 #include "render/AnimationClock.h"
 #include "render/RecordingMachine.h"
 #include "stage/StageModel.h"
@@ -110,7 +111,7 @@ public:
 
     // The picture's upper left corner at (x, y) of the view, with the camera at (0, 0).
     static BackgroundElement& At(BackgroundElement& element, Long x, Long y) {
-        element.startX = x - kViewWidth / 2;
+        element.startX = x - View().width / 2;
         element.startY = y;
         return element;
     }

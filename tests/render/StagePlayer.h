@@ -93,13 +93,13 @@ struct StagePlayer {
     HeadlessMessages messages;
     StageModel model;
     StageBuilder build{model};
-    Engine engine{machine, window, messages, model};
+    View picture;
+    Engine engine{machine, window, messages, model, picture};
     Camera camera;
     ViewFlags flags;
     HeadlessKeyboard keyboard;
     SetClock clock;
     HeadlessPointer pointer;
-    View picture;
     TileEngine tiles{
         engine, model, camera, picture, flags, view, CameraInput{keyboard, clock, pointer, window}};
 };

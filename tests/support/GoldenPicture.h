@@ -21,6 +21,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/Direct3D8.h"
+#include "platform/View.h"
 
 namespace scenara::test {
 
@@ -60,8 +61,8 @@ private:
 // The same with the folders of the source tree and the build.
 [[nodiscard]] testing::AssertionResult MatchesGolden(const std::string& name,
                                                      std::span<const std::uint32_t> pixels,
-                                                     std::int32_t width = kViewWidth,
-                                                     std::int32_t height = kViewHeight);
+                                                     std::int32_t width = View().width,
+                                                     std::int32_t height = View().height);
 
 // Which of the two MatchesGolden does from now on. At first it compares.
 void SetGoldenMode(GoldenMode mode);

@@ -22,15 +22,17 @@ std::string FrameFileName(const std::string& file, std::int32_t frame) {
     return file.substr(0, stem) + "-" + number + file.substr(stem);
 }
 
-void WriteFrameFile(const std::string& path, std::span<const std::uint32_t> pixels) {
-    constexpr std::size_t kPixels = std::size_t{kViewWidth} * kViewHeight;
-    if (pixels.size() < kPixels) {
+void WriteFrameFile(const std::string& path, const View& view,
+                    std::span<const std::uint32_t> pixels) {
+    const std::size_t count =
+        static_cast<std::size_t>(view.width) * static_cast<std::size_t>(view.height);
+    if (pixels.size() < count) {
         throw RunTimeError(RunTimeErrorKind::SubscriptOutOfRange, path);
     }
-    std::vector<std::uint32_t> opaque(kPixels);
-    std::transform(pixels.begin(), pixels.begin() + kPixels, opaque.begin(),
-                   [](std::uint32_t pixel) { return pixel | 0xFF000000U; });
-    WritePngFile(path, opaque, kViewWidth, kViewHeight, kViewWidth);
+    std::vector<std::uint32_t> opaque(count);
+    std::ranges::transform(pixels.first(count), opaque.begin(),
+                           [](std::uint32_t pixel) { return pixel | 0xFF000000U; });
+    WritePngFile(path, opaque, view.width, view.height, view.width);
 }
 
 }  // namespace scenara

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "platform/Direct3D8.h"
+#include "platform/View.h"
 
 namespace scenara {
 
@@ -15,8 +16,9 @@ namespace scenara {
 // digits; it stands behind names that do not end in ".png" (in either case).
 [[nodiscard]] std::string FrameFileName(const std::string& file, std::int32_t frame);
 
-// `pixels`: kViewHeight lines of kViewWidth words, whose top bytes are nobody's. Raises
+// `pixels`: the view's lines, one after the other, whose top bytes have no meaning. Raises
 // RunTimeError when the file cannot be written, "Subscript out of range" when pixels are missing.
-void WriteFrameFile(const std::string& path, std::span<const std::uint32_t> pixels);
+void WriteFrameFile(const std::string& path, const View& view,
+                    std::span<const std::uint32_t> pixels);
 
 }  // namespace scenara

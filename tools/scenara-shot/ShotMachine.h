@@ -26,13 +26,16 @@ namespace scenara {
 // Keeps the picture that was shown last.
 class ShownPicture : public PictureSink {
 public:
-    HRESULT Show(std::span<const std::uint32_t> pixels) override {
+    HRESULT Show(const View& view, std::span<const std::uint32_t> pixels) override {
+        view_ = view;
         pixels_.assign(pixels.begin(), pixels.end());
         return D3D_OK;
     }
+    [[nodiscard]] const View& Size() const { return view_; }
     [[nodiscard]] const std::vector<std::uint32_t>& Pixels() const { return pixels_; }
 
 private:
+    View view_;
     std::vector<std::uint32_t> pixels_;
 };
 
@@ -52,6 +55,7 @@ public:
     [[nodiscard]] const StageModel& Model() const { return show_.Model(); }
     [[nodiscard]] const TestCharState& TestChar() const { return show_.TestChar(); }
     [[nodiscard]] const std::vector<Message>& Recorded() const { return messages_.Recorded(); }
+    [[nodiscard]] const View& PictureSize() const { return shown_.Size(); }
     [[nodiscard]] const std::vector<std::uint32_t>& Picture() const { return shown_.Pixels(); }
 
 private:

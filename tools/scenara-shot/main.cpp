@@ -85,14 +85,14 @@ void WriteFrames(ShotMachine& machine, const ShotOptions& options) {
         machine.RunFrame(options.keys.KeysOfFrame(frame), options.info);
         if (options.every && frame % *options.every == 0) {
             WriteFrameFile(FrameFileName(*options.pictureFile, frame / *options.every),
-                           machine.Picture());
+                           machine.PictureSize(), machine.Picture());
         }
         if (frame == options.frames) {
             break;  // the largest count has no next one
         }
     }
     if (options.pictureFile) {
-        WriteFrameFile(*options.pictureFile, machine.Picture());
+        WriteFrameFile(*options.pictureFile, machine.PictureSize(), machine.Picture());
     }
 }
 

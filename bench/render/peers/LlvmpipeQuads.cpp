@@ -133,13 +133,13 @@ private:
         GLuint buffer = 0;
         glGenRenderbuffers(1, &buffer);
         glBindRenderbuffer(GL_RENDERBUFFER, buffer);
-        glRenderbufferStorage(GL_RENDERBUFFER, GL_RGBA8, kViewWidth, kViewHeight);
+        glRenderbufferStorage(GL_RENDERBUFFER, GL_RGBA8, View().width, View().height);
         GLuint target = 0;
         glGenFramebuffers(1, &target);
         glBindFramebuffer(GL_FRAMEBUFFER, target);
         glFramebufferRenderbuffer(GL_FRAMEBUFFER, GL_COLOR_ATTACHMENT0, GL_RENDERBUFFER, buffer);
         Require(glCheckFramebufferStatus(GL_FRAMEBUFFER) == GL_FRAMEBUFFER_COMPLETE, "target");
-        glViewport(0, 0, kViewWidth, kViewHeight);
+        glViewport(0, 0, View().width, View().height);
         glClearColor(0, 0, 0, 1);
         glClear(GL_COLOR_BUFFER_BIT);
     }
@@ -214,8 +214,8 @@ void LlvmpipeQuads::Draw() {
 
 std::vector<std::uint32_t> LlvmpipeQuads::Picture() {
     context_->Use();
-    std::vector<std::uint32_t> pixels(std::size_t{kViewWidth} * std::size_t{kViewHeight});
-    glReadPixels(0, 0, kViewWidth, kViewHeight, GL_BGRA, GL_UNSIGNED_INT_8_8_8_8_REV,
+    std::vector<std::uint32_t> pixels(std::size_t{View().width} * std::size_t{View().height});
+    glReadPixels(0, 0, View().width, View().height, GL_BGRA, GL_UNSIGNED_INT_8_8_8_8_REV,
                  pixels.data());
     Require(glGetError() == GL_NO_ERROR, "drawing");
     return pixels;

@@ -47,7 +47,7 @@ void PixmanImages::Free::operator()(pixman_image* image) const {
 }
 
 PixmanImages::PixmanImages(const Scene& scene)
-    : scene_(scene), screen_(MakeImage(ScreenFormatFor(scene), kViewWidth, kViewHeight)) {
+    : scene_(scene), screen_(MakeImage(ScreenFormatFor(scene), View().width, View().height)) {
     for (const ScenePicture& picture : scene.pictures) {
         images_.emplace_back(MakeImage(picture.masked ? PIXMAN_a8r8g8b8 : PIXMAN_x8r8g8b8,
                                        picture.width, picture.height));
@@ -71,9 +71,9 @@ void PixmanImages::Draw() {
 
 std::vector<std::uint32_t> PixmanImages::Picture() {
     std::vector<std::uint32_t> pixels;
-    for (int y = 0; y < kViewHeight; ++y) {
+    for (int y = 0; y < View().height; ++y) {
         const std::uint32_t* const line = LineOf(screen_.get(), y);
-        pixels.insert(pixels.end(), line, line + kViewWidth);
+        pixels.insert(pixels.end(), line, line + View().width);
     }
     return pixels;
 }

@@ -28,7 +28,7 @@ QImage ImageOf(const ScenePicture& picture) {
 }  // namespace
 
 struct QtRaster::Images {
-    QImage screen = QImage(kViewWidth, kViewHeight, QImage::Format_RGB32);
+    QImage screen = QImage(View().width, View().height, QImage::Format_RGB32);
     std::vector<QImage> pictures;
 };
 
@@ -50,10 +50,10 @@ void QtRaster::Draw() {
 
 std::vector<std::uint32_t> QtRaster::Picture() {
     std::vector<std::uint32_t> pixels;
-    for (int y = 0; y < kViewHeight; ++y) {
+    for (int y = 0; y < View().height; ++y) {
         const auto* const line =
             reinterpret_cast<const QRgb*>(std::as_const(images_->screen).scanLine(y));
-        pixels.insert(pixels.end(), line, line + kViewWidth);
+        pixels.insert(pixels.end(), line, line + View().width);
     }
     return pixels;
 }

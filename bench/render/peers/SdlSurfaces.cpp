@@ -48,7 +48,7 @@ void SdlSurfaces::Free::operator()(SDL_Surface* surface) const {
 }
 
 SdlSurfaces::SdlSurfaces(const Scene& scene, SdlEncoding encoding)
-    : scene_(scene), screen_(MakeSurface(kViewWidth, kViewHeight)) {
+    : scene_(scene), screen_(MakeSurface(View().width, View().height)) {
     const std::uint32_t key = UnusedColor(scene);
     for (const ScenePicture& picture : scene.pictures) {
         const bool added = picture.blending.kind == BlendKind::Add;
@@ -102,9 +102,9 @@ void SdlSurfaces::Draw() {
 
 std::vector<std::uint32_t> SdlSurfaces::Picture() {
     std::vector<std::uint32_t> pixels;
-    for (int y = 0; y < kViewHeight; ++y) {
+    for (int y = 0; y < View().height; ++y) {
         const std::uint32_t* const line = LineOf(*screen_, y);
-        pixels.insert(pixels.end(), line, line + kViewWidth);
+        pixels.insert(pixels.end(), line, line + View().width);
     }
     return pixels;
 }

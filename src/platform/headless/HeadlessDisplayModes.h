@@ -7,13 +7,14 @@
 #include <vector>
 
 #include "platform/DisplayModes.h"
+#include "platform/View.h"
 
 namespace scenara {
 
 class HeadlessDisplayModes : public DisplayModes {
 public:
     // What the full screen looks for.
-    static constexpr DisplaySettings kFullScreen{320, 240, 24, 60};
+    static constexpr DisplaySettings kFullScreen{View().width, View().height, 24, 60};
 
     // With the full-screen mode among others; the last one is in force.
     HeadlessDisplayModes()

@@ -62,6 +62,9 @@ public:
     [[nodiscard]] ScreenSize Screen() const override {
         return {kScreenWidth * kUnitsPerPixel, kScreenHeight * kUnitsPerPixel};
     }
+    [[nodiscard]] InnerSize RoomFor(const View& view) const override {
+        return roomForView_.value_or(InnerSize{view.width, view.height});
+    }
     [[nodiscard]] InnerSize LargestInnerSize() const override {
         return {kScreenWidth - frame_.width, kScreenHeight - frame_.height};
     }
@@ -92,6 +95,8 @@ public:
     void Maximise();
     // What stands around the inner area, in pixels: at first nothing.
     void SetFrame(const InnerSize& frame) { frame_ = frame; }
+    // What the view takes on another screen: at first as many pixels as it has.
+    void SetRoomForView(const InnerSize& size) { roomForView_ = size; }
 
     // Whether a message waits, from now on: at first there always is one, so every look pumps.
     void SetMessageWaiting(bool waiting) { messageWaiting_ = waiting; }
@@ -123,8 +128,9 @@ private:
     std::vector<std::string> captions_;
     Long left_ = 0;
     Long top_ = 0;
-    InnerSize inner_{kViewWidth, kViewHeight};
+    InnerSize inner_{View().width, View().height};
     InnerSize frame_;
+    std::optional<InnerSize> roomForView_;
     std::vector<InnerSize> wishes_;
     std::optional<InnerSize> wished_;  // not answered yet
     Picture picture_;

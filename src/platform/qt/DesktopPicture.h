@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <span>
 
+#include "platform/View.h"
 #include "platform/qt/FullScreenWindow.h"
 #include "platform/qt/MainWindow.h"
 #include "platform/qt/PictureWidget.h"
@@ -18,9 +19,9 @@ public:
     DesktopPicture(MainWindow& window, FullScreenWindow& fullScreen)
         : window_(window), fullScreen_(fullScreen) {}
 
-    HRESULT Show(std::span<const std::uint32_t> pixels) override {
-        return fullScreen_.isVisible() ? fullScreen_.Picture().Show(pixels)
-                                       : window_.Present(pixels);
+    HRESULT Show(const View& view, std::span<const std::uint32_t> pixels) override {
+        return fullScreen_.isVisible() ? fullScreen_.Picture().Show(view, pixels)
+                                       : window_.Present(view, pixels);
     }
 
 private:

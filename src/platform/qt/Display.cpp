@@ -2,6 +2,8 @@
 #include "platform/qt/Display.h"
 
 #include <QGuiApplication>
+#include <QWindow>
+#include <cstdint>
 #include <cstdlib>
 #include <cstring>
 
@@ -30,6 +32,15 @@ void MakeAutoRepeatDetectable() {
     if (x11 != nullptr && x11->display() != nullptr) {
         Bool supported = False;
         XkbSetDetectableAutoRepeat(x11->display(), True, &supported);
+    }
+}
+
+void BlackenBeneath(const QWindow& window) {
+    const auto* const x11 = qApp->nativeInterface<QNativeInterface::QX11Application>();
+    if (x11 != nullptr && x11->connection() != nullptr) {
+        constexpr std::uint32_t kBlack = 0xFF000000;
+        xcb_change_window_attributes(x11->connection(), static_cast<xcb_window_t>(window.winId()),
+                                     XCB_CW_BACK_PIXEL, &kBlack);
     }
 }
 

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 //
-// Display: what must be settled before and right after the toolkit starts.
+// Display: what must be settled with the display itself.
 #pragma once
+
+class QWindow;
 
 namespace scenara {
 
@@ -10,5 +12,9 @@ namespace scenara {
 
 // A key that is held repeats as presses only, without releases in between.
 void MakeAutoRepeatDetectable();
+
+// What the toolkit does not paint of the window is black, and not what was on the screen before. At
+// a scale that is no whole number it takes a window for up to a pixel smaller than it is.
+void BlackenBeneath(const QWindow& window);
 
 }  // namespace scenara

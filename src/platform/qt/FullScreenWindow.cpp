@@ -6,6 +6,7 @@
 #include <QElapsedTimer>
 #include <QScreen>
 
+#include "platform/qt/Display.h"
 #include "platform/qt/MainWindow.h"
 #include "platform/qt/PictureWidget.h"
 
@@ -28,8 +29,7 @@ WindowHandle FullScreenWindow::Show() {
     if (!isVisible()) {
         setWindowTitle(window_.windowTitle());
         setScreen(window_.screen());
-        QObject::connect(
-            screen(), &QScreen::geometryChanged, this, [this] { Cover(); }, Qt::AutoConnection);
+        FollowScreen();
         picture_->TakeOver(window_.Picture());
         Cover();
         showFullScreen();
@@ -50,14 +50,28 @@ void FullScreenWindow::Cover() {
     setGeometry(screen()->geometry());
 }
 
+// Not every window manager does so. A Wayland compositor does, and ends the program for a size that
+// is not the one that it gives.
+void FullScreenWindow::FollowScreen() {
+    if (!QGuiApplication::platformName().startsWith("wayland")) {
+        screenChanges_ = connect(screen(), &QScreen::geometryChanged, this, [this] { Cover(); });
+    }
+}
+
 void FullScreenWindow::Hide() {
     if (isVisible()) {
         hide();
+        disconnect(screenChanges_);
         window_.SetCovered(false);
         window_.Picture().TakeOver(*picture_);
         window_.show();
         window_.activateWindow();
     }
+}
+
+void FullScreenWindow::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    BlackenBeneath(*windowHandle());
 }
 
 void FullScreenWindow::resizeEvent(QResizeEvent* /*event*/) {

@@ -3,6 +3,7 @@
 // FullScreenWindow: frmFS on a Qt desktop, with a picture of its own.
 #pragma once
 
+#include <QMetaObject>
 #include <QWidget>
 
 #include "platform/FullScreenForm.h"
@@ -23,14 +24,17 @@ public:
     [[nodiscard]] PictureWidget& Picture() { return *picture_; }
 
 protected:
+    void showEvent(QShowEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
 private:
     void Cover();
+    void FollowScreen();
 
     MainWindow& window_;
-    PictureWidget* picture_ = nullptr;  // a child, as Qt has it
+    QMetaObject::Connection screenChanges_;  // of the screen that is covered
+    PictureWidget* picture_ = nullptr;       // a child, as Qt has it
 };
 
 }  // namespace scenara

@@ -25,6 +25,7 @@
 #include <glib.h>
 
 #include "base/Text.h"
+#include "platform/qt/Display.h"
 #include "platform/qt/MenuBar.h"
 #include "platform/qt/PictureWidget.h"
 #include "platform/qt/TitlePicture.h"
@@ -113,6 +114,7 @@ void MainWindow::BuildList() {
     list_->setUniformItemSizes(true);  // ten thousand items, and only one is measured
     list_->setFrameShape(QFrame::NoFrame);
     list_->hide();
+    list_->viewport()->installEventFilter(this);
     // Selecting with the keys and with the mouse; and a click on what is selected already. (The
     // current item alone says nothing: the list chooses one when it gets the focus.)
     connect(list_, &QListWidget::itemSelectionChanged, this, [this] {
@@ -196,11 +198,11 @@ void MainWindow::ShowBar(QScrollBar& widget, const ScrollBar& bar) const {
     }
 }
 
-HRESULT MainWindow::Present(std::span<const std::uint32_t> pixels) {
+HRESULT MainWindow::Present(const View& view, std::span<const std::uint32_t> pixels) {
     if (events_ != nullptr) {
         ShowBars();  // with the picture they belong to, also while no message comes
     }
-    return picture_->Show(pixels);
+    return picture_->Show(view, pixels);
 }
 
 void MainWindow::ShowPicture(Long width, Long height, std::span<const std::uint32_t> pixels) {
@@ -226,7 +228,7 @@ void MainWindow::SetEvents(FormEvents* events) {
     BuildMenus();
     ShowForm();
     if (form_.picLoad.visible) {
-        static_cast<void>(picture_->Show(TitlePicture()));
+        static_cast<void>(picture_->Show(View(), TitlePicture()));
     }
 }
 
@@ -364,6 +366,18 @@ int MainWindow::HeightAround() const {
            (form_.hscSGFX.Visible ? spriteBar_->sizeHint().height() : 0);
 }
 
+// The picture is shown at whole multiples of the screen's pixels; the next larger one, unless the
+// next smaller one is nearly as large as the window's pixels would have it.
+InnerSize MainWindow::RoomFor(const View& view) const {
+    constexpr double kNearly = 0.1;
+    const double ratio = devicePixelRatioF();
+    const double times = std::ceil(ratio - kNearly);
+    const auto room = [&](Long length) {
+        return static_cast<Long>(std::ceil(length * times / ratio));
+    };
+    return {room(view.width), room(view.height)};
+}
+
 InnerSize MainWindow::LargestInnerSize() const {
     const QSize frame = frameGeometry().size() - size();
     const QSize most = screen()->size() - frame;
@@ -484,6 +498,7 @@ void MainWindow::NoteUnload() {
 
 void MainWindow::showEvent(QShowEvent* event) {
     QMainWindow::showEvent(event);
+    BlackenBeneath(*windowHandle());
     Note([](FormEvents& events) { events.Form_Activate(); });
 }
 
@@ -492,10 +507,20 @@ void MainWindow::resizeEvent(QResizeEvent* event) {
     size_.Came();
 }
 
-// A bar that comes or goes changes the inner area alone.
+void MainWindow::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::WindowStateChange) {
+        size_.StateCame();
+    }
+}
+
+// A bar that comes or goes changes the inner area alone. What the keys have selected before a press
+// of the mouse is not of this press.
 bool MainWindow::eventFilter(QObject* receiver, QEvent* event) {
     if (receiver == inner_ && event->type() == QEvent::Resize) {
         sizeCame_ = true;
+    } else if (receiver == list_->viewport() && event->type() == QEvent::MouseButtonPress) {
+        selectionNoted_ = -1;
     }
     return QMainWindow::eventFilter(receiver, event);
 }

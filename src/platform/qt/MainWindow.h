@@ -44,7 +44,7 @@ public:
     void NoteKey(VirtualKey key);
     [[nodiscard]] PictureWidget& Picture() { return *picture_; }
     // Shows a frame of the stage, with the selection that belongs to it.
-    HRESULT Present(std::span<const std::uint32_t> pixels);
+    HRESULT Present(const View& view, std::span<const std::uint32_t> pixels);
 
     // Where it stands, in the display's own pixels.
     [[nodiscard]] ScreenRectangle Rectangle() const;
@@ -73,6 +73,7 @@ public:
     void ShowPicture(Long width, Long height, std::span<const std::uint32_t> pixels) override;
     [[nodiscard]] WindowPlace Place() const override;
     [[nodiscard]] ScreenSize Screen() const override;
+    [[nodiscard]] InnerSize RoomFor(const View& view) const override;
     [[nodiscard]] InnerSize LargestInnerSize() const override;
     [[nodiscard]] WindowHandle Handle() const override;
     [[nodiscard]] WindowHandle PictureHandle() const override;
@@ -84,6 +85,7 @@ protected:
     void closeEvent(QCloseEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
     bool eventFilter(QObject* receiver, QEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;

@@ -52,6 +52,9 @@ MenuBar::MenuBar() {
 bool MenuBar::event(QEvent* event) {
     if (event->type() == QEvent::Shortcut) {
         const QKeySequence& letter = static_cast<QShortcutEvent*>(event)->key();
+        if (IsRepeated(letter)) {
+            return true;
+        }
         if (IsOfSeveral(letter)) {
             GoToNextOf(letter);
             return true;
@@ -62,11 +65,15 @@ bool MenuBar::event(QEvent* event) {
     return QMenuBar::event(event);
 }
 
-// Of the whole application. A key that is held repeats as presses that look like others.
+// Of the whole application. A key that is held repeats as presses that look like others, until it
+// is let go. A menu that closes may swallow that; then another key that is pressed ends it, as it
+// does on the keyboard.
 bool MenuBar::eventFilter(QObject* receiver, QEvent* event) {
-    if (event->type() == QEvent::KeyRelease) {
+    const bool down = event->type() == QEvent::KeyPress;
+    if (!held_.isEmpty() && (down || event->type() == QEvent::KeyRelease)) {
         const auto& key = *static_cast<QKeyEvent*>(event);
-        if (!key.isAutoRepeat() && !held_.isEmpty() && held_[0].key() == key.key()) {
+        const bool isHeld = held_[0].key() == key.key();
+        if (down ? !isHeld && key.key() != Qt::Key_Alt : isHeld && !key.isAutoRepeat()) {
             held_ = {};
         }
     }
@@ -85,7 +92,9 @@ void MenuBar::keyPressEvent(QKeyEvent* event) {
     const QKeySequence pressed(event->keyCombination());
     const bool menuIsOpen = QApplication::activePopupWidget() != nullptr;
     if (IsOfSeveral(pressed)) {
-        GoToNextOf(pressed);
+        if (!IsRepeated(pressed)) {
+            GoToNextOf(pressed);
+        }
     } else if (menuIsOpen && (event->key() == Qt::Key_Left || event->key() == Qt::Key_Right)) {
         GoToMenu(event->key() == Qt::Key_Left ? -1 : 1);
     } else if (stopped_ && event->key() == Qt::Key_Escape) {
@@ -120,10 +129,11 @@ bool MenuBar::IsOfSeveral(const QKeySequence& letter) const {
                          [&](const QAction* item) { return IsOf(*item, letter); }) > 1;
 }
 
+bool MenuBar::IsRepeated(const QKeySequence& letter) {
+    return std::exchange(held_, letter) == letter;
+}
+
 void MenuBar::GoToNextOf(const QKeySequence& letter) {
-    if (std::exchange(held_, letter) == letter) {
-        return;
-    }
     QList<QAction*> items = actions();
     items.removeIf([&](const QAction* item) { return !item->isEnabled() || !IsOf(*item, letter); });
     if (items.isEmpty()) {

@@ -4,8 +4,8 @@
 //
 // A lone Alt does nothing, and a menu that closes leaves nothing of itself, so that the arrow keys
 // stay with the picture. Left and Right go from an open menu to the next one. An access letter that
-// several items have goes from one of them to the next, once for each press: it opens a menu, but
-// runs nothing; Return does.
+// several items have goes from one of them to the next: it opens a menu, but runs nothing; Return
+// does. A letter that is held counts once.
 #pragma once
 
 #include <QKeySequence>
@@ -28,6 +28,8 @@ protected:
 
 private:
     [[nodiscard]] bool IsOfSeveral(const QKeySequence& letter) const;
+    // Notes it as held.
+    [[nodiscard]] bool IsRepeated(const QKeySequence& letter);
     void GoToNextOf(const QKeySequence& letter);
     void GoToMenu(int step);
     void Open(QAction& menu);
@@ -35,7 +37,7 @@ private:
     void Close();
     void Leave();
 
-    QKeySequence held_;          // a letter of several that is still down
+    QKeySequence held_;          // a letter that is still down
     bool stopped_ = false;       // at an item that has no menu, with the focus
     QPointer<QWidget> focused_;  // before that
 };

@@ -13,7 +13,7 @@ namespace {
 
 // One line of the view, every pixel as wide as the picture is stretched.
 void StretchLine(std::span<const std::uint32_t> line, std::uint32_t* into, const PictureFit& fit) {
-    const std::int32_t times = fit.width / kViewWidth;
+    const std::int32_t times = fit.width / fit.view.width;
     if (times > 0) {
         for (const std::uint32_t pixel : line) {
             into = std::fill_n(into, times, pixel);
@@ -31,11 +31,10 @@ QImage InPixelsOfTheScreen(std::int32_t width, std::int32_t height,
     const auto length = [ratio](std::int32_t own) {
         return std::max(static_cast<std::int32_t>(std::lround(own * ratio)), 1);
     };
-    const auto under = [](std::int32_t pixel, std::int32_t own, std::int32_t all) {
-        return static_cast<std::size_t>(PictureFit::Under(pixel, all, own));
+    const auto under = [](std::int32_t pixel, std::int32_t own, std::int32_t shown) {
+        return static_cast<std::size_t>(PictureFit::Under(pixel, shown, own));
     };
     QImage image(length(width), length(height), QImage::Format_RGB32);
-    image.setDevicePixelRatio(ratio);
     if (width < 1 || height < 1) {
         image.fill(Qt::black);
         return image;
@@ -56,6 +55,32 @@ QImage InPixelsOfTheScreen(std::int32_t width, std::int32_t height,
     return image;
 }
 
+// A length of the window's is so many pixels of the screen, or fewer: the toolkit rounds.
+std::int32_t PixelsAtMost(std::int32_t length, double ratio) {
+    return static_cast<std::int32_t>(std::ceil((length + 0.5) * ratio)) - 1;
+}
+
+// At a size that may be there, although the window's own says that a pixel is missing.
+PictureFit FitOnScreen(std::int32_t width, std::int32_t height, double ratio, const View& view) {
+    PictureFit fit = PictureFit::In(PixelsAtMost(width, ratio), PixelsAtMost(height, ratio), view);
+    const auto before = [ratio](std::int32_t length, std::int32_t picture) {
+        const auto box = static_cast<std::int32_t>(std::lround(length * ratio));
+        return std::max(box - picture, 0) / 2;
+    };
+    fit.left = before(width, fit.width);
+    fit.top = before(height, fit.height);
+    return fit;
+}
+
+// The painter counts in pixels of the screen from now on. A widget may begin within one: the one
+// that is painted first is the first of all then.
+void CountPixelsOfTheScreen(QPainter& painter) {
+    const QTransform screen = painter.deviceTransform();
+    const QTransform whole = QTransform::fromTranslate(std::round(screen.dx()),  //
+                                                       std::round(screen.dy()));
+    painter.setWorldTransform(whole * screen.inverted());
+}
+
 }  // namespace
 
 PictureWidget::PictureWidget(QWidget* parent) : QWidget(parent) {
@@ -64,7 +89,8 @@ PictureWidget::PictureWidget(QWidget* parent) : QWidget(parent) {
     setMinimumSize(1, 1);
 }
 
-HRESULT PictureWidget::Show(std::span<const std::uint32_t> pixels) {
+HRESULT PictureWidget::Show(const View& view, std::span<const std::uint32_t> pixels) {
+    size_ = view;
     view_.assign(pixels.begin(), pixels.end());
     Stretch();
     repaint();
@@ -72,6 +98,7 @@ HRESULT PictureWidget::Show(std::span<const std::uint32_t> pixels) {
 }
 
 void PictureWidget::TakeOver(const PictureWidget& other) {
+    size_ = other.size_;
     view_ = other.view_;
     Stretch();
     update();
@@ -124,14 +151,14 @@ void PictureWidget::mouseReleaseEvent(QMouseEvent* event) {
 
 // Two lines, a dark one and a light one, so that it is seen on every picture.
 void PictureWidget::PaintSelection(QPainter& painter) const {
-    const double ratio = devicePixelRatioF();
     const QRectF frame(
-        QPointF(fit_.BoxX(selection_->left), fit_.BoxY(selection_->top)) / ratio,
-        QPointF(fit_.BoxX(selection_->right) - 1, fit_.BoxY(selection_->bottom) - 1) / ratio);
+        QPointF(fit_.BoxX(selection_->left), fit_.BoxY(selection_->top)),
+        QPointF(fit_.BoxX(selection_->right) - 1, fit_.BoxY(selection_->bottom) - 1));
+    const double width = devicePixelRatioF();
     painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen(Qt::black, 1));
+    painter.setPen(QPen(Qt::black, width));
     painter.drawRect(frame);
-    painter.setPen(QPen(Qt::yellow, 1, Qt::DashLine));
+    painter.setPen(QPen(Qt::yellow, width, Qt::DashLine));
     painter.drawRect(frame);
 }
 
@@ -140,17 +167,14 @@ void PictureWidget::resizeEvent(QResizeEvent* /*event*/) {
 }
 
 void PictureWidget::Stretch() {
-    const double ratio = devicePixelRatioF();
-    const auto boxWidth = static_cast<std::int32_t>(std::lround(width() * ratio));
-    const auto boxHeight = static_cast<std::int32_t>(std::lround(height() * ratio));
-    fit_ = PictureFit::In(boxWidth, boxHeight);
+    fit_ = FitOnScreen(width(), height(), devicePixelRatioF(), size_);
     if (view_.empty() || fit_.width < 1 || fit_.height < 1) {
         return;
     }
     if (stretched_.width() != fit_.width || stretched_.height() != fit_.height) {
         stretched_ = QImage(fit_.width, fit_.height, QImage::Format_RGB32);
     }
-    stretched_.setDevicePixelRatio(ratio);
+    const auto width = static_cast<std::size_t>(size_.width);
     std::int32_t lastRow = -1;
     for (std::int32_t y = 0; y < fit_.height; ++y) {
         auto* const into = reinterpret_cast<std::uint32_t*>(stretched_.scanLine(y));
@@ -161,38 +185,40 @@ void PictureWidget::Stretch() {
             continue;
         }
         lastRow = row;
-        StretchLine(
-            std::span(view_).subspan(
-                static_cast<std::size_t>(row) * static_cast<std::size_t>(kViewWidth), kViewWidth),
-            into, fit_);
+        StretchLine(std::span(view_).subspan(static_cast<std::size_t>(row) * width, width), into,
+                    fit_);
     }
 }
 
-void PictureWidget::paintEvent(QPaintEvent* event) {
+void PictureWidget::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     painter.setCompositionMode(QPainter::CompositionMode_Source);
+    CountPixelsOfTheScreen(painter);
+    QRect picture;
     if (!own_.isNull()) {
-        painter.fillRect(event->rect(), Qt::black);
-        painter.drawImage(QPoint(), own_);
-        return;
+        picture = QRect(QPoint(), own_.size());
+        painter.drawImage(picture.topLeft(), own_);
+    } else if (!view_.empty() && fit_.width > 0 && fit_.height > 0) {
+        picture = QRect(fit_.left, fit_.top, fit_.width, fit_.height);
+        painter.drawImage(picture.topLeft(), stretched_);
     }
-    if (view_.empty() || fit_.width < 1 || fit_.height < 1) {
-        painter.fillRect(event->rect(), Qt::black);
-        return;
-    }
-    const double ratio = devicePixelRatioF();
-    const QRectF picture(fit_.left / ratio, fit_.top / ratio, fit_.width / ratio,
-                         fit_.height / ratio);
-    if (picture != QRectF(rect())) {
-        const QRegion around = QRegion(rect()).subtracted(QRegion(picture.toAlignedRect()));
-        for (const QRect& strip : around) {
-            painter.fillRect(strip, Qt::black);
-        }
-    }
-    painter.drawImage(picture.topLeft(), stretched_);
-    if (selection_) {
+    PaintAround(painter, picture);
+    if (own_.isNull() && selection_) {
         PaintSelection(painter);
     }
+}
+
+// Black. Beyond the widget nothing is painted; where it begins within a pixel, it has one more.
+void PictureWidget::PaintAround(QPainter& painter, const QRect& picture) const {
+    const double ratio = devicePixelRatioF();
+    const QRect all(0, 0, PixelsAtMost(width(), ratio) + 1, PixelsAtMost(height(), ratio) + 1);
+    const QRect shown = picture & all;
+    const int right = shown.x() + shown.width();
+    const int bottom = shown.y() + shown.height();
+    painter.fillRect(0, 0, all.width(), shown.y(), Qt::black);
+    painter.fillRect(0, shown.y(), shown.x(), shown.height(), Qt::black);
+    painter.fillRect(right, shown.y(), all.width() - right, shown.height(), Qt::black);
+    painter.fillRect(0, bottom, all.width(), all.height() - bottom, Qt::black);
 }
 
 }  // namespace scenara

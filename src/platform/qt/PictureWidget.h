@@ -16,6 +16,7 @@
 #include <vector>
 
 #include "platform/PictureFit.h"
+#include "platform/View.h"
 #include "platform/ViewFrame.h"
 #include "platform/soft/PictureSink.h"
 
@@ -27,7 +28,7 @@ class PictureWidget : public QWidget, public PictureSink {
 public:
     explicit PictureWidget(QWidget* parent);
 
-    HRESULT Show(std::span<const std::uint32_t> pixels) override;
+    HRESULT Show(const View& view, std::span<const std::uint32_t> pixels) override;
 
     // A picture of its own, from the upper left corner, until EndOwn. As the window is, it is
     // measured in the toolkit's pixels: on a screen that has several of its own to one of those, it
@@ -56,9 +57,11 @@ protected:
 
 private:
     void Stretch();
+    void PaintAround(QPainter& painter, const QRect& picture) const;
     void PaintSelection(QPainter& painter) const;
     void Tell(Mouse what, const QMouseEvent& event) const;
 
+    View size_;
     std::vector<std::uint32_t> view_;  // what was shown last; empty: nothing yet
     QImage stretched_;
     PictureFit fit_;

@@ -7,6 +7,7 @@
 #include <QUrl>
 
 #include "base/Text.h"
+#include "platform/Form.h"
 #include "platform/qt/Questions.h"
 
 namespace scenara {
@@ -53,7 +54,7 @@ std::string QtDialogs::OpenFile(const std::string& title, const std::string& ini
 
 std::string QtDialogs::InputBox(const std::string& prompt) {
     QInputDialog dialog(questions_.Owner());
-    dialog.setWindowTitle(Shown(title_));
+    dialog.setWindowTitle(Shown(form_.title));
     dialog.setLabelText(Shown(prompt));
     const bool taken = questions_.Ask(dialog) == QDialog::Accepted;
     return taken ? dialog.textValue().toStdString() : std::string();

@@ -4,7 +4,6 @@
 #pragma once
 
 #include <string>
-#include <utility>
 
 #include "platform/Dialogs.h"
 
@@ -13,12 +12,13 @@ class QFileDialog;
 namespace scenara {
 
 class Questions;
+struct Form;
 
 class QtDialogs : public Dialogs {
 public:
-    // `questions` outlives it; those without a title of their own carry `title`.
-    QtDialogs(Questions& questions, std::string title)
-        : questions_(questions), title_(std::move(title)) {}
+    // Those without a title of their own carry the program's, as `form` has it at that time. Both
+    // outlive it.
+    QtDialogs(Questions& questions, const Form& form) : questions_(questions), form_(form) {}
 
     std::string BrowseForFolder(const std::string& prompt) override;
     std::string OpenFile(const std::string& title, const std::string& initialFolder) override;
@@ -29,7 +29,7 @@ private:
     std::string Choose(QFileDialog& dialog);
 
     Questions& questions_;
-    std::string title_;
+    const Form& form_;
 };
 
 }  // namespace scenara

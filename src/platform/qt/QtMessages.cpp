@@ -7,6 +7,7 @@
 #include <iostream>
 
 #include "base/Text.h"
+#include "platform/Form.h"
 #include "platform/qt/Questions.h"
 
 namespace scenara {
@@ -58,7 +59,7 @@ void QtMessages::ShowBox(QMessageBox& box, const Message& message) {
 void QtMessages::Fill(QMessageBox& box, const Message& message) const {
     box.setIcon(IconOf(message.icon));
     box.setWindowTitle(
-        QString::fromStdString(ToUtf8(message.title.empty() ? title_ : message.title)));
+        QString::fromStdString(ToUtf8(message.title.empty() ? form_.title : message.title)));
     // What stands in a file is text and no markup.
     box.setTextFormat(Qt::PlainText);
     box.setText(QString::fromStdString(ToUtf8(message.text)));

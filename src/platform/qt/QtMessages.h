@@ -5,7 +5,6 @@
 #pragma once
 
 #include <string>
-#include <utility>
 
 #include "platform/Messages.h"
 
@@ -14,12 +13,13 @@ class QMessageBox;
 namespace scenara {
 
 class Questions;
+struct Form;
 
 class QtMessages : public Messages {
 public:
-    // Boxes without a title of their own carry `title`; `questions` outlives it.
-    QtMessages(Questions& questions, std::string title)
-        : questions_(questions), title_(std::move(title)) {}
+    // Boxes without a title of their own carry the program's, as `form` has it at that time. Both
+    // outlive it.
+    QtMessages(Questions& questions, const Form& form) : questions_(questions), form_(form) {}
 
     void Show(const Message& message) override;
     bool ShowWithOffer(const Message& message, const std::string& offer) override;
@@ -29,7 +29,7 @@ private:
     void ShowBox(QMessageBox& box, const Message& message);
 
     Questions& questions_;
-    std::string title_;
+    const Form& form_;
 };
 
 }  // namespace scenara

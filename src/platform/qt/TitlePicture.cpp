@@ -8,13 +8,13 @@
 #include <QPolygonF>
 #include <cmath>
 
-#include "platform/Direct3D8.h"
+#include "platform/View.h"
 
 namespace scenara {
 namespace {
 
-constexpr int kWidth = kViewWidth;
-constexpr int kHeight = kViewHeight;
+constexpr int kWidth = View().width;
+constexpr int kHeight = View().height;
 
 // A range of hills whose tops lie about `height`; each layer nearer is darker, as on a stage.
 void DrawHills(QPainter& painter, double height, double swing, double length, double shift,

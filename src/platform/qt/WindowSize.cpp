@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/qt/WindowSize.h"
 
+#include <QGuiApplication>
 #include <QWidget>
 #include <QWindow>
 
@@ -38,10 +39,28 @@ void WindowSize::AskForPlace(const QPoint& place) {
     }
 }
 
+void WindowSize::Came() {
+    patience_.stop();
+    if (!FillsTheScreen()) {
+        free_ = window_.size();
+    }
+}
+
+// A Wayland compositor leaves the size to the program then. The toolkit has forgotten it where the
+// window was hidden in between.
+void WindowSize::StateCame() {
+    if (QGuiApplication::platformName().startsWith("wayland") && free_.isValid()) {
+        Ask(free_);
+    }
+}
+
+bool WindowSize::FillsTheScreen() const {
+    return window_.isMaximized() || window_.isFullScreen();
+}
+
 // A hidden one is covered by the full screen.
 bool WindowSize::MayBeAsked() const {
-    return window_.isVisible() && !window_.isMaximized() && !window_.isFullScreen() &&
-           !IsTiled(*window_.windowHandle());
+    return window_.isVisible() && !FillsTheScreen() && !IsTiled(*window_.windowHandle());
 }
 
 }  // namespace scenara

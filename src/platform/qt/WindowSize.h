@@ -25,7 +25,9 @@ public:
     void AskForPlace(const QPoint& place);
 
     // The window has got a size.
-    void Came() { patience_.stop(); }
+    void Came();
+    // The window has got another state.
+    void StateCame();
 
     // Whether an answer may still come.
     [[nodiscard]] bool IsAwaited() const { return patience_.isActive(); }
@@ -33,7 +35,10 @@ public:
 private:
     [[nodiscard]] bool MayBeAsked() const;
 
+    [[nodiscard]] bool FillsTheScreen() const;
+
     QWidget& window_;
+    QSize free_;  // what it had last when it did not fill the screen
     QTimer patience_;
 };
 

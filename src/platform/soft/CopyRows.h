@@ -14,17 +14,18 @@
 namespace scenara::soft {
 
 // A rectangle of texels that all lie in the texture and what it is drawn to, which lies in the
-// view.
+// back buffer.
 struct TexelRows {
     const std::uint32_t* lines = nullptr;  // the first line, from the texture's column 0
     std::ptrdiff_t linePitch = 0;          // words to the next line that is drawn; may be negative
     const std::uint8_t* bits = nullptr;    // the coverage of the first line; MaskRows needs it
     std::ptrdiff_t bitPitch = 0;           // bytes to the next line that is drawn
     std::int32_t column = 0;               // the rectangle's first
-    std::int32_t width = 0;                // 1 to kViewWidth
-    std::int32_t height = 0;               // 1 to kViewHeight
+    std::int32_t width = 0;                // 1 to kMostRun
+    std::int32_t height = 0;               // 1 or more
     bool mirrored = false;                 // the last column is drawn first
-    std::uint32_t* destination = nullptr;  // the first pixel; lines are kViewWidth apart
+    std::uint32_t* destination = nullptr;  // the first pixel
+    std::ptrdiff_t pitch = 0;              // words from one line of pixels to the next
 };
 
 // The code paths, slowest first. All draw the same.

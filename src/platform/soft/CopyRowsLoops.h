@@ -22,9 +22,9 @@
 #include <cstdint>
 #include <cstring>
 
-#include "platform/Direct3D8.h"
 #include "platform/soft/CopyRows.h"
 #include "platform/soft/Coverage.h"
+#include "platform/soft/Texels.h"
 
 namespace scenara::soft::rows {
 
@@ -44,7 +44,7 @@ struct Line {
         : texels(rows.lines + (y * rows.linePitch + rows.column)),
           ahead(texels + FetchDistance(rows, y)),
           pixels(rows.destination +
-                 (std::ptrdiff_t{y} * kViewWidth + (kMirrored ? rows.width - kBlockTexels : 0))) {}
+                 (y * rows.pitch + (kMirrored ? rows.width - kBlockTexels : 0))) {}
 
     template <typename Blocks>
     [[gnu::always_inline]] void Copy(std::ptrdiff_t begin) const {
@@ -137,7 +137,7 @@ private:
     static constexpr std::array<std::int32_t, static_cast<std::size_t>(3 * kBlockTexels)> kLanes = {
         0, 0, 0, 0, 0, 0, 0, 0, -1, -1, -1, -1, -1, -1, -1, -1, 0, 0, 0, 0, 0, 0, 0, 0};
 
-    static constexpr std::size_t kMost = kViewWidth / kBlockTexels + 1;
+    static constexpr std::size_t kMost = kMostRun / kBlockTexels + 1;
     static_assert(kMost + 7 <= 64 && Coverage::kReadBeyond >= 8, "all fit in a word");
 
     std::array<std::int32_t, kMost> begins_{};  // as many as `mask_` has bits

@@ -3,7 +3,6 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "platform/Direct3D8.h"
 #include "platform/soft/CopyRowsPaths.h"
 
 namespace scenara::soft::rows {
@@ -14,8 +13,7 @@ constexpr std::uint32_t kTopBit = 0x80000000;
 template <typename DrawLine>
 void ForEachLine(const TexelRows& rows, DrawLine drawLine) {
     for (std::int32_t y = 0; y < rows.height; ++y) {
-        drawLine(rows.lines + y * rows.linePitch + rows.column,
-                 rows.destination + static_cast<std::ptrdiff_t>(y) * kViewWidth);
+        drawLine(rows.lines + y * rows.linePitch + rows.column, rows.destination + y * rows.pitch);
     }
 }
 

@@ -7,6 +7,7 @@
 #include <span>
 
 #include "platform/Direct3D8.h"
+#include "platform/View.h"
 
 namespace scenara {
 
@@ -17,9 +18,9 @@ public:
     PictureSink& operator=(const PictureSink&) = delete;
     virtual ~PictureSink() = default;
 
-    // kViewWidth x kViewHeight pixels, line by line, of which the top byte is nobody's. They are
-    // the device's own and hold until this returns, which is what Present answers.
-    virtual HRESULT Show(std::span<const std::uint32_t> pixels) = 0;
+    // The pixels of a view, line by line, of which the top byte has no meaning. They are the
+    // device's own and hold until this returns, which is what Present answers.
+    virtual HRESULT Show(const View& view, std::span<const std::uint32_t> pixels) = 0;
 };
 
 }  // namespace scenara

@@ -81,7 +81,7 @@ bool WrittenLines::IsVisible(std::int32_t texelLine) const {
 TexelRows WrittenLines::Rows(std::int32_t count) const {
     TexelRows rows;
     rows.lines = texels_.data();
-    rows.linePitch = kViewWidth;
+    rows.linePitch = kMostRun;
     if (coverage_.WhatKind() == Coverage::Kind::Masked) {
         rows.bits = bits_.data();
         rows.bitPitch = kLineBytes;

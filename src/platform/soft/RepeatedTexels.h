@@ -53,7 +53,8 @@ void ForEachRepeat(WholeRun run, std::int32_t texels, Draw draw) {
 // A quad as lines that are as long as it is.
 class WrittenLines {
 public:
-    // The runs lie in the view and are not empty; the others outlive the lines.
+    // The runs lie in the view, are not empty and no longer across than kMostRun; the others
+    // outlive the lines.
     WrittenLines(const Texels& texture, const Coverage& coverage, const WholeRun& columns,
                  const WholeRun& lines);
 
@@ -76,10 +77,10 @@ public:
 
 private:
     static constexpr std::int32_t kMostLines = 16;
-    static constexpr std::ptrdiff_t kLineBytes = kViewWidth / kBlockTexels / 8 + 1;
+    static constexpr std::ptrdiff_t kLineBytes = kMostRun / kBlockTexels / 8 + 1;
 
     [[nodiscard]] std::uint32_t* LineAt(std::int32_t line) {
-        return texels_.data() + std::ptrdiff_t{line} * kViewWidth;
+        return texels_.data() + std::ptrdiff_t{line} * kMostRun;
     }
     [[nodiscard]] std::uint8_t* BitsAt(std::int32_t line) {
         return bits_.data() + std::ptrdiff_t{line} * kLineBytes;
@@ -97,7 +98,7 @@ private:
     std::int32_t blockLines_;
 
     // NOLINTBEGIN(*-member-init): written as needed
-    std::array<std::uint32_t, std::size_t{kMostLines} * kViewWidth> texels_;
+    std::array<std::uint32_t, std::size_t{kMostLines} * kMostRun> texels_;
     std::array<std::uint8_t, kMostLines * kLineBytes + Coverage::kReadBeyond> bits_;
     // NOLINTEND(*-member-init)
 };

@@ -54,30 +54,38 @@ bool LiesWithin(std::int64_t start, std::int64_t length, std::int64_t size) {
     return start >= 0 && length > 0 && start + length <= size;
 }
 
-bool IsSizeOf(std::uint32_t size, std::int32_t view) {
-    return size == 0 || size == static_cast<std::uint32_t>(view);
-}
-
 }  // namespace
 
 HRESULT CheckPresentParameters(const D3DPRESENT_PARAMETERS& parameters) {
     const bool valid = parameters.Windowed == 1 && parameters.SwapEffect == D3DSWAPEFFECT_COPY &&
                        parameters.BackBufferFormat == D3DFMT_X8R8G8B8 &&
-                       IsSizeOf(parameters.BackBufferWidth, kViewWidth) &&
-                       IsSizeOf(parameters.BackBufferHeight, kViewHeight);
+                       parameters.BackBufferWidth <= kLargestBackBuffer &&
+                       parameters.BackBufferHeight <= kLargestBackBuffer;
     return valid ? D3D_OK : D3DERR_INVALIDCALL;
 }
 
-SoftDevice::SoftDevice(std::shared_ptr<TextureMemory> memory, PictureSink* sink)
-    : memory_(std::move(memory)),
-      sink_(sink),
-      picture_(std::make_unique<Picture>()),
-      backBuffer_(std::make_shared<SoftSurface>(picture_->pixels, kViewWidth, kViewHeight)) {
-    Blacken();
+SoftDevice::SoftDevice(std::shared_ptr<TextureMemory> memory, PictureSink* sink,
+                       const D3DPRESENT_PARAMETERS& parameters)
+    : memory_(std::move(memory)), sink_(sink) {
+    MakeBackBuffer(parameters);
 }
 
-void SoftDevice::Blacken() {
-    std::ranges::fill(picture_->pixels, kOpaqueBlack);
+// Black.
+void SoftDevice::MakeBackBuffer(const D3DPRESENT_PARAMETERS& parameters) {
+    const auto sizeOf = [](std::uint32_t wanted, Long designed) {
+        return wanted == 0 ? designed : static_cast<std::int32_t>(wanted);
+    };
+    const std::int32_t width = sizeOf(parameters.BackBufferWidth, View().width);
+    const std::int32_t height = sizeOf(parameters.BackBufferHeight, View().height);
+    if (width != target_.width || height != target_.height) {
+        const std::size_t count =
+            static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
+        constexpr std::size_t kWords = std::tuple_size_v<decltype(Pixels::words)>;
+        picture_ = std::vector<Pixels>((count + kWords - 1) / kWords);
+        target_ = {{picture_.front().words.data(), count}, width, height};
+        backBuffer_ = std::make_shared<SoftSurface>(target_.pixels, width, height);
+    }
+    std::ranges::fill(target_.pixels, kOpaqueBlack);
 }
 
 std::shared_ptr<Direct3DTexture8> SoftDevice::CreateTexture(const TextureParameters& parameters) {
@@ -156,13 +164,13 @@ HRESULT SoftDevice::DrawPrimitiveUP(std::uint32_t primitiveType, std::uint32_t p
 
 void SoftDevice::DrawStrip(std::span<const Vertex> corners) {
     if (states_.texture == nullptr) {
-        soft::DrawStrip(picture_->pixels, states_.pixels, nullptr, corners);
+        soft::DrawStrip(target_, states_.pixels, nullptr, corners);
         return;
     }
     const soft::Texels texels = states_.texture->Pixels();
-    if (!soft::DrawWholeQuad(picture_->pixels, states_.pixels, texels,
-                             states_.texture->PixelCoverage(), corners)) {
-        soft::DrawStrip(picture_->pixels, states_.pixels, &texels, corners);
+    if (!soft::DrawWholeQuad(target_, states_.pixels, texels, states_.texture->PixelCoverage(),
+                             corners)) {
+        soft::DrawStrip(target_, states_.pixels, &texels, corners);
     }
 }
 
@@ -218,7 +226,7 @@ HRESULT SoftDevice::Present() {
     if (states_.inScene) {
         return D3DERR_INVALIDCALL;
     }
-    return sink_ == nullptr ? D3D_OK : sink_->Show(picture_->pixels);
+    return sink_ == nullptr ? D3D_OK : sink_->Show(Size(), target_.pixels);
 }
 
 HRESULT SoftDevice::TestCooperativeLevel() {
@@ -239,7 +247,7 @@ HRESULT SoftDevice::Reset(const D3DPRESENT_PARAMETERS& parameters) {
     }
     states_ = States{};
     condition_ = Condition::Usable;
-    Blacken();
+    MakeBackBuffer(parameters);
     return D3D_OK;
 }
 

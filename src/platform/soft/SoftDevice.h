@@ -20,8 +20,10 @@
 #include <cstdint>
 #include <memory>
 #include <span>
+#include <vector>
 
 #include "platform/Direct3D8.h"
+#include "platform/View.h"
 #include "platform/soft/Blend.h"
 #include "platform/soft/PictureSink.h"
 #include "platform/soft/SoftSurface.h"
@@ -31,8 +33,12 @@
 
 namespace scenara {
 
-// D3D_OK when a device can present so: in a window, by copying, the view's size or the window's
-// (0), in the one format that there is. D3DERR_INVALIDCALL otherwise.
+// The largest back buffer's width and height.
+inline constexpr std::uint32_t kLargestBackBuffer = 4096;
+
+// D3D_OK when a device can present so: in a window, by copying, a size up to the largest or none
+// (0: that of a View as it is designed), in the one format that there is. D3DERR_INVALIDCALL
+// otherwise.
 [[nodiscard]] HRESULT CheckPresentParameters(const D3DPRESENT_PARAMETERS& parameters);
 
 class SoftDevice : public Direct3DDevice8 {
@@ -40,7 +46,7 @@ public:
     // `memory` is kept by whoever wants the next device to find it filled. `sink` must outlive the
     // device; without one Present shows nothing and succeeds.
     explicit SoftDevice(std::shared_ptr<TextureMemory> memory = std::make_shared<TextureMemory>(),
-                        PictureSink* sink = nullptr);
+                        PictureSink* sink = nullptr, const D3DPRESENT_PARAMETERS& parameters = {});
 
     // Sizes outside 1 to 32767 raise RunTimeError "Overflow".
     [[nodiscard]] std::shared_ptr<Direct3DTexture8> CreateTexture(
@@ -69,9 +75,10 @@ public:
     [[nodiscard]] HRESULT TestCooperativeLevel() override;
     [[nodiscard]] HRESULT Reset(const D3DPRESENT_PARAMETERS& parameters) override;
 
-    // kViewWidth x kViewHeight pixels, line by line, of which the top byte is nobody's.
-    [[nodiscard]] std::span<const std::uint32_t> BackBuffer() const { return picture_->pixels; }
-    [[nodiscard]] std::span<std::uint32_t> BackBuffer() { return picture_->pixels; }
+    // Line by line, of which the top byte has no meaning.
+    [[nodiscard]] std::span<const std::uint32_t> BackBuffer() const { return target_.pixels; }
+    [[nodiscard]] std::span<std::uint32_t> BackBuffer() { return target_.pixels; }
+    [[nodiscard]] View Size() const { return {target_.width, target_.height}; }
 
     // From now on it is lost.
     void Lose() { condition_ = Condition::Lost; }
@@ -89,17 +96,18 @@ private:
         bool inScene = false;
     };
 
-    // Begins at a cache line, as every line of it then does.
-    struct alignas(64) Picture {
-        std::array<std::uint32_t, soft::kViewPixels> pixels;
+    // Begins at a cache line, and so does every line of one that is a whole number of them wide.
+    struct alignas(64) Pixels {
+        std::array<std::uint32_t, 16> words;
     };
 
-    void Blacken();
+    void MakeBackBuffer(const D3DPRESENT_PARAMETERS& parameters);
     void DrawStrip(std::span<const Vertex> corners);
 
     std::shared_ptr<TextureMemory> memory_;
     PictureSink* sink_;
-    std::unique_ptr<Picture> picture_;
+    std::vector<Pixels> picture_;
+    soft::Target target_;                      // the same pixels
     std::shared_ptr<SoftSurface> backBuffer_;  // the same pixels
     States states_;
     Condition condition_ = Condition::Usable;

@@ -16,8 +16,8 @@ constexpr D3DDISPLAYMODE kDisplayMode{1024, 768, 60, D3DFMT_X8R8G8B8};
 
 class MachineDevice final : public SoftDevice {
 public:
-    explicit MachineDevice(Parts parts)
-        : SoftDevice(parts->memory, parts->sink), parts_(std::move(parts)) {
+    MachineDevice(Parts parts, const D3DPRESENT_PARAMETERS& parameters)
+        : SoftDevice(parts->memory, parts->sink, parameters), parts_(std::move(parts)) {
         parts_->device = this;
     }
     MachineDevice(const MachineDevice&) = delete;
@@ -59,7 +59,7 @@ public:
         }
         const HRESULT result = CheckPresentParameters(parameters);
         if (!Failed(result)) {
-            device = std::make_unique<MachineDevice>(parts_);
+            device = std::make_unique<MachineDevice>(parts_, parameters);
         }
         return result;
     }
@@ -126,7 +126,7 @@ public:
             return D3DERR_DEVICELOST;
         }
         DrawSoftText(deviceFont->Font(), color, text, rectangle, format, device.BackBuffer(),
-                     kViewWidth, kViewHeight);
+                     device.Size().width, device.Size().height);
         return D3D_OK;
     }
 

@@ -1,21 +1,27 @@
 // SPDX-License-Identifier: MIT
 //
-// What drawing sees: the pixels of a texture, and those of the view.
+// What drawing sees: the pixels of a texture, and those of the back buffer.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
 #include <span>
 
-#include "platform/Direct3D8.h"
-
 namespace scenara::soft {
 
-inline constexpr std::size_t kViewPixels =
-    static_cast<std::size_t>(kViewWidth) * static_cast<std::size_t>(kViewHeight);
+// The back buffer, line by line without a gap.
+struct Target {
+    std::span<std::uint32_t> pixels;
+    std::int32_t width = 0;
+    std::int32_t height = 0;
 
-// The back buffer, line by line.
-using View = std::span<std::uint32_t, kViewPixels>;
+    [[nodiscard]] std::uint32_t* PixelAt(std::int32_t x, std::int32_t y) const {
+        return pixels.data() + (std::ptrdiff_t{y} * width + x);
+    }
+};
+
+// The longest stretch of a line that is drawn at a time; what is wider is drawn in several.
+inline constexpr std::int32_t kMostRun = 448;
 
 // Line y starts at word y * pitch; what lies behind `width` is never looked at.
 struct Texels {

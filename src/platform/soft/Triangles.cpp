@@ -48,7 +48,7 @@ struct PixelRun {
 // The triangle's outline on the screen. It runs clockwise, so an edge that goes up is a left one.
 class Outline {
 public:
-    explicit Outline(const std::array<Point, 3>& corners) {
+    Outline(const std::array<Point, 3>& corners, const Target& target) : width_(target.width) {
         for (std::size_t i = 0; i < 3; ++i) {
             const Point from = corners[i];
             const Point to = corners[(i + 1) % 3];
@@ -59,15 +59,15 @@ public:
             }
         }
         const auto [top, bottom] = std::minmax({corners[0].y, corners[1].y, corners[2].y});
-        rows_ = {FirstPixel(top, kViewHeight), FirstPixel(bottom, kViewHeight)};
+        rows_ = {FirstPixel(top, target.height), FirstPixel(bottom, target.height)};
     }
 
     [[nodiscard]] PixelRun Rows() const { return rows_; }
 
     // The pixels of the line whose centres have this y, one of Rows().
     [[nodiscard]] PixelRun Pixels(double y) const {
-        return {FirstPixel(CutOf(left_, leftCount_, y), kViewWidth),
-                FirstPixel(CutOf(right_, rightCount_, y), kViewWidth)};
+        return {FirstPixel(CutOf(left_, leftCount_, y), width_),
+                FirstPixel(CutOf(right_, rightCount_, y), width_)};
     }
 
 private:
@@ -80,6 +80,7 @@ private:
     std::array<Edge, 2> right_;
     std::size_t leftCount_ = 0;
     std::size_t rightCount_ = 0;
+    std::int32_t width_;
     PixelRun rows_;
 };
 
@@ -193,10 +194,10 @@ public:
         }
     }
 
-    // Draws pixels of the view's line y, the first of which is pixel x.
+    // Draws pixels of the line y, kMostRun at most, the first of which is pixel x.
     void DrawRow(std::span<std::uint32_t> pixels, std::int32_t x, double y) const {
         const Point first{x + 0.5, y};
-        std::array<std::uint32_t, kViewWidth> buffer;  // NOLINT(*-member-init): filled as needed
+        std::array<std::uint32_t, kMostRun> buffer;  // NOLINT(*-member-init): filled as needed
         const std::span<std::uint32_t> row = std::span(buffer).first(pixels.size());
         if (texture_ == nullptr) {
             std::ranges::fill(row, kWhite);
@@ -259,8 +260,8 @@ bool IsFinite(const Vertex& corner, bool textured) {
 
 }  // namespace
 
-void DrawTriangle(View view, const PixelStates& states, const Texels* texture, const Vertex& a,
-                  const Vertex& b, const Vertex& c) {
+void DrawTriangle(const Target& target, const PixelStates& states, const Texels* texture,
+                  const Vertex& a, const Vertex& b, const Vertex& c) {
     const bool textured = texture != nullptr;
     if (!IsFinite(a, textured) || !IsFinite(b, textured) || !IsFinite(c, textured)) {
         return;
@@ -270,26 +271,24 @@ void DrawTriangle(View view, const PixelStates& states, const Texels* texture, c
     if (!(plane.Area() > 0)) {
         return;
     }
-    const Outline outline(places);
+    const Outline outline(places, target);
     const TriangleDrawing drawing(states, texture, plane, {&a, &b, &c});
     const PixelRun rows = outline.Rows();
     for (std::int32_t y = rows.begin; y < rows.end; ++y) {
         const double center = y + 0.5;
         const PixelRun run = outline.Pixels(center);
-        if (run.begin < run.end) {
-            const auto line = static_cast<std::size_t>(y) * kViewWidth;
-            const auto begin = line + static_cast<std::size_t>(run.begin);
-            drawing.DrawRow(view.subspan(begin, static_cast<std::size_t>(run.end - run.begin)),
-                            run.begin, center);
+        for (std::int32_t x = run.begin; x < run.end; x += kMostRun) {
+            const auto width = static_cast<std::size_t>(std::min(kMostRun, run.end - x));
+            drawing.DrawRow({target.PixelAt(x, y), width}, x, center);
         }
     }
 }
 
-void DrawStrip(View view, const PixelStates& states, const Texels* texture,
+void DrawStrip(const Target& target, const PixelStates& states, const Texels* texture,
                std::span<const Vertex> corners) {
     for (std::size_t i = 0; i + 2 < corners.size(); ++i) {
         const bool turned = i % 2 != 0;
-        DrawTriangle(view, states, texture, corners[turned ? i + 1 : i],
+        DrawTriangle(target, states, texture, corners[turned ? i + 1 : i],
                      corners[turned ? i : i + 1], corners[i + 2]);
     }
 }

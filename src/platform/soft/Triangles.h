@@ -22,11 +22,11 @@ namespace scenara::soft {
 inline constexpr double kMostTexels = 1099511627776.0;  // 2^40
 
 // Draws the triangle unless it runs counter-clockwise. No texture: white.
-void DrawTriangle(View view, const PixelStates& states, const Texels* texture, const Vertex& a,
-                  const Vertex& b, const Vertex& c);
+void DrawTriangle(const Target& target, const PixelStates& states, const Texels* texture,
+                  const Vertex& a, const Vertex& b, const Vertex& c);
 
 // All triangles of a strip, every second one taken the other way round.
-void DrawStrip(View view, const PixelStates& states, const Texels* texture,
+void DrawStrip(const Target& target, const PixelStates& states, const Texels* texture,
                std::span<const Vertex> corners);
 
 }  // namespace scenara::soft

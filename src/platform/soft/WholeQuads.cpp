@@ -113,11 +113,11 @@ std::optional<EvenBlend> EvenBlendFor(const PixelStates& states, std::uint32_t t
 
 void BlendRows(const TexelRows& rows, const PixelStates& states, std::uint32_t tint) {
     const auto width = static_cast<std::size_t>(rows.width);
-    std::array<std::uint32_t, kViewWidth> buffer;  // NOLINT(*-member-init): filled as needed
+    std::array<std::uint32_t, kMostRun> buffer;  // NOLINT(*-member-init): filled as needed
     const std::span<std::uint32_t> tinted = std::span(buffer).first(width);
     for (std::int32_t y = 0; y < rows.height; ++y) {
         const std::span source(rows.lines + y * rows.linePitch + rows.column, width);
-        const std::span pixels(rows.destination + std::ptrdiff_t{y} * kViewWidth, width);
+        const std::span pixels(rows.destination + y * rows.pitch, width);
         if (!rows.mirrored && tint == kWhite) {
             BlendRow(pixels, source, states);
             continue;
@@ -159,11 +159,7 @@ private:
     std::optional<EvenBlend> even_;
 };
 
-std::uint32_t* PixelAt(View view, std::int32_t x, std::int32_t y) {
-    return view.data() + (std::ptrdiff_t{y} * kViewWidth + x);
-}
-
-TexelRows RowsOf(View view, const Texels& texture, const Coverage& coverage,
+TexelRows RowsOf(const Target& target, const Texels& texture, const Coverage& coverage,
                  const WholeRun& columns, const WholeRun& lines) {
     const std::ptrdiff_t step = lines.backwards ? -1 : 1;
     TexelRows rows;
@@ -175,8 +171,38 @@ TexelRows RowsOf(View view, const Texels& texture, const Coverage& coverage,
     rows.height = lines.Length();
     rows.column = columns.backwards ? columns.texel - rows.width + 1 : columns.texel;
     rows.mirrored = columns.backwards;
-    rows.destination = PixelAt(view, columns.begin, lines.begin);
+    rows.destination = target.PixelAt(columns.begin, lines.begin);
+    rows.pitch = target.width;
     return rows;
+}
+
+// Calls `draw` for each part of a clipped run that can be drawn at a time.
+template <typename Draw>
+void ForEachStretch(WholeRun run, Draw draw) {
+    while (run.begin < run.end) {
+        const std::int32_t length = std::min(kMostRun, run.Length());
+        draw(WholeRun{run.begin, run.begin + length, run.texel, run.backwards});
+        run.begin += length;
+        run.texel += run.backwards ? -length : length;
+    }
+}
+
+void DrawStretch(const Target& target, const RowDrawing& drawing, const Texels& texture,
+                 const Coverage& coverage, const WholeRun& columns, const WholeRun& lines) {
+    if (WrittenLines::AreBetter(texture, columns, lines)) {
+        WrittenLines(texture, coverage, columns, lines)
+            .ForEachBlock([&](TexelRows rows, std::int32_t line) {
+                rows.destination = target.PixelAt(columns.begin, line);
+                rows.pitch = target.width;
+                drawing.Draw(rows);
+            });
+        return;
+    }
+    ForEachRepeat(lines, texture.height, [&](const WholeRun& someLines) {
+        ForEachRepeat(columns, texture.width, [&](const WholeRun& someColumns) {
+            drawing.Draw(RowsOf(target, texture, coverage, someColumns, someLines));
+        });
+    });
 }
 
 }  // namespace
@@ -203,31 +229,21 @@ std::optional<WholeQuad> AsWholeQuad(std::span<const Vertex> corners, const Texe
     return WholeQuad{*columns, *lines, color};
 }
 
-bool DrawWholeQuad(View view, const PixelStates& states, const Texels& texture,
+bool DrawWholeQuad(const Target& target, const PixelStates& states, const Texels& texture,
                    const Coverage& coverage, std::span<const Vertex> corners) {
     const std::optional<WholeQuad> quad = AsWholeQuad(corners, texture);
     if (!quad) {
         return false;
     }
-    const WholeRun columns = Clipped(quad->columns, kViewWidth);
-    const WholeRun lines = Clipped(quad->lines, kViewHeight);
+    const WholeRun columns = Clipped(quad->columns, target.width);
+    const WholeRun lines = Clipped(quad->lines, target.height);
     if (columns.Length() <= 0 || lines.Length() <= 0) {
         return true;
     }
     const RowDrawing drawing(states, TintOf(quad->color, states.alphaOperation),
                              coverage.WhatKind());
-    if (WrittenLines::AreBetter(texture, columns, lines)) {
-        WrittenLines(texture, coverage, columns, lines)
-            .ForEachBlock([&](TexelRows rows, std::int32_t line) {
-                rows.destination = PixelAt(view, columns.begin, line);
-                drawing.Draw(rows);
-            });
-        return true;
-    }
-    ForEachRepeat(lines, texture.height, [&](const WholeRun& someLines) {
-        ForEachRepeat(columns, texture.width, [&](const WholeRun& someColumns) {
-            drawing.Draw(RowsOf(view, texture, coverage, someColumns, someLines));
-        });
+    ForEachStretch(columns, [&](const WholeRun& stretch) {
+        DrawStretch(target, drawing, texture, coverage, stretch, lines);
     });
     return true;
 }

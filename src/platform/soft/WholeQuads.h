@@ -32,7 +32,8 @@ struct WholeQuad {
                                                    const Texels& texture);
 
 // Draws the strip if it is one of these; false otherwise. `coverage` is the texture's, or Unknown.
-[[nodiscard]] bool DrawWholeQuad(View view, const PixelStates& states, const Texels& texture,
-                                 const Coverage& coverage, std::span<const Vertex> corners);
+[[nodiscard]] bool DrawWholeQuad(const Target& target, const PixelStates& states,
+                                 const Texels& texture, const Coverage& coverage,
+                                 std::span<const Vertex> corners);
 
 }  // namespace scenara::soft

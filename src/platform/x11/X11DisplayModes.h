@@ -18,6 +18,7 @@
 #include <vector>
 
 #include "platform/DisplayModes.h"
+#include "platform/View.h"
 #include "platform/x11/ModeGuard.h"
 #include "platform/x11/X11Modes.h"
 
@@ -26,7 +27,7 @@ namespace scenara {
 class X11DisplayModes : public DisplayModes {
 public:
     // The listed mode where there is none of the kind.
-    static constexpr DisplaySettings kEmulated{320, 240, 24, 60};
+    static constexpr DisplaySettings kEmulated{View().width, View().height, 24, 60};
 
     // `windowPlace`: where the main window stands. `display`: for tests; empty: the environment's.
     explicit X11DisplayModes(std::function<ScreenRectangle()> windowPlace,
