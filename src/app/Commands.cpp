@@ -121,7 +121,7 @@ void frmStage::mnuAdditions_Click() {
     if (show_.Loop().StageRunning != 0) {
         LoadAgain();
     }
-    SaveAdditions(machine_.files, item.checked);
+    SaveExtras(machine_.files, {item.checked});
 }
 
 }  // namespace scenara

@@ -62,42 +62,6 @@ void RequireLine(LineReader& lines, const std::string& path) {
     }
 }
 
-void ReadFlag(ConfigurationLine& line, std::string_view key, MenuItem& item) {
-    std::string value;
-    if (line.Word(key, value)) {
-        item.checked = value == "true";
-    }
-}
-
-// Every setting is tried on every line, in this order.
-void ReadLine(ConfigurationLine& line, const Settings& settings, const LoadConfigContext& context) {
-    Form& form = settings.form;
-    std::string value;
-    if (line.Path("mugedir", value)) {
-        settings.MugeDir = WithSeparator(value);
-    }
-    line.Number("hcamstep", settings.HCamStep);
-    line.Number("vcamstep", settings.VCamStep);
-    line.Path("testchar", settings.TestChar);
-    if (line.Path("charname", settings.CharName) && !settings.CharName.empty() &&
-        !settings.TestChar.empty()) {
-        NameCharacter(form, settings.CharName);
-    }
-    ReadFlag(line, "bgmusic", form[Menu::mnuMusic]);
-    ReadFlag(line, "info", form[Menu::mnuInfo]);
-    if (line.Word("char", value) && value == "true") {
-        context.mnuChar_Click();
-    }
-    ReadFlag(line, "deform", form[Menu::mnuDeform]);
-    ReadFlag(line, "debugbg", form[Menu::mnuDebugBG]);
-    if (line.Path("recentfile", value)) {
-        AppendRecentFile(form, std::move(value));
-    }
-    if (line.Word("stagelist", value) && value == "255") {
-        settings.ShowStageList = kListShown;
-    }
-}
-
 class ConfigurationText {
 public:
     explicit ConfigurationText(std::string& text) : text_(text) { text_.clear(); }
@@ -108,6 +72,7 @@ public:
     void Flag(std::string_view key, const MenuItem& item) {
         Line(key, item.checked ? "True" : "False");
     }
+    void Number(std::string_view key, Single number) { Line(key, NumberText(number)); }
     void Path(std::string_view key, const std::string& path) {
         text_.append(key).append(" = ");
         AppendLineValue(path, text_);
@@ -117,6 +82,113 @@ public:
 private:
     std::string& text_;
 };
+
+// --- The settings
+// ---------------------------------------------------------------------------------
+
+using Line = ConfigurationLine;
+using Text = ConfigurationText;
+
+struct Setting {
+    std::string_view name;  // as it is written
+    std::string_view key;   // as it is looked for on a line, in lower case
+    void (*read)(Line& line, std::string_view key, const Settings& settings);
+    void (*write)(Text& text, std::string_view name, const Settings& settings);
+};
+
+template <Menu kItem>
+void ReadFlag(Line& line, std::string_view key, const Settings& settings) {
+    std::string value;
+    if (line.Word(key, value)) {
+        settings.form[kItem].checked = value == "true";
+    }
+}
+
+template <Menu kItem>
+void WriteFlag(Text& text, std::string_view name, const Settings& settings) {
+    text.Flag(name, settings.form[kItem]);
+}
+
+void ReadMugeDir(Line& line, std::string_view key, const Settings& settings) {
+    std::string path;
+    if (line.Path(key, path)) {
+        settings.MugeDir = WithSeparator(path);
+    }
+}
+
+void ReadCharName(Line& line, std::string_view key, const Settings& settings) {
+    if (line.Path(key, settings.CharName) && !settings.CharName.empty() &&
+        !settings.TestChar.empty()) {
+        NameCharacter(settings.form, settings.CharName);
+    }
+}
+
+void ReadRecentFile(Line& line, std::string_view key, const Settings& settings) {
+    std::string path;
+    if (line.Path(key, path)) {
+        AppendRecentFile(settings.form, std::move(path));
+    }
+}
+
+void WriteRecentFiles(Text& text, std::string_view name, const Settings& settings) {
+    for (const std::string& recent : settings.form.recentFiles) {
+        text.Path(name, recent);
+    }
+}
+
+void ReadStageList(Line& line, std::string_view key, const Settings& settings) {
+    std::string value;
+    if (line.Word(key, value) && value == "255") {
+        settings.ShowStageList = kListShown;
+    }
+}
+
+constexpr std::string_view kUseCharacter = "char";
+
+// In the order in which they are written.
+constexpr Setting kSettings[] = {
+    {"MugeDir", "mugedir", ReadMugeDir,
+     [](Text& text, std::string_view name, const Settings& s) { text.Path(name, s.MugeDir); }},
+    {"TestChar", "testchar",
+     [](Line& line, std::string_view key, const Settings& s) { line.Path(key, s.TestChar); },
+     [](Text& text, std::string_view name, const Settings& s) {
+         if (!s.TestChar.empty()) {
+             text.Path(name, s.TestChar);
+         }
+     }},
+    {"HCamStep", "hcamstep",
+     [](Line& line, std::string_view key, const Settings& s) { line.Number(key, s.HCamStep); },
+     [](Text& text, std::string_view name, const Settings& s) { text.Number(name, s.HCamStep); }},
+    {"VCamStep", "vcamstep",
+     [](Line& line, std::string_view key, const Settings& s) { line.Number(key, s.VCamStep); },
+     [](Text& text, std::string_view name, const Settings& s) { text.Number(name, s.VCamStep); }},
+    {"BGMusic", "bgmusic", ReadFlag<Menu::mnuMusic>, WriteFlag<Menu::mnuMusic>},
+    {"Info", "info", ReadFlag<Menu::mnuInfo>, WriteFlag<Menu::mnuInfo>},
+    // Read as a command, after all others of its line.
+    {"Char", kUseCharacter, nullptr, WriteFlag<Menu::mnuChar>},
+    {"Deform", "deform", ReadFlag<Menu::mnuDeform>, WriteFlag<Menu::mnuChar>},
+    {"DebugBG", "debugbg", ReadFlag<Menu::mnuDebugBG>, WriteFlag<Menu::mnuDebugBG>},
+    {"CharName", "charname", ReadCharName,
+     [](Text& text, std::string_view name, const Settings& s) { text.Path(name, s.CharName); }},
+    {"StageList", "stagelist", ReadStageList,
+     [](Text& text, std::string_view name, const Settings& s) {
+         text.Line(name, NumberText(std::int32_t{s.ShowStageList}));
+     }},
+    {"RecentFile", "recentfile", ReadRecentFile, WriteRecentFiles},
+};
+
+// Every setting is tried on every line.
+void ReadLine(Line& line, const Settings& settings, const LoadConfigContext& context) {
+    for (const Setting& setting : kSettings) {
+        if (setting.read != nullptr) {
+            setting.read(line, setting.key, settings);
+        }
+    }
+    std::string value;
+    if (line.Word(kUseCharacter, value) && value == "true") {
+        context.mnuChar_Click();
+    }
+}
 
 }  // namespace
 
@@ -149,24 +221,10 @@ bool LoadConfig(const Settings& settings, const LoadConfigContext& context) {
 }
 
 void MakeConfigText(const Settings& settings, const std::string& VersionText, std::string& text) {
-    const Form& form = settings.form;
     ConfigurationText lines(text);
     lines.Line("Version", VersionText + "A");
-    lines.Path("MugeDir", settings.MugeDir);
-    if (!settings.TestChar.empty()) {
-        lines.Path("TestChar", settings.TestChar);
-    }
-    lines.Line("HCamStep", NumberText(settings.HCamStep));
-    lines.Line("VCamStep", NumberText(settings.VCamStep));
-    lines.Flag("BGMusic", form[Menu::mnuMusic]);
-    lines.Flag("Info", form[Menu::mnuInfo]);
-    lines.Flag("Char", form[Menu::mnuChar]);
-    lines.Flag("Deform", form[Menu::mnuChar]);
-    lines.Flag("DebugBG", form[Menu::mnuDebugBG]);
-    lines.Path("CharName", settings.CharName);
-    lines.Line("StageList", NumberText(std::int32_t{settings.ShowStageList}));
-    for (const std::string& recent : form.recentFiles) {
-        lines.Path("RecentFile", recent);
+    for (const Setting& setting : kSettings) {
+        setting.write(lines, setting.name, settings);
     }
 }
 

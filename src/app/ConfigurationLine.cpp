@@ -38,13 +38,6 @@ std::optional<char> CharacterOf(char letter) {
     }
 }
 
-// The configuration knows no additions.
-ViewOptions PlainReading() {
-    ViewOptions options;
-    options.Additions = false;
-    return options;
-}
-
 bool BeginsWithPathKey(std::string_view text) {
     const std::string_view key = Trim(text.substr(0, text.find('=')));
     return Contains(text, "=") &&
@@ -94,7 +87,7 @@ bool ConfigurationLine::InPath(std::string_view key) const {
 
 bool ConfigurationLine::Path(std::string_view key, std::string& target) {
     std::string found;
-    if (!KeyOffer(head_, number_, messages_, PlainReading()).Whole(key, found)) {
+    if (!KeyOffer(head_, number_, messages_, kPlainView).Whole(key, found)) {
         return false;
     }
     const std::size_t equals = text_.find('=', head_.Lower().find(key));
@@ -103,11 +96,11 @@ bool ConfigurationLine::Path(std::string_view key, std::string& target) {
 }
 
 bool ConfigurationLine::Word(std::string_view key, std::string& target) {
-    return !InPath(key) && KeyOffer(whole_, number_, messages_, PlainReading()).Whole(key, target);
+    return !InPath(key) && KeyOffer(whole_, number_, messages_, kPlainView).Whole(key, target);
 }
 
 bool ConfigurationLine::Number(std::string_view key, Single& target) {
-    return !InPath(key) && KeyOffer(whole_, number_, messages_, PlainReading()).Whole(key, target);
+    return !InPath(key) && KeyOffer(whole_, number_, messages_, kPlainView).Whole(key, target);
 }
 
 }  // namespace scenara

@@ -2,19 +2,24 @@
 //
 // Extras: settings that QX.CFG has no line for, in Scenara.ini beside it.
 //
-// One line counts: "Additions = True" or "Additions = False", in any letter case. Whatever else is
-// in the file belongs to somebody else and stays as it is, byte by byte.
+// One line each: "Additions = True" or "Additions = False", in any letter case; of several lines
+// with one name the last counts. Whatever else is in the file stays as it is, byte by byte.
 #pragma once
 
 #include "platform/Files.h"
 
 namespace scenara {
 
-// Whether stages are shown with the additions. True when the file or the line is missing, or says
-// neither; the last of several lines counts.
-[[nodiscard]] bool LoadAdditions(Files& files);
+// Each as it is when the file or its line is missing, or says neither True nor False.
+struct Extras {
+    bool Additions = true;  // stages are shown with them
+};
 
-// Writes it, in one step, unless the file says so already. Raises what reading and writing raise.
-void SaveAdditions(Files& files, bool additions);
+// Raises what reading raises.
+[[nodiscard]] Extras LoadExtras(Files& files);
+
+// Writes those that the file does not say already, in one step. Raises what reading and writing
+// raise.
+void SaveExtras(Files& files, const Extras& extras);
 
 }  // namespace scenara

@@ -50,7 +50,7 @@ void frmStage::Form_Load() {
     form_[Menu::mnuFPS].caption = "FPS Limiter (" + NumberText(show_.Loop().FpsLimit) + " fps)";
     machine_.process.ChangeToProgramFolder();
     static_cast<void>(Guarded([&] {
-        show_.Options().Additions = LoadAdditions(machine_.files);
+        show_.Options().Additions = LoadExtras(machine_.files).Additions;
         form_[Menu::mnuAdditions].checked = show_.Options().Additions;
     }));
     static_cast<void>(Guarded([&] {

@@ -3,34 +3,12 @@
 // ViewOptions: how stages are read and shown, as the user wants it.
 //
 // Plain reading and drawing take just the keys and steps that have always been there; the additions
-// are what newer stages expect beyond that. Each addition has one place, a step of its own beside
-// the plain one, marked "Addition" where it stands:
-//
-//   what counts as a section header        SectionHeader.cpp, BeginsWithBracket
-//   what may stand before a key            KeyOffer.cpp, MayStandHere
-//   how texts are cut, and their case      KeyOffer.cpp, Text
-//   kinds of element, and their keys       StageKeys.cpp, KindByFirstLetter, ReadMoreElementKeys
-//   elements of no known kind              DefinitionReader.cpp, CloseElement
-//   what counts as a frame line            DefinitionReader.cpp, IsFrame
-//   keys of the whole stage                StageKeys.cpp, ReadSettingKeys
-//   the version that a stage is made for   StageKeys.cpp, ReadInfoKeys
-//   what stands behind a frame's flip      StageKeys.cpp, ReadFrame; Blending.cpp
-//   stages for another view                StageScale.cpp; sprites/ScaledPicture.cpp
-//   blending                               render/BlendedBlit.cpp
-//   mirrored frames                        render/ElementPlacement.cpp
-//   stretched parallax pictures            render/ParallaxRows.cpp, RowStretch
-//   windows that move                      render/ElementWindow.cpp
-//   negative tile steps                    render/Tiling.cpp
-//   the upper bound as the file has it,
-//   and dummies that lead from the start   render/PrepareStage.cpp
-//   the test character, moved and seen     show/CharacterFigure.cpp; render/Figure.cpp
-//   a paused stage that is edited          show/StageShow.cpp, EditWhilePaused
-//   a character's ground that moves        character/PlaceCharacter.cpp, FollowGround
-//   blank frames, and repeated actions     character/CharacterAnimation.cpp
-//   palettes that are none                 sprites/SubfilePalette.cpp
-//   palette files, and palettes in force   character/CharacterColors.cpp; CharacterSprites.cpp
-//   archives of version 2, to come         sprites/sff2.cpp, LoadSprites
+// are what newer stages expect, and what users do, beyond that. Each addition has one place, a step
+// of its own beside the plain one, marked "Addition" where it stands. This is the table of them;
+// docs/stage-authors.md tells users of the same ones (Additions.AreThoseThatUsersAreToldOf).
 #pragma once
+
+#include <array>
 
 namespace scenara {
 
@@ -39,5 +17,43 @@ struct ViewOptions {
 };
 
 inline constexpr ViewOptions kPlainView{false};
+
+struct Addition {
+    const char* name;   // as users are told of it
+    const char* file;   // where its step stands, in src/
+    const char* place;  // and by which name in there
+};
+
+inline constexpr std::array kAdditions = {
+    Addition{"Section headers", "stage/SectionHeader.cpp", "BeginsWithBracket"},
+    Addition{"Keys in odd case", "stage/KeyOffer.cpp", "MayStandHere"},
+    Addition{"`name`, `bgmusic`, `spr`", "stage/KeyOffer.cpp", "Text"},
+    Addition{"Unknown kinds of element", "stage/DefinitionReader.cpp", "CloseElement"},
+    Addition{"Frame lines", "stage/DefinitionReader.cpp", "IsFrame"},
+    Addition{"`sin.x`", "stage/StageKeys.cpp", "ReadMoreElementKeys"},
+    Addition{"`windowdelta`", "render/ElementWindow.cpp", "windowDelta"},
+    Addition{"`yscalestart`, `yscaledelta`", "render/ParallaxRows.cpp", "RowStretch"},
+    Addition{"`hires`, `localcoord`", "stage/StageScale.cpp", "ApplyStageScale"},
+    Addition{"Blending", "render/ElementDrawing.cpp", "BlendingInForce"},
+    Addition{"Mirrored frames", "render/ElementPlacement.cpp", "FromAxis"},
+    Addition{"n tiles with a distance below 0", "render/Tiling.cpp", "additions"},
+    Addition{"`boundhigh`", "render/PrepareStage.cpp", "RaiseUpperBound"},
+    Addition{"`dummy`", "render/PrepareStage.cpp", "SetRuntimeValues"},
+    Addition{"A picture's colours", "sprites/SubfilePalette.cpp", "Palette"},
+    Addition{"The test character", "show/CharacterFigure.cpp", "Next"},
+    Addition{"A character's ground", "character/PlaceCharacter.cpp", "FollowGround"},
+    Addition{"A character's frames", "character/CharacterAnimation.cpp", "options"},
+    Addition{"A character's colours", "character/CharacterColors.cpp", "act"},
+    Addition{"A heavy stage", "app/Commands.cpp", "ShowTitle"},
+    Addition{"Escape and Q", "app/Commands.cpp", "Form_KeyDown"},
+    Addition{"Reload Stage", "app/Opening.cpp", "mnuReload_Click"},
+    Addition{"The Pause key", "app/RunStage.cpp", "PollPauseKey"},
+    Addition{"A stage that opens while paused", "app/RunStage.cpp", "DrawOnce"},
+    Addition{"A paused stage", "show/StageShow.cpp", "EditWhilePaused"},
+    Addition{"Music", "app/RunStage.cpp", "SilenceStageBefore"},
+    Addition{"The camera's steps", "show/StageShow.cpp", "SettleSteps"},
+    Addition{"Many messages of one kind", "show/LoadMessages.h", "offers_"},
+    Addition{"Settings", "app/Saving.cpp", "SavesMeanwhile"},
+};
 
 }  // namespace scenara

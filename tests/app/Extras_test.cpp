@@ -21,19 +21,19 @@ constexpr const char* kPath = "/program/Scenara.ini";
 bool Additions(const std::string& text) {
     MemoryFiles files;
     files.Put(kPath, text);
-    return LoadAdditions(files);
+    return LoadExtras(files).Additions;
 }
 
 std::string Saved(const std::string& text, bool additions) {
     MemoryFiles files;
     files.Put(kPath, text);
-    SaveAdditions(files, additions);
+    SaveExtras(files, {additions});
     return files.Get(kPath);
 }
 
 TEST(Extras, AdditionsAreOnUnlessTheFileSaysOtherwise) {
     MemoryFiles none;
-    EXPECT_TRUE(LoadAdditions(none));
+    EXPECT_TRUE(LoadExtras(none).Additions);
     EXPECT_TRUE(Additions(""));
     EXPECT_TRUE(Additions("Additions = True\r\n"));
     EXPECT_FALSE(Additions("Additions = False\r\n"));
@@ -53,20 +53,20 @@ TEST(Extras, AdditionsAreOnUnlessTheFileSaysOtherwise) {
 
 TEST(Extras, WritesANewFile) {
     MemoryFiles files;
-    SaveAdditions(files, false);
+    SaveExtras(files, {false});
     EXPECT_EQ(files.Get(kPath), "Additions = False\r\n");
-    EXPECT_FALSE(LoadAdditions(files));
-    SaveAdditions(files, true);
+    EXPECT_FALSE(LoadExtras(files).Additions);
+    SaveExtras(files, {true});
     EXPECT_EQ(files.Get(kPath), "Additions = True\r\n");
-    EXPECT_TRUE(LoadAdditions(files));
+    EXPECT_TRUE(LoadExtras(files).Additions);
 }
 
 TEST(Extras, WritesNothingThatIsSaidAlready) {
     MemoryFiles files;
-    SaveAdditions(files, true);
+    SaveExtras(files, {true});
     EXPECT_FALSE(files.Has(kPath));
     files.Put(kPath, "additions=false");
-    SaveAdditions(files, false);
+    SaveExtras(files, {false});
     EXPECT_THAT(files.Written(), IsEmpty());
 }
 
@@ -89,15 +89,15 @@ TEST(Extras, AFullDiskLeavesTheOldFile) {
     MemoryFiles files;
     files.Put(kPath, "Additions = False\r\n");
     files.FillDisk();
-    EXPECT_THROW(SaveAdditions(files, true), RunTimeError);
+    EXPECT_THROW(SaveExtras(files, Extras{true}), RunTimeError);
     EXPECT_EQ(files.Get(kPath), "Additions = False\r\n");
 }
 
 TEST(Extras, AFileThatIsSomethingElseIsNotRewritten) {
     MemoryFiles files;
     files.Put(kPath, std::string(kMaxSettingsSize, 'x') + "\nAdditions = False\n");
-    EXPECT_TRUE(LoadAdditions(files));
-    EXPECT_THROW(SaveAdditions(files, false), RunTimeError);
+    EXPECT_TRUE(LoadExtras(files).Additions);
+    EXPECT_THROW(SaveExtras(files, Extras{false}), RunTimeError);
     EXPECT_THAT(files.Written(), IsEmpty());
 }
 
