@@ -47,7 +47,7 @@ ColorTable TextureColors(PaletteBytes palette) {
 // How many bytes behind the header are pixels; nothing when they end too early.
 std::optional<std::size_t> PackedLength(std::span<const std::byte> packed, std::size_t wanted) {
     std::vector<std::uint32_t> pixels(wanted);
-    const UnpackResult result = UnpackPcxOn(UnpackPath::Plain, packed, {}, pixels, wanted);
+    const UnpackResult result = UnpackPcx(UnpackPath::Plain, packed, {}, pixels, wanted);
     return result.written == wanted ? std::optional(result.consumed) : std::nullopt;
 }
 
