@@ -27,7 +27,7 @@
 //   a paused stage that is edited          show/StageShow.cpp, EditWhilePaused
 //   a character's ground that moves        character/PlaceCharacter.cpp, FollowGround
 //   blank frames, and repeated actions     character/CharacterAnimation.cpp
-//   palettes that are none                 sprites/SubfilePalette.cpp
+//   palettes that are none                 sprites/version1/SubfilePalette.cpp
 //   palette files, and palettes in force   character/CharacterColors.cpp; CharacterSprites.cpp
 //   archives of version 2, to come         sprites/sff2.cpp, LoadSprites
 #pragma once
