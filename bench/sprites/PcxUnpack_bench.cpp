@@ -50,7 +50,7 @@ void UnpackInto(Textures& textures, std::size_t index, const SamplePicture& pict
                 UnpackPath path) {
     const std::size_t wanted = picture.PixelsInMemory();
     const std::span<std::uint32_t> pixels = textures.From(index).first(wanted + kUnpackSlack);
-    const UnpackResult result = UnpackPcxOn(path, picture.Packed(), picture.colors, pixels, wanted);
+    const UnpackResult result = UnpackPcx(path, picture.Packed(), picture.colors, pixels, wanted);
     benchmark::DoNotOptimize(result.written);
 }
 

@@ -47,7 +47,7 @@ ColorTable TextureColors(PaletteBytes palette) {
 // How many bytes behind the header are pixels; nothing when they end too early.
 std::optional<std::size_t> PackedLength(std::span<const std::byte> packed, std::size_t wanted) {
     std::vector<std::uint32_t> pixels(wanted);
-    const UnpackResult result = UnpackPcxOn(UnpackPath::Plain, packed, {}, pixels, wanted);
+    const UnpackResult result = UnpackPcx(UnpackPath::Plain, packed, {}, pixels, wanted);
     return result.written == wanted ? std::optional(result.consumed) : std::nullopt;
 }
 
@@ -66,9 +66,9 @@ std::optional<SamplePicture> CompletePicture(std::string name, std::span<const s
     const int top = header.U16();
     const int width = header.U16() - left + 1;
     const int height = header.U16() - top + 1;
-    ByteReader layout = ByteReader(file, "PCX file").Sub(65, 3);
-    const bool onePlane = layout.U8() == 1;
-    const std::size_t bytesPerLine = layout.U16();
+    header.Skip(53);
+    const bool onePlane = header.U8() == 1;
+    const std::size_t bytesPerLine = header.U16();
     if (!runLengths || !wholeBytes || !onePlane || width < 1 || height < 1 ||
         bytesPerLine < static_cast<std::size_t>(width)) {
         return std::nullopt;
@@ -138,20 +138,22 @@ std::vector<std::byte> ReadAll(const fs::path& path) {
 // The chain of subfiles; ends at the first thing in it that cannot be.
 void AddArchive(SampleSet& set, const fs::path& path) {
     const std::vector<std::byte> archive = ReadAll(path);
-    const ByteReader whole(archive, "archive");
     const std::string name = (path.parent_path().filename() / path.filename()).string();
     std::vector<std::byte> palette;
-    const std::uint32_t count = whole.Sub(20, 4).U32();
-    std::uint32_t at = whole.Sub(24, 4).U32();
+    ByteReader archiveHeader(archive, "archive");
+    archiveHeader.Skip(20);
+    const std::uint32_t count = archiveHeader.U32();
+    std::uint32_t at = archiveHeader.U32();
     for (std::uint32_t i = 0; i < count && at != 0; ++i) {
-        ByteReader header = whole.Sub(at, 32);
+        ByteReader header(archive, "archive");
+        header.Skip(at);
         const std::uint32_t next = header.U32();
         const std::uint32_t length = header.U32();
         header.Skip(10);
         const bool samePalette = header.U8() != 0;
+        header.Skip(13);
         if (length != 0) {
-            ByteReader data = whole.Sub(at + std::uint64_t{32}, length);
-            Add(set, CompletePicture(name + " " + std::to_string(i), data.Take(length),
+            Add(set, CompletePicture(name + " " + std::to_string(i), header.Take(length),
                                      !samePalette || i == 0, palette));
         }
         if (next <= at) {

@@ -49,7 +49,8 @@ void SdlStageLoader::Load(const std::string& path) {
     std::vector<std::byte> palette(kPaletteSize);
     std::vector<std::byte> picture;
     for (std::uint32_t i = 0; i < images; ++i) {
-        ByteReader subfile = header.Sub(position, kSubfileHeader);
+        ByteReader subfile(archive, "archive");
+        subfile.Skip(position);
         const std::uint32_t next = subfile.U32();
         const std::uint32_t length = subfile.U32();
         subfile.Skip(10);

@@ -7,20 +7,14 @@
 
 namespace scenara {
 
-std::span<const std::byte> ByteReader::Range(std::uint64_t offset, std::uint64_t count) const {
-    const std::uint64_t there = offset <= block_.size() ? block_.size() - offset : 0;
+std::span<const std::byte> ByteReader::Take(std::uint64_t count) {
+    const std::uint64_t there = block_.size() - position_;
     if (count > there) {
         throw RunTimeError(RunTimeErrorKind::InputPastEnd,
                            std::string(what_) + ": " + std::to_string(count) + " bytes wanted at " +
-                               std::to_string(offset) + ", " + std::to_string(there) + " there");
+                               std::to_string(position_) + ", " + std::to_string(there) + " there");
     }
-    return count == 0
-               ? std::span<const std::byte>{}
-               : block_.subspan(static_cast<std::size_t>(offset), static_cast<std::size_t>(count));
-}
-
-std::span<const std::byte> ByteReader::Take(std::uint64_t count) {
-    const auto taken = Range(position_, count);
+    const auto taken = block_.subspan(position_, static_cast<std::size_t>(count));
     position_ += taken.size();
     return taken;
 }
@@ -47,10 +41,6 @@ std::uint32_t ByteReader::U32() {
 
 std::int32_t ByteReader::I32() {
     return static_cast<std::int32_t>(U32());
-}
-
-ByteReader ByteReader::Sub(std::uint64_t offset, std::uint64_t length) const {
-    return {Range(offset, length), what_};
 }
 
 }  // namespace scenara

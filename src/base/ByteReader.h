@@ -4,8 +4,8 @@
 //
 // Every read gives the whole value or raises RunTimeError "Input past end of file" with a text such
 // as "PCX header: 2 bytes wanted at 66, 1 there". There is no partial read and no bare pointer is
-// handed out, so code on top of it stays inside the block. A reader made by Sub() knows its own
-// range only. The block and the name outlive the reader.
+// handed out, so code on top of it stays inside the block. The block and the name outlive the
+// reader.
 #pragma once
 
 #include <cstddef>
@@ -31,16 +31,9 @@ public:
     std::uint32_t U32();
     std::int32_t I32();
 
-    // A reader of `length` bytes at `offset` of this block; where this one stands does not matter.
-    [[nodiscard]] ByteReader Sub(std::uint64_t offset, std::uint64_t length) const;
-
     [[nodiscard]] std::size_t Position() const { return position_; }
-    [[nodiscard]] std::size_t Remaining() const { return block_.size() - position_; }
-    [[nodiscard]] bool AtEnd() const { return Remaining() == 0; }
 
 private:
-    [[nodiscard]] std::span<const std::byte> Range(std::uint64_t offset, std::uint64_t count) const;
-
     std::span<const std::byte> block_;
     std::string_view what_;
     std::size_t position_ = 0;

@@ -2,7 +2,7 @@
 #include "character/CharacterColors.h"
 
 #include <algorithm>
-#include <memory>
+#include <utility>
 
 #include "base/RunTimeError.h"
 
@@ -11,19 +11,18 @@ namespace scenara {
 std::optional<PaletteBytes> ReadActPalette(Files& files, const std::string& path) {
     PaletteBytes bytes{};
     try {
-        const std::unique_ptr<InputFile> file = files.OpenForReading(path);
-        if (file->ReadAt(0, bytes) < bytes.size()) {
+        if (files.OpenForReading(path)->ReadAt(0, bytes) < bytes.size()) {
             return std::nullopt;
         }
     } catch (const RunTimeError&) {
         return std::nullopt;
     }
-    PaletteBytes palette{};
+    // The bytes backwards are the colours from the first one on, each as blue, green, red.
+    std::ranges::reverse(bytes);
     for (std::size_t i = 0; i < bytes.size(); i += 3) {
-        std::copy_n(bytes.end() - 3 - static_cast<std::ptrdiff_t>(i), 3,
-                    palette.begin() + static_cast<std::ptrdiff_t>(i));
+        std::swap(bytes[i], bytes[i + 2]);
     }
-    return palette;
+    return bytes;
 }
 
 }  // namespace scenara

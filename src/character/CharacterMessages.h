@@ -5,6 +5,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 #include "platform/Messages.h"
@@ -26,7 +27,12 @@ class CharacterMessages : public Messages {
 public:
     explicit CharacterMessages(Messages& messages) : messages_(messages) {}
 
-    void Show(const Message& message) override;
+    void Show(const Message& message) override {
+        Message titled = message;
+        titled.title = kCharacterTitle;
+        titled.icon = MessageIcon::Exclamation;
+        messages_.Show(titled);
+    }
 
 private:
     Messages& messages_;

@@ -2,8 +2,8 @@
 //
 // CharacterSprites: the pictures of a character's kept frames out of its archive, and no others.
 //
-// The chain of subfiles is walked once, headers only (sprites/SffArchive.h); then each picture that
-// a kept frame shows is decoded, once, however many frames and linked subfiles show it. Of several
+// The archive is walked once, headers only (sprites/version1/SffWalk.h); then each picture that a
+// kept frame shows is decoded, once, however many frames and linked subfiles show it. Of several
 // subfiles of one group and image the first counts. A link index is a subfile's place in the chain,
 // and names one before it.
 //
@@ -18,13 +18,8 @@
 #include <optional>
 #include <string>
 
-#include "character/CharacterMessages.h"
 #include "character/TestCharacter.h"
-#include "platform/Direct3D8.h"
-#include "platform/Files.h"
-#include "sprites/SffArchive.h"
-#include "sprites/SubfilePalette.h"
-#include "stage/ViewOptions.h"
+#include "sprites/version1/SffWalk.h"
 
 namespace scenara {
 
@@ -35,17 +30,9 @@ struct CharacterProgress {
     std::function<bool()> endRequested;  // then the rest is left out
 };
 
-struct CharacterSpritesContext {
-    TextureMaker& device;
-    CharacterMessages& messages;
-    const ViewOptions& options;
-    const CharacterProgress& progress;
-};
-
-// Fills Sprites, ColorKey and the textures of all frames from an archive of version 1 with this
-// header. `name` is the archive's name for messages.
-void LoadCharacterSprites(TestCharacter& character, InputFile& archive, const SffHeader& header,
-                          const std::string& name, const std::optional<PaletteBytes>& act,
-                          const CharacterSpritesContext& context);
+// Fills Sprites, ColorKey and the textures of all frames.
+void LoadCharacterSprites(TestCharacter& character, const SffSource& source,
+                          const std::optional<PaletteBytes>& act,
+                          const CharacterProgress& progress);
 
 }  // namespace scenara

@@ -103,8 +103,10 @@ private:
         if (context_.progress.setCaption) {
             context_.progress.setCaption("Loading " + character_.DisplayName);
         }
-        LoadCharacterSprites(character_, *file, header, folder_ + name, act,
-                             {context_.device, messages_, context_.options, context_.progress});
+        LoadCharacterSprites(
+            character_,
+            {*file, folder_ + name, header, context_.device, messages_, context_.options}, act,
+            context_.progress);
         return true;
     }
 

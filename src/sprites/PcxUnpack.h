@@ -41,13 +41,9 @@ enum class UnpackPath { Plain, Sse2, Avx2 };
 // The fastest path that this processor has.
 [[nodiscard]] UnpackPath BestUnpackPath();
 
-[[nodiscard]] UnpackResult UnpackPcx(std::span<const std::byte> packed, const ColorTable& colors,
-                                     std::span<std::uint32_t> pixels, std::size_t wanted);
-
-// The same on a path of the caller's choice; one that the processor does not have falls back to
-// the next one below. For tests and benchmarks.
-[[nodiscard]] UnpackResult UnpackPcxOn(UnpackPath path, std::span<const std::byte> packed,
-                                       const ColorTable& colors, std::span<std::uint32_t> pixels,
-                                       std::size_t wanted);
+// A path that the processor does not have falls back to the next one below.
+[[nodiscard]] UnpackResult UnpackPcx(UnpackPath path, std::span<const std::byte> packed,
+                                     const ColorTable& colors, std::span<std::uint32_t> pixels,
+                                     std::size_t wanted);
 
 }  // namespace scenara

@@ -154,7 +154,7 @@ private:
 std::size_t DecodeWhole(UnpackPath path, const PcxHeader& header, std::span<const std::byte> data,
                         const ColorTable& colors, const Lock& lock) {
     const auto wanted = static_cast<std::size_t>(header.PictureBytes());
-    const UnpackResult result = UnpackPcxOn(path, data, colors, lock.Words(), wanted);
+    const UnpackResult result = UnpackPcx(path, data, colors, lock.Words(), wanted);
     if (result.written < header.NeededBytes()) {
         throw RunTimeError(RunTimeErrorKind::InputPastEnd,
                            "the pixels end after " + std::to_string(data.size()) + " bytes");

@@ -2,17 +2,16 @@
 #include "sprites/sff2.h"
 
 #include <algorithm>
-#include <iterator>
+#include <optional>
 #include <utility>
-#include <vector>
 
 #include "base/RunTimeError.h"
 #include "base/Text.h"
 #include "sprites/ScaledPicture.h"
-#include "sprites/SffArchive.h"
 #include "sprites/SpriteMessages.h"
-#include "sprites/SubfilePicture.h"
-#include "sprites/TextureBudget.h"
+#include "sprites/version1/SffArchive.h"
+#include "sprites/version1/SffWalk.h"
+#include "stage/RecordNumbers.h"
 
 namespace scenara {
 namespace {
@@ -20,68 +19,80 @@ namespace {
 // A title bar shows less; a longer title would be copied for each of thousands of sprites.
 constexpr std::size_t kLongestTitle = 255;
 
-std::uint64_t PairKey(Long group, Integer image) {
-    return static_cast<std::uint64_t>(static_cast<std::uint32_t>(group)) << 16U |
-           static_cast<std::uint16_t>(image);
-}
-
-// The pictures that a still element shows with its colour 0 left out, sorted. (No hash table: a
-// file could choose numbers that all fall into one place of it.)
-std::vector<std::uint64_t> MaskedPictures(const StageModel& model) {
-    std::vector<std::uint64_t> pictures;
-    for (const BackgroundElement& element : model.Elements) {
-        if (element.mask == 1 && (element.type == "parallax" || element.type == "normal")) {
-            pictures.push_back(PairKey(element.spriteGroup, element.spriteImage));
+// How the elements of a stage show a picture.
+class PictureUse {
+public:
+    explicit PictureUse(const StageModel& model) {
+        for (const BackgroundElement& element : model.Elements) {
+            const std::uint64_t key = SpriteKey(element.spriteGroup, element.spriteImage);
+            if (element.mask == 1 && (element.type == "parallax" || element.type == "normal")) {
+                masked_.Add(key, 0);
+            }
+            const bool plain = element.mask != 1 && element.blending.kind == BlendKind::None;
+            (plain ? opaque_ : keyed_).Add(key, 0);
+        }
+        for (const StageAction& action : model.Actions) {
+            for (const StageFrame& frame : action.frames) {
+                keyed_.Add(SpriteKey(frame.group, frame.image), 0);
+            }
+        }
+        for (FirstIndex* pictures : {&masked_, &opaque_, &keyed_}) {
+            pictures->Sort();
         }
     }
-    std::sort(pictures.begin(), pictures.end());
-    return pictures;
-}
 
-// The pictures that opaque stills show and nothing else, sorted: in all others colour 0 may be left
-// out, be it by another number that is linked to them.
-std::vector<std::uint64_t> OpaquePictures(const StageModel& model) {
-    std::vector<std::uint64_t> opaque;
-    std::vector<std::uint64_t> keyed;
-    for (const BackgroundElement& element : model.Elements) {
-        const bool plain = element.mask != 1 && element.blending.kind == BlendKind::None;
-        (plain ? opaque : keyed).push_back(PairKey(element.spriteGroup, element.spriteImage));
+    // A still element shows it with its colour 0 left out.
+    [[nodiscard]] bool IsMasked(const Subfile& subfile) const { return Has(masked_, subfile); }
+
+    // Opaque stills show it and nothing else: in all others colour 0 may be left out, be it by
+    // another number that is linked to them.
+    [[nodiscard]] bool IsOpaque(const Subfile& subfile) const {
+        return Has(opaque_, subfile) && !Has(keyed_, subfile);
     }
-    for (const StageAction& action : model.Actions) {
-        for (const StageFrame& frame : action.frames) {
-            keyed.push_back(PairKey(frame.group, frame.image));
-        }
+
+private:
+    static bool Has(const FirstIndex& pictures, const Subfile& subfile) {
+        return pictures.Find(SpriteKey(subfile.group, subfile.image)) >= 0;
     }
-    std::sort(opaque.begin(), opaque.end());
-    std::sort(keyed.begin(), keyed.end());
-    std::vector<std::uint64_t> only;
-    std::set_difference(opaque.begin(), opaque.end(), keyed.begin(), keyed.end(),
-                        std::back_inserter(only));
-    return only;
-}
+
+    FirstIndex masked_;
+    FirstIndex opaque_;
+    FirstIndex keyed_;
+};
 
 class SpriteLoader {
 public:
-    SpriteLoader(StageModel& model, InputFile& archive, const SffHeader& header,
-                 TextureMaker& device, Messages& messages, const ViewOptions& options, double scale)
+    SpriteLoader(StageModel& model, const SffSource& source, double scale)
         : model_(model),
-          header_(header),
-          textures_(device),
-          scaler_(textures_, scale),
-          isScaled_(scale != 1),
-          messages_(messages),
-          chain_(archive, header),
-          pictures_(archive, textures_, messages, options),
-          masked_(MaskedPictures(model)),
-          opaque_(scale == 1 ? std::vector<std::uint64_t>() : OpaquePictures(model)) {}
+          source_(source),
+          walk_(source, {SffRules::Palettes::AsTheyCome, std::nullopt, kMessageSffError,
+                         kMessagePcxError, kMessageLinkError}),
+          use_(model),
+          scaler_(walk_.Textures(), scale),
+          isScaled_(scale != 1) {}
 
-    SubfileChain& Chain() { return chain_; }
+    void Load(Window& window) {
+        while (!window.EndRequested() && walk_.Next()) {
+            window.SetCaption(LoadingCaption(model_.StageTitle,
+                                             static_cast<std::uint32_t>(walk_.Count() - 1),
+                                             source_.header.imageCount));
+            if (model_.Sprites.size() >= kMaxRecords) {
+                SayRestIsSkipped(
+                    source_.messages, kMessageSffError, source_.name,
+                    "Overflow: more than " + std::to_string(kMaxRecords) + " sprites.");
+                return;
+            }
+            if (LoadSubfile(walk_.Last())) {
+                window.DoEvents();
+            }
+        }
+    }
 
-    // The subfile that the chain stands on, as an entry of Sprites. False: it was dropped.
-    [[nodiscard]] bool LoadSubfile() {
-        const SubfileHeader& subfile = chain_.Header();
+private:
+    // As an entry of Sprites. False: it was dropped.
+    [[nodiscard]] bool LoadSubfile(const Subfile& subfile) {
         SpriteEntry entry;
-        if (!(subfile.IsLinked() ? TakeLinked(entry) : TakePicture(entry))) {
+        if (!(subfile.IsLinked() ? TakeLinked(subfile, entry) : TakePicture(subfile, entry))) {
             return false;
         }
         entry.axisX = subfile.axisX;
@@ -89,51 +100,34 @@ public:
         entry.group = subfile.group;
         entry.image = subfile.image;
         entry.selfIndex = model_.SpriteCount;
-        entry.masked = IsMasked(subfile) ? Integer{1} : Integer{0};
+        entry.masked = use_.IsMasked(subfile) ? Integer{1} : Integer{0};
         model_.Sprites.push_back(std::move(entry));
         model_.SpriteCount = Incremented(model_.SpriteCount);
         return true;
     }
 
-private:
-    [[nodiscard]] bool IsMasked(const SubfileHeader& subfile) const {
-        return std::binary_search(masked_.begin(), masked_.end(),
-                                  PairKey(subfile.group, subfile.image));
-    }
-
-    [[nodiscard]] bool IsKeyed(const SubfileHeader& subfile) const {
-        return !std::binary_search(opaque_.begin(), opaque_.end(),
-                                   PairKey(subfile.group, subfile.image));
-    }
-
-    [[nodiscard]] bool TakeLinked(SpriteEntry& entry) {
-        const Integer link = chain_.Header().link;
-        if (link < 0 || link >= model_.SpriteCount) {
-            messages_.MsgBox(kMessageLinkError,
-                             BadLinkText(chain_.Header().group, chain_.Header().image, link));
+    [[nodiscard]] bool TakeLinked(const Subfile& subfile, SpriteEntry& entry) {
+        const std::optional<std::size_t> link =
+            walk_.LinkOf(subfile, model_.Sprites.size(), subfile);
+        if (!link) {
             return false;
         }
-        entry = model_.Sprites[static_cast<std::size_t>(link)];
-        entry.linkedTo = link;
+        entry = model_.Sprites[*link];
+        entry.linkedTo = subfile.link;
         return true;
     }
 
-    [[nodiscard]] bool TakePicture(SpriteEntry& entry) {
+    [[nodiscard]] bool TakePicture(const Subfile& subfile, SpriteEntry& entry) {
         PcxPicture picture;
-        if (isScaled_) {
-            scaler_.SetKeyed(IsKeyed(chain_.Header()));
-        }
-        if (!pictures_.Load(chain_, picture, isScaled_ ? &scaler_ : nullptr)) {
-            messages_.MsgBox(kMessagePcxError,
-                             DamagedSpriteText(chain_.Header().group, chain_.Header().image));
-            if (header_.imageCount == 1) {
-                messages_.MsgBox(
+        scaler_.SetKeyed(!use_.IsOpaque(subfile));
+        if (!walk_.Load(walk_.Count() - 1, subfile, picture, isScaled_ ? &scaler_ : nullptr)) {
+            if (source_.header.imageCount == 1) {
+                source_.messages.MsgBox(
                     kMessageOnlyImage,
                     "Oh, and that was the only image!  Just pretend it's really dark!");
             }
             return false;
         }
-        textures_.KeepLast();
         entry.texture = std::move(picture.texture);
         if (isScaled_) {
             entry.fileWidth = ToInteger(picture.width);
@@ -151,37 +145,12 @@ private:
     }
 
     StageModel& model_;
-    const SffHeader& header_;
-    TextureBudget textures_;
+    SffSource source_;
+    SffWalk walk_;
+    PictureUse use_;
     PictureScaler scaler_;
     bool isScaled_;
-    Messages& messages_;
-    SubfileChain chain_;
-    SubfilePictures pictures_;
-    std::vector<std::uint64_t> masked_;
-    std::vector<std::uint64_t> opaque_;
 };
-
-void LoadChain(StageModel& model, InputFile& archive, const std::string& name,
-               const SffHeader& header, TextureMaker& device, Window& window, Messages& messages,
-               const ViewOptions& options, double scale) {
-    SpriteLoader loader(model, archive, header, device, messages, options, scale);
-    SubfileChain& chain = loader.Chain();
-    while (!window.EndRequested() && chain.Next()) {
-        window.SetCaption(LoadingCaption(model.StageTitle, chain.Index(), header.imageCount));
-        if (model.Sprites.size() >= kMaxRecords) {
-            SayRestIsSkipped(messages, kMessageSffError, name,
-                             "Overflow: more than " + std::to_string(kMaxRecords) + " sprites.");
-            return;
-        }
-        if (loader.LoadSubfile()) {
-            window.DoEvents();
-        }
-    }
-    if (chain.Broken()) {
-        SayRestIsSkipped(messages, kMessageSffError, name, *chain.Broken());
-    }
-}
 
 // Cut between characters, should the bytes be UTF-8.
 std::string_view ShortTitle(std::string_view title) {
@@ -215,7 +184,7 @@ void LoadSprites(StageModel& model, InputFile& archive, const std::string& name,
                                 ", only version 1 can be read.");
             return;
         }
-        LoadChain(model, archive, name, header, device, window, messages, options, scale);
+        SpriteLoader(model, {archive, name, header, device, messages, options}, scale).Load(window);
     } catch (...) {
         SayArchiveError(messages, kMessageSffError, name, TextOfCurrentError());
     }

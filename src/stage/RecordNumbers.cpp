@@ -10,12 +10,12 @@ std::uint64_t ActionKey(Integer actionNo) {
     return static_cast<std::uint16_t>(actionNo);
 }
 
+}  // namespace
+
 std::uint64_t SpriteKey(Long group, Integer image) {
     return static_cast<std::uint64_t>(static_cast<std::uint32_t>(group)) << 16U |
            static_cast<std::uint16_t>(image);
 }
-
-}  // namespace
 
 void FirstIndex::Sort() {
     std::sort(places_.begin(), places_.end());

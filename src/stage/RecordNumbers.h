@@ -12,6 +12,9 @@
 
 namespace scenara {
 
+// A picture's group and image as one number.
+[[nodiscard]] std::uint64_t SpriteKey(Long group, Integer image);
+
 // The first index of each key, looked up in sorted order. (No hash table: a file could choose
 // numbers that all fall into one place of it.)
 class FirstIndex {

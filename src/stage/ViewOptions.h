@@ -39,7 +39,7 @@ inline constexpr std::array kAdditions = {
     Addition{"n tiles with a distance below 0", "render/Tiling.cpp", "additions"},
     Addition{"`boundhigh`", "render/PrepareStage.cpp", "RaiseUpperBound"},
     Addition{"`dummy`", "render/PrepareStage.cpp", "SetRuntimeValues"},
-    Addition{"A picture's colours", "sprites/SubfilePalette.cpp", "Palette"},
+    Addition{"A picture's colours", "sprites/version1/SubfilePalette.cpp", "Palette"},
     Addition{"The test character", "show/CharacterFigure.cpp", "Next"},
     Addition{"A character's ground", "character/PlaceCharacter.cpp", "FollowGround"},
     Addition{"A character's frames", "character/CharacterAnimation.cpp", "options"},

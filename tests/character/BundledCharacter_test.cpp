@@ -78,7 +78,7 @@ TEST(BundledCharacterColours, OfTheFirstCoatAreThoseOfThePictures) {
     SubfileChain chain(*archive, header);
     ASSERT_TRUE(chain.Next());
     PaletteBytes inArchive{};
-    EXPECT_TRUE(ReadSubfilePalette(*archive, chain.Header(), chain.Position(), inArchive));
+    EXPECT_TRUE(ReadSubfilePalette(*archive, chain.Current(), true, inArchive));
     EXPECT_EQ(*first, inArchive);
     EXPECT_NE(*second, inArchive);
 }

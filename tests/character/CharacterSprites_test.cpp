@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
 // Which pictures of an archive are decoded, and in which colours.
-#include <algorithm>
+#include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -9,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include "character/CharacterMachine.h"
+#include "character/CharacterMessages.h"
 #include "sprites/HugeTextures.h"
 #include "sprites/TextureBudget.h"
 
@@ -54,8 +56,9 @@ std::vector<CharSprite> SpritesOf(CharacterMachine& machine, MemoryFile& archive
     const CharacterProgress progress;
     TestCharacter character = machine.character;
     character.Sprites.clear();
-    LoadCharacterSprites(character, archive, ReadSffHeader(archive), "other.sff", std::nullopt,
-                         {device, messages, options, progress});
+    LoadCharacterSprites(character,
+                         {archive, "other.sff", ReadSffHeader(archive), device, messages, options},
+                         std::nullopt, progress);
     return character.Sprites;
 }
 std::vector<CharSprite> SpritesOf(CharacterMachine& machine, MemoryFile& archive) {
@@ -72,6 +75,7 @@ TEST(CharacterSprites, OnlyPicturesOfKeptFramesAreDecoded) {
     EXPECT_THAT(widths, ElementsAre(4, 5, 6, 7, 8)) << "9,9 is 9 wide, and 5,0 is shown twice";
     EXPECT_THAT(machine.Texts(), IsEmpty());
     EXPECT_EQ(machine.Pixels(kWalking, 1), KeyedByIndex(HeroPicture(4)));
+    EXPECT_EQ(machine.character.ColorKey, 0xFF0100) << "0, 1, 255, red lowest";
     EXPECT_EQ(machine.turns, 5);
 }
 
@@ -87,51 +91,112 @@ TEST(CharacterSprites, FramesKnowTheirPictureAndItsAxis) {
     EXPECT_EQ(sprite.texture->Width(), 8);
 }
 
-TEST(CharacterSprites, PlainAllAreInTheColoursOfTheFirst) {
-    CharacterMachine machine;
-    machine.view.Additions = false;
-    EXPECT_TRUE(machine.Load());
-    EXPECT_EQ(machine.Pixels(kStanding, 0), KeyedByIndex(HeroPicture(0)));
-    EXPECT_EQ(machine.Pixels(kWalking, 1), KeyedByIndex(HeroPicture(4), PaletteOf(1)));
-    EXPECT_EQ(machine.character.ColorKey, 0xFF0100) << "0, 1, 255, red lowest";
-}
+// The palettes of an archive that has been changed, and in which of them a frame is shown: the seed
+// of PaletteOf, 0 for black.
+struct ColourRow {
+    const char* name;
+    bool additions;
+    std::function<void(std::vector<Sff1Subfile>&)> change;
+    struct Shown {
+        Integer slot;
+        std::size_t frame;
+        IndexedPicture picture;
+        std::uint8_t palette;
+    };
+    std::vector<Shown> shown;
+    std::vector<std::string> said;
+};
 
-TEST(CharacterSprites, WithAdditionsEachIsInThePaletteInForceForIt) {
-    CharacterMachine machine;
-    auto subfiles = HeroSubfiles();
-    subfiles[1].samePalette = true;  // of 0
-    subfiles[2] = Linked(5, 0, 0);
-    subfiles[2].samePalette = true;
-    subfiles[3].samePalette = true;  // the linked one in front has no palette, so of 0 again
-    machine.PutArchive(subfiles);
-    EXPECT_TRUE(machine.Load());
-    EXPECT_EQ(machine.Pixels(kStanding, 1), KeyedByIndex(HeroPicture(1), PaletteOf(1)));
-    EXPECT_EQ(machine.Pixels(kWalking, 0), KeyedByIndex(HeroPicture(3), PaletteOf(1)));
-    EXPECT_EQ(machine.Pixels(kWalking, 1), KeyedByIndex(HeroPicture(4)));
-}
-
-// Where 24 bits lie no palette can lie as well.
-TEST(CharacterSprites, APictureOf24BitsLendsNoPalette) {
-    CharacterMachine machine;
-    auto subfiles = HeroSubfiles();
-    subfiles[3].data = PcxOf24Bits(20);
-    subfiles[4].samePalette = true;
-    machine.PutArchive(subfiles);
-    EXPECT_TRUE(machine.Load());
-    EXPECT_EQ(machine.Pixels(kWalking, 1), KeyedByIndex(HeroPicture(4), PaletteOf(3)));
-    EXPECT_THAT(machine.Texts(), ElementsAre("yo...")) << "what is always said of one";
-}
-
-TEST(CharacterSprites, AFirstPictureOf24BitsIsNoPaletteOfTheOthers) {
-    CharacterMachine machine;
-    auto subfiles = HeroSubfiles();
-    subfiles[0].data = PcxOf24Bits(20);
-    subfiles[1].samePalette = true;
-    machine.Put("hero.air", "[Begin Action 20]\n0,1, 0,0, 5\n");
-    machine.PutArchive(subfiles);
-    EXPECT_TRUE(machine.Load());
-    EXPECT_EQ(machine.Pixels(kWalking, 0), KeyedByIndex(HeroPicture(1), Palette()));
-    EXPECT_THAT(machine.Texts(), ElementsAre(testing::EndsWith("not whole, the rest is black..")));
+TEST(CharacterSprites, EachIsInItsColours) {
+    const auto unchanged = [](std::vector<Sff1Subfile>&) {};
+    const auto linkedFirst = [](std::vector<Sff1Subfile>& subfiles) {
+        subfiles.insert(subfiles.begin(), Linked(7, 7, 0));
+    };
+    const IndexedPicture large = StripedPicture(50, 30, PaletteOf(4));
+    const std::string notWhole =
+        "SFF Error:  /mugen/chars/hero/hero.sff\r\nThe palette of its first image is not whole, "
+        "the rest is black..";
+    const std::vector<ColourRow> rows = {
+        {"plain: all in those of the first",
+         false,
+         unchanged,
+         {{kStanding, 0, HeroPicture(0), 1}, {kWalking, 1, HeroPicture(4), 1}},
+         {}},
+        {"plain: a first palette that is not there is black and said",
+         false,
+         linkedFirst,
+         {{kWalking, 1, HeroPicture(4), 0}},
+         {notWhole}},
+        {"a first palette that no picture needs is not missed",
+         true,
+         linkedFirst,
+         {{kWalking, 1, HeroPicture(4), 5}},
+         {}},
+        {"each in the palette that is in force for it",
+         true,
+         [](std::vector<Sff1Subfile>& subfiles) {
+             subfiles[1].samePalette = true;  // of 0
+             subfiles[2] = Linked(5, 0, 0);
+             subfiles[2].samePalette = true;
+             subfiles[3].samePalette = true;  // the linked one before it has none, so of 0 again
+         },
+         {{kStanding, 1, HeroPicture(1), 1},
+          {kWalking, 0, HeroPicture(3), 1},
+          {kWalking, 1, HeroPicture(4), 5}},
+         {}},
+        // Where 24 bits lie no palette can lie as well.
+        {"a picture of 24 bits lends none, and says what it always says",
+         true,
+         [](std::vector<Sff1Subfile>& subfiles) {
+             subfiles[3].data = PcxOf24Bits(20);
+             subfiles[4].samePalette = true;
+         },
+         {{kWalking, 1, HeroPicture(4), 3}},
+         {"yo..."}},
+        {"nor does a first one of 24 bits",
+         true,
+         [](std::vector<Sff1Subfile>& subfiles) {
+             subfiles[0] = Shown(9, 8, PcxOf24Bits(20));
+             subfiles[1].samePalette = true;
+         },
+         {{kStanding, 1, HeroPicture(1), 0}},
+         {notWhole}},
+        // The last bytes of such a picture are pixels.
+        {"nor does one that has nothing after its pixels",
+         true,
+         [&](std::vector<Sff1Subfile>& subfiles) {
+             samplemaker::PcxOptions bare;
+             bare.trailingPalette = samplemaker::TrailingPalette::None;
+             bare.runLengths = false;
+             subfiles[3].data = WritePcx(large, bare);
+             subfiles[4].samePalette = true;
+         },
+         {{kWalking, 0, large, 3}, {kWalking, 1, HeroPicture(4), 3}},
+         {}},
+        {"one that is not whole gives way to the one before",
+         true,
+         [](std::vector<Sff1Subfile>& subfiles) {
+             subfiles[4].data.resize(subfiles[4].data.size() - 700);
+             subfiles.pop_back();  // so that it is the last one of the file
+         },
+         {{kWalking, 1, HeroPicture(4), 4}},
+         {}},
+    };
+    for (const ColourRow& row : rows) {
+        SCOPED_TRACE(row.name);
+        CharacterMachine machine;
+        machine.view.Additions = row.additions;
+        auto subfiles = HeroSubfiles();
+        row.change(subfiles);
+        machine.PutArchive(subfiles);
+        EXPECT_TRUE(machine.Load());
+        for (const ColourRow::Shown& shown : row.shown) {
+            EXPECT_EQ(machine.Pixels(shown.slot, shown.frame),
+                      KeyedByIndex(shown.picture,
+                                   shown.palette == 0 ? Palette() : PaletteOf(shown.palette)));
+        }
+        EXPECT_EQ(machine.Texts(), row.said);
+    }
 }
 
 // The whole archive of them is looked through once.
@@ -152,43 +217,6 @@ TEST(CharacterSprites, PicturesThatAllLendNoneTakeNoTime) {
     EXPECT_LT(file.Reads().size(), std::size_t{kSubfiles} * 8);
 }
 
-// The last bytes of such a picture are pixels.
-TEST(CharacterSprites, APictureWithNothingBehindItsPixelsLendsNoPalette) {
-    CharacterMachine machine;
-    auto subfiles = HeroSubfiles();
-    samplemaker::PcxOptions bare;
-    bare.trailingPalette = samplemaker::TrailingPalette::None;
-    bare.runLengths = false;
-    const IndexedPicture large = StripedPicture(50, 30, PaletteOf(4));
-    subfiles[3].data = WritePcx(large, bare);
-    subfiles[4].samePalette = true;
-    machine.PutArchive(subfiles);
-    EXPECT_TRUE(machine.Load());
-    EXPECT_EQ(machine.Pixels(kWalking, 0), KeyedByIndex(large, PaletteOf(3)));
-    EXPECT_EQ(machine.Pixels(kWalking, 1), KeyedByIndex(HeroPicture(4), PaletteOf(3)));
-    EXPECT_THAT(machine.Texts(), IsEmpty());
-}
-
-TEST(CharacterSprites, APaletteThatIsNotWholeGivesWayToTheOneBefore) {
-    CharacterMachine machine;
-    auto subfiles = HeroSubfiles();
-    subfiles[5].data.resize(subfiles[5].data.size() - 700);  // the last one of the file
-    machine.Put("hero.air", "[Begin Action 20]\n9,9,0,0,1\n");
-    machine.PutArchive(subfiles);
-    EXPECT_TRUE(machine.Load());
-    EXPECT_EQ(machine.Pixels(kWalking, 0), KeyedByIndex(HeroPicture(5), PaletteOf(5)));
-}
-
-TEST(CharacterSprites, AFirstPaletteThatNobodyNeedsIsNotMissed) {
-    CharacterMachine machine;
-    auto subfiles = HeroSubfiles();
-    subfiles.insert(subfiles.begin(), Linked(7, 7, 0));
-    machine.PutArchive(subfiles);
-    EXPECT_TRUE(machine.Load());
-    EXPECT_EQ(machine.Pixels(kWalking, 1), KeyedByIndex(HeroPicture(4)));
-    EXPECT_THAT(machine.Texts(), IsEmpty());
-}
-
 TEST(CharacterSprites, TheWalkThroughAHugeArchiveLetsMessagesThroughAndEndsWithTheProgram) {
     CharacterMachine machine;
     std::vector<Sff1Subfile> subfiles;
@@ -206,36 +234,36 @@ TEST(CharacterSprites, TheWalkThroughAHugeArchiveLetsMessagesThroughAndEndsWithT
 }
 
 TEST(CharacterSprites, AnActFileColoursAllOfThem) {
-    CharacterMachine machine;
-    machine.Put("hero.def", std::string("pal.defaults = 2\n") + kHeroFiles + "pal2 = red.act\n");
-    machine.files.Put("/mugen/chars/hero/red.act",
-                      std::span<const std::byte>(ActBytes(PaletteOf(99))));
-    EXPECT_TRUE(machine.Load());
-    EXPECT_EQ(machine.Pixels(kStanding, 0), KeyedByIndex(HeroPicture(0), PaletteOf(99)));
-    EXPECT_EQ(machine.Pixels(kWalking, 1), KeyedByIndex(HeroPicture(4), PaletteOf(99)));
-    EXPECT_EQ(machine.character.ColorKey, 0xFF6300);
-
-    machine.files.Put("/mugen/chars/hero/red.act",
-                      std::span<const std::byte>(ActBytes(PaletteOf(98), 4)));
-    EXPECT_TRUE(machine.Load());
-    EXPECT_EQ(machine.Pixels(kWalking, 1), KeyedByIndex(HeroPicture(4), PaletteOf(98)))
-        << "of a longer file the first 768 bytes";
-
-    machine.view.Additions = false;
-    EXPECT_TRUE(machine.Load());
-    EXPECT_EQ(machine.Pixels(kWalking, 1), KeyedByIndex(HeroPicture(4), PaletteOf(1)));
-    EXPECT_THAT(machine.Texts(), IsEmpty());
-}
-
-TEST(CharacterSprites, AnActFileThatIsMissingOrShortColoursNothing) {
-    CharacterMachine machine;
-    machine.Put("hero.def", std::string("pal.defaults = 2\n") + kHeroFiles + "pal2 = red.act\n");
-    EXPECT_TRUE(machine.Load());
-    EXPECT_EQ(machine.Pixels(kWalking, 1), KeyedByIndex(HeroPicture(4)));
-    machine.Put("red.act", std::string(767, 'x'));
-    EXPECT_TRUE(machine.Load());
-    EXPECT_EQ(machine.Pixels(kWalking, 1), KeyedByIndex(HeroPicture(4)));
-    EXPECT_THAT(machine.Texts(), IsEmpty());
+    struct Row {
+        const char* name;
+        std::optional<std::vector<std::byte>> act;
+        bool additions;
+        std::uint8_t palette;  // of the first picture, and
+        std::uint8_t last;
+    };
+    const Row rows[] = {
+        {"whole", ActBytes(PaletteOf(99)), true, 99, 99},
+        {"of a longer file the first 768 bytes", ActBytes(PaletteOf(98), 4), true, 98, 98},
+        {"plain it is not looked at", ActBytes(PaletteOf(99)), false, 1, 1},
+        {"missing", std::nullopt, true, 1, 5},
+        {"short", std::vector<std::byte>(767, std::byte{'x'}), true, 1, 5},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.name);
+        CharacterMachine machine;
+        machine.view.Additions = row.additions;
+        machine.Put("hero.def",
+                    std::string("pal.defaults = 2\n") + kHeroFiles + "pal2 = red.act\n");
+        if (row.act) {
+            machine.files.Put("/mugen/chars/hero/red.act", std::span<const std::byte>(*row.act));
+        }
+        EXPECT_TRUE(machine.Load());
+        EXPECT_EQ(machine.Pixels(kStanding, 0),
+                  KeyedByIndex(HeroPicture(0), PaletteOf(row.palette)));
+        EXPECT_EQ(machine.Pixels(kWalking, 1), KeyedByIndex(HeroPicture(4), PaletteOf(row.last)));
+        EXPECT_EQ(machine.character.ColorKey, 0xFF0000 | row.palette << 8);
+        EXPECT_THAT(machine.Texts(), IsEmpty());
+    }
 }
 
 TEST(CharacterSprites, LinkedOnesShowAnothersPictureAtTheirOwnAxis) {
@@ -383,19 +411,6 @@ TEST(CharacterSprites, AnArchiveWithoutSubfilesGivesNoPictures) {
     EXPECT_TRUE(machine.Load());
     EXPECT_TRUE(machine.character.Sprites.empty());
     EXPECT_EQ(machine.character.ColorKey, 0);
-}
-
-TEST(CharacterSprites, AFirstPaletteThatIsNotThereIsBlackAndSaid) {
-    CharacterMachine machine;
-    machine.view.Additions = false;
-    auto subfiles = HeroSubfiles();
-    subfiles.insert(subfiles.begin(), Linked(7, 7, 0));
-    machine.PutArchive(subfiles);
-    EXPECT_TRUE(machine.Load());
-    EXPECT_EQ(machine.Pixels(kWalking, 1), KeyedByIndex(HeroPicture(4), Palette()));
-    EXPECT_THAT(machine.Texts(),
-                ElementsAre("SFF Error:  /mugen/chars/hero/hero.sff\r\nThe palette of its first "
-                            "image is not whole, the rest is black.."));
 }
 
 TEST(CharacterSprites, OfAHugeArchiveOnlyHeadersAndWantedPicturesAreRead) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "character/LoadCharacter.h"
 
+#include <functional>
 #include <string>
 
 #include <gmock/gmock.h>
@@ -11,8 +12,10 @@
 namespace scenara::test {
 namespace {
 
+using testing::AllOf;
 using testing::Each;
 using testing::ElementsAre;
+using testing::Field;
 using testing::IsEmpty;
 
 TEST(LoadCharacter, FillsTheRecord) {
@@ -39,6 +42,82 @@ TEST(LoadCharacter, SaysWhoIsLoading) {
     EXPECT_THAT(machine.captions, ElementsAre("Loading The Hero"));
 }
 
+struct SaidRow {
+    const char* name;
+    std::function<void(CharacterMachine&)> change;
+    bool loads;
+    std::string said;
+};
+
+std::string Unable(const std::string& reason) {
+    return "Unable to load /mugen/chars/hero/hero.def - " + reason + ".";
+}
+
+// Whatever is wrong is said in one box of the character's.
+TEST(LoadCharacter, SaysWhatIsMissingOrBroken) {
+    const auto file = [](const char* name, const char* text) {
+        return [=](CharacterMachine& machine) { machine.Put(name, text); };
+    };
+    const auto broken = [](const char* name) {
+        return [=](CharacterMachine& machine) {
+            machine.files.Break(std::string("/mugen/chars/hero/") + name);
+        };
+    };
+    const std::string cannotRead = "Device I/O error: /mugen/chars/hero/";
+    const SaidRow rows[] = {
+        {"no walking",
+         file("hero.air",
+              "[Begin Action 0]\n0,0, 0,0, 7\n[Begin Action 20]\n[Begin Action 21]\n"
+              "20,0, 0,0, 5\n"),
+         false, Unable("character has no walking frames")},
+        {"plain: a negative group",
+         [](CharacterMachine& machine) {
+             machine.Put("hero.air", std::string(kHeroAnimation) + "-1,0, 0,0, 5\n");
+             machine.view.Additions = false;
+         },
+         false, "Unable to load \"The Hero\""},
+        {"no constants",
+         file("hero.def", "[Files]\nanim = hero.air\nsprite = hero.sff\ncns = gone.cns\n"), true,
+         Unable("gone.cns could not be found")},
+        {"no animations",
+         file("hero.def", "[Files]\nanim = gone.air\nsprite = hero.sff\ncns = hero.cns\n"), false,
+         Unable("gone.air could not be found")},
+        {"no archive",
+         file("hero.def", "[Files]\nanim = hero.air\nsprite = sub/gone.sff\ncns = hero.cns\n"),
+         false, Unable("sub/gone.sff could not be found")},
+        {"no archive is named", file("hero.def", "[Files]\nanim = hero.air\ncns = hero.cns\n"),
+         false, Unable("its .sff file could not be found")},
+        {"a broken definition", broken("hero.def"), false, Unable(cannotRead + "hero.def")},
+        {"broken animations", broken("hero.air"), false, Unable(cannotRead + "hero.air")},
+        {"a broken archive", broken("hero.sff"), false, Unable(cannotRead + "hero.sff")},
+        {"broken constants", broken("hero.cns"), true, Unable(cannotRead + "hero.cns")},
+        {"an archive of version 2",
+         [](CharacterMachine& machine) {
+             Sff1Options options;
+             options.version = {0, 1, 0, 2};
+             machine.PutArchive(HeroSubfiles(), options);
+         },
+         false, Unable("hero.sff is an archive of version 2.01, only version 1 can be read")},
+        {"an archive that ends in its header", file("hero.sff", "ElecbyteSpr"), false,
+         Unable("Input past end of file: archive header: 12 bytes wanted at 0, 11 there")},
+    };
+    for (const SaidRow& row : rows) {
+        SCOPED_TRACE(row.name);
+        CharacterMachine machine;
+        row.change(machine);
+        EXPECT_EQ(machine.Load(), row.loads);
+        EXPECT_THAT(machine.Texts(), ElementsAre(row.said));
+        EXPECT_THAT(machine.messages.Recorded(),
+                    Each(AllOf(Field(&Message::title, "Cohortia"),
+                               Field(&Message::icon, MessageIcon::Exclamation))));
+        if (row.loads) {  // without its constants
+            EXPECT_EQ(machine.character.XScale, 1.0F);
+            EXPECT_EQ(machine.character.YScale, 1.0F);
+            EXPECT_EQ(machine.character.WalkSpeed, 1.0F);
+        }
+    }
+}
+
 TEST(LoadCharacter, AMissingDefinitionIsSaidWithFolderAndExtensionTwice) {
     CharacterMachine machine;
     EXPECT_FALSE(machine.Load("/mugen/chars/gone.def"));
@@ -49,28 +128,9 @@ TEST(LoadCharacter, AMissingDefinitionIsSaidWithFolderAndExtensionTwice) {
     EXPECT_EQ(machine.messages.Recorded()[0].icon, MessageIcon::Exclamation);
 }
 
-TEST(LoadCharacter, ACharacterThatDoesNotWalkIsRefused) {
-    CharacterMachine machine;
-    machine.Put("hero.air",
-                "[Begin Action 0]\n0,0, 0,0, 7\n[Begin Action 20]\n[Begin Action 21]\n"
-                "20,0, 0,0, 5\n");
-    EXPECT_FALSE(machine.Load());
-    EXPECT_THAT(machine.Texts(),
-                ElementsAre("Unable to load /mugen/chars/hero/hero.def - character has no walking "
-                            "frames."));
-    EXPECT_EQ(machine.messages.Recorded()[0].title, "Cohortia");
-    EXPECT_EQ(machine.messages.Recorded()[0].icon, MessageIcon::Exclamation);
-}
-
-TEST(LoadCharacter, PlainANegativeGroupIsSaidWithTheName) {
+TEST(LoadCharacter, WithAdditionsANegativeGroupIsAFrame) {
     CharacterMachine machine;
     machine.Put("hero.air", std::string(kHeroAnimation) + "-1,0, 0,0, 5\n");
-    machine.view.Additions = false;
-    EXPECT_FALSE(machine.Load());
-    EXPECT_THAT(machine.Texts(), ElementsAre("Unable to load \"The Hero\""));
-    EXPECT_EQ(machine.messages.Recorded()[0].title, "Cohortia");
-    EXPECT_EQ(machine.messages.Recorded()[0].icon, MessageIcon::Exclamation);
-    machine.view.Additions = true;
     EXPECT_TRUE(machine.Load());
 }
 
@@ -80,62 +140,6 @@ TEST(LoadCharacter, WithoutTurningItStillLoads) {
     EXPECT_TRUE(machine.Load());
     EXPECT_FALSE(machine.character.HasTurn);
     EXPECT_THAT(machine.Texts(), IsEmpty());
-}
-
-TEST(LoadCharacter, WithoutItsConstantsItLoadsAndThatIsSaid) {
-    CharacterMachine machine;
-    machine.Put("hero.def", "[Files]\nanim = hero.air\nsprite = hero.sff\ncns = gone.cns\n");
-    EXPECT_TRUE(machine.Load());
-    EXPECT_EQ(machine.character.XScale, 1.0F);
-    EXPECT_EQ(machine.character.YScale, 1.0F);
-    EXPECT_EQ(machine.character.WalkSpeed, 1.0F);
-    EXPECT_THAT(machine.Texts(),
-                ElementsAre("Unable to load /mugen/chars/hero/hero.def - gone.cns could not be "
-                            "found."));
-}
-
-TEST(LoadCharacter, WithoutItsAnimationsOrItsArchiveItDoesNot) {
-    CharacterMachine machine;
-    machine.Put("hero.def", "[Files]\nanim = gone.air\nsprite = hero.sff\ncns = hero.cns\n");
-    EXPECT_FALSE(machine.Load());
-    machine.Put("hero.def", "[Files]\nanim = hero.air\nsprite = sub/gone.sff\ncns = hero.cns\n");
-    EXPECT_FALSE(machine.Load());
-    machine.Put("hero.def", "[Files]\nanim = hero.air\ncns = hero.cns\n");
-    EXPECT_FALSE(machine.Load());
-    EXPECT_THAT(
-        machine.Texts(),
-        ElementsAre("Unable to load /mugen/chars/hero/hero.def - gone.air could not be found.",
-                    "Unable to load /mugen/chars/hero/hero.def - sub/gone.sff could not be found.",
-                    "Unable to load /mugen/chars/hero/hero.def - its .sff file could not be "
-                    "found."));
-    EXPECT_THAT(machine.messages.Recorded(), Each(testing::Field(&Message::title, "Cohortia")));
-    EXPECT_THAT(machine.messages.Recorded(),
-                Each(testing::Field(&Message::icon, MessageIcon::Exclamation)));
-}
-
-TEST(LoadCharacter, AFileThatBreaksOffIsSaidByName) {
-    for (const char* name : {"hero.def", "hero.air", "hero.sff"}) {
-        CharacterMachine machine;
-        machine.files.Break(std::string("/mugen/chars/hero/") + name);
-        EXPECT_FALSE(machine.Load());
-        EXPECT_THAT(machine.Texts(),
-                    ElementsAre(std::string("Unable to load /mugen/chars/hero/hero.def - Device "
-                                            "I/O error: /mugen/chars/hero/") +
-                                name + "."));
-        EXPECT_EQ(machine.messages.Recorded()[0].title, "Cohortia");
-        EXPECT_EQ(machine.messages.Recorded()[0].icon, MessageIcon::Exclamation);
-    }
-}
-
-TEST(LoadCharacter, ConstantsThatBreakOffAreSaidAndLeftOut) {
-    CharacterMachine machine;
-    machine.files.Break("/mugen/chars/hero/hero.cns");
-    EXPECT_TRUE(machine.Load());
-    EXPECT_EQ(machine.character.XScale, 1.0F);
-    EXPECT_EQ(machine.character.WalkSpeed, 1.0F);
-    EXPECT_THAT(machine.Texts(), ElementsAre("Unable to load /mugen/chars/hero/hero.def - Device "
-                                             "I/O error: /mugen/chars/hero/hero.cns."));
-    EXPECT_EQ(machine.messages.Recorded()[0].title, "Cohortia");
 }
 
 TEST(LoadCharacter, APaletteThatBreaksOffColoursNothing) {
@@ -188,25 +192,6 @@ TEST(LoadCharacter, FileNamesMayHaveBlanksAndDots) {
     EXPECT_EQ(machine.character.WalkSpeed, 2.0F) << "the blank in front of the extension is cut";
     EXPECT_EQ(machine.character.Sprites.size(), 5U);
     EXPECT_THAT(machine.Texts(), IsEmpty());
-}
-
-TEST(LoadCharacter, AnArchiveOfVersion2IsSaid) {
-    CharacterMachine machine;
-    Sff1Options options;
-    options.version = {0, 1, 0, 2};
-    machine.PutArchive(HeroSubfiles(), options);
-    EXPECT_FALSE(machine.Load());
-    EXPECT_THAT(machine.Texts(),
-                ElementsAre("Unable to load /mugen/chars/hero/hero.def - hero.sff is an archive of "
-                            "version 2.01, only version 1 can be read."));
-}
-
-TEST(LoadCharacter, AnArchiveThatEndsInItsHeaderIsSaid) {
-    CharacterMachine machine;
-    machine.Put("hero.sff", "ElecbyteSpr");
-    EXPECT_FALSE(machine.Load());
-    EXPECT_EQ(machine.messages.Recorded().size(), 1U);
-    EXPECT_EQ(machine.messages.Recorded()[0].title, "Cohortia");
 }
 
 TEST(LoadCharacter, MemoryThatIsNotThereIsSaid) {

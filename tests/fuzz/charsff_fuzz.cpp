@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // Any bytes as a character's sprite archive, of which its animations show a few groups.
+#include "character/CharacterMessages.h"
 #include "fuzz/CharacterChecks.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -22,8 +23,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
             }
         }
         try {
-            LoadCharacterSprites(character, file, ReadSffHeader(file), "fuzz.sff", std::nullopt,
-                                 {device, messages, options, progress});
+            LoadCharacterSprites(character,
+                                 {file, "fuzz.sff", ReadSffHeader(file), device, messages, options},
+                                 std::nullopt, progress);
         } catch (const RunTimeError&) {
             continue;
         }

@@ -45,10 +45,10 @@ void CompareUnpackPaths(std::span<const std::byte> data, std::size_t wanted) {
         colors[i] = static_cast<std::uint32_t>(i * 0x01010101U);
     }
     std::vector<std::uint32_t> plain(wanted + kUnpackSlack);
-    const UnpackResult expected = UnpackPcxOn(UnpackPath::Plain, data, colors, plain, wanted);
+    const UnpackResult expected = UnpackPcx(UnpackPath::Plain, data, colors, plain, wanted);
     for (const UnpackPath path : {UnpackPath::Sse2, UnpackPath::Avx2}) {
         std::vector<std::uint32_t> pixels(wanted + kUnpackSlack);
-        const UnpackResult result = UnpackPcxOn(path, data, colors, pixels, wanted);
+        const UnpackResult result = UnpackPcx(path, data, colors, pixels, wanted);
         test::Require(result.consumed == expected.consumed && result.written == expected.written,
                       "every path uses and makes the same");
         test::Require(

@@ -15,13 +15,12 @@
 
 #include "ArchiveLoad.h"
 #include "base/RunTimeError.h"
-#include "sprites/SffArchive.h"
 #include "sprites/sff2.h"
+#include "sprites/version1/SffArchive.h"
 
 namespace scenara {
 namespace {
 
-using samplemaker::LastNext;
 using samplemaker::PcxOptions;
 using samplemaker::TrailingPalette;
 using test::ArchiveLoad;
@@ -47,10 +46,10 @@ Sff1Subfile Small(std::int16_t group, std::int16_t image) {
     return Shown(group, image, WritePcx(StripedPicture(4, 3, PaletteOf(1))));
 }
 
-std::vector<std::byte> ThreeOf(std::uint32_t images, LastNext lastNext = LastNext::EndOfFile) {
+std::vector<std::byte> ThreeOf(std::uint32_t images) {
     Sff1Options options;
     options.images = images;
-    options.lastNext = lastNext;
+    options.lastNext = samplemaker::LastNext::EndOfFile;
     return WriteSff1({Small(0, 0), Small(0, 1), Small(0, 2)}, options);
 }
 
@@ -92,69 +91,47 @@ TEST(DamagedArchive, ThatEndsInItsHeaderSaysSo) {
     }
 }
 
-class AbsurdCount : public testing::TestWithParam<std::uint32_t> {};
-
-TEST_P(AbsurdCount, LoadsWhatIsThereAndSaysWhereItEnds) {
-    const auto bytes = ThreeOf(GetParam());
-    ArchiveLoad load;
-    load.Run(bytes);
-    EXPECT_EQ(load.model.SpriteCount, 3);
-    EXPECT_THAT(load.Kinds(), ElementsAre(kMessageSffError));
-    EXPECT_EQ(load.Texts()[0],
-              "SFF Error:  stages/test.sff\r\nSubfile 4 of " + std::to_string(GetParam()) + " at " +
-                  std::to_string(bytes.size()) + ": the file ends there.  The rest is skipped..");
-    EXPECT_LE(load.BytesAskedFor(), 4 * bytes.size());
-}
-
-INSTANTIATE_TEST_SUITE_P(, AbsurdCount,
-                         testing::Values(4U, 32768U, 0x7FFFFFFFU, 0x80000000U, 0xFFFFFFFFU));
-
-// The chain ends with 0 and the header wants more: the file's header is no picture.
-TEST(DamagedArchive, WhoseChainGoesToItsStartEndsWithMessages) {
-    const auto bytes = ThreeOf(0xFFFFFFFF, LastNext::Zero);
-    ArchiveLoad load;
-    load.Run(bytes);
-    EXPECT_EQ(load.model.SpriteCount, 3);
-    EXPECT_THAT(
-        load.Texts(),
-        ElementsAre("SFF Error:  stages/test.sff\r\nSubfile 4 of 4294967295 at 0: the chain "
-                    "ends there.  The rest is skipped.."));
-}
-
-TEST(DamagedArchive, WhoseChainGoesRoundKeepsEachOnce) {
-    auto bytes = ThreeOf(1000);
-    const auto offsets = SubfileOffsets(bytes, 3);
+TEST(DamagedArchive, KeepsWhatIsBeforeTheBreakAndSaysWhereItIs) {
+    constexpr std::uint32_t kAll = 0xFFFFFFFF;
+    const auto good = ThreeOf(3);
+    const auto offsets = SubfileOffsets(good, 3);
+    struct Row {
+        std::uint32_t images;
+        std::size_t at;  // of a number of the file
+        std::size_t number;
+        Integer kept;
+        const char* reason;
+    };
+    const char* const kEnds = "the file ends there.";
+    const char* const kRound = "it was read before, the chain goes round.";
+    std::vector<Row> rows;
+    for (const std::uint32_t images : {4U, 32768U, 0x7FFFFFFFU, 0x80000000U, kAll}) {
+        rows.push_back({images, 24, offsets[0], 3, kEnds});
+    }
+    for (const std::size_t away : {0x7FFFFFFFU, 0x80000000U, kAll}) {
+        rows.push_back({3, offsets[1], away, 2, kEnds});
+        rows.push_back({3, 24, away, 0, kEnds});
+    }
     for (const std::size_t back : offsets) {
-        PatchU32(bytes, offsets[2], static_cast<std::uint32_t>(back));
+        rows.push_back({1000, offsets[2], back, 3, kRound});
+    }
+    // The header wants more, but the file's header is no picture.
+    rows.push_back({kAll, offsets[2], 0, 3, "the chain ends there."});
+    for (const Row& row : rows) {
+        auto bytes = ThreeOf(row.images);
+        PatchU32(bytes, row.at, static_cast<std::uint32_t>(row.number));
         ArchiveLoad load;
         load.Run(bytes);
-        EXPECT_EQ(load.model.SpriteCount, 3);
-        EXPECT_THAT(load.Texts(),
-                    ElementsAre(HasSubstr("it was read before, the chain goes round.  The rest is "
-                                          "skipped..")));
+        EXPECT_EQ(load.model.SpriteCount, row.kept);
+        EXPECT_THAT(load.Kinds(), ElementsAre(kMessageSffError));
+        const std::size_t where = row.at == 24 && row.kept == 3 ? bytes.size() : row.number;
+        EXPECT_THAT(
+            load.Texts(),
+            ElementsAre("SFF Error:  stages/test.sff\r\nSubfile " + std::to_string(row.kept + 1) +
+                        " of " + std::to_string(row.images) + " at " + std::to_string(where) +
+                        ": " + row.reason + "  The rest is skipped.."));
+        EXPECT_LE(load.BytesAskedFor(), 4 * bytes.size());
     }
-}
-
-TEST(DamagedArchive, WhoseChainLeavesTheFileKeepsWhatWasBefore) {
-    for (const std::uint32_t away : {0x7FFFFFFFU, 0x80000000U, 0xFFFFFFFFU}) {
-        auto bytes = ThreeOf(3);
-        PatchU32(bytes, SubfileOffsets(bytes, 2)[1], away);
-        ArchiveLoad load;
-        load.Run(bytes);
-        EXPECT_EQ(load.model.SpriteCount, 2);
-        EXPECT_THAT(load.Texts(), ElementsAre("SFF Error:  stages/test.sff\r\nSubfile 3 of 3 at " +
-                                              std::to_string(away) +
-                                              ": the file ends there.  The rest is skipped.."));
-    }
-}
-
-TEST(DamagedArchive, WhoseFirstSubfileIsNowhereIsEmptyAndSaysSo) {
-    auto bytes = ThreeOf(3);
-    PatchU32(bytes, 24, 0xFFFFFFF0);
-    ArchiveLoad load;
-    load.Run(bytes);
-    EXPECT_EQ(load.model.SpriteCount, 0);
-    EXPECT_THAT(load.Kinds(), ElementsAre(kMessageSffError));
 }
 
 // From the middle of a picture everything is nonsense; the load ends all the same.

@@ -88,7 +88,7 @@ Unpacked Unpack(UnpackPath path, std::span<const std::byte> packed, std::size_t 
     const Bytes input(packed.begin(), packed.end());
     Words memory(kGuards + wanted + slack + kGuards, kGuard);
     const std::span<std::uint32_t> room = std::span(memory).subspan(kGuards, wanted + slack);
-    const UnpackResult result = UnpackPcxOn(path, input, Colors(), room, wanted);
+    const UnpackResult result = UnpackPcx(path, input, Colors(), room, wanted);
 
     const auto isGuard = [](std::uint32_t word) { return word == kGuard; };
     const std::span<const std::uint32_t> words = memory;
@@ -126,75 +126,48 @@ INSTANTIATE_TEST_SUITE_P(Paths, PcxUnpack,
 
 // ---- What the format says, by hand
 
-TEST_P(PcxUnpack, ByteBelow192IsOnePixel) {
-    const auto got = Unpack(GetParam(), BytesOf({0, 7, 191}), 3);
-    EXPECT_EQ(got.pixels, ColorsOf({0, 7, 191}));
-    EXPECT_EQ(got.extent, (Extent{3, 3}));
-}
+struct ByHand {
+    const char* name;
+    Bytes packed;
+    std::size_t wanted;
+    Words pixels;
+    std::size_t consumed;
+};
 
-TEST_P(PcxUnpack, ByteFrom192RepeatsTheNext) {
-    const auto got = Unpack(GetParam(), BytesOf({195, 9, 5, 193, 4}), 5);
-    EXPECT_EQ(got.pixels, ColorsOf({9, 9, 9, 5, 4}));
-    EXPECT_EQ(got.extent, (Extent{5, 5}));
-}
-
-TEST_P(PcxUnpack, RepeatedByteMayLookLikeARepeat) {
-    const auto got = Unpack(GetParam(), BytesOf({194, 255, 193, 192, 193, 193, 1}), 5);
-    EXPECT_EQ(got.pixels, ColorsOf({255, 255, 192, 193, 1}));
-    EXPECT_EQ(got.extent, (Extent{7, 5}));
-}
-
-TEST_P(PcxUnpack, RepeatOfZeroTakesTwoBytesAndMakesNothing) {
-    const auto got = Unpack(GetParam(), BytesOf({1, 192, 200, 192, 3, 2}), 2);
-    EXPECT_EQ(got.pixels, ColorsOf({1, 2}));
-    EXPECT_EQ(got.extent, (Extent{6, 2}));
-}
-
-TEST_P(PcxUnpack, LongestRunHas63Pixels) {
-    const auto got = Unpack(GetParam(), BytesOf({255, 8, 3}), 64);
-    Words expected(63, Colors()[8]);
-    expected.push_back(Colors()[3]);
-    EXPECT_EQ(got.pixels, expected);
-    EXPECT_EQ(got.extent, (Extent{3, 64}));
-}
-
-TEST_P(PcxUnpack, StopsBehindTheLastWantedPixel) {
-    const auto got = Unpack(GetParam(), BytesOf({1, 194, 2, 192, 9, 3, 4}), 3);
-    EXPECT_EQ(got.pixels, ColorsOf({1, 2, 2}));
-    EXPECT_EQ(got.extent, (Extent{3, 3}));
-}
-
-TEST_P(PcxUnpack, RunBeyondTheLastWantedPixelIsCut) {
-    const auto got = Unpack(GetParam(), BytesOf({1, 255, 2, 3}), 3);
-    EXPECT_EQ(got.pixels, ColorsOf({1, 2, 2}));
-    EXPECT_EQ(got.extent, (Extent{3, 3}));
-}
-
-TEST_P(PcxUnpack, DataThatEndTooEarlyGiveWhatTheyHave) {
-    const auto got = Unpack(GetParam(), BytesOf({1, 194, 2}), 10);
-    EXPECT_EQ(got.pixels, ColorsOf({1, 2, 2}));
-    EXPECT_EQ(got.extent, (Extent{3, 3}));
-}
-
-TEST_P(PcxUnpack, RepeatWithoutItsByteIsNotTaken) {
-    const auto got = Unpack(GetParam(), BytesOf({1, 2, 255}), 10);
-    EXPECT_EQ(got.pixels, ColorsOf({1, 2}));
-    EXPECT_EQ(got.extent, (Extent{2, 2}));
-}
-
-TEST_P(PcxUnpack, NothingWantedTakesNothing) {
-    EXPECT_EQ(Unpack(GetParam(), BytesOf({1, 2, 3}), 0).extent, (Extent{0, 0}));
-}
-
-TEST_P(PcxUnpack, NoDataMakeNothing) {
-    EXPECT_EQ(Unpack(GetParam(), {}, 5).extent, (Extent{0, 0}));
+TEST_P(PcxUnpack, IsWhatTheFormatSays) {
+    Words longest(63, Colors()[8]);
+    longest.push_back(Colors()[3]);
+    const ByHand rows[] = {
+        {"a byte below 192 is one pixel", BytesOf({0, 7, 191}), 3, ColorsOf({0, 7, 191}), 3},
+        {"one from 192 on repeats the next", BytesOf({195, 9, 5, 193, 4}), 5,
+         ColorsOf({9, 9, 9, 5, 4}), 5},
+        {"the repeated byte may look like a repeat", BytesOf({194, 255, 193, 192, 193, 193, 1}), 5,
+         ColorsOf({255, 255, 192, 193, 1}), 7},
+        {"a repeat of 0 takes two bytes and makes nothing", BytesOf({1, 192, 200, 192, 3, 2}), 2,
+         ColorsOf({1, 2}), 6},
+        {"the longest run", BytesOf({255, 8, 3}), 64, longest, 3},
+        {"it stops after the last wanted pixel", BytesOf({1, 194, 2, 192, 9, 3, 4}), 3,
+         ColorsOf({1, 2, 2}), 3},
+        {"a run beyond the last wanted pixel is cut", BytesOf({1, 255, 2, 3}), 3,
+         ColorsOf({1, 2, 2}), 3},
+        {"data that end too early give what they have", BytesOf({1, 194, 2}), 10,
+         ColorsOf({1, 2, 2}), 3},
+        {"a repeat without its byte is not taken", BytesOf({1, 2, 255}), 10, ColorsOf({1, 2}), 2},
+        {"nothing wanted takes nothing", BytesOf({1, 2, 3}), 0, {}, 0},
+        {"no data make nothing", {}, 5, {}, 0},
+    };
+    for (const ByHand& row : rows) {
+        const auto got = Unpack(GetParam(), row.packed, row.wanted);
+        EXPECT_EQ(got.pixels, row.pixels) << row.name;
+        EXPECT_EQ(got.extent, (Extent{row.consumed, row.pixels.size()})) << row.name;
+    }
 }
 
 TEST_P(PcxUnpack, NoMoreIsWantedThanThereIsRoomFor) {
     const Bytes packed(300, std::byte{5});
     Words memory(120, kGuard);
     const auto room = std::span(memory).first(100);
-    EXPECT_EQ(ExtentOf(UnpackPcxOn(GetParam(), packed, Colors(), room, 300)), (Extent{100, 100}));
+    EXPECT_EQ(ExtentOf(UnpackPcx(GetParam(), packed, Colors(), room, 300)), (Extent{100, 100}));
     EXPECT_EQ(std::ranges::count(memory, kGuard), 20);
 }
 
@@ -326,26 +299,14 @@ TEST_P(PcxUnpack, BytesBehindTheDataDoNotMatter) {
         Words first(3000 + kUnpackSlack);
         Words second(first);
         std::ranges::fill(std::span(block).subspan(length), std::byte{5});
-        const Extent one = ExtentOf(UnpackPcxOn(GetParam(), packed, Colors(), first, 3000));
+        const Extent one = ExtentOf(UnpackPcx(GetParam(), packed, Colors(), first, 3000));
         std::ranges::fill(std::span(block).subspan(length), std::byte{255});
-        const Extent two = ExtentOf(UnpackPcxOn(GetParam(), packed, Colors(), second, 3000));
+        const Extent two = ExtentOf(UnpackPcx(GetParam(), packed, Colors(), second, 3000));
         ASSERT_EQ(one, two) << length;
         ASSERT_TRUE(std::equal(
             first.begin(), first.begin() + static_cast<std::ptrdiff_t>(one.second), second.begin()))
             << length;
     }
-}
-
-// ---- The choice
-
-TEST(PcxUnpackPaths, TheUsualCallGivesTheSame) {
-    Inputs inputs(5);
-    const Bytes packed = inputs.Packed(5000);
-    const Unpacked expected = ByTheLetter(packed, 4000);
-    Words pixels(4000 + kUnpackSlack);
-    EXPECT_EQ(ExtentOf(UnpackPcx(packed, Colors(), pixels, 4000)), expected.extent);
-    pixels.resize(expected.extent.second);
-    EXPECT_EQ(pixels, expected.pixels);
 }
 
 }  // namespace

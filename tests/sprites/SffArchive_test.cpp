@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "sprites/SffArchive.h"
+#include "sprites/version1/SffArchive.h"
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -87,8 +88,7 @@ public:
     std::vector<std::size_t> Walk() {
         std::vector<std::size_t> positions;
         while (chain.Next()) {
-            EXPECT_EQ(chain.Index(), positions.size());
-            positions.push_back(chain.Position());
+            positions.push_back(chain.Current().position);
         }
         EXPECT_FALSE(chain.Next());  // the end is the end
         return positions;
@@ -110,8 +110,8 @@ TEST(SubfileChain, EachFieldHasItsPlaceAndSign) {
 
     ChainOf archive(bytes);
     ASSERT_TRUE(archive.chain.Next());
-    const SubfileHeader first = archive.chain.Header();
-    EXPECT_EQ(archive.chain.Position(), 512U);
+    const Subfile first = archive.chain.Current();
+    EXPECT_EQ(archive.chain.Current().position, 512U);
     EXPECT_EQ(first.next, 512U + 32 + 5);
     EXPECT_EQ(first.length, -10);
     EXPECT_EQ(first.axisX, -400);
@@ -123,8 +123,8 @@ TEST(SubfileChain, EachFieldHasItsPlaceAndSign) {
     EXPECT_FALSE(first.IsLinked());
 
     ASSERT_TRUE(archive.chain.Next());
-    const SubfileHeader second = archive.chain.Header();
-    EXPECT_EQ(archive.chain.Position(), 512U + 32 + 5);
+    const Subfile second = archive.chain.Current();
+    EXPECT_EQ(archive.chain.Current().position, 512U + 32 + 5);
     EXPECT_EQ(second.length, 0);
     EXPECT_EQ(second.group, 32767);
     EXPECT_EQ(second.image, -32768);
@@ -147,62 +147,51 @@ TEST(SubfileChain, RunsThroughTheFileInAnyOrder) {
     EXPECT_FALSE(archive.chain.Broken());
 }
 
-TEST(SubfileChain, EndsWhenTheNumberOfImagesIsSeen) {
-    Sff1Options options;
-    options.images = 2;
-    const auto bytes = WriteSff1({Linked(0, 0, 0), Linked(0, 1, 0), Linked(0, 2, 0)}, options);
-    ChainOf archive(bytes);
-    EXPECT_EQ(archive.Walk().size(), 2U);
-    EXPECT_FALSE(archive.chain.Broken());
-}
+// Three subfiles at 512, 544 and 576; what one row changes, and how the chain ends then.
+struct EndRow {
+    const char* name;
+    std::uint32_t images;
+    std::size_t at;  // of a number of the file
+    std::uint32_t number;
+    std::size_t size;
+    std::size_t seen;
+    std::optional<std::string> broken;
+};
 
-TEST(SubfileChain, OfNoImagesIsEmptyWhereverItPoints) {
-    auto bytes = WriteSff1({});
-    PatchU32(bytes, 24, 0xFFFFFFFF);
-    ChainOf archive(bytes);
-    EXPECT_TRUE(archive.Walk().empty());
-    EXPECT_FALSE(archive.chain.Broken());
-}
-
-TEST(SubfileChain, BreaksWhereTheFileEnds) {
-    auto bytes = WriteSff1({Linked(0, 0, 0), Linked(0, 1, 0)});
-    bytes.pop_back();
-    ChainOf archive(bytes);
-    EXPECT_EQ(archive.Walk().size(), 1U);
-    EXPECT_EQ(archive.chain.Broken(), "Subfile 2 of 2 at 544: the file ends there.");
-}
-
-TEST(SubfileChain, BreaksBehindTheFile) {
-    auto bytes = WriteSff1({Linked(0, 0, 0), Linked(0, 1, 0)});
-    PatchU32(bytes, 512, 0xFFFFFFFF);
-    ChainOf archive(bytes);
-    EXPECT_EQ(archive.Walk().size(), 1U);
-    EXPECT_EQ(archive.chain.Broken(), "Subfile 2 of 2 at 4294967295: the file ends there.");
-}
-
-// 0 is what the last subfile of most archives says; no subfile lies in the file's header.
-TEST(SubfileChain, EndsInTheFileHeader) {
-    for (const std::uint32_t next : {0U, 1U, 27U}) {
-        auto bytes = WriteSff1({Linked(0, 0, 0), Linked(0, 1, 0)});
-        PatchU32(bytes, 512, next);
+TEST(SubfileChain, EndsWhereItEndsOrBreaks) {
+    constexpr std::uint32_t kAll = 0xFFFFFFFF;
+    constexpr std::size_t kFirst = 24;  // where the file says where its first subfile is
+    constexpr std::size_t kWhole = 608;
+    const auto round = [](std::uint32_t back) {
+        return "Subfile 4 of 4294967295 at " + std::to_string(back) +
+               ": it was read before, the chain goes round.";
+    };
+    const EndRow rows[] = {
+        {"all are seen", 3, kFirst, 512, kWhole, 3, std::nullopt},
+        {"two were asked for", 2, kFirst, 512, kWhole, 2, std::nullopt},
+        {"no images, wherever it points", 0, kFirst, kAll, kWhole, 0, std::nullopt},
+        {"the file ends", 3, kFirst, 512, kWhole - 1, 2,
+         "Subfile 3 of 3 at 576: the file ends there."},
+        {"it leaves the file", 3, 544, kAll, kWhole, 2,
+         "Subfile 3 of 3 at 4294967295: the file ends there."},
+        // 0 is what the last subfile of most archives says; none lies in the file's header.
+        {"0", 3, 544, 0, kWhole, 2, "Subfile 3 of 3 at 0: the chain ends there."},
+        {"1", 3, 544, 1, kWhole, 2, "Subfile 3 of 3 at 1: the chain ends there."},
+        {"the header's last byte", 3, 544, 27, kWhole, 2,
+         "Subfile 3 of 3 at 27: the chain ends there."},
+        {"back to the first", kAll, 576, 512, kWhole, 3, round(512)},
+        {"back to the second", kAll, 576, 544, kWhole, 3, round(544)},
+        {"back to itself", kAll, 576, 576, kWhole, 3, round(576)},
+    };
+    for (const EndRow& row : rows) {
+        Sff1Options options;
+        options.images = row.images;
+        auto bytes = WriteSff1({Linked(0, 0, 0), Linked(0, 1, 0), Linked(0, 2, 0)}, options);
+        PatchU32(bytes, row.at, row.number);
+        bytes.resize(row.size);
         ChainOf archive(bytes);
-        EXPECT_EQ(archive.Walk().size(), 1U);
-        EXPECT_EQ(archive.chain.Broken(),
-                  "Subfile 2 of 2 at " + std::to_string(next) + ": the chain ends there.");
-    }
-}
-
-TEST(SubfileChain, BreaksWhereItGoesRound) {
-    const std::vector<Sff1Subfile> three = {Linked(0, 0, 0), Linked(0, 1, 0), Linked(0, 2, 0)};
-    Sff1Options options;
-    options.images = 0xFFFFFFFF;
-    for (const std::uint32_t back : {512U, 544U, 576U}) {
-        auto bytes = WriteSff1(three, options);
-        PatchU32(bytes, 576, back);
-        ChainOf archive(bytes);
-        EXPECT_EQ(archive.Walk().size(), 3U);
-        EXPECT_EQ(archive.chain.Broken(), "Subfile 4 of 4294967295 at " + std::to_string(back) +
-                                              ": it was read before, the chain goes round.");
+        EXPECT_EQ(archive.Walk().size(), row.seen) << row.name;
+        EXPECT_EQ(archive.chain.Broken(), row.broken) << row.name;
     }
 }
 
@@ -225,45 +214,33 @@ TEST(SubfileChain, BreaksWhereSubfilesLieOverEachOther) {
     EXPECT_THAT(*archive.chain.Broken(), HasSubstr("the subfiles lie over each other."));
 }
 
-TEST(SubfileChain, BreaksWhenItsPicturesUseTheFileManyTimes) {
-    const std::vector<Sff1Subfile> subfiles(100, Linked(0, 0, 0));
-    const auto bytes = WriteSff1(subfiles);
-    {
-        ChainOf shown(bytes);
-        std::size_t seen = 0;
-        while (shown.chain.Next()) {
-            shown.chain.CountShownBytes(bytes.size());
-            ++seen;
-        }
-        EXPECT_LE(seen, 3U);
-        ASSERT_TRUE(shown.chain.Broken());
-        EXPECT_THAT(*shown.chain.Broken(), HasSubstr("the subfiles lie over each other."));
-    }
-    {
-        ChainOf lost(bytes);
-        std::size_t seen = 0;
-        while (lost.chain.Next()) {
-            lost.chain.CountLostBytes(bytes.size());
-            ++seen;
-        }
-        EXPECT_GT(seen, 3U);
-        EXPECT_LE(seen, 10U);
-        ASSERT_TRUE(lost.chain.Broken());
-        EXPECT_THAT(*lost.chain.Broken(), HasSubstr("the subfiles lie over each other."));
-    }
-}
+struct UseRow {
+    const char* name;
+    std::uint64_t shown;  // bytes after each subfile, in hundredths of the file
+    std::uint64_t lost;
+    std::size_t least;
+    std::size_t most;
+};
 
-TEST(SubfileChain, PicturesThatUseEachByteOnceNeverBreakIt) {
-    const std::vector<Sff1Subfile> subfiles(200, Shown(0, 0, Zeros(300)));
-    const auto bytes = WriteSff1(subfiles);
-    ChainOf archive(bytes);
-    std::size_t seen = 0;
-    while (archive.chain.Next()) {
-        archive.chain.CountShownBytes(300);
-        ++seen;
+TEST(SubfileChain, BreaksWhenItsPicturesUseTheFileManyTimes) {
+    const auto bytes = WriteSff1(std::vector<Sff1Subfile>(100, Linked(0, 0, 0)));
+    const UseRow rows[] = {{"each byte once", 1, 0, 100, 100},
+                           {"all of it shown each time", 100, 0, 2, 3},
+                           {"all of it lost each time", 0, 100, 4, 10}};
+    for (const UseRow& row : rows) {
+        ChainOf archive(bytes);
+        std::size_t seen = 0;
+        while (archive.chain.Next()) {
+            archive.chain.Use().CountShown(bytes.size() * row.shown / 100);
+            archive.chain.Use().CountLost(bytes.size() * row.lost / 100);
+            ++seen;
+        }
+        EXPECT_GE(seen, row.least) << row.name;
+        EXPECT_LE(seen, row.most) << row.name;
+        EXPECT_EQ(archive.chain.Broken().has_value(), seen < 100) << row.name;
+        EXPECT_THAT(archive.chain.Broken().value_or("the subfiles lie over each other."),
+                    HasSubstr("the subfiles lie over each other."));
     }
-    EXPECT_EQ(seen, 200U);
-    EXPECT_FALSE(archive.chain.Broken());
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "sprites/SubfilePicture.h"
+#include "sprites/version1/SubfilePicture.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -53,7 +53,7 @@ public:
 
     bool LoadNext() {
         EXPECT_TRUE(chain.Next());
-        return pictures.Load(chain, picture);
+        return pictures.Load(chain.Current(), chain.Use(), picture);
     }
 
     [[nodiscard]] Words Pixels() const { return test::PixelsOf(*picture.texture); }

@@ -16,10 +16,10 @@
 #include "ArchiveLoad.h"
 #include "PcxDecoding.h"
 #include "sprites/PcxLines.h"
-#include "sprites/SffArchive.h"
-#include "sprites/SubfilePicture.h"
 #include "sprites/modFilePCX.h"
 #include "sprites/sff2.h"
+#include "sprites/version1/SffArchive.h"
+#include "sprites/version1/SubfilePicture.h"
 
 namespace scenara {
 namespace {

@@ -12,7 +12,7 @@
 
 #include "ArchiveLoad.h"
 #include "PcxDecoding.h"
-#include "sprites/SubfilePicture.h"
+#include "sprites/version1/SubfilePicture.h"
 
 namespace scenara {
 namespace {
@@ -161,6 +161,9 @@ TEST(Sff2, CaptionsCutATitleThatNoTitleBarShows) {
         EXPECT_EQ(LoadingCaption(std::string(length, 'x'), 1, 2),
                   "Loading " + std::string(255, 'x') + " 50%");
     }
+    // Not within a character.
+    EXPECT_EQ(LoadingCaption(std::string(254, 'x') + "\xC3\xA9", 1, 2),
+              "Loading " + std::string(254, 'x') + " 50%");
 }
 
 TEST(Sff2, TheWindowSystemRunsAfterEveryImageThatCounts) {
@@ -207,6 +210,26 @@ TEST(Sff2, PicturesOfStillElementsWithMask1AreMasked) {
         masked.push_back(entry.masked);
     }
     EXPECT_THAT(masked, ElementsAre(1, 1, 0, 0, 0, 0, 0, 0, 1, 0, 0));
+}
+
+// Scaled: two opaque stills show it, and something that leaves colour 0 out.
+TEST(Sff2, APictureThatIsAlsoShownWithItsColour0LeftOutIsScaledAsSuch) {
+    const auto archive =
+        WriteSff1({Shown(0, 0, WritePcx(test::IndexedPicture{2, 1, {0, 99}, PaletteOf(1)}))});
+    const auto scaled = [&](std::size_t opaqueStills, bool keyed) {
+        ArchiveLoad load;
+        load.model.Elements.assign(opaqueStills, Element("normal", 0, 0, 0));
+        if (keyed) {
+            load.model.Elements.push_back(Element("normal", 1, 0, 0));
+        }
+        test::MemoryFile file(archive);
+        LoadSprites(load.model, file, test::kArchiveName, load.device, load.window, load.messages,
+                    ViewOptions{}, 0.5);
+        return load.Pixels(0);
+    };
+    EXPECT_NE(scaled(1, false), scaled(1, true)) << "colour 0 counts in one of them";
+    EXPECT_EQ(scaled(2, false), scaled(1, false));
+    EXPECT_EQ(scaled(2, true), scaled(1, true));
 }
 
 TEST(Sff2, LinkedEntriesShareThePictureAndKeepTheirOwnNumbers) {

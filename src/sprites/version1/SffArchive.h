@@ -57,7 +57,8 @@ struct SffHeader {
 // Raises RunTimeError "Input past end of file" for a file that ends in its header.
 [[nodiscard]] SffHeader ReadSffHeader(InputFile& archive);
 
-struct SubfileHeader {
+struct Subfile {
+    std::uint32_t position = 0;  // in the file
     std::uint32_t next = 0;
     Long length = 0;
     Integer axisX = 0;
@@ -68,6 +69,36 @@ struct SubfileHeader {
     bool samePalette = false;
 
     [[nodiscard]] bool IsLinked() const { return length == 0; }
+    // Where its picture begins.
+    [[nodiscard]] std::uint64_t Start() const {
+        return std::uint64_t{position} + kSubfileHeaderSize;
+    }
+};
+
+// How many of `wanted` bytes the file has from `start` on.
+[[nodiscard]] std::uint64_t Available(const InputFile& file, std::uint64_t start,
+                                      std::uint64_t wanted);
+
+// How much of a file an archive has used. Each byte belongs to one subfile, so that a sound archive
+// uses it once.
+class ArchiveUse {
+public:
+    explicit ArchiveUse(std::uint64_t fileSize) : fileSize_(fileSize) {}
+
+    // Bytes of a header, and of a picture that is shown. A damaged one may take its neighbour's, so
+    // there may be twice as many as the file has.
+    void CountShown(std::uint64_t bytes) { shown_ += bytes; }
+    // Bytes that were read in vain. Pictures that fail may each have been read to the file's end,
+    // so there may be eight times as many.
+    void CountLost(std::uint64_t bytes) { lost_ += bytes; }
+
+    // There are more: subfiles lie over each other.
+    [[nodiscard]] bool IsTooMuch() const { return shown_ / 2 > fileSize_ || lost_ / 8 > fileSize_; }
+
+private:
+    std::uint64_t fileSize_;
+    std::uint64_t shown_ = 0;
+    std::uint64_t lost_ = 0;
 };
 
 // The subfiles of an archive, one after the other.
@@ -80,17 +111,11 @@ public:
     [[nodiscard]] bool Next();
 
     // The subfile that Next() found.
-    [[nodiscard]] const SubfileHeader& Header() const { return subfile_; }
-    [[nodiscard]] std::uint32_t Position() const { return position_; }
-    [[nodiscard]] std::uint32_t Index() const { return seen_ - 1; }
+    [[nodiscard]] const Subfile& Current() const { return subfile_; }
 
-    // Bytes of a picture that was shown, and bytes read for one that could not be: each kind has a
-    // sum beyond which the chain breaks.
-    void CountShownBytes(std::uint64_t bytes) { shownBytes_ += bytes; }
-    void CountLostBytes(std::uint64_t bytes) { lostBytes_ += bytes; }
-
-    // Whether one of the sums is beyond that: subfiles lie over each other.
-    [[nodiscard]] bool IsOverused() const;
+    // The chain counts headers, whoever loads pictures counts these. It breaks where that is too
+    // much.
+    [[nodiscard]] ArchiveUse& Use() { return use_; }
 
     // Why the chain ended early; nothing when it did not.
     [[nodiscard]] const std::optional<std::string>& Broken() const { return broken_; }
@@ -101,11 +126,9 @@ private:
     InputFile& archive_;
     std::uint32_t imageCount_;
     std::uint32_t nextPosition_;
-    std::uint32_t position_ = 0;
     std::uint32_t seen_ = 0;
-    std::uint64_t shownBytes_ = 0;
-    std::uint64_t lostBytes_ = 0;
-    SubfileHeader subfile_;
+    ArchiveUse use_;
+    Subfile subfile_;
     std::unordered_set<std::uint32_t> visited_;
     std::optional<std::string> broken_;
 };

@@ -4,9 +4,8 @@
 //
 // The archive is read in two goes per picture (PCX header; then pixels and palette) into buffers
 // that are used again for the next; no more of it is ever in memory. The palette is the last 768
-// bytes of the subfile's data, kept from picture to picture for those that share it. Addition:
-// those bytes are looked at first (SubfilePalette.h); a picture without a palette has that of the
-// one before it.
+// bytes of the subfile's data (SubfilePalette.h), kept from picture to picture for those that share
+// it. Addition: a picture without a palette has that of the one before it.
 //
 // A length that goes past the end of the file, or reaches into the next subfile, is no error as
 // long as the pixels are complete. Nothing is read that the picture could not need.
@@ -19,9 +18,9 @@
 #include "platform/Direct3D8.h"
 #include "platform/Files.h"
 #include "platform/Messages.h"
-#include "sprites/SffArchive.h"
-#include "sprites/SubfilePalette.h"
 #include "sprites/modFilePCX.h"
+#include "sprites/version1/SffArchive.h"
+#include "sprites/version1/SubfilePalette.h"
 #include "stage/ViewOptions.h"
 
 namespace scenara {
@@ -35,27 +34,18 @@ public:
     SubfilePictures(InputFile& archive, TextureMaker& device, Messages& messages,
                     const ViewOptions& options);
 
-    // The picture of the subfile that the chain stands on, line by line where there are `lines`.
-    // False on any failure; then the reason has been shown.
-    [[nodiscard]] bool Load(SubfileChain& chain, PcxPicture& picture,
-                            PictureLines* lines = nullptr);
-
-    // The picture of the subfile at `position`, in colours that the caller has, wherever `chain`
-    // stands; its bytes are counted there. False as above.
-    [[nodiscard]] bool LoadInColors(SubfileChain& chain, const SubfileHeader& subfile,
-                                    std::uint32_t position, const PaletteBytes& palette,
-                                    PcxPicture& picture);
+    // The picture of a subfile, line by line where there are `lines`. Without `colors` it takes its
+    // own palette or that of the picture before, as the subfile says. Its bytes are counted in
+    // `use`. False on any failure; then the reason has been shown.
+    [[nodiscard]] bool Load(const Subfile& subfile, ArchiveUse& use, PcxPicture& picture,
+                            const PaletteBytes* colors = nullptr, PictureLines* lines = nullptr);
 
 private:
-    bool LoadFrom(SubfileChain& chain, const SubfileHeader& subfile, std::uint32_t position,
-                  bool takesPalette, PcxPicture& picture, PictureLines* lines);
-    void ReadHeader(std::uint64_t start);
     void ReadData(std::uint64_t start, std::uint64_t packed);
     // A picture of 256 colours takes its palette, whether or not its pixels can be had: the next
     // one may share it. False where it has none; then the picture may be whole all the same.
-    [[nodiscard]] bool TakePalette(const SubfileChain& chain, std::uint64_t end);
-    void SayPaletteIsMissing(const SubfileHeader& subfile);
-    [[nodiscard]] bool ReadPalette(std::uint64_t start, std::uint64_t dataStart);
+    [[nodiscard]] bool TakePalette(const Subfile& subfile, std::uint64_t end);
+    void SayPaletteIsMissing(const Subfile& subfile);
 
     InputFile& archive_;
     Messages& messages_;
@@ -64,6 +54,7 @@ private:
     PcxHeader header_;
     std::vector<std::byte> data_;  // only grows; the picture's bytes are its first dataSize_
     std::size_t dataSize_ = 0;
+    PaletteBytes palette_{};  // the last one that was taken
     bool havePalette_ = false;
 };
 

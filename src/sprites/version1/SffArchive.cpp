@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "sprites/SffArchive.h"
+#include "sprites/version1/SffArchive.h"
 
+#include <algorithm>
 #include <span>
 
 #include "base/ByteReader.h"
@@ -11,23 +12,19 @@ namespace {
 
 constexpr std::size_t kFileHeaderSize = 28;
 
-// How often the bytes of a file may be used. Shown pictures need each byte once, and a damaged one
-// may take its neighbour's; pictures that fail may each have been read to the end of the file.
-constexpr std::uint64_t kMostShown = 2;
-constexpr std::uint64_t kMostLost = 8;
-
-SubfileHeader ParseSubfile(std::span<const std::byte> bytes) {
+Subfile ParseSubfile(std::span<const std::byte> bytes, std::uint32_t position) {
     ByteReader reader(bytes, "subfile header");
-    SubfileHeader header;
-    header.next = reader.U32();
-    header.length = reader.I32();
-    header.axisX = reader.I16();
-    header.axisY = reader.I16();
-    header.group = reader.I16();
-    header.image = reader.I16();
-    header.link = reader.I16();
-    header.samePalette = reader.U8() != 0;
-    return header;
+    Subfile subfile;
+    subfile.position = position;
+    subfile.next = reader.U32();
+    subfile.length = reader.I32();
+    subfile.axisX = reader.I16();
+    subfile.axisY = reader.I16();
+    subfile.group = reader.I16();
+    subfile.image = reader.I16();
+    subfile.link = reader.I16();
+    subfile.samePalette = reader.U8() != 0;
+    return subfile;
 }
 
 }  // namespace
@@ -52,17 +49,20 @@ SffHeader ReadSffHeader(InputFile& archive) {
     return header;
 }
 
+std::uint64_t Available(const InputFile& file, std::uint64_t start, std::uint64_t wanted) {
+    return start < file.Size() ? std::min(wanted, file.Size() - start) : 0;
+}
+
 SubfileChain::SubfileChain(InputFile& archive, const SffHeader& header)
-    : archive_(archive), imageCount_(header.imageCount), nextPosition_(header.firstSubfile) {}
+    : archive_(archive),
+      imageCount_(header.imageCount),
+      nextPosition_(header.firstSubfile),
+      use_(archive.Size()) {}
 
 bool SubfileChain::Break(const std::string& reason) {
     broken_ = "Subfile " + std::to_string(seen_ + 1) + " of " + std::to_string(imageCount_) +
               " at " + std::to_string(nextPosition_) + ": " + reason;
     return false;
-}
-
-bool SubfileChain::IsOverused() const {
-    return shownBytes_ / kMostShown > archive_.Size() || lostBytes_ / kMostLost > archive_.Size();
 }
 
 bool SubfileChain::Next() {
@@ -80,12 +80,11 @@ bool SubfileChain::Next() {
     if (!visited_.insert(nextPosition_).second) {
         return Break("it was read before, the chain goes round.");
     }
-    shownBytes_ += bytes.size();
-    if (IsOverused()) {
+    use_.CountShown(bytes.size());
+    if (use_.IsTooMuch()) {
         return Break("the subfiles lie over each other.");
     }
-    subfile_ = ParseSubfile(bytes);
-    position_ = nextPosition_;
+    subfile_ = ParseSubfile(bytes, nextPosition_);
     nextPosition_ = subfile_.next;
     ++seen_;
     return true;
