@@ -208,14 +208,16 @@ void ResolveTargets(StageModel& model) {
 }
 
 void RunControllers(StageModel& model, PassWatch* watch) {
-    bool goesOn = true;
     for (BgCtrlDef& group : model.CtrlDefs) {
         for (BgCtrl& control : group.controls) {
-            if (goesOn && Acts(control)) {
+            const bool acts = Acts(control);
+            if (acts) {
                 Act(model, control);
-                goesOn = watch == nullptr || watch->GoesOn();
             }
             Advance(control.timer, control.loopTime);
+            if (acts && watch != nullptr && !watch->GoesOn()) {
+                return;
+            }
         }
         if (Advance(group.timer, group.looptime)) {
             for (BgCtrl& control : group.controls) {

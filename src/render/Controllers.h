@@ -26,8 +26,8 @@ void ResolveTargets(StageModel& model);
 
 // One tick of all groups, whose controls and targets are resolved. A value that a control was not
 // given leaves things as they are; one that needs a value which is missing does nothing, and so
-// does a type that is none of the known words. Once `watch` has given the frame up no control acts
-// any more in this tick.
+// does a type that is none of the known words. Once `watch` has given the frame up the tick ends;
+// what did not come to its turn acts a tick later.
 void RunControllers(StageModel& model, PassWatch* watch = nullptr);
 
 }  // namespace scenara

@@ -110,6 +110,9 @@ private:
         }
         AddFrames(shown);
         for (const Integer action : actions_) {
+            if (looked_ >= kMostFrames) {
+                break;
+            }
             if (action != element.actionIndex) {
                 shown.actionIndex = action;
                 AddFrames(shown);
@@ -120,6 +123,7 @@ private:
     void AddFrames(BackgroundElement& shown) {
         const StageAction* const action = ActionOf(model_, shown);
         const std::size_t count = action == nullptr ? 0 : action->frames.size();
+        ++looked_;  // also where there is none
         for (std::size_t i = 0; i < count && looked_ < kMostFrames; ++i, ++looked_) {
             shown.frameIndex = static_cast<Integer>(i);
             AddNow(shown);

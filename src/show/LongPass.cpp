@@ -20,12 +20,25 @@ void LongPass::Begin() {
 }
 
 bool LongPass::GoesOn() {
-    if (givenUp_ || tenth_ == 0) {
-        return !givenUp_;
+    if (!givenUp_ && LooksAgain()) {
+        window_.NoteEvents();
+        givenUp_ = window_.LeavingWaits();
+    }
+    return !givenUp_;
+}
+
+void LongPass::End() {
+    static_cast<void>(LooksAgain());
+}
+
+// Whether a tenth of a second has passed since the last look.
+bool LongPass::LooksAgain() {
+    if (tenth_ == 0) {
+        return false;
     }
     const std::int64_t now = clock_.QueryPerformanceCounter();
     if (now - looked_ < tenth_) {
-        return true;
+        return false;
     }
     looked_ = now;
     long_ = true;
@@ -34,9 +47,7 @@ bool LongPass::GoesOn() {
         tooHeavy_ = true;
         nowTooHeavy_();
     }
-    window_.NoteEvents();
-    givenUp_ = window_.LeavingWaits();
-    return !givenUp_;
+    return true;
 }
 
 bool LongPass::BecameLight() {

@@ -29,6 +29,8 @@ public:
     // A frame begins.
     void Begin();
     [[nodiscard]] bool GoesOn() override;
+    // The frame is drawn. It may have been one long element.
+    void End();
     // The frame at hand was given up, so that the picture is not whole.
     [[nodiscard]] bool GivenUp() const { return givenUp_; }
 
@@ -39,6 +41,8 @@ public:
     [[nodiscard]] bool BecameLight();
 
 private:
+    [[nodiscard]] bool LooksAgain();
+
     Clock& clock_;
     Window& window_;
     std::function<void()> nowTooHeavy_;

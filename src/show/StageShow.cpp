@@ -142,6 +142,7 @@ bool StageShow::Draw(bool info) {
     edited_ = false;  // a key may still act after the drawing
     longPass_.Begin();
     DrawScene(engine_, tiles_, flags_, this);
+    longPass_.End();
     const bool secondIsOver = CountAndTell(info);
     // A frame that was given up is drawn whole, though the stage is paused by then.
     drawsOnce_ = options_.Additions && longPass_.GivenUp();

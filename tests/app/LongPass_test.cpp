@@ -100,6 +100,25 @@ TEST_F(Watched, HalfASecondIsTooHeavyAtOnce) {
     EXPECT_EQ(told, 1) << "it is told once";
 }
 
+TEST_F(Watched, AFrameThatIsOneLongElementIsLongToo) {
+    const auto frame = [this](std::int64_t itTakes) {
+        clock.SetCountsPerLook(0);
+        watch.Begin();
+        EXPECT_TRUE(watch.GoesOn());
+        clock.SetCountsPerLook(itTakes);
+        watch.End();
+    };
+    frame(kSecond / 3);
+    EXPECT_FALSE(watch.TooHeavy());
+    frame(kSecond / 3);
+    EXPECT_TRUE(watch.TooHeavy());
+    watch.Forget();
+    frame(kSecond);
+    EXPECT_TRUE(watch.TooHeavy());
+    EXPECT_FALSE(watch.GivenUp());
+    EXPECT_EQ(looks, 0) << "it is drawn: nothing is left to be ended";
+}
+
 TEST_F(Watched, ASecondWithoutALongFrameMakesItLight) {
     Frame(600, kSecond / 1000);
     EXPECT_FALSE(watch.BecameLight()) << "the long frame was in this second";

@@ -4,6 +4,7 @@
 #include "platform/qt/MenuBar.h"
 
 #include <QAction>
+#include <QKeyEvent>
 #include <QListWidget>
 #include <QMenu>
 #include <string>
@@ -180,6 +181,18 @@ TEST_F(Menus, ALetterOfOneItemThatIsHeldRunsItOnce) {
         }
         EXPECT_EQ(Told(), Of(Menu::mnuPause));
         QTest::keyRelease(window.windowHandle(), Qt::Key_P, Qt::AltModifier);
+    }
+}
+
+// As on a keyboard whose letters are of another script.
+TEST_F(Menus, ALetterThatIsLetGoUnderAnotherNameRunsAgain) {
+    for (int time = 0; time < 2; ++time) {
+        QTest::keyPress(window.windowHandle(), Qt::Key_P, Qt::AltModifier);
+        Pump();
+        constexpr int kCyrillicZe = 0x0417;
+        QKeyEvent release(QEvent::KeyRelease, kCyrillicZe, Qt::AltModifier);
+        QCoreApplication::sendEvent(window.windowHandle(), &release);
+        EXPECT_EQ(Told(), Of(Menu::mnuPause));
     }
 }
 

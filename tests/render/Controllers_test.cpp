@@ -441,15 +441,17 @@ private:
     int left_;
 };
 
-TEST_F(ControllerTimes, NoneActsOnceTheFrameIsGivenUpAndTheClocksGoOn) {
-    During(Counting(build.Group()), 0, 100);
-    During(Counting(build.Group()), 0, 100);
+TEST_F(ControllerTimes, WhatIsLeftOfAFrameThatIsGivenUpActsATickLater) {
+    Counting(build.Group());
+    WithY(AddControl(build.Group(), "veladd"), 5);
     PrepareElements(model, kPlainView, View());
     GivesUpAfter watch(0);
     RunControllers(model, &watch);
     EXPECT_EQ(model.Elements[0].velocityX, 1);
-    EXPECT_EQ(model.CtrlDefs[1].controls[0].timer, 1);
-    EXPECT_EQ(model.CtrlDefs[1].timer, 1);
+    EXPECT_EQ(model.Elements[0].velocityY, 0);
+    RunControllers(model);
+    EXPECT_EQ(model.Elements[0].velocityX, 1) << "once, in its first tick";
+    EXPECT_EQ(model.Elements[0].velocityY, 5);
 }
 
 // --- what they do ---

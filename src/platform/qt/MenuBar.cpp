@@ -65,15 +65,16 @@ bool MenuBar::event(QEvent* event) {
     return QMenuBar::event(event);
 }
 
-// Of the whole application. A key that is held repeats as presses that look like others, until it
-// is let go. A menu that closes may swallow that; then another key that is pressed ends it, as it
-// does on the keyboard.
+// Of the whole application. A key that is held repeats as presses that look like others, until a
+// key is let go: whichever, for on a keyboard of another script its own name is not the letter's. A
+// menu that closes may swallow that; then another key that is pressed ends it, as it does on the
+// keyboard.
 bool MenuBar::eventFilter(QObject* receiver, QEvent* event) {
     const bool down = event->type() == QEvent::KeyPress;
     if (!held_.isEmpty() && (down || event->type() == QEvent::KeyRelease)) {
         const auto& key = *static_cast<QKeyEvent*>(event);
-        const bool isHeld = held_[0].key() == key.key();
-        if (down ? !isHeld && key.key() != Qt::Key_Alt : isHeld && !key.isAutoRepeat()) {
+        const bool another = held_[0].key() != key.key() && key.key() != Qt::Key_Alt;
+        if (!key.isAutoRepeat() && (!down || another)) {
             held_ = {};
         }
     }
