@@ -9,6 +9,7 @@
 #include <QDropEvent>
 #include <QImage>
 #include <QListWidget>
+#include <QMenuBar>
 #include <QMimeData>
 #include <QScreen>
 #include <QScrollBar>
@@ -138,6 +139,28 @@ TEST_F(WindowList, EachClickAndEachSelectionByKeysIsToldOnce) {
     EXPECT_EQ(ToldOfAKey(Qt::Key_Down), "list 1");
     EXPECT_EQ(ToldOfAKey(Qt::Key_Up), "list 0");
     EXPECT_EQ(ToldOfAClick(0), "list 0");
+}
+
+TEST_F(Main, TheFormIsShownAfterEventsWereTakenInDuringAFrame) {
+    BringUp(window);
+    form[Menu::mnuStage].enabled = false;
+    Pump();
+    EXPECT_FALSE(window.MessageWaiting());
+    window.NoteEvents();
+    form[Menu::mnuStage].enabled = true;
+    EXPECT_TRUE(window.MessageWaiting()) << "though nothing waits";
+    window.DoEvents();
+    EXPECT_TRUE(window.menuBar()->actions().front()->isEnabled());
+    Pump();
+    EXPECT_FALSE(window.MessageWaiting());
+}
+
+TEST_F(WindowList, LettersOpenNothingWhileItIsHidden) {
+    EXPECT_EQ(ToldOfAKey(Qt::Key_D), "list 2");
+    form.lstStages.visible = false;
+    Pump();
+    EXPECT_EQ(ToldOfAKey(Qt::Key_C), "");
+    EXPECT_FALSE(list.hasFocus());
 }
 
 // --- the size ---

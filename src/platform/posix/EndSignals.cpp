@@ -34,8 +34,7 @@ EndSignals::EndSignals() {
     for (std::size_t i = 0; i < kSignals.size(); ++i) {
         struct sigaction action {};
         action.sa_handler = kSignals.at(i) == SIGPIPE ? SIG_IGN : Tell;
-        // The second one of a kind ends the program as it would without this: it may be stuck.
-        action.sa_flags = SA_RESTART | static_cast<int>(SA_RESETHAND);
+        action.sa_flags = SA_RESTART;
         ::sigaction(kSignals.at(i), nullptr, &before_.at(i));
         if (before_.at(i).sa_handler != SIG_IGN) {
             ::sigaction(kSignals.at(i), &action, nullptr);

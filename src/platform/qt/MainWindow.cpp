@@ -318,6 +318,9 @@ void MainWindow::ShowList() {
     }
     if (list_->isHidden() == list.visible) {
         list_->setVisible(list.visible);
+        if (!list.visible) {
+            list_->clearFocus();  // a hidden one would keep it, and letters would open stages
+        }
     }
 }
 
@@ -393,18 +396,22 @@ void MainWindow::SetCaption(const std::string& caption) {
 }
 
 bool MainWindow::MessageWaiting() {
-    return !waiting_.Empty() || SizeIsToBeReported() || !looksTruly_ ||
+    return !waiting_.Empty() || SizeIsToBeReported() || !looksTruly_ || tookEventsIn_ ||
            g_main_context_pending(nullptr) != 0;
 }
 
 void MainWindow::DoEvents() {
+    tookEventsIn_ = false;
     ShowForm();
     QApplication::processEvents();
     HandOver();
     ShowForm();
 }
 
+// What comes while a heavy stage is drawn is taken in here, so that nothing waits after the frame;
+// and yet the form is to be shown as it is then.
 void MainWindow::NoteEvents() {
+    tookEventsIn_ = true;
     QApplication::processEvents();
 }
 

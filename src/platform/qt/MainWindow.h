@@ -126,8 +126,9 @@ private:
     WindowSize size_;
     bool sizeCame_ = false;  // of the inner area; it has not been reported yet
     bool covered_ = false;
-    bool looksTruly_ = false;  // the dispatcher can tell whether something waits
-    bool asksAgain_ = false;   // the program wants to be asked again though nothing happens
+    bool looksTruly_ = false;    // the dispatcher can tell whether something waits
+    bool tookEventsIn_ = false;  // since messages were let through
+    bool asksAgain_ = false;     // the program wants to be asked again though nothing happens
     bool endRequested_ = false;
 };
 
