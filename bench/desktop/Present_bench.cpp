@@ -9,6 +9,7 @@
 #include <benchmark/benchmark.h>
 #include <xcb/xcb.h>
 
+#include "platform/View.h"
 #include "desktop/PaintedStretch.h"
 #include "platform/Direct3D8.h"
 #include "platform/qt/PictureWidget.h"

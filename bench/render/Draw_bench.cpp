@@ -12,6 +12,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include "platform/View.h"
 #include "platform/Direct3D8.h"
 #include "render/Scenes.h"
 #include "render/ThisProgram.h"

@@ -9,6 +9,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include "platform/View.h"
 #include "platform/posix/PosixFiles.h"
 #include "render/StageInView.h"
 #include "stage/LoadStage.h"

@@ -12,6 +12,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include "platform/View.h"
 #include "render/StageInView.h"
 
 namespace scenara::bench {

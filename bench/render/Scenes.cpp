@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "platform/View.h"
 #include "render/Scenes.h"
 
 #include <algorithm>

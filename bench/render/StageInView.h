@@ -8,6 +8,7 @@
 #include <string>
 #include <utility>
 
+#include "platform/View.h"
 #include "platform/headless/HeadlessClock.h"
 #include "platform/headless/HeadlessKeyboard.h"
 #include "platform/headless/HeadlessMessages.h"

@@ -8,6 +8,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include "platform/View.h"
 #include "platform/headless/HeadlessMessages.h"
 #include "platform/headless/HeadlessWindow.h"
 #include "platform/posix/PosixFiles.h"
