@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
-// Frames of stages that are made to cost much: small pictures tiled over the view, many copies upon
-// one another, thousands of elements nobody sees, thousands of controllers, actions of frames that
-// are never shown. Beside them a picture of the view's size, which is what covering the view costs.
+// Frames of costly stages: small pictures tiled over the view, copies stacked on each other,
+// thousands of elements out of view, thousands of controllers, actions with many frames that are
+// never shown. A picture of the view's size stands beside them: it is the cost of covering the view.
 #include <algorithm>
 #include <cstdint>
 #include <memory>

@@ -8,7 +8,7 @@
 // (from 0.5 to 10, at most once every 150 ms), then others' keys follow, and while MouseScroll is
 // on the pointer's distance from the middle of the window sets the steps and moves. While a figure
 // leads the camera, Left and Right do nothing, and it makes at most one step of its own sideways a
-// frame, behind the back pass.
+// frame, after the back pass.
 #pragma once
 
 #include <cstdint>

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Mixing: what an element's draw leaves of what lies behind it, its own copies included.
+// Mixing: how an element is drawn over the pixels that are there already. Those may be of its own
+// other copies.
 #pragma once
 
 #include "stage/Blending.h"

@@ -10,7 +10,7 @@
 namespace scenara {
 
 // Who moves the camera sideways: the Left and Right keys, in both passes of a frame; or a figure
-// that walks over the stage, once per frame, behind the back pass.
+// that walks over the stage, once per frame, after the back pass.
 enum class CameraLead : Byte { Keys, Stand, Left, Right };
 
 // How far one pass moves the camera while a key is held.

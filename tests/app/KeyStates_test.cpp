@@ -1,25 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "app/KeyStates.h"
 
-#include <vector>
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "platform/headless/HeadlessKeyboard.h"
 #include "platform/headless/HeadlessWindow.h"
+#include "support/AskedKeyboard.h"
 
 namespace scenara {
 namespace {
 
-class AskedKeyboard : public Keyboard {
-public:
-    Integer GetAsyncKeyState(VirtualKey key) override {
-        asked.push_back(static_cast<int>(key));
-        return 1;
-    }
-    std::vector<int> asked;
-};
+using test::AskedKeyboard;
 
 TEST(AnyKeyDown, AsksNoFurtherThanTheFirst) {
     AskedKeyboard all;

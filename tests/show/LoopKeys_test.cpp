@@ -1,22 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "show/LoopKeys.h"
 
-#include <vector>
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include "support/AskedKeyboard.h"
 
 namespace scenara {
 namespace {
 
-class AskedKeyboard : public Keyboard {
-public:
-    Integer GetAsyncKeyState(VirtualKey key) override {
-        asked.push_back(static_cast<int>(key));
-        return 1;
-    }
-    std::vector<int> asked;
-};
+using test::AskedKeyboard;
 
 TEST(DiscardKeyStates, AsksOnceForEveryKeyOfTheLoop) {
     AskedKeyboard keyboard;

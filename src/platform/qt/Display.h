@@ -13,8 +13,8 @@ namespace scenara {
 // A key that is held repeats as presses only, without releases in between.
 void MakeAutoRepeatDetectable();
 
-// What the toolkit does not paint of the window is black, and not what was on the screen before. At
-// a scale that is no whole number it takes a window for up to a pixel smaller than it is.
+// Makes the part of a window that the toolkit does not paint black; it would keep what was on the
+// screen before. At a fractional scale the toolkit measures a window up to a pixel too small.
 void BlackenBeneath(const QWindow& window);
 
 }  // namespace scenara

@@ -453,7 +453,7 @@ void MainWindow::HandOver() {
 }
 
 // Not while another one may still come, and not before the window system has placed the window: the
-// controls would be laid out for a size that nobody ever sees.
+// controls would be laid out for a size that is never shown.
 bool MainWindow::SizeIsToBeReported() const {
     return sizeCame_ && !size_.IsAwaited() && isVisible() && windowHandle()->isExposed();
 }
