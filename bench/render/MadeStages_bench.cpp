@@ -2,7 +2,8 @@
 //
 // Frames of costly stages: small pictures tiled over the view, copies stacked on each other,
 // thousands of elements out of view, thousands of controllers, actions with many frames that are
-// never shown. A picture of the view's size stands beside them: it is the cost of covering the view.
+// never shown. A picture of the view's size stands beside them: it is the cost of covering the
+// view.
 #include <algorithm>
 #include <cstdint>
 #include <memory>

@@ -14,8 +14,8 @@
 
 namespace scenara {
 
-// The state is Loading while this exists, also when an error ends it: the device must not be released
-// before the load has ended.
+// The state is Loading while this exists, also when an error ends it: the device must not be
+// released before the load has ended.
 class StageShow::Loading {
 public:
     explicit Loading(StageShow& show) : show_(show), before_(show.loop_.LoadingStage) { Set(1); }
