@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "platform/View.h"
 #include "desktop/PaintedStretch.h"
 
 #include <QPainter>
 #include <cstring>
 
 #include "platform/Direct3D8.h"
+#include "platform/View.h"
 
 namespace scenara::bench {
 

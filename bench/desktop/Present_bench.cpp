@@ -9,9 +9,9 @@
 #include <benchmark/benchmark.h>
 #include <xcb/xcb.h>
 
-#include "platform/View.h"
 #include "desktop/PaintedStretch.h"
 #include "platform/Direct3D8.h"
+#include "platform/View.h"
 #include "platform/qt/PictureWidget.h"
 
 namespace scenara::bench {

@@ -12,8 +12,8 @@
 
 #include <benchmark/benchmark.h>
 
-#include "platform/View.h"
 #include "platform/Direct3D8.h"
+#include "platform/View.h"
 #include "render/Scenes.h"
 #include "render/ThisProgram.h"
 #include "render/peers/CopiedRectangles.h"

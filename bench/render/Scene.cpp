@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "platform/View.h"
 #include "render/Scene.h"
 
 #include <algorithm>
 
 #include "platform/Direct3D8.h"
+#include "platform/View.h"
 
 namespace scenara::bench {
 namespace {

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "platform/View.h"
 #include "render/Scenes.h"
 
 #include <algorithm>
@@ -7,6 +6,7 @@
 #include <random>
 
 #include "platform/Direct3D8.h"
+#include "platform/View.h"
 #include "render/ScenePictures.h"
 #include "support/StageArt.h"
 

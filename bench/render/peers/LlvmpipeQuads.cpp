@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "platform/View.h"
 #include "render/peers/LlvmpipeQuads.h"
 
 #include <cstdlib>
 #include <stdexcept>
 #include <string>
 #include <string_view>
+
+#include "platform/View.h"
 
 #define EGL_NO_X11
 #define GL_GLEXT_PROTOTYPES

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "platform/View.h"
 #include "render/peers/PixmanImages.h"
 
 #include <algorithm>
@@ -9,6 +8,7 @@
 #include <pixman.h>
 
 #include "platform/Direct3D8.h"
+#include "platform/View.h"
 
 namespace scenara::bench {
 namespace {

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "platform/View.h"
 #include "render/peers/QtRaster.h"
 
 #include <QImage>
@@ -7,6 +6,7 @@
 #include <algorithm>
 
 #include "platform/Direct3D8.h"
+#include "platform/View.h"
 
 namespace scenara::bench {
 namespace {

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "platform/View.h"
 #include "render/peers/SdlSurfaces.h"
 
 #include <algorithm>
@@ -8,6 +7,7 @@
 #include <SDL2/SDL.h>
 
 #include "platform/Direct3D8.h"
+#include "platform/View.h"
 
 namespace scenara::bench {
 namespace {
