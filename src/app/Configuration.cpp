@@ -212,8 +212,10 @@ bool LoadConfig(const Settings& settings, const LoadConfigContext& context) {
         settings.MugeDir = WithSeparator(lines.Line());
         return true;
     }
-    OncePerKind messages(context.messages);
+    OncePerKind once(context.messages);
+    MessagesOfFile messages(once, path);
     do {
+        messages.AtLine(lines.Number());
         ConfigurationLine line(lines.Line(), lines.Number(), messages);
         ReadLine(line, settings, context);
     } while (lines.Next());

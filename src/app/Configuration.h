@@ -19,7 +19,7 @@
 
 namespace scenara {
 
-inline constexpr MessageKind kMessageFirstStart = "first start";
+inline constexpr MessageKind kMessageFirstStart = "first-start";
 
 // The settings where the program keeps them; all outlive the call. Of the form: the checked states
 // and captions of the menus, and the recent files.

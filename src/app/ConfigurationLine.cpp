@@ -87,7 +87,7 @@ bool ConfigurationLine::InPath(std::string_view key) const {
 
 bool ConfigurationLine::Path(std::string_view key, std::string& target) {
     std::string found;
-    if (!KeyOffer(head_, number_, messages_, kPlainView).Whole(key, found)) {
+    if (!KeyOffer(head_, text_, number_, messages_, kPlainView).Whole(key, found)) {
         return false;
     }
     const std::size_t equals = text_.find('=', head_.Lower().find(key));
@@ -96,11 +96,13 @@ bool ConfigurationLine::Path(std::string_view key, std::string& target) {
 }
 
 bool ConfigurationLine::Word(std::string_view key, std::string& target) {
-    return !InPath(key) && KeyOffer(whole_, number_, messages_, kPlainView).Whole(key, target);
+    return !InPath(key) &&
+           KeyOffer(whole_, text_, number_, messages_, kPlainView).Whole(key, target);
 }
 
 bool ConfigurationLine::Number(std::string_view key, Single& target) {
-    return !InPath(key) && KeyOffer(whole_, number_, messages_, kPlainView).Whole(key, target);
+    return !InPath(key) &&
+           KeyOffer(whole_, text_, number_, messages_, kPlainView).Whole(key, target);
 }
 
 }  // namespace scenara

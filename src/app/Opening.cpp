@@ -15,11 +15,11 @@ namespace scenara {
 namespace {
 
 void SayCantFind(Messages& messages, const std::string& path) {
-    messages.MsgBox(kMessageCantFindFile, "Can't find file: \r\n" + path);
+    messages.MsgBox(kMessageCantFindFile, "Can't find file: \r\n" + path, {0, 0, path});
 }
 
-void SayNotAStage(Messages& messages, MessageIcon icon) {
-    messages.Show({kMessageNotAStage, "Not a stage!", {}, icon});
+void SayNotAStage(Messages& messages, const std::string& path, MessageIcon icon) {
+    messages.Show({kMessageNotAStage, "Not a stage!", {}, icon, {0, 0, path}});
 }
 
 Long Count(const ListBox& list) {
@@ -33,7 +33,7 @@ void frmStage::OpenStage() {
         SayCantFind(machine_.messages, show_.Which.CurrentStageFile);
     }
     if (!IsStage(machine_.files, show_.Which.CurrentStageFile)) {
-        SayNotAStage(machine_.messages, MessageIcon::Exclamation);
+        SayNotAStage(machine_.messages, show_.Which.CurrentStageFile, MessageIcon::Exclamation);
         return;
     }
     SetCaption(show_.Which.CurrentStageFile);
@@ -52,7 +52,8 @@ void frmStage::MnuRecentFiles_Click(Long index) {
             SayCantFind(machine_.messages, show_.Which.CurrentStageFile);
         }
         if (!IsStage(machine_.files, show_.Which.CurrentStageFile)) {
-            SayNotAStage(machine_.messages, MessageIcon::CriticalStop);
+            SayNotAStage(machine_.messages, show_.Which.CurrentStageFile,
+                         MessageIcon::CriticalStop);
             return;
         }
         LeaveStage();

@@ -15,7 +15,7 @@
 
 namespace scenara {
 
-inline constexpr MessageKind kMessageNoFiles = "no files";
+inline constexpr MessageKind kMessageNoFiles = "no-stages";
 
 // A line of the file holds "camera".
 [[nodiscard]] bool IsStage(Files& files, const std::string& path);

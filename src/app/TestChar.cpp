@@ -16,7 +16,7 @@ void frmStage::mnuChange_Click() {
         return;
     }
     if (!IsChar(machine_.files, chosen)) {
-        machine_.messages.MsgBox(kMessageNotACharacter, "Not a Character!");
+        machine_.messages.MsgBox(kMessageNotACharacter, "Not a Character!", {0, 0, chosen});
         return;
     }
     LoadingCharacter([&] { show_.ChooseCharacter(chosen); });

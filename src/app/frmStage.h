@@ -49,12 +49,12 @@
 
 namespace scenara {
 
-inline constexpr MessageKind kMessageRunTimeError = "run-time error";
-inline constexpr MessageKind kMessageAlreadyRunning = "Already running";
-inline constexpr MessageKind kMessageCantFindFile = "Can't find file";
-inline constexpr MessageKind kMessageNotAStage = "Not a stage";
-inline constexpr MessageKind kMessageAbout = "About";
-inline constexpr MessageKind kMessageNotACharacter = "Not a Character";
+inline constexpr MessageKind kMessageRunTimeError{"run-time-error", Severity::Error};
+inline constexpr MessageKind kMessageAlreadyRunning = "already-running";
+inline constexpr MessageKind kMessageCantFindFile{"file-missing", Severity::Error};
+inline constexpr MessageKind kMessageNotAStage{"not-a-stage", Severity::Error};
+inline constexpr MessageKind kMessageAbout = "about";
+inline constexpr MessageKind kMessageNotACharacter{"not-a-character", Severity::Error};
 
 // All that the program asks of a machine.
 struct Machine {

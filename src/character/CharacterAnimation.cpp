@@ -7,6 +7,7 @@
 #include "base/NumberText.h"
 #include "base/RunTimeError.h"
 #include "base/Text.h"
+#include "character/CharacterMessages.h"
 #include "platform/LineReader.h"
 
 namespace scenara {
@@ -83,7 +84,7 @@ Integer CharacterAnimationReader::Field(std::string_view text, std::string_view 
     try {
         return ToInteger(LeadingNumber(text));
     } catch (const RunTimeError&) {
-        messages_.SayOverflow(kMessageCharacterOverflow, what, number_);
+        messages_.SayOverflow(kMessageCharacterOverflow, what, {number_});
         return 0;
     }
 }
@@ -92,7 +93,7 @@ void CharacterAnimationReader::ReadFrame(bool hasNoGroup) {
     if (action_->frames.size() >= kMaxFrames) {
         if (!saidFull_) {
             saidFull_ = true;
-            messages_.SayOverflow(kMessageCharacterOverflow, "frames of an action", number_);
+            messages_.SayOverflow(kMessageCharacterOverflow, "frames of an action", {number_});
         }
         return;
     }
@@ -110,17 +111,18 @@ void CharacterAnimationReader::ReadFrame(bool hasNoGroup) {
     action_->frames.push_back(frame);
 }
 
-bool ReadCharacterAnimation(InputFile& file, std::array<CharAction, kKeptActions.size()>& actions,
-                            CharacterMessages& messages, const ViewOptions& options) {
+std::int64_t ReadCharacterAnimation(InputFile& file,
+                                    std::array<CharAction, kKeptActions.size()>& actions,
+                                    Messages& messages, const ViewOptions& options) {
     CharacterAnimationReader reader(messages, options);
     LineReader lines(file);
     while (lines.Next()) {
         if (!reader.ReadLine(lines.Line(), lines.Number())) {
-            return false;
+            return lines.Number();
         }
     }
     actions = std::move(reader.Actions());
-    return true;
+    return 0;
 }
 
 }  // namespace scenara

@@ -19,17 +19,17 @@
 
 #include <array>
 
-#include "character/CharacterMessages.h"
 #include "character/CharacterText.h"
 #include "character/TestCharacter.h"
 #include "platform/Files.h"
+#include "platform/Messages.h"
 #include "stage/ViewOptions.h"
 
 namespace scenara {
 
 class CharacterAnimationReader {
 public:
-    CharacterAnimationReader(CharacterMessages& messages, const ViewOptions& options)
+    CharacterAnimationReader(Messages& messages, const ViewOptions& options)
         : messages_(messages), options_(options) {}
 
     // False: a frame of a kept action has a negative group, and that is no blank frame.
@@ -42,7 +42,7 @@ private:
     void ReadFrame(bool hasNoGroup);
     [[nodiscard]] Integer Field(std::string_view text, std::string_view what);
 
-    CharacterMessages& messages_;
+    Messages& messages_;
     const ViewOptions& options_;
     std::array<CharAction, kKeptActions.size()> actions_;
     std::array<bool, kKeptActions.size()> begun_{};  // with additions
@@ -52,9 +52,9 @@ private:
     bool saidFull_ = false;
 };
 
-// The whole file. False as above; then `actions` is as it was.
-[[nodiscard]] bool ReadCharacterAnimation(InputFile& file,
-                                          std::array<CharAction, kKeptActions.size()>& actions,
-                                          CharacterMessages& messages, const ViewOptions& options);
+// The whole file. 0, or the line, from 1, with the negative group; then `actions` is as it was.
+[[nodiscard]] std::int64_t ReadCharacterAnimation(
+    InputFile& file, std::array<CharAction, kKeptActions.size()>& actions, Messages& messages,
+    const ViewOptions& options);
 
 }  // namespace scenara

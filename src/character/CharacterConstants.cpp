@@ -4,6 +4,7 @@
 #include "base/NumberText.h"
 #include "base/RunTimeError.h"
 #include "base/Text.h"
+#include "character/CharacterMessages.h"
 #include "character/CharacterText.h"
 #include "platform/LineReader.h"
 
@@ -25,7 +26,7 @@ constexpr ConstantKey kKeys[] = {
 
 }  // namespace
 
-CharacterConstants ReadCharacterConstants(InputFile& file, CharacterMessages& messages) {
+CharacterConstants ReadCharacterConstants(InputFile& file, Messages& messages) {
     CharacterConstants constants;
     CharacterLine line;
     LineReader lines(file);
@@ -47,7 +48,7 @@ CharacterConstants ReadCharacterConstants(InputFile& file, CharacterMessages& me
                 try {
                     constants.*key.field = ToSingle(LeadingNumber(line.Value()));
                 } catch (const RunTimeError&) {
-                    messages.SayOverflow(kMessageCharacterOverflow, key.name, lines.Number());
+                    messages.SayOverflow(kMessageCharacterOverflow, key.name, {lines.Number()});
                 }
             }
             if (key.name == kLastKey) {

@@ -12,8 +12,8 @@
 #pragma once
 
 #include "base/Integers.h"
-#include "character/CharacterMessages.h"
 #include "platform/Files.h"
+#include "platform/Messages.h"
 
 namespace scenara {
 
@@ -23,7 +23,6 @@ struct CharacterConstants {
     Single walkSpeed = 1;
 };
 
-[[nodiscard]] CharacterConstants ReadCharacterConstants(InputFile& file,
-                                                        CharacterMessages& messages);
+[[nodiscard]] CharacterConstants ReadCharacterConstants(InputFile& file, Messages& messages);
 
 }  // namespace scenara

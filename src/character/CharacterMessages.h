@@ -14,13 +14,13 @@ namespace scenara {
 
 inline constexpr std::string_view kCharacterTitle = "Cohortia";
 
-inline constexpr MessageKind kMessageCharacterMissing = "character missing";
-inline constexpr MessageKind kMessageCharacterPart = "character part missing";
-inline constexpr MessageKind kMessageNoWalking = "no walking frames";
-inline constexpr MessageKind kMessageNegativeGroup = "negative group";
-inline constexpr MessageKind kMessageCharacterFailed = "character failed";
-inline constexpr MessageKind kMessageCharacterSprite = "character sprite";
-inline constexpr MessageKind kMessageCharacterOverflow = "character overflow";
+inline constexpr MessageKind kMessageCharacterMissing{"character-missing", Severity::Error};
+inline constexpr MessageKind kMessageCharacterPart{"character-file-missing", Severity::Error};
+inline constexpr MessageKind kMessageNoWalking{"no-walking", Severity::Error};
+inline constexpr MessageKind kMessageNegativeGroup{"negative-group", Severity::Error};
+inline constexpr MessageKind kMessageCharacterFailed{"character-unreadable", Severity::Error};
+inline constexpr MessageKind kMessageCharacterSprite{"character-sprite", Severity::Warning};
+inline constexpr MessageKind kMessageCharacterOverflow{"character-overflow", Severity::Warning};
 
 // Hands everything on with the title and the sign.
 class CharacterMessages : public Messages {

@@ -11,6 +11,7 @@
 #include "character/CharacterColors.h"
 #include "character/CharacterConstants.h"
 #include "character/CharacterDefinition.h"
+#include "character/CharacterMessages.h"
 
 namespace scenara {
 namespace {
@@ -23,7 +24,8 @@ public:
           folder_(GetPath(path)),
           character_(character),
           context_(context),
-          messages_(context.messages) {}
+          titled_(context.messages),
+          messages_(titled_, path) {}
 
     [[nodiscard]] bool Load() {
         try {
@@ -58,7 +60,8 @@ private:
         CharacterConstants constants;
         try {
             if (const std::unique_ptr<InputFile> file = Open(definition_.cns, ".cns")) {
-                constants = ReadCharacterConstants(*file, messages_);
+                MessagesOfFile messages(messages_, PathOf(definition_.cns, ".cns"));
+                constants = ReadCharacterConstants(*file, messages);
             }
         } catch (...) {
             messages_.MsgBox(kMessageCharacterPart, Unable(TextOfCurrentError()));
@@ -74,9 +77,11 @@ private:
         if (!file) {
             return false;
         }
-        if (!ReadCharacterAnimation(*file, character_.Actions, messages_, context_.options)) {
-            messages_.MsgBox(kMessageNegativeGroup,
-                             "Unable to load \"" + character_.DisplayName + "\"");
+        MessagesOfFile messages(messages_, PathOf(definition_.anim, ".air"));
+        if (const std::int64_t line =
+                ReadCharacterAnimation(*file, character_.Actions, messages, context_.options)) {
+            messages.MsgBox(kMessageNegativeGroup,
+                            "Unable to load \"" + character_.DisplayName + "\"", {line});
             return false;
         }
         character_.HasTurn = !character_.ActionIn(kTurning).frames.empty();
@@ -90,10 +95,11 @@ private:
         }
         const SffHeader header = ReadSffHeader(*file);
         const std::string name = definition_.sprite + ".sff";
+        MessagesOfFile messages(messages_, folder_ + name);
         if (header.IsVersion2()) {
-            messages_.MsgBox(kMessageCharacterFailed,
-                             Unable(name + " is an archive of version " + header.VersionText() +
-                                    ", only version 1 can be read"));
+            messages.MsgBox(kMessageCharacterFailed,
+                            Unable(name + " is an archive of version " + header.VersionText() +
+                                   ", only version 1 can be read"));
             return false;
         }
         std::optional<PaletteBytes> act;
@@ -105,7 +111,7 @@ private:
         }
         LoadCharacterSprites(
             character_,
-            {*file, folder_ + name, header, context_.device, messages_, context_.options}, act,
+            {*file, folder_ + name, header, context_.device, messages, context_.options}, act,
             context_.progress);
         return true;
     }
@@ -116,6 +122,10 @@ private:
         }
         messages_.MsgBox(kMessageNoWalking, Unable("character has no walking frames"));
         return false;
+    }
+
+    [[nodiscard]] std::string PathOf(const std::string& base, std::string_view extension) const {
+        return folder_ + base + std::string(extension);
     }
 
     // One of the files that the definition names; none, and that is said, when it is not there.
@@ -134,7 +144,8 @@ private:
     std::string folder_;
     TestCharacter& character_;
     const LoadCharacterContext& context_;
-    CharacterMessages messages_;
+    CharacterMessages titled_;
+    MessagesOfFile messages_;  // as of the definition
     CharacterDefinition definition_;
 };
 

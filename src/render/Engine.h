@@ -31,7 +31,7 @@
 
 namespace scenara {
 
-inline constexpr MessageKind kMessageEngineInit = "Engine_Init";
+inline constexpr MessageKind kMessageEngineInit{"display", Severity::Error};
 
 inline constexpr Long kOpaqueWhite = -1;
 inline constexpr std::uint32_t kShadowColor = 0x64000000;  // black, alpha 100 of 255

@@ -19,7 +19,7 @@ public:
     LoadMessages(Messages& shown, bool offers) : shown_(shown), offers_(offers) {}
 
     void Show(const Message& message) override {
-        const std::string kind(message.kind);
+        const MessageKind kind = message.kind;
         if (silenced_.contains(kind)) {
             return;
         }
@@ -33,8 +33,8 @@ public:
 private:
     Messages& shown_;
     bool offers_;
-    std::set<std::string> said_;
-    std::set<std::string> silenced_;
+    std::set<MessageKind> said_;
+    std::set<MessageKind> silenced_;
 };
 
 }  // namespace scenara

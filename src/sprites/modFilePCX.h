@@ -40,8 +40,8 @@
 
 namespace scenara {
 
-inline constexpr MessageKind kMessageThreePlanes = "yo...";
-inline constexpr MessageKind kMessageLoadPcx = "LoadPCX";
+inline constexpr MessageKind kMessageThreePlanes{"true-colour"};
+inline constexpr MessageKind kMessageLoadPcx{"picture-damaged", Severity::Warning};
 
 inline constexpr std::size_t kPcxHeaderSize = 128;
 inline constexpr std::size_t kPcxPaletteSize = 768;

@@ -24,11 +24,11 @@
 
 namespace scenara {
 
-inline constexpr MessageKind kMessagePcxError = "PCX Error";
-inline constexpr MessageKind kMessageOnlyImage = "only image";
-inline constexpr MessageKind kMessageLinkError = "Link Error";
-inline constexpr MessageKind kMessageSffError = "SFF Error";
-inline constexpr MessageKind kMessageSffVersion = "SFF version";
+inline constexpr MessageKind kMessagePcxError{"sprite-skipped", Severity::Warning};
+inline constexpr MessageKind kMessageOnlyImage{"only-sprite", Severity::Error};
+inline constexpr MessageKind kMessageLinkError{"bad-link", Severity::Warning};
+inline constexpr MessageKind kMessageSffError{"archive-damaged", Severity::Error};
+inline constexpr MessageKind kMessageSffVersion{"archive-version", Severity::Error};
 
 // Appends the archive's sprites to `model.Sprites`. `name` is the archive's name for messages.
 // Never raises an error for what stands in the file. With a `scale` other than 1 (an addition) each

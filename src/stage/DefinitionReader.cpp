@@ -45,7 +45,7 @@ void DefinitionReader::ReadLine(std::string_view line, std::int64_t number) {
         return;
     }
     keyLine_.Assign(cleaned_);
-    KeyOffer offer(keyLine_, lineNumber_, messages_, options_);
+    KeyOffer offer(keyLine_, line, lineNumber_, messages_, options_);
     switch (section_) {
         case SectionKind::Element: ReadElementLine(offer); break;
         case SectionKind::Action: ReadActionLine(offer); break;
@@ -57,7 +57,7 @@ void DefinitionReader::ReadLine(std::string_view line, std::int64_t number) {
 
 void DefinitionReader::SayFull(Table table, std::string_view what) {
     if (full_.insert(table).second) {
-        messages_.SayOverflow(kMessageOverflow, what, lineNumber_);
+        messages_.SayOverflow(kMessageOverflow, what, {lineNumber_});
     }
 }
 
@@ -96,7 +96,8 @@ void DefinitionReader::CloseElement() {
         return;
     }
     const std::string text = type.empty() ? "BG without a type" : "BG of unknown type " + type;
-    messages_.MsgBox(kMessageUnknownType, text + ", line " + std::to_string(elementLine_));
+    messages_.MsgBox(kMessageUnknownType, text + ", line " + std::to_string(elementLine_),
+                     {elementLine_});
     type = "dummy";
 }
 
@@ -108,7 +109,7 @@ void DefinitionReader::StartAction(std::string_view header) {
     try {
         action_.Current().actionNo = ToInteger(ActionNumber(header));
     } catch (const RunTimeError&) {
-        messages_.SayOverflow(kMessageOverflow, "Begin Action", lineNumber_);
+        messages_.SayOverflow(kMessageOverflow, "Begin Action", {lineNumber_});
     }
 }
 
@@ -118,7 +119,8 @@ void DefinitionReader::StartCtrl() {
         if (model_.CtrlDefs.empty() && !saidLoneControl_) {
             saidLoneControl_ = true;
             messages_.MsgBox(kMessageLoneControl,
-                             "BGCtrl without a BGCtrlDef, line " + std::to_string(lineNumber_));
+                             "BGCtrl without a BGCtrlDef, line " + std::to_string(lineNumber_),
+                             {lineNumber_});
         }
         ctrl_.Discard();
     } else if (!ctrl_.Append(group.controls, group.controlCount)) {
@@ -131,7 +133,7 @@ void DefinitionReader::ReadElementLine(KeyOffer& offer) {
     if (element_.IsKept() && element_.Current().type == "null") {
         const std::string number = std::to_string(model_.ElementCount - 1);
         element_.Remove(model_.Elements, model_.ElementCount);
-        messages_.MsgBox(kMessageNullElement, "NULL BG " + number);
+        messages_.MsgBox(kMessageNullElement, "NULL BG " + number, {lineNumber_});
     }
 }
 

@@ -22,9 +22,9 @@
 
 namespace scenara {
 
-inline constexpr MessageKind kMessageNullElement = "NULL BG";
-inline constexpr MessageKind kMessageUnknownType = "unknown type";
-inline constexpr MessageKind kMessageLoneControl = "BGCtrl without BGCtrlDef";
+inline constexpr MessageKind kMessageNullElement{"null-element"};
+inline constexpr MessageKind kMessageUnknownType{"unknown-type", Severity::Warning};
+inline constexpr MessageKind kMessageLoneControl{"lone-control", Severity::Warning};
 
 class DefinitionReader {
 public:

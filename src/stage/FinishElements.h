@@ -10,8 +10,8 @@
 
 namespace scenara {
 
-inline constexpr MessageKind kMessageNegativeTileX = "TileX < 0";
-inline constexpr MessageKind kMessageNegativeTileY = "TileY < 0";
+inline constexpr MessageKind kMessageNegativeTileX{"negative-tile-x", Severity::Warning};
+inline constexpr MessageKind kMessageNegativeTileY{"negative-tile-y", Severity::Warning};
 
 // Animated elements are always masked, and their action number becomes the index of the action (-1
 // when there is none of that number). Tile counts: above 999,999 across means without end (1);

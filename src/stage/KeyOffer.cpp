@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "stage/KeyOffer.h"
 
+#include <algorithm>
 #include <string>
 
 #include "base/RunTimeError.h"
@@ -23,9 +24,17 @@ bool KeyOffer::Value(std::string_view key, Integer index, FieldTarget target) {
         ReadKeyValue(line_, key, target, index, kFalse, kFalse, found, messages_);
     } catch (const RunTimeError&) {
         tooLarge_ = true;
-        messages_.SayOverflow(kMessageOverflow, key == kBareValues ? "frame" : key, lineNumber_);
+        messages_.SayOverflow(kMessageOverflow, key == kBareValues ? "frame" : key, PlaceOf(key));
     }
     return found != kFalse;
+}
+
+// A frame's values have no key: they are the whole line.
+MessagePlace KeyOffer::PlaceOf(std::string_view key) const {
+    const auto* const at = std::search(asWritten_.begin(), asWritten_.end(), key.begin(), key.end(),
+                                       [](char a, char b) { return LowerCase(a) == LowerCase(b); });
+    const bool found = key != kBareValues && at != asWritten_.end();
+    return {lineNumber_, found ? at - asWritten_.begin() + 1 : 0};
 }
 
 bool KeyOffer::Text(std::string_view key, std::string& target) {

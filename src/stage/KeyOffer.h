@@ -17,13 +17,18 @@
 
 namespace scenara {
 
-inline constexpr MessageKind kMessageOverflow = "Overflow";
+inline constexpr MessageKind kMessageOverflow{"overflow", Severity::Warning};
 
 class KeyOffer {
 public:
-    KeyOffer(const KeyLine& line, std::int64_t lineNumber, Messages& messages,
-             const ViewOptions& options)
-        : line_(line), lineNumber_(lineNumber), messages_(messages), options_(options) {}
+    // `asWritten` is the line as it stands in the file, for messages. All of it outlives the offer.
+    KeyOffer(const KeyLine& line, std::string_view asWritten, std::int64_t lineNumber,
+             Messages& messages, const ViewOptions& options)
+        : line_(line),
+          asWritten_(asWritten),
+          lineNumber_(lineNumber),
+          messages_(messages),
+          options_(options) {}
 
     // The whole value. True when the line gives the key one.
     bool Whole(std::string_view key, FieldTarget target);
@@ -57,8 +62,10 @@ public:
 
 private:
     [[nodiscard]] bool MayStandHere(std::string_view key) const;
+    [[nodiscard]] MessagePlace PlaceOf(std::string_view key) const;
 
     const KeyLine& line_;
+    std::string_view asWritten_;
     std::int64_t lineNumber_;
     Messages& messages_;
     const ViewOptions& options_;

@@ -21,11 +21,13 @@ namespace {
 std::string ReadDefinition(StageModel& model, std::string& defPath,
                            const LoadStageContext& context) {
     LineEndingRepair repair(context.files, defPath);
-    DefinitionReader reader(model, context.messages, context.options);
+    MessagesOfFile messages(context.messages, defPath);
+    DefinitionReader reader(model, messages, context.options);
     {
         const std::unique_ptr<InputFile> file = context.files.OpenForReading(defPath);
         LineReader lines(*file);
         while (!context.window.EndRequested() && lines.Next()) {
+            messages.AtLine(lines.Number());
             reader.ReadLine(lines.Line(), lines.Number());
         }
     }
@@ -56,12 +58,13 @@ void LoadArchive(StageModel& model, const std::string& spr, const std::string& d
     if (!archive) {
         std::string text = "SFF FILE:";
         text.append(kCrLf).append(spr).append(kCrLf).append("COULD NOT BE FOUND!");
-        context.messages.MsgBox(kMessageArchiveMissing, std::move(text));
+        context.messages.MsgBox(kMessageArchiveMissing, std::move(text), {0, 0, defPath});
         return;
     }
     const double scale = context.options.Additions ? ScaleOf(model, context.view).elements : 1;
-    LoadSprites(model, *archive, path, context.device, context.window, context.messages,
-                context.options, scale);
+    MessagesOfFile messages(context.messages, path);
+    LoadSprites(model, *archive, path, context.device, context.window, messages, context.options,
+                scale);
 }
 
 }  // namespace
@@ -71,7 +74,8 @@ bool LoadStage(StageModel& model, std::string& defPath, const LoadStageContext& 
     try {
         const std::string spr = ReadDefinition(model, defPath, context);
         SetMusic(model, context);
-        FinishElements(model, context.messages, context.options);
+        MessagesOfFile messages(context.messages, defPath);
+        FinishElements(model, messages, context.options);
         if (!context.window.EndRequested()) {
             LoadArchive(model, spr, defPath, context);
         }
@@ -82,7 +86,8 @@ bool LoadStage(StageModel& model, std::string& defPath, const LoadStageContext& 
         return true;
     } catch (...) {
         context.messages.MsgBox(kMessageDefinitionUnreadable,
-                                "Unable to load " + defPath + " - " + TextOfCurrentError() + ".");
+                                "Unable to load " + defPath + " - " + TextOfCurrentError() + ".",
+                                {0, 0, defPath});
         return false;
     }
 }

@@ -25,8 +25,8 @@
 
 namespace scenara {
 
-inline constexpr MessageKind kMessageArchiveMissing = "SFF FILE";
-inline constexpr MessageKind kMessageDefinitionUnreadable = "definition unreadable";
+inline constexpr MessageKind kMessageArchiveMissing{"archive-missing", Severity::Error};
+inline constexpr MessageKind kMessageDefinitionUnreadable{"definition-unreadable", Severity::Error};
 
 // What a load works with; all of it outlives the call.
 struct LoadStageContext {

@@ -25,8 +25,8 @@ namespace scenara {
 // The key that reads a line of bare values.
 inline constexpr std::string_view kBareValues = "!@!";
 
-inline constexpr MessageKind kMessagePosZero = "pos=0";
-inline constexpr MessageKind kMessageDoomFix = "DOOM FIX";
+inline constexpr MessageKind kMessagePosZero{"cut-line", Severity::Warning};
+inline constexpr MessageKind kMessageDoomFix{"flip-for-time", Severity::Warning};
 
 // A line and its lower-cased form. The text outlives it.
 class KeyLine {

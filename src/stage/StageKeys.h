@@ -13,8 +13,8 @@
 
 namespace scenara {
 
-inline constexpr MessageKind kMessageWindowDelta = "windowdelta";
-inline constexpr MessageKind kMessageVerticalFlip = "vertical flip";
+inline constexpr MessageKind kMessageWindowDelta{"windowdelta", Severity::Warning};
+inline constexpr MessageKind kMessageVerticalFlip{"unknown-flip", Severity::Warning};
 
 // Whether this is one of the kinds of element, after ReadElementKeys has seen to its short forms.
 [[nodiscard]] bool IsKnownKind(std::string_view type);

@@ -63,8 +63,8 @@ TEST_F(LoadMessagesTest, AKindIsItsTextAndNotItsPlaceInMemory) {
     LoadMessages messages(shown_, true);
     const std::string first = "kind";
     const std::string second = "kind";
-    Say(messages, first, "1");
-    Say(messages, second, "2");
+    Say(messages, first.c_str(), "1");
+    Say(messages, second.c_str(), "2");
     EXPECT_THAT(shown_.Offers(), SizeIs(1));
 }
 

@@ -21,8 +21,8 @@ protected:
     bool Read(const std::string& text, bool additions = true) {
         actions_ = {};
         test::MemoryFile file(text);
-        CharacterMessages titled(messages_);
-        const bool read = ReadCharacterAnimation(file, actions_, titled, ViewOptions{additions});
+        const bool read =
+            ReadCharacterAnimation(file, actions_, messages_, ViewOptions{additions}) == 0;
         said_.clear();
         for (const Message& message : messages_.Recorded()) {
             said_.push_back(message.text);

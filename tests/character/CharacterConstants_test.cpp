@@ -20,8 +20,7 @@ class CharacterConstantsTest : public testing::Test {
 protected:
     CharacterConstants Read(const std::string& text) {
         test::MemoryFile file(text);
-        CharacterMessages titled(messages_);
-        const CharacterConstants constants = ReadCharacterConstants(file, titled);
+        const CharacterConstants constants = ReadCharacterConstants(file, messages_);
         for (const Message& message : messages_.Recorded()) {
             said_.push_back(message.text);
         }
@@ -85,8 +84,6 @@ TEST_F(CharacterConstantsTest, TakeEveryLineEnd) {
 TEST_F(CharacterConstantsTest, ThatDoNotFitAreSaidAndStay) {
     Expect("[Size]\nxscale = 1e99\nyscale = 2\nwalk.fwd = -1e40\n", 1, 2, 1);
     EXPECT_THAT(said_, ElementsAre("Overflow: xscale, line 2", "Overflow: walk.fwd, line 4"));
-    EXPECT_EQ(messages_.Recorded()[0].title, "Cohortia");
-    EXPECT_EQ(messages_.Recorded()[0].icon, MessageIcon::Exclamation);
 }
 
 }  // namespace

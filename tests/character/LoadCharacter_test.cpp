@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include "character/CharacterMachine.h"
+#include "character/CharacterMessages.h"
 
 namespace scenara::test {
 namespace {
@@ -115,6 +116,59 @@ TEST(LoadCharacter, SaysWhatIsMissingOrBroken) {
             EXPECT_EQ(machine.character.YScale, 1.0F);
             EXPECT_EQ(machine.character.WalkSpeed, 1.0F);
         }
+    }
+}
+
+struct PlacedRow {
+    const char* name;
+    const char* file;
+    std::string text;
+    bool additions;
+    MessageKind kind;
+    MessagePlace place;
+};
+
+// Which file, and which line of it.
+TEST(LoadCharacter, SaysWhereItIs) {
+    const std::string folder = "/mugen/chars/hero/";
+    const PlacedRow rows[] = {
+        {"a missing file",
+         "hero.def",
+         "[Files]\nanim = gone.air\n",
+         true,
+         kMessageCharacterPart,
+         {0, 0, kHero}},
+        {"a negative group",
+         "hero.air",
+         std::string(kHeroAnimation) + "-1,0, 0,0, 5\n",
+         false,
+         kMessageNegativeGroup,
+         {10, 0, folder + "hero.air"}},
+        {"a number of a frame",
+         "hero.air",
+         std::string(kHeroAnimation) + "0,0, 0,0, 99999\n",
+         true,
+         kMessageCharacterOverflow,
+         {10, 0, folder + "hero.air"}},
+        {"a constant",
+         "hero.cns",
+         "[Size]\n\nxscale = 1e39\n",
+         true,
+         kMessageCharacterOverflow,
+         {3, 0, folder + "hero.cns"}},
+        {"an archive", "hero.sff", "ElecbyteSpr", true, kMessageCharacterFailed, {0, 0, kHero}},
+    };
+    for (const PlacedRow& row : rows) {
+        SCOPED_TRACE(row.name);
+        CharacterMachine machine;
+        machine.view.Additions = row.additions;
+        machine.Put(row.file, row.text);
+        machine.Load();
+        ASSERT_FALSE(machine.messages.Recorded().empty());
+        const Message& message = machine.messages.Recorded().front();
+        EXPECT_EQ(message.kind.code, row.kind.code);
+        EXPECT_EQ(message.place, row.place);
+        EXPECT_EQ(message.title, "Cohortia");
     }
 }
 

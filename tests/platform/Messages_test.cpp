@@ -36,5 +36,19 @@ TEST(Messages, KeepTheirBytes) {
     EXPECT_EQ(messages.last.text, text);
 }
 
+TEST(Messages, OfAFileKnowFileAndLineWhereTheyDidNot) {
+    LastMessage shown;
+    MessagesOfFile messages(shown, "a.def");
+    messages.MsgBox("Here", "");
+    EXPECT_EQ(shown.last.place, (MessagePlace{0, 0, "a.def"}));
+    messages.AtLine(7);
+    messages.MsgBox("Here", "");
+    EXPECT_EQ(shown.last.place, (MessagePlace{7, 0, "a.def"}));
+    messages.MsgBox("Here", "", {3, 2});
+    EXPECT_EQ(shown.last.place, (MessagePlace{3, 2, "a.def"}));
+    messages.MsgBox("Here", "", {0, 0, "b.def"});
+    EXPECT_EQ(shown.last.place, (MessagePlace{0, 0, "b.def"}));
+}
+
 }  // namespace
 }  // namespace scenara

@@ -60,10 +60,10 @@ public:
         }
         return texts;
     }
-    [[nodiscard]] std::vector<std::string> Kinds() const {
-        std::vector<std::string> kinds;
+    [[nodiscard]] std::vector<MessageKind> Kinds() const {
+        std::vector<MessageKind> kinds;
         for (const Message& message : messages.Recorded()) {
-            kinds.emplace_back(message.kind);
+            kinds.push_back(message.kind);
         }
         return kinds;
     }

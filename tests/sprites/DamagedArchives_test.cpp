@@ -195,7 +195,7 @@ TEST(DamagedArchive, OfPicturesAsLargeAsTheirHeadersCanSay) {
             load.Run(bytes);
             ASSERT_EQ(load.model.SpriteCount, 2);
             EXPECT_EQ(load.Sprite(1).image, 2);
-            EXPECT_THAT(load.Kinds(), testing::Contains(std::string(kMessagePcxError)));
+            EXPECT_THAT(load.Kinds(), testing::Contains(kMessagePcxError));
             EXPECT_EQ(load.device.Created().size(), 2U);  // none for what cannot be
             EXPECT_LE(load.BytesAskedFor(), 4 * bytes.size());
         }

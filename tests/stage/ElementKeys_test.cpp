@@ -29,7 +29,7 @@ std::vector<std::string> ReadLines(BackgroundElement& element,
     HeadlessMessages messages;
     for (const std::string_view line : lines) {
         const KeyLine keyLine(line);
-        KeyOffer offer(keyLine, 1, messages, kPlainView);
+        KeyOffer offer(keyLine, keyLine.Text(), 1, messages, kPlainView);
         ReadElementKeys(offer, element, messages);
     }
     return Texts(messages);
@@ -239,7 +239,7 @@ class FrameLines : public testing::TestWithParam<FrameRow> {};
 TEST_P(FrameLines, FillTheirFields) {
     HeadlessMessages messages;
     const KeyLine line(GetParam().line);
-    KeyOffer offer(line, 8, messages, kPlainView);
+    KeyOffer offer(line, line.Text(), 8, messages, kPlainView);
     StageFrame frame;
     ReadFrame(offer, frame, messages);
     StageFrame expected;

@@ -34,7 +34,7 @@ private:
     std::string text_;
     HeadlessMessages messages_;
     KeyLine line_{std::string_view(text_)};
-    KeyOffer offer_{line_, 12, messages_, kPlainView};
+    KeyOffer offer_{line_, line_.Text(), 12, messages_, kPlainView};
 };
 
 TEST(KeyOffer, WholeStoresTheWholeValue) {
@@ -140,7 +140,7 @@ TEST(KeyOffer, BareValueThatDoesNotFitIsOneOfAFrame) {
 
 TEST(KeyOffer, SayOverflowIsAPlainBox) {
     HeadlessMessages messages;
-    messages.SayOverflow(kMessageOverflow, "delta", 3'000'000'000);
+    messages.SayOverflow(kMessageOverflow, "delta", {3'000'000'000});
     ASSERT_EQ(messages.Recorded().size(), 1U);
     const Message& message = messages.Recorded().front();
     EXPECT_EQ(message.text, "Overflow: delta, line 3000000000");

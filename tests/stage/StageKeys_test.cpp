@@ -28,7 +28,7 @@ BgCtrlDef GroupOf(std::initializer_list<std::string_view> lines) {
     BgCtrlDef group;
     for (const std::string_view line : lines) {
         const KeyLine keyLine(line);
-        KeyOffer offer(keyLine, 1, messages, kPlainView);
+        KeyOffer offer(keyLine, keyLine.Text(), 1, messages, kPlainView);
         ReadCtrlDefKeys(offer, group);
     }
     EXPECT_THAT(messages.Recorded(), IsEmpty());
@@ -59,7 +59,7 @@ BgCtrl ControlOf(std::initializer_list<std::string_view> lines) {
     BgCtrl control;
     for (const std::string_view line : lines) {
         const KeyLine keyLine(line);
-        KeyOffer offer(keyLine, 1, messages, kPlainView);
+        KeyOffer offer(keyLine, keyLine.Text(), 1, messages, kPlainView);
         ReadCtrlKeys(offer, control);
     }
     EXPECT_THAT(messages.Recorded(), IsEmpty());
@@ -156,7 +156,7 @@ TEST(StageKeys, ControlValueThatDoesNotFitIsReportedOnce) {
         HeadlessMessages messages;
         const std::string line = key + " = 1e39";
         const KeyLine keyLine(line);
-        KeyOffer offer(keyLine, 1, messages, kPlainView);
+        KeyOffer offer(keyLine, keyLine.Text(), 1, messages, kPlainView);
         BgCtrl control;
         ReadCtrlKeys(offer, control);
         EXPECT_THAT(Texts(messages), ElementsAre("Overflow: " + key + ", line 1"));
@@ -167,7 +167,7 @@ TEST(StageKeys, ControlValueThatDoesNotFitIsReportedOnce) {
 TEST(StageKeys, EndTimeThatDoesNotFitStaysAsItWas) {
     HeadlessMessages messages;
     const KeyLine line("time = 5, 99999999999");
-    KeyOffer offer(line, 1, messages, kPlainView);
+    KeyOffer offer(line, line.Text(), 1, messages, kPlainView);
     BgCtrl control;
     control.endTime = 9;
     ReadCtrlKeys(offer, control);
@@ -179,7 +179,7 @@ TEST(StageKeys, EndTimeThatDoesNotFitStaysAsItWas) {
 TEST(StageKeys, StartTimeThatDoesNotFitLeavesTheEndTime) {
     HeadlessMessages messages;
     const KeyLine line("time = 99999999999, 8");
-    KeyOffer offer(line, 1, messages, kPlainView);
+    KeyOffer offer(line, line.Text(), 1, messages, kPlainView);
     BgCtrl control;
     control.startTime = 9;
     ReadCtrlKeys(offer, control);
@@ -192,7 +192,7 @@ TEST(StageKeys, GroupValueThatDoesNotFitIsReportedOnce) {
         HeadlessMessages messages;
         const std::string line = key + " = 1e39";
         const KeyLine keyLine(line);
-        KeyOffer offer(keyLine, 1, messages, kPlainView);
+        KeyOffer offer(keyLine, keyLine.Text(), 1, messages, kPlainView);
         BgCtrlDef group;
         ReadCtrlDefKeys(offer, group);
         EXPECT_THAT(Texts(messages), ElementsAre("Overflow: " + key + ", line 1"));
@@ -203,7 +203,7 @@ TEST(StageKeys, GroupValueThatDoesNotFitIsReportedOnce) {
 TEST(StageKeys, ValueThatDoesNotFitCountsAsNotGiven) {
     HeadlessMessages messages;
     const KeyLine line("x = 1e39");
-    KeyOffer offer(line, 3, messages, kPlainView);
+    KeyOffer offer(line, line.Text(), 3, messages, kPlainView);
     BgCtrl control;
     ReadCtrlKeys(offer, control);
     EXPECT_EQ(ModelText(control), ModelText(BgCtrl()));
@@ -223,7 +223,7 @@ SettingsRead SettingsOf(std::initializer_list<std::string_view> lines) {
     HeadlessMessages messages;
     for (const std::string_view line : lines) {
         const KeyLine keyLine(line);
-        KeyOffer offer(keyLine, 1, messages, kPlainView);
+        KeyOffer offer(keyLine, keyLine.Text(), 1, messages, kPlainView);
         ReadSettingKeys(offer, read.model, read.spr);
     }
     read.said = Texts(messages);
@@ -289,7 +289,7 @@ TEST(StageKeys, BoundLowGoesBackToZero) {
     read.model.BoundLow = 9;
     HeadlessMessages messages;
     const KeyLine line("boundlow = 30");
-    KeyOffer offer(line, 1, messages, kPlainView);
+    KeyOffer offer(line, line.Text(), 1, messages, kPlainView);
     ReadSettingKeys(offer, read.model, read.spr);
     EXPECT_EQ(read.model.BoundLow, 0);
 }

@@ -25,8 +25,8 @@
 
 namespace scenara {
 
-inline constexpr MessageKind kMessageNegativeLength = "negative length";
-inline constexpr MessageKind kMessageMissingPalette = "missing palette";
+inline constexpr MessageKind kMessageNegativeLength{"negative-length", Severity::Warning};
+inline constexpr MessageKind kMessageMissingPalette{"missing-palette", Severity::Warning};
 
 class SubfilePictures {
 public:
