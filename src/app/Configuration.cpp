@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "app/Configuration.h"
 
-#include <set>
 #include <utility>
 
 #include "app/ConfigurationLine.h"
@@ -14,6 +13,7 @@
 #include "base/RunTimeError.h"
 #include "base/Text.h"
 #include "platform/LineReader.h"
+#include "show/RepeatedMessages.h"
 
 namespace scenara {
 namespace {
@@ -23,22 +23,6 @@ constexpr Byte kListShown = 255;
 std::string ConfigurationPath(Files& files) {
     return files.ProgramFolder() + "QX.CFG";
 }
-
-// Of each kind of message the first alone: a damaged file could say the same on every line.
-class OncePerKind : public Messages {
-public:
-    explicit OncePerKind(Messages& messages) : messages_(messages) {}
-
-    void Show(const Message& message) override {
-        if (said_.insert(message.kind).second) {
-            messages_.Show(message);
-        }
-    }
-
-private:
-    Messages& messages_;
-    std::set<MessageKind> said_;
-};
 
 bool AskForMugeDir(std::string& MugeDir, const LoadConfigContext& context) {
     context.messages.MsgBox(kMessageFirstStart,
@@ -212,7 +196,7 @@ bool LoadConfig(const Settings& settings, const LoadConfigContext& context) {
         settings.MugeDir = WithSeparator(lines.Line());
         return true;
     }
-    OncePerKind once(context.messages);
+    RepeatedMessages once(context.messages, Repeats::LeftOut);
     MessagesOfFile messages(once, path);
     do {
         messages.AtLine(lines.Number());

@@ -22,7 +22,7 @@ std::string_view Colours(Long bitsPerPixel) {
 }
 
 template <typename Table, typename Predicate>
-Integer FirstIndex(const Table& table, Predicate wanted) {
+Integer IndexOfFirst(const Table& table, Predicate wanted) {
     const auto found = std::find_if(table.begin(), table.end(), wanted);
     return found == table.end() ? kNoMode : static_cast<Integer>(found - table.begin());
 }
@@ -56,12 +56,12 @@ void ScreenModule::Enumerate() {
 }
 
 Integer ScreenModule::Find(std::string_view text) const {
-    return FirstIndex(descriptions_, [&](const std::string& d) { return Contains(d, text); });
+    return IndexOfFirst(descriptions_, [&](const std::string& d) { return Contains(d, text); });
 }
 
 Integer ScreenModule::CurrentMode() const {
     const DisplaySettings current = display_.Current();
-    return FirstIndex(modes_, [&](const DisplaySettings& mode) { return mode == current; });
+    return IndexOfFirst(modes_, [&](const DisplaySettings& mode) { return mode == current; });
 }
 
 bool ScreenModule::SwitchTo(Integer mode) {

@@ -5,8 +5,8 @@
 // What is shown is a StageShow's affair; this is the window around one: start-up (FormLoad.cpp),
 // the sizes of the window and its controls (Layout.cpp), which stage is shown (Opening.cpp), the
 // loop that shows it (RunStage.cpp), the other commands (Commands.cpp), the test character
-// (TestChar.cpp) and the debug tools (Tools.cpp), the full screen (FullScreen.cpp), what is saved
-// meanwhile (Saving.cpp), the end (Unload.cpp).
+// (TestChar.cpp), the background editor (Editing.cpp), the sprite browser (Browsing.cpp), the full
+// screen (FullScreen.cpp), what is saved meanwhile (Saving.cpp), the end (Unload.cpp).
 //
 // One thread. All that the user does arrives through FormEvents while the loop lets messages
 // through, so any handler may run between two frames, and between two images of a load. A run-time
@@ -110,6 +110,7 @@ public:
     // Looks whether a message waits, and only then lets messages through.
     void API_doevents();
 
+    // Kept: nothing calls it (LimitFrames.PumpsInEveryPassWithoutALook).
     // The frame wait by itself, letting messages through in each of its passes.
     void LimitFrames(Integer limit);
 

@@ -139,4 +139,11 @@ std::string NumberText(std::int64_t value) {
     return std::to_string(value);
 }
 
+std::string Hexadecimal(std::uint32_t number) {
+    std::array<char, 8> digits{};
+    const char* const end =
+        std::to_chars(digits.data(), digits.data() + digits.size(), number, 16).ptr;
+    return {digits.data(), static_cast<std::size_t>(end - digits.data())};
+}
+
 }  // namespace scenara

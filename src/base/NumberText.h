@@ -36,4 +36,7 @@ namespace scenara {
     return NumberText(std::int64_t{value});
 }
 
+// The digits of a number to the base of 16, in lower case.
+[[nodiscard]] std::string Hexadecimal(std::uint32_t number);
+
 }  // namespace scenara

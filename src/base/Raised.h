@@ -3,13 +3,13 @@
 // Raised: a flag that is up while something goes on, and down again however that ends.
 #pragma once
 
+#include "base/NotCopied.h"
+
 namespace scenara {
 
-class Raised {
+class Raised : NotCopied {
 public:
     explicit Raised(bool& flag) : flag_(flag) { flag_ = true; }
-    Raised(const Raised&) = delete;
-    Raised& operator=(const Raised&) = delete;
     ~Raised() { flag_ = false; }
 
 private:

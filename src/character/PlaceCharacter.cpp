@@ -43,7 +43,7 @@ void PlaceCharacter(TestCharState& state, const StageModel& model, const View& v
     }
 }
 
-void FollowGround(TestCharacter& character, const StageModel& model, const DrawnCamera& camera) {
+void FollowGround(TestCharacter& character, const StageModel& model, const CameraPlace& camera) {
     const BackgroundElement* const ground = GroundElement(model);
     if (ground == nullptr) {
         return;

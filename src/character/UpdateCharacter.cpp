@@ -69,7 +69,7 @@ void StartTurn(TestCharState& state, TestCharacter& character) {
 
 // The edge of the picture, so that its axis lies on the character's place whichever way it faces.
 void PlacePicture(const TestCharState& state, TestCharacter& character, const CharFrame& frame,
-                  const DrawnCamera& camera) {
+                  const CameraPlace& camera) {
     const auto index = static_cast<std::size_t>(std::max(frame.texture, Integer{0}));
     if (frame.texture < 0 || index >= character.Sprites.size()) {
         character.DrawTexture = -1;
@@ -114,16 +114,16 @@ bool Move(const TestCharState& state, const StageModel& model, const View& view,
 
 // Of a character that moved. It is compared with the middle of the view as it is drawn in this
 // frame.
-CameraFollow FollowOf(const TestCharacter& character, double viewX, const View& view) {
+CameraLead FollowOf(const TestCharacter& character, double viewX, const View& view) {
     const bool right = (character.Facing == kFacingRight) == (character.WalkSpeed >= 0);
     if (right) {
-        return viewX >= view.Centre() - kHair ? CameraFollow::Right : CameraFollow::Stand;
+        return viewX >= view.Centre() - kHair ? CameraLead::Right : CameraLead::Stand;
     }
-    return viewX <= view.Centre() + kHair ? CameraFollow::Left : CameraFollow::Stand;
+    return viewX <= view.Centre() + kHair ? CameraLead::Left : CameraLead::Stand;
 }
 
-CameraFollow UpdateOne(TestCharState& state, TestCharacter& character, const StageModel& model,
-                       Keyboard& keyboard, const DrawnCamera& camera) {
+CameraLead UpdateOne(TestCharState& state, TestCharacter& character, const StageModel& model,
+                     Keyboard& keyboard, const CameraPlace& camera, const View& view) {
     FollowGround(character, model, camera);
     if (state.Turning) {
         ForgetKeys(keyboard);
@@ -148,10 +148,10 @@ CameraFollow UpdateOne(TestCharState& state, TestCharacter& character, const Sta
     }
     state.FrameFlipped = false;
     const double viewX = static_cast<double>(character.X) + static_cast<double>(camera.x);
-    const bool moved = character.Walking && Move(state, model, camera.view, character);
+    const bool moved = character.Walking && Move(state, model, view, character);
     state.LastAction = character.Action;
     state.LastFacing = character.Facing;
-    return moved ? FollowOf(character, viewX, camera.view) : CameraFollow::Stand;
+    return moved ? FollowOf(character, viewX, view) : CameraLead::Stand;
 }
 
 }  // namespace
@@ -160,17 +160,17 @@ Single StepOf(const TestCharState& state, const TestCharacter& character) {
     return std::fabs(state.CharZoom * character.WalkSpeed);
 }
 
-CameraFollow UpdateCharacter(TestCharState& state, const StageModel& model, Keyboard& keyboard,
-                             const DrawnCamera& camera) {
-    CameraFollow follow = CameraFollow::Stand;
+CameraLead UpdateCharacter(TestCharState& state, const StageModel& model, Keyboard& keyboard,
+                           const CameraPlace& camera, const View& view) {
+    CameraLead follow = CameraLead::Stand;
     state.DrawnCameraY = camera.y;
     for (std::size_t i = 0; i < CountOf(state); ++i) {
-        follow = UpdateOne(state, state.Characters[i], model, keyboard, camera);
+        follow = UpdateOne(state, state.Characters[i], model, keyboard, camera, view);
     }
     return follow;
 }
 
-void PlaceAgain(TestCharState& state, const StageModel& model, const DrawnCamera& camera) {
+void PlaceAgain(TestCharState& state, const StageModel& model, const CameraPlace& camera) {
     for (std::size_t i = 0; i < CountOf(state); ++i) {
         TestCharacter& character = state.Characters[i];
         const Single ground = character.Y;

@@ -18,20 +18,18 @@
 
 namespace scenara {
 
-// What the camera is to do with a character on the stage: stand, or go along.
-enum class CameraFollow : Byte { Stand, Left, Right };
-
 // How far the character goes in a frame in which it walks, in view pixels; the camera that goes
 // along makes the same step.
 [[nodiscard]] Single StepOf(const TestCharState& state, const TestCharacter& character);
 
 // Called once per frame, before it is drawn; `camera` is the one that its back elements are drawn
-// with. Allocates nothing.
-[[nodiscard]] CameraFollow UpdateCharacter(TestCharState& state, const StageModel& model,
-                                           Keyboard& keyboard, const DrawnCamera& camera);
+// with. Whether the camera is to stand, or to go along to one side. Allocates nothing.
+[[nodiscard]] CameraLead UpdateCharacter(TestCharState& state, const StageModel& model,
+                                         Keyboard& keyboard, const CameraPlace& camera,
+                                         const View& view);
 
 // The picture of the last frame where the ground and the camera have been moved to since, without a
 // step of the character's.
-void PlaceAgain(TestCharState& state, const StageModel& model, const DrawnCamera& camera);
+void PlaceAgain(TestCharState& state, const StageModel& model, const CameraPlace& camera);
 
 }  // namespace scenara

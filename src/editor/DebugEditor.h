@@ -57,7 +57,7 @@ struct EditorContext {
     Clock& clock;
 };
 
-class DebugEditor : public KeysBehindTheCamera {
+class DebugEditor : public GatedKeys {
 public:
     DebugEditor(const EditorContext& context, EditorActions actions)
         : context_(context), actions_(std::move(actions)) {}

@@ -2,6 +2,7 @@
 //
 // ImageSets: the debug editor's image surfaces. Each image, and each image's mask, is a bitmap that
 // is selected into a drawing surface of its own, in the place of the one the surface came with.
+// Kept: nothing loads any (ImageSetList.OfAProgramThatLoadedNoneHasNothingToRelease).
 #pragma once
 
 #include <cstdint>

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "base/Integers.h"
+#include "base/NotCopied.h"
 #include "platform/Form.h"
 #include "platform/View.h"
 #include "stage/StageModel.h"
@@ -36,16 +37,13 @@ inline constexpr std::uint32_t kLightCheck = 0xFFCCCCCC;
 inline constexpr std::uint32_t kDarkCheck = 0xFF999999;
 
 // What the browser asks of the main window. Pixels.
-class BrowserWindow {
+class BrowserWindow : NotCopied {
 public:
     struct Extent {
         Long width = 0;
         Long height = 0;
     };
 
-    BrowserWindow() = default;
-    BrowserWindow(const BrowserWindow&) = delete;
-    BrowserWindow& operator=(const BrowserWindow&) = delete;
     virtual ~BrowserWindow() = default;
 
     // Makes room for a picture of this size; while hscSGFX is visible it stands below the picture.

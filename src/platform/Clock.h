@@ -7,6 +7,7 @@
 #include <cstdint>
 
 #include "base/Integers.h"
+#include "base/NotCopied.h"
 
 namespace scenara {
 
@@ -20,11 +21,8 @@ namespace scenara {
     return static_cast<std::uint32_t>(now) - static_cast<std::uint32_t>(then);
 }
 
-class Clock {
+class Clock : NotCopied {
 public:
-    Clock() = default;
-    Clock(const Clock&) = delete;
-    Clock& operator=(const Clock&) = delete;
     virtual ~Clock() = default;
 
     // Milliseconds since a moment of the machine's own, modulo 2^32: after 24.8 days the tick above

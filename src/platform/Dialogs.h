@@ -7,13 +7,12 @@
 
 #include <string>
 
+#include "base/NotCopied.h"
+
 namespace scenara {
 
-class Dialogs {
+class Dialogs : NotCopied {
 public:
-    Dialogs() = default;
-    Dialogs(const Dialogs&) = delete;
-    Dialogs& operator=(const Dialogs&) = delete;
     virtual ~Dialogs() = default;
 
     // The folder that the user chooses. `prompt` may hold several lines (CR LF).

@@ -30,6 +30,8 @@
 #include <string>
 #include <string_view>
 
+#include "base/NotCopied.h"
+
 namespace scenara {
 
 // What a call answers: 0 or above is success, below is the error's number.
@@ -116,11 +118,8 @@ struct LockedPixels {
     std::int32_t pitch = 0;  // in pixels, at least the width
 };
 
-class Direct3DTexture8 {
+class Direct3DTexture8 : NotCopied {
 public:
-    Direct3DTexture8() = default;
-    Direct3DTexture8(const Direct3DTexture8&) = delete;
-    Direct3DTexture8& operator=(const Direct3DTexture8&) = delete;
     virtual ~Direct3DTexture8() = default;
 
     [[nodiscard]] virtual std::int32_t Width() const = 0;
@@ -152,11 +151,8 @@ struct POINT {
 
 // Pixels that can be copied: a device's back buffer, or an image in main memory. A back buffer's
 // surface is given up before the device is reset or released; an image outlives both.
-class Direct3DSurface8 {
+class Direct3DSurface8 : NotCopied {
 public:
-    Direct3DSurface8() = default;
-    Direct3DSurface8(const Direct3DSurface8&) = delete;
-    Direct3DSurface8& operator=(const Direct3DSurface8&) = delete;
     virtual ~Direct3DSurface8() = default;
 };
 
@@ -190,11 +186,8 @@ struct D3DPRESENT_PARAMETERS {
 };
 
 // Makes textures: all of a device that reading pictures needs.
-class TextureMaker {
+class TextureMaker : NotCopied {
 public:
-    TextureMaker() = default;
-    TextureMaker(const TextureMaker&) = delete;
-    TextureMaker& operator=(const TextureMaker&) = delete;
     virtual ~TextureMaker() = default;
 
     // Pixels are undefined until written. Raises RunTimeError "Out of memory" when the machine has
@@ -253,11 +246,8 @@ public:
     [[nodiscard]] virtual HRESULT Reset(const D3DPRESENT_PARAMETERS& parameters) = 0;
 };
 
-class Direct3D8 {
+class Direct3D8 : NotCopied {
 public:
-    Direct3D8() = default;
-    Direct3D8(const Direct3D8&) = delete;
-    Direct3D8& operator=(const Direct3D8&) = delete;
     virtual ~Direct3D8() = default;
 
     [[nodiscard]] virtual HRESULT GetAdapterDisplayMode(std::uint32_t adapter,
@@ -269,11 +259,8 @@ public:
                                                std::unique_ptr<Direct3DDevice8>& device) = 0;
 };
 
-class DirectX8 {
+class DirectX8 : NotCopied {
 public:
-    DirectX8() = default;
-    DirectX8(const DirectX8&) = delete;
-    DirectX8& operator=(const DirectX8&) = delete;
     virtual ~DirectX8() = default;
 
     // None on failure.
@@ -288,11 +275,8 @@ struct FontDescription {
     bool italic = false;
 };
 
-class D3DXFont {
+class D3DXFont : NotCopied {
 public:
-    D3DXFont() = default;
-    D3DXFont(const D3DXFont&) = delete;
-    D3DXFont& operator=(const D3DXFont&) = delete;
     virtual ~D3DXFont() = default;
 };
 
@@ -306,11 +290,8 @@ inline constexpr std::uint32_t DT_WORDBREAK = 0x10;   // lines are broken at bla
 inline constexpr std::uint32_t DT_SINGLELINE = 0x20;  // line breaks count as nothing
 inline constexpr std::uint32_t DT_NOCLIP = 0x100;     // the rectangle does not cut
 
-class D3DX8 {
+class D3DX8 : NotCopied {
 public:
-    D3DX8() = default;
-    D3DX8(const D3DX8&) = delete;
-    D3DX8& operator=(const D3DX8&) = delete;
     virtual ~D3DX8() = default;
 
     // `device` must outlive the font. On failure `font` is left empty.
@@ -326,11 +307,8 @@ public:
 };
 
 // What a machine offers: the two objects from which all others are made. Each is none on failure.
-class Direct3DMachine {
+class Direct3DMachine : NotCopied {
 public:
-    Direct3DMachine() = default;
-    Direct3DMachine(const Direct3DMachine&) = delete;
-    Direct3DMachine& operator=(const Direct3DMachine&) = delete;
     virtual ~Direct3DMachine() = default;
 
     [[nodiscard]] virtual std::unique_ptr<DirectX8> CreateDirectX8() = 0;

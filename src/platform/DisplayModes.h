@@ -7,8 +7,17 @@
 #include <optional>
 
 #include "base/Integers.h"
+#include "base/NotCopied.h"
 
 namespace scenara {
+
+// Pixels of the whole display area, which may reach over several screens.
+struct ScreenRectangle {
+    Long left = 0;
+    Long top = 0;
+    Long width = 0;
+    Long height = 0;
+};
 
 struct DisplaySettings {
     Long width = 0;  // pixels
@@ -19,11 +28,8 @@ struct DisplaySettings {
     friend bool operator==(const DisplaySettings&, const DisplaySettings&) = default;
 };
 
-class DisplayModes {
+class DisplayModes : NotCopied {
 public:
-    DisplayModes() = default;
-    DisplayModes(const DisplayModes&) = delete;
-    DisplayModes& operator=(const DisplayModes&) = delete;
     virtual ~DisplayModes() = default;
 
     // Mode number `index`, counted from 0; nothing behind the last one. 0 has the modes read anew.

@@ -20,14 +20,13 @@
 #include <string_view>
 #include <vector>
 
+#include "base/NotCopied.h"
+
 namespace scenara {
 
 // A file being read, at any position.
-class InputFile {
+class InputFile : NotCopied {
 public:
-    InputFile() = default;
-    InputFile(const InputFile&) = delete;
-    InputFile& operator=(const InputFile&) = delete;
     virtual ~InputFile() = default;
 
     // Size in bytes when the file was opened.
@@ -39,11 +38,8 @@ public:
 };
 
 // A file being written from its start.
-class OutputFile {
+class OutputFile : NotCopied {
 public:
-    OutputFile() = default;
-    OutputFile(const OutputFile&) = delete;
-    OutputFile& operator=(const OutputFile&) = delete;
     virtual ~OutputFile() = default;
 
     virtual void Write(std::string_view bytes) = 0;
@@ -51,11 +47,8 @@ public:
     virtual void Close() = 0;
 };
 
-class Files {
+class Files : NotCopied {
 public:
-    Files() = default;
-    Files(const Files&) = delete;
-    Files& operator=(const Files&) = delete;
     virtual ~Files() = default;
 
     // Whether the file can be opened for reading. Never fails.

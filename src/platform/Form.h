@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "base/Integers.h"
+#include "base/NotCopied.h"
 #include "platform/Keyboard.h"
 #include "platform/ViewFrame.h"
 
@@ -113,11 +114,8 @@ struct Form {
 
 // What the user does to the window. A machine notes events as they come and hands them over, one
 // by one, when the program lets messages through; never from inside of its own handlers.
-class FormEvents {
+class FormEvents : NotCopied {
 public:
-    FormEvents() = default;
-    FormEvents(const FormEvents&) = delete;
-    FormEvents& operator=(const FormEvents&) = delete;
     virtual ~FormEvents() = default;
 
     virtual void Form_Activate() = 0;

@@ -4,15 +4,13 @@
 // the place of the main window.
 #pragma once
 
+#include "base/NotCopied.h"
 #include "platform/Direct3D8.h"
 
 namespace scenara {
 
-class FullScreenForm {
+class FullScreenForm : NotCopied {
 public:
-    FullScreenForm() = default;
-    FullScreenForm(const FullScreenForm&) = delete;
-    FullScreenForm& operator=(const FullScreenForm&) = delete;
     virtual ~FullScreenForm() = default;
 
     // Covers the screen, whatever size it takes on, and has the user's attention when this returns.

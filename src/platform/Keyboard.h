@@ -6,6 +6,7 @@
 #include <cstdint>
 
 #include "base/Integers.h"
+#include "base/NotCopied.h"
 
 namespace scenara {
 
@@ -33,11 +34,8 @@ enum class VirtualKey : std::uint8_t {
 inline constexpr Integer kKeyIsDown = -32768;  // the highest of 16 bits
 inline constexpr Integer kKeyWasPressed = 1;   // since the last call for it
 
-class Keyboard {
+class Keyboard : NotCopied {
 public:
-    Keyboard() = default;
-    Keyboard(const Keyboard&) = delete;
-    Keyboard& operator=(const Keyboard&) = delete;
     virtual ~Keyboard() = default;
 
     // Not 0 while the key is down, and once more when it has been pressed and let go since the last

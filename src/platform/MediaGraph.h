@@ -19,17 +19,15 @@
 #include <string>
 
 #include "base/Integers.h"
+#include "base/NotCopied.h"
 
 namespace scenara {
 
 // The graph's own numbering.
 enum class FilterState : Byte { Stopped = 0, Paused = 1, Running = 2 };
 
-class MediaGraph {
+class MediaGraph : NotCopied {
 public:
-    MediaGraph() = default;
-    MediaGraph(const MediaGraph&) = delete;
-    MediaGraph& operator=(const MediaGraph&) = delete;
     // Silences it and lets it go.
     virtual ~MediaGraph() = default;
 
@@ -68,11 +66,8 @@ public:
     [[nodiscard]] virtual std::optional<Long> SourceHeight() = 0;
 };
 
-class MediaMachine {
+class MediaMachine : NotCopied {
 public:
-    MediaMachine() = default;
-    MediaMachine(const MediaMachine&) = delete;
-    MediaMachine& operator=(const MediaMachine&) = delete;
     virtual ~MediaMachine() = default;
 
     // A graph without a file; none when there cannot be one. The machine outlives its graphs.

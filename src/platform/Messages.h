@@ -14,6 +14,7 @@
 #include <utility>
 
 #include "base/Integers.h"
+#include "base/NotCopied.h"
 
 namespace scenara {
 
@@ -61,11 +62,8 @@ struct Message {
     MessagePlace place = {};
 };
 
-class Messages {
+class Messages : NotCopied {
 public:
-    Messages() = default;
-    Messages(const Messages&) = delete;
-    Messages& operator=(const Messages&) = delete;
     virtual ~Messages() = default;
 
     // Returns when the user has seen it.

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "base/Integers.h"
+#include "base/NotCopied.h"
 
 namespace scenara {
 
@@ -13,11 +14,8 @@ struct PointerPosition {
     Long y = 0;
 };
 
-class Pointer {
+class Pointer : NotCopied {
 public:
-    Pointer() = default;
-    Pointer(const Pointer&) = delete;
-    Pointer& operator=(const Pointer&) = delete;
     virtual ~Pointer() = default;
 
     [[nodiscard]] virtual PointerPosition GetCursorPos() = 0;

@@ -3,13 +3,12 @@
 // Process: the running program among others.
 #pragma once
 
+#include "base/NotCopied.h"
+
 namespace scenara {
 
-class Process {
+class Process : NotCopied {
 public:
-    Process() = default;
-    Process(const Process&) = delete;
-    Process& operator=(const Process&) = delete;
     virtual ~Process() = default;
 
     // Another instance of this program runs already, for this user.

@@ -12,6 +12,7 @@
 #include <string>
 
 #include "base/Integers.h"
+#include "base/NotCopied.h"
 #include "platform/Direct3D8.h"
 #include "platform/View.h"
 
@@ -40,11 +41,8 @@ struct InnerSize {
     Long height = 0;
 };
 
-class Window {
+class Window : NotCopied {
 public:
-    Window() = default;
-    Window(const Window&) = delete;
-    Window& operator=(const Window&) = delete;
     virtual ~Window() = default;
 
     virtual void Show() = 0;

@@ -6,7 +6,7 @@
 #include <cstdint>
 
 #include "platform/Direct3D8.h"
-#include "render/Engine.h"
+#include "render/Require.h"
 
 namespace scenara {
 

@@ -13,6 +13,7 @@
 
 #include <cstdint>
 
+#include "base/NotCopied.h"
 #include "platform/Clock.h"
 #include "platform/Keyboard.h"
 #include "platform/Pointer.h"
@@ -26,14 +27,11 @@ namespace scenara {
 // Milliseconds that must have passed, and one more, between two accepted keys.
 inline constexpr std::uint32_t kKeyGate = 150;
 
-// Keys of others that share the gate: asked once per pass, behind the camera's own keys. Errors end
-// the pass.
-class KeysBehindTheCamera {
+// Further key handlers that share the gate: called once per pass, after the camera's own keys.
+// Errors end the pass.
+class GatedKeys : NotCopied {
 public:
-    KeysBehindTheCamera() = default;
-    KeysBehindTheCamera(const KeysBehindTheCamera&) = delete;
-    KeysBehindTheCamera& operator=(const KeysBehindTheCamera&) = delete;
-    virtual ~KeysBehindTheCamera() = default;
+    virtual ~GatedKeys() = default;
 
     virtual void AtEndOfPass() = 0;
 };
@@ -44,7 +42,7 @@ struct CameraInput {
     Clock& clock;
     Pointer& pointer;
     Window& window;
-    KeysBehindTheCamera* more = nullptr;
+    GatedKeys* more = nullptr;
 };
 
 // Whether a key that acts at most every 150 ms would be accepted now. Whoever accepts one sets

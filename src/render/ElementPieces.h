@@ -10,6 +10,7 @@
 // thinned out where more than kDeepest copies lie upon one another.
 #pragma once
 
+#include "base/NotCopied.h"
 #include "platform/View.h"
 #include "render/ElementPlacement.h"
 #include "render/Mixing.h"
@@ -26,11 +27,8 @@ struct DrawOptions {
 };
 
 // Gets the pieces in the order in which they are drawn.
-class PieceVisitor {
+class PieceVisitor : NotCopied {
 public:
-    PieceVisitor() = default;
-    PieceVisitor(const PieceVisitor&) = delete;
-    PieceVisitor& operator=(const PieceVisitor&) = delete;
     virtual ~PieceVisitor() = default;
 
     // Of the element's picture.

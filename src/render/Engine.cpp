@@ -4,8 +4,10 @@
 #include <charconv>
 #include <string>
 
+#include "base/NumberText.h"
 #include "base/RunTimeError.h"
 #include "render/ModelLookup.h"
+#include "render/Require.h"
 
 namespace scenara {
 namespace {
@@ -29,22 +31,7 @@ const Pointer& Made(const Pointer& object, std::string_view call) {
     return object;
 }
 
-std::string Hexadecimal(std::uint32_t number) {
-    std::array<char, 8> digits{};
-    const char* const end =
-        std::to_chars(digits.data(), digits.data() + digits.size(), number, 16).ptr;
-    return {digits.data(), static_cast<std::size_t>(end - digits.data())};
-}
-
 }  // namespace
-
-void Require(HRESULT result, std::string_view call) {
-    if (Failed(result)) {
-        throw RunTimeError(
-            RunTimeErrorKind::Direct3D,
-            std::string(call) + ", 0x" + Hexadecimal(static_cast<std::uint32_t>(result)));
-    }
-}
 
 Engine::Engine(Direct3DMachine& machine, Window& window, Messages& messages,
                const StageModel& model, const View& view)

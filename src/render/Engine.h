@@ -79,6 +79,7 @@ public:
     void Set_Vertex(Single X, Single Y, Single W, Single H, std::uint32_t c0, std::uint32_t c1,
                     std::uint32_t c2, std::uint32_t c3);
 
+    // Kept: nothing calls it (Quads.SetShadowType1LeansLeft).
     // The quad as a slanted shadow whose lower edge is the rectangle's: leaning left (Type 1) or
     // right (2). Any other Type: nothing changes.
     void Set_Shadow(Byte Type, Single X, Single Y, Single W, Single H);
@@ -137,9 +138,7 @@ private:
     std::array<Vertex, 4> quad_;
 };
 
-// Raises RunTimeError "Direct3D error" when `result` is a failure; `call` is its name.
-void Require(HRESULT result, std::string_view call);
-
+// Kept: nothing calls it any more (GetRGB.SplitsFromTheLowestByteUp).
 // The components of a colour whose lowest byte is red. Outside of -16777216 to 16777216 the outputs
 // stay as they were.
 void GetRGB(Long Color, Integer& R, Integer& G, Integer& B);

@@ -7,6 +7,7 @@
 #include <memory>
 
 #include "base/Integers.h"
+#include "base/NotCopied.h"
 #include "platform/Direct3D8.h"
 #include "render/Engine.h"
 
@@ -23,11 +24,8 @@ struct Figure {
 
 // Who knows the figure of a frame. Asked once per picture, when the stage's own clocks have ticked
 // and nothing of it is drawn yet, so that a figure can stand on what they move.
-class FigureSource {
+class FigureSource : NotCopied {
 public:
-    FigureSource() = default;
-    FigureSource(const FigureSource&) = delete;
-    FigureSource& operator=(const FigureSource&) = delete;
     virtual ~FigureSource() = default;
 
     [[nodiscard]] virtual Figure Next() = 0;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "render/Frame.h"
 
+#include "render/Require.h"
+
 namespace scenara {
 
 void DrawScene(Engine& engine, TileEngine& tiles, ViewFlags& flags, FigureSource* figures) {

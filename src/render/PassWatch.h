@@ -4,13 +4,12 @@
 // long can be given up.
 #pragma once
 
+#include "base/NotCopied.h"
+
 namespace scenara {
 
-class PassWatch {
+class PassWatch : NotCopied {
 public:
-    PassWatch() = default;
-    PassWatch(const PassWatch&) = delete;
-    PassWatch& operator=(const PassWatch&) = delete;
     virtual ~PassWatch() = default;
 
     // False once the frame has been given up; it then stays so for the rest of the frame. Cheap

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "base/NotCopied.h"
 #include "platform/Direct3D8.h"
 
 namespace scenara {
@@ -14,13 +15,11 @@ namespace scenara {
     return texel >> 24U;
 }
 
-class TexelLock {
+class TexelLock : NotCopied {
 public:
     // The texture outlives it.
     explicit TexelLock(Direct3DTexture8& texture)
         : texture_(texture), pixels_(texture.LockRectToRead()) {}
-    TexelLock(const TexelLock&) = delete;
-    TexelLock& operator=(const TexelLock&) = delete;
     ~TexelLock() { texture_.UnlockRect(); }
 
     // ARGB; what lies outside of the texture is transparent black.

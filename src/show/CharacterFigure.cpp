@@ -7,18 +7,9 @@
 namespace scenara {
 namespace {
 
-CameraLead LeadOf(CameraFollow follow) {
-    switch (follow) {
-        case CameraFollow::Left: return CameraLead::Left;
-        case CameraFollow::Right: return CameraLead::Right;
-        case CameraFollow::Stand: break;
-    }
-    return CameraLead::Stand;
-}
-
 // The camera that the elements stand by: where the last pass saw it.
-DrawnCamera DrawnBy(const Camera& camera, const View& view) {
-    return {camera.previousX, camera.previousY, view};
+CameraPlace DrawnBy(const Camera& camera) {
+    return {camera.previousX, camera.previousY};
 }
 
 }  // namespace
@@ -34,9 +25,9 @@ Figure StageShow::Next() {
     if (!ShowsCharacter()) {
         return {};
     }
-    const CameraFollow follow =
-        UpdateCharacter(testChar_, model_, machine_.keyboard, DrawnBy(camera_, view_));
-    camera_.lead = flags_.MouseScroll != 0 ? CameraLead::Stand : LeadOf(follow);
+    const CameraLead lead =
+        UpdateCharacter(testChar_, model_, machine_.keyboard, DrawnBy(camera_), view_);
+    camera_.lead = flags_.MouseScroll != 0 ? CameraLead::Stand : lead;
     camera_.leadStep = StepOf(testChar_, testChar_.Characters.front());
     return CharacterFigure();
 }
@@ -45,7 +36,7 @@ Figure StageShow::Again() {
     if (!ShowsCharacter()) {
         return {};
     }
-    PlaceAgain(testChar_, model_, DrawnBy(camera_, view_));
+    PlaceAgain(testChar_, model_, DrawnBy(camera_));
     return CharacterFigure();
 }
 
@@ -56,7 +47,7 @@ Figure StageShow::CharacterFigure() const {
     }
     Figure figure;
     figure.texture = &character.Sprites.at(static_cast<std::size_t>(character.DrawTexture)).texture;
-    figure.x = character.DrawX + DrawnBy(camera_, view_).x;
+    figure.x = character.DrawX + DrawnBy(camera_).x;
     figure.y = character.DrawY;
     figure.width = static_cast<Single>(character.DrawWidth) * testChar_.CharZoom * character.XScale;
     figure.height =

@@ -7,20 +7,19 @@
 #include <cmath>
 #include <utility>
 
+#include "base/NotCopied.h"
 #include "character/LoadCharacter.h"
 #include "character/PlaceCharacter.h"
-#include "show/LoadMessages.h"
+#include "show/RepeatedMessages.h"
 #include "show/StageShow.h"
 
 namespace scenara {
 
 // The state is Loading while this exists, also when an error ends it: the device must not be
 // released before the load has ended.
-class StageShow::Loading {
+class StageShow::Loading : scenara::NotCopied {
 public:
     explicit Loading(StageShow& show) : show_(show), before_(show.loop_.LoadingStage) { Set(1); }
-    Loading(const Loading&) = delete;
-    Loading& operator=(const Loading&) = delete;
     ~Loading() { Set(before_); }
 
 private:
@@ -87,7 +86,7 @@ void StageShow::ChooseCharacter(const std::string& path) {
     testChar_.Forget();
     testChar_.TestChar = path;
     if (loop_.StageRunning != 0) {
-        LoadMessages messages(machine_.messages, options_.Additions);
+        RepeatedMessages messages(machine_.messages, RepeatsOfLoads(options_.Additions));
         ReleaseTestChar();
         LoadTestChar(messages);
         TakeStepsIfLoaded();
@@ -99,7 +98,7 @@ void StageShow::UseCharacter(bool use) {
     if (!use) {
         GiveStepsBack();
     } else if (loop_.StageRunning != 0) {
-        LoadMessages messages(machine_.messages, options_.Additions);
+        RepeatedMessages messages(machine_.messages, RepeatsOfLoads(options_.Additions));
         StartTestChar(messages);
     }
 }

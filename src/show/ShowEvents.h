@@ -5,13 +5,12 @@
 
 #include <string>
 
+#include "base/NotCopied.h"
+
 namespace scenara {
 
-class ShowEvents {
+class ShowEvents : NotCopied {
 public:
-    ShowEvents() = default;
-    ShowEvents(const ShowEvents&) = delete;
-    ShowEvents& operator=(const ShowEvents&) = delete;
     virtual ~ShowEvents() = default;
 
     // State() answers something else now, before anything happens in that state. Raises nothing.

@@ -8,8 +8,8 @@
 #include "render/PrepareStage.h"
 #include "render/TilePatterns.h"
 #include "show/FrameRate.h"
-#include "show/LoadMessages.h"
 #include "show/LoopKeys.h"
+#include "show/RepeatedMessages.h"
 #include "stage/LoadStage.h"
 
 namespace scenara {
@@ -71,7 +71,7 @@ bool StageShow::Start(const std::string& mugeDir) {
     loop_.LoadingStage = 1;
     loop_.StageRunning = 1;
     events_.StateChanged();
-    LoadMessages messages(machine_.messages, options_.Additions);
+    RepeatedMessages messages(machine_.messages, RepeatsOfLoads(options_.Additions));
     if (!Load(mugeDir, messages)) {
         return false;
     }

@@ -26,8 +26,6 @@ class PictureScaler : public PictureLines {
 public:
     // Makes textures of `maker`, which outlives it, by a scale above 0.
     PictureScaler(TextureMaker& maker, double scale) : maker_(maker), scale_(scale) {}
-    PictureScaler(const PictureScaler&) = delete;
-    PictureScaler& operator=(const PictureScaler&) = delete;
     ~PictureScaler() override { Unlock(); }
 
     // Of the pictures that follow.

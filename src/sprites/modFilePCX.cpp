@@ -6,6 +6,7 @@
 #include <string>
 
 #include "base/ByteReader.h"
+#include "base/NotCopied.h"
 #include "base/RunTimeError.h"
 #include "base/Text.h"
 #include "sprites/PcxLines.h"
@@ -129,11 +130,9 @@ void CheckYield(const PcxHeader& header, std::span<const std::byte> data) {
 }
 
 // Keeps a texture locked for as long as it is written to.
-class Lock {
+class Lock : NotCopied {
 public:
     explicit Lock(Direct3DTexture8& texture) : texture_(texture), pixels_(texture.LockRect()) {}
-    Lock(const Lock&) = delete;
-    Lock& operator=(const Lock&) = delete;
     ~Lock() { texture_.UnlockRect(); }
 
     [[nodiscard]] std::span<std::uint32_t> Words() const { return pixels_.words; }

@@ -34,6 +34,7 @@
 #include <vector>
 
 #include "base/Integers.h"
+#include "base/NotCopied.h"
 #include "platform/Direct3D8.h"
 #include "platform/Messages.h"
 #include "sprites/PcxUnpack.h"
@@ -105,11 +106,8 @@ struct PcxPicture {
 };
 
 // Where a picture goes line by line, from the top, instead of into a texture of its own size.
-class PictureLines {
+class PictureLines : NotCopied {
 public:
-    PictureLines() = default;
-    PictureLines(const PictureLines&) = delete;
-    PictureLines& operator=(const PictureLines&) = delete;
     virtual ~PictureLines() = default;
 
     // A picture of this size begins; one before it that has not ended is given up.

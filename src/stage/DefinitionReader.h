@@ -12,6 +12,7 @@
 #include <string>
 #include <string_view>
 
+#include "base/NotCopied.h"
 #include "platform/Messages.h"
 #include "stage/KeyOffer.h"
 #include "stage/ReadKeyValue.h"
@@ -26,13 +27,11 @@ inline constexpr MessageKind kMessageNullElement{"null-element"};
 inline constexpr MessageKind kMessageUnknownType{"unknown-type", Severity::Warning};
 inline constexpr MessageKind kMessageLoneControl{"lone-control", Severity::Warning};
 
-class DefinitionReader {
+class DefinitionReader : NotCopied {
 public:
     // All outlive it; the model is empty.
     DefinitionReader(StageModel& model, Messages& messages, const ViewOptions& options)
         : model_(model), messages_(messages), options_(options) {}
-    DefinitionReader(const DefinitionReader&) = delete;
-    DefinitionReader& operator=(const DefinitionReader&) = delete;
 
     // One line as it stands in the file, and its number for messages.
     void ReadLine(std::string_view line, std::int64_t number);

@@ -12,6 +12,7 @@
 
 #include <string>
 
+#include "base/NotCopied.h"
 #include "platform/Files.h"
 
 namespace scenara {
@@ -21,13 +22,11 @@ inline constexpr std::size_t kLongestFirstLine = 500;
 
 [[nodiscard]] bool NeedsLineEndingRepair(InputFile& file);
 
-class LineEndingRepair {
+class LineEndingRepair : NotCopied {
 public:
     // Looks at the file and repairs it when it needs that. Raises RunTimeError when it cannot be
     // opened or read.
     LineEndingRepair(Files& files, std::string& defPath);
-    LineEndingRepair(const LineEndingRepair&) = delete;
-    LineEndingRepair& operator=(const LineEndingRepair&) = delete;
     ~LineEndingRepair() { Undo(); }
 
     // Deletes the copy and restores the path.

@@ -70,6 +70,8 @@ private:
 //   numericOnly  kTrue: characters at the end of the value that are no digits are dropped first
 //   found        kTrue when `target` received the value, else kFalse with `target` unchanged
 //
+// Kept: keepCase and numericOnly, which every caller leaves off
+// (ReadKeyValue.KeepCaseKeepsTheCase).
 // Deliberate: a bare line whose last value is the fifth and reads "h" has left its time out. It
 // stores 0 there, says "DOOM FIX" and reports not found
 // (ReadKeyValue.DoomFixStoresZeroWhenFifthValueIsH).

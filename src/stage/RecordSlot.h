@@ -9,12 +9,13 @@
 
 #include <vector>
 
+#include "base/NotCopied.h"
 #include "stage/StageModel.h"
 
 namespace scenara {
 
 template <typename Record>
-class RecordSlot {
+class RecordSlot : NotCopied {
 public:
     // Starts a new record at the end of `table` and counts it. False when the table is full: then
     // the record is read and not kept.
@@ -43,10 +44,6 @@ public:
 
     [[nodiscard]] bool IsKept() const { return record_ != &discarded_; }
     [[nodiscard]] Record& Current() { return *record_; }
-
-    RecordSlot() = default;
-    RecordSlot(const RecordSlot&) = delete;
-    RecordSlot& operator=(const RecordSlot&) = delete;
 
 private:
     Record discarded_;

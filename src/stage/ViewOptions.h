@@ -52,7 +52,7 @@ inline constexpr std::array kAdditions = {
     Addition{"A paused stage", "show/StageShow.cpp", "EditWhilePaused"},
     Addition{"Music", "app/RunStage.cpp", "SilenceStageBefore"},
     Addition{"The camera's steps", "show/StageShow.cpp", "SettleSteps"},
-    Addition{"Many messages of one kind", "show/LoadMessages.h", "offers_"},
+    Addition{"Many messages of one kind", "show/RepeatedMessages.h", "RepeatsOfLoads"},
     Addition{"Settings", "app/Saving.cpp", "SavesMeanwhile"},
 };
 

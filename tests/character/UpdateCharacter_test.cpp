@@ -60,9 +60,9 @@ protected:
     }
     void Place() { PlaceCharacter(state_, model_, View()); }
 
-    CameraFollow Update(const KeySet& keys = {}) {
+    CameraLead Update(const KeySet& keys = {}) {
         keyboard_.Hold(keys);
-        return UpdateCharacter(state_, model_, keyboard_, camera_);
+        return UpdateCharacter(state_, model_, keyboard_, camera_, View());
     }
     // The textures of so many frames, in a row.
     std::vector<int> Shown(int frames, const KeySet& keys = {}) {
@@ -81,7 +81,7 @@ protected:
     StageModel model_;
     TestCharState state_;
     HeadlessKeyboard keyboard_;
-    DrawnCamera camera_;
+    CameraPlace camera_;
 };
 
 // --- placing ---
@@ -251,11 +251,11 @@ public:
 TEST_F(UpdateCharacterTest, AKeyPressedAndLetGoInATurnIsForgotten) {
     RememberingKeyboard keyboard;
     keyboard.pressed = kLeft;
-    static_cast<void>(UpdateCharacter(state_, model_, keyboard, camera_));
+    static_cast<void>(UpdateCharacter(state_, model_, keyboard, camera_, View()));
     EXPECT_TRUE(state_.Turning);
     keyboard.pressed = kRight;
     for (int i = 0; i < 8; ++i) {
-        static_cast<void>(UpdateCharacter(state_, model_, keyboard, camera_));
+        static_cast<void>(UpdateCharacter(state_, model_, keyboard, camera_, View()));
     }
     EXPECT_EQ(Hero().Action, kStanding);
     EXPECT_EQ(Hero().Facing, kFacingLeft);
@@ -484,13 +484,13 @@ TEST_F(UpdateCharacterTest, BeyondABoundItMayWalkBack) {
 TEST_F(UpdateCharacterTest, TheCameraGoesAlongFromTheMiddleOn) {
     Hero().HasTurn = false;
     Hero().X = 158;
-    EXPECT_EQ(Update(kRight), CameraFollow::Stand);
-    EXPECT_EQ(Update(kRight), CameraFollow::Right) << "160 now";
-    EXPECT_EQ(Update(), CameraFollow::Stand);
+    EXPECT_EQ(Update(kRight), CameraLead::Stand);
+    EXPECT_EQ(Update(kRight), CameraLead::Right) << "160 now";
+    EXPECT_EQ(Update(), CameraLead::Stand);
     Hero().X = 162;
-    EXPECT_EQ(Update(kLeft), CameraFollow::Stand);
-    EXPECT_EQ(Update(kLeft), CameraFollow::Left);
-    EXPECT_EQ(Update(kLeft), CameraFollow::Left);
+    EXPECT_EQ(Update(kLeft), CameraLead::Stand);
+    EXPECT_EQ(Update(kLeft), CameraLead::Left);
+    EXPECT_EQ(Update(kLeft), CameraLead::Left);
 }
 
 // The camera is a sum of the same steps as the character's place, in the other direction.
@@ -500,7 +500,7 @@ TEST_F(UpdateCharacterTest, TheCameraGoesAlongInEachFrameOfAWideStage) {
     Hero().X = 160;
     model_.BoundRight = 5000;
     for (int frame = 0; frame < 1500; ++frame) {
-        ASSERT_EQ(Update(kRight), CameraFollow::Right) << frame;
+        ASSERT_EQ(Update(kRight), CameraLead::Right) << frame;
         camera_.x -= 2.4F;
     }
 }
@@ -509,32 +509,32 @@ TEST_F(UpdateCharacterTest, TheCameraStandsWhereTheCharacterCannotGo) {
     Hero().HasTurn = false;
     Hero().WalkSpeed = 0;
     Hero().X = 170;
-    EXPECT_EQ(Update(kRight), CameraFollow::Stand) << "it walks on the spot";
+    EXPECT_EQ(Update(kRight), CameraLead::Stand) << "it walks on the spot";
     static_cast<void>(Update());
     Hero().WalkSpeed = 2;
     model_.ScreenRight = 250;  // the end is left of the middle of the last view
     Hero().X = 169;            // 9 to the right, 100 + 160 - 250 = 10 are allowed
-    EXPECT_EQ(Update(kRight), CameraFollow::Stand);
+    EXPECT_EQ(Update(kRight), CameraLead::Stand);
     EXPECT_EQ(Hero().X, 169.0F);
 }
 
 TEST_F(UpdateCharacterTest, TheMiddleIsThatOfTheViewAsItIsDrawn) {
     camera_ = {-40, 0};  // 40 to the right
     Hero().X = 198;
-    EXPECT_EQ(Update(kRight), CameraFollow::Stand);
-    EXPECT_EQ(Update(kRight), CameraFollow::Right);
+    EXPECT_EQ(Update(kRight), CameraLead::Stand);
+    EXPECT_EQ(Update(kRight), CameraLead::Right);
 }
 
 TEST_F(UpdateCharacterTest, TheCameraStandsDuringATurn) {
     Hero().X = 100;
-    EXPECT_EQ(Update(kLeft), CameraFollow::Stand);
+    EXPECT_EQ(Update(kLeft), CameraLead::Stand);
     EXPECT_TRUE(state_.Turning);
 }
 
 TEST_F(UpdateCharacterTest, OneThatWalksBackwardsStaysWithinTheBounds) {
     Hero().WalkSpeed = -2;
     Hero().X = 150;
-    EXPECT_EQ(Update(kRight), CameraFollow::Left);
+    EXPECT_EQ(Update(kRight), CameraLead::Left);
     EXPECT_EQ(Hero().X, 148.0F);
     static_cast<void>(Shown(500, kRight));
     EXPECT_EQ(Hero().X, -100.0F);
@@ -542,7 +542,7 @@ TEST_F(UpdateCharacterTest, OneThatWalksBackwardsStaysWithinTheBounds) {
 
 TEST_F(UpdateCharacterTest, OnlySoManyAreMoved) {
     state_.CharCount = 0;
-    EXPECT_EQ(Update(kRight), CameraFollow::Stand);
+    EXPECT_EQ(Update(kRight), CameraLead::Stand);
     EXPECT_EQ(Hero().X, 90.0F);
     state_.CharCount = 5;
     static_cast<void>(Update(kRight));

@@ -15,6 +15,7 @@
 #include "platform/soft/SoftDirect3D.h"
 #include "render/Engine.h"
 #include "render/Frame.h"
+#include "render/Require.h"
 #include "stage/StageModel.h"
 
 namespace scenara::test {

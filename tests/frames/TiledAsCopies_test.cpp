@@ -25,6 +25,7 @@
 #include "render/Engine.h"
 #include "render/ParallaxRows.h"
 #include "render/PrepareStage.h"
+#include "render/Require.h"
 #include "render/TilePatterns.h"
 #include "render/Tiling.h"
 #include "stage/StageModel.h"

@@ -374,7 +374,7 @@ TEST_F(MouseScroll, SwitchedOffLeavesStepsAndCamera) {
 // --- keys behind the camera's ---
 
 // Sees what the camera has made of a pass so far.
-class Witness : public KeysBehindTheCamera {
+class Witness : public GatedKeys {
 public:
     explicit Witness(const StagePlayer& player) : player_(player) {}
     void AtEndOfPass() override {

@@ -9,6 +9,7 @@
 
 #include "platform/soft/SoftDirect3D.h"
 #include "platform/soft/TextureMemory.h"
+#include "render/Require.h"
 #include "render/StagePlayer.h"
 #include "support/AllocationCount.h"
 

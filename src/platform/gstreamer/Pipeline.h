@@ -17,6 +17,7 @@
 #include <string>
 
 #include "base/Integers.h"
+#include "base/NotCopied.h"
 #include "platform/gstreamer/GstPointer.h"
 #include "platform/gstreamer/SoundSink.h"
 
@@ -30,11 +31,9 @@ struct PipelineNews {
     bool durationChanged = false;
 };
 
-class Pipeline {
+class Pipeline : NotCopied {
 public:
     Pipeline(const SinkMaker& makeSink, std::function<void()> wake);
-    Pipeline(const Pipeline&) = delete;
-    Pipeline& operator=(const Pipeline&) = delete;
     // Waits for the library's threads: up to a tenth of a second for some formats.
     ~Pipeline();
 

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <mutex>
 #include <system_error>
+#include <utility>
 
 #include "platform/gstreamer/Decoding.h"
 #include "platform/posix/ResolvePath.h"
@@ -47,6 +48,7 @@ void PlayedFile::Begin() {
         Fail();
         return;
     }
+    phase_ = Phase::Opening;
     settleBy_ = std::chrono::steady_clock::now() + kSettleTime;
 }
 
@@ -57,21 +59,20 @@ bool PlayedFile::IsWanted() const {
 
 std::optional<PlayedFile::Time> PlayedFile::Service(Time now) {
     Read(pipeline_->Poll());
-    if (IsUnderWay() && now >= *settleBy_) {
+    if (IsUnderWay() && now >= settleBy_) {
         Fail();
     }
-    if (pipeline_ && open_) {
+    if (pipeline_ && phase_ != Phase::Opening) {
         Follow(TakeOrders(), now);
     }
     if (!pipeline_) {
         return std::nullopt;
     }
-    std::optional<Time> next = settleBy_;
-    if (open_ && playing_) {
+    if (phase_ != Phase::Opening && told_.playing) {
         ReportPlace();
-        next = now + kReportInterval;
+        return now + kReportInterval;
     }
-    return next;
+    return IsUnderWay() ? std::optional(settleBy_) : std::nullopt;
 }
 
 GraphOrders PlayedFile::TakeOrders() {
@@ -92,19 +93,18 @@ void PlayedFile::Read(const PipelineNews& news) {
         Fail();
         return;
     }
-    if (news.settled) {
-        settleBy_.reset();
-        if (!open_) {
-            open_ = true;
-            ReportOpen();
-        }
+    if (news.settled && std::exchange(phase_, Phase::Arrived) == Phase::Opening) {
+        ReportOpen();
     }
-    if (open_ && news.ended) {
-        settleBy_.reset();
+    if (phase_ == Phase::Opening) {
+        return;
+    }
+    if (news.ended) {
+        phase_ = Phase::Arrived;
         heardOut_ = true;
         ReportEnd();
     }
-    if (open_ && news.durationChanged && !lengthIsExact_) {
+    if (news.durationChanged && !lengthIsExact_) {
         ReportDuration();
     }
 }
@@ -176,25 +176,20 @@ void PlayedFile::ReportPlace() {
 void PlayedFile::Fail() {
     desk_.ReportFailed(*entry_);
     pipeline_.reset();
-    settleBy_.reset();
 }
 
 void PlayedFile::Follow(const GraphOrders& orders, Time now) {
-    if (orders.volume != volume_) {
-        volume_ = orders.volume;
-        pipeline_->SetVolume(volume_);
+    if (std::exchange(told_.volume, orders.volume) != orders.volume) {
+        pipeline_->SetVolume(orders.volume);
     }
-    if (orders.balance != balance_) {
-        balance_ = orders.balance;
-        pipeline_->SetBalance(balance_);
+    if (std::exchange(told_.balance, orders.balance) != orders.balance) {
+        pipeline_->SetBalance(orders.balance);
     }
     FollowPlace(orders, now);
     const bool play = orders.state == FilterState::Running && !orders.standAtEnd;
-    if (pipeline_ && open_ && play != playing_) {
-        playing_ = play;
-        if (!pipeline_->SetPlaying(play)) {
-            Fail();
-        }
+    const bool canBeTold = pipeline_ && phase_ != Phase::Opening;
+    if (canBeTold && std::exchange(told_.playing, play) != play && !pipeline_->SetPlaying(play)) {
+        Fail();
     }
 }
 
@@ -204,7 +199,7 @@ void PlayedFile::FollowPlace(const GraphOrders& orders, Time now) {
         return;
     }
     const bool isPut = target_.has_value();
-    if (!isPut && orders.rate != rate_ && !atEnd_) {
+    if (!isPut && orders.rate != told_.rate && !atEnd_) {
         target_ = pipeline_->Position();
     }
     if (!target_) {
@@ -212,17 +207,18 @@ void PlayedFile::FollowPlace(const GraphOrders& orders, Time now) {
     }
     const double target = *target_;
     target_.reset();
+    phase_ = Phase::Seeking;
     settleBy_ = now + kSettleTime;
     if (SeekTo(target, orders.rate)) {
         return;
     }
-    if (orders.rate != rate_) {
+    if (orders.rate != told_.rate) {
         TakeBackRate(orders.rate);
-        if (SeekTo(target, rate_)) {
+        if (SeekTo(target, told_.rate)) {
             return;
         }
     }
-    settleBy_.reset();
+    phase_ = Phase::Arrived;
     if (isPut && target <= 0) {
         BeginAnew();
     } else if (isPut) {
@@ -234,7 +230,7 @@ bool PlayedFile::SeekTo(double target, double rate) {
     if (!pipeline_->Seek(target, rate)) {
         return false;
     }
-    rate_ = rate;
+    told_.rate = rate;
     heardOut_ = false;
     return true;
 }
@@ -243,18 +239,14 @@ bool PlayedFile::SeekTo(double target, double rate) {
 void PlayedFile::TakeBackRate(double refused) {
     const std::scoped_lock lock(desk_.mutex);
     if (entry_->orders.rate == refused) {
-        entry_->orders.rate = rate_;
+        entry_->orders.rate = told_.rate;
     }
 }
 
 void PlayedFile::BeginAnew() {
     pipeline_.reset();
-    open_ = false;
     heardOut_ = false;
-    playing_ = false;
-    rate_ = 1;
-    volume_ = 0;
-    balance_ = 0;
+    told_ = {};
     Begin();
 }
 

@@ -50,26 +50,29 @@ private:
     void TakeBackRate(double refused);
     void BeginAnew();
     void StayInPlace();
-    [[nodiscard]] bool IsUnderWay() const { return settleBy_.has_value(); }
+    [[nodiscard]] bool IsUnderWay() const { return phase_ != Phase::Arrived; }
 
     GraphDesk& desk_;
     std::shared_ptr<GraphEntry> entry_;
     const SinkMaker& makeSink_;
     std::unique_ptr<Pipeline> pipeline_;  // none: failed
 
-    // While the file opens or a seek is under way: until when that may take.
-    std::optional<Time> settleBy_;
-    bool open_ = false;
+    enum class Phase : Byte { Opening, Seeking, Arrived };
+    Phase phase_ = Phase::Opening;
+    Time settleBy_;  // until when opening or seeking may take
     // It has been played to its end: its length is settled, at what was heard of it or at what the
     // file says where that is more.
     bool lengthIsExact_ = false;
     bool heardOut_ = false;  // the pipeline stands at its end
 
-    // What the pipeline is.
-    bool playing_ = false;
-    double rate_ = 1;
-    Long volume_ = 0;
-    Long balance_ = 0;
+    // What the pipeline has been told, and is when it is new.
+    struct Told {
+        bool playing = false;
+        double rate = 1;
+        Long volume = 0;
+        Long balance = 0;
+    };
+    Told told_;
     std::optional<double> target_;  // where it is still to go
     bool atEnd_ = false;            // as the program knows it
 };

@@ -12,14 +12,14 @@
 #include <csignal>
 #include <cstddef>
 
+#include "base/NotCopied.h"
+
 namespace scenara {
 
 // One at a time.
-class EndSignals {
+class EndSignals : NotCopied {
 public:
     EndSignals();
-    EndSignals(const EndSignals&) = delete;
-    EndSignals& operator=(const EndSignals&) = delete;
     // The signals do what they did before.
     ~EndSignals();
 

@@ -10,6 +10,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "base/NotCopied.h"
 #include "base/Path.h"
 #include "base/RunTimeError.h"
 #include "base/Text.h"
@@ -23,12 +24,10 @@ namespace {
 constexpr std::size_t kWriteBlock = std::size_t{64} * 1024;
 
 // A file descriptor and the path it was asked for by.
-class Descriptor {
+class Descriptor : NotCopied {
 public:
     Descriptor(const std::string& path, int flags)
         : path_(path), number_(Open(path, flags)), status_(StatusOf()) {}
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
     ~Descriptor() { Release(); }
 
     [[nodiscard]] int Number() const { return number_; }

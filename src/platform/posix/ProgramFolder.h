@@ -5,6 +5,8 @@
 
 #include <string>
 
+#include "base/NotCopied.h"
+
 namespace scenara {
 
 // The folder of the running program, with a separator at its end.
@@ -16,12 +18,10 @@ namespace scenara {
 
 // A new, empty folder of this run's own, removed with all that is in it at the end. For programs
 // that may run many at a time and leave nothing behind.
-class TemporaryFolder {
+class TemporaryFolder : NotCopied {
 public:
     // Raises RunTimeError when none can be made.
     TemporaryFolder();
-    TemporaryFolder(const TemporaryFolder&) = delete;
-    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
     ~TemporaryFolder();
 
     // With a separator at its end.

@@ -11,6 +11,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "base/NotCopied.h"
 #include "base/Path.h"
 #include "platform/posix/FileErrors.h"
 #include "platform/posix/ResolvePath.h"
@@ -21,7 +22,7 @@ namespace {
 constexpr mode_t kPermissions = 07777;
 
 // The file beside the old one. Gone when this goes, unless it has taken the old one's place.
-class NewFile {
+class NewFile : NotCopied {
 public:
     // `shown` is the path for messages.
     NewFile(std::string path, const std::string& shown) : path_(std::move(path)), shown_(shown) {
@@ -32,8 +33,6 @@ public:
         }
         made_ = true;
     }
-    NewFile(const NewFile&) = delete;
-    NewFile& operator=(const NewFile&) = delete;
     ~NewFile() {
         if (number_ >= 0) {
             ::close(number_);

@@ -83,7 +83,7 @@ protected:
 
 }  // namespace
 
-MainWindow::MainWindow(const Form& form) : form_(form), size_(*this), looksTruly_(RunsOnGlib()) {
+MainWindow::MainWindow(const Form& form) : form_(form), size_(*this), seesWhatWaits_(RunsOnGlib()) {
     wake_.setSingleShot(true);
     // Places and sizes come from the form.
     auto* const inner = new QWidget(this);  // NOLINT(cppcoreguidelines-owning-memory): Qt's own
@@ -396,7 +396,7 @@ void MainWindow::SetCaption(const std::string& caption) {
 }
 
 bool MainWindow::MessageWaiting() {
-    return !waiting_.Empty() || SizeIsToBeReported() || !looksTruly_ || tookEventsIn_ ||
+    return !waiting_.Empty() || SizeIsToBeReported() || !seesWhatWaits_ || tookEventsIn_ ||
            g_main_context_pending(nullptr) != 0;
 }
 

@@ -17,11 +17,11 @@
 #include <utility>
 #include <vector>
 
+#include "platform/DisplayModes.h"
 #include "platform/Form.h"
 #include "platform/WaitingEvents.h"
 #include "platform/Window.h"
 #include "platform/qt/WindowSize.h"
-#include "platform/x11/X11Modes.h"
 
 class QAction;
 class QListWidget;
@@ -126,9 +126,9 @@ private:
     WindowSize size_;
     bool sizeCame_ = false;  // of the inner area; it has not been reported yet
     bool covered_ = false;
-    bool looksTruly_ = false;    // the dispatcher can tell whether something waits
-    bool tookEventsIn_ = false;  // since messages were let through
-    bool asksAgain_ = false;     // the program wants to be asked again though nothing happens
+    bool seesWhatWaits_ = false;  // the dispatcher can tell whether something waits
+    bool tookEventsIn_ = false;   // since messages were let through
+    bool asksAgain_ = false;      // the program wants to be asked again though nothing happens
     bool endRequested_ = false;
 };
 

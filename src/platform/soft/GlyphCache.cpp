@@ -13,7 +13,7 @@ namespace {
 constexpr std::int32_t kNoSlot = -1;
 
 // The font library counts in 64ths of a pixel.
-std::int32_t WholePixels(FT_Pos position) {
+std::int32_t PixelsOf(FT_Pos position) {
     return static_cast<std::int32_t>((position + 32) >> 6);
 }
 
@@ -53,8 +53,8 @@ std::unique_ptr<GlyphCache> GlyphCache::Open(const FontFile& file, std::int32_t 
 GlyphCache::GlyphCache(Library library, Face face, std::size_t mostGlyphs)
     : library_(std::move(library)),
       face_(std::move(face)),
-      ascent_(WholePixels(face_->size->metrics.ascender)),
-      lineHeight_(std::max(1, ascent_ - WholePixels(face_->size->metrics.descender))),
+      ascent_(PixelsOf(face_->size->metrics.ascender)),
+      lineHeight_(std::max(1, ascent_ - PixelsOf(face_->size->metrics.descender))),
       mostGlyphs_(mostGlyphs),
       slots_(static_cast<std::size_t>(face_->num_glyphs), kNoSlot) {}
 
@@ -87,7 +87,7 @@ void GlyphCache::Render(std::uint32_t index) {
     if (FT_Load_Glyph(face_.get(), index, FT_LOAD_RENDER | FT_LOAD_NO_BITMAP) == 0) {
         const FT_GlyphSlot slot = face_->glyph;
         const FT_Bitmap& bitmap = slot->bitmap;
-        glyph.advance = std::max(0, WholePixels(slot->advance.x));
+        glyph.advance = std::max(0, PixelsOf(slot->advance.x));
         // What has no outline (a blank) has no pixels; what is rendered has rows from the top down.
         if (bitmap.pixel_mode == FT_PIXEL_MODE_GRAY && bitmap.pitch > 0) {
             glyph.left = slot->bitmap_left;

@@ -6,16 +6,14 @@
 #include <cstdint>
 #include <span>
 
+#include "base/NotCopied.h"
 #include "platform/Direct3D8.h"
 #include "platform/View.h"
 
 namespace scenara {
 
-class PictureSink {
+class PictureSink : NotCopied {
 public:
-    PictureSink() = default;
-    PictureSink(const PictureSink&) = delete;
-    PictureSink& operator=(const PictureSink&) = delete;
     virtual ~PictureSink() = default;
 
     // The pixels of a view, line by line, of which the top byte has no meaning. They are the

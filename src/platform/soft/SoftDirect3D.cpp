@@ -20,8 +20,6 @@ public:
         : SoftDevice(parts->memory, parts->sink, parameters), parts_(std::move(parts)) {
         parts_->device = this;
     }
-    MachineDevice(const MachineDevice&) = delete;
-    MachineDevice& operator=(const MachineDevice&) = delete;
     ~MachineDevice() override {
         if (parts_->device == this) {
             parts_->device = nullptr;

@@ -21,16 +21,14 @@
 #include <optional>
 #include <string_view>
 
+#include "base/NotCopied.h"
 #include "base/Text.h"
 #include "platform/Direct3D8.h"
 
 namespace scenara::soft {
 
-class CharacterWidths {
+class CharacterWidths : NotCopied {
 public:
-    CharacterWidths() = default;
-    CharacterWidths(const CharacterWidths&) = delete;
-    CharacterWidths& operator=(const CharacterWidths&) = delete;
     virtual ~CharacterWidths() = default;
 
     // Pixels from one character to the next, at least 0.

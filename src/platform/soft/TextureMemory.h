@@ -21,9 +21,11 @@
 #include <list>
 #include <span>
 
+#include "base/NotCopied.h"
+
 namespace scenara {
 
-class TextureMemory {
+class TextureMemory : NotCopied {
 public:
     static constexpr std::size_t kBlockBytes = std::size_t{64} << 20U;
     static constexpr std::size_t kKeptBytes = std::size_t{256} << 20U;
@@ -42,9 +44,6 @@ public:
         Block* block = nullptr;
     };
 
-    TextureMemory() = default;
-    TextureMemory(const TextureMemory&) = delete;
-    TextureMemory& operator=(const TextureMemory&) = delete;
     ~TextureMemory();
 
     [[nodiscard]] Piece Allocate(std::size_t words);

@@ -12,17 +12,16 @@
 
 #include <sys/types.h>
 
+#include "base/NotCopied.h"
 #include "platform/x11/X11Modes.h"
 
 namespace scenara {
 
-class ModeGuard {
+class ModeGuard : NotCopied {
 public:
     // From now on `screen` comes back when the program dies. Without a child, where the system
     // allows none, it does not.
     ModeGuard(const std::string& display, X11Screen screen);
-    ModeGuard(const ModeGuard&) = delete;
-    ModeGuard& operator=(const ModeGuard&) = delete;
     // Dismisses the child.
     ~ModeGuard();
 

@@ -32,8 +32,6 @@ public:
     // `windowPlace`: where the main window stands. `display`: for tests; empty: the environment's.
     explicit X11DisplayModes(std::function<ScreenRectangle()> windowPlace,
                              std::string display = {});
-    X11DisplayModes(const X11DisplayModes&) = delete;
-    X11DisplayModes& operator=(const X11DisplayModes&) = delete;
     ~X11DisplayModes() override;
 
     [[nodiscard]] std::optional<DisplaySettings> EnumDisplaySettings(Long index) override;

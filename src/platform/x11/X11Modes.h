@@ -21,14 +21,6 @@
 
 namespace scenara {
 
-// Pixels of the whole display area, which may reach over several screens.
-struct ScreenRectangle {
-    Long left = 0;
-    Long top = 0;
-    Long width = 0;
-    Long height = 0;
-};
-
 // What a screen shows: all that is needed to bring it back.
 struct X11Screen {
     xcb_randr_crtc_t crtc = XCB_NONE;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "show/LoadMessages.h"
+#include "show/RepeatedMessages.h"
 
 #include <string>
 #include <vector>
@@ -19,7 +19,7 @@ using testing::SizeIs;
 
 constexpr const char* kOffer = "Do not show this again while this stage loads";
 
-class LoadMessagesTest : public testing::Test {
+class RepeatedMessagesTest : public testing::Test {
 protected:
     static void Say(Messages& messages, MessageKind kind, const std::string& text) {
         messages.Show({kind, text, "Title", MessageIcon::Exclamation});
@@ -35,8 +35,8 @@ protected:
     HeadlessMessages shown_;
 };
 
-TEST_F(LoadMessagesTest, OffersFromTheSecondOfAKindOn) {
-    LoadMessages messages(shown_, true);
+TEST_F(RepeatedMessagesTest, OffersFromTheSecondOfAKindOn) {
+    RepeatedMessages messages(shown_, Repeats::Offered);
     Say(messages, "one", "1");
     Say(messages, "two", "2");
     EXPECT_THAT(shown_.Offers(), IsEmpty());
@@ -48,8 +48,8 @@ TEST_F(LoadMessagesTest, OffersFromTheSecondOfAKindOn) {
     EXPECT_EQ(shown_.Recorded()[2].icon, MessageIcon::Exclamation);
 }
 
-TEST_F(LoadMessagesTest, AnOfferThatIsTakenHoldsForItsKindAlone) {
-    LoadMessages messages(shown_, true);
+TEST_F(RepeatedMessagesTest, AnOfferThatIsTakenHoldsForItsKindAlone) {
+    RepeatedMessages messages(shown_, Repeats::Offered);
     shown_.TakeOffers(true);
     Say(messages, "one", "1");
     Say(messages, "one", "2");
@@ -59,8 +59,8 @@ TEST_F(LoadMessagesTest, AnOfferThatIsTakenHoldsForItsKindAlone) {
     EXPECT_THAT(Shown(), ElementsAre("1", "2", "4"));
 }
 
-TEST_F(LoadMessagesTest, AKindIsItsTextAndNotItsPlaceInMemory) {
-    LoadMessages messages(shown_, true);
+TEST_F(RepeatedMessagesTest, AKindIsItsTextAndNotItsPlaceInMemory) {
+    RepeatedMessages messages(shown_, Repeats::Offered);
     const std::string first = "kind";
     const std::string second = "kind";
     Say(messages, first.c_str(), "1");
@@ -68,8 +68,8 @@ TEST_F(LoadMessagesTest, AKindIsItsTextAndNotItsPlaceInMemory) {
     EXPECT_THAT(shown_.Offers(), SizeIs(1));
 }
 
-TEST_F(LoadMessagesTest, WithoutOffersEveryBoxIsAPlainOne) {
-    LoadMessages messages(shown_, false);
+TEST_F(RepeatedMessagesTest, WithoutOffersEveryBoxIsAPlainOne) {
+    RepeatedMessages messages(shown_, Repeats::Shown);
     shown_.TakeOffers(true);
     for (int i = 0; i < 5; ++i) {
         Say(messages, "one", "again");
