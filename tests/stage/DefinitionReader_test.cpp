@@ -9,6 +9,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "ModelText.h"
 #include "platform/headless/HeadlessMessages.h"
 
 namespace scenara::test {
@@ -130,8 +131,10 @@ TEST(DefinitionReader, LastSprCounts) {
 }
 
 TEST(DefinitionReader, UnknownKeysAreSilent) {
-    ModelOf({"[Info]", "author = x", "nonsense", "=", "[BG 1]", "zoom = 5", "= = =", ",,,",
-             "[BGCtrlDef]", "x", "[BGCtrl]", "y"});
+    const std::string known = ModelText(ModelOf({"[Info]", "[BG 1]", "[BGCtrlDef]", "[BGCtrl]"}));
+    EXPECT_EQ(ModelText(ModelOf({"[Info]", "author = x", "nonsense", "=", "[BG 1]", "zoom = 5",
+                                 "= = =", ",,,", "[BGCtrlDef]", "x", "[BGCtrl]", "y"})),
+              known);
 }
 
 // Elements
@@ -268,7 +271,10 @@ TEST(DefinitionReader, FlipOtherThanHIsSaid) {
 }
 
 TEST(DefinitionReader, EmptyFlipIsSilent) {
-    ModelOf({"[Begin Action 7]", "0,0, 0,0, 5, , A", "0,0, 0,0, 5,"});
+    const StageModel model = ModelOf({"[Begin Action 7]", "0,0, 0,0, 5, , A", "0,0, 0,0, 5,"});
+    ASSERT_EQ(model.Actions.at(0).frameCount, 2);
+    EXPECT_EQ(model.Actions.at(0).frames.at(0).flip, "");
+    EXPECT_EQ(model.Actions.at(0).frames.at(1).flip, "");
 }
 
 TEST(DefinitionReader, LoopstartIsTheNumberOfFramesBeforeIt) {

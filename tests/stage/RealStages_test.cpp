@@ -218,12 +218,17 @@ TEST_F(RealStages, BareLineFeedsAndBareCarriageReturnsGiveTheSameModel) {
     }
 }
 
-TEST(BundledStages, LoadWithoutAWord) {
+// Their definitions; never none.
+std::vector<std::string> BundledStages() {
     PosixFiles files("/");
-    const std::vector<std::string> names = files.List(kBundledFolder + "stages/", ".def");
-    ASSERT_FALSE(names.empty()) << "No stages in " << kBundledFolder
+    std::vector<std::string> names = files.List(kBundledFolder + "stages/", ".def");
+    EXPECT_FALSE(names.empty()) << "No stages in " << kBundledFolder
                                 << "; build the target samples.";
-    for (const std::string& name : names) {
+    return names;
+}
+
+TEST(BundledStages, LoadWithoutAWord) {
+    for (const std::string& name : BundledStages()) {
         const DiskStage stage(kBundledFolder, name, ViewOptions());
         EXPECT_TRUE(stage.loaded) << name;
         EXPECT_THAT(stage.machine.MessageTexts(), IsEmpty()) << name;
@@ -232,8 +237,7 @@ TEST(BundledStages, LoadWithoutAWord) {
 }
 
 TEST(BundledStages, OpenPlainly) {
-    PosixFiles files("/");
-    for (const std::string& name : files.List(kBundledFolder + "stages/", ".def")) {
+    for (const std::string& name : BundledStages()) {
         const DiskStage stage(kBundledFolder, name, kPlainView);
         EXPECT_TRUE(stage.loaded) << name;
         EXPECT_GT(stage.Model().ElementCount, 0) << name;
@@ -253,7 +257,7 @@ TEST(BundledStages, PanesIsReadInFullWithAdditionsOnly) {
 
 TEST(BundledStages, EverythingThatTheyNameIsThere) {
     PosixFiles files("/");
-    for (const std::string& name : files.List(kBundledFolder + "stages/", ".def")) {
+    for (const std::string& name : BundledStages()) {
         const DiskStage stage(kBundledFolder, name, ViewOptions());
         EXPECT_TRUE(files.FileExists(stage.machine.music)) << name << ": " << stage.machine.music;
         for (const BackgroundElement& element : stage.Model().Elements) {
