@@ -56,7 +56,7 @@ inline void WalkCharacter(const TestCharacter& character, std::uint32_t keys) {
             held.Add(VirtualKey::Left);
         }
         keyboard.Hold(held);
-        static_cast<void>(UpdateCharacter(state, model, keyboard, {}));
+        static_cast<void>(UpdateCharacter(state, model, keyboard, {}, View()));
         const TestCharacter& walker = state.Characters.front();
         Require(walker.X >= -100 && walker.X <= 420, "it stays on the stage");
         Require(walker.DrawTexture < static_cast<int>(walker.Sprites.size()),

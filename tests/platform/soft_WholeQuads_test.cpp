@@ -359,8 +359,8 @@ private:
 TEST(WholeQuads, DrawWhatTheGeneralPathDraws) {
     std::mt19937 random(10);
     RandomQuad any(random);
-    constexpr int kRounds = test::Rounds(3000);
-    for (int round = 0; round < kRounds; ++round) {
+    const int rounds = test::Rounds(3000);
+    for (int round = 0; round < rounds; ++round) {
         const PlainTexture texture = any.Texture();
         const Texels texels = texture.Pixels();
         const Coverage coverage = any.Between(0, 1) == 0 ? Coverage::Of(texels) : Coverage();
@@ -396,8 +396,8 @@ TEST(WholeQuads, AgreeWithTheGeneralPathAboutFarTexels) {
     std::mt19937 random(11);
     RandomQuad any(random);
     int recognized = 0;
-    constexpr int kRounds = test::Rounds(4000);
-    for (int round = 0; round < kRounds; ++round) {
+    const int rounds = test::Rounds(4000);
+    for (int round = 0; round < rounds; ++round) {
         const std::int32_t width = any.Between(1, 3000);
         const PlainTexture texture(width, 1, Numbered);
         const Texels texels = texture.Pixels();
@@ -417,8 +417,8 @@ TEST(WholeQuads, AgreeWithTheGeneralPathAboutFarTexels) {
         ASSERT_EQ(fast, general) << width << ": " << blit.width << " from " << blit.sourceX
                                  << " to " << blit.x;
     }
-    EXPECT_GT(recognized, kRounds / 4);
-    EXPECT_LT(recognized, kRounds);
+    EXPECT_GT(recognized, rounds / 4);
+    EXPECT_LT(recognized, rounds);
 }
 
 }  // namespace

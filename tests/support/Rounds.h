@@ -1,20 +1,21 @@
 // SPDX-License-Identifier: MIT
 //
-// How often a test of random or all numbers goes round: as often as it says in the build that users
-// run, and less under the sanitizers, where each round takes several times longer and the same
-// random numbers come first.
+// How often a test of random or all numbers goes round.
 #pragma once
+
+#include <cstdlib>
 
 namespace scenara::test {
 
+// As often as it says in the build that users run; less under the sanitizers, where each round
+// takes several times longer and the same random numbers come first; ten times as often in a long
+// run
+// (./test --long).
+[[nodiscard]] inline int Rounds(int rounds) {
 #ifdef SCENARA_SANITIZED
-inline constexpr int kFewerRoundsUnderSanitizers = 6;
-#else
-inline constexpr int kFewerRoundsUnderSanitizers = 1;
+    rounds /= 6;
 #endif
-
-[[nodiscard]] constexpr int Rounds(int rounds) {
-    return rounds / kFewerRoundsUnderSanitizers;
+    return std::getenv("SCENARA_LONG") == nullptr ? rounds : 10 * rounds;
 }
 
 }  // namespace scenara::test
