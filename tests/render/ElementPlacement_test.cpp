@@ -9,11 +9,8 @@
 #include "render/ExpectError.h"
 #include "render/StageBuilder.h"
 
-namespace scenara {
+namespace scenara::test {
 namespace {
-
-using test::ExpectError;
-using test::StageBuilder;
 
 class Placement : public testing::Test {
 protected:
@@ -164,4 +161,4 @@ TEST_F(Placement, SomethingToShowIsASpriteOrAnActionWithFrames) {
 }
 
 }  // namespace
-}  // namespace scenara
+}  // namespace scenara::test

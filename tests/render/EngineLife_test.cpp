@@ -10,13 +10,8 @@
 #include "render/ExpectError.h"
 #include "render/StagePlayer.h"
 
-namespace scenara {
+namespace scenara::test {
 namespace {
-
-using test::ExpectError;
-using test::Lines;
-using test::Record;
-using test::StagePlayer;
 
 // Windowed, copy swap effect, the display's format; all else 0.
 const char* const kPresentation = "320 240 23 0 0 3 0 1 0 0 0 0 0";
@@ -288,4 +283,4 @@ TEST_F(EngineReset, StatusIs0EvenIfTheResetFails) {
 }
 
 }  // namespace
-}  // namespace scenara
+}  // namespace scenara::test

@@ -12,13 +12,8 @@
 #include "render/ExpectError.h"
 #include "render/StagePlayer.h"
 
-namespace scenara {
+namespace scenara::test {
 namespace {
-
-using test::ExpectError;
-using test::Lines;
-using test::Record;
-using test::StagePlayer;
 
 constexpr Long kMostLong = std::numeric_limits<Long>::max();
 constexpr Long kLeastLong = std::numeric_limits<Long>::min();
@@ -374,4 +369,4 @@ TEST(BytesToColor, EightDigitsAreASignedNumber) {
 }
 
 }  // namespace
-}  // namespace scenara
+}  // namespace scenara::test

@@ -11,14 +11,8 @@
 #include "render/ExpectError.h"
 #include "render/StagePlayer.h"
 
-namespace scenara {
+namespace scenara::test {
 namespace {
-
-using test::ExpectError;
-using test::Lines;
-using test::Record;
-using test::StageBuilder;
-using test::StagePlayer;
 
 class FrameTest : public testing::Test {
 protected:
@@ -145,4 +139,4 @@ TEST_F(FrameTest, WithoutADeviceIsAnErrorAndMovesNothing) {
 }
 
 }  // namespace
-}  // namespace scenara
+}  // namespace scenara::test

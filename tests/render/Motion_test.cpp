@@ -11,11 +11,8 @@
 #include "render/PrepareStage.h"
 #include "render/StageBuilder.h"
 
-namespace scenara {
+namespace scenara::test {
 namespace {
-
-using test::ExpectError;
-using test::StageBuilder;
 
 // --- drift ---
 
@@ -320,4 +317,4 @@ TEST_F(NotedLinks, ToAParentOutsideOfTheTableAreErrors) {
 }
 
 }  // namespace
-}  // namespace scenara
+}  // namespace scenara::test

@@ -5,7 +5,7 @@
 
 #include "render/ElementPlacement.h"
 
-namespace scenara {
+namespace scenara::test {
 namespace {
 
 BackgroundElement Scaled(Single top, Single bottom, Single deltaX = 1) {
@@ -102,4 +102,4 @@ TEST(RowPosition, OfAbsurdNumbersStaysWithinReach) {
 }
 
 }  // namespace
-}  // namespace scenara
+}  // namespace scenara::test

@@ -11,13 +11,8 @@
 #include "render/ExpectError.h"
 #include "render/StageBuilder.h"
 
-namespace scenara {
+namespace scenara::test {
 namespace {
-
-using test::AddControl;
-using test::ExpectError;
-using test::NamedTexture;
-using test::StageBuilder;
 
 class Prepared : public testing::Test {
 protected:
@@ -510,4 +505,4 @@ TEST_F(PreparedTextures, AreNotAskedForWhereThereAreNone) {
 }
 
 }  // namespace
-}  // namespace scenara
+}  // namespace scenara::test

@@ -11,20 +11,8 @@
 #include "render/ExpectError.h"
 #include "render/StagePlayer.h"
 
-namespace scenara {
+namespace scenara::test {
 namespace {
-
-using test::AddControl;
-using test::During;
-using test::ExpectError;
-using test::Lines;
-using test::On;
-using test::StageBuilder;
-using test::StagePlayer;
-using test::WithValue;
-using test::WithValues;
-using test::WithX;
-using test::WithY;
 
 // --- layers ---
 
@@ -44,7 +32,7 @@ TEST(LayerRule, LayersBelowZeroBelongToBothPasses) {
 class Passes : public testing::Test {
 protected:
     BackgroundElement& Still(Integer sprite, Long x = 0, Long y = 0) {
-        return StageBuilder::At(player.build.Still(sprite), x, y);
+        return player.build.StillAt(sprite, x, y);
     }
     void Show(Single x, Single y) {
         player.model.CamX = -x;
@@ -211,7 +199,7 @@ TEST_P(LedByADummy, AnElementGoesWithIt) {
     dummy.velocityX = 3;
     dummy.sinYAmplitude = 8;
     dummy.sinYPeriod = 2;  // 0, 8, 0, -8
-    StageBuilder::At(player.build.Still(sprite), 100, 50);
+    player.build.StillAt(sprite, 100, 50);
     player.Element(1).positionlink = 1;
     if (GetParam().switchedOn) {
         WithValue(AddControl(player.build.Group(), "enable"), 1);
@@ -689,9 +677,9 @@ TEST_F(PassErrors, AFrameOutsideOfItsActionEndsThePass) {
 TEST_F(PassErrors, AFailingDrawEndsThePass) {
     Still(a, 1, 1);
     player.Start();
-    player.record.Spoil("DrawPrimitiveUP", test::Record::Trouble::Fails);
+    player.record.Spoil("DrawPrimitiveUP", Record::Trouble::Fails);
     ExpectError(RunTimeErrorKind::Direct3D, [&] { player.BackPass(); });
 }
 
 }  // namespace
-}  // namespace scenara
+}  // namespace scenara::test
