@@ -31,6 +31,9 @@ TEST(Mirroring, IsAboutTheAxisAndPlainlyAtTheSamePlace) {
              {"another letter", "x", "hill 153,86 50x40"},
              {"h twice", "hh", "hill 153,86 50x40"},
              {"a large h", "H", "hill 153,86 50x40"},
+             {"both the other way round", "vh", "hill 123,106 50x40 mirrored flipped"},
+             {"a blank before", " h", "hill 153,86 50x40"},
+             {"a blank after", "h ", "hill 153,86 50x40"},
              {"a number", "1", "hill 153,86 50x40"},
              // An axis in the middle stays where it was, whichever way the picture looks.
              {"the axis in the middle", "hv", "hill 138,96 50x40 mirrored flipped",

@@ -68,29 +68,7 @@ std::string NameOf(const testing::TestParamInfo<Drawn>& row) {
 
 using Stage = DrawnElement;
 
-// --- one picture ---
-
-INSTANTIATE_TEST_SUITE_P(
-    OfAPicture, ElementDrawing,
-    testing::Values(
-        Drawn{"WhereItStands", [](Stage& s) { s.Hill(); }, {"hill 10,20 50x40"}},
-        Drawn{"OnItsAxis",
-              [](Stage& s) {
-                  s.model.Sprites[0].axisX = 25;
-                  s.model.Sprites[0].axisY = 39;
-                  s.build.AnimationAt({{s.hill, 5, 3, -4}}, 160, 120);
-              },
-              {"hill 138,77 50x40"}},
-        Drawn{"WithHMirroredAtTheSamePlace",
-              [](Stage& s) {
-                  s.model.Sprites[0].axisX = 10;
-                  s.build.AnimationAt({{s.hill, 5, 3, 0, "h"}}, 160, 120);
-              },
-              {"hill 153,120 50x40 mirrored"}},
-        Drawn{"WithVNotMirrored", [](Stage& s) { s.HillFrame("v"); }, {"hill 10,20 50x40"}},
-        Drawn{"WithHvNotMirrored", [](Stage& s) { s.HillFrame("hv"); }, {"hill 10,20 50x40"}},
-        Drawn{"WithALargeHNotMirrored", [](Stage& s) { s.HillFrame("H"); }, {"hill 10,20 50x40"}}),
-    NameOf);
+// --- one picture (mirrored ones and their axes: Additions_mirroring_test.cpp) ---
 
 TEST_F(DrawnPicture, ThatIsNotMaskedChangesNoState) {
     stage.Hill();

@@ -147,20 +147,6 @@ TEST_F(Moves, BlankFramesAndFramesWithoutTheirSpriteDriftAndSwingOn) {
     EXPECT_EQ(player.Element(0).sinYPhase, 1);
 }
 
-TEST_F(Moves, ASwingWithAPeriodOf10ReturnsAfter20Frames) {
-    Swinging(player.A(), 8, 10);
-    player.Start();
-    const Lines shown = player.Film(42);
-    EXPECT_EQ(shown[0], "a 100,50");
-    EXPECT_EQ(shown[1], "a 100,50");
-    EXPECT_EQ(shown[6], "a 100,58");
-    EXPECT_EQ(shown[11], "a 100,50");
-    EXPECT_EQ(shown[16], "a 100,42");
-    for (std::size_t frame = 1; frame <= 21; ++frame) {
-        EXPECT_EQ(shown[frame], shown[frame + 20]) << frame;
-    }
-}
-
 // --- the camera ---
 
 using CameraInPasses = Passes;
