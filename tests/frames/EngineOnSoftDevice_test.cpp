@@ -16,7 +16,6 @@ namespace scenara::test {
 namespace {
 
 using testing::Each;
-using testing::SizeIs;
 using testing::StartsWith;
 using testing::ThrowsMessage;
 
@@ -84,23 +83,6 @@ TEST_F(EngineOnSoftDevice, AResetDeviceBlendsFromThenOn) {
     Blit(9, 20);
     Blit(12, 20);  // its transparent column over an orange one
     EXPECT_EQ(Pixel(12, 20), kOrange & kRgb);
-}
-
-TEST_F(EngineOnSoftDevice, AStartThatFailsAtAnyStepLeavesNothingToDrawWith) {
-    for (const StartStep step : {StartStep::DirectX8, StartStep::Direct3D8, StartStep::D3DX8,
-                                 StartStep::DisplayMode, StartStep::Device, StartStep::Font}) {
-        machine.FailAt(step);
-        const std::size_t before = messages.Recorded().size();
-        engine.Engine_Init();
-        EXPECT_FALSE(engine.HasDevice());
-        EXPECT_EQ(machine.Device(), nullptr);
-        EXPECT_THAT(messages.Recorded(), SizeIs(before + 1)) << "one message";
-        EXPECT_THAT([&] { Blit(0, 0); },
-                    ThrowsMessage<RunTimeError>(StartsWith("Object variable not set")));
-    }
-    machine.FailAt(std::nullopt);
-    engine.Engine_Init();
-    EXPECT_TRUE(engine.HasDevice()) << "and the next start succeeds";
 }
 
 TEST_F(EngineOnSoftDevice, TheShadowDarkensASlantedShape) {

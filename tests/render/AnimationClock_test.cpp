@@ -96,16 +96,6 @@ TEST(AnimationClock, OneFrameOfTime0StandsStill) {
     EXPECT_EQ(clock.Element().frameTime, -1);
 }
 
-TEST(AnimationClock, ALoopOfFramesOfTime0BehindFramesThatAreShownEndsToo) {
-    Clocked clock({2, 0, 0}, 1);
-    const Frames shown = clock.Shown(6);
-    EXPECT_EQ(shown[0], 0);
-    EXPECT_EQ(shown[1], 0);
-    for (std::size_t i = 2; i < shown.size(); ++i) {
-        EXPECT_NE(shown[i], 0) << i;
-    }
-}
-
 // Frame by frame past those that take no time, once round at most.
 Integer NextByWalking(const StageAction& action, std::size_t from) {
     const std::size_t count = action.frames.size();

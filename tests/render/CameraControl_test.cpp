@@ -2,7 +2,6 @@
 #include "render/CameraControl.h"
 
 #include <string>
-#include <tuple>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -104,6 +103,7 @@ TEST_F(ArrowKeys, MoveByWholeStepsWithinTheBounds) {
              // They are looked at in this order: right, left, up, down.
              {"left has room after right", {kRight, kLeft, kUp, kDown}, {20, -30}, {18, -27}},
              {"right has room before left", {kRight, kLeft, kUp, kDown}, {-10, 0}, {-10, 0}},
+             {"two parts of a step from the corner", {kRight, kUp}, {19, -29}, {19, -29}},
              {"other keys",
               {VirtualKey::Pause, VirtualKey::Escape, VirtualKey::RightButton},
               {0, -10},
@@ -111,20 +111,6 @@ TEST_F(ArrowKeys, MoveByWholeStepsWithinTheBounds) {
          }) {
         SCOPED_TRACE(row.name);
         ExpectMove(row.keys, row.from, row.to);
-    }
-}
-
-TEST_F(ArrowKeys, HeldStopUpToAStepShortOfTheBound) {
-    for (const auto& [steps, keys, to] :
-         {std::tuple{Single{8}, KeySet{kRight, kUp}, ShownPlace{16, -24}},
-          {Single{1}, KeySet{kLeft}, ShownPlace{-10, 0}}}) {
-        Steps(steps, steps);
-        Show(0, 0);
-        Hold(keys);
-        for (int i = 0; i < 20; ++i) {
-            Control();
-        }
-        ExpectShown(to.x, to.y);
     }
 }
 
@@ -353,48 +339,31 @@ TEST_F(KeysBehind, FollowTheStepKeysAndGoBeforeThePointer) {
     ExpectShown(13, 0);  // and 10 of the pointer
 }
 
-TEST_F(KeysBehind, FindTheGateOpenWhenNoKeyWasAccepted) {
-    player.pointer.MoveTo({420, 290});
-    ControlWith({VirtualKey::Right});
-    EXPECT_TRUE(witness.open);
-    player.camera.lastKeyTick = player.clock.now - 150;
-    ControlWith({});
-    EXPECT_FALSE(witness.open);
-    player.camera.lastKeyTick = player.clock.now - 151;
-    ControlWith({});
-    EXPECT_TRUE(witness.open);
-}
+struct Gate {
+    const char* name;
+    Long lastKeyTick;
+    Long now;
+    bool open;
+};
 
-TEST_F(KeysBehind, FindTheGateClosedForAsLongWhereTheTicksBeginAnew) {
-    player.camera.lastKeyTick = 2147483647;
-    player.clock.now = -2147483648 + 149;
-    ControlWith({});
-    EXPECT_FALSE(witness.open);
-    player.clock.now = -2147483648 + 150;
-    ControlWith({});
-    EXPECT_TRUE(witness.open);
+TEST_F(KeysBehind, FindTheGateOpenWhenNoKeyWasAcceptedForLongEnough) {
+    for (const Gate& row : {
+             Gate{"long ago", 0, 1000, true},
+             {"150 milliseconds ago", 850, 1000, false},
+             {"longer ago", 849, 1000, true},
+             {"where the ticks begin anew", 2147483647, -2147483647 - 1 + 149, false},
+             {"and longer ago", 2147483647, -2147483647 - 1 + 150, true},
+         }) {
+        player.camera.lastKeyTick = row.lastKeyTick;
+        player.clock.now = row.now;
+        ControlWith({VirtualKey::Right});
+        EXPECT_EQ(witness.open, row.open) << row.name;
+    }
 }
 
 // --- single steps ---
 
 using SingleSteps = CameraControlTest;
-
-TEST_F(SingleSteps, AreMadeWholeOrNotAtAll) {
-    for (int i = 0; i < 2; ++i) {
-        Show(static_cast<Single>(18 + 2 * i), static_cast<Single>(-27 - 3 * i));
-        StepRight(player.model, 2);
-        StepUp(player.model, 3);
-        ExpectShown(20, -30);
-    }
-    Show(-9, -1);
-    StepLeft(player.model, 2);
-    StepDown(player.model, 3);
-    ExpectShown(-9, -1);
-    Show(-8, -3);
-    StepLeft(player.model, 2);
-    StepDown(player.model, 3);
-    ExpectShown(-10, 0);
-}
 
 TEST_F(SingleSteps, OfNothingMoveNothing) {
     Show(20, 0);
@@ -409,34 +378,29 @@ TEST_F(SingleSteps, OfNothingMoveNothing) {
 
 using CameraLeadTest = CameraControlTest;
 
-TEST_F(CameraLeadTest, MakesOneStepOfItsOwnBehindTheBackPass) {
-    Steps(1, 1);
-    player.camera.leadStep = 3;
-    player.camera.lead = CameraLead::Right;
-    player.flags.DrawFrontLayer = 0;
-    Control();
-    ExpectShown(3, 0);
-    player.flags.DrawFrontLayer = kByteTrue;
-    Control();
-    ExpectShown(3, 0);
-    player.camera.lead = CameraLead::Left;
-    player.flags.DrawFrontLayer = 0;
-    Control();
-    ExpectShown(0, 0);
-}
+struct Led {
+    const char* name;
+    CameraLead lead;
+    Byte front;  // the pass
+    Single from;
+    Single to;
+};
 
-TEST_F(CameraLeadTest, KeepsToTheBounds) {
+TEST_F(CameraLeadTest, MakesOneStepOfItsOwnBehindTheBackPassWithinTheBounds) {
     Steps(1, 1);
     player.camera.leadStep = 3;
-    player.flags.DrawFrontLayer = 0;
-    player.camera.lead = CameraLead::Right;
-    Show(18, 0);
-    Control();
-    ExpectShown(18, 0);
-    player.camera.lead = CameraLead::Left;
-    Show(-8, 0);
-    Control();
-    ExpectShown(-8, 0);
+    for (const Led& row : {
+             Led{"right", CameraLead::Right, 0, 0, 3},
+             {"not in the front pass", CameraLead::Right, kByteTrue, 3, 3},
+             {"left", CameraLead::Left, 0, 3, 0},
+             {"not beyond the right bound", CameraLead::Right, 0, 18, 18},
+             {"not beyond the left bound", CameraLead::Left, 0, -8, -8},
+         }) {
+        SCOPED_TRACE(row.name);
+        player.camera.lead = row.lead;
+        player.flags.DrawFrontLayer = row.front;
+        ExpectMove({}, {row.from, 0}, {row.to, 0});
+    }
 }
 
 TEST_F(CameraLeadTest, LeavesLeftAndRightWithoutEffectAndTheOtherKeysWithTheirs) {

@@ -2,6 +2,7 @@
 #include "render/PrepareStage.h"
 
 #include <cmath>
+#include <utility>
 #include <vector>
 
 #include <gmock/gmock.h>
@@ -14,15 +15,13 @@
 namespace scenara::test {
 namespace {
 
-class Prepared : public testing::Test {
-protected:
+// With two sprites, the axes of which are not their corners.
+struct PreparedStage {
     // As a stage start does it.
     void Prepare() {
         PlaceCamera(model, camera);
         PrepareElements(model, kPlainView, View());
     }
-    // A sprite whose axis is not its corner.
-    Integer Hill() { return build.Sprite("hill", 64, 32, 20, 30); }
     [[nodiscard]] const BackgroundElement& Element(std::size_t index) const {
         return model.Elements.at(index);
     }
@@ -30,7 +29,11 @@ protected:
     StageModel model;
     StageBuilder build{model};
     Camera camera;
+    const Integer hill = build.Sprite("hill", 64, 32, 20, 30);
+    const Integer flag = build.Sprite("flag", 8, 8, 3, 4);
 };
+
+class Prepared : public testing::Test, protected PreparedStage {};
 
 // --- where the camera starts ---
 
@@ -97,61 +100,100 @@ TEST_F(CameraStart, NoStepLeftTheCameraItself) {
 // --- where elements start ---
 
 using FirstPosition = Prepared;
+using Place = std::pair<Single, Single>;
 
-TEST_F(FirstPosition, OfAStillPictureLaysItsAxisOnTheStartFromTheMiddleOfTheView) {
-    StartAt(build.Still(Hill()), -40, 100);
-    Prepare();
-    EXPECT_EQ(Element(0).posX, 160 - 40 - 20);
-    EXPECT_EQ(Element(0).posY, 100 - 30);
-}
+struct FirstPlaces {
+    const char* name;
+    void (*make)(PreparedStage& stage);
+    std::vector<Place> places;  // of the elements
+};
 
-TEST_F(FirstPosition, OfAnAnimationKeepsTheAxisForTheFrame) {
-    StartAt(build.Animation(build.Action({{Hill(), 5, 3, 4}})), -40, 100);
-    Prepare();
-    EXPECT_EQ(Element(0).posX, 120);
-    EXPECT_EQ(Element(0).posY, 100);
-}
-
-TEST_F(FirstPosition, ContainsTheCameraByDelta) {
-    model.CamStartX = 30;
-    model.CamStartY = -20;
-    WithDelta(build.Still(Hill()), 0.5F, 0.25F);
-    WithDelta(build.Animation(build.Action({{0, 5}})), 2, -1);
-    Prepare();
-    EXPECT_EQ(Element(0).posX, 160 - 20 - 15);
-    EXPECT_EQ(Element(0).posY, -30 + 5);
-    EXPECT_EQ(Element(1).posX, 160 - 60);
-    EXPECT_EQ(Element(1).posY, -20);
-}
-
-TEST_F(FirstPosition, ContainsTheCameraAsItWasPlacedNotAsTheFileAsks) {
-    model.CamStartX = 5000;
-    model.BoundRight = 10;
-    build.Still(build.Sprite("hill", 64, 32));
-    Prepare();
-    EXPECT_EQ(Element(0).posX, 150);
-}
-
-TEST_F(FirstPosition, OfAnElementWithoutAPictureHasNoAxis) {
-    Hill();
-    build.Still(-1).startX = 7;
-    build.Dummy().startY = 9;
-    Prepare();
-    EXPECT_EQ(Element(0).posX, 167);
-    EXPECT_EQ(Element(1).posX, 160);
-    EXPECT_EQ(Element(1).posY, 9);
-}
-
-TEST_F(FirstPosition, OfAKindThatNobodyKnowsIsThatOfAStillPicture) {
-    build.Still(Hill()).type = "Anim";
-    build.Still(0).type = "";
-    build.Parallax(0);
-    Prepare();
-    for (std::size_t i = 0; i < 3; ++i) {
-        EXPECT_EQ(Element(i).posX, 140) << i;
-        EXPECT_EQ(Element(i).posY, -30) << i;
-        EXPECT_EQ(Element(i).spriteIndex, 0) << i;
+TEST_F(FirstPosition, IsThatOfTheStartFromTheMiddleOfTheView) {
+    for (const FirstPlaces& row : std::vector<FirstPlaces>{
+             {"a still picture lays its axis on it",
+              [](PreparedStage& s) { StartAt(s.build.Still(s.hill), -40, 100); },
+              {{160 - 40 - 20, 100 - 30}}},
+             {"an animation keeps the axis for the frame",
+              [](PreparedStage& s) {
+                  StartAt(s.build.Animation(s.build.Action({{s.hill, 5, 3, 4}})), -40, 100);
+              },
+              {{120, 100}}},
+             {"it contains the camera by delta",
+              [](PreparedStage& s) {
+                  s.model.CamStartX = 30;
+                  s.model.CamStartY = -20;
+                  WithDelta(s.build.Still(s.hill), 0.5F, 0.25F);
+                  WithDelta(s.build.Animation(s.build.Action({{s.hill, 5}})), 2, -1);
+              },
+              {{160 - 20 - 15, -30 + 5}, {160 - 60, -20}}},
+             {"the camera as it was placed, not as the file asks",
+              [](PreparedStage& s) {
+                  s.model.CamStartX = 5000;
+                  s.model.BoundRight = 10;
+                  s.build.Still(-1);
+              },
+              {{150, 0}}},
+             {"without a picture there is no axis",
+              [](PreparedStage& s) {
+                  StartAt(s.build.Still(-1), 7, 0);
+                  StartAt(s.build.Dummy(), 0, 9);
+              },
+              {{167, 0}, {160, 9}}},
+             {"of a kind that is not known as of a still picture",
+              [](PreparedStage& s) {
+                  s.build.Still(s.hill).type = "Anim";
+                  s.build.Still(s.hill).type = "";
+                  s.build.Parallax(s.hill);
+              },
+              {{140, -30}, {140, -30}, {140, -30}}},
+             {"linked: from the parent's start, with its deltas and not its axis",
+              [](PreparedStage& s) {
+                  s.model.CamStartX = 100;
+                  s.model.CamStartY = -10;
+                  WithDelta(StartAt(s.build.Still(s.hill), 50, 60), 0.5F, 0.25F);
+                  Linked(WithDelta(StartAt(s.build.Still(s.flag), -7, -9), 9, 9));
+              },
+              {{160 + 50 - 20 - 50, 60 - 30 + 2.5F}, {160 + 50 - 7 - 3 - 50, 60 - 9 - 4 + 2.5F}}},
+             {"linked in a chain: from its beginning",
+              [](PreparedStage& s) {
+                  StartAt(s.build.Still(-1), 50, 0);
+                  Linked(StartAt(s.build.Still(-1), 10, 0));
+                  Linked(StartAt(s.build.Still(-1), 1, 0));
+              },
+              {{210, 0}, {220, 0}, {211, 0}}},
+             {"linked animations alike",
+              [](PreparedStage& s) {
+                  StartAt(s.build.Animation(s.build.Action({{s.hill, 5, 3, 4}})), 50, 0);
+                  Linked(StartAt(s.build.Animation(0), 5, 0));
+              },
+              {{210, 0}, {215, 0}}},
+             {"linked to a dummy",
+              [](PreparedStage& s) {
+                  StartAt(s.build.Dummy(), 50, 0);
+                  Linked(s.build.Still(-1));
+              },
+              {{210, 0}, {210, 0}}},
+             {"linked to nothing",
+              [](PreparedStage& s) { Linked(StartAt(s.build.Still(-1), 5, 0)); },
+              {{165, 0}}},
+         }) {
+        PreparedStage stage;
+        row.make(stage);
+        stage.Prepare();
+        std::vector<Place> places;
+        for (const BackgroundElement& element : stage.model.Elements) {
+            places.emplace_back(element.posX, element.posY);
+        }
+        EXPECT_EQ(places, row.places) << row.name;
     }
+}
+
+TEST_F(FirstPosition, OfAKindThatIsNotKnownKeepsItsPicture) {
+    build.Still(hill).type = "Anim";
+    build.Still(hill).type = "";
+    Prepare();
+    EXPECT_EQ(Element(0).spriteIndex, hill);
+    EXPECT_EQ(Element(1).spriteIndex, hill);
 }
 
 TEST_F(FirstPosition, TakesTheLargestNumbersOfAFile) {
@@ -163,12 +205,15 @@ TEST_F(FirstPosition, TakesTheLargestNumbersOfAFile) {
 }
 
 TEST_F(FirstPosition, OfASpriteOrActionOutsideOfItsTableIsAnError) {
-    for (const Integer index : {Integer{0}, Integer{-2}}) {
-        for (const bool animated : {false, true}) {
-            model.Elements.clear();
-            animated ? build.Animation(index) : build.Still(index);
-            ExpectError(RunTimeErrorKind::SubscriptOutOfRange, [&] { Prepare(); });
-        }
+    for (const Integer index : {model.SpriteCount, Integer{-2}}) {
+        model.Elements.clear();
+        build.Still(index);
+        ExpectError(RunTimeErrorKind::SubscriptOutOfRange, [&] { Prepare(); });
+    }
+    for (const Integer index : {model.ActionCount, Integer{-2}}) {
+        model.Elements.clear();
+        build.Animation(index);
+        ExpectError(RunTimeErrorKind::SubscriptOutOfRange, [&] { Prepare(); });
     }
 }
 
@@ -192,6 +237,7 @@ TEST_F(FirstValues, AreThoseOfTheBeginning) {
     element.ctrlOffset = {1, 2};
     element.ctrlPos = {3, 4, 5, 6};
     element.sinOffset = {7, 8};
+    element.linkSin = {9, 9};
     BgCtrlDef& group = build.Group();
     group.timer = 9;
     AddControl(group, "visible").timer = 10;
@@ -199,7 +245,8 @@ TEST_F(FirstValues, AreThoseOfTheBeginning) {
     Prepare();
     EXPECT_EQ(Changes(before, element),
               "posX=160, lastTileIndex=-1, frameIndex=0, frameTime=0, linkParent=-1, "
-              "ctrlOffset=0 0, visible=1, enabled=1, ctrlPos=0 0 0 0, sinOffset=0 0");
+              "ctrlOffset=0 0, visible=1, enabled=1, ctrlPos=0 0 0 0, sinOffset=0 0, "
+              "linkSin=0 0");
     EXPECT_EQ(model.CtrlDefs[0].timer, 0);
     EXPECT_EQ(model.CtrlDefs[0].controls[0].timer, 0);
 }
@@ -258,51 +305,26 @@ TEST_F(Links, GoToTheLastElementBeforeThatHasNone) {
     }
 }
 
-TEST_F(Links, OffsetFromTheParentsStartAndTakeItsDeltas) {
-    model.CamStartX = 100;
-    model.CamStartY = -10;
-    WithDelta(StartAt(build.Still(Hill()), 50, 60), 0.5F, 0.25F);
-    Linked(WithDelta(StartAt(build.Still(build.Sprite("flag", 8, 8, 3, 4)), -7, -9), 9, 9));
+TEST_F(Links, TakeTheDeltasOfTheirParent) {
+    WithDelta(build.Animation(-1), 0.5F, 0.25F);
+    Linked(WithDelta(build.Animation(-1), 9, 9));
     Prepare();
-    EXPECT_EQ(Element(0).posX, 160 + 50 - 20 - 50);
     EXPECT_EQ(Element(1).deltaX, 0.5F);
     EXPECT_EQ(Element(1).deltaY, 0.25F);
-    // Its own axis and not the parent's.
-    EXPECT_EQ(Element(1).posX, 160 + 50 - 7 - 3 - 50);
-    EXPECT_EQ(Element(1).posY, 60 - 9 - 4 + 2.5F);
 }
 
-TEST_F(Links, InAChainAllOffsetFromItsBeginning) {
-    StartAt(build.Still(-1), 50, 0);
-    Linked(StartAt(build.Still(-1), 10, 0));
-    Linked(StartAt(build.Still(-1), 1, 0));
-    Prepare();
-    EXPECT_EQ(Element(1).posX, 220);
-    EXPECT_EQ(Element(2).posX, 211);
-}
-
-TEST_F(Links, OfAnimationsAndToThemAreMadeAlike) {
-    WithDelta(StartAt(build.Animation(build.Action({{Hill(), 5, 3, 4}})), 50, 0), 0.5F, 1);
-    Linked(StartAt(build.Animation(0), 5, 0));
-    Prepare();
-    EXPECT_EQ(Element(1).posX, 215);
-    EXPECT_EQ(Element(1).deltaX, 0.5F);
-}
-
-TEST_F(Links, WithNothingBeforeAreNone) {
-    Linked(WithDelta(StartAt(build.Still(-1), 5, 0), 0.5F, 1));
+TEST_F(Links, WithNothingBeforeKeepTheirOwnDeltas) {
+    Linked(WithDelta(build.Still(-1), 0.5F, 1));
     Prepare();
     EXPECT_EQ(Element(0).linkParent, -1);
-    EXPECT_EQ(Element(0).posX, 165);
     EXPECT_EQ(Element(0).deltaX, 0.5F);
 }
 
-TEST_F(Links, ADummyLeadsAsWell) {
-    WithDelta(StartAt(build.Dummy(), 50, 0), 0.5F, 1);
+TEST_F(Links, GoToADummyAsWell) {
+    build.Dummy();
     Linked(build.Still(-1));
     Prepare();
     EXPECT_EQ(Element(1).linkParent, 0);
-    EXPECT_EQ(Element(1).posX, 210);
 }
 
 // --- the ground line's element ---
@@ -334,16 +356,9 @@ TEST(GroundLine, IsTheFirstElementWithTheId) {
 
 // --- the raised upper bound ---
 
-struct RaisedStage {
-    RaisedStage() : build(model) {}
-
+struct RaisedStage : PreparedStage {
     // Its upper edge lies at -20.
-    BackgroundElement& Hill() {
-        return StartAt(build.Still(build.Sprite("hill", 64, 32, 0, 30)), 0, 10);
-    }
-
-    StageModel model;
-    StageBuilder build;
+    BackgroundElement& Hill() { return StartAt(build.Still(hill), 0, 10); }
 };
 
 struct Raised {
@@ -356,7 +371,7 @@ struct Raised {
 TEST(UpperBound, IsRaisedToTheTopmostPicture) {
     const auto twoHills = [](RaisedStage& s) {
         s.Hill();
-        StartAt(s.build.Still(0), 0, 90);
+        StartAt(s.build.Still(s.hill), 0, 90);
     };
     const auto hill = [](RaisedStage& s) { s.Hill(); };
     for (const Raised& row : {
@@ -396,7 +411,7 @@ TEST(UpperBound, IsRaisedToTheTopmostPicture) {
              {"not where an element is tiled down without end",
               [](RaisedStage& s) {
                   s.Hill();
-                  s.build.Still(0).tileY = 1;
+                  s.build.Still(s.hill).tileY = 1;
               },
               -500, -500},
              {"where it is tiled down by a count", [](RaisedStage& s) { s.Hill().tileY = 2; }, -500,
@@ -453,7 +468,7 @@ TEST_F(PreparedTextures, AreThoseThatMayBeDrawnMasked) {
 
 TEST_F(PreparedTextures, AreNotAskedForWhereThereAreNone) {
     build.Still(build.Sprite("released", 8, 8)).mask = 1;
-    model.Sprites[0].texture.reset();
+    model.Sprites.back().texture.reset();
     Prepare();
     EXPECT_EQ(Element(0).posX, 160);
 }

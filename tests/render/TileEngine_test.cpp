@@ -203,31 +203,6 @@ TEST_F(CameraInPasses, EveryChangeReachesEveryElementOnceDrawnOrNot) {
     }
 }
 
-TEST_F(CameraInPasses, StepsBySignAndDelta) {
-    WithDelta(player.A(), 0.5F, 0.25F);
-    player.Start();
-    player.camera.HCamStep = 4;
-    player.camera.VCamStep = 8;
-    player.Show(1, -1);  // right and up, by less than the steps
-    player.Frames(1);
-    EXPECT_EQ(player.X(0), 98);
-    EXPECT_EQ(player.Y(0), 52);
-    player.Show(-100, 100);  // left and down, by more
-    player.Frames(1);
-    EXPECT_EQ(player.X(0), 100);
-    EXPECT_EQ(player.Y(0), 50);
-}
-
-TEST_F(CameraInPasses, OppositeKeysMakeNoStep) {
-    player.A();
-    player.Start();
-    player.model.BoundHigh = -1000;  // not where the picture's upper edge raised it to
-    player.keyboard.Hold({VirtualKey::Left, VirtualKey::Right, VirtualKey::Up, VirtualKey::Down});
-    player.Frames(4);
-    EXPECT_EQ(player.X(0), 100);
-    EXPECT_EQ(player.Y(0), 50);
-}
-
 TEST_F(CameraInPasses, TheFirstPassMakesNoStep) {
     player.model.CamStartX = 30;
     player.model.CamStartY = -20;
