@@ -23,6 +23,7 @@
 #include "render/Require.h"
 #include "render/TilePatterns.h"
 #include "render/Tiling.h"
+#include "stage/ModelText.h"
 #include "support/Rounds.h"
 
 namespace scenara::test {
@@ -247,16 +248,9 @@ private:
 };
 
 std::string Described(const TiledElement& tiled) {
-    const BackgroundElement& element = tiled.model.Elements.front();
-    const SpriteEntry& sprite = tiled.model.Sprites.front();
-    const auto number = [](auto value) { return std::to_string(value) + " "; };
-    return element.type + " of " + number(sprite.width) + number(sprite.height) + "tiled " +
-           number(element.tileX) + number(element.tileY) + "spaced " +
-           number(element.tileSpacingX) + number(element.tileSpacingY) + "mask " +
-           number(element.mask) + "blending " + number(static_cast<int>(element.blending.kind)) +
-           "at " + number(element.startX) + number(element.startY) + "flip " +
-           tiled.model.Actions.front().frames.front().flip + " additions " +
-           number(tiled.options.additions) + "scale " + number(tiled.model.ElementScale);
+    return FieldsText(tiled.model.Elements.front()) + FieldsText(tiled.model.Sprites.front()) +
+           FieldsText(tiled.model.Actions.front()) + FieldsText(tiled.model) +
+           (tiled.options.additions ? "with additions" : "plain");
 }
 
 // Without the byte that is nobody's; kPixels when there is none.

@@ -7,8 +7,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "platform/soft/SoftDirect3D.h"
-#include "platform/soft/TextureMemory.h"
+#include "frames/SoftEngine.h"
 #include "render/Require.h"
 #include "render/StagePlayer.h"
 #include "support/AllocationCount.h"
@@ -167,24 +166,16 @@ TEST_F(FigureTest, IsAskedForWhenTheClocksHaveTickedOnceAndNothingIsDrawn) {
 
 TEST_F(FigureTest, AsksForNoMemory) {
     figure.mirrored = true;
-    SoftDirect3D machine{std::make_shared<TextureMemory>()};
-    Engine engine(machine, player.window, player.messages, player.model, player.picture);
-    engine.Engine_Init();
-    TextureParameters parameters;
-    parameters.width = 10;
-    parameters.height = 20;
-    texture = engine.Device().CreateTexture(parameters);
-    for (std::uint32_t& word : texture->LockRect().words) {
-        word = 0xFF00FF00;
-    }
-    texture->UnlockRect();
+    SoftEngine soft;
+    soft.Sprite(10, 20, [] { return 0xFF00FF00U; });
+    texture = soft.model.Sprites[0].texture;
     texture->PreLoad();
-    Require(engine.Device().BeginScene(), "BeginScene");
-    DrawFigure(engine, figure);
+    Require(soft.engine.Device().BeginScene(), "BeginScene");
+    DrawFigure(soft.engine, figure);
     const std::size_t before = AllocationCount();
-    DrawFigure(engine, figure);
+    DrawFigure(soft.engine, figure);
     figure.width = 17;
-    DrawFigure(engine, figure);
+    DrawFigure(soft.engine, figure);
     EXPECT_EQ(AllocationCount(), before);
 }
 

@@ -110,6 +110,7 @@ TEST(Copies, AreSeenWhereTheyTouchWhatIsVisible) {
 
 TEST(Copies, OfAPictureThatIsNotTiledAreOneHoweverFarAway) {
     const Copies copies = CopiesAlong({0, 100, 50, false}, -5000, kView);
+    EXPECT_EQ(copies.first, -5000);
     EXPECT_EQ(All(copies), (Positions{-5000}));
 }
 
