@@ -341,6 +341,7 @@ TEST(GroundLine, IsTheFirstElementWithTheId) {
              {"the first of two", {3, 7, 7}, 7, 1},
              {"no element has the id", {3}, 4, -1},
              {"without the key it is not the element with id 0", {0}, -1, -1},
+             {"nor that with id -1", {-1}, -1, -1},
              {"of id 0", {1, 0}, 0, 1},
          }) {
         StageModel model;
