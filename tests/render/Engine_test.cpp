@@ -19,10 +19,10 @@ constexpr Long kMostLong = std::numeric_limits<Long>::max();
 constexpr Long kLeastLong = std::numeric_limits<Long>::min();
 
 struct Corner {
-    float x;
-    float y;
-    float tu;
-    float tv;
+    float x = 0;
+    float y = 0;
+    float tu = 0;
+    float tv = 0;
     std::uint32_t color = 0xFFFFFFFF;
 };
 
@@ -127,13 +127,14 @@ TEST_F(Blits, SumsAre32BitsWideAndNotOneMore) {
 }
 
 TEST_F(Blits, SumsBeyond32BitsAreAnOverflowAndDrawNothing) {
-    using Sum = std::array<Long, 5>;
+    using Sum = std::array<Long, 5>;  // x, y, width, source x and y
     for (const Sum& sum :
          {Sum{kMostLong, 0, 1, 0, 0}, Sum{0, kMostLong, 1, 0, 0}, Sum{0, 0, 1, kMostLong, 0},
           Sum{0, 0, 1, 0, kMostLong}, Sum{kLeastLong, 0, -1, 0, 0}}) {
-        const auto& [x, y, w, srcX, srcY] = sum;
-        ExpectError(RunTimeErrorKind::Overflow, [&] { Blt(sky, x, y, w, 1, srcX, srcY); });
-        ExpectError(RunTimeErrorKind::Overflow, [&] { BltFlip(sky, x, y, w, 1, srcX, srcY); });
+        ExpectError(RunTimeErrorKind::Overflow,
+                    [&] { Blt(sky, sum[0], sum[1], sum[2], 1, sum[3], sum[4]); });
+        ExpectError(RunTimeErrorKind::Overflow,
+                    [&] { BltFlip(sky, sum[0], sum[1], sum[2], 1, sum[3], sum[4]); });
     }
     EXPECT_EQ(player.record.TakeLines(), Lines());
 }
@@ -213,9 +214,9 @@ TEST_F(Quads, SetVertexKeepsTheTextureCoordinatesOfTheLastDraw) {
 }
 
 struct Shadow {
-    const char* name;
-    Byte type;
-    std::array<Single, 4> place;
+    const char* name = "";
+    Byte type = 0;
+    std::array<Single, 4> place{};
     std::array<Corner, 4> corners;
 };
 
