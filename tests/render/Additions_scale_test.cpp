@@ -267,11 +267,11 @@ TEST(LocalcoordStage, ElementsKeepPaceWithTheCamera) {
 }
 
 struct ScaledWindow {
-    const char* name;
-    Integer hires;
-    Long localcoordWidth;
-    Long localcoordHeight;
-    std::array<Single, 4> window;
+    const char* name = "";
+    Integer hires = 0;
+    Long localcoordWidth = 0;
+    Long localcoordHeight = 0;
+    std::array<Single, 4> window{};
     PixelRange columns;
     PixelRange rows;
 };
