@@ -79,7 +79,7 @@ public:
     void Set_Vertex(Single X, Single Y, Single W, Single H, std::uint32_t c0, std::uint32_t c1,
                     std::uint32_t c2, std::uint32_t c3);
 
-    // Kept: nothing calls it (Quads.SetShadowType1LeansLeft).
+    // Kept: nothing calls it (Quads.SetShadowLeansToTheSideOfItsType).
     // The quad as a slanted shadow whose lower edge is the rectangle's: leaning left (Type 1) or
     // right (2). Any other Type: nothing changes.
     void Set_Shadow(Byte Type, Single X, Single Y, Single W, Single H);

@@ -2,20 +2,18 @@
 //
 // Each addition as two pictures, on and off: the same small stage, read and drawn with additions
 // and plainly. As in Golden_test.cpp, with --update they are made anew.
-#include <memory>
 #include <ostream>
 #include <string>
+#include <vector>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "frames/PaintedStage.h"
+#include "frames/SoftEngine.h"
 #include "platform/headless/HeadlessClock.h"
 #include "platform/headless/HeadlessKeyboard.h"
-#include "platform/headless/HeadlessMessages.h"
 #include "platform/headless/HeadlessPointer.h"
-#include "platform/headless/HeadlessWindow.h"
-#include "platform/soft/SoftDirect3D.h"
 #include "render/Frame.h"
 #include "render/PrepareStage.h"
 #include "stage/LoadStage.h"
@@ -24,15 +22,14 @@
 namespace scenara::test {
 namespace {
 
-using testing::ElementsAre;
 using testing::IsEmpty;
 
 struct AdditionCase {
     const char* name;
     int frames;
     const char* keys;
-    const char* definition;
-    const char* plainText = nullptr;  // what is said with additions off
+    std::string definition;
+    std::vector<std::string> plainTexts = {};  // what is said with additions off
 };
 
 // What a test's name in a report ends with.
@@ -40,29 +37,29 @@ void PrintTo(const AdditionCase& golden, std::ostream* out) {
     *out << golden.name;
 }
 
-// Bounds that leave the camera room in every direction.
-constexpr const char* kRoom =
-    "[Camera]\nboundleft = -200\nboundright = 200\nboundhigh = -100\nboundlow = 0\n";
-
 // A picture half upon a floor: where it blends, both are seen.
 constexpr const char* kFloorAndArrow =
     "[BG floor]\ntype = normal\nspriteno = 3,0\nstart = 0,105\n"
     "[BG masked]\ntype = normal\nspriteno = 1,0\nstart = -80,120\nmask = 1\n";
 
+// With mask, without, and in front of an element without any blending.
+std::string ThreeArrows(const std::string& trans, const std::string& again) {
+    return "[BG]\ntype = normal\nspriteno = 1,0\nstart = -20,120\ntrans = " + trans +
+           "\n[BG]\ntype = normal\nspriteno = 1,0\nstart = 40,120\nmask = 1\ntrans = " + again +
+           "\n[BG]\ntype = normal\nspriteno = 1,0\nstart = 100,120\nmask = 1\n";
+}
+
+// Laid out for 640 x 480: a sheared floor, and arrows still, tiled and animated.
+constexpr const char* kLargeStage =
+    "[BG]\ntype = parallax\nspriteno = 3,0\nstart = 0,360\nxscale = 1,2\n"
+    "[BG]\ntype = normal\nspriteno = 1,0\nstart = -201,200\nmask = 1\n"
+    "[BG]\ntype = normal\nspriteno = 2,0\nstart = -100,100\ntile = 4,3\ntilespacing = 8,4\n"
+    "[BG]\ntype = anim\nactionno = 1\nstart = 200,200\n";
+
 const AdditionCase kCases[] = {
-    // With mask, without, and in front of an element without any blending.
-    {"blend_add", 1, "",
-     "[BG]\ntype = normal\nspriteno = 1,0\nstart = -20,120\ntrans = add\n"
-     "[BG]\ntype = normal\nspriteno = 1,0\nstart = 40,120\nmask = 1\ntrans = Add\n"
-     "[BG]\ntype = normal\nspriteno = 1,0\nstart = 100,120\nmask = 1\n"},
-    {"blend_add1", 1, "",
-     "[BG]\ntype = normal\nspriteno = 1,0\nstart = -20,120\ntrans = add1\n"
-     "[BG]\ntype = normal\nspriteno = 1,0\nstart = 40,120\nmask = 1\ntrans = add1\n"
-     "[BG]\ntype = normal\nspriteno = 1,0\nstart = 100,120\nmask = 1\n"},
-    {"blend_sub", 1, "",
-     "[BG]\ntype = normal\nspriteno = 1,0\nstart = -20,120\ntrans = sub\n"
-     "[BG]\ntype = normal\nspriteno = 1,0\nstart = 40,120\nmask = 1\ntrans = sub\n"
-     "[BG]\ntype = normal\nspriteno = 1,0\nstart = 100,120\nmask = 1\n"},
+    {"blend_add", 1, "", ThreeArrows("add", "Add")},
+    {"blend_add1", 1, "", ThreeArrows("add1", "add1")},
+    {"blend_sub", 1, "", ThreeArrows("sub", "sub")},
     // Half and half, mostly what lies behind, mostly itself, everything and nothing.
     {"blend_addalpha", 1, "",
      "[BG]\ntype = normal\nspriteno = 1,0\nstart = -30,120\ntrans = addalpha\nalpha = 128,128\n"
@@ -85,23 +82,16 @@ const AdditionCase kCases[] = {
      "[BG]\ntype = parallax\nspriteno = 2,0\nstart = 0,70\ntile = 1,0\ntilespacing = 6\n"
      "xscale = 1,4\ntrans = sub\n"
      "[BG]\ntype = normal\nspriteno = 1,0\nstart = 60,130\ntrans = add\nwindow = 0,95,319,120\n"},
-    // Laid out for 640 x 480: arrows still, tiled, animated, cut, moving, a sheared floor.
     {"hires", 20, "right:20",
-     "[StageInfo]\nhires = 1\n"
-     "[BG]\ntype = parallax\nspriteno = 3,0\nstart = 0,360\nxscale = 1,2\n"
-     "[BG]\ntype = normal\nspriteno = 1,0\nstart = -201,200\nmask = 1\n"
-     "[BG]\ntype = normal\nspriteno = 2,0\nstart = -100,100\ntile = 4,3\ntilespacing = 8,4\n"
-     "[BG]\ntype = anim\nactionno = 1\nstart = 200,200\n"
-     "[BG]\ntype = normal\nspriteno = 1,0\nstart = 0,300\nmask = 1\nwindow = 240,250,319,289\n"
-     "[BG]\ntype = normal\nspriteno = 1,0\nstart = -100,300\nmask = 1\nvelocity = 2,0\n"
-     "[Begin Action 1]\n1,0, 20,-20, -1, h\n"},
+     std::string("[StageInfo]\nhires = 1\n") + kLargeStage +
+         // Cut, and moving.
+         "[BG]\ntype = normal\nspriteno = 1,0\nstart = 0,300\nmask = 1\n"
+         "window = 240,250,319,289\n"
+         "[BG]\ntype = normal\nspriteno = 1,0\nstart = -100,300\nmask = 1\nvelocity = 2,0\n"
+         "[Begin Action 1]\n1,0, 20,-20, -1, h\n"},
     {"localcoord", 20, "right:20",
-     "[StageInfo]\nlocalcoord = 640,480\n"
-     "[BG]\ntype = parallax\nspriteno = 3,0\nstart = 0,360\nxscale = 1,2\n"
-     "[BG]\ntype = normal\nspriteno = 1,0\nstart = -201,200\nmask = 1\n"
-     "[BG]\ntype = normal\nspriteno = 2,0\nstart = -100,100\ntile = 4,3\ntilespacing = 8,4\n"
-     "[BG]\ntype = anim\nactionno = 1\nstart = 200,200\n"
-     "[Begin Action 1]\n1,0, 20,-20, -1, h\n"},
+     std::string("[StageInfo]\nlocalcoord = 640,480\n") + kLargeStage +
+         "[Begin Action 1]\n1,0, 20,-20, -1, h\n"},
     // A wide one, three times as high: the window is the right half of its 1280 columns.
     {"localcoord_wide", 1, "",
      "[StageInfo]\nlocalcoord = 1280,720\n"
@@ -121,29 +111,35 @@ const AdditionCase kCases[] = {
      "[BG]\ntype = anim\nactionno = 2\nstart = 80,60\nwindow = 210,60, 229,69\n"
      "[Begin Action 1]\n2,0, 0,0, -1\n[Begin Action 2]\n2,0, 0,0, -1, h\n"
      "[Begin Action 3]\n2,0, 40,0, -1, h\n"},
-    {"mirror_v", 1, "",
+    {"mirror_v",
+     1,
+     "",
      "[BG]\ntype = anim\nactionno = 1\nstart = -60,120\n"
      "[BG]\ntype = anim\nactionno = 2\nstart = 0,120\n"
      "[BG]\ntype = anim\nactionno = 3\nstart = 60,120\n"
      "[BG]\ntype = anim\nactionno = 2\nstart = 120,120\nwindow = 270,125, 289,149\n"
      "[Begin Action 1]\n1,0, 0,0, -1\n[Begin Action 2]\n1,0, 0,0, -1, v\n"
      "[Begin Action 3]\n1,0, 0,0, -1, h\n",
-     "vertical flip not coded yet dude.."},
-    {"mirror_hv", 1, "",
+     {"vertical flip not coded yet dude.."}},
+    {"mirror_hv",
+     1,
+     "",
      "[BG]\ntype = anim\nactionno = 1\nstart = -60,120\n"
      "[BG]\ntype = anim\nactionno = 2\nstart = 0,120\n"
      "[BG]\ntype = anim\nactionno = 2\nstart = 60,120\nwindow = 215,125, 229,149\n"
      "[Begin Action 1]\n1,0, 0,0, -1\n[Begin Action 2]\n1,0, 0,0, -1, hv\n",
-     "vertical flip not coded yet dude.."},
+     {"vertical flip not coded yet dude.."}},
     // A quarter of the swing: half a period.
     {"sin_x", 21, "",
      "[BG]\ntype = normal\nspriteno = 1,0\nstart = -80,120\nmask = 1\n"
      "[BG]\ntype = normal\nspriteno = 1,0\nstart = 0,120\nmask = 1\nsin.x = 30,40,0\n"
      "[BG]\ntype = normal\nspriteno = 2,0\nstart = 50,0\npositionlink = 1\n"},
-    {"windowdelta", 30, "right:30",
+    {"windowdelta",
+     30,
+     "right:30",
      "[BG]\ntype = normal\nspriteno = 2,0\nstart = 0,0\ntile = 1,1\ndelta = 0,0\n"
      "window = 120,80, 199,159\nwindowdelta = 1,0\n",
-     "Windowdelta not supported just yet.."},
+     {"Windowdelta not supported just yet.."}},
     // The camera rises as far as the file says; without, no picture row may come into view.
     {"upper_bound", 40, "up:30",
      "[BG]\ntype = normal\nspriteno = 1,0\nstart = 0,60\ndelta = .5,.5\nmask = 1\n"},
@@ -165,36 +161,27 @@ const AdditionCase kCases[] = {
 
 class AdditionsGolden : public testing::TestWithParam<AdditionCase> {
 protected:
-    static std::string Definition() {
-        const bool blends = std::string(GetParam().name).starts_with("blend");
-        const bool scaled = std::string(GetParam().definition).starts_with("[StageInfo]");
-        return std::string(kRoom) + kBackdrop + (scaled ? "tile = 1,1\n" : "") +
-               (blends ? kFloorAndArrow : "") + GetParam().definition;
-    }
-    static void Run(PaintedStage& stage) {
-        if (*GetParam().keys != '\0') {
-            stage.Hold(GetParam().keys);
-        }
-        stage.Run(GetParam().frames);
+    // With these messages, and then the picture of this name.
+    static void ExpectPicture(bool additions, const std::vector<std::string>& messages,
+                              const char* ending) {
+        const auto& [name, frames, keys, definition, plainTexts] = GetParam();
+        const bool blends = std::string(name).starts_with("blend");
+        const bool scaled = definition.starts_with("[StageInfo]");
+        PaintedStage stage(std::string(kRoom) + kBackdrop + (scaled ? "tile = 1,1\n" : "") +
+                               (blends ? kFloorAndArrow : "") + definition,
+                           ViewOptions{additions});
+        EXPECT_EQ(stage.MessageTexts(), messages);
+        stage.Run(keys, frames);
+        EXPECT_TRUE(MatchesGolden(std::string(name) + ending, stage.Picture()));
     }
 };
 
 TEST_P(AdditionsGolden, OnIsThePictureThatItWas) {
-    PaintedStage stage(Definition(), ViewOptions{true});
-    EXPECT_THAT(stage.MessageTexts(), IsEmpty());
-    Run(stage);
-    EXPECT_TRUE(MatchesGolden(std::string(GetParam().name) + "_on", stage.Picture()));
+    ExpectPicture(true, {}, "_on");
 }
 
 TEST_P(AdditionsGolden, OffIsThePictureThatItWas) {
-    PaintedStage stage(Definition(), ViewOptions{false});
-    if (GetParam().plainText == nullptr) {
-        EXPECT_THAT(stage.MessageTexts(), IsEmpty());
-    } else {
-        EXPECT_THAT(stage.MessageTexts(), ElementsAre(GetParam().plainText));
-    }
-    Run(stage);
-    EXPECT_TRUE(MatchesGolden(std::string(GetParam().name) + "_off", stage.Picture()));
+    ExpectPicture(false, GetParam().plainTexts, "_off");
 }
 
 INSTANTIATE_TEST_SUITE_P(Addition, AdditionsGolden, testing::ValuesIn(kCases),
@@ -250,43 +237,33 @@ TEST_F(BlendedPixels, InAPlainViewAreThePictures) {
 
 // --- Deform, which is a flag of the view ---
 
-// A stage on the soft device with the flag set, after one frame.
-class DeformedStage {
+// A stage with the flag set, after one frame.
+class DeformedStage : public SoftEngine {
 public:
     DeformedStage(const std::string& definition, bool additions) : view_{additions} {
         files_.Put("/mugen/stages/painted.sff", std::span(PaintedArchive()));
         files_.Put("/mugen/stages/painted.def", "[BGdef]\nspr = stages/painted.sff\n" + definition);
-        engine_.Engine_Init();
         std::string path = "/mugen/stages/painted.def";
-        EXPECT_TRUE(LoadStage(
-            model_, path,
-            {files_, messages_, window_, engine_.Device(), view_, View(), "/mugen/", {}}));
-        EXPECT_THAT(messages_.Recorded(), IsEmpty());
-        PlaceCamera(model_, camera_);
-        PrepareElements(model_, view_, View());
+        EXPECT_TRUE(
+            LoadStage(model, path,
+                      {files_, messages, window, engine.Device(), view_, View(), "/mugen/", {}}));
+        EXPECT_THAT(messages.Recorded(), IsEmpty());
+        PlaceCamera(model, camera_);
+        PrepareElements(model, view_, View());
         flags_.Deform = kByteTrue;
-        DrawScene(engine_, tiles_, flags_);
-    }
-    [[nodiscard]] std::span<const std::uint32_t> Picture() const {
-        return direct3D_.Device()->BackBuffer();
+        DrawScene(engine, tiles_, flags_);
     }
 
 private:
     ViewOptions view_;
     MemoryFiles files_;
-    HeadlessMessages messages_;
-    HeadlessWindow window_;
     HeadlessKeyboard keyboard_;
     HeadlessClock clock_;
     HeadlessPointer pointer_;
-    SoftDirect3D direct3D_{std::make_shared<TextureMemory>()};
-    StageModel model_;
     Camera camera_;
     ViewFlags flags_;
-    View picture_;
-    Engine engine_{direct3D_, window_, messages_, model_, picture_};
     TileEngine tiles_{
-        engine_, model_, camera_, picture_, flags_, view_, {keyboard_, clock_, pointer_, window_}};
+        engine, model, camera_, picture, flags_, view_, {keyboard_, clock_, pointer_, window}};
 };
 
 // With the camera 50 up and 30 to the right: a floor half as high again, one that shrinks, and a
@@ -302,8 +279,8 @@ TEST(AdditionsGoldenDeform, StretchesParallaxPictures) {
         "yscalestart = 50\n"
         "[BG]\ntype = parallax\nspriteno = 1,0\nstart = 0,210\ndelta = 0,0\nmask = 1\n"
         "yscalestart = 50\ntrans = add\n";
-    EXPECT_TRUE(MatchesGolden("deform_on", DeformedStage(definition, true).Picture()));
-    EXPECT_TRUE(MatchesGolden("deform_off", DeformedStage(definition, false).Picture()));
+    EXPECT_TRUE(MatchesGolden("deform_on", DeformedStage(definition, true).Pixels()));
+    EXPECT_TRUE(MatchesGolden("deform_off", DeformedStage(definition, false).Pixels()));
 }
 
 }  // namespace

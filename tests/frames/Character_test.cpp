@@ -4,7 +4,7 @@
 // numbers where it stands, how the camera goes along, and that nothing of it is seen plainly.
 #include <cstdint>
 #include <fstream>
-#include <iterator>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -64,37 +64,28 @@ samplemaker::Sff1Subfile Person(std::int16_t group, std::int16_t image, int back
     return subfile;
 }
 
+std::unique_ptr<MemoryFiles> PersonFiles(const std::string& size) {
+    auto files = std::make_unique<MemoryFiles>();
+    files->Put("/mugen/chars/person.def",
+               "displayname = Person\n[Files]\nanim = person.air\nsprite = person.sff\n"
+               "cns = person.cns\n");
+    files->Put("/mugen/chars/person.cns", "[Size]\n" + size + "walk.fwd = 2\n");
+    files->Put("/mugen/chars/person.air",
+               "[Begin Action 0]\n0,0, 0,0, -1\n[Begin Action 5]\n0,0, 0,0, 4, H\n"
+               "[Begin Action 20]\n20,0, 0,0, 5\n20,1, 0,0, 5\n");
+    files->Put("/mugen/chars/person.sff",
+               std::span<const std::byte>(
+                   samplemaker::WriteSff1({Person(0, 0, 0), Person(20, 0, 1), Person(20, 1, 2)})));
+    return files;
+}
+
 // The painted stage with a person on it, who walks 2 pixels a frame and turns in 4.
-class PeopledStage {
+class PeopledStage : public PaintedStage {
 public:
     explicit PeopledStage(const std::string& definition, bool additions = true,
                           const std::string& size = "")
-        : machine_(files_, {}, ViewOptions{additions}) {
-        files_.Put("/mugen/stages/painted.sff", std::span(PaintedArchive()));
-        files_.Put("/mugen/stages/painted.def", "[BGdef]\nspr = stages/painted.sff\n" + definition);
-        files_.Put("/mugen/chars/person.def",
-                   "displayname = Person\n[Files]\nanim = person.air\nsprite = person.sff\n"
-                   "cns = person.cns\n");
-        files_.Put("/mugen/chars/person.cns", "[Size]\n" + size + "walk.fwd = 2\n");
-        files_.Put("/mugen/chars/person.air",
-                   "[Begin Action 0]\n0,0, 0,0, -1\n[Begin Action 5]\n0,0, 0,0, 4, H\n"
-                   "[Begin Action 20]\n20,0, 0,0, 5\n20,1, 0,0, 5\n");
-        files_.Put("/mugen/chars/person.sff",
-                   std::span<const std::byte>(samplemaker::WriteSff1(
-                       {Person(0, 0, 0), Person(20, 0, 1), Person(20, 1, 2)})));
-        EXPECT_TRUE(
-            machine_.Start("/mugen/stages/painted.def", "/mugen/", "/mugen/chars/person.def"));
-        EXPECT_THAT(machine_.Recorded(), IsEmpty());
-    }
-
-    void Run(const std::string& keys, int frames) {
-        const KeyScript script = keys.empty() ? KeyScript() : KeyScript(keys);
-        for (int frame = 1; frame <= frames; ++frame) {
-            machine_.RunFrame(script.KeysOfFrame(frame), false);
-        }
-    }
-    [[nodiscard]] std::uint32_t Rgb(int x, int y) const {
-        return machine_.Picture().at(static_cast<std::size_t>(y * View().width + x)) & 0xFFFFFFU;
+        : PaintedStage(definition, ViewOptions{additions}, PersonFiles(size), "person.def") {
+        EXPECT_THAT(MessageTexts(), IsEmpty());
     }
     // The columns of a row that have this colour, as first and last; -1 when there is none.
     [[nodiscard]] std::pair<int, int> Columns(int y, std::uint32_t rgb) const {
@@ -107,11 +98,6 @@ public:
         }
         return columns;
     }
-    [[nodiscard]] ShotMachine& Machine() { return machine_; }
-
-private:
-    MemoryFiles files_;
-    ShotMachine machine_;
 };
 
 using Span = std::pair<int, int>;
@@ -125,9 +111,11 @@ constexpr const char* kGround =
 constexpr std::uint32_t kTileEdge = 0xF0C840;
 constexpr const char* kGroundTile =
     "[BG floor]\ntype = normal\nspriteno = 2,0\nstart = 0,205\ndelta = 1,1\n";
+const std::string kGroundAndBackdrop = std::string(kGround) + kBackdrop;
+const std::string kGroundAndTile = kGroundAndBackdrop + kGroundTile;
 
 TEST(Character, StandsWithItsAxisOnTheGroundLine) {
-    PeopledStage stage(std::string(kGround) + kBackdrop);
+    PeopledStage stage(kGroundAndBackdrop);
     stage.Run("", 1);
     // X is 160 - 70; the axis is column 5, row 29, of the picture: left edge 85, upper edge 181.
     EXPECT_EQ(stage.Columns(190, kBlue), Span(87, 92));
@@ -138,22 +126,22 @@ TEST(Character, StandsWithItsAxisOnTheGroundLine) {
 }
 
 TEST(Character, LooksTheOtherWayAboutItsAxis) {
-    PeopledStage stage(std::string(kGround) + kBackdrop);
+    PeopledStage stage(kGroundAndBackdrop);
     stage.Run("left:1", 8);
     // The right edge at 90 + 5: the body's columns 2 to 7 from 87 to 92, the nose before them.
-    EXPECT_EQ(stage.Machine().TestChar().Characters.at(0).Action, kStanding);
+    EXPECT_EQ(stage.Hero().Action, kStanding);
     EXPECT_EQ(stage.Columns(190, kBlue), Span(87, 92));
     EXPECT_EQ(stage.Columns(187, kYellow), Span(85, 86));
 }
 
 TEST(Character, WalksAndThenTakesTheCameraAlong) {
-    PeopledStage stage(std::string(kGround) + kBackdrop + kGroundTile);
+    PeopledStage stage(kGroundAndTile);
     stage.Run("right:35", 35);
-    EXPECT_EQ(stage.Machine().Model().CamX, 0.0F);
-    EXPECT_EQ(stage.Machine().TestChar().Characters.at(0).X, 160.0F);
+    EXPECT_EQ(stage.Model().CamX, 0.0F);
+    EXPECT_EQ(stage.Hero().X, 160.0F);
     stage.Run("right:10", 10);
-    EXPECT_EQ(stage.Machine().Model().CamX, -20.0F);
-    EXPECT_EQ(stage.Machine().TestChar().Characters.at(0).X, 180.0F);
+    EXPECT_EQ(stage.Model().CamX, -20.0F);
+    EXPECT_EQ(stage.Hero().X, 180.0F);
     // In the last frame the camera stood at 18 still for both: the floor at 160 - 18.
     EXPECT_EQ(stage.Columns(190, kBlue), Span(157, 162));
     EXPECT_EQ(stage.Columns(215, kTileEdge), Span(142, 142));
@@ -179,8 +167,8 @@ TEST(Character, StaysInTheMiddleAndOnTheFloorWhateverZAndAMakeOfTheSteps) {
                            kBackdrop + kGroundTile);
         stage.Run(before, 200);
         stage.Run("right:40,right" + std::string(meanwhile) + ":33,none:2", 75);
-        EXPECT_EQ(stage.Machine().Model().CamX, -76.0F);
-        EXPECT_EQ(stage.Machine().TestChar().Characters.at(0).X, 236.0F);
+        EXPECT_EQ(stage.Model().CamX, -76.0F);
+        EXPECT_EQ(stage.Hero().X, 236.0F);
         int feet = 0;
         while (feet < View().height - 1 && stage.Columns(feet, kGreen) != Span(157, 162)) {
             ++feet;
@@ -192,7 +180,7 @@ TEST(Character, StaysInTheMiddleAndOnTheFloorWhateverZAndAMakeOfTheSteps) {
 }
 
 TEST(Character, StandsStillOnTheFloorWhenItStops) {
-    PeopledStage stage(std::string(kGround) + kBackdrop + kGroundTile);
+    PeopledStage stage(kGroundAndTile);
     stage.Run("right:45", 46);
     const Span body = stage.Columns(190, kBlue);
     stage.Run("", 3);
@@ -205,18 +193,17 @@ TEST(Character, StaysWithinTheStage) {
     PeopledStage stage(std::string(kGround) + "[PlayerInfo]\nscreenleft = 15\nscreenright = 15\n" +
                        kBackdrop);
     stage.Run("right:400", 400);
-    EXPECT_EQ(stage.Machine().Model().CamX, -100.0F);
-    EXPECT_EQ(stage.Machine().TestChar().Characters.at(0).X, 404.0F)
-        << "the last whole step before 405";
+    EXPECT_EQ(stage.Model().CamX, -100.0F);
+    EXPECT_EQ(stage.Hero().X, 404.0F) << "the last whole step before 405";
     stage.Run("left:500", 500);
-    EXPECT_EQ(stage.Machine().Model().CamX, 100.0F);
-    EXPECT_EQ(stage.Machine().TestChar().Characters.at(0).X, -84.0F);
+    EXPECT_EQ(stage.Model().CamX, 100.0F);
+    EXPECT_EQ(stage.Hero().X, -84.0F);
 }
 
 TEST(Character, GoesDownInTheViewAsTheCameraRises) {
-    PeopledStage stage(std::string(kGround) + kBackdrop);
+    PeopledStage stage(kGroundAndBackdrop);
     stage.Run("up:10", 12);
-    EXPECT_EQ(stage.Machine().Model().CamY, -20.0F) << "two steps a frame";
+    EXPECT_EQ(stage.Model().CamY, -20.0F) << "two steps a frame";
     EXPECT_EQ(stage.Columns(230, kGreen), Span(87, 92));
 }
 
@@ -243,14 +230,14 @@ TEST(Character, GoesUpAndDownWithAnElementThatAControllerMoves) {
         "[BGCtrlDef]\nctrlid = 7\n[BGCtrl]\ntype = posadd\ntime = 0,200\ny = 2\n");
     for (const int frame : {1, 2, 3}) {
         stage.Run("", 1);
-        const float lift = stage.Machine().Model().Elements.back().posY;
+        const float lift = stage.Model().Elements.back().posY;
         EXPECT_EQ(lift, static_cast<float>(100 + 2 * frame));
         EXPECT_EQ(stage.Columns(100 + 2 * frame, kGreen), Span(87, 92)) << frame;
     }
 }
 
 TEST(Character, IsDrawnBetweenTheLayers) {
-    PeopledStage stage(std::string(kGround) + kBackdrop +
+    PeopledStage stage(kGroundAndBackdrop +
                        "[BG front]\ntype = normal\nlayerno = 1\nspriteno = 1,0\nstart = -70,205\n"
                        "mask = 1\n");
     stage.Run("", 1);
@@ -259,12 +246,12 @@ TEST(Character, IsDrawnBetweenTheLayers) {
 }
 
 TEST(Character, IsNotSeenPlainlyAndTheKeysMoveTheCamera) {
-    PeopledStage stage(std::string(kGround) + kBackdrop, false);
+    PeopledStage stage(kGroundAndBackdrop, false);
     stage.Run("right:3", 3);
     EXPECT_EQ(stage.Columns(190, kBlue), Span(-1, -1));
-    EXPECT_EQ(stage.Machine().Model().CamX, -12.0F) << "six of its steps";
-    EXPECT_TRUE(stage.Machine().TestChar().CharLoaded);
-    EXPECT_EQ(stage.Machine().TestChar().Characters.at(0).X, 90.0F);
+    EXPECT_EQ(stage.Model().CamX, -12.0F) << "six of its steps";
+    EXPECT_TRUE(stage.TestChar().CharLoaded);
+    EXPECT_EQ(stage.Hero().X, 90.0F);
 }
 
 TEST(Character, KeepsItsSizeOnStagesOfMorePixels) {
@@ -278,63 +265,37 @@ TEST(Character, KeepsItsSizeOnStagesOfMorePixels) {
 }
 
 TEST(Character, AsksForNoMemoryWhileItWalks) {
-    PeopledStage stage(std::string(kGround) + kBackdrop + kGroundTile);
-    stage.Run("right:20,left:20", 60);
-    const KeyScript script("right:30,left:60,right:10");
-    ShotMachine& machine = stage.Machine();
+    PeopledStage stage(kGroundAndTile);
+    stage.Run("right:20,left:20,none:20,right:30,left:60,right:10", 60);
     const std::size_t before = AllocationCount();
-    for (int frame = 1; frame <= 100; ++frame) {
-        machine.RunFrame(script.KeysOfFrame(frame), false);
-    }
+    stage.Run(100);
     EXPECT_EQ(AllocationCount(), before);
 }
 
 // Standing, walking, in a turn, looking left; as it is and scaled.
 TEST(CharacterGolden, Walk) {
-    PeopledStage stage(std::string(kGround) + kBackdrop + kGroundTile);
+    PeopledStage stage(kGroundAndTile);
     stage.Run("right:60", 60);
-    EXPECT_TRUE(MatchesGolden("character_right", stage.Machine().Picture()));
+    EXPECT_TRUE(MatchesGolden("character_right", stage.Picture()));
     stage.Run("left:3", 3);
-    EXPECT_TRUE(MatchesGolden("character_turn", stage.Machine().Picture()));
+    EXPECT_TRUE(MatchesGolden("character_turn", stage.Picture()));
     stage.Run("left:30", 30);
-    EXPECT_TRUE(MatchesGolden("character_left", stage.Machine().Picture()));
+    EXPECT_TRUE(MatchesGolden("character_left", stage.Picture()));
 }
 
 TEST(CharacterGolden, Scaled) {
-    PeopledStage stage(std::string(kGround) + kBackdrop, true, "xscale = 1.5\nyscale = 2\n");
+    PeopledStage stage(kGroundAndBackdrop, true, "xscale = 1.5\nyscale = 2\n");
     stage.Run("right:9", 9);
-    EXPECT_TRUE(MatchesGolden("character_scaled", stage.Machine().Picture()));
+    EXPECT_TRUE(MatchesGolden("character_scaled", stage.Picture()));
 }
 
 // --- characters of others, and our own ---
 
-// What a character does on a stage of a MUGEN folder.
-class RealStage {
-public:
-    RealStage(const std::string& mugen, const std::string& stage, const std::string& character)
-        : machine_(files_, {}, ViewOptions{}) {
-        started_ = machine_.Start(mugen + "/stages/" + stage, mugen, mugen + "/chars/" + character);
-    }
-    [[nodiscard]] bool Started() const { return started_ && machine_.TestChar().CharLoaded; }
-    [[nodiscard]] const TestCharacter& Hero() const { return machine_.TestChar().Characters.at(0); }
-    [[nodiscard]] const StageModel& Model() const { return machine_.Model(); }
-    void Run(const std::string& keys, int frames) {
-        const KeyScript script = keys.empty() ? KeyScript() : KeyScript(keys);
-        for (int frame = 1; frame <= frames; ++frame) {
-            machine_.RunFrame(script.KeysOfFrame(frame), false);
-        }
-    }
-    // The row of the view that its axis stands on.
-    [[nodiscard]] float FeetRow() const {
-        const CharSprite& sprite = Hero().Sprites.at(static_cast<std::size_t>(Hero().DrawTexture));
-        return Hero().DrawY + static_cast<float>(sprite.axisY) * Hero().YScale;
-    }
-
-private:
-    PosixFiles files_{""};
-    ShotMachine machine_;
-    bool started_ = false;
-};
+// The row of the view that a character's axis stands on.
+float FeetRow(const TestCharacter& hero) {
+    const CharSprite& sprite = hero.Sprites.at(static_cast<std::size_t>(hero.DrawTexture));
+    return hero.DrawY + static_cast<float>(sprite.axisY) * hero.YScale;
+}
 
 struct RealCase {
     const char* folder;
@@ -350,8 +311,10 @@ TEST_P(RealCharacters, StandWalkBothWaysAndTurn) {
         GTEST_SKIP() << "no " << character << " in " << folder
                      << "/chars (set SCENARA_SAMPLE_DATA to a MUGEN folder)";
     }
-    RealStage stage(folder, stageName, character);
-    ASSERT_TRUE(stage.Started());
+    const std::string mugen = folder;
+    ShotStage stage(std::make_unique<PosixFiles>(""), mugen + "/stages/" + stageName, mugen,
+                    mugen + "/chars/" + character, ViewOptions());
+    ASSERT_TRUE(stage.TestChar().CharLoaded);
     for (const CharAction& action : stage.Hero().Actions) {
         EXPECT_FALSE(action.frames.empty());
         for (const CharFrame& frame : action.frames) {
@@ -359,7 +322,7 @@ TEST_P(RealCharacters, StandWalkBothWaysAndTurn) {
         }
     }
     stage.Run("", 1);
-    EXPECT_EQ(stage.FeetRow(), static_cast<float>(stage.Model().ZOffset));
+    EXPECT_EQ(FeetRow(stage.Hero()), static_cast<float>(stage.Model().ZOffset));
     const float start = stage.Hero().X;
     EXPECT_EQ(start, static_cast<float>(stage.Model().P1StartX) + 160);
     stage.Run("right:100", 100);
@@ -374,7 +337,7 @@ TEST_P(RealCharacters, StandWalkBothWaysAndTurn) {
     EXPECT_LT(stage.Hero().X, right - 100);
     stage.Run("", 2);
     EXPECT_EQ(stage.Hero().Action, kStanding);
-    EXPECT_EQ(stage.FeetRow(), static_cast<float>(stage.Model().ZOffset));
+    EXPECT_EQ(FeetRow(stage.Hero()), static_cast<float>(stage.Model().ZOffset));
 }
 
 INSTANTIATE_TEST_SUITE_P(

@@ -3,70 +3,49 @@
 // The engine on the soft device: what a double can only promise is seen in pixels.
 #include <array>
 #include <cstdint>
-#include <memory>
-#include <vector>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "base/RunTimeError.h"
-#include "platform/headless/HeadlessMessages.h"
-#include "platform/headless/HeadlessWindow.h"
-#include "platform/soft/SoftDirect3D.h"
-#include "render/Engine.h"
+#include "frames/SoftEngine.h"
 #include "render/Frame.h"
 #include "render/Require.h"
-#include "stage/StageModel.h"
 
 namespace scenara::test {
 namespace {
 
 using testing::Each;
-using testing::SizeIs;
 using testing::StartsWith;
 using testing::ThrowsMessage;
 
 constexpr std::uint32_t kRgb = 0xFFFFFF;
 constexpr std::uint32_t kOrange = 0xFFFF8000;
 
-class EngineOnSoftDevice : public testing::Test {
+class EngineOnSoftDevice : public testing::Test, protected SoftEngine {
 protected:
     // A sprite of 4 x 2 pixels: orange, but for its first column, which is transparent black.
     void SetUp() override {
-        engine_.Engine_Init();
-        ASSERT_TRUE(engine_.HasDevice());
-        TextureParameters parameters;
-        parameters.width = 4;
-        parameters.height = 2;
-        SpriteEntry sprite;
-        sprite.texture = engine_.Device().CreateTexture(parameters);
-        sprite.width = 4;
-        sprite.height = 2;
-        const LockedPixels pixels = sprite.texture->LockRect();
-        for (std::size_t i = 0; i < 8; ++i) {
-            pixels.words[i] = i % 4 == 0 ? 0x00000000 : kOrange;
-        }
-        sprite.texture->UnlockRect();
-        model_.Sprites.push_back(sprite);
-        model_.SpriteCount = 1;
+        ASSERT_TRUE(engine.HasDevice());
+        Sprite(4, 2, [i = 0]() mutable { return i++ % 4 == 0 ? 0x00000000 : kOrange; });
     }
 
-    void Blit(Long x, Long y) { engine_.D3DBlt(model_.Sprites[0].texture, 0, x, y, 4, 2, 0, 0); }
-
-    [[nodiscard]] std::uint32_t Pixel(std::size_t x, std::size_t y) const {
-        return machine_.Device()->BackBuffer()[y * View().width + x] & kRgb;
+    void Blit(Long x, Long y) { engine.D3DBlt(model.Sprites[0].texture, 0, x, y, 4, 2, 0, 0); }
+    // A quad over all of the view, without a texture.
+    void FillView(const std::array<std::uint32_t, 4>& colors) {
+        ASSERT_EQ(engine.Device().BeginScene(), D3D_OK);
+        ASSERT_EQ(engine.Device().SetTexture(0, nullptr), D3D_OK);
+        engine.Set_Vertex(0, 0, 320, 240, colors[0], colors[1], colors[2], colors[3]);
+        engine.DrawQuad();
     }
 
-    SoftDirect3D machine_{std::make_shared<TextureMemory>()};
-    HeadlessWindow window_;
-    HeadlessMessages messages_;
-    StageModel model_;
-    View picture_;
-    Engine engine_{machine_, window_, messages_, model_, picture_};
+    [[nodiscard]] std::uint32_t Pixel(std::size_t x, std::size_t y) {
+        return Pixels()[y * View().width + x] & kRgb;
+    }
 };
 
 TEST_F(EngineOnSoftDevice, ANewDeviceDrawsOpaque) {
-    ASSERT_EQ(engine_.Device().BeginScene(), D3D_OK);
+    ASSERT_EQ(engine.Device().BeginScene(), D3D_OK);
     Blit(10, 20);
     EXPECT_EQ(Pixel(10, 20), 0U);
     EXPECT_EQ(Pixel(11, 20), kOrange & kRgb);
@@ -77,62 +56,42 @@ TEST_F(EngineOnSoftDevice, ANewDeviceDrawsOpaque) {
 }
 
 TEST_F(EngineOnSoftDevice, ALostDeviceFailsToDrawUntilItIsReset) {
-    machine_.Device()->Lose();
-    EXPECT_THAT([&] { Require(engine_.Device().BeginScene(), "BeginScene"); },
+    machine.Device()->Lose();
+    EXPECT_THAT([&] { Require(engine.Device().BeginScene(), "BeginScene"); },
                 ThrowsMessage<RunTimeError>(StartsWith("Direct3D error: BeginScene")));
     EXPECT_THAT([&] { Blit(0, 0); }, ThrowsMessage<RunTimeError>(StartsWith("Direct3D error")));
-    PresentFrame(engine_);  // ignored
+    PresentFrame(engine);  // ignored
 
-    EXPECT_EQ(engine_.Engine_Device_Status(), 0) << "cannot be reset yet: left alone";
-    EXPECT_EQ(engine_.Device().TestCooperativeLevel(), D3DERR_DEVICELOST);
-    EXPECT_EQ(engine_.Engine_Device_Reset(), D3DERR_DEVICELOST) << "the number of the error";
+    EXPECT_EQ(engine.Engine_Device_Status(), 0) << "cannot be reset yet: left alone";
+    EXPECT_EQ(engine.Device().TestCooperativeLevel(), D3DERR_DEVICELOST);
+    EXPECT_EQ(engine.Engine_Device_Reset(), D3DERR_DEVICELOST) << "the number of the error";
 
-    machine_.Device()->AllowReset();
-    EXPECT_EQ(engine_.Device().TestCooperativeLevel(), D3DERR_DEVICENOTRESET);
-    EXPECT_EQ(engine_.Engine_Device_Status(), 0);
-    EXPECT_EQ(engine_.Device().TestCooperativeLevel(), D3D_OK);
-    ASSERT_EQ(engine_.Device().BeginScene(), D3D_OK);
+    machine.Device()->AllowReset();
+    EXPECT_EQ(engine.Device().TestCooperativeLevel(), D3DERR_DEVICENOTRESET);
+    EXPECT_EQ(engine.Engine_Device_Status(), 0);
+    EXPECT_EQ(engine.Device().TestCooperativeLevel(), D3D_OK);
+    ASSERT_EQ(engine.Device().BeginScene(), D3D_OK);
     Blit(10, 20);
     EXPECT_EQ(Pixel(11, 20), kOrange & kRgb) << "textures stay";
 }
 
 TEST_F(EngineOnSoftDevice, AResetDeviceBlendsFromThenOn) {
-    machine_.Device()->Lose();
-    machine_.Device()->AllowReset();
-    ASSERT_EQ(engine_.Engine_Device_Reset(), 0);
-    ASSERT_EQ(engine_.Device().BeginScene(), D3D_OK);
+    machine.Device()->Lose();
+    machine.Device()->AllowReset();
+    ASSERT_EQ(engine.Engine_Device_Reset(), 0);
+    ASSERT_EQ(engine.Device().BeginScene(), D3D_OK);
     Blit(9, 20);
     Blit(12, 20);  // its transparent column over an orange one
     EXPECT_EQ(Pixel(12, 20), kOrange & kRgb);
 }
 
-TEST_F(EngineOnSoftDevice, AStartThatFailsAtAnyStepLeavesNothingToDrawWith) {
-    for (const StartStep step : {StartStep::DirectX8, StartStep::Direct3D8, StartStep::D3DX8,
-                                 StartStep::DisplayMode, StartStep::Device, StartStep::Font}) {
-        machine_.FailAt(step);
-        const std::size_t before = messages_.Recorded().size();
-        engine_.Engine_Init();
-        EXPECT_FALSE(engine_.HasDevice());
-        EXPECT_EQ(machine_.Device(), nullptr);
-        EXPECT_THAT(messages_.Recorded(), SizeIs(before + 1)) << "one message";
-        EXPECT_THAT([&] { Blit(0, 0); },
-                    ThrowsMessage<RunTimeError>(StartsWith("Object variable not set")));
-    }
-    machine_.FailAt(std::nullopt);
-    engine_.Engine_Init();
-    EXPECT_TRUE(engine_.HasDevice()) << "and the next start succeeds";
-}
-
 TEST_F(EngineOnSoftDevice, TheShadowDarkensASlantedShape) {
-    ASSERT_EQ(engine_.Device().BeginScene(), D3D_OK);
-    ASSERT_EQ(engine_.Device().SetTexture(0, nullptr), D3D_OK);
-    engine_.Set_Vertex(0, 0, 320, 240, 0xFFFFFFFF, 0xFFFFFFFF, 0xFFFFFFFF, 0xFFFFFFFF);
-    engine_.DrawQuad();
-    ASSERT_EQ(engine_.Device().SetRenderState(D3DRS_SRCBLEND, D3DBLEND_SRCALPHA), D3D_OK);
-    ASSERT_EQ(engine_.Device().SetRenderState(D3DRS_DESTBLEND, D3DBLEND_INVSRCALPHA), D3D_OK);
-    ASSERT_EQ(engine_.Device().SetRenderState(D3DRS_ALPHABLENDENABLE, 1), D3D_OK);
-    engine_.Set_Shadow(1, 128, 56, 64, 128);
-    engine_.DrawQuad();
+    FillView({0xFFFFFFFF, 0xFFFFFFFF, 0xFFFFFFFF, 0xFFFFFFFF});
+    ASSERT_EQ(engine.Device().SetRenderState(D3DRS_SRCBLEND, D3DBLEND_SRCALPHA), D3D_OK);
+    ASSERT_EQ(engine.Device().SetRenderState(D3DRS_DESTBLEND, D3DBLEND_INVSRCALPHA), D3D_OK);
+    ASSERT_EQ(engine.Device().SetRenderState(D3DRS_ALPHABLENDENABLE, 1), D3D_OK);
+    engine.Set_Shadow(1, 128, 56, 64, 128);
+    engine.DrawQuad();
     // Alpha 100 of 255 over white: 255 * 155 / 255.
     EXPECT_EQ(Pixel(160, 183), 0x9B9B9BU) << "above the lower edge, from 128 to 192";
     EXPECT_EQ(Pixel(98, 121), 0x9B9B9BU) << "the upper edge begins half a width further left";
@@ -142,10 +101,7 @@ TEST_F(EngineOnSoftDevice, TheShadowDarkensASlantedShape) {
 }
 
 TEST_F(EngineOnSoftDevice, TheGradientHasItsColoursInTheCorners) {
-    ASSERT_EQ(engine_.Device().BeginScene(), D3D_OK);
-    ASSERT_EQ(engine_.Device().SetTexture(0, nullptr), D3D_OK);
-    engine_.Set_Vertex(0, 0, 320, 240, 0xFFFF0000, 0xFF00FF00, 0xFF0000FF, 0xFFFFE100);
-    engine_.DrawQuad();
+    FillView({0xFFFF0000, 0xFF00FF00, 0xFF0000FF, 0xFFFFE100});
     const auto near = [](std::uint32_t a, std::uint32_t b) {
         for (const unsigned shift : {0U, 8U, 16U}) {
             const int difference =
@@ -163,7 +119,7 @@ TEST_F(EngineOnSoftDevice, TheGradientHasItsColoursInTheCorners) {
 }
 
 TEST_F(EngineOnSoftDevice, TextStaysInItsRectangle) {
-    engine_.Draw_Text(5, 5, 40, 20, "Cam 0,0  60 FPS and more", -1, 0);
+    engine.Draw_Text(5, 5, 40, 20, "Cam 0,0  60 FPS and more", -1, 0);
     std::size_t inside = 0;
     for (std::size_t y = 0; y < 240; ++y) {
         for (std::size_t x = 0; x < 320; ++x) {

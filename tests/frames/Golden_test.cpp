@@ -26,10 +26,6 @@ void PrintTo(const GoldenCase& golden, std::ostream* out) {
     *out << golden.name;
 }
 
-// Bounds that leave the camera room in every direction.
-constexpr const char* kRoom =
-    "[Camera]\nboundleft = -200\nboundright = 200\nboundhigh = -100\nboundlow = 0\n";
-
 const GoldenCase kCases[] = {
     // An opaque picture shows colour 0 in its own colour, a masked one nothing there.
     {"mask", 1, "",
@@ -141,19 +137,13 @@ const GoldenCase kCases[] = {
      false},
 };
 
-std::string Definition(const GoldenCase& golden) {
-    return std::string(kRoom) + (golden.backdrop ? kBackdrop : "") + golden.definition;
-}
-
 class Golden : public testing::TestWithParam<GoldenCase> {};
 
 TEST_P(Golden, IsThePictureThatItWas) {
-    PaintedStage stage(Definition(GetParam()));
+    PaintedStage stage(std::string(kRoom) + (GetParam().backdrop ? kBackdrop : "") +
+                       GetParam().definition);
     EXPECT_TRUE(stage.MessageTexts().empty()) << stage.MessageTexts().front();
-    if (*GetParam().keys != '\0') {
-        stage.Hold(GetParam().keys);
-    }
-    stage.Run(GetParam().frames);
+    stage.Run(GetParam().keys, GetParam().frames);
     EXPECT_TRUE(MatchesGolden(GetParam().name, stage.Picture()));
 }
 

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <stdexcept>
+#include <utility>
 
 #include "samplemaker/Canvas.h"
 #include "samplemaker/PcxWriter.h"
@@ -108,6 +109,14 @@ std::vector<std::byte> Archive() {
     return WriteSff1(subfiles);
 }
 
+std::unique_ptr<MemoryFiles> WithStage(std::unique_ptr<MemoryFiles> files,
+                                       std::string_view definition) {
+    files->Put("/mugen/stages/painted.sff", std::span(PaintedArchive()));
+    files->Put("/mugen/stages/painted.def",
+               std::string("[BGdef]\r\nspr = stages/painted.sff\r\n").append(definition));
+    return files;
+}
+
 }  // namespace
 
 const std::vector<std::byte>& PaintedArchive() {
@@ -115,33 +124,47 @@ const std::vector<std::byte>& PaintedArchive() {
     return kArchive;
 }
 
-PaintedStage::PaintedStage(std::string_view definition, const ViewOptions& view)
-    : machine_(files_, {}, view) {
-    files_.Put("/mugen/stages/painted.sff", std::span(PaintedArchive()));
-    files_.Put("/mugen/stages/painted.def",
-               std::string("[BGdef]\r\nspr = stages/painted.sff\r\n").append(definition));
-    if (!machine_.Start("/mugen/stages/painted.def", "/mugen/")) {
-        throw std::runtime_error("the painted stage does not load");
+ShotStage::ShotStage(std::unique_ptr<Files> files, const std::string& stageFile,
+                     const std::string& mugenFolder, const std::string& charFile,
+                     const ViewOptions& view)
+    : files_(std::move(files)), machine_(*files_, {}, view) {
+    if (!machine_.Start(stageFile, mugenFolder, charFile)) {
+        throw std::runtime_error("the stage does not load");
     }
 }
 
-void PaintedStage::Run(int frames) {
+void ShotStage::Run(int frames) {
     for (int i = 0; i < frames; ++i) {
         machine_.RunFrame(keys_.KeysOfFrame(++frame_), info_);
     }
 }
 
-std::uint32_t PaintedStage::Rgb(int x, int y) const {
+void ShotStage::Hold(std::string_view keyScript) {
+    keys_ = keyScript.empty() ? KeyScript() : KeyScript(keyScript);
+}
+
+void ShotStage::Run(std::string_view keyScript, int frames) {
+    Hold(keyScript);
+    frame_ = 0;
+    Run(frames);
+}
+
+std::uint32_t ShotStage::Rgb(int x, int y) const {
     return Picture().at(static_cast<std::size_t>(y) * View().width + static_cast<std::size_t>(x)) &
            0xFFFFFFU;
 }
 
-std::vector<std::string> PaintedStage::MessageTexts() const {
+std::vector<std::string> ShotStage::MessageTexts() const {
     std::vector<std::string> texts;
     for (const Message& message : machine_.Recorded()) {
         texts.push_back(message.text);
     }
     return texts;
 }
+
+PaintedStage::PaintedStage(std::string_view definition, const ViewOptions& view,
+                           std::unique_ptr<MemoryFiles> files, const std::string& character)
+    : ShotStage(WithStage(std::move(files), definition), "/mugen/stages/painted.def", "/mugen/",
+                character.empty() ? character : "/mugen/chars/" + character, view) {}
 
 }  // namespace scenara::test

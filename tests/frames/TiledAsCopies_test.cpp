@@ -5,8 +5,6 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
-#include <functional>
-#include <memory>
 #include <optional>
 #include <random>
 #include <span>
@@ -15,22 +13,18 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/headless/HeadlessMessages.h"
-#include "platform/headless/HeadlessWindow.h"
-#include "platform/soft/SoftDirect3D.h"
+#include "frames/SoftEngine.h"
 #include "render/BlendStates.h"
 #include "render/BlendedBlit.h"
 #include "render/ElementDrawing.h"
 #include "render/ElementWindow.h"
-#include "render/Engine.h"
 #include "render/ParallaxRows.h"
 #include "render/PrepareStage.h"
 #include "render/Require.h"
 #include "render/TilePatterns.h"
 #include "render/Tiling.h"
-#include "stage/StageModel.h"
+#include "stage/ModelText.h"
 #include "support/Rounds.h"
-#include "support/StageFixture.h"
 
 namespace scenara::test {
 namespace {
@@ -38,28 +32,12 @@ namespace {
 constexpr std::size_t kPixels = static_cast<std::size_t>(View().width) * View().height;
 
 // One element with its sprite, and a device to draw it on.
-class TiledElement {
+class TiledElement : public SoftEngine {
 public:
     TiledElement() {
-        engine_.Engine_Init();
         for (std::size_t i = 0; i < kPixels; ++i) {
             ground_[i] = static_cast<std::uint32_t>(i * 0x9E3779B1U >> 8U);
         }
-    }
-
-    void Sprite(Integer width, Integer height, const std::function<std::uint32_t()>& texel) {
-        TextureParameters parameters;
-        parameters.width = width;
-        parameters.height = height;
-        SpriteEntry sprite;
-        sprite.width = width;
-        sprite.height = height;
-        sprite.texture = engine_.Device().CreateTexture(parameters);
-        const LockedPixels pixels = sprite.texture->LockRect();
-        std::ranges::generate(pixels.words, texel);
-        sprite.texture->UnlockRect();
-        model.Sprites.assign(1, sprite);
-        model.SpriteCount = 1;
     }
 
     BackgroundElement& Element(const char* type) {
@@ -78,27 +56,26 @@ public:
 
     void Prepare() {
         PrepareElements(model, {options.additions}, View());
-        MakeTilePatterns(model, {options.additions}, View(), engine_.Device());
+        MakeTilePatterns(model, {options.additions}, View(), engine.Device());
     }
 
     std::vector<std::uint32_t> Drawn() {
-        return DrawnBy([&] { DrawElement(engine_, model, model.Elements.front(), options); });
+        return DrawnBy([&] { DrawElement(engine, model, model.Elements.front(), options); });
     }
     std::vector<std::uint32_t> DrawnCopyByCopy() {
         return DrawnBy([&] { DrawCopies(); });
     }
 
-    StageModel model;
     DrawOptions options;
 
 private:
     template <typename Draw>
     std::vector<std::uint32_t> DrawnBy(Draw draw) {
-        const std::span<std::uint32_t> pixels = machine_.Device()->BackBuffer();
+        const std::span<std::uint32_t> pixels = Pixels();
         std::ranges::copy(ground_, pixels.begin());
-        Require(engine_.Device().BeginScene(), "BeginScene");
+        Require(engine.Device().BeginScene(), "BeginScene");
         draw();
-        Require(engine_.Device().EndScene(), "EndScene");
+        Require(engine.Device().EndScene(), "EndScene");
         return {pixels.begin(), pixels.end()};
     }
 
@@ -137,68 +114,62 @@ private:
 
     void DrawCopies() {
         const BackgroundElement& element = model.Elements.front();
-        const std::optional<PlacedPicture> picture =
-            PlaceElement(model, element, options.additions);
-        if (!picture) {
+        const std::optional<PlacedPicture> placed = PlaceElement(model, element, options.additions);
+        if (!placed) {
             return;
         }
-        const Long left = WholePixel(static_cast<double>(picture->x), model.ElementScale);
-        const Long top = WholePixel(static_cast<double>(picture->y), model.ElementScale);
+        const Long left = WholePixel(static_cast<double>(placed->x), model.ElementScale);
+        const Long top = WholePixel(static_cast<double>(placed->y), model.ElementScale);
         const SpriteEntry& sprite = model.Sprites.front();
         const Blending blending = BlendingInForce(model, element, options.additions);
         const bool blended = blending.kind != BlendKind::None;
         if (blended) {
-            BeginBlending(engine_.Device(), blending);
+            BeginBlending(engine.Device(), blending);
         } else if (element.mask == 1) {
-            BlendByAlpha(engine_.Device(), D3DBLEND_INVSRCALPHA);
+            BlendByAlpha(engine.Device(), D3DBLEND_INVSRCALPHA);
         }
-        const ElementWindow window = ElementWindow::Of(element, model.CamX, model.CamY, View());
+        const ElementWindow seen = ElementWindow::Of(element, model.CamX, model.CamY, View());
         const bool animated = element.kind == ElementKind::Animated;
         const auto draw = [&](const SpriteQuad& whole) {
-            const auto quad = CutTo(window, whole);
-            const BlitStyle style{picture->mirrored, picture->flipped};
+            const auto quad = CutTo(seen, whole);
+            const BlitStyle style{placed->mirrored, placed->flipped};
             if (quad && blended) {
-                DrawBlended(engine_, blending, sprite, *quad, style);
+                DrawBlended(engine, blending, sprite, *quad, style);
             } else if (quad) {
-                engine_.Blit(sprite, *quad, style);
+                engine.Blit(sprite, *quad, style);
             }
         };
         const auto across = [&](std::int64_t x, std::int64_t y, std::int64_t height,
                                 std::int64_t source) {
-            const Long count = picture->mirrored ? 0 : element.tileX;
+            const Long count = placed->mirrored ? 0 : element.tileX;
             for (const std::int64_t at :
                  Positions(count, StepOf(element.tileSpacingX, sprite.width, sprite.fileWidth),
-                           sprite.width, animated, options.additions, x, window.columns)) {
+                           sprite.width, animated, options.additions, x, seen.columns)) {
                 draw({at, y, sprite.width, height, 0, source});
             }
         };
         if (element.kind == ElementKind::Parallax) {
             for (std::int64_t row = 0; row < sprite.height; ++row) {
-                const std::int64_t x = RowPosition(element, picture->x, model.CamX, row,
+                const std::int64_t x = RowPosition(element, placed->x, model.CamX, row,
                                                    sprite.height, model.ElementScale);
                 across(x, top + row, 1, row);
             }
         } else {
-            const Long count = picture->mirrored ? 0 : element.tileY;
+            const Long count = placed->mirrored ? 0 : element.tileY;
             for (const std::int64_t at :
                  Positions(count, StepOf(element.tileSpacingY, sprite.height, sprite.fileHeight),
-                           sprite.height, animated, options.additions, top, window.rows)) {
+                           sprite.height, animated, options.additions, top, seen.rows)) {
                 across(left, at, sprite.height, 0);
             }
         }
         if (blended) {
-            EndBlending(engine_.Device(), blending);
+            EndBlending(engine.Device(), blending);
         } else if (element.mask == 1) {
-            BlendNoMore(engine_.Device());
+            BlendNoMore(engine.Device());
         }
     }
 
     std::vector<std::uint32_t> ground_ = std::vector<std::uint32_t>(kPixels);
-    SoftDirect3D machine_{KeptTextureMemory()};
-    HeadlessWindow window_;
-    HeadlessMessages messages_;
-    View picture_;
-    Engine engine_{machine_, window_, messages_, model, picture_};
 };
 
 class RandomTiling {
@@ -277,16 +248,9 @@ private:
 };
 
 std::string Described(const TiledElement& tiled) {
-    const BackgroundElement& element = tiled.model.Elements.front();
-    const SpriteEntry& sprite = tiled.model.Sprites.front();
-    const auto number = [](auto value) { return std::to_string(value) + " "; };
-    return element.type + " of " + number(sprite.width) + number(sprite.height) + "tiled " +
-           number(element.tileX) + number(element.tileY) + "spaced " +
-           number(element.tileSpacingX) + number(element.tileSpacingY) + "mask " +
-           number(element.mask) + "blending " + number(static_cast<int>(element.blending.kind)) +
-           "at " + number(element.startX) + number(element.startY) + "flip " +
-           tiled.model.Actions.front().frames.front().flip + " additions " +
-           number(tiled.options.additions) + "scale " + number(tiled.model.ElementScale);
+    return FieldsText(tiled.model.Elements.front()) + FieldsText(tiled.model.Sprites.front()) +
+           FieldsText(tiled.model.Actions.front()) + FieldsText(tiled.model) +
+           (tiled.options.additions ? "with additions" : "plain");
 }
 
 // Without the byte that is nobody's; kPixels when there is none.

@@ -1,24 +1,23 @@
 // SPDX-License-Identifier: MIT
 //
-// Random stages full of absurd numbers: drawing them neither crashes nor hangs, raises nothing, and
-// never asks the device for more than a bounded number of quads.
+// Random stages full of absurd numbers, with additions and plainly: drawing them neither crashes
+// nor hangs, raises nothing, and never asks the device for more than a bounded number of quads.
 #include <array>
 #include <cmath>
 #include <cstddef>
 #include <limits>
 #include <random>
 #include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 
 #include "render/StagePlayer.h"
 #include "render/Tiling.h"
+#include "stage/StageScale.h"
 
-namespace scenara {
+namespace scenara::test {
 namespace {
-
-using test::AddControl;
-using test::StagePlayer;
 
 constexpr Long kMostLong = std::numeric_limits<Long>::max();
 constexpr Long kLeastLong = std::numeric_limits<Long>::min();
@@ -30,28 +29,30 @@ public:
 
     // From 0 up to, not including, `end`.
     int Below(int end) { return std::uniform_int_distribution<int>(0, end - 1)(random_); }
+    template <typename Value, std::size_t count>
+    Value OneOf(const std::array<Value, count>& values) {
+        return values.at(static_cast<std::size_t>(Below(static_cast<int>(count))));
+    }
     bool Often() { return Below(4) != 0; }
 
     Long AnyLong() {
         constexpr std::array<Long, 12> kOdd{
             0, 1, -1, 2, -320, 32767, -32768, 999999, 65536, 1073741824, kLeastLong, kMostLong};
-        return Often() ? Long{Below(1001)} - 500 : kOdd.at(static_cast<std::size_t>(Below(12)));
+        return Often() ? Long{Below(1001)} - 500 : OneOf(kOdd);
     }
     Integer AnyInteger() {
         constexpr std::array<Integer, 7> kOdd{0, 1, -1, 255, -256, 32767, -32768};
-        return Often() ? static_cast<Integer>(Below(201) - 100)
-                       : kOdd.at(static_cast<std::size_t>(Below(7)));
+        return Often() ? static_cast<Integer>(Below(201) - 100) : OneOf(kOdd);
     }
     Single AnySingle() {
-        constexpr std::array<Single, 12> kOdd{0.0F,   -0.0F, 0.5F,  -0.5F, 1e-45F, 3e38F,
-                                              -3e38F, 1e9F,  -1e9F, 3e9F,  -3e9F,  16777217.0F};
-        return Often() ? static_cast<Single>(Below(2001) - 1000) / 8
-                       : kOdd.at(static_cast<std::size_t>(Below(12)));
+        constexpr std::array<Single, 14> kOdd{0.0F,    -0.0F,       0.5F,   -0.5F, 1e-45F,
+                                              3.4e38F, -3.4e38F,    1e9F,   -1e9F, 3e9F,
+                                              -3e9F,   16777217.0F, 1e-10F, 100.0F};
+        return Often() ? static_cast<Single>(Below(2001) - 1000) / 8 : OneOf(kOdd);
     }
     Integer Size() {
         constexpr std::array<Integer, 6> kOdd{1, 2, 319, 321, 1024, 32767};
-        return Often() ? static_cast<Integer>(Below(200) + 1)
-                       : kOdd.at(static_cast<std::size_t>(Below(6)));
+        return Often() ? static_cast<Integer>(Below(200) + 1) : OneOf(kOdd);
     }
     Byte Flags() { return static_cast<Byte>(Below(256)); }
 
@@ -67,15 +68,18 @@ private:
 constexpr int kElements = 6;
 
 void FillTables(Absurd& absurd, StagePlayer& player) {
+    constexpr std::array<const char*, 4> kFlips{"", "h", "v", "hv"};
     for (int i = 0; i < 3; ++i) {
         player.build.Sprite("s" + std::to_string(i), absurd.Size(), absurd.Size(),
                             absurd.AnyInteger(), absurd.AnyInteger());
+        player.model.Sprites.back().fileWidth = absurd.Size();
+        player.model.Sprites.back().fileHeight = absurd.Size();
     }
     for (int i = 0; i < 3; ++i) {
-        std::vector<test::FrameLine> frames;
+        std::vector<FrameLine> frames;
         for (int frame = absurd.Below(4); frame > 0; --frame) {
             frames.push_back({absurd.IndexInto(3), absurd.AnyInteger(), absurd.AnyInteger(),
-                              absurd.AnyInteger(), absurd.Below(4) == 0 ? "h" : ""});
+                              absurd.AnyInteger(), absurd.OneOf(kFlips)});
         }
         player.build.Action(frames, absurd.AnyInteger(), static_cast<Integer>(i));
     }
@@ -84,34 +88,36 @@ void FillTables(Absurd& absurd, StagePlayer& player) {
 void AddElement(Absurd& absurd, StagePlayer& player) {
     constexpr std::array<const char*, 6> kTypes{"normal", "normal", "parallax",
                                                 "anim",   "dummy",  "???"};
+    constexpr std::array<BlendKind, 6> kBlendKinds{BlendKind::None, BlendKind::None,
+                                                   BlendKind::Add,  BlendKind::Add1,
+                                                   BlendKind::Sub,  BlendKind::AddAlpha};
     BackgroundElement& element = player.build.Still(absurd.IndexInto(3));
-    element.type = kTypes.at(static_cast<std::size_t>(absurd.Below(6)));
+    element.type = absurd.OneOf(kTypes);
     element.actionIndex = absurd.IndexInto(3);
     element.mask = static_cast<Integer>(absurd.Below(3));
     element.startX = absurd.AnyLong();
     element.startY = absurd.AnyLong();
-    element.deltaX = absurd.AnySingle();
-    element.deltaY = absurd.AnySingle();
-    element.tileX = absurd.Often() ? absurd.Below(3) : absurd.AnyLong();
-    element.tileY = absurd.Often() ? absurd.Below(3) : absurd.AnyLong();
+    element.tileX = absurd.Often() ? absurd.Below(4) : absurd.AnyLong();
+    element.tileY = absurd.Often() ? absurd.Below(4) : absurd.AnyLong();
     element.tileSpacingX = absurd.AnyLong();
     element.tileSpacingY = absurd.AnyLong();
-    element.velocityX = absurd.AnySingle();
-    element.velocityY = absurd.AnySingle();
     element.layerno = static_cast<Integer>(absurd.Below(3) - 1);
     element.positionlink = static_cast<Integer>(absurd.Below(2));
-    element.sinState = {absurd.AnySingle(), absurd.AnySingle(), absurd.AnySingle()};
-    element.sinYAmplitude = absurd.AnySingle();
-    element.sinYPeriod = absurd.AnySingle();
-    element.sinYPhase = absurd.AnySingle();
     element.id = absurd.Below(3);
-    element.windowX1 = absurd.AnySingle();
-    element.windowX2 = absurd.AnySingle();
-    element.windowY1 = absurd.AnySingle();
-    element.windowY2 = absurd.AnySingle();
     element.windowActive = absurd.Below(3) == 0 ? 1 : 0;
-    element.xscaleTop = absurd.AnySingle();
-    element.xscaleBottom = absurd.AnySingle();
+    element.blending = {absurd.OneOf(kBlendKinds), 100, 200};
+    element.sinState = {absurd.AnySingle(), absurd.AnySingle(), absurd.AnySingle()};
+    for (Single BackgroundElement::*const field :
+         {&BackgroundElement::deltaX, &BackgroundElement::deltaY, &BackgroundElement::velocityX,
+          &BackgroundElement::velocityY, &BackgroundElement::sinYAmplitude,
+          &BackgroundElement::sinYPeriod, &BackgroundElement::sinYPhase,
+          &BackgroundElement::windowX1, &BackgroundElement::windowX2, &BackgroundElement::windowY1,
+          &BackgroundElement::windowY2, &BackgroundElement::xscaleTop,
+          &BackgroundElement::xscaleBottom, &BackgroundElement::windowDeltaX,
+          &BackgroundElement::windowDeltaY, &BackgroundElement::yscaleStart,
+          &BackgroundElement::yscaleDelta}) {
+        element.*field = absurd.AnySingle();
+    }
 }
 
 void AddControls(Absurd& absurd, StagePlayer& player) {
@@ -121,8 +127,7 @@ void AddControls(Absurd& absurd, StagePlayer& player) {
     for (int i = 0; i < 3; ++i) {
         BgCtrlDef& group = player.build.Group(absurd.AnyLong(), {absurd.Below(4) - 1});
         for (int n = 0; n < 3; ++n) {
-            BgCtrl& control =
-                AddControl(group, kTypes.at(static_cast<std::size_t>(absurd.Below(11))));
+            BgCtrl& control = AddControl(group, absurd.OneOf(kTypes));
             control.startTime = absurd.Often() ? absurd.Below(8) : absurd.AnyLong();
             control.endTime = absurd.Often() ? absurd.Below(50) : absurd.AnyLong();
             control.loopTime = absurd.AnyLong();
@@ -137,68 +142,108 @@ void AddControls(Absurd& absurd, StagePlayer& player) {
     }
 }
 
+void SetStage(Absurd& absurd, StageModel& model) {
+    constexpr std::array<Long, 6> kHeights{0, 120, 240, 333, 480, 7680};
+    model.CamStartX = absurd.AnySingle();
+    model.CamStartY = absurd.AnyInteger();
+    model.BoundLeft = absurd.AnyLong();
+    model.BoundRight = absurd.AnyLong();
+    model.BoundHigh = absurd.AnyInteger();
+    model.BoundLow = absurd.AnyInteger();
+    model.hires = static_cast<Integer>(absurd.Below(2));
+    model.localcoordWidth = absurd.AnyLong();
+    model.localcoordHeight = absurd.OneOf(kHeights);
+}
+
+// With everything, under a camera that the user moves.
+class StageOfAbsurdNumbers : public Absurd {
+public:
+    StageOfAbsurdNumbers(unsigned seed, bool additions)
+        : Absurd(seed), player(ViewOptions{additions}) {
+        player.record.SetWriting(false);
+        FillTables(*this, player);
+        for (int i = 0; i < kElements; ++i) {
+            AddElement(*this, player);
+        }
+    }
+    void Start() {
+        // As a load does it.
+        if (player.view.Additions) {
+            ApplyStageScale(player.model, player.picture);
+        }
+        player.flags.Deform = kByteTrue;
+        player.Start();
+    }
+
+    StagePlayer player;
+};
+
 // As many as may lie upon one another, and those beside; for every row of a parallax picture.
 constexpr std::size_t kMostQuadsOfAnElement = (kDeepest + 320) * 240;
 
-class AbsurdStage : public testing::TestWithParam<unsigned> {};
+// Of a frame: once for each pass, and with additions two quads for each piece.
+std::size_t MostQuads(const StagePlayer& player) {
+    std::size_t most = 0;
+    for (const BackgroundElement& element : player.model.Elements) {
+        most += kMostQuadsOfAnElement * (element.layerno < 0 ? 2U : 1U) *
+                (player.view.Additions ? 2U : 1U);
+    }
+    return most;
+}
+
+class AbsurdStage : public testing::TestWithParam<unsigned> {
+protected:
+    static void DrawWithinBounds(bool additions) {
+        StageOfAbsurdNumbers stage(GetParam(), additions);
+        StagePlayer& player = stage.player;
+        AddControls(stage, player);
+        SetStage(stage, player.model);
+        stage.Start();
+        player.camera.HCamStep = std::fabs(stage.AnySingle());
+        player.camera.VCamStep = std::fabs(stage.AnySingle());
+        constexpr std::array<VirtualKey, 6> kKeys{VirtualKey::Right, VirtualKey::Left,
+                                                  VirtualKey::Up,    VirtualKey::Down,
+                                                  VirtualKey::A,     VirtualKey::Z};
+        for (int frame = 0; frame < 12; ++frame) {
+            player.keyboard.Hold({stage.OneOf(kKeys), stage.OneOf(kKeys)});
+            player.clock.now += 100;
+            player.flags.MouseScroll = frame == 6 ? kByteTrue : Byte{0};
+            player.pointer.MoveTo({stage.AnyLong(), stage.AnyLong()});
+            const std::size_t before = player.record.DrawnCount();
+            // The camera as far away as it can be.
+            if (frame == 9) {
+                player.model.CamX = stage.AnySingle();
+                player.model.CamY = stage.AnySingle();
+            }
+            DrawScene(player.engine, player.tiles, player.flags);
+            ASSERT_LE(player.record.DrawnCount() - before, MostQuads(player)) << "frame " << frame;
+        }
+        EXPECT_TRUE(player.messages.Recorded().empty());
+    }
+};
 
 TEST_P(AbsurdStage, IsDrawnWithinBounds) {
-    Absurd absurd(GetParam());
-    StagePlayer player;
-    player.record.SetWriting(false);
-    FillTables(absurd, player);
-    for (int i = 0; i < kElements; ++i) {
-        AddElement(absurd, player);
-    }
-    AddControls(absurd, player);
-    player.model.CamStartX = absurd.AnySingle();
-    player.model.CamStartY = absurd.AnyInteger();
-    player.model.BoundLeft = absurd.AnyLong();
-    player.model.BoundRight = absurd.AnyLong();
-    player.model.BoundHigh = absurd.AnyInteger();
-    player.model.BoundLow = absurd.AnyInteger();
-    player.Start();
-    player.camera.HCamStep = std::fabs(absurd.AnySingle());
-    player.camera.VCamStep = std::fabs(absurd.AnySingle());
-    constexpr std::array<VirtualKey, 6> kKeys{VirtualKey::Right, VirtualKey::Left, VirtualKey::Up,
-                                              VirtualKey::Down,  VirtualKey::A,    VirtualKey::Z};
-    for (int frame = 0; frame < 12; ++frame) {
-        player.keyboard.Hold({kKeys.at(static_cast<std::size_t>(absurd.Below(6))),
-                              kKeys.at(static_cast<std::size_t>(absurd.Below(6)))});
-        player.clock.now += 100;
-        player.flags.MouseScroll = frame == 6 ? kByteTrue : Byte{0};
-        player.pointer.MoveTo({absurd.AnyLong(), absurd.AnyLong()});
-        const std::size_t before = player.record.DrawnCount();
-        // The camera as far away as it can be.
-        if (frame == 9) {
-            player.model.CamX = absurd.AnySingle();
-            player.model.CamY = absurd.AnySingle();
-        }
-        DrawScene(player.engine, player.tiles, player.flags);
-        ASSERT_LE(player.record.DrawnCount() - before, 2 * kElements * kMostQuadsOfAnElement)
-            << "frame " << frame;
-    }
-    EXPECT_TRUE(player.messages.Recorded().empty());
+    DrawWithinBounds(false);
+}
+
+TEST_P(AbsurdStage, IsDrawnWithinBoundsWithAdditions) {
+    DrawWithinBounds(true);
 }
 
 INSTANTIATE_TEST_SUITE_P(Seeds, AbsurdStage, testing::Range(1U, 301U));
 
-// The stages are not all empty or out of sight, so that the test above sees something.
+// The stages are not all empty or out of sight, so that the tests above see something.
 TEST(AbsurdStages, ShowSomethingMoreOftenThanNot) {
-    int shown = 0;
-    for (unsigned seed = 1; seed <= 40; ++seed) {
-        Absurd absurd(seed);
-        StagePlayer player;
-        player.record.SetWriting(false);
-        FillTables(absurd, player);
-        for (int i = 0; i < kElements; ++i) {
-            AddElement(absurd, player);
+    for (const bool additions : {false, true}) {
+        int shown = 0;
+        for (unsigned seed = 1; seed <= 40; ++seed) {
+            StageOfAbsurdNumbers stage(seed, additions);
+            stage.Start();
+            DrawScene(stage.player.engine, stage.player.tiles, stage.player.flags);
+            shown += stage.player.record.DrawnCount() > 0 ? 1 : 0;
         }
-        player.Start();
-        DrawScene(player.engine, player.tiles, player.flags);
-        shown += player.record.DrawnCount() > 0 ? 1 : 0;
+        EXPECT_GT(shown, 20) << additions;
     }
-    EXPECT_GT(shown, 20);
 }
 
 // One element that is the worst for a device, of every kind.
@@ -214,11 +259,8 @@ TEST(AbsurdStages, TheDensestTilingIsBounded) {
                 BackgroundElement& element = player.build.Still(sprite);
                 element.type = type;
                 element.actionIndex = action;
-                element.tileX = tiles;
-                element.tileY = tiles;
-                const bool animated = element.type == "anim";
-                element.tileSpacingX = animated ? 2 : 1 - size;
-                element.tileSpacingY = animated ? 2 : 1 - size;
+                const Long spacing = element.type == "anim" ? 2 : 1 - size;
+                Tiled(element, tiles, tiles, spacing, spacing);
                 element.startX = -500000;
                 element.startY = element.type == "parallax" ? 0 : -500000;
                 player.Start();
@@ -231,4 +273,4 @@ TEST(AbsurdStages, TheDensestTilingIsBounded) {
 }
 
 }  // namespace
-}  // namespace scenara
+}  // namespace scenara::test

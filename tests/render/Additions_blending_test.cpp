@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <map>
 #include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -11,15 +12,8 @@
 #include "render/ExpectError.h"
 #include "render/StagePlayer.h"
 
-namespace scenara {
+namespace scenara::test {
 namespace {
-
-using test::ExpectError;
-using test::Lines;
-using test::NamedTexture;
-using test::Record;
-using test::StageBuilder;
-using test::StagePlayer;
 
 constexpr DrawOptions kPlain{};
 constexpr DrawOptions kWithAdditions{true, false};
@@ -32,21 +26,28 @@ Blending AddAlpha(Integer source, Integer destination) {
     return {BlendKind::AddAlpha, source, destination};
 }
 
-// Draws the stage's first element.
 class BlendedDrawing : public testing::Test {
 protected:
     Lines Draw(const DrawOptions& options = kWithAdditions) {
-        player.Start();
-        DrawElement(player.engine, player.model, player.Element(0), options);
-        return player.record.TakeQuads();
+        return player.StartAndDrawFirst(options);
     }
-    // What a hill at 10,20 of this blending is drawn as.
-    Lines Hill(const Blending& blending) {
+    // Instead of all others, a hill of this blending.
+    BackgroundElement& Hill(const Blending& blending) {
         player.model.Elements.clear();
-        Still().blending = blending;
-        return Draw();
+        BackgroundElement& element = Still();
+        element.blending = blending;
+        return element;
     }
-    BackgroundElement& Still() { return StageBuilder::At(player.build.Still(hill), 10, 20); }
+    BackgroundElement& Still() { return player.build.StillAt(hill, 10, 20); }
+    // Of these frames, whose blendings are given beside.
+    BackgroundElement& Animation(const std::vector<FrameLine>& lines,
+                                 const std::vector<Blending>& blendings) {
+        BackgroundElement& element = player.build.AnimationAt(lines, 10, 20);
+        for (std::size_t i = 0; i < blendings.size(); ++i) {
+            player.model.Actions[0].frames.at(i).blending = blendings[i];
+        }
+        return element;
+    }
 
     // The states as they stand after the draw, by their numbers; those that it did not touch are
     // not there.
@@ -71,48 +72,39 @@ protected:
 
 // --- quads and colours ---
 
-TEST_F(BlendedDrawing, OfAddIsOneQuad) {
-    EXPECT_EQ(Hill(kAdd), (Lines{"hill 10,20 50x40 added"}));
-}
+struct BlendedHill {
+    const char* name;
+    Blending blending;
+    Lines quads;  // how each is blended
+};
 
-TEST_F(BlendedDrawing, OfAdd1HasABlackOneAtAlpha128Before) {
-    EXPECT_EQ(Hill(kAdd1),
-              (Lines{"hill 10,20 50x40 masked in 80000000", "hill 10,20 50x40 added"}));
-}
-
-TEST_F(BlendedDrawing, OfSubIsOneQuadTakenAway) {
-    EXPECT_EQ(Hill(kSub), (Lines{"hill 10,20 50x40 taken"}));
-}
-
-TEST_F(BlendedDrawing, OfAddalphaTakesPartOfWhatLiesBehindAndAddsPartOfItself) {
-    // 256 - 200 = 56, in hexadecimal 38; 100 is 64.
-    EXPECT_EQ(Hill(AddAlpha(100, 200)),
-              (Lines{"hill 10,20 50x40 masked in 38000000", "hill 10,20 50x40 added in 64FFFFFF"}));
-    EXPECT_EQ(Hill(AddAlpha(128, 128)),
-              (Lines{"hill 10,20 50x40 masked in 80000000", "hill 10,20 50x40 added in 80FFFFFF"}));
-    EXPECT_EQ(Hill(AddAlpha(1, 255)),
-              (Lines{"hill 10,20 50x40 masked in 01000000", "hill 10,20 50x40 added in 01FFFFFF"}));
-}
-
-// 256 parts are the whole of 255.
-TEST_F(BlendedDrawing, OfAddalpha256And0HidesWhatLiesBehind) {
-    EXPECT_EQ(Hill(AddAlpha(256, 0)),
-              (Lines{"hill 10,20 50x40 masked in FF000000", "hill 10,20 50x40 added"}));
-}
-
-// Black at alpha 0 would change nothing.
-TEST_F(BlendedDrawing, OfAddalphaWith256OfWhatLiesBehindHasNoBlackOne) {
-    EXPECT_EQ(Hill(AddAlpha(256, 256)), (Lines{"hill 10,20 50x40 added"}));
-    EXPECT_EQ(Hill(AddAlpha(0, 256)), (Lines{"hill 10,20 50x40 added in 00FFFFFF"}));
-}
-
-TEST_F(BlendedDrawing, IsTheSameWithAndWithoutMask) {
-    for (const Integer mask : {Integer{0}, Integer{1}}) {
-        player.model.Elements.clear();
-        BackgroundElement& element = Still();
-        element.mask = mask;
-        element.blending = kAdd;
-        EXPECT_EQ(Draw(), (Lines{"hill 10,20 50x40 added"})) << mask;
+TEST_F(BlendedDrawing, IsOneQuadOrABlackOneBefore) {
+    for (const BlendedHill& row : std::vector<BlendedHill>{
+             {"add", kAdd, {" added"}},
+             {"add1: black at alpha 128", kAdd1, {" masked in 80000000", " added"}},
+             {"sub", kSub, {" taken"}},
+             // 256 - 200 = 56, in hexadecimal 38; 100 is 64.
+             {"parts of both", AddAlpha(100, 200), {" masked in 38000000", " added in 64FFFFFF"}},
+             {"halves", AddAlpha(128, 128), {" masked in 80000000", " added in 80FFFFFF"}},
+             {"the least parts", AddAlpha(1, 255), {" masked in 01000000", " added in 01FFFFFF"}},
+             // 256 parts are the whole of 255.
+             {"nothing of what lies behind", AddAlpha(256, 0), {" masked in FF000000", " added"}},
+             // Black at alpha 0 would change nothing.
+             {"all of both", AddAlpha(256, 256), {" added"}},
+             {"all of what lies behind", AddAlpha(0, 256), {" added in 00FFFFFF"}},
+         }) {
+        SCOPED_TRACE(row.name);
+        Lines quads;
+        for (const std::string& quad : row.quads) {
+            quads.push_back("hill 10,20 50x40" + quad);
+        }
+        Hill(row.blending);
+        EXPECT_EQ(Draw(), quads);
+        Masked(Hill(row.blending));
+        EXPECT_EQ(Draw(), quads);
+        EXPECT_EQ(player.DrawFirst(kPlain), (Lines{"hill 10,20 50x40 masked"}));
+        Hill(row.blending);
+        EXPECT_EQ(Draw(kPlain), (Lines{"hill 10,20 50x40"}));
     }
 }
 
@@ -120,25 +112,14 @@ TEST_F(BlendedDrawing, WithoutABlendingIsAsEver) {
     Still();
     EXPECT_EQ(Draw(), (Lines{"hill 10,20 50x40"}));
     player.Element(0).mask = 1;
-    EXPECT_EQ(Draw(), (Lines{"hill 10,20 50x40 masked"}));
-}
-
-TEST_F(BlendedDrawing, IsNoneInAPlainView) {
-    for (const Blending& blending : {kAdd, kAdd1, kSub, AddAlpha(100, 200)}) {
-        player.model.Elements.clear();
-        Still().blending = blending;
-        EXPECT_EQ(Draw(kPlain), (Lines{"hill 10,20 50x40"}));
-        player.Element(0).mask = 1;
-        EXPECT_EQ(Draw(kPlain), (Lines{"hill 10,20 50x40 masked"}));
-    }
+    EXPECT_EQ(player.DrawFirst(kWithAdditions), (Lines{"hill 10,20 50x40 masked"}));
 }
 
 // --- states ---
 
 TEST_F(BlendedDrawing, LeavesTheStatesOfNoBlending) {
     for (const Blending& blending : {kAdd, kAdd1, kSub, AddAlpha(100, 200)}) {
-        player.model.Elements.clear();
-        Still().blending = blending;
+        Hill(blending);
         std::map<std::string, std::string> states = StatesBehind();
         EXPECT_EQ(states["19"], "2");  // source: one
         EXPECT_EQ(states["20"], "1");  // destination: zero
@@ -149,10 +130,10 @@ TEST_F(BlendedDrawing, LeavesTheStatesOfNoBlending) {
 
 TEST_F(BlendedDrawing, DoesNotTouchTheNextElement) {
     const Integer tree = player.build.Sprite("tree", 20, 60);
-    Still().blending = kSub;
-    StageBuilder::At(player.build.Still(tree), 0, 0).mask = 1;
-    StageBuilder::At(player.build.Still(tree), 0, 0);
-    StageBuilder::At(player.build.Still(tree), 0, 0).blending = kAdd;
+    Hill(kSub);
+    player.build.StillAt(tree, 0, 0).mask = 1;
+    player.build.StillAt(tree, 0, 0);
+    player.build.StillAt(tree, 0, 0).blending = kAdd;
     player.Start();
     EXPECT_EQ(player.BackPass(), (Lines{"hill 10,20 50x40 taken", "tree 0,0 20x60 masked",
                                         "tree 0,0 20x60", "tree 0,0 20x60 added"}));
@@ -168,38 +149,27 @@ TEST_F(BlendedDrawing, AStateThatTheDeviceRefusesIsAnError) {
     player.Start();
     for (const int nth : {1, 2, 3, 4}) {
         player.record.Spoil("SetRenderState", Record::Trouble::Fails, nth);
-        ExpectError(RunTimeErrorKind::Direct3D, [&] {
-            DrawElement(player.engine, player.model, player.Element(0), kWithAdditions);
-        });
+        ExpectError(RunTimeErrorKind::Direct3D, [&] { player.DrawFirst(kWithAdditions); });
     }
 }
 
 // --- copies, rows, windows ---
 
 TEST_F(BlendedDrawing, EachCopyDarkensAndAddsBeforeTheNext) {
-    BackgroundElement& element = Still();
-    element.tileX = 2;
-    element.tileSpacingX = 10;
-    element.blending = kAdd1;
+    Tiled(Hill(kAdd1), 2, 0, 10);
     EXPECT_EQ(Draw(), (Lines{"hill 10,20 50x40 masked in 80000000", "hill 10,20 50x40 added",
                              "hill 70,20 50x40 masked in 80000000", "hill 70,20 50x40 added"}));
 }
 
 TEST_F(BlendedDrawing, BothQuadsAreCutToTheWindow) {
-    BackgroundElement& element = Still();
-    element.windowX1 = 15;
-    element.windowX2 = 24;
-    element.windowY1 = 0;
-    element.windowY2 = 39;
-    element.windowActive = 1;
-    element.blending = AddAlpha(256, 0);
+    Windowed(Hill(AddAlpha(256, 0)), 15, 0, 24, 39);
     EXPECT_EQ(Draw(), (Lines{"hill 15,20 10x20 from 5,0 masked in FF000000",
                              "hill 15,20 10x20 from 5,0 added"}));
 }
 
 TEST_F(BlendedDrawing, RowsOfParallaxPicturesAreBlendedOneByOne) {
     const Integer floor = player.build.Sprite("floor", 100, 2);
-    StageBuilder::At(player.build.Parallax(floor), 10, 20).blending = kAdd1;
+    player.build.ParallaxAt(floor, 10, 20).blending = kAdd1;
     EXPECT_EQ(Draw(), (Lines{"floor 10,20 100x1 masked in 80000000", "floor 10,20 100x1 added",
                              "floor 10,21 100x1 from 0,1 masked in 80000000",
                              "floor 10,21 100x1 from 0,1 added"}));
@@ -208,19 +178,15 @@ TEST_F(BlendedDrawing, RowsOfParallaxPicturesAreBlendedOneByOne) {
 // --- frames ---
 
 TEST_F(BlendedDrawing, AnElementsGoesBeforeThatOfItsFrames) {
-    const Integer action = player.build.Action({{hill, 1}, {hill, 1}});
-    player.model.Actions[0].frames[1].blending = kSub;
-    StageBuilder::At(player.build.Animation(action), 10, 20).blending = kAdd;
+    Animation({{hill, 1}, {hill, 1}}, {{}, kSub}).blending = kAdd;
     player.Start();
     EXPECT_EQ(player.BackPass(), (Lines{"hill 10,20 50x40 added"}));
     EXPECT_EQ(player.BackPass(), (Lines{"hill 10,20 50x40 added"}));
 }
 
 TEST_F(BlendedDrawing, AFrameMayBlendWhereItsElementDoesNot) {
-    const Integer action = player.build.Action({{hill, 1}, {hill, 1}, {hill, 1, 0, 0, "h"}});
-    player.model.Actions[0].frames[0].blending = AddAlpha(100, 256);
-    player.model.Actions[0].frames[2].blending = kAdd1;
-    StageBuilder::At(player.build.Animation(action), 10, 20).mask = 1;
+    Masked(
+        Animation({{hill, 1}, {hill, 1}, {hill, 1, 0, 0, "h"}}, {AddAlpha(100, 256), {}, kAdd1}));
     player.Start();
     EXPECT_EQ(player.BackPass(), (Lines{"hill 10,20 50x40 added in 64FFFFFF"}));
     EXPECT_EQ(player.BackPass(), (Lines{"hill 10,20 50x40 masked"}));
@@ -230,18 +196,12 @@ TEST_F(BlendedDrawing, AFrameMayBlendWhereItsElementDoesNot) {
 
 // trans = none of version 1.0 and later.
 TEST_F(BlendedDrawing, AnElementMayKeepItsFramesFromBlending) {
-    const Integer action = player.build.Action({{hill, 1}});
-    player.model.Actions[0].frames[0].blending = kAdd;
-    BackgroundElement& element = StageBuilder::At(player.build.Animation(action), 10, 20);
-    element.mask = 1;
-    element.framesBlend = 0;
+    Masked(Animation({{hill, 1}}, {kAdd})).framesBlend = 0;
     EXPECT_EQ(Draw(), (Lines{"hill 10,20 50x40 masked"}));
 }
 
 TEST_F(BlendedDrawing, AFramesOwnIsNoneInAPlainView) {
-    const Integer action = player.build.Action({{hill, 1}});
-    player.model.Actions[0].frames[0].blending = kAdd;
-    StageBuilder::At(player.build.Animation(action), 10, 20).mask = 1;
+    Masked(Animation({{hill, 1}}, {kAdd}));
     EXPECT_EQ(Draw(kPlain), (Lines{"hill 10,20 50x40 masked"}));
 }
 
@@ -261,4 +221,4 @@ TEST_F(BlendedDrawing, TexturesAreMadeReadyAsThoseOfMaskedOnesAre) {
 }
 
 }  // namespace
-}  // namespace scenara
+}  // namespace scenara::test

@@ -3,115 +3,90 @@
 // Mirrored frames: about their axis with additions, at the same place without.
 #include <gtest/gtest.h>
 
-#include "render/ElementDrawing.h"
 #include "render/StagePlayer.h"
 
-namespace scenara {
+namespace scenara::test {
 namespace {
 
-using test::Lines;
-using test::StageBuilder;
-using test::StagePlayer;
+struct Mirrored {
+    const char* name;
+    const char* flip;
+    const char* drawn;
+    const char* plainly = "hill 153,86 50x40";
+    Integer axisX = 10;
+    Integer axisY = 30;
+};
 
-constexpr DrawOptions kPlain{};
-constexpr DrawOptions kWithAdditions{true, false};
+// A picture of 50 x 40 in a frame with the offset 3, -4 of an element whose axis point is at
+// 160, 120.
+TEST(Mirroring, IsAboutTheAxisAndPlainlyAtTheSamePlace) {
+    for (const Mirrored& row : {
+             // 160 + 3 - 10, 120 - 4 - 30
+             Mirrored{"without", "", "hill 153,86 50x40"},
+             // 160 + 3 - (50 - 10)
+             {"h", "h", "hill 123,86 50x40 mirrored", "hill 153,86 50x40 mirrored"},
+             // 120 - 4 - (40 - 30)
+             {"v", "v", "hill 153,106 50x40 flipped"},
+             {"both", "hv", "hill 123,106 50x40 mirrored flipped"},
+             {"another letter", "x", "hill 153,86 50x40"},
+             {"h twice", "hh", "hill 153,86 50x40"},
+             {"a large h", "H", "hill 153,86 50x40"},
+             {"both the other way round", "vh", "hill 123,106 50x40 mirrored flipped"},
+             {"a blank before", " h", "hill 153,86 50x40"},
+             {"a blank after", "h ", "hill 153,86 50x40"},
+             {"a number", "1", "hill 153,86 50x40"},
+             // An axis in the middle stays where it was, whichever way the picture looks.
+             {"the axis in the middle", "hv", "hill 138,96 50x40 mirrored flipped",
+              "hill 138,96 50x40", 25, 20},
+             {"and not mirrored", "", "hill 138,96 50x40", "hill 138,96 50x40", 25, 20},
+             // 163 - (50 + 20)
+             {"the axis outside of the picture", "h", "hill 93,86 50x40 mirrored",
+              "hill 183,86 50x40 mirrored", -20, 30},
+         }) {
+        SCOPED_TRACE(row.name);
+        StagePlayer player;
+        const Integer hill = player.build.Sprite("hill", 50, 40, row.axisX, row.axisY);
+        player.build.AnimationAt({{hill, -1, 3, -4, row.flip}}, 160, 120);
+        EXPECT_EQ(player.StartAndDrawFirst({true, false}), (Lines{row.drawn}));
+        EXPECT_EQ(player.DrawFirst(), (Lines{row.plainly}));
+    }
+}
 
-// A picture of 50 x 40 with its axis at 10, 30, in a frame with the offset 3, -4 of an element
-// whose axis point is at 160, 120.
-class Mirroring : public testing::Test {
+class MirroredFrames : public testing::Test {
 protected:
     BackgroundElement& Flipped(const char* flip) {
-        const Integer action = player.build.Action({{hill, -1, 3, -4, flip}});
-        return StageBuilder::At(player.build.Animation(action), 160, 120);
+        return player.build.AnimationAt({{hill, -1, 3, -4, flip}}, 160, 120);
     }
-    Lines Draw(const DrawOptions& options = kWithAdditions) {
-        player.Start();
-        DrawElement(player.engine, player.model, player.model.Elements.back(), options);
-        return player.record.TakeQuads();
-    }
+    Lines Draw() { return player.StartAndDrawFirst({true, false}); }
+
     StagePlayer player{ViewOptions{true}};
     const Integer hill = player.build.Sprite("hill", 50, 40, 10, 30);
 };
 
-TEST_F(Mirroring, WithoutAFlipIsNone) {
-    Flipped("");
-    EXPECT_EQ(Draw(), (Lines{"hill 153,86 50x40"}));  // 160 + 3 - 10, 120 - 4 - 30
-}
-
-TEST_F(Mirroring, HIsAboutTheAxis) {
-    Flipped("h");
-    EXPECT_EQ(Draw(), (Lines{"hill 123,86 50x40 mirrored"}));  // 160 + 3 - (50 - 10)
-    EXPECT_EQ(Draw(kPlain), (Lines{"hill 153,86 50x40 mirrored"}));
-}
-
-TEST_F(Mirroring, VIsAboutTheAxisToo) {
-    Flipped("v");
-    EXPECT_EQ(Draw(), (Lines{"hill 153,106 50x40 flipped"}));  // 120 - 4 - (40 - 30)
-    EXPECT_EQ(Draw(kPlain), (Lines{"hill 153,86 50x40"}));
-}
-
-TEST_F(Mirroring, HvIsBoth) {
-    Flipped("hv");
-    EXPECT_EQ(Draw(), (Lines{"hill 123,106 50x40 mirrored flipped"}));
-    EXPECT_EQ(Draw(kPlain), (Lines{"hill 153,86 50x40"}));
-}
-
-TEST_F(Mirroring, OfOtherWordsIsNone) {
-    for (const char* const flip : {"x", "hh", "H", "1"}) {
-        Flipped(flip);
-        EXPECT_EQ(Draw(), (Lines{"hill 153,86 50x40"})) << flip;
-    }
-}
-
-// An axis in the middle stays where it was, whichever way the picture looks.
-TEST_F(Mirroring, AboutTheMiddleStaysInPlace) {
-    player.model.Sprites[0].axisX = 25;
-    player.model.Sprites[0].axisY = 20;
-    Flipped("hv");
-    EXPECT_EQ(Draw(), (Lines{"hill 138,96 50x40 mirrored flipped"}));
-    Flipped("");
-    EXPECT_EQ(Draw(), (Lines{"hill 138,96 50x40"}));
-}
-
-TEST_F(Mirroring, AnAxisOutsideOfThePictureIsMirroredAboutAsWell) {
-    player.model.Sprites[0].axisX = -20;
-    Flipped("h");
-    EXPECT_EQ(Draw(), (Lines{"hill 93,86 50x40 mirrored"}));  // 163 - (50 + 20)
-}
-
-TEST_F(Mirroring, IsMaskedAsEver) {
-    Flipped("hv").mask = 1;
+TEST_F(MirroredFrames, AreMaskedAsEver) {
+    Masked(Flipped("hv"));
     EXPECT_EQ(Draw(), (Lines{"hill 123,106 50x40 mirrored flipped masked"}));
 }
 
 // Counted in the picture as it is shown: 7 columns and 4 lines of it are cut away.
-TEST_F(Mirroring, IsCutToTheWindow) {
-    BackgroundElement& element = Flipped("hv");
-    element.windowX1 = 130;
-    element.windowX2 = 149;
-    element.windowY1 = 110;
-    element.windowY2 = 119;
-    element.windowActive = 1;
+TEST_F(MirroredFrames, AreCutToTheWindow) {
+    Windowed(Flipped("hv"), 130, 110, 149, 119);
     EXPECT_EQ(Draw(), (Lines{"hill 130,110 20x10 from 7,4 mirrored flipped"}));
 }
 
-TEST_F(Mirroring, LeftToRightIsDrawnOnceWhateverTheTiling) {
+TEST_F(MirroredFrames, LeftToRightAreDrawnOnceWhateverTheTiling) {
     for (const char* const flip : {"h", "hv"}) {
-        BackgroundElement& element = Flipped(flip);
-        element.tileX = 3;
-        element.tileY = 2;
-        element.tileSpacingX = 60;
+        player.model.Elements.clear();
+        Tiled(Flipped(flip), 3, 2, 60, 1);
         EXPECT_EQ(Draw().size(), 1U) << flip;
     }
 }
 
-TEST_F(Mirroring, UpsideDownIsTiled) {
-    BackgroundElement& element = Flipped("v");
-    element.tileX = 3;
-    element.tileSpacingX = 60;
+TEST_F(MirroredFrames, UpsideDownAreTiled) {
+    Tiled(Flipped("v"), 3, 0, 60);
     EXPECT_EQ(Draw(), (Lines{"hill 153,106 50x40 flipped", "hill 213,106 50x40 flipped",
                              "hill 273,106 50x40 flipped"}));
 }
 
 }  // namespace
-}  // namespace scenara
+}  // namespace scenara::test

@@ -8,67 +8,53 @@
 
 #include <gtest/gtest.h>
 
-#include "render/ElementDrawing.h"
-#include "render/ElementWindow.h"
+#include "render/ExpectRanges.h"
 #include "render/ParallaxRows.h"
 #include "render/StagePlayer.h"
 #include "render/Tiling.h"
 
-namespace scenara {
+namespace scenara::test {
 namespace {
-
-using test::Lines;
-using test::StageBuilder;
-using test::StagePlayer;
 
 constexpr Single kMostSingle = std::numeric_limits<Single>::max();
 
 // --- windows ---
 
-BackgroundElement MovingWindow(Single deltaX, Single deltaY) {
+// From 100,50 to 149,89.
+ElementWindow MovedWindow(const CameraPlace& delta, const CameraPlace& camera) {
     BackgroundElement element;
-    element.windowX1 = 100;
-    element.windowX2 = 149;
-    element.windowY1 = 50;
-    element.windowY2 = 89;
-    element.windowActive = 1;
-    element.windowDeltaX = deltaX;
-    element.windowDeltaY = deltaY;
-    return element;
+    element.windowDeltaX = delta.x;
+    element.windowDeltaY = delta.y;
+    return ElementWindow::Of(Windowed(element, 100, 50, 149, 89), camera.x, camera.y, View());
 }
 
-void ExpectWindow(const ElementWindow& window, PixelRange columns, PixelRange rows) {
-    EXPECT_EQ(window.columns.from, columns.from);
-    EXPECT_EQ(window.columns.to, columns.to);
-    EXPECT_EQ(window.rows.from, rows.from);
-    EXPECT_EQ(window.rows.to, rows.to);
-}
+struct MovedRanges {
+    const char* name;
+    CameraPlace delta;
+    CameraPlace camera;
+    PixelRange columns;
+    PixelRange rows;
+};
 
 // The stored camera: x is negated.
 TEST(MovingWindows, MoveAgainstTheCameraByTheirDelta) {
-    // The camera at 20, -10: 10 to the left, 20 down.
-    ExpectWindow(ElementWindow::Of(MovingWindow(0.5F, 2), -20, -10, View()), {90, 140}, {70, 110});
-    ExpectWindow(ElementWindow::Of(MovingWindow(0.5F, 2), 20, 0, View()), {110, 160}, {50, 90});
+    for (const MovedRanges& row : {
+             MovedRanges{"10 left, 20 down", {0.5F, 2}, {-20, -10}, {90, 140}, {70, 110}},
+             {"right", {0.5F, 2}, {20, 0}, {110, 160}, {50, 90}},
+             {"not by a delta of 0", {0, 0}, {-200, -100}, {100, 150}, {50, 90}},
+             {"not at the camera's origin", {3, 3}, {0, 0}, {100, 150}, {50, 90}},
+             {"partly out of the view", {1, 0}, {-120, 0}, {0, 30}, {50, 90}},
+         }) {
+        SCOPED_TRACE(row.name);
+        ExpectRanges(MovedWindow(row.delta, row.camera), row.columns, row.rows);
+    }
 }
 
-TEST(MovingWindows, OfDelta0StandStill) {
-    ExpectWindow(ElementWindow::Of(MovingWindow(0, 0), -200, -100, View()), {100, 150}, {50, 90});
-}
-
-TEST(MovingWindows, AtTheCamerasOriginStandWhereTheFilePutsThem) {
-    ExpectWindow(ElementWindow::Of(MovingWindow(3, 3), 0, 0, View()), {100, 150}, {50, 90});
-}
-
-TEST(MovingWindows, LeaveTheView) {
-    ExpectWindow(ElementWindow::Of(MovingWindow(1, 0), -120, 0, View()), {0, 30}, {50, 90});
-    const ElementWindow gone = ElementWindow::Of(MovingWindow(1, 0), -200, 0, View());
+TEST(MovingWindows, OutOfTheViewShowNothing) {
+    const ElementWindow gone = MovedWindow({1, 0}, {-200, 0});
     EXPECT_GE(gone.columns.from, gone.columns.to);
-}
-
-TEST(MovingWindows, OfAbsurdDeltasShowNothing) {
-    for (const Single delta : {kMostSingle, -kMostSingle}) {
-        const ElementWindow window =
-            ElementWindow::Of(MovingWindow(delta, delta), 3e38F, 3e38F, View());
+    for (const Single absurd : {kMostSingle, -kMostSingle}) {
+        const ElementWindow window = MovedWindow({absurd, absurd}, {3e38F, 3e38F});
         EXPECT_GE(window.columns.from, window.columns.to);
         EXPECT_GE(window.rows.from, window.rows.to);
     }
@@ -77,13 +63,7 @@ TEST(MovingWindows, OfAbsurdDeltasShowNothing) {
 TEST(MovingWindows, CutTheDrawingOfTheFrame) {
     StagePlayer player(ViewOptions{true});
     const Integer hill = player.build.Sprite("hill", 320, 240);
-    BackgroundElement& element = StageBuilder::At(player.build.Still(hill), 0, 0);
-    const BackgroundElement window = MovingWindow(1, 1);
-    element.windowX1 = window.windowX1;
-    element.windowX2 = window.windowX2;
-    element.windowY1 = window.windowY1;
-    element.windowY2 = window.windowY2;
-    element.windowActive = 1;
+    BackgroundElement& element = Windowed(player.build.StillAt(hill, 0, 0), 100, 50, 149, 89);
     element.windowDeltaX = 1;
     element.deltaX = 0;
     player.model.CamStartX = 8;
@@ -93,11 +73,11 @@ TEST(MovingWindows, CutTheDrawingOfTheFrame) {
 
 // --- Deform ---
 
-BackgroundElement Stretched(Single start, Single delta = 0) {
+double StretchOf(Single start, Single delta = 0, Single camera = 0) {
     BackgroundElement element;
     element.yscaleStart = start;
     element.yscaleDelta = delta;
-    return element;
+    return RowStretch(element, camera);
 }
 
 TEST(RowStretch, Is1UnlessAskedFor) {
@@ -105,27 +85,33 @@ TEST(RowStretch, Is1UnlessAskedFor) {
     EXPECT_DOUBLE_EQ(RowStretch(BackgroundElement(), -100), 1);
 }
 
-TEST(RowStretch, IsTheInverseOfItsPercentage) {
-    EXPECT_DOUBLE_EQ(RowStretch(Stretched(50), 0), 2);
-    EXPECT_DOUBLE_EQ(RowStretch(Stretched(200), 0), 0.5);
-    EXPECT_DOUBLE_EQ(RowStretch(Stretched(80), -33), 1.25);
-}
+struct Stretch {
+    const char* name;
+    Single start;
+    Single delta;
+    Single camera;  // its height
+    double stretch;
+};
 
-TEST(RowStretch, ChangesWithTheCamerasHeight) {
-    EXPECT_DOUBLE_EQ(RowStretch(Stretched(100, 1), -50), 2);     // 100 - 50
-    EXPECT_DOUBLE_EQ(RowStretch(Stretched(100, -4), -25), 0.5);  // 100 + 100
-    EXPECT_DOUBLE_EQ(RowStretch(Stretched(100, 1), 0), 1);
-}
-
-TEST(RowStretch, IsKeptWithinASixteenthAnd16) {
-    EXPECT_DOUBLE_EQ(RowStretch(Stretched(6.25F), 0), 16);
-    EXPECT_DOUBLE_EQ(RowStretch(Stretched(1), 0), 16);
-    EXPECT_DOUBLE_EQ(RowStretch(Stretched(0), 0), 16);
-    EXPECT_DOUBLE_EQ(RowStretch(Stretched(1600), 0), 1.0 / 16);
-    EXPECT_DOUBLE_EQ(RowStretch(Stretched(1601), 0), 1.0 / 16);
-    EXPECT_DOUBLE_EQ(RowStretch(Stretched(kMostSingle), 0), 1.0 / 16);
-    EXPECT_DOUBLE_EQ(RowStretch(Stretched(-50), 0), 1.0 / 16) << "-2 is less than that";
-    EXPECT_DOUBLE_EQ(RowStretch(Stretched(100, kMostSingle), 1000), 1.0 / 16);
+TEST(RowStretch, IsTheInverseOfItsPercentageWithinASixteenthAnd16) {
+    for (const Stretch& row : {
+             Stretch{"half", 50, 0, 0, 2},
+             {"twice", 200, 0, 0, 0.5},
+             {"at any height", 80, 0, -33, 1.25},
+             {"100 - 50 by the camera's height", 100, 1, -50, 2},
+             {"100 + 100 by the camera's height", 100, -4, -25, 0.5},
+             {"at the ground", 100, 1, 0, 1},
+             {"the most", 6.25F, 0, 0, 16},
+             {"no more", 1, 0, 0, 16},
+             {"nothing", 0, 0, 0, 16},
+             {"the least", 1600, 0, 0, 1.0 / 16},
+             {"no less", 1601, 0, 0, 1.0 / 16},
+             {"the largest number", kMostSingle, 0, 0, 1.0 / 16},
+             {"-2 is less than that", -50, 0, 0, 1.0 / 16},
+             {"the largest delta", 100, kMostSingle, 1000, 1.0 / 16},
+         }) {
+        EXPECT_DOUBLE_EQ(StretchOf(row.start, row.delta, row.camera), row.stretch) << row.name;
+    }
 }
 
 std::vector<std::int64_t> SourceRows(std::int64_t rows, double stretch) {
@@ -136,16 +122,12 @@ std::vector<std::int64_t> SourceRows(std::int64_t rows, double stretch) {
     return sources;
 }
 
-TEST(StretchedRows, ShowEachRowAsOftenAsThePictureGrows) {
+TEST(StretchedRows, AreRepeatedOrLeftOut) {
     using Rows = std::vector<std::int64_t>;
     EXPECT_EQ(SourceRows(3, 1), (Rows{0, 1, 2}));
     EXPECT_EQ(SourceRows(3, 2), (Rows{0, 0, 1, 1, 2, 2}));
     EXPECT_EQ(SourceRows(3, 1.5), (Rows{0, 0, 1, 2, 2}));  // 0, .67, 1.33, 2, 2.67
     EXPECT_EQ(SourceRows(1, 16), Rows(16, 0));
-}
-
-TEST(StretchedRows, LeaveRowsOutWhereItShrinks) {
-    using Rows = std::vector<std::int64_t>;
     EXPECT_EQ(SourceRows(6, 0.5), (Rows{0, 2, 4}));
     EXPECT_EQ(SourceRows(5, 0.5), (Rows{0, 2, 4}));
     EXPECT_EQ(SourceRows(100, 1.0 / 16), (Rows{0, 16, 32, 48, 64, 80, 96}));
@@ -156,7 +138,7 @@ TEST(StretchedRows, LeaveRowsOutWhereItShrinks) {
 // by more than a row of the screen.
 TEST(StretchedRows, StayInsideOfThePicture) {
     for (int percent = 7; percent < 1600; ++percent) {
-        const double stretch = RowStretch(Stretched(static_cast<Single>(percent)), 0);
+        const double stretch = StretchOf(static_cast<Single>(percent));
         for (const std::int64_t rows : {1, 2, 3, 60, 240, 1000}) {
             const std::int64_t count = StretchedRows(rows, stretch);
             ASSERT_GE(count, 1) << percent;
@@ -168,32 +150,31 @@ TEST(StretchedRows, StayInsideOfThePicture) {
 
 class Deform : public testing::Test {
 protected:
-    BackgroundElement& Floor(Long x, Long y) {
-        return StageBuilder::At(player.build.Parallax(floor), x, y);
+    BackgroundElement& Floor(Single yscaleStart) {
+        BackgroundElement& element = player.build.ParallaxAt(floor, 10, 200);
+        element.yscaleStart = yscaleStart;
+        return element;
     }
-    Lines Draw(bool additions = true, bool deform = true) {
-        player.Start();
-        DrawElement(player.engine, player.model, player.Element(0), {additions, deform});
-        return player.record.TakeQuads();
-    }
+    Lines Draw() { return player.StartAndDrawFirst({true, true}); }
+
     StagePlayer player{ViewOptions{true}};
     const Integer floor = player.build.Sprite("floor", 100, 3);
 };
 
 TEST_F(Deform, StretchesAboutTheFirstRow) {
-    Floor(10, 200).yscaleStart = 50;
+    Floor(50);
     EXPECT_EQ(Draw(), (Lines{"floor 10,200 100x1", "floor 10,201 100x1",
                              "floor 10,202 100x1 from 0,1", "floor 10,203 100x1 from 0,1",
                              "floor 10,204 100x1 from 0,2", "floor 10,205 100x1 from 0,2"}));
 }
 
 TEST_F(Deform, ShrinksAsWell) {
-    Floor(10, 200).yscaleStart = 200;
+    Floor(200);
     EXPECT_EQ(Draw(), (Lines{"floor 10,200 100x1", "floor 10,201 100x1 from 0,2"}));
 }
 
 TEST_F(Deform, FollowsTheCamera) {
-    BackgroundElement& element = Floor(10, 200);
+    BackgroundElement& element = Floor(100);
     element.yscaleDelta = 1;
     element.deltaY = 0;
     player.model.CamStartY = -50;
@@ -201,16 +182,18 @@ TEST_F(Deform, FollowsTheCamera) {
 }
 
 TEST_F(Deform, KeepsTheHeightWithoutTheFlagAndWithoutAdditions) {
-    Floor(10, 200).yscaleStart = 50;
-    const Lines kept{"floor 10,200 100x1", "floor 10,201 100x1 from 0,1",
-                     "floor 10,202 100x1 from 0,2"};
-    EXPECT_EQ(Draw(true, false), kept);
-    EXPECT_EQ(Draw(false, true), kept);
-    EXPECT_EQ(Draw(false, false), kept);
+    Floor(50);
+    player.Start();
+    for (const DrawOptions& options :
+         {DrawOptions{true, false}, DrawOptions{false, true}, DrawOptions{false, false}}) {
+        EXPECT_EQ(player.DrawFirst(options),
+                  (Lines{"floor 10,200 100x1", "floor 10,201 100x1 from 0,1",
+                         "floor 10,202 100x1 from 0,2"}));
+    }
 }
 
 TEST_F(Deform, IsTheViewsFlag) {
-    Floor(10, 200).yscaleStart = 50;
+    Floor(50);
     player.Start();
     EXPECT_EQ(player.BackPass().size(), 3U);
     player.flags.Deform = kByteTrue;
@@ -220,17 +203,13 @@ TEST_F(Deform, IsTheViewsFlag) {
 }
 
 TEST_F(Deform, LeavesOtherKindsAlone) {
-    BackgroundElement& element = StageBuilder::At(player.build.Still(floor), 10, 200);
-    element.yscaleStart = 50;
+    player.build.StillAt(floor, 10, 200).yscaleStart = 50;
     EXPECT_EQ(Draw(), (Lines{"floor 10,200 100x3"}));
 }
 
 // The shear is that of the row of the picture, not of the screen.
 TEST_F(Deform, RowsKeepTheirShear) {
-    BackgroundElement& element = Floor(100, 200);
-    element.yscaleStart = 50;
-    element.xscaleTop = 1;
-    element.xscaleBottom = 2;
+    Sheared(Floor(50), 1, 2).startX += 90;
     player.model.CamStartX = 20;
     // 80, and 10 and 20 further left.
     EXPECT_EQ(Draw(), (Lines{"floor 80,200 100x1", "floor 80,201 100x1",
@@ -239,18 +218,13 @@ TEST_F(Deform, RowsKeepTheirShear) {
 }
 
 TEST_F(Deform, IsCutToTheWindow) {
-    BackgroundElement& element = Floor(10, 200);
-    element.yscaleStart = 50;
-    element.windowX2 = 59;
-    element.windowY1 = 203;
-    element.windowY2 = 204;
-    element.windowActive = 1;
+    Windowed(Floor(50), 0, 203, 59, 204);
     EXPECT_EQ(Draw(), (Lines{"floor 10,203 50x1 from 0,1", "floor 10,204 50x1 from 0,2"}));
 }
 
 TEST_F(Deform, DrawsNoMoreRowsThanTheViewHas) {
     const Integer tall = player.build.Sprite("tall", 100, 32767);
-    BackgroundElement& element = StageBuilder::At(player.build.Parallax(tall), 10, -100000);
+    BackgroundElement& element = player.build.ParallaxAt(tall, 10, -100000);
     element.yscaleStart = 1;
     const Lines drawn = Draw();
     ASSERT_EQ(drawn.size(), 240U);
@@ -267,58 +241,43 @@ TEST(NegativeTileStep, IsOneCopyWithAdditionsAndNoneWithout) {
     EXPECT_EQ(CopiesAlong({3, -10, 50, false, false}, 20, {0, 320}).count, 0);
 }
 
-TEST(NegativeTileStep, DrawsAStillPictureOnce) {
+TEST(NegativeTileStep, DrawsAStillPictureOnceInThatDirection) {
     StagePlayer player(ViewOptions{true});
     const Integer hill = player.build.Sprite("hill", 50, 40);
-    BackgroundElement& element = StageBuilder::At(player.build.Still(hill), 10, 20);
-    element.tileX = 3;
-    element.tileSpacingX = -60;
-    element.tileY = 2;
-    element.tileSpacingY = -41;
+    BackgroundElement& element = Tiled(player.build.StillAt(hill, 10, 20), 3, 2, -60, -41);
     player.Start();
     EXPECT_EQ(player.BackPass(), (Lines{"hill 10,20 50x40"}));
     player.view.Additions = false;
     EXPECT_EQ(player.BackPass(), Lines());
+    player.view.Additions = true;
+    Tiled(element, 2, 2, 0, -41);
+    EXPECT_EQ(player.BackPass(), (Lines{"hill 10,20 100x40"})) << "the other is as it is";
 }
 
-TEST(NegativeTileStep, InOneDirectionLeavesTheOtherAsItIs) {
-    StagePlayer player(ViewOptions{true});
-    const Integer hill = player.build.Sprite("hill", 50, 40);
-    BackgroundElement& element = StageBuilder::At(player.build.Still(hill), 10, 20);
-    element.tileX = 2;
-    element.tileY = 2;
-    element.tileSpacingY = -41;
-    player.Start();
-    EXPECT_EQ(player.BackPass(), (Lines{"hill 10,20 100x40"}));
-}
+struct ScaledSteps {
+    const char* name;
+    std::int64_t step;
+    Single scale;
+    std::int64_t ofStill;
+    std::int64_t ofAnimation;
+};
 
-constexpr bool kStill = false;
-constexpr bool kAnimated = true;
-
-TEST(ScaledStep, OfAStillPictureIsRoundedAndStaysAbove0) {
-    EXPECT_EQ(ScaledStep(120, 0.5F, kStill), 60);
-    EXPECT_EQ(ScaledStep(121, 0.5F, kStill), 60);  // 60.5, to the even one
-    EXPECT_EQ(ScaledStep(2, 0.5F, kStill), 1);
-    EXPECT_EQ(ScaledStep(1, 0.5F, kStill), 1);
-    EXPECT_EQ(ScaledStep(5, 0.03125F, kStill), 1);
-}
-
-TEST(ScaledStep, OfAnAnimationThatWasNotGivenStaysSo) {
-    EXPECT_EQ(ScaledStep(1, 0.5F, kAnimated), 1);
-    EXPECT_EQ(ScaledStep(1, 2, kAnimated), 1);
-    EXPECT_EQ(ScaledStep(2, 0.5F, kAnimated), 2);
-    EXPECT_EQ(ScaledStep(60, 0.5F, kAnimated), 30);
-}
-
-TEST(ScaledStep, OfNothingOrLessStaysThat) {
-    for (const bool animated : {kStill, kAnimated}) {
-        EXPECT_EQ(ScaledStep(0, 0.5F, animated), 0);
-        EXPECT_LT(ScaledStep(-10, 0.5F, animated), 0);
+TEST(ScaledStep, IsRoundedAndStaysWhatItIs) {
+    for (const ScaledSteps& row : {
+             ScaledSteps{"halved", 60, 0.5F, 30, 30},
+             {"60.5, to the even one", 121, 0.5F, 60, 60},
+             {"of an animation given, and so no 1", 2, 0.5F, 1, 2},
+             {"of an animation not given, and so 1", 1, 0.5F, 1, 1},
+             {"and when it grows", 1, 2, 2, 1},
+             {"above 0", 5, 0.03125F, 1, 2},
+             {"nothing", 0, 0.5F, 0, 0},
+             {"the largest", 2147516414, 2, 4295032828, 4295032828},
+         }) {
+        EXPECT_EQ(ScaledStep(row.step, row.scale, false), row.ofStill) << row.name;
+        EXPECT_EQ(ScaledStep(row.step, row.scale, true), row.ofAnimation) << row.name;
     }
-}
-
-TEST(ScaledStep, OfTheLargestSpacingDoesNotRunOver) {
-    EXPECT_EQ(ScaledStep(2147516414, 2, kStill), 4295032828);
+    EXPECT_LT(ScaledStep(-10, 0.5F, false), 0);
+    EXPECT_LT(ScaledStep(-10, 0.5F, true), 0);
 }
 
 // --- swing ---
@@ -326,17 +285,13 @@ TEST(ScaledStep, OfTheLargestSpacingDoesNotRunOver) {
 TEST(SidewaysSwing, OfAnElementOfItsOwn) {
     StagePlayer player(ViewOptions{true});
     const Integer hill = player.build.Sprite("hill", 50, 40);
-    StageBuilder::At(player.build.Still(hill), 100, 20).sinState = {8, 4, 0};
+    player.build.StillAt(hill, 100, 20).sinState = {8, 4, 0};
     player.Start();
-    Lines drawn;
-    for (int frame = 0; frame < 10; ++frame) {
-        drawn.push_back(player.BackPass().at(0));
-    }
     // 8 sin(pi / 4 * (frame - 1)), and 0 in the first.
-    EXPECT_EQ(drawn, (Lines{"hill 100,20 50x40", "hill 100,20 50x40", "hill 106,20 50x40",
-                            "hill 108,20 50x40", "hill 106,20 50x40", "hill 100,20 50x40",
-                            "hill 94,20 50x40", "hill 92,20 50x40", "hill 94,20 50x40",
-                            "hill 100,20 50x40"}));
+    EXPECT_EQ(player.Film(10), (Lines{"hill 100,20 50x40", "hill 100,20 50x40", "hill 106,20 50x40",
+                                      "hill 108,20 50x40", "hill 106,20 50x40", "hill 100,20 50x40",
+                                      "hill 94,20 50x40", "hill 92,20 50x40", "hill 94,20 50x40",
+                                      "hill 100,20 50x40"}));
 }
 
 // --- the upper bound ---
@@ -345,7 +300,7 @@ TEST(AdditionsUpperBound, IsTheFilesWithAdditionsAndRaisedWithout) {
     const auto boundOf = [](bool additions) {
         StagePlayer player(ViewOptions{additions});
         const Integer hill = player.build.Sprite("hill", 50, 40);
-        StageBuilder::At(player.build.Still(hill), 0, -30);
+        player.build.StillAt(hill, 0, -30);
         player.model.BoundHigh = -100;
         player.Start();
         return player.model.BoundHigh;
@@ -355,4 +310,4 @@ TEST(AdditionsUpperBound, IsTheFilesWithAdditionsAndRaisedWithout) {
 }
 
 }  // namespace
-}  // namespace scenara
+}  // namespace scenara::test

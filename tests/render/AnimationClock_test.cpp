@@ -10,17 +10,14 @@
 #include "render/PrepareStage.h"
 #include "render/StageBuilder.h"
 
-namespace scenara {
+namespace scenara::test {
 namespace {
-
-using test::ExpectError;
-using test::StageBuilder;
 
 // An action whose frames have these times, in an element that has just been prepared.
 class Clocked {
 public:
     explicit Clocked(const std::vector<Integer>& times, Integer loopstart = 0) {
-        std::vector<test::FrameLine> frames;
+        std::vector<FrameLine> frames;
         for (const Integer time : times) {
             frames.push_back({-1, time});
         }
@@ -48,9 +45,38 @@ public:
 
 using Frames = std::vector<Integer>;
 
-TEST(AnimationClock, AFrameOfTimeTIsShownForTFrames) {
-    Clocked clock({3, 1, 2});
-    EXPECT_EQ(clock.Shown(13), (Frames{0, 0, 0, 1, 2, 2, 0, 0, 0, 1, 2, 2, 0}));
+struct ShownFrames {
+    const char* name;
+    Frames times;
+    Integer loopstart;
+    Frames shown;
+    Integer timeLeft;  // of the last one
+};
+
+TEST(AnimationClock, ShowsEachFrameForItsTime) {
+    for (const ShownFrames& row : std::vector<ShownFrames>{
+             {"for its ticks", {3, 1, 2}, 0, {0, 0, 0, 1, 2, 2, 0, 0, 0, 1, 2, 2, 0}, 2},
+             {"then the loopstart", {1, 1, 1}, 1, {0, 1, 2, 1, 2, 1, 2, 1}, 0},
+             {"then the last frame again", {1, 2}, 1, {0, 1, 1, 1, 1, 1}, 1},
+             {"the loopstart is one too many", {1, 1, 1}, 3, {0, 1, 2, 0, 1, 2, 0}, 0},
+             {"the loopstart is far too many", {1, 1, 1}, 32767, {0, 1, 2, 0, 1, 2, 0}, 0},
+             {"the loopstart is -1", {1, 1, 1}, -1, {0, 1, 2, 0, 1, 2, 0}, 0},
+             {"the loopstart is the least", {1, 1, 1}, -32768, {0, 1, 2, 0, 1, 2, 0}, 0},
+             {"-1 holds for ever", {2, -1, 5}, 0, {0, 0, 1, 1, 1, 1, 1, 1}, -1},
+             {"so does any other", {2, -32768, 5}, 0, {0, 0, 1, 1, 1, 1, 1, 1}, -32768},
+             {"-1 holds the first", {-1, 5}, 0, {0, 0, 0, 0}, -1},
+             {"0 is passed over", {1, 0, 0, 2, 0}, 0, {0, 3, 3, 0, 3, 3, 0, 3}, 1},
+             {"0 is passed over at the start", {0, 2}, 0, {1, 1, 1, 1, 1}, 1},
+             {"0 at the end leads to the loopstart", {1, 1, 0}, 1, {0, 1, 1, 1, 1}, 0},
+             {"0 is passed over to one that holds", {1, 0, -1}, 0, {0, 2, 2, 2}, -1},
+             {"of 0 alone the search ends once round", {0, 0, 0}, 0, {0, 0, 0, 0}, -1},
+             {"without frames", {}, 0, {0, 0, 0}, 0},
+         }) {
+        SCOPED_TRACE(row.name);
+        Clocked clock(row.times, row.loopstart);
+        EXPECT_EQ(clock.Shown(static_cast<int>(row.shown.size())), row.shown);
+        EXPECT_EQ(clock.Element().frameTime, row.timeLeft);
+    }
 }
 
 TEST(AnimationClock, FrameTimeCountsTheTicksThatAreLeft) {
@@ -64,80 +90,10 @@ TEST(AnimationClock, FrameTimeCountsTheTicksThatAreLeft) {
     EXPECT_EQ(left, (std::vector<Integer>{2, 1, 0, 1, 0, 2}));
 }
 
-TEST(AnimationClock, AfterTheLastFrameComesTheLoopstart) {
-    Clocked clock({1, 1, 1}, 1);
-    EXPECT_EQ(clock.Shown(8), (Frames{0, 1, 2, 1, 2, 1, 2, 1}));
-}
-
-TEST(AnimationClock, TheLastFrameMayBeTheLoopstart) {
-    Clocked clock({1, 2}, 1);
-    EXPECT_EQ(clock.Shown(6), (Frames{0, 1, 1, 1, 1, 1}));
-    EXPECT_EQ(clock.Element().frameTime, 1);
-}
-
-TEST(AnimationClock, ALoopstartThatIsNoFrameCountsAsTheFirst) {
-    for (const Integer loopstart : {Integer{3}, Integer{32767}, Integer{-1}, Integer{-32768}}) {
-        Clocked clock({1, 1, 1}, loopstart);
-        EXPECT_EQ(clock.Shown(7), (Frames{0, 1, 2, 0, 1, 2, 0})) << loopstart;
-    }
-}
-
-TEST(AnimationClock, ANegativeTimeHoldsItsFrameForEver) {
-    for (const Integer time : {Integer{-1}, Integer{-32768}}) {
-        Clocked clock({2, time, 5});
-        EXPECT_EQ(clock.Shown(8), (Frames{0, 0, 1, 1, 1, 1, 1, 1})) << time;
-        EXPECT_EQ(clock.Element().frameTime, time);
-    }
-}
-
-TEST(AnimationClock, ANegativeFirstTimeHoldsTheFirstFrame) {
-    Clocked clock({-1, 5});
-    EXPECT_EQ(clock.Shown(4), (Frames{0, 0, 0, 0}));
-    EXPECT_EQ(clock.Element().frameTime, -1);
-}
-
-TEST(AnimationClock, FramesOfTime0ArePassedOver) {
-    Clocked clock({1, 0, 0, 2, 0});
-    EXPECT_EQ(clock.Shown(8), (Frames{0, 3, 3, 0, 3, 3, 0, 3}));
-}
-
-TEST(AnimationClock, AFirstFrameOfTime0IsNeverShown) {
-    Clocked clock({0, 2});
-    EXPECT_EQ(clock.Shown(5), (Frames{1, 1, 1, 1, 1}));
-}
-
-TEST(AnimationClock, ALastFrameOfTime0LeadsOnToTheLoopstart) {
-    Clocked clock({1, 1, 0}, 1);
-    EXPECT_EQ(clock.Shown(5), (Frames{0, 1, 1, 1, 1}));
-}
-
-TEST(AnimationClock, AFrameOfTime0BeforeOneThatHoldsIsPassedOver) {
-    Clocked clock({1, 0, -1});
-    EXPECT_EQ(clock.Shown(4), (Frames{0, 2, 2, 2}));
-    EXPECT_EQ(clock.Element().frameTime, -1);
-}
-
-TEST(AnimationClock, OnlyFramesOfTime0EndTheSearchOnceRound) {
-    Clocked clock({0, 0, 0});
-    // Once round ends where it began.
-    EXPECT_EQ(clock.Shown(4), (Frames{0, 0, 0, 0}));
-    EXPECT_EQ(clock.Element().frameTime, -1);
-}
-
 TEST(AnimationClock, OneFrameOfTime0StandsStill) {
     Clocked clock({0});
     EXPECT_EQ(clock.Shown(40000).back(), 0);
     EXPECT_EQ(clock.Element().frameTime, -1);
-}
-
-TEST(AnimationClock, ALoopOfFramesOfTime0BehindFramesThatAreShownEndsToo) {
-    Clocked clock({2, 0, 0}, 1);
-    const Frames shown = clock.Shown(6);
-    EXPECT_EQ(shown[0], 0);
-    EXPECT_EQ(shown[1], 0);
-    for (std::size_t i = 2; i < shown.size(); ++i) {
-        EXPECT_NE(shown[i], 0) << i;
-    }
 }
 
 // Frame by frame past those that take no time, once round at most.
@@ -203,12 +159,10 @@ TEST(AnimationClock, ElementsThatAreNotAnimatedHaveNone) {
     EXPECT_EQ(clock.Element().frameTime, 1);
 }
 
-TEST(AnimationClock, WithoutAnActionOrFramesNothingHappens) {
-    Clocked empty({});
-    EXPECT_EQ(empty.Shown(3), (Frames{0, 0, 0}));
-    Clocked none({1, 1});
-    none.Element().actionIndex = -1;
-    EXPECT_EQ(none.Shown(3), (Frames{0, 0, 0}));
+TEST(AnimationClock, WithoutAnActionNothingHappens) {
+    Clocked clock({1, 1});
+    clock.Element().actionIndex = -1;
+    EXPECT_EQ(clock.Shown(3), (Frames{0, 0, 0}));
 }
 
 TEST(AnimationClock, IndicesOutsideOfTheirTablesAreErrors) {
@@ -225,4 +179,4 @@ TEST(AnimationClock, IndicesOutsideOfTheirTablesAreErrors) {
 }
 
 }  // namespace
-}  // namespace scenara
+}  // namespace scenara::test

@@ -1,14 +1,20 @@
 // SPDX-License-Identifier: MIT
 #include "render/CameraControl.h"
 
+#include <string>
+#include <vector>
+
 #include <gtest/gtest.h>
 
 #include "render/StagePlayer.h"
 
-namespace scenara {
+namespace scenara::test {
 namespace {
 
-using test::StagePlayer;
+struct ShownPlace {
+    Single x;
+    Single y;
+};
 
 // The camera in shown coordinates, from -10 to 20 across and from -30 to 0 upwards.
 class CameraControlTest : public testing::Test {
@@ -41,13 +47,12 @@ protected:
         EXPECT_EQ(player.camera.HCamStep, across);
         EXPECT_EQ(player.camera.VCamStep, down);
     }
-    // One move from here with this key.
-    void ExpectMove(VirtualKey key, Single fromX, Single fromY, Single toX, Single toY) {
-        SCOPED_TRACE(static_cast<int>(key));
-        Show(fromX, fromY);
-        Hold({key});
+    // One move from here with these keys.
+    void ExpectMove(const KeySet& keys, ShownPlace from, ShownPlace to) {
+        Show(from.x, from.y);
+        Hold(keys);
         Control();
-        ExpectShown(toX, toY);
+        ExpectShown(to.x, to.y);
     }
 
     StagePlayer player;
@@ -57,109 +62,71 @@ protected:
 
 using ArrowKeys = CameraControlTest;
 
-TEST_F(ArrowKeys, MoveByOneStep) {
-    Steps(2, 3);
-    ExpectMove(VirtualKey::Right, 0, -10, 2, -10);
-    ExpectMove(VirtualKey::Left, 0, -10, -2, -10);
-    ExpectMove(VirtualKey::Up, 0, -10, 0, -13);
-    ExpectMove(VirtualKey::Down, 0, -10, 0, -7);
-}
+struct Move {
+    const char* name;
+    KeySet keys;
+    ShownPlace from;
+    ShownPlace to;
+};
 
-TEST_F(ArrowKeys, MoveOntoTheBound) {
-    Steps(2, 3);
-    ExpectMove(VirtualKey::Right, 18, -10, 20, -10);
-    ExpectMove(VirtualKey::Left, -8, -10, -10, -10);
-    ExpectMove(VirtualKey::Up, 0, -27, 0, -30);
-    ExpectMove(VirtualKey::Down, 0, -3, 0, 0);
-}
+constexpr auto kRight = VirtualKey::Right;
+constexpr auto kLeft = VirtualKey::Left;
+constexpr auto kUp = VirtualKey::Up;
+constexpr auto kDown = VirtualKey::Down;
 
-TEST_F(ArrowKeys, DoNotMoveAtTheBound) {
+TEST_F(ArrowKeys, MoveByWholeStepsWithinTheBounds) {
     Steps(2, 3);
-    ExpectMove(VirtualKey::Right, 20, -10, 20, -10);
-    ExpectMove(VirtualKey::Left, -10, -10, -10, -10);
-    ExpectMove(VirtualKey::Up, 0, -30, 0, -30);
-    ExpectMove(VirtualKey::Down, 0, 0, 0, 0);
-}
-
-TEST_F(ArrowKeys, MakeNoPartOfAStep) {
-    Steps(2, 3);
-    ExpectMove(VirtualKey::Right, 18.5F, -10, 18.5F, -10);
-    ExpectMove(VirtualKey::Left, -8.5F, -10, -8.5F, -10);
-    ExpectMove(VirtualKey::Up, 0, -27.5F, 0, -27.5F);
-    ExpectMove(VirtualKey::Down, 0, -2.5F, 0, -2.5F);
-}
-
-TEST_F(ArrowKeys, StopUpToAStepShortOfTheBound) {
-    Steps(8, 8);
-    Show(0, 0);
-    Hold({VirtualKey::Right, VirtualKey::Up});
-    for (int i = 0; i < 10; ++i) {
-        Control();
+    for (const Move& row : std::vector<Move>{
+             {"a step right", {kRight}, {0, -10}, {2, -10}},
+             {"a step left", {kLeft}, {0, -10}, {-2, -10}},
+             {"a step up", {kUp}, {0, -10}, {0, -13}},
+             {"a step down", {kDown}, {0, -10}, {0, -7}},
+             {"onto the right bound", {kRight}, {18, -10}, {20, -10}},
+             {"onto the left bound", {kLeft}, {-8, -10}, {-10, -10}},
+             {"onto the upper bound", {kUp}, {0, -27}, {0, -30}},
+             {"onto the lower bound", {kDown}, {0, -3}, {0, 0}},
+             {"at the right bound", {kRight}, {20, -10}, {20, -10}},
+             {"at the left bound", {kLeft}, {-10, -10}, {-10, -10}},
+             {"at the upper bound", {kUp}, {0, -30}, {0, -30}},
+             {"at the lower bound", {kDown}, {0, 0}, {0, 0}},
+             {"no part of a step right", {kRight}, {18.5F, -10}, {18.5F, -10}},
+             {"no part of a step left", {kLeft}, {-8.5F, -10}, {-8.5F, -10}},
+             {"no part of a step up", {kUp}, {0, -27.5F}, {0, -27.5F}},
+             {"no part of a step down", {kDown}, {0, -2.5F}, {0, -2.5F}},
+             {"back from beyond the right bound", {kLeft}, {50, -10}, {48, -10}},
+             {"not further beyond the right bound", {kRight}, {50, -10}, {50, -10}},
+             {"back from beyond the left bound", {kRight}, {-50, -10}, {-48, -10}},
+             {"back from beyond the upper bound", {kDown}, {0, -50}, {0, -47}},
+             {"not further beyond the upper bound", {kUp}, {0, -50}, {0, -50}},
+             {"back from beyond the lower bound", {kUp}, {0, 50}, {0, 47}},
+             {"opposite ones cancel out", {kRight, kLeft, kUp, kDown}, {0, -10}, {0, -10}},
+             // They are looked at in this order: right, left, up, down.
+             {"left has room after right", {kRight, kLeft, kUp, kDown}, {20, -30}, {18, -27}},
+             {"right has room before left", {kRight, kLeft, kUp, kDown}, {-10, 0}, {-10, 0}},
+             {"two parts of a step from the corner", {kRight, kUp}, {19, -29}, {19, -29}},
+             {"other keys",
+              {VirtualKey::Pause, VirtualKey::Escape, VirtualKey::RightButton},
+              {0, -10},
+              {0, -10}},
+         }) {
+        SCOPED_TRACE(row.name);
+        ExpectMove(row.keys, row.from, row.to);
     }
-    ExpectShown(16, -24);
-}
-
-TEST_F(ArrowKeys, HeldAtTheLeftBoundLeaveTheCameraThere) {
-    Steps(1, 1);
-    Show(-10, 0);
-    Hold({VirtualKey::Left});
-    for (int i = 0; i < 10; ++i) {
-        Control();
-    }
-    ExpectShown(-10, 0);
-}
-
-TEST_F(ArrowKeys, ComeBackFromOutsideOfTheBounds) {
-    Steps(2, 3);
-    ExpectMove(VirtualKey::Left, 50, -10, 48, -10);
-    ExpectMove(VirtualKey::Right, 50, -10, 50, -10);
-    ExpectMove(VirtualKey::Right, -50, -10, -48, -10);
-    ExpectMove(VirtualKey::Down, 0, -50, 0, -47);
-    ExpectMove(VirtualKey::Up, 0, -50, 0, -50);
-    ExpectMove(VirtualKey::Up, 0, 50, 0, 47);
-}
-
-TEST_F(ArrowKeys, OppositeOnesCancelOutAwayFromTheBounds) {
-    Steps(2, 3);
-    Show(0, -10);
-    Hold({VirtualKey::Right, VirtualKey::Left, VirtualKey::Up, VirtualKey::Down});
-    Control();
-    ExpectShown(0, -10);
-}
-
-TEST_F(ArrowKeys, AreTestedInTheOrderRightLeftUpDown) {
-    Steps(2, 3);
-    // At the right bound Right is not possible before Left, at the left one Left is after Right.
-    Show(20, -30);
-    Hold({VirtualKey::Right, VirtualKey::Left, VirtualKey::Up, VirtualKey::Down});
-    Control();
-    ExpectShown(18, -27);
-    Show(-10, 0);
-    Control();
-    ExpectShown(-10, 0);
-}
-
-TEST_F(ArrowKeys, MoveNothingUntilTheyAreDown) {
-    Steps(2, 3);
-    Show(0, -10);
-    Hold({VirtualKey::Pause, VirtualKey::Escape, VirtualKey::RightButton});
-    Control();
-    ExpectShown(0, -10);
 }
 
 TEST_F(ArrowKeys, DoNotRiseWhereTheUpperBoundLiesBelowTheGroundView) {
     player.model.BoundHigh = 11;
     Steps(1, 1);
-    ExpectMove(VirtualKey::Up, 0, 0, 0, 0);
-    ExpectMove(VirtualKey::Down, 0, 0, 0, 0);
+    ExpectMove({kUp}, {0, 0}, {0, 0});
+    ExpectMove({kDown}, {0, 0}, {0, 0});
 }
 
 TEST_F(ArrowKeys, TakeBoundsOfAnySize) {
     player.model.BoundLeft = -2147483647 - 1;
     player.model.BoundRight = 2147483647;
     Steps(2, 3);
-    ExpectMove(VirtualKey::Right, 100000, -10, 100002, -10);
-    ExpectMove(VirtualKey::Left, -100000, -10, -100002, -10);
+    ExpectMove({kRight}, {100000, -10}, {100002, -10});
+    ExpectMove({kLeft}, {-100000, -10}, {-100002, -10});
 }
 
 // Any answer but 0 is a key that is down.
@@ -179,114 +146,84 @@ TEST_F(ArrowKeys, PressedSinceTheLastLookAreDown) {
 
 // --- Z and A ---
 
-class StepKeys : public CameraControlTest {
-protected:
-    // Holds these keys at this time.
-    void At(Long time, const KeySet& keys) {
-        player.clock.now = time;
-        Hold(keys);
-        Control();
-    }
+using StepKeys = CameraControlTest;
+
+// One look at the keys, and the steps that come of it.
+struct StepLook {
+    Long time;
+    KeySet keys;
+    CameraSteps steps;
+};
+struct StepScript {
+    const char* name;
+    CameraSteps steps;
+    std::vector<StepLook> looks;
 };
 
-TEST_F(StepKeys, ZLowersAndARaisesBothByAHalf) {
-    Steps(3, 5.25F);
-    At(1000, {VirtualKey::Z});
-    ExpectSteps(2.5F, 4.75F);
-    At(2000, {VirtualKey::A});
-    ExpectSteps(3, 5.25F);
-}
+const KeySet kZ{VirtualKey::Z};
+const KeySet kA{VirtualKey::A};
+const KeySet kZAndA{VirtualKey::Z, VirtualKey::A};
 
-TEST_F(StepKeys, ActOnceMoreThan150MillisecondsHavePassed) {
-    Steps(5, 5);
-    At(1000, {VirtualKey::Z});
-    ExpectSteps(4.5F, 4.5F);
-    At(1149, {VirtualKey::Z});
-    At(1150, {VirtualKey::Z});
-    ExpectSteps(4.5F, 4.5F);
-    At(1151, {VirtualKey::Z});
-    ExpectSteps(4, 4);
-    At(1301, {VirtualKey::Z});
-    ExpectSteps(4, 4);
-    At(1302, {VirtualKey::Z});
-    ExpectSteps(3.5F, 3.5F);
-}
+const StepScript kStepScripts[] = {
+    {"Z lowers and A raises both by a half",
+     {3, 5.25F},
+     {{1000, kZ, {2.5F, 4.75F}}, {2000, kA, {3, 5.25F}}}},
+    {"they act once more than 150 milliseconds have passed",
+     {5, 5},
+     {{1000, kZ, {4.5F, 4.5F}},
+      {1149, kZ, {4.5F, 4.5F}},
+      {1150, kZ, {4.5F, 4.5F}},
+      {1151, kZ, {4, 4}},
+      {1301, kZ, {4, 4}},
+      {1302, kZ, {3.5F, 3.5F}}}},
+    {"they share the gate",
+     {5, 5},
+     {{1000, kZ, {4.5F, 4.5F}}, {1100, kA, {4.5F, 4.5F}}, {1200, kA, {5, 5}}, {1300, kZ, {5, 5}}}},
+    {"those that are not down do not close the gate",
+     {5, 5},
+     {{1000, {}, {5, 5}}, {1001, {kRight}, {5, 5}}, {1002, kA, {5.5F, 5.5F}}}},
+    // One key is accepted; for the other the clock has not gone on since.
+    {"held together only one is accepted", {5, 5}, {{1000, kZAndA, {4.5F, 4.5F}}}},
+    {"held together at a half the one that does nothing",
+     {0.5F, 0.5F},
+     {{2000, kZAndA, {0.5F, 0.5F}}}},
+    {"Z stops at a half",
+     {1, 1.5F},
+     {{1000, kZ, {0.5F, 1}}, {2000, kZ, {0.5F, 0.5F}}, {3000, kZ, {0.5F, 0.5F}}}},
+    {"Z lowers below a half as long as something is left",
+     {0.75F, 0.25F},
+     {{1000, kZ, {0.25F, 0.5F}}}},
+    {"A stops at 10",
+     {9, 9.75F},
+     {{1000, kA, {9.5F, 10}}, {2000, kA, {10, 10}}, {3000, kA, {10, 10}}}},
+    {"A makes 10 of anything above", {40, 9.5F}, {{1000, kA, {10, 10}}}},
+    {"at the end of the clock",
+     {5, 5},
+     {{2147483646, kZ, {4.5F, 4.5F}}, {2147483647, kZ, {4.5F, 4.5F}}}},
+};
 
-TEST_F(StepKeys, ShareTheGate) {
-    Steps(5, 5);
-    At(1000, {VirtualKey::Z});
-    At(1100, {VirtualKey::A});
-    ExpectSteps(4.5F, 4.5F);
-    At(1200, {VirtualKey::A});
-    ExpectSteps(5, 5);
-    At(1300, {VirtualKey::Z});
-    ExpectSteps(5, 5);
-}
-
-TEST_F(StepKeys, ThatAreNotDownDoNotCloseTheGate) {
-    Steps(5, 5);
-    At(1000, {});
-    At(1001, {VirtualKey::Right});
-    At(1002, {VirtualKey::A});
-    ExpectSteps(5.5F, 5.5F);
-}
-
-// One key is accepted; for the other the clock has not gone on since.
-TEST_F(StepKeys, HeldTogetherOnlyOneIsAccepted) {
-    Steps(5, 5);
-    At(1000, {VirtualKey::Z, VirtualKey::A});
-    ExpectSteps(4.5F, 4.5F);
-    Steps(0.5F, 0.5F);
-    At(2000, {VirtualKey::Z, VirtualKey::A});
-    ExpectSteps(0.5F, 0.5F);
-}
-
-TEST_F(StepKeys, ZStopsAtAHalf) {
-    Steps(1, 1.5F);
-    At(1000, {VirtualKey::Z});
-    ExpectSteps(0.5F, 1);
-    At(2000, {VirtualKey::Z});
-    ExpectSteps(0.5F, 0.5F);
-    At(3000, {VirtualKey::Z});
-    ExpectSteps(0.5F, 0.5F);
-}
-
-TEST_F(StepKeys, ZLowersBelowAHalfAsLongAsSomethingIsLeft) {
-    Steps(0.75F, 0.25F);
-    At(1000, {VirtualKey::Z});
-    ExpectSteps(0.25F, 0.5F);
-}
-
-TEST_F(StepKeys, AStopsAt10) {
-    Steps(9, 9.75F);
-    At(1000, {VirtualKey::A});
-    ExpectSteps(9.5F, 10);
-    At(2000, {VirtualKey::A});
-    ExpectSteps(10, 10);
-    At(3000, {VirtualKey::A});
-    ExpectSteps(10, 10);
-}
-
-TEST_F(StepKeys, AMakes10OfAnythingAbove) {
-    Steps(40, 9.5F);
-    At(1000, {VirtualKey::A});
-    ExpectSteps(10, 10);
+TEST_F(StepKeys, ChangeTheStepsByHalvesAndNotTooOften) {
+    for (const StepScript& row : kStepScripts) {
+        player.camera = Camera();
+        Steps(row.steps.HCamStep, row.steps.VCamStep);
+        for (const StepLook& look : row.looks) {
+            SCOPED_TRACE(std::string(row.name) + " at " + std::to_string(look.time));
+            player.clock.now = look.time;
+            Hold(look.keys);
+            Control();
+            ExpectSteps(look.steps.HCamStep, look.steps.VCamStep);
+        }
+    }
 }
 
 TEST_F(StepKeys, ActAfterTheArrowKeys) {
     Steps(2, 2);
     Show(0, 0);
-    At(1000, {VirtualKey::A, VirtualKey::Right});
+    player.clock.now = 1000;
+    Hold({VirtualKey::A, kRight});
+    Control();
     ExpectShown(2, 0);
     ExpectSteps(2.5F, 2.5F);
-}
-
-TEST_F(StepKeys, TakeTheClockToItsEnd) {
-    Steps(5, 5);
-    At(2147483646, {VirtualKey::Z});
-    ExpectSteps(4.5F, 4.5F);
-    At(2147483647, {VirtualKey::Z});
-    ExpectSteps(4.5F, 4.5F);
 }
 
 // --- the pointer ---
@@ -310,28 +247,31 @@ protected:
     }
 };
 
-TEST_F(MouseScroll, MovesTowardsThePointerByItsDistance) {
-    PointAt(520, 210);
-    ExpectSteps(10, 2);
-    ExpectShown(10, -2);
-}
+struct Pointed {
+    const char* name;
+    ShownPlace pointer;
+    CameraSteps steps;
+    ShownPlace shown;
+    WindowPlace window = {1500, 750, 9600, 7200};
+};
 
-TEST_F(MouseScroll, StepsAreTheDistancesOnTheOtherSidesToo) {
-    PointAt(415, 291);
-    ExpectSteps(0.5F, 0.025F);
-    ExpectShown(-0.5F, 0.025F);
-}
-
-TEST_F(MouseScroll, InTheMiddleNothingMoves) {
-    PointAt(420, 290);
-    ExpectSteps(0, 0);
-    ExpectShown(0, 0);
-}
-
-TEST_F(MouseScroll, MayGoFasterThanTheKeys) {
-    PointAt(820, 290);
-    ExpectSteps(40, 0);
-    ExpectShown(40, 0);
+TEST_F(MouseScroll, MovesTowardsThePointerByItsDistanceFromTheMiddle) {
+    for (const Pointed& row : {
+             Pointed{"right and up", {520, 210}, {10, 2}, {10, -2}},
+             {"left and down", {415, 291}, {0.5F, 0.025F}, {-0.5F, 0.025F}},
+             {"in the middle", {420, 290}, {0, 0}, {0, 0}},
+             {"faster than the keys", {820, 290}, {40, 0}, {40, 0}},
+             // The middle is at 100 + 160.5.
+             {"321 pixels wide", {261, 290}, {0.05F, 0}, {0.05F, 0}, {1500, 750, 321 * 15, 7200}},
+             {"left of the screen", {-220, -240}, {10, 0}, {10, 0}, {-9600, -7200, 9600, 7200}},
+         }) {
+        SCOPED_TRACE(row.name);
+        Show(0, 0);
+        player.window.MoveTo(row.window);
+        PointAt(static_cast<Long>(row.pointer.x), static_cast<Long>(row.pointer.y));
+        ExpectSteps(row.steps.HCamStep, row.steps.VCamStep);
+        ExpectShown(row.shown.x, row.shown.y);
+    }
 }
 
 TEST_F(MouseScroll, StaysWithinTheBounds) {
@@ -341,21 +281,6 @@ TEST_F(MouseScroll, StaysWithinTheBounds) {
         PointAt(520, 210);
     }
     ExpectShown(10, -2);
-}
-
-TEST_F(MouseScroll, OfAWindowOfAnOddSizeMeasuresFromItsMiddle) {
-    // 321 pixels wide: the middle is at 100 + 160.5.
-    player.window.MoveTo({1500, 750, 321 * 15, 7200});
-    PointAt(261, 290);
-    ExpectSteps(0.05F, 0);
-    ExpectShown(0.05F, 0);
-}
-
-TEST_F(MouseScroll, OfAWindowLeftOfTheScreenWorksTheSame) {
-    player.window.MoveTo({-9600, -7200, 9600, 7200});
-    PointAt(-220, -240);
-    ExpectSteps(10, 0);
-    ExpectShown(10, 0);
 }
 
 TEST_F(MouseScroll, ActsAfterTheKeys) {
@@ -414,49 +339,31 @@ TEST_F(KeysBehind, FollowTheStepKeysAndGoBeforeThePointer) {
     ExpectShown(13, 0);  // and 10 of the pointer
 }
 
-TEST_F(KeysBehind, FindTheGateOpenWhenNoKeyWasAccepted) {
-    player.pointer.MoveTo({420, 290});
-    ControlWith({VirtualKey::Right});
-    EXPECT_TRUE(witness.open);
-    player.camera.lastKeyTick = player.clock.now - 150;
-    ControlWith({});
-    EXPECT_FALSE(witness.open);
-    player.camera.lastKeyTick = player.clock.now - 151;
-    ControlWith({});
-    EXPECT_TRUE(witness.open);
-}
+struct Gate {
+    const char* name;
+    Long lastKeyTick;
+    Long now;
+    bool open;
+};
 
-TEST_F(KeysBehind, FindTheGateClosedForAsLongWhereTheTicksBeginAnew) {
-    player.camera.lastKeyTick = 2147483647;
-    player.clock.now = -2147483648 + 149;
-    ControlWith({});
-    EXPECT_FALSE(witness.open);
-    player.clock.now = -2147483648 + 150;
-    ControlWith({});
-    EXPECT_TRUE(witness.open);
+TEST_F(KeysBehind, FindTheGateOpenWhenNoKeyWasAcceptedForLongEnough) {
+    for (const Gate& row : {
+             Gate{"long ago", 0, 1000, true},
+             {"150 milliseconds ago", 850, 1000, false},
+             {"longer ago", 849, 1000, true},
+             {"where the ticks begin anew", 2147483647, -2147483647 - 1 + 149, false},
+             {"and longer ago", 2147483647, -2147483647 - 1 + 150, true},
+         }) {
+        player.camera.lastKeyTick = row.lastKeyTick;
+        player.clock.now = row.now;
+        ControlWith({VirtualKey::Right});
+        EXPECT_EQ(witness.open, row.open) << row.name;
+    }
 }
 
 // --- single steps ---
 
 using SingleSteps = CameraControlTest;
-
-TEST_F(SingleSteps, AreMadeWholeOrNotAtAll) {
-    Show(18, -27);
-    StepRight(player.model, 2);
-    StepUp(player.model, 3);
-    ExpectShown(20, -30);
-    StepRight(player.model, 2);
-    StepUp(player.model, 3);
-    ExpectShown(20, -30);
-    Show(-9, -1);
-    StepLeft(player.model, 2);
-    StepDown(player.model, 3);
-    ExpectShown(-9, -1);
-    Show(-8, -3);
-    StepLeft(player.model, 2);
-    StepDown(player.model, 3);
-    ExpectShown(-10, 0);
-}
 
 TEST_F(SingleSteps, OfNothingMoveNothing) {
     Show(20, 0);
@@ -471,44 +378,39 @@ TEST_F(SingleSteps, OfNothingMoveNothing) {
 
 using CameraLeadTest = CameraControlTest;
 
-TEST_F(CameraLeadTest, MakesOneStepOfItsOwnBehindTheBackPass) {
-    Steps(1, 1);
-    player.camera.leadStep = 3;
-    player.camera.lead = CameraLead::Right;
-    player.flags.DrawFrontLayer = 0;
-    Control();
-    ExpectShown(3, 0);
-    player.flags.DrawFrontLayer = kByteTrue;
-    Control();
-    ExpectShown(3, 0);
-    player.camera.lead = CameraLead::Left;
-    player.flags.DrawFrontLayer = 0;
-    Control();
-    ExpectShown(0, 0);
-}
+struct Led {
+    const char* name;
+    CameraLead lead;
+    Byte front;  // the pass
+    Single from;
+    Single to;
+};
 
-TEST_F(CameraLeadTest, KeepsToTheBounds) {
+TEST_F(CameraLeadTest, MakesOneStepOfItsOwnBehindTheBackPassWithinTheBounds) {
     Steps(1, 1);
     player.camera.leadStep = 3;
-    player.flags.DrawFrontLayer = 0;
-    player.camera.lead = CameraLead::Right;
-    Show(18, 0);
-    Control();
-    ExpectShown(18, 0);
-    player.camera.lead = CameraLead::Left;
-    Show(-8, 0);
-    Control();
-    ExpectShown(-8, 0);
+    for (const Led& row : {
+             Led{"right", CameraLead::Right, 0, 0, 3},
+             {"not in the front pass", CameraLead::Right, kByteTrue, 3, 3},
+             {"left", CameraLead::Left, 0, 3, 0},
+             {"not beyond the right bound", CameraLead::Right, 0, 18, 18},
+             {"not beyond the left bound", CameraLead::Left, 0, -8, -8},
+         }) {
+        SCOPED_TRACE(row.name);
+        player.camera.lead = row.lead;
+        player.flags.DrawFrontLayer = row.front;
+        ExpectMove({}, {row.from, 0}, {row.to, 0});
+    }
 }
 
 TEST_F(CameraLeadTest, LeavesLeftAndRightWithoutEffectAndTheOtherKeysWithTheirs) {
     player.camera.lead = CameraLead::Stand;
     for (const Byte front : {Byte{0}, kByteTrue}) {
         player.flags.DrawFrontLayer = front;
-        ExpectMove(VirtualKey::Right, 5, -5, 5, -5);
-        ExpectMove(VirtualKey::Left, 5, -5, 5, -5);
-        ExpectMove(VirtualKey::Up, 5, -5, 5, -6);
-        ExpectMove(VirtualKey::Down, 5, -5, 5, -4);
+        ExpectMove({kRight}, {5, -5}, {5, -5});
+        ExpectMove({kLeft}, {5, -5}, {5, -5});
+        ExpectMove({kUp}, {5, -5}, {5, -6});
+        ExpectMove({kDown}, {5, -5}, {5, -4});
     }
     Hold({VirtualKey::A});
     player.clock.now += 1000;
@@ -517,4 +419,4 @@ TEST_F(CameraLeadTest, LeavesLeftAndRightWithoutEffectAndTheOtherKeysWithTheirs)
 }
 
 }  // namespace
-}  // namespace scenara
+}  // namespace scenara::test

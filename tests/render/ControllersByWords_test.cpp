@@ -14,14 +14,8 @@
 #include "render/StageBuilder.h"
 #include "stage/ModelText.h"
 
-namespace scenara {
+namespace scenara::test {
 namespace {
-
-using test::AddControl;
-using test::During;
-using test::ModelText;
-using test::On;
-using test::StageBuilder;
 
 // Every element that the control's own list names, else its group's, else every one.
 bool IsNamed(const BgCtrlDef& group, const BgCtrl& control, Long id) {
@@ -173,4 +167,4 @@ TEST(ControllersOfAnyStage, DoWhatTheirWordsAndListsSay) {
 }
 
 }  // namespace
-}  // namespace scenara
+}  // namespace scenara::test

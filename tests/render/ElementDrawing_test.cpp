@@ -4,83 +4,85 @@
 #include "render/ElementDrawing.h"
 
 #include <algorithm>
+#include <ostream>
+#include <string>
 
 #include <gtest/gtest.h>
 
 #include "render/ExpectError.h"
 #include "render/StagePlayer.h"
 
-namespace scenara {
+namespace scenara::test {
 namespace {
 
-using test::ExpectError;
-using test::Lines;
-using test::Record;
-using test::StageBuilder;
-using test::StagePlayer;
+// A stage of one element. Its sprites are a hill, a strip, a tall strip and a floor of three rows.
+struct DrawnElement : StagePlayer {
+    BackgroundElement& Hill() { return build.StillAt(hill, 10, 20); }
+    BackgroundElement& HillFrame(const char* flip = "") {
+        return build.AnimationAt({{hill, 5, 0, 0, flip}}, 10, 20);
+    }
+    // The bottom row is twice as fast as the top one.
+    BackgroundElement& Floor(Long x = 10) { return Sheared(build.ParallaxAt(floor, x, 20), 1, 2); }
 
-// Draws the stage's first element.
-class Drawing : public testing::Test {
-protected:
-    // Another stage in the place of this one, with the same sprites.
-    void Anew() {
-        player.model.Elements.clear();
-        player.model.Actions.clear();
-        player.model.ActionCount = 0;
-        player.model.BoundHigh = -1000;
-    }
-    Lines Draw() {
-        player.Start();
-        return DrawAsIs();
-    }
-    Lines DrawAsIs() {
-        DrawElement(player.engine, player.model, player.Element(0), {});
-        return player.record.TakeQuads();
-    }
-    // All calls.
-    Lines Calls() {
-        player.Start();
-        DrawElement(player.engine, player.model, player.Element(0), {});
-        return player.record.TakeLines();
-    }
-    BackgroundElement& Still(Integer sprite, Long x, Long y) {
-        return StageBuilder::At(player.build.Still(sprite), x, y);
-    }
-    BackgroundElement& Animation(const std::vector<test::FrameLine>& frames, Long x, Long y) {
-        return StageBuilder::At(player.build.Animation(player.build.Action(frames)), x, y);
-    }
-    static void Window(BackgroundElement& element, Single x1, Single y1, Single x2, Single y2) {
-        element.windowX1 = x1;
-        element.windowY1 = y1;
-        element.windowX2 = x2;
-        element.windowY2 = y2;
-        element.windowActive = 1;
-    }
-
-    StagePlayer player;
-    const Integer hill = player.build.Sprite("hill", 50, 40);
+    const Integer hill = build.Sprite("hill", 50, 40);
+    const Integer strip = build.Sprite("strip", 50, 1);
+    const Integer floor = build.Sprite("floor", 50, 3);
+    const Integer tall = build.Sprite("tall", 50, 32767);
 };
 
-// --- one picture ---
+class DrawnPicture : public testing::Test {
+protected:
+    // All calls after the start.
+    Lines Calls() {
+        DrawElement(stage.engine, stage.model, stage.Element(0), {});
+        return stage.record.TakeLines();
+    }
 
-using DrawnPicture = Drawing;
+    DrawnElement stage;
+};
 
-TEST_F(DrawnPicture, IsTheWholeTextureWhereTheElementStands) {
-    Still(hill, 10, 20);
-    EXPECT_EQ(Draw(), (Lines{"hill 10,20 50x40"}));
+struct Drawn {
+    const char* name;
+    void (*make)(DrawnElement& stage);
+    Lines quads;
+    Single camera = 0;  // across, as stored, when it is drawn
+};
+
+void PrintTo(const Drawn& row, std::ostream* out) {
+    *out << row.name;
 }
 
+class ElementDrawing : public testing::TestWithParam<Drawn> {};
+
+TEST_P(ElementDrawing, IsTheseQuads) {
+    DrawnElement stage;
+    GetParam().make(stage);
+    stage.Start();
+    stage.model.CamX = GetParam().camera;
+    EXPECT_EQ(stage.DrawFirst(), GetParam().quads);
+}
+
+std::string NameOf(const testing::TestParamInfo<Drawn>& row) {
+    return row.param.name;
+}
+
+using Stage = DrawnElement;
+
+// --- one picture (mirrored ones and their axes: Additions_mirroring_test.cpp) ---
+
 TEST_F(DrawnPicture, ThatIsNotMaskedChangesNoState) {
+    stage.Hill();
+    stage.Start();
     for (const Integer mask : {Integer{0}, Integer{2}, Integer{-1}}) {
-        Anew();
-        Still(hill, 10, 20).mask = mask;
+        stage.Element(0).mask = mask;
         EXPECT_EQ(Calls(),
                   (Lines{"SetTexture 0 hill", "DrawPrimitiveUP 5 2 32", "quad hill 10,20 50x40"}));
     }
 }
 
 TEST_F(DrawnPicture, ThatIsMaskedIsBlendedAndNoOther) {
-    Still(hill, 10, 20).mask = 1;
+    Masked(stage.Hill());
+    stage.Start();
     EXPECT_EQ(Calls(),
               (Lines{"SetRenderState 19 5", "SetRenderState 20 6", "SetRenderState 27 1",
                      "SetTexture 0 hill", "DrawPrimitiveUP 5 2 32", "quad hill 10,20 50x40 masked",
@@ -88,281 +90,174 @@ TEST_F(DrawnPicture, ThatIsMaskedIsBlendedAndNoOther) {
 }
 
 TEST_F(DrawnPicture, StatesAreSetOnceAroundAllCopies) {
-    BackgroundElement& element = Still(hill, 10, 20);
-    element.mask = 1;
-    element.tileX = 3;
-    element.tileSpacingX = 1;
+    Tiled(Masked(stage.Hill()), 3, 0, 1);
+    stage.Start();
     const Lines calls = Calls();
     EXPECT_EQ(std::count(calls.begin(), calls.end(), "SetRenderState 27 1"), 1);
     EXPECT_EQ(std::count(calls.begin(), calls.end(), "SetRenderState 27 0"), 1);
     EXPECT_EQ(std::count(calls.begin(), calls.end(), "DrawPrimitiveUP 5 2 32"), 3);
 }
 
-TEST_F(DrawnPicture, OfAFrameIsLaidOnItsAxis) {
-    player.model.Sprites[0].axisX = 25;
-    player.model.Sprites[0].axisY = 39;
-    Animation({{hill, 5, 3, -4}}, 160, 120);
-    EXPECT_EQ(Draw(), (Lines{"hill 138,77 50x40"}));
-}
-
-TEST_F(DrawnPicture, OfAFrameWithHIsMirroredAtTheSamePlace) {
-    player.model.Sprites[0].axisX = 10;
-    Animation({{hill, 5, 3, 0, "h"}}, 160, 120);
-    EXPECT_EQ(Draw(), (Lines{"hill 153,120 50x40 mirrored"}));
-}
-
-TEST_F(DrawnPicture, OfAFrameWithVOrHvIsNotMirrored) {
-    for (const char* const flip : {"v", "hv", "H"}) {
-        Anew();
-        Animation({{hill, 5, 0, 0, flip}}, 160, 120);
-        EXPECT_EQ(Draw(), (Lines{"hill 160,120 50x40"})) << flip;
+TEST_F(DrawnPicture, OfABlankFrameOrWithoutASpriteIsNoneAndChangesNoState) {
+    for (BackgroundElement* const element : {&stage.build.AnimationAt({{-1, 5}}, 160, 120),
+                                             &stage.build.Still(-1), &stage.build.Dummy()}) {
+        Masked(*element);
+    }
+    stage.Start();
+    for (const BackgroundElement& element : stage.model.Elements) {
+        DrawElement(stage.engine, stage.model, element, {});
+        EXPECT_EQ(stage.record.TakeLines(), Lines()) << element.type;
     }
 }
 
-TEST_F(DrawnPicture, OfABlankFrameOrWithoutASpriteIsNoneAndChangesNoState) {
-    Animation({{-1, 5}}, 160, 120).mask = 1;
-    EXPECT_EQ(Calls(), Lines());
-    Anew();
-    Still(-1, 0, 0).mask = 1;
-    EXPECT_EQ(Calls(), Lines());
-    Anew();
-    player.build.Dummy().mask = 1;
-    EXPECT_EQ(Calls(), Lines());
-}
-
 TEST_F(DrawnPicture, WhoseTextureIsGoneIsDrawnAsTheDeviceSees) {
-    Still(hill, 10, 20);
-    player.model.Sprites[0].texture.reset();
+    stage.Hill();
+    stage.model.Sprites[0].texture.reset();
+    stage.Start();
     const Lines calls = Calls();
     ASSERT_EQ(calls.size(), 3U);
     EXPECT_EQ(calls[0], "SetTexture 0 none");
 }
 
 TEST_F(DrawnPicture, IndexOutsideOfItsTableIsAnErrorBeforeAnyCall) {
-    Still(hill, 10, 20).mask = 1;
-    player.Start();
-    player.Element(0).spriteIndex = 1;
-    ExpectError(RunTimeErrorKind::SubscriptOutOfRange, [&] { DrawAsIs(); });
-    EXPECT_EQ(player.record.TakeLines(), Lines());
+    Masked(stage.Hill());
+    stage.Start();
+    stage.Element(0).spriteIndex = stage.model.SpriteCount;
+    ExpectError(RunTimeErrorKind::SubscriptOutOfRange, [&] { stage.DrawFirst(); });
+    EXPECT_EQ(stage.record.TakeLines(), Lines());
 }
 
 TEST_F(DrawnPicture, WithoutADeviceIsAnError) {
-    Still(hill, 10, 20);
-    player.Start();
-    player.engine.Engine_Deinit();
-    ExpectError(RunTimeErrorKind::ObjectNotSet, [&] { DrawAsIs(); });
+    stage.Hill();
+    stage.Start();
+    stage.engine.Engine_Deinit();
+    ExpectError(RunTimeErrorKind::ObjectNotSet, [&] { stage.DrawFirst(); });
 }
 
 TEST_F(DrawnPicture, AnyFailingCallIsAnError) {
-    Still(hill, 10, 20).mask = 1;
-    player.Start();
+    Masked(stage.Hill());
+    stage.Start();
     for (int nth = 1; nth <= 6; ++nth) {
         SCOPED_TRACE(nth);
-        player.record.Spoil("SetRenderState", Record::Trouble::Fails, nth);
-        ExpectError(RunTimeErrorKind::Direct3D, [&] { DrawAsIs(); });
+        stage.record.Spoil("SetRenderState", Record::Trouble::Fails, nth);
+        ExpectError(RunTimeErrorKind::Direct3D, [&] { stage.DrawFirst(); });
     }
-    player.record.Spoil("DrawPrimitiveUP", Record::Trouble::Fails);
-    ExpectError(RunTimeErrorKind::Direct3D, [&] { DrawAsIs(); });
+    stage.record.Spoil("DrawPrimitiveUP", Record::Trouble::Fails);
+    ExpectError(RunTimeErrorKind::Direct3D, [&] { stage.DrawFirst(); });
 }
 
 // --- copies ---
 
-using DrawnCopies = Drawing;
+INSTANTIATE_TEST_SUITE_P(
+    OfCopies, ElementDrawing,
+    testing::Values(
+        Drawn{"OfStillsTheGapApart",
+              [](Stage& s) { Tiled(s.Hill(), 3, 0, 7); },
+              {"hill 10,20 50x40", "hill 67,20 50x40", "hill 124,20 50x40"}},
+        Drawn{"OfParallaxPicturesTheGapApart",
+              [](Stage& s) { Tiled(s.build.ParallaxAt(s.strip, 10, 20), 2, 0, 7); },
+              {"strip 10,20 50x1", "strip 67,20 50x1"}},
+        Drawn{"OfAnimationsTheDistanceApart",
+              [](Stage& s) { Tiled(s.HillFrame(), 3, 0, 60); },
+              {"hill 10,20 50x40", "hill 70,20 50x40", "hill 130,20 50x40"}},
+        Drawn{"Down",
+              [](Stage& s) { Tiled(s.Hill(), 0, 3, 0, 5); },
+              {"hill 10,20 50x40", "hill 10,65 50x40", "hill 10,110 50x40"}},
+        Drawn{"RowByRowEachFromTheLeft",
+              [](Stage& s) { Tiled(s.Hill(), 2, 2, 100, 60); },
+              {"hill 10,20 50x40", "hill 160,20 50x40", "hill 10,120 50x40", "hill 160,120 50x40"}},
+        Drawn{"OfAnimationsRowByRow",
+              [](Stage& s) { Tiled(s.HillFrame(), 2, 2, 100, 60); },
+              {"hill 10,20 50x40", "hill 110,20 50x40", "hill 10,80 50x40", "hill 110,80 50x40"}},
+        // Every 160 from 160, every 120 from 120.
+        Drawn{"WithoutEndBothWays",
+              [](Stage& s) { Tiled(s.build.StillAt(s.hill, 160, 120), 1, 1, 110, 80); },
+              {"hill 0,0 50x40", "hill 160,0 50x40", "hill 0,120 50x40", "hill 160,120 50x40"}},
+        Drawn{"WithoutEndAcrossAndCountedDown",
+              [](Stage& s) { Tiled(s.build.StillAt(s.hill, 160, 20), 1, 2, 110, 60); },
+              {"hill 0,20 50x40", "hill 160,20 50x40", "hill 0,120 50x40", "hill 160,120 50x40"}},
+        Drawn{"OfAnimationsWithoutADistanceOneAfterTheOther",
+              [](Stage& s) {
+                  Tiled(s.build.AnimationAt({{s.hill, 5}}, 100, 20), 1, 0, 1, 1);
+              },
+              {"hill 0,20 350x40"}},
+        Drawn{"OfAnimationsWithACountAndNoDistanceAPixelApart",
+              [](Stage& s) { Tiled(Masked(s.HillFrame()), 3, 0, 1, 1); },
+              {"hill 10,20 50x40 masked", "hill 11,20 50x40 masked", "hill 12,20 50x40 masked"}},
+        Drawn{"ThatTouchAsOneQuad", [](Stage& s) { Tiled(s.Hill(), 3, 2); }, {"hill 10,20 150x80"}},
+        Drawn{"ThatTouchDownAsOneQuadEach",
+              [](Stage& s) { Tiled(s.Hill(), 3, 2, 5); },
+              {"hill 10,20 50x80", "hill 65,20 50x80", "hill 120,20 50x80"}},
+        Drawn{"OfASolidPictureCutToWhatIsSeen",
+              [](Stage& s) { Tiled(s.Hill(), 2, 2, -20, -10); },
+              {"hill 10,20 30x30", "hill 40,20 50x30", "hill 10,50 30x40", "hill 40,50 50x40"}},
+        Drawn{"OfAMaskedPictureWhole",
+              [](Stage& s) { Tiled(Masked(s.Hill()), 2, 2, -20, -10); },
+              {"hill 10,20 50x40 masked", "hill 40,20 50x40 masked", "hill 10,50 50x40 masked",
+               "hill 40,50 50x40 masked"}},
+        Drawn{"OfASolidPictureOnlyTheLastOfWhichMoreIsSeen",
+              [](Stage& s) { Tiled(s.build.StillAt(s.hill, -45, 20), 4, 0, -40); },
+              {"hill -15,20 50x40"}},
+        Drawn{"OfASolidPictureWithoutHiddenOnes",
+              [](Stage& s) { Tiled(s.build.StillAt(s.hill, -45, 20), 6, 0, -40); },
+              {"hill -5,20 10x40", "hill 5,20 50x40"}},
+        Drawn{"WithAStepOf0AsOne",
+              [](Stage& s) { Tiled(s.Hill(), 3, 0, -50); },
+              {"hill 10,20 50x40"}},
+        Drawn{"WithAStepOf0DownAsOne",
+              [](Stage& s) { Tiled(s.Hill(), 0, 3, 0, -40); },
+              {"hill 10,20 50x40"}},
+        Drawn{"WithANegativeStepAsNone", [](Stage& s) { Tiled(s.Hill(), 3, 0, -51); }, {}},
+        Drawn{"WithANegativeStepDownAsNone", [](Stage& s) { Tiled(s.Hill(), 0, 3, 0, -41); }, {}},
+        Drawn{"OfAMirroredFrameAsOne",
+              [](Stage& s) { Tiled(s.HillFrame("h"), 1, 5, 1, 1); },
+              {"hill 10,20 50x40 mirrored"}}),
+    NameOf);
 
-TEST_F(DrawnCopies, OfStillPicturesStandTheSpacingApart) {
-    BackgroundElement& element = Still(hill, 10, 20);
-    element.tileX = 3;
-    element.tileSpacingX = 7;
-    EXPECT_EQ(Draw(), (Lines{"hill 10,20 50x40", "hill 67,20 50x40", "hill 124,20 50x40"}));
-}
-
-TEST_F(DrawnCopies, OfParallaxPicturesStandTheSpacingApart) {
-    const Integer strip = player.build.Sprite("strip", 50, 1);
-    BackgroundElement& element = StageBuilder::At(player.build.Parallax(strip), 10, 20);
-    element.tileX = 2;
-    element.tileSpacingX = 7;
-    EXPECT_EQ(Draw(), (Lines{"strip 10,20 50x1", "strip 67,20 50x1"}));
-}
-
-TEST_F(DrawnCopies, OfAnimationsStandTheSpacingFromEachOther) {
-    BackgroundElement& element = Animation({{hill, 5}}, 10, 20);
-    element.tileX = 3;
-    element.tileSpacingX = 60;
-    EXPECT_EQ(Draw(), (Lines{"hill 10,20 50x40", "hill 70,20 50x40", "hill 130,20 50x40"}));
-}
-
-TEST_F(DrawnCopies, GoDownAsTheyGoAcross) {
-    BackgroundElement& element = Still(hill, 10, 20);
-    element.tileY = 3;
-    element.tileSpacingY = 5;
-    EXPECT_EQ(Draw(), (Lines{"hill 10,20 50x40", "hill 10,65 50x40", "hill 10,110 50x40"}));
-}
-
-TEST_F(DrawnCopies, BothWaysGoRowByRowEachFromTheLeft) {
-    BackgroundElement& element = Still(hill, 10, 20);
-    element.tileX = 2;
-    element.tileY = 2;
-    element.tileSpacingX = 100;
-    element.tileSpacingY = 60;
-    EXPECT_EQ(Draw(), (Lines{"hill 10,20 50x40", "hill 160,20 50x40", "hill 10,120 50x40",
-                             "hill 160,120 50x40"}));
-}
-
-TEST_F(DrawnCopies, OfAnimationsGoBothWays) {
-    BackgroundElement& element = Animation({{hill, 5}}, 10, 20);
-    element.tileX = 2;
-    element.tileY = 2;
-    element.tileSpacingX = 100;
-    element.tileSpacingY = 60;
-    EXPECT_EQ(Draw(), (Lines{"hill 10,20 50x40", "hill 110,20 50x40", "hill 10,80 50x40",
-                             "hill 110,80 50x40"}));
-}
-
-TEST_F(DrawnCopies, WithoutEndFillTheViewBothWays) {
-    BackgroundElement& element = Still(hill, 160, 120);
-    element.tileX = 1;
-    element.tileY = 1;
-    element.tileSpacingX = 110;  // every 160 from 160
-    element.tileSpacingY = 80;   // every 120 from 120
-    EXPECT_EQ(Draw(), (Lines{"hill 0,0 50x40", "hill 160,0 50x40", "hill 0,120 50x40",
-                             "hill 160,120 50x40"}));
-}
-
-TEST_F(DrawnCopies, WithoutEndAcrossAndCountedDown) {
-    BackgroundElement& element = Still(hill, 160, 20);
-    element.tileX = 1;
-    element.tileY = 2;
-    element.tileSpacingX = 110;
-    element.tileSpacingY = 60;
-    EXPECT_EQ(Draw(), (Lines{"hill 0,20 50x40", "hill 160,20 50x40", "hill 0,120 50x40",
-                             "hill 160,120 50x40"}));
-}
-
-TEST_F(DrawnCopies, OfAnAnimationWithoutADistanceFollowOneAnother) {
-    BackgroundElement& element = Animation({{hill, 5}}, 100, 20);
-    element.tileX = 1;
-    EXPECT_EQ(Draw(), (Lines{"hill 0,20 350x40"}));
-}
-
-TEST_F(DrawnCopies, OfAnAnimationWithACountAndNoDistanceAreOnePixelApart) {
-    BackgroundElement& element = Animation({{hill, 5}}, 100, 20);
-    element.tileX = 3;
-    element.mask = 1;
-    EXPECT_EQ(Draw(), (Lines{"hill 100,20 50x40 masked", "hill 101,20 50x40 masked",
-                             "hill 102,20 50x40 masked"}));
-}
-
-TEST_F(DrawnCopies, ThatTouchAreOneQuad) {
-    BackgroundElement& element = Still(hill, 10, 20);
-    element.tileX = 3;
-    element.tileY = 2;
-    EXPECT_EQ(Draw(), (Lines{"hill 10,20 150x80"}));
-    element.tileSpacingX = 5;
-    EXPECT_EQ(DrawAsIs(), (Lines{"hill 10,20 50x80", "hill 65,20 50x80", "hill 120,20 50x80"}));
-}
-
-TEST_F(DrawnCopies, OfASolidPictureAreCutToWhatIsSeenOfThem) {
-    BackgroundElement& element = Still(hill, 10, 20);
-    element.tileX = 2;
-    element.tileY = 2;
-    element.tileSpacingX = -20;
-    element.tileSpacingY = -10;
-    EXPECT_EQ(Draw(), (Lines{"hill 10,20 30x30", "hill 40,20 50x30", "hill 10,50 30x40",
-                             "hill 40,50 50x40"}));
-    element.mask = 1;
-    EXPECT_EQ(DrawAsIs(), (Lines{"hill 10,20 50x40 masked", "hill 40,20 50x40 masked",
-                                 "hill 10,50 50x40 masked", "hill 40,50 50x40 masked"}));
-}
-
-TEST_F(DrawnCopies, OfASolidPictureThatAreHiddenAreNone) {
-    BackgroundElement& element = Still(hill, -45, 20);
-    element.tileX = 4;
-    element.tileSpacingX = -40;
-    EXPECT_EQ(Draw(), (Lines{"hill -15,20 50x40"})) << "the last, of which more is seen";
-    element.tileX = 6;
-    EXPECT_EQ(DrawAsIs(), (Lines{"hill -5,20 10x40", "hill 5,20 50x40"}));
-}
-
-TEST_F(DrawnCopies, DoNotJitterAgainstEachOther) {
-    BackgroundElement& element = Still(hill, 10, 20);
-    element.tileX = 3;
-    element.tileSpacingX = 1;
-    player.Start();
-    player.Element(0).posX = 10.5F;
-    EXPECT_EQ(DrawAsIs(), (Lines{"hill 10,20 50x40", "hill 61,20 50x40", "hill 112,20 50x40"}));
-    player.Element(0).posX = 11.5F;
-    EXPECT_EQ(DrawAsIs(), (Lines{"hill 12,20 50x40", "hill 63,20 50x40", "hill 114,20 50x40"}));
-}
-
-TEST_F(DrawnCopies, WithAStepOf0AreOneAndWithANegativeStepNone) {
-    BackgroundElement& element = Still(hill, 10, 20);
-    element.tileX = 3;
-    element.tileSpacingX = -50;
-    EXPECT_EQ(Draw(), (Lines{"hill 10,20 50x40"}));
-    element.tileSpacingX = -51;
-    EXPECT_EQ(DrawAsIs(), Lines());
-    element.tileX = 0;
-    element.tileY = 3;
-    element.tileSpacingY = -40;
-    EXPECT_EQ(DrawAsIs(), (Lines{"hill 10,20 50x40"}));
-    element.tileSpacingY = -41;
-    EXPECT_EQ(DrawAsIs(), Lines());
-}
-
-TEST_F(DrawnCopies, OfAMirroredFrameIsOne) {
-    BackgroundElement& element = Animation({{hill, 5, 0, 0, "h"}}, 10, 20);
-    element.tileX = 1;
-    element.tileY = 5;
-    EXPECT_EQ(Draw(), (Lines{"hill 10,20 50x40 mirrored"}));
+TEST_F(DrawnPicture, CopiesDoNotJitterAgainstEachOther) {
+    Tiled(stage.Hill(), 3, 0, 1);
+    stage.Start();
+    stage.Element(0).posX = 10.5F;
+    EXPECT_EQ(stage.DrawFirst(),
+              (Lines{"hill 10,20 50x40", "hill 61,20 50x40", "hill 112,20 50x40"}));
+    stage.Element(0).posX = 11.5F;
+    EXPECT_EQ(stage.DrawFirst(),
+              (Lines{"hill 12,20 50x40", "hill 63,20 50x40", "hill 114,20 50x40"}));
 }
 
 // --- windows ---
 
-using DrawnInAWindow = Drawing;
+INSTANTIATE_TEST_SUITE_P(
+    InAWindow, ElementDrawing,
+    testing::Values(
+        Drawn{"CutAndItsSourceRaised",
+              [](Stage& s) { Windowed(s.Hill(), 15, 30, 29, 39); },
+              {"hill 15,30 15x10 from 5,10"}},
+        Drawn{"NotOutsideOfIt", [](Stage& s) { Windowed(s.Hill(), 60, 0, 100, 100); }, {}},
+        Drawn{"ByItsLastColumn",
+              [](Stage& s) { Windowed(s.Hill(), 59, 0, 100, 100); },
+              {"hill 59,20 1x40 from 49,0"}},
+        Drawn{"MirroredAndCutTheSame",
+              [](Stage& s) { Windowed(s.HillFrame("h"), 15, 30, 29, 39); },
+              {"hill 15,30 15x10 from 5,10 mirrored"}},
+        Drawn{"EachCopyCutByItself",
+              [](Stage& s) { Tiled(Windowed(s.Hill(), 55, 30, 114, 34), 1, 0, 1); },
+              {"hill 55,30 5x5 from 45,10", "hill 61,30 50x5 from 0,10",
+               "hill 112,30 3x5 from 0,10"}},
+        Drawn{"CopiesThatTouchCutAsOne",
+              [](Stage& s) { Tiled(Windowed(s.Hill(), 55, 30, 114, 34), 1, 0); },
+              {"hill 55,30 60x5 from 45,10"}},
+        Drawn{"CornersOfAnyOrderRounded",
+              [](Stage& s) { Windowed(s.Hill(), 29.5F, 38.6F, 14.5F, 30.4F); },
+              {"hill 14,30 17x10 from 4,10"}},
+        Drawn{"ThatIsNotActiveWhole",
+              [](Stage& s) { Windowed(s.Hill(), 15, 30, 29, 39).windowActive = 0; },
+              {"hill 10,20 50x40"}}),
+    NameOf);
 
-TEST_F(DrawnInAWindow, IsCutAndItsSourceRaised) {
-    Window(Still(hill, 10, 20), 15, 30, 29, 39);
-    EXPECT_EQ(Draw(), (Lines{"hill 15,30 15x10 from 5,10"}));
-}
-
-TEST_F(DrawnInAWindow, OutsideOfItIsNotDrawn) {
-    Window(Still(hill, 10, 20), 60, 0, 100, 100);
-    EXPECT_EQ(Draw(), Lines());
-    player.Element(0).windowX1 = 59;
-    EXPECT_EQ(DrawAsIs(), (Lines{"hill 59,20 1x40 from 49,0"}));
-}
-
-TEST_F(DrawnInAWindow, AMirroredPictureIsCutTheSame) {
-    Window(Animation({{hill, 5, 0, 0, "h"}}, 10, 20), 15, 30, 29, 39);
-    EXPECT_EQ(Draw(), (Lines{"hill 15,30 15x10 from 5,10 mirrored"}));
-}
-
-TEST_F(DrawnInAWindow, EachCopyIsCutByItself) {
-    BackgroundElement& element = Still(hill, 10, 20);
-    element.tileX = 1;
-    element.tileSpacingX = 1;
-    Window(element, 55, 30, 114, 34);
-    EXPECT_EQ(Draw(), (Lines{"hill 55,30 5x5 from 45,10", "hill 61,30 50x5 from 0,10",
-                             "hill 112,30 3x5 from 0,10"}));
-    element.tileSpacingX = 0;
-    EXPECT_EQ(DrawAsIs(), (Lines{"hill 55,30 60x5 from 45,10"}));
-}
-
-TEST_F(DrawnInAWindow, CornersOfAnyOrderAreRounded) {
-    Window(Still(hill, 10, 20), 29.5F, 38.6F, 14.5F, 30.4F);
-    EXPECT_EQ(Draw(), (Lines{"hill 14,30 17x10 from 4,10"}));
-}
-
-TEST_F(DrawnInAWindow, AWindowThatIsNotActiveCutsNothing) {
-    Window(Still(hill, 10, 20), 15, 30, 29, 39);
-    player.Element(0).windowActive = 0;
-    EXPECT_EQ(Draw(), (Lines{"hill 10,20 50x40"}));
-}
-
-TEST_F(DrawnInAWindow, StatesOfAMaskAreRestoredEvenIfNothingIsSeen) {
-    BackgroundElement& element = Still(hill, 10, 20);
-    element.mask = 1;
-    Window(element, 100, 100, 110, 110);
+TEST_F(DrawnPicture, StatesOfAMaskAreRestoredEvenIfNothingIsSeen) {
+    Windowed(Masked(stage.Hill()), 100, 100, 110, 110);
+    stage.Start();
     const Lines calls = Calls();
     if (!calls.empty()) {
         EXPECT_EQ(calls,
@@ -373,115 +268,70 @@ TEST_F(DrawnInAWindow, StatesOfAMaskAreRestoredEvenIfNothingIsSeen) {
 
 // --- rows ---
 
-class DrawnRows : public Drawing {
-protected:
-    // Three rows of 50 pixels, the bottom one twice as fast as the top.
-    BackgroundElement& Floor(Long x, Long y) {
-        BackgroundElement& element = StageBuilder::At(player.build.Parallax(floor), x, y);
-        element.xscaleTop = 1;
-        element.xscaleBottom = 2;
-        return element;
-    }
-    const Integer floor = player.build.Sprite("floor", 50, 3);
-};
+const Lines kStraight{"floor 10,20 50x1", "floor 10,21 50x1 from 0,1", "floor 10,22 50x1 from 0,2"};
 
-TEST_F(DrawnRows, AreQuadsOfHeight1UnderOneAnother) {
-    Floor(10, 20);
-    EXPECT_EQ(Draw(), (Lines{"floor 10,20 50x1", "floor 10,21 50x1 from 0,1",
-                             "floor 10,22 50x1 from 0,2"}));
+INSTANTIATE_TEST_SUITE_P(
+    OfRows, ElementDrawing,
+    testing::Values(
+        Drawn{"UnderOneAnother", [](Stage& s) { s.Floor(); }, kStraight},
+        Drawn{"ShearedByTheCameraToTheRight",
+              [](Stage& s) { s.Floor(); },
+              {"floor 10,20 50x1", "floor 7,21 50x1 from 0,1", "floor 4,22 50x1 from 0,2"},
+              -6},
+        Drawn{"ShearedByTheCameraToTheLeft",
+              [](Stage& s) { s.Floor(); },
+              {"floor 10,20 50x1", "floor 13,21 50x1 from 0,1", "floor 16,22 50x1 from 0,2"},
+              6},
+        Drawn{"WithoutScalesStraight", [](Stage& s) { Sheared(s.Floor(), 0, 0); }, kStraight, -600},
+        Drawn{
+            "TiledEachByItself",
+            [](Stage& s) { Tiled(s.Floor(), 2, 0, 5); },
+            {"floor 10,20 50x1", "floor 65,20 50x1", "floor 7,21 50x1 from 0,1",
+             "floor 62,21 50x1 from 0,1", "floor 4,22 50x1 from 0,2", "floor 59,22 50x1 from 0,2"},
+            -6},
+        Drawn{"WithoutEndInEachRow",
+              [](Stage& s) { Tiled(s.Floor(160), 1, 0, 110); },
+              {"floor 0,20 50x1", "floor 160,20 50x1", "floor -3,21 50x1 from 0,1",
+               "floor 157,21 50x1 from 0,1", "floor 317,21 50x1 from 0,1",
+               "floor -6,22 50x1 from 0,2", "floor 154,22 50x1 from 0,2",
+               "floor 314,22 50x1 from 0,2"},
+              -6},
+        Drawn{"NotTiledDownWithoutEnd", [](Stage& s) { Tiled(s.Floor(), 0, 1); }, kStraight},
+        Drawn{"NotTiledDownByACount", [](Stage& s) { Tiled(s.Floor(), 0, 5); }, kStraight},
+        Drawn{"CutByTheWindow",
+              [](Stage& s) { Windowed(s.Floor(), 12, 21, 20, 21); },
+              {"floor 12,21 9x1 from 5,1"},
+              -6},
+        Drawn{"Masked",
+              [](Stage& s) { Masked(s.Floor()); },
+              {"floor 10,20 50x1 masked", "floor 10,21 50x1 from 0,1 masked",
+               "floor 10,22 50x1 from 0,2 masked"}}),
+    NameOf);
+
+TEST_F(DrawnPicture, RowsAreRoundedEachByItselfAcrossAndOnceDown) {
+    stage.Floor();
+    stage.Start();
+    stage.model.CamX = -1;
+    stage.Element(0).posX = 10.75F;  // 10.75, 10.25, 9.75
+    stage.Element(0).posY = 20.5F;
+    EXPECT_EQ(stage.DrawFirst(), (Lines{"floor 11,20 50x1", "floor 10,21 50x1 from 0,1",
+                                        "floor 10,22 50x1 from 0,2"}));
 }
 
-TEST_F(DrawnRows, AreShearedByTheCamera) {
-    Floor(10, 20);
-    player.Start();
-    player.model.CamX = -6;
-    EXPECT_EQ(DrawAsIs(),
-              (Lines{"floor 10,20 50x1", "floor 7,21 50x1 from 0,1", "floor 4,22 50x1 from 0,2"}));
-    player.model.CamX = 6;
-    EXPECT_EQ(DrawAsIs(), (Lines{"floor 10,20 50x1", "floor 13,21 50x1 from 0,1",
-                                 "floor 16,22 50x1 from 0,2"}));
-}
-
-TEST_F(DrawnRows, AreRoundedEachByItselfAcrossAndOnceDown) {
-    Floor(10, 20);
-    player.Start();
-    player.model.CamX = -1;
-    player.Element(0).posX = 10.75F;  // 10.75, 10.25, 9.75
-    player.Element(0).posY = 20.5F;
-    EXPECT_EQ(DrawAsIs(), (Lines{"floor 11,20 50x1", "floor 10,21 50x1 from 0,1",
-                                 "floor 10,22 50x1 from 0,2"}));
-}
-
-TEST_F(DrawnRows, WithoutScalesStandStraight) {
-    BackgroundElement& element = Floor(10, 20);
-    element.xscaleTop = 0;
-    element.xscaleBottom = 0;
-    player.Start();
-    player.model.CamX = -600;
-    EXPECT_EQ(DrawAsIs(), (Lines{"floor 10,20 50x1", "floor 10,21 50x1 from 0,1",
-                                 "floor 10,22 50x1 from 0,2"}));
-}
-
-TEST_F(DrawnRows, AreTiledEachByItself) {
-    BackgroundElement& element = Floor(10, 20);
-    element.tileX = 2;
-    element.tileSpacingX = 5;
-    player.Start();
-    player.model.CamX = -6;
-    EXPECT_EQ(DrawAsIs(), (Lines{"floor 10,20 50x1", "floor 65,20 50x1", "floor 7,21 50x1 from 0,1",
-                                 "floor 62,21 50x1 from 0,1", "floor 4,22 50x1 from 0,2",
-                                 "floor 59,22 50x1 from 0,2"}));
-}
-
-TEST_F(DrawnRows, WithoutEndFillTheViewInEachRow) {
-    BackgroundElement& element = Floor(160, 20);
-    element.tileX = 1;
-    element.tileSpacingX = 110;
-    player.Start();
-    player.model.CamX = -6;
-    EXPECT_EQ(DrawAsIs(), (Lines{"floor 0,20 50x1", "floor 160,20 50x1",
-                                 "floor -3,21 50x1 from 0,1", "floor 157,21 50x1 from 0,1",
-                                 "floor 317,21 50x1 from 0,1", "floor -6,22 50x1 from 0,2",
-                                 "floor 154,22 50x1 from 0,2", "floor 314,22 50x1 from 0,2"}));
-}
-
-TEST_F(DrawnRows, AreNotTiledDown) {
-    for (const Long tiles : {1, 5}) {
-        Anew();
-        Floor(10, 20).tileY = tiles;
-        EXPECT_EQ(Draw().size(), 3U) << tiles;
-    }
-}
-
-TEST_F(DrawnRows, AreCutByTheWindow) {
-    BackgroundElement& element = Floor(10, 20);
-    Window(element, 12, 21, 20, 21);
-    player.Start();
-    player.model.CamX = -6;
-    EXPECT_EQ(DrawAsIs(), (Lines{"floor 12,21 9x1 from 5,1"}));
-}
-
-TEST_F(DrawnRows, OutsideOfTheViewNeedNotBeDrawn) {
-    const Integer tall = player.build.Sprite("tall", 50, 32767);
-    StageBuilder::At(player.build.Parallax(tall), 10, -16000);
-    const Lines rows = Draw();
+TEST_F(DrawnPicture, RowsOutsideOfTheViewNeedNotBeDrawn) {
+    stage.build.ParallaxAt(stage.tall, 10, -16000);
+    const Lines rows = stage.StartAndDrawFirst();
     EXPECT_LE(rows.size(), 242U);
     EXPECT_EQ(std::count(rows.begin(), rows.end(), "tall 10,0 50x1 from 0,16000"), 1);
     EXPECT_EQ(std::count(rows.begin(), rows.end(), "tall 10,239 50x1 from 0,16239"), 1);
 }
 
-TEST_F(DrawnRows, AreMaskedLikeAnyPicture) {
-    Floor(10, 20).mask = 1;
-    EXPECT_EQ(Draw(), (Lines{"floor 10,20 50x1 masked", "floor 10,21 50x1 from 0,1 masked",
-                             "floor 10,22 50x1 from 0,2 masked"}));
-}
-
-TEST_F(DrawnRows, FollowSwingAndLinkLikeAnyPicture) {
-    Floor(10, 20);
-    player.Start();
-    player.Element(0).sinOffset = {3, 4};
-    EXPECT_EQ(DrawAsIs().front(), "floor 13,24 50x1");
+TEST_F(DrawnPicture, RowsFollowASwingLikeAnyPicture) {
+    stage.Floor();
+    stage.Start();
+    stage.Element(0).sinOffset = {3, 4};
+    EXPECT_EQ(stage.DrawFirst().front(), "floor 13,24 50x1");
 }
 
 }  // namespace
-}  // namespace scenara
+}  // namespace scenara::test

@@ -9,11 +9,8 @@
 #include "render/ExpectError.h"
 #include "render/StageBuilder.h"
 
-namespace scenara {
+namespace scenara::test {
 namespace {
-
-using test::ExpectError;
-using test::StageBuilder;
 
 class Seen : public testing::Test {
 protected:
@@ -84,4 +81,4 @@ TEST_F(Seen, WithASpriteOutsideOfTheTableIsAnError) {
 }
 
 }  // namespace
-}  // namespace scenara
+}  // namespace scenara::test

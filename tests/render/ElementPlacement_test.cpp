@@ -2,18 +2,14 @@
 #include "render/ElementPlacement.h"
 
 #include <limits>
-#include <string>
 
 #include <gtest/gtest.h>
 
 #include "render/ExpectError.h"
 #include "render/StageBuilder.h"
 
-namespace scenara {
+namespace scenara::test {
 namespace {
-
-using test::ExpectError;
-using test::StageBuilder;
 
 class Placement : public testing::Test {
 protected:
@@ -26,14 +22,13 @@ protected:
         element.enabled = 1;
         return element;
     }
-    void Expect(const BackgroundElement& element, Integer slot, Long x, Long y,
-                bool mirrored = false) {
+    void Expect(const BackgroundElement& element, Integer slot, Long x, Long y) {
         const auto picture = PlaceElement(model, element, false);
         ASSERT_TRUE(picture.has_value());
         EXPECT_EQ(picture->slot, slot);
         EXPECT_EQ(WholePixel(static_cast<double>(picture->x), model.ElementScale), x);
         EXPECT_EQ(WholePixel(static_cast<double>(picture->y), model.ElementScale), y);
-        EXPECT_EQ(picture->mirrored, mirrored);
+        EXPECT_FALSE(picture->mirrored);
     }
 
     StageModel model;
@@ -47,14 +42,15 @@ TEST_F(Placement, OfAStillPictureIsItsPosition) {
     Expect(Ready(build.Parallax(fire), -12, -34), fire, -12, -34);
 }
 
-TEST_F(Placement, RoundsOnceTiesToEven) {
+TEST_F(Placement, AddsTheSwingAndRoundsOnceTiesToEven) {
     BackgroundElement& element = Ready(build.Still(hill), 2.5F, 3.5F);
     Expect(element, hill, 2, 4);
     Ready(element, -0.5F, -1.5F);
     Expect(element, hill, 0, -2);
-    Ready(element, 2.25F, 3.25F);
-    element.sinOffset = {0.5F, 0.75F};
+    Ready(element, 2.25F, 3.25F).sinOffset = {0.5F, 0.75F};
     Expect(element, hill, 3, 4);
+    Ready(element, 10, 20).sinOffset = {3.25F, -4};
+    Expect(element, hill, 13, 16);
 }
 
 TEST_F(Placement, OfAnAnimationTakesTheFramesOffsetAndItsSpritesAxis) {
@@ -63,16 +59,6 @@ TEST_F(Placement, OfAnAnimationTakesTheFramesOffsetAndItsSpritesAxis) {
     Expect(element, hill, 160 + 3 - 20, 120 + 4 - 30);
     element.frameIndex = 1;
     Expect(element, fire, 160 - 100 - 8, 120 + 50 - 23);
-}
-
-TEST_F(Placement, OfAStillPictureHasItsAxisInThePositionAlready) {
-    Expect(Ready(build.Still(hill), 0, 0), hill, 0, 0);
-}
-
-TEST_F(Placement, AddsTheSwing) {
-    BackgroundElement& element = Ready(build.Still(hill), 10, 20);
-    element.sinOffset = {3.25F, -4};
-    Expect(element, hill, 13, 16);
 }
 
 TEST_F(Placement, OfALinkedElementAddsWhatWasNotedOfItsParentAndNotItsOwnSwing) {
@@ -85,52 +71,36 @@ TEST_F(Placement, OfALinkedElementAddsWhatWasNotedOfItsParentAndNotItsOwnSwing) 
     Expect(element, hill, 63, 76);
 }
 
-TEST_F(Placement, OnlyAFlipOfExactlyHMirrors) {
-    for (const char* const flip : {"h", "H", "v", "hv", "vh", "", " h", "h "}) {
-        SCOPED_TRACE(flip);
-        model.Actions.clear();
-        model.ActionCount = 0;
-        build.Action({{hill, 5, 3, 4, flip}});
-        // Mirrored or not, it stands at the same place.
-        Expect(Ready(build.Animation(0), 160, 120), hill, 143, 94, std::string(flip) == "h");
-    }
-}
-
-TEST_F(Placement, OfADummyIsNone) {
-    BackgroundElement& element = Ready(build.Dummy(), 10, 20);
-    EXPECT_FALSE(PlaceElement(model, element, false).has_value());
-    element.spriteIndex = hill;
-    EXPECT_FALSE(PlaceElement(model, element, false).has_value());
-}
-
 TEST_F(Placement, WithoutASpriteIsNone) {
-    EXPECT_FALSE(PlaceElement(model, Ready(build.Still(-1), 10, 20), false).has_value());
     build.Action({{-1, 5}});
-    EXPECT_FALSE(PlaceElement(model, Ready(build.Animation(0), 10, 20), false).has_value());
     build.Action({});
-    EXPECT_FALSE(PlaceElement(model, Ready(build.Animation(1), 10, 20), false).has_value());
-    EXPECT_FALSE(PlaceElement(model, Ready(build.Animation(-1), 10, 20), false).has_value());
+    for (BackgroundElement* const element : {&build.Dummy(), &build.Still(-1), &build.Animation(0),
+                                             &build.Animation(1), &build.Animation(-1)}) {
+        EXPECT_FALSE(PlaceElement(model, Ready(*element, 10, 20), false).has_value())
+            << element->type << " " << element->actionIndex;
+    }
+    model.Elements[0].spriteIndex = hill;
+    EXPECT_FALSE(PlaceElement(model, model.Elements[0], false).has_value()) << "a dummy";
 }
 
 TEST_F(Placement, IndicesOutsideOfTheirTablesAreErrors) {
-    constexpr auto kOutside = RunTimeErrorKind::SubscriptOutOfRange;
+    const auto expectError = [&](BackgroundElement& element) {
+        Ready(element, 0, 0);
+        ExpectError(RunTimeErrorKind::SubscriptOutOfRange,
+                    [&] { static_cast<void>(PlaceElement(model, element, false)); });
+    };
+    const Integer action = build.Action({{hill, 5}, {hill, 5}});
     for (const Integer index : {Integer{2}, Integer{-2}, Integer{32767}}) {
         SCOPED_TRACE(index);
-        BackgroundElement& still = Ready(build.Still(index), 0, 0);
-        ExpectError(kOutside, [&] { static_cast<void>(PlaceElement(model, still, false)); });
-        BackgroundElement& animated = Ready(build.Animation(index), 0, 0);
-        ExpectError(kOutside, [&] { static_cast<void>(PlaceElement(model, animated, false)); });
-        const Integer action = build.Action({{index, 5}});
-        BackgroundElement& ofASprite = Ready(build.Animation(action), 0, 0);
-        ExpectError(kOutside, [&] { static_cast<void>(PlaceElement(model, ofASprite, false)); });
-        model.Actions.clear();
-        model.ActionCount = 0;
+        expectError(build.Still(index));
+        expectError(build.Animation(index));
+        model.Actions[0].frames[0].spriteIndex = index;
+        expectError(build.Animation(action));
     }
-    build.Action({{hill, 5}, {hill, 5}});
     for (const Integer index : {Integer{2}, Integer{-1}, Integer{32767}}) {
-        BackgroundElement& element = Ready(build.Animation(0), 0, 0);
+        BackgroundElement& element = build.Animation(action);
         element.frameIndex = index;
-        ExpectError(kOutside, [&] { static_cast<void>(PlaceElement(model, element, false)); });
+        expectError(element);
     }
 }
 
@@ -164,4 +134,4 @@ TEST_F(Placement, SomethingToShowIsASpriteOrAnActionWithFrames) {
 }
 
 }  // namespace
-}  // namespace scenara
+}  // namespace scenara::test

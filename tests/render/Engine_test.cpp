@@ -12,23 +12,18 @@
 #include "render/ExpectError.h"
 #include "render/StagePlayer.h"
 
-namespace scenara {
+namespace scenara::test {
 namespace {
-
-using test::ExpectError;
-using test::Lines;
-using test::Record;
-using test::StagePlayer;
 
 constexpr Long kMostLong = std::numeric_limits<Long>::max();
 constexpr Long kLeastLong = std::numeric_limits<Long>::min();
 
 struct Corner {
-    float x;
-    float y;
-    float tu;
-    float tv;
-    std::uint32_t color;
+    float x = 0;
+    float y = 0;
+    float tu = 0;
+    float tv = 0;
+    std::uint32_t color = 0xFFFFFFFF;
 };
 
 void ExpectQuad(const std::array<Vertex, 4>& quad, const std::array<Corner, 4>& corners) {
@@ -70,14 +65,10 @@ using Blits = EngineTest;
 
 TEST_F(Blits, D3DBltPlacesTheFourVertices) {
     Blt(sky, 10, 20, 16, 8, 4, 2);
-    ExpectQuad(player.record.Quads().at(0).corners, {{{10, 28, 0.0625F, 0.3125F, 0xFFFFFFFF},
-                                                      {10, 20, 0.0625F, 0.0625F, 0xFFFFFFFF},
-                                                      {26, 28, 0.3125F, 0.3125F, 0xFFFFFFFF},
-                                                      {26, 20, 0.3125F, 0.0625F, 0xFFFFFFFF}}});
-}
-
-TEST_F(Blits, D3DBltSetsTheTextureOfTheSlotAndDrawsOneStrip) {
-    Blt(sky, 10, 20, 16, 8, 4, 2);
+    ExpectQuad(player.record.Quads().at(0).corners, {{{10, 28, 0.0625F, 0.3125F},
+                                                      {10, 20, 0.0625F, 0.0625F},
+                                                      {26, 28, 0.3125F, 0.3125F},
+                                                      {26, 20, 0.3125F, 0.0625F}}});
     EXPECT_EQ(player.record.TakeLines(), (Lines{"SetTexture 0 sky", "DrawPrimitiveUP 5 2 32",
                                                 "quad sky 10,20 16x8 from 4,2"}));
 }
@@ -90,49 +81,42 @@ TEST_F(Blits, D3DBltTakesTheTextureFromTheTableWhateverItIsHanded) {
 
 TEST_F(Blits, D3DBltDividesByWhateverSizeTheTextureHas) {
     Blt(odd, -5, -7, 1, 1, 33, 1);
-    ExpectQuad(player.engine.Quad(), {{{-5, -6, 0.33F, 2.0F / 3.0F, 0xFFFFFFFF},
-                                       {-5, -7, 0.33F, 1.0F / 3.0F, 0xFFFFFFFF},
-                                       {-4, -6, 0.34F, 2.0F / 3.0F, 0xFFFFFFFF},
-                                       {-4, -7, 0.34F, 1.0F / 3.0F, 0xFFFFFFFF}}});
+    ExpectQuad(player.engine.Quad(), {{{-5, -6, 0.33F, 2.0F / 3.0F},
+                                       {-5, -7, 0.33F, 1.0F / 3.0F},
+                                       {-4, -6, 0.34F, 2.0F / 3.0F},
+                                       {-4, -7, 0.34F, 1.0F / 3.0F}}});
 }
 
 TEST_F(Blits, D3DBltTakesSourcesOutsideOfTheTexture) {
     Blt(sky, 0, 0, 64, 32, -64, 64);
-    ExpectQuad(player.engine.Quad(), {{{0, 32, -1, 3, 0xFFFFFFFF},
-                                       {0, 0, -1, 2, 0xFFFFFFFF},
-                                       {64, 32, 0, 3, 0xFFFFFFFF},
-                                       {64, 0, 0, 2, 0xFFFFFFFF}}});
+    ExpectQuad(player.engine.Quad(),
+               {{{0, 32, -1, 3}, {0, 0, -1, 2}, {64, 32, 0, 3}, {64, 0, 0, 2}}});
 }
 
 TEST_F(Blits, D3DBltFlipNegatesWhatCountsAcross) {
     BltFlip(sky, 10, 20, 16, 8, 4, 2);
-    ExpectQuad(player.record.Quads().at(0).corners, {{{10, 28, -0.0625F, 0.3125F, 0xFFFFFFFF},
-                                                      {10, 20, -0.0625F, 0.0625F, 0xFFFFFFFF},
-                                                      {26, 28, -0.3125F, 0.3125F, 0xFFFFFFFF},
-                                                      {26, 20, -0.3125F, 0.0625F, 0xFFFFFFFF}}});
+    ExpectQuad(player.record.Quads().at(0).corners, {{{10, 28, -0.0625F, 0.3125F},
+                                                      {10, 20, -0.0625F, 0.0625F},
+                                                      {26, 28, -0.3125F, 0.3125F},
+                                                      {26, 20, -0.3125F, 0.0625F}}});
     EXPECT_EQ(player.record.TakeLines(), (Lines{"SetTexture 0 sky", "DrawPrimitiveUP 5 2 32",
                                                 "quad sky 10,20 16x8 from 4,2 mirrored"}));
 }
 
 TEST_F(Blits, D3DBltFlipOfTheWholeWidthRunsBackOverTheWholeTexture) {
     BltFlip(odd, 3, 4, 100, 3, 0, 0);
-    ExpectQuad(player.engine.Quad(), {{{3, 7, 0, 1, 0xFFFFFFFF},
-                                       {3, 4, 0, 0, 0xFFFFFFFF},
-                                       {103, 7, -1, 1, 0xFFFFFFFF},
-                                       {103, 4, -1, 0, 0xFFFFFFFF}}});
+    ExpectQuad(player.engine.Quad(),
+               {{{3, 7, 0, 1}, {3, 4, 0, 0}, {103, 7, -1, 1}, {103, 4, -1, 0}}});
 }
 
 TEST_F(Blits, ColoursOfAnEarlierQuadDoNotStay) {
+    const std::array<Corner, 4> whole{{{0, 32, 0, 1}, {0, 0, 0, 0}, {64, 32, 1, 1}, {64, 0, 1, 0}}};
     player.engine.Set_Vertex(0, 0, 1, 1, 1, 2, 3, 4);
     Blt(sky, 0, 0, 64, 32, 0, 0);
-    for (const Vertex& vertex : player.engine.Quad()) {
-        EXPECT_EQ(vertex.color, 0xFFFFFFFFU);
-    }
+    ExpectQuad(player.engine.Quad(), whole);
     player.engine.Set_Vertex(0, 0, 1, 1, 1, 2, 3, 4);
     BltFlip(sky, 0, 0, 64, 32, 0, 0);
-    for (const Vertex& vertex : player.engine.Quad()) {
-        EXPECT_EQ(vertex.color, 0xFFFFFFFFU);
-    }
+    EXPECT_EQ(player.record.TakeQuads(), (Lines{"sky 0,0 64x32", "sky 0,0 64x32 mirrored"}));
 }
 
 TEST_F(Blits, SumsAre32BitsWideAndNotOneMore) {
@@ -143,15 +127,15 @@ TEST_F(Blits, SumsAre32BitsWideAndNotOneMore) {
 }
 
 TEST_F(Blits, SumsBeyond32BitsAreAnOverflowAndDrawNothing) {
-    constexpr Long kMost = kMostLong;
-    constexpr Long kLeast = kLeastLong;
-    ExpectError(RunTimeErrorKind::Overflow, [&] { Blt(sky, kMost, 0, 1, 1, 0, 0); });
-    ExpectError(RunTimeErrorKind::Overflow, [&] { Blt(sky, 0, kMost, 1, 1, 0, 0); });
-    ExpectError(RunTimeErrorKind::Overflow, [&] { Blt(sky, 0, 0, 1, 1, kMost, 0); });
-    ExpectError(RunTimeErrorKind::Overflow, [&] { Blt(sky, 0, 0, 1, 1, 0, kMost); });
-    ExpectError(RunTimeErrorKind::Overflow, [&] { Blt(sky, kLeast, 0, -1, 1, 0, 0); });
-    ExpectError(RunTimeErrorKind::Overflow, [&] { BltFlip(sky, kMost, 0, 1, 1, 0, 0); });
-    ExpectError(RunTimeErrorKind::Overflow, [&] { BltFlip(sky, 0, 0, 1, 1, 0, kMost); });
+    using Sum = std::array<Long, 5>;  // x, y, width, source x and y
+    for (const Sum& sum :
+         {Sum{kMostLong, 0, 1, 0, 0}, Sum{0, kMostLong, 1, 0, 0}, Sum{0, 0, 1, kMostLong, 0},
+          Sum{0, 0, 1, 0, kMostLong}, Sum{kLeastLong, 0, -1, 0, 0}}) {
+        ExpectError(RunTimeErrorKind::Overflow,
+                    [&] { Blt(sky, sum[0], sum[1], sum[2], 1, sum[3], sum[4]); });
+        ExpectError(RunTimeErrorKind::Overflow,
+                    [&] { BltFlip(sky, sum[0], sum[1], sum[2], 1, sum[3], sum[4]); });
+    }
     EXPECT_EQ(player.record.TakeLines(), Lines());
 }
 
@@ -229,28 +213,45 @@ TEST_F(Quads, SetVertexKeepsTheTextureCoordinatesOfTheLastDraw) {
                                        {4, 6, 0.3125F, 0.0625F, 8}}});
 }
 
-TEST_F(Quads, SetShadowType1LeansLeft) {
-    player.engine.Set_Shadow(1, 128, 56, 64, 128);
-    ExpectQuad(player.engine.Quad(), {{{96, 120, 0, 0, 0x64000000},
-                                       {160, 120, 1, 0, 0x64000000},
-                                       {128, 184, 0, 1, 0x64000000},
-                                       {192, 184, 1, 1, 0x64000000}}});
-}
+struct Shadow {
+    const char* name = "";
+    Byte type = 0;
+    std::array<Single, 4> place{};
+    std::array<Corner, 4> corners;
+};
 
-TEST_F(Quads, SetShadowType2LeansRight) {
-    player.engine.Set_Shadow(2, 128, 56, 64, 128);
-    ExpectQuad(player.engine.Quad(), {{{160, 120, 0, 0, 0x64000000},
-                                       {224, 120, 1, 0, 0x64000000},
-                                       {128, 184, 0, 1, 0x64000000},
-                                       {192, 184, 1, 1, 0x64000000}}});
-}
+constexpr std::uint32_t kShadow = 0x64000000;
+const Shadow kShadows[] = {
+    {"type 1 leans left",
+     1,
+     {128, 56, 64, 128},
+     {{{96, 120, 0, 0, kShadow},
+       {160, 120, 1, 0, kShadow},
+       {128, 184, 0, 1, kShadow},
+       {192, 184, 1, 1, kShadow}}}},
+    {"type 2 leans right",
+     2,
+     {128, 56, 64, 128},
+     {{{160, 120, 0, 0, kShadow},
+       {224, 120, 1, 0, kShadow},
+       {128, 184, 0, 1, kShadow},
+       {192, 184, 1, 1, kShadow}}}},
+    {"halves of pixels are kept",
+     2,
+     {0.5F, 1, 3, 5},
+     {{{2, 3.5F, 0, 0, kShadow},
+       {5, 3.5F, 1, 0, kShadow},
+       {0.5F, 6, 0, 1, kShadow},
+       {3.5F, 6, 1, 1, kShadow}}}},
+};
 
-TEST_F(Quads, SetShadowKeepsHalvesOfPixels) {
-    player.engine.Set_Shadow(2, 0.5F, 1, 3, 5);
-    ExpectQuad(player.engine.Quad(), {{{2, 3.5F, 0, 0, 0x64000000},
-                                       {5, 3.5F, 1, 0, 0x64000000},
-                                       {0.5F, 6, 0, 1, 0x64000000},
-                                       {3.5F, 6, 1, 1, 0x64000000}}});
+TEST_F(Quads, SetShadowLeansToTheSideOfItsType) {
+    for (const Shadow& row : kShadows) {
+        SCOPED_TRACE(row.name);
+        const auto& [x, y, width, height] = row.place;
+        player.engine.Set_Shadow(row.type, x, y, width, height);
+        ExpectQuad(player.engine.Quad(), row.corners);
+    }
 }
 
 TEST_F(Quads, SetShadowOfAnyOtherTypeChangesNothing) {
@@ -266,10 +267,7 @@ TEST_F(Quads, SetShadowOfAnyOtherTypeChangesNothing) {
 TEST_F(Quads, DrawQuadDrawsTheQuadAsItIs) {
     player.engine.Set_Shadow(1, 128, 56, 64, 128);
     player.engine.DrawQuad();
-    ExpectQuad(player.record.Quads().at(0).corners, {{{96, 120, 0, 0, 0x64000000},
-                                                      {160, 120, 1, 0, 0x64000000},
-                                                      {128, 184, 0, 1, 0x64000000},
-                                                      {192, 184, 1, 1, 0x64000000}}});
+    ExpectQuad(player.record.Quads().at(0).corners, kShadows[0].corners);
     EXPECT_EQ(player.record.TakeLines().at(0), "DrawPrimitiveUP 5 2 32");
 }
 
@@ -277,21 +275,12 @@ using DrawText = EngineTest;
 
 TEST_F(DrawText, RectangleRunsFromTheCornerByWidthAndHeight) {
     player.engine.Draw_Text(5, 5, 200, 20, "Cam 12.5,0  60 FPS", -1, 0);
-    EXPECT_EQ(
-        player.record.TakeLines(),
-        (Lines{"DrawText 'Cam 12.5,0  60 FPS' in 5 5 205 25, color and format 4294967295 0"}));
-}
-
-TEST_F(DrawText, FormatAndColourGoThroughAsTheyAre) {
     player.engine.Draw_Text(220, 220, 100, 20, "FPS: 60", kLeastLong, 10);
-    EXPECT_EQ(player.record.TakeLines(),
-              (Lines{"DrawText 'FPS: 60' in 220 220 320 240, color and format 2147483648 10"}));
-}
-
-TEST_F(DrawText, EmptyTextAndNegativeCornersAreTextToo) {
     player.engine.Draw_Text(-30, -10, 20, 5, "", 0, 0);
     EXPECT_EQ(player.record.TakeLines(),
-              (Lines{"DrawText '' in -30 -10 -10 -5, color and format 0 0"}));
+              (Lines{"DrawText 'Cam 12.5,0  60 FPS' in 5 5 205 25, color and format 4294967295 0",
+                     "DrawText 'FPS: 60' in 220 220 320 240, color and format 2147483648 10",
+                     "DrawText '' in -30 -10 -10 -5, color and format 0 0"}));
 }
 
 TEST_F(DrawText, FailureIsAnError) {
@@ -300,48 +289,38 @@ TEST_F(DrawText, FailureIsAnError) {
                 [&] { player.engine.Draw_Text(5, 5, 200, 20, "Cam", -1, 0); });
 }
 
-struct Split {
-    Long color;
-    Integer r;
-    Integer g;
-    Integer b;
-};
+using Parts = std::array<Integer, 3>;
 
-void ExpectSplit(const Split& split) {
-    SCOPED_TRACE(split.color);
-    Integer r = -7;
-    Integer g = -8;
-    Integer b = -9;
-    GetRGB(split.color, r, g, b);
-    EXPECT_EQ(r, split.r);
-    EXPECT_EQ(g, split.g);
-    EXPECT_EQ(b, split.b);
+// What stands in the three variables after it; before, -7, -8 and -9.
+Parts Split(Long color) {
+    Parts parts{-7, -8, -9};
+    GetRGB(color, parts[0], parts[1], parts[2]);
+    return parts;
 }
 
 TEST(GetRGB, SplitsFromTheLowestByteUp) {
-    ExpectSplit({0, 0, 0, 0});
-    ExpectSplit({0x112233, 0x33, 0x22, 0x11});
-    ExpectSplit({0xFF, 255, 0, 0});
-    ExpectSplit({0xFF00, 0, 255, 0});
-    ExpectSplit({0xFF0000, 0, 0, 255});
-    ExpectSplit({16777215, 255, 255, 255});
+    EXPECT_EQ(Split(0), (Parts{0, 0, 0}));
+    EXPECT_EQ(Split(0x112233), (Parts{0x33, 0x22, 0x11}));
+    EXPECT_EQ(Split(0xFF), (Parts{255, 0, 0}));
+    EXPECT_EQ(Split(0xFF00), (Parts{0, 255, 0}));
+    EXPECT_EQ(Split(0xFF0000), (Parts{0, 0, 255}));
+    EXPECT_EQ(Split(16777215), (Parts{255, 255, 255}));
 }
 
 TEST(GetRGB, NegativeColoursAreSplitByTheirBits) {
-    ExpectSplit({-1, 255, 255, 255});
-    ExpectSplit({-16777215, 1, 0, 0});
-    ExpectSplit({-16777216, 0, 0, 0});
+    EXPECT_EQ(Split(-1), (Parts{255, 255, 255}));
+    EXPECT_EQ(Split(-16777215), (Parts{1, 0, 0}));
+    EXPECT_EQ(Split(-16777216), (Parts{0, 0, 0}));
 }
 
 TEST(GetRGB, BlueIs256AtTheLimit) {
-    ExpectSplit({16777216, 0, 0, 256});
+    EXPECT_EQ(Split(16777216), (Parts{0, 0, 256}));
 }
 
 TEST(GetRGB, BeyondTheLimitsNothingIsWritten) {
-    ExpectSplit({16777217, -7, -8, -9});
-    ExpectSplit({-16777217, -7, -8, -9});
-    ExpectSplit({kMostLong, -7, -8, -9});
-    ExpectSplit({kLeastLong, -7, -8, -9});
+    for (const Long color : {16777217, -16777217, kMostLong, kLeastLong}) {
+        EXPECT_EQ(Split(color), (Parts{-7, -8, -9})) << color;
+    }
 }
 
 Long ColorOf(Byte b0, Byte b1, Byte b2, Byte b3) {
@@ -374,4 +353,4 @@ TEST(BytesToColor, EightDigitsAreASignedNumber) {
 }
 
 }  // namespace
-}  // namespace scenara
+}  // namespace scenara::test

@@ -7,8 +7,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "platform/soft/SoftDirect3D.h"
-#include "platform/soft/TextureMemory.h"
+#include "frames/SoftEngine.h"
 #include "render/Require.h"
 #include "render/StagePlayer.h"
 #include "support/AllocationCount.h"
@@ -62,29 +61,29 @@ protected:
     StagePlayer player;
 };
 
-TEST_F(FigureTest, IsItsTextureWithoutColour0) {
-    EXPECT_THAT(Draw(), ElementsAre("hero 30,40 10x20 masked"));
-}
+struct PlacedFigure {
+    const char* name;
+    Single x;
+    Single y;
+    bool mirrored;
+    const char* quad;
+};
 
-TEST_F(FigureTest, StandsAtItsRightEdgeWhenMirrored) {
-    figure.mirrored = true;
-    EXPECT_THAT(Draw(), ElementsAre("hero 20,40 10x20 mirrored masked"));
-}
-
-TEST_F(FigureTest, GoesToWholePixelsTiesToEven) {
-    figure.x = 30.5F;
-    figure.y = 41.5F;
-    EXPECT_THAT(Draw(), ElementsAre("hero 30,42 10x20 masked"));
-    figure.x = -0.5F;
-    figure.y = 40.6F;
-    EXPECT_THAT(Draw(), ElementsAre("hero 0,41 10x20 masked"));
-}
-
-TEST_F(FigureTest, DoesNotTrembleByTheLastBitsOfItsPlace) {
-    figure.x = 30.500004F;
-    EXPECT_THAT(Draw(), ElementsAre("hero 30,40 10x20 masked"));
-    figure.x = 30.499996F;
-    EXPECT_THAT(Draw(), ElementsAre("hero 30,40 10x20 masked"));
+TEST_F(FigureTest, IsItsTextureWithoutColour0AtWholePixelsTiesToEven) {
+    for (const PlacedFigure& row : {
+             PlacedFigure{"at its place", 30, 40, false, "hero 30,40 10x20 masked"},
+             {"mirrored at its right edge", 30, 40, true, "hero 20,40 10x20 mirrored masked"},
+             {"ties to even", 30.5F, 41.5F, false, "hero 30,42 10x20 masked"},
+             {"left of the view", -0.5F, 40.6F, false, "hero 0,41 10x20 masked"},
+             // It does not tremble by the last bits.
+             {"a little more than a half", 30.500004F, 40, false, "hero 30,40 10x20 masked"},
+             {"a little less than a half", 30.499996F, 40, false, "hero 30,40 10x20 masked"},
+         }) {
+        figure.x = row.x;
+        figure.y = row.y;
+        figure.mirrored = row.mirrored;
+        EXPECT_THAT(Draw(), ElementsAre(row.quad)) << row.name;
+    }
 }
 
 // The quad's corners: lower left, upper left, lower right, upper right.
@@ -127,12 +126,13 @@ TEST_F(FigureTest, WithoutATextureASizeOrANearPlaceIsNotDrawn) {
             EXPECT_THAT(Draw(), IsEmpty()) << value;
         }
     }
-    figure = whole;
-    figure.width = 0;
-    EXPECT_THAT(Draw(), IsEmpty());
-    figure = whole;
-    figure.height = -5;
-    EXPECT_THAT(Draw(), IsEmpty());
+    for (Single Figure::*const size : {&Figure::width, &Figure::height}) {
+        for (const Single value : {0.0F, -5.0F}) {
+            figure = whole;
+            figure.*size = value;
+            EXPECT_THAT(Draw(), IsEmpty()) << value;
+        }
+    }
     figure = whole;
     figure.texture = nullptr;
     EXPECT_THAT(Draw(), IsEmpty());
@@ -166,24 +166,16 @@ TEST_F(FigureTest, IsAskedForWhenTheClocksHaveTickedOnceAndNothingIsDrawn) {
 
 TEST_F(FigureTest, AsksForNoMemory) {
     figure.mirrored = true;
-    SoftDirect3D machine{std::make_shared<TextureMemory>()};
-    Engine engine(machine, player.window, player.messages, player.model, player.picture);
-    engine.Engine_Init();
-    TextureParameters parameters;
-    parameters.width = 10;
-    parameters.height = 20;
-    texture = engine.Device().CreateTexture(parameters);
-    for (std::uint32_t& word : texture->LockRect().words) {
-        word = 0xFF00FF00;
-    }
-    texture->UnlockRect();
+    SoftEngine soft;
+    soft.Sprite(10, 20, [] { return 0xFF00FF00U; });
+    texture = soft.model.Sprites[0].texture;
     texture->PreLoad();
-    Require(engine.Device().BeginScene(), "BeginScene");
-    DrawFigure(engine, figure);
+    Require(soft.engine.Device().BeginScene(), "BeginScene");
+    DrawFigure(soft.engine, figure);
     const std::size_t before = AllocationCount();
-    DrawFigure(engine, figure);
+    DrawFigure(soft.engine, figure);
     figure.width = 17;
-    DrawFigure(engine, figure);
+    DrawFigure(soft.engine, figure);
     EXPECT_EQ(AllocationCount(), before);
 }
 

@@ -3,144 +3,101 @@
 
 #include <cmath>
 #include <numbers>
+#include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
 
+#include "render/Changes.h"
 #include "render/ExpectError.h"
 #include "render/PrepareStage.h"
 #include "render/StageBuilder.h"
 
-namespace scenara {
+namespace scenara::test {
 namespace {
-
-using test::ExpectError;
-using test::StageBuilder;
 
 // --- drift ---
 
 TEST(Drift, MovesPositionAndMotionByTheVelocity) {
     BackgroundElement element;
+    Drifting(element, 0.5F, -1.25F);
     element.posX = 10;
     element.posY = 20;
-    element.velocityX = 0.5F;
-    element.velocityY = -1.25F;
     element.ctrlPos = {3, 4, 0, 0};
+    const BackgroundElement before = element;
     MoveDrawn(element);
     MoveDrawn(element);
-    EXPECT_EQ(element.posX, 11);
-    EXPECT_EQ(element.posY, 17.5F);
-    EXPECT_EQ(element.ctrlPos[0], 4);
-    EXPECT_EQ(element.ctrlPos[1], 1.5F);
+    EXPECT_EQ(Changes(before, element), "posX=11, posY=17.5, ctrlPos=4 1.5 0 0");
 }
 
 // --- swing ---
-
-// What the swing shows in the frames to come, the first one before it ever moved.
-std::vector<Single> SwingUp(BackgroundElement& element, int frames) {
-    std::vector<Single> shown;
-    for (int i = 0; i < frames; ++i) {
-        shown.push_back(element.sinOffset[1]);
-        MoveDrawn(element);
-    }
-    return shown;
-}
-
-BackgroundElement Swinging(Single amplitude, Single period, Single phase) {
-    BackgroundElement element;
-    element.sinYAmplitude = amplitude;
-    element.sinYPeriod = period;
-    element.sinYPhase = phase;
-    return element;
-}
 
 // amplitude * sin(pi * halves)
 float Sine(double amplitude, double halves) {
     return static_cast<float>(amplitude * std::sin(std::numbers::pi * halves));
 }
 
+BackgroundElement ElementSwinging(Single amplitude, Single period, Single phase) {
+    BackgroundElement element;
+    return Swinging(element, amplitude, period, phase);
+}
+
 TEST(Swing, ReturnsToTheMiddleAfterTwiceThePeriod) {
-    BackgroundElement element = Swinging(8, 10, 0);
-    const std::vector<Single> shown = SwingUp(element, 43);
-    EXPECT_EQ(shown[0], 0);
-    EXPECT_EQ(shown[1], 0);
-    EXPECT_FLOAT_EQ(shown[6], 8);
-    EXPECT_NEAR(shown[11], 0, 1e-6);
-    EXPECT_FLOAT_EQ(shown[16], -8);
-    EXPECT_LT(shown[20], -2.4F);
-    EXPECT_EQ(shown[21], 0);
-    EXPECT_FLOAT_EQ(shown[26], 8);
-    EXPECT_EQ(shown[41], 0);
-    for (std::size_t n = 1; n < shown.size(); ++n) {
-        EXPECT_NEAR(shown[n], Sine(8, static_cast<double>(n - 1) / 10), 1e-6) << n;
-    }
-}
-
-TEST(Swing, TimeGoesBackTo0AtExactlyTwiceThePeriod) {
-    BackgroundElement element = Swinging(8, 10, 0);
-    for (int i = 0; i < 19; ++i) {
+    BackgroundElement element = ElementSwinging(8, 10, 0);
+    for (int n = 0; n < 43; ++n) {
+        EXPECT_EQ(element.sinYPhase, n % 20);
+        EXPECT_NEAR(element.sinOffset[1], n == 0 ? 0 : Sine(8, (n - 1) / 10.0), 1e-6) << n;
         MoveDrawn(element);
     }
-    EXPECT_EQ(element.sinYPhase, 19);
-    MoveDrawn(element);
-    EXPECT_EQ(element.sinYPhase, 0);
 }
 
-TEST(Swing, BeginsAtThePhaseOnceItHasMoved) {
-    BackgroundElement element = Swinging(8, 10, 5);
-    const std::vector<Single> shown = SwingUp(element, 3);
-    EXPECT_EQ(shown[0], 0);
-    EXPECT_FLOAT_EQ(shown[1], 8);
-    EXPECT_FLOAT_EQ(shown[2], Sine(8, 0.6));
-}
+struct Swung {
+    const char* name;
+    Single amplitude;
+    Single period;
+    Single phase;
+    std::vector<Single> shown;  // the first one before it ever moved
+    Single time;                // after the last one
+};
 
-TEST(Swing, APhaseAtTwiceThePeriodOrBeyondRunsOn) {
-    BackgroundElement element = Swinging(8, 10, 20);
-    MoveDrawn(element);
-    EXPECT_EQ(element.sinYPhase, 21);
-    EXPECT_NEAR(element.sinOffset[1], 0, 1e-6);
-}
-
-TEST(Swing, PeriodsMayBeFractions) {
-    BackgroundElement element = Swinging(2.5F, 1.5F, 0);
-    const std::vector<Single> shown = SwingUp(element, 6);
-    EXPECT_EQ(shown[1], 0);
-    EXPECT_FLOAT_EQ(shown[2], Sine(2.5, 2.0 / 3));
-    EXPECT_FLOAT_EQ(shown[3], Sine(2.5, 4.0 / 3));
-    // 3 is twice the period.
-    EXPECT_EQ(shown[4], 0);
-    EXPECT_FLOAT_EQ(shown[5], shown[2]);
-}
-
-TEST(Swing, APeriodWhoseDoubleIsNeverMetRunsOn) {
-    BackgroundElement element = Swinging(8, 0.7F, 0);
-    for (int i = 0; i < 5; ++i) {
-        MoveDrawn(element);
+TEST(Swing, BeginsInTheMiddleAndGoesOnByItsPhaseAndPeriod) {
+    for (const Swung& row : std::vector<Swung>{
+             {"from the phase once it has moved", 8, 10, 5, {0, 8, Sine(8, 0.6)}, 8},
+             {"a phase at twice the period runs on", 8, 10, 20, {0, 0}, 22},
+             // 3 is twice the period.
+             {"the period a fraction",
+              2.5F,
+              1.5F,
+              0,
+              {0, 0, Sine(2.5, 2.0 / 3), Sine(2.5, 4.0 / 3), 0, Sine(2.5, 2.0 / 3)},
+              0},
+             {"a period whose double is never met runs on",
+              8,
+              0.75F,
+              0,
+              {0, 0, Sine(8, 4.0 / 3), Sine(8, 8.0 / 3), 0},
+              5},
+             {"a negative period the other way",
+              8,
+              -10,
+              0,
+              {0, 0, -Sine(8, 0.1), -Sine(8, 0.2), -Sine(8, 0.3), -Sine(8, 0.4), -8},
+              7},
+             {"no period", 3, 0, 5, std::vector<Single>(30, 0), 5},
+             {"no amplitude", 0, 10, 5, std::vector<Single>(30, 0), 5},
+         }) {
+        SCOPED_TRACE(row.name);
+        BackgroundElement element = ElementSwinging(row.amplitude, row.period, row.phase);
+        for (const Single shown : row.shown) {
+            EXPECT_NEAR(element.sinOffset[1], shown, 1e-6);
+            MoveDrawn(element);
+        }
+        EXPECT_EQ(element.sinYPhase, row.time);
     }
-    EXPECT_EQ(element.sinYPhase, 5);
-}
-
-TEST(Swing, ANegativePeriodSwingsTheOtherWay) {
-    BackgroundElement element = Swinging(8, -10, 0);
-    const std::vector<Single> shown = SwingUp(element, 7);
-    EXPECT_FLOAT_EQ(shown[6], -8);
-}
-
-TEST(Swing, WithoutAmplitudeOrPeriodNothingRuns) {
-    BackgroundElement noPeriod = Swinging(3, 0, 5);
-    BackgroundElement noAmplitude = Swinging(0, 10, 5);
-    for (int i = 0; i < 30; ++i) {
-        MoveDrawn(noPeriod);
-        MoveDrawn(noAmplitude);
-        EXPECT_EQ(noPeriod.sinOffset[1], 0);
-        EXPECT_EQ(noAmplitude.sinOffset[1], 0);
-    }
-    EXPECT_EQ(noPeriod.sinYPhase, 5);
-    EXPECT_EQ(noAmplitude.sinYPhase, 5);
 }
 
 TEST(Swing, SidewaysHasItsOwnValues) {
-    BackgroundElement element = Swinging(8, 10, 0);
+    BackgroundElement element = ElementSwinging(8, 10, 0);
     element.sinState = {4, 3, 1};
     MoveDrawn(element);
     EXPECT_FLOAT_EQ(element.sinOffset[0], Sine(4, 1.0 / 3));
@@ -164,7 +121,7 @@ TEST(Swing, SidewaysWithAnAmplitudeOf3AndNoPeriodNeverMoves) {
 }
 
 TEST(Swing, DoesNotMoveThePosition) {
-    BackgroundElement element = Swinging(8, 10, 5);
+    BackgroundElement element = ElementSwinging(8, 10, 5);
     element.posY = 50;
     MoveDrawn(element);
     EXPECT_EQ(element.posY, 50);
@@ -173,103 +130,66 @@ TEST(Swing, DoesNotMoveThePosition) {
 
 // --- parallax ---
 
+struct FollowedCamera {
+    const char* name;
+    CameraPlace previous;
+    CameraPlace camera;
+    CameraPlace delta;
+    const char* changes;  // of an element at 100, 50
+};
+
 class ParallaxStep : public testing::Test {
 protected:
     ParallaxStep() {
         camera.HCamStep = 2;
         camera.VCamStep = 3;
+    }
+    // What becomes of an element at 100, 50 when the camera goes from one place to another.
+    std::string Follow(CameraPlace from, CameraPlace to, CameraPlace delta) {
+        BackgroundElement element;
+        WithDelta(element, delta.x, delta.y);
         element.posX = 100;
         element.posY = 50;
-        element.deltaX = 0.5F;
-        element.deltaY = 0.25F;
-    }
-    // From the camera at 0 to here.
-    void Follow(Single x, Single y) {
-        model.CamX = x;
-        model.CamY = y;
+        const BackgroundElement before = element;
+        camera.previousX = from.x;
+        camera.previousY = from.y;
+        model.CamX = to.x;
+        model.CamY = to.y;
         FollowCamera(model, camera, element);
+        return Changes(before, element);
     }
 
     StageModel model;
     Camera camera;
-    BackgroundElement element;
 };
 
+constexpr CameraPlace kDelta{0.5F, 0.25F};
+
 TEST_F(ParallaxStep, UsesTheStepAndNotTheDistance) {
-    Follow(-50, -0.125F);
-    EXPECT_EQ(element.posX, 99);
-    EXPECT_EQ(element.posY, 50.75F);
+    EXPECT_EQ(Follow({}, {-50, -0.125F}, kDelta), "posX=99, posY=50.75");
 }
 
 TEST_F(ParallaxStep, UsesTheDistanceWhereAFigureLeadsTheCamera) {
     for (const CameraLead lead : {CameraLead::Stand, CameraLead::Left, CameraLead::Right}) {
         camera.lead = lead;
-        element.posX = 100;
-        element.posY = 50;
-        Follow(-50, -8);
-        EXPECT_EQ(element.posX, 75);
-        EXPECT_EQ(element.posY, 52);
-        Follow(50, 8);
-        EXPECT_EQ(element.posX, 100);
-        EXPECT_EQ(element.posY, 50);
+        EXPECT_EQ(Follow({}, {-50, -8}, kDelta), "posX=75, posY=52");
+        EXPECT_EQ(Follow({-50, -8}, {0, 0}, kDelta), "posX=125, posY=48");
     }
 }
 
-TEST_F(ParallaxStep, CameraToTheRightMovesThePictureLeft) {
-    Follow(-2, 0);
-    EXPECT_EQ(element.posX, 99);
-    EXPECT_EQ(element.posY, 50);
-}
-
-TEST_F(ParallaxStep, CameraToTheLeftMovesThePictureRight) {
-    Follow(2, 0);
-    EXPECT_EQ(element.posX, 101);
-}
-
-TEST_F(ParallaxStep, CameraUpMovesThePictureDown) {
-    Follow(0, -3);
-    EXPECT_EQ(element.posX, 100);
-    EXPECT_EQ(element.posY, 50.75F);
-}
-
-TEST_F(ParallaxStep, CameraDownMovesThePictureUp) {
-    Follow(0, 3);
-    EXPECT_EQ(element.posY, 49.25F);
-}
-
-TEST_F(ParallaxStep, CountsFromWhereTheLastPassSawTheCamera) {
-    camera.previousX = -30;
-    camera.previousY = -40;
-    Follow(-29, -41);
-    EXPECT_EQ(element.posX, 101);
-    EXPECT_EQ(element.posY, 50.75F);
-    camera.previousX = -29;
-    camera.previousY = -41;
-    Follow(-29, -41);
-    EXPECT_EQ(element.posX, 101);
-    EXPECT_EQ(element.posY, 50.75F);
-}
-
-TEST_F(ParallaxStep, IsNoMotionOfTheElement) {
-    Follow(-2, 3);
-    EXPECT_EQ(element.ctrlPos[0], 0);
-    EXPECT_EQ(element.ctrlPos[1], 0);
-}
-
-TEST_F(ParallaxStep, OfANegativeDeltaGoesTheOtherWay) {
-    element.deltaX = -0.5F;
-    element.deltaY = -0.25F;
-    Follow(-2, -3);
-    EXPECT_EQ(element.posX, 101);
-    EXPECT_EQ(element.posY, 49.25F);
-}
-
-TEST_F(ParallaxStep, OfNoDeltaIsNone) {
-    element.deltaX = 0;
-    element.deltaY = 0;
-    Follow(-2, -3);
-    EXPECT_EQ(element.posX, 100);
-    EXPECT_EQ(element.posY, 50);
+TEST_F(ParallaxStep, GoesAgainstTheCameraByDeltaAndIsNoMotion) {
+    for (const FollowedCamera& row : {
+             FollowedCamera{"right", {}, {-2, 0}, kDelta, "posX=99"},
+             {"left", {}, {2, 0}, kDelta, "posX=101"},
+             {"up", {}, {0, -3}, kDelta, "posY=50.75"},
+             {"down", {}, {0, 3}, kDelta, "posY=49.25"},
+             {"from the last place", {-30, -40}, {-29, -41}, kDelta, "posX=101, posY=50.75"},
+             {"nowhere", {-29, -41}, {-29, -41}, kDelta, ""},
+             {"a negative delta", {}, {-2, -3}, {-0.5F, -0.25F}, "posX=101, posY=49.25"},
+             {"no delta", {}, {-2, -3}, {0, 0}, ""},
+         }) {
+        EXPECT_EQ(Follow(row.previous, row.camera, row.delta), row.changes) << row.name;
+    }
 }
 
 // --- links ---
@@ -286,30 +206,19 @@ protected:
     StageBuilder build{model};
 };
 
+// Noted and not summed; what they do by themselves stays.
 TEST_F(NotedLinks, HaveTheSwingAndTheMotionOfTheirParent) {
     model.Elements[0].sinOffset = {1.5F, 2.5F};
     model.Elements[0].ctrlPos = {3.5F, 4.5F, 0, 0};
-    model.Elements[2].sinOffset = {7, 7};
-    NoteLinks(model);
-    EXPECT_EQ(model.Elements[1].linkSin, (std::array<Single, 2>{1.5F, 2.5F}));
-    EXPECT_EQ(model.Elements[1].ctrlOffset, (std::array<Single, 2>{3.5F, 4.5F}));
-    EXPECT_EQ(model.Elements[0].ctrlOffset, (std::array<Single, 2>{}));
-    EXPECT_EQ(model.Elements[2].ctrlOffset, (std::array<Single, 2>{}));
-}
-
-TEST_F(NotedLinks, AreNotedAndNotSummed) {
-    model.Elements[0].ctrlPos = {3, 4, 0, 0};
-    NoteLinks(model);
-    NoteLinks(model);
-    EXPECT_EQ(model.Elements[1].ctrlOffset, (std::array<Single, 2>{3, 4}));
-}
-
-TEST_F(NotedLinks, KeepTheirOwnMotion) {
     model.Elements[1].ctrlPos = {5, 6, 0, 0};
-    model.Elements[1].posX = 9;
-    NoteLinks(model);
-    EXPECT_EQ(model.Elements[1].ctrlPos[0], 5);
-    EXPECT_EQ(model.Elements[1].posX, 9);
+    model.Elements[2].sinOffset = {7, 7};
+    const std::vector<BackgroundElement> before = model.Elements;
+    for (int i = 0; i < 2; ++i) {
+        NoteLinks(model);
+        EXPECT_EQ(Changes(before[0], model.Elements[0]), "");
+        EXPECT_EQ(Changes(before[1], model.Elements[1]), "ctrlOffset=3.5 4.5, linkSin=1.5 2.5");
+        EXPECT_EQ(Changes(before[2], model.Elements[2]), "");
+    }
 }
 
 TEST_F(NotedLinks, ToAParentOutsideOfTheTableAreErrors) {
@@ -320,4 +229,4 @@ TEST_F(NotedLinks, ToAParentOutsideOfTheTableAreErrors) {
 }
 
 }  // namespace
-}  // namespace scenara
+}  // namespace scenara::test

@@ -5,7 +5,7 @@
 
 #include "render/ElementPlacement.h"
 
-namespace scenara {
+namespace scenara::test {
 namespace {
 
 BackgroundElement Scaled(Single top, Single bottom, Single deltaX = 1) {
@@ -17,74 +17,73 @@ BackgroundElement Scaled(Single top, Single bottom, Single deltaX = 1) {
     return element;
 }
 
+struct Speed {
+    const char* name;
+    Single top;
+    Single bottom;
+    std::int64_t row;
+    std::int64_t rows;
+    double speed;
+};
+
 TEST(RowSpeed, RunsEvenlyFromTheTopScaleToTheBottomOne) {
-    const BackgroundElement floor = Scaled(1, 3);
-    EXPECT_DOUBLE_EQ(RowSpeed(floor, 0, 5), 1);
-    EXPECT_DOUBLE_EQ(RowSpeed(floor, 1, 5), 1.5);
-    EXPECT_DOUBLE_EQ(RowSpeed(floor, 2, 5), 2);
-    EXPECT_DOUBLE_EQ(RowSpeed(floor, 4, 5), 3);
-}
-
-TEST(RowSpeed, CountsFromTheTopRowsScale) {
+    for (const Speed& row : {
+             Speed{"the first", 1, 3, 0, 5, 1},
+             {"the second", 1, 3, 1, 5, 1.5},
+             {"the third", 1, 3, 2, 5, 2},
+             {"the last", 1, 3, 4, 5, 3},
+             {"without scales", 0, 0, 0, 9, 1},
+             {"without scales, the last", 0, 0, 8, 9, 1},
+             {"a top scale of 0 alone counts as 1", 0, 3, 0, 5, 1},
+             {"and to the last", 0, 3, 4, 5, 3},
+             {"a bottom scale of 0", 2, 0, 0, 5, 1},
+             {"goes slower", 2, 0, 2, 5, 0.5},
+             {"and stands still there", 2, 0, 4, 5, 0},
+             {"a single row", 1, 3, 0, 1, 1},
+             {"a negative top", -2, 2, 4, 5, -1},
+             {"a negative bottom", 1, -1, 2, 3, -1},
+             {"counted from the top row's scale", 1.425F, 1, 0, 40, 1},
+         }) {
+        EXPECT_DOUBLE_EQ(RowSpeed(Scaled(row.top, row.bottom), row.row, row.rows), row.speed)
+            << row.name;
+    }
     // A ceiling: delta 1.1115 at the top, 0.78 at the bottom like the wall below it.
-    const BackgroundElement ceiling = Scaled(1.425F, 1);
-    EXPECT_DOUBLE_EQ(RowSpeed(ceiling, 0, 40), 1);
-    EXPECT_NEAR(1.1115 * RowSpeed(ceiling, 39, 40), 0.78, 1e-6);
+    EXPECT_NEAR(1.1115 * RowSpeed(Scaled(1.425F, 1), 39, 40), 0.78, 1e-6);
 }
 
-TEST(RowSpeed, Is1WithoutScales) {
-    EXPECT_EQ(RowSpeed(Scaled(0, 0), 0, 9), 1);
-    EXPECT_EQ(RowSpeed(Scaled(0, 0), 8, 9), 1);
-}
+struct Position {
+    const char* name;
+    Single elementX;
+    Single camera;
+    std::int64_t row;  // of three, the last twice as fast
+    std::int64_t position;
+    Single delta = 1;
+};
 
-TEST(RowSpeed, ATopScaleOf0AloneCountsAs1) {
-    EXPECT_DOUBLE_EQ(RowSpeed(Scaled(0, 3), 0, 5), 1);
-    EXPECT_DOUBLE_EQ(RowSpeed(Scaled(0, 3), 4, 5), 3);
-}
-
-TEST(RowSpeed, ABottomScaleOf0StandsStillThere) {
-    EXPECT_DOUBLE_EQ(RowSpeed(Scaled(2, 0), 0, 5), 1);
-    EXPECT_DOUBLE_EQ(RowSpeed(Scaled(2, 0), 2, 5), 0.5);
-    EXPECT_DOUBLE_EQ(RowSpeed(Scaled(2, 0), 4, 5), 0);
-}
-
-TEST(RowSpeed, OfASingleRowIsThatOfTheTop) {
-    EXPECT_DOUBLE_EQ(RowSpeed(Scaled(1, 3), 0, 1), 1);
-}
-
-TEST(RowSpeed, ScalesMayBeNegative) {
-    EXPECT_DOUBLE_EQ(RowSpeed(Scaled(-2, 2), 4, 5), -1);
-    EXPECT_DOUBLE_EQ(RowSpeed(Scaled(1, -1), 2, 3), -1);
-}
-
-TEST(RowPosition, IsShearedByTheCamera) {
-    // 100 shown to the right: the floor's lower rows run ahead to the left.
-    const BackgroundElement floor = Scaled(1, 2);
-    EXPECT_EQ(RowPosition(floor, 10, -100, 0, 3), 10);
-    EXPECT_EQ(RowPosition(floor, 10, -100, 1, 3), -40);
-    EXPECT_EQ(RowPosition(floor, 10, -100, 2, 3), -90);
-    EXPECT_EQ(RowPosition(floor, 10, 100, 2, 3), 110);
-}
-
-TEST(RowPosition, GoesByTheElementsDelta) {
-    EXPECT_EQ(RowPosition(Scaled(1, 2, 0.5F), 10, -100, 2, 3), -40);
-    EXPECT_EQ(RowPosition(Scaled(1, 2, 0), 10, -100, 2, 3), 10);
-    EXPECT_EQ(RowPosition(Scaled(1, 2, -1), 10, -100, 2, 3), 110);
-}
-
-TEST(RowPosition, WithTheCameraAt0IsTheElements) {
+TEST(RowPosition, IsShearedByTheCameraAndRoundedByItself) {
+    for (const Position& row : {
+             // 100 shown to the right: the floor's lower rows run ahead to the left.
+             Position{"the first", 10, -100, 0, 10},
+             {"the second", 10, -100, 1, -40},
+             {"the last", 10, -100, 2, -90},
+             {"the last, to the right", 10, 100, 2, 110},
+             {"half a delta", 10, -100, 2, -40, 0.5F},
+             {"no delta", 10, -100, 2, 10, 0},
+             {"a negative delta", 10, -100, 2, 110, -1},
+             {"the camera at 0", 37, 0, 1, 37},
+             {"the first by 1", 10, -1, 0, 10},
+             {"9.5", 10, -1, 1, 10},
+             {"10.5", 11, -1, 1, 10},
+             {"10", 10.5F, -1, 1, 10},
+             {"10.5 without shear", 10.5F, -1, 0, 10},
+             {"11.5 without shear", 11.5F, -1, 0, 12},
+             {"-0.5", -0.5F, 0, 0, 0},
+         }) {
+        EXPECT_EQ(RowPosition(Scaled(1, 2, row.delta), row.elementX, row.camera, row.row, 3),
+                  row.position)
+            << row.name;
+    }
     EXPECT_EQ(RowPosition(Scaled(1, 9), 37, 0, 5, 10), 37);
-}
-
-TEST(RowPosition, IsRoundedByItselfTiesToEven) {
-    const BackgroundElement floor = Scaled(1, 2);
-    EXPECT_EQ(RowPosition(floor, 10, -1, 0, 3), 10);
-    EXPECT_EQ(RowPosition(floor, 10, -1, 1, 3), 10);  // 9.5
-    EXPECT_EQ(RowPosition(floor, 11, -1, 1, 3), 10);  // 10.5
-    EXPECT_EQ(RowPosition(floor, 10.5F, -1, 1, 3), 10);
-    EXPECT_EQ(RowPosition(floor, 10.5F, -1, 0, 3), 10);
-    EXPECT_EQ(RowPosition(floor, 11.5F, -1, 0, 3), 12);
-    EXPECT_EQ(RowPosition(floor, -0.5F, 0, 0, 3), 0);
 }
 
 TEST(RowPosition, OfAbsurdNumbersStaysWithinReach) {
@@ -102,4 +101,4 @@ TEST(RowPosition, OfAbsurdNumbersStaysWithinReach) {
 }
 
 }  // namespace
-}  // namespace scenara
+}  // namespace scenara::test

@@ -238,30 +238,50 @@ inline std::string Numbers(const D3DPRESENT_PARAMETERS& p) {
                     p.FullScreen_RefreshRateInHz, p.FullScreen_PresentationInterval});
 }
 
-// Goes by a name in the record. (The back buffer is the NullDevice's, and has none.)
-class RecordingSurface : public Direct3DSurface8 {
+// An object that writes down when it goes, by its name.
+template <typename Base>
+class Recorded : public Base {
 public:
-    RecordingSurface(Record& record, std::string name) : record_(record), name_(std::move(name)) {}
-    RecordingSurface(const RecordingSurface&) = delete;
-    RecordingSurface& operator=(const RecordingSurface&) = delete;
-    ~RecordingSurface() override { record_.Note("~" + name_); }
+    Recorded(Record& record, std::string name) : record_(record), name_(std::move(name)) {}
+    Recorded(const Recorded&) = delete;
+    Recorded& operator=(const Recorded&) = delete;
+    ~Recorded() override { record_.Note("~" + name_); }
 
     [[nodiscard]] const std::string& Name() const { return name_; }
 
-private:
+protected:
+    // The call, and what it makes of the arguments, unless it shall give nothing.
+    template <typename Made, typename Pointer, typename Words, typename... Arguments>
+    HRESULT Make(Pointer& into, std::string_view call, Words words, Arguments&&... arguments) {
+        const HRESULT result = record_.Call(call, words);
+        into.reset();
+        if (!record_.GivesNothing()) {
+            into.reset(new Made(record_, std::forward<Arguments>(arguments)...));
+        }
+        return result;
+    }
+
     Record& record_;
+
+private:
     std::string name_;
 };
+
+// (The back buffer is the NullDevice's, and has no name.)
+using RecordingSurface = Recorded<Direct3DSurface8>;
 
 inline std::string NameOf(const Direct3DSurface8& surface) {
     const auto* const named = dynamic_cast<const RecordingSurface*>(&surface);
     return named == nullptr ? "BackBuffer" : named->Name();
 }
 
-class RecordingDevice : public NullDevice {
+inline std::string NoWords() {
+    return {};
+}
+
+class RecordingDevice : public Recorded<NullDevice> {
 public:
-    explicit RecordingDevice(Record& record) : record_(record) {}
-    ~RecordingDevice() override { record_.Note("~Device"); }
+    explicit RecordingDevice(Record& record) : Recorded(record, "Device") {}
 
     HRESULT SetVertexShader(std::uint32_t format) override {
         return record_.Call("SetVertexShader", [&] { return Numbers({format}); });
@@ -315,14 +335,8 @@ public:
     }
     HRESULT CreateImageSurface(std::uint32_t width, std::uint32_t height, std::uint32_t format,
                                std::shared_ptr<Direct3DSurface8>& surface) override {
-        const HRESULT result = record_.Call("CreateImageSurface", [&] {
-            return Numbers({width, height, format});
-        });
-        surface.reset();
-        if (!record_.GivesNothing()) {
-            surface = std::make_shared<RecordingSurface>(record_, "Image");
-        }
-        return result;
+        const auto words = [&] { return Numbers({width, height, format}); };
+        return Make<RecordingSurface>(surface, "CreateImageSurface", words, "Image");
     }
     HRESULT CopyRects(Direct3DSurface8& source, const RECT& rectangle,
                       Direct3DSurface8& destination, const POINT& place) override {
@@ -349,7 +363,6 @@ private:
         }
     }
 
-    Record& record_;
     DrawnQuad now_;  // of which the corners are those of the last quad
 };
 
@@ -357,10 +370,9 @@ private:
 // seen where it goes.
 inline constexpr std::uint32_t kDisplayFormat = 23;
 
-class RecordingDirect3D : public Direct3D8 {
+class RecordingDirect3D : public Recorded<Direct3D8> {
 public:
-    explicit RecordingDirect3D(Record& record) : record_(record) {}
-    ~RecordingDirect3D() override { record_.Note("~Direct3D"); }
+    explicit RecordingDirect3D(Record& record) : Recorded(record, "Direct3D") {}
 
     HRESULT GetAdapterDisplayMode(std::uint32_t adapter, D3DDISPLAYMODE& mode) override {
         mode = {1024, 768, 75, kDisplayFormat};
@@ -369,78 +381,45 @@ public:
     HRESULT CreateDevice(std::uint32_t adapter, std::uint32_t deviceType, WindowHandle window,
                          std::uint32_t behaviorFlags, const D3DPRESENT_PARAMETERS& parameters,
                          std::unique_ptr<Direct3DDevice8>& device) override {
-        const HRESULT result = record_.Call("CreateDevice", [&] {
+        return Make<RecordingDevice>(device, "CreateDevice", [&] {
             return Numbers(
                        {adapter, deviceType, static_cast<std::int64_t>(window), behaviorFlags}) +
                    " with " + Numbers(parameters);
         });
-        device.reset();
-        if (!record_.GivesNothing()) {
-            device = std::make_unique<RecordingDevice>(record_);
-        }
-        return result;
     }
-
-private:
-    Record& record_;
 };
 
-class RecordingDirectX : public DirectX8 {
+class RecordingDirectX : public Recorded<DirectX8> {
 public:
-    explicit RecordingDirectX(Record& record) : record_(record) {}
-    ~RecordingDirectX() override { record_.Note("~DirectX"); }
+    explicit RecordingDirectX(Record& record) : Recorded(record, "DirectX") {}
 
     std::unique_ptr<Direct3D8> Direct3DCreate() override {
-        static_cast<void>(record_.Call("Direct3DCreate"));
-        if (record_.GivesNothing()) {
-            return nullptr;
-        }
-        return std::make_unique<RecordingDirect3D>(record_);
+        std::unique_ptr<Direct3D8> made;
+        static_cast<void>(Make<RecordingDirect3D>(made, "Direct3DCreate", NoWords));
+        return made;
     }
-
-private:
-    Record& record_;
 };
 
-class RecordingFont : public D3DXFont {
+class RecordingD3DX : public Recorded<D3DX8> {
 public:
-    explicit RecordingFont(Record& record) : record_(record) {}
-    ~RecordingFont() override { record_.Note("~Font"); }
-
-private:
-    Record& record_;
-};
-
-class RecordingD3DX : public D3DX8 {
-public:
-    explicit RecordingD3DX(Record& record) : record_(record) {}
-    ~RecordingD3DX() override { record_.Note("~D3DX"); }
+    explicit RecordingD3DX(Record& record) : Recorded(record, "D3DX") {}
 
     HRESULT CreateFont(Direct3DDevice8& /*device*/, const FontDescription& description,
                        std::unique_ptr<D3DXFont>& font) override {
-        const HRESULT result = record_.Call("CreateFont", [&] {
+        const auto words = [&] {
             return description.name + " " + std::to_string(description.size) +
                    (description.bold ? " bold" : "") + (description.italic ? " italic" : "");
-        });
-        font.reset();
-        if (!record_.GivesNothing()) {
-            font = std::make_unique<RecordingFont>(record_);
-        }
-        return result;
+        };
+        return Make<Recorded<D3DXFont>>(font, "CreateFont", words, "Font");
     }
     HRESULT DrawText(D3DXFont& /*font*/, std::uint32_t color, std::string_view text,
                      const RECT& rectangle, std::uint32_t format) override {
         return record_.Call("DrawText", [&] {
-            std::string words = "'";
-            words.append(text).append("' in ");
-            words.append(
-                Numbers({rectangle.left, rectangle.top, rectangle.right, rectangle.bottom}));
-            return words.append(", color and format ").append(Numbers({color, format}));
+            return std::string("'").append(text) + "' in " +
+                   Numbers({rectangle.left, rectangle.top, rectangle.right, rectangle.bottom}) +
+                   ", color and format " + Numbers({color, format});
         });
     }
-
-private:
-    Record& record_;
 };
 
 class RecordingMachine : public Direct3DMachine {
@@ -449,17 +428,11 @@ public:
 
     std::unique_ptr<DirectX8> CreateDirectX8() override {
         static_cast<void>(record_.Call("CreateDirectX8"));
-        if (record_.GivesNothing()) {
-            return nullptr;
-        }
-        return std::make_unique<RecordingDirectX>(record_);
+        return record_.GivesNothing() ? nullptr : std::make_unique<RecordingDirectX>(record_);
     }
     std::unique_ptr<D3DX8> CreateD3DX8() override {
         static_cast<void>(record_.Call("CreateD3DX8"));
-        if (record_.GivesNothing()) {
-            return nullptr;
-        }
-        return std::make_unique<RecordingD3DX>(record_);
+        return record_.GivesNothing() ? nullptr : std::make_unique<RecordingD3DX>(record_);
     }
 
 private:

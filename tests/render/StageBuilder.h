@@ -101,6 +101,15 @@ public:
         return element;
     }
 
+    // As Still, Parallax and Animation, at a place (see At).
+    BackgroundElement& StillAt(Integer sprite, Long x, Long y) { return At(Still(sprite), x, y); }
+    BackgroundElement& ParallaxAt(Integer sprite, Long x, Long y) {
+        return At(Parallax(sprite), x, y);
+    }
+    BackgroundElement& AnimationAt(const std::vector<FrameLine>& lines, Long x, Long y) {
+        return At(Animation(Action(lines)), x, y);
+    }
+
     BgCtrlDef& Group(Long looptime = 0, std::vector<Long> ids = {}) {
         BgCtrlDef group;
         group.looptime = looptime;
@@ -127,6 +136,63 @@ private:
 
     StageModel& model_;
 };
+
+// Each of these changes one thing about an element and hands it on.
+inline BackgroundElement& Masked(BackgroundElement& element) {
+    element.mask = 1;
+    return element;
+}
+inline BackgroundElement& StartAt(BackgroundElement& element, Long x, Long y) {
+    element.startX = x;
+    element.startY = y;
+    return element;
+}
+inline BackgroundElement& WithDelta(BackgroundElement& element, Single x, Single y) {
+    element.deltaX = x;
+    element.deltaY = y;
+    return element;
+}
+inline BackgroundElement& Drifting(BackgroundElement& element, Single x, Single y) {
+    element.velocityX = x;
+    element.velocityY = y;
+    return element;
+}
+// Up and down.
+inline BackgroundElement& Swinging(BackgroundElement& element, Single amplitude, Single period,
+                                   Single phase = 0) {
+    element.sinYAmplitude = amplitude;
+    element.sinYPeriod = period;
+    element.sinYPhase = phase;
+    return element;
+}
+inline BackgroundElement& Tiled(BackgroundElement& element, Long tileX, Long tileY,
+                                Long spacingX = 0, Long spacingY = 0) {
+    element.tileX = tileX;
+    element.tileY = tileY;
+    element.tileSpacingX = spacingX;
+    element.tileSpacingY = spacingY;
+    return element;
+}
+// The corners in the order of the file.
+inline BackgroundElement& Windowed(BackgroundElement& element, Single x1, Single y1, Single x2,
+                                   Single y2) {
+    element.windowX1 = x1;
+    element.windowY1 = y1;
+    element.windowX2 = x2;
+    element.windowY2 = y2;
+    element.windowActive = 1;
+    return element;
+}
+// The rows of a parallax picture, by the relative speed of the first and of the last one.
+inline BackgroundElement& Sheared(BackgroundElement& element, Single top, Single bottom) {
+    element.xscaleTop = top;
+    element.xscaleBottom = bottom;
+    return element;
+}
+inline BackgroundElement& Linked(BackgroundElement& element) {
+    element.positionlink = 1;
+    return element;
+}
 
 // A control in a group, at its first tick only.
 inline BgCtrl& AddControl(BgCtrlDef& group, const std::string& type) {

@@ -11,6 +11,7 @@
 #include "platform/headless/HeadlessMessages.h"
 #include "platform/headless/HeadlessPointer.h"
 #include "platform/headless/HeadlessWindow.h"
+#include "render/ElementDrawing.h"
 #include "render/Engine.h"
 #include "render/Frame.h"
 #include "render/PrepareStage.h"
@@ -75,6 +76,26 @@ struct StagePlayer {
     Lines Frame() {
         DrawScene(engine, tiles, flags);
         return record.TakeQuads();
+    }
+    // The quads of each frame, with commas between them.
+    Lines Film(int frames) {
+        Lines film;
+        for (int i = 0; i < frames; ++i) {
+            std::string& shown = film.emplace_back();
+            for (const std::string& quad : Frame()) {
+                shown.append(shown.empty() ? "" : ", ").append(quad);
+            }
+        }
+        return film;
+    }
+    // The stage's first element alone, as it stands or after a start.
+    Lines DrawFirst(const DrawOptions& options = {}) {
+        DrawElement(engine, model, Element(0), options);
+        return record.TakeQuads();
+    }
+    Lines StartAndDrawFirst(const DrawOptions& options = {}) {
+        Start();
+        return DrawFirst(options);
     }
     // This many frames, of which nobody wants to know the quads.
     void Frames(int count) {

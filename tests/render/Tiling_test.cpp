@@ -6,25 +6,19 @@
 
 #include <gtest/gtest.h>
 
-namespace scenara {
+namespace scenara::test {
 namespace {
 
 using Positions = std::vector<std::int64_t>;
 
 constexpr PixelRange kView{0, 320};
 
-// Where the copies stand that touch what is visible. (Which others are named is nobody's concern.)
-Positions Seen(Long tiles, std::int64_t step, std::int64_t position, std::int64_t size,
-               PixelRange visible = kView, bool animated = false) {
-    const Copies copies = CopiesAlong({tiles, step, size, animated}, position, visible);
-    Positions seen;
+Positions All(const Copies& copies) {
+    Positions all;
     for (std::int64_t i = 0; i < copies.count; ++i) {
-        const std::int64_t at = copies.At(i);
-        if (at + size > visible.from && at < visible.to) {
-            seen.push_back(at);
-        }
+        all.push_back(copies.At(i));
     }
-    return seen;
+    return all;
 }
 
 TEST(TileStep, IsTheGapForStillPicturesAndTheDistanceForAnimations) {
@@ -40,106 +34,92 @@ TEST(TileStep, OfTheLargestSpacingDoesNotRunOver) {
     EXPECT_EQ(TileStep(-2147483647 - 1, 0, true), -2147483648LL);
 }
 
-TEST(NoTiling, IsOneCopyWhereverItStands) {
-    EXPECT_EQ(Seen(0, 100, 10, 50), (Positions{10}));
-    EXPECT_EQ(Seen(0, 0, 10, 50), (Positions{10}));
-    EXPECT_EQ(Seen(0, -5, 10, 50), (Positions{10}));
+struct SeenCopies {
+    const char* name;
+    Long tiles;
+    std::int64_t step;
+    std::int64_t position;
+    std::int64_t size;
+    Positions seen;
+    PixelRange visible = kView;
+    bool animated = false;
+};
+
+const SeenCopies kSeen[] = {
+    {"one", 0, 100, 10, 50, {10}},
+    {"one with a step of 0", 0, 0, 10, 50, {10}},
+    {"one with a negative step", 0, -5, 10, 50, {10}},
+
+    {"two from the position on", 2, 100, 10, 50, {10, 110}},
+    {"three from the position on", 3, 100, 10, 50, {10, 110, 210}},
+    {"none before the position", 9, 100, 200, 50, {200, 300}},
+    {"none where the position is out of view", 9, 100, 320, 50, {}},
+    {"one of several in view", 5, 100, -360, 50, {40}},
+    {"the last in view by a pixel", 5, 100, -449, 50, {-49}},
+    {"none in view", 5, 100, -450, 50, {}},
+    {"the middle of very many", 999999, 100, -1000000, 50, {0, 100, 200, 300}},
+    {"they overlap", 4, 10, 100, 50, {100, 110, 120, 130}},
+    {"a step of 0", 5, 0, 10, 50, {10}},
+    {"a step of 0 of an animation", 5, 0, 10, 50, {10}, kView, true},
+    {"a negative step", 5, -1, 10, 50, {}},
+    {"the least step of an animation", 2, -2147483648LL, 10, 50, {}, kView, true},
+    // An animation whose file gives no distance has 1, and all copies of a count are shown.
+    {"two one pixel apart", 2, 1, 10, 64, {10, 11}, kView, true},
+    {"three one pixel apart", 3, 1, 10, 64, {10, 11, 12}, kView, true},
+    {"ten one pixel apart", 10, 1, 10, 100, {10, 11, 12, 13, 14, 15, 16, 17, 18, 19}},
+
+    {"endless both ways", 1, 100, 10, 50, {10, 110, 210, 310}},
+    {"endless, one cut by the left edge", 1, 100, 70, 50, {-30, 70, 170, 270}},
+    {"endless from the right", 1, 100, 1070, 50, {-30, 70, 170, 270}},
+    {"endless from the left", 1, 100, -1030, 50, {-30, 70, 170, 270}},
+    {"endless, touching the left edge", 1, 100, 51, 50, {-49, 51, 151, 251}},
+    {"endless, beside the left edge", 1, 100, 50, 50, {50, 150, 250}},
+    {"endless, touching the right edge", 1, 100, 19, 50, {19, 119, 219, 319}},
+    {"endless, beside the right edge", 1, 100, 20, 50, {20, 120, 220}},
+    {"endless from far left", 1, 100, -1000000007, 50, {-7, 93, 193, 293}},
+    {"endless from far right", 1, 100, 1000000007, 50, {7, 107, 207, 307}},
+    {"endless and larger than the view", 1, 1000, 100, 1000, {-900, 100}},
+    {"endless, one covers the view", 1, 1000, 0, 1000, {0}},
+    {"endless with a step of 0", 1, 0, 10, 50, {10}},
+    {"endless with a negative step", 1, -10, 10, 50, {10}},
+    {"endless with the least step", 1, -2147483648LL, 10, 50, {10}},
+    // Of an animation without a distance they go by its size.
+    {"endless animation, 1", 1, 1, 10, 100, {-90, 10, 110, 210, 310}, kView, true},
+    {"endless animation, 0", 1, 0, 10, 100, {-90, 10, 110, 210, 310}, kView, true},
+    {"endless animation, -7", 1, -7, 10, 100, {-90, 10, 110, 210, 310}, kView, true},
+    {"endless animation, 2", 1, 2, 10, 4, {98, 100, 102}, {100, 104}, true},
+    {"endless stills, 1", 1, 1, 10, 2, {99, 100, 101, 102}, {100, 103}},
+    {"endless, all beside what is visible", 1, 100, 10, 50, {}, {160, 210}},
+    {"endless, touching what is visible", 1, 100, 10, 50, {110, 210}, {159, 211}},
+};
+
+// Which others are named does not matter.
+TEST(Copies, AreSeenWhereTheyTouchWhatIsVisible) {
+    for (const SeenCopies& row : kSeen) {
+        const Copies copies =
+            CopiesAlong({row.tiles, row.step, row.size, row.animated}, row.position, row.visible);
+        Positions seen;
+        for (const std::int64_t at : All(copies)) {
+            if (at + row.size > row.visible.from && at < row.visible.to) {
+                seen.push_back(at);
+            }
+        }
+        EXPECT_EQ(seen, row.seen) << row.name;
+    }
+}
+
+TEST(Copies, OfAPictureThatIsNotTiledAreOneHoweverFarAway) {
     const Copies copies = CopiesAlong({0, 100, 50, false}, -5000, kView);
-    EXPECT_EQ(copies.count, 1);
     EXPECT_EQ(copies.first, -5000);
+    EXPECT_EQ(All(copies), (Positions{-5000}));
 }
 
-TEST(CountedTiling, GoesOnFromThePosition) {
-    EXPECT_EQ(Seen(2, 100, 10, 50), (Positions{10, 110}));
-    EXPECT_EQ(Seen(3, 100, 10, 50), (Positions{10, 110, 210}));
-}
-
-TEST(CountedTiling, ShowsNothingBeforeThePosition) {
-    EXPECT_EQ(Seen(9, 100, 200, 50), (Positions{200, 300}));
-    EXPECT_EQ(Seen(9, 100, 320, 50), (Positions{}));
-}
-
-TEST(CountedTiling, ShowsTheCopiesThatAreInTheView) {
-    EXPECT_EQ(Seen(5, 100, -360, 50), (Positions{40}));
-    EXPECT_EQ(Seen(5, 100, -449, 50), (Positions{-49}));
-    EXPECT_EQ(Seen(5, 100, -450, 50), (Positions{}));
-    EXPECT_EQ(Seen(999999, 100, -1000000, 50), (Positions{0, 100, 200, 300}));
-}
-
-TEST(CountedTiling, CopiesMayOverlap) {
-    EXPECT_EQ(Seen(4, 10, 100, 50), (Positions{100, 110, 120, 130}));
-}
-
-TEST(CountedTiling, AStepOf0IsJustTheFirst) {
-    EXPECT_EQ(Seen(5, 0, 10, 50), (Positions{10}));
-    EXPECT_EQ(Seen(5, 0, 10, 50, kView, true), (Positions{10}));
-}
-
-TEST(CountedTiling, ANegativeStepIsNone) {
-    EXPECT_EQ(Seen(5, -1, 10, 50), (Positions{}));
-    EXPECT_EQ(Seen(2, -2147483648LL, 10, 50, kView, true), (Positions{}));
-}
-
-// An animation whose file gives no distance has 1, and all copies of a count are shown.
-TEST(CountedTiling, SeveralCopiesOnePixelApartAreAllThere) {
-    EXPECT_EQ(Seen(2, 1, 10, 64, kView, true), (Positions{10, 11}));
-    EXPECT_EQ(Seen(3, 1, 10, 64, kView, true), (Positions{10, 11, 12}));
-    EXPECT_EQ(Seen(10, 1, 10, 100), (Positions{10, 11, 12, 13, 14, 15, 16, 17, 18, 19}));
-}
-
-TEST(CountedTiling, TheLastCopyOfManyIsThere) {
+TEST(Copies, HaveTheLastOfMany) {
     // 60 copies, 2 pixels apart: the strip ends at 10 + 59 * 2 + 100.
-    const Positions seen = Seen(60, 2, 10, 100);
+    const Positions seen = All(CopiesAlong({60, 2, 100, false}, 10, kView));
     ASSERT_FALSE(seen.empty());
     EXPECT_EQ(seen.front(), 10);
     EXPECT_EQ(seen.back(), 128);
-}
-
-TEST(EndlessTiling, GoesBothWays) {
-    EXPECT_EQ(Seen(1, 100, 10, 50), (Positions{10, 110, 210, 310}));
-    EXPECT_EQ(Seen(1, 100, 70, 50), (Positions{-30, 70, 170, 270}));
-    EXPECT_EQ(Seen(1, 100, 1070, 50), (Positions{-30, 70, 170, 270}));
-    EXPECT_EQ(Seen(1, 100, -1030, 50), (Positions{-30, 70, 170, 270}));
-}
-
-TEST(EndlessTiling, ShowsCopiesThatTouchTheViewByOnePixel) {
-    EXPECT_EQ(Seen(1, 100, 51, 50), (Positions{-49, 51, 151, 251}));
-    EXPECT_EQ(Seen(1, 100, 50, 50), (Positions{50, 150, 250}));
-    EXPECT_EQ(Seen(1, 100, 19, 50), (Positions{19, 119, 219, 319}));
-    EXPECT_EQ(Seen(1, 100, 20, 50), (Positions{20, 120, 220}));
-}
-
-TEST(EndlessTiling, ComesInFromFarAway) {
-    EXPECT_EQ(Seen(1, 100, -1000000007, 50), (Positions{-7, 93, 193, 293}));
-    EXPECT_EQ(Seen(1, 100, 1000000007, 50), (Positions{7, 107, 207, 307}));
-}
-
-TEST(EndlessTiling, OfALargerPictureThanTheViewCoversIt) {
-    EXPECT_EQ(Seen(1, 1000, 100, 1000), (Positions{-900, 100}));
-    EXPECT_EQ(Seen(1, 1000, 0, 1000), (Positions{0}));
-}
-
-TEST(EndlessTiling, WithAStepOf0OrLessIsJustOne) {
-    EXPECT_EQ(Seen(1, 0, 10, 50), (Positions{10}));
-    EXPECT_EQ(Seen(1, -10, 10, 50), (Positions{10}));
-    EXPECT_EQ(Seen(1, -2147483648LL, 10, 50), (Positions{10}));
-}
-
-TEST(EndlessTiling, OfAnAnimationWithoutADistanceGoesByItsSize) {
-    for (const std::int64_t step : {1LL, 0LL, -7LL}) {
-        EXPECT_EQ(Seen(1, step, 10, 100, kView, true), (Positions{-90, 10, 110, 210, 310})) << step;
-    }
-    // Still pictures may stand one pixel apart.
-    EXPECT_EQ(Seen(1, 1, 10, 2, {100, 103}), (Positions{99, 100, 101, 102}));
-}
-
-TEST(EndlessTiling, OfAnAnimationWithADistanceOf2HasIt) {
-    EXPECT_EQ(Seen(1, 2, 10, 4, {100, 104}, true), (Positions{98, 100, 102}));
-}
-
-TEST(EndlessTiling, ShowsWhatTouchesTheVisiblePart) {
-    EXPECT_EQ(Seen(1, 100, 10, 50, {160, 210}), (Positions{}));
-    EXPECT_EQ(Seen(1, 100, 10, 50, {159, 211}), (Positions{110, 210}));
 }
 
 // However absurd the file: about as many as lie upon one another at each end, and those between.
@@ -183,11 +163,7 @@ TEST(ManyCopies, ThatAreThinnedOutKeepTheFirstAndTheLastOfACount) {
              {"nor is the last", 1000, -150, {-50, 0, 50, 100, 150, 200, 250, 300}},
          }) {
         const Copies copies = CopiesAlong({row.count, 1, 100, false}, row.position, kView, 2);
-        Positions left;
-        for (std::int64_t i = 0; i < copies.count; ++i) {
-            left.push_back(copies.At(i));
-        }
-        EXPECT_EQ(left, row.left) << row.what;
+        EXPECT_EQ(All(copies), row.left) << row.what;
     }
 }
 
@@ -215,4 +191,4 @@ TEST(ManyCopies, ThatAreThinnedOutStillCoverTheView) {
 }
 
 }  // namespace
-}  // namespace scenara
+}  // namespace scenara::test
