@@ -5,7 +5,7 @@
 #include <QWidget>
 #include <QWindow>
 
-#include "platform/qt/Tiling.h"
+#include "platform/qt/TiledWindow.h"
 
 namespace scenara {
 namespace {

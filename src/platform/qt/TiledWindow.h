@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Tiling: windows that stand beside others, at a size that is not theirs to choose.
+// TiledWindow: windows that stand beside others, at a size that is not theirs to choose.
 #pragma once
 
 class QWindow;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/qt/Tiling.h"
+#include "platform/qt/TiledWindow.h"
 
 #include <QGuiApplication>
 #include <QWindow>
