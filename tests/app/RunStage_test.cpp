@@ -356,7 +356,9 @@ TEST_F(RunStage, UnloadStuffReleasesEverythingAndCountsFromNothing) {
     program.UnloadStuff();  // nothing is left to release
 }
 
-TEST_F(RunStage, LimitFramesPumpsInEveryPassWithoutALook) {
+using LimitFrames = RunStage;
+
+TEST_F(LimitFrames, PumpsInEveryPassWithoutALook) {
     window.SetMessageWaiting(false);
     program.Form_Load();
     program.LimitFrames(60);  // the first does not wait
