@@ -3,9 +3,8 @@
 // The test character through the main window: chosen, switched on and off while stages run, and
 // what the settings keep of it.
 #include <cstdint>
-#include <memory>
 #include <string>
-#include <utility>
+#include <tuple>
 #include <vector>
 
 #include <gmock/gmock.h>
@@ -20,298 +19,232 @@ namespace {
 
 using testing::HasSubstr;
 
-TEST(UseTestChar, IsOnlyThereWithAStage) {
-    const auto stage = WithHero();
+using UseTestChar = HeroProgram;
+
+TEST_F(UseTestChar, IsOnlyThereWithAStage) {
+    Start();
     for (const Menu item : {Menu::mnuChar, Menu::mnuChange, Menu::mnuDebugBG}) {
-        EXPECT_FALSE(stage->form[item].enabled);
+        EXPECT_FALSE(form[item].enabled);
     }
-    stage->user = InTurn({[](RunningStage& running) {
+    WhileAIsShown({[&] {
         for (const Menu item : {Menu::mnuChar, Menu::mnuChange, Menu::mnuDebugBG}) {
-            EXPECT_TRUE(running.form[item].enabled);
+            EXPECT_TRUE(form[item].enabled);
         }
     }});
-    stage->program.Form_OLEDragDrop(kStageA);
 }
 
-TEST(UseTestChar, AsksForACharacterAndTakesItsStep) {
-    const auto stage = WithHero();
-    stage->dialogs.Answer(kHero);
-    stage->user = InTurn({[](RunningStage& running) {
-                              running.Click(Menu::mnuChar);
-                              EXPECT_TRUE(running.program.Show().TestChar().CharLoaded);
-                              EXPECT_EQ(running.form[Menu::mnuChar].caption, "Use The Hero");
-                              EXPECT_FLOAT_EQ(running.program.Show().CameraState().HCamStep, 2.4F);
-                              EXPECT_EQ(running.Caption(), "first");
-                          },
-                          [](RunningStage& running) {
-                              running.Click(Menu::mnuChar);
-                              EXPECT_FLOAT_EQ(running.program.Show().CameraState().HCamStep, 1);
-                          }});
-    stage->program.Form_OLEDragDrop(kStageA);
-    EXPECT_THAT(stage->MessageTexts(), testing::IsEmpty());
-}
-
-TEST(UseTestChar, IsSwitchedOnByTheSettingsAndStaysAcrossStages) {
-    const auto stage =
-        WithHero(std::string("TestChar = ") + kHero + "\r\nChar = True\r\nHCamStep = 3\r\n");
-    EXPECT_TRUE(stage->form[Menu::mnuChar].checked);
-    EXPECT_FALSE(stage->program.Show().TestChar().CharLoaded);
-    const auto loaded = [](RunningStage& running) {
-        EXPECT_TRUE(running.program.Show().TestChar().CharLoaded);
-        EXPECT_FLOAT_EQ(running.program.Show().CameraState().HCamStep, 2.4F);
+TEST_F(UseTestChar, IsSwitchedOnByTheSettingsAndStaysAcrossStages) {
+    Start(Chosen("Char = True\r\n"));
+    EXPECT_TRUE(form[Menu::mnuChar].checked);
+    EXPECT_FALSE(Character().CharLoaded);
+    const auto loaded = [&] {
+        EXPECT_TRUE(Character().CharLoaded);
+        EXPECT_FLOAT_EQ(Step(), 2.4F);
     };
-    stage->user = InTurn(
-        {loaded, [](RunningStage& running) { running.program.Form_OLEDragDrop(kStageC); }, loaded});
-    stage->program.Form_OLEDragDrop(kStageA);
-    stage->program.Form_Unload();
-    EXPECT_THAT(stage->files.Get("/program/QX.CFG"), HasSubstr("HCamStep = 3\r\n"))
-        << "the user's own step";
+    WhileAIsShown({loaded, Drop(kStageC), loaded});
+    program.Form_Unload();
+    EXPECT_THAT(files.Get(kConfiguration), HasSubstr("HCamStep = 3\r\n")) << "the user's own step";
 }
 
-TEST(UseTestChar, GetsItsStepBackFromMouseScrolling) {
-    const auto stage = WithHero(std::string("TestChar = ") + kHero + "\r\n");
-    stage->user = InTurn({[](RunningStage& running) {
-        running.Click(Menu::mnuChar);
-        running.Click(Menu::mnuMScroll);
-        running.Click(Menu::mnuMScroll);
-        EXPECT_FLOAT_EQ(running.program.Show().CameraState().HCamStep, 2.4F);
-        running.Click(Menu::mnuChar);
-        EXPECT_FLOAT_EQ(running.program.Show().CameraState().HCamStep, 1) << "the user's own";
+TEST_F(UseTestChar, GetsItsStepBackFromMouseScrolling) {
+    Start(Chosen());
+    WhileAIsShown({[&] {
+        Click(Menu::mnuChar);
+        Click(Menu::mnuMScroll);
+        Click(Menu::mnuMScroll);
+        EXPECT_FLOAT_EQ(Step(), 2.4F);
+        Click(Menu::mnuChar);
+        EXPECT_FLOAT_EQ(Step(), 3) << "the user's own";
     }});
-    stage->program.Form_OLEDragDrop(kStageA);
 }
 
-TEST(UseTestChar, TheSettingsGetTheCharacterAndTheUsersSteps) {
-    const auto stage = WithHero("HCamStep = 3\r\nVCamStep = 5\r\n");
-    stage->dialogs.Answer(kHero);
-    stage->user = InTurn({ClickOn(Menu::mnuChar), Wait, ClickOn(Menu::mnuExit)});
-    stage->program.Form_OLEDragDrop(kStageA);
-    ASSERT_TRUE(stage->program.Ended());
-    EXPECT_EQ(stage->files.Get(kConfiguration), std::string("Version = 1.0A\r\n"
-                                                            "MugeDir = /mugen/\r\n"
-                                                            "TestChar = ") +
-                                                    kHero +
-                                                    "\r\n"
-                                                    "HCamStep = 3\r\n"
-                                                    "VCamStep = 5\r\n"
-                                                    "BGMusic = True\r\n"
-                                                    "Info = False\r\n"
-                                                    "Char = True\r\n"
-                                                    "Deform = True\r\n"
-                                                    "DebugBG = False\r\n"
-                                                    "CharName = The Hero\r\n"
-                                                    "StageList = 0\r\n"
-                                                    "RecentFile = /mugen/stages/a.def\r\n");
+TEST_F(UseTestChar, TheSettingsGetTheCharacterAndTheUsersSteps) {
+    Start("HCamStep = 3\r\nVCamStep = 5\r\n");
+    dialogs.Answer(kHero);
+    WhileAIsShown({Choose(Menu::mnuChar), Wait, Choose(Menu::mnuExit)});
+    ASSERT_TRUE(program.Ended());
+    EXPECT_EQ(files.Get(kConfiguration),
+              std::string("Version = 1.0A\r\nMugeDir = /mugen/\r\nTestChar = ") + kHero +
+                  "\r\nHCamStep = 3\r\nVCamStep = 5\r\nBGMusic = True\r\nInfo = False\r\n"
+                  "Char = True\r\nDeform = True\r\nDebugBG = False\r\n"
+                  "CharName = The Hero\r\nStageList = 0\r\n"
+                  "RecentFile = /mugen/stages/a.def\r\n");
 
     RunningStage next;
-    for (const char* name : {"hero.def", "hero.air", "hero.cns", "hero.sff"}) {
-        const std::string path = std::string("/mugen/chars/hero/") + name;
-        next.files.Put(path, stage->files.Get(path));
-    }
-    next.files.Put(kConfiguration, stage->files.Get(kConfiguration));
+    PutHero(next);
+    next.files.Put(kConfiguration, files.Get(kConfiguration));
     next.Load();
     EXPECT_EQ(next.form[Menu::mnuChar].caption, "Use The Hero");
-    next.user = InTurn({[](RunningStage& running) {
-        EXPECT_TRUE(running.program.Show().TestChar().CharLoaded);
-        EXPECT_FLOAT_EQ(StepOf(running), 2.4F);
+    next.user = InTurn({[&] {
+        EXPECT_TRUE(next.show.TestChar().CharLoaded);
+        EXPECT_FLOAT_EQ(next.show.CameraState().HCamStep, 2.4F);
     }});
-    next.program.Form_OLEDragDrop(kStageA);
+    next.program.lstStages_Click(kItemA);
     next.program.Form_Unload();
-    EXPECT_EQ(next.files.Get(kConfiguration), stage->files.Get(kConfiguration));
+    EXPECT_EQ(next.files.Get(kConfiguration), files.Get(kConfiguration));
 }
 
-TEST(UseTestChar, AskedForByTheSettingsWithNoneChosenItAsks) {
-    const auto stage = WithHero("Char = True\r\nDeform = True\r\n");
-    EXPECT_EQ(stage->dialogs.Asked().size(), 1U);
-    EXPECT_FALSE(stage->form[Menu::mnuChar].checked) << "nothing was chosen";
-    EXPECT_TRUE(stage->form[Menu::mnuDeform].checked) << "the settings behind it are read";
+TEST_F(UseTestChar, AskedForByTheSettingsWithNoneChosenItAsks) {
+    Start("Char = True\r\nDeform = True\r\n");
+    EXPECT_EQ(dialogs.Asked().size(), 1U);
+    EXPECT_FALSE(form[Menu::mnuChar].checked) << "nothing was chosen";
+    EXPECT_TRUE(form[Menu::mnuDeform].checked) << "the settings behind it are read";
 }
 
-TEST(UseTestChar, AFailureAtTheNextStageLeavesTheStageRunning) {
-    const auto stage = WithHero(Chosen("Char = True\r\n"));
-    stage->user = InTurn({[](RunningStage& running) {
-                              EXPECT_FLOAT_EQ(StepOf(running), 2.4F);
-                              running.files.Put("/mugen/chars/hero/hero.air", "");
-                              running.program.Form_OLEDragDrop(kStageC);
-                          },
-                          [](RunningStage& running) {
-                              EXPECT_EQ(running.Caption(), "third");
-                              EXPECT_EQ(running.program.Show().Loop().LoadingStage, 0);
-                              EXPECT_FALSE(running.form[Menu::mnuChar].checked);
-                              EXPECT_FLOAT_EQ(StepOf(running), 3);
-                              for (const Menu item : {Menu::mnuStage, Menu::mnuOptions}) {
-                                  EXPECT_TRUE(running.form[item].enabled);
-                              }
-                          },
-                          Wait,
-                          [](RunningStage& running) {
-                              EXPECT_TRUE(running.ShowsSomething());
-                              EXPECT_NE(running.program.Show().Loop().StageRunning, 0);
-                          }});
-    stage->program.Form_OLEDragDrop(kStageA);
-    EXPECT_THAT(stage->MessageTexts(), testing::ElementsAre(HasSubstr("no walking frames")));
+TEST_F(UseTestChar, AFailureAtTheNextStageLeavesTheStageRunning) {
+    Start(Chosen("Char = True\r\n"));
+    WhileAIsShown({[&] {
+                       EXPECT_FLOAT_EQ(Step(), 2.4F);
+                       files.Put("/mugen/chars/hero/hero.air", "");
+                       program.Form_OLEDragDrop(kStageC);
+                   },
+                   [&] {
+                       EXPECT_EQ(Caption(), "third");
+                       EXPECT_EQ(loop.LoadingStage, 0);
+                       EXPECT_FALSE(form[Menu::mnuChar].checked);
+                       EXPECT_FLOAT_EQ(Step(), 3);
+                       for (const Menu item : {Menu::mnuStage, Menu::mnuOptions}) {
+                           EXPECT_TRUE(form[item].enabled);
+                       }
+                   },
+                   Wait,
+                   [&] {
+                       EXPECT_TRUE(ShowsSomething());
+                       EXPECT_NE(loop.StageRunning, 0);
+                   }});
+    EXPECT_THAT(MessageTexts(), testing::ElementsAre(HasSubstr("no walking frames")));
 }
 
-TEST(UseTestChar, StaysOnThroughReload) {
-    const auto stage = WithHero(Chosen("Char = True\r\n"));
-    stage->user = InTurn({ClickOn(Menu::mnuReload), Wait, [](RunningStage& running) {
-                              EXPECT_TRUE(running.program.Show().TestChar().CharLoaded);
-                              EXPECT_FLOAT_EQ(StepOf(running), 2.4F);
-                          }});
-    stage->program.Form_OLEDragDrop(kStageA);
-    EXPECT_EQ(stage->Begun(), 2);
+TEST_F(UseTestChar, StaysOnThroughReload) {
+    Start(Chosen("Char = True\r\n"));
+    WhileAIsShown({Choose(Menu::mnuReload), Wait, [&] {
+                       EXPECT_TRUE(Character().CharLoaded);
+                       EXPECT_FLOAT_EQ(Step(), 2.4F);
+                   }});
+    EXPECT_EQ(Begun(), 2);
 }
 
-TEST(UseTestChar, PlainReloadReleasesItAndTheNextStageLoadsItAgain) {
-    const auto stage = WithHero(Chosen("Char = True\r\n"), false);
-    stage->user = InTurn(
-        {Wait, ClickOn(Menu::mnuReload),
-         [](RunningStage& running) {
-             EXPECT_FALSE(running.program.Show().TestChar().CharLoaded);
-             EXPECT_TRUE(running.program.Show().TestChar().Characters.empty());
-             EXPECT_TRUE(running.form[Menu::mnuChar].checked);
-             running.program.Form_OLEDragDrop(kStageC);
-         },
-         Wait,
-         [](RunningStage& running) { EXPECT_TRUE(running.program.Show().TestChar().CharLoaded); }});
-    stage->program.Form_OLEDragDrop(kStageA);
-    EXPECT_THAT(stage->MessageTexts(), testing::IsEmpty());
+TEST_F(UseTestChar, PlainReloadReleasesItAndTheNextStageLoadsItAgain) {
+    Start(Chosen("Char = True\r\n"), false);
+    WhileAIsShown({Wait, Choose(Menu::mnuReload),
+                   [&] {
+                       EXPECT_FALSE(Character().CharLoaded);
+                       EXPECT_TRUE(Character().Characters.empty());
+                       EXPECT_TRUE(form[Menu::mnuChar].checked);
+                       program.Form_OLEDragDrop(kStageC);
+                   },
+                   Wait, [&] { EXPECT_TRUE(Character().CharLoaded); }});
+    EXPECT_THAT(MessageTexts(), testing::IsEmpty());
 }
 
-// How often the picture changes when the character comes: the stage itself stands still.
-bool ComingChangesThePicture(bool additions) {
-    const auto stage = WithHero(Chosen(), additions);
+class TestCharPicture : public HeroProgram, public testing::WithParamInterface<bool> {};
+
+// The stage itself stands still.
+TEST_P(TestCharPicture, ChangesWithAdditionsOnly) {
+    Start(Chosen(), GetParam());
     std::vector<std::uint32_t> without;
-    bool changed = false;
-    stage->user = InTurn({Wait, Wait,
-                          [&](RunningStage& running) {
-                              without = running.sink.last;
-                              running.Click(Menu::mnuChar);
-                          },
-                          Wait, Wait,
-                          [&](RunningStage& running) {
-                              EXPECT_TRUE(running.program.Show().TestChar().CharLoaded);
-                              changed = running.sink.last != without;
-                          }});
-    stage->program.Form_OLEDragDrop(kStageA);
-    return changed;
+    WhileAIsShown({Wait, Wait,
+                   [&] {
+                       without = sink.last;
+                       Click(Menu::mnuChar);
+                   },
+                   Wait, Wait,
+                   [&] {
+                       EXPECT_TRUE(Character().CharLoaded);
+                       EXPECT_EQ(sink.last != without, GetParam());
+                   }});
 }
 
-TEST(UseTestChar, ItIsSeenWithAdditionsOnly) {
-    EXPECT_TRUE(ComingChangesThePicture(true));
-    EXPECT_FALSE(ComingChangesThePicture(false));
+INSTANTIATE_TEST_SUITE_P(PlainAndAdditions, TestCharPicture, testing::Bool());
+
+TEST_F(UseTestChar, TheArrowKeysWalkItAndTheCameraGoesAlong) {
+    Start(Chosen("Char = True\r\n"));
+    WhileAIsShown({Press(VirtualKey::Right), Wait, Wait, [&] {
+                       const TestCharacter& hero = Character().Characters.at(0);
+                       EXPECT_FLOAT_EQ(hero.X, 160 + 3 * 2.4F);
+                       EXPECT_EQ(hero.Action, kWalking);
+                       EXPECT_FLOAT_EQ(model.CamX, -3 * 2.4F);
+                   }});
 }
 
-TEST(UseTestChar, TheArrowKeysWalkItAndTheCameraGoesAlong) {
-    const auto stage = WithHero(Chosen("Char = True\r\n"));
-    stage->user = InTurn(
-        {[](RunningStage& running) { running.keyboard.Press(VirtualKey::Right); }, Wait, Wait,
-         [](RunningStage& running) {
-             const TestCharacter& hero = running.program.Show().TestChar().Characters.at(0);
-             EXPECT_FLOAT_EQ(hero.X, 160 + 3 * 2.4F);
-             EXPECT_EQ(hero.Action, kWalking);
-             EXPECT_FLOAT_EQ(running.program.Show().Model().CamX, -3 * 2.4F);
-         }});
-    stage->program.Form_OLEDragDrop(kStageA);
-}
+using ChangeChar = HeroProgram;
 
-TEST(ChangeChar, TakesAnotherCharacterInTheRunningStage) {
-    const auto stage = WithHero(Chosen("Char = True\r\n"));
-    stage->files.Put("/mugen/chars/other/other.def",
-                     "[Info]\ndisplayname = \"Other\"\n[Files]\nanim = ../hero/hero.air\n"
-                     "sprite = ../hero/hero.sff\ncns = other.cns\nst = stcommon\n");
-    stage->files.Put("/mugen/chars/other/other.cns", "[Size]\nwalk.fwd = 1.25\n");
+TEST_F(ChangeChar, TakesAnotherCharacterInTheRunningStage) {
+    Start(Chosen("Char = True\r\n"));
+    files.Put("/mugen/chars/other/other.def",
+              "[Info]\ndisplayname = \"Other\"\n[Files]\nanim = ../hero/hero.air\n"
+              "sprite = ../hero/hero.sff\ncns = other.cns\nst = stcommon\n");
+    files.Put("/mugen/chars/other/other.cns", "[Size]\nwalk.fwd = 1.25\n");
     for (const char* name : {"hero.air", "hero.sff"}) {
-        stage->files.Put(std::string("/mugen/chars/other/../hero/") + name,
-                         stage->files.Get(std::string("/mugen/chars/hero/") + name));
+        files.Put(std::string("/mugen/chars/other/../hero/") + name,
+                  files.Get(std::string("/mugen/chars/hero/") + name));
     }
-    stage->dialogs.Answer("/mugen/chars/other/other.def");
-    stage->user = InTurn({ClickOn(Menu::mnuChange), [](RunningStage& running) {
-                              EXPECT_EQ(running.form[Menu::mnuChar].caption, "Use Other");
-                              EXPECT_TRUE(running.form[Menu::mnuChar].checked);
-                              EXPECT_FLOAT_EQ(StepOf(running), 1.25F);
-                              EXPECT_EQ(running.Caption(), "first");
-                          }});
-    stage->program.Form_OLEDragDrop(kStageA);
-    EXPECT_THAT(stage->dialogs.Asked(),
+    dialogs.Answer("/mugen/chars/other/other.def");
+    WhileAIsShown({Choose(Menu::mnuChange), [&] {
+                       EXPECT_EQ(form[Menu::mnuChar].caption, "Use Other");
+                       EXPECT_TRUE(form[Menu::mnuChar].checked);
+                       EXPECT_FLOAT_EQ(Step(), 1.25F);
+                       EXPECT_EQ(Caption(), "first");
+                   }});
+    EXPECT_THAT(dialogs.Asked(),
                 testing::ElementsAre(DialogQuestion{DialogQuestion::Kind::OpenFile,
                                                     "Choose test character.", "/mugen/chars/"}));
-    EXPECT_THAT(stage->MessageTexts(), testing::IsEmpty());
+    EXPECT_THAT(MessageTexts(), testing::IsEmpty());
 }
 
-TEST(ChangeChar, AFileThatIsNoCharacterIsSaid) {
-    const auto stage = WithHero(Chosen("Char = True\r\n"));
-    stage->dialogs.Answer(kStageC);
-    stage->user = InTurn({ClickOn(Menu::mnuChange), [](RunningStage& running) {
-                              EXPECT_EQ(running.program.Show().TestChar().TestChar, kHero);
-                              EXPECT_TRUE(running.program.Show().TestChar().CharLoaded);
-                          }});
-    stage->program.Form_OLEDragDrop(kStageA);
-    EXPECT_THAT(stage->MessageTexts(), testing::ElementsAre("Not a Character!"));
+TEST_F(ChangeChar, InTheSpriteBrowserTheCaptionStaysTheSprites) {
+    Start();
+    dialogs.Answer("");
+    dialogs.Answer(kHero);
+    const auto expectSprite = [&] { EXPECT_THAT(Caption(), HasSubstr("Group: ")); };
+    WhileAIsShown({Choose(Menu::mnuDebug), Wait, expectSprite, Choose(Menu::mnuChange),
+                   expectSprite, Choose(Menu::mnuChar), expectSprite,
+                   [&] { EXPECT_TRUE(Character().CharLoaded); }});
+    EXPECT_EQ(dialogs.Asked().size(), 2U);
 }
 
-TEST(ChangeChar, InTheSpriteBrowserTheCaptionStaysTheSprites) {
-    const auto stage = WithHero();
-    stage->dialogs.Answer("");
-    stage->dialogs.Answer(kHero);
-    const auto expectSprite = [](RunningStage& running) {
-        EXPECT_THAT(running.Caption(), HasSubstr("Group: "));
-    };
-    stage->user =
-        InTurn({ClickOn(Menu::mnuDebug), Wait, expectSprite, ClickOn(Menu::mnuChange), expectSprite,
-                ClickOn(Menu::mnuChar), expectSprite, [](RunningStage& running) {
-                    EXPECT_TRUE(running.program.Show().TestChar().CharLoaded);
-                }});
-    stage->program.Form_OLEDragDrop(kStageA);
-    EXPECT_EQ(stage->dialogs.Asked().size(), 2U);
-}
-
-TEST(ChangeChar, TakesTheCharacterThatComesWithTheProgram) {
-    PosixFiles files("");
-    EXPECT_TRUE(IsChar(files, SCENARA_BUNDLED_DATA "/chars/lanternkeeper/lanternkeeper.def"));
-    EXPECT_FALSE(IsChar(files, SCENARA_BUNDLED_DATA "/stages/lanternpier.def"));
+TEST_F(ChangeChar, TakesTheCharacterThatComesWithTheProgram) {
+    PosixFiles disk("");
+    EXPECT_TRUE(IsChar(disk, SCENARA_BUNDLED_DATA "/chars/lanternkeeper/lanternkeeper.def"));
+    EXPECT_FALSE(IsChar(disk, SCENARA_BUNDLED_DATA "/stages/lanternpier.def"));
 }
 
 // --- Mouse scrolling and the character share the save slots of the steps -------------------------
 
-enum class Switch { Character, Mouse };
+class StepsOfBoth : public HeroProgram,
+                    public testing::WithParamInterface<std::tuple<int, std::size_t>> {
+protected:
+    static constexpr auto kChar = Menu::mnuChar;
+    static constexpr auto kMouse = Menu::mnuMScroll;
+    static constexpr Menu kOrders[4][4] = {{kChar, kMouse, kChar, kMouse},
+                                           {kChar, kMouse, kMouse, kChar},
+                                           {kMouse, kChar, kMouse, kChar},
+                                           {kMouse, kChar, kChar, kMouse}};
+};
 
-class StepsOfBoth : public testing::TestWithParam<std::vector<Switch>> {};
-
-// The user's steps are 3 and 5, whoever came and went before.
+// The user's steps are 3 and 5, whoever came and went before the exit.
 TEST_P(StepsOfBoth, AreTheUsersInTheSettingsAndBehindIt) {
-    for (std::size_t exitBehind = 0; exitBehind <= GetParam().size(); ++exitBehind) {
-        SCOPED_TRACE(exitBehind);
-        const auto stage = WithHero(Chosen());
-        std::vector<Act> acts;
-        for (std::size_t i = 0; i < exitBehind; ++i) {
-            acts.push_back(
-                ClickOn(GetParam()[i] == Switch::Character ? Menu::mnuChar : Menu::mnuMScroll));
-            acts.emplace_back([](RunningStage& running) { running.pointer.MoveTo({260, 200}); });
-        }
-        if (exitBehind == GetParam().size()) {
-            acts.emplace_back([](RunningStage& running) {
-                EXPECT_FLOAT_EQ(StepOf(running), 3);
-                EXPECT_FLOAT_EQ(running.program.Show().CameraState().VCamStep, 5);
-            });
-        }
-        acts.push_back(ClickOn(Menu::mnuExit));
-        stage->user = InTurn(std::move(acts));
-        stage->program.Form_OLEDragDrop(kStageA);
-        ASSERT_TRUE(stage->program.Ended());
-        EXPECT_THAT(stage->files.Get(kConfiguration),
-                    HasSubstr("HCamStep = 3\r\nVCamStep = 5\r\n"));
+    const auto& [order, count] = GetParam();
+    Start(Chosen());
+    std::vector<Act> acts;
+    for (std::size_t i = 0; i < count; ++i) {
+        acts.push_back(Choose(kOrders[order][i]));
+        acts.emplace_back([&] { pointer.MoveTo({260, 200}); });
     }
+    if (count == 4) {
+        acts.emplace_back([&] {
+            EXPECT_FLOAT_EQ(Step(), 3);
+            EXPECT_FLOAT_EQ(show.CameraState().VCamStep, 5);
+        });
+    }
+    WhileAIsShown(acts + Then(Choose(Menu::mnuExit)));
+    ASSERT_TRUE(program.Ended());
+    EXPECT_THAT(files.Get(kConfiguration), HasSubstr("HCamStep = 3\r\nVCamStep = 5\r\n"));
 }
 
-constexpr Switch kC1 = Switch::Character;
-constexpr Switch kM1 = Switch::Mouse;
-
 INSTANTIATE_TEST_SUITE_P(EveryOrder, StepsOfBoth,
-                         testing::Values(std::vector{kC1, kM1, kC1, kM1},
-                                         std::vector{kC1, kM1, kM1, kC1},
-                                         std::vector{kM1, kC1, kM1, kC1},
-                                         std::vector{kM1, kC1, kC1, kM1}));
+                         testing::Combine(testing::Range(0, 4),
+                                          testing::Range(std::size_t{0}, std::size_t{5})));
 
 }  // namespace
 }  // namespace scenara::test

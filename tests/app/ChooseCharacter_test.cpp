@@ -2,7 +2,6 @@
 //
 // How the window asks for a character, and what its menu item says.
 #include <functional>
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -19,63 +18,62 @@ using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class ChooseCharacter : public testing::Test {
+class ChooseCharacter : public HeroProgram {
 protected:
     // While a stage runs.
     void Run(const std::string& settings, const std::function<void()>& act) {
-        stage_->files.Put(kConfiguration, "MugeDir = " + mugeDir_ + "\r\n" + settings);
-        PutHero(*stage_);
-        stage_->Load();
+        Start(settings);
         bool did = false;
-        stage_->user = InTurn({[&](RunningStage& /*running*/) {
+        user = InTurn({[&] {
             act();
             did = true;
         }});
-        stage_->program.Form_OLEDragDrop(kStageA);
+        program.Form_OLEDragDrop(kStageA);
         EXPECT_TRUE(did);
     }
-    void Use() { stage_->Click(Menu::mnuChar); }
+    void Use() { Click(Menu::mnuChar); }
     void Change(const std::string& answer) {
-        stage_->dialogs.Answer(answer);
-        stage_->Click(Menu::mnuChange);
+        dialogs.Answer(answer);
+        Click(Menu::mnuChange);
     }
-    const MenuItem& Item() { return stage_->form[Menu::mnuChar]; }
-    const TestCharState& Character() { return stage_->program.Show().TestChar(); }
-
-    std::string mugeDir_ = "/mugen/";
-    std::unique_ptr<RunningStage> stage_ = std::make_unique<RunningStage>();
+    const MenuItem& Item() { return form[Menu::mnuChar]; }
 };
 
 TEST_F(ChooseCharacter, WithNoneChosenUseAsksForOne) {
     Run("", [&] {
-        stage_->dialogs.Answer(kHero);
+        dialogs.Answer(kHero);
         Use();
-        ASSERT_EQ(stage_->dialogs.Asked().size(), 1U);
-        EXPECT_EQ(stage_->dialogs.Asked()[0].text, "Choose test character.");
-        EXPECT_EQ(stage_->dialogs.Asked()[0].initialFolder,
-                  std::string("/mugen/chars") + PathSeparator);
+        ASSERT_EQ(dialogs.Asked().size(), 1U);
+        EXPECT_EQ(dialogs.Asked()[0].text, "Choose test character.");
+        EXPECT_EQ(dialogs.Asked()[0].initialFolder, std::string("/mugen/chars") + PathSeparator);
         EXPECT_EQ(Character().TestChar, kHero);
         EXPECT_TRUE(Character().UseChar);
         EXPECT_TRUE(Item().checked);
+        EXPECT_TRUE(Character().CharLoaded);
         EXPECT_EQ(Item().caption, "Use The Hero");
+        EXPECT_FLOAT_EQ(Step(), 2.4F);
+        EXPECT_EQ(Caption(), "first");
+        Use();
+        EXPECT_FLOAT_EQ(Step(), 1);
+        EXPECT_THAT(MessageTexts(), IsEmpty());
     });
 }
 
 TEST_F(ChooseCharacter, WithoutAnAnswerNothingChanges) {
     Run("HCamStep = 3\r\n", [&] {
         Use();
-        EXPECT_EQ(stage_->dialogs.Asked().size(), 1U);
+        EXPECT_EQ(dialogs.Asked().size(), 1U);
         EXPECT_FALSE(Character().UseChar);
         EXPECT_FALSE(Item().checked);
-        EXPECT_EQ(StepOf(*stage_), 3.0F);
-        EXPECT_THAT(stage_->MessageTexts(), IsEmpty());
+        EXPECT_EQ(Step(), 3.0F);
+        EXPECT_THAT(MessageTexts(), IsEmpty());
     });
 }
 
 TEST_F(ChooseCharacter, AFileThatIsNoCharacterIsReportedAndNotTaken) {
     Run(Chosen(), [&] {
         Change(kStageA);
-        EXPECT_THAT(stage_->MessageTexts(), Contains("Not a Character!"));
+        EXPECT_THAT(MessageTexts(), Contains("Not a Character!"));
         EXPECT_EQ(Character().TestChar, kHero);
         EXPECT_FALSE(Character().UseChar);
     });
@@ -90,7 +88,8 @@ TEST_F(ChooseCharacter, WhatIsNotTakenLeavesTheOneBefore) {
         EXPECT_EQ(Character().CharName, "The Hero");
         EXPECT_EQ(Item().caption, "Use The Hero");
         EXPECT_TRUE(Character().CharLoaded);
-        EXPECT_EQ(StepOf(*stage_), 2.4F);
+        EXPECT_EQ(Step(), 2.4F);
+        EXPECT_THAT(MessageTexts(), ElementsAre("Not a Character!"));
     });
 }
 
@@ -99,11 +98,11 @@ TEST_F(ChooseCharacter, ANameHasNoAccessLetter) {
     CharacterMachine hero;
     hero.Put("hero.def", std::string("displayname = \"Rock & Roll\"\n") + kHeroFiles);
     Run(Chosen(), [&] {
-        PutHero(*stage_, hero);
+        PutHero(*this, hero);
         Use();
         EXPECT_EQ(Item().caption, "Use Rock & Roll");
         EXPECT_TRUE(Item().isLiteral);
-        stage_->files.Put("/mugen/chars/hero/hero.air", "");
+        files.Put("/mugen/chars/hero/hero.air", "");
         Change(kHero);
         EXPECT_EQ(Item().caption, "&Use Test Char") << "it could not be loaded";
         EXPECT_FALSE(Item().isLiteral);
@@ -114,16 +113,15 @@ TEST_F(ChooseCharacter, ANameHasNoAccessLetter) {
 TEST_F(ChooseCharacter, AnotherOneWithoutAStageForgetsTheName) {
     Run(Chosen("CharName = The Hero\r\n"), [] {});
     EXPECT_EQ(Item().caption, "Use The Hero");
-    stage_->program.UnloadStuff();
+    program.UnloadStuff();
     Change(kHero);
     EXPECT_EQ(Item().caption, "&Use Test Char");
 }
 
 TEST_F(ChooseCharacter, WithoutACharsFolderTheDialogBeginsWhereItLikes) {
-    mugeDir_ = "/elsewhere/";
-    Run("", [&] {
+    Run("MugeDir = /elsewhere/\r\n", [&] {
         Change("");
-        EXPECT_EQ(stage_->dialogs.Asked().at(0).initialFolder, "");
+        EXPECT_EQ(dialogs.Asked().at(0).initialFolder, "");
     });
 }
 
@@ -131,15 +129,13 @@ TEST_F(ChooseCharacter, MenusAreOffWhileItLoads) {
     std::vector<bool> enabled;
     Run(Chosen(), [&] {
         Use();
-        EXPECT_TRUE(stage_->form[Menu::mnuStage].enabled);
+        EXPECT_TRUE(form[Menu::mnuStage].enabled);
     });
-    stage_->user =
-        InTurn({ClickOn(Menu::mnuChar), ClickOn(Menu::mnuChar)}, [&](RunningStage& running) {
-            enabled.push_back(running.form[Menu::mnuOptions].enabled);
-            enabled.push_back(running.form[Menu::mnuStage].enabled);
-            enabled.push_back(running.form[Menu::mnuDebug].enabled);
-        });
-    stage_->program.Form_OLEDragDrop(kStageA);
+    WhileAIsShown({Choose(Menu::mnuChar), Choose(Menu::mnuChar)}, [&] {
+        enabled.push_back(form[Menu::mnuOptions].enabled);
+        enabled.push_back(form[Menu::mnuStage].enabled);
+        enabled.push_back(form[Menu::mnuDebug].enabled);
+    });
     EXPECT_THAT(enabled, Contains(false));
     EXPECT_THAT(enabled, testing::Not(Contains(true)));
 }

@@ -18,252 +18,207 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::StartsWith;
 
-constexpr Long kItemA = 0;
-constexpr Long kItemC = 2;
-
-Act Click(Menu item) {
-    return [item](RunningStage& stage) { stage.Click(item); };
-}
-Act KeyDown(VirtualKey key) {
-    return [key](RunningStage& stage) { stage.program.Form_KeyDown(key); };
-}
-
-class Commands : public testing::Test {
-protected:
-    Commands() { stage.Load(); }
-
-    void WhileAIsShown(std::vector<Act> acts) {
-        stage.user = InTurn(std::move(acts));
-        stage.program.lstStages_Click(kItemA);
-    }
-
-    RunningStage stage;
-};
+using Commands = Program;
 
 // --- Frame limiter -------------------------------------------------------------------------------
 
 TEST_F(Commands, UncheckingTheLimiterAsksNothing) {
-    stage.Click(Menu::mnuFPS);
-    EXPECT_FALSE(stage.form[Menu::mnuFPS].checked);
-    EXPECT_EQ(stage.program.Show().Loop().FpsLimit, 0);
-    EXPECT_EQ(stage.form[Menu::mnuFPS].caption, "FPS Limiter (60 fps)");
-    EXPECT_THAT(stage.dialogs.Asked(), IsEmpty());
+    Click(Menu::mnuFPS);
+    EXPECT_FALSE(form[Menu::mnuFPS].checked);
+    EXPECT_EQ(loop.FpsLimit, 0);
+    EXPECT_EQ(form[Menu::mnuFPS].caption, "FPS Limiter (60 fps)");
+    EXPECT_THAT(dialogs.Asked(), IsEmpty());
 }
 
 struct Answer {
     const char* text;
     Integer limit;
-    const char* caption;
 };
 
-class LimiterAnswer : public testing::TestWithParam<Answer> {};
+class LimiterAnswer : public Commands, public testing::WithParamInterface<Answer> {};
 
 TEST_P(LimiterAnswer, BecomesTheLimit) {
-    RunningStage stage;
-    stage.Load();
-    stage.dialogs.Answer(GetParam().text);
-    stage.Click(Menu::mnuFPS);
-    stage.Click(Menu::mnuFPS);
-    EXPECT_THAT(stage.dialogs.Asked(),
+    dialogs.Answer(GetParam().text);
+    Click(Menu::mnuFPS);
+    Click(Menu::mnuFPS);
+    EXPECT_THAT(dialogs.Asked(),
                 ElementsAre(DialogQuestion{DialogQuestion::Kind::InputBox, "Max FPS?", ""}));
-    EXPECT_EQ(stage.program.Show().Loop().FpsLimit, GetParam().limit);
-    EXPECT_EQ(stage.form[Menu::mnuFPS].caption, GetParam().caption);
-    EXPECT_TRUE(stage.form[Menu::mnuFPS].checked);
-    EXPECT_THAT(stage.MessageTexts(), IsEmpty());
+    EXPECT_EQ(loop.FpsLimit, GetParam().limit);
+    EXPECT_EQ(form[Menu::mnuFPS].caption,
+              "FPS Limiter (" + std::to_string(GetParam().limit) + " fps)");
+    EXPECT_TRUE(form[Menu::mnuFPS].checked);
+    EXPECT_THAT(MessageTexts(), IsEmpty());
 }
 
 INSTANTIATE_TEST_SUITE_P(All, LimiterAnswer,
-                         testing::Values(Answer{"30", 30, "FPS Limiter (30 fps)"},
-                                         Answer{"0", 0, "FPS Limiter (0 fps)"},
-                                         Answer{"", 0, "FPS Limiter (0 fps)"},  // cancelled
-                                         Answer{"fast", 0, "FPS Limiter (0 fps)"},
-                                         Answer{"12abc", 12, "FPS Limiter (12 fps)"},
-                                         Answer{"0.5", 0, "FPS Limiter (0 fps)"},
-                                         Answer{"2.5", 2, "FPS Limiter (2 fps)"},
-                                         Answer{"3.5", 4, "FPS Limiter (4 fps)"},
-                                         Answer{"-5", -5, "FPS Limiter (-5 fps)"},
-                                         Answer{"32767", 32767, "FPS Limiter (32767 fps)"},
-                                         Answer{"-32768", -32768, "FPS Limiter (-32768 fps)"}));
+                         testing::Values(Answer{"30", 30}, Answer{"0", 0},
+                                         Answer{"", 0},  // cancelled
+                                         Answer{"fast", 0}, Answer{"12abc", 12}, Answer{"0.5", 0},
+                                         Answer{"2.5", 2}, Answer{"3.5", 4}, Answer{"-5", -5},
+                                         Answer{"32767", 32767}, Answer{"-32768", -32768}));
 
 TEST_F(Commands, ALimitBeyond16BitsIsAnError) {
     for (const char* const answer : {"32768", "32767.5", "-32769", "1000000000000"}) {
-        stage.form[Menu::mnuFPS].checked = false;
-        stage.program.Show().Loop().FpsLimit = 0;
-        stage.dialogs.Answer(answer);
-        stage.Click(Menu::mnuFPS);
-        EXPECT_THAT(stage.MessageTexts().back(), StartsWith("Run-time error: Overflow"));
-        EXPECT_EQ(stage.program.Show().Loop().FpsLimit, 0);
-        EXPECT_EQ(stage.form[Menu::mnuFPS].caption, "FPS Limiter (60 fps)");
-        EXPECT_TRUE(stage.form[Menu::mnuFPS].checked) << "that came before the question";
+        form[Menu::mnuFPS].checked = false;
+        loop.FpsLimit = 0;
+        dialogs.Answer(answer);
+        Click(Menu::mnuFPS);
+        EXPECT_THAT(MessageTexts().back(), StartsWith("Run-time error: Overflow"));
+        EXPECT_EQ(loop.FpsLimit, 0);
+        EXPECT_EQ(form[Menu::mnuFPS].caption, "FPS Limiter (60 fps)");
+        EXPECT_TRUE(form[Menu::mnuFPS].checked) << "that came before the question";
     }
-    EXPECT_EQ(stage.MessageTexts().size(), 4U);
+    EXPECT_EQ(MessageTexts().size(), 4U);
 }
 
 TEST_F(Commands, TheLimitHoldsFromTheNextFrameOn) {
-    stage.dialogs.Answer("20");
+    dialogs.Answer("20");
     int before = 0;
-    std::vector<Act> acts = {
-        Click(Menu::mnuFPS), Click(Menu::mnuFPS), Wait, Wait, Wait, [&](RunningStage& running) {
-            before = running.sink.shown;
-        }};
-    acts.insert(acts.end(), 30, Wait);
-    acts.emplace_back([&](RunningStage& running) { EXPECT_EQ(running.sink.shown, before + 10); });
     // A frame of the clock passes at each check for messages; 1/20 s is three of them.
-    WhileAIsShown(acts);
+    WhileAIsShown(Times(2, Choose(Menu::mnuFPS)) + Times(3, Wait) +
+                  Then([&] { before = sink.shown; }) + Times(30, Wait) +
+                  Then([&] { EXPECT_EQ(sink.shown, before + 10); }));
 }
 
 TEST_F(Commands, ALimitBelowNothingDoesNotWait) {
-    stage.dialogs.Answer("-5");
-    stage.Click(Menu::mnuFPS);
-    stage.Click(Menu::mnuFPS);
-    WhileAIsShown(std::vector<Act>(9, Wait));
-    EXPECT_EQ(stage.program.Show().Loop().TotalFrames, 10);
+    dialogs.Answer("-5");
+    Click(Menu::mnuFPS);
+    Click(Menu::mnuFPS);
+    WhileAIsShown(Times(9, Wait));
+    EXPECT_EQ(loop.TotalFrames, 10);
 }
 
 // --- Pause ---------------------------------------------------------------------------------------
 
 TEST_F(Commands, PauseMarksItemAndCaptionAndTakesThemBack) {
-    WhileAIsShown({Click(Menu::mnuPause), [](RunningStage& running) {
-                       EXPECT_EQ(running.Caption(), "first <<PAUSED>>");
-                       EXPECT_TRUE(running.form[Menu::mnuPause].checked);
-                       EXPECT_EQ(running.program.Show().Loop().Paused, 255);
-                       running.Click(Menu::mnuPause);
-                       EXPECT_EQ(running.Caption(), "first");
-                       EXPECT_FALSE(running.form[Menu::mnuPause].checked);
-                       EXPECT_EQ(running.program.Show().Loop().Paused, 0);
+    WhileAIsShown({Choose(Menu::mnuPause), [&] {
+                       EXPECT_EQ(Caption(), "first <<PAUSED>>");
+                       EXPECT_TRUE(form[Menu::mnuPause].checked);
+                       EXPECT_EQ(loop.Paused, 255);
+                       Click(Menu::mnuPause);
+                       EXPECT_EQ(Caption(), "first");
+                       EXPECT_FALSE(form[Menu::mnuPause].checked);
+                       EXPECT_EQ(loop.Paused, 0);
                    }});
 }
 
 TEST_F(Commands, WhilePausedTheLineKeepsItsTextAndCommandsGoOn) {
-    stage.Click(Menu::mnuInfo);
-    std::vector<Act> acts = {Click(Menu::mnuPause)};
-    acts.insert(acts.end(), 100, Wait);
-    acts.emplace_back([](RunningStage& running) {
-        EXPECT_EQ(running.program.Show().InfoText(), "Cam 0,0  1 FPS");
-        EXPECT_EQ(running.program.Show().Loop().TotalFrames, 1);
-        running.Click(Menu::mnuAbout);
-    });
-    WhileAIsShown(acts);
-    EXPECT_EQ(stage.MessageTexts().size(), 1U);
-    EXPECT_EQ(stage.sink.shown, 103) << "the picture is shown again and again";
+    Click(Menu::mnuInfo);
+    WhileAIsShown(Then(Choose(Menu::mnuPause)) + Times(100, Wait) + Then([&] {
+                      EXPECT_EQ(show.InfoText(), "Cam 0,0  1 FPS");
+                      EXPECT_EQ(loop.TotalFrames, 1);
+                      Click(Menu::mnuAbout);
+                  }));
+    EXPECT_EQ(MessageTexts().size(), 1U);
+    EXPECT_EQ(sink.shown, 103) << "the picture is shown again and again";
 }
 
 // --- Mouse scrolling -----------------------------------------------------------------------------
 
-class MouseScroll : public testing::Test {
+class MouseScroll : public NewProgram {
 protected:
     MouseScroll() {
-        stage.files.Put("/program/QX.CFG", "MugeDir = /mugen/\r\nHCamStep = 4\r\nVCamStep = 6\r\n");
-        stage.Load();
+        files.Put(kConfiguration, "MugeDir = /mugen/\r\nHCamStep = 4\r\nVCamStep = 6\r\n");
+        Load();
     }
 
-    [[nodiscard]] std::vector<Single> Steps() const {
-        return {stage.program.Show().CameraState().HCamStep,
-                stage.program.Show().CameraState().VCamStep};
+    // With the pointer at that point of the window, whose middle is at (160, 120).
+    Act ScrollAt(Long x, Long y) {
+        return [this, x, y] {
+            Click(Menu::mnuMScroll);
+            pointer.MoveTo({x, y});
+        };
     }
-
-    RunningStage stage;
+    void ExpectSteps(Single across, Single up) {
+        EXPECT_EQ(show.CameraState().HCamStep, across);
+        EXPECT_EQ(show.CameraState().VCamStep, up);
+    }
 };
 
 TEST_F(MouseScroll, SetsTheStepsAndGivesThemBack) {
-    stage.user = InTurn({[](RunningStage& running) {
-                             running.Click(Menu::mnuMScroll);
-                             EXPECT_TRUE(running.form[Menu::mnuMScroll].checked);
-                             // 100 pixels right of the window's middle, 80 below it.
-                             running.pointer.MoveTo({260, 200});
-                         },
-                         [&](RunningStage& running) {
-                             EXPECT_THAT(Steps(), ElementsAre(10.0F, 2.0F));
-                             running.Click(Menu::mnuMScroll);
-                             EXPECT_FALSE(running.form[Menu::mnuMScroll].checked);
-                             EXPECT_THAT(Steps(), ElementsAre(4.0F, 6.0F));
-                         },
-                         Wait});
-    stage.program.lstStages_Click(kItemA);
-    EXPECT_THAT(Steps(), ElementsAre(4.0F, 6.0F)) << "and the pointer has no hold of them";
+    WhileAIsShown({[&] {
+                       Click(Menu::mnuMScroll);
+                       EXPECT_TRUE(form[Menu::mnuMScroll].checked);
+                       // 100 pixels right of the window's middle, 80 below it.
+                       pointer.MoveTo({260, 200});
+                   },
+                   [&] {
+                       ExpectSteps(10, 2);
+                       Click(Menu::mnuMScroll);
+                       EXPECT_FALSE(form[Menu::mnuMScroll].checked);
+                       ExpectSteps(4, 6);
+                   },
+                   Wait});
+    ExpectSteps(4, 6);  // and the pointer has no hold of them
 }
 
 TEST_F(MouseScroll, SwitchedOffTheElementsStandWhereTheCameraSeesThem) {
     float start = 0;
-    stage.user =
-        InTurn({[&](RunningStage& running) {
-                    start = running.program.Show().Model().Elements.at(0).posX;
-                    running.Click(Menu::mnuMScroll);
-                    running.pointer.MoveTo({260, 120});
-                },
-                Wait, Wait,
-                [](RunningStage& running) {
-                    EXPECT_EQ(running.program.Show().Model().CamX, -60.0F);  // twice a frame
-                    running.Click(Menu::mnuMScroll);
-                },
-                Wait,
-                [&](RunningStage& running) {
-                    const BackgroundElement& wall = running.program.Show().Model().Elements.at(0);
-                    EXPECT_EQ(running.program.Show().Model().CamX, -60.0F);
-                    EXPECT_EQ(wall.posX, start - 60 * wall.deltaX);
-                }});
-    stage.program.lstStages_Click(kItemA);
-}
-
-TEST_F(MouseScroll, SavedStepsOfNothingComeBackAsOne) {
-    RunningStage fresh;
-    fresh.Load();
-    fresh.form[Menu::mnuMScroll].enabled = true;
-    fresh.Click(Menu::mnuMScroll);
-    EXPECT_EQ(fresh.program.Show().CameraState().HCamStep, 0.0F);
-    fresh.Click(Menu::mnuMScroll);
-    EXPECT_EQ(fresh.program.Show().CameraState().HCamStep, 1.0F);
-    EXPECT_EQ(fresh.program.Show().CameraState().VCamStep, 1.0F);
+    WhileAIsShown({[&] {
+                       start = model.Elements.at(0).posX;
+                       Click(Menu::mnuMScroll);
+                       pointer.MoveTo({260, 120});
+                   },
+                   Wait, Wait,
+                   [&] {
+                       EXPECT_EQ(model.CamX, -60.0F);  // twice a frame
+                       Click(Menu::mnuMScroll);
+                   },
+                   Wait,
+                   [&] {
+                       const BackgroundElement& wall = model.Elements.at(0);
+                       EXPECT_EQ(model.CamX, -60.0F);
+                       EXPECT_EQ(wall.posX, start - 60 * wall.deltaX);
+                   }});
 }
 
 TEST_F(MouseScroll, TheUsersStepsAreSavedAtTheEnd) {
-    stage.user = InTurn({[](RunningStage& running) {
-                             running.Click(Menu::mnuMScroll);
-                             running.pointer.MoveTo({260, 200});
-                         },
-                         Wait, Click(Menu::mnuExit)});
-    stage.program.lstStages_Click(kItemA);
-    EXPECT_TRUE(stage.program.Ended());
-    EXPECT_THAT(stage.files.Get("/program/QX.CFG"), HasSubstr("HCamStep = 4\r\nVCamStep = 6\r\n"));
+    WhileAIsShown({ScrollAt(260, 200), Wait, Choose(Menu::mnuExit)});
+    EXPECT_TRUE(program.Ended());
+    EXPECT_THAT(files.Get(kConfiguration), HasSubstr("HCamStep = 4\r\nVCamStep = 6\r\n"));
 }
 
 TEST_F(MouseScroll, AStageOpenedWithThePointerInTheMiddleKeepsTheUsersSteps) {
-    stage.user = InTurn({[](RunningStage& running) {
-                             running.Click(Menu::mnuMScroll);
-                             running.pointer.MoveTo({160, 120});
-                         },
-                         [&](RunningStage& running) {
-                             EXPECT_THAT(Steps(), ElementsAre(0.0F, 0.0F));
-                             running.program.lstStages_Click(kItemC);
-                         },
-                         [&](RunningStage& running) {
-                             running.Click(Menu::mnuMScroll);
-                             EXPECT_THAT(Steps(), ElementsAre(4.0F, 6.0F));
-                         }});
-    stage.program.lstStages_Click(kItemA);
-    EXPECT_EQ(stage.Begun(), 2);
+    WhileAIsShown({ScrollAt(160, 120),
+                   [&] {
+                       ExpectSteps(0, 0);
+                       program.lstStages_Click(kItemC);
+                   },
+                   [&] {
+                       Click(Menu::mnuMScroll);
+                       ExpectSteps(4, 6);
+                   }});
+    EXPECT_EQ(Begun(), 2);
 }
 
 TEST_F(MouseScroll, GoesOnInTheNextStage) {
-    stage.user = InTurn({[](RunningStage& running) {
-                             running.Click(Menu::mnuMScroll);
-                             running.pointer.MoveTo({260, 120});
-                             running.program.lstStages_Click(kItemC);
-                         },
-                         [&](RunningStage& running) {
-                             EXPECT_EQ(running.Caption(), "third");
-                             EXPECT_THAT(Steps(), ElementsAre(10.0F, 0.0F));
-                         }});
-    stage.program.lstStages_Click(kItemA);
-    EXPECT_EQ(stage.Begun(), 2);
+    WhileAIsShown({[&] {
+                       Click(Menu::mnuMScroll);
+                       pointer.MoveTo({260, 120});
+                       program.lstStages_Click(kItemC);
+                   },
+                   [&] {
+                       EXPECT_EQ(Caption(), "third");
+                       ExpectSteps(10, 0);
+                   }});
+    EXPECT_EQ(Begun(), 2);
+}
+
+TEST_F(Commands, SavedStepsOfNothingComeBackAsOneWhenTheMouseScrollsNoMore) {
+    form[Menu::mnuMScroll].enabled = true;
+    Click(Menu::mnuMScroll);
+    EXPECT_EQ(show.CameraState().HCamStep, 0.0F);
+    Click(Menu::mnuMScroll);
+    EXPECT_EQ(show.CameraState().HCamStep, 1.0F);
+    EXPECT_EQ(show.CameraState().VCamStep, 1.0F);
 }
 
 // --- The rest of the menu ------------------------------------------------------------------------
 
 TEST_F(Commands, AboutTellsNameVersionAndTwoLinesMore) {
-    stage.Click(Menu::mnuAbout);
-    ASSERT_EQ(stage.messages.Recorded().size(), 1U);
-    const Message& about = stage.messages.Recorded()[0];
+    Click(Menu::mnuAbout);
+    ASSERT_EQ(messages.Recorded().size(), 1U);
+    const Message& about = messages.Recorded()[0];
     EXPECT_EQ(about.icon, MessageIcon::None);
     EXPECT_EQ(about.title, "");
     const std::string first = "Scenara 1.0 DirectX 8 Experimental Release\r\n";
@@ -279,10 +234,10 @@ TEST_F(Commands, AboutTellsNameVersionAndTwoLinesMore) {
 TEST_F(Commands, DisabledItemsDoNothing) {
     for (const Menu item : {Menu::mnuReset, Menu::mnuFS, Menu::mnuMScroll, Menu::mnuDeform,
                             Menu::mnuChar, Menu::mnuChange, Menu::mnuDebugBG}) {
-        ASSERT_FALSE(stage.form[item].enabled);
-        const bool checked = stage.form[item].checked;
-        stage.Click(item);
-        EXPECT_EQ(stage.form[item].checked, checked);
+        ASSERT_FALSE(form[item].enabled);
+        const bool checked = form[item].checked;
+        Click(item);
+        EXPECT_EQ(form[item].checked, checked);
     }
 }
 
@@ -290,60 +245,54 @@ TEST_F(Commands, AStageEnablesWhatItTakes) {
     WhileAIsShown({});
     for (const Menu item : {Menu::mnuFS, Menu::mnuMScroll, Menu::mnuDeform, Menu::mnuChar,
                             Menu::mnuChange, Menu::mnuDebugBG}) {
-        EXPECT_TRUE(stage.form[item].enabled);
+        EXPECT_TRUE(form[item].enabled);
     }
-    EXPECT_FALSE(stage.form[Menu::mnuReset].enabled);
-    stage.Click(Menu::mnuDeform);
-    EXPECT_TRUE(stage.form[Menu::mnuDeform].checked);
-    stage.Click(Menu::mnuDeform);
-    EXPECT_FALSE(stage.form[Menu::mnuDeform].checked);
+    EXPECT_FALSE(form[Menu::mnuReset].enabled);
+    Click(Menu::mnuDeform);
+    EXPECT_TRUE(form[Menu::mnuDeform].checked);
+    Click(Menu::mnuDeform);
+    EXPECT_FALSE(form[Menu::mnuDeform].checked);
 }
 
 TEST_F(Commands, TheLoopTakesTheListsKeysAndGivesThemBack) {
-    EXPECT_TRUE(stage.form.lstStages.takesKeys);
-    WhileAIsShown({[](RunningStage& running) { EXPECT_FALSE(running.form.lstStages.takesKeys); }});
-    EXPECT_TRUE(stage.form.lstStages.takesKeys);
+    EXPECT_TRUE(form.lstStages.takesKeys);
+    WhileAIsShown({[&] { EXPECT_FALSE(form.lstStages.takesKeys); }});
+    EXPECT_TRUE(form.lstStages.takesKeys);
 }
 
 // --- Keys ----------------------------------------------------------------------------------------
 
 TEST_F(Commands, EscapeAndQAreHarmlessWithAdditions) {
     WhileAIsShown({KeyDown(VirtualKey::Escape), KeyDown(VirtualKey::Q), Wait});
-    EXPECT_EQ(stage.sink.shown, 4);
-    EXPECT_NE(stage.direct3D.Device(), nullptr);
+    EXPECT_EQ(sink.shown, 4);
+    EXPECT_NE(direct3D.Device(), nullptr);
 }
 
-class PlainKey : public testing::TestWithParam<VirtualKey> {
-protected:
-    PlainKey() { stage.Load(); }
-    RunningStage stage{{}, false};
-};
+class PlainKey : public PlainProgram, public testing::WithParamInterface<VirtualKey> {};
 
 TEST_P(PlainKey, ReleasesTheDeviceUnderTheLoop) {
-    stage.user = InTurn({Wait, KeyDown(GetParam()), Wait, Wait,
-                         [](RunningStage& running) {
-                             EXPECT_EQ(running.direct3D.Device(), nullptr);
-                             EXPECT_EQ(running.sink.shown, 2);
-                             EXPECT_EQ(running.program.Show().Loop().TotalFrames, 2);
-                             running.program.lstStages_Click(kItemC);
-                         },
-                         Wait});
-    stage.program.lstStages_Click(kItemA);
-    EXPECT_EQ(stage.Caption(), "third");
-    EXPECT_EQ(stage.program.Show().Loop().TotalFrames, 2) << "the next stage has a device again";
-    EXPECT_THAT(stage.MessageTexts(), IsEmpty());
+    WhileAIsShown({Wait, KeyDown(GetParam()), Wait, Wait,
+                   [&] {
+                       EXPECT_EQ(direct3D.Device(), nullptr);
+                       EXPECT_EQ(sink.shown, 2);
+                       EXPECT_EQ(loop.TotalFrames, 2);
+                       program.lstStages_Click(kItemC);
+                   },
+                   Wait});
+    EXPECT_EQ(Caption(), "third");
+    EXPECT_EQ(loop.TotalFrames, 2) << "the next stage has a device again";
+    EXPECT_THAT(MessageTexts(), IsEmpty());
 }
 
 TEST_P(PlainKey, WaitsForALoad) {
-    stage.user = InTurn({Wait}, KeyDown(GetParam()));
-    stage.program.lstStages_Click(kItemA);
-    EXPECT_EQ(stage.sink.shown, 2);
-    EXPECT_THAT(stage.MessageTexts(), IsEmpty());
+    WhileAIsShown({Wait}, KeyDown(GetParam()));
+    EXPECT_EQ(sink.shown, 2);
+    EXPECT_THAT(MessageTexts(), IsEmpty());
 }
 
 TEST_P(PlainKey, WithoutAStageDoesNothing) {
-    stage.program.Form_KeyDown(GetParam());
-    EXPECT_THAT(stage.MessageTexts(), IsEmpty());
+    program.Form_KeyDown(GetParam());
+    EXPECT_THAT(MessageTexts(), IsEmpty());
 }
 
 INSTANTIATE_TEST_SUITE_P(All, PlainKey, testing::Values(VirtualKey::Escape, VirtualKey::Q));
@@ -351,61 +300,57 @@ INSTANTIATE_TEST_SUITE_P(All, PlainKey, testing::Values(VirtualKey::Escape, Virt
 // --- Additions on and off ------------------------------------------------------------------------
 
 TEST_F(Commands, AdditionsAreKeptForTheNextStart) {
-    EXPECT_TRUE(stage.form[Menu::mnuAdditions].checked);
-    stage.Click(Menu::mnuAdditions);
-    EXPECT_FALSE(stage.form[Menu::mnuAdditions].checked);
-    EXPECT_FALSE(stage.program.Show().Options().Additions);
-    EXPECT_EQ(stage.files.Get("/program/Scenara.ini"), "Additions = False\r\n");
-    EXPECT_EQ(stage.Begun(), 0);
-    stage.Click(Menu::mnuAdditions);
-    EXPECT_EQ(stage.files.Get("/program/Scenara.ini"), "Additions = True\r\n");
+    EXPECT_TRUE(form[Menu::mnuAdditions].checked);
+    Click(Menu::mnuAdditions);
+    EXPECT_FALSE(form[Menu::mnuAdditions].checked);
+    EXPECT_FALSE(show.Options().Additions);
+    EXPECT_EQ(files.Get("/program/Scenara.ini"), "Additions = False\r\n");
+    EXPECT_EQ(Begun(), 0);
+    Click(Menu::mnuAdditions);
+    EXPECT_EQ(files.Get("/program/Scenara.ini"), "Additions = True\r\n");
 }
 
 TEST_F(Commands, ChangingTheAdditionsShowsTheStageAgainWhereTheCameraStands) {
-    std::vector<Act> acts = {
-        [](RunningStage& running) { running.keyboard.Press(VirtualKey::Right); }};
-    acts.insert(acts.end(), 9, Wait);
-    acts.emplace_back([](RunningStage& running) {
-        running.keyboard.Release(VirtualKey::Right);
-        ASSERT_EQ(running.program.Show().Model().CamX, -20.0F)
-            << "ten frames, two passes each, a step of 1";
-        running.Click(Menu::mnuAdditions);
-    });
-    acts.emplace_back([](RunningStage& running) {
-        EXPECT_EQ(running.Begun(), 2);
-        EXPECT_EQ(running.program.Show().Model().CamX, -20.0F);
-        EXPECT_EQ(running.program.Show().CameraState().previousX, -20.0F);
-        EXPECT_EQ(running.Caption(), "first");
-        running.program.lstStages_Click(kItemC);
-    });
-    acts.emplace_back([](RunningStage& running) {
-        EXPECT_EQ(running.Caption(), "third");
-        EXPECT_EQ(running.program.Show().Model().CamX, 0.0F)
-            << "another stage begins at its own start";
-    });
-    WhileAIsShown(acts);
-    EXPECT_EQ(stage.Begun(), 3);
-    EXPECT_THAT(stage.form.recentFiles, ElementsAre("/mugen/stages/c.def", "/mugen/stages/a.def"));
+    WhileAIsShown(Then(Press(VirtualKey::Right)) + Times(9, Wait) +
+                  std::vector<Act>{[&] {
+                                       keyboard.Release(VirtualKey::Right);
+                                       ASSERT_EQ(model.CamX, -20.0F)
+                                           << "ten frames, two passes each, a step of 1";
+                                       Click(Menu::mnuAdditions);
+                                   },
+                                   [&] {
+                                       EXPECT_EQ(Begun(), 2);
+                                       EXPECT_EQ(model.CamX, -20.0F);
+                                       EXPECT_EQ(show.CameraState().previousX, -20.0F);
+                                       EXPECT_EQ(Caption(), "first");
+                                       program.lstStages_Click(kItemC);
+                                   },
+                                   [&] {
+                                       EXPECT_EQ(Caption(), "third");
+                                       EXPECT_EQ(model.CamX, 0.0F)
+                                           << "another stage begins at its own start";
+                                   }});
+    EXPECT_EQ(Begun(), 3);
+    EXPECT_THAT(form.recentFiles, ElementsAre(kStageC, kStageA));
 }
 
 TEST_F(Commands, AReloadedStageBeginsAtItsStart) {
-    WhileAIsShown(
-        {[](RunningStage& running) { running.keyboard.Press(VirtualKey::Right); }, Wait,
-         [](RunningStage& running) {
-             running.keyboard.Release(VirtualKey::Right);
-             EXPECT_EQ(running.program.Show().Model().CamX, -4.0F);
-             running.Click(Menu::mnuReload);
-         },
-         [](RunningStage& running) { EXPECT_EQ(running.program.Show().Model().CamX, 0.0F); }});
-    EXPECT_EQ(stage.Begun(), 2);
+    WhileAIsShown({Press(VirtualKey::Right), Wait,
+                   [&] {
+                       keyboard.Release(VirtualKey::Right);
+                       EXPECT_EQ(model.CamX, -4.0F);
+                       Click(Menu::mnuReload);
+                   },
+                   [&] { EXPECT_EQ(model.CamX, 0.0F); }});
+    EXPECT_EQ(Begun(), 2);
 }
 
 TEST_F(Commands, AnAdditionsSettingThatCannotBeSavedIsSaidAndHolds) {
-    stage.files.FillDisk();
-    WhileAIsShown({Click(Menu::mnuAdditions), Wait});
-    EXPECT_THAT(stage.MessageTexts(), ElementsAre(StartsWith("Run-time error: Disk full")));
-    EXPECT_FALSE(stage.program.Show().Options().Additions);
-    EXPECT_EQ(stage.Begun(), 2);
+    files.FillDisk();
+    WhileAIsShown({Choose(Menu::mnuAdditions), Wait});
+    EXPECT_THAT(MessageTexts(), ElementsAre(StartsWith("Run-time error: Disk full")));
+    EXPECT_FALSE(show.Options().Additions);
+    EXPECT_EQ(Begun(), 2);
 }
 
 }  // namespace

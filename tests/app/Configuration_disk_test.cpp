@@ -11,8 +11,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include "app/Configuration.h"
-#include "app/MenuTree.h"
+#include "app/Configured.h"
 #include "base/RunTimeError.h"
 #include "platform/Disk.h"
 
@@ -23,18 +22,11 @@ class ConfigurationOnDisk : public Disk {
 protected:
     // Saves settings with these recent files.
     void Save(const std::string& folder, const std::string& path, std::size_t count) {
-        std::string MugeDir = "/games/mugen/";
-        Single HCamStep = 1;
-        Single VCamStep = 1;
-        std::string TestChar;
-        std::string CharName;
-        Byte ShowStageList = 0;
-        Form form;
-        DesignMenus(form);
-        form.recentFiles.assign(count, path);
+        Configured saved;
+        saved.MugeDir = "/games/mugen/";
+        saved.form.recentFiles.assign(count, path);
         PosixFiles files(folder);
-        SaveConfig({MugeDir, HCamStep, VCamStep, TestChar, CharName, ShowStageList, form}, "1.0",
-                   files);
+        SaveConfig(saved.settings, "1.0", files);
     }
 
     [[nodiscard]] std::size_t FileCount() const {

@@ -15,9 +15,6 @@
 namespace scenara::test {
 namespace {
 
-constexpr const char* kA = kStageA;
-constexpr const char* kC = kStageC;
-
 enum class State {
     NoStage,
     Closed,
@@ -32,27 +29,22 @@ enum class State {
     WithCharacter
 };
 
-constexpr std::array kStates = {State::NoStage,        State::Closed,       State::Loading,
-                                State::Running,        State::Paused,       State::FullScreen,
-                                State::WithoutDevice,  State::Editing,      State::Browsing,
-                                State::CharacterLoads, State::WithCharacter};
+struct NamedState {
+    State state;
+    const char* name;
+};
 
-const char* NameOf(State state) {
-    switch (state) {
-        case State::NoStage: return "no stage";
-        case State::Closed: return "stage closed";
-        case State::Loading: return "loading";
-        case State::Running: return "running";
-        case State::Paused: return "paused";
-        case State::FullScreen: return "full screen";
-        case State::WithoutDevice: return "without a device";
-        case State::Editing: return "an element is dragged";
-        case State::Browsing: return "in the sprite browser";
-        case State::CharacterLoads: return "a character loads";
-        case State::WithCharacter: return "a character walks";
-    }
-    return "";
-}
+constexpr NamedState kStates[] = {{State::NoStage, "no stage"},
+                                  {State::Closed, "stage closed"},
+                                  {State::Loading, "loading"},
+                                  {State::Running, "running"},
+                                  {State::Paused, "paused"},
+                                  {State::FullScreen, "full screen"},
+                                  {State::WithoutDevice, "without a device"},
+                                  {State::Editing, "an element is dragged"},
+                                  {State::Browsing, "in the sprite browser"},
+                                  {State::CharacterLoads, "a character loads"},
+                                  {State::WithCharacter, "a character walks"}};
 
 constexpr std::array kKeys = {
     VirtualKey::RightButton, VirtualKey::Pause,      VirtualKey::Escape,     VirtualKey::Left,
@@ -69,70 +61,48 @@ struct Deed {
     bool endsLoop = false;
 };
 
+// One after which a sprite is shown, which lets messages through.
+Act Pumped(const Act& act) {
+    return All({act, [](RunningStage& stage) { stage.deepest = stage.depth; }});
+}
+
 std::vector<Deed> EveryDeed() {
     std::vector<Deed> deeds;
     for (std::size_t i = 0; i < kMenuCount; ++i) {
         const auto item = static_cast<Menu>(i);
-        Deed deed;
-        deed.name = "menu item " + std::to_string(i);
-        deed.act = [item](RunningStage& stage) {
-            stage.Click(item);
-            if (item == Menu::mnuDebug) {
-                stage.deepest = stage.depth;  // a sprite that is shown lets messages through
-            }
-        };
-        deed.mayFail = item == Menu::mnuStagePrev;  // where nothing is selected
-        deed.endsLoop = item == Menu::mnuClose || item == Menu::mnuExit;
-        deeds.push_back(deed);
+        // Previous may fail where nothing is selected.
+        deeds.push_back({"menu item " + std::to_string(i),
+                         item == Menu::mnuDebug ? Pumped(Choose(item)) : Choose(item), Wait,
+                         item == Menu::mnuStagePrev,
+                         item == Menu::mnuClose || item == Menu::mnuExit});
     }
     for (const VirtualKey key : kKeys) {
-        Deed deed;
-        deed.name = "key " + std::to_string(static_cast<int>(key));
-        deed.act = [key](RunningStage& stage) {
-            stage.keyboard.Press(key);
-            stage.program.Form_KeyDown(key);
-        };
-        deed.after = [key](RunningStage& stage) { stage.keyboard.Release(key); };
-        deeds.push_back(deed);
+        deeds.push_back({"key " + std::to_string(static_cast<int>(key)),
+                         All({Press(key), KeyDown(key)}), Release(key)});
     }
-    const auto add = [&](const char* name, Act act, bool mayFail = false) {
-        deeds.push_back({name, std::move(act), Wait, mayFail, false});
+    const auto add = [&](const char* name, const Act& act, bool mayFail = false) {
+        deeds.push_back({name, act, Wait, mayFail});
     };
-    add("a click on the list", [](RunningStage& stage) { stage.program.lstStages_Click(1); });
-    add("a click on nothing", [](RunningStage& stage) { stage.program.lstStages_Click(-1); });
-    add(
-        "a click behind the list", [](RunningStage& stage) { stage.program.lstStages_Click(99); },
-        true);
-    add("a recent file", [](RunningStage& stage) { stage.program.MnuRecentFiles_Click(1); });
-    add(
-        "no recent file", [](RunningStage& stage) { stage.program.MnuRecentFiles_Click(9); }, true);
-    add("a dropped stage", [](RunningStage& stage) { stage.program.Form_OLEDragDrop(kC); });
-    add("a dropped file",
-        [](RunningStage& stage) { stage.program.Form_OLEDragDrop("/mugen/stages/a.sff"); });
-    add("nothing dropped", [](RunningStage& stage) { stage.program.Form_OLEDragDrop(""); });
+    add("a click on the list", Select(1));
+    add("a click on nothing", Select(-1));
+    add("a click behind the list", Select(99), true);
+    add("a recent file", Recent(1));
+    add("no recent file", Recent(9), true);
+    add("a dropped stage", Drop(kStageC));
+    add("a dropped file", Drop("/mugen/stages/a.sff"));
+    add("nothing dropped", Drop(""));
     add("an activation", [](RunningStage& stage) { stage.program.Form_Activate(); });
     add("a button pressed", [](RunningStage& stage) { stage.program.Form_MouseDown(162, 3); });
     add("a pointer moved", [](RunningStage& stage) { stage.program.Form_MouseMove(400, -7); });
     add("a button let go", [](RunningStage& stage) { stage.program.Form_MouseUp(); });
     add("the camera's bar", [](RunningStage& stage) { stage.program.hscHScroll_Change(40); });
-    const auto pumped = [](RunningStage& stage) {
-        stage.deepest = stage.depth;  // a sprite that is shown lets messages through
-    };
-    add("the sprites' bar", [pumped](RunningStage& stage) {
-        stage.program.hscSGFX_Change(1);
-        pumped(stage);
-    });
-    add("the sprites' bar dragged", [pumped](RunningStage& stage) {
-        stage.program.hscSGFX_Scroll(2);
-        pumped(stage);
-    });
+    add("the sprites' bar", Pumped([](RunningStage& stage) { stage.program.hscSGFX_Change(1); }));
+    add("the sprites' bar dragged",
+        Pumped([](RunningStage& stage) { stage.program.hscSGFX_Scroll(2); }));
     add("a size of nothing", [](RunningStage& stage) { stage.program.Form_Resize(0, 0); });
     add("another program in front", [](RunningStage& stage) { stage.window.SetForeground(0); });
     add("leaving the full screen", [](RunningStage& stage) { stage.program.ResetRes(); });
-    add("an item that opens a stage and one that is refused", [](RunningStage& stage) {
-        stage.program.lstStages_Click(2);
-        stage.program.Form_OLEDragDrop("/mugen/stages/gone.def");
-    });
+    add("an item that opens a stage and one that is refused", All({Select(2), Drop(kGone)}));
     add("every item of the bar and the menus but the end", [](RunningStage& stage) {
         for (std::size_t i = 0; i < kMenuCount; ++i) {
             if (static_cast<Menu>(i) != Menu::mnuExit &&
@@ -157,15 +127,12 @@ protected:
             case State::Editing:
                 stage.Click(Menu::mnuDebugBG);
                 stage.program.Form_MouseDown(162, 3);
-                ASSERT_NE(stage.program.Show().Editor().FollowedIndex(), -1);
+                ASSERT_NE(stage.show.Editor().FollowedIndex(), -1);
                 break;
-            case State::Browsing:
-                stage.Click(Menu::mnuDebug);
-                stage.deepest = stage.depth;  // the sprite lets messages through
-                break;
+            case State::Browsing: Pumped(Choose(Menu::mnuDebug))(stage); break;
             case State::WithCharacter:
                 stage.keyboard.Press(VirtualKey::Right);
-                ASSERT_TRUE(stage.program.Show().TestChar().CharLoaded);
+                ASSERT_TRUE(stage.show.TestChar().CharLoaded);
                 break;
             default: break;
         }
@@ -173,7 +140,7 @@ protected:
 
     // A paused stage shows no pictures of its own.
     static void GoOn(RunningStage& stage) {
-        if (stage.program.Show().Loop().Paused != 0) {
+        if (stage.loop.Paused != 0) {
             stage.Click(Menu::mnuPause);
         }
     }
@@ -184,11 +151,11 @@ protected:
         stage.sink.last.clear();
         const int before = stage.sink.shown;
         stage.user = InTurn({Wait, Wait});
-        stage.program.Form_OLEDragDrop(kA);
+        stage.program.Form_OLEDragDrop(kStageA);
         EXPECT_EQ(stage.Caption(), "first");
         EXPECT_EQ(stage.sink.shown, before + 3);
         EXPECT_TRUE(stage.ShowsSomething());
-        EXPECT_EQ(stage.program.Show().Loop().LoadingStage, 0);
+        EXPECT_EQ(stage.loop.LoadingStage, 0);
         for (const Menu item : {Menu::mnuStage, Menu::mnuOptions, Menu::mnuExtras,
                                 Menu::mnuStagePrev, Menu::mnuStageNext, Menu::mnuR}) {
             EXPECT_TRUE(stage.form[item].enabled);
@@ -216,7 +183,7 @@ protected:
                                      shownBefore = running.sink.shown;
                                      running.sink.last.clear();
                                      ++reopened;
-                                     running.program.Form_OLEDragDrop(kC);
+                                     running.program.Form_OLEDragDrop(kStageC);
                                  },
                                  Wait, Wait,
                                  [&](RunningStage& running) {
@@ -234,7 +201,7 @@ protected:
                 deed.act(running);
             }
         });
-        stage.program.Form_OLEDragDrop(kA);
+        stage.program.Form_OLEDragDrop(kStageA);
         EXPECT_TRUE(did);
         // While a stage loads its menu is off.
         const bool ended = deed.endsLoop && !IsLoading(state);
@@ -248,8 +215,9 @@ protected:
         return state == State::CharacterLoads || state == State::WithCharacter;
     }
 
-    static void Walk(State state, const Deed& deed, bool additions) {
-        SCOPED_TRACE(std::string(NameOf(state)) + ", " + deed.name +
+    static void Walk(const NamedState& named, const Deed& deed, bool additions) {
+        const State state = named.state;
+        SCOPED_TRACE(std::string(named.name) + ", " + deed.name +
                      (additions ? ", additions" : ", plain"));
         RunningStage stage({}, additions);
         PutHero(stage);
@@ -257,12 +225,12 @@ protected:
             stage.files.Put(kConfiguration, "MugeDir = /mugen/\r\n" + Chosen("Char = True\r\n"));
         }
         stage.Load();
-        stage.form.recentFiles = {kC, kA};
+        stage.form.recentFiles = {kStageC, kStageA};
         stage.program.Form_Activate();
         if (state == State::NoStage || state == State::Closed) {
             if (state == State::Closed) {
-                stage.user = InTurn({[](RunningStage& running) { running.Click(Menu::mnuClose); }});
-                stage.program.Form_OLEDragDrop(kA);
+                stage.user = InTurn({Choose(Menu::mnuClose)});
+                stage.program.Form_OLEDragDrop(kStageA);
             }
             stage.user = InTurn({Wait, deed.after, Wait});
             deed.act(stage);
@@ -283,7 +251,7 @@ protected:
 
 TEST_P(EveryState, TakesEveryDeedAndShowsAStageBehindIt) {
     for (const Deed& deed : EveryDeed()) {
-        for (const State state : kStates) {
+        for (const NamedState& state : kStates) {
             Walk(state, deed, GetParam());
         }
     }

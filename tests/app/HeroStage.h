@@ -4,7 +4,6 @@
 // character loads.
 #pragma once
 
-#include <memory>
 #include <string>
 #include <utility>
 
@@ -12,10 +11,6 @@
 #include "character/CharacterMachine.h"
 
 namespace scenara::test {
-
-inline constexpr const char* kStageA = "/mugen/stages/a.def";
-inline constexpr const char* kStageC = "/mugen/stages/c.def";
-inline constexpr const char* kConfiguration = "/program/QX.CFG";
 
 // Puts the hero into the program's folder of characters.
 inline void PutHero(RunningStage& stage, const CharacterMachine& hero = CharacterMachine()) {
@@ -26,27 +21,9 @@ inline void PutHero(RunningStage& stage, const CharacterMachine& hero = Characte
     stage.files.Put(kHero, hero.files.Get(kHero) + "\nst = stcommon\n");
 }
 
-// A started program with the hero and these lines in its settings.
-inline std::unique_ptr<RunningStage> WithHero(const std::string& settings = {},
-                                              bool additions = true) {
-    auto stage = std::make_unique<RunningStage>(RunningStage::User(), additions);
-    stage->files.Put(kConfiguration, "MugeDir = /mugen/\r\n" + settings);
-    PutHero(*stage);
-    stage->Load();
-    return stage;
-}
-
 // Settings with the hero chosen, and steps of the user's own.
 inline std::string Chosen(const std::string& more = {}) {
     return std::string("TestChar = ") + kHero + "\r\nHCamStep = 3\r\nVCamStep = 5\r\n" + more;
-}
-
-inline Act ClickOn(Menu item) {
-    return [item](RunningStage& running) { running.Click(item); };
-}
-
-inline Single StepOf(const RunningStage& stage) {
-    return stage.program.Show().CameraState().HCamStep;
 }
 
 // Acts once, when the character (and not the stage) begins to load. Its archive is not read before
@@ -59,5 +36,19 @@ inline Act OnceWhileTheCharacterLoads(Act act, bool& did) {
         }
     };
 }
+
+// A program with the hero.
+class HeroProgram : public NewProgram {
+protected:
+    // Starts it with these lines in its settings.
+    void Start(const std::string& settings = {}, bool additions = true) {
+        options.Additions = additions;
+        files.Put(kConfiguration, "MugeDir = /mugen/\r\n" + settings);
+        PutHero(*this);
+        Load();
+    }
+    TestCharState& Character() { return show.TestChar(); }
+    Single Step() { return show.CameraState().HCamStep; }
+};
 
 }  // namespace scenara::test

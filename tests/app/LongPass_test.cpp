@@ -187,8 +187,7 @@ struct HeavyStage {
                         its.clock.SetCountsPerLook(0);
                         captions = its.window.Captions();
                         shown = its.sink.shown;
-                        for (const BackgroundElement& element :
-                             its.program.Show().Model().Elements) {
+                        for (const BackgroundElement& element : its.model.Elements) {
                             drifted.push_back(element.ctrlPos[0]);
                         }
                         if (after) {

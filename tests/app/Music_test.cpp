@@ -15,9 +15,6 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr Long kItemA = 0;
-constexpr Long kItemC = 2;
-
 constexpr const char* kRenderA = "RenderFile /mugen/sound/a.mid";
 constexpr const char* kRenderB = "RenderFile /mugen/sound/b.mid";
 constexpr const char* kRenderNothing = "RenderFile ";
@@ -25,94 +22,82 @@ constexpr const char* kToStart = "PutCurrentPosition 0";
 
 using Calls = std::vector<std::string>;
 
-Act Click(Menu item) {
-    return [item](RunningStage& stage) { stage.Click(item); };
-}
-
-// One act after another.
-std::vector<Act> operator+(std::vector<Act> first, const std::vector<Act>& then) {
-    first.insert(first.end(), then.begin(), then.end());
-    return first;
-}
-
 // Each turn is a frame, 60 to the second.
 std::vector<Act> Frames(std::size_t count) {
-    return {count, Wait};
+    return Times(count, Wait);
 }
 
 // Stages a, with music of a second and a half; b, with other music; c, with none.
-struct StageMusic : testing::Test {
-    explicit StageMusic(bool additions = true) : stage({}, additions) {
-        stage.Load();
-        stage.files.Put("/mugen/stages/a.def", WithMusic("first", "a"));
-        stage.files.Put("/mugen/stages/b.def", WithMusic("second", "b"));
-        stage.media.AddFile("/mugen/sound/a.mid", {.duration = 1.5});
-        stage.media.AddFile("/mugen/sound/b.mid", {.duration = 1.5});
+class StageMusic : public Program {
+protected:
+    explicit StageMusic(bool additions = true) : Program(additions) {
+        files.Put(kStageA, WithMusic("first", "a"));
+        files.Put(kStageB, WithMusic("second", "b"));
+        media.AddFile("/mugen/sound/a.mid", {.duration = 1.5});
+        media.AddFile("/mugen/sound/b.mid", {.duration = 1.5});
     }
 
     static std::string WithMusic(const std::string& title, const std::string& tune) {
-        return RunningStage::Stage(title) + "[Music]\nbgmusic = sound/" + tune + ".mid\n";
+        return Stage(title) + "[Music]\nbgmusic = sound/" + tune + ".mid\n";
     }
 
-    // Shows it, with that done by the user, and leaves the loop.
-    void Show(Long item, std::vector<Act> acts, Act loading = {}) {
-        stage.user = InTurn(std::move(acts), std::move(loading));
-        stage.program.lstStages_Click(item);
+    void WhileCIsShown(std::vector<Act> acts) {
+        user = InTurn(std::move(acts));
+        program.lstStages_Click(kItemC);
+    }
+
+    void ShowAAndClose() {
+        WhileAIsShown({Wait, Choose(Menu::mnuClose)});
+        media.ForgetCalls();
     }
 
     Act Note(Calls& calls) {
-        return [&calls](RunningStage& running) { calls = running.media.Calls(); };
+        return [this, &calls] { calls = media.Calls(); };
     }
-
-    RunningStage stage;
 };
 
-struct PlainStageMusic : StageMusic {
+class PlainStageMusic : public StageMusic {
+protected:
     PlainStageMusic() : StageMusic(false) {}
 };
 
 TEST_F(StageMusic, ThePlayerHasTheWindowsHandle) {
-    EXPECT_EQ(stage.program.Music().Window(), static_cast<Long>(HeadlessWindow::kHandle));
+    EXPECT_EQ(program.Music().Window(), static_cast<Long>(HeadlessWindow::kHandle));
 }
 
 // --- Begun ---------------------------------------------------------------------------------------
 
 TEST_F(StageMusic, IsNamedByTheLoaderAndPlayedOnceTheStageIsReady) {
     Calls whileLoading;
-    Show(kItemA, {Wait}, Note(whileLoading));
+    WhileAIsShown({Wait}, Note(whileLoading));
     EXPECT_THAT(whileLoading, ElementsAre(kRenderA));
-    EXPECT_THAT(stage.media.Calls(), ElementsAre(kRenderA, "Run"));
-    EXPECT_EQ(stage.program.Music().FileName(), "/mugen/sound/a.mid");
+    EXPECT_THAT(media.Calls(), ElementsAre(kRenderA, "Run"));
+    EXPECT_EQ(program.Music().FileName(), "/mugen/sound/a.mid");
 }
 
 TEST_F(StageMusic, IsNamedAndNotPlayedWithMusicUnchecked) {
-    stage.Click(Menu::mnuMusic);
-    Show(kItemA, Frames(130));
-    EXPECT_THAT(stage.media.Calls(), ElementsAre(kRenderA));
+    Click(Menu::mnuMusic);
+    WhileAIsShown(Frames(130));
+    EXPECT_THAT(media.Calls(), ElementsAre(kRenderA));
 }
 
-TEST(StageMusicOff, IsRememberedByTheSettings) {
-    RunningStage stage;
-    stage.files.Put("/program/QX.CFG", "MugeDir = /mugen/\r\nBGMusic = False\r\n");
-    stage.Load();
-    stage.files.Put("/mugen/stages/a.def", StageMusic::WithMusic("first", "a"));
-    stage.media.AddFile("/mugen/sound/a.mid", {.duration = 1.5});
-    stage.user = InTurn({Wait});
-    stage.program.lstStages_Click(kItemA);
-    EXPECT_THAT(stage.media.Calls(), ElementsAre(kRenderA));
+TEST_F(StageMusic, ThatIsOffIsRememberedByTheSettings) {
+    files.Put(kConfiguration, "MugeDir = /mugen/\r\nBGMusic = False\r\n");
+    program.Form_Load();
+    WhileAIsShown({Wait});
+    EXPECT_THAT(media.Calls(), ElementsAre(kRenderA));
 }
 
 TEST_F(StageMusic, AStageWithoutMusicPlaysNothing) {
-    Show(kItemC, Frames(130));
-    EXPECT_THAT(stage.media.Calls(), IsEmpty());
+    WhileCIsShown(Frames(130));
+    EXPECT_THAT(media.Calls(), IsEmpty());
 }
 
 TEST_F(StageMusic, AMissingFileIsSilent) {
-    stage.files.Put("/mugen/stages/a.def", WithMusic("first", "missing"));
-    Show(kItemA, Frames(130));
-    EXPECT_THAT(stage.media.Calls(),
-                ElementsAre("RenderFile /mugen/sound/missing.mid", kToStart, "Run"));
-    EXPECT_THAT(stage.MessageTexts(), IsEmpty());
+    files.Put(kStageA, WithMusic("first", "missing"));
+    WhileAIsShown(Frames(130));
+    EXPECT_THAT(media.Calls(), ElementsAre("RenderFile /mugen/sound/missing.mid", kToStart, "Run"));
+    EXPECT_THAT(MessageTexts(), IsEmpty());
 }
 
 // --- Begun again ---------------------------------------------------------------------------------
@@ -120,148 +105,142 @@ TEST_F(StageMusic, AMissingFileIsSilent) {
 // It ends at 1.5 seconds and is looked at every second: at 1.75 it is silent, at 2.25 it plays.
 TEST_F(StageMusic, BeginsAgainAtTheSecondBehindItsEnd) {
     Calls atItsEnd;
-    const Act end = [&](RunningStage& running) {
-        EXPECT_TRUE(running.program.Music().AtEnd());
-        atItsEnd = running.media.Calls();
+    const Act end = [&] {
+        EXPECT_TRUE(program.Music().AtEnd());
+        atItsEnd = media.Calls();
     };
-    Show(kItemA, Frames(105) + std::vector<Act>{end} + Frames(30));
+    WhileAIsShown(Frames(105) + Then(end) + Frames(30));
     EXPECT_THAT(atItsEnd, ElementsAre(kRenderA, "Run"));
-    EXPECT_THAT(stage.media.Calls(), ElementsAre(kRenderA, "Run", kToStart, "Run"));
+    EXPECT_THAT(media.Calls(), ElementsAre(kRenderA, "Run", kToStart, "Run"));
 }
 
-TEST_F(StageMusic, IsNotBegunAgainWhilePausedAndIsAfterwards) {
-    Calls paused;
-    Show(kItemA, Frames(10) + std::vector<Act>{Click(Menu::mnuPause)} + Frames(200) +
-                     std::vector<Act>{Note(paused), Click(Menu::mnuPause)} + Frames(3));
-    EXPECT_THAT(paused, ElementsAre(kRenderA, "Run"));
-    EXPECT_THAT(stage.media.Calls(), ElementsAre(kRenderA, "Run", kToStart, "Run"));
+// While paused, and in the sprite browser.
+class StageMusicInterrupted : public StageMusic, public testing::WithParamInterface<Menu> {};
+
+TEST_P(StageMusicInterrupted, IsNotBegunAgainAndIsAfterwards) {
+    Calls meanwhile;
+    WhileAIsShown(Frames(10) + Then(Choose(GetParam())) + Frames(200) + Then(Note(meanwhile)) +
+                  Then(Choose(GetParam())) + Frames(3));
+    EXPECT_THAT(meanwhile, ElementsAre(kRenderA, "Run"));
+    EXPECT_THAT(media.Calls(), ElementsAre(kRenderA, "Run", kToStart, "Run"));
 }
+
+INSTANTIATE_TEST_SUITE_P(By, StageMusicInterrupted,
+                         testing::Values(Menu::mnuPause, Menu::mnuDebug));
 
 TEST_F(PlainStageMusic, IsNotBegunAgainWithoutADevice) {
-    const Act q = [](RunningStage& running) { running.program.Form_KeyDown(VirtualKey::Q); };
-    Show(kItemA, Frames(10) + std::vector<Act>{q} + Frames(200));
-    EXPECT_THAT(stage.media.Calls(), ElementsAre(kRenderA, "Run"));
-}
-
-TEST_F(StageMusic, IsNotBegunAgainInTheSpriteBrowserAndIsAfterwards) {
-    Calls browsing;
-    Show(kItemA, Frames(10) + std::vector<Act>{Click(Menu::mnuDebug)} + Frames(200) +
-                     std::vector<Act>{Note(browsing), Click(Menu::mnuDebug)} + Frames(3));
-    EXPECT_THAT(browsing, ElementsAre(kRenderA, "Run"));
-    EXPECT_THAT(stage.media.Calls(), ElementsAre(kRenderA, "Run", kToStart, "Run"));
+    const Act q = KeyDown(VirtualKey::Q);
+    WhileAIsShown(Frames(10) + Then(q) + Frames(200));
+    EXPECT_THAT(media.Calls(), ElementsAre(kRenderA, "Run"));
 }
 
 TEST_F(StageMusic, SwitchedOffAtItsVeryEndItStaysOff) {
-    Show(kItemA, Frames(105) + std::vector<Act>{Click(Menu::mnuMusic)} + Frames(130));
-    EXPECT_THAT(stage.media.Calls(), ElementsAre(kRenderA, "Run", "Stop"));
+    WhileAIsShown(Frames(105) + Then(Choose(Menu::mnuMusic)) + Frames(130));
+    EXPECT_THAT(media.Calls(), ElementsAre(kRenderA, "Run", "Stop"));
 }
 
 // --- Stopped -------------------------------------------------------------------------------------
 
-TEST_F(StageMusic, IsStoppedByClose) {
-    Show(kItemA, {Click(Menu::mnuClose)});
-    EXPECT_THAT(stage.media.Calls(), ElementsAre(kRenderA, "Run", "Stop"));
+class StageMusicStopped : public StageMusic, public testing::WithParamInterface<Menu> {};
+
+TEST_P(StageMusicStopped, ByTheItem) {
+    WhileAIsShown({Choose(GetParam())});
+    EXPECT_EQ(program.Ended(), GetParam() == Menu::mnuExit);
+    EXPECT_THAT(media.Calls(), ElementsAre(kRenderA, "Run", "Stop"));
 }
 
-TEST_F(StageMusic, IsStoppedByExit) {
-    Show(kItemA, {Click(Menu::mnuExit)});
-    ASSERT_TRUE(stage.program.Ended());
-    EXPECT_THAT(stage.media.Calls(), ElementsAre(kRenderA, "Run", "Stop"));
-}
+INSTANTIATE_TEST_SUITE_P(By, StageMusicStopped, testing::Values(Menu::mnuClose, Menu::mnuExit));
 
 TEST_F(StageMusic, IsStoppedByAStageThatCannotBeLoaded) {
-    Show(kItemA, {Wait, [](RunningStage& running) { running.Open("/mugen/stages/gone.def"); }});
-    ASSERT_EQ(stage.MessageTexts().size(), 1U);
-    EXPECT_EQ(stage.program.Show().Loop().StageRunning, 0);
-    EXPECT_EQ(stage.program.Music().State(), 0);
+    WhileAIsShown({Wait, [&] { Open(kGone); }});
+    ASSERT_EQ(MessageTexts().size(), 1U);
+    EXPECT_EQ(loop.StageRunning, 0);
+    EXPECT_EQ(program.Music().State(), 0);
 }
 
 TEST_F(StageMusic, IsStoppedByAnErrorInAPass) {
-    Show(kItemA, {Wait, [](RunningStage& running) { running.direct3D.Device()->Lose(); }});
-    ASSERT_EQ(stage.MessageTexts().size(), 1U);
-    EXPECT_EQ(stage.program.Music().State(), 0);
-    EXPECT_THAT(stage.media.Calls(), ElementsAre(kRenderA, "Run", "Stop"));
+    WhileAIsShown({Wait, [&] { direct3D.Device()->Lose(); }});
+    ASSERT_EQ(MessageTexts().size(), 1U);
+    EXPECT_EQ(program.Music().State(), 0);
+    EXPECT_THAT(media.Calls(), ElementsAre(kRenderA, "Run", "Stop"));
 }
 
 TEST_F(StageMusic, ReloadBeginsItAnew) {
-    Show(kItemA, {Wait, Click(Menu::mnuReload), Wait, Wait});
-    EXPECT_THAT(stage.media.Calls(),
+    WhileAIsShown({Wait, Choose(Menu::mnuReload), Wait, Wait});
+    EXPECT_THAT(media.Calls(),
                 ElementsAre(kRenderA, "Run", "Stop", "Stop", "Release", kRenderA, "Run"));
 }
 
 TEST_F(PlainStageMusic, IsStoppedByReloadUnderTheRunningLoop) {
-    Show(kItemA, std::vector<Act>{Wait, Click(Menu::mnuReload)} + Frames(200));
-    EXPECT_THAT(stage.media.Calls(), ElementsAre(kRenderA, "Run", "Stop"));
+    WhileAIsShown(std::vector<Act>{Wait, Choose(Menu::mnuReload)} + Frames(200));
+    EXPECT_THAT(media.Calls(), ElementsAre(kRenderA, "Run", "Stop"));
 }
 
 TEST_F(PlainStageMusic, AStageWithoutMusicStopsNothing) {
-    Show(kItemA, {Wait, Click(Menu::mnuClose)});
-    stage.media.ForgetCalls();
-    Show(kItemC, {Wait, Click(Menu::mnuClose)});
-    EXPECT_THAT(stage.media.Calls(), IsEmpty());
+    ShowAAndClose();
+    WhileCIsShown({Wait, Choose(Menu::mnuClose)});
+    EXPECT_THAT(media.Calls(), IsEmpty());
 }
 
 TEST_F(StageMusic, TheNextStagesMusicReplacesIt) {
-    Show(kItemA, {Wait, Click(Menu::mnuStageNext), Wait, Wait});
-    EXPECT_THAT(stage.media.Calls(),
+    WhileAIsShown({Wait, Choose(Menu::mnuStageNext), Wait, Wait});
+    EXPECT_THAT(media.Calls(),
                 ElementsAre(kRenderA, "Run", "Stop", "Stop", "Release", kRenderB, "Run"));
-    EXPECT_EQ(stage.media.GraphsAlive(), 1);
+    EXPECT_EQ(media.GraphsAlive(), 1);
 }
 
 TEST_F(StageMusic, OneFileIsOpenHoweverManyStagesWereShown) {
     std::vector<Act> acts;
     for (int time = 0; time < 20; ++time) {
         acts = acts +
-               std::vector<Act>{Click(Menu::mnuStageNext), Wait, Click(Menu::mnuStagePrev), Wait};
+               std::vector<Act>{Choose(Menu::mnuStageNext), Wait, Choose(Menu::mnuStagePrev), Wait};
     }
-    Show(kItemA, acts);
-    EXPECT_EQ(stage.media.GraphsAlive(), 1);
-    EXPECT_EQ(stage.program.Music().State(), 1);
+    WhileAIsShown(acts);
+    EXPECT_EQ(media.GraphsAlive(), 1);
+    EXPECT_EQ(program.Music().State(), 1);
 }
 
 // --- The menu item -------------------------------------------------------------------------------
 
 TEST_F(StageMusic, UncheckingStopsItAndCheckingGoesOn) {
     Calls off;
-    Show(kItemA, {Wait, Click(Menu::mnuMusic), Note(off), Click(Menu::mnuMusic)});
+    WhileAIsShown({Wait, Choose(Menu::mnuMusic), Note(off), Choose(Menu::mnuMusic)});
     EXPECT_THAT(off, ElementsAre(kRenderA, "Run", "Stop"));
-    EXPECT_THAT(stage.media.Calls(), ElementsAre(kRenderA, "Run", "Stop", "Run"));
+    EXPECT_THAT(media.Calls(), ElementsAre(kRenderA, "Run", "Stop", "Run"));
 }
 
 TEST_F(StageMusic, TheItemIsOffWhileAStageLoads) {
     int clicks = 0;
-    Show(kItemA, {Wait}, [&clicks](RunningStage& running) {
+    WhileAIsShown({Wait}, [&] {
         ++clicks;
-        running.Click(Menu::mnuMusic);
-        EXPECT_TRUE(running.form[Menu::mnuMusic].checked);
+        Click(Menu::mnuMusic);
+        EXPECT_TRUE(form[Menu::mnuMusic].checked);
     });
     EXPECT_GT(clicks, 0);
-    EXPECT_THAT(stage.media.Calls(), ElementsAre(kRenderA, "Run"));
+    EXPECT_THAT(media.Calls(), ElementsAre(kRenderA, "Run"));
 }
 
 TEST_F(PlainStageMusic, CheckingPlaysTheFileOfTheStageBefore) {
-    Show(kItemA, {Wait, Click(Menu::mnuClose)});
-    stage.media.ForgetCalls();
-    Show(kItemC, {Wait, Click(Menu::mnuMusic), Click(Menu::mnuMusic), Click(Menu::mnuClose)});
-    EXPECT_THAT(stage.media.Calls(), ElementsAre("Stop", "Run"));
+    ShowAAndClose();
+    WhileCIsShown({Wait, Choose(Menu::mnuMusic), Choose(Menu::mnuMusic), Choose(Menu::mnuClose)});
+    EXPECT_THAT(media.Calls(), ElementsAre("Stop", "Run"));
 }
 
 TEST_F(StageMusic, NothingOfTheStageBeforeIsHeard) {
-    Show(kItemA, {Wait, Click(Menu::mnuClose)});
-    stage.media.ForgetCalls();
-    Show(kItemC, {Wait, Click(Menu::mnuMusic), Click(Menu::mnuMusic), Wait});
-    EXPECT_THAT(stage.media.Calls(), ElementsAre("Stop", "Release", kRenderNothing, "Stop"));
-    EXPECT_EQ(stage.program.Music().State(), 0);
+    ShowAAndClose();
+    WhileCIsShown({Wait, Choose(Menu::mnuMusic), Choose(Menu::mnuMusic), Wait});
+    EXPECT_THAT(media.Calls(), ElementsAre("Stop", "Release", kRenderNothing, "Stop"));
+    EXPECT_EQ(program.Music().State(), 0);
 }
 
 // Checked without a stage the last one's music plays; it ends with whatever is shown next.
 TEST_F(StageMusic, WhatPlaysWithoutAStageIsStoppedByCloseToo) {
-    Show(kItemA, {Wait, Click(Menu::mnuClose)});
-    stage.Click(Menu::mnuMusic);
-    stage.Click(Menu::mnuMusic);
-    ASSERT_EQ(stage.program.Music().State(), 1);
-    stage.Click(Menu::mnuClose);
-    EXPECT_EQ(stage.program.Music().State(), 0);
+    WhileAIsShown({Wait, Choose(Menu::mnuClose)});
+    Click(Menu::mnuMusic);
+    Click(Menu::mnuMusic);
+    ASSERT_EQ(program.Music().State(), 1);
+    Click(Menu::mnuClose);
+    EXPECT_EQ(program.Music().State(), 0);
 }
 
 }  // namespace

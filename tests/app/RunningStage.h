@@ -5,12 +5,15 @@
 #pragma once
 
 #include <algorithm>
+#include <concepts>
 #include <cstdint>
 #include <functional>
 #include <span>
 #include <string>
 #include <utility>
 #include <vector>
+
+#include <gtest/gtest.h>
 
 #include "app/frmStage.h"
 #include "platform/headless/HeadlessClock.h"
@@ -30,6 +33,16 @@
 
 namespace scenara::test {
 
+inline constexpr const char* kStageA = "/mugen/stages/a.def";
+inline constexpr const char* kStageB = "/mugen/stages/b.def";
+inline constexpr const char* kStageC = "/mugen/stages/c.def";
+inline constexpr const char* kGone = "/mugen/stages/gone.def";
+inline constexpr const char* kConfiguration = "/program/QX.CFG";
+
+// Of the list of stages.
+inline constexpr Long kItemA = 0;
+inline constexpr Long kItemC = 2;
+
 // Counts what is presented.
 class CountingSink : public PictureSink {
 public:
@@ -48,19 +61,19 @@ struct RunningStage {
 
     explicit RunningStage(User itsUser = {}, bool additions = true)
         : user(std::move(itsUser)), options{additions} {
-        files.Put("/mugen/stages/a.def", kStage);
-        files.Put("/mugen/stages/b.def", "[Info]\nname = second\n[Camera]\nstartx = 0\n");
+        files.Put(kStageA, kStage);
+        files.Put(kStageB, "[Info]\nname = second\n[Camera]\nstartx = 0\n");
         files.Put("/mugen/stages/a.sff", SmallArchiveBytes());
-        files.Put("/program/QX.CFG", "MugeDir = /mugen/\r\n");
+        files.Put(kConfiguration, "MugeDir = /mugen/\r\n");
         window.SetEvents(&program);
         program.MugeDir = "/mugen/";
-        program.Show().Which.CurrentStageFile = "/mugen/stages/a.def";
+        show.Which.CurrentStageFile = kStageA;
     }
 
     // What the commands do that open a stage.
     void Open(const std::string& path) {
-        program.Show().Which.CurrentStageFile = path;
-        if (program.Show().Loop().StageRunning != 0) {
+        show.Which.CurrentStageFile = path;
+        if (loop.StageRunning != 0) {
             program.QuitRequested = kTrue;
             program.UnloadStuff();
         }
@@ -73,8 +86,8 @@ struct RunningStage {
         if (!options.Additions) {
             files.Put("/program/Scenara.ini", "Additions = False\r\n");
         }
-        program.Show().Which.CurrentStageFile.clear();
-        files.Put("/mugen/stages/c.def", Stage("third"));
+        show.Which.CurrentStageFile.clear();
+        files.Put(kStageC, Stage("third"));
         program.Form_Load();
     }
 
@@ -145,6 +158,9 @@ struct RunningStage {
                       display, fullScreen, media},
                      form,
                      options};
+    StageShow& show = program.Show();
+    LoopState& loop = show.Loop();
+    StageModel& model = show.Model();
 };
 
 // Ends the loop at this turn.
@@ -156,14 +172,28 @@ inline RunningStage::User QuitAt(int last) {
     };
 }
 
-using Act = std::function<void(RunningStage&)>;
+// What the user does at one time, to the stage that it is given or to one that it knows.
+class Act {
+public:
+    Act() = default;
+    template <std::invocable<RunningStage&> Deed>
+    Act(Deed deed) : deed_(std::move(deed)) {}
+    template <std::invocable Deed>
+    Act(Deed deed) : deed_([deed = std::move(deed)](RunningStage&) mutable { deed(); }) {}
+
+    explicit operator bool() const { return static_cast<bool>(deed_); }
+    void operator()(RunningStage& stage) const { deed_(stage); }
+
+private:
+    std::function<void(RunningStage&)> deed_;
+};
 
 // One act after another, each when the program lets messages through while no stage loads; behind
 // the last one the loop ends. `loading` acts instead while one does, each time.
 inline RunningStage::User InTurn(std::vector<Act> acts, Act loading = {}) {
     return [acts = std::move(acts), loading = std::move(loading), next = std::size_t{0}](
                RunningStage& stage, int) mutable {
-        if (stage.program.Show().Loop().LoadingStage != 0) {
+        if (stage.loop.LoadingStage != 0) {
             if (loading) {
                 loading(stage);
             }
@@ -175,7 +205,100 @@ inline RunningStage::User InTurn(std::vector<Act> acts, Act loading = {}) {
     };
 }
 
-// For InTurn: nothing.
+// Acts: nothing; this item, key, stage.
 inline void Wait(RunningStage& /*stage*/) {}
+inline Act Choose(Menu item) {
+    return [item](RunningStage& stage) { stage.Click(item); };
+}
+inline Act KeyDown(VirtualKey key) {
+    return [key](RunningStage& stage) { stage.program.Form_KeyDown(key); };
+}
+inline Act Tap(VirtualKey key) {
+    return [key](RunningStage& stage) { stage.keyboard.Tap(key); };
+}
+inline Act Press(VirtualKey key) {
+    return [key](RunningStage& stage) { stage.keyboard.Press(key); };
+}
+inline Act Release(VirtualKey key) {
+    return [key](RunningStage& stage) { stage.keyboard.Release(key); };
+}
+inline Act Select(Long item) {
+    return [item](RunningStage& stage) { stage.program.lstStages_Click(item); };
+}
+inline Act Recent(Long item) {
+    return [item](RunningStage& stage) { stage.program.MnuRecentFiles_Click(item); };
+}
+inline Act Drop(std::string path) {
+    return [path = std::move(path)](RunningStage& stage) { stage.program.Form_OLEDragDrop(path); };
+}
+
+// One after another, without a frame between them.
+inline Act All(std::vector<Act> acts) {
+    return [acts = std::move(acts)](RunningStage& stage) {
+        for (const Act& act : acts) {
+            act(stage);
+        }
+    };
+}
+// The first time only.
+inline Act Once(Act act) {
+    return [act = std::move(act), did = false](RunningStage& stage) mutable {
+        if (!std::exchange(did, true)) {
+            act(stage);
+        }
+    };
+}
+inline std::vector<Act> Then(const Act& act) {
+    return {act};
+}
+// As often as that.
+inline std::vector<Act> Times(std::size_t count, const Act& act) {
+    return {count, act};
+}
+inline std::vector<Act> operator+(std::vector<Act> first, const std::vector<Act>& then) {
+    first.insert(first.end(), then.begin(), then.end());
+    return first;
+}
+
+// A program before its start.
+class NewProgram : public testing::Test, protected RunningStage {
+protected:
+    explicit NewProgram(bool additions = true) : RunningStage({}, additions) {}
+
+    // Shows stage a, lets the user act, and ends the loop.
+    void WhileAIsShown(std::vector<Act> acts, Act loading = {}) {
+        user = InTurn(std::move(acts), std::move(loading));
+        program.lstStages_Click(kItemA);
+    }
+    // With nothing done meanwhile.
+    void Show(const Act& opened) {
+        user = InTurn({});
+        opened(*this);
+    }
+
+    void ExpectPlace(Long left, Long top, Long width, Long height) {
+        EXPECT_EQ(window.Place().left, left * kUnitsPerPixel);
+        EXPECT_EQ(window.Place().top, top * kUnitsPerPixel);
+        ExpectSize(width, height);
+    }
+    void ExpectSize(Long width, Long height) {
+        EXPECT_EQ(window.Place().width, width * kUnitsPerPixel);
+        EXPECT_EQ(window.Place().height, height * kUnitsPerPixel);
+    }
+    void ExpectPicture(Long width, Long height) {
+        EXPECT_EQ(form.picDraw.width, width);
+        EXPECT_EQ(form.picDraw.height, height);
+    }
+};
+
+// And after it: its list has the stages a, b and c, and none is shown.
+class Program : public NewProgram {
+protected:
+    explicit Program(bool additions = true) : NewProgram(additions) { Load(); }
+};
+class PlainProgram : public Program {
+protected:
+    PlainProgram() : Program(false) {}
+};
 
 }  // namespace scenara::test

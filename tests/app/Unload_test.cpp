@@ -17,226 +17,160 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::StartsWith;
 
-constexpr const char* kConfiguration = "/program/QX.CFG";
-constexpr Long kItemA = 0;
+using FormUnload = Program;
 
-TEST(FormUnload, SavesTheSettingsByteForByte) {
-    RunningStage stage;
-    stage.Load();
-    stage.user = InTurn({[](RunningStage& running) {
-                             running.Click(Menu::mnuInfo);
-                             running.Click(Menu::mnuStageList);
-                         },
-                         [](RunningStage& running) { running.Click(Menu::mnuStageNext); },
-                         [](RunningStage& running) { running.Click(Menu::mnuExit); }});
-    stage.program.lstStages_Click(kItemA);
-    EXPECT_TRUE(stage.program.Ended());
-    EXPECT_EQ(stage.files.Get(kConfiguration),
-              "Version = 1.0A\r\n"
-              "MugeDir = /mugen/\r\n"
-              "HCamStep = 1\r\n"
-              "VCamStep = 1\r\n"
-              "BGMusic = True\r\n"
-              "Info = True\r\n"
-              "Char = False\r\n"
-              "Deform = False\r\n"
-              "DebugBG = False\r\n"
-              "CharName = \r\n"
-              "StageList = 255\r\n"
-              "RecentFile = /mugen/stages/b.def\r\n"
-              "RecentFile = /mugen/stages/a.def\r\n");
+TEST_F(FormUnload, SavesTheSettingsByteForByte) {
+    WhileAIsShown({Choose(Menu::mnuInfo), Choose(Menu::mnuStageList), Choose(Menu::mnuStageNext),
+                   Choose(Menu::mnuExit)});
+    EXPECT_TRUE(program.Ended());
+    EXPECT_EQ(files.Get(kConfiguration),
+              "Version = 1.0A\r\nMugeDir = /mugen/\r\nHCamStep = 1\r\nVCamStep = 1\r\n"
+              "BGMusic = True\r\nInfo = True\r\nChar = False\r\nDeform = False\r\n"
+              "DebugBG = False\r\nCharName = \r\nStageList = 255\r\n"
+              "RecentFile = /mugen/stages/b.def\r\nRecentFile = /mugen/stages/a.def\r\n");
 }
 
-TEST(FormUnload, WithoutAnyStageTheStepsStayAtNothing) {
-    RunningStage stage;
-    stage.Load();
-    stage.program.Form_Unload();
-    EXPECT_TRUE(stage.program.Ended());
-    EXPECT_EQ(stage.files.Get(kConfiguration),
-              "Version = 1.0A\r\n"
-              "MugeDir = /mugen/\r\n"
-              "HCamStep = 0\r\n"
-              "VCamStep = 0\r\n"
-              "BGMusic = True\r\n"
-              "Info = False\r\n"
-              "Char = False\r\n"
-              "Deform = False\r\n"
-              "DebugBG = False\r\n"
-              "CharName = \r\n"
-              "StageList = 0\r\n");
+TEST_F(FormUnload, WithoutAnyStageTheStepsStayAtNothing) {
+    program.Form_Unload();
+    EXPECT_TRUE(program.Ended());
+    EXPECT_EQ(files.Get(kConfiguration),
+              "Version = 1.0A\r\nMugeDir = /mugen/\r\nHCamStep = 0\r\nVCamStep = 0\r\n"
+              "BGMusic = True\r\nInfo = False\r\nChar = False\r\nDeform = False\r\n"
+              "DebugBG = False\r\nCharName = \r\nStageList = 0\r\n");
 }
 
-TEST(FormUnload, TheNextStartFindsWhatWasSaved) {
-    RunningStage first;
-    first.Load();
-    first.user = InTurn({[](RunningStage& running) { running.Click(Menu::mnuStageList); },
-                         [](RunningStage& running) { running.Click(Menu::mnuInfo); },
-                         [](RunningStage& running) { running.Click(Menu::mnuExit); }});
-    first.program.lstStages_Click(kItemA);
-
+TEST_F(FormUnload, TheNextStartFindsWhatWasSaved) {
+    WhileAIsShown({Choose(Menu::mnuStageList), Choose(Menu::mnuInfo), Choose(Menu::mnuExit)});
     RunningStage second;
-    second.files.Put(kConfiguration, first.files.Get(kConfiguration));
+    second.files.Put(kConfiguration, files.Get(kConfiguration));
     second.Load();
     EXPECT_EQ(second.program.MugeDir, "/mugen/");
     EXPECT_EQ(second.program.ShowStageList, 255);
     EXPECT_TRUE(second.form[Menu::mnuInfo].checked);
     EXPECT_TRUE(second.form[Menu::mnuMusic].checked);
-    EXPECT_THAT(second.form.recentFiles, ElementsAre("/mugen/stages/a.def"));
+    EXPECT_THAT(second.form.recentFiles, ElementsAre(kStageA));
     EXPECT_TRUE(second.form[Menu::MnuRecentFiles].visible);
     second.program.Form_Unload();
-    EXPECT_EQ(second.files.Get(kConfiguration), first.files.Get(kConfiguration));
+    EXPECT_EQ(second.files.Get(kConfiguration), files.Get(kConfiguration));
 }
 
-TEST(FormUnload, ADiskThatIsFullIsSaidAndEndsTheProgramAllTheSame) {
-    RunningStage stage;
-    stage.Load();
-    stage.files.FillDisk();
-    stage.user = InTurn({[](RunningStage& running) { running.Click(Menu::mnuExit); }});
-    stage.program.lstStages_Click(kItemA);
-    EXPECT_THAT(stage.MessageTexts(), ElementsAre(StartsWith("Run-time error: Disk full")));
-    EXPECT_TRUE(stage.program.Ended());
-    EXPECT_EQ(stage.direct3D.Device(), nullptr);
-    EXPECT_EQ(stage.files.Get(kConfiguration), "MugeDir = /mugen/\r\n") << "the old ones";
+TEST_F(FormUnload, ADiskThatIsFullIsSaidAndEndsTheProgramAllTheSame) {
+    files.FillDisk();
+    WhileAIsShown({Choose(Menu::mnuExit)});
+    EXPECT_THAT(MessageTexts(), ElementsAre(StartsWith("Run-time error: Disk full")));
+    EXPECT_TRUE(program.Ended());
+    EXPECT_EQ(direct3D.Device(), nullptr);
+    EXPECT_EQ(files.Get(kConfiguration), "MugeDir = /mugen/\r\n") << "the old ones";
 }
 
-TEST(FormUnload, SavesOnce) {
-    RunningStage stage;
-    stage.Load();
-    stage.program.Form_Unload();
-    stage.files.Put(kConfiguration, "somebody else's");
-    stage.program.Form_Unload();
-    EXPECT_EQ(stage.files.Get(kConfiguration), "somebody else's");
+TEST_F(FormUnload, SavesOnce) {
+    program.Form_Unload();
+    files.Put(kConfiguration, "somebody else's");
+    program.Form_Unload();
+    EXPECT_EQ(files.Get(kConfiguration), "somebody else's");
 }
 
-TEST(FormUnload, SavesNothingWhereNothingWasRead) {
-    RunningStage stage;
-    stage.files.Put(kConfiguration, ".3\r\n");
-    stage.Load();
-    stage.program.Form_Unload();
-    EXPECT_EQ(stage.files.Get(kConfiguration), ".3\r\n");
-}
-
-TEST(FormUnload, WhatComesBehindItIsPassedOver) {
-    RunningStage stage;
-    stage.Load();
-    stage.form.recentFiles = {"/mugen/stages/a.def", "/mugen/stages/c.def"};
-    stage.program.Form_Unload();
-    stage.window.MoveTo({150, 300, 9600, 7200});
-    const std::vector<std::string> captions = stage.window.Captions();
+TEST_F(FormUnload, WhatComesBehindItIsPassedOver) {
+    form.recentFiles = {kStageA, kStageC};
+    program.Form_Unload();
+    window.MoveTo({150, 300, 9600, 7200});
+    const std::vector<std::string> captions = window.Captions();
     for (std::size_t item = 0; item < kMenuCount; ++item) {
-        stage.Click(static_cast<Menu>(item));
+        Click(static_cast<Menu>(item));
     }
-    stage.program.MnuRecentFiles_Click(2);
-    stage.program.lstStages_Click(1);
-    stage.program.lstStages_Click(99);
-    stage.program.Form_OLEDragDrop("/mugen/stages/gone.def");
-    stage.program.Form_KeyDown(VirtualKey::Escape);
-    stage.program.Form_Activate();
-    stage.program.Form_Resize(800, 600);
-    EXPECT_THAT(stage.MessageTexts(), IsEmpty());
-    EXPECT_THAT(stage.dialogs.Asked(), IsEmpty());
-    EXPECT_EQ(stage.window.Captions(), captions);
-    EXPECT_THAT(stage.form.recentFiles, ElementsAre("/mugen/stages/a.def", "/mugen/stages/c.def"));
-    EXPECT_EQ(stage.form.lstStages.ListIndex, -1);
-    EXPECT_EQ(stage.window.Place().width, 9600);
-    EXPECT_EQ(stage.form.innerWidth, 320);
-    EXPECT_FALSE(stage.files.Has("/program/Scenara.ini"));
-    EXPECT_EQ(stage.Begun(), 0);
+    program.MnuRecentFiles_Click(2);
+    program.lstStages_Click(1);
+    program.lstStages_Click(99);
+    program.Form_OLEDragDrop(kGone);
+    program.Form_KeyDown(VirtualKey::Escape);
+    program.Form_Activate();
+    program.Form_Resize(800, 600);
+    EXPECT_THAT(MessageTexts(), IsEmpty());
+    EXPECT_THAT(dialogs.Asked(), IsEmpty());
+    EXPECT_EQ(window.Captions(), captions);
+    EXPECT_THAT(form.recentFiles, ElementsAre(kStageA, kStageC));
+    EXPECT_EQ(form.lstStages.ListIndex, -1);
+    EXPECT_EQ(window.Place().width, 9600);
+    EXPECT_EQ(form.innerWidth, 320);
+    EXPECT_FALSE(files.Has("/program/Scenara.ini"));
+    EXPECT_EQ(Begun(), 0);
 }
 
-TEST(FormUnload, WhileAStageLoadsNothingMoreIsSaid) {
-    RunningStage stage;
-    stage.Load();
-    stage.user = InTurn({}, [](RunningStage& running) {
-        running.program.Form_OLEDragDrop("/mugen/stages/gone.def");
-        running.program.Form_Unload();
-        running.program.lstStages_Click(1);
+TEST_F(FormUnload, WhileAStageLoadsNothingMoreIsSaid) {
+    WhileAIsShown({}, [&] {
+        program.Form_OLEDragDrop(kGone);
+        program.Form_Unload();
+        program.lstStages_Click(1);
     });
-    stage.program.lstStages_Click(kItemA);
-    EXPECT_TRUE(stage.program.Ended());
-    EXPECT_THAT(stage.MessageTexts(), IsEmpty());
-    EXPECT_EQ(stage.turn, 1) << "the other images are not read";
-    EXPECT_EQ(stage.sink.shown, 0);
-    EXPECT_EQ(stage.direct3D.Device(), nullptr);
-    EXPECT_TRUE(stage.files.Get(kConfiguration).starts_with("Version = 1.0A\r\n"));
+    EXPECT_TRUE(program.Ended());
+    EXPECT_THAT(MessageTexts(), IsEmpty());
+    EXPECT_EQ(turn, 1) << "the other images are not read";
+    EXPECT_EQ(sink.shown, 0);
+    EXPECT_EQ(direct3D.Device(), nullptr);
+    EXPECT_TRUE(files.Get(kConfiguration).starts_with("Version = 1.0A\r\n"));
 }
 
-TEST(FormUnload, InTheFullScreenEndsToo) {
-    RunningStage stage;
-    stage.Load();
-    stage.user = InTurn({[](RunningStage& running) { running.Click(Menu::mnuFS); },
-                         [](RunningStage& running) { running.program.Form_Unload(); }});
-    stage.program.lstStages_Click(kItemA);
-    EXPECT_TRUE(stage.program.Ended());
-    EXPECT_EQ(stage.turn, 3 + 2);
+TEST_F(FormUnload, InTheFullScreenEndsToo) {
+    WhileAIsShown({Choose(Menu::mnuFS), [&] { program.Form_Unload(); }});
+    EXPECT_TRUE(program.Ended());
+    EXPECT_EQ(turn, 3 + 2);
 }
 
 // --- the editor's image surfaces ---
 
-class Unload : public testing::Test {
+class Unload : public Program {
 protected:
-    Unload() { stage.Load(); }
-
-    void WhileAIsShown(std::vector<Act> acts) {
-        stage.user = InTurn(std::move(acts));
-        stage.program.lstStages_Click(kItemA);
-    }
-
-    RunningStage stage;
-    LoadedImages images{stage.program.ImageSurfaces()};
+    LoadedImages images{program.ImageSurfaces()};
 };
 
-constexpr auto kExit = [](RunningStage& running) { running.Click(Menu::mnuExit); };
+const Act kExit = Choose(Menu::mnuExit);
 
 TEST_F(Unload, ImageSetsAreReleased) {
-    stage.program.Form_Unload();
+    program.Form_Unload();
     images.ExpectReleased();
-    EXPECT_THAT(stage.MessageTexts(), IsEmpty());
+    EXPECT_THAT(MessageTexts(), IsEmpty());
 }
 
 TEST_F(Unload, ImageSetsAreReleasedBehindAStage) {
-    WhileAIsShown({Wait, [this](RunningStage&) { images.ExpectLoaded(); }, kExit});
-    EXPECT_TRUE(stage.program.Ended());
+    WhileAIsShown({Wait, [&] { images.ExpectLoaded(); }, kExit});
+    EXPECT_TRUE(program.Ended());
     images.ExpectReleased();
 }
 
 TEST_F(Unload, ImageSetsAreReleasedInTheSpriteBrowser) {
-    WhileAIsShown({[](RunningStage& running) { running.Click(Menu::mnuDebug); }, Wait, Wait,
-                   [this](RunningStage& running) {
-                       EXPECT_EQ(running.program.Show().SpriteBrowserMode, 255);
+    WhileAIsShown({Choose(Menu::mnuDebug), Wait, Wait, [&] {
+                       EXPECT_EQ(show.SpriteBrowserMode, 255);
                        images.ExpectLoaded();
-                       running.program.Form_Unload();
+                       program.Form_Unload();
                    }});
-    EXPECT_TRUE(stage.program.Ended());
+    EXPECT_TRUE(program.Ended());
     images.ExpectReleased();
-    EXPECT_THAT(stage.MessageTexts(), IsEmpty());
+    EXPECT_THAT(MessageTexts(), IsEmpty());
 }
 
 TEST_F(Unload, ImageSetsAreReleasedBehindALoadThatWasGoingOn) {
-    stage.user = InTurn({}, [this](RunningStage& running) {
-        running.program.Form_Unload();
+    WhileAIsShown({}, [&] {
+        program.Form_Unload();
         images.ExpectLoaded();
     });
-    stage.program.lstStages_Click(kItemA);
     images.ExpectReleased();
 }
 
 TEST_F(Unload, ImageSetsThatAreNotLoadedAreLeftAlone) {
-    stage.program.ImageSurfaces().loaded = false;
-    stage.program.Form_Unload();
-    const ImageSet& set = stage.program.ImageSurfaces().sets.front();
+    program.ImageSurfaces().loaded = false;
+    program.Form_Unload();
+    const ImageSet& set = program.ImageSurfaces().sets.front();
     EXPECT_EQ(set.images.front().image.surface.selected->width, 99);
 }
 
 TEST_F(Unload, AnErrorOfTheStageCostsNeitherTheSurfacesNorTheSettings) {
-    stage.files.Put("/mugen/stages/a.def",
-                    RunningStage::Stage("sounding") + "[Music]\nbgmusic = sound/a.mid\n");
-    stage.media.AddFile("/mugen/sound/a.mid", {.duration = 9});
-    WhileAIsShown({[](RunningStage& running) { running.media.RunOutOfMemoryAtStop(); }, kExit});
-    EXPECT_THAT(stage.MessageTexts(), ElementsAre("Run-time error: Out of memory"));
-    EXPECT_TRUE(stage.program.Ended());
+    files.Put(kStageA, Stage("sounding") + "[Music]\nbgmusic = sound/a.mid\n");
+    media.AddFile("/mugen/sound/a.mid", {.duration = 9});
+    WhileAIsShown({[&] { media.RunOutOfMemoryAtStop(); }, kExit});
+    EXPECT_THAT(MessageTexts(), ElementsAre("Run-time error: Out of memory"));
+    EXPECT_TRUE(program.Ended());
     images.ExpectReleased();
-    EXPECT_TRUE(stage.files.Get(kConfiguration).starts_with("Version = 1.0A\r\n"));
+    EXPECT_TRUE(files.Get(kConfiguration).starts_with("Version = 1.0A\r\n"));
 }
 
 }  // namespace

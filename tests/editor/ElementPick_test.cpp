@@ -47,6 +47,20 @@ protected:
     BackgroundElement& Still(Integer sprite, Long x, Long y) {
         return StageBuilder::At(stage.build.Still(sprite), x, y);
     }
+    // One frame at (50, 60), mirrored like this, with holes.
+    BackgroundElement& Flipped(Integer sprite, const char* flip) {
+        BackgroundElement& element = StageBuilder::At(
+            stage.build.Animation(stage.build.Action({{sprite, 5, 0, 0, flip}})), 50, 60);
+        element.mask = 1;
+        return element;
+    }
+    static void Window(BackgroundElement& element, const ViewFrame& inner) {
+        element.windowX1 = static_cast<Single>(inner.left);
+        element.windowX2 = static_cast<Single>(inner.right);
+        element.windowY1 = static_cast<Single>(inner.top);
+        element.windowY2 = static_cast<Single>(inner.bottom);
+        element.windowActive = 1;
+    }
     std::optional<ViewFrame> Outline(Integer index = 0) {
         return OutlineOf(stage.model, {stage.view.Additions, stage.flags.Deform != 0}, index);
     }
@@ -233,12 +247,7 @@ TEST_F(Pick, FindsEndlessCopiesOnBothSides) {
 // --- windows ---
 
 TEST_F(Pick, FindsWhatIsInsideOfTheWindow) {
-    BackgroundElement& element = Still(stage.Square(), 10, 20);
-    element.windowX1 = 12;
-    element.windowX2 = 14;
-    element.windowY1 = 22;
-    element.windowY2 = 23;
-    element.windowActive = 1;
+    Window(Still(stage.Square(), 10, 20), {12, 22, 14, 23});
     stage.Start();
     EXPECT_EQ(Across(21), "");
     EXPECT_EQ(Across(22), "12-14");
@@ -249,10 +258,7 @@ TEST_F(Pick, FindsWhatIsInsideOfTheWindow) {
 TEST_F(Pick, SeesThePartOfThePictureThatTheWindowShows) {
     BackgroundElement& element = Still(stage.Picture({"X...X..X"}), 10, 20);
     element.mask = 1;
-    element.windowX1 = 12;
-    element.windowX2 = 15;
-    element.windowY2 = 239;
-    element.windowActive = 1;
+    Window(element, {12, 0, 15, 239});
     stage.Start();
     EXPECT_EQ(Across(20), "14-14");
 }
@@ -277,40 +283,27 @@ TEST_F(Pick, FindsTheFrameThatIsShown) {
 }
 
 TEST_F(Pick, FindsMirroredFramesAtTheSamePlace) {
-    const Integer picture = stage.Picture({"X..."}, 1, 0);
-    BackgroundElement& element = StageBuilder::At(
-        stage.build.Animation(stage.build.Action({{picture, 5, 0, 0, "h"}})), 50, 60);
-    element.mask = 1;
+    BackgroundElement& element = Flipped(stage.Picture({"X..."}, 1, 0), "h");
     element.tileX = 3;  // without effect
     stage.Start();
     EXPECT_EQ(Across(60), "52-52");  // drawn at 49, its last column there
 }
 
 TEST_F(Pick, FindsTheWindowedPartOfMirroredFrames) {
-    const Integer picture = stage.Picture({"XX.X"});
-    BackgroundElement& element = StageBuilder::At(
-        stage.build.Animation(stage.build.Action({{picture, 5, 0, 0, "h"}})), 50, 60);
-    element.mask = 1;
-    element.windowX1 = 51;
-    element.windowX2 = 52;
-    element.windowY2 = 239;
-    element.windowActive = 1;
+    BackgroundElement& element = Flipped(stage.Picture({"XX.X"}), "h");
+    Window(element, {51, 0, 52, 239});
     stage.Start();
     EXPECT_EQ(Across(60), "52-52");  // mirrored X.XX at 50: only 51 and 52 are shown
 }
 
 TEST_F(PickWithAdditions, FindsMirroredFramesAboutTheirAxis) {
-    const Integer picture = stage.Picture({"X..."}, 1, 0);
-    StageBuilder::At(stage.build.Animation(stage.build.Action({{picture, 5, 0, 0, "h"}})), 50, 60)
-        .mask = 1;
+    Flipped(stage.Picture({"X..."}, 1, 0), "h");
     stage.Start();
     EXPECT_EQ(Across(60), "50-50");  // drawn at 50 - (4 - 1), its last column there
 }
 
 TEST_F(PickWithAdditions, FindsFramesUpsideDown) {
-    const Integer picture = stage.Picture({"XX", "..", ".."}, 0, 1);
-    StageBuilder::At(stage.build.Animation(stage.build.Action({{picture, 5, 0, 0, "v"}})), 50, 60)
-        .mask = 1;
+    Flipped(stage.Picture({"XX", "..", ".."}, 0, 1), "v");
     stage.Start();
     EXPECT_EQ(Down(50), "60-60");  // drawn at 60 - (3 - 1), its last row there
 }

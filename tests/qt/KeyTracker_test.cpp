@@ -29,61 +29,58 @@ constexpr Integer kPressedSince = 1;
 constexpr Integer kDown = -32768;
 constexpr Integer kDownAndPressedSince = -32767;
 
-std::optional<VirtualKey> KeyOf(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-    return VirtualKeyOf(QKeyEvent(QEvent::KeyPress, key, modifiers));
-}
-
-TEST(VirtualKeyOf, IsTheKeyOfThatName) {
-    EXPECT_EQ(KeyOf(Qt::Key_Left), VirtualKey::Left);
-    EXPECT_EQ(KeyOf(Qt::Key_Up), VirtualKey::Up);
-    EXPECT_EQ(KeyOf(Qt::Key_Right), VirtualKey::Right);
-    EXPECT_EQ(KeyOf(Qt::Key_Down), VirtualKey::Down);
-    EXPECT_EQ(KeyOf(Qt::Key_Pause), VirtualKey::Pause);
-    EXPECT_EQ(KeyOf(Qt::Key_Escape), VirtualKey::Escape);
-    EXPECT_EQ(KeyOf(Qt::Key_Insert), VirtualKey::Insert);
-    EXPECT_EQ(KeyOf(Qt::Key_Delete), VirtualKey::Delete);
-    EXPECT_EQ(KeyOf(Qt::Key_A), VirtualKey::A);
-    EXPECT_EQ(KeyOf(Qt::Key_D), VirtualKey::D);
-    EXPECT_EQ(KeyOf(Qt::Key_Q), VirtualKey::Q);
-    EXPECT_EQ(KeyOf(Qt::Key_Z), VirtualKey::Z);
-}
-
-TEST(VirtualKeyOf, PlusAndMinusCountOnTheKeypadOnly) {
-    EXPECT_EQ(KeyOf(Qt::Key_Plus, Qt::KeypadModifier), VirtualKey::NumpadPlus);
-    EXPECT_EQ(KeyOf(Qt::Key_Minus, Qt::KeypadModifier), VirtualKey::NumpadMinus);
-    EXPECT_EQ(KeyOf(Qt::Key_Plus), std::nullopt);
-    EXPECT_EQ(KeyOf(Qt::Key_Plus, Qt::ShiftModifier), std::nullopt);
-    EXPECT_EQ(KeyOf(Qt::Key_Minus), std::nullopt);
-}
-
-TEST(VirtualKeyOf, TheKeypadsOtherKeysAreThoseOfTheirNames) {
-    EXPECT_EQ(KeyOf(Qt::Key_Left, Qt::KeypadModifier), VirtualKey::Left);
-    EXPECT_EQ(KeyOf(Qt::Key_Insert, Qt::KeypadModifier), VirtualKey::Insert);
-    EXPECT_EQ(KeyOf(Qt::Key_Delete, Qt::KeypadModifier), VirtualKey::Delete);
-}
-
-// Qt::Key_Cyrillic_ef and the like: Cyrillic keys on the places of A, D, Q, Z and F.
-TEST(VirtualKeyOf, LettersOfAnotherScriptCountByTheirPlace) {
-    const auto at = [](int key, quint32 place) {
-        return VirtualKeyOf(QKeyEvent(QEvent::KeyPress, key, Qt::NoModifier, place, 0, 0));
+TEST(VirtualKeyOf, IsTheKeyOfThatNameOrOnThatPlace) {
+    constexpr Qt::KeyboardModifiers kNone = Qt::NoModifier;
+    constexpr Qt::KeyboardModifiers kKeypad = Qt::KeypadModifier;
+    struct Row {
+        const char* name;
+        int key;
+        std::optional<VirtualKey> expected;
+        Qt::KeyboardModifiers modifiers = kNone;
+        quint32 place = 0;
     };
-    EXPECT_EQ(at(0x0424, 38), VirtualKey::A);
-    EXPECT_EQ(at(0x0412, 40), VirtualKey::D);
-    EXPECT_EQ(at(0x0419, 24), VirtualKey::Q);
-    EXPECT_EQ(at(0x042F, 52), VirtualKey::Z);
-    EXPECT_EQ(at(0x0410, 41), std::nullopt);
-    EXPECT_EQ(at(Qt::Key_B, 38), std::nullopt) << "a Latin letter is itself, wherever it is";
-    EXPECT_EQ(at(Qt::Key_Adiaeresis, 40), std::nullopt);
-    EXPECT_EQ(at(0x0104, 38), std::nullopt) << "A with an ogonek";
-    EXPECT_EQ(at(0x1EA0, 38), std::nullopt) << "A with a dot below";
-    EXPECT_EQ(at(Qt::Key_F1, 38), std::nullopt);
-}
-
-TEST(VirtualKeyOf, KnowsNoOthers) {
-    EXPECT_EQ(KeyOf(Qt::Key_F7), std::nullopt);
-    EXPECT_EQ(KeyOf(Qt::Key_B), std::nullopt);
-    EXPECT_EQ(KeyOf(Qt::Key_Space), std::nullopt);
-    EXPECT_EQ(KeyOf(Qt::Key_unknown), std::nullopt);
+    const Row rows[] = {
+        {"Left", Qt::Key_Left, VirtualKey::Left},
+        {"Up", Qt::Key_Up, VirtualKey::Up},
+        {"Right", Qt::Key_Right, VirtualKey::Right},
+        {"Down", Qt::Key_Down, VirtualKey::Down},
+        {"Pause", Qt::Key_Pause, VirtualKey::Pause},
+        {"Escape", Qt::Key_Escape, VirtualKey::Escape},
+        {"Insert", Qt::Key_Insert, VirtualKey::Insert},
+        {"Delete", Qt::Key_Delete, VirtualKey::Delete},
+        {"A", Qt::Key_A, VirtualKey::A},
+        {"D", Qt::Key_D, VirtualKey::D},
+        {"Q", Qt::Key_Q, VirtualKey::Q},
+        {"Z", Qt::Key_Z, VirtualKey::Z},
+        {"the keypad's plus", Qt::Key_Plus, VirtualKey::NumpadPlus, kKeypad},
+        {"the keypad's minus", Qt::Key_Minus, VirtualKey::NumpadMinus, kKeypad},
+        {"another plus", Qt::Key_Plus, {}},
+        {"another plus, with Shift", Qt::Key_Plus, {}, Qt::ShiftModifier},
+        {"another minus", Qt::Key_Minus, {}},
+        {"the keypad's Left", Qt::Key_Left, VirtualKey::Left, kKeypad},
+        {"the keypad's Insert", Qt::Key_Insert, VirtualKey::Insert, kKeypad},
+        {"the keypad's Delete", Qt::Key_Delete, VirtualKey::Delete, kKeypad},
+        {"a Cyrillic letter on A", 0x0424, VirtualKey::A, kNone, 38},
+        {"a Cyrillic letter on D", 0x0412, VirtualKey::D, kNone, 40},
+        {"a Cyrillic letter on Q", 0x0419, VirtualKey::Q, kNone, 24},
+        {"a Cyrillic letter on Z", 0x042F, VirtualKey::Z, kNone, 52},
+        {"a Cyrillic letter on F", 0x0410, {}, kNone, 41},
+        {"a Latin letter is itself, wherever it is", Qt::Key_B, {}, kNone, 38},
+        {"A with two dots", Qt::Key_Adiaeresis, {}, kNone, 40},
+        {"A with an ogonek", 0x0104, {}, kNone, 38},
+        {"A with a dot below", 0x1EA0, {}, kNone, 38},
+        {"F1 on A", Qt::Key_F1, {}, kNone, 38},
+        {"F7", Qt::Key_F7, {}},
+        {"B", Qt::Key_B, {}},
+        {"Space", Qt::Key_Space, {}},
+        {"a key without a name", Qt::Key_unknown, {}},
+    };
+    for (const Row& row : rows) {
+        EXPECT_EQ(
+            VirtualKeyOf(QKeyEvent(QEvent::KeyPress, row.key, row.modifiers, row.place, 0, 0)),
+            row.expected)
+            << row.name;
+    }
 }
 
 // A widget with the focus, which writes down the keys that get to it.
@@ -102,6 +99,13 @@ protected:
         tracker.SetObserver([this](VirtualKey key) { told.push_back(key); });
         BringUp(listener);
         listener.setFocus();
+    }
+
+    Integer State(VirtualKey key) { return tracker.GetAsyncKeyState(key); }
+    // A stage is shown with the editor on.
+    void Edit() {
+        form.lstStages.takesKeys = false;
+        form[Menu::mnuDebugBG].checked = true;
     }
 
     // Presses and lets go of each; what the focused widget has heard of.
@@ -139,21 +143,21 @@ protected:
 // --- which are down ---
 
 TEST_F(Keys, AreDownFromThePressToTheRelease) {
-    EXPECT_EQ(tracker.GetAsyncKeyState(VirtualKey::Left), kUp);
+    EXPECT_EQ(State(VirtualKey::Left), kUp);
     Press(listener, left);
-    EXPECT_EQ(tracker.GetAsyncKeyState(VirtualKey::Left), kDownAndPressedSince);
-    EXPECT_EQ(tracker.GetAsyncKeyState(VirtualKey::Left), kDown);
-    EXPECT_EQ(tracker.GetAsyncKeyState(VirtualKey::Right), kUp);
+    EXPECT_EQ(State(VirtualKey::Left), kDownAndPressedSince);
+    EXPECT_EQ(State(VirtualKey::Left), kDown);
+    EXPECT_EQ(State(VirtualKey::Right), kUp);
     Release(listener, left);
-    EXPECT_EQ(tracker.GetAsyncKeyState(VirtualKey::Left), kUp);
+    EXPECT_EQ(State(VirtualKey::Left), kUp);
     EXPECT_THAT(told, ElementsAre(VirtualKey::Left)) << "once, though two widgets saw it";
 }
 
 TEST_F(Keys, APressThatCameAndWentIsReportedOnce) {
     Press(listener, d);
     Release(listener, d);
-    EXPECT_EQ(tracker.GetAsyncKeyState(VirtualKey::D), kPressedSince);
-    EXPECT_EQ(tracker.GetAsyncKeyState(VirtualKey::D), kUp);
+    EXPECT_EQ(State(VirtualKey::D), kPressedSince);
+    EXPECT_EQ(State(VirtualKey::D), kUp);
 }
 
 TEST_F(Keys, AreKnownByTheirPlaceWhileTheyAreDown) {
@@ -161,44 +165,44 @@ TEST_F(Keys, AreKnownByTheirPlaceWhileTheyAreDown) {
     Press(listener, {Qt::Key_Left, kScanKeypad4, Qt::KeypadModifier});
     // With Num Lock on in between it is another key that is let go.
     Release(listener, {Qt::Key_4, kScanKeypad4, Qt::KeypadModifier});
-    EXPECT_EQ(tracker.GetAsyncKeyState(VirtualKey::Left), kPressedSince);
+    EXPECT_EQ(State(VirtualKey::Left), kPressedSince);
 }
 
 TEST_F(Keys, TwoPlacesOfOneKeyAreBothLetGoBeforeItIsUp) {
     Press(listener, left);
     Press(listener, {Qt::Key_Left, 83, Qt::KeypadModifier});
     Release(listener, left);
-    EXPECT_EQ(tracker.GetAsyncKeyState(VirtualKey::Left), kDownAndPressedSince);
+    EXPECT_EQ(State(VirtualKey::Left), kDownAndPressedSince);
     Release(listener, {Qt::Key_Left, 83, Qt::KeypadModifier});
-    EXPECT_EQ(tracker.GetAsyncKeyState(VirtualKey::Left), kUp);
+    EXPECT_EQ(State(VirtualKey::Left), kUp);
     EXPECT_THAT(told, ElementsAre(VirtualKey::Left, VirtualKey::Left));
 }
 
 TEST_F(Keys, RepeatedOnesArePressedOnce) {
     Press(listener, left);
-    static_cast<void>(tracker.GetAsyncKeyState(VirtualKey::Left));
+    static_cast<void>(State(VirtualKey::Left));
     Release(listener, left, true);
     Press(listener, left, true);
-    EXPECT_EQ(tracker.GetAsyncKeyState(VirtualKey::Left), kDown);
+    EXPECT_EQ(State(VirtualKey::Left), kDown);
     Press(listener, left);  // a repetition that is not told to be one
-    EXPECT_EQ(tracker.GetAsyncKeyState(VirtualKey::Left), kDown);
+    EXPECT_EQ(State(VirtualKey::Left), kDown);
     EXPECT_THAT(told, ElementsAre(VirtualKey::Left));
     Release(listener, left);
-    EXPECT_EQ(tracker.GetAsyncKeyState(VirtualKey::Left), kUp);
+    EXPECT_EQ(State(VirtualKey::Left), kUp);
 }
 
 TEST_F(Keys, ARepetitionWithoutAPressIsNone) {
     Press(listener, left, true);  // held since before the window was there
-    EXPECT_EQ(tracker.GetAsyncKeyState(VirtualKey::Left), kUp);
+    EXPECT_EQ(State(VirtualKey::Left), kUp);
     EXPECT_THAT(told, IsEmpty());
 }
 
 TEST_F(Keys, AReleaseWithoutAPressIsNothing) {
     Release(listener, left);
-    EXPECT_EQ(tracker.GetAsyncKeyState(VirtualKey::Left), kUp);
+    EXPECT_EQ(State(VirtualKey::Left), kUp);
     Press(listener, d);
     Release(listener, left);
-    EXPECT_EQ(tracker.GetAsyncKeyState(VirtualKey::D), kDownAndPressedSince);
+    EXPECT_EQ(State(VirtualKey::D), kDownAndPressedSince);
 }
 
 TEST_F(Keys, AreAllUpWhenTheFocusMoves) {
@@ -208,21 +212,20 @@ TEST_F(Keys, AreAllUpWhenTheFocusMoves) {
     Listener other;
     BringUp(other);
     ASSERT_TRUE(other.isActiveWindow());
-    EXPECT_EQ(tracker.GetAsyncKeyState(VirtualKey::Left), kUp);
-    EXPECT_EQ(tracker.GetAsyncKeyState(VirtualKey::D), kUp);
+    EXPECT_EQ(State(VirtualKey::Left), kUp);
+    EXPECT_EQ(State(VirtualKey::D), kUp);
     Release(other, left);  // heard of here by chance
-    EXPECT_EQ(tracker.GetAsyncKeyState(VirtualKey::Left), kUp);
+    EXPECT_EQ(State(VirtualKey::Left), kUp);
     Press(other, left);
-    EXPECT_EQ(tracker.GetAsyncKeyState(VirtualKey::Left), kDownAndPressedSince);
+    EXPECT_EQ(State(VirtualKey::Left), kDownAndPressedSince);
 }
 
 TEST_F(Keys, WithAltAndTheLikeBelongToTheMenus) {
     for (const Qt::KeyboardModifier with :
          {Qt::AltModifier, Qt::ControlModifier, Qt::MetaModifier}) {
-        form.lstStages.takesKeys = false;
-        form[Menu::mnuDebugBG].checked = true;
+        Edit();
         EXPECT_THAT(HeardOf({{Qt::Key_D, kScanD, with}}), ElementsAre(Qt::Key_D));
-        EXPECT_EQ(tracker.GetAsyncKeyState(VirtualKey::D), kUp);
+        EXPECT_EQ(State(VirtualKey::D), kUp);
     }
     EXPECT_THAT(told, IsEmpty());
     Press(listener, {Qt::Key_D, kScanD, Qt::ShiftModifier});
@@ -236,7 +239,7 @@ TEST_F(Keys, InAnOpenMenuDoNotCount) {
     Settle();
     ASSERT_NE(QApplication::activePopupWidget(), nullptr);
     Press(listener, {Qt::Key_Left, kScanLeft});
-    EXPECT_EQ(tracker.GetAsyncKeyState(VirtualKey::Left), kUp);
+    EXPECT_EQ(State(VirtualKey::Left), kUp);
     EXPECT_THAT(told, IsEmpty());
 }
 
@@ -246,7 +249,7 @@ TEST_F(Keys, InADialogDoNotCount) {
     BringUp(dialog);
     ASSERT_EQ(QApplication::activeModalWidget(), &dialog);
     Press(dialog, d);
-    EXPECT_EQ(tracker.GetAsyncKeyState(VirtualKey::D), kUp);
+    EXPECT_EQ(State(VirtualKey::D), kUp);
     EXPECT_THAT(told, IsEmpty());
 }
 
@@ -254,11 +257,10 @@ TEST_F(Keys, InATextFieldDoNotCount) {
     QLineEdit field;
     BringUp(field);
     field.setFocus();
-    form.lstStages.takesKeys = false;
-    form[Menu::mnuDebugBG].checked = true;
+    Edit();
     Press(field, {Qt::Key_D, kScanD, Qt::NoModifier, "d"});
     EXPECT_EQ(field.text(), "d");
-    EXPECT_EQ(tracker.GetAsyncKeyState(VirtualKey::D), kUp);
+    EXPECT_EQ(State(VirtualKey::D), kUp);
     EXPECT_THAT(told, IsEmpty());
 }
 
@@ -268,7 +270,7 @@ TEST_F(Keys, CountWhateverElseHasTheFocus) {
     BringUp(bar);
     bar.setFocus();
     Press(bar, left);
-    EXPECT_EQ(tracker.GetAsyncKeyState(VirtualKey::Left), kDownAndPressedSince);
+    EXPECT_EQ(State(VirtualKey::Left), kDownAndPressedSince);
 }
 
 // --- which go no further ---
@@ -287,8 +289,7 @@ TEST_F(Keys, OfTheCameraStayWhileAStageIsShown) {
 }
 
 TEST_F(Keys, OfTheEditorStayWhileDebugBGIsChecked) {
-    form.lstStages.takesKeys = false;
-    form[Menu::mnuDebugBG].checked = true;
+    Edit();
     EXPECT_THAT(HeardOf(arrowsAZ), IsEmpty());
     EXPECT_THAT(HeardOf(editing), IsEmpty());
     EXPECT_EQ(told.size(), 11U);

@@ -25,32 +25,14 @@
 
 #include "platform/qt/DesktopPicture.h"
 #include "platform/qt/FullScreenWindow.h"
-#include "platform/qt/KeyTracker.h"
 #include "platform/qt/PictureWidget.h"
-#include "qt/Toolkit.h"
-#include "support/RecordedEvents.h"
+#include "qt/ShownWindow.h"
 
 namespace scenara::test {
 namespace {
 
-class Main : public Toolkit {
+class Main : public ShownWindow {
 protected:
-    Main() {
-        form.picDraw = {0, 0, 320, 240};
-        form.innerWidth = 320;
-        form.innerHeight = 240;
-        window.SetEvents(&program);
-        window.Show();
-        window.Size(320, 240);
-        Pump();
-        static_cast<void>(program.Text());
-    }
-
-    void Pump() {
-        for (int i = 0; i < 10; ++i) {
-            window.DoEvents();
-        }
-    }
     void ExpectInside(Long width, Long height) {
         EXPECT_EQ(program.width, width);
         EXPECT_EQ(program.height, height);
@@ -65,11 +47,18 @@ protected:
         ADD_FAILURE() << "no bar is shown";
         return *window.findChildren<QScrollBar*>().front();
     }
-
-    Form form;
-    KeyTracker keyboard{form};
-    MainWindow window{form};
-    RecordedEvents program;
+    std::vector<QString> ItemTexts() {
+        std::vector<QString> texts;
+        for (const QAction* const action : window.findChildren<QAction*>()) {
+            texts.push_back(action->text());
+        }
+        return texts;
+    }
+    // Asks for a size, and lets what comes of it come.
+    void Size(Long width, Long height) {
+        window.Size(width, height);
+        Pump();
+    }
 };
 
 // --- the menus ---
@@ -80,37 +69,19 @@ TEST_F(Main, NamesOfOthersHaveNeitherAccessLettersNorShortcuts) {
     item.isLiteral = true;
     form.recentFiles = {"/mugen/stages/a&b.def"};
     Pump();
-    std::vector<QString> texts;
-    for (const QAction* const action : window.findChildren<QAction*>()) {
-        texts.push_back(action->text());
-    }
-    EXPECT_THAT(texts, testing::IsSupersetOf({QString("Use Rock && Roll or  not"),
-                                              QString("/mugen/stages/a&&b.def")}));
+    EXPECT_THAT(ItemTexts(), testing::IsSupersetOf({QString("Use Rock && Roll or  not"),
+                                                    QString("/mugen/stages/a&&b.def")}));
     item.caption = "&Use Test Char";
     item.isLiteral = false;
     Pump();
-    texts.clear();
-    for (const QAction* const action : window.findChildren<QAction*>()) {
-        texts.push_back(action->text());
-    }
-    EXPECT_THAT(texts, testing::Contains(QString("&Use Test Char")));
+    EXPECT_THAT(ItemTexts(), testing::Contains(QString("&Use Test Char")));
 }
 
 // --- the list ---
 
 class WindowList : public Main {
 protected:
-    WindowList() {
-        form.lstStages.items = {"bar", "cup", "dot"};
-        form.lstStages.visible = true;
-        form.lstStages.left = 160;
-        form.lstStages.width = 160;
-        form.lstStages.height = 240;
-        Pump();
-        BringUp(window);
-        list.setFocus();
-        static_cast<void>(program.Text());
-    }
+    WindowList() { ShowList({"bar", "cup", "dot"}); }
 
     std::string ToldOfAClick(int row) {
         QTest::mouseClick(list.viewport(), Qt::LeftButton, {},
@@ -203,9 +174,7 @@ TEST_F(WindowSizes, OfBeforeAWishAreNotReportedAfterIt) {
     Wishes wishes(other);
     other.SetEvents(&wishes);
     other.Show();
-    for (int i = 0; i < 10; ++i) {
-        other.DoEvents();
-    }
+    Pump(other);
     EXPECT_EQ(other.width(), 400);
 }
 
@@ -225,14 +194,12 @@ TEST_F(WindowSizes, OfAWindowThatIsMaximisedOrFullScreenAreNotAskedFor) {
         EXPECT_EQ(window.geometry(), whole);
         ExpectInside(inner.width(), inner.height());
         form.hscHScroll.Visible = true;
-        window.Size(inner.width(), inner.height());
-        Pump();
+        Size(inner.width(), inner.height());
         EXPECT_EQ(window.geometry(), whole);
         ExpectInside(inner.width(), inner.height() - Bar().height());
         form.hscHScroll.Visible = false;
         window.setWindowState(Qt::WindowNoState);
-        window.Size(320, 240);
-        Pump();
+        Size(320, 240);
         ExpectInside(320, 240);
     }
 }
@@ -240,14 +207,12 @@ TEST_F(WindowSizes, OfAWindowThatIsMaximisedOrFullScreenAreNotAskedFor) {
 TEST_F(WindowSizes, OfAWindowUnderTheFullScreenAreNotAskedFor) {
     FullScreenWindow fullScreen(window);
     fullScreen.Show();
-    window.Size(400, 300);
-    Pump();
+    Size(400, 300);
     ExpectInside(320, 240);
     fullScreen.Hide();
     Pump();
     ExpectInside(320, 240);
-    window.Size(400, 300);
-    Pump();
+    Size(400, 300);
     ExpectInside(400, 300);
 }
 
@@ -283,18 +248,15 @@ TEST_F(WindowBars, StandBelowTheInnerAreaWhenTheWindowIsSized) {
     const int without = window.height();
     for (int time = 0; time < 3; ++time) {
         form.hscHScroll.Visible = true;
-        window.Size(320, 240);
-        Pump();
+        Size(320, 240);
         ExpectInside(320, 240);
         EXPECT_EQ(window.height(), without + Bar().height());
         form.hscHScroll.Visible = false;
         form.hscSGFX.Visible = true;
-        window.Size(200, 100);
-        Pump();
+        Size(200, 100);
         ExpectInside(200, 100);
         form.hscSGFX.Visible = false;
-        window.Size(320, 240);
-        Pump();
+        Size(320, 240);
         ExpectInside(320, 240);
         EXPECT_EQ(window.height(), without);
     }

@@ -8,48 +8,27 @@
 #include <QListWidget>
 #include <QMenu>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <QtTest/QTest>
 #include <gtest/gtest.h>
 
 #include "app/MenuTree.h"
-#include "platform/qt/KeyTracker.h"
-#include "platform/qt/MainWindow.h"
-#include "qt/Toolkit.h"
-#include "support/RecordedEvents.h"
+#include "qt/ShownWindow.h"
 
 namespace scenara::test {
 namespace {
 
-class Menus : public Toolkit {
+class Menus : public ShownWindow {
 protected:
-    Menus() {
-        form.picDraw = {0, 0, 320, 240};
-        form.innerWidth = 480;
-        form.innerHeight = 240;
-        form.lstStages.items = {"bar", "cup"};
+    Menus() : ShownWindow(DesignMenus) {
         form.lstStages.takesKeys = false;  // a stage is shown
-        DesignMenus(form);
-        window.SetEvents(&program);
-        window.Show();
         BringUp(window);
         Pump();
-        static_cast<void>(program.Text());
     }
 
-    void Pump() {
-        for (int i = 0; i < 10; ++i) {
-            window.DoEvents();
-        }
-    }
-    void ShowList() {
-        form.lstStages.visible = true;
-        form.lstStages.width = 160;
-        form.lstStages.height = 240;
-        Pump();
-        window.findChild<QListWidget*>()->setFocus();
-    }
+    void ShowList() { ShownWindow::ShowList({"bar", "cup"}); }
     MenuBar& TheBar() { return *window.findChild<MenuBar*>(); }
 
     static bool ListHasFocus() {
@@ -59,6 +38,15 @@ protected:
     void Type(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
         QTest::keyClick(window.windowHandle(), key, modifiers);
         Pump();
+    }
+    void Alt(Qt::Key letter) { Type(letter, Qt::AltModifier); }
+    // Held down, and let go.
+    void PressAlt(Qt::Key letter) {
+        QTest::keyPress(window.windowHandle(), letter, Qt::AltModifier);
+        Pump();
+    }
+    void ReleaseAlt(Qt::Key letter) {
+        QTest::keyRelease(window.windowHandle(), letter, Qt::AltModifier);
     }
     void LoneAlt() {
         QTest::keyPress(window.windowHandle(), Qt::Key_Alt, Qt::AltModifier);
@@ -91,11 +79,6 @@ protected:
         EXPECT_EQ(Marked(), "");
         static_cast<void>(Told());
     }
-
-    Form form;
-    KeyTracker keyboard{form};
-    MainWindow window{form};
-    RecordedEvents program;
 };
 
 // --- who has the keys ---
@@ -132,7 +115,7 @@ TEST_F(Menus, WhicheverWayAMenuClosesTheKeysAreThePicturesAgain) {
         }
         for (const Row& row : rows) {
             SCOPED_TRACE(row.name);
-            Type(Qt::Key_O, Qt::AltModifier);
+            Alt(Qt::Key_O);
             EXPECT_EQ(OpenMenu(), "&Options");
             for (const Qt::Key key : row.keys) {
                 Type(key);
@@ -144,22 +127,22 @@ TEST_F(Menus, WhicheverWayAMenuClosesTheKeysAreThePicturesAgain) {
 }
 
 TEST_F(Menus, InAnOpenMenuTheArrowKeysAreItsOwn) {
-    Type(Qt::Key_O, Qt::AltModifier);
+    Alt(Qt::Key_O);
     QTest::keyPress(window.windowHandle(), Qt::Key_Down);
     EXPECT_FALSE(keyboard.IsDown(VirtualKey::Down));
     QTest::keyRelease(window.windowHandle(), Qt::Key_Down);
-    Type(Qt::Key_Right);
-    EXPECT_EQ(OpenMenu(), "E&xtras");
-    Type(Qt::Key_Right);
-    EXPECT_EQ(OpenMenu(), "&Stage");
-    Type(Qt::Key_Left);
-    EXPECT_EQ(OpenMenu(), "E&xtras");
-    Type(Qt::Key_Left);
-    EXPECT_EQ(OpenMenu(), "&Options");
+    const std::pair<Qt::Key, const char*> walk[] = {{Qt::Key_Right, "E&xtras"},
+                                                    {Qt::Key_Right, "&Stage"},
+                                                    {Qt::Key_Left, "E&xtras"},
+                                                    {Qt::Key_Left, "&Options"}};
+    for (const auto& [key, menu] : walk) {
+        Type(key);
+        EXPECT_EQ(OpenMenu(), menu);
+    }
     Type(Qt::Key_Escape);
     form[Menu::mnuExtras].enabled = false;
     Pump();
-    Type(Qt::Key_O, Qt::AltModifier);
+    Alt(Qt::Key_O);
     Type(Qt::Key_Right);
     EXPECT_EQ(OpenMenu(), "&Stage") << "one that can be opened";
 }
@@ -167,7 +150,7 @@ TEST_F(Menus, InAnOpenMenuTheArrowKeysAreItsOwn) {
 // --- letters ---
 
 TEST_F(Menus, ALetterOfOneItemRunsItAtOnce) {
-    Type(Qt::Key_P, Qt::AltModifier);
+    Alt(Qt::Key_P);
     EXPECT_EQ(Told(), Of(Menu::mnuPause));
     EXPECT_TRUE(QTest::qWaitFor([&] { return Marked().empty(); })) << "it is marked for a moment";
     ExpectTheKeysAreThePictures();
@@ -176,19 +159,17 @@ TEST_F(Menus, ALetterOfOneItemRunsItAtOnce) {
 TEST_F(Menus, ALetterOfOneItemThatIsHeldRunsItOnce) {
     for (int time = 0; time < 2; ++time) {
         for (int repeat = 0; repeat < 3; ++repeat) {
-            QTest::keyPress(window.windowHandle(), Qt::Key_P, Qt::AltModifier);
-            Pump();
+            PressAlt(Qt::Key_P);
         }
         EXPECT_EQ(Told(), Of(Menu::mnuPause));
-        QTest::keyRelease(window.windowHandle(), Qt::Key_P, Qt::AltModifier);
+        ReleaseAlt(Qt::Key_P);
     }
 }
 
 // As on a keyboard whose letters are of another script.
 TEST_F(Menus, ALetterThatIsLetGoUnderAnotherNameRunsAgain) {
     for (int time = 0; time < 2; ++time) {
-        QTest::keyPress(window.windowHandle(), Qt::Key_P, Qt::AltModifier);
-        Pump();
+        PressAlt(Qt::Key_P);
         constexpr int kCyrillicZe = 0x0417;
         QKeyEvent release(QEvent::KeyRelease, kCyrillicZe, Qt::AltModifier);
         QCoreApplication::sendEvent(window.windowHandle(), &release);
@@ -199,8 +180,7 @@ TEST_F(Menus, ALetterThatIsLetGoUnderAnotherNameRunsAgain) {
 // As when a menu that closes swallows that the key was let go.
 TEST_F(Menus, ALetterWhoseReleaseWasLostRunsAgainAfterAnotherKey) {
     for (int time = 0; time < 2; ++time) {
-        QTest::keyPress(window.windowHandle(), Qt::Key_P, Qt::AltModifier);
-        Pump();
+        PressAlt(Qt::Key_P);
         EXPECT_EQ(Told(), Of(Menu::mnuPause));
         Type(Qt::Key_Down);
         Told();
@@ -209,9 +189,9 @@ TEST_F(Menus, ALetterWhoseReleaseWasLostRunsAgainAfterAnotherKey) {
 
 TEST_F(Menus, ALetterOfTwoGoesFromOneToTheOther) {
     for (int time = 0; time < 2; ++time) {
-        Type(Qt::Key_S, Qt::AltModifier);
+        Alt(Qt::Key_S);
         EXPECT_EQ(OpenMenu(), "&Stage");
-        Type(Qt::Key_S, Qt::AltModifier);
+        Alt(Qt::Key_S);
         EXPECT_EQ(OpenMenu(), "");
         EXPECT_EQ(Marked(), "&Stage List");
     }
@@ -222,7 +202,7 @@ TEST_F(Menus, ALetterOfTwoGoesFromOneToTheOther) {
 
 TEST_F(Menus, ALetterOfTwoBeginsWithTheFirstOneEachTime) {
     for (int time = 0; time < 3; ++time) {
-        Type(Qt::Key_S, Qt::AltModifier);
+        Alt(Qt::Key_S);
         EXPECT_EQ(OpenMenu(), "&Stage");
         Type(Qt::Key_Escape);
     }
@@ -230,25 +210,21 @@ TEST_F(Menus, ALetterOfTwoBeginsWithTheFirstOneEachTime) {
 }
 
 TEST_F(Menus, ALetterOfTwoThatIsHeldStaysWithTheFirst) {
-    const auto press = [this] {
-        QTest::keyPress(window.windowHandle(), Qt::Key_S, Qt::AltModifier);
-        Pump();
-    };
     for (int time = 0; time < 2; ++time) {
-        press();
-        press();
-        press();
+        for (int repeat = 0; repeat < 3; ++repeat) {
+            PressAlt(Qt::Key_S);
+        }
         EXPECT_EQ(OpenMenu(), "&Stage");
-        QTest::keyRelease(window.windowHandle(), Qt::Key_S, Qt::AltModifier);
-        Type(Qt::Key_S, Qt::AltModifier);
+        ReleaseAlt(Qt::Key_S);
+        Alt(Qt::Key_S);
         EXPECT_EQ(Marked(), "&Stage List");
     }
 }
 
 TEST_F(Menus, ReturnRunsWhatALetterHasGoneTo) {
     ShowList();
-    Type(Qt::Key_S, Qt::AltModifier);
-    Type(Qt::Key_S, Qt::AltModifier);
+    Alt(Qt::Key_S);
+    Alt(Qt::Key_S);
     Type(Qt::Key_Return);
     EXPECT_EQ(Told(), Of(Menu::mnuStageList));
     ExpectTheKeysAreThePictures();
@@ -258,18 +234,18 @@ TEST_F(Menus, ReturnRunsWhatALetterHasGoneTo) {
 TEST_F(Menus, ALetterOfTwoRunsNothingWhileTheOtherIsDisabled) {
     form[Menu::mnuStage].enabled = false;
     Pump();
-    Type(Qt::Key_S, Qt::AltModifier);
+    Alt(Qt::Key_S);
     EXPECT_EQ(Told(), "");
     EXPECT_EQ(Marked(), "&Stage List");
-    Type(Qt::Key_S, Qt::AltModifier);
+    Alt(Qt::Key_S);
     EXPECT_EQ(Told(), "");
 }
 
 TEST_F(Menus, WhatALetterHasGoneToIsLeftWithTheFocus) {
     ShowList();
     QWidget* const list = QApplication::focusWidget();
-    Type(Qt::Key_S, Qt::AltModifier);
-    Type(Qt::Key_S, Qt::AltModifier);
+    Alt(Qt::Key_S);
+    Alt(Qt::Key_S);
     list->setFocus();
     EXPECT_EQ(Marked(), "");
     Type(Qt::Key_Return);
@@ -277,7 +253,7 @@ TEST_F(Menus, WhatALetterHasGoneToIsLeftWithTheFocus) {
 }
 
 TEST_F(Menus, AltWithoutALetterOfTheirsIsNothing) {
-    Type(Qt::Key_Y, Qt::AltModifier);
+    Alt(Qt::Key_Y);
     EXPECT_EQ(Told(), "");
     ExpectTheKeysAreThePictures();
 }

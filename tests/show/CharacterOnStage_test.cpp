@@ -38,11 +38,40 @@ protected:
         loop_.StageRunning = 1;
     }
 
+    // At (100, 50).
+    void PutElement(Single deltaX) {
+        BackgroundElement element;
+        element.deltaX = deltaX;
+        element.deltaY = 1;
+        element.posX = 100;
+        element.posY = 50;
+        model_.Elements.push_back(element);
+    }
     // A file of the hero's folder.
     void Put(const std::string& name, const std::string& bytes) {
         shown_.files.Put("/mugen/chars/hero/" + name, bytes);
     }
     void Use() { show_.UseCharacter(!state_.UseChar); }
+    void UseHero() {
+        state_.TestChar = kHero;
+        Use();
+    }
+    void ExpectSteps(Single across, Single up) {
+        EXPECT_EQ(camera_.HCamStep, across);
+        EXPECT_EQ(camera_.VCamStep, up);
+    }
+    void ExpectUsersSteps(Single across, Single up) {
+        EXPECT_EQ(camera_.users.HCamStep, across);
+        EXPECT_EQ(camera_.users.VCamStep, up);
+    }
+    // Switched off, with nothing loaded.
+    void ExpectNone() {
+        EXPECT_FALSE(state_.UseChar);
+        EXPECT_FALSE(state_.CharLoaded);
+        EXPECT_EQ(state_.TestChar, "");
+        EXPECT_THAT(state_.Characters, IsEmpty());
+        ExpectSteps(3, 4);
+    }
     // Without the stage's pictures and characters, and yet a stage.
     void Release() {
         show_.Release();
@@ -68,8 +97,7 @@ protected:
 };
 
 TEST_F(TestCharTest, UseLoadsAndPlacesTheChosenOne) {
-    state_.TestChar = kHero;
-    Use();
+    UseHero();
     EXPECT_TRUE(state_.UseChar);
     EXPECT_TRUE(state_.CharLoaded);
     EXPECT_EQ(state_.CharName, "The Hero");
@@ -80,23 +108,18 @@ TEST_F(TestCharTest, UseLoadsAndPlacesTheChosenOne) {
 }
 
 TEST_F(TestCharTest, TheCameraTakesTheWalkingStepAndGivesItBack) {
-    state_.TestChar = kHero;
-    Use();
-    EXPECT_EQ(camera_.HCamStep, 2.4F);
-    EXPECT_EQ(camera_.VCamStep, 4.0F);
-    EXPECT_EQ(camera_.users.HCamStep, 3.0F);
-    EXPECT_EQ(camera_.users.VCamStep, 4.0F);
+    UseHero();
+    ExpectSteps(2.4F, 4.0F);
+    ExpectUsersSteps(3.0F, 4.0F);
     camera_.VCamStep = 9;
     Use();
     EXPECT_FALSE(state_.UseChar);
-    EXPECT_EQ(camera_.HCamStep, 3.0F);
-    EXPECT_EQ(camera_.VCamStep, 4.0F);
+    ExpectSteps(3.0F, 4.0F);
     EXPECT_TRUE(state_.CharLoaded) << "until the stage goes";
 }
 
 TEST_F(TestCharTest, ASavedStepOfNothingComesBackAsOne) {
-    state_.TestChar = kHero;
-    Use();
+    UseHero();
     camera_.users.HCamStep = 0;
     Use();
     EXPECT_EQ(camera_.HCamStep, 1.0F);
@@ -105,10 +128,8 @@ TEST_F(TestCharTest, ASavedStepOfNothingComesBackAsOne) {
 TEST_F(TestCharTest, StepsThatThePointerSetsAreNotTheUsersOwn) {
     show_.Flags().MouseScroll = kByteTrue;
     camera_.users = {5, 6};
-    state_.TestChar = kHero;
-    Use();
-    EXPECT_EQ(camera_.users.HCamStep, 5.0F);
-    EXPECT_EQ(camera_.users.VCamStep, 6.0F);
+    UseHero();
+    ExpectUsersSteps(5.0F, 6.0F);
 }
 
 TEST_F(TestCharTest, ACharacterThatWalksBackwardsOrNotLeavesTheCameraInItsBounds) {
@@ -125,8 +146,7 @@ TEST_F(TestCharTest, ACharacterThatWalksBackwardsOrNotLeavesTheCameraInItsBounds
 
 TEST_F(TestCharTest, WithoutAStageOnlyTheCheckMarkIsSet) {
     loop_.StageRunning = 0;
-    state_.TestChar = kHero;
-    Use();
+    UseHero();
     EXPECT_TRUE(state_.UseChar);
     EXPECT_FALSE(state_.CharLoaded);
     EXPECT_EQ(camera_.HCamStep, 3.0F);
@@ -137,8 +157,7 @@ TEST_F(TestCharTest, WithoutAStageOnlyTheCheckMarkIsSet) {
 }
 
 TEST_F(TestCharTest, StaysOnFromStageToStage) {
-    state_.TestChar = kHero;
-    Use();
+    UseHero();
     Release();
     EXPECT_FALSE(state_.CharLoaded);
     EXPECT_THAT(state_.Characters, IsEmpty());
@@ -160,30 +179,16 @@ TEST_F(TestCharTest, AFailedLoadClearsTheSettingAndTheCheckMark) {
     state_.TestChar = kHero;
     Put("hero.air", "");
     Use();
-    EXPECT_FALSE(state_.CharLoaded);
-    EXPECT_EQ(state_.TestChar, "");
-    EXPECT_FALSE(state_.UseChar);
-    EXPECT_EQ(camera_.HCamStep, 3.0F);
-    EXPECT_THAT(state_.Characters, IsEmpty());
+    ExpectNone();
     EXPECT_EQ(shown_.messages.Recorded().size(), 1U);
     EXPECT_THAT(shown_.captions, ElementsAre("Loading The Hero", "as before"));
     Put("hero.air", kHeroAnimation);
-    state_.TestChar = kHero;
-    Use();
+    UseHero();
     EXPECT_TRUE(state_.CharLoaded);
 }
 
-TEST_F(TestCharTest, AFailedLoadForgetsTheNameOfTheOneBefore) {
-    state_.TestChar = kHero;
-    Use();
-    ASSERT_EQ(state_.CharName, "The Hero");
-    show_.ChooseCharacter("/mugen/chars/gone.def");
-    EXPECT_EQ(state_.CharName, "");
-}
-
 TEST_F(TestCharTest, AnotherChoiceWithoutAStageForgetsTheName) {
-    state_.TestChar = kHero;
-    Use();
+    UseHero();
     loop_.StageRunning = 0;
     show_.ChooseCharacter("/mugen/chars/other.def");
     EXPECT_EQ(state_.TestChar, "/mugen/chars/other.def");
@@ -192,15 +197,13 @@ TEST_F(TestCharTest, AnotherChoiceWithoutAStageForgetsTheName) {
 
 TEST_F(TestCharTest, ACharacterWithoutANameIsUsedAllTheSame) {
     Put("hero.def", kHeroFiles);
-    state_.TestChar = kHero;
-    Use();
+    UseHero();
     EXPECT_TRUE(state_.CharLoaded);
     EXPECT_THAT(shown_.captions, ElementsAre("Loading ", "as before"));
 }
 
 TEST_F(TestCharTest, ChangingWithoutADeviceKeepsTheUsersStepsSaved) {
-    state_.TestChar = kHero;
-    Use();
+    UseHero();
     show_.TheEngine().Engine_Deinit();
     EXPECT_THROW(show_.ChooseCharacter(kHero), RunTimeError);
     EXPECT_FALSE(state_.CharLoaded);
@@ -208,8 +211,7 @@ TEST_F(TestCharTest, ChangingWithoutADeviceKeepsTheUsersStepsSaved) {
 }
 
 TEST_F(TestCharTest, AFailureAtTheNextStageGivesTheStepsBack) {
-    state_.TestChar = kHero;
-    Use();
+    UseHero();
     Release();
     Put("hero.air", "");
     StartAgain();
@@ -218,8 +220,7 @@ TEST_F(TestCharTest, AFailureAtTheNextStageGivesTheStepsBack) {
 }
 
 TEST_F(TestCharTest, ChangingLoadsTheOtherOneAtOnce) {
-    state_.TestChar = kHero;
-    Use();
+    UseHero();
     shown_.files.Put("/mugen/chars/other.def",
                      "displayname = Other\n[Files]\nanim = hero/hero.air\nsprite = hero/hero.sff\n"
                      "cns = other.cns\n");
@@ -232,21 +233,16 @@ TEST_F(TestCharTest, ChangingLoadsTheOtherOneAtOnce) {
     EXPECT_EQ(camera_.users.HCamStep, 3.0F);
 }
 
-TEST_F(TestCharTest, ChangingToABrokenOneSwitchesItOff) {
-    state_.TestChar = kHero;
-    Use();
+TEST_F(TestCharTest, ChangingToABrokenOneSwitchesItOffAndForgetsTheName) {
+    UseHero();
+    ASSERT_EQ(state_.CharName, "The Hero");
     show_.ChooseCharacter("/mugen/chars/gone.def");
-    EXPECT_FALSE(state_.UseChar);
-    EXPECT_FALSE(state_.CharLoaded);
-    EXPECT_EQ(state_.TestChar, "");
-    EXPECT_THAT(state_.Characters, IsEmpty());
-    EXPECT_EQ(camera_.HCamStep, 3.0F);
-    EXPECT_EQ(camera_.VCamStep, 4.0F);
+    ExpectNone();
+    EXPECT_EQ(state_.CharName, "");
 }
 
 TEST_F(TestCharTest, ThePicturesBeforeAreGoneWhenTheNextLoads) {
-    state_.TestChar = kHero;
-    Use();
+    UseHero();
     watched_ = state_.Characters.at(0).Sprites.at(0).texture;
     goneWhileLoading_ = false;
     show_.ChooseCharacter(kHero);
@@ -256,8 +252,7 @@ TEST_F(TestCharTest, ThePicturesBeforeAreGoneWhenTheNextLoads) {
 TEST_F(TestCharTest, OneIsDriven) {
     state_.CharCount = 7;
     state_.CharZoom = 3;
-    state_.TestChar = kHero;
-    Use();
+    UseHero();
     EXPECT_EQ(state_.CharCount, 1);
     EXPECT_EQ(state_.CharZoom, 1.0F);
     EXPECT_EQ(state_.Characters.size(), 1U);
@@ -265,16 +260,10 @@ TEST_F(TestCharTest, OneIsDriven) {
 
 // A key has moved the camera by the user's step, and the elements follow in the next pass.
 TEST_F(TestCharTest, ElementsFollowTheLastMoveByTheStepOfThatMove) {
-    BackgroundElement element;
-    element.deltaX = 0.5F;
-    element.deltaY = 1;
-    element.posX = 100;
-    element.posY = 50;
-    model_.Elements.push_back(element);
+    PutElement(0.5F);
     model_.CamX = -3;  // right
     model_.CamY = -4;  // up
-    state_.TestChar = kHero;
-    Use();
+    UseHero();
     EXPECT_EQ(model_.Elements[0].posX, 98.5F);
     EXPECT_EQ(model_.Elements[0].posY, 54.0F);
     EXPECT_EQ(camera_.previousX, -3.0F);
@@ -287,13 +276,9 @@ TEST_F(TestCharTest, ElementsFollowTheLastMoveByTheStepOfThatMove) {
 
 TEST_F(TestCharTest, PlainTheyFollowItByTheNewStep) {
     show_.Options().Additions = false;
-    BackgroundElement element;
-    element.deltaX = 1;
-    element.posX = 100;
-    model_.Elements.push_back(element);
+    PutElement(1);
     model_.CamX = -3;
-    state_.TestChar = kHero;
-    Use();
+    UseHero();
     EXPECT_EQ(model_.Elements[0].posX, 100.0F);
     EXPECT_EQ(camera_.previousX, 0.0F) << "the next pass brings it there, by 2.4";
 }
@@ -313,8 +298,7 @@ TEST_F(TestCharTest, ChangingWithoutAStageOnlyTakesTheChoice) {
 }
 
 TEST_F(TestCharTest, ASecondUseDoesNotLoadAgain) {
-    state_.TestChar = kHero;
-    Use();
+    UseHero();
     Use();
     Put("hero.air", "");
     state_.Characters.at(0).X = 7;
@@ -325,8 +309,7 @@ TEST_F(TestCharTest, ASecondUseDoesNotLoadAgain) {
 }
 
 TEST_F(TestCharTest, WhileItLoadsTheStateSaysSo) {
-    state_.TestChar = kHero;
-    Use();
+    UseHero();
     EXPECT_THAT(statesWhileLoading_, ElementsAre(ShowState::Loading));
     EXPECT_EQ(shown_.states.back(), ShowState::Running);
     EXPECT_EQ(loop_.LoadingStage, 0);
@@ -358,10 +341,7 @@ TEST_F(TestCharTest, TheConfigurationGetsTheUsersSteps) {
 
 class CharacterPassTest : public TestCharTest {
 protected:
-    CharacterPassTest() {
-        state_.TestChar = kHero;
-        Use();
-    }
+    CharacterPassTest() { UseHero(); }
     Figure Advance(const KeySet& keys = {}) {
         shown_.keyboard.Hold(keys);
         return show_.Next();

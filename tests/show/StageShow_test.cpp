@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "show/StageShow.h"
 
+#include <optional>
 #include <string>
 
 #include <gmock/gmock.h>
@@ -44,16 +45,12 @@ TEST_F(StageStart, StepsThatAreSetStay) {
     EXPECT_EQ(camera_.users.VCamStep, 1.0F);
 }
 
-TEST_F(StageStart, AStageRunsAndIsNoLongerLoading) {
-    Start(kStage);
-    EXPECT_EQ(loop_.StageRunning, 1);
-    EXPECT_EQ(loop_.LoadingStage, 0);
-}
-
 TEST_F(StageStart, IsLoadingUntilTheStageRuns) {
     EXPECT_EQ(show_.State(), ShowState::None);
     EXPECT_FALSE(show_.HasShown());
     Start(kStage);
+    EXPECT_EQ(loop_.StageRunning, 1);
+    EXPECT_EQ(loop_.LoadingStage, 0);
     EXPECT_EQ(show_.State(), ShowState::Running);
     EXPECT_TRUE(show_.HasShown());
     EXPECT_THAT(shown_.states, testing::ElementsAre(ShowState::Loading, ShowState::Running));
@@ -83,46 +80,37 @@ TEST_F(StageStart, AFileThatCannotBeOpenedIsReportedAndToBeReleased) {
     EXPECT_FALSE(show_.HasShown());
 }
 
-TEST_F(StageStart, TheCameraStandsAtTheStageStartAndElementsKnowIt) {
-    Start(kStage);
-    EXPECT_EQ(model_.CamX, -30.0F);
-    EXPECT_EQ(model_.CamY, -10.0F);
-    EXPECT_EQ(camera_.previousX, -30.0F);
-    EXPECT_EQ(camera_.previousY, -10.0F);
-    // 160 + 7 - 0.5 * 30, and -90 - 0.5 * -10; the sprite is not there, so no axis counts.
-    ASSERT_EQ(model_.ElementCount, 1);
-    EXPECT_EQ(model_.Elements[0].posX, 152.0F);
-    EXPECT_EQ(model_.Elements[0].posY, -85.0F);
-    EXPECT_EQ(model_.Elements[0].visible, 1);
-}
-
 TEST_F(StageStart, KeysThatWerePressedBeforeDoNotCount) {
     Start(kStage);
     EXPECT_EQ(shown_.keyboard.asked, 2 * 9) << "before the load and after it";
 }
 
-TEST_F(StageStart, AKeptCameraStandsWhereItStood) {
-    show_.Which.camera = CameraPlace{50, -20};
-    Start(kStage);
-    EXPECT_EQ(model_.CamX, 50.0F);
-    EXPECT_EQ(model_.CamY, -20.0F);
-    EXPECT_EQ(camera_.previousX, 50.0F);
-    EXPECT_EQ(camera_.previousY, -20.0F);
-    // 160 + 7 + 0.5 * 50, and -90 - 0.5 * -20: the elements know it.
-    EXPECT_EQ(model_.Elements.at(0).posX, 192.0F);
-    EXPECT_EQ(model_.Elements.at(0).posY, -80.0F);
-}
-
-TEST_F(StageStart, AKeptCameraIsCutToTheBounds) {
+TEST_F(StageStart, TheCameraStandsAtTheStageStartOrWhereItWasKeptAndElementsKnowIt) {
+    struct Row {
+        const char* name;
+        std::optional<CameraPlace> kept;
+        Single x, y;
+        // The sprite is not there, so no axis counts: 160 + 7 + x / 2, and -90 - y / 2.
+        Single skyX, skyY;
+    };
     // Shown x from -100 to 80, y from -40 to 0.
-    show_.Which.camera = CameraPlace{500, -500};
-    Start(kStage);
-    EXPECT_EQ(model_.CamX, 100.0F);
-    EXPECT_EQ(model_.CamY, -40.0F);
-    show_.Which.camera = CameraPlace{-500, 500};
-    Start(kStage);
-    EXPECT_EQ(model_.CamX, -80.0F);
-    EXPECT_EQ(model_.CamY, 0.0F);
+    for (const Row& row :
+         {Row{"the stage's", {}, -30, -10, 152, -85},
+          {"kept", CameraPlace{50, -20}, 50, -20, 192, -80},
+          {"up and left of the bounds", CameraPlace{500, -500}, 100, -40, 217, -70},
+          {"down and right of them", CameraPlace{-500, 500}, -80, 0, 127, -90}}) {
+        SCOPED_TRACE(row.name);
+        show_.Which.camera = row.kept;
+        Start(kStage);
+        EXPECT_EQ(model_.CamX, row.x);
+        EXPECT_EQ(model_.CamY, row.y);
+        EXPECT_EQ(camera_.previousX, row.x);
+        EXPECT_EQ(camera_.previousY, row.y);
+        ASSERT_EQ(model_.ElementCount, 1);
+        EXPECT_EQ(model_.Elements[0].posX, row.skyX);
+        EXPECT_EQ(model_.Elements[0].posY, row.skyY);
+        EXPECT_EQ(model_.Elements[0].visible, 1);
+    }
 }
 
 TEST_F(StageStart, AKeptCameraIsForOneStageAlone) {

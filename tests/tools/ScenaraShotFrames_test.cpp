@@ -38,8 +38,7 @@ protected:
     // The picture that a run with these arguments leaves in FILE.png.
     std::vector<std::uint32_t> Shot(const std::string& arguments,
                                     const std::string& file = "a.png") {
-        EXPECT_EQ(
-            Run("--mugen " + Path("mugen") + " a.def --out " + Path("a.png") + " " + arguments), 0);
+        EXPECT_EQ(RunHere("a.def --out " + Path("a.png") + " " + arguments), 0);
         EXPECT_EQ(err_, "");
         return Read(file);
     }
@@ -119,25 +118,25 @@ TEST_F(ScenaraShotFrames, InfoStandsInItsRectangleFromTheFirstFrameOn) {
 }
 
 TEST_F(ScenaraShotFrames, ManyFramesWithoutAFileJustRun) {
-    EXPECT_EQ(Run("--mugen " + Path("mugen") + " a.def --frames 500"), 0);
+    EXPECT_EQ(RunHere("a.def --frames 500"), 0);
     EXPECT_EQ(out_, "");
     EXPECT_EQ(err_, "");
 }
 
 TEST_F(ScenaraShotFrames, AStageThatCannotBeShownLeavesNoPicture) {
-    EXPECT_EQ(Run("--mugen " + Path("mugen") + " gone.def --out " + Path("a.png")), 1);
+    EXPECT_EQ(RunHere("gone.def --out " + Path("a.png")), 1);
     EXPECT_FALSE(fs::exists(Path("a.png")));
 }
 
 TEST_F(ScenaraShotFrames, APictureThatCannotBeWrittenIsAFailure) {
-    EXPECT_EQ(Run("--mugen " + Path("mugen") + " a.def --out " + Path("no/such/a.png")), 1);
+    EXPECT_EQ(RunHere("a.def --out " + Path("no/such/a.png")), 1);
     EXPECT_THAT(err_, HasSubstr("no/such/a.png"));
 }
 
 TEST_F(ScenaraShotFrames, WrongUseIsExplained) {
     for (const char* wrong : {"--frames 0", "--frames x", "--every 3", "--keys jump:3",
                               "--out a.png --every 0", "--keys right:"}) {
-        EXPECT_EQ(Run("--mugen " + Path("mugen") + " a.def " + wrong), 2) << wrong;
+        EXPECT_EQ(RunHere(std::string("a.def ") + wrong), 2) << wrong;
         EXPECT_THAT(err_, HasSubstr("Usage: scenara-shot")) << wrong;
     }
 }

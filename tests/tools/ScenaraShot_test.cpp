@@ -16,6 +16,13 @@ using testing::StartsWith;
 
 class ScenaraShotModel : public ScenaraShot {
 protected:
+    int WriteModel(const std::string& arguments) {
+        return RunHere(arguments + " --model " + Path("model.json"));
+    }
+    void ExpectTitle(const std::string& stage, const char* title) {
+        EXPECT_EQ(WriteModel(stage), 0);
+        EXPECT_STREQ(Model()["settings"]["StageTitle"].GetString(), title);
+    }
     rapidjson::Document Model() {
         rapidjson::Document json;
         json.Parse(Contents(Path("model.json")).c_str());
@@ -25,24 +32,18 @@ protected:
 
 TEST_F(ScenaraShotModel, FindsAStageByItsNameInTheFolder) {
     PutStage("a.def", "[Info]\nname = first\n");
-    EXPECT_EQ(Run("--mugen " + Path("mugen") + " A.DEF --model " + Path("model.json")), 0);
-    EXPECT_STREQ(Model()["settings"]["StageTitle"].GetString(), "first");
+    ExpectTitle("A.DEF", "first");
 }
 
 TEST_F(ScenaraShotModel, TakesAStageByItsPath) {
     Write(Path("elsewhere/b.def"), "[Info]\nname = second\n");
-    EXPECT_EQ(Run("--mugen " + Path("mugen") + " " + Path("elsewhere/b.def") + " --model " +
-                  Path("model.json")),
-              0);
-    EXPECT_STREQ(Model()["settings"]["StageTitle"].GetString(), "second");
+    ExpectTitle(Path("elsewhere/b.def"), "second");
 }
 
 TEST_F(ScenaraShotModel, WritesEverySpriteAndTheModelOfAStage) {
     PutStage("a.def", "[BGdef]\nspr = a.sff\n[BG Wall]\ntype = normal\nspriteno = 1, 0\n");
     Write(Path("mugen/stages/a.sff"), SmallArchiveBytes());
-    EXPECT_EQ(Run("--mugen " + Path("mugen") + " a.def --model " + Path("model.json") +
-                  " --sprites " + Path("sprites")),
-              0);
+    EXPECT_EQ(WriteModel("a.def --sprites " + Path("sprites")), 0);
     EXPECT_EQ(err_, "");
     EXPECT_EQ(Model()["sprites"].Size(), 3U);
     EXPECT_EQ(Model()["elements"][0]["spriteIndex"].GetInt(), 2);
@@ -53,26 +54,26 @@ TEST_F(ScenaraShotModel, WritesEverySpriteAndTheModelOfAStage) {
 
 TEST_F(ScenaraShot, SaysEveryMessageOnALineOfItsOwn) {
     PutStage("a.def", "[BGdef]\nspr = gone.sff\n[BG]\ntype = null\n[BG]\ntype = null\n");
-    EXPECT_EQ(Run("--mugen " + Path("mugen") + " a.def"), 0);
+    EXPECT_EQ(RunHere("a.def"), 0);
     EXPECT_EQ(err_, "NULL BG 0\nNULL BG 0\nSFF FILE: gone.sff COULD NOT BE FOUND!\n");
 }
 
 TEST_F(ScenaraShot, AStageThatIsNotThereCannotBeShown) {
-    EXPECT_EQ(Run("--mugen " + Path("mugen") + " gone.def"), 1);
+    EXPECT_EQ(RunHere("gone.def"), 1);
     EXPECT_THAT(
         err_, StartsWith("Unable to load " + Path("mugen/stages/gone.def") + " - File not found"));
-    EXPECT_EQ(Run("--mugen " + Path("mugen") + " no/gone.def"), 1);
+    EXPECT_EQ(RunHere("no/gone.def"), 1);
     EXPECT_THAT(err_, StartsWith("Unable to load no/gone.def - File not found"));
 }
 
 TEST_F(ScenaraShot, AFolderIsNoStage) {
     fs::create_directories(Path("mugen/stages/folder.def"));
-    EXPECT_EQ(Run("--mugen " + Path("mugen") + " " + Path("mugen/stages/folder.def")), 1);
+    EXPECT_EQ(RunHere(Path("mugen/stages/folder.def")), 1);
     EXPECT_THAT(err_, HasSubstr("folder.def"));
 }
 
 TEST_F(ScenaraShot, WrongUseIsExplained) {
-    EXPECT_EQ(Run("--mugen " + Path("mugen")), 2);
+    EXPECT_EQ(RunHere(""), 2);
     EXPECT_THAT(err_, HasSubstr("the stage is missing"));
     EXPECT_THAT(err_, HasSubstr("Usage: scenara-shot"));
 }
@@ -84,32 +85,30 @@ TEST_F(ScenaraShot, HelpGoesToStandardOutput) {
 
 TEST_F(ScenaraShot, AResultThatCannotBeWrittenIsAFailure) {
     PutStage("a.def", "");
-    EXPECT_EQ(Run("--mugen " + Path("mugen") + " a.def --model " + Path("no/such/folder/a.json")),
-              1);
+    EXPECT_EQ(RunHere("a.def --model " + Path("no/such/folder/a.json")), 1);
     EXPECT_THAT(err_, HasSubstr("no/such/folder/a.json"));
 }
 
 TEST_F(ScenaraShot, OutputGoesToExactlyTheNameGiven) {
     PutStage("a.def", "");
     Write(Path("other.json"), "mine");
-    EXPECT_EQ(Run("--mugen " + Path("mugen") + " a.def --model " + Path("OTHER.json")), 0);
+    EXPECT_EQ(RunHere("a.def --model " + Path("OTHER.json")), 0);
     EXPECT_EQ(Contents(Path("other.json")), "mine");
     EXPECT_THAT(Contents(Path("OTHER.json")), StartsWith("{"));
-    EXPECT_EQ(Run("--mugen " + Path("mugen") + " a.def --model /dev/stdout"), 0);
+    EXPECT_EQ(RunHere("a.def --model /dev/stdout"), 0);
     EXPECT_THAT(out_, StartsWith("{"));
 }
 
 TEST_F(ScenaraShot, MessagesDoNotSteerTheTerminal) {
     PutStage("a.def", "[BGdef]\nspr = \x1b[31m\x07.sff\n");
-    EXPECT_EQ(Run("--mugen " + Path("mugen") + " a.def"), 0);
+    EXPECT_EQ(RunHere("a.def"), 0);
     EXPECT_EQ(err_, "SFF FILE: ?[31m?.sff COULD NOT BE FOUND!\n");
 }
 
 TEST_F(ScenaraShotModel, AFileWithBareLineFeedsLeavesNoCopyBehind) {
     std::string definition = "; " + std::string(600, 'x') + "\n[Info]\nname = long\n";
     PutStage("a.def", definition);
-    EXPECT_EQ(Run("--mugen " + Path("mugen") + " a.def --model " + Path("model.json")), 0);
-    EXPECT_STREQ(Model()["settings"]["StageTitle"].GetString(), "long");
+    ExpectTitle("a.def", "long");
     EXPECT_FALSE(fs::exists(fs::path(SCENARA_SHOT).parent_path() / "fix.def"));
 }
 

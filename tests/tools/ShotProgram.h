@@ -41,6 +41,11 @@ protected:
         return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
     }
 
+    // In the MUGEN folder of its own.
+    int RunHere(const std::string& arguments) {
+        return Run("--mugen " + Path("mugen") + " " + arguments);
+    }
+
     [[nodiscard]] std::string Path(const std::string& name) const { return folder_.Path() + name; }
 
     void PutStage(const std::string& name, const std::string& definition) {
