@@ -14,6 +14,7 @@
 #include "app/Configured.h"
 #include "base/RunTimeError.h"
 #include "platform/Disk.h"
+#include "support/Rounds.h"
 
 namespace scenara::test {
 namespace {
@@ -60,8 +61,8 @@ TEST_F(ConfigurationOnDisk, AreOldOrNewWheneverTheProgramIsKilled) {
     ASSERT_LT(small.size(), 300U);
 
     std::mt19937 random(1);
-    constexpr int kKills = 250;
-    for (int i = 0; i < kKills; ++i) {
+    const int kills = Rounds(250);
+    for (int i = 0; i < kills; ++i) {
         int ready[2] = {-1, -1};
         ASSERT_EQ(::pipe(ready), 0);
         const pid_t child = ::fork();

@@ -12,6 +12,7 @@
 #include <gtest/gtest.h>
 
 #include "app/RunningStage.h"
+#include "support/Rounds.h"
 
 namespace scenara::test {
 namespace {
@@ -421,13 +422,13 @@ TEST_F(PlainReload, ASecondOneAsksForAStageAndShowsIt) {
 
 using Browsing = NewProgram;
 
-TEST_F(Browsing, TenThousandStagesThroughNextUseNoMoreStackThanOne) {
-    constexpr int kStages = 10'000;
-    for (int i = 0; i < kStages; ++i) {
+TEST_F(Browsing, ThousandsOfStagesThroughNextUseNoMoreStackThanOne) {
+    const int stages = Rounds(3000);
+    for (int i = 0; i < stages; ++i) {
         files.Put("/mugen/stages/s" + std::to_string(i) + ".def", "[Camera]\n");
     }
     Load();
-    ASSERT_EQ(form.lstStages.items.size(), kStages + 3U);
+    ASSERT_EQ(form.lstStages.items.size(), static_cast<std::size_t>(stages) + 3);
     int inPump = 0;
     user = [&](RunningStage&, int) {
         if (loop.LoadingStage == 0) {
@@ -440,10 +441,10 @@ TEST_F(Browsing, TenThousandStagesThroughNextUseNoMoreStackThanOne) {
         }
     };
     Click(Menu::mnuStageNext);
-    EXPECT_EQ(inPump, kStages + 3);
-    EXPECT_EQ(Begun(), kStages + 3);
+    EXPECT_EQ(inPump, stages + 3);
+    EXPECT_EQ(Begun(), stages + 3);
     EXPECT_EQ(deepest, 1) << "no pump inside of a pump";
-    EXPECT_EQ(form.lstStages.ListIndex, kStages + 2);
+    EXPECT_EQ(form.lstStages.ListIndex, stages + 2);
     EXPECT_EQ(form.recentFiles.size(), 6U);
     EXPECT_EQ(loop.StageRunning, 1);
 }

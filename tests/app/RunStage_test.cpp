@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include "app/RunningStage.h"
+#include "support/Rounds.h"
 
 namespace scenara::test {
 namespace {
@@ -275,13 +276,14 @@ TEST_F(Restart, TheLastOfSeveralRequestsHolds) {
     EXPECT_THAT(MessageTexts(), Contains(StartsWith("SFF FILE")).Times(1));
 }
 
-TEST_F(Restart, TenThousandStagesUseNoMoreStackThanOne) {
+TEST_F(Restart, ThousandsOfStagesUseNoMoreStackThanOne) {
+    const int stages = Rounds(3000);
     int opened = 0;
     user = [&](RunningStage&, int) {
         if (loop.LoadingStage != 0) {
             return;
         }
-        if (opened == 10'000) {
+        if (opened == stages) {
             program.QuitRequested = kTrue;
         } else {
             ++opened;
@@ -290,7 +292,7 @@ TEST_F(Restart, TenThousandStagesUseNoMoreStackThanOne) {
     };
     loop.FpsLimit = 0;
     program.RunStage();
-    EXPECT_EQ(opened, 10'000);
+    EXPECT_EQ(opened, stages);
     EXPECT_EQ(deepest, 1) << "no pump inside of a pump";
 }
 
