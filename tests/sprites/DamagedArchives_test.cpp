@@ -18,24 +18,11 @@
 #include "sprites/sff2.h"
 #include "sprites/version1/SffArchive.h"
 
-namespace scenara {
+namespace scenara::test {
 namespace {
 
 using samplemaker::PcxOptions;
 using samplemaker::TrailingPalette;
-using test::ArchiveLoad;
-using test::KeyedByIndex;
-using test::Linked;
-using test::PaletteOf;
-using test::PatchU16;
-using test::PatchU32;
-using test::Sff1Options;
-using test::Sff1Subfile;
-using test::Shown;
-using test::StripedPicture;
-using test::SubfileOffsets;
-using test::WritePcx;
-using test::WriteSff1;
 using testing::Each;
 using testing::ElementsAre;
 using testing::HasSubstr;
@@ -62,7 +49,7 @@ TEST(DamagedArchive, OfVersion2IsNamedWithItsVersion) {
         ASSERT_EQ(load.messages.Recorded().size(), 1U);
         EXPECT_EQ(load.messages.Recorded()[0].kind, kMessageSffVersion);
         EXPECT_THAT(load.Texts()[0], StartsWith("SFF Error:"));
-        EXPECT_THAT(load.Texts()[0], HasSubstr(test::kArchiveName));
+        EXPECT_THAT(load.Texts()[0], HasSubstr(kArchiveName));
         EXPECT_THAT(load.Texts()[0], HasSubstr(version));
         EXPECT_EQ(load.model.SpriteCount, 0);
         EXPECT_EQ(load.file->Reads().size(), 1U);
@@ -290,7 +277,7 @@ public:
     }
 
 private:
-    test::MemoryFile file_;
+    MemoryFile file_;
     std::uint64_t badFrom_;
     std::function<void()> failure_;
 };
@@ -308,8 +295,8 @@ TEST(DamagedArchive, ReadsThatFailEndItWithAMessage) {
              {std::size_t{0}, std::size_t{512}, SubfileOffsets(bytes, 2)[1] + 32}) {
             BadDisk disk(bytes, badFrom, row.failure);
             ArchiveLoad load;
-            LoadSprites(load.model, disk, test::kArchiveName, load.device, load.window,
-                        load.messages, ViewOptions{});
+            LoadSprites(load.model, disk, kArchiveName, load.device, load.window, load.messages,
+                        ViewOptions{});
             EXPECT_EQ(load.model.SpriteCount, badFrom > 512 ? 1 : 0);
             ASSERT_FALSE(load.messages.Recorded().empty());
             EXPECT_EQ(load.Texts().back(),
@@ -319,4 +306,4 @@ TEST(DamagedArchive, ReadsThatFailEndItWithAMessage) {
 }
 
 }  // namespace
-}  // namespace scenara
+}  // namespace scenara::test

@@ -13,6 +13,7 @@
 #include "platform/headless/HeadlessMessages.h"
 #include "samplemaker/PcxWriter.h"
 #include "sprites/modFilePCX.h"
+#include "support/MessageTexts.h"
 
 namespace scenara::test {
 
@@ -49,13 +50,7 @@ public:
 
     [[nodiscard]] Words Pixels() const { return PixelsOf(*picture.texture); }
 
-    [[nodiscard]] std::vector<std::string> Texts() const {
-        std::vector<std::string> texts;
-        for (const Message& message : messages.Recorded()) {
-            texts.push_back(message.text);
-        }
-        return texts;
-    }
+    [[nodiscard]] std::vector<std::string> Texts() const { return TextsOf(messages); }
 };
 
 // The box of the image routines.
