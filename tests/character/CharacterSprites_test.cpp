@@ -65,6 +65,24 @@ std::vector<CharSprite> SpritesOf(CharacterMachine& machine, MemoryFile& archive
     return SpritesOf(machine, archive, machine.device);
 }
 
+// How much was asked of a file.
+std::uint64_t BytesWanted(const MemoryFile& file) {
+    std::uint64_t wanted = 0;
+    for (const MemoryFile::Read& read : file.Reads()) {
+        wanted += read.wanted;
+    }
+    return wanted;
+}
+
+// Frames of walking that show the images 0 to `count` - 1 of a group.
+std::string WalkThrough(int group, std::size_t count) {
+    std::string animation = "[Begin Action 20]\n";
+    for (std::size_t i = 0; i < count; ++i) {
+        animation += std::to_string(group) + "," + std::to_string(i) + ",0,0,1\n";
+    }
+    return animation;
+}
+
 TEST(CharacterSprites, OnlyPicturesOfKeptFramesAreDecoded) {
     CharacterMachine machine;
     EXPECT_TRUE(machine.Load());
@@ -203,13 +221,11 @@ TEST(CharacterSprites, EachIsInItsColours) {
 TEST(CharacterSprites, PicturesThatAllLendNoneTakeNoTime) {
     CharacterMachine machine;
     std::vector<Sff1Subfile> subfiles;
-    std::string animation = "[Begin Action 20]\n";
     constexpr int kSubfiles = 4000;
     for (int i = 0; i < kSubfiles; ++i) {
         subfiles.push_back(Shown(20, static_cast<std::int16_t>(i), PcxOf24Bits(1)));
-        animation += "20," + std::to_string(i) + ",0,0,1\n";
     }
-    machine.Put("hero.air", animation);
+    machine.Put("hero.air", WalkThrough(20, kSubfiles));
     EXPECT_TRUE(machine.Load()) << "the animation";
     const std::vector<std::byte> archive = WriteSff1(subfiles);
     MemoryFile file(archive);
@@ -364,22 +380,14 @@ TEST(CharacterSprites, SubfilesThatLieOverEachOtherAreNotAllLookedThroughForAPal
     const std::vector<std::byte> archive = OverlaidArchive();
     MemoryFile file(archive);
     EXPECT_THAT(SpritesOf(machine, file), IsEmpty());
-    std::uint64_t wanted = 0;
-    for (const MemoryFile::Read& read : file.Reads()) {
-        wanted += read.wanted;
-    }
-    EXPECT_LT(wanted, archive.size() * 12);
+    EXPECT_LT(BytesWanted(file), archive.size() * 12);
 }
 
 TEST(CharacterSprites, SubfilesThatLieOverEachOtherAreNotAllTried) {
     CharacterMachine machine;
-    std::string animation = "[Begin Action 20]\n";
-    for (std::size_t i = 0; i < kOverlaid; ++i) {
-        animation += "20," + std::to_string(i) + ",0,0,1\n";
-    }
     const std::vector<std::byte> archive = OverlaidArchive();
     machine.files.Put("/mugen/chars/hero/hero.sff", std::span<const std::byte>(archive));
-    machine.Put("hero.air", animation);
+    machine.Put("hero.air", WalkThrough(20, kOverlaid));
     EXPECT_TRUE(machine.Load());
     EXPECT_THAT(machine.character.Sprites, IsEmpty());
     EXPECT_GT(machine.device.Created().size(), 1U);
@@ -391,11 +399,7 @@ TEST(CharacterSprites, SubfilesThatLieOverEachOtherAreNotAllTried) {
 TEST(CharacterSprites, BeyondTheSumOfAllTexturesAreDropped) {
     constexpr std::size_t kFit = TextureBudget::kMostBytes / kColumnBytes;
     CharacterMachine machine;
-    std::string animation = "[Begin Action 20]\n";
-    for (std::size_t i = 0; i < kFit + 2; ++i) {
-        animation += "0," + std::to_string(i) + ",0,0,1\n";
-    }
-    machine.Put("hero.air", animation);
+    machine.Put("hero.air", WalkThrough(0, kFit + 2));
     EXPECT_TRUE(machine.Load()) << "the animation";
     const std::vector<std::byte> archive = ArchiveOfColumns(kFit + 2);
     MemoryFile file(archive);
@@ -424,11 +428,7 @@ TEST(CharacterSprites, OfAHugeArchiveOnlyHeadersAndWantedPicturesAreRead) {
     MemoryFile file(archive);
     EXPECT_TRUE(machine.Load());  // the animations, from the small one
     EXPECT_EQ(SpritesOf(machine, file).size(), 5U);
-    std::uint64_t wanted = 0;
-    for (const MemoryFile::Read& read : file.Reads()) {
-        wanted += read.wanted;
-    }
-    EXPECT_LT(wanted, 3006U * 32U + 20000U);
+    EXPECT_LT(BytesWanted(file), 3006U * 32U + 20000U);
     EXPECT_GT(archive.size(), 10'000'000U);
 }
 
