@@ -6,7 +6,6 @@
 #include <cstring>
 #include <limits>
 #include <memory>
-#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -24,15 +23,11 @@ namespace scenara {
 namespace {
 
 using namespace std::string_literals;
+using test::ErrorOnFullDisk;
+using test::Raises;
 using testing::HasSubstr;
-using testing::Property;
 using testing::StartsWith;
-using testing::Throws;
 using testing::ThrowsMessage;
-
-auto Raises(RunTimeErrorKind kind) {
-    return Throws<RunTimeError>(Property(&RunTimeError::Kind, kind));
-}
 
 std::string Text(std::span<const std::byte> bytes) {
     std::string text(bytes.size(), '\0');
@@ -170,11 +165,9 @@ TEST_F(PosixFilesReading, AForbiddenFileIsDenied) {
         GTEST_SKIP() << "root, and not able to become another user";
     }
     for (const std::string& path : {At("secret.def"), At("closed/kfm.def")}) {
-        EXPECT_FALSE(files_.FileExists(path));
+        ExpectDoesNotOpen(path, RunTimeErrorKind::PermissionDenied);
         EXPECT_THAT([&] { return files_.OpenForReading(path); },
                     ThrowsMessage<RunTimeError>("Permission denied: " + path));
-        EXPECT_THAT([&] { return files_.OpenForWriting(path); },
-                    Raises(RunTimeErrorKind::PermissionDenied));
     }
     EXPECT_TRUE(files_.List(At("closed"), "").empty());
 }
@@ -242,45 +235,21 @@ TEST_F(PosixFilesWriting, WithoutItsFolderThereIsNoFile) {
 TEST_F(PosixFilesWriting, AFullDiskIsReportedByWriteAtTheLatestByClose) {
     const auto large = files_.OpenForWriting(At("large.bin"));
     const auto small = files_.OpenForWriting(At("small.bin"));
-    std::optional<RunTimeError> atWrite;
-    std::optional<RunTimeError> atClose;
-    {
-        const test::FullDisk full(100000);
-        try {
-            large->Write(std::string(200000, 'x'));
-        } catch (const RunTimeError& error) {
-            atWrite = error;
-        }
-    }
-    {
-        const test::FullDisk full(0);
-        try {
-            small->Write("x");
-            small->Close();
-        } catch (const RunTimeError& error) {
-            atClose = error;
-        }
-    }
-    ASSERT_TRUE(atWrite.has_value());
-    EXPECT_EQ(atWrite->what(), "Disk full: " + At("large.bin"));
-    ASSERT_TRUE(atClose.has_value());
-    EXPECT_EQ(atClose->what(), "Disk full: " + At("small.bin"));
+    EXPECT_EQ(ErrorOnFullDisk(100000, [&] { large->Write(std::string(200000, 'x')); }),
+              "Disk full: " + At("large.bin"));
+    EXPECT_EQ(ErrorOnFullDisk(0,
+                              [&] {
+                                  small->Write("x");
+                                  small->Close();
+                              }),
+              "Disk full: " + At("small.bin"));
     EXPECT_EQ(Get("large.bin"), std::string(100000, 'x')) << "what there was room for";
 }
 
 TEST_F(PosixFilesWriting, GoesOnWhereItStoppedWhenThereIsRoomAgain) {
     const auto file = files_.OpenForWriting(At("a.bin"));
     file->Write("first ");
-    bool failed = false;
-    {
-        const test::FullDisk full(3);
-        try {
-            file->Close();
-        } catch (const RunTimeError&) {
-            failed = true;
-        }
-    }
-    EXPECT_TRUE(failed);
+    EXPECT_NE(ErrorOnFullDisk(3, [&] { file->Close(); }), "");
     file->Write("second");
     file->Close();
     EXPECT_EQ(Get("a.bin"), "first second");
@@ -302,22 +271,18 @@ TEST_F(PosixFilesWriting, NothingCanBeWrittenToAClosedFile) {
 TEST_F(PosixFilesOddities, AFolderDoesNotOpen) {
     PutFolder("kfm.def");
     for (const std::string& path : {At("kfm.def"), At("kfm.def/"), At("KFM.DEF"), At("")}) {
-        EXPECT_FALSE(files_.FileExists(path)) << path;
+        ExpectDoesNotOpen(path, RunTimeErrorKind::PathFileAccess);
         EXPECT_THAT([&] { return files_.OpenForReading(path); },
                     ThrowsMessage<RunTimeError>(StartsWith("Path/File access error: " + path)));
-        EXPECT_THAT([&] { return files_.OpenForWriting(path); },
-                    Raises(RunTimeErrorKind::PathFileAccess));
     }
 }
 
 TEST_F(PosixFilesOddities, APipeDoesNotOpenAndHoldsNobodyUp) {
     PutPipe("kfm.def");
     const std::string path = At("kfm.def");
-    EXPECT_FALSE(files_.FileExists(path));
+    ExpectDoesNotOpen(path, RunTimeErrorKind::PathFileAccess);
     EXPECT_THAT([&] { return files_.OpenForReading(path); },
                 ThrowsMessage<RunTimeError>("Path/File access error: " + path + " (not a file)"));
-    EXPECT_THAT([&] { return files_.OpenForWriting(path); },
-                Raises(RunTimeErrorKind::PathFileAccess));
 
     const int reader = ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
     EXPECT_THAT([&] { return files_.OpenForWriting(path); },
@@ -336,22 +301,16 @@ TEST_F(PosixFilesOddities, ASocketDoesNotOpen) {
     ASSERT_GE(socket, 0);
     ASSERT_EQ(::bind(socket, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
 
-    EXPECT_FALSE(files_.FileExists(path));
-    EXPECT_THAT([&] { return files_.OpenForReading(path); },
-                Raises(RunTimeErrorKind::PathFileAccess));
-    EXPECT_THAT([&] { return files_.OpenForWriting(path); },
-                Raises(RunTimeErrorKind::PathFileAccess));
+    ExpectDoesNotOpen(path, RunTimeErrorKind::PathFileAccess);
     ::close(socket);
 }
 
 TEST_F(PosixFilesOddities, ADeviceDoesNotOpen) {
     PutLink("full.def", "/dev/full");
     for (const std::string& path : {"/dev/zero"s, "/dev/full"s, "/dev/null"s, At("full.def")}) {
-        EXPECT_FALSE(files_.FileExists(path)) << path;
+        ExpectDoesNotOpen(path, RunTimeErrorKind::PathFileAccess);
         EXPECT_THAT([&] { return files_.OpenForReading(path); },
                     ThrowsMessage<RunTimeError>(HasSubstr("(not a file)")));
-        EXPECT_THAT([&] { return files_.OpenForWriting(path); },
-                    Raises(RunTimeErrorKind::PathFileAccess));
     }
 }
 
@@ -366,21 +325,10 @@ TEST_F(PosixFilesOddities, LinksThatLeadNowhereOrInACircleDoNotOpen) {
     }
 }
 
-TEST_F(PosixFilesOddities, AnEmptyNameIsNoFile) {
-    EXPECT_FALSE(files_.FileExists(""));
-    EXPECT_THAT([&] { return files_.OpenForReading(""); }, Raises(RunTimeErrorKind::FileNotFound));
-    EXPECT_THAT([&] { return files_.OpenForWriting(""); }, Raises(RunTimeErrorKind::FileNotFound));
-    EXPECT_THAT([&] { files_.Delete(""); }, Raises(RunTimeErrorKind::FileNotFound));
-}
-
-TEST_F(PosixFilesOddities, ANameIsNotCutAtAZeroByte) {
+TEST_F(PosixFilesOddities, AnEmptyNameAndOneWithAZeroByteAreNoFiles) {
     Put("kfm.def", "stage");
-    for (const std::string& path : {At("kfm.def") + "\0.bak"s, At("kfm.def") + "\0"s}) {
-        EXPECT_FALSE(files_.FileExists(path));
-        EXPECT_THAT([&] { return files_.OpenForReading(path); },
-                    Raises(RunTimeErrorKind::FileNotFound));
-        EXPECT_THAT([&] { return files_.OpenForWriting(path); },
-                    Raises(RunTimeErrorKind::FileNotFound));
+    for (const std::string& path : {""s, At("kfm.def") + "\0.bak"s, At("kfm.def") + "\0"s}) {
+        ExpectDoesNotOpen(path, RunTimeErrorKind::FileNotFound);
         EXPECT_THAT([&] { files_.Delete(path); }, Raises(RunTimeErrorKind::FileNotFound));
     }
     EXPECT_EQ(Get("kfm.def"), "stage") << "neither emptied nor deleted";

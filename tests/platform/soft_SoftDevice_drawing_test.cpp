@@ -11,6 +11,7 @@
 
 #include <gtest/gtest.h>
 
+#include "GoodParameters.h"
 #include "SoftQuads.h"
 #include "platform/soft/SoftDevice.h"
 #include "support/AllocationCount.h"
@@ -23,6 +24,7 @@ using test::Blit;
 using test::Corner;
 using test::Corners;
 using test::CornersOf;
+using test::GoodParameters;
 
 constexpr std::uint32_t kWhite = 0xFFFFFFFF;
 constexpr std::uint32_t kColorMask = 0x00FFFFFF;
@@ -38,14 +40,6 @@ public:
     std::vector<std::vector<std::uint32_t>> shown;
     HRESULT answer = D3D_OK;
 };
-
-D3DPRESENT_PARAMETERS GoodParameters() {
-    D3DPRESENT_PARAMETERS parameters;
-    parameters.Windowed = 1;
-    parameters.SwapEffect = D3DSWAPEFFECT_COPY;
-    parameters.BackBufferFormat = D3DFMT_X8R8G8B8;
-    return parameters;
-}
 
 class SoftDeviceDrawing : public testing::Test {
 protected:

@@ -12,12 +12,12 @@
 
 #include "base/RunTimeError.h"
 #include "platform/soft/SoftDevice.h"
+#include "support/Raises.h"
 
 namespace scenara {
 namespace {
 
-using testing::Property;
-using testing::Throws;
+using test::Raises;
 using testing::ThrowsMessage;
 
 using Texture = std::shared_ptr<Direct3DTexture8>;
@@ -35,10 +35,6 @@ TextureParameters Wishing(std::int32_t width, std::int32_t height, std::int32_t 
     parameters.wantedPitch = pitch;
     parameters.wantedSlack = slack;
     return parameters;
-}
-
-auto RaisesOverflow() {
-    return Throws<RunTimeError>(Property(&RunTimeError::Kind, RunTimeErrorKind::Overflow));
 }
 
 TEST(TextureParameters, DefaultsAreThoseOfEverySprite) {
@@ -116,9 +112,11 @@ TEST(SoftDevice, RefusesOtherSizes) {
     constexpr std::int32_t kLeast = std::numeric_limits<std::int32_t>::min();
     constexpr std::int32_t kMost = std::numeric_limits<std::int32_t>::max();
     for (const std::int32_t side : {0, -1, 32768, 65536, kMost, kLeast}) {
-        EXPECT_THAT([&] { return device.CreateTexture(Sized(side, 1)); }, RaisesOverflow()) << side;
-        EXPECT_THAT([&] { return device.CreateTexture(Sized(1, side)); }, RaisesOverflow()) << side;
-        EXPECT_THAT([&] { return device.CreateTexture(Sized(side, side)); }, RaisesOverflow());
+        SCOPED_TRACE(side);
+        for (const auto& size : {Sized(side, 1), Sized(1, side), Sized(side, side)}) {
+            EXPECT_THAT([&] { return device.CreateTexture(size); },
+                        Raises(RunTimeErrorKind::Overflow));
+        }
     }
     EXPECT_THAT([&] { return device.CreateTexture(Sized(32768, 4)); },
                 ThrowsMessage<RunTimeError>("Overflow: a texture of 32768 x 4 pixels"));
@@ -132,9 +130,8 @@ TEST(SoftDevice, WishesBeyondTheMachineRaiseOutOfMemory) {
          {Wishing(5, 3, 0, kMost), Wishing(5, 3, 0, kMost - 14), Wishing(5, 3, 0, kMost - 15),
           Wishing(5, 3, 0, kMost / 4), Wishing(32767, 32767, kLongest, 0),
           Wishing(32767, 32767, kLongest, kMost)}) {
-        EXPECT_THAT(
-            [&] { return device.CreateTexture(parameters); },
-            Throws<RunTimeError>(Property(&RunTimeError::Kind, RunTimeErrorKind::OutOfMemory)))
+        EXPECT_THAT([&] { return device.CreateTexture(parameters); },
+                    Raises(RunTimeErrorKind::OutOfMemory))
             << parameters.wantedPitch << " x " << parameters.wantedSlack;
     }
     EXPECT_EQ(device.CreateTexture(Sized(2, 2))->LockRect().words.size(), 4U);

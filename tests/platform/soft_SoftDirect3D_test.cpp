@@ -10,12 +10,15 @@
 
 #include <gtest/gtest.h>
 
+#include "GoodParameters.h"
 #include "platform/soft/SoftDirect3D.h"
 #include "platform/soft/SoftFont.h"
 #include "support/NullDevice.h"
 
 namespace scenara {
 namespace {
+
+using test::GoodParameters;
 
 class SizeSink : public PictureSink {
 public:
@@ -25,14 +28,6 @@ public:
     }
     std::size_t shown = 0;
 };
-
-D3DPRESENT_PARAMETERS GoodParameters() {
-    D3DPRESENT_PARAMETERS parameters;
-    parameters.Windowed = 1;
-    parameters.SwapEffect = D3DSWAPEFFECT_COPY;
-    parameters.BackBufferFormat = D3DFMT_X8R8G8B8;
-    return parameters;
-}
 
 class SoftDirect3DTest : public testing::Test {
 protected:

@@ -236,17 +236,11 @@ std::vector<std::byte> Archive() {
     palette[2] = {48, 64, 80};
     const IndexedPicture first{4, 2, {1, 1, 2, 0, 2, 2, 0, 0}, palette};
     const IndexedPicture second{3, 1, {1, 1, 2}, palette};
-    Sff1Subfile a = Shown(1, 0, WritePcx(first));
-    a.axisX = 3;
-    a.axisY = -5;
-    Sff1Subfile b = Linked(1, 1, 0);
-    b.axisX = 7;
-    b.axisY = 9;
-    return WriteSff1({{a, b, Shown(2, 0, WritePcx(second))}});
+    return WriteSff1({{WithAxis(Shown(1, 0, WritePcx(first)), 3, -5),
+                       WithAxis(Linked(1, 1, 0), 7, 9), Shown(2, 0, WritePcx(second))}});
 }
 
-class ScaledArchive : public testing::Test {
-protected:
+struct ScaledArchive {
     void Load(double scale) {
         const std::vector<std::byte> archive = Archive();
         load.file = std::make_unique<MemoryFile>(std::span(archive));
@@ -261,136 +255,122 @@ protected:
         element.spriteImage = image;
         return load.model.Elements.emplace_back(element);
     }
-    // The second pixel of the first picture: one of four is visible, 48 64 80, and the others have
-    // the colour 255 0 255.
-    void ExpectKeyed() { EXPECT_EQ(load.Pixels(0).at(1), 0x40304050U); }
-    void ExpectOpaque() { EXPECT_EQ(load.Pixels(0).at(1), 0x40CB10D3U); }
-
     ArchiveLoad load;
 };
 
-TEST_F(ScaledArchive, HasEachPictureAtItsNewSize) {
-    Shows("normal", 1, 0).mask = 1;
-    Load(0.5);
-    ASSERT_EQ(load.model.SpriteCount, 3);
-    EXPECT_EQ(load.Sprite(0).width, 2);
-    EXPECT_EQ(load.Sprite(0).height, 1);
+TEST(ScaledArchives, HasEachPictureAtItsNewSize) {
+    ScaledArchive archive;
+    archive.Shows("normal", 1, 0).mask = 1;
+    archive.Load(0.5);
+    ASSERT_EQ(archive.load.model.SpriteCount, 3);
     // 16 32 48 twice and 48 64 80 twice; one visible of four.
-    EXPECT_THAT(load.Pixels(0), ElementsAre(0xFF203040U, 0x40304050U));
-    EXPECT_EQ(load.Sprite(2).width, 2);
-    EXPECT_EQ(load.Sprite(2).height, 1);
-    EXPECT_THAT(load.Pixels(2), ElementsAre(0xFF102030U, 0xFF304050U));
-    EXPECT_EQ(load.model.LastImageWidth, 2);
-    EXPECT_EQ(load.model.LastImageHeight, 1);
-    EXPECT_THAT(load.Texts(), IsEmpty());
+    EXPECT_THAT(archive.load.Pixels(0), ElementsAre(0xFF203040U, 0x40304050U));
+    EXPECT_THAT(archive.load.Pixels(2), ElementsAre(0xFF102030U, 0xFF304050U));
+    EXPECT_EQ(archive.load.model.LastImageWidth, 2);
+    EXPECT_EQ(archive.load.model.LastImageHeight, 1);
+    EXPECT_THAT(archive.load.Texts(), IsEmpty());
 }
 
-TEST_F(ScaledArchive, KeepsAxesNumbersAndKeyColoursAsTheyStandInTheFile) {
-    Load(0.5);
-    EXPECT_EQ(load.Sprite(0).axisX, 3);
-    EXPECT_EQ(load.Sprite(0).axisY, -5);
-    EXPECT_EQ(load.Sprite(0).group, 1);
-    EXPECT_EQ(load.Sprite(0).keyAlpha, 255);
-    EXPECT_EQ(load.Sprite(0).keyRed, 255);
-    EXPECT_EQ(load.Sprite(0).keyGreen, 0);
-    EXPECT_EQ(load.Sprite(0).keyBlue, 255);
-}
-
-TEST_F(ScaledArchive, LinkedOnesShareTheScaledPictureAndKeepTheirAxes) {
-    Load(0.5);
-    EXPECT_EQ(load.Sprite(1).texture, load.Sprite(0).texture);
-    EXPECT_EQ(load.Sprite(1).width, 2);
-    EXPECT_EQ(load.Sprite(1).linkedTo, 0);
-    EXPECT_EQ(load.Sprite(1).axisX, 7);
-    EXPECT_EQ(load.Sprite(1).axisY, 9);
+TEST(ScaledArchives, KeepsAxesNumbersAndKeyColoursAsTheyStandInTheFile) {
+    ScaledArchive archive;
+    archive.Load(0.5);
+    EXPECT_EQ(NumbersOf(archive.load.Sprite(0)),
+              "1,0 axis 3,-5 size 2,1 key 255,255,0,255 self,link 0,-1 masked,reserved 0,0");
+    EXPECT_EQ(NumbersOf(archive.load.Sprite(1)),
+              "1,1 axis 7,9 size 2,1 key 255,255,0,255 self,link 1,0 masked,reserved 0,0");
+    EXPECT_EQ(NumbersOf(archive.load.Sprite(2)),
+              "2,0 axis 0,0 size 2,1 key 255,255,0,255 self,link 2,-1 masked,reserved 0,0");
+    EXPECT_EQ(archive.load.Sprite(1).texture, archive.load.Sprite(0).texture)
+        << "they share what is scaled";
 }
 
 // The pictures as they stand in the file take no memory of the device.
-TEST_F(ScaledArchive, AsksTheDeviceForScaledPicturesOnly) {
-    Load(0.5);
-    ASSERT_THAT(load.device.Created(), SizeIs(2));
-    EXPECT_EQ(load.device.Created()[0].width, 2);
-    EXPECT_EQ(load.device.Created()[0].height, 1);
-    EXPECT_EQ(load.device.Created()[1].width, 2);
+TEST(ScaledArchives, AsksTheDeviceForScaledPicturesOnly) {
+    ScaledArchive archive;
+    archive.Load(0.5);
+    ASSERT_THAT(archive.load.device.Created(), SizeIs(2));
+    EXPECT_EQ(archive.load.device.Created()[0].width, 2);
+    EXPECT_EQ(archive.load.device.Created()[0].height, 1);
+    EXPECT_EQ(archive.load.device.Created()[1].width, 2);
 }
 
-TEST_F(ScaledArchive, NotesTheSizesInTheFile) {
-    Load(0.5);
-    EXPECT_EQ(load.Sprite(0).fileWidth, 4);
-    EXPECT_EQ(load.Sprite(0).fileHeight, 2);
-    EXPECT_EQ(load.Sprite(1).fileWidth, 4);
-    EXPECT_EQ(load.Sprite(2).fileWidth, 3);
-    EXPECT_EQ(load.Sprite(2).fileHeight, 1);
+TEST(ScaledArchives, NotesTheSizesInTheFile) {
+    ScaledArchive archive;
+    archive.Load(0.5);
+    EXPECT_EQ(archive.load.Sprite(0).fileWidth, 4);
+    EXPECT_EQ(archive.load.Sprite(0).fileHeight, 2);
+    EXPECT_EQ(archive.load.Sprite(1).fileWidth, 4);
+    EXPECT_EQ(archive.load.Sprite(2).fileWidth, 3);
+    EXPECT_EQ(archive.load.Sprite(2).fileHeight, 1);
 }
 
-TEST_F(ScaledArchive, APictureThatIsShownOpaqueHasTheMeanOfAllColours) {
-    Shows("normal", 1, 0);
-    Load(0.5);
-    ExpectOpaque();
-}
+struct ShownRow {
+    const char* name;
+    void (*change)(ScaledArchive& archive);
+    std::uint32_t pixel;
+};
 
-TEST_F(ScaledArchive, APictureThatIsShownBothWaysIsKeyed) {
-    Shows("normal", 1, 0);
-    Shows("parallax", 1, 0).mask = 1;
-    Load(0.5);
-    ExpectKeyed();
-}
-
-TEST_F(ScaledArchive, ABlendingKeysAsAMaskDoes) {
-    Shows("normal", 1, 0).blending.kind = BlendKind::Add;
-    Load(0.5);
-    ExpectKeyed();
-}
-
-TEST_F(ScaledArchive, AFrameOfAnActionKeys) {
-    StageFrame frame;
-    frame.group = 1;
-    load.model.Actions.emplace_back().frames.push_back(frame);
-    Shows("normal", 1, 0);
-    Load(0.5);
-    ExpectKeyed();
-}
-
-// It is drawn like "normal".
-TEST_F(ScaledArchive, AMaskOfAnElementOfNoKindCounts) {
-    Shows("", 1, 0).mask = 1;
-    Load(0.5);
-    ExpectKeyed();
-}
-
-TEST_F(ScaledArchive, APictureShownOnlyThroughALinkIsKeyed) {
-    Shows("normal", 1, 1).mask = 1;
-    Load(0.5);
-    ExpectKeyed();
-}
-
-TEST_F(ScaledArchive, AtScale1IsThePlainOne) {
-    Load(1);
-    ArchiveLoad plain;
-    plain.Run(Archive());
-    ASSERT_EQ(load.model.SpriteCount, plain.model.SpriteCount);
-    for (std::size_t i = 0; i < plain.model.Sprites.size(); ++i) {
-        EXPECT_EQ(load.Sprite(i).width, plain.Sprite(i).width);
-        EXPECT_EQ(load.Pixels(i), plain.Pixels(i));
+// The second pixel of the first picture: one of four is visible, 48 64 80, and the others have the
+// colour 255 0 255.
+TEST(ScaledArchives, OnlyAPictureThatIsAlwaysShownOpaqueHasTheMeanOfAllColours) {
+    constexpr std::uint32_t kAsKeyed = 0x40304050;
+    constexpr std::uint32_t kAsOpaque = 0x40CB10D3;
+    for (const ShownRow& row : {
+             ShownRow{"opaque", [](auto& archive) { archive.Shows("normal", 1, 0); }, kAsOpaque},
+             {"both ways",
+              [](auto& archive) {
+                  archive.Shows("normal", 1, 0);
+                  archive.Shows("parallax", 1, 0).mask = 1;
+              },
+              kAsKeyed},
+             {"blended, which keys as a mask does",
+              [](auto& archive) { archive.Shows("normal", 1, 0).blending.kind = BlendKind::Add; },
+              kAsKeyed},
+             {"in a frame of an action as well",
+              [](auto& archive) {
+                  StageFrame frame;
+                  frame.group = 1;
+                  archive.load.model.Actions.emplace_back().frames.push_back(frame);
+                  archive.Shows("normal", 1, 0);
+              },
+              kAsKeyed},
+             {"masked by an element of no kind, which is drawn like a normal one",
+              [](auto& archive) { archive.Shows("", 1, 0).mask = 1; }, kAsKeyed},
+             {"masked through a link only",
+              [](auto& archive) { archive.Shows("normal", 1, 1).mask = 1; }, kAsKeyed},
+         }) {
+        ScaledArchive archive;
+        row.change(archive);
+        archive.Load(0.5);
+        EXPECT_EQ(archive.load.Pixels(0).at(1), row.pixel) << row.name;
     }
 }
 
-TEST_F(ScaledArchive, APictureThatTheDeviceRefusesIsSaidAndTheLoadGoesOn) {
-    load.device.RefuseNext(RunTimeErrorKind::OutOfMemory);
-    Load(0.5);
-    EXPECT_THAT(load.Texts(),
-                testing::Contains(testing::StartsWith("PCX Error:  Group 1 Image 0\r\n")));
-    // The linked one has lost what it is linked to.
-    EXPECT_EQ(load.model.Sprites.back().group, 2);
-    EXPECT_THAT(load.Pixels(load.model.Sprites.size() - 1), ElementsAre(0xFF102030U, 0xFF304050U));
+TEST(ScaledArchives, AtScale1IsThePlainOne) {
+    ScaledArchive archive;
+    archive.Load(1);
+    ArchiveLoad plain;
+    plain.Run(Archive());
+    ASSERT_EQ(archive.load.model.SpriteCount, plain.model.SpriteCount);
+    for (std::size_t i = 0; i < plain.model.Sprites.size(); ++i) {
+        EXPECT_EQ(archive.load.Sprite(i).width, plain.Sprite(i).width);
+        EXPECT_EQ(archive.load.Pixels(i), plain.Pixels(i));
+    }
 }
 
-TEST_F(ScaledArchive, APictureThatTheHeapRefusesIsSaidAndTheLoadGoesOn) {
-    load.device.FailNextAllocation();
-    Load(0.5);
-    EXPECT_THAT(load.Texts(),
-                testing::Contains(testing::StartsWith("PCX Error:  Group 1 Image 0\r\n")));
-    EXPECT_EQ(load.model.Sprites.back().group, 2);
+TEST(ScaledArchives, APictureThatCannotBeHadIsSaidAndTheLoadGoesOn) {
+    for (const bool device : {true, false}) {
+        ScaledArchive archive;
+        RecordingDevice& refusing = archive.load.device;
+        device ? refusing.RefuseNext(RunTimeErrorKind::OutOfMemory) : refusing.FailNextAllocation();
+        archive.Load(0.5);
+        EXPECT_THAT(archive.load.Texts(),
+                    testing::Contains(testing::StartsWith("PCX Error:  Group 1 Image 0\r\n")));
+        // The linked one has lost what it is linked to.
+        EXPECT_EQ(archive.load.model.Sprites.back().group, 2);
+        EXPECT_THAT(archive.load.Pixels(archive.load.model.Sprites.size() - 1),
+                    ElementsAre(0xFF102030U, 0xFF304050U));
+    }
 }
 
 }  // namespace
