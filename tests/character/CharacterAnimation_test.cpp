@@ -72,53 +72,50 @@ TEST_F(CharacterAnimationTest, NumbersOfActionsAreNumbers) {
 struct WalkingRow {
     const char* name;
     const char* text;
-    std::vector<std::string> frames;
+    const char* frames;  // with blanks between
     Integer loopStart = 0;
 };
 
 // What does not depend on the additions, with both.
 TEST_F(CharacterAnimationTest, ReadsFramesOfWalking) {
     const WalkingRow rows[] = {
-        {"a header without its bracket", "[Begin Action 0020\n3,0,0,0,1\n", {"3,0,0,0,1"}},
+        {"a header without its bracket", "[Begin Action 0020\n3,0,0,0,1\n", "3,0,0,0,1"},
         {"other numbers",
          "[Begin Action 200]\n1,0,0,0,1\n[Begin Action -20]\n1,0,0,0,1\n"
          "[Begin Action 20.5]\n1,0,0,0,1\n",
-         {}},
-        {"headers in comments",
-         ";[Begin Action 20]\n1,0,0,0,1\nx ; [Begin Action 20]\n1,0,0,0,1\n",
-         {}},
+         ""},
+        {"headers in comments", ";[Begin Action 20]\n1,0,0,0,1\nx ; [Begin Action 20]\n1,0,0,0,1\n",
+         ""},
         {"a header in a comment ends nothing",
-         "[Begin Action 20]\n1,0,0,0,1\n; [Begin Action 0]\n2,0,0,0,1\n",
-         {"1,0,0,0,1", "2,0,0,0,1"}},
+         "[Begin Action 20]\n1,0,0,0,1\n; [Begin Action 0]\n2,0,0,0,1\n", "1,0,0,0,1 2,0,0,0,1"},
         {"missing numbers are zero",
          "[Begin Action 20]\n20\n20,1\n20,,3\n20,1,2,3,,H\n20,1,2,3,4,vh,A\n20,1,0,0,H\n",
-         {"20,0,0,0,0", "20,1,0,0,0", "20,0,3,0,0", "20,1,2,3,0H", "20,1,2,3,4H", "20,1,0,0,0"}},
+         "20,0,0,0,0 20,1,0,0,0 20,0,3,0,0 20,1,2,3,0H 20,1,2,3,4H 20,1,0,0,0"},
         {"the flip stands behind the time and before the comment",
          "[Begin Action 20]\n20,0,0,0,5,h\n20,0,0,0,5 ; H\n20,0,0,0,5,V\n20,0,0,0,5h\n",
-         {"20,0,0,0,5H", "20,0,0,0,5", "20,0,0,0,5", "20,0,0,0,5"}},
-        {"a negative time", "[Begin Action 20]\n20,0, -3,-4, -1\n", {"20,0,-3,-4,-1"}},
-        {"a loop in a comment",
-         "[Begin Action 20]\n0,0,0,0,1\nx ; loopstart\n0,1,0,0,1\n",
-         {"0,0,0,0,1", "0,1,0,0,1"}},
+         "20,0,0,0,5H 20,0,0,0,5 20,0,0,0,5 20,0,0,0,5"},
+        {"a negative time", "[Begin Action 20]\n20,0, -3,-4, -1\n", "20,0,-3,-4,-1"},
+        {"a loop in a comment", "[Begin Action 20]\n0,0,0,0,1\nx ; loopstart\n0,1,0,0,1\n",
+         "0,0,0,0,1 0,1,0,0,1"},
         {"a loop of an action that is not kept",
-         "[Begin Action 20]\n0,0,0,0,1\n[Begin Action 9]\nloopstart\n",
-         {"0,0,0,0,1"}},
+         "[Begin Action 20]\n0,0,0,0,1\n[Begin Action 9]\nloopstart\n", "0,0,0,0,1"},
         {"a loop names the frame behind it",
          "[Begin Action 20]\n0,0,0,0,1\n0,1,0,0,1\n0,2,0,0,1\nLoopStart\n0,3,0,0,1\n"
          "[Begin Action 0]\nloopstart\n0,0,0,0,1\n; loopstart\n",
-         {"0,0,0,0,1", "0,1,0,0,1", "0,2,0,0,1", "0,3,0,0,1"},
-         3},
-        {"LF", "[Begin Action 20]\n20,0,0,0,1\n\n20,1,0,0,2", {"20,0,0,0,1", "20,1,0,0,2"}},
-        {"CR", "[Begin Action 20]\r20,0,0,0,1\r\r20,1,0,0,2", {"20,0,0,0,1", "20,1,0,0,2"}},
-        {"CR LF",
-         "[Begin Action 20]\r\n20,0,0,0,1\r\n\r\n20,1,0,0,2",
-         {"20,0,0,0,1", "20,1,0,0,2"}},
+         "0,0,0,0,1 0,1,0,0,1 0,2,0,0,1 0,3,0,0,1", 3},
+        {"LF", "[Begin Action 20]\n20,0,0,0,1\n\n20,1,0,0,2", "20,0,0,0,1 20,1,0,0,2"},
+        {"CR", "[Begin Action 20]\r20,0,0,0,1\r\r20,1,0,0,2", "20,0,0,0,1 20,1,0,0,2"},
+        {"CR LF", "[Begin Action 20]\r\n20,0,0,0,1\r\n\r\n20,1,0,0,2", "20,0,0,0,1 20,1,0,0,2"},
     };
     for (const WalkingRow& row : rows) {
         for (const bool additions : {false, true}) {
             SCOPED_TRACE(std::string(row.name) + (additions ? "" : ", plain"));
             EXPECT_TRUE(Read(row.text, additions));
-            EXPECT_EQ(Frames(kWalking), row.frames);
+            std::string frames;
+            for (const std::string& frame : Frames(kWalking)) {
+                frames.append(frames.empty() ? "" : " ").append(frame);
+            }
+            EXPECT_EQ(frames, row.frames);
             EXPECT_EQ(Action(kWalking).LoopStart, row.loopStart);
             EXPECT_EQ(Action(kStanding).LoopStart, 0);
         }

@@ -9,6 +9,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -41,51 +42,40 @@ class PosixFilesWriting : public test::Disk {};
 class PosixFilesOddities : public test::Disk {};
 class PosixFilesDelete : public test::Disk {};
 
-TEST_F(PosixFilesReading, ReadsAtAnyPosition) {
+TEST_F(PosixFilesReading, ReadsAtAnyPositionAsMuchAsIsThere) {
     Put("a.bin", "0123456789");
+    Put("empty", "");
+    constexpr auto kMost = std::numeric_limits<std::uint64_t>::max();
+    struct Row {
+        std::uint64_t position;
+        std::size_t count;
+        const char* read;  // what is not read stays
+    };
     const auto file = files_.OpenForReading(At("a.bin"));
     EXPECT_EQ(file->Size(), 10U);
-
-    std::array<std::byte, 4> into{};
-    EXPECT_EQ(file->ReadAt(3, into), 4U);
-    EXPECT_EQ(Text(into), "3456");
-    EXPECT_EQ(file->ReadAt(0, into), 4U) << "backwards, too";
-    EXPECT_EQ(Text(into), "0123");
-    EXPECT_EQ(file->ReadAt(6, into), 4U);
-    EXPECT_EQ(Text(into), "6789");
-}
-
-TEST_F(PosixFilesReading, GivesFewerBytesWhereTheFileEndsAndNoneBehindIt) {
-    Put("a.bin", "0123456789");
-    const auto file = files_.OpenForReading(At("a.bin"));
-    std::array<std::byte, 4> into{};
-    into.fill(std::byte{'.'});
-    EXPECT_EQ(file->ReadAt(8, into), 2U);
-    EXPECT_EQ(Text(into), "89..") << "what is not read stays";
-    EXPECT_EQ(file->ReadAt(10, into), 0U);
-    EXPECT_EQ(file->ReadAt(11, into), 0U);
-    EXPECT_EQ(file->ReadAt(0, {}), 0U);
-}
-
-TEST_F(PosixFilesReading, PositionsBeyondEveryFileAreBehindItsEnd) {
-    Put("a.bin", "0123456789");
-    const auto file = files_.OpenForReading(At("a.bin"));
-    std::array<std::byte, 4> into{};
-    for (const std::uint64_t position :
-         {std::uint64_t{1} << 32U, std::uint64_t{1} << 62U, (std::uint64_t{1} << 63U) - 1,
-          std::uint64_t{1} << 63U, std::numeric_limits<std::uint64_t>::max() - 1,
-          std::numeric_limits<std::uint64_t>::max()}) {
-        EXPECT_EQ(file->ReadAt(position, into), 0U) << position;
+    for (const Row& row : {Row{3, 4, "3456"},
+                           {0, 4, "0123"},  // backwards, too
+                           {6, 4, "6789"},
+                           {8, 2, "89.."},
+                           {10, 0, "...."},
+                           {11, 0, "...."},
+                           {std::uint64_t{1} << 32U, 0, "...."},
+                           {std::uint64_t{1} << 62U, 0, "...."},
+                           {(std::uint64_t{1} << 63U) - 1, 0, "...."},
+                           {std::uint64_t{1} << 63U, 0, "...."},
+                           {kMost - 1, 0, "...."},
+                           {kMost, 0, "...."}}) {
+        std::array<std::byte, 4> into{};
+        into.fill(std::byte{'.'});
+        EXPECT_EQ(file->ReadAt(row.position, into), row.count) << row.position;
+        EXPECT_EQ(Text(into), row.read) << row.position;
     }
-}
+    EXPECT_EQ(file->ReadAt(0, {}), 0U);
 
-TEST_F(PosixFilesReading, AnEmptyFileIsAFile) {
-    Put("empty", "");
     EXPECT_TRUE(files_.FileExists(At("empty")));
-    const auto file = files_.OpenForReading(At("empty"));
-    EXPECT_EQ(file->Size(), 0U);
+    EXPECT_EQ(Read(At("empty")), "");
     std::array<std::byte, 1> into{};
-    EXPECT_EQ(file->ReadAt(0, into), 0U);
+    EXPECT_EQ(files_.OpenForReading(At("empty"))->ReadAt(0, into), 0U);
 }
 
 TEST_F(PosixFilesReading, FollowsALinkToAFile) {
@@ -355,21 +345,15 @@ TEST_F(PosixFilesOddities, NamesOfAnyLengthAreLookedUp) {
                 Raises(RunTimeErrorKind::FileNotFound));
 }
 
-TEST_F(PosixFilesDelete, RemovesAFile) {
+TEST_F(PosixFilesDelete, RemovesAFileOrALinkAndNotWhatItLeadsTo) {
     Put("a.def", "stage");
-    files_.Delete(At("a.def"));
-    EXPECT_FALSE(Has("a.def"));
-}
-
-TEST_F(PosixFilesDelete, RemovesALinkAndNotWhatItLeadsTo) {
     Put("real.def", "stage");
     PutLink("link.def", "real.def");
-    files_.Delete(At("link.def"));
-    EXPECT_FALSE(Has("link.def"));
+    for (const std::string name : {"a.def", "link.def"}) {
+        files_.Delete(At(name));
+        EXPECT_FALSE(Has(name));
+    }
     EXPECT_EQ(Get("real.def"), "stage");
-}
-
-TEST_F(PosixFilesDelete, AMissingFileIsNotFound) {
     EXPECT_THAT([&] { files_.Delete(At("none.def")); },
                 ThrowsMessage<RunTimeError>("File not found: " + At("none.def")));
 }
@@ -378,12 +362,12 @@ TEST_F(PosixFilesDelete, LeavesWhatIsNoFile) {
     PutFolder("folder.def");
     PutPipe("pipe.def");
     PutLink("dangling.def", "nowhere.def");
-    EXPECT_THAT([&] { files_.Delete(At("folder.def")); }, Raises(RunTimeErrorKind::PathFileAccess));
-    EXPECT_THAT([&] { files_.Delete(At("pipe.def")); }, Raises(RunTimeErrorKind::PathFileAccess));
-    EXPECT_THAT([&] { files_.Delete(At("dangling.def")); }, Raises(RunTimeErrorKind::FileNotFound));
-    EXPECT_TRUE(Has("folder.def"));
-    EXPECT_TRUE(Has("pipe.def"));
-    EXPECT_TRUE(Has("dangling.def"));
+    for (const auto& [name, kind] : {std::pair{"folder.def", RunTimeErrorKind::PathFileAccess},
+                                     {"pipe.def", RunTimeErrorKind::PathFileAccess},
+                                     {"dangling.def", RunTimeErrorKind::FileNotFound}}) {
+        EXPECT_THAT([&] { files_.Delete(At(name)); }, Raises(kind)) << name;
+        EXPECT_TRUE(Has(name));
+    }
 }
 
 }  // namespace

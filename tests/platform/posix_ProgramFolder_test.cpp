@@ -127,12 +127,7 @@ TEST(TemporaryFolder, IsNewEmptyAndOurOwn) {
     EXPECT_TRUE(fs::is_directory(folder.Path()));
     EXPECT_TRUE(fs::is_empty(folder.Path()));
     EXPECT_EQ(fs::status(folder.Path()).permissions(), fs::perms::owner_all);
-}
-
-TEST(TemporaryFolder, EveryOneIsAnother) {
-    const TemporaryFolder first;
-    const TemporaryFolder second;
-    EXPECT_NE(first.Path(), second.Path());
+    EXPECT_NE(TemporaryFolder().Path(), folder.Path());
 }
 
 TEST(TemporaryFolder, GoesWithAllThatIsInIt) {

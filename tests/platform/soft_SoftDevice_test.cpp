@@ -4,7 +4,6 @@
 #include <cstdint>
 #include <limits>
 #include <memory>
-#include <utility>
 #include <vector>
 
 #include <gmock/gmock.h>
@@ -48,15 +47,6 @@ TEST(TextureParameters, DefaultsAreThoseOfEverySprite) {
     EXPECT_EQ(parameters.colorKey, 0U);
 }
 
-TEST(SoftDevice, ATextureHasTheSizeItWasMadeWith) {
-    SoftDevice device;
-    const Texture texture = device.CreateTexture(Sized(5, 3));
-    EXPECT_EQ(texture->Width(), 5);
-    EXPECT_EQ(texture->Height(), 3);
-    EXPECT_EQ(texture->LockRect().pitch, 5);
-    EXPECT_EQ(texture->LockRect().words.size(), 15U);
-}
-
 TEST(SoftDevice, PixelsStayAsTheyWereWritten) {
     SoftDevice device;
     const Texture first = device.CreateTexture(Sized(7, 5));
@@ -77,33 +67,30 @@ TEST(SoftDevice, PixelsStayAsTheyWereWritten) {
     EXPECT_EQ(second->LockRect().words[0], 0x00112233U) << "alpha 0 keeps its colour";
 }
 
-TEST(SoftDevice, GivesThePitchAndTheSlackThatAreWishedFor) {
-    SoftDevice device;
-    const Texture texture = device.CreateTexture(Wishing(5, 3, 8, 62));
-    EXPECT_EQ(texture->Width(), 5);
-    EXPECT_EQ(texture->Height(), 3);
-    const LockedPixels pixels = texture->LockRect();
-    EXPECT_EQ(pixels.pitch, 8);
-    EXPECT_EQ(pixels.words.size(), 3U * 8U + 62U);
-    std::fill(pixels.words.begin(), pixels.words.end(), 1U);  // all of it may be written to
-}
+struct SizeRow {
+    TextureParameters asked;
+    std::int32_t pitch;
+    std::size_t words;
+};
 
-TEST(SoftDevice, APitchBelowTheWidthIsTheWidth) {
+TEST(SoftDevice, GivesEverySizeFrom1To32767WithThePitchAndTheSlackThatAreWishedFor) {
     SoftDevice device;
-    for (const std::int32_t pitch : {0, 1, 4, 5, -1, std::numeric_limits<std::int32_t>::min()}) {
-        const Texture texture = device.CreateTexture(Wishing(5, 3, pitch, 0));
-        EXPECT_EQ(texture->LockRect().pitch, 5) << pitch;
-        EXPECT_EQ(texture->LockRect().words.size(), 15U) << pitch;
-    }
-}
-
-TEST(SoftDevice, TakesEverySizeFrom1To32767) {
-    SoftDevice device;
-    for (const auto& [width, height] : {std::pair{1, 1}, {32767, 1}, {1, 32767}, {32767, 2}}) {
-        const Texture texture = device.CreateTexture(Sized(width, height));
-        const auto pixels = static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
-        ASSERT_EQ(texture->LockRect().words.size(), pixels);
-        texture->LockRect().words.back() = 1;
+    for (const auto& [asked, pitch, words] :
+         {SizeRow{Sized(5, 3), 5, 15}, SizeRow{Wishing(5, 3, 8, 62), 8, 3 * 8 + 62},
+          SizeRow{Sized(1, 1), 1, 1}, SizeRow{Sized(32767, 1), 32767, 32767},
+          SizeRow{Sized(1, 32767), 1, 32767}, SizeRow{Sized(32767, 2), 32767, 65534},
+          // A pitch below the width is the width.
+          SizeRow{Wishing(5, 3, 1, 0), 5, 15}, SizeRow{Wishing(5, 3, 4, 0), 5, 15},
+          SizeRow{Wishing(5, 3, 5, 0), 5, 15}, SizeRow{Wishing(5, 3, -1, 0), 5, 15},
+          SizeRow{Wishing(5, 3, std::numeric_limits<std::int32_t>::min(), 0), 5, 15}}) {
+        SCOPED_TRACE(asked.wantedPitch);
+        const Texture texture = device.CreateTexture(asked);
+        EXPECT_EQ(texture->Width(), asked.width);
+        EXPECT_EQ(texture->Height(), asked.height);
+        const LockedPixels pixels = texture->LockRect();
+        EXPECT_EQ(pixels.pitch, pitch);
+        ASSERT_EQ(pixels.words.size(), words);
+        std::ranges::fill(pixels.words, 1U);  // all of it may be written to
     }
 }
 
