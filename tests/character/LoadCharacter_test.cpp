@@ -112,6 +112,7 @@ TEST(LoadCharacter, SaysWhatIsMissingOrBroken) {
                     Each(AllOf(Field(&Message::title, "Cohortia"),
                                Field(&Message::icon, MessageIcon::Exclamation))));
         if (row.loads) {  // without its constants
+            EXPECT_EQ(machine.messages.Recorded().front().kind, kMessageCharacterPart);
             EXPECT_EQ(machine.character.XScale, 1.0F);
             EXPECT_EQ(machine.character.YScale, 1.0F);
             EXPECT_EQ(machine.character.WalkSpeed, 1.0F);

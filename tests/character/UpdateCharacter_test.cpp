@@ -82,6 +82,14 @@ protected:
         }
         return lines;
     }
+    // What the camera is to do in each of them.
+    std::vector<CameraFollow> Follows(const std::vector<KeySet>& frames) {
+        std::vector<CameraFollow> follows;
+        for (const KeySet& keys : frames) {
+            follows.push_back(Update(keys));
+        }
+        return follows;
+    }
     // Elements to stand on, and which of them is the ground.
     std::vector<BackgroundElement>& StandOn(Integer link, Single posY, std::size_t count = 1) {
         BackgroundElement element;
@@ -170,6 +178,11 @@ TEST_F(PlaceCharacterTest, WithoutFramesOfStandingTheClockIsAtZero) {
 TEST_F(UpdateCharacterTest, WalksRightWhileTheKeyIsHeld) {
     EXPECT_THAT(Does({kRight, {}, {}}),
                 ElementsAre("walking 92 right", "standing 92 right", "standing 92 right"));
+    state_.CharCount = 0;  // only so many are moved
+    EXPECT_EQ(Update(kRight), CameraFollow::Stand);
+    EXPECT_EQ(Now(), "standing 92 right");
+    state_.CharCount = 5;
+    EXPECT_THAT(Does({kRight}), ElementsAre("walking 94 right"));
 }
 
 TEST_F(UpdateCharacterTest, TurnsBeforeItWalksTheOtherWay) {
@@ -256,6 +269,9 @@ TEST_F(UpdateCharacterTest, EachFrameIsShownForItsTime) {
     EXPECT_THAT(Shown(10), ElementsAre(0, 0, 0, 0, 1, 1, 1, 1, 0, 0));
     EXPECT_THAT(Shown(8, kRight), ElementsAre(20, 21, 21, 22, 22, 22, 20, 21))
         << "one of time 1 for exactly one";
+    Place();
+    Slot(kStanding).frames[1].texture = -1;
+    EXPECT_THAT(Shown(9), ElementsAre(0, 0, 0, 0, -1, -1, -1, -1, 0)) << "one shows nothing";
 }
 
 TEST_F(UpdateCharacterTest, AnActionBeginsWithItsFirstFrame) {
@@ -298,11 +314,6 @@ TEST_F(UpdateCharacterTest, ATurnThatWouldHoldForEverEnds) {
     EXPECT_THAT(Shown(2, kLeft), ElementsAre(11, 20)) << "one of no time";
 }
 
-TEST_F(UpdateCharacterTest, BlankFramesShowNothingForTheirTime) {
-    Slot(kStanding).frames[1].texture = -1;
-    EXPECT_THAT(Shown(9), ElementsAre(0, 0, 0, 0, -1, -1, -1, -1, 0));
-}
-
 // --- where it is drawn ---
 
 TEST_F(UpdateCharacterTest, TheAxisLiesOnThePlaceWhicheverWayItFaces) {
@@ -325,19 +336,15 @@ TEST_F(UpdateCharacterTest, AFlippedFrameFacesTheOtherWay) {
     EXPECT_FALSE(state_.FrameFlipped) << "cleared when handed over";
 }
 
-TEST_F(UpdateCharacterTest, OffsetsAndScale) {
+TEST_F(UpdateCharacterTest, ScaleAndZoomAreOfPictureAndOffsetAndZoomOfTheStep) {
+    Slot(kStanding).frames[0].offsetX = 4;
+    Slot(kStanding).frames[0].offsetY = -10;
     Hero().XScale = 0.5F;
     Hero().YScale = 2;
-    Slot(kStanding).frames[0].offsetX = 4;
-    Slot(kStanding).frames[0].offsetY = -10;
     EXPECT_EQ(DrawnAt(), std::pair(88.0F, 100.0F));  // 90 - (8 - 4) / 2, 200 - (40 + 10) * 2
-}
-
-TEST_F(UpdateCharacterTest, ZoomScalesPictureOffsetAndStep) {
     EXPECT_EQ(state_.CharZoom, 1.0F) << "by placing";
+    Hero().XScale = Hero().YScale = 1;
     state_.CharZoom = 2;
-    Slot(kStanding).frames[0].offsetX = 4;
-    Slot(kStanding).frames[0].offsetY = -10;
     EXPECT_EQ(DrawnAt(), std::pair(82.0F, 100.0F));  // 90 - (8 - 4) * 2, 200 - (40 + 10) * 2
     EXPECT_THAT(Does({kRight}), ElementsAre("walking 94 right"));
     Place();
@@ -431,15 +438,16 @@ TEST_F(UpdateCharacterTest, BeyondABoundItMayWalkBack) {
 }
 
 TEST_F(UpdateCharacterTest, TheCameraGoesAlongFromTheMiddleOn) {
+    using enum CameraFollow;
     Hero().HasTurn = false;
     Hero().X = 158;
-    EXPECT_EQ(Update(kRight), CameraFollow::Stand);
-    EXPECT_EQ(Update(kRight), CameraFollow::Right) << "160 now";
-    EXPECT_EQ(Update(), CameraFollow::Stand);
+    EXPECT_THAT(Follows({kRight, kRight, {}}), ElementsAre(Stand, Right, Stand)) << "160, 162";
     Hero().X = 162;
-    EXPECT_EQ(Update(kLeft), CameraFollow::Stand);
-    EXPECT_EQ(Update(kLeft), CameraFollow::Left);
-    EXPECT_EQ(Update(kLeft), CameraFollow::Left);
+    EXPECT_THAT(Follows({kLeft, kLeft, kLeft}), ElementsAre(Stand, Left, Left));
+    Place();
+    camera_ = {-40, 0};  // 40 to the right: the middle is that of the view as it is drawn
+    Hero().X = 198;
+    EXPECT_THAT(Follows({kRight, kRight}), ElementsAre(Stand, Right));
 }
 
 // The camera is a sum of the same steps as the character's place, in the other direction.
@@ -455,6 +463,9 @@ TEST_F(UpdateCharacterTest, TheCameraGoesAlongInEachFrameOfAWideStage) {
 }
 
 TEST_F(UpdateCharacterTest, TheCameraStandsWhereTheCharacterCannotGo) {
+    EXPECT_EQ(Update(kLeft), CameraFollow::Stand);
+    EXPECT_TRUE(state_.Turning);
+    Place();
     Hero().HasTurn = false;
     Hero().WalkSpeed = 0;
     Hero().X = 170;
@@ -467,19 +478,6 @@ TEST_F(UpdateCharacterTest, TheCameraStandsWhereTheCharacterCannotGo) {
     EXPECT_EQ(Hero().X, 169.0F);
 }
 
-TEST_F(UpdateCharacterTest, TheMiddleIsThatOfTheViewAsItIsDrawn) {
-    camera_ = {-40, 0};  // 40 to the right
-    Hero().X = 198;
-    EXPECT_EQ(Update(kRight), CameraFollow::Stand);
-    EXPECT_EQ(Update(kRight), CameraFollow::Right);
-}
-
-TEST_F(UpdateCharacterTest, TheCameraStandsDuringATurn) {
-    Hero().X = 100;
-    EXPECT_EQ(Update(kLeft), CameraFollow::Stand);
-    EXPECT_TRUE(state_.Turning);
-}
-
 TEST_F(UpdateCharacterTest, OneThatWalksBackwardsStaysWithinTheBounds) {
     Hero().WalkSpeed = -2;
     Hero().X = 150;
@@ -487,14 +485,6 @@ TEST_F(UpdateCharacterTest, OneThatWalksBackwardsStaysWithinTheBounds) {
     EXPECT_EQ(Hero().X, 148.0F);
     static_cast<void>(Shown(500, kRight));
     EXPECT_EQ(Hero().X, -100.0F);
-}
-
-TEST_F(UpdateCharacterTest, OnlySoManyAreMoved) {
-    state_.CharCount = 0;
-    EXPECT_EQ(Update(kRight), CameraFollow::Stand);
-    EXPECT_EQ(Hero().X, 90.0F);
-    state_.CharCount = 5;
-    EXPECT_THAT(Does({kRight}), ElementsAre("walking 92 right"));
 }
 
 TEST_F(UpdateCharacterTest, AsksForNoMemory) {

@@ -35,6 +35,7 @@ TEST(ScaledSize, IsRoundedUpButExactWhereTheProductIsWhole) {
         EXPECT_EQ(ScaledSize(size, 240.0 / 720), size / 3);
     }
     EXPECT_EQ(ScaledSize(700, 240.0 / 280), 600);
+    EXPECT_EQ(ScaledSize(29, 240.0 / 116), 60) << "in doubles a hair more";
     EXPECT_EQ(ScaledSize(1, 0.5), 1) << "at least 1";
     EXPECT_EQ(ScaledSize(1, 1.0 / 32), 1);
     EXPECT_EQ(ScaledSize(32767, 8), 32767) << "at most what a picture may have";
@@ -296,6 +297,19 @@ TEST(ScaledArchives, OnlyAPictureThatIsAlwaysShownOpaqueHasTheMeanOfAllColours) 
     constexpr std::uint32_t kAsOpaque = 0x40CB10D3;
     for (const ShownRow& row : {
              ShownRow{"opaque", [](auto& archive) { archive.Shows("normal", 1, 0); }, kAsOpaque},
+             {"opaque by two",
+              [](auto& archive) {
+                  archive.Shows("normal", 1, 0);
+                  archive.Shows("normal", 1, 0);
+              },
+              kAsOpaque},
+             {"opaque by two and keyed",
+              [](auto& archive) {
+                  archive.Shows("normal", 1, 0);
+                  archive.Shows("normal", 1, 0);
+                  archive.Shows("normal", 1, 0).mask = 1;
+              },
+              kAsKeyed},
              {"both ways",
               [](auto& archive) {
                   archive.Shows("normal", 1, 0);
