@@ -40,49 +40,37 @@ Waiter Select(Long index) {
     return {[index](FormEvents& to) { to.lstStages_Click(index); }, Kind::Once};
 }
 
-struct WaitingRow {
-    const char* name;
-    std::vector<Waiter> added;
-    const char* told;
-};
+void ExpectTold(const char* name, const std::vector<Waiter>& added, const char* expected) {
+    WaitingEvents events;
+    EXPECT_TRUE(events.Empty());
+    for (const Waiter& waiter : added) {
+        events.Add(waiter.event, waiter.kind);
+    }
+    test::RecordedEvents told;
+    for (std::size_t left = events.Count(); left > 0; --left) {
+        events.TakeFirst()(told);
+    }
+    EXPECT_TRUE(events.Empty());
+    EXPECT_EQ(told.Text(), expected) << name;
+}
 
 TEST(Waiting, AreToldInTheirOrderAndTheLastMoveCounts) {
-    for (const WaitingRow& row : {
-             WaitingRow{"in their order",
-                        {Select(1), Down(2), Up(), Camera(3)},
-                        "list 1, down 2 0, up, camera 3"},
-             {"of the same kind all count",
-              {Select(1), Select(1), Select(2)},
-              "list 1, list 1, list 2"},
-             {"a move of the pointer takes the place of the one before",
-              {Down(1), Move(2), Move(3), Move(4)},
-              "down 1 0, move 4 0"},
-             {"a drag keeps its own last move",
-              {Down(1), Move(2), Up(), Move(3), Move(4), Down(5), Move(6)},
-              "down 1 0, move 2 0, up, move 4 0, down 5 0, move 6 0"},
-             {"a move of a bar takes the place of the one before",
-              {Camera(1), Sprite(2), Camera(3), Sprite(4)},
-              "camera 3, sprite 4"},
-             {"a bar is told once whatever came in between",
-              {Camera(1), Down(2), Select(3), Camera(4)},
-              "down 2 0, list 3, camera 4"},
-             {"a released thumb takes the place of the scrolling",
-              {Scroll(1), Scroll(2), Sprite(2)},
-              "sprite 2"},
-             {"and the scrolling that of an earlier one", {Sprite(3), Scroll(4)}, "scroll 4"},
-         }) {
-        WaitingEvents events;
-        EXPECT_TRUE(events.Empty());
-        for (const Waiter& waiter : row.added) {
-            events.Add(waiter.event, waiter.kind);
-        }
-        test::RecordedEvents told;
-        for (std::size_t left = events.Count(); left > 0; --left) {
-            events.TakeFirst()(told);
-        }
-        EXPECT_TRUE(events.Empty());
-        EXPECT_EQ(told.Text(), row.told) << row.name;
-    }
+    ExpectTold("in their order", {Select(1), Down(2), Up(), Camera(3)},
+               "list 1, down 2 0, up, camera 3");
+    ExpectTold("of the same kind all count", {Select(1), Select(1), Select(2)},
+               "list 1, list 1, list 2");
+    ExpectTold("a move of the pointer takes the place of the one before",
+               {Down(1), Move(2), Move(3), Move(4)}, "down 1 0, move 4 0");
+    ExpectTold("a drag keeps its own last move",
+               {Down(1), Move(2), Up(), Move(3), Move(4), Down(5), Move(6)},
+               "down 1 0, move 2 0, up, move 4 0, down 5 0, move 6 0");
+    ExpectTold("a move of a bar takes the place of the one before",
+               {Camera(1), Sprite(2), Camera(3), Sprite(4)}, "camera 3, sprite 4");
+    ExpectTold("a bar is told once whatever came in between",
+               {Camera(1), Down(2), Select(3), Camera(4)}, "down 2 0, list 3, camera 4");
+    ExpectTold("a released thumb takes the place of the scrolling",
+               {Scroll(1), Scroll(2), Sprite(2)}, "sprite 2");
+    ExpectTold("and the scrolling that of an earlier one", {Sprite(3), Scroll(4)}, "scroll 4");
 }
 
 TEST(Waiting, WhatLeavesTheStageIsKnownUntilItIsTold) {

@@ -63,73 +63,53 @@ Words HeaderColors(const std::vector<unsigned>& indices, bool keyed) {
     return words;
 }
 
-struct HandRow {
-    const char* name;
-    std::vector<std::byte> pcx;
-    std::vector<unsigned> indices;  // into the header's colours
-    bool keyed;
-};
-
-TEST(HandMadePcx, OfFewColorsHasThoseOfItsHeader) {
-    for (const HandRow& row : {
-             // 10 pixels: 1010011001 and 0111111110; what lies behind in the bytes is padding.
-             HandRow{"1 bit",
-                     HandMade(0, 1, 1, 10, 2, 2, Bytes({0xA6, 0x7F, 0x7F, 0xBF})),
-                     {1, 0, 1, 0, 0, 1, 1, 0, 0, 1, 0, 1, 1, 1, 1, 1, 1, 1, 1, 0},
-                     true},
-             {"2 bits",
-              HandMade(0, 2, 1, 5, 2, 2, Bytes({0x1B, 0xBF, 0xE4, 0x7F})),
-              {0, 1, 2, 3, 2, 3, 2, 1, 0, 1},
-              true},
-             {"4 bits",
-              HandMade(1, 4, 1, 3, 2, 2, Bytes({0x0F, 0x5A, 0xC1, 0xE1, 0x7B})),
-              {0, 15, 5, 14, 1, 7},
-              true},
-             // The first plane holds the lowest bit: 1100, 1010 -> 3 1 2 0.
-             {"2 planes", HandMade(0, 1, 2, 4, 1, 1, Bytes({0xCF, 0xAF})), {3, 1, 2, 0}, false},
-             {"3 planes",
-              HandMade(0, 1, 3, 8, 1, 1, Bytes({0x55, 0x33, 0x0F})),
-              {0, 1, 2, 3, 4, 5, 6, 7},
-              false},
-             {"4 planes",
-              HandMade(0, 1, 4, 16, 1, 2, Bytes({0x55, 0x55, 0x33, 0x33, 0x0F, 0x0F, 0x00, 0xFF})),
-              {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15},
-              false},
-         }) {
-        SCOPED_TRACE(row.name);
-        PcxDecoding decoding;
-        decoding.SetPalette(PaletteOf(200));  // not for these
-        ASSERT_TRUE(decoding.Load(row.pcx));
-        EXPECT_EQ(decoding.Pixels(), HeaderColors(row.indices, row.keyed));
-        EXPECT_EQ(decoding.picture.consumed, row.pcx.size() - kPcxHeaderSize);
-    }
+void ExpectHandMade(const char* name, const std::vector<std::byte>& pcx, const Words& pixels) {
+    SCOPED_TRACE(name);
+    PcxDecoding decoding;
+    decoding.SetPalette(PaletteOf(200));  // not for these
+    ASSERT_TRUE(decoding.Load(pcx));
+    EXPECT_EQ(decoding.Pixels(), pixels);
+    EXPECT_EQ(decoding.picture.consumed, pcx.size() - kPcxHeaderSize);
 }
 
-struct TrueColorRow {
-    const char* name;
-    std::vector<std::byte> pcx;
-    Words pixels;
-};
+TEST(HandMadePcx, OfFewColorsHasThoseOfItsHeader) {
+    const auto keyed = [](const std::vector<unsigned>& indices) {
+        return HeaderColors(indices, true);
+    };
+    const auto opaque = [](const std::vector<unsigned>& indices) {
+        return HeaderColors(indices, false);
+    };
+    // 10 pixels: 1010011001 and 0111111110; what lies behind in the bytes is padding.
+    ExpectHandMade("1 bit", HandMade(0, 1, 1, 10, 2, 2, Bytes({0xA6, 0x7F, 0x7F, 0xBF})),
+                   keyed({1, 0, 1, 0, 0, 1, 1, 0, 0, 1, 0, 1, 1, 1, 1, 1, 1, 1, 1, 0}));
+    ExpectHandMade("2 bits", HandMade(0, 2, 1, 5, 2, 2, Bytes({0x1B, 0xBF, 0xE4, 0x7F})),
+                   keyed({0, 1, 2, 3, 2, 3, 2, 1, 0, 1}));
+    ExpectHandMade("4 bits", HandMade(1, 4, 1, 3, 2, 2, Bytes({0x0F, 0x5A, 0xC1, 0xE1, 0x7B})),
+                   keyed({0, 15, 5, 14, 1, 7}));
+    // The first plane holds the lowest bit: 1100, 1010 -> 3 1 2 0.
+    ExpectHandMade("2 planes", HandMade(0, 1, 2, 4, 1, 1, Bytes({0xCF, 0xAF})),
+                   opaque({3, 1, 2, 0}));
+    ExpectHandMade("3 planes", HandMade(0, 1, 3, 8, 1, 1, Bytes({0x55, 0x33, 0x0F})),
+                   opaque({0, 1, 2, 3, 4, 5, 6, 7}));
+    ExpectHandMade(
+        "4 planes",
+        HandMade(0, 1, 4, 16, 1, 2, Bytes({0x55, 0x55, 0x33, 0x33, 0x0F, 0x0F, 0x00, 0xFF})),
+        opaque({0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15}));
+}
 
 TEST(HandMadePcx, PlanesOf8BitsAreRedGreenBlueLineByLine) {
-    for (const TrueColorRow& row : {
-             TrueColorRow{"with padding",
-                          HandMade(0, 8, 3, 2, 2, 3,
-                                   Bytes({1, 2, 99, 3, 4, 99, 5, 6, 99,  //
-                                          7, 8, 99, 9, 10, 99, 11, 12, 99})),
-                          {0xFF010305, 0xFF020406, 0xFF07090B, 0xFF080A0C}},
-             {"a fourth plane is not shown",
-              HandMade(0, 8, 4, 1, 2, 1, Bytes({1, 2, 3, 0, 4, 5, 6, 7})),
-              {0xFF010203, 0xFF040506}},
-             // 12 bytes: line 0 red 1 1, green 1 1, blue 1 2; line 1 all 2.
-             {"a run goes over lines and planes",
-              HandMade(1, 8, 3, 2, 2, 2, Bytes({0xC5, 1, 0xC7, 2})),
-              {0xFF010101, 0xFF010102, 0xFF020202, 0xFF020202}},
-         }) {
-        PcxDecoding decoding;
-        ASSERT_TRUE(decoding.Load(row.pcx)) << row.name;
-        EXPECT_EQ(decoding.Pixels(), row.pixels) << row.name;
-    }
+    ExpectHandMade("with padding",
+                   HandMade(0, 8, 3, 2, 2, 3,
+                            Bytes({1, 2, 99, 3, 4, 99, 5, 6, 99,  //
+                                   7, 8, 99, 9, 10, 99, 11, 12, 99})),
+                   {0xFF010305, 0xFF020406, 0xFF07090B, 0xFF080A0C});
+    ExpectHandMade("a fourth plane is not shown",
+                   HandMade(0, 8, 4, 1, 2, 1, Bytes({1, 2, 3, 0, 4, 5, 6, 7})),
+                   {0xFF010203, 0xFF040506});
+    // 12 bytes: line 0 red 1 1, green 1 1, blue 1 2; line 1 all 2.
+    ExpectHandMade("a run goes over lines and planes",
+                   HandMade(1, 8, 3, 2, 2, 2, Bytes({0xC5, 1, 0xC7, 2})),
+                   {0xFF010101, 0xFF010102, 0xFF020202, 0xFF020202});
 }
 
 TEST(HandMadePcx, RunsOfNothingAreNothingIn256ColorsToo) {

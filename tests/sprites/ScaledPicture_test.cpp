@@ -284,59 +284,62 @@ TEST(ScaledArchives, KeepsAxesNumbersAndKeyColoursAsTheyStandInTheFile) {
         << "they share what is scaled";
 }
 
-struct ShownRow {
-    const char* name;
-    void (*change)(ScaledArchive& archive);
-    std::uint32_t pixel;
-};
-
 // The second pixel of the first picture: one of four is visible, 48 64 80, and the others have the
 // colour 255 0 255.
 TEST(ScaledArchives, OnlyAPictureThatIsAlwaysShownOpaqueHasTheMeanOfAllColours) {
     constexpr std::uint32_t kAsKeyed = 0x40304050;
     constexpr std::uint32_t kAsOpaque = 0x40CB10D3;
-    for (const ShownRow& row : {
-             ShownRow{"opaque", [](auto& archive) { archive.Shows("normal", 1, 0); }, kAsOpaque},
-             {"opaque by two",
-              [](auto& archive) {
-                  archive.Shows("normal", 1, 0);
-                  archive.Shows("normal", 1, 0);
-              },
-              kAsOpaque},
-             {"opaque by two and keyed",
-              [](auto& archive) {
-                  archive.Shows("normal", 1, 0);
-                  archive.Shows("normal", 1, 0);
-                  archive.Shows("normal", 1, 0).mask = 1;
-              },
-              kAsKeyed},
-             {"both ways",
-              [](auto& archive) {
-                  archive.Shows("normal", 1, 0);
-                  archive.Shows("parallax", 1, 0).mask = 1;
-              },
-              kAsKeyed},
-             {"blended, which keys as a mask does",
-              [](auto& archive) { archive.Shows("normal", 1, 0).blending.kind = BlendKind::Add; },
-              kAsKeyed},
-             {"in a frame of an action as well",
-              [](auto& archive) {
-                  StageFrame frame;
-                  frame.group = 1;
-                  archive.load.model.Actions.emplace_back().frames.push_back(frame);
-                  archive.Shows("normal", 1, 0);
-              },
-              kAsKeyed},
-             {"masked by an element of no kind, which is drawn like a normal one",
-              [](auto& archive) { archive.Shows("", 1, 0).mask = 1; }, kAsKeyed},
-             {"masked through a link only",
-              [](auto& archive) { archive.Shows("normal", 1, 1).mask = 1; }, kAsKeyed},
-         }) {
+    const auto expect = [](const char* name, void (*change)(ScaledArchive&), std::uint32_t pixel) {
         ScaledArchive archive;
-        row.change(archive);
+        change(archive);
         archive.Load(0.5);
-        EXPECT_EQ(archive.load.Pixels(0).at(1), row.pixel) << row.name;
-    }
+        EXPECT_EQ(archive.load.Pixels(0).at(1), pixel) << name;
+    };
+    expect(
+        "opaque", [](ScaledArchive& archive) { archive.Shows("normal", 1, 0); }, kAsOpaque);
+    expect(
+        "opaque by two",
+        [](ScaledArchive& archive) {
+            archive.Shows("normal", 1, 0);
+            archive.Shows("normal", 1, 0);
+        },
+        kAsOpaque);
+    expect(
+        "opaque by two and keyed",
+        [](ScaledArchive& archive) {
+            archive.Shows("normal", 1, 0);
+            archive.Shows("normal", 1, 0);
+            archive.Shows("normal", 1, 0).mask = 1;
+        },
+        kAsKeyed);
+    expect(
+        "both ways",
+        [](ScaledArchive& archive) {
+            archive.Shows("normal", 1, 0);
+            archive.Shows("parallax", 1, 0).mask = 1;
+        },
+        kAsKeyed);
+    expect(
+        "blended, which keys as a mask does",
+        [](ScaledArchive& archive) {
+            archive.Shows("normal", 1, 0).blending.kind = BlendKind::Add;
+        },
+        kAsKeyed);
+    expect(
+        "in a frame of an action as well",
+        [](ScaledArchive& archive) {
+            StageFrame frame;
+            frame.group = 1;
+            archive.load.model.Actions.emplace_back().frames.push_back(frame);
+            archive.Shows("normal", 1, 0);
+        },
+        kAsKeyed);
+    expect(
+        "masked by an element of no kind, which is drawn like a normal one",
+        [](ScaledArchive& archive) { archive.Shows("", 1, 0).mask = 1; }, kAsKeyed);
+    expect(
+        "masked through a link only",
+        [](ScaledArchive& archive) { archive.Shows("normal", 1, 1).mask = 1; }, kAsKeyed);
 }
 
 TEST(ScaledArchives, AtScale1IsThePlainOne) {
