@@ -17,8 +17,6 @@
 #include <utility>
 #include <vector>
 
-#include <gtest/gtest.h>
-
 #include "base/RunTimeError.h"
 #include "platform/Direct3D8.h"
 #include "support/NullDevice.h"
@@ -105,20 +103,6 @@ private:
     std::vector<TextureParameters> created_;
     std::shared_ptr<LockCounts> counts_ = std::make_shared<LockCounts>();
 };
-
-// What every sprite's texture is made with.
-inline void ExpectSpriteTexture(const TextureParameters& made, std::int32_t width,
-                                std::int32_t height, std::uint32_t colorKey) {
-    EXPECT_EQ(made.width, width);
-    EXPECT_EQ(made.height, height);
-    EXPECT_EQ(made.colorKey, colorKey);
-    EXPECT_EQ(made.mipLevels, 0xFFFFFFFFU);  // D3DX_DEFAULT: the full chain
-    EXPECT_EQ(made.usage, 0U);
-    EXPECT_EQ(made.format, 0U);     // D3DFMT_UNKNOWN: the picture's own
-    EXPECT_EQ(made.pool, 1U);       // D3DPOOL_MANAGED
-    EXPECT_EQ(made.filter, 2U);     // D3DX_FILTER_POINT
-    EXPECT_EQ(made.mipFilter, 2U);  // D3DX_FILTER_POINT
-}
 
 // The pixels of a texture, line by line, without what lies behind the lines.
 inline std::vector<std::uint32_t> PixelsOf(Direct3DTexture8& texture) {
