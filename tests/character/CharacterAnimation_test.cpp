@@ -9,6 +9,7 @@
 
 #include "platform/headless/HeadlessMessages.h"
 #include "support/MemoryFiles.h"
+#include "support/MessageTexts.h"
 
 namespace scenara {
 namespace {
@@ -23,10 +24,7 @@ protected:
         test::MemoryFile file(text);
         const bool read =
             ReadCharacterAnimation(file, actions_, messages_, ViewOptions{additions}) == 0;
-        said_.clear();
-        for (const Message& message : messages_.Recorded()) {
-            said_.push_back(message.text);
-        }
+        said_ = test::TextsOf(messages_);
         return read;
     }
     // "group,image,x,y,time" and H for each frame of a slot.
@@ -69,55 +67,64 @@ TEST_F(CharacterAnimationTest, NumbersOfActionsAreNumbers) {
     EXPECT_THAT(Frames(kStanding), ElementsAre("1,0,0,0,1"));
     EXPECT_THAT(Frames(kTurning), ElementsAre("2,0,0,0,1"));
     EXPECT_THAT(Frames(kWalking), ElementsAre("3,0,0,0,1"));
-    EXPECT_TRUE(Read("[Begin Action 0020\n3,0,0,0,1\n")) << "without its bracket";
-    EXPECT_THAT(Frames(kWalking), ElementsAre("3,0,0,0,1"));
-    EXPECT_TRUE(
-        Read("[Begin Action 200]\n1,0,0,0,1\n[Begin Action -20]\n1,0,0,0,1\n"
-             "[Begin Action 20.5]\n1,0,0,0,1\n"));
-    EXPECT_THAT(Frames(kWalking), IsEmpty());
 }
 
-TEST_F(CharacterAnimationTest, AHeaderInACommentStartsNothing) {
-    EXPECT_TRUE(Read(";[Begin Action 20]\n1,0,0,0,1\nx ; [Begin Action 20]\n1,0,0,0,1\n"));
-    EXPECT_THAT(Frames(kWalking), IsEmpty());
-    EXPECT_TRUE(Read("[Begin Action 20]\n1,0,0,0,1\n; [Begin Action 0]\n2,0,0,0,1\n"));
-    EXPECT_THAT(Frames(kWalking), ElementsAre("1,0,0,0,1", "2,0,0,0,1"));
+struct WalkingRow {
+    const char* name;
+    const char* text;
+    const char* frames;  // with blanks between
+    Integer loopStart = 0;
+};
+
+// What does not depend on the additions, with both.
+TEST_F(CharacterAnimationTest, ReadsFramesOfWalking) {
+    const WalkingRow rows[] = {
+        {"a header without its bracket", "[Begin Action 0020\n3,0,0,0,1\n", "3,0,0,0,1"},
+        {"other numbers",
+         "[Begin Action 200]\n1,0,0,0,1\n[Begin Action -20]\n1,0,0,0,1\n"
+         "[Begin Action 20.5]\n1,0,0,0,1\n",
+         ""},
+        {"headers in comments", ";[Begin Action 20]\n1,0,0,0,1\nx ; [Begin Action 20]\n1,0,0,0,1\n",
+         ""},
+        {"a header in a comment ends nothing",
+         "[Begin Action 20]\n1,0,0,0,1\n; [Begin Action 0]\n2,0,0,0,1\n", "1,0,0,0,1 2,0,0,0,1"},
+        {"missing numbers are zero",
+         "[Begin Action 20]\n20\n20,1\n20,,3\n20,1,2,3,,H\n20,1,2,3,4,vh,A\n20,1,0,0,H\n",
+         "20,0,0,0,0 20,1,0,0,0 20,0,3,0,0 20,1,2,3,0H 20,1,2,3,4H 20,1,0,0,0"},
+        {"the flip stands behind the time and before the comment",
+         "[Begin Action 20]\n20,0,0,0,5,h\n20,0,0,0,5 ; H\n20,0,0,0,5,V\n20,0,0,0,5h\n",
+         "20,0,0,0,5H 20,0,0,0,5 20,0,0,0,5 20,0,0,0,5"},
+        {"a negative time", "[Begin Action 20]\n20,0, -3,-4, -1\n", "20,0,-3,-4,-1"},
+        {"a loop in a comment", "[Begin Action 20]\n0,0,0,0,1\nx ; loopstart\n0,1,0,0,1\n",
+         "0,0,0,0,1 0,1,0,0,1"},
+        {"a loop of an action that is not kept",
+         "[Begin Action 20]\n0,0,0,0,1\n[Begin Action 9]\nloopstart\n", "0,0,0,0,1"},
+        {"a loop names the frame behind it",
+         "[Begin Action 20]\n0,0,0,0,1\n0,1,0,0,1\n0,2,0,0,1\nLoopStart\n0,3,0,0,1\n"
+         "[Begin Action 0]\nloopstart\n0,0,0,0,1\n; loopstart\n",
+         "0,0,0,0,1 0,1,0,0,1 0,2,0,0,1 0,3,0,0,1", 3},
+        {"LF", "[Begin Action 20]\n20,0,0,0,1\n\n20,1,0,0,2", "20,0,0,0,1 20,1,0,0,2"},
+        {"CR", "[Begin Action 20]\r20,0,0,0,1\r\r20,1,0,0,2", "20,0,0,0,1 20,1,0,0,2"},
+        {"CR LF", "[Begin Action 20]\r\n20,0,0,0,1\r\n\r\n20,1,0,0,2", "20,0,0,0,1 20,1,0,0,2"},
+    };
+    for (const WalkingRow& row : rows) {
+        for (const bool additions : {false, true}) {
+            SCOPED_TRACE(std::string(row.name) + (additions ? "" : ", plain"));
+            EXPECT_TRUE(Read(row.text, additions));
+            std::string frames;
+            for (const std::string& frame : Frames(kWalking)) {
+                frames.append(frames.empty() ? "" : " ").append(frame);
+            }
+            EXPECT_EQ(frames, row.frames);
+            EXPECT_EQ(Action(kWalking).LoopStart, row.loopStart);
+            EXPECT_EQ(Action(kStanding).LoopStart, 0);
+        }
+    }
 }
 
 TEST_F(CharacterAnimationTest, LinesBeforeAnyActionSayNothing) {
     EXPECT_TRUE(Read("0,0,0,0,1\nLoopstart\n-1,0,0,0,1\n", false));
     EXPECT_THAT(Frames(kStanding), IsEmpty());
-}
-
-TEST_F(CharacterAnimationTest, MissingNumbersAreZero) {
-    EXPECT_TRUE(
-        Read("[Begin Action 20]\n20\n20,1\n20,,3\n20,1,2,3,,H\n20,1,2,3,4,vh,A\n20,1,0,0,H\n"));
-    EXPECT_THAT(Frames(kWalking), ElementsAre("20,0,0,0,0", "20,1,0,0,0", "20,0,3,0,0",
-                                              "20,1,2,3,0H", "20,1,2,3,4H", "20,1,0,0,0"));
-}
-
-TEST_F(CharacterAnimationTest, TheFlipStandsBehindTheTimeAndBeforeTheComment) {
-    EXPECT_TRUE(
-        Read("[Begin Action 20]\n20,0,0,0,5,h\n20,0,0,0,5 ; H\n20,0,0,0,5,V\n20,0,0,0,5h\n"));
-    EXPECT_THAT(Frames(kWalking),
-                ElementsAre("20,0,0,0,5H", "20,0,0,0,5", "20,0,0,0,5", "20,0,0,0,5"));
-}
-
-TEST_F(CharacterAnimationTest, TimesMayBeNegative) {
-    EXPECT_TRUE(Read("[Begin Action 20]\n20,0, -3,-4, -1\n"));
-    EXPECT_THAT(Frames(kWalking), ElementsAre("20,0,-3,-4,-1"));
-}
-
-TEST_F(CharacterAnimationTest, LoopstartNamesTheFrameBehindIt) {
-    EXPECT_TRUE(
-        Read("[Begin Action 20]\n0,0,0,0,1\n0,1,0,0,1\n0,2,0,0,1\nLoopStart\n0,3,0,0,1\n"
-             "[Begin Action 0]\nloopstart\n0,0,0,0,1\n; loopstart\n"));
-    EXPECT_EQ(Action(kWalking).LoopStart, 3);
-    EXPECT_EQ(Action(kStanding).LoopStart, 0);
-    EXPECT_TRUE(Read("[Begin Action 20]\n0,0,0,0,1\nx ; loopstart\n0,1,0,0,1\n"));
-    EXPECT_EQ(Action(kWalking).LoopStart, 0);
-    EXPECT_TRUE(Read("[Begin Action 20]\n0,0,0,0,1\n[Begin Action 9]\nloopstart\n"));
-    EXPECT_EQ(Action(kWalking).LoopStart, 0) << "of an action that is not kept";
 }
 
 TEST_F(CharacterAnimationTest, PlainANegativeGroupMakesItUnusable) {
@@ -182,13 +189,6 @@ TEST_F(CharacterAnimationTest, MoreFramesThanAnIndexReachesAreSaidOnceAndLeftOut
     EXPECT_EQ(Action(kWalking).frames.size(), 32767U);
     EXPECT_EQ(Action(kWalking).LoopStart, 32767);
     EXPECT_THAT(said_, ElementsAre("Overflow: frames of an action, line 32769"));
-}
-
-TEST_F(CharacterAnimationTest, TakesEveryLineEnd) {
-    for (const std::string end : {"\n", "\r", "\r\n"}) {
-        EXPECT_TRUE(Read("[Begin Action 20]" + end + "20,0,0,0,1" + end + end + "20,1,0,0,2"));
-        EXPECT_THAT(Frames(kWalking), ElementsAre("20,0,0,0,1", "20,1,0,0,2"));
-    }
 }
 
 }  // namespace

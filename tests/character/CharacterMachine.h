@@ -29,12 +29,11 @@ inline std::vector<Sff1Subfile> HeroSubfiles() {
     const std::pair<int, int> numbers[] = {{0, 0}, {0, 1}, {5, 0}, {20, 0}, {20, 1}, {9, 9}};
     int seed = 0;
     for (const auto& [group, image] : numbers) {
-        Sff1Subfile subfile = Shown(
-            static_cast<std::int16_t>(group), static_cast<std::int16_t>(image),
-            WritePcx(StripedPicture(4 + seed, 6, PaletteOf(static_cast<std::uint8_t>(seed + 1)))));
-        subfile.axisX = static_cast<std::int16_t>(1 + 2 * seed);
-        subfile.axisY = static_cast<std::int16_t>(2 + 2 * seed);
-        subfiles.push_back(std::move(subfile));
+        const auto picture =
+            StripedPicture(4 + seed, 6, PaletteOf(static_cast<std::uint8_t>(seed + 1)));
+        subfiles.push_back(WithAxis(Shown(static_cast<std::int16_t>(group),
+                                          static_cast<std::int16_t>(image), WritePcx(picture)),
+                                    1 + 2 * seed, 2 + 2 * seed));
         ++seed;
     }
     return subfiles;
@@ -67,13 +66,7 @@ struct CharacterMachine {
                                [this] { ++turns; }, [this] { return turns >= endAtTurn; }}});
     }
 
-    [[nodiscard]] std::vector<std::string> Texts() const {
-        std::vector<std::string> texts;
-        for (const Message& message : messages.Recorded()) {
-            texts.push_back(message.text);
-        }
-        return texts;
-    }
+    [[nodiscard]] std::vector<std::string> Texts() const { return TextsOf(messages); }
     // The pixels that a frame shows.
     [[nodiscard]] Words Pixels(Integer slot, std::size_t frame) const {
         const Integer texture = character.ActionIn(slot).frames.at(frame).texture;

@@ -65,6 +65,24 @@ std::vector<CharSprite> SpritesOf(CharacterMachine& machine, MemoryFile& archive
     return SpritesOf(machine, archive, machine.device);
 }
 
+// How much was asked of a file.
+std::uint64_t BytesWanted(const MemoryFile& file) {
+    std::uint64_t wanted = 0;
+    for (const MemoryFile::Read& read : file.Reads()) {
+        wanted += read.wanted;
+    }
+    return wanted;
+}
+
+// Frames of walking that show the images 0 to `count` - 1 of a group.
+std::string WalkThrough(int group, std::size_t count) {
+    std::string animation = "[Begin Action 20]\n";
+    for (std::size_t i = 0; i < count; ++i) {
+        animation += std::to_string(group) + "," + std::to_string(i) + ",0,0,1\n";
+    }
+    return animation;
+}
+
 TEST(CharacterSprites, OnlyPicturesOfKeptFramesAreDecoded) {
     CharacterMachine machine;
     EXPECT_TRUE(machine.Load());
@@ -91,21 +109,33 @@ TEST(CharacterSprites, FramesKnowTheirPictureAndItsAxis) {
     EXPECT_EQ(sprite.texture->Width(), 8);
 }
 
-// The palettes of an archive that has been changed, and in which of them a frame is shown: the seed
-// of PaletteOf, 0 for black.
-struct ColourRow {
-    const char* name;
-    bool additions;
-    std::function<void(std::vector<Sff1Subfile>&)> change;
-    struct Shown {
-        Integer slot;
-        std::size_t frame;
-        IndexedPicture picture;
-        std::uint8_t palette;
-    };
-    std::vector<Shown> shown;
-    std::vector<std::string> said;
+using Change = std::function<void(std::vector<Sff1Subfile>&)>;
+
+// A picture, and the seed of the palette (PaletteOf) that a frame shows it in; 0 for black.
+struct ShownIn {
+    Integer slot;
+    std::size_t frame;
+    IndexedPicture picture;
+    std::uint8_t palette;
 };
+
+// Of the archive as it has been changed.
+void ExpectColours(const char* name, bool additions, const Change& change,
+                   const std::vector<ShownIn>& shownIn, const std::vector<std::string>& said) {
+    SCOPED_TRACE(name);
+    CharacterMachine machine;
+    machine.view.Additions = additions;
+    auto subfiles = HeroSubfiles();
+    change(subfiles);
+    machine.PutArchive(subfiles);
+    EXPECT_TRUE(machine.Load());
+    for (const ShownIn& shown : shownIn) {
+        EXPECT_EQ(
+            machine.Pixels(shown.slot, shown.frame),
+            KeyedByIndex(shown.picture, shown.palette == 0 ? Palette() : PaletteOf(shown.palette)));
+    }
+    EXPECT_EQ(machine.Texts(), said);
+}
 
 TEST(CharacterSprites, EachIsInItsColours) {
     const auto unchanged = [](std::vector<Sff1Subfile>&) {};
@@ -116,100 +146,64 @@ TEST(CharacterSprites, EachIsInItsColours) {
     const std::string notWhole =
         "SFF Error:  /mugen/chars/hero/hero.sff\r\nThe palette of its first image is not whole, "
         "the rest is black..";
-    const std::vector<ColourRow> rows = {
-        {"plain: all in those of the first",
-         false,
-         unchanged,
-         {{kStanding, 0, HeroPicture(0), 1}, {kWalking, 1, HeroPicture(4), 1}},
-         {}},
-        {"plain: a first palette that is not there is black and said",
-         false,
-         linkedFirst,
-         {{kWalking, 1, HeroPicture(4), 0}},
-         {notWhole}},
-        {"a first palette that no picture needs is not missed",
-         true,
-         linkedFirst,
-         {{kWalking, 1, HeroPicture(4), 5}},
-         {}},
-        {"each in the palette that is in force for it",
-         true,
-         [](std::vector<Sff1Subfile>& subfiles) {
-             subfiles[1].samePalette = true;  // of 0
-             subfiles[2] = Linked(5, 0, 0);
-             subfiles[2].samePalette = true;
-             subfiles[3].samePalette = true;  // the linked one before it has none, so of 0 again
-         },
-         {{kStanding, 1, HeroPicture(1), 1},
-          {kWalking, 0, HeroPicture(3), 1},
-          {kWalking, 1, HeroPicture(4), 5}},
-         {}},
-        // Where 24 bits lie no palette can lie as well.
-        {"a picture of 24 bits lends none, and says what it always says",
-         true,
-         [](std::vector<Sff1Subfile>& subfiles) {
-             subfiles[3].data = PcxOf24Bits(20);
-             subfiles[4].samePalette = true;
-         },
-         {{kWalking, 1, HeroPicture(4), 3}},
-         {"yo..."}},
-        {"nor does a first one of 24 bits",
-         true,
-         [](std::vector<Sff1Subfile>& subfiles) {
-             subfiles[0] = Shown(9, 8, PcxOf24Bits(20));
-             subfiles[1].samePalette = true;
-         },
-         {{kStanding, 1, HeroPicture(1), 0}},
-         {notWhole}},
-        // The last bytes of such a picture are pixels.
-        {"nor does one that has nothing after its pixels",
-         true,
-         [&](std::vector<Sff1Subfile>& subfiles) {
-             samplemaker::PcxOptions bare;
-             bare.trailingPalette = samplemaker::TrailingPalette::None;
-             bare.runLengths = false;
-             subfiles[3].data = WritePcx(large, bare);
-             subfiles[4].samePalette = true;
-         },
-         {{kWalking, 0, large, 3}, {kWalking, 1, HeroPicture(4), 3}},
-         {}},
-        {"one that is not whole gives way to the one before",
-         true,
-         [](std::vector<Sff1Subfile>& subfiles) {
-             subfiles[4].data.resize(subfiles[4].data.size() - 700);
-             subfiles.pop_back();  // so that it is the last one of the file
-         },
-         {{kWalking, 1, HeroPicture(4), 4}},
-         {}},
-    };
-    for (const ColourRow& row : rows) {
-        SCOPED_TRACE(row.name);
-        CharacterMachine machine;
-        machine.view.Additions = row.additions;
-        auto subfiles = HeroSubfiles();
-        row.change(subfiles);
-        machine.PutArchive(subfiles);
-        EXPECT_TRUE(machine.Load());
-        for (const ColourRow::Shown& shown : row.shown) {
-            EXPECT_EQ(machine.Pixels(shown.slot, shown.frame),
-                      KeyedByIndex(shown.picture,
-                                   shown.palette == 0 ? Palette() : PaletteOf(shown.palette)));
-        }
-        EXPECT_EQ(machine.Texts(), row.said);
-    }
+    ExpectColours("plain: all in those of the first", false, unchanged,
+                  {{kStanding, 0, HeroPicture(0), 1}, {kWalking, 1, HeroPicture(4), 1}}, {});
+    ExpectColours("plain: a first palette that is not there is black and said", false, linkedFirst,
+                  {{kWalking, 1, HeroPicture(4), 0}}, {notWhole});
+    ExpectColours("a first palette that no picture needs is not missed", true, linkedFirst,
+                  {{kWalking, 1, HeroPicture(4), 5}}, {});
+    ExpectColours("each in the palette that is in force for it", true,
+                  [](std::vector<Sff1Subfile>& subfiles) {
+                      subfiles[1].samePalette = true;  // of 0
+                      subfiles[2] = Linked(5, 0, 0);
+                      subfiles[2].samePalette = true;
+                      // The linked one before it has none, so of 0 again.
+                      subfiles[3].samePalette = true;
+                  },
+                  {{kStanding, 1, HeroPicture(1), 1},
+                   {kWalking, 0, HeroPicture(3), 1},
+                   {kWalking, 1, HeroPicture(4), 5}},
+                  {});
+    // Where 24 bits lie no palette can lie as well.
+    ExpectColours("a picture of 24 bits lends none, and says what it always says", true,
+                  [](std::vector<Sff1Subfile>& subfiles) {
+                      subfiles[3].data = PcxOf24Bits(20);
+                      subfiles[4].samePalette = true;
+                  },
+                  {{kWalking, 1, HeroPicture(4), 3}}, {"yo..."});
+    ExpectColours("nor does a first one of 24 bits", true,
+                  [](std::vector<Sff1Subfile>& subfiles) {
+                      subfiles[0] = Shown(9, 8, PcxOf24Bits(20));
+                      subfiles[1].samePalette = true;
+                  },
+                  {{kStanding, 1, HeroPicture(1), 0}}, {notWhole});
+    // The last bytes of such a picture are pixels.
+    ExpectColours("nor does one that has nothing after its pixels", true,
+                  [&](std::vector<Sff1Subfile>& subfiles) {
+                      samplemaker::PcxOptions bare;
+                      bare.trailingPalette = samplemaker::TrailingPalette::None;
+                      bare.runLengths = false;
+                      subfiles[3].data = WritePcx(large, bare);
+                      subfiles[4].samePalette = true;
+                  },
+                  {{kWalking, 0, large, 3}, {kWalking, 1, HeroPicture(4), 3}}, {});
+    ExpectColours("one that is not whole gives way to the one before", true,
+                  [](std::vector<Sff1Subfile>& subfiles) {
+                      subfiles[4].data.resize(subfiles[4].data.size() - 700);
+                      subfiles.pop_back();  // so that it is the last one of the file
+                  },
+                  {{kWalking, 1, HeroPicture(4), 4}}, {});
 }
 
 // The whole archive of them is looked through once.
 TEST(CharacterSprites, PicturesThatAllLendNoneTakeNoTime) {
     CharacterMachine machine;
     std::vector<Sff1Subfile> subfiles;
-    std::string animation = "[Begin Action 20]\n";
     constexpr int kSubfiles = 4000;
     for (int i = 0; i < kSubfiles; ++i) {
         subfiles.push_back(Shown(20, static_cast<std::int16_t>(i), PcxOf24Bits(1)));
-        animation += "20," + std::to_string(i) + ",0,0,1\n";
     }
-    machine.Put("hero.air", animation);
+    machine.Put("hero.air", WalkThrough(20, kSubfiles));
     EXPECT_TRUE(machine.Load()) << "the animation";
     const std::vector<std::byte> archive = WriteSff1(subfiles);
     MemoryFile file(archive);
@@ -364,22 +358,14 @@ TEST(CharacterSprites, SubfilesThatLieOverEachOtherAreNotAllLookedThroughForAPal
     const std::vector<std::byte> archive = OverlaidArchive();
     MemoryFile file(archive);
     EXPECT_THAT(SpritesOf(machine, file), IsEmpty());
-    std::uint64_t wanted = 0;
-    for (const MemoryFile::Read& read : file.Reads()) {
-        wanted += read.wanted;
-    }
-    EXPECT_LT(wanted, archive.size() * 12);
+    EXPECT_LT(BytesWanted(file), archive.size() * 12);
 }
 
 TEST(CharacterSprites, SubfilesThatLieOverEachOtherAreNotAllTried) {
     CharacterMachine machine;
-    std::string animation = "[Begin Action 20]\n";
-    for (std::size_t i = 0; i < kOverlaid; ++i) {
-        animation += "20," + std::to_string(i) + ",0,0,1\n";
-    }
     const std::vector<std::byte> archive = OverlaidArchive();
     machine.files.Put("/mugen/chars/hero/hero.sff", std::span<const std::byte>(archive));
-    machine.Put("hero.air", animation);
+    machine.Put("hero.air", WalkThrough(20, kOverlaid));
     EXPECT_TRUE(machine.Load());
     EXPECT_THAT(machine.character.Sprites, IsEmpty());
     EXPECT_GT(machine.device.Created().size(), 1U);
@@ -391,11 +377,7 @@ TEST(CharacterSprites, SubfilesThatLieOverEachOtherAreNotAllTried) {
 TEST(CharacterSprites, BeyondTheSumOfAllTexturesAreDropped) {
     constexpr std::size_t kFit = TextureBudget::kMostBytes / kColumnBytes;
     CharacterMachine machine;
-    std::string animation = "[Begin Action 20]\n";
-    for (std::size_t i = 0; i < kFit + 2; ++i) {
-        animation += "0," + std::to_string(i) + ",0,0,1\n";
-    }
-    machine.Put("hero.air", animation);
+    machine.Put("hero.air", WalkThrough(0, kFit + 2));
     EXPECT_TRUE(machine.Load()) << "the animation";
     const std::vector<std::byte> archive = ArchiveOfColumns(kFit + 2);
     MemoryFile file(archive);
@@ -424,11 +406,7 @@ TEST(CharacterSprites, OfAHugeArchiveOnlyHeadersAndWantedPicturesAreRead) {
     MemoryFile file(archive);
     EXPECT_TRUE(machine.Load());  // the animations, from the small one
     EXPECT_EQ(SpritesOf(machine, file).size(), 5U);
-    std::uint64_t wanted = 0;
-    for (const MemoryFile::Read& read : file.Reads()) {
-        wanted += read.wanted;
-    }
-    EXPECT_LT(wanted, 3006U * 32U + 20000U);
+    EXPECT_LT(BytesWanted(file), 3006U * 32U + 20000U);
     EXPECT_GT(archive.size(), 10'000'000U);
 }
 

@@ -3,6 +3,7 @@
 
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <gmock/gmock.h>
@@ -15,6 +16,7 @@
 namespace scenara::test {
 namespace {
 
+using testing::Each;
 using testing::ElementsAre;
 
 // A character whose frames show sprites of their own: in each slot, textures slot * 10 + n are
@@ -64,6 +66,46 @@ protected:
         keyboard_.Hold(keys);
         return UpdateCharacter(state_, model_, keyboard_, camera_, View());
     }
+    // What it does and where it is then.
+    [[nodiscard]] std::string Now() {
+        const char* const actions[] = {"standing ", "turning ", "walking "};
+        EXPECT_EQ(Hero().Walking, Hero().Action == kWalking);
+        return actions[Hero().Action] + std::to_string(static_cast<int>(Hero().X)) +
+               (Hero().Facing == kFacingLeft ? " left" : " right");
+    }
+    // The same after each frame with these keys.
+    std::vector<std::string> Does(const std::vector<KeySet>& frames) {
+        std::vector<std::string> lines;
+        for (const KeySet& keys : frames) {
+            static_cast<void>(Update(keys));
+            lines.push_back(Now());
+        }
+        return lines;
+    }
+    // What the camera is to do in each of them.
+    std::vector<CameraLead> Follows(const std::vector<KeySet>& frames) {
+        std::vector<CameraLead> follows;
+        for (const KeySet& keys : frames) {
+            follows.push_back(Update(keys));
+        }
+        return follows;
+    }
+    // Elements to stand on, and which of them is the ground.
+    std::vector<BackgroundElement>& StandOn(Integer link, Single posY, std::size_t count = 1) {
+        BackgroundElement element;
+        element.linkParent = -1;
+        element.posY = posY;
+        model_.Elements.assign(count, element);
+        model_.ZOffset = 0;
+        model_.ZOffsetLink = link;
+        return model_.Elements;
+    }
+    // Where it is drawn after a frame with these keys.
+    std::pair<Single, Single> DrawnAt(const KeySet& keys = {}) {
+        static_cast<void>(Update(keys));
+        return {Hero().DrawX, Hero().DrawY};
+    }
+
     // The textures of so many frames, in a row.
     std::vector<int> Shown(int frames, const KeySet& keys = {}) {
         std::vector<int> textures;
@@ -89,33 +131,23 @@ protected:
 using PlaceCharacterTest = UpdateCharacterTest;
 
 TEST_F(PlaceCharacterTest, StandsAtTheFirstPlayersPlace) {
-    EXPECT_EQ(Hero().X, 90.0F);
+    EXPECT_EQ(Now(), "standing 90 right");
     EXPECT_EQ(Hero().Y, 200.0F);
-    EXPECT_EQ(Hero().Facing, kFacingRight);
-    EXPECT_EQ(Hero().Action, kStanding);
     EXPECT_EQ(Hero().FrameTime, 4);
-    EXPECT_FALSE(Hero().Walking);
 }
 
 TEST_F(PlaceCharacterTest, ForgetsTheLastStage) {
-    static_cast<void>(Update(kLeft));
-    EXPECT_TRUE(state_.Turning);
+    EXPECT_THAT(Does({kLeft}), ElementsAre("turning 90 left"));
     model_.P1StartX = 5;
     Place();
-    EXPECT_EQ(Hero().X, 165.0F);
-    EXPECT_EQ(Hero().Facing, kFacingRight);
     EXPECT_FALSE(state_.Turning);
     EXPECT_FALSE(state_.LeftHeld);
-    EXPECT_THAT(Shown(2), ElementsAre(0, 0)) << "it does not turn";
+    EXPECT_THAT(Does({{}, {}}), ElementsAre("standing 165 right", "standing 165 right"));
+    EXPECT_EQ(Hero().DrawTexture, 0) << "it does not turn";
 }
 
 TEST_F(PlaceCharacterTest, WithoutAGroundLineStandsOnTheLinkedElement) {
-    BackgroundElement element;
-    element.posY = 33.5F;
-    element.linkParent = -1;
-    model_.Elements.assign(2, element);
-    model_.ZOffset = 0;
-    model_.ZOffsetLink = 1;
+    StandOn(1, 33.5F, 2);
     Place();
     EXPECT_EQ(Hero().Y, 33.5F);
     model_.ZOffset = 7;
@@ -144,16 +176,13 @@ TEST_F(PlaceCharacterTest, WithoutFramesOfStandingTheClockIsAtZero) {
 // --- keys and states ---
 
 TEST_F(UpdateCharacterTest, WalksRightWhileTheKeyIsHeld) {
-    static_cast<void>(Update(kRight));
-    EXPECT_EQ(Hero().Action, kWalking);
-    EXPECT_TRUE(Hero().Walking);
-    EXPECT_EQ(Hero().X, 92.0F);
-    static_cast<void>(Update());
-    EXPECT_EQ(Hero().Action, kStanding);
-    EXPECT_FALSE(Hero().Walking);
-    EXPECT_EQ(Hero().X, 92.0F);
-    static_cast<void>(Update());
-    EXPECT_EQ(Hero().X, 92.0F);
+    EXPECT_THAT(Does({kRight, {}, {}}),
+                ElementsAre("walking 92 right", "standing 92 right", "standing 92 right"));
+    state_.CharCount = 0;  // only so many are moved
+    EXPECT_EQ(Update(kRight), CameraLead::Stand);
+    EXPECT_EQ(Now(), "standing 92 right");
+    state_.CharCount = 5;
+    EXPECT_THAT(Does({kRight}), ElementsAre("walking 94 right"));
 }
 
 TEST_F(UpdateCharacterTest, TurnsBeforeItWalksTheOtherWay) {
@@ -161,73 +190,47 @@ TEST_F(UpdateCharacterTest, TurnsBeforeItWalksTheOtherWay) {
     EXPECT_TRUE(state_.Turning);
     EXPECT_EQ(Hero().X, 90.0F) << "standing where it was";
     EXPECT_THAT(Shown(3, kLeft), ElementsAre(11, 20, 21)) << "the last once more, then it walks";
-    EXPECT_EQ(Hero().X, 86.0F);
-    EXPECT_EQ(Hero().Facing, kFacingLeft);
+    EXPECT_EQ(Now(), "walking 86 left");
 }
 
 TEST_F(UpdateCharacterTest, KeysWaitWhileItTurns) {
-    static_cast<void>(Update(kLeft));
-    static_cast<void>(Shown(4, kRight));
-    EXPECT_EQ(Hero().Facing, kFacingLeft);
-    EXPECT_EQ(Hero().Action, kTurning);
+    EXPECT_THAT(Does({kLeft, kRight, kRight, kRight, kRight}), Each("turning 90 left"));
     static_cast<void>(Update());
     EXPECT_FALSE(state_.Turning);
 }
 
 TEST_F(UpdateCharacterTest, AKeyLetGoInATurnLeavesItStanding) {
-    static_cast<void>(Update(kLeft));
-    static_cast<void>(Shown(5));
+    static_cast<void>(Does({kLeft, {}, {}, {}, {}, {}}));
     EXPECT_FALSE(state_.Turning);
     EXPECT_THAT(Shown(2), ElementsAre(0, 0));
-    EXPECT_EQ(Hero().Action, kStanding);
-    EXPECT_EQ(Hero().Facing, kFacingLeft);
-    EXPECT_EQ(Hero().X, 90.0F);
+    EXPECT_EQ(Now(), "standing 90 left");
 }
 
 TEST_F(UpdateCharacterTest, WithoutPicturesOfTurningItWalksAtOnce) {
     Slot(kTurning).frames.clear();
-    Hero().HasTurn = false;
-    EXPECT_THAT(Shown(1, kLeft), ElementsAre(20));
-    EXPECT_EQ(Hero().X, 88.0F);
-    EXPECT_EQ(Hero().DrawFacing, kFacingLeft);
-}
-
-TEST_F(UpdateCharacterTest, ATurnThatIsAnnouncedAndEmptyIsAWalk) {
-    Slot(kTurning).frames.clear();
-    EXPECT_THAT(Shown(1, kLeft), ElementsAre(20));
-    EXPECT_FALSE(state_.Turning);
-    EXPECT_TRUE(Hero().Walking);
+    for (const bool announced : {false, true}) {
+        Place();
+        Hero().HasTurn = announced;
+        EXPECT_THAT(Shown(1, kLeft), ElementsAre(20));
+        EXPECT_EQ(Now(), "walking 88 left");
+        EXPECT_EQ(Hero().DrawFacing, kFacingLeft);
+        EXPECT_FALSE(state_.Turning);
+    }
 }
 
 TEST_F(UpdateCharacterTest, LeftWinsWhileBothAreHeld) {
     Hero().HasTurn = false;
-    static_cast<void>(Update(kBoth));
-    EXPECT_EQ(Hero().Facing, kFacingLeft);
-    EXPECT_EQ(Hero().Action, kWalking);
-    EXPECT_EQ(Hero().X, 88.0F);
+    EXPECT_THAT(Does({kBoth}), ElementsAre("walking 88 left"));
 }
 
 TEST_F(UpdateCharacterTest, LettingOneOfTwoKeysGoStandsForAFrame) {
     Hero().HasTurn = false;
-    static_cast<void>(Update(kBoth));
-    static_cast<void>(Update(kLeft));
-    EXPECT_EQ(Hero().Action, kStanding);
-    EXPECT_EQ(Hero().X, 88.0F);
-    static_cast<void>(Update(kLeft));
-    EXPECT_EQ(Hero().Action, kWalking);
-    EXPECT_EQ(Hero().X, 86.0F);
-}
-
-TEST_F(UpdateCharacterTest, LettingLeftGoStandsForAFrameToo) {
-    Hero().HasTurn = false;
-    static_cast<void>(Update(kBoth));
-    static_cast<void>(Update(kRight));
-    EXPECT_EQ(Hero().Action, kStanding);
-    EXPECT_EQ(Hero().X, 88.0F);
+    EXPECT_THAT(Does({kBoth, kLeft, kLeft}),
+                ElementsAre("walking 88 left", "standing 88 left", "walking 86 left"));
+    Place();
+    EXPECT_THAT(Does({kBoth, kRight}), ElementsAre("walking 88 left", "standing 88 right"));
     EXPECT_FALSE(state_.LeftHeld);
-    static_cast<void>(Update(kRight));
-    EXPECT_EQ(Hero().Action, kWalking);
-    EXPECT_EQ(Hero().X, 90.0F);
+    EXPECT_THAT(Does({kRight}), ElementsAre("walking 90 right"));
 }
 
 TEST_F(UpdateCharacterTest, EachChangeOfDirectionIsTurnedOnceAndNoMore) {
@@ -257,8 +260,7 @@ TEST_F(UpdateCharacterTest, AKeyPressedAndLetGoInATurnIsForgotten) {
     for (int i = 0; i < 8; ++i) {
         static_cast<void>(UpdateCharacter(state_, model_, keyboard, camera_, View()));
     }
-    EXPECT_EQ(Hero().Action, kStanding);
-    EXPECT_EQ(Hero().Facing, kFacingLeft);
+    EXPECT_EQ(Now(), "standing 90 left");
 }
 
 // --- the clock ---
@@ -267,71 +269,60 @@ TEST_F(UpdateCharacterTest, EachFrameIsShownForItsTime) {
     EXPECT_THAT(Shown(10), ElementsAre(0, 0, 0, 0, 1, 1, 1, 1, 0, 0));
     EXPECT_THAT(Shown(8, kRight), ElementsAre(20, 21, 21, 22, 22, 22, 20, 21))
         << "one of time 1 for exactly one";
+    Place();
+    Slot(kStanding).frames[1].texture = -1;
+    EXPECT_THAT(Shown(9), ElementsAre(0, 0, 0, 0, -1, -1, -1, -1, 0)) << "one shows nothing";
 }
 
 TEST_F(UpdateCharacterTest, AnActionBeginsWithItsFirstFrame) {
     static_cast<void>(Shown(5));
-    EXPECT_THAT(Shown(2, kRight), ElementsAre(20, 21));
-    EXPECT_THAT(Shown(2), ElementsAre(0, 0));
-    EXPECT_THAT(Shown(2, kRight), ElementsAre(20, 21));
+    for (int time = 0; time < 2; ++time) {
+        EXPECT_THAT(Shown(2, kRight), ElementsAre(20, 21));
+        EXPECT_THAT(Shown(2), ElementsAre(0, 0));
+    }
 }
 
 TEST_F(UpdateCharacterTest, ALoopGoesBackToItsStart) {
     Action(kWalking, {1, 1, 1, 1, 1}, 3);
     EXPECT_THAT(Shown(10, kRight), ElementsAre(20, 21, 22, 23, 24, 23, 24, 23, 24, 23));
-}
-
-TEST_F(UpdateCharacterTest, ALoopBehindTheLastFrameGoesBackToTheFirst) {
+    Place();
     Action(kWalking, {1, 1}, 2);
-    EXPECT_THAT(Shown(4, kRight), ElementsAre(20, 21, 20, 21));
+    EXPECT_THAT(Shown(4, kRight), ElementsAre(20, 21, 20, 21)) << "behind the last: to the first";
 }
 
-TEST_F(UpdateCharacterTest, AFrameOfNegativeTimeStays) {
-    Action(kStanding, {2, -1, 3});
-    Place();
-    EXPECT_THAT(Shown(6), ElementsAre(0, 0, 1, 1, 1, 1));
-    Action(kStanding, {-1, 3});
-    Place();
-    EXPECT_THAT(Shown(3), ElementsAre(0, 0, 0));
-}
-
-TEST_F(UpdateCharacterTest, AFrameOfNoTimeIsPassedOver) {
-    Action(kStanding, {0, 1, 0, 0, 2});
-    Place();
-    EXPECT_THAT(Shown(7), ElementsAre(1, 4, 4, 1, 4, 4, 1));
-    Action(kStanding, {0, 0});
-    Place();
-    EXPECT_THAT(Shown(3), ElementsAre(0, 0, 0)) << "nothing else is there";
+TEST_F(UpdateCharacterTest, AFrameOfNegativeTimeStaysAndOneOfNoTimeIsPassedOver) {
+    struct Row {
+        std::vector<int> times;
+        std::vector<int> shown;
+    };
+    for (const Row& row : {Row{{2, -1, 3}, {0, 0, 1, 1, 1, 1}},
+                           {{-1, 3}, {0, 0, 0}},
+                           {{0, 1, 0, 0, 2}, {1, 4, 4, 1, 4, 4, 1}},
+                           {{0, 0}, {0, 0, 0}}}) {  // nothing else is there
+        Action(kStanding, row.times);
+        Place();
+        EXPECT_EQ(Shown(static_cast<int>(row.shown.size())), row.shown);
+    }
 }
 
 TEST_F(UpdateCharacterTest, ATurnThatWouldHoldForEverEnds) {
     Action(kTurning, {1, -1});
     EXPECT_THAT(Shown(3, kLeft), ElementsAre(10, 11, 20));
     EXPECT_FALSE(state_.Turning);
-}
-
-TEST_F(UpdateCharacterTest, ATurnOfNoTimeEnds) {
     Action(kTurning, {0, 0});
-    EXPECT_THAT(Shown(2, kLeft), ElementsAre(11, 20));
-}
-
-TEST_F(UpdateCharacterTest, BlankFramesShowNothingForTheirTime) {
-    Slot(kStanding).frames[1].texture = -1;
-    EXPECT_THAT(Shown(9), ElementsAre(0, 0, 0, 0, -1, -1, -1, -1, 0));
+    Place();
+    EXPECT_THAT(Shown(2, kLeft), ElementsAre(11, 20)) << "one of no time";
 }
 
 // --- where it is drawn ---
 
 TEST_F(UpdateCharacterTest, TheAxisLiesOnThePlaceWhicheverWayItFaces) {
-    static_cast<void>(Update());
-    EXPECT_EQ(Hero().DrawX, 82.0F);   // 90 - 8
-    EXPECT_EQ(Hero().DrawY, 160.0F);  // 200 - 40
+    EXPECT_EQ(DrawnAt(), std::pair(82.0F, 160.0F));  // 90 - 8, 200 - 40
     EXPECT_EQ(Hero().DrawFacing, 1);
     EXPECT_EQ(Hero().DrawWidth, 20);
     EXPECT_EQ(Hero().DrawHeight, 50);
     Hero().HasTurn = false;
-    static_cast<void>(Update(kLeft));
-    EXPECT_EQ(Hero().DrawX, 98.0F) << "90 + 8, the right edge, before the step";
+    EXPECT_EQ(DrawnAt(kLeft).first, 98.0F) << "90 + 8, the right edge, before the step";
     EXPECT_EQ(Hero().DrawFacing, -1);
     EXPECT_EQ(Hero().DrawWidth, 40);
 }
@@ -339,90 +330,58 @@ TEST_F(UpdateCharacterTest, TheAxisLiesOnThePlaceWhicheverWayItFaces) {
 TEST_F(UpdateCharacterTest, AFlippedFrameFacesTheOtherWay) {
     Slot(kStanding).frames[0].flip = 1;
     Slot(kStanding).frames[0].offsetX = 3;
-    static_cast<void>(Update());
-    EXPECT_EQ(Hero().DrawX, 95.0F);  // 90 + 8 - 3
+    EXPECT_EQ(DrawnAt().first, 95.0F);  // 90 + 8 - 3
     EXPECT_EQ(Hero().DrawFacing, -1);
     EXPECT_EQ(Hero().Facing, 1);
     EXPECT_FALSE(state_.FrameFlipped) << "cleared when handed over";
 }
 
-TEST_F(UpdateCharacterTest, OffsetsAndScale) {
+TEST_F(UpdateCharacterTest, ScaleAndZoomAreOfPictureAndOffsetAndZoomOfTheStep) {
+    Slot(kStanding).frames[0].offsetX = 4;
+    Slot(kStanding).frames[0].offsetY = -10;
     Hero().XScale = 0.5F;
     Hero().YScale = 2;
-    Slot(kStanding).frames[0].offsetX = 4;
-    Slot(kStanding).frames[0].offsetY = -10;
-    static_cast<void>(Update());
-    EXPECT_EQ(Hero().DrawX, 88.0F);   // 90 - (8 - 4) / 2
-    EXPECT_EQ(Hero().DrawY, 100.0F);  // 200 - (40 + 10) * 2
-}
-
-TEST_F(UpdateCharacterTest, ZoomScalesPictureOffsetAndStep) {
+    EXPECT_EQ(DrawnAt(), std::pair(88.0F, 100.0F));  // 90 - (8 - 4) / 2, 200 - (40 + 10) * 2
     EXPECT_EQ(state_.CharZoom, 1.0F) << "by placing";
+    Hero().XScale = Hero().YScale = 1;
     state_.CharZoom = 2;
-    Slot(kStanding).frames[0].offsetX = 4;
-    Slot(kStanding).frames[0].offsetY = -10;
-    static_cast<void>(Update());
-    EXPECT_EQ(Hero().DrawX, 82.0F);   // 90 - (8 - 4) * 2
-    EXPECT_EQ(Hero().DrawY, 100.0F);  // 200 - (40 + 10) * 2
-    static_cast<void>(Update(kRight));
-    EXPECT_EQ(Hero().X, 94.0F);
+    EXPECT_EQ(DrawnAt(), std::pair(82.0F, 100.0F));  // 90 - (8 - 4) * 2, 200 - (40 + 10) * 2
+    EXPECT_THAT(Does({kRight}), ElementsAre("walking 94 right"));
     Place();
     EXPECT_EQ(state_.CharZoom, 1.0F);
 }
 
 TEST_F(UpdateCharacterTest, TheCamerasHeightIsTakenOff) {
     camera_ = {-50, -30};
-    static_cast<void>(Update());
-    EXPECT_EQ(Hero().DrawX, 82.0F);
-    EXPECT_EQ(Hero().DrawY, 190.0F);
+    EXPECT_EQ(DrawnAt(), std::pair(82.0F, 190.0F));
 }
 
 TEST_F(UpdateCharacterTest, OnALinkedElementItGoesUpAndDownWithIt) {
-    BackgroundElement element;
-    element.linkParent = -1;
-    element.posY = 180;
-    element.sinOffset[1] = 5;
-    model_.Elements.assign(1, element);
-    model_.ZOffset = 0;
-    model_.ZOffsetLink = 0;
+    StandOn(0, 180)[0].sinOffset[1] = 5;
     Place();
     EXPECT_EQ(Hero().Y, 180.0F);
     camera_ = {0, -20};
-    static_cast<void>(Update());
-    EXPECT_EQ(Hero().DrawY, 145.0F) << "180 + 5 on the screen, less the axis";
+    EXPECT_EQ(DrawnAt().second, 145.0F) << "180 + 5 on the screen, less the axis";
     model_.Elements[0].posY = 190;
-    static_cast<void>(Update());
-    EXPECT_EQ(Hero().DrawY, 155.0F);
+    EXPECT_EQ(DrawnAt().second, 155.0F);
     EXPECT_EQ(Hero().Y, 175.0F) << "195 on the screen, seen from 20 above";
 }
 
 TEST_F(UpdateCharacterTest, OnAnElementThatIsLinkedItselfTheParentSwings) {
-    BackgroundElement element;
-    element.linkParent = -1;
-    element.sinOffset[1] = 5;
-    element.ctrlPos[1] = 3;
-    model_.Elements.assign(2, element);
-    model_.Elements[1].linkParent = 0;
-    model_.Elements[1].posY = 100;
-    model_.Elements[1].sinOffset[1] = 77;
-    model_.ZOffset = 0;
-    model_.ZOffsetLink = 1;
+    auto& elements = StandOn(1, 100, 2);
+    elements[0].sinOffset[1] = 5;
+    elements[0].ctrlPos[1] = elements[1].ctrlPos[1] = 3;
+    elements[1].linkParent = 0;
+    elements[1].sinOffset[1] = 77;
     Place();
-    static_cast<void>(Update());
-    EXPECT_EQ(Hero().DrawY, 68.0F);  // 100 + 5 + 3 - 40
+    EXPECT_EQ(DrawnAt().second, 68.0F);  // 100 + 5 + 3 - 40
 }
 
 TEST_F(UpdateCharacterTest, PlacedAgainItStandsWhereGroundAndCameraAreNow) {
-    BackgroundElement element;
-    element.linkParent = -1;
-    element.posY = 180;
-    model_.Elements.assign(1, element);
-    model_.ZOffset = 0;
-    model_.ZOffsetLink = 0;
+    StandOn(0, 180);
     Place();
-    static_cast<void>(Update(kRight));
+    EXPECT_EQ(DrawnAt(kRight).second, 140.0F);
     const TestCharacter before = Hero();
-    EXPECT_EQ(before.DrawY, 140.0F);
     for (int i = 0; i < 2; ++i) {
         PlaceAgain(state_, model_, camera_);
         EXPECT_EQ(Hero().DrawY, 140.0F);
@@ -441,13 +400,12 @@ TEST_F(UpdateCharacterTest, PlacedAgainItStandsWhereGroundAndCameraAreNow) {
 }
 
 TEST_F(UpdateCharacterTest, PlacedAgainOnAGroundLineOnlyTheCameraCounts) {
-    static_cast<void>(Update());
-    EXPECT_EQ(Hero().DrawY, 160.0F);
+    EXPECT_EQ(DrawnAt().second, 160.0F);
     camera_.y = -20;
-    PlaceAgain(state_, model_, camera_);
-    EXPECT_EQ(Hero().DrawY, 180.0F);
-    PlaceAgain(state_, model_, camera_);
-    EXPECT_EQ(Hero().DrawY, 180.0F);
+    for (int i = 0; i < 2; ++i) {
+        PlaceAgain(state_, model_, camera_);
+        EXPECT_EQ(Hero().DrawY, 180.0F);
+    }
 }
 
 // --- the stage's bounds, and the camera ---
@@ -473,24 +431,22 @@ TEST_F(UpdateCharacterTest, AStepIsWholeOrNotMade) {
 
 TEST_F(UpdateCharacterTest, BeyondABoundItMayWalkBack) {
     Hero().X = 1000;
-    static_cast<void>(Update(kRight));
-    EXPECT_EQ(Hero().X, 1000.0F);
     Hero().HasTurn = false;
-    static_cast<void>(Update());
-    static_cast<void>(Update(kLeft));
-    EXPECT_EQ(Hero().X, 998.0F);
+    EXPECT_THAT(Does({kRight, {}, kLeft}),
+                ElementsAre("walking 1000 right", "standing 1000 right", "walking 998 left"));
 }
 
 TEST_F(UpdateCharacterTest, TheCameraGoesAlongFromTheMiddleOn) {
+    using enum CameraLead;
     Hero().HasTurn = false;
     Hero().X = 158;
-    EXPECT_EQ(Update(kRight), CameraLead::Stand);
-    EXPECT_EQ(Update(kRight), CameraLead::Right) << "160 now";
-    EXPECT_EQ(Update(), CameraLead::Stand);
+    EXPECT_THAT(Follows({kRight, kRight, {}}), ElementsAre(Stand, Right, Stand)) << "160, 162";
     Hero().X = 162;
-    EXPECT_EQ(Update(kLeft), CameraLead::Stand);
-    EXPECT_EQ(Update(kLeft), CameraLead::Left);
-    EXPECT_EQ(Update(kLeft), CameraLead::Left);
+    EXPECT_THAT(Follows({kLeft, kLeft, kLeft}), ElementsAre(Stand, Left, Left));
+    Place();
+    camera_ = {-40, 0};  // 40 to the right: the middle is that of the view as it is drawn
+    Hero().X = 198;
+    EXPECT_THAT(Follows({kRight, kRight}), ElementsAre(Stand, Right));
 }
 
 // The camera is a sum of the same steps as the character's place, in the other direction.
@@ -506,6 +462,9 @@ TEST_F(UpdateCharacterTest, TheCameraGoesAlongInEachFrameOfAWideStage) {
 }
 
 TEST_F(UpdateCharacterTest, TheCameraStandsWhereTheCharacterCannotGo) {
+    EXPECT_EQ(Update(kLeft), CameraLead::Stand);
+    EXPECT_TRUE(state_.Turning);
+    Place();
     Hero().HasTurn = false;
     Hero().WalkSpeed = 0;
     Hero().X = 170;
@@ -518,19 +477,6 @@ TEST_F(UpdateCharacterTest, TheCameraStandsWhereTheCharacterCannotGo) {
     EXPECT_EQ(Hero().X, 169.0F);
 }
 
-TEST_F(UpdateCharacterTest, TheMiddleIsThatOfTheViewAsItIsDrawn) {
-    camera_ = {-40, 0};  // 40 to the right
-    Hero().X = 198;
-    EXPECT_EQ(Update(kRight), CameraLead::Stand);
-    EXPECT_EQ(Update(kRight), CameraLead::Right);
-}
-
-TEST_F(UpdateCharacterTest, TheCameraStandsDuringATurn) {
-    Hero().X = 100;
-    EXPECT_EQ(Update(kLeft), CameraLead::Stand);
-    EXPECT_TRUE(state_.Turning);
-}
-
 TEST_F(UpdateCharacterTest, OneThatWalksBackwardsStaysWithinTheBounds) {
     Hero().WalkSpeed = -2;
     Hero().X = 150;
@@ -538,15 +484,6 @@ TEST_F(UpdateCharacterTest, OneThatWalksBackwardsStaysWithinTheBounds) {
     EXPECT_EQ(Hero().X, 148.0F);
     static_cast<void>(Shown(500, kRight));
     EXPECT_EQ(Hero().X, -100.0F);
-}
-
-TEST_F(UpdateCharacterTest, OnlySoManyAreMoved) {
-    state_.CharCount = 0;
-    EXPECT_EQ(Update(kRight), CameraLead::Stand);
-    EXPECT_EQ(Hero().X, 90.0F);
-    state_.CharCount = 5;
-    static_cast<void>(Update(kRight));
-    EXPECT_EQ(Hero().X, 92.0F);
 }
 
 TEST_F(UpdateCharacterTest, AsksForNoMemory) {

@@ -22,6 +22,7 @@
 
 #include "platform/posix/PosixFiles.h"
 #include "platform/posix/ProgramFolder.h"
+#include "support/Raises.h"
 
 namespace scenara::test {
 
@@ -90,6 +91,14 @@ protected:
         file->Close();
     }
 
+    // A name under which nothing can be read or written, for this reason.
+    void ExpectDoesNotOpen(const std::string& path, RunTimeErrorKind kind) {
+        SCOPED_TRACE(path);
+        EXPECT_FALSE(files_.FileExists(path));
+        EXPECT_THAT([&] { return files_.OpenForReading(path); }, Raises(kind));
+        EXPECT_THAT([&] { return files_.OpenForWriting(path); }, Raises(kind));
+    }
+
     PosixFiles files_{"/program"};
 
 private:
@@ -136,5 +145,18 @@ private:
     rlimit oldLimit_{};
     void (*oldHandler_)(int);
 };
+
+// What is raised while no file can grow beyond `bytes`; empty: nothing. (Nothing is printed before
+// the disk has room again: what is printed goes to a file, too.)
+template <typename Action>
+std::string ErrorOnFullDisk(rlim_t bytes, Action action) {
+    const FullDisk full(bytes);
+    try {
+        action();
+    } catch (const RunTimeError& error) {
+        return error.what();
+    }
+    return {};
+}
 
 }  // namespace scenara::test

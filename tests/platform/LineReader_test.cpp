@@ -60,11 +60,13 @@ Lines LinesOf(std::string_view text) {
     TextFile file{std::string(text)};
     LineReader reader(file);
     Lines lines;
+    EXPECT_EQ(reader.Number(), 0) << "they count from 1";
     while (reader.Next()) {
         lines.emplace_back(reader.Line());
         EXPECT_EQ(reader.Number(), static_cast<std::int64_t>(lines.size()));
     }
     EXPECT_FALSE(reader.Next()) << "once at the end, always at the end";
+    EXPECT_EQ(reader.Number(), static_cast<std::int64_t>(lines.size())) << "of the last line";
     return lines;
 }
 
@@ -99,29 +101,16 @@ TEST(LineReader, EndsLinesAtCrLfAtLfAndAtCr) {
     EXPECT_THAT(LinesOf("a\rb\r"), ElementsAre("a", "b"));
     EXPECT_THAT(LinesOf("a\r\nb\nc\rd\n\re\r\r\nf"),
                 ElementsAre("a", "b", "c", "d", "", "e", "", "f"));
-}
-
-TEST(LineReader, GivesEmptyLines) {
+    EXPECT_THAT(LinesOf("a"), ElementsAre("a")) << "the last one needs no end";
+    EXPECT_THAT(LinesOf("a\r\nb"), ElementsAre("a", "b"));
+    EXPECT_THAT(LinesOf(""), IsEmpty());
+    // Empty ones are lines, too.
     EXPECT_THAT(LinesOf("\n"), ElementsAre(""));
     EXPECT_THAT(LinesOf("\r"), ElementsAre(""));
     EXPECT_THAT(LinesOf("\r\n"), ElementsAre(""));
     EXPECT_THAT(LinesOf("\r\n\r\n"), ElementsAre("", ""));
     EXPECT_THAT(LinesOf("\r\r\n\n"), ElementsAre("", "", ""));
     EXPECT_THAT(LinesOf("\n\na"), ElementsAre("", "", "a"));
-}
-
-TEST(LineReader, TheLastLineNeedsNoEnd) {
-    EXPECT_THAT(LinesOf("a"), ElementsAre("a"));
-    EXPECT_THAT(LinesOf("a\r\nb"), ElementsAre("a", "b"));
-}
-
-TEST(LineReader, AnEmptyFileHasNoLine) {
-    EXPECT_THAT(LinesOf(""), IsEmpty());
-
-    TextFile file("");
-    LineReader reader(file);
-    EXPECT_FALSE(reader.Next());
-    EXPECT_EQ(reader.Number(), 0);
 }
 
 TEST(LineReader, SkipsAByteOrderMarkAtTheStartOnly) {
@@ -144,18 +133,6 @@ TEST(LineReader, GivesBytesAsTheyStand) {
     EXPECT_THAT(LinesOf(all + "\r\n" + all), ElementsAre(all, all));
     EXPECT_THAT(LinesOf("a\0b\n\0\n"sv), ElementsAre(std::string("a\0b"sv), std::string(1, '\0')));
     EXPECT_THAT(LinesOf("\x1Az\n\x85\x0B\x0C"), ElementsAre("\x1Az", "\x85\x0B\x0C"));
-}
-
-TEST(LineReader, NumbersLinesFromOne) {
-    TextFile file("a\n\nc");
-    LineReader reader(file);
-    EXPECT_EQ(reader.Number(), 0);
-    for (std::int64_t number = 1; number <= 3; ++number) {
-        ASSERT_TRUE(reader.Next());
-        EXPECT_EQ(reader.Number(), number);
-    }
-    EXPECT_FALSE(reader.Next());
-    EXPECT_EQ(reader.Number(), 3);
 }
 
 TEST(LineReader, EveryEndWorksAtEveryPlaceAroundTheEdgeOfABlock) {

@@ -40,16 +40,11 @@ TEST(HeadlessKeyboard, AnswersThatAKeyIsDownWhileItIsHeldHoweverOftenItIsAsked) 
         EXPECT_EQ(keyboard.GetAsyncKeyState(VirtualKey::Z), -32768);
         EXPECT_EQ(keyboard.GetAsyncKeyState(VirtualKey::Left), 0);
     }
-}
-
-TEST(HeadlessKeyboard, LeavesNothingBehindOfAKeyLetGo) {
-    HeadlessKeyboard keyboard;
-    keyboard.Hold({VirtualKey::Right});
-    keyboard.Hold({VirtualKey::Up});
-    EXPECT_EQ(keyboard.GetAsyncKeyState(VirtualKey::Right), 0);
-    EXPECT_EQ(keyboard.GetAsyncKeyState(VirtualKey::Up), -32768);
+    keyboard.Hold({VirtualKey::Z});
+    EXPECT_EQ(keyboard.GetAsyncKeyState(VirtualKey::Right), 0) << "let go, it leaves nothing";
+    EXPECT_EQ(keyboard.GetAsyncKeyState(VirtualKey::Z), -32768);
     keyboard.Hold({});
-    EXPECT_EQ(keyboard.GetAsyncKeyState(VirtualKey::Up), 0);
+    EXPECT_EQ(keyboard.GetAsyncKeyState(VirtualKey::Z), 0);
 }
 
 TEST(HeadlessKeyboard, TellsOfATapOnce) {

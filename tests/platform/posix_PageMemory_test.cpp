@@ -11,16 +11,10 @@
 
 #include "base/RunTimeError.h"
 #include "platform/PageMemory.h"
+#include "support/Raises.h"
 
 namespace scenara {
 namespace {
-
-using testing::Property;
-using testing::Throws;
-
-auto RaisesOutOfMemory() {
-    return Throws<RunTimeError>(Property(&RunTimeError::Kind, RunTimeErrorKind::OutOfMemory));
-}
 
 // Reserved address space, given back at the end.
 class Reserved {
@@ -97,7 +91,8 @@ TEST(PageMemory, CommittingBringsExactlyThosePagesIn) {
 }
 
 TEST(PageMemory, RaisesWhenThereAreNotThatManyAddresses) {
-    EXPECT_THAT([] { return ReservePages(std::size_t{1} << 60U); }, RaisesOutOfMemory());
+    EXPECT_THAT([] { return ReservePages(std::size_t{1} << 60U); },
+                test::Raises(RunTimeErrorKind::OutOfMemory));
 }
 
 TEST(PageMemory, RaisesWhenPagesCannotBeHad) {
@@ -106,7 +101,8 @@ TEST(PageMemory, RaisesWhenPagesCannotBeHad) {
     }
     std::byte* const start = ReservePages(2 * kLargePage);
     ReleasePages(start + kLargePage, kLargePage);
-    EXPECT_THAT([&] { CommitPages(start + kLargePage, kSmallPage, false); }, RaisesOutOfMemory());
+    EXPECT_THAT([&] { CommitPages(start + kLargePage, kSmallPage, false); },
+                test::Raises(RunTimeErrorKind::OutOfMemory));
     ReleasePages(start, kLargePage);
 }
 

@@ -6,10 +6,10 @@
 #include <cstring>
 #include <limits>
 #include <memory>
-#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -24,15 +24,11 @@ namespace scenara {
 namespace {
 
 using namespace std::string_literals;
+using test::ErrorOnFullDisk;
+using test::Raises;
 using testing::HasSubstr;
-using testing::Property;
 using testing::StartsWith;
-using testing::Throws;
 using testing::ThrowsMessage;
-
-auto Raises(RunTimeErrorKind kind) {
-    return Throws<RunTimeError>(Property(&RunTimeError::Kind, kind));
-}
 
 std::string Text(std::span<const std::byte> bytes) {
     std::string text(bytes.size(), '\0');
@@ -46,51 +42,40 @@ class PosixFilesWriting : public test::Disk {};
 class PosixFilesOddities : public test::Disk {};
 class PosixFilesDelete : public test::Disk {};
 
-TEST_F(PosixFilesReading, ReadsAtAnyPosition) {
+TEST_F(PosixFilesReading, ReadsAtAnyPositionAsMuchAsIsThere) {
     Put("a.bin", "0123456789");
+    Put("empty", "");
+    constexpr auto kMost = std::numeric_limits<std::uint64_t>::max();
+    struct Row {
+        std::uint64_t position;
+        std::size_t count;
+        const char* read;  // what is not read stays
+    };
     const auto file = files_.OpenForReading(At("a.bin"));
     EXPECT_EQ(file->Size(), 10U);
-
-    std::array<std::byte, 4> into{};
-    EXPECT_EQ(file->ReadAt(3, into), 4U);
-    EXPECT_EQ(Text(into), "3456");
-    EXPECT_EQ(file->ReadAt(0, into), 4U) << "backwards, too";
-    EXPECT_EQ(Text(into), "0123");
-    EXPECT_EQ(file->ReadAt(6, into), 4U);
-    EXPECT_EQ(Text(into), "6789");
-}
-
-TEST_F(PosixFilesReading, GivesFewerBytesWhereTheFileEndsAndNoneBehindIt) {
-    Put("a.bin", "0123456789");
-    const auto file = files_.OpenForReading(At("a.bin"));
-    std::array<std::byte, 4> into{};
-    into.fill(std::byte{'.'});
-    EXPECT_EQ(file->ReadAt(8, into), 2U);
-    EXPECT_EQ(Text(into), "89..") << "what is not read stays";
-    EXPECT_EQ(file->ReadAt(10, into), 0U);
-    EXPECT_EQ(file->ReadAt(11, into), 0U);
-    EXPECT_EQ(file->ReadAt(0, {}), 0U);
-}
-
-TEST_F(PosixFilesReading, PositionsBeyondEveryFileAreBehindItsEnd) {
-    Put("a.bin", "0123456789");
-    const auto file = files_.OpenForReading(At("a.bin"));
-    std::array<std::byte, 4> into{};
-    for (const std::uint64_t position :
-         {std::uint64_t{1} << 32U, std::uint64_t{1} << 62U, (std::uint64_t{1} << 63U) - 1,
-          std::uint64_t{1} << 63U, std::numeric_limits<std::uint64_t>::max() - 1,
-          std::numeric_limits<std::uint64_t>::max()}) {
-        EXPECT_EQ(file->ReadAt(position, into), 0U) << position;
+    for (const Row& row : {Row{3, 4, "3456"},
+                           {0, 4, "0123"},  // backwards, too
+                           {6, 4, "6789"},
+                           {8, 2, "89.."},
+                           {10, 0, "...."},
+                           {11, 0, "...."},
+                           {std::uint64_t{1} << 32U, 0, "...."},
+                           {std::uint64_t{1} << 62U, 0, "...."},
+                           {(std::uint64_t{1} << 63U) - 1, 0, "...."},
+                           {std::uint64_t{1} << 63U, 0, "...."},
+                           {kMost - 1, 0, "...."},
+                           {kMost, 0, "...."}}) {
+        std::array<std::byte, 4> into{};
+        into.fill(std::byte{'.'});
+        EXPECT_EQ(file->ReadAt(row.position, into), row.count) << row.position;
+        EXPECT_EQ(Text(into), row.read) << row.position;
     }
-}
+    EXPECT_EQ(file->ReadAt(0, {}), 0U);
 
-TEST_F(PosixFilesReading, AnEmptyFileIsAFile) {
-    Put("empty", "");
     EXPECT_TRUE(files_.FileExists(At("empty")));
-    const auto file = files_.OpenForReading(At("empty"));
-    EXPECT_EQ(file->Size(), 0U);
+    EXPECT_EQ(Read(At("empty")), "");
     std::array<std::byte, 1> into{};
-    EXPECT_EQ(file->ReadAt(0, into), 0U);
+    EXPECT_EQ(files_.OpenForReading(At("empty"))->ReadAt(0, into), 0U);
 }
 
 TEST_F(PosixFilesReading, FollowsALinkToAFile) {
@@ -170,11 +155,9 @@ TEST_F(PosixFilesReading, AForbiddenFileIsDenied) {
         GTEST_SKIP() << "root, and not able to become another user";
     }
     for (const std::string& path : {At("secret.def"), At("closed/kfm.def")}) {
-        EXPECT_FALSE(files_.FileExists(path));
+        ExpectDoesNotOpen(path, RunTimeErrorKind::PermissionDenied);
         EXPECT_THAT([&] { return files_.OpenForReading(path); },
                     ThrowsMessage<RunTimeError>("Permission denied: " + path));
-        EXPECT_THAT([&] { return files_.OpenForWriting(path); },
-                    Raises(RunTimeErrorKind::PermissionDenied));
     }
     EXPECT_TRUE(files_.List(At("closed"), "").empty());
 }
@@ -242,45 +225,21 @@ TEST_F(PosixFilesWriting, WithoutItsFolderThereIsNoFile) {
 TEST_F(PosixFilesWriting, AFullDiskIsReportedByWriteAtTheLatestByClose) {
     const auto large = files_.OpenForWriting(At("large.bin"));
     const auto small = files_.OpenForWriting(At("small.bin"));
-    std::optional<RunTimeError> atWrite;
-    std::optional<RunTimeError> atClose;
-    {
-        const test::FullDisk full(100000);
-        try {
-            large->Write(std::string(200000, 'x'));
-        } catch (const RunTimeError& error) {
-            atWrite = error;
-        }
-    }
-    {
-        const test::FullDisk full(0);
-        try {
-            small->Write("x");
-            small->Close();
-        } catch (const RunTimeError& error) {
-            atClose = error;
-        }
-    }
-    ASSERT_TRUE(atWrite.has_value());
-    EXPECT_EQ(atWrite->what(), "Disk full: " + At("large.bin"));
-    ASSERT_TRUE(atClose.has_value());
-    EXPECT_EQ(atClose->what(), "Disk full: " + At("small.bin"));
+    EXPECT_EQ(ErrorOnFullDisk(100000, [&] { large->Write(std::string(200000, 'x')); }),
+              "Disk full: " + At("large.bin"));
+    EXPECT_EQ(ErrorOnFullDisk(0,
+                              [&] {
+                                  small->Write("x");
+                                  small->Close();
+                              }),
+              "Disk full: " + At("small.bin"));
     EXPECT_EQ(Get("large.bin"), std::string(100000, 'x')) << "what there was room for";
 }
 
 TEST_F(PosixFilesWriting, GoesOnWhereItStoppedWhenThereIsRoomAgain) {
     const auto file = files_.OpenForWriting(At("a.bin"));
     file->Write("first ");
-    bool failed = false;
-    {
-        const test::FullDisk full(3);
-        try {
-            file->Close();
-        } catch (const RunTimeError&) {
-            failed = true;
-        }
-    }
-    EXPECT_TRUE(failed);
+    EXPECT_NE(ErrorOnFullDisk(3, [&] { file->Close(); }), "");
     file->Write("second");
     file->Close();
     EXPECT_EQ(Get("a.bin"), "first second");
@@ -302,22 +261,18 @@ TEST_F(PosixFilesWriting, NothingCanBeWrittenToAClosedFile) {
 TEST_F(PosixFilesOddities, AFolderDoesNotOpen) {
     PutFolder("kfm.def");
     for (const std::string& path : {At("kfm.def"), At("kfm.def/"), At("KFM.DEF"), At("")}) {
-        EXPECT_FALSE(files_.FileExists(path)) << path;
+        ExpectDoesNotOpen(path, RunTimeErrorKind::PathFileAccess);
         EXPECT_THAT([&] { return files_.OpenForReading(path); },
                     ThrowsMessage<RunTimeError>(StartsWith("Path/File access error: " + path)));
-        EXPECT_THAT([&] { return files_.OpenForWriting(path); },
-                    Raises(RunTimeErrorKind::PathFileAccess));
     }
 }
 
 TEST_F(PosixFilesOddities, APipeDoesNotOpenAndHoldsNobodyUp) {
     PutPipe("kfm.def");
     const std::string path = At("kfm.def");
-    EXPECT_FALSE(files_.FileExists(path));
+    ExpectDoesNotOpen(path, RunTimeErrorKind::PathFileAccess);
     EXPECT_THAT([&] { return files_.OpenForReading(path); },
                 ThrowsMessage<RunTimeError>("Path/File access error: " + path + " (not a file)"));
-    EXPECT_THAT([&] { return files_.OpenForWriting(path); },
-                Raises(RunTimeErrorKind::PathFileAccess));
 
     const int reader = ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
     EXPECT_THAT([&] { return files_.OpenForWriting(path); },
@@ -336,22 +291,16 @@ TEST_F(PosixFilesOddities, ASocketDoesNotOpen) {
     ASSERT_GE(socket, 0);
     ASSERT_EQ(::bind(socket, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
 
-    EXPECT_FALSE(files_.FileExists(path));
-    EXPECT_THAT([&] { return files_.OpenForReading(path); },
-                Raises(RunTimeErrorKind::PathFileAccess));
-    EXPECT_THAT([&] { return files_.OpenForWriting(path); },
-                Raises(RunTimeErrorKind::PathFileAccess));
+    ExpectDoesNotOpen(path, RunTimeErrorKind::PathFileAccess);
     ::close(socket);
 }
 
 TEST_F(PosixFilesOddities, ADeviceDoesNotOpen) {
     PutLink("full.def", "/dev/full");
     for (const std::string& path : {"/dev/zero"s, "/dev/full"s, "/dev/null"s, At("full.def")}) {
-        EXPECT_FALSE(files_.FileExists(path)) << path;
+        ExpectDoesNotOpen(path, RunTimeErrorKind::PathFileAccess);
         EXPECT_THAT([&] { return files_.OpenForReading(path); },
                     ThrowsMessage<RunTimeError>(HasSubstr("(not a file)")));
-        EXPECT_THAT([&] { return files_.OpenForWriting(path); },
-                    Raises(RunTimeErrorKind::PathFileAccess));
     }
 }
 
@@ -366,21 +315,10 @@ TEST_F(PosixFilesOddities, LinksThatLeadNowhereOrInACircleDoNotOpen) {
     }
 }
 
-TEST_F(PosixFilesOddities, AnEmptyNameIsNoFile) {
-    EXPECT_FALSE(files_.FileExists(""));
-    EXPECT_THAT([&] { return files_.OpenForReading(""); }, Raises(RunTimeErrorKind::FileNotFound));
-    EXPECT_THAT([&] { return files_.OpenForWriting(""); }, Raises(RunTimeErrorKind::FileNotFound));
-    EXPECT_THAT([&] { files_.Delete(""); }, Raises(RunTimeErrorKind::FileNotFound));
-}
-
-TEST_F(PosixFilesOddities, ANameIsNotCutAtAZeroByte) {
+TEST_F(PosixFilesOddities, AnEmptyNameAndOneWithAZeroByteAreNoFiles) {
     Put("kfm.def", "stage");
-    for (const std::string& path : {At("kfm.def") + "\0.bak"s, At("kfm.def") + "\0"s}) {
-        EXPECT_FALSE(files_.FileExists(path));
-        EXPECT_THAT([&] { return files_.OpenForReading(path); },
-                    Raises(RunTimeErrorKind::FileNotFound));
-        EXPECT_THAT([&] { return files_.OpenForWriting(path); },
-                    Raises(RunTimeErrorKind::FileNotFound));
+    for (const std::string& path : {""s, At("kfm.def") + "\0.bak"s, At("kfm.def") + "\0"s}) {
+        ExpectDoesNotOpen(path, RunTimeErrorKind::FileNotFound);
         EXPECT_THAT([&] { files_.Delete(path); }, Raises(RunTimeErrorKind::FileNotFound));
     }
     EXPECT_EQ(Get("kfm.def"), "stage") << "neither emptied nor deleted";
@@ -407,21 +345,15 @@ TEST_F(PosixFilesOddities, NamesOfAnyLengthAreLookedUp) {
                 Raises(RunTimeErrorKind::FileNotFound));
 }
 
-TEST_F(PosixFilesDelete, RemovesAFile) {
+TEST_F(PosixFilesDelete, RemovesAFileOrALinkAndNotWhatItLeadsTo) {
     Put("a.def", "stage");
-    files_.Delete(At("a.def"));
-    EXPECT_FALSE(Has("a.def"));
-}
-
-TEST_F(PosixFilesDelete, RemovesALinkAndNotWhatItLeadsTo) {
     Put("real.def", "stage");
     PutLink("link.def", "real.def");
-    files_.Delete(At("link.def"));
-    EXPECT_FALSE(Has("link.def"));
+    for (const std::string name : {"a.def", "link.def"}) {
+        files_.Delete(At(name));
+        EXPECT_FALSE(Has(name));
+    }
     EXPECT_EQ(Get("real.def"), "stage");
-}
-
-TEST_F(PosixFilesDelete, AMissingFileIsNotFound) {
     EXPECT_THAT([&] { files_.Delete(At("none.def")); },
                 ThrowsMessage<RunTimeError>("File not found: " + At("none.def")));
 }
@@ -430,12 +362,12 @@ TEST_F(PosixFilesDelete, LeavesWhatIsNoFile) {
     PutFolder("folder.def");
     PutPipe("pipe.def");
     PutLink("dangling.def", "nowhere.def");
-    EXPECT_THAT([&] { files_.Delete(At("folder.def")); }, Raises(RunTimeErrorKind::PathFileAccess));
-    EXPECT_THAT([&] { files_.Delete(At("pipe.def")); }, Raises(RunTimeErrorKind::PathFileAccess));
-    EXPECT_THAT([&] { files_.Delete(At("dangling.def")); }, Raises(RunTimeErrorKind::FileNotFound));
-    EXPECT_TRUE(Has("folder.def"));
-    EXPECT_TRUE(Has("pipe.def"));
-    EXPECT_TRUE(Has("dangling.def"));
+    for (const auto& [name, kind] : {std::pair{"folder.def", RunTimeErrorKind::PathFileAccess},
+                                     {"pipe.def", RunTimeErrorKind::PathFileAccess},
+                                     {"dangling.def", RunTimeErrorKind::FileNotFound}}) {
+        EXPECT_THAT([&] { files_.Delete(At(name)); }, Raises(kind)) << name;
+        EXPECT_TRUE(Has(name));
+    }
 }
 
 }  // namespace

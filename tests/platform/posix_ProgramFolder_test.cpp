@@ -19,9 +19,7 @@ namespace {
 
 namespace fs = std::filesystem;
 using testing::EndsWith;
-using testing::Property;
 using testing::StartsWith;
-using testing::Throws;
 
 // A variable of the environment while it lives; without a value it is taken away.
 class Environment {
@@ -129,12 +127,7 @@ TEST(TemporaryFolder, IsNewEmptyAndOurOwn) {
     EXPECT_TRUE(fs::is_directory(folder.Path()));
     EXPECT_TRUE(fs::is_empty(folder.Path()));
     EXPECT_EQ(fs::status(folder.Path()).permissions(), fs::perms::owner_all);
-}
-
-TEST(TemporaryFolder, EveryOneIsAnother) {
-    const TemporaryFolder first;
-    const TemporaryFolder second;
-    EXPECT_NE(first.Path(), second.Path());
+    EXPECT_NE(TemporaryFolder().Path(), folder.Path());
 }
 
 TEST(TemporaryFolder, GoesWithAllThatIsInIt) {
@@ -177,9 +170,8 @@ TEST(TemporaryFolder, RaisesWhenNoneCanBeMade) {
         GTEST_SKIP() << "this machine has no folder in which nobody can make one";
     }
     const Environment tmp("TMPDIR", "/proc/self");
-    EXPECT_THAT(
-        [] { const TemporaryFolder folder; },
-        Throws<RunTimeError>(Property(&RunTimeError::Kind, RunTimeErrorKind::PathFileAccess)));
+    EXPECT_THAT([] { const TemporaryFolder folder; },
+                test::Raises(RunTimeErrorKind::PathFileAccess));
 }
 
 }  // namespace

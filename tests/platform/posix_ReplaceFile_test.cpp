@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <filesystem>
 #include <string>
+#include <utility>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -13,13 +14,8 @@ namespace scenara {
 namespace {
 
 using namespace std::string_literals;
-using testing::Property;
-using testing::Throws;
+using test::Raises;
 using testing::ThrowsMessage;
-
-auto Raises(RunTimeErrorKind kind) {
-    return Throws<RunTimeError>(Property(&RunTimeError::Kind, kind));
-}
 
 class ReplaceFile : public test::Disk {
 protected:
@@ -62,33 +58,24 @@ TEST_F(ReplaceFile, WritesLargeFiles) {
     EXPECT_TRUE(Get("a.bin") == large);
 }
 
-TEST_F(ReplaceFile, TakesTheNameThatIsThereInWhateverCase) {
+TEST_F(ReplaceFile, TakesTheNameThatIsThereInWhateverCaseAndItsPermissions) {
     Put("qx.cfg", "old");
+    ASSERT_EQ(::chmod(At("qx.cfg").c_str(), 0640), 0);
     files_.ReplaceFile(At("QX.CFG"), "new");
     EXPECT_EQ(Get("qx.cfg"), "new");
+    EXPECT_EQ(Permissions("qx.cfg"), 0640U);
     EXPECT_EQ(FileCount(), 1U);
 }
 
-TEST_F(ReplaceFile, KeepsThePermissions) {
-    Put("QX.CFG", "old");
-    ASSERT_EQ(::chmod(At("QX.CFG").c_str(), 0640), 0);
-    files_.ReplaceFile(At("QX.CFG"), "new");
-    EXPECT_EQ(Permissions("QX.CFG"), 0640U);
-    EXPECT_EQ(Get("QX.CFG"), "new");
-}
-
-TEST_F(ReplaceFile, ALinkStaysALink) {
+TEST_F(ReplaceFile, ALinkStaysALinkUnlessItLeadsNowhere) {
     Put("dotfiles/real.cfg", "old");
     PutLink("QX.CFG", "dotfiles/real.cfg");
+    PutLink("dangling.cfg", "nowhere/real.cfg");
     files_.ReplaceFile(At("QX.CFG"), "new");
+    files_.ReplaceFile(At("dangling.cfg"), "new");
     EXPECT_TRUE(std::filesystem::is_symlink(At("QX.CFG")));
     EXPECT_EQ(Get("dotfiles/real.cfg"), "new");
-}
-
-TEST_F(ReplaceFile, ALinkThatLeadsNowhereBecomesTheFile) {
-    PutLink("QX.CFG", "nowhere/real.cfg");
-    files_.ReplaceFile(At("QX.CFG"), "new");
-    EXPECT_EQ(Get("QX.CFG"), "new");
+    EXPECT_EQ(Get("dangling.cfg"), "new");
 }
 
 TEST_F(ReplaceFile, TakesOverWhatAStoppedMachineHasLeft) {
@@ -111,17 +98,11 @@ TEST_F(ReplaceFile, IsNotLedElsewhereByALinkOfThatName) {
 TEST_F(ReplaceFile, AFullDiskLeavesTheOldFile) {
     Put("QX.CFG", "old");
     for (const rlim_t room : {rlim_t{0}, rlim_t{1}, rlim_t{5000}}) {
-        bool failed = false;
-        {
-            const test::FullDisk full(room);
-            try {
-                files_.ReplaceFile(At("QX.CFG"), std::string(10000, 'n'));
-            } catch (const RunTimeError& error) {
-                failed = error.what() == "Disk full: " + At("QX.CFG");
-            }
-        }
-        EXPECT_TRUE(failed) << room;
-        EXPECT_EQ(Get("QX.CFG"), "old") << room;
+        SCOPED_TRACE(room);
+        const std::string error = test::ErrorOnFullDisk(
+            room, [&] { files_.ReplaceFile(At("QX.CFG"), std::string(10000, 'n')); });
+        EXPECT_EQ(error, "Disk full: " + At("QX.CFG"));
+        EXPECT_EQ(Get("QX.CFG"), "old");
         EXPECT_EQ(FileCount(), 1U) << "what was written is removed again";
     }
 }
@@ -156,19 +137,16 @@ TEST_F(ReplaceFile, WhatIsNoFileStays) {
     PutFolder("folder");
     PutPipe("pipe");
     PutLink("circle", "circle");
-    for (const std::string name : {"folder", "pipe"}) {
-        EXPECT_THAT([&] { files_.ReplaceFile(At(name), "new"); },
-                    Raises(RunTimeErrorKind::PathFileAccess))
-            << name;
-    }
     EXPECT_THROW(files_.ReplaceFile(At("circle"), "new"), RunTimeError);
-    EXPECT_THAT([&] { files_.ReplaceFile("/dev/null", "new"); },
-                Raises(RunTimeErrorKind::PathFileAccess));
-    EXPECT_THAT([&] { files_.ReplaceFile(At("none/QX.CFG"), "new"); },
-                Raises(RunTimeErrorKind::FileNotFound));
-    EXPECT_THAT([&] { files_.ReplaceFile(At("QX.CFG") + "\0x"s, "new"); },
-                Raises(RunTimeErrorKind::FileNotFound));
-    EXPECT_THAT([&] { files_.ReplaceFile("", "new"); }, Raises(RunTimeErrorKind::FileNotFound));
+    constexpr auto kAccess = RunTimeErrorKind::PathFileAccess;
+    constexpr auto kNotFound = RunTimeErrorKind::FileNotFound;
+    for (const auto& [path, kind] :
+         {std::pair{At("folder"), kAccess}, std::pair{At("pipe"), kAccess},
+          std::pair{"/dev/null"s, kAccess}, std::pair{At("none/QX.CFG"), kNotFound},
+          std::pair{At("QX.CFG") + "\0x"s, kNotFound}, std::pair{""s, kNotFound}}) {
+        SCOPED_TRACE(path);
+        EXPECT_THAT([&] { files_.ReplaceFile(path, "new"); }, Raises(kind));
+    }
     EXPECT_EQ(FileCount(), 3U);
 }
 

@@ -38,12 +38,44 @@ PlainTexture Stretches(std::uint32_t longest, std::mt19937& random) {
             5};
 }
 
-class CopyRowsTest : public testing::TestWithParam<RowPath> {};
+class CopyRowsTest : public testing::TestWithParam<RowPath> {
+protected:
+    // Both ways round, rectangles of every width from random places.
+    static void CheckEveryWidth(const PlainTexture& texture, bool masked, std::mt19937& random) {
+        const auto below = [&](std::int32_t limit) {
+            return static_cast<std::int32_t>(random() % static_cast<std::uint32_t>(limit));
+        };
+        for (std::int32_t width = 1; width <= View().width; ++width) {
+            const std::int32_t height = 1 + below(kHeight);
+            const std::int32_t column = below(kWidth - width + 1);
+            const std::int32_t line = below(kHeight - height + 1);
+            Check(texture, {width, height, column}, line, width % 2 == 0, masked);
+        }
+    }
+
+    struct Part {
+        std::int32_t width, height, column;
+    };
+    static void Check(const PlainTexture& texture, const Part& part, std::int32_t line,
+                      bool upwards, bool masked) {
+        TexelRows rows;
+        rows.width = part.width;
+        rows.height = part.height;
+        rows.column = part.column;
+        for (const bool mirrored : {false, true}) {
+            rows.mirrored = mirrored;
+            CheckOne(texture, rows, line, upwards, masked);
+        }
+    }
+
+private:
+    static void CheckOne(const PlainTexture& texture, TexelRows rows, std::int32_t line,
+                         bool upwards, bool masked);
+};
 
 // Draws a rectangle, upwards or downwards, and compares all of the view with what is to be there.
-template <typename DrawRows>
-void Check(const PlainTexture& texture, TexelRows rows, std::int32_t line, bool upwards,
-           bool masked, DrawRows drawRows) {
+void CopyRowsTest::CheckOne(const PlainTexture& texture, TexelRows rows, std::int32_t line,
+                            bool upwards, bool masked) {
     const Texels texels = texture.Pixels();
     const Coverage coverage = Coverage::Of(texels);
     const std::int32_t firstLine = upwards ? line + rows.height - 1 : line;
@@ -59,7 +91,7 @@ void Check(const PlainTexture& texture, TexelRows rows, std::int32_t line, bool 
     TestView view(kGround);
     rows.destination = &view.Pixels().pixels[static_cast<std::size_t>(kTop * View().width + left)];
     rows.pitch = View().width;
-    drawRows(rows);
+    masked ? MaskRows(rows, GetParam()) : CopyRows(rows, GetParam());
 
     std::size_t changed = 0;
     for (std::int32_t y = 0; y < rows.height; ++y) {
@@ -83,41 +115,13 @@ void Check(const PlainTexture& texture, TexelRows rows, std::int32_t line, bool 
 
 TEST_P(CopyRowsTest, CopyEveryWidthFromEveryPlace) {
     std::mt19937 random(6);
-    const PlainTexture texture = Stretches(20, random);
-    for (std::int32_t width = 1; width <= View().width; ++width) {
-        TexelRows rows;
-        rows.width = width;
-        rows.height = 1 + static_cast<std::int32_t>(random() % kHeight);
-        rows.column =
-            static_cast<std::int32_t>(random() % static_cast<std::uint32_t>(kWidth - width + 1));
-        const auto line = static_cast<std::int32_t>(
-            random() % static_cast<std::uint32_t>(kHeight - rows.height + 1));
-        for (const bool mirrored : {false, true}) {
-            rows.mirrored = mirrored;
-            Check(texture, rows, line, width % 2 == 0, false,
-                  [](const TexelRows& drawn) { CopyRows(drawn, GetParam()); });
-        }
-    }
+    CheckEveryWidth(Stretches(20, random), false, random);
 }
 
 TEST_P(CopyRowsTest, MaskEveryWidthFromEveryPlace) {
     std::mt19937 random(7);
     for (const std::uint32_t longest : {1U, 3U, 12U, 60U}) {
-        const PlainTexture texture = Stretches(longest, random);
-        for (std::int32_t width = 1; width <= View().width; ++width) {
-            TexelRows rows;
-            rows.width = width;
-            rows.height = 1 + static_cast<std::int32_t>(random() % kHeight);
-            rows.column = static_cast<std::int32_t>(random() %
-                                                    static_cast<std::uint32_t>(kWidth - width + 1));
-            const auto line = static_cast<std::int32_t>(
-                random() % static_cast<std::uint32_t>(kHeight - rows.height + 1));
-            for (const bool mirrored : {false, true}) {
-                rows.mirrored = mirrored;
-                Check(texture, rows, line, width % 2 == 0, true,
-                      [](const TexelRows& drawn) { MaskRows(drawn, GetParam()); });
-            }
-        }
+        CheckEveryWidth(Stretches(longest, random), true, random);
     }
 }
 
@@ -127,15 +131,7 @@ TEST_P(CopyRowsTest, MaskSmallRectanglesAtEveryColumn) {
     const PlainTexture texture = Stretches(4, random);
     for (std::int32_t width = 1; width <= 40; ++width) {
         for (std::int32_t column = 50; column < 82; ++column) {
-            for (const bool mirrored : {false, true}) {
-                TexelRows rows;
-                rows.width = width;
-                rows.height = 2;
-                rows.column = column;
-                rows.mirrored = mirrored;
-                Check(texture, rows, 3, false, true,
-                      [](const TexelRows& drawn) { MaskRows(drawn, GetParam()); });
-            }
+            Check(texture, {width, 2, column}, 3, false, true);
         }
     }
 }

@@ -11,6 +11,7 @@
 
 #include <gtest/gtest.h>
 
+#include "GoodParameters.h"
 #include "platform/soft/SoftDevice.h"
 #include "support/AllocationCount.h"
 #include "support/NullDevice.h"
@@ -109,10 +110,6 @@ TEST_F(SoftDeviceCopies, InASceneAndWithOthersSurfacesAreRefused) {
 }
 
 TEST_F(SoftDeviceCopies, OfALostDeviceWaitForItsReset) {
-    D3DPRESENT_PARAMETERS parameters;
-    parameters.Windowed = 1;
-    parameters.SwapEffect = D3DSWAPEFFECT_COPY;
-    parameters.BackBufferFormat = D3DFMT_X8R8G8B8;
     ASSERT_EQ(device.CopyRects(*backBuffer, {5, 0, 6, 1}, *image, {0, 0}), D3D_OK);
     backBuffer.reset();
     device.Lose();
@@ -120,7 +117,7 @@ TEST_F(SoftDeviceCopies, OfALostDeviceWaitForItsReset) {
     EXPECT_EQ(device.CopyRects(*backBuffer, {0, 0, 1, 1}, *image, {0, 0}), D3DERR_DEVICELOST);
     EXPECT_EQ(device.CopyRects(*image, {0, 0, 1, 1}, *backBuffer, {0, 0}), D3DERR_DEVICELOST);
     device.AllowReset();
-    ASSERT_EQ(device.Reset(parameters), D3D_OK);
+    ASSERT_EQ(device.Reset(test::GoodParameters()), D3D_OK);
     EXPECT_EQ(device.CopyRects(*image, {0, 0, 1, 1}, *backBuffer, {0, 0}), D3D_OK);
     EXPECT_EQ(At(0, 0), 5U) << "an image outlives the loss";
 }

@@ -4,7 +4,6 @@
 #include <cstdint>
 #include <limits>
 #include <memory>
-#include <utility>
 #include <vector>
 
 #include <gmock/gmock.h>
@@ -12,12 +11,12 @@
 
 #include "base/RunTimeError.h"
 #include "platform/soft/SoftDevice.h"
+#include "support/Raises.h"
 
 namespace scenara {
 namespace {
 
-using testing::Property;
-using testing::Throws;
+using test::Raises;
 using testing::ThrowsMessage;
 
 using Texture = std::shared_ptr<Direct3DTexture8>;
@@ -37,10 +36,6 @@ TextureParameters Wishing(std::int32_t width, std::int32_t height, std::int32_t 
     return parameters;
 }
 
-auto RaisesOverflow() {
-    return Throws<RunTimeError>(Property(&RunTimeError::Kind, RunTimeErrorKind::Overflow));
-}
-
 TEST(TextureParameters, DefaultsAreThoseOfEverySprite) {
     const TextureParameters parameters;
     EXPECT_EQ(parameters.mipLevels, 0xFFFFFFFFU);
@@ -50,15 +45,6 @@ TEST(TextureParameters, DefaultsAreThoseOfEverySprite) {
     EXPECT_EQ(parameters.filter, 2U);
     EXPECT_EQ(parameters.mipFilter, 2U);
     EXPECT_EQ(parameters.colorKey, 0U);
-}
-
-TEST(SoftDevice, ATextureHasTheSizeItWasMadeWith) {
-    SoftDevice device;
-    const Texture texture = device.CreateTexture(Sized(5, 3));
-    EXPECT_EQ(texture->Width(), 5);
-    EXPECT_EQ(texture->Height(), 3);
-    EXPECT_EQ(texture->LockRect().pitch, 5);
-    EXPECT_EQ(texture->LockRect().words.size(), 15U);
 }
 
 TEST(SoftDevice, PixelsStayAsTheyWereWritten) {
@@ -81,33 +67,30 @@ TEST(SoftDevice, PixelsStayAsTheyWereWritten) {
     EXPECT_EQ(second->LockRect().words[0], 0x00112233U) << "alpha 0 keeps its colour";
 }
 
-TEST(SoftDevice, GivesThePitchAndTheSlackThatAreWishedFor) {
-    SoftDevice device;
-    const Texture texture = device.CreateTexture(Wishing(5, 3, 8, 62));
-    EXPECT_EQ(texture->Width(), 5);
-    EXPECT_EQ(texture->Height(), 3);
-    const LockedPixels pixels = texture->LockRect();
-    EXPECT_EQ(pixels.pitch, 8);
-    EXPECT_EQ(pixels.words.size(), 3U * 8U + 62U);
-    std::fill(pixels.words.begin(), pixels.words.end(), 1U);  // all of it may be written to
-}
+struct SizeRow {
+    TextureParameters asked;
+    std::int32_t pitch;
+    std::size_t words;
+};
 
-TEST(SoftDevice, APitchBelowTheWidthIsTheWidth) {
+TEST(SoftDevice, GivesEverySizeFrom1To32767WithThePitchAndTheSlackThatAreWishedFor) {
     SoftDevice device;
-    for (const std::int32_t pitch : {0, 1, 4, 5, -1, std::numeric_limits<std::int32_t>::min()}) {
-        const Texture texture = device.CreateTexture(Wishing(5, 3, pitch, 0));
-        EXPECT_EQ(texture->LockRect().pitch, 5) << pitch;
-        EXPECT_EQ(texture->LockRect().words.size(), 15U) << pitch;
-    }
-}
-
-TEST(SoftDevice, TakesEverySizeFrom1To32767) {
-    SoftDevice device;
-    for (const auto& [width, height] : {std::pair{1, 1}, {32767, 1}, {1, 32767}, {32767, 2}}) {
-        const Texture texture = device.CreateTexture(Sized(width, height));
-        const auto pixels = static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
-        ASSERT_EQ(texture->LockRect().words.size(), pixels);
-        texture->LockRect().words.back() = 1;
+    for (const auto& [asked, pitch, words] :
+         {SizeRow{Sized(5, 3), 5, 15}, SizeRow{Wishing(5, 3, 8, 62), 8, 3 * 8 + 62},
+          SizeRow{Sized(1, 1), 1, 1}, SizeRow{Sized(32767, 1), 32767, 32767},
+          SizeRow{Sized(1, 32767), 1, 32767}, SizeRow{Sized(32767, 2), 32767, 65534},
+          // A pitch below the width is the width.
+          SizeRow{Wishing(5, 3, 1, 0), 5, 15}, SizeRow{Wishing(5, 3, 4, 0), 5, 15},
+          SizeRow{Wishing(5, 3, 5, 0), 5, 15}, SizeRow{Wishing(5, 3, -1, 0), 5, 15},
+          SizeRow{Wishing(5, 3, std::numeric_limits<std::int32_t>::min(), 0), 5, 15}}) {
+        SCOPED_TRACE(asked.wantedPitch);
+        const Texture texture = device.CreateTexture(asked);
+        EXPECT_EQ(texture->Width(), asked.width);
+        EXPECT_EQ(texture->Height(), asked.height);
+        const LockedPixels pixels = texture->LockRect();
+        EXPECT_EQ(pixels.pitch, pitch);
+        ASSERT_EQ(pixels.words.size(), words);
+        std::ranges::fill(pixels.words, 1U);  // all of it may be written to
     }
 }
 
@@ -116,9 +99,11 @@ TEST(SoftDevice, RefusesOtherSizes) {
     constexpr std::int32_t kLeast = std::numeric_limits<std::int32_t>::min();
     constexpr std::int32_t kMost = std::numeric_limits<std::int32_t>::max();
     for (const std::int32_t side : {0, -1, 32768, 65536, kMost, kLeast}) {
-        EXPECT_THAT([&] { return device.CreateTexture(Sized(side, 1)); }, RaisesOverflow()) << side;
-        EXPECT_THAT([&] { return device.CreateTexture(Sized(1, side)); }, RaisesOverflow()) << side;
-        EXPECT_THAT([&] { return device.CreateTexture(Sized(side, side)); }, RaisesOverflow());
+        SCOPED_TRACE(side);
+        for (const auto& size : {Sized(side, 1), Sized(1, side), Sized(side, side)}) {
+            EXPECT_THAT([&] { return device.CreateTexture(size); },
+                        Raises(RunTimeErrorKind::Overflow));
+        }
     }
     EXPECT_THAT([&] { return device.CreateTexture(Sized(32768, 4)); },
                 ThrowsMessage<RunTimeError>("Overflow: a texture of 32768 x 4 pixels"));
@@ -132,9 +117,8 @@ TEST(SoftDevice, WishesBeyondTheMachineRaiseOutOfMemory) {
          {Wishing(5, 3, 0, kMost), Wishing(5, 3, 0, kMost - 14), Wishing(5, 3, 0, kMost - 15),
           Wishing(5, 3, 0, kMost / 4), Wishing(32767, 32767, kLongest, 0),
           Wishing(32767, 32767, kLongest, kMost)}) {
-        EXPECT_THAT(
-            [&] { return device.CreateTexture(parameters); },
-            Throws<RunTimeError>(Property(&RunTimeError::Kind, RunTimeErrorKind::OutOfMemory)))
+        EXPECT_THAT([&] { return device.CreateTexture(parameters); },
+                    Raises(RunTimeErrorKind::OutOfMemory))
             << parameters.wantedPitch << " x " << parameters.wantedSlack;
     }
     EXPECT_EQ(device.CreateTexture(Sized(2, 2))->LockRect().words.size(), 4U);

@@ -210,10 +210,7 @@ TEST_F(SoftFontTest, DrawsBothEncodingsAlike) {
 
 TEST_F(SoftFontTest, DrawsEveryCharacterThatCanBeShownAndNoOther) {
     EXPECT_NE(Drawn("a&b", kWhole), Drawn("ab", kWhole));
-    EXPECT_EQ(Drawn("a\t\x01"
-                    "b\x7F\x1B",
-                    kWhole),
-              Drawn("ab", kWhole));
+    EXPECT_EQ(Drawn("a\t\001b\x7F\x1B", kWhole), Drawn("ab", kWhole));
     EXPECT_EQ(Drawn(std::string_view("a\0b", 3), kWhole), Drawn("ab", kWhole));
     EXPECT_EQ(Drawn("\U0010FFFF", kWhole), Drawn("\uE123", kWhole)) << "the font's missing glyph";
 }
@@ -283,19 +280,15 @@ TEST_F(SoftFontTest, DrawsWithoutAllocatingOnceTheGlyphsAreThere) {
     EXPECT_EQ(Glyphs().RenderCount(), rendered);
 }
 
-TEST(SoftFont, WithoutGlyphsDrawsNothing) {
-    SoftFont font(nullptr);
-    Pixels pixels = Ground();
-    DrawSoftText(font, kInk, "HHH", kWhole, 0, pixels, kWidth, kHeight);
-    EXPECT_EQ(pixels, Ground());
-}
-
-TEST(SoftFont, OfAnotherOriginDrawsNothing) {
+TEST(SoftFont, WithoutGlyphsOrOfAnotherOriginDrawsNothing) {
+    SoftFont empty(nullptr);
     class OtherFont : public D3DXFont {};
-    OtherFont font;
-    Pixels pixels = Ground();
-    DrawSoftText(font, kInk, "HHH", kWhole, 0, pixels, kWidth, kHeight);
-    EXPECT_EQ(pixels, Ground());
+    OtherFont other;
+    for (D3DXFont* const font : std::initializer_list<D3DXFont*>{&empty, &other}) {
+        Pixels pixels = Ground();
+        DrawSoftText(*font, kInk, "HHH", kWhole, 0, pixels, kWidth, kHeight);
+        EXPECT_EQ(pixels, Ground());
+    }
 }
 
 // In a program of its own, whose font library finds no fonts.

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <limits>
 #include <string>
-#include <tuple>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -34,14 +33,14 @@ Lines LinesOf(std::string_view text, std::uint32_t format = 0, std::int64_t room
     return lines;
 }
 
-using Place = std::tuple<std::string, std::int64_t, std::int64_t>;  // text, left, top
-
-std::vector<Place> PlacesOf(std::string_view text, const RECT& rectangle, std::uint32_t format) {
+// Each line's text, left and top: "a 100,200; b 100,220".
+std::string PlacesOf(std::string_view text, const RECT& rectangle, std::uint32_t format) {
     TestWidths widths;
     TextLayout layout(text, EncodingOf(text), rectangle, format, 20, widths);
-    std::vector<Place> places;
+    std::string places;
     while (const auto line = layout.Next()) {
-        places.emplace_back(line->text, line->left, line->top);
+        places.append(places.empty() ? "" : "; ").append(line->text).append(" ");
+        places.append(std::to_string(line->left)).append(",").append(std::to_string(line->top));
     }
     return places;
 }
@@ -124,61 +123,48 @@ TEST(LineCutter, TakesTimeInProportionToTheText) {
 constexpr RECT kRectangle{100, 200, 200, 300};
 
 TEST(TextLayout, BeginsInTheUpperLeftCorner) {
-    EXPECT_EQ(PlacesOf("a\nbb", kRectangle, 0),
-              (std::vector<Place>{{"a", 100, 200}, {"bb", 100, 220}}));
+    EXPECT_EQ(PlacesOf("a\nbb", kRectangle, 0), "a 100,200; bb 100,220");
 }
 
 TEST(TextLayout, PlacesEveryLineByItsOwnWidth) {
-    EXPECT_EQ(PlacesOf("a\nbi", kRectangle, DT_RIGHT),
-              (std::vector<Place>{{"a", 190, 200}, {"bi", 186, 220}}));
-    EXPECT_EQ(PlacesOf("a\nbi", kRectangle, DT_CENTER),
-              (std::vector<Place>{{"a", 145, 200}, {"bi", 143, 220}}));
-    EXPECT_EQ(PlacesOf("a", kRectangle, DT_CENTER | DT_RIGHT),
-              (std::vector<Place>{{"a", 145, 200}}));
+    EXPECT_EQ(PlacesOf("a\nbi", kRectangle, DT_RIGHT), "a 190,200; bi 186,220");
+    EXPECT_EQ(PlacesOf("a\nbi", kRectangle, DT_CENTER), "a 145,200; bi 143,220");
+    EXPECT_EQ(PlacesOf("a", kRectangle, DT_CENTER | DT_RIGHT), "a 145,200");
 }
 
 TEST(TextLayout, PlacesAllLinesTogetherInTheHeight) {
-    EXPECT_EQ(PlacesOf("a\nb", kRectangle, DT_BOTTOM),
-              (std::vector<Place>{{"a", 100, 260}, {"b", 100, 280}}));
-    EXPECT_EQ(PlacesOf("a\nb", kRectangle, DT_VCENTER),
-              (std::vector<Place>{{"a", 100, 230}, {"b", 100, 250}}));
-    EXPECT_EQ(PlacesOf("a", kRectangle, DT_VCENTER | DT_BOTTOM),
-              (std::vector<Place>{{"a", 100, 240}}));
+    EXPECT_EQ(PlacesOf("a\nb", kRectangle, DT_BOTTOM), "a 100,260; b 100,280");
+    EXPECT_EQ(PlacesOf("a\nb", kRectangle, DT_VCENTER), "a 100,230; b 100,250");
+    EXPECT_EQ(PlacesOf("a", kRectangle, DT_VCENTER | DT_BOTTOM), "a 100,240");
     EXPECT_EQ(PlacesOf("aaaaaa aaaaaa", kRectangle, DT_BOTTOM | DT_WORDBREAK),
-              (std::vector<Place>{{"aaaaaa", 100, 260}, {"aaaaaa", 100, 280}}))
+              "aaaaaa 100,260; aaaaaa 100,280")
         << "lines that the width made count like the text's own";
 }
 
 TEST(TextLayout, PlacesBottomRight) {
-    EXPECT_EQ(PlacesOf("ab", kRectangle, 10), (std::vector<Place>{{"ab", 180, 280}}));
+    EXPECT_EQ(PlacesOf("ab", kRectangle, 10), "ab 180,280");
 }
 
 TEST(TextLayout, CentresByTheLowerHalfOfAnOddRest) {
     // 99 - 20 = 79 pixels are left, 39 of them before; 5 - 20 = -15, and -8 before.
-    EXPECT_EQ(PlacesOf("aa", {0, 0, 99, 99}, DT_CENTER | DT_VCENTER),
-              (std::vector<Place>{{"aa", 39, 39}}));
-    EXPECT_EQ(PlacesOf("aa", {0, 0, 5, 5}, DT_CENTER | DT_VCENTER),
-              (std::vector<Place>{{"aa", -8, -8}}));
+    EXPECT_EQ(PlacesOf("aa", {0, 0, 99, 99}, DT_CENTER | DT_VCENTER), "aa 39,39");
+    EXPECT_EQ(PlacesOf("aa", {0, 0, 5, 5}, DT_CENTER | DT_VCENTER), "aa -8,-8");
 }
 
 TEST(TextLayout, GivesControlCharactersNoWidth) {
-    EXPECT_EQ(PlacesOf("a\t\x01\x7F\x1B", kRectangle, DT_RIGHT),
-              (std::vector<Place>{{"a\t\x01\x7F\x1B", 190, 200}}));
-    EXPECT_EQ(PlacesOf("a\r\nb", kRectangle, DT_RIGHT | DT_SINGLELINE),
-              (std::vector<Place>{{"a\r\nb", 180, 200}}));
-    EXPECT_EQ(PlacesOf("a\xC2\x85", kRectangle, DT_RIGHT),
-              (std::vector<Place>{{"a\xC2\x85", 190, 200}}));
+    EXPECT_EQ(PlacesOf("a\t\x01\x7F\x1B", kRectangle, DT_RIGHT), "a\t\x01\x7F\x1B 190,200");
+    EXPECT_EQ(PlacesOf("a\r\nb", kRectangle, DT_RIGHT | DT_SINGLELINE), "a\r\nb 180,200");
+    EXPECT_EQ(PlacesOf("a\xC2\x85", kRectangle, DT_RIGHT), "a\xC2\x85 190,200");
 }
 
 TEST(TextLayout, KeepsItsHeadInTheLargestAndInTurnedRectangles) {
     constexpr std::int32_t kLeast = std::numeric_limits<std::int32_t>::min();
     constexpr std::int32_t kMost = std::numeric_limits<std::int32_t>::max();
     EXPECT_EQ(PlacesOf("a", {kLeast, kLeast, kMost, kMost}, DT_CENTER | DT_VCENTER),
-              (std::vector<Place>{{"a", -6, -11}}));  // -2^31 + floor((2^32 - 1 - 10) / 2)
+              "a -6,-11");  // -2^31 + floor((2^32 - 1 - 10) / 2)
     EXPECT_EQ(PlacesOf("a", {kMost, kMost, kLeast, kLeast}, DT_RIGHT | DT_BOTTOM),
-              (std::vector<Place>{{"a", std::int64_t{kLeast} - 10, std::int64_t{kLeast} - 20}}));
-    EXPECT_EQ(PlacesOf("a", {200, 300, 100, 200}, DT_CENTER),
-              (std::vector<Place>{{"a", 145, 300}}));
+              "a -2147483658,-2147483668");
+    EXPECT_EQ(PlacesOf("a", {200, 300, 100, 200}, DT_CENTER), "a 145,300");
 }
 
 }  // namespace

@@ -14,12 +14,11 @@
 #include "platform/PageMemory.h"
 #include "platform/soft/Poison.h"
 #include "platform/soft/TextureMemory.h"
+#include "support/Raises.h"
 
 namespace scenara {
 namespace {
 
-using testing::Property;
-using testing::Throws;
 using Piece = TextureMemory::Piece;
 
 constexpr std::size_t kWord = sizeof(std::uint32_t);
@@ -227,9 +226,8 @@ TEST(TextureMemory, RaisesOutOfMemoryAndGoesOn) {
     constexpr std::size_t kMost = std::numeric_limits<std::size_t>::max();
     for (const std::size_t words : {kMost, kMost - 15, kMost / 4, kMost / 4 + 1, kMost / 8,
                                     kMost / 8 + 1, std::size_t{1} << 50U}) {
-        EXPECT_THAT(
-            [&] { return memory.Allocate(words); },
-            Throws<RunTimeError>(Property(&RunTimeError::Kind, RunTimeErrorKind::OutOfMemory)))
+        EXPECT_THAT([&] { return memory.Allocate(words); },
+                    test::Raises(RunTimeErrorKind::OutOfMemory))
             << words;
         EXPECT_EQ(memory.UsedBytes(), used);
         EXPECT_EQ(memory.CommittedBytes(), committed);

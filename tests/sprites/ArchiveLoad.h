@@ -20,6 +20,7 @@
 #include "sprites/sff2.h"
 #include "stage/StageModel.h"
 #include "support/MemoryFiles.h"
+#include "support/MessageTexts.h"
 
 namespace scenara::test {
 
@@ -53,20 +54,8 @@ public:
     }
     [[nodiscard]] Words Pixels(std::size_t index) const { return PixelsOf(*Sprite(index).texture); }
 
-    [[nodiscard]] std::vector<std::string> Texts() const {
-        std::vector<std::string> texts;
-        for (const Message& message : messages.Recorded()) {
-            texts.push_back(message.text);
-        }
-        return texts;
-    }
-    [[nodiscard]] std::vector<MessageKind> Kinds() const {
-        std::vector<MessageKind> kinds;
-        for (const Message& message : messages.Recorded()) {
-            kinds.push_back(message.kind);
-        }
-        return kinds;
-    }
+    [[nodiscard]] std::vector<std::string> Texts() const { return TextsOf(messages); }
+    [[nodiscard]] std::vector<MessageKind> Kinds() const { return KindsOf(messages); }
 
     // Sum of what the file was asked for: also what buffers had to be made for.
     [[nodiscard]] std::uint64_t BytesAskedFor() const {
@@ -77,6 +66,22 @@ public:
         return sum;
     }
 };
+
+// All that an entry of the table says, on one line.
+inline std::string NumbersOf(const SpriteEntry& entry) {
+    std::string line;
+    const auto add = [&](const char* what, auto first, auto second) {
+        line.append(what).append(std::to_string(first)).append(",").append(std::to_string(second));
+    };
+    add("", entry.group, entry.image);
+    add(" axis ", entry.axisX, entry.axisY);
+    add(" size ", entry.width, entry.height);
+    add(" key ", entry.keyAlpha, entry.keyRed);
+    add(",", entry.keyGreen, entry.keyBlue);
+    add(" self,link ", entry.selfIndex, entry.linkedTo);
+    add(" masked,reserved ", entry.masked, entry.reserved);
+    return line;
+}
 
 // A subfile with a picture.
 inline Sff1Subfile Shown(std::int16_t group, std::int16_t image, std::vector<std::byte> pcx) {
@@ -91,6 +96,18 @@ inline Sff1Subfile Shown(std::int16_t group, std::int16_t image, std::vector<std
 inline Sff1Subfile Linked(std::int16_t group, std::int16_t image, std::int16_t link) {
     Sff1Subfile subfile = Shown(group, image, {});
     subfile.linkIndex = link;
+    return subfile;
+}
+
+inline Sff1Subfile WithAxis(Sff1Subfile subfile, int x, int y) {
+    subfile.axisX = static_cast<std::int16_t>(x);
+    subfile.axisY = static_cast<std::int16_t>(y);
+    return subfile;
+}
+
+// One that uses the palette of the picture before.
+inline Sff1Subfile Sharing(Sff1Subfile subfile) {
+    subfile.samePalette = true;
     return subfile;
 }
 

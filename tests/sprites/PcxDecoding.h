@@ -4,15 +4,19 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <span>
 #include <string>
 #include <vector>
+
+#include <gtest/gtest.h>
 
 #include "Pictures.h"
 #include "RecordingDevice.h"
 #include "platform/headless/HeadlessMessages.h"
 #include "samplemaker/PcxWriter.h"
 #include "sprites/modFilePCX.h"
+#include "support/MessageTexts.h"
 
 namespace scenara::test {
 
@@ -49,14 +53,22 @@ public:
 
     [[nodiscard]] Words Pixels() const { return PixelsOf(*picture.texture); }
 
-    [[nodiscard]] std::vector<std::string> Texts() const {
-        std::vector<std::string> texts;
-        for (const Message& message : messages.Recorded()) {
-            texts.push_back(message.text);
-        }
-        return texts;
-    }
+    [[nodiscard]] std::vector<std::string> Texts() const { return TextsOf(messages); }
 };
+
+// What every sprite's texture is made with.
+inline void ExpectSpriteTexture(const TextureParameters& made, std::int32_t width,
+                                std::int32_t height, std::uint32_t colorKey) {
+    EXPECT_EQ(made.width, width);
+    EXPECT_EQ(made.height, height);
+    EXPECT_EQ(made.colorKey, colorKey);
+    EXPECT_EQ(made.mipLevels, 0xFFFFFFFFU);  // D3DX_DEFAULT: the full chain
+    EXPECT_EQ(made.usage, 0U);
+    EXPECT_EQ(made.format, 0U);     // D3DFMT_UNKNOWN: the picture's own
+    EXPECT_EQ(made.pool, 1U);       // D3DPOOL_MANAGED
+    EXPECT_EQ(made.filter, 2U);     // D3DX_FILTER_POINT
+    EXPECT_EQ(made.mipFilter, 2U);  // D3DX_FILTER_POINT
+}
 
 // The box of the image routines.
 inline std::string HandleErrorText(const std::string& reason) {

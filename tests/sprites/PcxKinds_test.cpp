@@ -5,6 +5,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <ostream>
 #include <string>
 #include <tuple>
@@ -20,24 +21,13 @@
 #include "samplemaker/ByteWriter.h"
 #include "sprites/modFilePCX.h"
 
-namespace scenara {
+namespace scenara::test {
 namespace {
 
 using samplemaker::PcxDepth;
 using samplemaker::PcxOptions;
 using samplemaker::RunBreaks;
 using samplemaker::WritePcx;
-using test::Bytes;
-using test::ColorsOf;
-using test::DeviceLines;
-using test::KeyedByColor;
-using test::KeyedByIndex;
-using test::Opaque;
-using test::PaletteOf;
-using test::PcxDecoding;
-using test::StripedPicture;
-using test::TrueColorPicture;
-using test::Words;
 
 // Header and lines written by hand, so that nothing rests on the writer alone.
 std::vector<std::byte> HandMade(std::uint8_t encoding, std::uint8_t bits, std::uint8_t planes,
@@ -73,85 +63,59 @@ Words HeaderColors(const std::vector<unsigned>& indices, bool keyed) {
     return words;
 }
 
-struct HandRow {
-    const char* name;
-    std::vector<std::byte> pcx;
-    std::vector<unsigned> indices;  // into the header's colours
-    bool keyed;
-};
-
-void PrintTo(const HandRow& row, std::ostream* out) {
-    *out << row.name;
-}
-
-class HeaderColorsPcx : public testing::TestWithParam<HandRow> {};
-
-TEST_P(HeaderColorsPcx, HasTheColorsOfItsHeader) {
+void ExpectHandMade(const char* name, const std::vector<std::byte>& pcx, const Words& pixels) {
+    SCOPED_TRACE(name);
     PcxDecoding decoding;
     decoding.SetPalette(PaletteOf(200));  // not for these
-    ASSERT_TRUE(decoding.Load(GetParam().pcx));
-    EXPECT_EQ(decoding.Pixels(), HeaderColors(GetParam().indices, GetParam().keyed));
-    EXPECT_EQ(decoding.picture.consumed, GetParam().pcx.size() - kPcxHeaderSize);
+    ASSERT_TRUE(decoding.Load(pcx));
+    EXPECT_EQ(decoding.Pixels(), pixels);
+    EXPECT_EQ(decoding.picture.consumed, pcx.size() - kPcxHeaderSize);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    , HeaderColorsPcx,
-    testing::Values(
-        // 10 pixels: 1010011001 and 0111111110; what lies behind in the bytes is padding.
-        HandRow{"Bits1",
-                HandMade(0, 1, 1, 10, 2, 2, Bytes({0xA6, 0x7F, 0x7F, 0xBF})),
-                {1, 0, 1, 0, 0, 1, 1, 0, 0, 1, 0, 1, 1, 1, 1, 1, 1, 1, 1, 0},
-                true},
-        HandRow{"Bits2",
-                HandMade(0, 2, 1, 5, 2, 2, Bytes({0x1B, 0xBF, 0xE4, 0x7F})),
-                {0, 1, 2, 3, 2, 3, 2, 1, 0, 1},
-                true},
-        HandRow{"Bits4",
-                HandMade(1, 4, 1, 3, 2, 2, Bytes({0x0F, 0x5A, 0xC1, 0xE1, 0x7B})),
-                {0, 15, 5, 14, 1, 7},
-                true},
-        // The first plane holds the lowest bit: 1100, 1010 -> 3 1 2 0.
-        HandRow{
-            "Bits1Planes2", HandMade(0, 1, 2, 4, 1, 1, Bytes({0xCF, 0xAF})), {3, 1, 2, 0}, false},
-        HandRow{"Bits1Planes3",
-                HandMade(0, 1, 3, 8, 1, 1, Bytes({0x55, 0x33, 0x0F})),
-                {0, 1, 2, 3, 4, 5, 6, 7},
-                false},
-        HandRow{
-            "Bits1Planes4",
-            HandMade(0, 1, 4, 16, 1, 2, Bytes({0x55, 0x55, 0x33, 0x33, 0x0F, 0x0F, 0x00, 0xFF})),
-            {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15},
-            false}),
-    [](const testing::TestParamInfo<HandRow>& row) { return row.param.name; });
+TEST(HandMadePcx, OfFewColorsHasThoseOfItsHeader) {
+    const auto keyed = [](const std::vector<unsigned>& indices) {
+        return HeaderColors(indices, true);
+    };
+    const auto opaque = [](const std::vector<unsigned>& indices) {
+        return HeaderColors(indices, false);
+    };
+    // 10 pixels: 1010011001 and 0111111110; what lies behind in the bytes is padding.
+    ExpectHandMade("1 bit", HandMade(0, 1, 1, 10, 2, 2, Bytes({0xA6, 0x7F, 0x7F, 0xBF})),
+                   keyed({1, 0, 1, 0, 0, 1, 1, 0, 0, 1, 0, 1, 1, 1, 1, 1, 1, 1, 1, 0}));
+    ExpectHandMade("2 bits", HandMade(0, 2, 1, 5, 2, 2, Bytes({0x1B, 0xBF, 0xE4, 0x7F})),
+                   keyed({0, 1, 2, 3, 2, 3, 2, 1, 0, 1}));
+    ExpectHandMade("4 bits", HandMade(1, 4, 1, 3, 2, 2, Bytes({0x0F, 0x5A, 0xC1, 0xE1, 0x7B})),
+                   keyed({0, 15, 5, 14, 1, 7}));
+    // The first plane holds the lowest bit: 1100, 1010 -> 3 1 2 0.
+    ExpectHandMade("2 planes", HandMade(0, 1, 2, 4, 1, 1, Bytes({0xCF, 0xAF})),
+                   opaque({3, 1, 2, 0}));
+    ExpectHandMade("3 planes", HandMade(0, 1, 3, 8, 1, 1, Bytes({0x55, 0x33, 0x0F})),
+                   opaque({0, 1, 2, 3, 4, 5, 6, 7}));
+    ExpectHandMade(
+        "4 planes",
+        HandMade(0, 1, 4, 16, 1, 2, Bytes({0x55, 0x55, 0x33, 0x33, 0x0F, 0x0F, 0x00, 0xFF})),
+        opaque({0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15}));
+}
 
 TEST(HandMadePcx, PlanesOf8BitsAreRedGreenBlueLineByLine) {
-    PcxDecoding decoding;
-    const auto pcx = HandMade(0, 8, 3, 2, 2, 3,
-                              Bytes({1, 2, 99, 3, 4, 99, 5, 6, 99,  //
-                                     7, 8, 99, 9, 10, 99, 11, 12, 99}));
-    ASSERT_TRUE(decoding.Load(pcx));
-    EXPECT_EQ(decoding.Pixels(), (Words{0xFF010305, 0xFF020406, 0xFF07090B, 0xFF080A0C}));
-}
-
-TEST(HandMadePcx, AFourthPlaneIsNotShown) {
-    PcxDecoding decoding;
-    const auto pcx = HandMade(0, 8, 4, 1, 2, 1, Bytes({1, 2, 3, 0, 4, 5, 6, 7}));
-    ASSERT_TRUE(decoding.Load(pcx));
-    EXPECT_EQ(decoding.Pixels(), (Words{0xFF010203, 0xFF040506}));
-}
-
-TEST(HandMadePcx, ARunGoesOverLinesAndPlanes) {
-    PcxDecoding decoding;
+    ExpectHandMade("with padding",
+                   HandMade(0, 8, 3, 2, 2, 3,
+                            Bytes({1, 2, 99, 3, 4, 99, 5, 6, 99,  //
+                                   7, 8, 99, 9, 10, 99, 11, 12, 99})),
+                   {0xFF010305, 0xFF020406, 0xFF07090B, 0xFF080A0C});
+    ExpectHandMade("a fourth plane is not shown",
+                   HandMade(0, 8, 4, 1, 2, 1, Bytes({1, 2, 3, 0, 4, 5, 6, 7})),
+                   {0xFF010203, 0xFF040506});
     // 12 bytes: line 0 red 1 1, green 1 1, blue 1 2; line 1 all 2.
-    const auto pcx = HandMade(1, 8, 3, 2, 2, 2, Bytes({0xC5, 1, 0xC7, 2}));
-    ASSERT_TRUE(decoding.Load(pcx));
-    EXPECT_EQ(decoding.Pixels(), (Words{0xFF010101, 0xFF010102, 0xFF020202, 0xFF020202}));
+    ExpectHandMade("a run goes over lines and planes",
+                   HandMade(1, 8, 3, 2, 2, 2, Bytes({0xC5, 1, 0xC7, 2})),
+                   {0xFF010101, 0xFF010102, 0xFF020202, 0xFF020202});
 }
 
 TEST(HandMadePcx, RunsOfNothingAreNothingIn256ColorsToo) {
     for (const DeviceLines lines : {DeviceLines::AsWanted, DeviceLines::Wide}) {
         PcxDecoding decoding(lines);
-        const samplemaker::Palette palette = PaletteOf(8);
+        const Palette palette = PaletteOf(8);
         decoding.SetPalette(palette);
         ASSERT_TRUE(
             decoding.Load(HandMade(1, 8, 1, 2, 2, 2, Bytes({0xC0, 5, 1, 0xC0, 9, 0xC3, 2}))));
@@ -162,18 +126,16 @@ TEST(HandMadePcx, RunsOfNothingAreNothingIn256ColorsToo) {
 
 // Any number but 0 stands for run lengths.
 TEST(HandMadePcx, EveryEncodingBut0IsRunLength) {
-    for (const unsigned encoding : {0U, 1U, 2U, 255U}) {
+    const Palette palette = PaletteOf(8);
+    const Words raw{Opaque(palette[0xC2]), Opaque(palette[7]), Opaque(palette[8])};
+    const Words runs{Opaque(palette[7]), Opaque(palette[7]), Opaque(palette[8])};
+    for (const auto& [encoding, pixels] :
+         {std::pair{0, raw}, std::pair{1, runs}, std::pair{2, runs}, std::pair{255, runs}}) {
         PcxDecoding decoding;
-        decoding.SetPalette(PaletteOf(8));
-        const auto data = Bytes({0xC2, 7, 8, 9});
-        ASSERT_TRUE(
-            decoding.Load(HandMade(static_cast<std::uint8_t>(encoding), 8, 1, 3, 1, 3, data)));
-        const Words expected =
-            encoding == 0
-                ? Words{Opaque(PaletteOf(8)[0xC2]), Opaque(PaletteOf(8)[7]),
-                        Opaque(PaletteOf(8)[8])}
-                : Words{Opaque(PaletteOf(8)[7]), Opaque(PaletteOf(8)[7]), Opaque(PaletteOf(8)[8])};
-        EXPECT_EQ(decoding.Pixels(), expected) << encoding;
+        decoding.SetPalette(palette);
+        ASSERT_TRUE(decoding.Load(
+            HandMade(static_cast<std::uint8_t>(encoding), 8, 1, 3, 1, 3, Bytes({0xC2, 7, 8, 9}))));
+        EXPECT_EQ(decoding.Pixels(), pixels) << encoding;
         EXPECT_EQ(decoding.picture.consumed, 3U) << encoding;
     }
 }
@@ -188,18 +150,6 @@ TEST(HandMadePcx, EveryVersionIsTaken) {
     }
 }
 
-enum class Kind {
-    Bits8,
-    Bits1,
-    Bits2,
-    Bits4,
-    Bits1Planes2,
-    Bits1Planes3,
-    Bits1Planes4,
-    Planes3,
-    Planes4
-};
-
 struct Packing {
     bool runLengths;
     RunBreaks breaks;
@@ -213,46 +163,43 @@ constexpr std::array<Packing, 4> kPackings = {
     Packing{false, RunBreaks::AtLineEnds}, Packing{true, RunBreaks::AtPlaneEnds},
     Packing{true, RunBreaks::AtLineEnds}, Packing{true, RunBreaks::Nowhere}};
 
-struct Indexed {
-    PcxDepth depth;
-    int bits;
+// A kind of few colours, or one of true colours.
+struct Kind {
+    const char* name;
+    std::optional<PcxDepth> depth;
+    int planes;
+    int bits;  // of a plane
     unsigned colors;
-    bool onePlane;
 };
 
-Indexed IndexedKind(Kind kind) {
-    switch (kind) {
-        case Kind::Bits1: return {PcxDepth::Bits1, 1, 2, true};
-        case Kind::Bits2: return {PcxDepth::Bits2, 2, 4, true};
-        case Kind::Bits4: return {PcxDepth::Bits4, 4, 16, true};
-        case Kind::Bits1Planes2: return {PcxDepth::Bits1Planes2, 1, 4, false};
-        case Kind::Bits1Planes3: return {PcxDepth::Bits1Planes3, 1, 8, false};
-        case Kind::Bits1Planes4: return {PcxDepth::Bits1Planes4, 1, 16, false};
-        default: return {PcxDepth::Bits8, 8, 256, true};
-    }
+void PrintTo(const Kind& kind, std::ostream* out) {
+    *out << kind.name;
 }
+
+constexpr std::array<Kind, 9> kKinds = {{{"8 bits", PcxDepth::Bits8, 1, 8, 256},
+                                         {"1 bit", PcxDepth::Bits1, 1, 1, 2},
+                                         {"2 bits", PcxDepth::Bits2, 1, 2, 4},
+                                         {"4 bits", PcxDepth::Bits4, 1, 4, 16},
+                                         {"2 planes of 1", PcxDepth::Bits1Planes2, 2, 1, 4},
+                                         {"3 planes of 1", PcxDepth::Bits1Planes3, 3, 1, 8},
+                                         {"4 planes of 1", PcxDepth::Bits1Planes4, 4, 1, 16},
+                                         {"3 planes of 8", std::nullopt, 3, 8, 0},
+                                         {"4 planes of 8", std::nullopt, 4, 8, 0}}};
 
 class PcxOfEveryKind : public testing::TestWithParam<std::tuple<Kind, Packing, DeviceLines>> {
 protected:
     // Writes a picture of the kind and gives the words that it must become.
-    static std::vector<std::byte> Write(Kind kind, int width, int height, PcxOptions options,
-                                        Words& expected) {
-        if (kind == Kind::Planes3 || kind == Kind::Planes4) {
+    static std::vector<std::byte> Write(const Kind& kind, int width, int height,
+                                        const PcxOptions& options, Words& expected) {
+        if (!kind.depth) {
             const auto picture = TrueColorPicture(width, height, 5);
             expected = KeyedByColor(picture.pixels, nullptr);
-            return kind == Kind::Planes3 ? WritePcx(picture, options)
-                                         : WritePcx(picture, 0xDD, options);
+            return kind.planes == 3 ? WritePcx(picture, options) : WritePcx(picture, 0xDD, options);
         }
-        const Indexed indexed = IndexedKind(kind);
-        const auto picture = StripedPicture(width, height, PaletteOf(21), indexed.colors);
+        const auto picture = StripedPicture(width, height, PaletteOf(21), kind.colors);
         expected =
-            indexed.onePlane ? KeyedByIndex(picture) : KeyedByColor(ColorsOf(picture), nullptr);
-        return WritePcx(picture, options, indexed.depth);
-    }
-
-    static int LeastBytesPerLine(Kind kind, int width) {
-        const bool trueColor = kind == Kind::Planes3 || kind == Kind::Planes4;
-        return (width * (trueColor ? 8 : IndexedKind(kind).bits) + 7) / 8;
+            kind.planes == 1 ? KeyedByIndex(picture) : KeyedByColor(ColorsOf(picture), nullptr);
+        return WritePcx(picture, options, *kind.depth);
     }
 };
 
@@ -264,7 +211,7 @@ TEST_P(PcxOfEveryKind, PixelForPixel) {
                 PcxOptions options;
                 options.runLengths = packing.runLengths;
                 options.runBreaks = packing.breaks;
-                options.bytesPerLine = LeastBytesPerLine(kind, width) + surplus;
+                options.bytesPerLine = (width * kind.bits + 7) / 8 + surplus;
                 options.padding = static_cast<std::uint8_t>(0xC0 + surplus);
                 options.xMin = width * 5;
                 options.yMin = 65000 + height;
@@ -285,11 +232,7 @@ TEST_P(PcxOfEveryKind, PixelForPixel) {
 }
 
 INSTANTIATE_TEST_SUITE_P(, PcxOfEveryKind,
-                         testing::Combine(testing::Values(Kind::Bits8, Kind::Bits1, Kind::Bits2,
-                                                          Kind::Bits4, Kind::Bits1Planes2,
-                                                          Kind::Bits1Planes3, Kind::Bits1Planes4,
-                                                          Kind::Planes3, Kind::Planes4),
-                                          testing::ValuesIn(kPackings),
+                         testing::Combine(testing::ValuesIn(kKinds), testing::ValuesIn(kPackings),
                                           testing::Values(DeviceLines::AsWanted, DeviceLines::Tight,
                                                           DeviceLines::Wide)));
 
@@ -326,9 +269,9 @@ TEST(PcxMemory, PaddingIsNotGivenAPictureOfMemory) {
 TEST(PcxMemory, DataThatClaimMuchAndHoldLittleGetNone) {
     for (const unsigned bits : {8U, 1U}) {
         std::vector<std::byte> pcx = HandMade(1, static_cast<std::uint8_t>(bits), 1, 1, 1, 1, {});
-        test::PatchU16(pcx, 8, 2999);
-        test::PatchU16(pcx, 10, 2999);
-        test::PatchU16(pcx, 66, bits == 8 ? 3000 : 375);
+        PatchU16(pcx, 8, 2999);
+        PatchU16(pcx, 10, 2999);
+        PatchU16(pcx, 66, bits == 8 ? 3000 : 375);
         pcx.resize(pcx.size() + (bits == 8 ? 300'000 : 40'000), std::byte{7});
         PcxDecoding decoding;
         ASSERT_FALSE(decoding.Load(pcx));
@@ -338,7 +281,7 @@ TEST(PcxMemory, DataThatClaimMuchAndHoldLittleGetNone) {
 }
 
 TEST(PcxMemory, ButDataThatHoldAsMuchAreShown) {
-    samplemaker::IndexedPicture flat{2000, 1000, {}, PaletteOf(6)};
+    IndexedPicture flat{2000, 1000, {}, PaletteOf(6)};
     flat.pixels.assign(2'000'000, 5);
     PcxDecoding decoding;
     ASSERT_TRUE(decoding.Load(flat));
@@ -358,7 +301,7 @@ TEST(PcxMemory, ThePictureOfADeviceWithArenaIsTheSame) {
         PcxPicture shown;
         ASSERT_TRUE(decoder.LoadPCX(ReadPcxHeader(std::span(pcx).first<kPcxHeaderSize>()),
                                     std::span(pcx).subspan(kPcxHeaderSize), shown));
-        EXPECT_EQ(test::PixelsOf(*shown.texture), KeyedByIndex(picture));
+        EXPECT_EQ(PixelsOf(*shown.texture), KeyedByIndex(picture));
     }
 }
 
@@ -372,12 +315,13 @@ TEST(PcxLargest, AreAsLargeAs16BitsAllow) {
     for (const auto& [width, height] : {std::pair{32768, 1}, std::pair{1, 32768}}) {
         PcxDecoding decoding;
         ASSERT_FALSE(decoding.Load(StripedPicture(width, height, PaletteOf(2))));
-        EXPECT_THAT(decoding.Texts(), testing::ElementsAre(test::HandleErrorText(
-                                          "Overflow: " + std::to_string(width) + " x " +
-                                          std::to_string(height) + " pixels")));
+        EXPECT_THAT(
+            decoding.Texts(),
+            testing::ElementsAre(HandleErrorText("Overflow: " + std::to_string(width) + " x " +
+                                                 std::to_string(height) + " pixels")));
         EXPECT_TRUE(decoding.device.Created().empty());
     }
 }
 
 }  // namespace
-}  // namespace scenara
+}  // namespace scenara::test

@@ -2,7 +2,6 @@
 #include "sprites/PcxLines.h"
 
 #include <cstdint>
-#include <ostream>
 #include <span>
 #include <string>
 #include <vector>
@@ -12,10 +11,9 @@
 #include "Pictures.h"
 #include "base/RunTimeError.h"
 
-namespace scenara {
+namespace scenara::test {
 namespace {
 
-using test::Bytes;
 using Line = std::vector<std::uint8_t>;
 
 Line NextLine(PcxLines& lines, std::size_t length) {
@@ -42,49 +40,37 @@ struct UnpackRow {
     std::size_t consumed;
 };
 
-void PrintTo(const UnpackRow& row, std::ostream* out) {
-    *out << row.name;
-}
+TEST(PcxLines, UnpackAsOneLineAndByteForByteAndAreCounted) {
+    const UnpackRow rows[] = {
+        {"literals", Bytes({1, 2, 0, 191}), {1, 2, 0, 191}, 4},
+        {"a run", Bytes({0xC0 + 3, 9}), {9, 9, 9}, 2},
+        {"the longest run", Bytes({0xFF, 7}), Line(63, 7), 2},
+        {"runs of one", Bytes({0xC1, 5, 0xC1, 0xC0, 0xC1, 0xFF}), {5, 0xC0, 0xFF}, 6},
+        {"a run of a mark value", Bytes({0xC2, 0xC5, 8}), {0xC5, 0xC5, 8}, 3},
+        {"runs of nothing", Bytes({0xC0, 77, 0xC0, 0xFF, 4, 0xC0, 1, 5}), {4, 5}, 8},
+        {"what follows is left", Bytes({1, 2, 3, 4}), {1, 2}, 2},
+        {"a run of nothing behind it is left", Bytes({1, 0xC0, 9}), {1}, 1},
+        {"a run is cut at the last wanted byte", Bytes({0xC0 + 10, 6}), {6, 6, 6}, 2},
+    };
+    for (const auto& [name, packed, unpacked, consumed] : rows) {
+        SCOPED_TRACE(name);
+        PcxLines whole(packed, true);
+        EXPECT_EQ(NextLine(whole, unpacked.size()), unpacked);
+        EXPECT_EQ(whole.Consumed(), consumed);
 
-class PcxLinesUnpack : public testing::TestWithParam<UnpackRow> {};
+        PcxLines single(packed, true);
+        for (const std::uint8_t byte : unpacked) {
+            EXPECT_EQ(NextLine(single, 1), Line{byte});
+        }
+        EXPECT_EQ(single.Consumed(), consumed);
 
-TEST_P(PcxLinesUnpack, AsOneLine) {
-    PcxLines lines(GetParam().packed, true);
-    EXPECT_EQ(NextLine(lines, GetParam().unpacked.size()), GetParam().unpacked);
-    EXPECT_EQ(lines.Consumed(), GetParam().consumed);
-}
-
-TEST_P(PcxLinesUnpack, ByteForByteInLinesOfOne) {
-    PcxLines lines(GetParam().packed, true);
-    for (const std::uint8_t byte : GetParam().unpacked) {
-        EXPECT_EQ(NextLine(lines, 1), Line{byte});
+        EXPECT_EQ(UnpackedLength(packed, true, unpacked.size()), unpacked.size());
+        // The part that was used up yields all of it, and one byte less of it does not.
+        const auto used = std::span(packed).first(consumed);
+        EXPECT_EQ(UnpackedLength(used, true, unpacked.size()), unpacked.size());
+        EXPECT_LT(UnpackedLength(used.first(consumed - 1), true, unpacked.size()), unpacked.size());
     }
-    EXPECT_EQ(lines.Consumed(), GetParam().consumed);
 }
-
-TEST_P(PcxLinesUnpack, IsCountedWithoutUnpacking) {
-    const auto& row = GetParam();
-    EXPECT_EQ(UnpackedLength(row.packed, true, row.unpacked.size()), row.unpacked.size());
-    // The part that was used up yields all of it, and one byte less of it does not.
-    const auto used = std::span(row.packed).first(row.consumed);
-    EXPECT_EQ(UnpackedLength(used, true, row.unpacked.size()), row.unpacked.size());
-    EXPECT_LT(UnpackedLength(used.first(row.consumed - 1), true, row.unpacked.size()),
-              row.unpacked.size());
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    , PcxLinesUnpack,
-    testing::Values(
-        UnpackRow{"Literals", Bytes({1, 2, 0, 191}), {1, 2, 0, 191}, 4},
-        UnpackRow{"ARun", Bytes({0xC0 + 3, 9}), {9, 9, 9}, 2},
-        UnpackRow{"TheLongestRun", Bytes({0xFF, 7}), Line(63, 7), 2},
-        UnpackRow{"RunsOfOne", Bytes({0xC1, 5, 0xC1, 0xC0, 0xC1, 0xFF}), {5, 0xC0, 0xFF}, 6},
-        UnpackRow{"ARunOfAMarkValue", Bytes({0xC2, 0xC5, 8}), {0xC5, 0xC5, 8}, 3},
-        UnpackRow{"RunsOfNothing", Bytes({0xC0, 77, 0xC0, 0xFF, 4, 0xC0, 1, 5}), {4, 5}, 8},
-        UnpackRow{"WhatFollowsIsLeft", Bytes({1, 2, 3, 4}), {1, 2}, 2},
-        UnpackRow{"ARunOfNothingBehindItIsLeft", Bytes({1, 0xC0, 9}), {1}, 1},
-        UnpackRow{"ARunIsCutAtTheLastWantedByte", Bytes({0xC0 + 10, 6}), {6, 6, 6}, 2}),
-    [](const testing::TestParamInfo<UnpackRow>& row) { return row.param.name; });
 
 TEST(PcxLines, ARunGoesOnInTheNextLine) {
     const auto packed = Bytes({1, 0xC0 + 4, 8, 2, 3});
@@ -127,34 +113,22 @@ struct ShortRow {
     std::size_t line;
 };
 
-void PrintTo(const ShortRow& row, std::ostream* out) {
-    *out << row.name;
+TEST(PcxLines, DataThatAreShortAreAnErrorAndCountedAsShort) {
+    for (const auto& [name, data, runLength, line] :
+         {ShortRow{"no data at all", {}, true, 1}, ShortRow{"no raw data at all", {}, false, 1},
+          ShortRow{"one literal short", Bytes({1, 2}), true, 3},
+          ShortRow{"one raw byte short", Bytes({0xC2, 2}), false, 3},
+          ShortRow{"the run is short", Bytes({0xC0 + 3, 2}), true, 4},
+          ShortRow{"a run without its byte", Bytes({1, 0xC0 + 3}), true, 2},
+          ShortRow{"a run of nothing at the end", Bytes({1, 0xC0, 3}), true, 2},
+          ShortRow{"a run of nothing without its byte", Bytes({1, 0xC0}), true, 2}}) {
+        SCOPED_TRACE(name);
+        PcxLines lines(data, runLength);
+        EXPECT_EQ(ErrorOfNextLine(lines, line), "Input past end of file: the pixels end after " +
+                                                    std::to_string(data.size()) + " bytes");
+        EXPECT_LT(UnpackedLength(data, runLength, line), line);
+    }
 }
-
-class PcxLinesShort : public testing::TestWithParam<ShortRow> {};
-
-TEST_P(PcxLinesShort, IsAnError) {
-    PcxLines lines(GetParam().data, GetParam().runLength);
-    EXPECT_EQ(ErrorOfNextLine(lines, GetParam().line),
-              "Input past end of file: the pixels end after " +
-                  std::to_string(GetParam().data.size()) + " bytes");
-}
-
-TEST_P(PcxLinesShort, IsCountedAsShort) {
-    EXPECT_LT(UnpackedLength(GetParam().data, GetParam().runLength, GetParam().line),
-              GetParam().line);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    , PcxLinesShort,
-    testing::Values(ShortRow{"NoDataAtAll", {}, true, 1}, ShortRow{"NoRawDataAtAll", {}, false, 1},
-                    ShortRow{"OneLiteralShort", Bytes({1, 2}), true, 3},
-                    ShortRow{"OneRawByteShort", Bytes({0xC2, 2}), false, 3},
-                    ShortRow{"TheRunIsShort", Bytes({0xC0 + 3, 2}), true, 4},
-                    ShortRow{"ARunWithoutItsByte", Bytes({1, 0xC0 + 3}), true, 2},
-                    ShortRow{"ARunOfNothingAtTheEnd", Bytes({1, 0xC0, 3}), true, 2},
-                    ShortRow{"ARunOfNothingWithoutItsByte", Bytes({1, 0xC0}), true, 2}),
-    [](const testing::TestParamInfo<ShortRow>& row) { return row.param.name; });
 
 TEST(PcxLines, CountsWhatThereIsUpToWhatIsWanted) {
     const auto packed = Bytes({1, 0xC0 + 5, 4, 0xC0, 9, 0xFF, 2, 0xC9});
@@ -184,4 +158,4 @@ TEST(PcxLines, TheEndIsFoundInALaterLineToo) {
 }
 
 }  // namespace
-}  // namespace scenara
+}  // namespace scenara::test

@@ -25,7 +25,7 @@ extern "C" {
 
 #include "ArchiveLoad.h"
 
-namespace scenara {
+namespace scenara::test {
 namespace {
 
 using File = std::vector<std::byte>;
@@ -66,11 +66,11 @@ std::int16_t I16At(const File& file, std::size_t at) {
 std::vector<Subfile> WalkArchive(const File& file) {
     std::vector<Subfile> subfiles;
     File palette;
-    std::size_t at = test::U32At(file, 24);
-    for (std::uint32_t left = test::U32At(file, 20); left > 0; --left) {
+    std::size_t at = U32At(file, 24);
+    for (std::uint32_t left = U32At(file, 20); left > 0; --left) {
         Subfile subfile;
         subfile.link = I16At(file, at + 16);
-        const std::size_t length = test::U32At(file, at + 4);
+        const std::size_t length = U32At(file, at + 4);
         if (length != 0) {
             const auto start = file.begin() + static_cast<std::ptrdiff_t>(at + 32);
             const auto end =
@@ -84,7 +84,7 @@ std::vector<Subfile> WalkArchive(const File& file) {
             subfile.pcx = std::move(pcx);
         }
         subfiles.push_back(std::move(subfile));
-        at = test::U32At(file, at);
+        at = U32At(file, at);
     }
     return subfiles;
 }
@@ -148,7 +148,7 @@ private:
     bool opened_ = false;
 };
 
-void ExpectSamePicture(const test::Words& pixels, const Decoded& decoded) {
+void ExpectSamePicture(const Words& pixels, const Decoded& decoded) {
     ASSERT_EQ(pixels.size(), decoded.colors.size());
     for (std::size_t i = 0; i < pixels.size(); ++i) {
         const std::uint32_t alpha = decoded.indices[i] == 0 ? 0 : 0xFF000000U;
@@ -158,7 +158,7 @@ void ExpectSamePicture(const test::Words& pixels, const Decoded& decoded) {
 
 void ExpectSameArchive(const File& file) {
     const std::vector<Subfile> subfiles = WalkArchive(file);
-    test::ArchiveLoad load;
+    ArchiveLoad load;
     load.Run(file);
     EXPECT_TRUE(load.Texts().empty()) << load.Texts().front();
     ASSERT_EQ(load.model.Sprites.size(), subfiles.size());
@@ -203,4 +203,4 @@ INSTANTIATE_TEST_SUITE_P(, RealArchives, testing::Values("stages", "chars/kfm"),
                          });
 
 }  // namespace
-}  // namespace scenara
+}  // namespace scenara::test

@@ -16,7 +16,7 @@
 #include "ArchiveLoad.h"
 #include "sprites/sff2.h"
 
-namespace scenara {
+namespace scenara::test {
 namespace {
 
 using samplemaker::LastNext;
@@ -24,16 +24,6 @@ using samplemaker::PcxDepth;
 using samplemaker::PcxOptions;
 using samplemaker::RunBreaks;
 using samplemaker::TrailingPalette;
-using test::ArchiveLoad;
-using test::IndexedPicture;
-using test::Palette;
-using test::Random;
-using test::Rgb;
-using test::Sff1Options;
-using test::Sff1Subfile;
-using test::TrueColourPicture;
-using test::Words;
-using test::WritePcx;
 
 // What an entry must be when it has been read.
 struct Expected {
@@ -133,7 +123,7 @@ private:
         subfile.data = WritePcx(picture, options);
         key_ = palette_[0];
         SetSize(picture.width, picture.height, entry);
-        entry.pixels = test::KeyedByIndex(picture, palette_);
+        entry.pixels = KeyedByIndex(picture, palette_);
     }
 
     void AddFewColors(Sff1Subfile& subfile, Expected& entry) {
@@ -154,16 +144,16 @@ private:
         SetSize(picture.width, picture.height, entry);
         if (kind.onePlane) {
             key_ = picture.palette[0];
-            entry.pixels = test::KeyedByIndex(picture);
+            entry.pixels = KeyedByIndex(picture);
         } else {
-            entry.pixels = test::KeyedByColor(test::ColorsOf(picture), KeyOrNone());
+            entry.pixels = KeyedByColor(ColorsOf(picture), KeyOrNone());
             ++archive_.yoCount;
         }
     }
 
     void AddTrueColor(Sff1Subfile& subfile, Expected& entry) {
         const IndexedPicture indexed = RandomPicture(256);
-        TrueColourPicture picture{indexed.width, indexed.height, test::ColorsOf(indexed)};
+        TrueColourPicture picture{indexed.width, indexed.height, ColorsOf(indexed)};
         for (Rgb& pixel : picture.pixels) {
             if (random_.OneIn(5)) {
                 pixel = key_.value_or(Rgb{});
@@ -174,7 +164,7 @@ private:
                                         : WritePcx(picture, random_.Byte(), options);
         subfile.lengthSurplus = RandomSurplus();
         SetSize(picture.width, picture.height, entry);
-        entry.pixels = test::KeyedByColor(picture.pixels, KeyOrNone());
+        entry.pixels = KeyedByColor(picture.pixels, KeyOrNone());
         ++archive_.yoCount;
     }
 
@@ -294,8 +284,8 @@ TEST_P(RoundTrip, RandomArchives) {
         Random random(seed);
         const std::size_t count = 1 + random.Below(9);
         const Archive archive = ArchiveMaker(random).Make(count);
-        constexpr std::array kLines = {test::DeviceLines::AsWanted, test::DeviceLines::Tight,
-                                       test::DeviceLines::Wide};
+        constexpr std::array kLines = {DeviceLines::AsWanted, DeviceLines::Tight,
+                                       DeviceLines::Wide};
         ArchiveLoad load(kLines.at(random.Below(3)));
         BackgroundElement still;
         still.type = random.OneIn(2) ? "normal" : "parallax";
@@ -320,4 +310,4 @@ TEST_P(RoundTrip, RandomArchives) {
 INSTANTIATE_TEST_SUITE_P(, RoundTrip, testing::Range(0U, 8U));
 
 }  // namespace
-}  // namespace scenara
+}  // namespace scenara::test

@@ -5,8 +5,10 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <iterator>
 #include <memory>
 #include <set>
+#include <utility>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -23,25 +25,20 @@ using testing::SizeIs;
 
 // --- sizes ---
 
-TEST(ScaledSize, IsRoundedUp) {
+TEST(ScaledSize, IsRoundedUpButExactWhereTheProductIsWhole) {
     EXPECT_EQ(ScaledSize(10, 0.5), 5);
     EXPECT_EQ(ScaledSize(11, 0.5), 6);
     EXPECT_EQ(ScaledSize(641, 0.5), 321);
     EXPECT_EQ(ScaledSize(301, 0.75), 226);  // 225.75
     EXPECT_EQ(ScaledSize(160, 2), 320);
-}
-
-TEST(ScaledSize, IsExactWhereTheProductIsWhole) {
     for (std::int32_t size = 3; size < 3000; size += 3) {
         EXPECT_EQ(ScaledSize(size, 240.0 / 720), size / 3);
     }
     EXPECT_EQ(ScaledSize(700, 240.0 / 280), 600);
-}
-
-TEST(ScaledSize, IsAtLeast1AndAtMostWhatAPictureMayHave) {
-    EXPECT_EQ(ScaledSize(1, 0.5), 1);
+    EXPECT_EQ(ScaledSize(29, 240.0 / 116), 60) << "in doubles a hair more";
+    EXPECT_EQ(ScaledSize(1, 0.5), 1) << "at least 1";
     EXPECT_EQ(ScaledSize(1, 1.0 / 32), 1);
-    EXPECT_EQ(ScaledSize(32767, 8), 32767);
+    EXPECT_EQ(ScaledSize(32767, 8), 32767) << "at most what a picture may have";
 }
 
 // --- pixels ---
@@ -70,9 +67,31 @@ Words Scaled(std::int32_t width, const Words& pixels, double scale, bool keyed =
     return PixelsOf(*scaled);
 }
 
+// Two pixels wide and high.
+struct HalvedRow {
+    const char* name;
+    Words pixels;
+    std::uint32_t mean;
+    bool keyed = kKeyed;
+};
+
 TEST(ScaledPicture, HalvedIsTheMeanOfFour) {
-    EXPECT_THAT(Scaled(2, {0xFF0A141E, 0xFF14283C, 0xFF1E3C5A, 0xFF285078}, 0.5),
-                ElementsAre(0xFF19324BU));  // 10 20 30, 20 40 60, 30 60 90, 40 80 120
+    constexpr std::uint32_t kClear = 0x00FF00FF;
+    constexpr std::uint32_t kBlue = 0xFF204060;
+    for (const HalvedRow& row : {
+             // 10 20 30, 20 40 60, 30 60 90, 40 80 120
+             HalvedRow{"all visible", {0xFF0A141E, 0xFF14283C, 0xFF1E3C5A, 0xFF285078}, 0xFF19324B},
+             // Index 0, whatever its colour, counts as nothing.
+             {"a quarter of 255: 63.75", {kBlue, kClear, kClear, kClear}, 0x40204060},
+             {"half of it: 127.5", {kBlue, kClear, 0xFF406080, kClear}, 0x80305070},
+             {"three quarters: 191.25", {kBlue, kBlue, kBlue, kClear}, 0xBF204060},
+             {"the transparent colour stays", {kClear, kClear, kClear, kClear}, kClear},
+             // Shown opaque, it is a colour like any other.
+             {"a quarter of white", {0xFFFFFFFF, 0, 0, 0}, 0x40404040, kOpaque},
+             {"half of it opaque", {kBlue, kBlue, 0x608040, 0x608040}, 0x80406050, kOpaque},
+         }) {
+        EXPECT_THAT(Scaled(2, row.pixels, 0.5, row.keyed), ElementsAre(row.mean)) << row.name;
+    }
 }
 
 TEST(ScaledPicture, EachPixelOfTheResultIsOfItsOwnPlace) {
@@ -81,40 +100,18 @@ TEST(ScaledPicture, EachPixelOfTheResultIsOfItsOwnPlace) {
                           0xFFFF0000, 0xFFFF0000, 0xFF00FF00, 0xFF00FF00,  //
                           0xFF0000FF, 0xFF0000FF, 0xFF101010, 0xFF303030,  //
                           0xFF0000FF, 0xFF0000FF, 0xFF505050, 0xFF707070};
-    EXPECT_THAT(Scaled(4, pixels, 0.5),
-                ElementsAre(0xFFFF0000U, 0xFF00FF00U, 0xFF0000FFU, 0xFF404040U));
-}
-
-// Index 0, whatever its colour, counts as nothing.
-TEST(ScaledPicture, TransparentPixelsLendNoColour) {
-    EXPECT_THAT(Scaled(2, {0xFF204060, 0x00FF00FF, 0x00FF00FF, 0x00FF00FF}, 0.5),
-                ElementsAre(0x40204060U));  // a quarter of 255: 63.75
-    EXPECT_THAT(Scaled(2, {0xFF204060, 0x00FF00FF, 0xFF406080, 0x00FF00FF}, 0.5),
-                ElementsAre(0x80305070U));  // 127.5
-    EXPECT_THAT(Scaled(2, {0xFF204060, 0xFF204060, 0xFF204060, 0x00FF00FF}, 0.5),
-                ElementsAre(0xBF204060U));  // 191.25
-}
-
-TEST(ScaledPicture, WhereNothingIsVisibleTheTransparentColourStays) {
-    EXPECT_THAT(Scaled(2, {0x00FF00FF, 0x00FF00FF, 0x00FF00FF, 0x00FF00FF}, 0.5),
-                ElementsAre(0x00FF00FFU));
-}
-
-// Shown opaque, its colour is one like any other.
-TEST(ScaledPicture, OfAPictureThatIsShownOpaqueTransparentPixelsLendTheirColour) {
-    EXPECT_THAT(Scaled(2, {0xFFFFFFFF, 0x00000000, 0x00000000, 0x00000000}, 0.5, kOpaque),
-                ElementsAre(0x40404040U));
-    EXPECT_THAT(Scaled(2, {0xFF204060, 0xFF204060, 0x00608040, 0x00608040}, 0.5, kOpaque),
-                ElementsAre(0x80406050U));
+    for (const DeviceLines lines : {DeviceLines::AsWanted, DeviceLines::Tight, DeviceLines::Wide}) {
+        EXPECT_THAT(Scaled(4, pixels, 0.5, kKeyed, lines),
+                    ElementsAre(0xFFFF0000U, 0xFF00FF00U, 0xFF0000FFU, 0xFF404040U));
+    }
 }
 
 // The last one has only half of its area in the picture, and is as visible as the others.
 TEST(ScaledPicture, OfAnOddWidthEndsInWhatIsThere) {
-    EXPECT_THAT(Scaled(3, {0xFF102030, 0xFF304050, 0xFF708090}, 0.5),
-                ElementsAre(0xFF203040U, 0xFF708090U));
-    // The same downwards.
-    EXPECT_THAT(Scaled(1, {0xFF102030, 0xFF304050, 0xFF708090}, 0.5),
-                ElementsAre(0xFF203040U, 0xFF708090U));
+    for (const std::int32_t width : {3, 1}) {  // across and downwards
+        EXPECT_THAT(Scaled(width, {0xFF102030, 0xFF304050, 0xFF708090}, 0.5),
+                    ElementsAre(0xFF203040U, 0xFF708090U));
+    }
 }
 
 TEST(ScaledPicture, OfASinglePixelIsThatPixel) {
@@ -133,14 +130,6 @@ TEST(ScaledPicture, DoubledHasEachPixelFourTimes) {
     EXPECT_THAT(Scaled(2, {0xFF112233, 0x00FF00FF}, 2),
                 ElementsAre(0xFF112233U, 0xFF112233U, 0x00FF00FFU, 0x00FF00FFU,  //
                             0xFF112233U, 0xFF112233U, 0x00FF00FFU, 0x00FF00FFU));
-}
-
-TEST(ScaledPicture, TheDevicesOwnLinesDoNotMatter) {
-    const Words pixels = {0xFF000000, 0xFF040404, 0xFF080808, 0xFF101010,  //
-                          0xFF000000, 0xFF040404, 0xFF080808, 0xFF101010};
-    for (const DeviceLines lines : {DeviceLines::AsWanted, DeviceLines::Tight, DeviceLines::Wide}) {
-        EXPECT_THAT(Scaled(4, pixels, 0.5, kKeyed, lines), ElementsAre(0xFF020202U, 0xFF0C0C0CU));
-    }
 }
 
 TEST(ScaledPicture, ThatTheDeviceRefusesIsItsError) {
@@ -236,17 +225,11 @@ std::vector<std::byte> Archive() {
     palette[2] = {48, 64, 80};
     const IndexedPicture first{4, 2, {1, 1, 2, 0, 2, 2, 0, 0}, palette};
     const IndexedPicture second{3, 1, {1, 1, 2}, palette};
-    Sff1Subfile a = Shown(1, 0, WritePcx(first));
-    a.axisX = 3;
-    a.axisY = -5;
-    Sff1Subfile b = Linked(1, 1, 0);
-    b.axisX = 7;
-    b.axisY = 9;
-    return WriteSff1({{a, b, Shown(2, 0, WritePcx(second))}});
+    return WriteSff1({{WithAxis(Shown(1, 0, WritePcx(first)), 3, -5),
+                       WithAxis(Linked(1, 1, 0), 7, 9), Shown(2, 0, WritePcx(second))}});
 }
 
-class ScaledArchive : public testing::Test {
-protected:
+struct ScaledArchive {
     void Load(double scale) {
         const std::vector<std::byte> archive = Archive();
         load.file = std::make_unique<MemoryFile>(std::span(archive));
@@ -261,136 +244,129 @@ protected:
         element.spriteImage = image;
         return load.model.Elements.emplace_back(element);
     }
-    // The second pixel of the first picture: one of four is visible, 48 64 80, and the others have
-    // the colour 255 0 255.
-    void ExpectKeyed() { EXPECT_EQ(load.Pixels(0).at(1), 0x40304050U); }
-    void ExpectOpaque() { EXPECT_EQ(load.Pixels(0).at(1), 0x40CB10D3U); }
-
     ArchiveLoad load;
 };
 
-TEST_F(ScaledArchive, HasEachPictureAtItsNewSize) {
-    Shows("normal", 1, 0).mask = 1;
-    Load(0.5);
+TEST(ScaledArchives, HasEachPictureAtItsNewSizeOnly) {
+    ScaledArchive archive;
+    archive.Shows("normal", 1, 0).mask = 1;
+    archive.Load(0.5);
+    const ArchiveLoad& load = archive.load;
     ASSERT_EQ(load.model.SpriteCount, 3);
-    EXPECT_EQ(load.Sprite(0).width, 2);
-    EXPECT_EQ(load.Sprite(0).height, 1);
     // 16 32 48 twice and 48 64 80 twice; one visible of four.
     EXPECT_THAT(load.Pixels(0), ElementsAre(0xFF203040U, 0x40304050U));
-    EXPECT_EQ(load.Sprite(2).width, 2);
-    EXPECT_EQ(load.Sprite(2).height, 1);
     EXPECT_THAT(load.Pixels(2), ElementsAre(0xFF102030U, 0xFF304050U));
     EXPECT_EQ(load.model.LastImageWidth, 2);
     EXPECT_EQ(load.model.LastImageHeight, 1);
     EXPECT_THAT(load.Texts(), IsEmpty());
-}
-
-TEST_F(ScaledArchive, KeepsAxesNumbersAndKeyColoursAsTheyStandInTheFile) {
-    Load(0.5);
-    EXPECT_EQ(load.Sprite(0).axisX, 3);
-    EXPECT_EQ(load.Sprite(0).axisY, -5);
-    EXPECT_EQ(load.Sprite(0).group, 1);
-    EXPECT_EQ(load.Sprite(0).keyAlpha, 255);
-    EXPECT_EQ(load.Sprite(0).keyRed, 255);
-    EXPECT_EQ(load.Sprite(0).keyGreen, 0);
-    EXPECT_EQ(load.Sprite(0).keyBlue, 255);
-}
-
-TEST_F(ScaledArchive, LinkedOnesShareTheScaledPictureAndKeepTheirAxes) {
-    Load(0.5);
-    EXPECT_EQ(load.Sprite(1).texture, load.Sprite(0).texture);
-    EXPECT_EQ(load.Sprite(1).width, 2);
-    EXPECT_EQ(load.Sprite(1).linkedTo, 0);
-    EXPECT_EQ(load.Sprite(1).axisX, 7);
-    EXPECT_EQ(load.Sprite(1).axisY, 9);
-}
-
-// The pictures as they stand in the file take no memory of the device.
-TEST_F(ScaledArchive, AsksTheDeviceForScaledPicturesOnly) {
-    Load(0.5);
+    // The pictures as they stand in the file take no memory of the device.
     ASSERT_THAT(load.device.Created(), SizeIs(2));
-    EXPECT_EQ(load.device.Created()[0].width, 2);
-    EXPECT_EQ(load.device.Created()[0].height, 1);
-    EXPECT_EQ(load.device.Created()[1].width, 2);
-}
-
-TEST_F(ScaledArchive, NotesTheSizesInTheFile) {
-    Load(0.5);
-    EXPECT_EQ(load.Sprite(0).fileWidth, 4);
-    EXPECT_EQ(load.Sprite(0).fileHeight, 2);
-    EXPECT_EQ(load.Sprite(1).fileWidth, 4);
-    EXPECT_EQ(load.Sprite(2).fileWidth, 3);
-    EXPECT_EQ(load.Sprite(2).fileHeight, 1);
-}
-
-TEST_F(ScaledArchive, APictureThatIsShownOpaqueHasTheMeanOfAllColours) {
-    Shows("normal", 1, 0);
-    Load(0.5);
-    ExpectOpaque();
-}
-
-TEST_F(ScaledArchive, APictureThatIsShownBothWaysIsKeyed) {
-    Shows("normal", 1, 0);
-    Shows("parallax", 1, 0).mask = 1;
-    Load(0.5);
-    ExpectKeyed();
-}
-
-TEST_F(ScaledArchive, ABlendingKeysAsAMaskDoes) {
-    Shows("normal", 1, 0).blending.kind = BlendKind::Add;
-    Load(0.5);
-    ExpectKeyed();
-}
-
-TEST_F(ScaledArchive, AFrameOfAnActionKeys) {
-    StageFrame frame;
-    frame.group = 1;
-    load.model.Actions.emplace_back().frames.push_back(frame);
-    Shows("normal", 1, 0);
-    Load(0.5);
-    ExpectKeyed();
-}
-
-// It is drawn like "normal".
-TEST_F(ScaledArchive, AMaskOfAnElementOfNoKindCounts) {
-    Shows("", 1, 0).mask = 1;
-    Load(0.5);
-    ExpectKeyed();
-}
-
-TEST_F(ScaledArchive, APictureShownOnlyThroughALinkIsKeyed) {
-    Shows("normal", 1, 1).mask = 1;
-    Load(0.5);
-    ExpectKeyed();
-}
-
-TEST_F(ScaledArchive, AtScale1IsThePlainOne) {
-    Load(1);
-    ArchiveLoad plain;
-    plain.Run(Archive());
-    ASSERT_EQ(load.model.SpriteCount, plain.model.SpriteCount);
-    for (std::size_t i = 0; i < plain.model.Sprites.size(); ++i) {
-        EXPECT_EQ(load.Sprite(i).width, plain.Sprite(i).width);
-        EXPECT_EQ(load.Pixels(i), plain.Pixels(i));
+    for (const TextureParameters& made : load.device.Created()) {
+        EXPECT_EQ(made.width, 2);
+        EXPECT_EQ(made.height, 1);
+    }
+    const std::pair<Integer, Integer> inFile[] = {{4, 2}, {4, 2}, {3, 1}};
+    for (std::size_t i = 0; i < std::size(inFile); ++i) {
+        EXPECT_EQ(std::pair(load.Sprite(i).fileWidth, load.Sprite(i).fileHeight), inFile[i]);
     }
 }
 
-TEST_F(ScaledArchive, APictureThatTheDeviceRefusesIsSaidAndTheLoadGoesOn) {
-    load.device.RefuseNext(RunTimeErrorKind::OutOfMemory);
-    Load(0.5);
-    EXPECT_THAT(load.Texts(),
-                testing::Contains(testing::StartsWith("PCX Error:  Group 1 Image 0\r\n")));
-    // The linked one has lost what it is linked to.
-    EXPECT_EQ(load.model.Sprites.back().group, 2);
-    EXPECT_THAT(load.Pixels(load.model.Sprites.size() - 1), ElementsAre(0xFF102030U, 0xFF304050U));
+TEST(ScaledArchives, KeepsAxesNumbersAndKeyColoursAsTheyStandInTheFile) {
+    ScaledArchive archive;
+    archive.Load(0.5);
+    EXPECT_EQ(NumbersOf(archive.load.Sprite(0)),
+              "1,0 axis 3,-5 size 2,1 key 255,255,0,255 self,link 0,-1 masked,reserved 0,0");
+    EXPECT_EQ(NumbersOf(archive.load.Sprite(1)),
+              "1,1 axis 7,9 size 2,1 key 255,255,0,255 self,link 1,0 masked,reserved 0,0");
+    EXPECT_EQ(NumbersOf(archive.load.Sprite(2)),
+              "2,0 axis 0,0 size 2,1 key 255,255,0,255 self,link 2,-1 masked,reserved 0,0");
+    EXPECT_EQ(archive.load.Sprite(1).texture, archive.load.Sprite(0).texture)
+        << "they share what is scaled";
 }
 
-TEST_F(ScaledArchive, APictureThatTheHeapRefusesIsSaidAndTheLoadGoesOn) {
-    load.device.FailNextAllocation();
-    Load(0.5);
-    EXPECT_THAT(load.Texts(),
-                testing::Contains(testing::StartsWith("PCX Error:  Group 1 Image 0\r\n")));
-    EXPECT_EQ(load.model.Sprites.back().group, 2);
+// The second pixel of the first picture: one of four is visible, 48 64 80, and the others have the
+// colour 255 0 255.
+TEST(ScaledArchives, OnlyAPictureThatIsAlwaysShownOpaqueHasTheMeanOfAllColours) {
+    constexpr std::uint32_t kAsKeyed = 0x40304050;
+    constexpr std::uint32_t kAsOpaque = 0x40CB10D3;
+    const auto expect = [](const char* name, void (*change)(ScaledArchive&), std::uint32_t pixel) {
+        ScaledArchive archive;
+        change(archive);
+        archive.Load(0.5);
+        EXPECT_EQ(archive.load.Pixels(0).at(1), pixel) << name;
+    };
+    expect(
+        "opaque", [](ScaledArchive& archive) { archive.Shows("normal", 1, 0); }, kAsOpaque);
+    expect(
+        "opaque by two",
+        [](ScaledArchive& archive) {
+            archive.Shows("normal", 1, 0);
+            archive.Shows("normal", 1, 0);
+        },
+        kAsOpaque);
+    expect(
+        "opaque by two and keyed",
+        [](ScaledArchive& archive) {
+            archive.Shows("normal", 1, 0);
+            archive.Shows("normal", 1, 0);
+            archive.Shows("normal", 1, 0).mask = 1;
+        },
+        kAsKeyed);
+    expect(
+        "both ways",
+        [](ScaledArchive& archive) {
+            archive.Shows("normal", 1, 0);
+            archive.Shows("parallax", 1, 0).mask = 1;
+        },
+        kAsKeyed);
+    expect(
+        "blended, which keys as a mask does",
+        [](ScaledArchive& archive) {
+            archive.Shows("normal", 1, 0).blending.kind = BlendKind::Add;
+        },
+        kAsKeyed);
+    expect(
+        "in a frame of an action as well",
+        [](ScaledArchive& archive) {
+            StageFrame frame;
+            frame.group = 1;
+            archive.load.model.Actions.emplace_back().frames.push_back(frame);
+            archive.Shows("normal", 1, 0);
+        },
+        kAsKeyed);
+    expect(
+        "masked by an element of no kind, which is drawn like a normal one",
+        [](ScaledArchive& archive) { archive.Shows("", 1, 0).mask = 1; }, kAsKeyed);
+    expect(
+        "masked through a link only",
+        [](ScaledArchive& archive) { archive.Shows("normal", 1, 1).mask = 1; }, kAsKeyed);
+}
+
+TEST(ScaledArchives, AtScale1IsThePlainOne) {
+    ScaledArchive archive;
+    archive.Load(1);
+    ArchiveLoad plain;
+    plain.Run(Archive());
+    ASSERT_EQ(archive.load.model.SpriteCount, plain.model.SpriteCount);
+    for (std::size_t i = 0; i < plain.model.Sprites.size(); ++i) {
+        EXPECT_EQ(archive.load.Sprite(i).width, plain.Sprite(i).width);
+        EXPECT_EQ(archive.load.Pixels(i), plain.Pixels(i));
+    }
+}
+
+TEST(ScaledArchives, APictureThatCannotBeHadIsSaidAndTheLoadGoesOn) {
+    for (const bool device : {true, false}) {
+        ScaledArchive archive;
+        RecordingDevice& refusing = archive.load.device;
+        device ? refusing.RefuseNext(RunTimeErrorKind::OutOfMemory) : refusing.FailNextAllocation();
+        archive.Load(0.5);
+        EXPECT_THAT(archive.load.Texts(),
+                    testing::Contains(testing::StartsWith("PCX Error:  Group 1 Image 0\r\n")));
+        // The linked one has lost what it is linked to.
+        EXPECT_EQ(archive.load.model.Sprites.back().group, 2);
+        EXPECT_THAT(archive.load.Pixels(archive.load.model.Sprites.size() - 1),
+                    ElementsAre(0xFF102030U, 0xFF304050U));
+    }
 }
 
 }  // namespace

@@ -14,18 +14,9 @@
 #include "base/RunTimeError.h"
 #include "support/MemoryFiles.h"
 
-namespace scenara {
+namespace scenara::test {
 namespace {
 
-using test::Linked;
-using test::MemoryFile;
-using test::PatchU16;
-using test::PatchU32;
-using test::Sff1Options;
-using test::Sff1Subfile;
-using test::Shown;
-using test::SubfileOffsets;
-using test::WriteSff1;
 using testing::HasSubstr;
 
 constexpr std::size_t kHeaderBytes = 28;
@@ -244,4 +235,4 @@ TEST(SubfileChain, BreaksWhenItsPicturesUseTheFileManyTimes) {
 }
 
 }  // namespace
-}  // namespace scenara
+}  // namespace scenara::test

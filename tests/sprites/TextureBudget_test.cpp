@@ -10,12 +10,10 @@
 #include "ArchiveLoad.h"
 #include "HugeTextures.h"
 #include "base/RunTimeError.h"
+#include "support/Raises.h"
 
 namespace scenara::test {
 namespace {
-
-using testing::Property;
-using testing::Throws;
 
 TextureParameters Sized(std::int32_t width, std::int32_t height, std::int32_t pitch = 0) {
     TextureParameters parameters;
@@ -23,10 +21,6 @@ TextureParameters Sized(std::int32_t width, std::int32_t height, std::int32_t pi
     parameters.height = height;
     parameters.wantedPitch = pitch;
     return parameters;
-}
-
-auto RaisesOutOfMemory() {
-    return Throws<RunTimeError>(Property(&RunTimeError::Kind, RunTimeErrorKind::OutOfMemory));
 }
 
 class Budget : public testing::Test {
@@ -80,7 +74,8 @@ TEST_F(Budget, WhatIsNotKeptCountsForNothing) {
         static_cast<void>(budget.CreateTexture(Sized(16384, 16384)));
     }
     EXPECT_TRUE(Take(16384, 16384));
-    EXPECT_THAT([&] { return budget.CreateTexture(Sized(16384, 16384)); }, RaisesOutOfMemory());
+    EXPECT_THAT([&] { return budget.CreateTexture(Sized(16384, 16384)); },
+                Raises(RunTimeErrorKind::OutOfMemory));
 }
 
 TEST(TexturesOfAnArchive, BeyondTheSumAreDroppedOnAnyDevice) {

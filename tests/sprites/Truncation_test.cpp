@@ -21,26 +21,13 @@
 #include "sprites/version1/SffArchive.h"
 #include "sprites/version1/SubfilePicture.h"
 
-namespace scenara {
+namespace scenara::test {
 namespace {
 
 using samplemaker::PcxDepth;
 using samplemaker::PcxOptions;
 using samplemaker::RunBreaks;
 using samplemaker::TrailingPalette;
-using test::ArchiveLoad;
-using test::DeviceLines;
-using test::Linked;
-using test::PaletteOf;
-using test::PcxDecoding;
-using test::Sff1Options;
-using test::Sff1Subfile;
-using test::Shown;
-using test::StripedPicture;
-using test::TrueColorPicture;
-using test::Words;
-using test::WritePcx;
-using test::WriteSff1;
 
 using File = std::vector<std::byte>;
 
@@ -291,8 +278,8 @@ TEST_P(TruncatedArchive, WithAWrongHeaderByteIsSoundToo) {
         }
     };
     add(0, 32);
-    for (const std::size_t at : test::SubfileOffsets(file, test::U32At(file, 20))) {
-        const bool linked = test::U32At(file, at + 4) == 0;
+    for (const std::size_t at : SubfileOffsets(file, U32At(file, 20))) {
+        const bool linked = U32At(file, at + 4) == 0;
         add(at, kSubfileHeaderSize + (linked ? 0 : kPcxHeaderSize));
     }
     for (const std::size_t at : places) {
@@ -311,4 +298,4 @@ TEST_P(TruncatedArchive, WithAWrongHeaderByteIsSoundToo) {
 INSTANTIATE_TEST_SUITE_P(, TruncatedArchive, testing::ValuesIn(ArchiveFixtures()), NameOf);
 
 }  // namespace
-}  // namespace scenara
+}  // namespace scenara::test
