@@ -14,6 +14,7 @@
 
 #include "SoftQuads.h"
 #include "platform/soft/Triangles.h"
+#include "support/Rounds.h"
 
 namespace scenara::soft {
 namespace {
@@ -370,7 +371,8 @@ TEST(Triangles, TakeAnyCorners) {
         }
         return kHostile[random() % std::size(kHostile)];
     };
-    for (int round = 0; round < 20000; ++round) {
+    const int rounds = test::Rounds(10000);
+    for (int round = 0; round < rounds; ++round) {
         Corners corners;
         for (Vertex& corner : corners) {
             corner.x = value();

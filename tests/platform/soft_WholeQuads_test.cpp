@@ -233,8 +233,8 @@ TEST(WholeQuads, OffTheViewDrawNothing) {
 
 // Textures that repeat every few pixels, too, in one direction or both.
 TEST(WholeQuads, OfShortRepeatsMapTexelsOneToOne) {
-    for (const std::int32_t width : {1, 2, 3, 5, 7, 8, 9, 15, 16, 17, 31, 33, 64, 320, 400}) {
-        for (const std::int32_t height : {1, 2, 3, 15, 16, 17, 100, 240, 300}) {
+    for (const std::int32_t width : {1, 3, 7, 8, 9, 16, 17, 33, 320, 400}) {
+        for (const std::int32_t height : {1, 2, 16, 17, 240, 300}) {
             const PlainTexture texture(width, height, [](std::int32_t x, std::int32_t y) {
                 return ((x + y) % 5 == 1 ? 0U : 0xFF000000U) | Numbered(x, y);
             });
@@ -359,7 +359,7 @@ private:
 TEST(WholeQuads, DrawWhatTheGeneralPathDraws) {
     std::mt19937 random(10);
     RandomQuad any(random);
-    const int rounds = test::Rounds(3000);
+    const int rounds = test::Rounds(1500);
     for (int round = 0; round < rounds; ++round) {
         const PlainTexture texture = any.Texture();
         const Texels texels = texture.Pixels();
@@ -396,7 +396,7 @@ TEST(WholeQuads, AgreeWithTheGeneralPathAboutFarTexels) {
     std::mt19937 random(11);
     RandomQuad any(random);
     int recognized = 0;
-    const int rounds = test::Rounds(4000);
+    const int rounds = test::Rounds(2000);
     for (int round = 0; round < rounds; ++round) {
         const std::int32_t width = any.Between(1, 3000);
         const PlainTexture texture(width, 1, Numbered);

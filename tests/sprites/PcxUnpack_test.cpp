@@ -11,6 +11,8 @@
 
 #include <gtest/gtest.h>
 
+#include "support/Rounds.h"
+
 namespace scenara {
 namespace {
 
@@ -251,7 +253,8 @@ private:
 
 TEST_P(PcxUnpack, RandomInputs) {
     Inputs inputs(1);
-    for (int round = 0; round < 4000; ++round) {
+    const int rounds = test::Rounds(4000);
+    for (int round = 0; round < rounds; ++round) {
         const Bytes packed = inputs.Packed(inputs.Number(round % 20 == 0 ? 3000 : 400));
         const std::size_t all = ByTheLetter(packed, packed.size() * 63).extent.second;
         const std::size_t wanteds[] = {all, inputs.Number(all), all + inputs.Number(100)};
