@@ -11,14 +11,38 @@
 namespace scenara {
 namespace {
 
-// Without the comment at its end and without tabs; empty when nothing is left to read.
-void Clean(std::string_view line, std::string& cleaned) {
-    cleaned.clear();
-    const std::string_view kept = line.substr(0, line.find(';'));
-    if (!Trim(kept).empty()) {
-        std::copy_if(kept.begin(), kept.end(), std::back_inserter(cleaned),
-                     [](char c) { return c != '\t'; });
+// Addition: the blank of a Japanese text, two bytes, is two blanks where it stands around keys and
+// values. Within a name it stays, and so does what only looks like it there.
+void BlankFullWidth(std::string& line) {
+    constexpr std::string_view kFullWidth = "\x81\x40";
+    constexpr std::string_view kAround = "=,";
+    for (std::size_t at = line.find(kFullWidth); at != std::string::npos;
+         at = line.find(kFullWidth, at + 1)) {
+        const std::size_t before = line.find_last_not_of(" \t", at == 0 ? 0 : at - 1);
+        const bool first = at == 0 || before == std::string::npos;
+        if (first || kAround.find(line[before]) != std::string_view::npos) {
+            line.replace(at, kFullWidth.size(), "  ");
+        }
     }
+    for (std::size_t at = line.rfind(kFullWidth); at != std::string::npos;
+         at = at == 0 ? std::string::npos : line.rfind(kFullWidth, at - 1)) {
+        const std::size_t after = line.find_first_not_of(" \t", at + kFullWidth.size());
+        if (after == std::string::npos || kAround.find(line[after]) != std::string_view::npos) {
+            line.replace(at, kFullWidth.size(), "  ");
+        }
+    }
+}
+
+// Without the comment at its end and without tabs; empty when nothing is left to read.
+void Clean(std::string_view line, bool additions, std::string& cleaned) {
+    cleaned = line.substr(0, line.find(';'));
+    if (additions) {
+        BlankFullWidth(cleaned);
+    }
+    if (Trim(cleaned).empty()) {
+        cleaned.clear();
+    }
+    std::erase(cleaned, '\t');
 }
 
 // Whether a line of an action is a frame: any with a comma. Addition: and with a number first, so
@@ -36,7 +60,7 @@ bool IsFrame(std::string_view line, bool additions) {
 
 void DefinitionReader::ReadLine(std::string_view line, std::int64_t number) {
     lineNumber_ = number;
-    Clean(line, cleaned_);
+    Clean(line, options_.Additions, cleaned_);
     if (cleaned_.empty()) {
         return;
     }
@@ -45,7 +69,7 @@ void DefinitionReader::ReadLine(std::string_view line, std::int64_t number) {
         return;
     }
     keyLine_.Assign(cleaned_);
-    KeyOffer offer(keyLine_, line, lineNumber_, messages_, options_);
+    KeyOffer offer(keyLine_, line, lineNumber_, messages_, options_, Given());
     switch (section_) {
         case SectionKind::Element: ReadElementLine(offer); break;
         case SectionKind::Action: ReadActionLine(offer); break;
@@ -53,6 +77,14 @@ void DefinitionReader::ReadLine(std::string_view line, std::int64_t number) {
         case SectionKind::Ctrl: ReadCtrlKeys(offer, ctrl_.Current()); break;
         case SectionKind::Settings: ReadSettingLine(offer); break;
     }
+}
+
+// Addition: where the first line of a key counts.
+GivenKeys* DefinitionReader::Given() {
+    if (!options_.Additions) {
+        return nullptr;
+    }
+    return section_ == SectionKind::Settings ? &givenSettings_ : &given_;
 }
 
 void DefinitionReader::SayFull(Table table, std::string_view what) {
@@ -63,6 +95,7 @@ void DefinitionReader::SayFull(Table table, std::string_view what) {
 
 void DefinitionReader::StartSection(std::string_view header) {
     CloseElement();
+    given_.Clear();
     section_ = KindOfSection(header);
     inInfo_ = SectionName(header) == "info";
     switch (section_) {

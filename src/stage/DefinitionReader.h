@@ -48,6 +48,7 @@ private:
     void CloseElement();
     void StartAction(std::string_view header);
     void StartCtrl();
+    [[nodiscard]] GivenKeys* Given();
     void ReadElementLine(KeyOffer& offer);
     void ReadActionLine(KeyOffer& offer);
     void ReadSettingLine(KeyOffer& offer);
@@ -65,7 +66,9 @@ private:
     KeyLine keyLine_{std::string_view()};
     std::int64_t lineNumber_ = 0;
     SectionKind section_ = SectionKind::Settings;
-    bool inInfo_ = false;  // the section is [Info]
+    bool inInfo_ = false;      // the section is [Info]
+    GivenKeys givenSettings_;  // in the whole file
+    GivenKeys given_;          // in the section, where it is not one of settings
 
     RecordSlot<BackgroundElement> element_;
     std::int64_t elementLine_ = 0;  // of its header

@@ -19,6 +19,23 @@ void FinishBlending(BackgroundElement& element, bool belowVersion1) {
     element.framesBlend = FramesBlend(element.trans, belowVersion1) ? Byte{1} : Byte{0};
 }
 
+// Addition: what a distance that was given for one axis only, or as 0, means. `type` may have come
+// before or after it.
+void FinishSpacing(BackgroundElement& element, bool belowVersion1) {
+    constexpr Byte kAcross = 1;
+    constexpr Byte kDown = 2;
+    if (element.tileSpacingGiven == kAcross) {
+        element.tileSpacingY = belowVersion1 ? element.tileSpacingX : 0;
+    } else if (element.tileSpacingGiven == kDown) {
+        element.tileSpacingX = 0;
+    }
+    if (element.tileSpacingGiven == 0 || element.type != "anim" || belowVersion1) {
+        return;
+    }
+    element.tileX = element.tileSpacingX == 0 ? 0 : element.tileX;
+    element.tileY = element.tileSpacingY == 0 ? 0 : element.tileY;
+}
+
 }  // namespace
 
 void FinishElements(StageModel& model, Messages& messages, const ViewOptions& options) {
@@ -44,6 +61,7 @@ void FinishElements(StageModel& model, Messages& messages, const ViewOptions& op
         }
         if (options.Additions) {
             FinishBlending(element, model.MugenVersion < 1);
+            FinishSpacing(element, model.MugenVersion < 1);
         }
     }
 }

@@ -17,7 +17,7 @@ bool KeyOffer::Whole(std::string_view key, FieldTarget target) {
 bool KeyOffer::Value(std::string_view key, Integer index, FieldTarget target) {
     Integer found = kFalse;
     tooLarge_ = false;
-    if (Additions() && !MayStandHere(key)) {
+    if (Additions() && !(MayStandHere(key) && CountsHere(key))) {
         return false;
     }
     try {
@@ -25,6 +25,9 @@ bool KeyOffer::Value(std::string_view key, Integer index, FieldTarget target) {
     } catch (const RunTimeError&) {
         tooLarge_ = true;
         messages_.SayOverflow(kMessageOverflow, key == kBareValues ? "frame" : key, PlaceOf(key));
+    }
+    if (found != kFalse && given_ != nullptr && key != kBareValues) {
+        given_->Add(lineNumber_, key);
     }
     return found != kFalse;
 }
@@ -53,6 +56,11 @@ bool KeyOffer::Text(std::string_view key, std::string& target) {
 bool KeyOffer::MayStandHere(std::string_view key) const {
     const std::string_view lower = line_.Lower();
     return key == kBareValues || lower.find_first_not_of(' ') == lower.find(key);
+}
+
+// Addition: of a key that is given twice the first line counts. Frames have none.
+bool KeyOffer::CountsHere(std::string_view key) const {
+    return key == kBareValues || given_ == nullptr || !given_->Before(lineNumber_, key);
 }
 
 void KeyOffer::List(std::string_view key, std::vector<Long>& list) {

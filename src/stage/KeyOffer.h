@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "platform/Messages.h"
+#include "stage/GivenKeys.h"
 #include "stage/ReadKeyValue.h"
 #include "stage/ViewOptions.h"
 
@@ -22,13 +23,16 @@ inline constexpr MessageKind kMessageOverflow{"overflow", Severity::Warning};
 class KeyOffer {
 public:
     // `asWritten` is the line as it stands in the file, for messages. All of it outlives the offer.
+    // Addition: keys that `given` has from lines before have no value here, and those that have one
+    // come to it.
     KeyOffer(const KeyLine& line, std::string_view asWritten, std::int64_t lineNumber,
-             Messages& messages, const ViewOptions& options)
+             Messages& messages, const ViewOptions& options, GivenKeys* given = nullptr)
         : line_(line),
           asWritten_(asWritten),
           lineNumber_(lineNumber),
           messages_(messages),
-          options_(options) {}
+          options_(options),
+          given_(given) {}
 
     // The whole value. True when the line gives the key one.
     bool Whole(std::string_view key, FieldTarget target);
@@ -62,6 +66,7 @@ public:
 
 private:
     [[nodiscard]] bool MayStandHere(std::string_view key) const;
+    [[nodiscard]] bool CountsHere(std::string_view key) const;
     [[nodiscard]] MessagePlace PlaceOf(std::string_view key) const;
 
     const KeyLine& line_;
@@ -69,6 +74,7 @@ private:
     std::int64_t lineNumber_;
     Messages& messages_;
     const ViewOptions& options_;
+    GivenKeys* given_;
     bool tooLarge_ = false;
 };
 

@@ -84,6 +84,7 @@ void ForEachField(Record& element, auto&& visit) {
     visit("kind", element.kind);
     visit("alphaDestinationGiven", element.alphaDestinationGiven);
     visit("framesBlend", element.framesBlend);
+    visit("tileSpacingGiven", element.tileSpacingGiven);
 }
 
 template <RecordOf<SpriteEntry> Record>

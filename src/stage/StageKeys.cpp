@@ -46,7 +46,7 @@ void NormaliseType(BackgroundElement& element, bool additions) {
     if (additions) {
         KindByFirstLetter(element.type);
     }
-    if (element.type == "anim") {
+    if (element.type == "anim" && element.tileSpacingGiven == 0) {
         element.tileSpacingX = 1;
         element.tileSpacingY = 1;
     }
@@ -115,7 +115,10 @@ void ReadElementKeys(KeyOffer& line, BackgroundElement& element, Messages& messa
         SayWindowDelta(line, messages);
     }
     line.Whole("positionlink", element.positionlink);
-    line.Values("tilespacing", element.tileSpacingX, element.tileSpacingY);
+    const unsigned spacing = line.Values("tilespacing", element.tileSpacingX, element.tileSpacingY);
+    if (line.Additions()) {
+        element.tileSpacingGiven |= static_cast<Byte>(spacing);
+    }
     line.Whole("layerno", element.layerno);
     line.Values("xscale", element.xscaleTop, element.xscaleBottom);
     if (line.Additions()) {

@@ -100,6 +100,7 @@ struct alignas(kCacheLine) BackgroundElement {
     // Additions.
     Byte alphaDestinationGiven = 0;  // 1 = alphaDestination is the file's
     Byte framesBlend = 1;            // 0 = what trans says holds for every frame, none too
+    Byte tileSpacingGiven = 0;       // bits: 1 = across, 2 = down
 };
 static_assert(offsetof(BackgroundElement, sinYPeriod) - 2 * sizeof(Single) <= kCacheLine,
               "up to the amplitude of the sideways swing");

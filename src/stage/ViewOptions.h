@@ -27,8 +27,11 @@ struct Addition {
 inline constexpr std::array kAdditions = {
     Addition{"Section headers", "stage/SectionHeader.cpp", "BeginsWithBracket"},
     Addition{"Keys in odd case", "stage/KeyOffer.cpp", "MayStandHere"},
+    Addition{"A key given twice", "stage/KeyOffer.cpp", "CountsHere"},
+    Addition{"Full-width blanks", "stage/DefinitionReader.cpp", "BlankFullWidth"},
     Addition{"`name`, `bgmusic`, `spr`", "stage/KeyOffer.cpp", "Text"},
     Addition{"Unknown kinds of element", "stage/DefinitionReader.cpp", "CloseElement"},
+    Addition{"`tilespacing`", "stage/FinishElements.cpp", "FinishSpacing"},
     Addition{"Frame lines", "stage/DefinitionReader.cpp", "IsFrame"},
     Addition{"`sin.x`", "stage/StageKeys.cpp", "ReadMoreElementKeys"},
     Addition{"`windowdelta`", "render/ElementWindow.cpp", "windowDelta"},

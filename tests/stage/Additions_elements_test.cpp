@@ -64,10 +64,11 @@ TEST(AdditionsElements, OfNoKnownKindAreDummiesAndReported) {
     }
 }
 
-TEST(AdditionsElements, OfALaterKnownTypeAreNotReported) {
+TEST(AdditionsElements, OfALaterKnownTypeAreStillWhatTheFirstSays) {
     const BothReadings read("[BG]\r\ntype = video\r\ntype = parallax\r\n");
-    EXPECT_EQ(read.WithElement().type, "parallax");
-    EXPECT_THAT(read.WithTexts(), IsEmpty());
+    EXPECT_EQ(read.WithElement().type, "dummy");
+    EXPECT_THAT(read.WithTexts(), ElementsAre("BG of unknown type video, line 1"));
+    EXPECT_EQ(read.PlainElement().type, "parallax");
 }
 
 TEST(AdditionsElements, EachOfNoKnownKindIsReported) {
@@ -85,6 +86,50 @@ TEST(AdditionsElements, AWordThatMeansAnimIsAnAnimationInEveryRespect) {
     EXPECT_EQ(read.WithElement().actionIndex, 0);
     EXPECT_EQ(read.PlainElement().tileSpacingX, 0);
     EXPECT_EQ(read.PlainElement().mask, 0);
+}
+
+struct SpacingRow {
+    const char* name;
+    const char* version;
+    const char* keys;  // of an element that is tiled both ways
+    Long x;
+    Long y;
+    bool tiledX;
+    bool tiledY;
+};
+
+// The tile distance that an element comes to, and along which axes it is tiled at all.
+TEST(AdditionsElements, TakeTheirTileSpacingAsItIsMeant) {
+    for (const SpacingRow& row : {
+             SpacingRow{"an animation without", "1.0", "type = anim", 1, 1, true, true},
+             {"before the type", "1.0", "tilespacing = 5, 6\r\ntype = anim", 5, 6, true, true},
+             {"after the type", "1.0", "type = anim\r\ntilespacing = 5, 6", 5, 6, true, true},
+             {"one value, of old", "", "type = anim\r\ntilespacing = 5", 5, 5, true, true},
+             {"one value", "1.0", "type = anim\r\ntilespacing = 5", 5, 0, true, false},
+             {"the second value", "1.1", "type = anim\r\ntilespacing = , 7", 0, 7, false, true},
+             {"0, of old", "", "type = anim\r\ntilespacing = 0, 7", 0, 7, true, true},
+             {"0", "1.0", "type = anim\r\ntilespacing = 0, 7", 0, 7, false, true},
+             {"a still, one value of old", "", "type = normal\r\ntilespacing = 5", 5, 5, true,
+              true},
+             {"a still, one value", "1.0", "type = normal\r\ntilespacing = 5", 5, 0, true, true},
+         }) {
+        SCOPED_TRACE(row.name);
+        const std::string info =
+            *row.version == '\0' ? "" : "[Info]\r\nmugenversion = " + std::string(row.version);
+        const BothReadings read(info + "\r\n[BG]\r\ntile = 1, 1\r\n" + row.keys + "\r\n");
+        EXPECT_EQ(read.WithElement().tileSpacingX, row.x);
+        EXPECT_EQ(read.WithElement().tileSpacingY, row.y);
+        EXPECT_EQ(read.WithElement().tileX, row.tiledX ? 1 : 0);
+        EXPECT_EQ(read.WithElement().tileY, row.tiledY ? 1 : 0);
+        EXPECT_EQ(read.PlainElement().tileX, 1);
+        EXPECT_EQ(read.PlainElement().tileY, 1);
+    }
+}
+
+TEST(AdditionsElements, TileSpacingBeforeTheTypeIsForgottenPlainly) {
+    const BothReadings read("[BG]\r\ntilespacing = 5, 6\r\ntype = anim\r\n");
+    EXPECT_EQ(read.PlainElement().tileSpacingX, 1);
+    EXPECT_EQ(read.PlainElement().tileSpacingY, 1);
 }
 
 TEST(AdditionsElements, NullIsStillRemovedAndSaid) {

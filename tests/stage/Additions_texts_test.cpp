@@ -170,5 +170,93 @@ TEST(AdditionsTexts, OtherTextsAreReadAsEver) {
     EXPECT_EQ(read.PlainElement().trans, "add1");
 }
 
+// --- a key given twice ---
+
+TEST(AdditionsTexts, OfAKeyGivenTwiceTheFirstCounts) {
+    const BothReadings read(
+        "[Camera]\r\nstartx = 3\r\nboundhigh = -4\r\n[BGdef]\r\nstartx = 5\r\n"
+        "[BG a]\r\nid = 1\r\ndelta = 2\r\nid = 7\r\ndelta = 8, 9\r\n"
+        "[BG b]\r\nid = 11\r\n"
+        "[BGCtrlDef c]\r\nlooptime = 20\r\nctrlid = 1, 2\r\nlooptime = 30\r\nctrlid = 3\r\n"
+        "[BGCtrl d]\r\ntime = 1, 2, 3\r\nx = 4\r\ntime = 5, 6, 7\r\nx = 8\r\n"
+        "[BGCtrl e]\r\ntime = 9\r\n");
+    const BgCtrl& first = read.With().CtrlDefs.at(0).controls.at(0);
+    EXPECT_EQ(read.With().CamStartX, 3);
+    EXPECT_EQ(read.With().BoundHigh, -4);
+    EXPECT_EQ(read.With().Elements.at(0).id, 1);
+    EXPECT_EQ(read.With().Elements.at(0).deltaX, 2);
+    EXPECT_EQ(read.With().Elements.at(0).deltaY, 1);
+    EXPECT_EQ(read.With().Elements.at(1).id, 11) << "another section";
+    EXPECT_EQ(read.With().CtrlDefs.at(0).looptime, 20);
+    EXPECT_THAT(read.With().CtrlDefs.at(0).ctrlIds, ElementsAre(1, 2));
+    EXPECT_EQ(first.startTime, 1);
+    EXPECT_EQ(first.endTime, 2);
+    EXPECT_EQ(first.loopTime, 3);
+    EXPECT_EQ(first.x, 4);
+    EXPECT_EQ(read.With().CtrlDefs.at(0).controls.at(1).startTime, 9);
+
+    EXPECT_EQ(read.Plain().CamStartX, 5) << "plainly the last one counts";
+    EXPECT_EQ(read.PlainElement().id, 7);
+    EXPECT_EQ(read.PlainElement().deltaY, 9);
+    EXPECT_THAT(read.Plain().CtrlDefs.at(0).ctrlIds, ElementsAre(3));
+    EXPECT_EQ(read.Plain().CtrlDefs.at(0).controls.at(0).endTime, 6);
+}
+
+TEST(AdditionsTexts, AKeyWithoutAValueHasNotBeenGiven) {
+    const BothReadings read("[BG]\r\nid\r\nid = 5\r\nmask = 99999\r\nmask = 1\r\n");
+    EXPECT_EQ(read.WithElement().id, 5);
+    EXPECT_EQ(read.WithElement().mask, 1) << "one that does not fit is none";
+}
+
+TEST(AdditionsTexts, EveryFrameCounts) {
+    const BothReadings read("[Begin Action 1]\r\n1,1, 0,0, 5\r\n2,2, 0,0, 6\r\n");
+    ASSERT_EQ(read.With().Actions.at(0).frameCount, 2);
+    EXPECT_EQ(read.With().Actions.at(0).frames.at(1).group, 2);
+}
+
+// --- full-width blanks ---
+
+struct BlankRow {
+    const char* name;
+    const char* line;
+    Single x;
+    Single y;
+};
+
+TEST(AdditionsTexts, FullWidthBlanksAreBlanksAroundKeysAndValues) {
+    for (const BlankRow& row : {
+             BlankRow{"before the key",
+                      "\x81\x40"
+                      "delta = 2, 3",
+                      2, 3},
+             {"several",
+              "\x81\x40 \x81\x40"
+              "delta = 2, 3",
+              2, 3},
+             {"before the sign", "delta\x81\x40= 2, 3", 2, 3},
+             {"before the value",
+              "delta =\x81\x40"
+              "2, 3",
+              2, 3},
+             {"around the comma",
+              "delta = 2\x81\x40,\x81\x40"
+              "3",
+              2, 3},
+             {"at the end", "delta = 2, 3\x81\x40", 2, 3},
+         }) {
+        SCOPED_TRACE(row.name);
+        const BothReadings read("[BG]\r\n" + std::string(row.line) + "\r\n");
+        EXPECT_EQ(read.WithElement().deltaX, row.x);
+        EXPECT_EQ(read.WithElement().deltaY, row.y);
+    }
+}
+
+TEST(AdditionsTexts, AFullWidthBlankWithinANameStays) {
+    const BothReadings read(
+        "[Info]\r\nname = \x81\x40"
+        "Old\x81\x40Town\x81\x40\r\n");
+    EXPECT_EQ(read.With().StageTitle, "Old\x81\x40Town");
+}
+
 }  // namespace
 }  // namespace scenara::test
