@@ -70,9 +70,9 @@ TEST_F(CharacterAnimationTest, NumbersOfActionsAreNumbers) {
 }
 
 struct WalkingRow {
-    const char* name;
-    const char* text;
-    const char* frames;  // with blanks between
+    const char* name = "";
+    const char* text = "";
+    const char* frames = "";  // with blanks between
     Integer loopStart = 0;
 };
 

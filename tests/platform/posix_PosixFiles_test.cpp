@@ -9,7 +9,6 @@
 #include <span>
 #include <string>
 #include <string_view>
-#include <utility>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -362,12 +361,13 @@ TEST_F(PosixFilesDelete, LeavesWhatIsNoFile) {
     PutFolder("folder.def");
     PutPipe("pipe.def");
     PutLink("dangling.def", "nowhere.def");
-    for (const auto& [name, kind] : {std::pair{"folder.def", RunTimeErrorKind::PathFileAccess},
-                                     {"pipe.def", RunTimeErrorKind::PathFileAccess},
-                                     {"dangling.def", RunTimeErrorKind::FileNotFound}}) {
+    const auto expectLeft = [&](const char* name, RunTimeErrorKind kind) {
         EXPECT_THAT([&] { files_.Delete(At(name)); }, Raises(kind)) << name;
         EXPECT_TRUE(Has(name));
-    }
+    };
+    expectLeft("folder.def", RunTimeErrorKind::PathFileAccess);
+    expectLeft("pipe.def", RunTimeErrorKind::PathFileAccess);
+    expectLeft("dangling.def", RunTimeErrorKind::FileNotFound);
 }
 
 }  // namespace

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <filesystem>
 #include <string>
-#include <utility>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -138,15 +137,15 @@ TEST_F(ReplaceFile, WhatIsNoFileStays) {
     PutPipe("pipe");
     PutLink("circle", "circle");
     EXPECT_THROW(files_.ReplaceFile(At("circle"), "new"), RunTimeError);
-    constexpr auto kAccess = RunTimeErrorKind::PathFileAccess;
-    constexpr auto kNotFound = RunTimeErrorKind::FileNotFound;
-    for (const auto& [path, kind] :
-         {std::pair{At("folder"), kAccess}, std::pair{At("pipe"), kAccess},
-          std::pair{"/dev/null"s, kAccess}, std::pair{At("none/QX.CFG"), kNotFound},
-          std::pair{At("QX.CFG") + "\0x"s, kNotFound}, std::pair{""s, kNotFound}}) {
-        SCOPED_TRACE(path);
-        EXPECT_THAT([&] { files_.ReplaceFile(path, "new"); }, Raises(kind));
-    }
+    const auto expectRefused = [&](const std::string& path, RunTimeErrorKind kind) {
+        EXPECT_THAT([&] { files_.ReplaceFile(path, "new"); }, Raises(kind)) << path;
+    };
+    expectRefused(At("folder"), RunTimeErrorKind::PathFileAccess);
+    expectRefused(At("pipe"), RunTimeErrorKind::PathFileAccess);
+    expectRefused("/dev/null", RunTimeErrorKind::PathFileAccess);
+    expectRefused(At("none/QX.CFG"), RunTimeErrorKind::FileNotFound);
+    expectRefused(At("QX.CFG") + "\0x"s, RunTimeErrorKind::FileNotFound);
+    expectRefused("", RunTimeErrorKind::FileNotFound);
     EXPECT_EQ(FileCount(), 3U);
 }
 

@@ -26,7 +26,6 @@ using test::Corners;
 using test::CornersOf;
 using test::GoodParameters;
 
-constexpr std::uint32_t kWhite = 0xFFFFFFFF;
 constexpr std::uint32_t kColorMask = 0x00FFFFFF;
 
 // Keeps what it was shown.

@@ -69,8 +69,8 @@ TEST(SoftDevice, PixelsStayAsTheyWereWritten) {
 
 struct SizeRow {
     TextureParameters asked;
-    std::int32_t pitch;
-    std::size_t words;
+    std::int32_t pitch = 0;
+    std::size_t words = 0;
 };
 
 TEST(SoftDevice, GivesEverySizeFrom1To32767WithThePitchAndTheSlackThatAreWishedFor) {
