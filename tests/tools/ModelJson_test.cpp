@@ -57,14 +57,15 @@ TEST(ModelJson, NamesMembersAsTheModelDoesInItsOrder) {
               " ZOffset ZOffsetLink P1StartX Tension ScreenLeft ScreenRight CamX CamY"
               " LastImageWidth LastImageHeight ElementCount SpriteCount ActionCount CtrlDefCount"
               " ElementsById hires localcoordWidth localcoordHeight ElementScale MugenVersion");
-    EXPECT_EQ(NamesOf(json["elements"][0]),
-              "type mask spriteGroup spriteImage startX startY posX posY deltaX deltaY tileX tileY"
-              " tileSpacingX tileSpacingY velocityX velocityY actionIndex spriteIndex layerno"
-              " lastTileIndex frameIndex frameTime name positionlink linkParent sinState"
-              " sinYAmplitude sinYPeriod sinYPhase ctrlOffset visible enabled trans ctrlPos id"
-              " windowX1 windowX2 windowY1 windowY2 windowActive xscaleTop xscaleBottom alphaSource"
-              " alphaDestination blending windowDeltaX windowDeltaY yscaleStart yscaleDelta"
-              " sinOffset linkSin deltaRead kind alphaDestinationGiven framesBlend");
+    EXPECT_EQ(
+        NamesOf(json["elements"][0]),
+        "type mask spriteGroup spriteImage startX startY posX posY deltaX deltaY tileX tileY"
+        " tileSpacingX tileSpacingY velocityX velocityY actionIndex spriteIndex layerno"
+        " lastTileIndex frameIndex frameTime name positionlink linkParent sinState"
+        " sinYAmplitude sinYPeriod sinYPhase ctrlOffset visible enabled trans ctrlPos id"
+        " windowX1 windowX2 windowY1 windowY2 windowActive xscaleTop xscaleBottom alphaSource"
+        " alphaDestination blending windowDeltaX windowDeltaY yscaleStart yscaleDelta"
+        " sinOffset linkSin deltaRead kind alphaDestinationGiven framesBlend tileSpacingGiven");
     EXPECT_EQ(NamesOf(json["elements"][0]["blending"]), "kind source destination");
     EXPECT_EQ(NamesOf(json["sprites"][0]),
               "axisX axisY width height group image selfIndex reserved masked keyAlpha keyRed"
