@@ -75,6 +75,14 @@ public:
     // Whether there is a folder of that name. Never fails.
     [[nodiscard]] virtual bool FolderExists(const std::string& path) = 0;
 
+    // A name of a text file as it would be on this disk had its bytes been written in Japanese
+    // (Windows-932) or Chinese (Windows-936); without those in which the bytes say nothing, and
+    // without `name` itself.
+    [[nodiscard]] virtual std::vector<std::string> InOtherLetters(
+        [[maybe_unused]] const std::string& name) {
+        return {};
+    }
+
     // Where the program keeps its own files, with a separator at its end.
     [[nodiscard]] virtual std::string ProgramFolder() = 0;
 };

@@ -15,6 +15,31 @@ std::string WithSlashes(std::string path, char wanted) {
     return path;
 }
 
+std::string FirstThatExists(Files& files, const std::vector<std::string>& candidates) {
+    const auto found =
+        std::find_if(candidates.begin(), candidates.end(),
+                     [&](const std::string& path) { return files.FileExists(path); });
+    return found == candidates.end() ? std::string() : *found;
+}
+
+// The definition's path with the archive's extension.
+std::string BesideAsItIsCalled(const std::string& defPath) {
+    const std::string folder = GetPath(defPath);
+    const std::string name = defPath.substr(folder.size());
+    return folder + name.substr(0, name.rfind('.')) + ".sff";
+}
+
+std::string FindUnderAnotherName(Files& files, const std::string& spr, const std::string& mugeDir,
+                                 const std::string& defPath) {
+    std::string found = FirstThatExists(files, {BesideAsItIsCalled(defPath)});
+    for (const std::string& name : files.InOtherLetters(spr)) {
+        if (found.empty()) {
+            found = FirstThatExists(files, ArchiveCandidates(name, mugeDir, defPath));
+        }
+    }
+    return found;
+}
+
 }  // namespace
 
 std::vector<std::string> ArchiveCandidates(const std::string& spr, const std::string& mugeDir,
@@ -25,13 +50,12 @@ std::vector<std::string> ArchiveCandidates(const std::string& spr, const std::st
 }
 
 std::string FindArchive(Files& files, const std::string& spr, const std::string& mugeDir,
-                        const std::string& defPath) {
-    for (const std::string& candidate : ArchiveCandidates(spr, mugeDir, defPath)) {
-        if (files.FileExists(candidate)) {
-            return candidate;
-        }
+                        const std::string& defPath, const ViewOptions& options) {
+    std::string found = FirstThatExists(files, ArchiveCandidates(spr, mugeDir, defPath));
+    if (options.Additions && found.empty()) {
+        found = FindUnderAnotherName(files, spr, mugeDir, defPath);
     }
-    return {};
+    return found;
 }
 
 }  // namespace scenara

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/Files.h"
+#include "stage/ViewOptions.h"
 
 namespace scenara {
 
@@ -17,7 +18,12 @@ namespace scenara {
                                                          const std::string& defPath);
 
 // The first of them that is a file; empty when none is.
+//
+// Addition: where none of them is, the archive that is called as the definition is, beside it; and
+// then all of them again with the name in the letters of other systems (Files::InOtherLetters), for
+// a stage that was unpacked where its own were unknown.
 [[nodiscard]] std::string FindArchive(Files& files, const std::string& spr,
-                                      const std::string& mugeDir, const std::string& defPath);
+                                      const std::string& mugeDir, const std::string& defPath,
+                                      const ViewOptions& options);
 
 }  // namespace scenara

@@ -46,7 +46,8 @@ void SetMusic(const StageModel& model, const LoadStageContext& context) {
 
 void LoadArchive(StageModel& model, const std::string& spr, const std::string& defPath,
                  const LoadStageContext& context) {
-    const std::string path = FindArchive(context.files, spr, context.mugeDir, defPath);
+    const std::string path =
+        FindArchive(context.files, spr, context.mugeDir, defPath, context.options);
     std::unique_ptr<InputFile> archive;
     if (!path.empty()) {
         try {

@@ -27,6 +27,7 @@ struct Addition {
 inline constexpr std::array kAdditions = {
     Addition{"Section headers", "stage/SectionHeader.cpp", "BeginsWithBracket"},
     Addition{"Keys in odd case", "stage/KeyOffer.cpp", "MayStandHere"},
+    Addition{"An archive under another name", "stage/ArchiveSearch.cpp", "FindUnderAnotherName"},
     Addition{"A key given twice", "stage/KeyOffer.cpp", "CountsHere"},
     Addition{"Full-width blanks", "stage/DefinitionReader.cpp", "BlankFullWidth"},
     Addition{"`name`, `bgmusic`, `spr`", "stage/KeyOffer.cpp", "Text"},

@@ -44,23 +44,55 @@ TEST(ArchiveSearch, DefinitionWithoutFolder) {
 TEST(ArchiveSearch, FirstThatExistsIsTaken) {
     MemoryFiles files;
     files.Put("/mugen/stages/kfm.sff", std::string("beside"));
-    EXPECT_EQ(FindArchive(files, "kfm.sff", "/mugen/", kDefinition), "/mugen/stages/kfm.sff");
+    EXPECT_EQ(FindArchive(files, "kfm.sff", "/mugen/", kDefinition, kPlainView),
+              "/mugen/stages/kfm.sff");
     files.Put("/mugen/kfm.sff", std::string("engine"));
-    EXPECT_EQ(FindArchive(files, "kfm.sff", "/mugen/", kDefinition), "/mugen/kfm.sff");
+    EXPECT_EQ(FindArchive(files, "kfm.sff", "/mugen/", kDefinition, kPlainView), "/mugen/kfm.sff");
 }
 
 TEST(ArchiveSearch, SearchEndsAtTheFirstThatExists) {
     MemoryFiles files;
     files.Put("/mugen/kfm.sff", std::string("engine"));
-    EXPECT_EQ(FindArchive(files, "kfm.sff", "/mugen/", kDefinition), "/mugen/kfm.sff");
+    EXPECT_EQ(FindArchive(files, "kfm.sff", "/mugen/", kDefinition, kPlainView), "/mugen/kfm.sff");
     EXPECT_THAT(files.Asked(), ElementsAre("/mugen/kfm.sff"));
 }
 
 TEST(ArchiveSearch, NoneThatExistsIsEmpty) {
     MemoryFiles files;
-    EXPECT_EQ(FindArchive(files, "a/b.sff", "/mugen/", kDefinition), "");
+    EXPECT_EQ(FindArchive(files, "a/b.sff", "/mugen/", kDefinition, kPlainView), "");
     EXPECT_THAT(files.Asked(), ElementsAre("/mugen/a/b.sff", "/mugen/stages/a/b.sff",
                                            "/mugen/stages/a\\b.sff", "/mugen/stages/a/b.sff"));
+}
+
+// Knows one name in other letters.
+class FilesOfElsewhere : public MemoryFiles {
+public:
+    std::vector<std::string> InOtherLetters(const std::string& name) override {
+        return name == "\x8E\x52.sff" ? std::vector<std::string>{"yama.sff"}
+                                      : std::vector<std::string>();
+    }
+};
+
+TEST(ArchiveSearch, AdditionLooksForTheDefinitionsOwnName) {
+    MemoryFiles files;
+    files.Put("/mugen/stages/kfm.sff", std::string("own"));
+    EXPECT_EQ(FindArchive(files, "other.sff", "/mugen/", kDefinition, ViewOptions()),
+              "/mugen/stages/kfm.sff");
+    EXPECT_EQ(FindArchive(files, "other.sff", "/mugen/", kDefinition, kPlainView), "");
+    files.Put("/mugen/stages/other.sff", std::string("named"));
+    EXPECT_EQ(FindArchive(files, "other.sff", "/mugen/", kDefinition, ViewOptions()),
+              "/mugen/stages/other.sff");
+}
+
+TEST(ArchiveSearch, AdditionLooksForTheNameInOtherLettersLast) {
+    FilesOfElsewhere files;
+    files.Put("/mugen/stages/yama.sff", std::string("in other letters"));
+    EXPECT_EQ(FindArchive(files, "\x8E\x52.sff", "/mugen/", kDefinition, ViewOptions()),
+              "/mugen/stages/yama.sff");
+    EXPECT_EQ(FindArchive(files, "\x8E\x52.sff", "/mugen/", kDefinition, kPlainView), "");
+    files.Put("/mugen/stages/kfm.sff", std::string("own"));
+    EXPECT_EQ(FindArchive(files, "\x8E\x52.sff", "/mugen/", kDefinition, ViewOptions()),
+              "/mugen/stages/kfm.sff");
 }
 
 }  // namespace

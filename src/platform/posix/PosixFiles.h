@@ -29,6 +29,7 @@ public:
     void Delete(const std::string& path) override;
     std::vector<std::string> List(const std::string& folder, std::string_view extension) override;
     bool FolderExists(const std::string& path) override;
+    std::vector<std::string> InOtherLetters(const std::string& name) override;
     std::string ProgramFolder() override;
 
 private:
