@@ -119,13 +119,13 @@ void LiteralStage::DrawRows(const Element& element, const Image& image, float dr
                             const Paint& paint) {
     const BackgroundElement& file = *element.file;
     const bool given = file.xscaleTop != 0 || file.xscaleBottom != 0;
-    const float top = file.xscaleTop == 0 ? 1 : file.xscaleTop;
+    const double top = file.xscaleTop == 0 ? 1 : double{file.xscaleTop};
+    const double bottom = file.xscaleBottom;
+    const double shear = double{camera_[0]} * double{element.delta[0]};
     for (int row = 0; row < image.height; ++row) {
-        const float t = image.height == 1
-                            ? 0.0F
-                            : static_cast<float>(row) / static_cast<float>(image.height - 1);
-        const float factor = given ? (top + (file.xscaleBottom - top) * t) / top : 1;
-        const float rowX = drawX + camera_[0] * element.delta[0] * (factor - 1);
+        const double t = image.height == 1 ? 0 : double(row) / (image.height - 1);
+        const double factor = given ? (top + (bottom - top) * t) / top : 1;
+        const double rowX = double{drawX} + shear * (factor - 1);
         for (const std::int64_t x :
              Copies(Rounded(rowX), file.tileX, std::int64_t{file.tileSpacingX} + image.width,
                     image.width, kLiteralWidth)) {

@@ -101,10 +101,11 @@ void LiteralStage::PlaceElement(std::size_t index) {
         axisX = static_cast<float>(image.axisX);
         axisY = static_cast<float>(image.axisY);
     }
-    const float shownX = -camera_[0];
-    const float shownY = camera_[1];
-    element.position = {kMiddle + startX - axisX - element.delta[0] * shownX,
-                        startY - axisY - element.delta[1] * shownY};
+    const double shownX = -camera_[0];
+    const double shownY = camera_[1];
+    const double x = double{kMiddle + startX - axisX} - double{element.delta[0]} * shownX;
+    const double y = double{startY - axisY} - double{element.delta[1]} * shownY;
+    element.position = {static_cast<float>(x), static_cast<float>(y)};
 }
 
 // With the camera at 0, 0. An element that is tiled down without end has no upper edge.
@@ -166,7 +167,11 @@ bool LiteralStage::HasPictures(const Element& element) const {
     if (element.dummy) {
         return true;
     }
-    return element.animated ? element.action >= 0 : element.file->spriteIndex >= 0;
+    if (element.animated) {
+        return element.action >= 0 &&
+               !model_.Actions[static_cast<std::size_t>(element.action)].frames.empty();
+    }
+    return element.file->spriteIndex >= 0;
 }
 
 void LiteralStage::Move(Element& element) {
