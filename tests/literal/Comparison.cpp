@@ -73,8 +73,9 @@ std::string FirstDifference(const RandomStage& stage, const ViewOptions& view) {
     for (std::size_t frame = 0; frame < stage.keys.size(); ++frame) {
         literal.DrawFrame(stage.keys[frame]);
         program.Run(1);
-        for (std::size_t i = 0; i < literal.Picture().size(); ++i) {
-            const std::uint32_t shown = program.Picture()[i] & 0xFFFFFFU;
+        const std::vector<std::uint32_t>& picture = program.Picture();
+        for (std::size_t i = 0; i < picture.size(); ++i) {
+            const std::uint32_t shown = picture[i] & 0xFFFFFFU;
             if (shown != literal.Picture()[i]) {
                 std::ostringstream text;
                 text << "frame " << frame + 1 << " of " << stage.keys.size() << ", pixel "

@@ -27,8 +27,8 @@ int ShareOf255(int share) {
 
 // One channel: what stands there times one share of 255, and the picture times another one.
 int Mixed(int behind, int behindShare, int picture, int pictureShare) {
-    const double sum = (behind * behindShare + picture * pictureShare) / 255.0;
-    return static_cast<int>(std::clamp(std::floor(sum + 0.5), 0.0, 255.0));
+    const int sum = behind * behindShare + picture * pictureShare;
+    return std::min((2 * sum + 255) / (2 * 255), 255);  // the nearest; there are no ties
 }
 
 // Each way to blend is one quad or two, and each quad rounds.
@@ -48,6 +48,9 @@ int BlendedChannel(const Blending& blending, int behind, int picture) {
 }
 
 std::uint32_t Blended(const Blending& blending, std::uint32_t behind, std::uint32_t picture) {
+    if (blending.kind == BlendKind::None) {
+        return picture;
+    }
     std::uint32_t result = 0;
     for (const int shift : {16, 8, 0}) {
         const int channel =
@@ -220,16 +223,14 @@ LiteralStage::Window LiteralStage::WindowOf(const BackgroundElement& element) co
 void LiteralStage::DrawCopy(const Image& image, std::int64_t x, std::int64_t y, int firstRow,
                             int endRow, const Paint& paint) {
     const bool blends = paint.blending.kind != BlendKind::None;
-    for (int row = paint.window.top; row <= paint.window.bottom; ++row) {
-        const std::int64_t below = row - y;
-        if (below < firstRow || below >= endRow) {
-            continue;
-        }
-        for (int column = paint.window.left; column <= paint.window.right; ++column) {
+    const std::int64_t top = std::max<std::int64_t>(paint.window.top, y + firstRow);
+    const std::int64_t bottom = std::min<std::int64_t>(paint.window.bottom, y + endRow - 1);
+    const std::int64_t left = std::max<std::int64_t>(paint.window.left, x);
+    const std::int64_t right = std::min<std::int64_t>(paint.window.right, x + image.width - 1);
+    for (std::int64_t row = top; row <= bottom; ++row) {
+        for (std::int64_t column = left; column <= right; ++column) {
             const std::int64_t across = column - x;
-            if (across < 0 || across >= image.width) {
-                continue;
-            }
+            const std::int64_t below = row - y;
             const std::int64_t texelX = paint.mirrored ? image.width - 1 - across : across;
             const std::int64_t texelY = paint.upsideDown ? image.height - 1 - below : below;
             const std::uint32_t texel =

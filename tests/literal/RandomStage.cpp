@@ -50,6 +50,15 @@ private:
                std::to_string(Whole(0, kRandomImages - 1));
     }
 
+    // One to twelve of them, of which ten count; some name nobody, some stand twice.
+    [[nodiscard]] std::string Ids() {
+        std::string ids = std::to_string(Whole(-1, kIds + 1));
+        for (int more = OneIn(8) ? Whole(1, 11) : Whole(0, 2); more > 0; --more) {
+            ids += ", " + std::to_string(Whole(-1, kIds + 1));
+        }
+        return ids;
+    }
+
     void Settings();
     void Element(int index);
     void ElementMotion();
@@ -83,14 +92,25 @@ void Writer::Settings() {
 }
 
 void Writer::Tiles(bool animated) {
-    static constexpr std::array kCounts = {"0", "1", "2", "3", "5"};
+    static constexpr std::array kCounts = {"0", "1", "1",  "2",       "3",
+                                           "5", "9", "40", "1000000", "-2"};
     if (!OneIn(3)) {
         return;
     }
-    Line("tile", OneOf(kCounts) + ", " + OneOf(kCounts));
-    if (OneIn(2)) {
-        Line("tilespacing", animated ? Number(20, 150, 400) + ", " + Number(20, 150, 400)
-                                     : Number(0, 40, 200) + ", " + Number(0, 40, 200));
+    const std::string across = OneOf(kCounts);
+    const std::string down = OneIn(4) ? "" : OneOf(kCounts);
+    Line("tile", across + (down.empty() ? "" : ", " + down));
+    const bool both = across != "0" && !down.empty() && down != "0";
+    // Pictures that lie upon one another do so in one direction only. In both there can be so many
+    // at one place that the program leaves some out.
+    if (animated && both) {
+        Line("tilespacing", std::to_string(Whole(20, 150)) + ", " + std::to_string(Whole(20, 150)));
+    } else if (OneIn(2)) {
+        std::array<std::string, 2> spacings = {Number(0, 150, 400), Number(0, 150, 400)};
+        if (OneIn(4)) {
+            spacings[static_cast<std::size_t>(Whole(0, 1))] = std::to_string(Whole(-20, 9));
+        }
+        Line("tilespacing", spacings[0] + (OneIn(6) ? "" : ", " + spacings[1]));
     }
 }
 
@@ -105,12 +125,13 @@ void Writer::ElementMotion() {
         Line("sin.x", Fraction(-20, 20) + ", " + Number(0, 20, 200) + ", " + Number(0, 30, 90));
     }
     if (OneIn(4)) {
-        Line("positionlink", "1");
+        Line("positionlink", OneIn(8) ? "-1" : "1");
     }
 }
 
 void Writer::Blend() {
-    static constexpr std::array kWords = {"none", "add", "add1", "sub", "addalpha", "default"};
+    static constexpr std::array kWords = {"none",    "add", "add1",     "sub",  "addalpha",
+                                          "default", "Add", "subtract", "blend"};
     if (OneIn(4)) {
         Line("trans", OneOf(kWords));
         if (OneIn(2)) {
@@ -120,17 +141,21 @@ void Writer::Blend() {
 }
 
 void Writer::Element(int index) {
-    static constexpr std::array kTypes = {"normal", "normal",   "anim", "anim",
-                                          "anim",   "parallax", "dummy"};
-    static constexpr std::array kLayers = {"0", "0", "0", "1", "-1"};
+    static constexpr std::array kTypes = {"normal",   "normal", "anim", "anim", "anim",
+                                          "parallax", "dummy",  "norm", "ani",  "paral",
+                                          "null",     "Anim",   "water"};
+    static constexpr std::array kLayers = {"0", "0", "0", "0", "1", "1", "-1", "2", "-7"};
     text_ += "[BG " + std::to_string(index) + "]\n";
     const std::string type = OneOf(kTypes);
-    Line("type", type);
+    if (!OneIn(30)) {
+        Line("type", type);
+    }
     Line("spriteno", Sprite());
     Line("actionno", std::to_string(Whole(0, OneIn(8) ? kActions : kActions - 1)));
-    Line("start", Number(-200, 200, 3000) + ", " + Number(-60, 220, 3000));
+    Line("start", Number(-200, 200, 30000) + ", " + Number(-60, 220, 30000));
     if (OneIn(2)) {
-        Line("delta", Fraction(-1, 2) + (OneIn(2) ? ", " + Fraction(-1, 2) : ""));
+        Line("delta", OneIn(20) ? Fraction(-40, 40)
+                                : Fraction(-1, 2) + (OneIn(2) ? ", " + Fraction(-1, 2) : ""));
     }
     if (OneIn(2)) {
         Line("mask", Number(0, 1, 2));
@@ -149,13 +174,13 @@ void Writer::Element(int index) {
     if (mode_ == RandomFor::Additions && OneIn(6)) {
         Line("windowdelta", Fraction(-1, 2) + ", " + Fraction(-1, 2));
     }
-    Tiles(type == "anim");
+    Tiles(type == "anim" || type == "ani" || type == "Anim");
     ElementMotion();
     Blend();
 }
 
 void Writer::Action(int number) {
-    static constexpr std::array kTimes = {"-1", "0", "1", "2", "3", "5", "9"};
+    static constexpr std::array kTimes = {"-1", "-9", "0", "0", "1", "2", "3", "5", "9", ""};
     static constexpr std::array kFlips = {"", "", "", "H", "V", "HV", "h"};
     static constexpr std::array kBlends = {"", "", "A", "A1", "S", "AS128D64", "as30d256", "add"};
     text_ += "[Begin Action " + std::to_string(number) + "]\n";
@@ -194,7 +219,7 @@ void Writer::Control() {
     }
     Line("time", time);
     if (OneIn(2)) {
-        Line("ctrlid", OneIn(6) ? "-1" : std::to_string(Whole(0, kIds)));
+        Line("ctrlid", Ids());
     }
     if (type == "sinx" || type == "siny") {
         Line("value", Number(-20, 20, 90) + ", " + Number(0, 20, 90));
@@ -215,7 +240,7 @@ void Writer::Group(int index) {
         Line("looptime", std::to_string(Whole(0, 25)));
     }
     if (!OneIn(3)) {
-        Line("ctrlid", std::to_string(Whole(-1, kIds)) + ", " + std::to_string(kIds + 1));
+        Line("ctrlid", Ids());
     }
     for (int controls = Whole(0, 4); controls > 0; --controls) {
         Control();
@@ -224,7 +249,7 @@ void Writer::Group(int index) {
 
 // Some keys for some frames, then others.
 void Writer::Keys(std::vector<LiteralKeys>& keys) {
-    if (OneIn(2)) {
+    if (OneIn(3)) {
         return;
     }
     std::size_t frame = 0;
