@@ -29,11 +29,11 @@ void CompareRandomStages(int rounds, RandomFor mode) {
 }
 
 TEST(AgreesWithProgram, RandomStagesPlain) {
-    CompareRandomStages(Rounds(2000), RandomFor::Plain);
+    CompareRandomStages(Rounds(1500), RandomFor::Plain);
 }
 
 TEST(AgreesWithProgram, RandomStagesWithAdditions) {
-    CompareRandomStages(Rounds(2000), RandomFor::Additions);
+    CompareRandomStages(Rounds(1500), RandomFor::Additions);
 }
 
 }  // namespace

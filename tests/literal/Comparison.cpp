@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <span>
 #include <sstream>
+#include <stdexcept>
 
 #include "frames/PaintedStage.h"
 #include "support/StageFixture.h"
@@ -15,6 +16,15 @@ namespace {
 void Put(MemoryFiles& files, const RandomStage& stage) {
     files.Put("/mugen/stages/random.sff", std::span(stage.archive));
     files.Put(kTestStage, stage.definition);
+}
+
+// Raises what a test fails by when the stage does not load.
+void Load(StageMachine& loader, const RandomStage& stage, const ViewOptions& view) {
+    loader.view = view;
+    Put(loader.files, stage);
+    if (!loader.LoadFile(kTestStage)) {
+        throw std::runtime_error("the stage does not load");
+    }
 }
 
 // As a key script says it.
@@ -56,14 +66,25 @@ std::string Script(const std::vector<LiteralKeys>& keys) {
 
 }  // namespace
 
-std::string FirstDifference(const RandomStage& stage, const ViewOptions& view) {
+std::vector<std::uint32_t> LiteralPictureOf(const RandomStage& stage, const ViewOptions& view) {
     StageMachine loader;
-    loader.view = view;
-    Put(loader.files, stage);
-    if (!loader.LoadFile(kTestStage)) {
-        return "the stage does not load\n" + stage.definition;
-    }
+    Load(loader, stage, view);
     LiteralStage literal(loader.model, LiteralRules::Of(view.Additions));
+    for (const LiteralKeys& keys : stage.keys) {
+        literal.DrawFrame(keys);
+    }
+    return literal.Picture();
+}
+
+std::string FirstDifference(const RandomStage& stage, const ViewOptions& view) {
+    return FirstDifference(stage, view, LiteralRules::Of(view.Additions));
+}
+
+std::string FirstDifference(const RandomStage& stage, const ViewOptions& view,
+                            const LiteralRules& rules) {
+    StageMachine loader;
+    Load(loader, stage, view);
+    LiteralStage literal(loader.model, rules);
 
     auto files = std::make_unique<MemoryFiles>();
     Put(*files, stage);

@@ -117,6 +117,14 @@ void LiteralStage::Draw(const Element& element) {
     }
 }
 
+// How far a row of twice the speed stands from one that is not sheared.
+double LiteralStage::RowShear(const Element& element, const Image& image, float drawX) const {
+    if (rules_.shearsFromMiddle) {
+        return double{drawX} + image.axisX - kLiteralWidth / 2.0;
+    }
+    return double{camera_[0]} * double{element.delta[0]};
+}
+
 // Each row has a speed of its own, and its own tiles; there are none below one another.
 void LiteralStage::DrawRows(const Element& element, const Image& image, float drawX, float drawY,
                             const Paint& paint) {
@@ -124,7 +132,7 @@ void LiteralStage::DrawRows(const Element& element, const Image& image, float dr
     const bool given = file.xscaleTop != 0 || file.xscaleBottom != 0;
     const double top = file.xscaleTop == 0 ? 1 : double{file.xscaleTop};
     const double bottom = file.xscaleBottom;
-    const double shear = double{camera_[0]} * double{element.delta[0]};
+    const double shear = RowShear(element, image, drawX);
     for (int row = 0; row < image.height; ++row) {
         const double t = image.height == 1 ? 0 : double(row) / (image.height - 1);
         const double factor = given ? (top + (bottom - top) * t) / top : 1;
@@ -142,7 +150,7 @@ void LiteralStage::DrawRows(const Element& element, const Image& image, float dr
 void LiteralStage::DrawTiles(const Element& element, const Image& image, std::int64_t x,
                              std::int64_t y, const Paint& paint) {
     const BackgroundElement& file = *element.file;
-    if (paint.mirrored) {
+    if (paint.mirrored && !rules_.tilesMirrored) {
         DrawCopy(image, x, y, 0, image.height, paint);
         return;
     }

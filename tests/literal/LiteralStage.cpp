@@ -141,6 +141,9 @@ void LiteralStage::DrawFrame(const LiteralKeys& keys) {
         TickAnimation(element);
     }
     for (Element& element : elements_) {
+        if (rules_.wholeSwings) {
+            SwingWhole(element);
+        }
         element.notedSwing = {element.swings[0].offset, element.swings[1].offset};
         element.notedMotion = element.motion;
     }
@@ -152,9 +155,14 @@ void LiteralStage::DrawPass(Pass pass, const LiteralKeys& keys) {
     for (Element& element : elements_) {
         const int layer = element.file->layerno;
         const bool selected = pass == Pass::Back ? layer < 1 : layer != 0;
-        if (selected && element.visible && element.enabled && HasPictures(element)) {
-            Draw(element);
-            Move(element);
+        if (selected && element.enabled && HasPictures(element)) {
+            if (element.visible) {
+                Draw(element);
+            }
+            const bool again = pass == Pass::Front && layer < 0;
+            if ((element.visible || rules_.movesHidden) && !(again && rules_.movesOnce)) {
+                Move(element);
+            }
         }
         FollowCamera(element);
     }
@@ -179,7 +187,7 @@ void LiteralStage::Move(Element& element) {
         element.position[axis] += element.velocity[axis];
         element.motion[axis] += element.velocity[axis];
         Swing& swing = element.swings[axis];
-        if (swing.amplitude != 0 && swing.period != 0) {
+        if (swing.amplitude != 0 && swing.period != 0 && !rules_.wholeSwings) {
             swing.offset = static_cast<float>(
                 double{swing.amplitude} *
                 std::sin(std::numbers::pi / double{swing.period} * double{swing.time}));
@@ -188,6 +196,22 @@ void LiteralStage::Move(Element& element) {
                 swing.time = 0;
             }
         }
+    }
+}
+
+// As the file's keys have them; a controller's are not begun.
+void LiteralStage::SwingWhole(Element& element) {
+    const std::array<double, 2> phases = {element.file->sinState[2], element.file->sinYPhase};
+    for (std::size_t axis = 0; axis < 2; ++axis) {
+        Swing& swing = element.swings[axis];
+        if (!element.enabled || swing.period <= 0) {
+            continue;
+        }
+        const double frame = double{swing.time} - phases[axis];
+        const double turns = frame / double{swing.period} + phases[axis] / 360;
+        swing.offset =
+            static_cast<float>(double{swing.amplitude} * std::sin(2 * std::numbers::pi * turns));
+        swing.time += 1;
     }
 }
 

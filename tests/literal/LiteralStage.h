@@ -24,7 +24,14 @@ struct LiteralRules {
     bool keepsUpperBound = true;     // plain: raised to the topmost picture's edge + 1
     bool movesWindows = true;        // windowdelta
     bool oneForNegativeStep = true;  // n tiles at a distance below 0: one; plain: none
-    bool clearsPicture = false;      // before each frame
+
+    // Rules for additions that the program does not carry out (KnownDifferences_test.cpp).
+    bool clearsPicture = false;     // to black, before each frame
+    bool tilesMirrored = false;     // frames with H or HV, too
+    bool wholeSwings = false;       // sin.x, sin.y: a whole swing in a period, the phase in degrees
+    bool movesOnce = false;         // in a frame, with layerno below 0
+    bool movesHidden = false;       // what is not visible drifts and swings on
+    bool shearsFromMiddle = false;  // parallax: with the axis' whole distance
 
     static LiteralRules Of(bool additions) {
         return additions ? LiteralRules{}
@@ -139,12 +146,14 @@ private:
     enum class Pass : std::uint8_t { Back, Front };
     void DrawPass(Pass pass, const LiteralKeys& keys);
     void Move(Element& element);
+    void SwingWhole(Element& element);
     void FollowCamera(Element& element);
     void MoveCamera(const LiteralKeys& keys);
     [[nodiscard]] bool HasPictures(const Element& element) const;
 
     // What is seen of an element (LiteralPicture.cpp).
     void Draw(const Element& element);
+    [[nodiscard]] double RowShear(const Element& element, const Image& image, float drawX) const;
     void DrawRows(const Element& element, const Image& image, float drawX, float drawY,
                   const Paint& paint);
     void DrawTiles(const Element& element, const Image& image, std::int64_t x, std::int64_t y,
