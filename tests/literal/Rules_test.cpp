@@ -57,6 +57,10 @@ constexpr const char* kDriftAndControl =
 constexpr const char* kControl =
     "[BG arrow]\ntype = normal\nspriteno = 1,0\nstart = 10,100\nid = 1\n"
     "[BGCtrlDef]\nctrlid = 1\n[BGCtrl]\ntime = 1, 3\n";
+constexpr const char* kTwoControlled =
+    "[BG arrow]\ntype = normal\nspriteno = 1,0\nstart = 10,100\nid = 1\n"
+    "[BG tile]\ntype = normal\nspriteno = 2,0\nstart = 10,150\nid = 2\n"
+    "[BGCtrlDef]\nctrlid = 1\n[BGCtrl]\ntime = 1\n";
 constexpr const char* kAnimControl =
     "[Begin Action 1]\n4,0, 0,0, 3\n4,3, 0,0, 2\n[Begin Action 2]\n4,1, 0,0, 2\n4,2, 0,0, 4\n"
     "[BG bars]\ntype = anim\nactionno = 1\nstart = 20,100\nid = 1\n"
@@ -74,6 +78,7 @@ constexpr Row kRows[] = {
      "[Camera]\nstartx = 33\nstarty = -12\n"},
     {"the camera's start is kept within the bounds", kPlain, Held::Nothing, 1, kArrow,
      "[Camera]\nstartx = 500\nstarty = -500\n"},
+    {"and to the left", kPlain, Held::Nothing, 1, kArrow, "[Camera]\nstartx = -500\n"},
     {"rounding, ties to even", kPlain, Held::Nothing, 4, kArrow, "velocity = 0.5, -0.5\n"},
     {"layers", kPlain, Held::Nothing, 1, kOverAndArrow, "layerno = 1\n"},
     {"both layers: moved twice", kPlain, Held::Nothing, 5, kArrow, "velocity = 3\nlayerno = -1\n"},
@@ -124,6 +129,8 @@ constexpr Row kRows[] = {
     {"a frame of time 0 is passed over", kPlain, Held::Nothing, 4, kBars,
      "4,2, 0,0, 0\n4,3, 0,0, 2\n"},
     {"Loopstart", kPlain, Held::Nothing, 6, kBars, "Loopstart\n4,1, 0,0, 1\n4,2, 0,0, 1\n"},
+    {"Loopstart after the last frame", kPlain, Held::Nothing, 6, kBars,
+     "4,1, 0,0, 2\n4,2, 0,0, 1\nLoopstart\n"},
     {"for ever", kPlain, Held::Nothing, 9, kBars, "4,1, 0,0, -1\n4,2, 0,0, 2\n"},
     {"H within the rectangle", kPlain, Held::Nothing, 1, kAnimated,
      "[Begin Action 1]\n1,0, 0,0, 2, H\n"},
@@ -146,6 +153,16 @@ constexpr Row kRows[] = {
     {"anim begins anew", kPlain, Held::Nothing, 6, kAnimControl, "type = anim\nvalue = 2\n"},
     {"sinx", kPlain, Held::Nothing, 8, kControl, "type = sinx\nvalue = 20, 9\n"},
     {"siny", kPlain, Held::Nothing, 8, kControl, "type = siny\nvalue = 20, 9\n"},
+    {"a disabled animation stands still", kPlain, Held::Nothing, 8, kAnimControl,
+     "type = enable\nvalue = 0\n[BGCtrl]\ntype = enable\nvalue = 1\ntime = 6\n"},
+    {"anim shows the first frame", kPlain, Held::Nothing, 5, kAnimControl,
+     "time = 4\ntype = anim\nvalue = 1\n"},
+    {"an end before the start", kPlain, Held::Nothing, 6, kControl,
+     "type = posadd\nx = 4\ntime = 3,1\n"},
+    {"a list of its own", kPlain, Held::Nothing, 6, kTwoControlled,
+     "type = posadd\nx = 40\nctrlid = 2\n"},
+    {"a list of nobody", kPlain, Held::Nothing, 6, kTwoControlled,
+     "type = posadd\nx = 40\nctrlid = -1\n"},
     {"a loop of its own", kPlain, Held::Nothing, 9, kControl,
      "type = posadd\nx = 4\ntime = 1,1,3\n"},
     {"the group's loop", kPlain, Held::Nothing, 9, kArrow,
@@ -158,6 +175,10 @@ constexpr Row kRows[] = {
     {"add with alpha", kAdditions, Held::Nothing, 1, kArrow, "trans = add\nalpha = 100,180\n"},
     {"a frame's own blending", kAdditions, Held::Nothing, 1, kAnimated,
      "[Begin Action 1]\n1,0, 0,0, 2, , AS128D64\n"},
+    {"none leaves it to the frames before 1.0", kAdditions, Held::Nothing, 1, kAnimated,
+     "trans = none\n[Begin Action 1]\n1,0, 0,0, 2, , A\n"},
+    {"none is none from 1.0 on", kAdditions, Held::Nothing, 1, kAnimated,
+     "trans = none\n[Info]\nmugenversion = 1.0\n[Begin Action 1]\n1,0, 0,0, 2, , A\n"},
     {"a distance below 0: one", kAdditions, Held::Nothing, 1, kMaskedArrow,
      "start = 0,120\ntile = 5\ntilespacing = -45,0\n"},
 };
