@@ -67,6 +67,7 @@ private:
     void Action(int number);
     void Group(int index);
     void Control();
+    void OffAndOn();
     void Keys(std::vector<LiteralKeys>& keys);
 
     samplemaker::Random random_;
@@ -234,6 +235,18 @@ void Writer::Control() {
     }
 }
 
+// What is hidden or disabled for a few frames.
+void Writer::OffAndOn() {
+    const std::string type = OneIn(2) ? "visible" : "enable";
+    const int off = Whole(0, 5);
+    for (const int value : {0, 1}) {
+        text_ += "[BGCtrl]\n";
+        Line("type", type);
+        Line("time", std::to_string(value == 0 ? off : off + Whole(1, 5)));
+        Line("value", std::to_string(value));
+    }
+}
+
 void Writer::Group(int index) {
     text_ += "[BGCtrlDef " + std::to_string(index) + "]\n";
     if (OneIn(2)) {
@@ -241,6 +254,9 @@ void Writer::Group(int index) {
     }
     if (!OneIn(3)) {
         Line("ctrlid", Ids());
+    }
+    if (OneIn(3)) {
+        OffAndOn();
     }
     for (int controls = Whole(0, 4); controls > 0; --controls) {
         Control();
