@@ -1,0 +1,134 @@
+// SPDX-License-Identifier: MIT
+#include "literal/Comparison.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <sstream>
+#include <stdexcept>
+
+#include "frames/PaintedStage.h"
+#include "support/StageFixture.h"
+
+namespace scenara::test {
+namespace {
+
+void Put(MemoryFiles& files, const RandomStage& stage) {
+    files.Put("/mugen/stages/random.sff", std::span(stage.archive));
+    files.Put(kTestStage, stage.definition);
+}
+
+// Raises what a test fails by when the stage does not load.
+void Load(StageMachine& loader, const RandomStage& stage, const ViewOptions& view) {
+    loader.view = view;
+    Put(loader.files, stage);
+    if (!loader.LoadFile(kTestStage)) {
+        throw std::runtime_error("the stage does not load");
+    }
+}
+
+// As a key script says it.
+std::string Words(const LiteralKeys& keys) {
+    std::string words;
+    const auto add = [&words](bool held, const char* name) {
+        if (held) {
+            words += (words.empty() ? "" : "+") + std::string(name);
+        }
+    };
+    add(keys.left, "left");
+    add(keys.right, "right");
+    add(keys.up, "up");
+    add(keys.down, "down");
+    return words.empty() ? "none" : words;
+}
+
+std::string Script(const std::vector<LiteralKeys>& keys) {
+    std::string script;
+    std::string last;
+    int count = 0;
+    const auto end = [&] {
+        if (count > 0) {
+            script += (script.empty() ? "" : ",") + last + ":" + std::to_string(count);
+        }
+        count = 0;
+    };
+    for (const LiteralKeys& held : keys) {
+        const std::string words = Words(held);
+        if (words != last) {
+            end();
+            last = words;
+        }
+        ++count;
+    }
+    end();
+    return script;
+}
+
+}  // namespace
+
+std::vector<std::uint32_t> LiteralPictureOf(const RandomStage& stage, const ViewOptions& view) {
+    StageMachine loader;
+    Load(loader, stage, view);
+    LiteralStage literal(loader.model, LiteralRules::Of(view.Additions));
+    for (const LiteralKeys& keys : stage.keys) {
+        literal.DrawFrame(keys);
+    }
+    return literal.Picture();
+}
+
+std::string FirstDifference(const RandomStage& stage, const ViewOptions& view) {
+    return FirstDifference(stage, view, LiteralRules::Of(view.Additions));
+}
+
+std::string FirstDifference(const RandomStage& stage, const ViewOptions& view,
+                            const LiteralRules& rules) {
+    StageMachine loader;
+    Load(loader, stage, view);
+    LiteralStage literal(loader.model, rules);
+
+    auto files = std::make_unique<MemoryFiles>();
+    Put(*files, stage);
+    ShotStage program(std::move(files), kTestStage, "/mugen/", {}, view);
+    program.Hold(Script(stage.keys));
+
+    for (std::size_t frame = 0; frame < stage.keys.size(); ++frame) {
+        literal.DrawFrame(stage.keys[frame]);
+        program.Run(1);
+        const std::vector<std::uint32_t>& picture = program.Picture();
+        for (std::size_t i = 0; i < picture.size(); ++i) {
+            const std::uint32_t shown = picture[i] & 0xFFFFFFU;
+            if (shown != literal.Picture()[i]) {
+                std::ostringstream text;
+                text << "frame " << frame + 1 << " of " << stage.keys.size() << ", pixel "
+                     << i % kLiteralWidth << "," << i / kLiteralWidth << ": the program has "
+                     << std::hex << shown << ", the rules say " << literal.Picture()[i] << "\nkeys "
+                     << Script(stage.keys) << "\n"
+                     << stage.definition;
+                return text.str();
+            }
+        }
+    }
+    return {};
+}
+
+RandomStage Shortest(RandomStage stage, const ViewOptions& view) {
+    bool shorter = true;
+    while (shorter) {
+        shorter = false;
+        std::size_t begin = 0;
+        while (begin < stage.definition.size()) {
+            const std::size_t end = stage.definition.find('\n', begin) + 1;
+            RandomStage without = stage;
+            without.definition.erase(begin, end - begin);
+            if (FirstDifference(without, view).empty()) {
+                begin = end;
+            } else {
+                stage = std::move(without);
+                shorter = true;
+            }
+        }
+    }
+    return stage;
+}
+
+}  // namespace scenara::test

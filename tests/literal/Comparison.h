@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+//
+// Comparison: one stage, shown by the program on the headless machine and by a LiteralStage.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "literal/RandomStage.h"
+#include "stage/ViewOptions.h"
+
+namespace scenara::test {
+
+// What the rules make of a stage after all of its frames.
+[[nodiscard]] std::vector<std::uint32_t> LiteralPictureOf(const RandomStage& stage,
+                                                          const ViewOptions& view);
+
+// The first pixel that differs, with the frame, both colours and the stage's text; empty when every
+// frame for which the stage has keys is the same.
+[[nodiscard]] std::string FirstDifference(const RandomStage& stage, const ViewOptions& view);
+[[nodiscard]] std::string FirstDifference(const RandomStage& stage, const ViewOptions& view,
+                                          const LiteralRules& rules);
+
+// The stage with every line of its definition left out that the difference does not need.
+[[nodiscard]] RandomStage Shortest(RandomStage stage, const ViewOptions& view);
+
+}  // namespace scenara::test

@@ -1,0 +1,246 @@
+// SPDX-License-Identifier: MIT
+#include "literal/LiteralStage.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <numbers>
+#include <optional>
+
+namespace scenara::test {
+namespace {
+
+constexpr float kMiddle = kLiteralWidth / 2.0F;
+constexpr float kStep = 1;  // of the camera, both ways
+
+}  // namespace
+
+LiteralStage::LiteralStage(const StageModel& loaded, const LiteralRules& rules)
+    : model_(loaded), rules_(rules), picture_(std::size_t{kLiteralWidth} * kLiteralHeight, 0) {
+    ReadImages();
+    PlaceCamera();
+    elements_.resize(model_.Elements.size());
+    for (std::size_t i = 0; i < elements_.size(); ++i) {
+        PlaceElement(i);
+    }
+    upperBound_ = model_.BoundHigh;
+    if (!rules_.keepsUpperBound) {
+        RaiseUpperBound();
+    }
+    ResolveControls();
+}
+
+void LiteralStage::ReadImages() {
+    for (const SpriteEntry& sprite : model_.Sprites) {
+        Image image{sprite.width, sprite.height, sprite.axisX, sprite.axisY, {}};
+        const LockedPixels locked = sprite.texture->LockRectToRead();
+        for (int y = 0; y < image.height; ++y) {
+            for (int x = 0; x < image.width; ++x) {
+                const auto place =
+                    static_cast<std::size_t>(y) * static_cast<std::size_t>(locked.pitch) +
+                    static_cast<std::size_t>(x);
+                image.texels.push_back(locked.words[place]);
+            }
+        }
+        sprite.texture->UnlockRect();
+        images_.push_back(std::move(image));
+    }
+}
+
+// Raised to the lower bound first, then cut to the higher one.
+void LiteralStage::PlaceCamera() {
+    float x = model_.CamStartX;
+    x = std::max(x, static_cast<float>(model_.BoundLeft));
+    x = std::min(x, static_cast<float>(model_.BoundRight));
+    float y = model_.CamStartY;
+    y = std::max(y, static_cast<float>(model_.BoundHigh));
+    y = std::min(y, static_cast<float>(model_.BoundLow));
+    camera_ = {-x, y};
+    previousCamera_ = camera_;
+}
+
+// The axis point of a linked element is its parent's plus its own start; it moves with the camera
+// as its parent does.
+void LiteralStage::PlaceElement(std::size_t index) {
+    const BackgroundElement& file = model_.Elements[index];
+    Element& element = elements_[index];
+    element.file = &file;
+    element.animated = file.type == "anim";
+    element.parallax = file.type == "parallax";
+    element.dummy = file.type == "dummy";
+    element.enabled = !element.dummy || rules_.dummiesAreEnabled;
+    element.velocity = {file.velocityX, file.velocityY};
+    element.delta = {file.deltaX, file.deltaY};
+    element.swings[0] = {file.sinState[0], file.sinState[1], file.sinState[2], 0};
+    element.swings[1] = {file.sinYAmplitude, file.sinYPeriod, file.sinYPhase, 0};
+    float startX = static_cast<float>(file.startX);
+    float startY = static_cast<float>(file.startY);
+    if (file.positionlink != 0) {
+        for (std::size_t before = 0; before < index; ++before) {
+            if (model_.Elements[before].positionlink == 0) {
+                element.parent = static_cast<int>(before);
+            }
+        }
+    }
+    if (element.parent >= 0) {
+        const BackgroundElement& parent = model_.Elements[static_cast<std::size_t>(element.parent)];
+        startX += static_cast<float>(parent.startX);
+        startY += static_cast<float>(parent.startY);
+        element.delta = {parent.deltaX, parent.deltaY};
+    }
+    float axisX = 0;
+    float axisY = 0;
+    if (element.animated) {
+        element.action = file.actionIndex;
+        if (element.action >= 0) {
+            const StageAction& action = model_.Actions[static_cast<std::size_t>(element.action)];
+            element.frameTime = action.frames.empty() ? 0 : action.frames[0].time;
+        }
+    } else if (file.spriteIndex >= 0) {
+        const Image& image = images_[static_cast<std::size_t>(file.spriteIndex)];
+        axisX = static_cast<float>(image.axisX);
+        axisY = static_cast<float>(image.axisY);
+    }
+    const double shownX = -camera_[0];
+    const double shownY = camera_[1];
+    const double x = double{kMiddle + startX - axisX} - double{element.delta[0]} * shownX;
+    const double y = double{startY - axisY} - double{element.delta[1]} * shownY;
+    element.position = {static_cast<float>(x), static_cast<float>(y)};
+}
+
+// With the camera at 0, 0. An element that is tiled down without end has no upper edge.
+void LiteralStage::RaiseUpperBound() {
+    std::optional<float> topmost;
+    for (const Element& element : elements_) {
+        if (element.file->tileY == 1) {
+            return;
+        }
+        float top = element.position[1] + element.delta[1] * camera_[1];
+        if (element.animated && element.action >= 0) {
+            const StageAction& action = model_.Actions[static_cast<std::size_t>(element.action)];
+            if (!action.frames.empty() && action.frames[0].spriteIndex >= 0) {
+                const StageFrame& frame = action.frames[0];
+                top +=
+                    static_cast<float>(frame.offsetY) -
+                    static_cast<float>(images_[static_cast<std::size_t>(frame.spriteIndex)].axisY);
+            }
+        }
+        topmost = topmost ? std::min(*topmost, top) : top;
+    }
+    if (topmost && static_cast<float>(upperBound_) < *topmost) {
+        upperBound_ = static_cast<int>(std::nearbyint(*topmost + 1));
+    }
+}
+
+void LiteralStage::DrawFrame(const LiteralKeys& keys) {
+    if (rules_.clearsPicture) {
+        std::ranges::fill(picture_, 0U);
+    }
+    RunControls();
+    for (Element& element : elements_) {
+        TickAnimation(element);
+    }
+    for (Element& element : elements_) {
+        if (rules_.wholeSwings) {
+            SwingWhole(element);
+        }
+        element.notedSwing = {element.swings[0].offset, element.swings[1].offset};
+        element.notedMotion = element.motion;
+    }
+    DrawPass(Pass::Back, keys);
+    DrawPass(Pass::Front, keys);
+}
+
+void LiteralStage::DrawPass(Pass pass, const LiteralKeys& keys) {
+    for (Element& element : elements_) {
+        const int layer = element.file->layerno;
+        const bool selected = pass == Pass::Back ? layer < 1 : layer != 0;
+        if (selected && element.enabled && HasPictures(element)) {
+            if (element.visible) {
+                Draw(element);
+            }
+            const bool again = pass == Pass::Front && layer < 0;
+            if ((element.visible || rules_.movesHidden) && !(again && rules_.movesOnce)) {
+                Move(element);
+            }
+        }
+        FollowCamera(element);
+    }
+    previousCamera_ = camera_;
+    MoveCamera(keys);
+}
+
+// A dummy needs none; an animation needs an action, whatever its frames show.
+bool LiteralStage::HasPictures(const Element& element) const {
+    if (element.dummy) {
+        return true;
+    }
+    if (element.animated) {
+        return element.action >= 0 &&
+               !model_.Actions[static_cast<std::size_t>(element.action)].frames.empty();
+    }
+    return element.file->spriteIndex >= 0;
+}
+
+void LiteralStage::Move(Element& element) {
+    for (std::size_t axis = 0; axis < 2; ++axis) {
+        element.position[axis] += element.velocity[axis];
+        element.motion[axis] += element.velocity[axis];
+        Swing& swing = element.swings[axis];
+        if (swing.amplitude != 0 && swing.period != 0 && !rules_.wholeSwings) {
+            swing.offset = static_cast<float>(
+                double{swing.amplitude} *
+                std::sin(std::numbers::pi / double{swing.period} * double{swing.time}));
+            swing.time += 1;
+            if (swing.time == 2 * swing.period) {
+                swing.time = 0;
+            }
+        }
+    }
+}
+
+// As the file's keys have them; a controller's are not begun.
+void LiteralStage::SwingWhole(Element& element) {
+    const std::array<double, 2> phases = {element.file->sinState[2], element.file->sinYPhase};
+    for (std::size_t axis = 0; axis < 2; ++axis) {
+        Swing& swing = element.swings[axis];
+        if (!element.enabled || swing.period <= 0) {
+            continue;
+        }
+        const double frame = double{swing.time} - phases[axis];
+        const double turns = frame / double{swing.period} + phases[axis] / 360;
+        swing.offset =
+            static_cast<float>(double{swing.amplitude} * std::sin(2 * std::numbers::pi * turns));
+        swing.time += 1;
+    }
+}
+
+// By the camera's step, whatever the distance was. The stored x is negated and the stored y is not.
+void LiteralStage::FollowCamera(Element& element) {
+    if (camera_[0] != previousCamera_[0]) {
+        const float step = element.delta[0] * kStep;
+        element.position[0] += previousCamera_[0] - camera_[0] > 0 ? -step : step;
+    }
+    if (camera_[1] != previousCamera_[1]) {
+        const float step = element.delta[1] * kStep;
+        element.position[1] += previousCamera_[1] - camera_[1] > 0 ? step : -step;
+    }
+}
+
+// A step is made whole or not at all.
+void LiteralStage::MoveCamera(const LiteralKeys& keys) {
+    if (keys.right && -camera_[0] + kStep <= static_cast<float>(model_.BoundRight)) {
+        camera_[0] -= kStep;
+    }
+    if (keys.left && -camera_[0] - kStep >= static_cast<float>(model_.BoundLeft)) {
+        camera_[0] += kStep;
+    }
+    if (keys.up && camera_[1] - kStep >= static_cast<float>(upperBound_)) {
+        camera_[1] -= kStep;
+    }
+    if (keys.down && camera_[1] + kStep <= static_cast<float>(model_.BoundLow)) {
+        camera_[1] += kStep;
+    }
+}
+
+}  // namespace scenara::test

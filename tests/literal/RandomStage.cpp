@@ -1,0 +1,306 @@
+// SPDX-License-Identifier: MIT
+#include "literal/RandomStage.h"
+
+#include <array>
+#include <span>
+#include <string_view>
+
+#include "literal/RandomArchive.h"
+#include "samplemaker/Noise.h"
+
+namespace scenara::test {
+namespace {
+
+constexpr int kActions = 4;
+constexpr int kIds = 3;
+
+class Writer {
+public:
+    Writer(std::uint32_t seed, RandomFor mode) : random_(seed), mode_(mode) {}
+
+    RandomStage Make();
+
+private:
+    [[nodiscard]] bool OneIn(int count) { return random_.Whole(1, count) == 1; }
+    [[nodiscard]] int Whole(int low, int high) { return random_.Whole(low, high); }
+    template <std::size_t Count>
+    [[nodiscard]] std::string OneOf(const std::array<const char*, Count>& words) {
+        return words[static_cast<std::size_t>(Whole(0, static_cast<int>(Count) - 1))];
+    }
+
+    // A whole number, now and then a far one.
+    [[nodiscard]] std::string Number(int low, int high, int farthest) {
+        return std::to_string(OneIn(20) ? Whole(-farthest, farthest) : Whole(low, high));
+    }
+    // Quarters mostly, so that halves are rounded, and other fractions.
+    [[nodiscard]] std::string Fraction(int low, int high) {
+        const int steps = OneIn(3) ? 100 : 4;
+        const int parts = Whole(low * steps, high * steps);
+        const std::string sign = parts < 0 ? "-" : "";
+        const int size = parts < 0 ? -parts : parts;
+        const int hundredths = size % steps * 100 / steps;
+        return sign + std::to_string(size / steps) + "." + (hundredths < 10 ? "0" : "") +
+               std::to_string(hundredths);
+    }
+    void Line(const std::string& key, const std::string& value) {
+        text_ += key + " = " + value + "\n";
+    }
+    [[nodiscard]] std::string Sprite() {
+        return std::to_string(Whole(0, kRandomGroups - 1)) + ", " +
+               std::to_string(Whole(0, kRandomImages - 1));
+    }
+
+    // One to twelve of them, of which ten count; some name nobody, some stand twice.
+    [[nodiscard]] std::string Ids() {
+        std::string ids = std::to_string(Whole(-1, kIds + 1));
+        for (int more = OneIn(8) ? Whole(1, 11) : Whole(0, 2); more > 0; --more) {
+            ids += ", " + std::to_string(Whole(-1, kIds + 1));
+        }
+        return ids;
+    }
+
+    void Settings();
+    void Element(int index);
+    void ElementMotion();
+    void Tiles(bool animated);
+    void Blend();
+    void Action(int number);
+    void Group(int index);
+    void Control();
+    void OffAndOn();
+    void Keys(std::vector<LiteralKeys>& keys);
+
+    samplemaker::Random random_;
+    RandomFor mode_;
+    std::string text_;
+};
+
+void Writer::Settings() {
+    text_ = "[Info]\n";
+    if (OneIn(3)) {
+        Line("mugenversion", "1.0");
+    }
+    text_ += "[Camera]\n";
+    Line("boundleft", std::to_string(-Whole(0, 150)));
+    Line("boundright", std::to_string(Whole(0, 150)));
+    Line("boundhigh", std::to_string(-Whole(0, 100)));
+    Line("boundlow", "0");
+    if (OneIn(3)) {
+        Line("startx", OneIn(3) ? Fraction(-60, 60) : Number(-60, 60, 300));
+        Line("starty", Number(-60, 10, 300));
+    }
+    text_ += "[BGdef]\nspr = random.sff\n";
+}
+
+void Writer::Tiles(bool animated) {
+    static constexpr std::array kCounts = {"0", "1", "1",  "2",       "3",
+                                           "5", "9", "40", "1000000", "-2"};
+    if (!OneIn(3)) {
+        return;
+    }
+    const std::string across = OneOf(kCounts);
+    const std::string down = OneIn(4) ? "" : OneOf(kCounts);
+    Line("tile", across + (down.empty() ? "" : ", " + down));
+    const bool both = across != "0" && !down.empty() && down != "0";
+    // Pictures that lie upon one another do so in one direction only. In both there can be so many
+    // at one place that the program leaves some out.
+    if (animated && both) {
+        Line("tilespacing", std::to_string(Whole(20, 150)) + ", " + std::to_string(Whole(20, 150)));
+    } else if (OneIn(2)) {
+        std::array<std::string, 2> spacings = {Number(0, 150, 400), Number(0, 150, 400)};
+        if (OneIn(4)) {
+            spacings[static_cast<std::size_t>(Whole(0, 1))] = std::to_string(Whole(-20, 9));
+        }
+        Line("tilespacing", spacings[0] + (OneIn(6) ? "" : ", " + spacings[1]));
+    }
+}
+
+void Writer::ElementMotion() {
+    if (OneIn(3)) {
+        Line("velocity", Fraction(-3, 3) + (OneIn(2) ? ", " + Fraction(-2, 2) : ""));
+    }
+    if (OneIn(4)) {
+        Line("sin.y", Fraction(-20, 20) + ", " + Number(0, 20, 200) + ", " + Number(0, 30, 90));
+    }
+    if (OneIn(6)) {
+        Line("sin.x", Fraction(-20, 20) + ", " + Number(0, 20, 200) + ", " + Number(0, 30, 90));
+    }
+    if (OneIn(4)) {
+        Line("positionlink", OneIn(8) ? "-1" : "1");
+    }
+}
+
+void Writer::Blend() {
+    static constexpr std::array kWords = {"none",    "add", "add1",     "sub",  "addalpha",
+                                          "default", "Add", "subtract", "blend"};
+    if (OneIn(4)) {
+        Line("trans", OneOf(kWords));
+        if (OneIn(2)) {
+            Line("alpha", Number(0, 256, 300) + ", " + Number(0, 256, 300));
+        }
+    }
+}
+
+void Writer::Element(int index) {
+    static constexpr std::array kTypes = {"normal",   "normal", "anim", "anim", "anim",
+                                          "parallax", "dummy",  "norm", "ani",  "paral",
+                                          "null",     "Anim",   "water"};
+    static constexpr std::array kLayers = {"0", "0", "0", "0", "1", "1", "-1", "2", "-7"};
+    text_ += "[BG " + std::to_string(index) + "]\n";
+    const std::string type = OneOf(kTypes);
+    if (!OneIn(30)) {
+        Line("type", type);
+    }
+    Line("spriteno", Sprite());
+    Line("actionno", std::to_string(Whole(0, OneIn(8) ? kActions : kActions - 1)));
+    Line("start", Number(-200, 200, 30000) + ", " + Number(-60, 220, 30000));
+    if (OneIn(2)) {
+        Line("delta", OneIn(20) ? Fraction(-40, 40)
+                                : Fraction(-1, 2) + (OneIn(2) ? ", " + Fraction(-1, 2) : ""));
+    }
+    if (OneIn(2)) {
+        Line("mask", Number(0, 1, 2));
+    }
+    Line("id", std::to_string(Whole(0, kIds)));
+    Line("layerno", OneOf(kLayers));
+    if (type == "parallax" && !OneIn(4)) {
+        Line("xscale", Fraction(0, 2) + (OneIn(5) ? "" : ", " + Fraction(0, 3)));
+    }
+    if (OneIn(4)) {
+        const auto corner = [this](int high) {
+            return OneIn(4) ? Fraction(-20, high) : Number(-20, high, 500);
+        };
+        Line("window", corner(340) + ", " + corner(260) + ", " + corner(340) + ", " + corner(260));
+    }
+    if (mode_ == RandomFor::Additions && OneIn(6)) {
+        Line("windowdelta", Fraction(-1, 2) + ", " + Fraction(-1, 2));
+    }
+    Tiles(type == "anim" || type == "ani" || type == "Anim");
+    ElementMotion();
+    Blend();
+}
+
+void Writer::Action(int number) {
+    static constexpr std::array kTimes = {"-1", "-9", "0", "0", "1", "2", "3", "5", "9", ""};
+    static constexpr std::array kFlips = {"", "", "", "H", "V", "HV", "h"};
+    static constexpr std::array kBlends = {"", "", "A", "A1", "S", "AS128D64", "as30d256", "add"};
+    text_ += "[Begin Action " + std::to_string(number) + "]\n";
+    const int frames = Whole(OneIn(10) ? 0 : 1, 5);
+    for (int frame = 0; frame < frames; ++frame) {
+        if (OneIn(6)) {
+            text_ += "Loopstart\n";
+        }
+        text_ += (OneIn(12) ? "-1, 0" : Sprite()) + ", " + Number(-30, 30, 400) + ", " +
+                 Number(-30, 30, 400) + ", " + OneOf(kTimes);
+        const std::string flip = OneOf(kFlips);
+        const std::string blend = OneOf(kBlends);
+        if (!flip.empty() || !blend.empty()) {
+            text_ += ", " + flip;
+        }
+        text_ += (blend.empty() ? "" : ", " + blend) + "\n";
+    }
+    if (OneIn(12)) {
+        text_ += "Loopstart\n";
+    }
+}
+
+void Writer::Control() {
+    static constexpr std::array kTypes = {"visible", "enable", "velset", "veladd", "posset",
+                                          "posadd",  "anim",   "sinx",   "siny",   "null"};
+    text_ += "[BGCtrl]\n";
+    const std::string type = OneOf(kTypes);
+    Line("type", type);
+    const int start = Whole(0, 15);
+    std::string time = std::to_string(start);
+    if (OneIn(2)) {
+        time += ", " + std::to_string(start + Whole(-1, 6));
+        if (OneIn(2)) {
+            time += ", " + Number(0, 20, 100);
+        }
+    }
+    Line("time", time);
+    if (OneIn(2)) {
+        Line("ctrlid", Ids());
+    }
+    if (type == "sinx" || type == "siny") {
+        Line("value", Number(-20, 20, 90) + ", " + Number(0, 20, 90));
+    } else if (!OneIn(8)) {
+        Line("value", std::to_string(Whole(0, type == "anim" ? kActions : 1)));
+    }
+    if (!OneIn(4)) {
+        Line("x", Fraction(-20, 20));
+    }
+    if (!OneIn(4)) {
+        Line("y", Fraction(-20, 20));
+    }
+}
+
+// What is hidden or disabled for a few frames.
+void Writer::OffAndOn() {
+    const std::string type = OneIn(2) ? "visible" : "enable";
+    const int off = Whole(0, 5);
+    for (const int value : {0, 1}) {
+        text_ += "[BGCtrl]\n";
+        Line("type", type);
+        Line("time", std::to_string(value == 0 ? off : off + Whole(1, 5)));
+        Line("value", std::to_string(value));
+    }
+}
+
+void Writer::Group(int index) {
+    text_ += "[BGCtrlDef " + std::to_string(index) + "]\n";
+    if (OneIn(2)) {
+        Line("looptime", std::to_string(Whole(0, 25)));
+    }
+    if (!OneIn(3)) {
+        Line("ctrlid", Ids());
+    }
+    if (OneIn(3)) {
+        OffAndOn();
+    }
+    for (int controls = Whole(0, 4); controls > 0; --controls) {
+        Control();
+    }
+}
+
+// Some keys for some frames, then others.
+void Writer::Keys(std::vector<LiteralKeys>& keys) {
+    if (OneIn(3)) {
+        return;
+    }
+    std::size_t frame = 0;
+    while (frame < keys.size()) {
+        const LiteralKeys held{OneIn(3), OneIn(3), OneIn(3), OneIn(3)};
+        for (int more = Whole(1, 9); more > 0 && frame < keys.size(); --more) {
+            keys[frame++] = held;
+        }
+    }
+}
+
+RandomStage Writer::Make() {
+    RandomStage stage;
+    stage.archive = MakeRandomArchive(random_);
+    Settings();
+    for (int number = 0; number < kActions; ++number) {
+        Action(number);
+    }
+    const int elements = Whole(1, 8);
+    for (int index = 0; index < elements; ++index) {
+        Element(index);
+    }
+    for (int groups = Whole(0, 3); groups > 0; --groups) {
+        Group(groups);
+    }
+    stage.definition = text_;
+    stage.keys.resize(static_cast<std::size_t>(OneIn(4) ? Whole(20, 40) : Whole(1, 12)));
+    Keys(stage.keys);
+    return stage;
+}
+
+}  // namespace
+
+RandomStage MakeRandomStage(std::uint32_t seed, RandomFor mode) {
+    return Writer(seed, mode).Make();
+}
+
+}  // namespace scenara::test
