@@ -179,8 +179,8 @@ constexpr Row kRows[] = {
      "trans = none\n[Begin Action 1]\n1,0, 0,0, 2, , A\n"},
     {"none is none from 1.0 on", kAdditions, Held::Nothing, 1, kAnimated,
      "trans = none\n[Info]\nmugenversion = 1.0\n[Begin Action 1]\n1,0, 0,0, 2, , A\n"},
-    {"a distance below 0: one", kAdditions, Held::Nothing, 1, kMaskedArrow,
-     "start = 0,120\ntile = 5\ntilespacing = -45,0\n"},
+    {"a distance below 0: one", kAdditions, Held::Nothing, 3, kMaskedArrow,
+     "velocity = 9,0\ntile = 5\ntilespacing = -45,0\n"},
 };
 
 RandomStage StageOf(const Row& row, const std::string& adds) {
