@@ -92,8 +92,8 @@ void LiteralStage::Draw(const Element& element) {
             axisX = paint.mirrored ? image.width - image.axisX : image.axisX;
             axisY = paint.upsideDown ? image.height - image.axisY : image.axisY;
         }
-        drawX = static_cast<float>(frame.offsetX) + drawX - static_cast<float>(axisX);
-        drawY = static_cast<float>(frame.offsetY) + drawY - static_cast<float>(axisY);
+        drawX = static_cast<float>(frame.offsetX + Wide(drawX) - axisX);
+        drawY = static_cast<float>(frame.offsetY + Wide(drawY) - axisY);
         if (file.framesBlend != 0) {
             paint.blending = frame.blending;
         }
@@ -113,16 +113,16 @@ void LiteralStage::Draw(const Element& element) {
     if (element.parallax) {
         DrawRows(element, image, drawX, drawY, paint);
     } else {
-        DrawTiles(element, image, Rounded(drawX), Rounded(drawY), paint);
+        DrawTiles(element, image, Rounded(Wide(drawX)), Rounded(Wide(drawY)), paint);
     }
 }
 
 // How far a row of twice the speed stands from one that is not sheared.
 double LiteralStage::RowShear(const Element& element, const Image& image, float drawX) const {
     if (rules_.shearsFromMiddle) {
-        return double{drawX} + image.axisX - kLiteralWidth / 2.0;
+        return Wide(drawX) + image.axisX - kLiteralWidth / 2.0;
     }
-    return double{camera_[0]} * double{element.delta[0]};
+    return Wide(camera_[0]) * Wide(element.delta[0]);
 }
 
 // Each row has a speed of its own, and its own tiles; there are none below one another.
@@ -130,17 +130,17 @@ void LiteralStage::DrawRows(const Element& element, const Image& image, float dr
                             const Paint& paint) {
     const BackgroundElement& file = *element.file;
     const bool given = file.xscaleTop != 0 || file.xscaleBottom != 0;
-    const double top = file.xscaleTop == 0 ? 1 : double{file.xscaleTop};
-    const double bottom = file.xscaleBottom;
+    const double top = file.xscaleTop == 0 ? 1 : Wide(file.xscaleTop);
+    const double bottom = Wide(file.xscaleBottom);
     const double shear = RowShear(element, image, drawX);
     for (int row = 0; row < image.height; ++row) {
         const double t = image.height == 1 ? 0 : double(row) / (image.height - 1);
         const double factor = given ? (top + (bottom - top) * t) / top : 1;
-        const double rowX = double{drawX} + shear * (factor - 1);
+        const double rowX = Wide(drawX) + shear * (factor - 1);
         for (const std::int64_t x :
              Copies(Rounded(rowX), file.tileX, std::int64_t{file.tileSpacingX} + image.width,
                     image.width, kLiteralWidth)) {
-            DrawCopy(image, x, Rounded(drawY), row, row + 1, paint);
+            DrawCopy(image, x, Rounded(Wide(drawY)), row, row + 1, paint);
         }
     }
 }
@@ -211,16 +211,16 @@ LiteralStage::Window LiteralStage::WindowOf(const BackgroundElement& element) co
     if (element.windowActive == 0) {
         return window;
     }
-    float shiftX = 0;
-    float shiftY = 0;
+    double shiftX = 0;
+    double shiftY = 0;
     if (rules_.movesWindows) {
-        shiftX = element.windowDeltaX * camera_[0];
-        shiftY = -element.windowDeltaY * camera_[1];
+        shiftX = Wide(element.windowDeltaX) * Wide(camera_[0]);
+        shiftY = -Wide(element.windowDeltaY) * Wide(camera_[1]);
     }
-    const auto x1 = static_cast<int>(Rounded(element.windowX1 + shiftX));
-    const auto x2 = static_cast<int>(Rounded(element.windowX2 + shiftX));
-    const auto y1 = static_cast<int>(Rounded(element.windowY1 + shiftY));
-    const auto y2 = static_cast<int>(Rounded(element.windowY2 + shiftY));
+    const auto x1 = static_cast<int>(Rounded(Wide(element.windowX1) + shiftX));
+    const auto x2 = static_cast<int>(Rounded(Wide(element.windowX2) + shiftX));
+    const auto y1 = static_cast<int>(Rounded(Wide(element.windowY1) + shiftY));
+    const auto y2 = static_cast<int>(Rounded(Wide(element.windowY2) + shiftY));
     window.left = std::max(window.left, std::min(x1, x2));
     window.right = std::min(window.right, std::max(x1, x2));
     window.top = std::max(window.top, std::min(y1, y2));

@@ -101,10 +101,10 @@ void LiteralStage::PlaceElement(std::size_t index) {
         axisX = static_cast<float>(image.axisX);
         axisY = static_cast<float>(image.axisY);
     }
-    const double shownX = -camera_[0];
-    const double shownY = camera_[1];
-    const double x = double{kMiddle + startX - axisX} - double{element.delta[0]} * shownX;
-    const double y = double{startY - axisY} - double{element.delta[1]} * shownY;
+    const double shownX = -Wide(camera_[0]);
+    const double shownY = Wide(camera_[1]);
+    const double x = Wide(kMiddle + startX - axisX) - Wide(element.delta[0]) * shownX;
+    const double y = Wide(startY - axisY) - Wide(element.delta[1]) * shownY;
     element.position = {static_cast<float>(x), static_cast<float>(y)};
 }
 
@@ -189,8 +189,8 @@ void LiteralStage::Move(Element& element) {
         Swing& swing = element.swings[axis];
         if (swing.amplitude != 0 && swing.period != 0 && !rules_.wholeSwings) {
             swing.offset = static_cast<float>(
-                double{swing.amplitude} *
-                std::sin(std::numbers::pi / double{swing.period} * double{swing.time}));
+                Wide(swing.amplitude) *
+                std::sin(std::numbers::pi / Wide(swing.period) * Wide(swing.time)));
             swing.time += 1;
             if (swing.time == 2 * swing.period) {
                 swing.time = 0;
@@ -201,16 +201,17 @@ void LiteralStage::Move(Element& element) {
 
 // As the file's keys have them; a controller's are not begun.
 void LiteralStage::SwingWhole(Element& element) {
-    const std::array<double, 2> phases = {element.file->sinState[2], element.file->sinYPhase};
+    const std::array<double, 2> phases = {Wide(element.file->sinState[2]),
+                                          Wide(element.file->sinYPhase)};
     for (std::size_t axis = 0; axis < 2; ++axis) {
         Swing& swing = element.swings[axis];
         if (!element.enabled || swing.period <= 0) {
             continue;
         }
-        const double frame = double{swing.time} - phases[axis];
-        const double turns = frame / double{swing.period} + phases[axis] / 360;
+        const double frame = Wide(swing.time) - phases[axis];
+        const double turns = frame / Wide(swing.period) + phases[axis] / 360;
         swing.offset =
-            static_cast<float>(double{swing.amplitude} * std::sin(2 * std::numbers::pi * turns));
+            static_cast<float>(Wide(swing.amplitude) * std::sin(2 * std::numbers::pi * turns));
         swing.time += 1;
     }
 }

@@ -55,6 +55,11 @@ struct LiteralKeys {
 inline constexpr int kLiteralWidth = 320;
 inline constexpr int kLiteralHeight = 240;
 
+// Sums and products are worked out in double; what is kept of them is a 32-bit float.
+[[nodiscard]] constexpr double Wide(float value) {
+    return static_cast<double>(value);
+}
+
 class LiteralStage {
 public:
     // A model as LoadStage leaves it. It outlives this, and its textures do, too.
