@@ -73,8 +73,8 @@ void LiteralStage::PlaceElement(std::size_t index) {
     element.delta = {file.deltaX, file.deltaY};
     element.swings[0] = {file.sinState[0], file.sinState[1], file.sinState[2], 0};
     element.swings[1] = {file.sinYAmplitude, file.sinYPeriod, file.sinYPhase, 0};
-    float startX = static_cast<float>(file.startX);
-    float startY = static_cast<float>(file.startY);
+    auto startX = static_cast<float>(file.startX);
+    auto startY = static_cast<float>(file.startY);
     if (file.positionlink != 0) {
         for (std::size_t before = 0; before < index; ++before) {
             if (model_.Elements[before].positionlink == 0) {
@@ -182,7 +182,7 @@ bool LiteralStage::HasPictures(const Element& element) const {
     return element.file->spriteIndex >= 0;
 }
 
-void LiteralStage::Move(Element& element) {
+void LiteralStage::Move(Element& element) const {
     for (std::size_t axis = 0; axis < 2; ++axis) {
         element.position[axis] += element.velocity[axis];
         element.motion[axis] += element.velocity[axis];

@@ -150,7 +150,7 @@ private:
     // A pass (LiteralStage.cpp).
     enum class Pass : std::uint8_t { Back, Front };
     void DrawPass(Pass pass, const LiteralKeys& keys);
-    void Move(Element& element);
+    void Move(Element& element) const;
     void SwingWhole(Element& element);
     void FollowCamera(Element& element);
     void MoveCamera(const LiteralKeys& keys);
