@@ -52,7 +52,7 @@ std::vector<std::string> ArchiveCandidates(const std::string& spr, const std::st
 std::string FindArchive(Files& files, const std::string& spr, const std::string& mugeDir,
                         const std::string& defPath, const ViewOptions& options) {
     std::string found = FirstThatExists(files, ArchiveCandidates(spr, mugeDir, defPath));
-    if (options.Additions && found.empty()) {
+    if (options.Additions && found.empty() && !spr.empty()) {
         found = FindUnderAnotherName(files, spr, mugeDir, defPath);
     }
     return found;

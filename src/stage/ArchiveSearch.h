@@ -19,9 +19,9 @@ namespace scenara {
 
 // The first of them that is a file; empty when none is.
 //
-// Addition: where none of them is, the archive that is called as the definition is, beside it; and
-// then all of them again with the name in the letters of other systems (Files::InOtherLetters), for
-// a stage that was unpacked where its own were unknown.
+// Addition: where one is named and none of them is there, the archive that is called as the
+// definition is, beside it; and then all of them again with the name in the letters of other
+// systems (Files::InOtherLetters), for a stage that was unpacked where its own were unknown.
 [[nodiscard]] std::string FindArchive(Files& files, const std::string& spr,
                                       const std::string& mugeDir, const std::string& defPath,
                                       const ViewOptions& options);

@@ -79,6 +79,7 @@ TEST(ArchiveSearch, AdditionLooksForTheDefinitionsOwnName) {
     EXPECT_EQ(FindArchive(files, "other.sff", "/mugen/", kDefinition, ViewOptions()),
               "/mugen/stages/kfm.sff");
     EXPECT_EQ(FindArchive(files, "other.sff", "/mugen/", kDefinition, kPlainView), "");
+    EXPECT_EQ(FindArchive(files, "", "/mugen/", kDefinition, ViewOptions()), "") << "none is named";
     files.Put("/mugen/stages/other.sff", std::string("named"));
     EXPECT_EQ(FindArchive(files, "other.sff", "/mugen/", kDefinition, ViewOptions()),
               "/mugen/stages/other.sff");
