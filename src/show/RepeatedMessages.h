@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// RepeatedMessages: what is said while one file is read.
-//
-// A damaged file may have the same thing to say about each of its thousand lines or elements.
+// RepeatedMessages: a filter for the messages of one load. A damaged file may report the same thing
+// for each of its thousand lines or elements.
 #pragma once
 
 #include <set>

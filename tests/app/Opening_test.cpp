@@ -321,9 +321,9 @@ TEST_F(Opening, ReloadWithoutAStageAsksForOne) {
 
 // --- from one stage to another ---
 
-// What comes of what the user does while stage a is shown, or again and again while a stage loads:
-// the title of what is shown then, "" where nothing is, how many stages were begun, the frames of
-// the last one, and all that was said.
+// The user does something while stage a is shown, or again and again while a stage loads. A row has
+// the caption after that ("": no stage is shown), the number of stages that were begun, the frames
+// of the last one, and all messages.
 struct Way {
     const char* name;
     const char* caption;

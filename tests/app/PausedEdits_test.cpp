@@ -14,7 +14,7 @@
 namespace scenara::test {
 namespace {
 
-// Behind the two pictures a wall that stands still, drawn over whatever was there.
+// A wall stands still and covers the whole view. The two pictures are drawn over it.
 constexpr const char* kBeforeAWall =
     "[Info]\nname = tools\n[Camera]\nboundleft = -100\nboundright = 100\n"
     "[BGdef]\nspr = stages/a.sff\n"

@@ -128,7 +128,7 @@ TEST_F(RunStage, AFrameLimitOfNothingChecksOncePerPass) {
 TEST_F(RunStage, NothingIsPumpedWhenNothingWaits) {
     loop.FpsLimit = 0;
     window.SetMessageWaiting(false);
-    // Loading lets messages through without a look; then nobody does.
+    // Loading pumps without asking whether a message waits. After that nothing pumps.
     Run(0);
     EXPECT_EQ(turn, kLoading);
     program.API_doevents();

@@ -50,7 +50,7 @@ private:
                std::to_string(Whole(0, kRandomImages - 1));
     }
 
-    // One to twelve of them, of which ten count; some name nobody, some stand twice.
+    // One to twelve ids, of which the first ten count. Some belong to no element, some come twice.
     [[nodiscard]] std::string Ids() {
         std::string ids = std::to_string(Whole(-1, kIds + 1));
         for (int more = OneIn(8) ? Whole(1, 11) : Whole(0, 2); more > 0; --more) {
