@@ -5,6 +5,7 @@
 #include <stdexcept>
 
 #include "render/BlendedBlit.h"
+#include "render/Require.h"
 
 namespace scenara::bench {
 namespace {

@@ -187,10 +187,11 @@ void VirtualDisplay::StartManager() {
             command = {"i3", "-c", configuration};
             break;
         case Manager::Weston:
-            // Its key for maximising is Super+Shift+M.
+            // Its key for maximising is Super+Shift+M. A key that is held does not repeat: the
+            // second Alt+S of a slow machine would shut the menu that the first one opened.
             std::ofstream(configuration)
                 << "[shell]\npanel-position=none\nlocking=false\nanimation=none\n"
-                   "startup-animation=none\n";
+                   "startup-animation=none\n[keyboard]\nrepeat-rate=0\n";
             command = {"weston",           "--backend=x11-backend.so",
                        "--use-pixman",     "--width=1024",
                        "--height=768",     "--idle-time=0",

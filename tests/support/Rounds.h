@@ -7,10 +7,9 @@
 
 namespace scenara::test {
 
-// As often as it says in the build that users run; less under the sanitizers, where each round
-// takes several times longer and the same random numbers come first; ten times as often in a long
-// run
-// (./test --long).
+// As often as it says in the build that users run. Less under the sanitizers, where each round
+// takes several times longer and the same random numbers come first. Ten times as often in ./test
+// --long.
 [[nodiscard]] inline int Rounds(int rounds) {
 #ifdef SCENARA_SANITIZED
     rounds /= 6;
