@@ -118,6 +118,7 @@ void frmStage::mnuAdditions_Click() {
     MenuItem& item = form_[Menu::mnuAdditions];
     Flip(item);
     show_.Options().Additions = item.checked;
+    EnableMenus(form_, show_.State(), show_.HasShown());
     if (show_.Loop().StageRunning != 0) {
         LoadAgain();
     }

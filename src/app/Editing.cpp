@@ -80,8 +80,10 @@ void frmStage::hscHScroll_Change(Long value) {
 
 // A disk that is full must not cost the stage that was to be written down.
 void frmStage::WriteDump() {
-    static_cast<void>(Guarded(
-        [this] { SetCaption(DataCheckCaption(DataCheck(show_.Model(), machine_.files))); }));
+    static_cast<void>(Guarded([this] {
+        SetCaption(
+            DataCheckCaption(DataCheck(show_.Model(), show_.Options().Additions, machine_.files)));
+    }));
 }
 
 }  // namespace scenara

@@ -10,6 +10,7 @@ enum class When : Byte {
     Never,
     NotLoading,
     OnceShown,  // from the first stage on
+    Plainly,    // the same, with additions off
     WithStage,  // while one is there and nothing loads
 };
 
@@ -48,7 +49,7 @@ constexpr std::array<Designed, kMenuCount> kDesign = {{
     {Menu::mnuFPS, MenuPlace::Options, "FPS &Limiter", When::Always, kStays, kChecked},
     {Menu::mnuInfo, MenuPlace::Options, "Show &Info"},
     {Menu::mnuMScroll, MenuPlace::Options, "Mouse &Scroll", When::OnceShown},
-    {Menu::mnuDeform, MenuPlace::Options, "&Deform", When::OnceShown},
+    {Menu::mnuDeform, MenuPlace::Options, "&Deform", When::Plainly},
     {Menu::mnuDebugBG, MenuPlace::Options, "De&bug BG", When::OnceShown},
     {Menu::mnuPause, MenuPlace::Bar, "&Pause"},
     {Menu::mnuStageList, MenuPlace::Bar, "&Stage List"},
@@ -61,12 +62,13 @@ constexpr std::array<Designed, kMenuCount> kDesign = {{
     {Menu::mnuAdditions, MenuPlace::Extras, "&Additions", When::Always, kStays, kChecked},
 }};
 
-bool IsEnabled(When when, ShowState state, bool hasShown) {
+bool IsEnabled(When when, ShowState state, bool hasShown, bool additions) {
     switch (when) {
         case When::Always: return true;
         case When::Never: return false;
         case When::NotLoading: return state != ShowState::Loading;
         case When::OnceShown: return hasShown;
+        case When::Plainly: return hasShown && !additions;
         case When::WithStage: return state != ShowState::Loading && state != ShowState::None;
     }
     return false;
@@ -87,8 +89,9 @@ void DesignMenus(Form& form) {
 }
 
 void EnableMenus(Form& form, ShowState state, bool hasShown) {
+    const bool additions = form[Menu::mnuAdditions].checked;
     for (const Designed& designed : kDesign) {
-        form[designed.menu].enabled = IsEnabled(designed.when, state, hasShown);
+        form[designed.menu].enabled = IsEnabled(designed.when, state, hasShown, additions);
     }
 }
 

@@ -14,7 +14,8 @@ namespace scenara {
 // Captions, places and states.
 void DesignMenus(Form& form);
 
-// Every item as the state of what is shown has it; `hasShown` once there has been a stage.
+// Every item as the state of what is shown has it; `hasShown` once there has been a stage. Whether
+// there are additions is what their own item says.
 void EnableMenus(Form& form, ShowState state, bool hasShown);
 
 // The test character's item: "Use " and the character's name, and as it is designed.

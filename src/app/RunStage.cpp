@@ -145,7 +145,6 @@ void frmStage::AbandonStage() {
 
 void frmStage::RunPass() {
     const bool info = form_[Menu::mnuInfo].checked;
-    show_.Flags().Deform = form_[Menu::mnuDeform].checked ? kByteTrue : Byte{0};
     if (show_.Draw(info)) {
         OncePerSecond();
     }

@@ -28,10 +28,19 @@ std::string Pair(const std::string& first, const std::string& second) {
     return first + "," + second;
 }
 
+// Addition: a place may have a fraction.
+std::string WithFraction(Long whole, Single fraction) {
+    return fraction == 0 ? NumberText(whole)
+                         : DumpNumber(static_cast<Single>(whole + static_cast<double>(fraction)));
+}
+
 void WriteFrame(const StageFrame& frame, Dump& dump) {
     std::string line = NumberText(frame.group);
-    for (const Integer value : {frame.image, frame.offsetX, frame.offsetY, frame.time}) {
-        line = Pair(line, NumberText(value));
+    const auto& [fractionX, fractionY] = frame.offsetFraction;
+    for (const std::string& value :
+         {NumberText(frame.image), WithFraction(frame.offsetX, fractionX),
+          WithFraction(frame.offsetY, fractionY), NumberText(frame.time)}) {
+        line = Pair(line, value);
     }
     dump.Line(frame.flip.empty() ? line : Pair(line, frame.flip));
 }
@@ -47,21 +56,32 @@ void WriteAction(const StageAction& action, Dump& dump) {
     }
 }
 
-// Animated elements have the index of their action, all others the number as the file has it.
+// Elements that show frames have the index of their action, all others the number as the file has
+// it.
 Integer ActionNumberOf(const StageModel& model, const BackgroundElement& element) {
-    if (element.kind != ElementKind::Animated || element.actionIndex == -1) {
+    if (!ShowsFrames(element) || element.actionIndex == -1) {
         return element.actionIndex;
     }
     return RecordAt(model.Actions, element.actionIndex, "action").actionNo;
 }
 
-void WriteElement(const StageModel& model, const BackgroundElement& element, Dump& dump) {
+void WriteElement(const StageModel& model, const BackgroundElement& element, bool additions,
+                  Dump& dump) {
+    // Addition: of the keys for pictures only the one that counts, where either may.
+    const bool frames = ShowsFrames(element);
+    const bool anim = element.kind == ElementKind::Animated;
     dump.Line("[BG " + element.name + "]");
     dump.Line("type", element.type);
-    dump.Line("actionno", NumberText(ActionNumberOf(model, element)));
+    if (frames || !additions) {
+        dump.Line("actionno", NumberText(ActionNumberOf(model, element)));
+    }
     dump.Line("layerno", NumberText(element.layerno));
-    dump.Line("spriteno", Pair(NumberText(element.spriteGroup), NumberText(element.spriteImage)));
-    dump.Line("start", Pair(NumberText(element.startX), NumberText(element.startY)));
+    if (anim || !frames || !additions) {
+        dump.Line("spriteno",
+                  Pair(NumberText(element.spriteGroup), NumberText(element.spriteImage)));
+    }
+    dump.Line("start", Pair(WithFraction(element.startX, element.startFraction[0]),
+                            WithFraction(element.startY, element.startFraction[1])));
     dump.Line("delta", Pair(DumpNumber(element.deltaRead[0]), DumpNumber(element.deltaRead[1])));
     dump.Line("mask", NumberText(element.mask));
     dump.Line("");
@@ -78,13 +98,13 @@ std::string DumpNumber(Single value) {
     return text;
 }
 
-std::string DataCheckText(const StageModel& model) {
+std::string DataCheckText(const StageModel& model, bool additions) {
     Dump dump;
     for (const StageAction& action : model.Actions) {
         WriteAction(action, dump);
     }
     for (const BackgroundElement& element : model.Elements) {
-        WriteElement(model, element, dump);
+        WriteElement(model, element, additions, dump);
     }
     return dump.Take();
 }
@@ -98,8 +118,8 @@ std::string DataCheckPath(Files& files) {
 #endif
 }
 
-std::string DataCheck(const StageModel& model, Files& files) {
-    const std::string text = DataCheckText(model);
+std::string DataCheck(const StageModel& model, bool additions, Files& files) {
+    const std::string text = DataCheckText(model, additions);
     std::string path = DataCheckPath(files);
     const std::unique_ptr<OutputFile> file = files.OpenForWriting(path);
     file->Write(text);

@@ -28,7 +28,7 @@ void DebugEditor::Clear() {
 }
 
 DrawOptions DebugEditor::Drawing() const {
-    return {context_.options.Additions, context_.flags.Deform != 0, context_.view};
+    return {context_.options.Additions, context_.view};
 }
 
 std::optional<ViewFrame> DebugEditor::Outline() const {

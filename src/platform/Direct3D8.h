@@ -158,6 +158,8 @@ public:
 
 inline constexpr std::uint32_t D3DBACKBUFFER_TYPE_MONO = 0;
 
+inline constexpr std::uint32_t D3DCLEAR_TARGET = 1;
+
 struct D3DDISPLAYMODE {
     std::uint32_t Width = 0;
     std::uint32_t Height = 0;
@@ -210,6 +212,10 @@ public:
 
     [[nodiscard]] virtual HRESULT BeginScene() = 0;
     [[nodiscard]] virtual HRESULT EndScene() = 0;
+
+    // The whole back buffer in one colour, in a scene or not: no rectangles, and of `flags` only
+    // D3DCLEAR_TARGET, for there is no depth.
+    [[nodiscard]] virtual HRESULT Clear(std::uint32_t flags, std::uint32_t color) = 0;
 
     // Draws primitives from the caller's memory, only between BeginScene and EndScene. For a
     // triangle strip there are primitiveCount + 2 vertices; `stride` is the bytes from one to the

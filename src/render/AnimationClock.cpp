@@ -37,7 +37,7 @@ void ResolveFrames(StageAction& action) {
 }
 
 void TickAnimation(const StageModel& model, BackgroundElement& element) {
-    if (element.kind != ElementKind::Animated || element.enabled == 0) {
+    if (!ShowsFrames(element) || element.enabled == 0) {
         return;
     }
     const StageAction* const action = ActionOf(model, element);

@@ -79,7 +79,7 @@ void ShowAction(StageModel& model, const BgCtrl& control) {
     const StageAction& action = RecordAt(model.Actions, control.actionIndex, "action");
     const Integer time = action.frames.empty() ? Integer{0} : action.frames.front().time;
     ForEachTarget(model, control, [&](BackgroundElement& element) {
-        if (element.kind == ElementKind::Animated) {
+        if (ShowsFrames(element)) {
             element.actionIndex = control.actionIndex;
             element.frameIndex = 0;
             element.frameTime = time;
@@ -96,11 +96,13 @@ void StartSwing(StageModel& model, const BgCtrl& control) {
     ForEachTarget(model, control, [&](BackgroundElement& element) {
         if (control.kind == ControlKind::SinX) {
             element.sinState = {amplitude, period, 0};
+            element.swingTick[0] = control.value3;
             element.sinOffset[0] = 0;
         } else {
             element.sinYAmplitude = amplitude;
             element.sinYPeriod = period;
             element.sinYPhase = 0;
+            element.swingTick[1] = control.value3;
             element.sinOffset[1] = 0;
         }
     });
@@ -188,11 +190,11 @@ void ResolveTargets(const StageModel& model, const BgCtrlDef& group, BgCtrl& con
 
 }  // namespace
 
-void ResolveControls(StageModel& model) {
+void ResolveControls(StageModel& model, bool additions) {
     const ActionNumbers actions(model);
     for (BgCtrlDef& group : model.CtrlDefs) {
         for (BgCtrl& control : group.controls) {
-            control.kind = ControlKindOf(control.type);
+            control.kind = ControlKindOf(control.type, additions);
             control.actionIndex =
                 control.kind == ControlKind::Anim ? actions.Find(control.value) : Integer{-1};
         }

@@ -18,7 +18,7 @@ namespace scenara {
 
 // What the words and numbers of all controls come to, so that no tick has to search: what they do,
 // and the action that an "anim" control names.
-void ResolveControls(StageModel& model);
+void ResolveControls(StageModel& model, bool additions);
 
 // On which elements they act. Expects ElementsById to be in order, and is called again after it has
 // changed; only the first time anything is allocated, as long as lists of ids stay as they are.

@@ -63,7 +63,7 @@ Blending BlendingInForce(const StageModel& model, const BackgroundElement& eleme
         return {};
     }
     const bool leftToFrames = element.blending.kind == BlendKind::None && element.framesBlend != 0;
-    if (leftToFrames && element.kind == ElementKind::Animated) {
+    if (leftToFrames && ShowsFrames(element)) {
         return RecordAt(ActionOf(model, element)->frames, element.frameIndex, "frame").blending;
     }
     return element.blending;

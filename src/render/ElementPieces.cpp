@@ -115,18 +115,34 @@ private:
     }
 
     void ShowRows() {
-        const double stretch =
-            options_.additions && options_.deform ? RowStretch(element_, model_.CamY) : 1;
+        const double stretch = options_.additions ? RowStretch(element_, model_.CamY) : 1;
+        const double shear = RowShear(model_, element_, picture_, options_);
+        const auto y = static_cast<double>(picture_.y);
+        const StretchedRows rows{stretch == 1 ? static_cast<double>(y_)
+                                              : picture_.axisY + (y - picture_.axisY) * stretch,
+                                 stretch};
         const std::int64_t height = sprite_.height;
-        const std::int64_t shown = StretchedRows(height, stretch);
-        const std::int64_t from = std::max<std::int64_t>(0, window_.rows.from - y_);
-        const std::int64_t to = std::min(shown, window_.rows.to - y_);
-        for (std::int64_t row = from; row < to; ++row) {
-            const std::int64_t source = SourceRow(row, stretch);
+        for (std::int64_t row = rows.Before(window_.rows.from); row < height; ++row) {
+            const std::int64_t from = std::max(rows.From(row), window_.rows.from);
+            const std::int64_t to = std::min(rows.From(row + 1), window_.rows.to);
+            if (from >= window_.rows.to) {
+                break;
+            }
             const std::int64_t x =
-                RowPosition(element_, picture_.x, model_.CamX, source, height, model_.ElementScale);
-            ShowRow(x, y_ + row, source);
+                RowPosition(element_, picture_.x, shear, row, height, model_.ElementScale);
+            for (std::int64_t line = from; line < to; ++line) {
+                ShowRow(x, line, row);
+            }
         }
+    }
+
+    // How far a row of speed 2 stands from one of speed 1. Addition: the whole way of the
+    // element's axis from the middle of the view, and not the camera's part of it alone.
+    [[nodiscard]] static double RowShear(const StageModel& model, const BackgroundElement& element,
+                                         const PlacedPicture& picture, const DrawOptions& options) {
+        return options.additions
+                   ? picture.axisX - static_cast<double>(options.view.Centre())
+                   : static_cast<double>(model.CamX) * static_cast<double>(element.deltaX);
     }
 
     void ShowRow(std::int64_t x, std::int64_t y, std::int64_t source) {

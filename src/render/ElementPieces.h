@@ -22,7 +22,6 @@ namespace scenara {
 
 struct DrawOptions {
     bool additions = false;
-    bool deform = false;  // with additions: parallax pictures are stretched
     View view = {};
 };
 
@@ -43,7 +42,8 @@ public:
 // thousands of these. Raises "Subscript out of range" when its sprite is not in its table.
 [[nodiscard]] inline bool MayBeSeen(const StageModel& model, const BackgroundElement& element,
                                     const View& view) {
-    if (element.kind != ElementKind::Still || element.tileX != 0 || element.tileY != 0) {
+    if (element.kind != ElementKind::Still || ShowsFrames(element) || element.tileX != 0 ||
+        element.tileY != 0) {
         return true;
     }
     const SpriteEntry& sprite = RecordAt(model.Sprites, element.spriteIndex, "sprite");
@@ -56,9 +56,9 @@ public:
            touches(static_cast<double>(element.posY) + displacement.y, sprite.height, view.height);
 }
 
-// Frames that are mirrored left to right are shown once, whatever the tiling; parallax pictures are
-// tiled across only. Nothing is allocated. Raises "Subscript out of range" when the picture's
-// sprite is not in its table.
+// Parallax pictures are tiled across only. Plainly frames that are mirrored left to right are shown
+// once, whatever the tiling. Nothing is allocated. Raises "Subscript out of range" when the
+// picture's sprite is not in its table.
 void ForEachPiece(const StageModel& model, const BackgroundElement& element,
                   const PlacedPicture& picture, const DrawOptions& options, Mixing mixing,
                   PieceVisitor& visitor);

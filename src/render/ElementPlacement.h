@@ -17,6 +17,8 @@ struct PlacedPicture {
     bool flipped = false;   // addition: top to bottom
     Single x = 0;           // upper left corner, view pixels; WholePixel rounds it
     Single y = 0;
+    double axisX = 0;  // where the element's axis point stands, view pixels
+    double axisY = 0;
 };
 
 // Positions beyond this are nowhere near the view, and no sum with a size leaves 32 bits.
@@ -56,8 +58,7 @@ struct Displacement {
 // is a dummy: a still one without its sprite, an animated one without an action. (A blank frame of
 // an action is something.)
 [[nodiscard]] inline bool HasPictures(const StageModel& model, const BackgroundElement& element) {
-    return element.kind == ElementKind::Animated ? ActionOf(model, element) != nullptr
-                                                 : element.spriteIndex != -1;
+    return ShowsFrames(element) ? ActionOf(model, element) != nullptr : element.spriteIndex != -1;
 }
 
 }  // namespace scenara

@@ -19,10 +19,11 @@ ElementTiles::ElementTiles(const StageModel& model, const BackgroundElement& ele
                            const PlacedPicture& picture, bool additions) {
     const SpriteEntry& sprite = RecordAt(model.Sprites, picture.slot, "sprite");
     const bool animated = element.kind == ElementKind::Animated;
-    across = {picture.mirrored ? 0 : element.tileX,
+    const bool mirroredOnce = picture.mirrored && !additions;
+    across = {mirroredOnce ? 0 : element.tileX,
               StepOf(model, element.tileSpacingX, sprite.width, sprite.fileWidth, animated),
               sprite.width, animated, additions};
-    const bool once = picture.mirrored || element.kind == ElementKind::Parallax;
+    const bool once = mirroredOnce || element.kind == ElementKind::Parallax;
     down = {once ? 0 : element.tileY,
             StepOf(model, element.tileSpacingY, sprite.height, sprite.fileHeight, animated),
             sprite.height, animated, additions};

@@ -219,6 +219,10 @@ void Engine::Draw_Text(Integer Left, Integer Top, Integer Width, Integer Height,
             "DrawText");
 }
 
+void Engine::Clear(std::uint32_t color) {
+    Require(Device().Clear(D3DCLEAR_TARGET, color), "Clear");
+}
+
 void Engine::Keep(const RECT& rectangle) {
     std::shared_ptr<Direct3DSurface8> backBuffer;
     Require(Device().GetBackBuffer(0, D3DBACKBUFFER_TYPE_MONO, backBuffer), "GetBackBuffer");

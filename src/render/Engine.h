@@ -90,6 +90,9 @@ public:
     void Draw_Text(Integer Left, Integer Top, Integer Width, Integer Height, std::string_view Text,
                    Long Color, Long Format);
 
+    // Addition: the whole picture in one colour.
+    void Clear(std::uint32_t color);
+
     // For what is to be seen in one picture only: keeps what the back buffer has in a rectangle of
     // the view, of kMostKept at most, until PutBack brings it back. A device that cannot bring it
     // back has been lost, and its picture with it: then nothing happens.

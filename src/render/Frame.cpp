@@ -7,6 +7,7 @@ namespace scenara {
 
 void DrawScene(Engine& engine, TileEngine& tiles, ViewFlags& flags, FigureSource* figures) {
     Require(engine.Device().BeginScene(), "BeginScene");
+    tiles.ClearPicture();
     flags.DrawFrontLayer = 0;
     tiles.TickStage();
     const Figure figure = figures != nullptr ? figures->Next() : Figure();
@@ -17,8 +18,20 @@ void DrawScene(Engine& engine, TileEngine& tiles, ViewFlags& flags, FigureSource
     Require(engine.Device().EndScene(), "EndScene");
 }
 
+void TickScene(TileEngine& tiles, ViewFlags& flags, FigureSource* figures) {
+    flags.DrawFrontLayer = 0;
+    tiles.TickStage();
+    if (figures != nullptr) {
+        static_cast<void>(figures->Next());
+    }
+    tiles.MoveBackground();
+    flags.DrawFrontLayer = kByteTrue;
+    tiles.MoveBackground();
+}
+
 void DrawSceneAgain(Engine& engine, TileEngine& tiles, ViewFlags& flags, FigureSource* figures) {
     Require(engine.Device().BeginScene(), "BeginScene");
+    tiles.ClearPicture();
     flags.DrawFrontLayer = 0;
     tiles.DrawAgain();
     DrawFigure(engine, figures != nullptr ? figures->Again() : Figure());

@@ -2,7 +2,8 @@
 //
 // Frame: the order in which the pieces of one displayed frame reach the device.
 //
-// The back buffer is never cleared: what no element covers keeps the pixels of earlier frames.
+// Plainly the back buffer is never cleared: what no element covers keeps the pixels of earlier
+// frames.
 #pragma once
 
 #include <string_view>
@@ -18,6 +19,9 @@ namespace scenara {
 // end. Leaves DrawFrontLayer True.
 void DrawScene(Engine& engine, TileEngine& tiles, ViewFlags& flags,
                FigureSource* figures = nullptr);
+
+// A scene that nobody sees: everything moves as DrawScene moves it, and the device is left alone.
+void TickScene(TileEngine& tiles, ViewFlags& flags, FigureSource* figures = nullptr);
 
 // Addition: the scene as it stands, for a stage that is edited while it is paused: no clock ticks,
 // and nothing moves.

@@ -2,6 +2,7 @@
 #include "render/Motion.h"
 
 #include <cmath>
+#include <limits>
 #include <numbers>
 
 #include "render/ModelLookup.h"
@@ -9,7 +10,7 @@
 namespace scenara {
 namespace {
 
-void Swing(Single amplitude, Single period, Single& time, Single& offset) {
+void SwingOn(Single amplitude, Single period, Single& time, Single& offset) {
     if (amplitude == 0 || period == 0) {
         return;
     }
@@ -19,6 +20,17 @@ void Swing(Single amplitude, Single period, Single& time, Single& offset) {
     if (time == 2 * period) {
         time = 0;
     }
+}
+
+void SwingOnWhole(Single amplitude, Single period, Single phase, Long& tick, Single& offset) {
+    if (amplitude == 0 || !(period > 0)) {
+        return;
+    }
+    const double swings =
+        static_cast<double>(tick) / static_cast<double>(period) + static_cast<double>(phase) / 360;
+    offset = static_cast<Single>(static_cast<double>(amplitude) *
+                                 std::sin(2 * std::numbers::pi * swings));
+    tick = tick == std::numeric_limits<Long>::max() ? 0 : tick + 1;
 }
 
 }  // namespace
@@ -34,13 +46,23 @@ void NoteLinks(StageModel& model) {
     }
 }
 
-void MoveDrawn(BackgroundElement& element) {
+void Drift(BackgroundElement& element) {
     element.posX += element.velocityX;
     element.posY += element.velocityY;
     element.ctrlPos[0] += element.velocityX;
     element.ctrlPos[1] += element.velocityY;
-    Swing(element.sinState[0], element.sinState[1], element.sinState[2], element.sinOffset[0]);
-    Swing(element.sinYAmplitude, element.sinYPeriod, element.sinYPhase, element.sinOffset[1]);
+}
+
+void SwingOn(BackgroundElement& element) {
+    SwingOn(element.sinState[0], element.sinState[1], element.sinState[2], element.sinOffset[0]);
+    SwingOn(element.sinYAmplitude, element.sinYPeriod, element.sinYPhase, element.sinOffset[1]);
+}
+
+void SwingWhole(BackgroundElement& element) {
+    const auto& [amplitude, period, phase] = element.sinState;
+    SwingOnWhole(amplitude, period, phase, element.swingTick[0], element.sinOffset[0]);
+    SwingOnWhole(element.sinYAmplitude, element.sinYPeriod, element.sinYPhase, element.swingTick[1],
+                 element.sinOffset[1]);
 }
 
 void FollowCamera(const StageModel& model, const Camera& camera, BackgroundElement& element) {

@@ -16,17 +16,25 @@ namespace scenara {
 // parent outside of the table.
 void NoteLinks(StageModel& model);
 
-// Drift and swing, after the element's draw.
-//
-// A swing runs when amplitude and period are not 0. Deliberate: one full swing takes twice the
-// period (Swing.ReturnsToTheMiddleAfterTwiceThePeriod).
-void MoveDrawn(BackgroundElement& element);
-
-// Whether there is any of it. (A swing that has ended stays where it stands.)
-[[nodiscard]] inline bool Moves(const BackgroundElement& element) {
-    return element.velocityX != 0 || element.velocityY != 0 || element.sinState[0] != 0 ||
-           element.sinYAmplitude != 0;
+// One frame's drift, after the element's draw.
+void Drift(BackgroundElement& element);
+[[nodiscard]] inline bool Drifts(const BackgroundElement& element) {
+    return element.velocityX != 0 || element.velocityY != 0;
 }
+
+// Whether the element swings. (A swing that has ended stays where it stands.)
+[[nodiscard]] inline bool Swings(const BackgroundElement& element) {
+    return element.sinState[0] != 0 || element.sinYAmplitude != 0;
+}
+
+// Plainly the swings go on after the element's draw, and run when amplitude and period are not 0.
+// Deliberate: one full swing takes twice the period (Swing.ReturnsToTheMiddleAfterTwiceThePeriod).
+void SwingOn(BackgroundElement& element);
+
+// Addition: where the swings stand in this frame: amplitude * sin(2 pi (tick / period + phase /
+// 360)), a whole swing in a period. Ticks count the frames from 0. A period of 0 or less is no
+// swing.
+void SwingWhole(BackgroundElement& element);
 
 // Whether the camera has moved since the last pass, which is when elements follow it.
 [[nodiscard]] inline bool HasMoved(const StageModel& model, const Camera& camera) {

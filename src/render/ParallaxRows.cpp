@@ -21,12 +21,11 @@ double RowSpeed(const BackgroundElement& element, std::int64_t row, std::int64_t
     return (top + (bottom - top) * t) / top;
 }
 
-std::int64_t RowPosition(const BackgroundElement& element, Single drawX, Single cameraX,
+std::int64_t RowPosition(const BackgroundElement& element, Single drawX, double shear,
                          std::int64_t row, std::int64_t rows, Single elementScale) {
-    const double shear = static_cast<double>(cameraX) * static_cast<double>(element.deltaX) *
-                         (RowSpeed(element, row, rows) - 1);
+    const double x = static_cast<double>(drawX) + shear * (RowSpeed(element, row, rows) - 1);
     constexpr auto kMost = static_cast<double>(kFarthest);
-    return WholePixel(std::clamp(static_cast<double>(drawX) + shear, -kMost, kMost), elementScale);
+    return WholePixel(std::clamp(x, -kMost, kMost), elementScale);
 }
 
 double RowStretch(const BackgroundElement& element, Single cameraY) {
@@ -38,17 +37,13 @@ double RowStretch(const BackgroundElement& element, Single cameraY) {
     return shrunk == 0 ? kMost : std::clamp(1 / shrunk, 1 / kMost, kMost);
 }
 
-std::int64_t SourceRow(std::int64_t row, double stretch) {
-    return static_cast<std::int64_t>(std::floor(static_cast<double>(row) / stretch));
+std::int64_t StretchedRows::From(std::int64_t row) const {
+    return static_cast<std::int64_t>(std::floor(top + static_cast<double>(row) * stretch + 0.5));
 }
 
-std::int64_t StretchedRows(std::int64_t rows, double stretch) {
-    auto count = static_cast<std::int64_t>(std::ceil(static_cast<double>(rows) * stretch));
-    // The division may round the other way than the product.
-    while (count > 0 && SourceRow(count - 1, stretch) >= rows) {
-        --count;
-    }
-    return count;
+std::int64_t StretchedRows::Before(std::int64_t line) const {
+    const double row = std::floor((static_cast<double>(line) - top) / stretch) - 1;
+    return static_cast<std::int64_t>(std::max(row, 0.0));
 }
 
 }  // namespace scenara

@@ -13,8 +13,6 @@
 namespace scenara {
 namespace {
 
-constexpr Integer kPicturesOfAction = -2;
-
 double Within(double value, double least, double most) {
     return std::min(std::max(value, least), most);
 }
@@ -27,7 +25,7 @@ Single NearestSingle(double value) {
 
 // The sprite whose axis an element is laid out by; none for an animated one.
 const SpriteEntry* StillSprite(const StageModel& model, const BackgroundElement& element) {
-    if (element.kind == ElementKind::Animated || element.spriteIndex == -1) {
+    if (ShowsFrames(element) || element.spriteIndex == -1) {
         return nullptr;
     }
     return &RecordAt(model.Sprites, element.spriteIndex, "sprite");
@@ -38,21 +36,26 @@ struct Start {
     double y;
 };
 
+Start OwnStart(const BackgroundElement& element) {
+    return {element.startX + static_cast<double>(element.startFraction[0]),
+            element.startY + static_cast<double>(element.startFraction[1])};
+}
+
 Start StartOf(const StageModel& model, const BackgroundElement& element) {
+    const Start own = OwnStart(element);
     if (element.linkParent == -1) {
-        return {static_cast<double>(element.startX), static_cast<double>(element.startY)};
+        return own;
     }
-    const BackgroundElement& parent = RecordAt(model.Elements, element.linkParent, "element");
-    return {static_cast<double>(parent.startX) + element.startX,
-            static_cast<double>(parent.startY) + element.startY};
+    const Start parent = OwnStart(RecordAt(model.Elements, element.linkParent, "element"));
+    return {parent.x + own.x, parent.y + own.y};
 }
 
 // What the words of the file come to.
-void ResolveWords(StageModel& model) {
+void ResolveWords(StageModel& model, bool additions) {
     for (BackgroundElement& element : model.Elements) {
-        element.kind = KindOf(element.type);
+        element.kind = KindOf(element.type, additions);
     }
-    ResolveControls(model);
+    ResolveControls(model, additions);
     for (StageAction& action : model.Actions) {
         ResolveFrames(action);
     }
@@ -106,7 +109,8 @@ void SetRuntimeValues(const StageModel& model, const ViewOptions& options,
     // Plain, a dummy waits for a controller, and so do those that are linked to it.
     const bool waits = element.kind == ElementKind::Dummy && !options.Additions;
     element.enabled = waits ? Byte{0} : Byte{1};
-    if (element.kind == ElementKind::Animated) {
+    element.swingTick = {};
+    if (ShowsFrames(element)) {
         element.spriteIndex = kPicturesOfAction;
         if (const StageAction* const action = ActionOf(model, element)) {
             element.frameTime = action->frames.front().time;
@@ -154,7 +158,7 @@ double UpperEdge(const StageModel& model, const BackgroundElement& element) {
     if (const SpriteEntry* const sprite = StillSprite(model, element)) {
         return edge - sprite->axisY;
     }
-    if (element.kind != ElementKind::Animated) {
+    if (!ShowsFrames(element)) {
         return edge;
     }
     const StageAction* const action = ActionOf(model, element);
@@ -219,7 +223,7 @@ void RaiseUpperBound(StageModel& model) {
 }
 
 void PrepareElements(StageModel& model, const ViewOptions& options, const View& view) {
-    ResolveWords(model);
+    ResolveWords(model, options.Additions);
     ResolveLinks(model);
     for (BackgroundElement& element : model.Elements) {
         Place(model, view, element);

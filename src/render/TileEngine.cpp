@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "render/TileEngine.h"
 
+#include <algorithm>
+#include <cstdint>
+
 #include "render/AnimationClock.h"
 #include "render/Controllers.h"
 #include "render/ElementDrawing.h"
@@ -9,19 +12,42 @@
 #include "render/Motion.h"
 
 namespace scenara {
+namespace {
+
+std::uint32_t ClearColorOf(const StageModel& model) {
+    constexpr std::uint32_t kMagenta = 0xFFFF00FF;
+    if (model.debugbg == 1) {
+        return kMagenta;
+    }
+    std::uint32_t color = 0xFF;
+    for (const Integer channel : model.bgclearcolor) {
+        color = color << 8U | static_cast<std::uint32_t>(std::clamp<Integer>(channel, 0, 255));
+    }
+    return color;
+}
+
+}  // namespace
 
 bool BelongsToPass(Integer layerno, bool frontLayer) {
     return frontLayer ? layerno != 0 : layerno < 1;
 }
 
 void TileEngine::DrawBackground() {
+    Pass(true);
+}
+
+void TileEngine::MoveBackground() {
+    Pass(false);
+}
+
+void TileEngine::Pass(bool draws) {
     const bool follow = HasMoved(model_, camera_);
     for (BackgroundElement& element : model_.Elements) {
         if (TakesPart(element)) {
-            Draw(element);
-            if (Moves(element)) {
-                MoveDrawn(element);
+            if (draws) {
+                Draw(element);
             }
+            Move(element);
         }
         if (follow) {
             FollowCamera(model_, camera_, element);
@@ -43,11 +69,20 @@ void TileEngine::DrawAgain() {
     }
 }
 
+void TileEngine::ClearPicture() {
+    if (options_.Additions) {
+        engine_.Clear(ClearColorOf(model_));
+    }
+}
+
 void TileEngine::TickStage() {
     RunControllers(model_, watch_);
     for (BackgroundElement& element : model_.Elements) {
-        if (element.kind == ElementKind::Animated) {
+        if (ShowsFrames(element)) {
             TickAnimation(model_, element);
+        }
+        if (options_.Additions && element.enabled != 0 && Swings(element)) {
+            SwingWhole(element);
         }
     }
     NoteLinks(model_);
@@ -55,14 +90,30 @@ void TileEngine::TickStage() {
 
 // A dummy takes part without a picture: it moves, and what is linked to it with it.
 bool TileEngine::TakesPart(const BackgroundElement& element) const {
-    return BelongsToPass(element.layerno, flags_.DrawFrontLayer != 0) && element.visible != 0 &&
-           element.enabled != 0 &&
+    return BelongsToPass(element.layerno, flags_.DrawFrontLayer != 0) && element.enabled != 0 &&
            (element.kind == ElementKind::Dummy || HasPictures(model_, element));
 }
 
 void TileEngine::Draw(const BackgroundElement& element) {
-    if (MayBeSeen(model_, element, view_) && GoesOn()) {
-        DrawElement(engine_, model_, element, {options_.Additions, flags_.Deform != 0, view_});
+    if (element.visible != 0 && MayBeSeen(model_, element, view_) && GoesOn()) {
+        DrawElement(engine_, model_, element, {options_.Additions, view_});
+    }
+}
+
+// Addition: what is hidden moves on, and what belongs to both passes moves once, after both.
+void TileEngine::Move(BackgroundElement& element) {
+    if (options_.Additions) {
+        const bool comesAgain = element.layerno < 0 && flags_.DrawFrontLayer == 0;
+        if (Drifts(element) && !comesAgain) {
+            Drift(element);
+        }
+    } else if (element.visible != 0) {
+        if (Drifts(element)) {
+            Drift(element);
+        }
+        if (Swings(element)) {
+            SwingOn(element);
+        }
     }
 }
 

@@ -33,25 +33,34 @@ public:
           input_(input),
           watch_(watch) {}
 
-    // The pass that DrawFrontLayer selects. Every element follows the camera in every pass; drift
-    // and swing go on only for what is drawn in it. The camera moves at the end, so each pass sees
-    // the move that the other one made. Allocates nothing.
+    // Addition: before the first pass of a frame, so that nothing of the one before is seen where
+    // no element is. Black, or as the stage says.
+    void ClearPicture();
+
+    // The pass that DrawFrontLayer selects. Every element follows the camera in every pass; plainly
+    // drift and swing go on only for what is drawn in it. The camera moves at the end, so each pass
+    // sees the move that the other one made. Allocates nothing.
     //
     // Errors: those of the engine, and "Subscript out of range" for an index that points outside
     // of its table; the pass ends there.
     void DrawBackground();
+
+    // The same pass without its pictures.
+    void MoveBackground();
 
     // The same elements as they stand: nothing moves, neither they nor the camera. (Their places
     // are those of the next frame, since an element moves on when it has been drawn.)
     void DrawAgain();
 
     // The stage's own clocks, once per frame in front of the back pass: controllers, animations,
-    // links. "Subscript out of range" as above.
+    // with additions swings, links. "Subscript out of range" as above.
     void TickStage();
 
 private:
     [[nodiscard]] bool TakesPart(const BackgroundElement& element) const;
+    void Pass(bool draws);
     void Draw(const BackgroundElement& element);
+    void Move(BackgroundElement& element);
     [[nodiscard]] bool GoesOn() { return watch_ == nullptr || watch_->GoesOn(); }
 
     Engine& engine_;

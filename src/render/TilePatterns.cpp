@@ -104,7 +104,7 @@ private:
         BackgroundElement shown = element;  // wherever it is now
         shown.posX = 0;
         shown.posY = 0;
-        if (element.kind != ElementKind::Animated) {
+        if (!ShowsFrames(element)) {
             AddNow(shown);
             return;
         }
@@ -241,7 +241,7 @@ const TilePattern* FindPattern(const StageModel& model, const PatternKey& key) {
 void MakeTilePatterns(StageModel& model, const ViewOptions& options, const View& view,
                       TextureMaker& maker) {
     model.TilePatterns.clear();
-    const WantedPatterns wanted(model, {options.Additions, false, view});
+    const WantedPatterns wanted(model, {options.Additions, view});
     std::size_t bytes = 0;
     std::size_t texels = 0;
     try {

@@ -13,7 +13,6 @@ inline constexpr Byte kByteTrue = 255;
 struct ViewFlags {
     Byte DrawFrontLayer = 0;  // which pass is drawn: False the back, True the front
     Byte MouseScroll = 0;     // the pointer moves the camera
-    Byte Deform = 0;          // addition: parallax pictures are stretched with the camera's height
     Byte DebugBG = 0;         // the debug editor works
     Byte Unframed = 0;        // nothing shows what is selected: the editor's keys do nothing
 };

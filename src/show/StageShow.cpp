@@ -149,6 +149,15 @@ bool StageShow::Draw(bool info) {
     return secondIsOver;
 }
 
+bool StageShow::Tick(bool info) {
+    if (!engine_.HasDevice() || SpriteBrowserMode != 0 || loop_.Paused != 0) {
+        return false;
+    }
+    edited_ = false;
+    TickScene(tiles_, flags_, this);
+    return CountAndTell(info);
+}
+
 // Addition: authors pause a stage to place things.
 void StageShow::EditWhilePaused() {
     editor_.AtEndOfPass();

@@ -81,6 +81,10 @@ public:
     // Raises what drawing raises, and "Overflow" when a counter runs over.
     bool Draw(bool info);
 
+    // The same without a picture, for a frame that nobody sees. Only with additions, which clear
+    // each picture: plainly pictures show what was drawn before.
+    bool Tick(bool info);
+
     // Shows the picture, with the information line over it where that is wanted; not one that was
     // given up.
     void Present(bool info);

@@ -25,7 +25,11 @@ enum class ControlKind : Byte {
     SinY,
 };
 
-[[nodiscard]] constexpr ControlKind ControlKindOf(std::string_view type) {
+// Addition: "enabled" is what "enable" is.
+[[nodiscard]] constexpr ControlKind ControlKindOf(std::string_view type, bool additions) {
+    if (additions && type == "enabled") {
+        return ControlKind::Enable;
+    }
     constexpr std::array<std::pair<std::string_view, ControlKind>, 9> kWords = {
         {{"visible", ControlKind::Visible},
          {"enable", ControlKind::Enable},

@@ -97,7 +97,7 @@ void DefinitionReader::StartSection(std::string_view header) {
     CloseElement();
     given_.Clear();
     section_ = KindOfSection(header);
-    inInfo_ = SectionName(header) == "info";
+    sectionName_ = SectionName(header);
     switch (section_) {
         case SectionKind::Element: StartElement(header); break;
         case SectionKind::Action: StartAction(header); break;
@@ -119,19 +119,18 @@ void DefinitionReader::StartElement(std::string_view header) {
     elementLine_ = lineNumber_;
 }
 
-// Addition: an element of no known kind is a dummy, once all of its section has been read.
+// Addition: an element of no known kind is reported, once all of its section has been read.
 void DefinitionReader::CloseElement() {
     if (section_ != SectionKind::Element || !options_.Additions || !element_.IsKept()) {
         return;
     }
-    std::string& type = element_.Current().type;
+    const std::string& type = element_.Current().type;
     if (IsKnownKind(type)) {
         return;
     }
     const std::string text = type.empty() ? "BG without a type" : "BG of unknown type " + type;
     messages_.MsgBox(kMessageUnknownType, text + ", line " + std::to_string(elementLine_),
                      {elementLine_});
-    type = "dummy";
 }
 
 void DefinitionReader::StartAction(std::string_view header) {
@@ -172,8 +171,8 @@ void DefinitionReader::ReadElementLine(KeyOffer& offer) {
 
 void DefinitionReader::ReadSettingLine(KeyOffer& offer) {
     ReadSettingKeys(offer, model_, spr_);
-    if (inInfo_ && options_.Additions) {
-        ReadInfoKeys(offer, model_);
+    if (options_.Additions) {
+        ReadKeysOfSection(offer, model_, sectionName_);
     }
 }
 

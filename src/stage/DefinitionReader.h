@@ -66,7 +66,7 @@ private:
     KeyLine keyLine_{std::string_view()};
     std::int64_t lineNumber_ = 0;
     SectionKind section_ = SectionKind::Settings;
-    bool inInfo_ = false;      // the section is [Info]
+    std::string sectionName_;  // in lower case
     GivenKeys givenSettings_;  // in the whole file
     GivenKeys given_;          // in the section, where it is not one of settings
 

@@ -36,19 +36,33 @@ void FinishSpacing(BackgroundElement& element, bool belowVersion1) {
     element.tileY = element.tileSpacingY == 0 ? 0 : element.tileY;
 }
 
+// Addition: an "actionno" counts for others, too, but a still picture goes before it.
+bool TakesAction(const BackgroundElement& element, bool additions) {
+    if (element.type == "anim") {
+        return true;
+    }
+    if (!additions || (element.picturesGiven & kGivenAction) == 0) {
+        return false;
+    }
+    return element.type == "parallax" ||
+           (element.type == "normal" && (element.picturesGiven & kGivenSprite) == 0);
+}
+
 }  // namespace
 
 void FinishElements(StageModel& model, Messages& messages, const ViewOptions& options) {
     const ActionNumbers actions(model);
     for (BackgroundElement& element : model.Elements) {
         element.deltaRead = {element.deltaX, element.deltaY};
-        if (element.type == "anim") {
+        const bool takesAction = TakesAction(element, options.Additions);
+        if (takesAction) {
             element.mask = 1;
+            element.spriteIndex = kPicturesOfAction;
         }
         if (element.tileX > kMostTiles) {
             element.tileX = 1;
         }
-        if (element.type == "anim") {
+        if (takesAction) {
             element.actionIndex = actions.Find(element.actionIndex);
         }
         if (element.tileX < 0) {
@@ -69,9 +83,11 @@ void FinishElements(StageModel& model, Messages& messages, const ViewOptions& op
 void ResolveSprites(StageModel& model) {
     const SpriteNumbers sprites(model);
     for (BackgroundElement& element : model.Elements) {
-        element.spriteIndex = element.type == "anim"
-                                  ? Integer{-1}
-                                  : sprites.Find(element.spriteGroup, element.spriteImage);
+        if (element.type == "anim") {
+            element.spriteIndex = -1;
+        } else if (element.spriteIndex != kPicturesOfAction) {
+            element.spriteIndex = sprites.Find(element.spriteGroup, element.spriteImage);
+        }
     }
     // Of every action, since a controller may make an element show any.
     for (StageAction& action : model.Actions) {

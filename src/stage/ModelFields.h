@@ -85,6 +85,9 @@ void ForEachField(Record& element, auto&& visit) {
     visit("alphaDestinationGiven", element.alphaDestinationGiven);
     visit("framesBlend", element.framesBlend);
     visit("tileSpacingGiven", element.tileSpacingGiven);
+    visit("picturesGiven", element.picturesGiven);
+    visit("swingTick", element.swingTick);
+    visit("startFraction", element.startFraction);
 }
 
 template <RecordOf<SpriteEntry> Record>
@@ -119,6 +122,7 @@ void ForEachField(Record& frame, auto&& visit) {
     visit("runtimeA", frame.runtimeA);
     visit("runtimeB", frame.runtimeB);
     visit("blending", frame.blending);
+    visit("offsetFraction", frame.offsetFraction);
 }
 
 template <RecordOf<StageAction> Record>
@@ -143,6 +147,7 @@ void ForEachField(Record& control, auto&& visit) {
     visit("value1", control.value1);
     visit("value2", control.value2);
     visit("given", control.given);
+    visit("value3", control.value3);
 }
 
 template <RecordOf<BgCtrlDef> Record>
@@ -187,6 +192,8 @@ void ForEachField(Record& model, auto&& visit) {
     visit("localcoordHeight", model.localcoordHeight);
     visit("ElementScale", model.ElementScale);
     visit("MugenVersion", model.MugenVersion);
+    visit("debugbg", model.debugbg);
+    visit("bgclearcolor", model.bgclearcolor);
 }
 
 template <RecordOf<StageModel> Record>

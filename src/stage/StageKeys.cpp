@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "stage/StageKeys.h"
 
-#include <algorithm>
-#include <array>
+#include <cmath>
 #include <string_view>
 
 #include "base/NumberText.h"
@@ -22,7 +21,7 @@ constexpr Integer kBlendingValue = 7;
 // Addition: a kind that is none of the known words is decided by its first letter ("nrm", "anim
 // loop").
 void KindByFirstLetter(std::string& type) {
-    if (type.empty() || IsKnownKind(type)) {
+    if (type.empty() || type == "null" || IsKnownKind(type)) {
         return;
     }
     switch (type.front()) {
@@ -66,6 +65,27 @@ void ReadMoreElementKeys(KeyOffer& line, BackgroundElement& element) {
     line.Whole("yscaledelta", element.yscaleDelta);
 }
 
+// Addition: what a whole number, just read, leaves of the file's value. Nothing where the value is
+// too large for a fraction to count.
+void ReadFraction(KeyOffer& line, std::string_view key, Integer index, double whole,
+                  Single& fraction) {
+    Single value = 0;
+    if (line.Value(key, index, value)) {
+        const double rest = static_cast<double>(value) - whole;
+        fraction = std::fabs(rest) <= 0.5 ? static_cast<Single>(rest) : 0;
+    }
+}
+
+void ReadStart(KeyOffer& line, BackgroundElement& element) {
+    const unsigned given = line.Values("start", element.startX, element.startY);
+    if (line.Additions() && (given & kFirst) != 0) {
+        ReadFraction(line, "start", 1, element.startX, element.startFraction[0]);
+    }
+    if (line.Additions() && (given & kSecond) != 0) {
+        ReadFraction(line, "start", 2, element.startY, element.startFraction[1]);
+    }
+}
+
 void SayWindowDelta(KeyOffer& line, Messages& messages) {
     std::string notUsed;
     if (line.Whole("windowdelta", notUsed)) {
@@ -78,6 +98,17 @@ bool CanFlip(std::string_view flip, bool additions) {
     return flip == "h" || (additions && (flip == "v" || flip == "hv" || flip == "vh"));
 }
 
+void ReadVersion(KeyOffer& line, StageModel& model) {
+    constexpr double kFirstVersion = 1;
+    constexpr double kBeyondVersions = 100;  // older ones are dates, such as 04,14,2002
+    std::string text;
+    if (line.Text("mugenversion", text)) {
+        const double version = Contains(text, ",") ? 0 : LeadingNumber(text);
+        const bool known = version >= kFirstVersion && version < kBeyondVersions;
+        model.MugenVersion = known ? static_cast<Single>(version) : 0;
+    }
+}
+
 // Addition: a name loses the quotes around it.
 void Unquote(std::string& name) {
     if (name.size() >= 2 && name.front() == '"' && name.back() == '"') {
@@ -87,20 +118,15 @@ void Unquote(std::string& name) {
 
 }  // namespace
 
-bool IsKnownKind(std::string_view type) {
-    constexpr std::array<std::string_view, 5> kKnown = {"normal", "parallax", "anim", "dummy",
-                                                        "null"};
-    return std::find(kKnown.begin(), kKnown.end(), type) != kKnown.end();
-}
-
 void ReadElementKeys(KeyOffer& line, BackgroundElement& element, Messages& messages) {
     if (line.Whole("type", element.type)) {
         NormaliseType(element, line.Additions());
     }
     line.Whole("mask", element.mask);
-    line.Values("spriteno", element.spriteGroup, element.spriteImage);
-    line.Values("start", element.startX, element.startY);
-    line.Whole("actionno", element.actionIndex);  // the number; FinishElements finds the action
+    const bool sprite = line.Values("spriteno", element.spriteGroup, element.spriteImage) != 0;
+    ReadStart(line, element);
+    // The number; FinishElements finds the action.
+    const bool action = line.Whole("actionno", element.actionIndex);
     line.Values("delta", element.deltaX, element.deltaY);
     line.Values("velocity", element.velocityX, element.velocityY);
     line.Values("tile", element.tileX, element.tileY);
@@ -118,6 +144,8 @@ void ReadElementKeys(KeyOffer& line, BackgroundElement& element, Messages& messa
     const unsigned spacing = line.Values("tilespacing", element.tileSpacingX, element.tileSpacingY);
     if (line.Additions()) {
         element.tileSpacingGiven |= static_cast<Byte>(spacing);
+        element.picturesGiven |= GivenBit(sprite, kGivenSprite);
+        element.picturesGiven |= GivenBit(action, kGivenAction);
     }
     line.Whole("layerno", element.layerno);
     line.Values("xscale", element.xscaleTop, element.xscaleBottom);
@@ -127,8 +155,16 @@ void ReadElementKeys(KeyOffer& line, BackgroundElement& element, Messages& messa
 }
 
 void ReadFrame(KeyOffer& line, StageFrame& frame, Messages& messages) {
-    line.Values(kBareValues, frame.group, frame.image, frame.offsetX, frame.offsetY, frame.time,
-                frame.flip);
+    const unsigned given = line.Values(kBareValues, frame.group, frame.image, frame.offsetX,
+                                       frame.offsetY, frame.time, frame.flip);
+    constexpr unsigned kOffsetX = 4U;
+    constexpr unsigned kOffsetY = 8U;
+    if (line.Additions() && (given & kOffsetX) != 0) {
+        ReadFraction(line, kBareValues, 3, frame.offsetX, frame.offsetFraction[0]);
+    }
+    if (line.Additions() && (given & kOffsetY) != 0) {
+        ReadFraction(line, kBareValues, 4, frame.offsetY, frame.offsetFraction[1]);
+    }
     // An empty field between two commas is no flip.
     if (!frame.flip.empty() && !CanFlip(frame.flip, line.Additions())) {
         messages.MsgBox(kMessageVerticalFlip, "vertical flip not coded yet dude..");
@@ -157,6 +193,9 @@ void ReadCtrlKeys(KeyOffer& line, BgCtrl& control) {
     control.given |= GivenBit(line.Whole("y", control.y), kGivenY);
     if (Contains(control.type, "sin")) {
         const unsigned values = line.Values("value", control.value1, control.value2);
+        if (line.Additions()) {
+            line.Value("value", 3, control.value3);
+        }
         control.given |= GivenBit((values & kFirst) != 0, kGivenValue1);
         control.given |= GivenBit((values & kSecond) != 0, kGivenValue2);
     } else {
@@ -164,14 +203,16 @@ void ReadCtrlKeys(KeyOffer& line, BgCtrl& control) {
     }
 }
 
-void ReadInfoKeys(KeyOffer& line, StageModel& model) {
-    constexpr double kFirstVersion = 1;
-    constexpr double kBeyondVersions = 100;  // older ones are dates, such as 04,14,2002
-    std::string text;
-    if (line.Text("mugenversion", text)) {
-        const double version = Contains(text, ",") ? 0 : LeadingNumber(text);
-        const bool known = version >= kFirstVersion && version < kBeyondVersions;
-        model.MugenVersion = known ? static_cast<Single>(version) : 0;
+void ReadKeysOfSection(KeyOffer& line, StageModel& model, std::string_view section) {
+    if (section == "info") {
+        ReadVersion(line, model);
+    } else if (section == "stageinfo") {
+        line.Whole("hires", model.hires);
+        line.Values("localcoord", model.localcoordWidth, model.localcoordHeight);
+    } else if (section == "bgdef") {
+        auto& [red, green, blue] = model.bgclearcolor;
+        line.Whole("debugbg", model.debugbg);
+        line.Values("bgclearcolor", red, green, blue);
     }
 }
 
@@ -198,10 +239,6 @@ void ReadSettingKeys(KeyOffer& line, StageModel& model, std::string& spr) {
     line.Whole("tension", model.Tension);
     line.Whole("screenleft", model.ScreenLeft);
     line.Whole("screenright", model.ScreenRight);
-    if (line.Additions()) {
-        line.Whole("hires", model.hires);
-        line.Values("localcoord", model.localcoordWidth, model.localcoordHeight);
-    }
 }
 
 }  // namespace scenara

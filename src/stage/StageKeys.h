@@ -16,9 +16,6 @@ namespace scenara {
 inline constexpr MessageKind kMessageWindowDelta{"windowdelta", Severity::Warning};
 inline constexpr MessageKind kMessageVerticalFlip{"unknown-flip", Severity::Warning};
 
-// Whether this is one of the kinds of element, after ReadElementKeys has seen to its short forms.
-[[nodiscard]] bool IsKnownKind(std::string_view type);
-
 // [BG ...]
 void ReadElementKeys(KeyOffer& line, BackgroundElement& element, Messages& messages);
 
@@ -31,10 +28,10 @@ void ReadCtrlDefKeys(KeyOffer& line, BgCtrlDef& group);
 // [BGCtrl ...]
 void ReadCtrlKeys(KeyOffer& line, BgCtrl& control);
 
-// Addition: [Info], beside the settings that may stand in any section.
-void ReadInfoKeys(KeyOffer& line, StageModel& model);
+// Addition: settings that count in a section of their own only. `section`: its name in lower case.
+void ReadKeysOfSection(KeyOffer& line, StageModel& model, std::string_view section);
 
-// Every other section, whatever its name. `spr` receives the sprite archive's name.
+// Every section of settings, whatever its name. `spr` receives the sprite archive's name.
 void ReadSettingKeys(KeyOffer& line, StageModel& model, std::string& spr);
 
 }  // namespace scenara

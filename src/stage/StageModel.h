@@ -54,10 +54,10 @@ struct alignas(kCacheLine) BackgroundElement {
     std::array<Single, 2> sinOffset{};   // runtime: where the swing stands now
     std::array<Single, 2> ctrlOffset{};  // runtime: offsets by its link
     Single sinYAmplitude = 0;
-    std::array<Single, 3> sinState{};  // runtime: sideways swing (amplitude, period, time)
+    std::array<Single, 3> sinState{};  // runtime: sideways swing (amplitude, period, phase)
 
-    Single sinYPeriod = 0;            // ticks of half a swing
-    Single sinYPhase = 0;             // runtime: counted up from the file's value, the swing's time
+    Single sinYPeriod = 0;            // ticks of a swing; plainly of half a swing
+    Single sinYPhase = 0;             // degrees; plainly ticks, runtime: the swing's time
     Integer frameIndex = 0;           // runtime: the action's frame on screen
     Integer frameTime = 0;            // runtime: ticks that are left of it
     Integer positionlink = 0;         // not 0: stands relative to the last element without it
@@ -65,7 +65,7 @@ struct alignas(kCacheLine) BackgroundElement {
     std::array<Single, 4> ctrlPos{};  // runtime: 0 and 1: motion that is not the camera's
     Single deltaX = 1.0F;             // how far it moves per unit of the camera
     Single deltaY = 1.0F;
-    std::string type;      // "normal", "parallax", "anim", "dummy"; plainly any word
+    std::string type;      // "normal", "parallax", "anim", "dummy", or a word of no kind
     Integer mask = 0;      // 1 = colour 0 is transparent
     Long spriteGroup = 0;  // the picture, by its numbers in the archive
     Integer spriteImage = 0;
@@ -98,12 +98,27 @@ struct alignas(kCacheLine) BackgroundElement {
     std::array<Single, 2> deltaRead{1.0F, 1.0F};
 
     // Additions.
-    Byte alphaDestinationGiven = 0;  // 1 = alphaDestination is the file's
-    Byte framesBlend = 1;            // 0 = what trans says holds for every frame, none too
-    Byte tileSpacingGiven = 0;       // bits: 1 = across, 2 = down
+    Byte alphaDestinationGiven = 0;         // 1 = alphaDestination is the file's
+    Byte framesBlend = 1;                   // 0 = what trans says holds for every frame, none too
+    Byte tileSpacingGiven = 0;              // bits: 1 = across, 2 = down
+    Byte picturesGiven = 0;                 // kGivenSprite, kGivenAction
+    std::array<Long, 2> swingTick{};        // runtime: the frame that each swing is in
+    std::array<Single, 2> startFraction{};  // what startX and startY leave of the file's values
 };
 static_assert(offsetof(BackgroundElement, sinYPeriod) - 2 * sizeof(Single) <= kCacheLine,
               "up to the amplitude of the sideways swing");
+
+// Which of its keys for pictures an element was given.
+inline constexpr Byte kGivenSprite = 1;
+inline constexpr Byte kGivenAction = 2;
+
+// A spriteIndex: the element shows the frames of an action.
+inline constexpr Integer kPicturesOfAction = -2;
+
+// Whether the element shows frames. An "anim" does; addition: others may, too.
+[[nodiscard]] inline bool ShowsFrames(const BackgroundElement& element) {
+    return element.kind == ElementKind::Animated || element.spriteIndex == kPicturesOfAction;
+}
 
 // One subfile of the sprite archive, with its picture as a texture.
 struct SpriteEntry {
@@ -157,7 +172,9 @@ struct StageFrame {
     Integer runtimeB = 0;
     std::string flip;  // the sixth value as the file has it; "h" = mirrored
 
-    Blending blending;  // addition: of this frame alone, for elements that leave it to the frames
+    // Additions.
+    Blending blending;  // of this frame alone, for elements that leave it to the frames
+    std::array<Single, 2> offsetFraction{};  // what the offsets leave of the file's values
 
     // What the start-up makes of the above, and no part of a stage as written out.
     FrameFlip flips = FrameFlip::None;
@@ -200,6 +217,7 @@ struct BgCtrl {
     Byte given = 0;      // kGiven... bits
     Integer value1 = 0;  // of "sinx" and "siny": amplitude
     Integer value2 = 0;  // and period
+    Integer value3 = 0;  // addition: the frame of the swing that it begins in
 
     // What the start-up makes of the above, and no part of a stage as written out.
     ControlKind kind = ControlKind::None;
@@ -262,6 +280,10 @@ struct StageModel {  // NOLINT(clang-analyzer-optin.performance.Padding)
 
     // Addition: the version of MUGEN that the stage was made for, from 1 on; 0 = an older one.
     Single MugenVersion = 0;
+
+    // Additions: what is seen where no element is.
+    Integer debugbg = 0;                    // 1 = magenta, whatever bgclearcolor says
+    std::array<Integer, 3> bgclearcolor{};  // red, green, blue
 
     // Releases every texture, empties the tables, and puts every setting back to its start.
     void Clear();

@@ -243,15 +243,24 @@ TEST_F(Commands, DisabledItemsDoNothing) {
 
 TEST_F(Commands, AStageEnablesWhatItTakes) {
     WhileAIsShown({});
-    for (const Menu item : {Menu::mnuFS, Menu::mnuMScroll, Menu::mnuDeform, Menu::mnuChar,
-                            Menu::mnuChange, Menu::mnuDebugBG}) {
+    for (const Menu item :
+         {Menu::mnuFS, Menu::mnuMScroll, Menu::mnuChar, Menu::mnuChange, Menu::mnuDebugBG}) {
         EXPECT_TRUE(form[item].enabled);
     }
     EXPECT_FALSE(form[Menu::mnuReset].enabled);
+}
+
+TEST_F(Commands, DeformCanBeChosenPlainlyOnly) {
+    WhileAIsShown({});
+    EXPECT_FALSE(form[Menu::mnuDeform].enabled);
+    Click(Menu::mnuAdditions);
+    EXPECT_TRUE(form[Menu::mnuDeform].enabled);
     Click(Menu::mnuDeform);
     EXPECT_TRUE(form[Menu::mnuDeform].checked);
     Click(Menu::mnuDeform);
     EXPECT_FALSE(form[Menu::mnuDeform].checked);
+    Click(Menu::mnuAdditions);
+    EXPECT_FALSE(form[Menu::mnuDeform].enabled);
 }
 
 TEST_F(Commands, TheLoopTakesTheListsKeysAndGivesThemBack) {

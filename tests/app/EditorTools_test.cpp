@@ -74,9 +74,9 @@ TEST_F(EditorTools, ADragIsInTheDumpThatTheDKeyWrites) {
                    Hold(VirtualKey::D), LetGo,
                    [&] { EXPECT_EQ(Caption(), "Dumped to /program/chek.txt"); }});
     EXPECT_EQ(files.Get(kDump),
-              "[BG one]\r\ntype = normal\r\nactionno = 0\r\nlayerno = 0\r\nspriteno = 0,0\r\n"
+              "[BG one]\r\ntype = normal\r\nlayerno = 0\r\nspriteno = 0,0\r\n"
               "start = 10,5\r\ndelta = 1,1\r\nmask = 0\r\n\r\n"
-              "[BG two]\r\ntype = normal\r\nactionno = 0\r\nlayerno = 0\r\nspriteno = 0,0\r\n"
+              "[BG two]\r\ntype = normal\r\nlayerno = 0\r\nspriteno = 0,0\r\n"
               "start = 50,20\r\ndelta = 1,1\r\nmask = 0\r\n\r\n");
     EXPECT_THAT(MessageTexts(), IsEmpty());
 }

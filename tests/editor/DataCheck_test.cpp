@@ -123,17 +123,17 @@ std::unique_ptr<StageMachine> Loaded(const std::string& definition, bool additio
 }
 
 TEST(DataCheckText, IsThatOfItsActionsAndElements) {
-    EXPECT_EQ(DataCheckText(Loaded(kStage)->model), kDump);
+    EXPECT_EQ(DataCheckText(Loaded(kStage)->model, false), kDump);
 }
 
 TEST(DataCheckText, OfAnEmptyStageIsEmpty) {
-    EXPECT_EQ(DataCheckText(StageModel()), "");
+    EXPECT_EQ(DataCheckText(StageModel(), false), "");
 }
 
 TEST(DataCheckText, HasTheElementsOwnDeltaOfALinkedElement) {
     const auto machine = Loaded(kStage);
     EXPECT_EQ(machine->model.Elements[2].deltaX, 1) << "it moves with the element it is linked to";
-    EXPECT_NE(DataCheckText(machine->model)
+    EXPECT_NE(DataCheckText(machine->model, false)
                   .find("[BG tail]\r\ntype = parallax\r\nactionno = 9\r\n"
                         "layerno = 0\r\nspriteno = 0,0\r\nstart = 0,0\r\n"
                         "delta = 2,1\r\n"),
@@ -144,15 +144,34 @@ TEST(DataCheckText, HasTheFilesOwnNumbersOfAScaledStage) {
     const auto machine = Loaded(
         "[StageInfo]\nhires = 1\n[BG a]\ntype = normal\nstart = 101, 7\ndelta = .3, .7\n", true);
     EXPECT_EQ(machine->model.Elements[0].deltaX, 0.15F);
-    EXPECT_EQ(DataCheckText(machine->model),
+    EXPECT_EQ(DataCheckText(machine->model, false),
               "[BG a]\r\ntype = normal\r\nactionno = 0\r\nlayerno = 0\r\nspriteno = 0,0\r\n"
               "start = 101,7\r\ndelta = .3,.7\r\nmask = 0\r\n\r\n");
 }
 
 TEST(DataCheckText, HasMinusOneForAnActionThatIsNotThere) {
-    EXPECT_NE(DataCheckText(Loaded("[BG a]\ntype = anim\nactionno = 44\n")->model)
+    EXPECT_NE(DataCheckText(Loaded("[BG a]\ntype = anim\nactionno = 44\n")->model, false)
                   .find("actionno = -1\r\n"),
               std::string::npos);
+}
+
+TEST(DataCheckText, HasWithAdditionsTheKeyForPicturesThatCountsAndFractions) {
+    const std::string text =
+        DataCheckText(Loaded("[BG a]\ntype = normal\nactionno = 4\nstart = 1.5,-.25\n"
+                             "[BG b]\ntype = parallax\nspriteno = 2,3\n"
+                             "[BG c]\ntype = parallax\nspriteno = 2,3\nactionno = 4\n"
+                             "[Begin Action 4]\n1,0, -2.5,7, 3\n",
+                             true)
+                          ->model,
+                      true);
+    EXPECT_EQ(text,
+              "\r\n[Begin action 4]\r\n1,0,-2.5,7,3\r\n"
+              "[BG a]\r\ntype = normal\r\nactionno = 4\r\nlayerno = 0\r\nstart = 1.5,-.25\r\n"
+              "delta = 1,1\r\nmask = 1\r\n\r\n"
+              "[BG b]\r\ntype = parallax\r\nlayerno = 0\r\nspriteno = 2,3\r\nstart = 0,0\r\n"
+              "delta = 1,1\r\nmask = 0\r\n\r\n"
+              "[BG c]\r\ntype = parallax\r\nactionno = 4\r\nlayerno = 0\r\nstart = 0,0\r\n"
+              "delta = 1,1\r\nmask = 1\r\n\r\n");
 }
 
 TEST(DataCheckText, ShowsWhatTheEditorHasDone) {
@@ -160,7 +179,7 @@ TEST(DataCheckText, ShowsWhatTheEditorHasDone) {
     SwapElements(machine->model, 0, 2);
     DeleteElement(machine->model, 1);
     machine->model.Elements[0].layerno = 1;
-    const std::string text = DataCheckText(machine->model);
+    const std::string text = DataCheckText(machine->model, false);
     const std::size_t tail = text.find("[BG tail]");
     EXPECT_LT(tail, text.find("[BG Far sky]"));
     EXPECT_EQ(text.find("[BG No name]"), std::string::npos);
@@ -170,7 +189,7 @@ TEST(DataCheckText, ShowsWhatTheEditorHasDone) {
 TEST(DataCheckText, KeepsBytesAsTheyAre) {
     StageModel model;
     model.Elements.emplace_back().name = "Caf\xE9 \x81";
-    EXPECT_TRUE(DataCheckText(model).starts_with("[BG Caf\xE9 \x81]\r\n"));
+    EXPECT_TRUE(DataCheckText(model, false).starts_with("[BG Caf\xE9 \x81]\r\n"));
 }
 
 TEST(DataCheckText, OfAnActionOutOfTheTableIsAnError) {
@@ -178,7 +197,7 @@ TEST(DataCheckText, OfAnActionOutOfTheTableIsAnError) {
     model.Elements.emplace_back().kind = ElementKind::Animated;
     model.Elements[0].actionIndex = 3;
     ExpectError(RunTimeErrorKind::SubscriptOutOfRange,
-                [&] { static_cast<void>(DataCheckText(model)); });
+                [&] { static_cast<void>(DataCheckText(model, false)); });
 }
 
 TEST(DataCheckText, HoldsTheLargestAndSmallestNumbers) {
@@ -192,7 +211,7 @@ TEST(DataCheckText, HoldsTheLargestAndSmallestNumbers) {
     element.spriteImage = -1;
     element.startX = 2147483647;
     element.startY = -2147483647 - 1;
-    EXPECT_EQ(DataCheckText(model),
+    EXPECT_EQ(DataCheckText(model, false),
               "[BG x]\r\ntype = normal\r\nactionno = -32768\r\nlayerno = 32767\r\n"
               "spriteno = -2147483648,-1\r\nstart = 2147483647,-2147483648\r\ndelta = 1,1\r\n"
               "mask = 0\r\n\r\n");
@@ -204,15 +223,15 @@ TEST(DataCheck, WritesTheTextIntoTheProgramsFolder) {
     MemoryFiles files;
     files.Put("/program/chek.txt", "what was there before, and longer than all of the new text");
     const auto machine = Loaded("[BG a]\ntype = normal\n");
-    EXPECT_EQ(DataCheck(machine->model, files), "/program/chek.txt");
-    EXPECT_EQ(files.Get("/program/chek.txt"), DataCheckText(machine->model));
+    EXPECT_EQ(DataCheck(machine->model, false, files), "/program/chek.txt");
+    EXPECT_EQ(files.Get("/program/chek.txt"), DataCheckText(machine->model, false));
     EXPECT_EQ(DataCheckCaption("/program/chek.txt"), "Dumped to /program/chek.txt");
 }
 
 RunTimeErrorKind ErrorOf(MemoryFiles& files) {
     const auto machine = Loaded(kStage);
     try {
-        static_cast<void>(DataCheck(machine->model, files));
+        static_cast<void>(DataCheck(machine->model, false, files));
     } catch (const RunTimeError& error) {
         return error.Kind();
     }
@@ -278,7 +297,8 @@ std::vector<std::string> Held(const StageModel& model) {
 
 void ExpectReadsAgain(const std::string& definition, bool additions) {
     const auto first = Loaded(definition, additions);
-    const auto again = Loaded("[Info]\r\nname = dump\r\n" + DataCheckText(first->model), additions);
+    const auto again =
+        Loaded("[Info]\r\nname = dump\r\n" + DataCheckText(first->model, additions), additions);
     EXPECT_EQ(Held(first->model), Held(again->model));
 }
 
@@ -321,7 +341,7 @@ TEST(ReadAgain, EveryFieldIsWhatTheFileSays) {
         "type = parallax\nactionno = 77\nlayerno = -3\ndelta = .333333343, 20000\nmask = -1\n"
         "[BG]\n"
         "type = anim\nactionno = 12\nspriteno = -1, -1\n");
-    const auto again = Loaded("[Info]\r\nname = dump\r\n" + DataCheckText(first->model));
+    const auto again = Loaded("[Info]\r\nname = dump\r\n" + DataCheckText(first->model, false));
     EXPECT_EQ(Held(again->model), Held(first->model));
     EXPECT_THAT(
         Held(again->model),
@@ -346,7 +366,7 @@ TEST(ReadAgain, WhatTheEditorHasDoneIsThere) {
     CloneElement(model, 0);
     model.Elements[1].startX = -7;
     model.Elements[2].layerno = 1;
-    const auto again = Loaded("[Info]\r\nname = dump\r\n" + DataCheckText(model));
+    const auto again = Loaded("[Info]\r\nname = dump\r\n" + DataCheckText(model, false));
     EXPECT_EQ(Held(again->model), Held(model));
     ASSERT_EQ(again->model.Elements.size(), 4U);
     EXPECT_EQ(again->model.Elements[1].name, "No name");

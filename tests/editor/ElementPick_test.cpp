@@ -62,7 +62,7 @@ protected:
         element.windowActive = 1;
     }
     std::optional<ViewFrame> Outline(Integer index = 0) {
-        return OutlineOf(stage.model, {stage.view.Additions, stage.flags.Deform != 0}, index);
+        return OutlineOf(stage.model, {stage.view.Additions}, index);
     }
 
     EditedStage stage;
@@ -331,14 +331,12 @@ TEST_F(Pick, FindsEveryRowOfAParallaxPictureWhereItStands) {
     EXPECT_EQ(Outline(), (ViewFrame{90, 50, 110, 53}));
 }
 
-TEST_F(PickWithAdditions, FindsTheRowsOfADeformedPicture) {
+TEST_F(PickWithAdditions, FindsTheRowsOfAStretchedPicture) {
     BackgroundElement& element =
         StageBuilder::At(stage.build.Parallax(stage.Picture({"X", ".", "X"})), 100, 50);
     element.mask = 1;
     element.yscaleStart = 50;  // twice as tall
     stage.Start();
-    EXPECT_EQ(Down(100), "50-50 52-52");
-    stage.flags.Deform = kByteTrue;
     EXPECT_EQ(Down(100), "50-51 54-55");
 }
 

@@ -36,7 +36,6 @@ public:
         // As after a walk of the camera's.
         model_.CamX = camera_.previousX = static_cast<Single>(Between(-40, 40));
         model_.CamY = camera_.previousY = static_cast<Single>(Between(-30, 0));
-        flags_.Deform = Below(2) == 0 ? 0 : kByteTrue;
     }
 
     void Draw() { DrawScene(engine_, tiles_, flags_); }
@@ -47,14 +46,13 @@ public:
                0xFFFFFF;
     }
     [[nodiscard]] std::uint32_t Picked(Long x, Long y) const {
-        const Integer index =
-            TopmostElementAt(model_, {options_.Additions, flags_.Deform != 0}, {x, y});
+        const Integer index = TopmostElementAt(model_, {options_.Additions}, {x, y});
         return static_cast<std::uint32_t>(index + 1);
     }
     // Whether what is seen there lies inside of its element's outline.
     [[nodiscard]] bool IsOutlined(Long x, Long y) const {
         const auto index = static_cast<Integer>(Drawn(x, y) - 1);
-        const auto outline = OutlineOf(model_, {options_.Additions, flags_.Deform != 0}, index);
+        const auto outline = OutlineOf(model_, {options_.Additions}, index);
         return outline && x >= outline->left && x < outline->right && y >= outline->top &&
                y < outline->bottom;
     }

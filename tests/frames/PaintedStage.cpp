@@ -126,8 +126,9 @@ const std::vector<std::byte>& PaintedArchive() {
 
 ShotStage::ShotStage(std::unique_ptr<Files> files, const std::string& stageFile,
                      const std::string& mugenFolder, const std::string& charFile,
-                     const ViewOptions& view)
+                     const ViewOptions& view, std::string_view keyScript)
     : files_(std::move(files)), machine_(*files_, {}, view) {
+    Hold(keyScript);
     if (!machine_.Start(stageFile, mugenFolder, charFile)) {
         throw std::runtime_error("the stage does not load");
     }
@@ -136,6 +137,12 @@ ShotStage::ShotStage(std::unique_ptr<Files> files, const std::string& stageFile,
 void ShotStage::Run(int frames) {
     for (int i = 0; i < frames; ++i) {
         machine_.RunFrame(keys_.KeysOfFrame(++frame_), info_);
+    }
+}
+
+void ShotStage::Pass(int frames) {
+    for (int i = 0; i < frames; ++i) {
+        machine_.PassFrame(keys_.KeysOfFrame(++frame_), info_);
     }
 }
 

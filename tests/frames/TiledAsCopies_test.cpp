@@ -130,6 +130,7 @@ private:
         }
         const ElementWindow seen = ElementWindow::Of(element, model.CamX, model.CamY, View());
         const bool animated = element.kind == ElementKind::Animated;
+        const bool once = placed->mirrored && !options.additions;
         const auto draw = [&](const SpriteQuad& whole) {
             const auto quad = CutTo(seen, whole);
             const BlitStyle style{placed->mirrored, placed->flipped};
@@ -141,7 +142,7 @@ private:
         };
         const auto across = [&](std::int64_t x, std::int64_t y, std::int64_t height,
                                 std::int64_t source) {
-            const Long count = placed->mirrored ? 0 : element.tileX;
+            const Long count = once ? 0 : element.tileX;
             for (const std::int64_t at :
                  Positions(count, StepOf(element.tileSpacingX, sprite.width, sprite.fileWidth),
                            sprite.width, animated, options.additions, x, seen.columns)) {
@@ -149,13 +150,16 @@ private:
             }
         };
         if (element.kind == ElementKind::Parallax) {
+            const double shear = options.additions ? placed->axisX - 160
+                                                   : static_cast<double>(model.CamX) *
+                                                         static_cast<double>(element.deltaX);
             for (std::int64_t row = 0; row < sprite.height; ++row) {
-                const std::int64_t x = RowPosition(element, placed->x, model.CamX, row,
-                                                   sprite.height, model.ElementScale);
+                const std::int64_t x =
+                    RowPosition(element, placed->x, shear, row, sprite.height, model.ElementScale);
                 across(x, top + row, 1, row);
             }
         } else {
-            const Long count = placed->mirrored ? 0 : element.tileY;
+            const Long count = once ? 0 : element.tileY;
             for (const std::int64_t at :
                  Positions(count, StepOf(element.tileSpacingY, sprite.height, sprite.fileHeight),
                            sprite.height, animated, options.additions, top, seen.rows)) {

@@ -36,5 +36,23 @@ TEST(AgreesWithProgram, RandomStagesWithAdditions) {
     CompareRandomStages(Rounds(1500), RandomFor::Additions);
 }
 
+// Frames that nobody looks at are not drawn with additions, and what follows is the same.
+TEST(PassedFrames, LeadToTheSamePicture) {
+    for (int round = 0; round < Rounds(300); ++round) {
+        const auto seed = kFirstSeed + static_cast<std::uint32_t>(round);
+        for (const bool additions : {true, false}) {
+            const RandomStage stage =
+                MakeRandomStage(seed, additions ? RandomFor::Additions : RandomFor::Plain);
+            const auto passed = static_cast<int>(stage.keys.size());
+            ShotStage drawn = ProgramWith(stage, ViewOptions{additions});
+            drawn.Run(passed + 1);
+            ShotStage ticked = ProgramWith(stage, ViewOptions{additions});
+            ticked.Pass(passed);
+            ticked.Run(1);
+            ASSERT_TRUE(ticked.Picture() == drawn.Picture()) << "seed " << seed;
+        }
+    }
+}
+
 }  // namespace
 }  // namespace scenara::test

@@ -76,21 +76,18 @@ std::vector<std::uint32_t> LiteralPictureOf(const RandomStage& stage, const View
     return literal.Picture();
 }
 
-std::string FirstDifference(const RandomStage& stage, const ViewOptions& view) {
-    return FirstDifference(stage, view, LiteralRules::Of(view.Additions));
-}
-
-std::string FirstDifference(const RandomStage& stage, const ViewOptions& view,
-                            const LiteralRules& rules) {
-    StageMachine loader;
-    Load(loader, stage, view);
-    LiteralStage literal(loader.model, rules);
-
+ShotStage ProgramWith(const RandomStage& stage, const ViewOptions& view) {
     auto files = std::make_unique<MemoryFiles>();
     Put(*files, stage);
-    ShotStage program(std::move(files), kTestStage, "/mugen/", {}, view);
-    program.Hold(Script(stage.keys));
+    return {std::move(files), kTestStage, "/mugen/", {}, view, Script(stage.keys)};
+}
 
+std::string FirstDifference(const RandomStage& stage, const ViewOptions& view) {
+    StageMachine loader;
+    Load(loader, stage, view);
+    LiteralStage literal(loader.model, LiteralRules::Of(view.Additions));
+
+    ShotStage program = ProgramWith(stage, view);
     for (std::size_t frame = 0; frame < stage.keys.size(); ++frame) {
         literal.DrawFrame(stage.keys[frame]);
         program.Run(1);

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "frames/PaintedStage.h"
 #include "literal/RandomStage.h"
 #include "stage/ViewOptions.h"
 
@@ -16,11 +17,12 @@ namespace scenara::test {
 [[nodiscard]] std::vector<std::uint32_t> LiteralPictureOf(const RandomStage& stage,
                                                           const ViewOptions& view);
 
+// The stage in the program, with its keys held, before the first frame.
+[[nodiscard]] ShotStage ProgramWith(const RandomStage& stage, const ViewOptions& view);
+
 // The first pixel that differs, with the frame, both colours and the stage's text; empty when every
 // frame for which the stage has keys is the same.
 [[nodiscard]] std::string FirstDifference(const RandomStage& stage, const ViewOptions& view);
-[[nodiscard]] std::string FirstDifference(const RandomStage& stage, const ViewOptions& view,
-                                          const LiteralRules& rules);
 
 // The stage with every line of its definition left out that the difference does not need.
 [[nodiscard]] RandomStage Shortest(RandomStage stage, const ViewOptions& view);

@@ -70,7 +70,9 @@ void LiteralStage::Act(const BgCtrl& control, Element& element) {
     const std::array<float, 2> amount = {control.x, control.y};
     if (control.type == "visible" && value) {
         element.visible = control.value != 0;
-    } else if (control.type == "enable" && value) {
+    } else if ((control.type == "enable" ||
+                (control.type == "enabled" && rules_.enabledIsEnable)) &&
+               value) {
         element.enabled = control.value != 0;
     } else if (control.type == "anim" && value && element.animated) {
         for (std::size_t i = 0; i < model_.Actions.size(); ++i) {
@@ -84,8 +86,11 @@ void LiteralStage::Act(const BgCtrl& control, Element& element) {
         }
     } else if (control.type == "sinx" || control.type == "siny") {
         if ((control.given & kGivenValue1) != 0 && (control.given & kGivenValue2) != 0) {
-            element.swings[control.type == "sinx" ? 0 : 1] = {
-                static_cast<float>(control.value1), static_cast<float>(control.value2), 0, 0};
+            Swing swing;
+            swing.amplitude = static_cast<float>(control.value1);
+            swing.period = static_cast<float>(control.value2);
+            swing.time = rules_.wholeSwings ? static_cast<float>(control.value3) : 0;
+            element.swings[control.type == "sinx" ? 0 : 1] = swing;
         }
     }
     for (std::size_t axis = 0; axis < 2; ++axis) {

@@ -69,6 +69,8 @@ void LiteralStage::Draw(const Element& element) {
     }
     Paint paint{WindowOf(file), file.blending, file.mask == 1, false, false};
     int sprite = file.spriteIndex;
+    double fromAxisX = 0;
+    double fromAxisY = 0;
     float drawX = element.position[0];
     float drawY = element.position[1];
     if (element.animated) {
@@ -92,8 +94,8 @@ void LiteralStage::Draw(const Element& element) {
             axisX = paint.mirrored ? image.width - image.axisX : image.axisX;
             axisY = paint.upsideDown ? image.height - image.axisY : image.axisY;
         }
-        drawX = static_cast<float>(frame.offsetX + Wide(drawX) - axisX);
-        drawY = static_cast<float>(frame.offsetY + Wide(drawY) - axisY);
+        fromAxisX = frame.offsetX + Wide(frame.offsetFraction[0]) - axisX;
+        fromAxisY = frame.offsetY + Wide(frame.offsetFraction[1]) - axisY;
         if (file.framesBlend != 0) {
             paint.blending = frame.blending;
         }
@@ -101,46 +103,65 @@ void LiteralStage::Draw(const Element& element) {
     if (!rules_.blends) {
         paint.blending = {};
     }
+    double x = Wide(drawX);
+    double y = Wide(drawY);
     if (element.parent >= 0) {
         const Element& parent = elements_[static_cast<std::size_t>(element.parent)];
-        drawX += parent.notedSwing[0] + parent.notedMotion[0];
-        drawY += parent.notedSwing[1] + parent.notedMotion[1];
+        x += Wide(parent.notedSwing[0]) + Wide(parent.notedMotion[0]);
+        y += Wide(parent.notedSwing[1]) + Wide(parent.notedMotion[1]);
     } else {
-        drawX += element.swings[0].offset;
-        drawY += element.swings[1].offset;
+        x += Wide(element.swings[0].offset);
+        y += Wide(element.swings[1].offset);
     }
+    drawX = static_cast<float>(x + fromAxisX);
+    drawY = static_cast<float>(y + fromAxisY);
     const Image& image = images_[static_cast<std::size_t>(sprite)];
     if (element.parallax) {
-        DrawRows(element, image, drawX, drawY, paint);
+        const double axisX = element.animated ? fromAxisX : -image.axisX;
+        const double axisY = element.animated ? fromAxisY : -image.axisY;
+        DrawRows(element, image, {drawX, drawY, Wide(drawX) - axisX, Wide(drawY) - axisY}, paint);
     } else {
         DrawTiles(element, image, Rounded(Wide(drawX)), Rounded(Wide(drawY)), paint);
     }
 }
 
-// How far a row of twice the speed stands from one that is not sheared.
-double LiteralStage::RowShear(const Element& element, const Image& image, float drawX) const {
-    if (rules_.shearsFromMiddle) {
-        return Wide(drawX) + image.axisX - kLiteralWidth / 2.0;
+// How many lines a row takes, more or less than one.
+double LiteralStage::Stretch(const BackgroundElement& element) const {
+    if (!rules_.stretches) {
+        return 1;
     }
-    return Wide(camera_[0]) * Wide(element.delta[0]);
+    const double shrunk =
+        (Wide(element.yscaleStart) + Wide(element.yscaleDelta) * Wide(camera_[1])) / 100;
+    return shrunk == 0 ? 16 : std::min(std::max(1 / shrunk, 1.0 / 16), 16.0);
 }
 
-// Each row has a speed of its own, and its own tiles; there are none below one another.
-void LiteralStage::DrawRows(const Element& element, const Image& image, float drawX, float drawY,
+// Each row has a speed of its own, and its own tiles; there are none below one another. Where they
+// are stretched the axis stays at its place.
+void LiteralStage::DrawRows(const Element& element, const Image& image, const Place& place,
                             const Paint& paint) {
     const BackgroundElement& file = *element.file;
     const bool given = file.xscaleTop != 0 || file.xscaleBottom != 0;
     const double top = file.xscaleTop == 0 ? 1 : Wide(file.xscaleTop);
     const double bottom = Wide(file.xscaleBottom);
-    const double shear = RowShear(element, image, drawX);
+    const double shear = rules_.shearsFromMiddle ? place.axisX - kLiteralWidth / 2.0
+                                                 : Wide(camera_[0]) * Wide(element.delta[0]);
+    const double stretch = Stretch(file);
+    const double upper = stretch == 1 ? static_cast<double>(Rounded(Wide(place.y)))
+                                      : place.axisY + (Wide(place.y) - place.axisY) * stretch;
     for (int row = 0; row < image.height; ++row) {
         const double t = image.height == 1 ? 0 : double(row) / (image.height - 1);
         const double factor = given ? (top + (bottom - top) * t) / top : 1;
-        const double rowX = Wide(drawX) + shear * (factor - 1);
-        for (const std::int64_t x :
-             Copies(Rounded(rowX), file.tileX, std::int64_t{file.tileSpacingX} + image.width,
-                    image.width, kLiteralWidth)) {
-            DrawCopy(image, x, Rounded(Wide(drawY)), row, row + 1, paint);
+        const double rowX = Wide(place.x) + shear * (factor - 1);
+        const std::vector<std::int64_t> copies =
+            Copies(Rounded(rowX), file.tileX, std::int64_t{file.tileSpacingX} + image.width,
+                   image.width, kLiteralWidth);
+        for (int line = 0; line < kLiteralHeight; ++line) {
+            // Halves go down.
+            const bool covers = std::floor(upper + row * stretch + 0.5) <= line &&
+                                line < std::floor(upper + (row + 1) * stretch + 0.5);
+            for (const std::int64_t x : covers ? copies : std::vector<std::int64_t>()) {
+                DrawCopy(image, x, line - row, row, row + 1, paint);
+            }
         }
     }
 }
@@ -155,7 +176,7 @@ void LiteralStage::DrawTiles(const Element& element, const Image& image, std::in
         return;
     }
     const auto step = [&](std::int64_t spacing, std::int64_t count, std::int64_t size) {
-        if (!element.animated) {
+        if (file.type != "anim") {
             return spacing + size;
         }
         return count == 1 && spacing <= 1 ? size : spacing;

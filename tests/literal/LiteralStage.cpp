@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <numbers>
 #include <optional>
+#include <utility>
 
 namespace scenara::test {
 namespace {
@@ -67,14 +68,22 @@ void LiteralStage::PlaceElement(std::size_t index) {
     element.file = &file;
     element.animated = file.type == "anim";
     element.parallax = file.type == "parallax";
-    element.dummy = file.type == "dummy";
+    const bool known = element.animated || element.parallax || file.type == "normal";
+    element.dummy = file.type == "dummy" || (!known && rules_.unknownIsDummy);
+    // The loader has looked which of the others show an action.
+    element.animated = element.animated || file.spriteIndex == kPicturesOfAction;
     element.enabled = !element.dummy || rules_.dummiesAreEnabled;
     element.velocity = {file.velocityX, file.velocityY};
     element.delta = {file.deltaX, file.deltaY};
-    element.swings[0] = {file.sinState[0], file.sinState[1], file.sinState[2], 0};
-    element.swings[1] = {file.sinYAmplitude, file.sinYPeriod, file.sinYPhase, 0};
-    auto startX = static_cast<float>(file.startX);
-    auto startY = static_cast<float>(file.startY);
+    element.swings[0] = {file.sinState[0], file.sinState[1], file.sinState[2], 0, 0};
+    element.swings[1] = {file.sinYAmplitude, file.sinYPeriod, file.sinYPhase, 0, 0};
+    if (rules_.wholeSwings) {
+        for (Swing& swing : element.swings) {
+            swing.phase = std::exchange(swing.time, 0.0F);
+        }
+    }
+    double startX = file.startX + Wide(file.startFraction[0]);
+    double startY = file.startY + Wide(file.startFraction[1]);
     if (file.positionlink != 0) {
         for (std::size_t before = 0; before < index; ++before) {
             if (model_.Elements[before].positionlink == 0) {
@@ -84,12 +93,12 @@ void LiteralStage::PlaceElement(std::size_t index) {
     }
     if (element.parent >= 0) {
         const BackgroundElement& parent = model_.Elements[static_cast<std::size_t>(element.parent)];
-        startX += static_cast<float>(parent.startX);
-        startY += static_cast<float>(parent.startY);
+        startX += parent.startX + Wide(parent.startFraction[0]);
+        startY += parent.startY + Wide(parent.startFraction[1]);
         element.delta = {parent.deltaX, parent.deltaY};
     }
-    float axisX = 0;
-    float axisY = 0;
+    int axisX = 0;
+    int axisY = 0;
     if (element.animated) {
         element.action = file.actionIndex;
         if (element.action >= 0) {
@@ -98,13 +107,13 @@ void LiteralStage::PlaceElement(std::size_t index) {
         }
     } else if (file.spriteIndex >= 0) {
         const Image& image = images_[static_cast<std::size_t>(file.spriteIndex)];
-        axisX = static_cast<float>(image.axisX);
-        axisY = static_cast<float>(image.axisY);
+        axisX = image.axisX;
+        axisY = image.axisY;
     }
     const double shownX = -Wide(camera_[0]);
     const double shownY = Wide(camera_[1]);
-    const double x = Wide(kMiddle + startX - axisX) - Wide(element.delta[0]) * shownX;
-    const double y = Wide(startY - axisY) - Wide(element.delta[1]) * shownY;
+    const double x = Wide(kMiddle) + startX - axisX - Wide(element.delta[0]) * shownX;
+    const double y = startY - axisY - Wide(element.delta[1]) * shownY;
     element.position = {static_cast<float>(x), static_cast<float>(y)};
 }
 
@@ -134,7 +143,7 @@ void LiteralStage::RaiseUpperBound() {
 
 void LiteralStage::DrawFrame(const LiteralKeys& keys) {
     if (rules_.clearsPicture) {
-        std::ranges::fill(picture_, 0U);
+        std::ranges::fill(picture_, ClearColor());
     }
     RunControls();
     for (Element& element : elements_) {
@@ -151,6 +160,17 @@ void LiteralStage::DrawFrame(const LiteralKeys& keys) {
     DrawPass(Pass::Front, keys);
 }
 
+std::uint32_t LiteralStage::ClearColor() const {
+    if (model_.debugbg == 1) {
+        return 0xFF00FF;
+    }
+    std::uint32_t colour = 0;
+    for (const int channel : model_.bgclearcolor) {
+        colour = colour * 256 + static_cast<std::uint32_t>(std::min(std::max(channel, 0), 255));
+    }
+    return colour;
+}
+
 void LiteralStage::DrawPass(Pass pass, const LiteralKeys& keys) {
     for (Element& element : elements_) {
         const int layer = element.file->layerno;
@@ -159,8 +179,8 @@ void LiteralStage::DrawPass(Pass pass, const LiteralKeys& keys) {
             if (element.visible) {
                 Draw(element);
             }
-            const bool again = pass == Pass::Front && layer < 0;
-            if ((element.visible || rules_.movesHidden) && !(again && rules_.movesOnce)) {
+            const bool comesAgain = pass == Pass::Back && layer < 0;
+            if ((element.visible || rules_.movesHidden) && !(comesAgain && rules_.movesOnce)) {
                 Move(element);
             }
         }
@@ -199,17 +219,12 @@ void LiteralStage::Move(Element& element) const {
     }
 }
 
-// As the file's keys have them; a controller's are not begun.
 void LiteralStage::SwingWhole(Element& element) {
-    const std::array<double, 2> phases = {Wide(element.file->sinState[2]),
-                                          Wide(element.file->sinYPhase)};
-    for (std::size_t axis = 0; axis < 2; ++axis) {
-        Swing& swing = element.swings[axis];
+    for (Swing& swing : element.swings) {
         if (!element.enabled || swing.period <= 0) {
             continue;
         }
-        const double frame = Wide(swing.time) - phases[axis];
-        const double turns = frame / Wide(swing.period) + phases[axis] / 360;
+        const double turns = Wide(swing.time) / Wide(swing.period) + Wide(swing.phase) / 360;
         swing.offset =
             static_cast<float>(Wide(swing.amplitude) * std::sin(2 * std::numbers::pi * turns));
         swing.time += 1;

@@ -24,14 +24,15 @@ struct LiteralRules {
     bool keepsUpperBound = true;     // plain: raised to the topmost picture's edge + 1
     bool movesWindows = true;        // windowdelta
     bool oneForNegativeStep = true;  // n tiles at a distance below 0: one; plain: none
-
-    // Rules for additions that the program does not carry out (KnownDifferences_test.cpp).
-    bool clearsPicture = false;     // to black, before each frame
-    bool tilesMirrored = false;     // frames with H or HV, too
-    bool wholeSwings = false;       // sin.x, sin.y: a whole swing in a period, the phase in degrees
-    bool movesOnce = false;         // in a frame, with layerno below 0
-    bool movesHidden = false;       // what is not visible drifts and swings on
-    bool shearsFromMiddle = false;  // parallax: with the axis' whole distance
+    bool clearsPicture = true;       // to black, or as the stage says, before each frame
+    bool tilesMirrored = true;       // frames with H or HV, too
+    bool wholeSwings = true;       // sin.x, sin.y: a whole swing in a period, the phase in degrees
+    bool movesOnce = true;         // in a frame, with layerno below 0
+    bool movesHidden = true;       // what is not visible drifts and swings on
+    bool shearsFromMiddle = true;  // parallax: with the axis' whole distance
+    bool stretches = true;         // parallax: yscalestart, yscaledelta
+    bool enabledIsEnable = true;   // as a controller's type
+    bool unknownIsDummy = true;    // a type that is no known word; plain: drawn like "normal"
 
     static LiteralRules Of(bool additions) {
         return additions ? LiteralRules{}
@@ -40,7 +41,16 @@ struct LiteralRules {
                                         .dummiesAreEnabled = false,
                                         .keepsUpperBound = false,
                                         .movesWindows = false,
-                                        .oneForNegativeStep = false};
+                                        .oneForNegativeStep = false,
+                                        .clearsPicture = false,
+                                        .tilesMirrored = false,
+                                        .wholeSwings = false,
+                                        .movesOnce = false,
+                                        .movesHidden = false,
+                                        .shearsFromMiddle = false,
+                                        .stretches = false,
+                                        .enabledIsEnable = false,
+                                        .unknownIsDummy = false};
     }
 };
 
@@ -76,6 +86,7 @@ private:
         float period = 0;
         float time = 0;
         float offset = 0;
+        float phase = 0;  // of a whole one, in degrees
     };
 
     // What changes of an element while the stage runs; index 0 is x, 1 is y.
@@ -151,15 +162,23 @@ private:
     enum class Pass : std::uint8_t { Back, Front };
     void DrawPass(Pass pass, const LiteralKeys& keys);
     void Move(Element& element) const;
-    void SwingWhole(Element& element);
+    static void SwingWhole(Element& element);
+    [[nodiscard]] std::uint32_t ClearColor() const;
     void FollowCamera(Element& element);
     void MoveCamera(const LiteralKeys& keys);
     [[nodiscard]] bool HasPictures(const Element& element) const;
 
     // What is seen of an element (LiteralPicture.cpp).
     void Draw(const Element& element);
-    [[nodiscard]] double RowShear(const Element& element, const Image& image, float drawX) const;
-    void DrawRows(const Element& element, const Image& image, float drawX, float drawY,
+    // Where the picture's left upper corner and the element's axis point stand.
+    struct Place {
+        float x;
+        float y;
+        double axisX;
+        double axisY;
+    };
+    [[nodiscard]] double Stretch(const BackgroundElement& element) const;
+    void DrawRows(const Element& element, const Image& image, const Place& place,
                   const Paint& paint);
     void DrawTiles(const Element& element, const Image& image, std::int64_t x, std::int64_t y,
                    const Paint& paint);

@@ -90,6 +90,10 @@ void Writer::Settings() {
         Line("starty", Number(-60, 10, 300));
     }
     text_ += "[BGdef]\nspr = random.sff\n";
+    if (OneIn(3)) {
+        Line("bgclearcolor", Number(0, 255, 300) + ", " + Number(0, 255, 300) + ",77");
+        Line("debugbg", OneIn(4) ? "1" : "0");
+    }
 }
 
 void Writer::Tiles(bool animated) {
@@ -151,9 +155,15 @@ void Writer::Element(int index) {
     if (!OneIn(30)) {
         Line("type", type);
     }
-    Line("spriteno", Sprite());
-    Line("actionno", std::to_string(Whole(0, OneIn(8) ? kActions : kActions - 1)));
-    Line("start", Number(-200, 200, 30000) + ", " + Number(-60, 220, 30000));
+    if (!OneIn(4)) {
+        Line("spriteno", Sprite());
+    }
+    if (type.front() == 'a' || OneIn(3)) {
+        Line("actionno", std::to_string(Whole(0, OneIn(8) ? kActions : kActions - 1)));
+    }
+    const bool fractions = mode_ == RandomFor::Additions && OneIn(4);
+    Line("start", fractions ? Fraction(-200, 200) + ", " + Fraction(-60, 220)
+                            : Number(-200, 200, 30000) + ", " + Number(-60, 220, 30000));
     if (OneIn(2)) {
         Line("delta", OneIn(20) ? Fraction(-40, 40)
                                 : Fraction(-1, 2) + (OneIn(2) ? ", " + Fraction(-1, 2) : ""));
@@ -175,6 +185,10 @@ void Writer::Element(int index) {
     if (mode_ == RandomFor::Additions && OneIn(6)) {
         Line("windowdelta", Fraction(-1, 2) + ", " + Fraction(-1, 2));
     }
+    if (type == "parallax" && OneIn(3)) {
+        Line("yscalestart", Fraction(40, 200));
+        Line("yscaledelta", Fraction(-2, 2));
+    }
     Tiles(type == "anim" || type == "ani" || type == "Anim");
     ElementMotion();
     Blend();
@@ -190,8 +204,10 @@ void Writer::Action(int number) {
         if (OneIn(6)) {
             text_ += "Loopstart\n";
         }
-        text_ += (OneIn(12) ? "-1, 0" : Sprite()) + ", " + Number(-30, 30, 400) + ", " +
-                 Number(-30, 30, 400) + ", " + OneOf(kTimes);
+        const bool fractions = mode_ == RandomFor::Additions && OneIn(4);
+        const auto offset = [&] { return fractions ? Fraction(-30, 30) : Number(-30, 30, 400); };
+        text_ += (OneIn(12) ? "-1, 0" : Sprite()) + ", " + offset();
+        text_ += ", " + offset() + ", " + OneOf(kTimes);
         const std::string flip = OneOf(kFlips);
         const std::string blend = OneOf(kBlends);
         if (!flip.empty() || !blend.empty()) {
@@ -205,8 +221,9 @@ void Writer::Action(int number) {
 }
 
 void Writer::Control() {
-    static constexpr std::array kTypes = {"visible", "enable", "velset", "veladd", "posset",
-                                          "posadd",  "anim",   "sinx",   "siny",   "null"};
+    static constexpr std::array kTypes = {"visible", "enable", "velset", "veladd",
+                                          "posset",  "posadd", "anim",   "sinx",
+                                          "siny",    "null",   "enabled"};
     text_ += "[BGCtrl]\n";
     const std::string type = OneOf(kTypes);
     Line("type", type);
@@ -223,7 +240,8 @@ void Writer::Control() {
         Line("ctrlid", Ids());
     }
     if (type == "sinx" || type == "siny") {
-        Line("value", Number(-20, 20, 90) + ", " + Number(0, 20, 90));
+        Line("value", Number(-20, 20, 90) + ", " + Number(0, 20, 90) +
+                          (OneIn(2) ? ", " + Number(0, 20, 90) : ""));
     } else if (!OneIn(8)) {
         Line("value", std::to_string(Whole(0, type == "anim" ? kActions : 1)));
     }

@@ -7,7 +7,7 @@
 
 #include <gtest/gtest.h>
 
-#include "frames/PaintedStage.h"
+#include "frames/ContactSheet.h"
 #include "literal/Comparison.h"
 
 namespace scenara::test {
@@ -68,6 +68,8 @@ constexpr const char* kAnimControl =
 constexpr const char* kAdded =
     "[BG arrow]\ntype = normal\nspriteno = 1,0\nstart = 10,100\nvelocity = 2,1\nid = 1\n"
     "[BGCtrlDef]\nctrlid = 1\n[BGCtrl]\ntype = posadd\nx = 5\ny = 2\n";
+
+constexpr const char* kNothingIsSeen = "[BGCtrlDef]\n[BGCtrl]\ntype = visible\nvalue = 0\n";
 
 constexpr Row kRows[] = {
     // Elements that stand still.
@@ -180,6 +182,57 @@ constexpr Row kRows[] = {
      "trans = none\n[Begin Action 1]\n1,0, 0,0, 2, , A\n"},
     {"none is none from 1.0 on", kAdditions, Held::Nothing, 1, kAnimated,
      "trans = none\n[Info]\nmugenversion = 1.0\n[Begin Action 1]\n1,0, 0,0, 2, , A\n"},
+    // What is seen where nothing is, and what moves.
+    {"black where nothing is", kAdditions, Held::Nothing, 3, kArrow,
+     "[BGCtrlDef]\n[BGCtrl]\ntype = visible\nvalue = 0\ntime = 1\n"},
+    {"a colour where nothing is", kAdditions, Held::Nothing, 1, kNothingIsSeen,
+     "[BGdef]\nbgclearcolor = 10,20,300\n"},
+    {"magenta where nothing is", kAdditions, Held::Nothing, 1, kNothingIsSeen,
+     "[BGdef]\ndebugbg = 1\nbgclearcolor = 10,20,30\n"},
+    {"no other debugbg", kAdditions, Held::Nothing, 1, kNothingIsSeen,
+     "[BGdef]\ndebugbg = 2\nbgclearcolor = 10,20,30\n"},
+    {"a whole swing in a period", kAdditions, Held::Nothing, 4, kArrow, "sin.y = 20,12\n"},
+    {"the phase in degrees", kAdditions, Held::Nothing, 1, kArrow, "sin.x = 20,12,90\n"},
+    {"a period below 0: no swing", kAdditions, Held::Nothing, 4, kArrow,
+     "sin.y = 20,-12,90\nsin.x = 5,8\n"},
+    {"a controller's swing begins in its own frame", kAdditions, Held::Nothing, 6, kControl,
+     "type = siny\nvalue = 20, 9, 2\n"},
+    {"a linked element swings with its parent", kAdditions, Held::Nothing, 4, kArrow,
+     "sin.y = 20,12\n[BG linked]\ntype = normal\nspriteno = 2,0\npositionlink = 1\n"},
+    {"a disabled element does not swing", kAdditions, Held::Nothing, 9, kArrow,
+     "sin.y = 20,12\n[BGCtrlDef]\nctrlid = 1\n[BGCtrl]\ntype = enable\nvalue = 0\ntime = 2\n"
+     "[BGCtrl]\ntype = enable\nvalue = 1\ntime = 7\n"},
+    {"hidden elements drift on", kAdditions, Held::Nothing, 9, kDriftAndControl,
+     "type = visible\nvalue = 0\ntime = 2\n[BGCtrl]\ntype = visible\nvalue = 1\ntime = 7\n"
+     "[BGCtrl]\ntype = posadd\nx = 1\ntime = 8\n"},
+    {"enabled is enable", kAdditions, Held::Nothing, 2, kControl, "type = enabled\nvalue = 0\n"},
+    {"both layers: moved once", kAdditions, Held::Nothing, 5, kArrow,
+     "velocity = 3\nlayerno = -1\n"},
+    {"an unknown kind carries its links", kAdditions, Held::Nothing, 5,
+     "[BG lead]\ntype = water\nstart = -40,90\nvelocity = 4\n",
+     "[BG follows]\ntype = normal\nspriteno = 1,0\nstart = 20,10\npositionlink = 1\n"},
+    // Frames, rows and fractions.
+    {"mirrored tiles", kAdditions, Held::Nothing, 1, kAnimated,
+     "tile = 3,2\ntilespacing = 60,50\n[Begin Action 1]\n1,0, 0,0, 9, H\n"},
+    {"a still element without a picture shows an action", kAdditions, Held::Nothing, 1, "",
+     "[BG a]\ntype = normal\nactionno = 1\nstart = 0,90\ntile = 2\n"
+     "[Begin Action 1]\n1,0, 3,4, 9, H\n"},
+    {"a still element with a picture shows that", kAdditions, Held::Nothing, 1,
+     "[Begin Action 1]\n1,0, 3,4, 9, H\n[BG a]\ntype = normal\nspriteno = 2,0\n",
+     "start = 0,90\nactionno = 1\n"},
+    {"a parallax element shows an action", kAdditions, Held::Right, 9,
+     "[Begin Action 1]\n1,0, 3,4, 5, H\n4,1, 0,0, 3\n"
+     "[BG a]\ntype = parallax\nspriteno = 3,0\nstart = 20,90\n",
+     "xscale = 1,3\nactionno = 1\n"},
+    {"rows are sheared from the middle", kAdditions, Held::Nothing, 1,
+     "[BG floor]\ntype = parallax\nspriteno = 3,0\nstart = 60,150\n", "xscale = 1,2\n"},
+    {"rows are stretched about the axis", kAdditions, Held::Nothing, 1, kFloor,
+     "yscalestart = 60\nxscale = 1,2\n"},
+    {"and shrunk", kAdditions, Held::Up, 9, kFloor, "yscaledelta = -7\n"},
+    {"halves of a start", kAdditions, Held::Nothing, 1,
+     "[BG arrow]\ntype = normal\nspriteno = 1,0\n", "start = 10.75,101.5\n"},
+    {"halves of an offset", kAdditions, Held::Nothing, 1, kAnimated,
+     "start = 0.5,90.5\n[Begin Action 1]\n1,0, 0.5,-1.5, 9\n"},
     {"a distance below 0: one", kAdditions, Held::Nothing, 3, kMaskedArrow,
      "velocity = 9,0\ntile = 5\ntilespacing = -45,0\n"},
 };
@@ -204,6 +257,20 @@ TEST_P(Rules, ProgramAgrees) {
     EXPECT_EQ(FirstDifference(with, view), "");
     EXPECT_FALSE(LiteralPictureOf(with, view) == LiteralPictureOf(StageOf(row, ""), view))
         << "nothing of the rule is seen";
+}
+
+// The camera moves, so that rows are sheared.
+TEST(ContactSheet, ProgramAgrees) {
+    for (const SheetStage& sheet : kSheetStages) {
+        SCOPED_TRACE(sheet.name);
+        RandomStage stage;
+        stage.archive = PaintedArchive();
+        stage.definition =
+            std::string("[BGdef]\nspr = random.sff\n") + kRoom + SheetDefinition(sheet);
+        stage.keys.assign(5, {.left = false, .right = true, .up = true, .down = false});
+        EXPECT_EQ(FirstDifference(stage, ViewOptions{true}), "");
+        EXPECT_EQ(FirstDifference(stage, ViewOptions{false}), "");
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Literal, Rules, testing::ValuesIn(kRows));

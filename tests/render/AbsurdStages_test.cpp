@@ -171,7 +171,6 @@ public:
         if (player.view.Additions) {
             ApplyStageScale(player.model, player.picture);
         }
-        player.flags.Deform = kByteTrue;
         player.Start();
     }
 

@@ -16,7 +16,7 @@ namespace scenara::test {
 namespace {
 
 constexpr DrawOptions kPlain{};
-constexpr DrawOptions kWithAdditions{true, false};
+constexpr DrawOptions kWithAdditions{true};
 
 constexpr Blending kAdd{BlendKind::Add};
 constexpr Blending kAdd1{BlendKind::Add1};

@@ -47,7 +47,7 @@ TEST(Mirroring, IsAboutTheAxisAndPlainlyAtTheSamePlace) {
         StagePlayer player;
         const Integer hill = player.build.Sprite("hill", 50, 40, row.axisX, row.axisY);
         player.build.AnimationAt({{hill, -1, 3, -4, row.flip}}, 160, 120);
-        EXPECT_EQ(player.StartAndDrawFirst({true, false}), (Lines{row.drawn}));
+        EXPECT_EQ(player.StartAndDrawFirst({true}), (Lines{row.drawn}));
         EXPECT_EQ(player.DrawFirst(), (Lines{row.plainly}));
     }
 }
@@ -57,7 +57,7 @@ protected:
     BackgroundElement& Flipped(const char* flip) {
         return player.build.AnimationAt({{hill, -1, 3, -4, flip}}, 160, 120);
     }
-    Lines Draw() { return player.StartAndDrawFirst({true, false}); }
+    Lines Draw() { return player.StartAndDrawFirst({true}); }
 
     StagePlayer player{ViewOptions{true}};
     const Integer hill = player.build.Sprite("hill", 50, 40, 10, 30);
@@ -74,18 +74,23 @@ TEST_F(MirroredFrames, AreCutToTheWindow) {
     EXPECT_EQ(Draw(), (Lines{"hill 130,110 20x10 from 7,4 mirrored flipped"}));
 }
 
-TEST_F(MirroredFrames, LeftToRightAreDrawnOnceWhateverTheTiling) {
-    for (const char* const flip : {"h", "hv"}) {
-        player.model.Elements.clear();
-        Tiled(Flipped(flip), 3, 2, 60, 1);
-        EXPECT_EQ(Draw().size(), 1U) << flip;
-    }
-}
-
-TEST_F(MirroredFrames, UpsideDownAreTiled) {
+TEST_F(MirroredFrames, KeepTheirTiling) {
     Tiled(Flipped("v"), 3, 0, 60);
     EXPECT_EQ(Draw(), (Lines{"hill 153,106 50x40 flipped", "hill 213,106 50x40 flipped",
                              "hill 273,106 50x40 flipped"}));
+    player.model.Elements.clear();
+    Tiled(Flipped("h"), 2, 2, 60, 80);
+    EXPECT_EQ(Draw(), (Lines{"hill 123,86 50x40 mirrored", "hill 183,86 50x40 mirrored",
+                             "hill 123,166 50x40 mirrored", "hill 183,166 50x40 mirrored"}));
+    player.model.Elements.clear();
+    Tiled(Flipped("hv"), 0, 2, 1, 80);
+    EXPECT_EQ(Draw(), (Lines{"hill 123,106 50x40 mirrored flipped",
+                             "hill 123,186 50x40 mirrored flipped"}));
+}
+
+TEST_F(MirroredFrames, PlainlyStandAlone) {
+    Tiled(Flipped("h"), 2, 2, 60, 80);
+    EXPECT_EQ(player.StartAndDrawFirst({}).size(), 1U);
 }
 
 }  // namespace

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Windows that move, Deform, negative tile steps, sideways swings and the upper bound: what else
-// additions change in the drawing.
+// Windows that move, stretching, negative tile steps, sideways swings and the upper bound: what
+// else additions change in the drawing.
 #include <cstddef>
 #include <limits>
 #include <vector>
@@ -71,7 +71,7 @@ TEST(MovingWindows, CutTheDrawingOfTheFrame) {
     EXPECT_EQ(player.BackPass(), (Lines{"hill 92,50 50x40 from 92,50"}));
 }
 
-// --- Deform ---
+// --- stretching ---
 
 double StretchOf(Single start, Single delta = 0, Single camera = 0) {
     BackgroundElement element;
@@ -114,66 +114,68 @@ TEST(RowStretch, IsTheInverseOfItsPercentageWithinASixteenthAnd16) {
     }
 }
 
-std::vector<std::int64_t> SourceRows(std::int64_t rows, double stretch) {
-    std::vector<std::int64_t> sources;
-    for (std::int64_t row = 0; row < StretchedRows(rows, stretch); ++row) {
-        sources.push_back(SourceRow(row, stretch));
+// Line by line from the first one that a row covers, the row that it shows.
+std::vector<std::int64_t> RowsByLine(double top, double stretch, std::int64_t rows) {
+    const StretchedRows stretched{top, stretch};
+    std::vector<std::int64_t> lines;
+    for (std::int64_t row = 0; row < rows; ++row) {
+        lines.insert(lines.end(),
+                     static_cast<std::size_t>(stretched.From(row + 1) - stretched.From(row)), row);
     }
-    return sources;
+    return lines;
 }
 
 TEST(StretchedRows, AreRepeatedOrLeftOut) {
     using Rows = std::vector<std::int64_t>;
-    EXPECT_EQ(SourceRows(3, 1), (Rows{0, 1, 2}));
-    EXPECT_EQ(SourceRows(3, 2), (Rows{0, 0, 1, 1, 2, 2}));
-    EXPECT_EQ(SourceRows(3, 1.5), (Rows{0, 0, 1, 2, 2}));  // 0, .67, 1.33, 2, 2.67
-    EXPECT_EQ(SourceRows(1, 16), Rows(16, 0));
-    EXPECT_EQ(SourceRows(6, 0.5), (Rows{0, 2, 4}));
-    EXPECT_EQ(SourceRows(5, 0.5), (Rows{0, 2, 4}));
-    EXPECT_EQ(SourceRows(100, 1.0 / 16), (Rows{0, 16, 32, 48, 64, 80, 96}));
-    EXPECT_EQ(SourceRows(1, 1.0 / 16), (Rows{0}));
+    EXPECT_EQ(RowsByLine(0, 1, 3), (Rows{0, 1, 2}));
+    EXPECT_EQ(RowsByLine(-7, 2, 3), (Rows{0, 0, 1, 1, 2, 2}));
+    EXPECT_EQ(RowsByLine(0, 1.5, 3), (Rows{0, 0, 1, 2, 2}));  // 0, 1.5, 3, 4.5
+    EXPECT_EQ(RowsByLine(0.5, 1.5, 3), (Rows{0, 1, 1, 2}));   // .5, 2, 3.5, 5
+    EXPECT_EQ(RowsByLine(0, 16, 1), Rows(16, 0));
+    EXPECT_EQ(RowsByLine(0, 0.5, 6), (Rows{0, 2, 4}));
+    EXPECT_EQ(RowsByLine(0, 1.0 / 16, 1), Rows());
+    EXPECT_EQ(StretchedRows(0.5, 1).From(0), 1) << "a half goes down";
+    EXPECT_EQ(StretchedRows(-10.25, 2).From(3), -4);
 }
 
-// For stretches that no binary number is: no row beyond the picture, and the last one not missing
-// by more than a row of the screen.
-TEST(StretchedRows, StayInsideOfThePicture) {
-    for (int percent = 7; percent < 1600; ++percent) {
-        const double stretch = StretchOf(static_cast<Single>(percent));
-        for (const std::int64_t rows : {1, 2, 3, 60, 240, 1000}) {
-            const std::int64_t count = StretchedRows(rows, stretch);
-            ASSERT_GE(count, 1) << percent;
-            ASSERT_LT(SourceRow(count - 1, stretch), rows) << percent << " " << rows;
-            ASSERT_GE(SourceRow(count + 1, stretch), rows) << percent << " " << rows;
+TEST(StretchedRows, BeforeIsARowThatTheLineDoesNotShow) {
+    for (const double stretch : {1.0 / 16, 0.3, 1.0, 1.1, 7.3, 16.0}) {
+        for (std::int64_t line = -300; line < 300; ++line) {
+            const StretchedRows rows{-211.7, stretch};
+            const std::int64_t before = rows.Before(line);
+            ASSERT_GE(before, 0);
+            ASSERT_TRUE(before == 0 || rows.From(before) <= line) << stretch << " " << line;
+            ASSERT_GE(rows.From(before + 3), line) << stretch << " " << line;
         }
     }
 }
 
-class Deform : public testing::Test {
+class Stretched : public testing::Test {
 protected:
     BackgroundElement& Floor(Single yscaleStart) {
         BackgroundElement& element = player.build.ParallaxAt(floor, 10, 200);
         element.yscaleStart = yscaleStart;
         return element;
     }
-    Lines Draw() { return player.StartAndDrawFirst({true, true}); }
+    Lines Draw() { return player.StartAndDrawFirst({true}); }
 
     StagePlayer player{ViewOptions{true}};
     const Integer floor = player.build.Sprite("floor", 100, 3);
 };
 
-TEST_F(Deform, StretchesAboutTheFirstRow) {
+TEST_F(Stretched, IsTallerFromItsFirstRowWhereTheAxisIs) {
     Floor(50);
     EXPECT_EQ(Draw(), (Lines{"floor 10,200 100x1", "floor 10,201 100x1",
                              "floor 10,202 100x1 from 0,1", "floor 10,203 100x1 from 0,1",
                              "floor 10,204 100x1 from 0,2", "floor 10,205 100x1 from 0,2"}));
 }
 
-TEST_F(Deform, ShrinksAsWell) {
+TEST_F(Stretched, ShrinksAsWell) {
     Floor(200);
     EXPECT_EQ(Draw(), (Lines{"floor 10,200 100x1", "floor 10,201 100x1 from 0,2"}));
 }
 
-TEST_F(Deform, FollowsTheCamera) {
+TEST_F(Stretched, FollowsTheCamera) {
     BackgroundElement& element = Floor(100);
     element.yscaleDelta = 1;
     element.deltaY = 0;
@@ -181,48 +183,43 @@ TEST_F(Deform, FollowsTheCamera) {
     EXPECT_EQ(Draw().size(), 6U);
 }
 
-TEST_F(Deform, KeepsTheHeightWithoutTheFlagAndWithoutAdditions) {
+TEST_F(Stretched, GrowsAboutItsAxis) {
     Floor(50);
-    player.Start();
-    for (const DrawOptions& options :
-         {DrawOptions{true, false}, DrawOptions{false, true}, DrawOptions{false, false}}) {
-        EXPECT_EQ(player.DrawFirst(options),
-                  (Lines{"floor 10,200 100x1", "floor 10,201 100x1 from 0,1",
-                         "floor 10,202 100x1 from 0,2"}));
-    }
+    player.model.Sprites[static_cast<std::size_t>(floor)].axisY = 2;
+    // The axis stays at 200, so what is above it is 4 lines tall.
+    EXPECT_EQ(Draw(), (Lines{"floor 10,196 100x1", "floor 10,197 100x1",
+                             "floor 10,198 100x1 from 0,1", "floor 10,199 100x1 from 0,1",
+                             "floor 10,200 100x1 from 0,2", "floor 10,201 100x1 from 0,2"}));
 }
 
-TEST_F(Deform, IsTheViewsFlag) {
+TEST_F(Stretched, KeepsItsHeightWithoutAdditions) {
     Floor(50);
     player.Start();
-    EXPECT_EQ(player.BackPass().size(), 3U);
-    player.flags.Deform = kByteTrue;
-    EXPECT_EQ(player.BackPass().size(), 6U);
-    player.view.Additions = false;
-    EXPECT_EQ(player.BackPass().size(), 3U);
+    EXPECT_EQ(player.DrawFirst({false}), (Lines{"floor 10,200 100x1", "floor 10,201 100x1 from 0,1",
+                                                "floor 10,202 100x1 from 0,2"}));
 }
 
-TEST_F(Deform, LeavesOtherKindsAlone) {
+TEST_F(Stretched, LeavesOtherKindsAlone) {
     player.build.StillAt(floor, 10, 200).yscaleStart = 50;
     EXPECT_EQ(Draw(), (Lines{"floor 10,200 100x3"}));
 }
 
 // The shear is that of the row of the picture, not of the screen.
-TEST_F(Deform, RowsKeepTheirShear) {
+TEST_F(Stretched, RowsKeepTheirShear) {
     Sheared(Floor(50), 1, 2).startX += 90;
     player.model.CamStartX = 20;
-    // 80, and 10 and 20 further left.
+    // 80, and the second half as far again from the middle, 160, the third twice as far.
     EXPECT_EQ(Draw(), (Lines{"floor 80,200 100x1", "floor 80,201 100x1",
-                             "floor 70,202 100x1 from 0,1", "floor 70,203 100x1 from 0,1",
-                             "floor 60,204 100x1 from 0,2", "floor 60,205 100x1 from 0,2"}));
+                             "floor 40,202 100x1 from 0,1", "floor 40,203 100x1 from 0,1",
+                             "floor 0,204 100x1 from 0,2", "floor 0,205 100x1 from 0,2"}));
 }
 
-TEST_F(Deform, IsCutToTheWindow) {
+TEST_F(Stretched, IsCutToTheWindow) {
     Windowed(Floor(50), 0, 203, 59, 204);
     EXPECT_EQ(Draw(), (Lines{"floor 10,203 50x1 from 0,1", "floor 10,204 50x1 from 0,2"}));
 }
 
-TEST_F(Deform, DrawsNoMoreRowsThanTheViewHas) {
+TEST_F(Stretched, DrawsNoMoreRowsThanTheViewHas) {
     const Integer tall = player.build.Sprite("tall", 100, 32767);
     BackgroundElement& element = player.build.ParallaxAt(tall, 10, -100000);
     element.yscaleStart = 1;
@@ -287,11 +284,8 @@ TEST(SidewaysSwing, OfAnElementOfItsOwn) {
     const Integer hill = player.build.Sprite("hill", 50, 40);
     player.build.StillAt(hill, 100, 20).sinState = {8, 4, 0};
     player.Start();
-    // 8 sin(pi / 4 * (frame - 1)), and 0 in the first.
-    EXPECT_EQ(player.Film(10), (Lines{"hill 100,20 50x40", "hill 100,20 50x40", "hill 106,20 50x40",
-                                      "hill 108,20 50x40", "hill 106,20 50x40", "hill 100,20 50x40",
-                                      "hill 94,20 50x40", "hill 92,20 50x40", "hill 94,20 50x40",
-                                      "hill 100,20 50x40"}));
+    EXPECT_EQ(player.Film(5), (Lines{"hill 100,20 50x40", "hill 108,20 50x40", "hill 100,20 50x40",
+                                     "hill 92,20 50x40", "hill 100,20 50x40"}));
 }
 
 // --- the upper bound ---

@@ -118,14 +118,14 @@ TEST(HiresStage, IsDrawnAtHalfItsSize) {
                   Windowed(Tiled(s.HillFrame({bar, -1}, -320, 0), 1, 0, 20, 1), 0, 0, 51, 51);
               },
               {"bar 0,0 8x4", "bar 10,0 8x4", "bar 20,0 6x4"}},
-             // 160 - 150 - 10, and 0, 5, 10 further left from row to row.
-             {"parallax rows sheared by the halved delta",
+             // 160 - 150 - 10, and from row to row half as far again from the middle, 160.
+             {"parallax rows sheared by half the distances",
               [](Hires& s) {
                   s.model.CamStartX = 20;
                   const Integer floor = s.Halved("floor", 100, 3);
                   StartAt(Sheared(s.build.Parallax(floor), 1, 2), -300, 0);
               },
-              {"floor 0,0 100x1", "floor -5,1 100x1 from 0,1", "floor -10,2 100x1 from 0,2"}},
+              {"floor 0,0 100x1", "floor -80,1 100x1 from 0,1", "floor -160,2 100x1 from 0,2"}},
          }) {
         SCOPED_TRACE(row.name);
         Hires stage;
@@ -157,7 +157,8 @@ TEST(HiresStage, DriftsAndSwingsHalfAsFar) {
     stage.Begin();
     stage.Frames(2);
     EXPECT_EQ(stage.Element(0).posX, 118);  // 115 and twice 1.5
-    stage.Element(0).sinYPhase = 5;
+    stage.Element(0).sinYPhase = 0;
+    stage.Element(0).sinYPeriod = 8;
     stage.Frames(1);
     EXPECT_FLOAT_EQ(stage.Element(0).sinOffset[1], 10);  // a quarter of the swing
 }
@@ -170,8 +171,8 @@ TEST(HiresStage, NeighboursStayTogetherAtHalves) {
         StartAt(stage.build.Still(pane), x, x);
         StartAt(stage.build.Still(pane), x + 102, x + 62);
         stage.Begin();
-        DrawElement(stage.engine, stage.model, stage.Element(0), {true, false});
-        DrawElement(stage.engine, stage.model, stage.Element(1), {true, false});
+        DrawElement(stage.engine, stage.model, stage.Element(0), {true});
+        DrawElement(stage.engine, stage.model, stage.Element(1), {true});
         ASSERT_EQ(stage.record.Quads().size(), 2U);
         const DrawnQuad first = stage.record.Quads()[0];
         const DrawnQuad second = stage.record.Quads()[1];

@@ -155,8 +155,15 @@ TEST(AnimationClock, HiddenElementsRunOn) {
 TEST(AnimationClock, ElementsThatAreNotAnimatedHaveNone) {
     Clocked clock({1, 1});
     clock.Element().kind = ElementKind::Still;
+    clock.Element().spriteIndex = 0;
     EXPECT_EQ(clock.Shown(3), (Frames{0, 0, 0}));
     EXPECT_EQ(clock.Element().frameTime, 1);
+}
+
+TEST(AnimationClock, OtherKindsThatShowAnActionHaveOne) {
+    Clocked clock({1, 1});
+    clock.Element().kind = ElementKind::Parallax;
+    EXPECT_EQ(clock.Shown(3), (Frames{0, 1, 0}));
 }
 
 TEST(AnimationClock, WithoutAnActionNothingHappens) {

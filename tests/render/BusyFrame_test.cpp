@@ -72,7 +72,6 @@ void AddAdditions(StagePlayer& player) {
     player.model.BoundHigh = -100;
     player.model.hires = 1;
     ApplyStageScale(player.model, player.picture);
-    player.flags.Deform = kByteTrue;
 }
 
 void ExpectNoAllocationInFrames(StagePlayer& player, std::size_t fewestQuads) {

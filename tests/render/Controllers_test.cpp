@@ -35,7 +35,7 @@ protected:
     // What that comes to for the element.
     std::string Tick(int count = 1) {
         const BackgroundElement before = model.Elements[0];
-        ResolveControls(model);
+        ResolveControls(model, false);
         ResolveTargets(model);
         for (int i = 0; i < count; ++i) {
             RunControllers(model);

@@ -50,8 +50,8 @@ protected:
 TEST_F(DrawnAgain, IsWhatTheNextFrameBeginsWith) {
     player.Frames(2);
     // All have moved on since the second one, the tree with the floor.
-    EXPECT_EQ(Again(), (Lines{"floor 46,108 30x10", "tree 46,108 10x20", "second 160,0 10x10",
-                              "cloud 106,30 20x10", "cloud 106,30 20x10"}));
+    EXPECT_EQ(Again(), (Lines{"floor 46,100 30x10", "tree 46,100 10x20", "second 160,0 10x10",
+                              "cloud 104,30 20x10", "cloud 104,30 20x10"}));
 }
 
 TEST_F(DrawnAgain, IsTheSameEveryTimeAndMovesNothing) {
@@ -82,7 +82,7 @@ TEST_F(DrawnAgain, ShowsWhereAnElementHasBeenPut) {
 TEST_F(DrawnAgain, IsASceneOfItsOwn) {
     player.model.Elements.clear();
     DrawSceneAgain(player.engine, player.tiles, player.flags);
-    EXPECT_EQ(player.record.TakeLines(), (Lines{"BeginScene", "EndScene"}));
+    EXPECT_EQ(player.record.TakeLines(), (Lines{"BeginScene", "Clear 1 4278190080", "EndScene"}));
     EXPECT_EQ(player.flags.DrawFrontLayer, kByteTrue);
     player.record.AnswerAlways("BeginScene", D3DERR_DEVICELOST);
     ExpectError(RunTimeErrorKind::Direct3D, [&] { static_cast<void>(Again()); });

@@ -103,6 +103,7 @@ struct LeadingDummy {
     bool switchedOn;  // by a controller, in the first frame
     bool hasSprite;   // the archive happens to have one of its numbers
     bool moves;
+    int halfASwing;  // where the parent is swung to in the third frame
 };
 
 class LedByADummy : public testing::TestWithParam<LeadingDummy> {};
@@ -118,17 +119,19 @@ TEST_P(LedByADummy, AnElementGoesWithIt) {
     stage.Start();
     EXPECT_EQ(stage.Film(1), (Lines{"a 100,50"}));
     stage.Frames(1);
-    EXPECT_EQ(stage.Film(1), (Lines{GetParam().moves ? "a 106,58" : "a 100,50"}));
+    EXPECT_EQ(stage.Film(1),
+              (Lines{GetParam().moves ? "a 106," + std::to_string(50 + GetParam().halfASwing)
+                                      : "a 100,50"}));
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Shown, LedByADummy,
-    testing::Values(LeadingDummy{"Plain", kPlainView, false, false, false},
-                    LeadingDummy{"PlainWithASprite", kPlainView, false, true, false},
-                    LeadingDummy{"PlainSwitchedOn", kPlainView, true, false, true},
-                    LeadingDummy{"PlainSwitchedOnWithASprite", kPlainView, true, true, true},
-                    LeadingDummy{"Additions", {}, false, false, true},
-                    LeadingDummy{"AdditionsWithASprite", {}, false, true, true}),
+    testing::Values(LeadingDummy{"Plain", kPlainView, false, false, false, 0},
+                    LeadingDummy{"PlainWithASprite", kPlainView, false, true, false, 0},
+                    LeadingDummy{"PlainSwitchedOn", kPlainView, true, false, true, 8},
+                    LeadingDummy{"PlainSwitchedOnWithASprite", kPlainView, true, true, true, 8},
+                    LeadingDummy{"Additions", {}, false, false, true, 0},
+                    LeadingDummy{"AdditionsWithASprite", {}, false, true, true, 0}),
     [](const auto& row) { return std::string(row.param.name); });
 
 }  // namespace

@@ -2,6 +2,7 @@
 #include "render/Motion.h"
 
 #include <cmath>
+#include <limits>
 #include <numbers>
 #include <string>
 #include <vector>
@@ -25,8 +26,8 @@ TEST(Drift, MovesPositionAndMotionByTheVelocity) {
     element.posY = 20;
     element.ctrlPos = {3, 4, 0, 0};
     const BackgroundElement before = element;
-    MoveDrawn(element);
-    MoveDrawn(element);
+    Drift(element);
+    Drift(element);
     EXPECT_EQ(Changes(before, element), "posX=11, posY=17.5, ctrlPos=4 1.5 0 0");
 }
 
@@ -47,7 +48,7 @@ TEST(Swing, ReturnsToTheMiddleAfterTwiceThePeriod) {
     for (int n = 0; n < 43; ++n) {
         EXPECT_EQ(element.sinYPhase, n % 20);
         EXPECT_NEAR(element.sinOffset[1], n == 0 ? 0 : Sine(8, (n - 1) / 10.0), 1e-6) << n;
-        MoveDrawn(element);
+        SwingOn(element);
     }
 }
 
@@ -90,7 +91,7 @@ TEST(Swing, BeginsInTheMiddleAndGoesOnByItsPhaseAndPeriod) {
         BackgroundElement element = ElementSwinging(row.amplitude, row.period, row.phase);
         for (const Single shown : row.shown) {
             EXPECT_NEAR(element.sinOffset[1], shown, 1e-6);
-            MoveDrawn(element);
+            SwingOn(element);
         }
         EXPECT_EQ(element.sinYPhase, row.time);
     }
@@ -99,13 +100,13 @@ TEST(Swing, BeginsInTheMiddleAndGoesOnByItsPhaseAndPeriod) {
 TEST(Swing, SidewaysHasItsOwnValues) {
     BackgroundElement element = ElementSwinging(8, 10, 0);
     element.sinState = {4, 3, 1};
-    MoveDrawn(element);
+    SwingOn(element);
     EXPECT_FLOAT_EQ(element.sinOffset[0], Sine(4, 1.0 / 3));
     EXPECT_EQ(element.sinOffset[1], 0);
     EXPECT_EQ(element.sinState[2], 2);
     EXPECT_EQ(element.sinYPhase, 1);
     for (int i = 0; i < 4; ++i) {
-        MoveDrawn(element);
+        SwingOn(element);
     }
     EXPECT_EQ(element.sinState[2], 0);
     EXPECT_EQ(element.sinYPhase, 5);
@@ -115,7 +116,7 @@ TEST(Swing, SidewaysWithAnAmplitudeOf3AndNoPeriodNeverMoves) {
     BackgroundElement element;
     element.sinState = {3, 0, 0};
     for (int i = 0; i < 30; ++i) {
-        MoveDrawn(element);
+        SwingOn(element);
         EXPECT_EQ(element.sinOffset[0], 0);
     }
 }
@@ -123,9 +124,53 @@ TEST(Swing, SidewaysWithAnAmplitudeOf3AndNoPeriodNeverMoves) {
 TEST(Swing, DoesNotMoveThePosition) {
     BackgroundElement element = ElementSwinging(8, 10, 5);
     element.posY = 50;
-    MoveDrawn(element);
+    SwingOn(element);
     EXPECT_EQ(element.posY, 50);
     EXPECT_EQ(element.ctrlPos[1], 0);
+}
+
+// --- whole swings ---
+
+struct WholeSwing {
+    const char* name;
+    Single amplitude;
+    Single period;
+    Single phase;               // degrees
+    std::vector<Single> shown;  // frame by frame
+};
+
+TEST(WholeSwing, TakesItsPeriodAndBeginsAtItsPhase) {
+    for (const WholeSwing& row : std::vector<WholeSwing>{
+             {"a quarter in each frame", 8, 4, 0, {0, 8, 0, -8, 0, 8}},
+             {"from its top", 8, 4, 90, {8, 0, -8, 0, 8}},
+             {"from below the middle", 8, 8, -45, {Sine(8, -0.25), 0, Sine(8, 0.25)}},
+             {"the period a fraction", 2, 1.5F, 0, {0, Sine(2, 4.0 / 3), Sine(2, 8.0 / 3), 0}},
+             {"no period", 3, 0, 90, std::vector<Single>(5, 0)},
+             {"a period below 0", 3, -10, 90, std::vector<Single>(5, 0)},
+             {"no amplitude", 0, 10, 90, std::vector<Single>(5, 0)},
+         }) {
+        SCOPED_TRACE(row.name);
+        BackgroundElement upwards = ElementSwinging(row.amplitude, row.period, row.phase);
+        BackgroundElement sideways;
+        sideways.sinState = {row.amplitude, row.period, row.phase};
+        for (const Single shown : row.shown) {
+            SwingWhole(upwards);
+            SwingWhole(sideways);
+            EXPECT_NEAR(upwards.sinOffset[1], shown, 1e-6);
+            EXPECT_EQ(sideways.sinOffset[0], upwards.sinOffset[1]);
+            EXPECT_EQ(upwards.sinOffset[0], 0);
+        }
+        EXPECT_EQ(upwards.sinYPhase, row.phase) << "is the file's";
+    }
+}
+
+TEST(WholeSwing, GoesOnFromTheStartAfterTheLastTick) {
+    BackgroundElement element = ElementSwinging(8, 4, 90);
+    element.swingTick[1] = std::numeric_limits<Long>::max();
+    SwingWhole(element);
+    EXPECT_EQ(element.swingTick[1], 0);
+    SwingWhole(element);
+    EXPECT_EQ(element.sinOffset[1], 8);
 }
 
 // --- parallax ---

@@ -54,23 +54,19 @@ TEST(RowSpeed, RunsEvenlyFromTheTopScaleToTheBottomOne) {
 struct Position {
     const char* name;
     Single elementX;
-    Single camera;
+    double shear;
     std::int64_t row;  // of three, the last twice as fast
     std::int64_t position;
-    Single delta = 1;
 };
 
-TEST(RowPosition, IsShearedByTheCameraAndRoundedByItself) {
+TEST(RowPosition, IsShearedByItsSpeedAndRoundedByItself) {
     for (const Position& row : {
              // 100 shown to the right: the floor's lower rows run ahead to the left.
              Position{"the first", 10, -100, 0, 10},
              {"the second", 10, -100, 1, -40},
              {"the last", 10, -100, 2, -90},
              {"the last, to the right", 10, 100, 2, 110},
-             {"half a delta", 10, -100, 2, -40, 0.5F},
-             {"no delta", 10, -100, 2, 10, 0},
-             {"a negative delta", 10, -100, 2, 110, -1},
-             {"the camera at 0", 37, 0, 1, 37},
+             {"no shear", 37, 0, 1, 37},
              {"the first by 1", 10, -1, 0, 10},
              {"9.5", 10, -1, 1, 10},
              {"10.5", 11, -1, 1, 10},
@@ -79,8 +75,7 @@ TEST(RowPosition, IsShearedByTheCameraAndRoundedByItself) {
              {"11.5 without shear", 11.5F, -1, 0, 12},
              {"-0.5", -0.5F, 0, 0, 0},
          }) {
-        EXPECT_EQ(RowPosition(Scaled(1, 2, row.delta), row.elementX, row.camera, row.row, 3),
-                  row.position)
+        EXPECT_EQ(RowPosition(Scaled(1, 2), row.elementX, row.shear, row.row, 3), row.position)
             << row.name;
     }
     EXPECT_EQ(RowPosition(Scaled(1, 9), 37, 0, 5, 10), 37);
@@ -88,14 +83,11 @@ TEST(RowPosition, IsShearedByTheCameraAndRoundedByItself) {
 
 TEST(RowPosition, OfAbsurdNumbersStaysWithinReach) {
     constexpr auto kReach = static_cast<std::int64_t>(kFarthest);
-    for (const Single camera : {-3e38F, -1.0F, 0.0F, 3e38F}) {
+    for (const double shear : {-9e76, -3e38, -1.0, 0.0, 3e38, 9e76}) {
         for (const Single scale : {-3e38F, -1e-38F, 1e-45F, 3e38F}) {
-            for (const Single delta : {-3e38F, 0.0F, 3e38F}) {
-                const std::int64_t x =
-                    RowPosition(Scaled(scale, 3e38F, delta), 3e8F, camera, 5, 10);
-                EXPECT_GE(x, -kReach);
-                EXPECT_LE(x, kReach);
-            }
+            const std::int64_t x = RowPosition(Scaled(scale, 3e38F), 3e8F, shear, 5, 10);
+            EXPECT_GE(x, -kReach);
+            EXPECT_LE(x, kReach);
         }
     }
 }

@@ -312,6 +312,9 @@ public:
     }
     HRESULT BeginScene() override { return record_.Call("BeginScene"); }
     HRESULT EndScene() override { return record_.Call("EndScene"); }
+    HRESULT Clear(std::uint32_t flags, std::uint32_t color) override {
+        return record_.Call("Clear", [&] { return Numbers({flags, color}); });
+    }
     HRESULT DrawPrimitiveUP(std::uint32_t primitiveType, std::uint32_t primitiveCount,
                             std::span<const Vertex> vertices, std::uint32_t stride) override {
         const HRESULT result = record_.Call("DrawPrimitiveUP", [&] {

@@ -129,7 +129,7 @@ private:
     BackgroundElement& Element(const std::string& type) {
         BackgroundElement element;
         element.type = type;
-        element.kind = KindOf(type);
+        element.kind = KindOf(type, false);
         ++model_.ElementCount;
         return model_.Elements.emplace_back(std::move(element));
     }

@@ -39,8 +39,8 @@ INSTANTIATE_TEST_SUITE_P(
                     KindRow{"parrallax", "parallax", "parrallax"}, KindRow{"anim", "anim", "anim"},
                     KindRow{"ani", "anim", "anim"}, KindRow{"anim loop", "anim", "anim loop"},
                     KindRow{"Animated", "anim", "animated"}, KindRow{"dummy", "dummy", "dummy"},
-                    KindRow{"dum", "dummy", "dum"}, KindRow{"bgpalette", "dummy", "bgpalette"},
-                    KindRow{"1", "dummy", "1"}, KindRow{"", "dummy", ""}));
+                    KindRow{"dum", "dummy", "dum"}, KindRow{"bgpalette", "bgpalette", "bgpalette"},
+                    KindRow{"1", "1", "1"}, KindRow{"", "", ""}));
 
 struct UnknownKindRow {
     const char* section;
@@ -56,9 +56,9 @@ TEST(AdditionsElements, OfNoKnownKindAreDummiesAndReported) {
          }) {
         for (const char* const behind : {"", "[BG b]\r\ntype = anim\r\n", "[Info]\r\n"}) {
             const BothReadings read(std::string("; comment\r\n") + row.section + behind);
-            EXPECT_EQ(read.WithElement().type, "dummy") << row.section;
+            EXPECT_EQ(KindOf(read.WithElement().type, true), ElementKind::Dummy) << row.section;
             EXPECT_THAT(read.WithTexts(), ElementsAre(row.said)) << row.section << behind;
-            EXPECT_NE(read.PlainElement().type, "dummy");
+            EXPECT_EQ(read.WithElement().type, read.PlainElement().type) << "keeps its word";
             EXPECT_THAT(read.PlainTexts(), IsEmpty());
         }
     }
@@ -66,9 +66,105 @@ TEST(AdditionsElements, OfNoKnownKindAreDummiesAndReported) {
 
 TEST(AdditionsElements, OfALaterKnownTypeAreStillWhatTheFirstSays) {
     const BothReadings read("[BG]\r\ntype = video\r\ntype = parallax\r\n");
-    EXPECT_EQ(read.WithElement().type, "dummy");
+    EXPECT_EQ(read.WithElement().type, "video");
     EXPECT_THAT(read.WithTexts(), ElementsAre("BG of unknown type video, line 1"));
     EXPECT_EQ(read.PlainElement().type, "parallax");
+}
+
+struct PicturesRow {
+    const char* keys;
+    bool showsFrames;
+};
+
+TEST(AdditionsElements, MayShowTheFramesOfAnAction) {
+    for (const PicturesRow& row : {
+             PicturesRow{"type = normal\r\nactionno = 5\r\n", true},
+             PicturesRow{"actionno = 5\r\ntype = normal\r\n", true},
+             PicturesRow{"type = normal\r\nactionno = 5\r\nspriteno = 1,2\r\n", false},
+             PicturesRow{"type = normal\r\nspriteno = 1,2\r\nactionno = 5\r\n", false},
+             PicturesRow{"type = normal\r\n", false},
+             PicturesRow{"type = parallax\r\nspriteno = 1,2\r\nactionno = 5\r\n", true},
+             PicturesRow{"type = parallax\r\n", false},
+             PicturesRow{"type = dummy\r\nactionno = 5\r\n", false},
+         }) {
+        SCOPED_TRACE(row.keys);
+        const BothReadings read(std::string("[Begin Action 5]\r\n1,2, 0,0, 1\r\n[BG]\r\n") +
+                                row.keys);
+        EXPECT_EQ(ShowsFrames(read.WithElement()), row.showsFrames);
+        EXPECT_EQ(read.WithElement().mask, row.showsFrames ? 1 : 0);
+        if (row.showsFrames) {
+            EXPECT_EQ(read.WithElement().actionIndex, 0) << "its index";
+        }
+        EXPECT_FALSE(ShowsFrames(read.PlainElement()));
+        EXPECT_EQ(read.PlainElement().mask, 0);
+    }
+}
+
+struct FractionRow {
+    const char* start;
+    Long whole;
+    Single fraction;
+};
+
+TEST(AdditionsElements, KeepTheFractionsOfTheirStart) {
+    for (const FractionRow& row : {
+             FractionRow{"7", 7, 0},
+             FractionRow{"7.25", 7, 0.25F},
+             FractionRow{"2.5", 2, 0.5F},
+             FractionRow{"3.5", 4, -0.5F},
+             FractionRow{"-7.75", -8, 0.25F},
+             FractionRow{"abc", 0, 0},
+             FractionRow{"2147483647", 2147483647, 0},
+         }) {
+        SCOPED_TRACE(row.start);
+        const BothReadings read(std::string("[BG]\r\ntype = normal\r\nstart = ") + row.start +
+                                ", " + row.start + "\r\n");
+        EXPECT_EQ(read.WithElement().startX, row.whole);
+        EXPECT_EQ(read.WithElement().startY, row.whole);
+        EXPECT_EQ(read.WithElement().startFraction, (std::array{row.fraction, row.fraction}));
+        EXPECT_EQ(read.PlainElement().startX, row.whole);
+        EXPECT_EQ(read.PlainElement().startFraction, (std::array{0.0F, 0.0F}));
+    }
+}
+
+TEST(AdditionsFrames, KeepTheFractionsOfTheirOffset) {
+    const BothReadings read("[Begin Action 5]\r\n1,2, 3.25,-4.5, 1\r\n");
+    const StageFrame& frame = read.With().Actions.at(0).frames.at(0);
+    EXPECT_EQ(frame.offsetX, 3);
+    EXPECT_EQ(frame.offsetY, -4);
+    EXPECT_EQ(frame.offsetFraction, (std::array{0.25F, -0.5F}));
+    EXPECT_EQ(read.Plain().Actions.at(0).frames.at(0).offsetFraction, (std::array{0.0F, 0.0F}));
+}
+
+struct ClearRow {
+    const char* lines;
+    Integer debugbg;
+    std::array<Integer, 3> color;
+};
+
+TEST(AdditionsSettings, OfTheClearedPictureCountInTheirOwnSectionOnly) {
+    for (const ClearRow& row : {
+             ClearRow{"[BGDef]\r\ndebugbg = 1\r\nbgclearcolor = 1, 2,300\r\n", 1, {1, 2, 300}},
+             ClearRow{"[bgdef]\r\nBGClearColor = 7\r\n", 0, {7, 0, 0}},
+             ClearRow{"[Info]\r\ndebugbg = 1\r\nbgclearcolor = 1, 2,3\r\n", 0, {}},
+             ClearRow{"[BGDef]\r\n[Camera]\r\ndebugbg = 1\r\n", 0, {}},
+         }) {
+        const BothReadings read(row.lines);
+        EXPECT_EQ(read.With().debugbg, row.debugbg) << row.lines;
+        EXPECT_EQ(read.With().bgclearcolor, row.color) << row.lines;
+        EXPECT_EQ(read.Plain().debugbg, 0) << row.lines;
+        EXPECT_EQ(read.Plain().bgclearcolor, (std::array<Integer, 3>{})) << row.lines;
+    }
+}
+
+TEST(AdditionsSettings, OfTheSizeCountInStageInfoOnly) {
+    const char* const keys = "hires = 1\r\nlocalcoord = 640,480\r\n";
+    EXPECT_EQ(BothReadings(std::string("[StageInfo]\r\n") + keys).With().hires, 1);
+    for (const char* const section : {"[Info]\r\n", "[Shadow]\r\n", "[BGDef]\r\n", ""}) {
+        const BothReadings read(std::string(section) + keys);
+        EXPECT_EQ(read.With().hires, 0) << section;
+        EXPECT_EQ(read.With().localcoordHeight, 0) << section;
+    }
 }
 
 TEST(AdditionsElements, EachOfNoKnownKindIsReported) {

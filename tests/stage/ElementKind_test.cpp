@@ -6,13 +6,19 @@
 namespace scenara {
 namespace {
 
-TEST(ElementKind, IsWhatTheWordSaysAndOtherwiseAStillPicture) {
-    EXPECT_EQ(KindOf("normal"), ElementKind::Still);
-    EXPECT_EQ(KindOf("parallax"), ElementKind::Parallax);
-    EXPECT_EQ(KindOf("anim"), ElementKind::Animated);
-    EXPECT_EQ(KindOf("dummy"), ElementKind::Dummy);
+TEST(ElementKind, IsWhatTheWordSays) {
+    for (const bool additions : {false, true}) {
+        EXPECT_EQ(KindOf("normal", additions), ElementKind::Still);
+        EXPECT_EQ(KindOf("parallax", additions), ElementKind::Parallax);
+        EXPECT_EQ(KindOf("anim", additions), ElementKind::Animated);
+        EXPECT_EQ(KindOf("dummy", additions), ElementKind::Dummy);
+    }
+}
+
+TEST(ElementKind, OfAnotherWordIsAStillPictureAndWithAdditionsADummy) {
     for (const char* const word : {"", "Anim", "anim2", "ani", "null", "parallax "}) {
-        EXPECT_EQ(KindOf(word), ElementKind::Still) << word;
+        EXPECT_EQ(KindOf(word, false), ElementKind::Still) << word;
+        EXPECT_EQ(KindOf(word, true), ElementKind::Dummy) << word;
     }
 }
 

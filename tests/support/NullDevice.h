@@ -49,6 +49,7 @@ public:
     }
     HRESULT BeginScene() override { return D3D_OK; }
     HRESULT EndScene() override { return D3D_OK; }
+    HRESULT Clear(std::uint32_t /*flags*/, std::uint32_t /*color*/) override { return D3D_OK; }
     HRESULT DrawPrimitiveUP(std::uint32_t /*primitiveType*/, std::uint32_t /*primitiveCount*/,
                             std::span<const Vertex> /*vertices*/,
                             std::uint32_t /*stride*/) override {

@@ -56,27 +56,30 @@ TEST(ModelJson, NamesMembersAsTheModelDoesInItsOrder) {
               "StageTitle CamStartX CamStartY BoundLeft BoundRight BoundHigh BoundLow MusicFile"
               " ZOffset ZOffsetLink P1StartX Tension ScreenLeft ScreenRight CamX CamY"
               " LastImageWidth LastImageHeight ElementCount SpriteCount ActionCount CtrlDefCount"
-              " ElementsById hires localcoordWidth localcoordHeight ElementScale MugenVersion");
-    EXPECT_EQ(
-        NamesOf(json["elements"][0]),
-        "type mask spriteGroup spriteImage startX startY posX posY deltaX deltaY tileX tileY"
-        " tileSpacingX tileSpacingY velocityX velocityY actionIndex spriteIndex layerno"
-        " lastTileIndex frameIndex frameTime name positionlink linkParent sinState"
-        " sinYAmplitude sinYPeriod sinYPhase ctrlOffset visible enabled trans ctrlPos id"
-        " windowX1 windowX2 windowY1 windowY2 windowActive xscaleTop xscaleBottom alphaSource"
-        " alphaDestination blending windowDeltaX windowDeltaY yscaleStart yscaleDelta"
-        " sinOffset linkSin deltaRead kind alphaDestinationGiven framesBlend tileSpacingGiven");
+              " ElementsById hires localcoordWidth localcoordHeight ElementScale MugenVersion "
+              "debugbg bgclearcolor");
+    EXPECT_EQ(NamesOf(json["elements"][0]),
+              "type mask spriteGroup spriteImage startX startY posX posY deltaX deltaY tileX tileY"
+              " tileSpacingX tileSpacingY velocityX velocityY actionIndex spriteIndex layerno"
+              " lastTileIndex frameIndex frameTime name positionlink linkParent sinState"
+              " sinYAmplitude sinYPeriod sinYPhase ctrlOffset visible enabled trans ctrlPos id"
+              " windowX1 windowX2 windowY1 windowY2 windowActive xscaleTop xscaleBottom alphaSource"
+              " alphaDestination blending windowDeltaX windowDeltaY yscaleStart yscaleDelta"
+              " sinOffset linkSin deltaRead kind alphaDestinationGiven framesBlend tileSpacingGiven"
+              " picturesGiven swingTick startFraction");
     EXPECT_EQ(NamesOf(json["elements"][0]["blending"]), "kind source destination");
     EXPECT_EQ(NamesOf(json["sprites"][0]),
               "axisX axisY width height group image selfIndex reserved masked keyAlpha keyRed"
               " keyGreen keyBlue linkedTo fileWidth fileHeight");
     EXPECT_EQ(NamesOf(json["actions"][0]), "frames loopstart frameCount actionNo");
     EXPECT_EQ(NamesOf(json["actions"][0]["frames"][0]),
-              "group image spriteIndex offsetX offsetY time flip runtimeA runtimeB blending");
+              "group image spriteIndex offsetX offsetY time flip runtimeA runtimeB blending"
+              " offsetFraction");
     EXPECT_EQ(NamesOf(json["ctrlDefs"][0]),
               "looptime timer ctrlIds controlCount controls runtimeA runtimeB");
     EXPECT_EQ(NamesOf(json["ctrlDefs"][0]["controls"][0]),
-              "type startTime endTime loopTime ctrlIds x y value timer value1 value2 given");
+              "type startTime endTime loopTime ctrlIds x y value timer value1 value2 given"
+              " value3");
 }
 
 TEST(ModelJson, WritesFloatsInTheirShortestForm) {

@@ -10,7 +10,8 @@ namespace scenara {
 
 ShotMachine::ShotMachine(Files& files, HeadlessMessages::Observer onMessage,
                          const ViewOptions& view)
-    : messages_(std::move(onMessage)),
+    : view_(view),
+      messages_(std::move(onMessage)),
       direct3D_(std::make_shared<TextureMemory>(), &shown_),
       show_({files, messages_, window_, keyboard_, clock_, pointer_, direct3D_}, view, events_) {}
 
@@ -30,6 +31,16 @@ void ShotMachine::RunFrame(const KeySet& keys, bool info) {
     keyboard_.Hold(keys);
     static_cast<void>(show_.Draw(info));
     show_.Present(info);
+    clock_.Advance();
+}
+
+void ShotMachine::PassFrame(const KeySet& keys, bool info) {
+    if (!view_.Additions) {
+        RunFrame(keys, info);
+        return;
+    }
+    keyboard_.Hold(keys);
+    static_cast<void>(show_.Tick(info));
     clock_.Advance();
 }
 

@@ -52,6 +52,10 @@ public:
     // Draws and shows one frame with these keys down, and lets the clock go on by one.
     void RunFrame(const KeySet& keys, bool info);
 
+    // The same for a frame that nobody looks at: with additions it is not drawn. Plainly a picture
+    // shows what was drawn before it.
+    void PassFrame(const KeySet& keys, bool info);
+
     [[nodiscard]] const StageModel& Model() const { return show_.Model(); }
     [[nodiscard]] const TestCharState& TestChar() const { return show_.TestChar(); }
     [[nodiscard]] const std::vector<Message>& Recorded() const { return messages_.Recorded(); }
@@ -59,6 +63,7 @@ public:
     [[nodiscard]] const std::vector<std::uint32_t>& Picture() const { return shown_.Pixels(); }
 
 private:
+    ViewOptions view_;
     HeadlessMessages messages_;
     HeadlessWindow window_;
     HeadlessKeyboard keyboard_;

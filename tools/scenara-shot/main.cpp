@@ -82,8 +82,14 @@ void WriteModelFile(const std::string& path, const StageModel& model,
 // The last of the frames is written, and on the way every K-th where that is asked for.
 void WriteFrames(ShotMachine& machine, const ShotOptions& options) {
     for (std::int32_t frame = 1; frame <= options.frames; ++frame) {
-        machine.RunFrame(options.keys.KeysOfFrame(frame), options.info);
-        if (options.every && frame % *options.every == 0) {
+        const bool numbered = options.every && frame % *options.every == 0;
+        const KeySet& keys = options.keys.KeysOfFrame(frame);
+        if (numbered || frame == options.frames) {
+            machine.RunFrame(keys, options.info);
+        } else {
+            machine.PassFrame(keys, options.info);
+        }
+        if (numbered) {
             WriteFrameFile(FrameFileName(*options.pictureFile, frame / *options.every),
                            machine.PictureSize(), machine.Picture());
         }

@@ -148,6 +148,17 @@ HRESULT SoftDevice::EndScene() {
     return std::exchange(states_.inScene, false) ? D3D_OK : D3DERR_INVALIDCALL;
 }
 
+HRESULT SoftDevice::Clear(std::uint32_t flags, std::uint32_t color) {
+    if (IsLost()) {
+        return D3DERR_DEVICELOST;
+    }
+    if (flags != D3DCLEAR_TARGET) {
+        return D3DERR_INVALIDCALL;
+    }
+    std::ranges::fill(target_.pixels, color);
+    return D3D_OK;
+}
+
 HRESULT SoftDevice::DrawPrimitiveUP(std::uint32_t primitiveType, std::uint32_t primitiveCount,
                                     std::span<const Vertex> vertices, std::uint32_t stride) {
     if (IsLost()) {

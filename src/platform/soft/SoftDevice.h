@@ -60,6 +60,7 @@ public:
                                      const std::shared_ptr<Direct3DTexture8>& texture) override;
     [[nodiscard]] HRESULT BeginScene() override;
     [[nodiscard]] HRESULT EndScene() override;
+    [[nodiscard]] HRESULT Clear(std::uint32_t flags, std::uint32_t color) override;
     [[nodiscard]] HRESULT DrawPrimitiveUP(std::uint32_t primitiveType, std::uint32_t primitiveCount,
                                           std::span<const Vertex> vertices,
                                           std::uint32_t stride) override;
