@@ -13,9 +13,8 @@ const BackgroundElement* ElementAt(const StageModel& model, Integer index) {
     return there ? &model.Elements[static_cast<std::size_t>(index)] : nullptr;
 }
 
-// The element that the ground line follows; none where the stage has a line of its own.
-const BackgroundElement* GroundElement(const StageModel& model) {
-    return model.ZOffset == 0 ? ElementAt(model, model.ZOffsetLink) : nullptr;
+double StartOf(const BackgroundElement& element) {
+    return element.startY + static_cast<double>(element.startFraction[1]);
 }
 
 }  // namespace
@@ -32,7 +31,7 @@ void PlaceCharacter(TestCharState& state, const StageModel& model, const View& v
         character.X = static_cast<Single>(model.P1StartX + view.Centre());
         if (model.ZOffset != 0) {
             character.Y = model.ZOffset;
-        } else if (const BackgroundElement* const ground = GroundElement(model)) {
+        } else if (const BackgroundElement* const ground = ElementAt(model, model.ZOffsetLink)) {
             character.Y = ground->posY;
         }
         character.Action = kStanding;
@@ -43,17 +42,19 @@ void PlaceCharacter(TestCharState& state, const StageModel& model, const View& v
     }
 }
 
-void FollowGround(TestCharacter& character, const StageModel& model, const CameraPlace& camera) {
-    const BackgroundElement* const ground = GroundElement(model);
+void FollowGround(TestCharacter& character, const StageModel& model) {
+    const BackgroundElement* const ground = ElementAt(model, model.ZOffsetLink);
     if (ground == nullptr) {
         return;
     }
-    // A linked element is shown with its parent's swing and motion.
     const BackgroundElement* const parent = ElementAt(model, ground->linkParent);
-    const Single swing = parent != nullptr ? parent->sinOffset[1] + parent->ctrlPos[1]
-                                           : ground->sinOffset[1] + ground->ctrlOffset[1];
-    // The element's place is on the screen, the character's on the stage.
-    character.Y = ground->posY + swing + camera.y;
+    const double start = StartOf(*ground) + (parent != nullptr ? StartOf(*parent) : 0);
+    // A linked element is shown with its parent's swing and motion, beside its own motion.
+    const Single swing = parent != nullptr ? ground->linkSin[1] : ground->sinOffset[1];
+    const double motion = static_cast<double>(ground->ctrlPos[1]) +
+                          static_cast<double>(ground->ctrlOffset[1]) + static_cast<double>(swing);
+    character.Y = static_cast<Single>(model.ZOffset +
+                                      start * static_cast<double>(model.ElementScale) + motion);
 }
 
 }  // namespace scenara

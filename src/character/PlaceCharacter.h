@@ -14,8 +14,9 @@ namespace scenara {
 // where that is 0 and there is one, what the linked element's posY is now.
 void PlaceCharacter(TestCharState& state, const StageModel& model, const View& view);
 
-// Addition: a character that stands on a linked element goes up and down with it, drift, swing and
-// the camera's part in it included. `camera`: the one that the elements were placed with.
-void FollowGround(TestCharacter& character, const StageModel& model, const CameraPlace& camera);
+// Addition: the ground is where the axis of the linked element is at the ground view, ZOffset below
+// it, and goes up and down with the element's drift and swing. The camera moves it as a delta of 1
+// does, whatever the element's is.
+void FollowGround(TestCharacter& character, const StageModel& model);
 
 }  // namespace scenara

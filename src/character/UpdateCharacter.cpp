@@ -96,9 +96,9 @@ std::size_t CountOf(const TestCharState& state) {
                     state.Characters.size());
 }
 
-// False: it could not go there, or does not go at all.
-bool Move(const TestCharState& state, const StageModel& model, const View& view,
-          TestCharacter& character) {
+// The step that was made; 0: it could not go there, or does not go at all.
+double Move(const TestCharState& state, const StageModel& model, const View& view,
+            TestCharacter& character) {
     const double step = static_cast<double>(state.CharZoom) *
                         static_cast<double>(character.WalkSpeed) * character.Facing;
     const double next = static_cast<double>(character.X) + step;
@@ -109,22 +109,28 @@ bool Move(const TestCharState& state, const StageModel& model, const View& view,
     if (inside) {
         character.X = static_cast<Single>(next);
     }
-    return inside && step != 0;
+    return inside ? step : 0;
 }
 
-// Of a character that moved. It is compared with the middle of the view as it is drawn in this
-// frame.
-CameraLead FollowOf(const TestCharacter& character, double viewX, const View& view) {
-    const bool right = (character.Facing == kFacingRight) == (character.WalkSpeed >= 0);
-    if (right) {
-        return viewX >= view.Centre() - kHair ? CameraLead::Right : CameraLead::Stand;
+// How far the camera goes along with a step of the character, which it is compared for with the
+// view as it is drawn in this frame. With a character that would be beyond the picture's edges,
+// because the camera was moved away from it, the camera goes as far as it must.
+double AlongWith(double step, double viewX, const StageModel& model, const View& view) {
+    const auto middle = static_cast<double>(view.Centre());
+    const double least = std::clamp<double>(model.ScreenLeft, 0, middle);
+    const double most = view.width - std::clamp<double>(model.ScreenRight, 0, middle);
+    const bool leads = step > 0 ? viewX >= middle - kHair : viewX <= middle + kHair;
+    const double along = leads ? step : 0;
+    const double after = viewX + step;
+    if (after > most) {
+        return std::max(along, after - most);
     }
-    return viewX <= view.Centre() + kHair ? CameraLead::Left : CameraLead::Stand;
+    return after < least ? std::min(along, after - least) : along;
 }
 
-CameraLead UpdateOne(TestCharState& state, TestCharacter& character, const StageModel& model,
-                     Keyboard& keyboard, const CameraPlace& camera, const View& view) {
-    FollowGround(character, model, camera);
+double UpdateOne(TestCharState& state, TestCharacter& character, const StageModel& model,
+                 Keyboard& keyboard, const CameraPlace& camera, const View& view) {
+    FollowGround(character, model);
     if (state.Turning) {
         ForgetKeys(keyboard);
     } else {
@@ -148,33 +154,29 @@ CameraLead UpdateOne(TestCharState& state, TestCharacter& character, const Stage
     }
     state.FrameFlipped = false;
     const double viewX = static_cast<double>(character.X) + static_cast<double>(camera.x);
-    const bool moved = character.Walking && Move(state, model, view, character);
+    const double step = character.Walking ? Move(state, model, view, character) : 0;
     state.LastAction = character.Action;
     state.LastFacing = character.Facing;
-    return moved ? FollowOf(character, viewX, view) : CameraLead::Stand;
+    return step != 0 ? AlongWith(step, viewX, model, view) : 0;
 }
 
 }  // namespace
 
-Single StepOf(const TestCharState& state, const TestCharacter& character) {
-    return std::fabs(state.CharZoom * character.WalkSpeed);
-}
-
-CameraLead UpdateCharacter(TestCharState& state, const StageModel& model, Keyboard& keyboard,
-                           const CameraPlace& camera, const View& view) {
-    CameraLead follow = CameraLead::Stand;
+Single UpdateCharacter(TestCharState& state, const StageModel& model, Keyboard& keyboard,
+                       const CameraPlace& camera, const View& view) {
+    double along = 0;
     state.DrawnCameraY = camera.y;
     for (std::size_t i = 0; i < CountOf(state); ++i) {
-        follow = UpdateOne(state, state.Characters[i], model, keyboard, camera, view);
+        along = UpdateOne(state, state.Characters[i], model, keyboard, camera, view);
     }
-    return follow;
+    return static_cast<Single>(along);
 }
 
 void PlaceAgain(TestCharState& state, const StageModel& model, const CameraPlace& camera) {
     for (std::size_t i = 0; i < CountOf(state); ++i) {
         TestCharacter& character = state.Characters[i];
         const Single ground = character.Y;
-        FollowGround(character, model, camera);
+        FollowGround(character, model);
         character.DrawY += character.Y - ground - (camera.y - state.DrawnCameraY);
     }
     state.DrawnCameraY = camera.y;

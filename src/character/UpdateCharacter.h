@@ -18,15 +18,13 @@
 
 namespace scenara {
 
-// How far the character goes in a frame in which it walks, in view pixels; the camera that goes
-// along makes the same step.
-[[nodiscard]] Single StepOf(const TestCharState& state, const TestCharacter& character);
-
 // Called once per frame, before it is drawn; `camera` is the one that its back elements are drawn
-// with. Whether the camera is to stand, or to go along to one side. Allocates nothing.
-[[nodiscard]] CameraLead UpdateCharacter(TestCharState& state, const StageModel& model,
-                                         Keyboard& keyboard, const CameraPlace& camera,
-                                         const View& view);
+// with. How far the camera is to go along, to the right above 0, to the left below: by the
+// character's step from the middle of the view on, and so far that who walks is in the picture.
+// Allocates nothing.
+[[nodiscard]] Single UpdateCharacter(TestCharState& state, const StageModel& model,
+                                     Keyboard& keyboard, const CameraPlace& camera,
+                                     const View& view);
 
 // The picture of the last frame where the ground and the camera have been moved to since, without a
 // step of the character's.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "render/CameraControl.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace scenara {
@@ -19,11 +20,15 @@ void MoveSidewaysByKeys(StageModel& model, const Camera& camera, Keyboard& keybo
     }
 }
 
+// A figure must not walk out of the picture: the last step to a bound is as long as it can be.
 void FollowLead(StageModel& model, const Camera& camera) {
-    if (camera.lead == CameraLead::Right) {
-        StepRight(model, camera.leadStep);
-    } else if (camera.lead == CameraLead::Left) {
-        StepLeft(model, camera.leadStep);
+    const Single shown = -model.CamX;
+    const auto right = static_cast<Single>(model.BoundRight);
+    const auto left = static_cast<Single>(model.BoundLeft);
+    if (camera.lead == CameraLead::Right && shown < right) {
+        model.CamX = -std::min(shown + camera.leadStep, right);
+    } else if (camera.lead == CameraLead::Left && shown > left) {
+        model.CamX = -std::max(shown - camera.leadStep, left);
     }
 }
 

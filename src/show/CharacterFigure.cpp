@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
 // Addition: the test character in the picture. Plain, a character is never seen.
+#include <cmath>
+
 #include "character/UpdateCharacter.h"
 #include "show/StageShow.h"
 
@@ -25,10 +27,12 @@ Figure StageShow::Next() {
     if (!ShowsCharacter()) {
         return {};
     }
-    const CameraLead lead =
+    const Single along =
         UpdateCharacter(testChar_, model_, machine_.keyboard, DrawnBy(camera_), view_);
-    camera_.lead = flags_.MouseScroll != 0 ? CameraLead::Stand : lead;
-    camera_.leadStep = StepOf(testChar_, testChar_.Characters.front());
+    const bool stands = along == 0 || flags_.MouseScroll != 0;
+    const CameraLead side = along > 0 ? CameraLead::Right : CameraLead::Left;
+    camera_.lead = stands ? CameraLead::Stand : side;
+    camera_.leadStep = std::fabs(along);
     return CharacterFigure();
 }
 

@@ -36,8 +36,8 @@ struct Camera {
     // The user's own, while the pointer or a character sets those in force.
     CameraSteps users;
 
-    // Set anew for each frame while there is a figure, and how far that takes the camera along: by
-    // its own step, whatever the user has made of HCamStep.
+    // Set anew for each frame while there is a figure, and how far that takes the camera along,
+    // whatever the user has made of HCamStep.
     CameraLead lead = CameraLead::Keys;
     Single leadStep = 0;
 

@@ -64,7 +64,9 @@ protected:
 
     CameraLead Update(const KeySet& keys = {}) {
         keyboard_.Hold(keys);
-        return UpdateCharacter(state_, model_, keyboard_, camera_, View());
+        along_ = UpdateCharacter(state_, model_, keyboard_, camera_, View());
+        const CameraLead side = along_ > 0 ? CameraLead::Right : CameraLead::Left;
+        return along_ == 0 ? CameraLead::Stand : side;
     }
     // What it does and where it is then.
     [[nodiscard]] std::string Now() {
@@ -91,10 +93,11 @@ protected:
         return follows;
     }
     // Elements to stand on, and which of them is the ground.
-    std::vector<BackgroundElement>& StandOn(Integer link, Single posY, std::size_t count = 1) {
+    std::vector<BackgroundElement>& StandOn(Integer link, Long startY, std::size_t count = 1) {
         BackgroundElement element;
         element.linkParent = -1;
-        element.posY = posY;
+        element.startY = startY;
+        element.posY = static_cast<Single>(startY);
         model_.Elements.assign(count, element);
         model_.ZOffset = 0;
         model_.ZOffsetLink = link;
@@ -124,6 +127,7 @@ protected:
     TestCharState state_;
     HeadlessKeyboard keyboard_;
     CameraPlace camera_;
+    Single along_ = 0;  // how far the camera was to go with the last frame
 };
 
 // --- placing ---
@@ -147,7 +151,7 @@ TEST_F(PlaceCharacterTest, ForgetsTheLastStage) {
 }
 
 TEST_F(PlaceCharacterTest, WithoutAGroundLineStandsOnTheLinkedElement) {
-    StandOn(1, 33.5F, 2);
+    StandOn(1, 33, 2)[1].posY = 33.5F;
     Place();
     EXPECT_EQ(Hero().Y, 33.5F);
     model_.ZOffset = 7;
@@ -360,21 +364,30 @@ TEST_F(UpdateCharacterTest, OnALinkedElementItGoesUpAndDownWithIt) {
     StandOn(0, 180)[0].sinOffset[1] = 5;
     Place();
     EXPECT_EQ(Hero().Y, 180.0F);
-    camera_ = {0, -20};
-    EXPECT_EQ(DrawnAt().second, 145.0F) << "180 + 5 on the screen, less the axis";
-    model_.Elements[0].posY = 190;
+    EXPECT_EQ(DrawnAt().second, 145.0F) << "180 + 5, less the axis";
+    model_.Elements[0].ctrlPos[1] = 10;
     EXPECT_EQ(DrawnAt().second, 155.0F);
-    EXPECT_EQ(Hero().Y, 175.0F) << "195 on the screen, seen from 20 above";
+    camera_ = {0, -20};
+    model_.Elements[0].posY = 400;
+    EXPECT_EQ(DrawnAt().second, 175.0F) << "as at a delta of 1, whatever the element's is";
+    model_.Elements[0].startFraction[1] = -0.5F;
+    model_.ZOffset = 7;
+    EXPECT_EQ(DrawnAt().second, 181.5F) << "below the element";
+    model_.ElementScale = 0.5F;
+    EXPECT_EQ(DrawnAt().second, 91.75F) << "179.5 in half pixels";
 }
 
 TEST_F(UpdateCharacterTest, OnAnElementThatIsLinkedItselfTheParentSwings) {
     auto& elements = StandOn(1, 100, 2);
-    elements[0].sinOffset[1] = 5;
-    elements[0].ctrlPos[1] = elements[1].ctrlPos[1] = 3;
+    elements[0].sinOffset[1] = 99;  // has moved on since
     elements[1].linkParent = 0;
+    elements[1].linkSin[1] = 5;
+    elements[1].ctrlOffset[1] = 3;
+    elements[1].ctrlPos[1] = 2;
+    elements[1].startY = -30;
     elements[1].sinOffset[1] = 77;
     Place();
-    EXPECT_EQ(DrawnAt().second, 68.0F);  // 100 + 5 + 3 - 40
+    EXPECT_EQ(DrawnAt().second, 40.0F);  // 100 - 30 + 5 + 3 + 2 - 40
 }
 
 TEST_F(UpdateCharacterTest, PlacedAgainItStandsWhereGroundAndCameraAreNow) {
@@ -386,11 +399,10 @@ TEST_F(UpdateCharacterTest, PlacedAgainItStandsWhereGroundAndCameraAreNow) {
         PlaceAgain(state_, model_, camera_);
         EXPECT_EQ(Hero().DrawY, 140.0F);
     }
-    model_.Elements[0].posY = 150;  // dragged
+    model_.Elements[0].startY = 150;  // dragged
     PlaceAgain(state_, model_, camera_);
     EXPECT_EQ(Hero().DrawY, 110.0F);
-    model_.Elements[0].posY = 170;
-    camera_.y = -20;  // the camera has risen, and the element has followed it
+    camera_.y = -20;  // the camera has risen
     PlaceAgain(state_, model_, camera_);
     EXPECT_EQ(Hero().DrawY, 130.0F);
     EXPECT_EQ(Hero().X, before.X);
@@ -459,6 +471,43 @@ TEST_F(UpdateCharacterTest, TheCameraGoesAlongInEachFrameOfAWideStage) {
         ASSERT_EQ(Update(kRight), CameraLead::Right) << frame;
         camera_.x -= 2.4F;
     }
+}
+
+struct OutOfThePicture {
+    const char* name;
+    Single camera;  // stored
+    Single x;
+    Integer facing;
+    Single along;
+};
+
+// The edges of the picture, less ScreenLeft and ScreenRight, are 15 and 310.
+TEST_F(UpdateCharacterTest, TheCameraGoesAsFarAsTheWalkingCharacterIsSeen) {
+    model_.ScreenLeft = 15;
+    model_.ScreenRight = 10;
+    model_.BoundLeft = -1000;
+    model_.BoundRight = 1000;
+    Hero().HasTurn = false;
+    for (const OutOfThePicture& row : {
+             OutOfThePicture{"in the middle", 0, 160, kFacingRight, 2},
+             {"before the middle", 0, 100, kFacingRight, 0},
+             {"at the right edge", 0, 308, kFacingRight, 2},
+             {"beyond it", 0, 330, kFacingRight, 22},
+             {"coming back to it", 0, 330, kFacingLeft, 18},
+             {"far beyond it", 500, 500, kFacingRight, 692},
+             {"at the left edge", 0, 17, kFacingLeft, -2},
+             {"beyond the left edge", -40, 50, kFacingLeft, -7},
+             {"coming back to the left edge", -40, 50, kFacingRight, -3},
+         }) {
+        Hero().X = row.x;
+        camera_.x = row.camera;
+        static_cast<void>(Update());
+        static_cast<void>(Update(row.facing == kFacingRight ? kRight : kLeft));
+        EXPECT_EQ(along_, row.along) << row.name;
+    }
+    Hero().X = 900;
+    static_cast<void>(Update());
+    EXPECT_EQ(along_, 0) << "while it stands";
 }
 
 TEST_F(UpdateCharacterTest, TheCameraStandsWhereTheCharacterCannotGo) {

@@ -393,8 +393,10 @@ TEST_F(CameraLeadTest, MakesOneStepOfItsOwnBehindTheBackPassWithinTheBounds) {
              Led{"right", CameraLead::Right, 0, 0, 3},
              {"not in the front pass", CameraLead::Right, kByteTrue, 3, 3},
              {"left", CameraLead::Left, 0, 3, 0},
-             {"not beyond the right bound", CameraLead::Right, 0, 18, 18},
-             {"not beyond the left bound", CameraLead::Left, 0, -8, -8},
+             {"to the right bound and no further", CameraLead::Right, 0, 18, 20},
+             {"to the left bound and no further", CameraLead::Left, 0, -8, -10},
+             {"not from beyond the right bound", CameraLead::Right, 0, 25, 25},
+             {"not from beyond the left bound", CameraLead::Left, 0, -12, -12},
          }) {
         SCOPED_TRACE(row.name);
         player.camera.lead = row.lead;
