@@ -13,6 +13,11 @@ std::int64_t StepOf(const StageModel& model, Long spacing, Integer size, Integer
                : ScaledStep(TileStep(spacing, fileSize, animated), model.ElementScale, animated);
 }
 
+// Addition: animations that are given no distance stand side by side.
+bool StandSideBySide(const BackgroundElement& element, bool additions) {
+    return additions && element.kind == ElementKind::Animated && element.tileSpacingGiven == 0;
+}
+
 }  // namespace
 
 ElementTiles::ElementTiles(const StageModel& model, const BackgroundElement& element,
@@ -27,6 +32,10 @@ ElementTiles::ElementTiles(const StageModel& model, const BackgroundElement& ele
     down = {once ? 0 : element.tileY,
             StepOf(model, element.tileSpacingY, sprite.height, sprite.fileHeight, animated),
             sprite.height, animated, additions};
+    if (StandSideBySide(element, additions)) {
+        across.step = sprite.width;
+        down.step = sprite.height;
+    }
 }
 
 }  // namespace scenara

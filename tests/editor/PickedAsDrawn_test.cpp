@@ -108,6 +108,7 @@ private:
         element.layerno = Between(-1, 2);
         element.tileX = Between(0, 3);
         element.tileY = Between(0, 3);
+        element.tileSpacingGiven = Below(2) == 0 ? 0 : 3;
         element.tileSpacingX = Between(-5, 60);
         element.tileSpacingY = Between(-5, 60);
         if (Below(3) == 0) {

@@ -191,6 +191,7 @@ public:
         element.actionIndex = 0;
         element.tileX = Count();
         element.tileY = Count();
+        element.tileSpacingGiven = 3;
         element.tileSpacingX = Spacing(width, animated);
         element.tileSpacingY = Spacing(height, animated);
         element.mask = static_cast<Integer>(Below(2));

@@ -179,6 +179,9 @@ void LiteralStage::DrawTiles(const Element& element, const Image& image, std::in
         if (file.type != "anim") {
             return spacing + size;
         }
+        if (rules_.sideBySide && file.tileSpacingGiven == 0) {
+            return size;
+        }
         return count == 1 && spacing <= 1 ? size : spacing;
     };
     const std::vector<std::int64_t> columns =

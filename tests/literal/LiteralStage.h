@@ -31,6 +31,7 @@ struct LiteralRules {
     bool movesHidden = true;       // what is not visible drifts and swings on
     bool shearsFromMiddle = true;  // parallax: with the axis' whole distance
     bool stretches = true;         // parallax: yscalestart, yscaledelta
+    bool sideBySide = true;        // animations that are given no distance
     bool enabledIsEnable = true;   // as a controller's type
     bool unknownIsDummy = true;    // a type that is no known word; plain: drawn like "normal"
 
@@ -49,6 +50,7 @@ struct LiteralRules {
                                         .movesHidden = false,
                                         .shearsFromMiddle = false,
                                         .stretches = false,
+                                        .sideBySide = false,
                                         .enabledIsEnable = false,
                                         .unknownIsDummy = false};
     }

@@ -212,6 +212,8 @@ constexpr Row kRows[] = {
      "[BG lead]\ntype = water\nstart = -40,90\nvelocity = 4\n",
      "[BG follows]\ntype = normal\nspriteno = 1,0\nstart = 20,10\npositionlink = 1\n"},
     // Frames, rows and fractions.
+    {"animations without a distance stand side by side", kAdditions, Held::Nothing, 1, kAnimated,
+     "tile = 3,2\n[Begin Action 1]\n1,0, 0,0, 9\n"},
     {"mirrored tiles", kAdditions, Held::Nothing, 1, kAnimated,
      "tile = 3,2\ntilespacing = 60,50\n[Begin Action 1]\n1,0, 0,0, 9, H\n"},
     {"a still element without a picture shows an action", kAdditions, Held::Nothing, 1, "",

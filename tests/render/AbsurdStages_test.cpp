@@ -99,6 +99,7 @@ void AddElement(Absurd& absurd, StagePlayer& player) {
     element.startY = absurd.AnyLong();
     element.tileX = absurd.Often() ? absurd.Below(4) : absurd.AnyLong();
     element.tileY = absurd.Often() ? absurd.Below(4) : absurd.AnyLong();
+    element.tileSpacingGiven = 3;
     element.tileSpacingX = absurd.AnyLong();
     element.tileSpacingY = absurd.AnyLong();
     element.layerno = static_cast<Integer>(absurd.Below(3) - 1);

@@ -134,8 +134,8 @@ TEST(StretchedRows, AreRepeatedOrLeftOut) {
     EXPECT_EQ(RowsByLine(0, 16, 1), Rows(16, 0));
     EXPECT_EQ(RowsByLine(0, 0.5, 6), (Rows{0, 2, 4}));
     EXPECT_EQ(RowsByLine(0, 1.0 / 16, 1), Rows());
-    EXPECT_EQ(StretchedRows(0.5, 1).From(0), 1) << "a half goes down";
-    EXPECT_EQ(StretchedRows(-10.25, 2).From(3), -4);
+    EXPECT_EQ(((StretchedRows{0.5, 1}.From(0)), 1) << "a half goes down";
+    EXPECT_EQ((StretchedRows{-10.25, 2}.From(3)), -4);
 }
 
 TEST(StretchedRows, BeforeIsARowThatTheLineDoesNotShow) {

@@ -171,6 +171,7 @@ inline BackgroundElement& Tiled(BackgroundElement& element, Long tileX, Long til
     element.tileY = tileY;
     element.tileSpacingX = spacingX;
     element.tileSpacingY = spacingY;
+    element.tileSpacingGiven = 3;
     return element;
 }
 // The corners in the order of the file.
