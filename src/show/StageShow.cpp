@@ -102,7 +102,9 @@ void StageShow::Prepare(const std::optional<CameraPlace>& camera, Messages& mess
     }
     PrepareElements(model_, options_, view_);
     MakeTilePatterns(model_, options_, view_, engine_.Device());
-    StartTestChar(messages);
+    if (testChar_.UseChar) {
+        LoadTestChar(messages);
+    }
 }
 
 void StageShow::Release() {
@@ -158,6 +160,14 @@ bool StageShow::Tick(bool info) {
     return CountAndTell(info);
 }
 
+bool StageShow::CountAndTell(bool info) {
+    const std::optional<Integer> frames = CountFrame(loop_, machine_.clock);
+    if (frames && info) {
+        infoText_ = InfoLine(model_.CamX, model_.CamY, *frames);
+    }
+    return frames.has_value();
+}
+
 // Addition: authors pause a stage to place things.
 void StageShow::EditWhilePaused() {
     editor_.AtEndOfPass();
@@ -166,19 +176,6 @@ void StageShow::EditWhilePaused() {
         DrawSceneAgain(engine_, tiles_, flags_, this);
         edited_ = longPass_.GivenUp();
     }
-}
-
-bool StageShow::CountAndTell(bool info) {
-    CountFrame(loop_);
-    if (!SecondIsOver(loop_, machine_.clock)) {
-        return false;
-    }
-    LimitFrameCount(loop_);
-    if (info) {
-        infoText_ = InfoLine(model_.CamX, model_.CamY, loop_.FrameCount);
-    }
-    BeginSecond(loop_, machine_.clock);
-    return true;
 }
 
 void StageShow::Present(bool info) {
@@ -208,14 +205,6 @@ void StageShow::ForgetKeys() {
 
 // --- The camera's steps ----------------------------------------------------------------------
 
-bool StageShow::StepsAreOverridden() const {
-    return testChar_.StepsOverridden || flags_.MouseScroll != 0;
-}
-
-CameraSteps StageShow::UsersSteps() const {
-    return StepsAreOverridden() ? camera_.users : CameraSteps{camera_.HCamStep, camera_.VCamStep};
-}
-
 void StageShow::SetMouseScroll(bool on) {
     camera_.users = UsersSteps();
     flags_.MouseScroll = on ? kByteTrue : Byte{0};
@@ -223,7 +212,7 @@ void StageShow::SetMouseScroll(bool on) {
         SettleSteps();
         camera_.HCamStep = StepOrOne(camera_.users.HCamStep);
         camera_.VCamStep = StepOrOne(camera_.users.VCamStep);
-        TakeStepsIfLoaded();
+        TakeSteps();
     }
 }
 
