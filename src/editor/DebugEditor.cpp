@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "editor/DebugEditor.h"
 
-#include <utility>
-
 #include "base/NumberText.h"
 #include "editor/ElementList.h"
 #include "render/ModelLookup.h"
@@ -21,14 +19,6 @@ void DebugEditor::Select(Integer index) {
     selected_ = index;
     followed_ = kNone;
     ForgetPresses();
-}
-
-void DebugEditor::Clear() {
-    Select(kNone);
-}
-
-DrawOptions DebugEditor::Drawing() const {
-    return {context_.options.Additions, context_.view};
 }
 
 std::optional<ViewFrame> DebugEditor::Outline() const {
