@@ -72,9 +72,6 @@ private:
     std::string& text_;
 };
 
-// --- The settings
-// ---------------------------------------------------------------------------------
-
 using Line = ConfigurationLine;
 using Text = ConfigurationText;
 

@@ -13,8 +13,6 @@ constexpr Integer kBackLayer = 0;
 
 }  // namespace
 
-// --- Selection -------------------------------------------------------------------------------
-
 void DebugEditor::Select(Integer index) {
     selected_ = index;
     followed_ = kNone;
@@ -27,8 +25,6 @@ std::optional<ViewFrame> DebugEditor::Outline() const {
     }
     return OutlineOf(context_.model, Drawing(), selected_);
 }
-
-// --- Mouse -----------------------------------------------------------------------------------
 
 void DebugEditor::MouseDown(const ViewPoint& point) {
     if (!IsOn()) {
@@ -90,8 +86,6 @@ void DebugEditor::Shift(Integer index, const Offset& by) {
         }
     }
 }
-
-// --- Keys ------------------------------------------------------------------------------------
 
 void DebugEditor::AtEndOfPass() {
     if (!IsOn()) {

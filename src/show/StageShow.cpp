@@ -52,8 +52,6 @@ ShowState StageShow::State() const {
     return loop_.Paused != 0 ? ShowState::Paused : ShowState::Running;
 }
 
-// --- A stage ---------------------------------------------------------------------------------
-
 bool StageShow::Start(const std::string& mugeDir) {
     const std::optional<CameraPlace> camera = std::exchange(Which.camera, std::nullopt);
     longPass_.Forget();
@@ -120,8 +118,6 @@ void StageShow::Release() {
     loop_.TotalFrames = 0;
     events_.StateChanged();
 }
-
-// --- A pass ----------------------------------------------------------------------------------
 
 void StageShow::BeginLoop() {
     ForgetKeys();
@@ -202,8 +198,6 @@ void StageShow::ForgetKeys() {
     DiscardKeyStates(machine_.keyboard);
     editor_.ForgetPresses();
 }
-
-// --- The camera's steps ----------------------------------------------------------------------
 
 void StageShow::SetMouseScroll(bool on) {
     camera_.users = UsersSteps();

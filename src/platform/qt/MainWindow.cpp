@@ -137,16 +137,10 @@ void MainWindow::BuildBars() {
     });
     // While the thumb is dragged its values are scrolling, else changes.
     connect(spriteBar_, &QScrollBar::valueChanged, this, [this](int value) {
-        const bool dragged = spriteBar_->isSliderDown();
-        waiting_.Add(
-            [value, dragged](FormEvents& events) {
-                if (dragged) {
-                    events.hscSGFX_Scroll(value);
-                } else {
-                    events.hscSGFX_Change(value);
-                }
-            },
-            WaitingEvents::Kind::SpriteBar);
+        const auto tell =
+            spriteBar_->isSliderDown() ? &FormEvents::hscSGFX_Scroll : &FormEvents::hscSGFX_Change;
+        waiting_.Add([value, tell](FormEvents& events) { (events.*tell)(value); },
+                     WaitingEvents::Kind::SpriteBar);
     });
     connect(spriteBar_, &QScrollBar::sliderReleased, this, [this] {
         const int value = spriteBar_->value();
