@@ -3,7 +3,6 @@
 // Scenara on a desktop: picks the machine, makes the main window, and hands over.
 #include <QApplication>
 #include <iostream>
-#include <string>
 
 #include "app/frmStage.h"
 #include "desktop/DesktopMachine.h"

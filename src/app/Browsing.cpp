@@ -22,14 +22,6 @@ void frmStage::LeaveBrowser() {
     }
 }
 
-void frmStage::hscSGFX_Change(Long value) {
-    MoveSpriteBar(value, [this] { browser_.hscSGFX_Change(); });
-}
-
-void frmStage::hscSGFX_Scroll(Long value) {
-    MoveSpriteBar(value, [this] { browser_.hscSGFX_Scroll(); });
-}
-
 void frmStage::MoveSpriteBar(Long value, const std::function<void()>& show) {
     Handle([&] {
         if (show_.State() == ShowState::Browsing) {
@@ -39,20 +31,11 @@ void frmStage::MoveSpriteBar(Long value, const std::function<void()>& show) {
     });
 }
 
-// The list beside the picture keeps its room.
-void frmStage::BrowserView::Size(Long width, Long height) {
-    program_.Size(width + program_.ListWidth(), height);
-}
-
-void frmStage::BrowserView::ShowPicture(const BrowserPicture& picture) {
-    program_.machine_.window.ShowPicture(picture.width, picture.height, picture.pixels);
-}
-
 // The camera's bar goes first: it would count as something around the picture.
-BrowserWindow::Extent frmStage::BrowserView::LargestPicture() const {
-    program_.ShowEditing();
-    const InnerSize most = program_.machine_.window.LargestInnerSize();
-    return {most.width - program_.ListWidth(), most.height};
+InnerSize frmStage::LargestPicture() {
+    ShowEditing();
+    const InnerSize most = machine_.window.LargestInnerSize();
+    return {most.width - ListWidth(), most.height};
 }
 
 }  // namespace scenara

@@ -7,13 +7,6 @@
 #include "base/NumberText.h"
 
 namespace scenara {
-namespace {
-
-void Flip(MenuItem& item) {
-    item.checked = !item.checked;
-}
-
-}  // namespace
 
 void frmStage::Menu_Click(Menu item) {
     if (!CanBeChosen(form_, item)) {
@@ -32,7 +25,7 @@ void frmStage::Menu_Click(Menu item) {
             case Menu::mnuFPS: mnuFPS_Click(); break;
             case Menu::mnuMScroll: mnuMScroll_Click(); break;
             case Menu::mnuInfo:
-            case Menu::mnuDeform: Flip(form_[item]); break;
+            case Menu::mnuDeform: form_[item].Flip(); break;
             case Menu::mnuDebugBG: mnuDebugBG_Click(); break;
             case Menu::mnuDebug: mnuDebug_Click(); break;
             case Menu::mnuPause: mnuPause_Click(); break;
@@ -65,9 +58,7 @@ void frmStage::Form_KeyDown(VirtualKey key) {
 
 // Whether or not the stage has music.
 void frmStage::mnuMusic_Click() {
-    MenuItem& item = form_[Menu::mnuMusic];
-    Flip(item);
-    if (item.checked) {
+    if (form_[Menu::mnuMusic].Flip()) {
         music_.Play();
     } else {
         music_.StopPlaying();
@@ -76,8 +67,7 @@ void frmStage::mnuMusic_Click() {
 
 void frmStage::mnuFPS_Click() {
     MenuItem& item = form_[Menu::mnuFPS];
-    Flip(item);
-    if (!item.checked) {
+    if (!item.Flip()) {
         show_.Loop().FpsLimit = 0;
         return;
     }
@@ -86,7 +76,7 @@ void frmStage::mnuFPS_Click() {
 }
 
 void frmStage::mnuPause_Click() {
-    Flip(form_[Menu::mnuPause]);
+    form_[Menu::mnuPause].Flip();
     show_.Pause(show_.Loop().Paused == 0);
     ShowTitle();
 }
@@ -102,9 +92,7 @@ void frmStage::ShowTitle() {
 }
 
 void frmStage::mnuMScroll_Click() {
-    MenuItem& item = form_[Menu::mnuMScroll];
-    Flip(item);
-    show_.SetMouseScroll(item.checked);
+    show_.SetMouseScroll(form_[Menu::mnuMScroll].Flip());
 }
 
 void frmStage::mnuAbout_Click() {
@@ -115,14 +103,12 @@ void frmStage::mnuAbout_Click() {
 }
 
 void frmStage::mnuAdditions_Click() {
-    MenuItem& item = form_[Menu::mnuAdditions];
-    Flip(item);
-    show_.Options().Additions = item.checked;
+    show_.Options().Additions = form_[Menu::mnuAdditions].Flip();
     EnableMenus(form_, show_.State(), show_.HasShown());
     if (show_.Loop().StageRunning != 0) {
         LoadAgain();
     }
-    SaveExtras(machine_.files, {item.checked});
+    SaveExtras(machine_.files, {show_.Options().Additions});
 }
 
 }  // namespace scenara

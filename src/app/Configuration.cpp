@@ -7,7 +7,6 @@
 #include "app/MenuTree.h"
 #include "app/RecentFiles.h"
 #include "app/SettingsText.h"
-#include "app/modBrowseForFolder.h"
 #include "base/NumberText.h"
 #include "base/Path.h"
 #include "base/RunTimeError.h"
@@ -22,6 +21,12 @@ constexpr Byte kListShown = 255;
 
 std::string ConfigurationPath(Files& files) {
     return files.ProgramFolder() + "QX.CFG";
+}
+
+// The folder that the user chooses; empty when the user cancels. A zero byte ends it.
+std::string modBrowseForFolder(Dialogs& dialogs, const std::string& prompt) {
+    const std::string folder = dialogs.BrowseForFolder(prompt);
+    return folder.substr(0, folder.find('\0'));
 }
 
 bool AskForMugeDir(std::string& MugeDir, const LoadConfigContext& context) {
@@ -66,9 +71,6 @@ public:
 private:
     std::string& text_;
 };
-
-// --- The settings
-// ---------------------------------------------------------------------------------
 
 using Line = ConfigurationLine;
 using Text = ConfigurationText;
@@ -216,12 +218,6 @@ void MakeConfigText(const Settings& settings, const std::string& VersionText, st
 
 void WriteConfigText(Files& files, const std::string& text) {
     files.ReplaceFile(ConfigurationPath(files), text);
-}
-
-void SaveConfig(const Settings& settings, const std::string& VersionText, Files& files) {
-    std::string text;
-    MakeConfigText(settings, VersionText, text);
-    WriteConfigText(files, text);
 }
 
 }  // namespace scenara

@@ -68,7 +68,4 @@ void MakeConfigText(const Settings& settings, const std::string& VersionText, st
 // Writes such a text. Raises what writing raises; the old file is as it was then.
 void WriteConfigText(Files& files, const std::string& text);
 
-// Writes the settings as they are now.
-void SaveConfig(const Settings& settings, const std::string& VersionText, Files& files);
-
 }  // namespace scenara

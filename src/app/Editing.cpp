@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
 // The background editor, as the window drives it.
-#include <algorithm>
 #include <utility>
 
 #include "app/frmStage.h"
@@ -11,10 +10,9 @@
 namespace scenara {
 
 void frmStage::mnuDebugBG_Click() {
-    MenuItem& item = form_[Menu::mnuDebugBG];
-    item.checked = !item.checked;
-    show_.Flags().DebugBG = item.checked ? kByteTrue : Byte{0};
-    if (!item.checked) {
+    const bool edits = form_[Menu::mnuDebugBG].Flip();
+    show_.Flags().DebugBG = edits ? kByteTrue : Byte{0};
+    if (!edits) {
         show_.Editor().Clear();
     }
 }
@@ -61,10 +59,6 @@ void frmStage::Form_MouseMove(Long x, Long y) {
             show_.Editor().MouseMove({x, y});
         }
     });
-}
-
-void frmStage::Form_MouseUp() {
-    Handle([&] { show_.Editor().MouseUp(); });
 }
 
 void frmStage::hscHScroll_Change(Long value) {

@@ -18,12 +18,9 @@ constexpr Long kStageListWidth = 160;
 frmStage::frmStage(const Machine& machine, Form& form, const ViewOptions& options)
     : machine_(machine),
       form_(form),
-      show_({machine.files, machine.messages, machine.window, machine.keyboard, machine.clock,
-             machine.pointer, machine.direct3D},
-            options, *this),
+      show_(machine, options, *this),
       music_(machine.media),
-      browserView_(*this),
-      browser_(show_.Model(), show_.Picture(), show_.SpriteBrowserMode, form.hscSGFX, browserView_),
+      browser_(show_.Model(), show_.Picture(), show_.SpriteBrowserMode, form.hscSGFX, *this),
       screen_(machine.display) {
     DesignMenus(form_);
     form_.picLoad.width = show_.Picture().width;

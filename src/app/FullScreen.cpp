@@ -6,9 +6,7 @@
 namespace scenara {
 
 void frmStage::mnuFS_Click() {
-    MenuItem& item = form_[Menu::mnuFS];
-    item.checked = !item.checked;
-    if (!item.checked) {
+    if (!form_[Menu::mnuFS].Flip()) {
         // The flag alone would leave the form standing over everything, with no way back.
         ResetRes();
         return;

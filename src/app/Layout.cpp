@@ -51,7 +51,7 @@ void frmStage::Size(Long width, Long height) {
 // The view at its own size, beside the list where that is shown.
 void frmStage::SizeForPicture() {
     const InnerSize view = machine_.window.RoomFor(show_.Picture());
-    Size(view.width + ListWidth(), view.height);
+    MakeRoom(view.width, view.height);
 }
 
 void frmStage::Centre() {

@@ -14,26 +14,28 @@
 namespace scenara {
 namespace {
 
-void SayCantFind(Messages& messages, const std::string& path) {
-    messages.MsgBox(kMessageCantFindFile, "Can't find file: \r\n" + path, {0, 0, path});
-}
-
-void SayNotAStage(Messages& messages, const std::string& path, MessageIcon icon) {
-    messages.Show({kMessageNotAStage, "Not a stage!", {}, icon, {0, 0, path}});
-}
-
 Long Count(const ListBox& list) {
     return static_cast<Long>(list.items.size());
 }
 
 }  // namespace
 
-void frmStage::OpenStage() {
-    if (!machine_.files.FileExists(show_.Which.CurrentStageFile)) {
-        SayCantFind(machine_.messages, show_.Which.CurrentStageFile);
+// Whether CurrentStageFile is one; else that is said.
+bool frmStage::IsStageAskedFor(MessageIcon icon) {
+    const std::string& path = show_.Which.CurrentStageFile;
+    if (!machine_.files.FileExists(path)) {
+        machine_.messages.MsgBox(kMessageCantFindFile, "Can't find file: \r\n" + path,
+                                 {0, 0, path});
     }
-    if (!IsStage(machine_.files, show_.Which.CurrentStageFile)) {
-        SayNotAStage(machine_.messages, show_.Which.CurrentStageFile, MessageIcon::Exclamation);
+    const bool isStage = IsStage(machine_.files, path);
+    if (!isStage) {
+        machine_.messages.Show({kMessageNotAStage, "Not a stage!", {}, icon, {0, 0, path}});
+    }
+    return isStage;
+}
+
+void frmStage::OpenStage() {
+    if (!IsStageAskedFor(MessageIcon::Exclamation)) {
         return;
     }
     SetCaption(show_.Which.CurrentStageFile);
@@ -48,16 +50,10 @@ void frmStage::MnuRecentFiles_Click(Long index) {
             return;  // chosen just before a load began
         }
         show_.Which.CurrentStageFile = RaiseRecentFile(form_, static_cast<std::size_t>(index));
-        if (!machine_.files.FileExists(show_.Which.CurrentStageFile)) {
-            SayCantFind(machine_.messages, show_.Which.CurrentStageFile);
+        if (IsStageAskedFor(MessageIcon::CriticalStop)) {
+            LeaveStage();
+            RunStage();
         }
-        if (!IsStage(machine_.files, show_.Which.CurrentStageFile)) {
-            SayNotAStage(machine_.messages, show_.Which.CurrentStageFile,
-                         MessageIcon::CriticalStop);
-            return;
-        }
-        LeaveStage();
-        RunStage();
     });
 }
 
@@ -69,10 +65,6 @@ void frmStage::LeaveStage() {
     }
     QuitRequested = kFalse;
     show_.Which.camera.reset();
-}
-
-void frmStage::lstStages_Click(Long index) {
-    Handle([&] { SelectStage(index); });
 }
 
 // Selecting an item opens it, whoever selects it.

@@ -2,7 +2,6 @@
 //
 // The loop that shows a stage.
 #include <exception>
-#include <new>
 #include <utility>
 
 #include "app/MenuTree.h"
@@ -34,14 +33,14 @@ void frmStage::RunStage() {
 
 std::optional<std::string> frmStage::FailureOf(const std::function<void()>& work) {
     try {
-        work();
-        return std::nullopt;
-    } catch (const std::bad_alloc&) {
-        return std::string(TextOf(RunTimeErrorKind::OutOfMemory));
-    } catch (const std::length_error&) {
-        return std::string(TextOf(RunTimeErrorKind::OutOfMemory));
+        try {
+            work();
+            return std::nullopt;
+        } catch (...) {
+            return TextOfCurrentError();
+        }
     } catch (const std::exception& error) {
-        return error.what();
+        return error.what();  // a mistake of the program's
     }
 }
 
@@ -119,8 +118,7 @@ void frmStage::StageLoaded() {
     form_.hscHScroll.Max = show_.Model().BoundRight;
     form_.hscHScroll.Min = show_.Model().BoundLeft;
     if (std::exchange(startFullScreen_, false)) {
-        MenuItem& item = form_[Menu::mnuFS];
-        item.checked = !item.checked;
+        form_[Menu::mnuFS].Flip();  // the click flips it back
         mnuFS_Click();
     }
 }

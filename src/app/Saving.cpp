@@ -2,12 +2,8 @@
 //
 // Addition: the settings are saved while the program goes on, and not only at its end. The end of a
 // session, a display that is lost or a crash would cost them.
-#include <cstdint>
-#include <optional>
-#include <string>
 #include <utility>
 
-#include "app/Configuration.h"
 #include "app/frmStage.h"
 
 namespace scenara {
@@ -38,10 +34,6 @@ void frmStage::SaveNow() {
             savingFailed_ = false;
         }
     }));
-}
-
-bool frmStage::SavesMeanwhile() const {
-    return show_.Options().Additions && settingsLoaded_ && !ended_;
 }
 
 // The settings as they are now, in settingsText_.

@@ -44,19 +44,18 @@ std::string FullScreenMode(const View& view) {
 
 void ScreenModule::Enumerate() {
     modes_.clear();
-    descriptions_.clear();
     for (Long index = 0; index < kMaxModes; ++index) {
         const std::optional<DisplaySettings> mode = display_.EnumDisplaySettings(index);
         if (!mode) {
             return;
         }
         modes_.push_back(*mode);
-        descriptions_.push_back(DescribeMode(*mode));
     }
 }
 
 Integer ScreenModule::Find(std::string_view text) const {
-    return IndexOfFirst(descriptions_, [&](const std::string& d) { return Contains(d, text); });
+    return IndexOfFirst(
+        modes_, [&](const DisplaySettings& mode) { return Contains(DescribeMode(mode), text); });
 }
 
 Integer ScreenModule::CurrentMode() const {

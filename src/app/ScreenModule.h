@@ -33,8 +33,6 @@ public:
     void Enumerate();
 
     [[nodiscard]] const std::vector<DisplaySettings>& Modes() const { return modes_; }
-    // In the same order.
-    [[nodiscard]] const std::vector<std::string>& Descriptions() const { return descriptions_; }
 
     // The first mode whose description holds `text`.
     [[nodiscard]] Integer Find(std::string_view text) const;
@@ -48,7 +46,6 @@ public:
 private:
     DisplayModes& display_;
     std::vector<DisplaySettings> modes_;
-    std::vector<std::string> descriptions_;
 };
 
 }  // namespace scenara

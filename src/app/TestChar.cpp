@@ -29,9 +29,8 @@ void frmStage::mnuChar_Click() {
             return;
         }
     }
-    MenuItem& item = form_[Menu::mnuChar];
-    item.checked = !item.checked;
-    LoadingCharacter([&] { show_.UseCharacter(item.checked); });
+    const bool use = form_[Menu::mnuChar].Flip();
+    LoadingCharacter([&] { show_.UseCharacter(use); });
 }
 
 // While a character loads the window is in use: the stage may have been paused, keys tapped and a
@@ -58,14 +57,6 @@ void frmStage::ShowCharacterItem() {
     } else {
         UnnameCharacter(form_);
     }
-}
-
-void frmStage::ShowProgress(const std::string& caption) {
-    machine_.window.SetCaption(caption);
-}
-
-void frmStage::EndProgress() {
-    machine_.window.SetCaption(form_.Caption);
 }
 
 }  // namespace scenara

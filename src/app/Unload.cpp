@@ -38,9 +38,10 @@ void frmStage::Form_Unload() {
         }
     }));
     if (settingsLoaded_) {
-        CameraSteps steps = show_.UsersSteps();
-        static_cast<void>(
-            Guarded([&] { SaveConfig(AllSettings(steps), VersionText, machine_.files); }));
+        static_cast<void>(Guarded([&] {
+            MakeSettingsText();
+            WriteConfigText(machine_.files, settingsText_);
+        }));
     }
 }
 

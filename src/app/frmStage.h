@@ -17,7 +17,6 @@
 // first.
 #pragma once
 
-#include <cstdint>
 #include <functional>
 #include <optional>
 #include <string>
@@ -30,17 +29,14 @@
 #include "editor/ImageSets.h"
 #include "editor/SpriteBrowser.h"
 #include "music/clsMusic.h"
-#include "platform/Clock.h"
 #include "platform/Dialogs.h"
 #include "platform/Direct3D8.h"
 #include "platform/DisplayModes.h"
-#include "platform/Files.h"
 #include "platform/Form.h"
 #include "platform/FullScreenForm.h"
 #include "platform/Keyboard.h"
 #include "platform/MediaGraph.h"
 #include "platform/Messages.h"
-#include "platform/Pointer.h"
 #include "platform/Process.h"
 #include "platform/Window.h"
 #include "show/ShowEvents.h"
@@ -57,22 +53,15 @@ inline constexpr MessageKind kMessageAbout = "about";
 inline constexpr MessageKind kMessageNotACharacter{"not-a-character", Severity::Error};
 
 // All that the program asks of a machine.
-struct Machine {
-    Files& files;
-    Messages& messages;
-    Window& window;
-    Keyboard& keyboard;
-    Clock& clock;
-    Pointer& pointer;
+struct Machine : ShowMachine {
     Process& process;
-    Direct3DMachine& direct3D;
     Dialogs& dialogs;
     DisplayModes& display;
     FullScreenForm& fullScreen;
     MediaMachine& media;
 };
 
-class frmStage : public FormEvents, private ShowEvents {
+class frmStage : public FormEvents, private ShowEvents, private BrowserWindow {
 public:
     // `form` is what the machine shows; it and the machine outlive the program.
     frmStage(const Machine& machine, Form& form, const ViewOptions& options = {});
@@ -108,7 +97,7 @@ public:
     void RunStage();
 
     // Looks whether a message waits, and only then lets messages through.
-    void API_doevents();
+    void API_doevents() override;
 
     // Kept: nothing calls it (LimitFrames.PumpsInEveryPassWithoutALook).
     // The frame wait by itself, letting messages through in each of its passes.
@@ -122,7 +111,9 @@ public:
     // Shows CurrentStageFile, if it is a stage; the one that is shown goes on otherwise.
     void OpenStage();
 
-    void lstStages_Click(Long index) override;
+    void lstStages_Click(Long index) override {
+        Handle([this, index] { SelectStage(index); });
+    }
     void MnuRecentFiles_Click(Long index) override;
     // Opens the file; while a stage loads, when that is done.
     void Form_OLEDragDrop(const std::string& path) override;
@@ -155,10 +146,16 @@ public:
     void mnuDebug_Click();
     void Form_MouseDown(Long x, Long y) override;
     void Form_MouseMove(Long x, Long y) override;
-    void Form_MouseUp() override;
+    void Form_MouseUp() override {
+        Handle([this] { show_.Editor().MouseUp(); });
+    }
     void hscHScroll_Change(Long value) override;
-    void hscSGFX_Change(Long value) override;
-    void hscSGFX_Scroll(Long value) override;
+    void hscSGFX_Change(Long value) override {
+        MoveSpriteBar(value, [this] { browser_.hscSGFX_Change(); });
+    }
+    void hscSGFX_Scroll(Long value) override {
+        MoveSpriteBar(value, [this] { browser_.hscSGFX_Scroll(); });
+    }
 
     // --- Full screen -------------------------------------------------------------------------
 
@@ -184,27 +181,12 @@ public:
 
     // What is shown in the window.
     [[nodiscard]] StageShow& Show() { return show_; }
-    [[nodiscard]] const StageShow& Show() const { return show_; }
     [[nodiscard]] const FrameTimes& Times() const { return times_; }
     [[nodiscard]] clsMusic& Music() { return music_; }
     // The editor's image surfaces, for whoever loads any; they are released at the end.
     [[nodiscard]] ImageSets& ImageSurfaces() { return imageSets_; }
 
 private:
-    // What the sprite browser sees of the window.
-    class BrowserView : public BrowserWindow {
-    public:
-        explicit BrowserView(frmStage& program) : program_(program) {}
-        void Size(Long width, Long height) override;
-        void API_doevents() override { program_.API_doevents(); }
-        void ShowPicture(const BrowserPicture& picture) override;
-        void SetCaption(const std::string& caption) override { program_.SetCaption(caption); }
-        [[nodiscard]] Extent LargestPicture() const override;
-
-    private:
-        frmStage& program_;
-    };
-
     // Runs `work`; what the error out of it says, if there was one.
     static std::optional<std::string> FailureOf(const std::function<void()>& work);
     void SayRunTimeError(const std::string& reason);
@@ -216,11 +198,17 @@ private:
     void StateChanged() override;
     void StageLoaded() override;
     void MusicNamed(const std::string& path) override { music_.SetFileName(path); }
-    void ShowProgress(const std::string& caption) override;
-    void EndProgress() override;
+    void ShowProgress(const std::string& caption) override { machine_.window.SetCaption(caption); }
+    void EndProgress() override { machine_.window.SetCaption(form_.Caption); }
     void SetCaption(const std::string& caption) override;
     void WriteDump() override;
     void TooHeavy() override { ShowTitle(); }
+    // The list beside the picture keeps its room.
+    void MakeRoom(Long width, Long height) override { Size(width + ListWidth(), height); }
+    void ShowPicture(const BrowserPicture& picture) override {
+        machine_.window.ShowPicture(picture.width, picture.height, picture.pixels);
+    }
+    [[nodiscard]] InnerSize LargestPicture() override;
 
     void ShowStage();
     [[nodiscard]] bool StartLoop();
@@ -228,13 +216,16 @@ private:
     void PollPauseKey();
     void AbandonStage();
     void SilenceStageBefore();
+    [[nodiscard]] bool IsStageAskedFor(MessageIcon icon);
     void OpenFollowing();
     void LeaveStage();
     void LoadAgain();
     void SelectStage(Long index);
     void OpenListed();
     [[nodiscard]] Settings AllSettings(CameraSteps& steps);
-    [[nodiscard]] bool SavesMeanwhile() const;
+    [[nodiscard]] bool SavesMeanwhile() const {
+        return show_.Options().Additions && settingsLoaded_ && !ended_;
+    }
     bool KeepSettings();
     void SaveChanges();
     void MakeSettingsText();
@@ -260,7 +251,6 @@ private:
     FrameTimes times_;
     clsMusic music_;
     ImageSets imageSets_;
-    BrowserView browserView_;
     SpriteBrowser browser_;
 
     ScreenModule screen_;

@@ -19,28 +19,16 @@ std::span<const std::byte> ByteReader::Take(std::uint64_t count) {
     return taken;
 }
 
-std::uint8_t ByteReader::U8() {
-    return std::to_integer<std::uint8_t>(Take(1).front());
-}
-
 std::uint16_t ByteReader::U16() {
     const auto bytes = Take(2);
     return static_cast<std::uint16_t>(std::to_integer<unsigned>(bytes[0]) |
                                       std::to_integer<unsigned>(bytes[1]) << 8U);
 }
 
-std::int16_t ByteReader::I16() {
-    return static_cast<std::int16_t>(U16());
-}
-
 std::uint32_t ByteReader::U32() {
     const auto bytes = Take(4);
     const auto part = [&](std::size_t i) { return std::to_integer<std::uint32_t>(bytes[i]); };
     return part(0) | part(1) << 8U | part(2) << 16U | part(3) << 24U;
-}
-
-std::int32_t ByteReader::I32() {
-    return static_cast<std::int32_t>(U32());
 }
 
 }  // namespace scenara

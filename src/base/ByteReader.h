@@ -25,11 +25,11 @@ public:
     std::span<const std::byte> Take(std::uint64_t count);
     void Skip(std::uint64_t count) { Take(count); }
 
-    std::uint8_t U8();
+    std::uint8_t U8() { return std::to_integer<std::uint8_t>(Take(1).front()); }
     std::uint16_t U16();
-    std::int16_t I16();
+    std::int16_t I16() { return static_cast<std::int16_t>(U16()); }
     std::uint32_t U32();
-    std::int32_t I32();
+    std::int32_t I32() { return static_cast<std::int32_t>(U32()); }
 
     [[nodiscard]] std::size_t Position() const { return position_; }
 

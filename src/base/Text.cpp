@@ -75,12 +75,12 @@ void LowerCase(std::string_view text, std::string& into) {
     std::transform(text.begin(), text.end(), into.begin(), [](char c) { return LowerCase(c); });
 }
 
-std::string_view Trim(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(' ');
+std::string_view Trim(std::string_view text, std::string_view blanks) {
+    const std::size_t first = text.find_first_not_of(blanks);
     if (first == std::string_view::npos) {
         return {};
     }
-    return text.substr(first, text.find_last_not_of(' ') - first + 1);
+    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
 }
 
 bool Contains(std::string_view text, std::string_view part) {

@@ -25,8 +25,8 @@ namespace scenara {
 // The same into memory that there is already.
 void LowerCase(std::string_view text, std::string& into);
 
-// Without the blanks at both ends.
-[[nodiscard]] std::string_view Trim(std::string_view text);
+// Without the blanks, or the characters that are given, at both ends.
+[[nodiscard]] std::string_view Trim(std::string_view text, std::string_view blanks = " ");
 
 [[nodiscard]] bool Contains(std::string_view text, std::string_view part);
 

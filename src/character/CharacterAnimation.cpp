@@ -3,16 +3,19 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 #include "base/NumberText.h"
 #include "base/RunTimeError.h"
 #include "base/Text.h"
 #include "character/CharacterMessages.h"
+#include "character/CharacterText.h"
 #include "platform/LineReader.h"
 
 namespace scenara {
 namespace {
 
+constexpr std::string_view kBeginAction = "begin action";
 constexpr Integer kNoGroup = -1;
 constexpr std::size_t kMaxFrames = std::numeric_limits<Integer>::max();
 
@@ -29,87 +32,101 @@ bool IsNegativeGroup(std::string_view line) {
            LeadingNumber(line.substr(0, line.find(','))) < 0;
 }
 
-}  // namespace
+class CharacterAnimationReader {
+public:
+    CharacterAnimationReader(Messages& messages, const ViewOptions& options)
+        : messages_(messages), options_(options) {}
 
-bool CharacterAnimationReader::ReadLine(std::string_view untrimmed, std::int64_t number) {
-    number_ = number;
-    line_.Assign(untrimmed);
-    if (line_.SaysNothing()) {
-        return true;
-    }
-    if (const auto at = line_.Before("begin action")) {
-        BeginAction(*at);
-        return true;
-    }
-    if (action_ == nullptr) {
-        return true;
-    }
-    if (line_.Before("loopstart")) {
-        action_->LoopStart = static_cast<Integer>(action_->frames.size());
-    } else if (IsDigit(line_.Text().front())) {
-        ReadFrame(false);
-    } else if (IsNegativeGroup(line_.WithoutComment())) {
-        if (!options_.Additions) {
-            return false;
+    // False: a frame of a kept action has a negative group, and that is no blank frame.
+    [[nodiscard]] bool ReadLine(std::string_view untrimmed, std::int64_t number) {
+        number_ = number;
+        line_.Assign(untrimmed);
+        if (line_.SaysNothing()) {
+            return true;
         }
-        ReadFrame(true);
+        if (const auto at = line_.Before(kBeginAction)) {
+            BeginAction(*at);
+        } else if (action_ == nullptr) {
+            return true;
+        } else if (line_.Before("loopstart")) {
+            action_->LoopStart = static_cast<Integer>(action_->frames.size());
+        } else if (IsDigit(line_.Text().front())) {
+            ReadFrame(false);
+        } else if (IsNegativeGroup(line_.WithoutComment())) {
+            if (!options_.Additions) {
+                return false;
+            }
+            ReadFrame(true);
+        }
+        return true;
     }
-    return true;
-}
 
-void CharacterAnimationReader::BeginAction(std::size_t at) {
-    constexpr std::string_view kWords = "begin action";
-    const std::string_view behind = line_.Text().substr(at + kWords.size());
-    const std::string_view text = TrimBlanks(behind.substr(0, behind.find(']')));
-    const double number = LeadingNumber(text);
-    const auto* const kept = std::find_if(kKeptActions.begin(), kKeptActions.end(),
-                                          [&](Long action) { return action == number; });
-    action_ = nullptr;
-    if (kept == kKeptActions.end()) {
-        return;
-    }
-    const auto slot = static_cast<std::size_t>(kept - kKeptActions.begin());
-    if (options_.Additions) {
-        // A header without a number, which reads as 0, must not take the place of the real one.
-        if (begun_.at(slot) || !BeginsWithNumber(text)) {
+    [[nodiscard]] std::array<CharAction, kKeptActions.size()>& Actions() { return actions_; }
+
+private:
+    void BeginAction(std::size_t at) {
+        const std::string_view behind = line_.Text().substr(at + kBeginAction.size());
+        const std::string_view text = TrimBlanks(behind.substr(0, behind.find(']')));
+        const double number = LeadingNumber(text);
+        const auto* const kept = std::find_if(kKeptActions.begin(), kKeptActions.end(),
+                                              [&](Long action) { return action == number; });
+        action_ = nullptr;
+        if (kept == kKeptActions.end()) {
             return;
         }
-        begun_.at(slot) = true;
-    }
-    action_ = &actions_.at(slot);
-    action_->actionNo = *kept;
-}
-
-Integer CharacterAnimationReader::Field(std::string_view text, std::string_view what) {
-    try {
-        return ToInteger(LeadingNumber(text));
-    } catch (const RunTimeError&) {
-        messages_.SayOverflow(kMessageCharacterOverflow, what, {number_});
-        return 0;
-    }
-}
-
-void CharacterAnimationReader::ReadFrame(bool hasNoGroup) {
-    if (action_->frames.size() >= kMaxFrames) {
-        if (!saidFull_) {
-            saidFull_ = true;
-            messages_.SayOverflow(kMessageCharacterOverflow, "frames of an action", {number_});
+        const auto slot = static_cast<std::size_t>(kept - kKeptActions.begin());
+        if (options_.Additions) {
+            // A header without a number, which reads as 0, must not take the place of the real one.
+            if (begun_.at(slot) || !BeginsWithNumber(text)) {
+                return;
+            }
+            begun_.at(slot) = true;
         }
-        return;
+        action_ = &actions_.at(slot);
+        action_->actionNo = *kept;
     }
-    std::string_view rest = line_.WithoutComment();
-    CharFrame frame;
-    frame.group = Field(NextField(rest), "group");
-    if (hasNoGroup) {
-        frame.group = std::min(frame.group, kNoGroup);  // -0.4 is below 0, too
+
+    void ReadFrame(bool hasNoGroup) {
+        if (action_->frames.size() >= kMaxFrames) {
+            if (!std::exchange(saidFull_, true)) {
+                messages_.SayOverflow(kMessageCharacterOverflow, "frames of an action", {number_});
+            }
+            return;
+        }
+        std::string_view rest = line_.WithoutComment();
+        CharFrame frame;
+        frame.group = Field(NextField(rest), "group");
+        if (hasNoGroup) {
+            frame.group = std::min(frame.group, kNoGroup);  // -0.4 is below 0, too
+        }
+        frame.image = Field(NextField(rest), "image");
+        frame.offsetX = Field(NextField(rest), "x");
+        frame.offsetY = Field(NextField(rest), "y");
+        frame.time = Field(NextField(rest), "time");
+        frame.flip = rest.find_first_of("Hh") == std::string_view::npos ? Integer{0} : Integer{1};
+        action_->frames.push_back(frame);
     }
-    frame.image = Field(NextField(rest), "image");
-    frame.offsetX = Field(NextField(rest), "x");
-    frame.offsetY = Field(NextField(rest), "y");
-    frame.time = Field(NextField(rest), "time");
-    frame.flip = rest.find_first_of("Hh") == std::string_view::npos ? Integer{0} : Integer{1};
-    action_->frames.push_back(frame);
-}
+
+    [[nodiscard]] Integer Field(std::string_view text, std::string_view what) {
+        try {
+            return ToInteger(LeadingNumber(text));
+        } catch (const RunTimeError&) {
+            messages_.SayOverflow(kMessageCharacterOverflow, what, {number_});
+            return 0;
+        }
+    }
+
+    Messages& messages_;
+    const ViewOptions& options_;
+    std::array<CharAction, kKeptActions.size()> actions_;
+    std::array<bool, kKeptActions.size()> begun_{};  // with additions
+    CharAction* action_ = nullptr;  // the block that is read; none: one that is not kept
+    CharacterLine line_;
+    std::int64_t number_ = 0;
+    bool saidFull_ = false;
+};
+
+}  // namespace
 
 std::int64_t ReadCharacterAnimation(InputFile& file,
                                     std::array<CharAction, kKeptActions.size()>& actions,

@@ -18,8 +18,8 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 
-#include "character/CharacterText.h"
 #include "character/TestCharacter.h"
 #include "platform/Files.h"
 #include "platform/Messages.h"
@@ -27,32 +27,7 @@
 
 namespace scenara {
 
-class CharacterAnimationReader {
-public:
-    CharacterAnimationReader(Messages& messages, const ViewOptions& options)
-        : messages_(messages), options_(options) {}
-
-    // False: a frame of a kept action has a negative group, and that is no blank frame.
-    [[nodiscard]] bool ReadLine(std::string_view untrimmed, std::int64_t number);
-
-    [[nodiscard]] std::array<CharAction, kKeptActions.size()>& Actions() { return actions_; }
-
-private:
-    void BeginAction(std::size_t at);
-    void ReadFrame(bool hasNoGroup);
-    [[nodiscard]] Integer Field(std::string_view text, std::string_view what);
-
-    Messages& messages_;
-    const ViewOptions& options_;
-    std::array<CharAction, kKeptActions.size()> actions_;
-    std::array<bool, kKeptActions.size()> begun_{};  // with additions
-    CharAction* action_ = nullptr;  // the block that is read; none: one that is not kept
-    CharacterLine line_;
-    std::int64_t number_ = 0;
-    bool saidFull_ = false;
-};
-
-// The whole file. 0, or the line, from 1, with the negative group; then `actions` is as it was.
+// 0, or the line, from 1, with the negative group; then `actions` is as it was.
 [[nodiscard]] std::int64_t ReadCharacterAnimation(
     InputFile& file, std::array<CharAction, kKeptActions.size()>& actions, Messages& messages,
     const ViewOptions& options);

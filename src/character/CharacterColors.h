@@ -8,7 +8,7 @@
 #include <string>
 
 #include "platform/Files.h"
-#include "sprites/version1/SubfilePicture.h"
+#include "sprites/version1/SubfilePalette.h"
 
 namespace scenara {
 

@@ -3,7 +3,6 @@
 
 #include "base/NumberText.h"
 #include "base/RunTimeError.h"
-#include "base/Text.h"
 #include "character/CharacterMessages.h"
 #include "character/CharacterText.h"
 #include "platform/LineReader.h"

@@ -2,6 +2,7 @@
 #include "character/CharacterDefinition.h"
 
 #include "base/Text.h"
+#include "character/CharacterText.h"
 #include "platform/LineReader.h"
 
 namespace scenara {
@@ -32,57 +33,71 @@ void Take(const std::optional<std::string>& value, std::string& name) {
     }
 }
 
+// Takes the lines of a definition, from its first one on.
+class CharacterDefinitionReader {
+public:
+    // False: the [Files] section has ended, the rest of the file does not matter.
+    [[nodiscard]] bool ReadLine(std::string_view untrimmed) {
+        line_.Assign(untrimmed);
+        const bool says = !line_.SaysNothing();
+        if (says) {
+            ReadNames();
+        }
+        if (!inFiles_) {
+            inFiles_ = says && line_.Has("[files]");
+            return true;
+        }
+        if (EndsFilesSection(untrimmed)) {
+            return false;
+        }
+        if (says) {
+            ReadFiles();
+        }
+        return true;
+    }
+
+    [[nodiscard]] const CharacterDefinition& Result() const { return result_; }
+
+private:
+    void ReadNames() {
+        if (line_.Before("displayname")) {
+            result_.displayName = DisplayNameOf(line_);
+        }
+        if (line_.Has("pal.defaults")) {
+            const std::string_view value = line_.Value();
+            const std::string_view first = TrimBlanks(value.substr(0, value.find(',')));
+            paletteKey_ = first.empty() ? std::string() : LowerCase("pal" + std::string(first));
+        }
+    }
+
+    void ReadFiles() {
+        // Deliberate: either word makes the line one of these two, so `sprite = anim.sff` is looked
+        // at for both; without the right extension it gives nothing
+        // (CharacterDefinition.EitherWordIsEnoughButTheExtensionGivesTheName).
+        if (line_.Has("anim") || line_.Has(".air")) {
+            Take(line_.ValueUpTo(".air"), result_.anim);
+        }
+        if (line_.Has("sprite") || line_.Has(".sff")) {
+            Take(line_.ValueUpTo(".sff"), result_.sprite);
+        }
+        if (EqualsIgnoringCase(line_.Text().substr(0, 3), "cns")) {
+            Take(line_.ValueUpTo(".cns"), result_.cns);
+        }
+        if (result_.palette.empty() && !paletteKey_.empty() && line_.Has(paletteKey_)) {
+            Take(line_.ValueUpTo(".act"), result_.palette);
+        }
+    }
+
+    CharacterDefinition result_;
+    CharacterLine line_;
+    std::string paletteKey_;  // "pal1" and the like; empty: none was chosen
+    bool inFiles_ = false;
+};
+
 }  // namespace
 
 bool EndsFilesSection(std::string_view untrimmed) {
     return (PlaceOf(untrimmed, '[') & PlaceOf(untrimmed, ']')) != 0 && !Contains(untrimmed, ";");
-}
-
-bool CharacterDefinitionReader::ReadLine(std::string_view untrimmed) {
-    line_.Assign(untrimmed);
-    if (!line_.SaysNothing()) {
-        ReadNames();
-    }
-    if (inFiles_) {
-        if (EndsFilesSection(untrimmed)) {
-            return false;
-        }
-        if (!line_.SaysNothing()) {
-            ReadFiles();
-        }
-    } else if (!line_.SaysNothing() && line_.Has("[files]")) {
-        inFiles_ = true;
-    }
-    return true;
-}
-
-void CharacterDefinitionReader::ReadNames() {
-    if (line_.Before("displayname")) {
-        result_.displayName = DisplayNameOf(line_);
-    }
-    if (line_.Has("pal.defaults")) {
-        const std::string_view value = line_.Value();
-        const std::string_view first = TrimBlanks(value.substr(0, value.find(',')));
-        paletteKey_ = first.empty() ? std::string() : LowerCase("pal" + std::string(first));
-    }
-}
-
-void CharacterDefinitionReader::ReadFiles() {
-    // Deliberate: either word makes the line one of these two, so `sprite = anim.sff` is looked at
-    // for both; without the right extension it gives nothing
-    // (CharacterDefinition.EitherWordIsEnoughButTheExtensionGivesTheName).
-    if (line_.Has("anim") || line_.Has(".air")) {
-        Take(line_.ValueUpTo(".air"), result_.anim);
-    }
-    if (line_.Has("sprite") || line_.Has(".sff")) {
-        Take(line_.ValueUpTo(".sff"), result_.sprite);
-    }
-    if (EqualsIgnoringCase(line_.Text().substr(0, 3), "cns")) {
-        Take(line_.ValueUpTo(".cns"), result_.cns);
-    }
-    if (result_.palette.empty() && !paletteKey_.empty() && line_.Has(paletteKey_)) {
-        Take(line_.ValueUpTo(".act"), result_.palette);
-    }
 }
 
 CharacterDefinition ReadCharacterDefinition(InputFile& file) {

@@ -16,8 +16,8 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
-#include "character/CharacterText.h"
 #include "platform/Files.h"
 
 namespace scenara {
@@ -28,24 +28,6 @@ struct CharacterDefinition {
     std::string sprite;
     std::string cns;
     std::string palette;
-};
-
-// Takes the lines of a definition, from its first one on.
-class CharacterDefinitionReader {
-public:
-    // False: the [Files] section has ended, the rest of the file does not matter.
-    [[nodiscard]] bool ReadLine(std::string_view untrimmed);
-
-    [[nodiscard]] const CharacterDefinition& Result() const { return result_; }
-
-private:
-    void ReadNames();
-    void ReadFiles();
-
-    CharacterDefinition result_;
-    CharacterLine line_;
-    std::string paletteKey_;  // "pal1" and the like; empty: none was chosen
-    bool inFiles_ = false;
 };
 
 [[nodiscard]] CharacterDefinition ReadCharacterDefinition(InputFile& file);

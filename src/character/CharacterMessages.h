@@ -4,8 +4,6 @@
 // it the loader's own or one of the picture decoder's.
 #pragma once
 
-#include <cstdint>
-#include <string>
 #include <string_view>
 
 #include "platform/Messages.h"

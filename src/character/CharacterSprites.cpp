@@ -61,11 +61,11 @@ public:
                     continue;
                 }
                 if (!wanted->sprite) {
-                    if (IsEnding()) {
+                    if (progress_.endRequested()) {
                         return;
                     }
                     wanted->sprite = AddSprite(*wanted->place);
-                    DoEvents();
+                    progress_.doEvents();
                 }
                 frame.texture = *wanted->sprite;
             }
@@ -73,15 +73,6 @@ public:
     }
 
 private:
-    [[nodiscard]] bool IsEnding() const {
-        return progress_.endRequested && progress_.endRequested();
-    }
-    void DoEvents() const {
-        if (progress_.doEvents) {
-            progress_.doEvents();
-        }
-    }
-
     // Nothing where no frame is to show it.
     [[nodiscard]] Wanted* Find(Integer group, Integer image) {
         const auto found = wanted_.find(SpriteKey(group, image));
@@ -91,8 +82,8 @@ private:
     void FindPlaces() {
         while (walk_.Next()) {
             if (walk_.Count() % kHeadersBetweenEvents == 0) {
-                DoEvents();
-                if (IsEnding()) {
+                progress_.doEvents();
+                if (progress_.endRequested()) {
                     return;
                 }
             }

@@ -23,11 +23,11 @@
 
 namespace scenara {
 
-// What goes on between two pictures. Each may be empty.
+// What goes on between two pictures; by itself nothing.
 struct CharacterProgress {
-    std::function<void(const std::string& caption)> setCaption;
-    std::function<void()> doEvents;
-    std::function<bool()> endRequested;  // then the rest is left out
+    std::function<void(const std::string& caption)> setCaption = [](const std::string&) {};
+    std::function<void()> doEvents = [] {};
+    std::function<bool()> endRequested = [] { return false; };  // then the rest is left out
 };
 
 // Fills Sprites, ColorKey and the textures of all frames.

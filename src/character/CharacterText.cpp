@@ -1,32 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "character/CharacterText.h"
 
-#include <algorithm>
-
-#include "base/Text.h"
-
 namespace scenara {
-
-std::string_view TrimBlanks(std::string_view text) {
-    constexpr std::string_view kBlanks = " \t";
-    const std::size_t first = text.find_first_not_of(kBlanks);
-    if (first == std::string_view::npos) {
-        return {};
-    }
-    return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
-}
 
 void CharacterLine::Assign(std::string_view untrimmed) {
     text_ = TrimBlanks(untrimmed);
     LowerCase(text_, lower_);
-}
-
-std::string_view CharacterLine::WithoutComment() const {
-    return text_.substr(0, text_.find(';'));
-}
-
-bool CharacterLine::Has(std::string_view word) const {
-    return Contains(lower_, word);
 }
 
 std::optional<std::size_t> CharacterLine::Before(std::string_view word) const {

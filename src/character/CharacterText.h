@@ -9,10 +9,14 @@
 #include <string>
 #include <string_view>
 
+#include "base/Text.h"
+
 namespace scenara {
 
 // Without the blanks and tabs at both ends.
-[[nodiscard]] std::string_view TrimBlanks(std::string_view text);
+[[nodiscard]] inline std::string_view TrimBlanks(std::string_view text) {
+    return Trim(text, " \t");
+}
 
 // One trimmed line and its lower-cased form. The text outlives it.
 class CharacterLine {
@@ -25,10 +29,12 @@ public:
 
     [[nodiscard]] std::string_view Text() const { return text_; }
     // Up to the first ";".
-    [[nodiscard]] std::string_view WithoutComment() const;
+    [[nodiscard]] std::string_view WithoutComment() const {
+        return text_.substr(0, text_.find(';'));
+    }
 
     // `word` is in lower case. Found anywhere on the line, comment included.
-    [[nodiscard]] bool Has(std::string_view word) const;
+    [[nodiscard]] bool Has(std::string_view word) const { return Contains(lower_, word); }
     // Where it stands in front of the line's comment.
     [[nodiscard]] std::optional<std::size_t> Before(std::string_view word) const;
 

@@ -106,9 +106,7 @@ private:
         if (context_.options.Additions && !definition_.palette.empty()) {
             act = ReadActPalette(context_.files, folder_ + definition_.palette + ".act");
         }
-        if (context_.progress.setCaption) {
-            context_.progress.setCaption("Loading " + character_.DisplayName);
-        }
+        context_.progress.setCaption("Loading " + character_.DisplayName);
         LoadCharacterSprites(
             character_,
             {*file, folder_ + name, header, context_.device, messages, context_.options}, act,

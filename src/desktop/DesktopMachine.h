@@ -48,8 +48,12 @@ public:
     }
 
     [[nodiscard]] Machine Pieces() {
-        return {files_,   messages_, window_,  keyboard_, clock_,      pointer_,
-                process_, direct3D_, dialogs_, display_,  fullScreen_, media_};
+        return {{files_, messages_, window_, keyboard_, clock_, pointer_, direct3D_},
+                process_,
+                dialogs_,
+                display_,
+                fullScreen_,
+                media_};
     }
     [[nodiscard]] MainWindow& Desktop() { return window_; }
 

@@ -11,17 +11,13 @@
 namespace scenara {
 namespace {
 
-class Dump {
-public:
-    void Line(std::string_view text) { text_.append(text).append(kCrLf); }
+struct Dump {
+    void Line(std::string_view line) { text.append(line).append(kCrLf); }
     void Line(std::string_view key, const std::string& value) {
-        text_.append(key).append(" = ").append(value).append(kCrLf);
+        text.append(key).append(" = ").append(value).append(kCrLf);
     }
 
-    [[nodiscard]] std::string Take() { return std::move(text_); }
-
-private:
-    std::string text_;
+    std::string text;
 };
 
 std::string Pair(const std::string& first, const std::string& second) {
@@ -106,7 +102,7 @@ std::string DataCheckText(const StageModel& model, bool additions) {
     for (const BackgroundElement& element : model.Elements) {
         WriteElement(model, element, additions, dump);
     }
-    return dump.Take();
+    return std::move(dump.text);
 }
 
 std::string DataCheckPath(Files& files) {

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "editor/DebugEditor.h"
 
-#include <utility>
-
 #include "base/NumberText.h"
 #include "editor/ElementList.h"
 #include "render/ModelLookup.h"
@@ -15,20 +13,10 @@ constexpr Integer kBackLayer = 0;
 
 }  // namespace
 
-// --- Selection -------------------------------------------------------------------------------
-
 void DebugEditor::Select(Integer index) {
     selected_ = index;
     followed_ = kNone;
     ForgetPresses();
-}
-
-void DebugEditor::Clear() {
-    Select(kNone);
-}
-
-DrawOptions DebugEditor::Drawing() const {
-    return {context_.options.Additions, context_.view};
 }
 
 std::optional<ViewFrame> DebugEditor::Outline() const {
@@ -37,8 +25,6 @@ std::optional<ViewFrame> DebugEditor::Outline() const {
     }
     return OutlineOf(context_.model, Drawing(), selected_);
 }
-
-// --- Mouse -----------------------------------------------------------------------------------
 
 void DebugEditor::MouseDown(const ViewPoint& point) {
     if (!IsOn()) {
@@ -100,8 +86,6 @@ void DebugEditor::Shift(Integer index, const Offset& by) {
         }
     }
 }
-
-// --- Keys ------------------------------------------------------------------------------------
 
 void DebugEditor::AtEndOfPass() {
     if (!IsOn()) {

@@ -93,7 +93,7 @@ public:
     void Select(Integer index);
 
     // Nothing is selected or dragged: for another stage, or none.
-    void Clear();
+    void Clear() { Select(kNone); }
 
     // Where the machine draws the selection's frame, over the presented picture.
     [[nodiscard]] std::optional<ViewFrame> Outline() const;
@@ -114,7 +114,9 @@ private:
     };
 
     [[nodiscard]] bool IsOn() const { return context_.flags.DebugBG != 0; }
-    [[nodiscard]] DrawOptions Drawing() const;
+    [[nodiscard]] DrawOptions Drawing() const {
+        return {context_.options.Additions, context_.view};
+    }
     [[nodiscard]] Offset CameraOffset(const BackgroundElement& element) const;
     void BeginDrag(const ViewPoint& point);
     void Shift(Integer index, const Offset& by);

@@ -13,7 +13,7 @@
 #include <optional>
 
 #include "base/Integers.h"
-#include "platform/ViewFrame.h"
+#include "platform/View.h"
 #include "render/ElementPieces.h"
 #include "stage/StageModel.h"
 

@@ -8,7 +8,6 @@
 #include "base/Raised.h"
 #include "render/ModelLookup.h"
 #include "render/TexelLock.h"
-#include "render/ViewFlags.h"
 
 namespace scenara {
 namespace {
@@ -59,7 +58,7 @@ void SpriteBrowser::mnuDebug_Click() {
         Open();
     } else {
         hscSGFX_.Visible = false;
-        window_.Size(view_.width, view_.height);
+        window_.MakeRoom(view_.width, view_.height);
     }
 }
 
@@ -100,9 +99,9 @@ bool SpriteBrowser::ShowSprite() {
     const auto spriteShown = [&]() -> const SpriteEntry& {
         return RecordAt(model_.Sprites, ToInteger(value), "sprite");
     };
-    const BrowserWindow::Extent most = window_.LargestPicture();
-    window_.Size(std::min<Long>(std::max<Long>(spriteShown().width, kNarrowest), most.width),
-                 std::min<Long>(spriteShown().height, most.height));
+    const InnerSize most = window_.LargestPicture();
+    window_.MakeRoom(std::min<Long>(std::max<Long>(spriteShown().width, kNarrowest), most.width),
+                     std::min<Long>(spriteShown().height, most.height));
     window_.API_doevents();
     if (mode_ != mode || again_ || value >= model_.SpriteCount) {
         return false;

@@ -15,6 +15,7 @@
 #include "base/NotCopied.h"
 #include "platform/Form.h"
 #include "platform/View.h"
+#include "platform/Window.h"
 #include "stage/StageModel.h"
 
 namespace scenara {
@@ -39,21 +40,16 @@ inline constexpr std::uint32_t kDarkCheck = 0xFF999999;
 // What the browser asks of the main window. Pixels.
 class BrowserWindow : NotCopied {
 public:
-    struct Extent {
-        Long width = 0;
-        Long height = 0;
-    };
-
     virtual ~BrowserWindow() = default;
 
     // Makes room for a picture of this size; while hscSGFX is visible it stands below the picture.
-    virtual void Size(Long width, Long height) = 0;
+    virtual void MakeRoom(Long width, Long height) = 0;
     virtual void API_doevents() = 0;
     // Shows the picture in the picture's place, from its upper left corner.
     virtual void ShowPicture(const BrowserPicture& picture) = 0;
     virtual void SetCaption(const std::string& caption) = 0;
     // The largest picture for which the window, with all that is around it, fits on the screen.
-    [[nodiscard]] virtual Extent LargestPicture() const = 0;
+    [[nodiscard]] virtual InnerSize LargestPicture() = 0;
 };
 
 class SpriteBrowser {

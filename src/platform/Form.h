@@ -15,7 +15,7 @@
 #include "base/Integers.h"
 #include "base/NotCopied.h"
 #include "platform/Keyboard.h"
-#include "platform/ViewFrame.h"
+#include "platform/View.h"
 
 namespace scenara {
 
@@ -62,6 +62,9 @@ struct MenuItem {
     bool enabled = true;
     bool visible = true;
     bool leaves = false;  // choosing it may leave the stage that is shown
+
+    // Checks it, or no longer; whether it is checked now.
+    bool Flip() { return checked = !checked; }
 };
 
 struct PictureBox {

@@ -10,7 +10,6 @@
 #include <algorithm>
 #include <cstdint>
 
-#include "base/Integers.h"
 #include "platform/View.h"
 
 namespace scenara {

@@ -16,10 +16,6 @@ CameraPlace DrawnBy(const Camera& camera) {
 
 }  // namespace
 
-bool StageShow::ShowsCharacter() const {
-    return options_.Additions && testChar_.UseChar && testChar_.CharLoaded;
-}
-
 // Moves the character and lets it lead the camera, which is the keys' again while it is off. While
 // the pointer moves the camera the character walks and does not lead it. Allocates nothing.
 Figure StageShow::Next() {

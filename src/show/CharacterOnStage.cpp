@@ -54,7 +54,7 @@ bool StageShow::LoadCharacterFile(TestCharacter& character, Messages& messages) 
                            [this] { return machine_.window.EndRequested(); }}});
 }
 
-// Loads the character, unless it is, and places it on the stage.
+// Loads the character, unless it is, places it on the stage, and has the camera step as it walks.
 void StageShow::LoadTestChar(Messages& messages) {
     const Loading loading(*this);
     testChar_.CharCount = 1;
@@ -72,14 +72,7 @@ void StageShow::LoadTestChar(Messages& messages) {
         testChar_.CharName = testChar_.Characters.front().DisplayName;
     }
     PlaceCharacter(testChar_, model_, view_);
-}
-
-// The end of a stage start.
-void StageShow::StartTestChar(Messages& messages) {
-    if (testChar_.UseChar) {
-        LoadTestChar(messages);
-        TakeStepsIfLoaded();
-    }
+    TakeSteps();
 }
 
 void StageShow::ChooseCharacter(const std::string& path) {
@@ -89,7 +82,6 @@ void StageShow::ChooseCharacter(const std::string& path) {
         RepeatedMessages messages(machine_.messages, RepeatsOfLoads(options_.Additions));
         ReleaseTestChar();
         LoadTestChar(messages);
-        TakeStepsIfLoaded();
     }
 }
 
@@ -99,7 +91,7 @@ void StageShow::UseCharacter(bool use) {
         GiveStepsBack();
     } else if (loop_.StageRunning != 0) {
         RepeatedMessages messages(machine_.messages, RepeatsOfLoads(options_.Additions));
-        StartTestChar(messages);
+        LoadTestChar(messages);
     }
 }
 
@@ -110,8 +102,12 @@ void StageShow::ReleaseTestChar() {
     testChar_.Turning = false;
 }
 
-// The camera steps as the character walks. Sideways only: that is the way it walks.
+// The camera steps as the character walks, where that is on. Sideways only: that is the way it
+// walks.
 void StageShow::TakeSteps() {
+    if (!testChar_.UseChar || !testChar_.CharLoaded) {
+        return;
+    }
     SettleSteps();
     camera_.users = UsersSteps();
     testChar_.StepsOverridden = true;
@@ -119,12 +115,6 @@ void StageShow::TakeSteps() {
     const Single step = std::fabs(testChar_.Characters.front().WalkSpeed);
     if (step != 0) {
         camera_.HCamStep = step;
-    }
-}
-
-void StageShow::TakeStepsIfLoaded() {
-    if (testChar_.UseChar && testChar_.CharLoaded) {
-        TakeSteps();
     }
 }
 

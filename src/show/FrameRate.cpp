@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "show/FrameRate.h"
 
+#include <algorithm>
 #include <cstdint>
+#include <utility>
 
-#include "base/Integers.h"
 #include "base/NumberText.h"
 
 namespace scenara {
@@ -18,24 +19,15 @@ std::string TwoDecimals(Single value) {
 
 }  // namespace
 
-void CountFrame(LoopState& loop) {
+std::optional<Integer> CountFrame(LoopState& loop, Clock& clock) {
     loop.TotalFrames = Incremented(loop.TotalFrames);
     loop.FrameCount = Incremented(loop.FrameCount);
-}
-
-bool SecondIsOver(const LoopState& loop, Clock& clock) {
-    return TicksSince(loop.LastFpsTick, clock.GetTickCount()) > kSecond;
-}
-
-void LimitFrameCount(LoopState& loop) {
-    if (loop.FpsLimit != 0 && loop.FrameCount > loop.FpsLimit) {
-        loop.FrameCount = loop.FpsLimit;
+    if (TicksSince(loop.LastFpsTick, clock.GetTickCount()) <= kSecond) {
+        return std::nullopt;
     }
-}
-
-void BeginSecond(LoopState& loop, Clock& clock) {
     loop.LastFpsTick = clock.GetTickCount();
-    loop.FrameCount = 0;
+    const Integer frames = std::exchange(loop.FrameCount, Integer{0});
+    return loop.FpsLimit != 0 ? std::min(frames, loop.FpsLimit) : frames;
 }
 
 std::string InfoLine(Single CamX, Single CamY, Integer FrameCount) {

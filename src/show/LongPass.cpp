@@ -27,10 +27,6 @@ bool LongPass::GoesOn() {
     return !givenUp_;
 }
 
-void LongPass::End() {
-    static_cast<void>(LooksAgain());
-}
-
 // Whether a tenth of a second has passed since the last look.
 bool LongPass::LooksAgain() {
     if (tenth_ == 0) {

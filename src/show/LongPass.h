@@ -30,7 +30,7 @@ public:
     void Begin();
     [[nodiscard]] bool GoesOn() override;
     // The frame is drawn. It may have been one long element.
-    void End();
+    void End() { static_cast<void>(LooksAgain()); }
     // The frame at hand was given up, so that the picture is not whole.
     [[nodiscard]] bool GivenUp() const { return givenUp_; }
 

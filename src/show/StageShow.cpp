@@ -52,8 +52,6 @@ ShowState StageShow::State() const {
     return loop_.Paused != 0 ? ShowState::Paused : ShowState::Running;
 }
 
-// --- A stage ---------------------------------------------------------------------------------
-
 bool StageShow::Start(const std::string& mugeDir) {
     const std::optional<CameraPlace> camera = std::exchange(Which.camera, std::nullopt);
     longPass_.Forget();
@@ -102,7 +100,9 @@ void StageShow::Prepare(const std::optional<CameraPlace>& camera, Messages& mess
     }
     PrepareElements(model_, options_, view_);
     MakeTilePatterns(model_, options_, view_, engine_.Device());
-    StartTestChar(messages);
+    if (testChar_.UseChar) {
+        LoadTestChar(messages);
+    }
 }
 
 void StageShow::Release() {
@@ -118,8 +118,6 @@ void StageShow::Release() {
     loop_.TotalFrames = 0;
     events_.StateChanged();
 }
-
-// --- A pass ----------------------------------------------------------------------------------
 
 void StageShow::BeginLoop() {
     ForgetKeys();
@@ -158,6 +156,14 @@ bool StageShow::Tick(bool info) {
     return CountAndTell(info);
 }
 
+bool StageShow::CountAndTell(bool info) {
+    const std::optional<Integer> frames = CountFrame(loop_, machine_.clock);
+    if (frames && info) {
+        infoText_ = InfoLine(model_.CamX, model_.CamY, *frames);
+    }
+    return frames.has_value();
+}
+
 // Addition: authors pause a stage to place things.
 void StageShow::EditWhilePaused() {
     editor_.AtEndOfPass();
@@ -166,19 +172,6 @@ void StageShow::EditWhilePaused() {
         DrawSceneAgain(engine_, tiles_, flags_, this);
         edited_ = longPass_.GivenUp();
     }
-}
-
-bool StageShow::CountAndTell(bool info) {
-    CountFrame(loop_);
-    if (!SecondIsOver(loop_, machine_.clock)) {
-        return false;
-    }
-    LimitFrameCount(loop_);
-    if (info) {
-        infoText_ = InfoLine(model_.CamX, model_.CamY, loop_.FrameCount);
-    }
-    BeginSecond(loop_, machine_.clock);
-    return true;
 }
 
 void StageShow::Present(bool info) {
@@ -206,16 +199,6 @@ void StageShow::ForgetKeys() {
     editor_.ForgetPresses();
 }
 
-// --- The camera's steps ----------------------------------------------------------------------
-
-bool StageShow::StepsAreOverridden() const {
-    return testChar_.StepsOverridden || flags_.MouseScroll != 0;
-}
-
-CameraSteps StageShow::UsersSteps() const {
-    return StepsAreOverridden() ? camera_.users : CameraSteps{camera_.HCamStep, camera_.VCamStep};
-}
-
 void StageShow::SetMouseScroll(bool on) {
     camera_.users = UsersSteps();
     flags_.MouseScroll = on ? kByteTrue : Byte{0};
@@ -223,7 +206,7 @@ void StageShow::SetMouseScroll(bool on) {
         SettleSteps();
         camera_.HCamStep = StepOrOne(camera_.users.HCamStep);
         camera_.VCamStep = StepOrOne(camera_.users.VCamStep);
-        TakeStepsIfLoaded();
+        TakeSteps();
     }
 }
 

@@ -112,7 +112,10 @@ public:
     // While the pointer or the test character sets the steps, the user's own are kept aside;
     // whichever comes first keeps them, and the settings get what is kept.
 
-    [[nodiscard]] CameraSteps UsersSteps() const;
+    [[nodiscard]] CameraSteps UsersSteps() const {
+        return StepsAreOverridden() ? camera_.users
+                                    : CameraSteps{camera_.HCamStep, camera_.VCamStep};
+    }
     void SetMouseScroll(bool on);
 
     // --- The test character --------------------------------------------------------------------
@@ -135,15 +138,12 @@ public:
     [[nodiscard]] const StageModel& Model() const { return model_; }
     [[nodiscard]] const View& Picture() const { return view_; }
     [[nodiscard]] Camera& CameraState() { return camera_; }
-    [[nodiscard]] const Camera& CameraState() const { return camera_; }
     [[nodiscard]] ViewFlags& Flags() { return flags_; }
     [[nodiscard]] ViewOptions& Options() { return options_; }
     [[nodiscard]] const ViewOptions& Options() const { return options_; }
     [[nodiscard]] LoopState& Loop() { return loop_; }
-    [[nodiscard]] const LoopState& Loop() const { return loop_; }
     [[nodiscard]] Engine& TheEngine() { return engine_; }
     [[nodiscard]] DebugEditor& Editor() { return editor_; }
-    [[nodiscard]] const DebugEditor& Editor() const { return editor_; }
     [[nodiscard]] TestCharState& TestChar() { return testChar_; }
     [[nodiscard]] const TestCharState& TestChar() const { return testChar_; }
     [[nodiscard]] const std::string& InfoText() const { return infoText_; }
@@ -155,22 +155,24 @@ private:
     class Loading;
 
     [[nodiscard]] Figure CharacterFigure() const;
-    [[nodiscard]] bool ShowsCharacter() const;
+    [[nodiscard]] bool ShowsCharacter() const {
+        return options_.Additions && testChar_.UseChar && testChar_.CharLoaded;
+    }
 
     [[nodiscard]] bool Load(const std::string& mugeDir, Messages& messages);
     void Prepare(const std::optional<CameraPlace>& camera, Messages& messages);
     bool CountAndTell(bool info);
     void EditWhilePaused();
 
-    [[nodiscard]] bool StepsAreOverridden() const;
+    [[nodiscard]] bool StepsAreOverridden() const {
+        return testChar_.StepsOverridden || flags_.MouseScroll != 0;
+    }
     void SettleSteps();
 
     [[nodiscard]] bool LoadCharacterFile(TestCharacter& character, Messages& messages);
     void LoadTestChar(Messages& messages);
-    void StartTestChar(Messages& messages);
     void ReleaseTestChar();
     void TakeSteps();
-    void TakeStepsIfLoaded();
     void GiveStepsBack();
 
     ShowMachine machine_;

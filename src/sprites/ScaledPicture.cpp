@@ -4,9 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <cstddef>
 #include <limits>
-#include <span>
 #include <utility>
 
 namespace scenara {

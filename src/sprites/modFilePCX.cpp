@@ -6,9 +6,7 @@
 #include <string>
 
 #include "base/ByteReader.h"
-#include "base/NotCopied.h"
 #include "base/RunTimeError.h"
-#include "base/Text.h"
 #include "sprites/PcxLines.h"
 
 namespace scenara {
@@ -31,11 +29,6 @@ constexpr std::uint32_t Opaque(unsigned red, unsigned green, unsigned blue) {
 
 constexpr std::uint32_t Keyed(std::uint32_t color) {
     return color & ~kOpaque;
-}
-
-KeyColor KeyOf(std::uint32_t color) {
-    return {255, static_cast<Byte>(color >> 16U), static_cast<Byte>(color >> 8U),
-            static_cast<Byte>(color)};
 }
 
 // The planes that the format gives to each number of bits.
@@ -97,17 +90,17 @@ void TrueColorLine(std::span<const std::uint8_t> line, const PcxHeader& header,
 }
 
 // Pixels in the key colour become transparent; with no key yet, none.
-void ApplyKeyByColor(std::span<std::uint32_t> pixels, KeyColor key) {
-    if (key.alpha != 0) {
-        std::replace(pixels.begin(), pixels.end(), key.Argb(), Keyed(key.Argb()));
+void ApplyKeyByColor(std::span<std::uint32_t> pixels, std::uint32_t key) {
+    if (key != 0) {
+        std::replace(pixels.begin(), pixels.end(), key, Keyed(key));
     }
 }
 
-TextureParameters ParametersFor(const PcxHeader& header, KeyColor key) {
+TextureParameters ParametersFor(const PcxHeader& header, std::uint32_t key) {
     TextureParameters parameters;
     parameters.width = header.Width();
     parameters.height = header.Height();
-    parameters.colorKey = key.Argb();
+    parameters.colorKey = key;
     if (header.Is256Colors() && header.IsRunLength() &&
         header.bytesPerLine <= header.Width() + kMostPadding) {
         parameters.wantedPitch = header.bytesPerLine;
@@ -175,10 +168,6 @@ std::size_t PcxHeader::LastLineBytes() const {
                     LineBytes());
 }
 
-std::uint64_t PcxHeader::NeededBytes() const {
-    return PictureBytes() == 0 ? 0 : PictureBytes() - LineBytes() + LastLineBytes();
-}
-
 PcxHeader ReadPcxHeader(std::span<const std::byte, kPcxHeaderSize> bytes) {
     ByteReader reader(bytes, "PCX header");
     PcxHeader header;
@@ -238,11 +227,6 @@ void CheckPcxHeader(const PcxHeader& header, std::uint64_t packed) {
     }
 }
 
-std::uint32_t KeyColor::Argb() const {
-    return std::uint32_t{alpha} << 24U | std::uint32_t{red} << 16U | std::uint32_t{green} << 8U |
-           blue;
-}
-
 PcxDecoder::PcxDecoder(TextureMaker& device, Messages& messages, UnpackPath path)
     : device_(device), messages_(messages), path_(path) {
     palette_.fill(kOpaque);  // black, until there is one
@@ -264,15 +248,14 @@ bool PcxDecoder::LoadPCX(const PcxHeader& header, std::span<const std::byte> dat
         picture = Decode(header, data, lines);
         return true;
     } catch (...) {
-        HandleError("LoadPCX", TextOfCurrentError());
+        HandleError(TextOfCurrentError());
     }
     return false;
 }
 
-void PcxDecoder::HandleError(std::string_view routine, std::string_view reason) {
-    std::string text = "An ERROR has occurred!!";
-    text.append(kCrLf).append(routine).append(kCrLf).append("HandleError: ").append(reason);
-    messages_.MsgBox(kMessageLoadPcx, std::move(text));
+void PcxDecoder::HandleError(std::string_view reason) {
+    std::string text = "An ERROR has occurred!!\r\nLoadPCX\r\nHandleError: ";
+    messages_.MsgBox(kMessageLoadPcx, std::move(text.append(reason)));
 }
 
 template <typename NextLine>
@@ -310,7 +293,7 @@ PcxPicture PcxDecoder::Decode(const PcxHeader& header, std::span<const std::byte
     PcxPicture picture;
     picture.width = header.Width();
     picture.height = header.Height();
-    picture.key = onePlane ? KeyOf(colors[0]) : key_;
+    picture.key = onePlane ? colors[0] | kOpaque : key_;
     if (lines != nullptr) {
         lines->Begin(picture.width, picture.height);
         picture.consumed =

@@ -67,7 +67,9 @@ struct PcxHeader {
     [[nodiscard]] std::uint64_t PictureBytes() const;
     // The same without the padding behind the last line, which no pixel needs.
     [[nodiscard]] std::size_t LastLineBytes() const;
-    [[nodiscard]] std::uint64_t NeededBytes() const;
+    [[nodiscard]] std::uint64_t NeededBytes() const {
+        return PictureBytes() == 0 ? 0 : PictureBytes() - LineBytes() + LastLineBytes();
+    }
     [[nodiscard]] bool IsRunLength() const { return encoding != 0; }
     // The one kind that has a palette of 256 colours.
     [[nodiscard]] bool Is256Colors() const { return planes == 1 && bitsPerPixel == 8; }
@@ -87,21 +89,11 @@ void CheckPcxHeader(const PcxHeader& header, std::uint64_t packed);
 // make nothing, could take more; nobody writes them.)
 [[nodiscard]] std::uint64_t MostPackedBytes(const PcxHeader& header);
 
-// A transparent colour; alpha 0 = none so far.
-struct KeyColor {
-    Byte alpha = 0;
-    Byte red = 0;
-    Byte green = 0;
-    Byte blue = 0;
-
-    [[nodiscard]] std::uint32_t Argb() const;
-};
-
 struct PcxPicture {
     std::shared_ptr<Direct3DTexture8> texture;
     Long width = 0;
     Long height = 0;
-    KeyColor key;
+    std::uint32_t key = 0;     // the transparent colour made opaque, ARGB; 0 = none so far
     std::size_t consumed = 0;  // bytes of the data that the pixels took
 };
 
@@ -135,8 +127,8 @@ public:
     [[nodiscard]] bool LoadPCX(const PcxHeader& header, std::span<const std::byte> data,
                                PcxPicture& picture, PictureLines* lines = nullptr);
 
-    // The message box of the image routines, for a failure in `routine`.
-    void HandleError(std::string_view routine, std::string_view reason);
+    // The message box of the image routines.
+    void HandleError(std::string_view reason);
 
 private:
     [[nodiscard]] PcxPicture Decode(const PcxHeader& header, std::span<const std::byte> data,
@@ -150,7 +142,7 @@ private:
     Messages& messages_;
     UnpackPath path_;
     ColorTable palette_{};
-    KeyColor key_;
+    std::uint32_t key_ = 0;  // of the last picture, as it has it
     std::vector<std::uint8_t> line_;
 };
 

@@ -6,7 +6,6 @@
 #include <utility>
 
 #include "base/RunTimeError.h"
-#include "base/Text.h"
 #include "sprites/ScaledPicture.h"
 #include "sprites/SpriteMessages.h"
 #include "sprites/version1/SffArchive.h"
@@ -135,10 +134,10 @@ private:
         }
         entry.width = ToInteger(entry.texture->Width());
         entry.height = ToInteger(entry.texture->Height());
-        entry.keyAlpha = picture.key.alpha;
-        entry.keyRed = picture.key.red;
-        entry.keyGreen = picture.key.green;
-        entry.keyBlue = picture.key.blue;
+        entry.keyAlpha = static_cast<Byte>(picture.key >> 24U);
+        entry.keyRed = static_cast<Byte>(picture.key >> 16U);
+        entry.keyGreen = static_cast<Byte>(picture.key >> 8U);
+        entry.keyBlue = static_cast<Byte>(picture.key);
         model_.LastImageWidth = entry.width;
         model_.LastImageHeight = entry.height;
         return true;

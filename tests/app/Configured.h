@@ -14,6 +14,12 @@
 
 namespace scenara::test {
 
+inline void SaveConfig(const Settings& settings, const std::string& version, Files& files) {
+    std::string text;
+    MakeConfigText(settings, version, text);
+    WriteConfigText(files, text);
+}
+
 struct Configured {
     Configured() { DesignMenus(form); }
 

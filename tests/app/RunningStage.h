@@ -154,8 +154,12 @@ struct RunningStage {
     HeadlessFullScreen fullScreen{window};
     HeadlessMedia media{clock};
     Form form;
-    frmStage program{{files, messages, window, keyboard, clock, pointer, process, direct3D, dialogs,
-                      display, fullScreen, media},
+    frmStage program{{{files, messages, window, keyboard, clock, pointer, direct3D},
+                      process,
+                      dialogs,
+                      display,
+                      fullScreen,
+                      media},
                      form,
                      options};
     StageShow& show = program.Show();

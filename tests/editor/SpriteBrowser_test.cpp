@@ -23,7 +23,7 @@ using testing::IsEmpty;
 // Writes down what it is asked for.
 class RecordedBrowserWindow : public BrowserWindow {
 public:
-    void Size(Long width, Long height) override {
+    void MakeRoom(Long width, Long height) override {
         Note("size " + std::to_string(width) + "x" + std::to_string(height));
     }
     void API_doevents() override {
@@ -37,13 +37,13 @@ public:
         shown = picture;
     }
     void SetCaption(const std::string& caption) override { Note("caption " + caption); }
-    [[nodiscard]] Extent LargestPicture() const override { return largest; }
+    [[nodiscard]] InnerSize LargestPicture() override { return largest; }
 
     std::vector<std::string> Take() { return std::exchange(calls_, {}); }
 
     std::function<void()> onEvents;
     BrowserPicture shown;
-    Extent largest{1024, 700};
+    InnerSize largest{1024, 700};
 
 private:
     void Note(std::string call) { calls_.push_back(std::move(call)); }

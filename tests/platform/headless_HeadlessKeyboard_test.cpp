@@ -19,18 +19,6 @@ TEST(KeySet, HoldsEachKeyApart) {
     EXPECT_EQ(keys, KeySet());
 }
 
-TEST(KeyNamed, KnowsTheKeysOfScriptsAsTheyAreWritten) {
-    EXPECT_EQ(KeyNamed("left"), VirtualKey::Left);
-    EXPECT_EQ(KeyNamed("right"), VirtualKey::Right);
-    EXPECT_EQ(KeyNamed("up"), VirtualKey::Up);
-    EXPECT_EQ(KeyNamed("down"), VirtualKey::Down);
-    EXPECT_EQ(KeyNamed("a"), VirtualKey::A);
-    EXPECT_EQ(KeyNamed("z"), VirtualKey::Z);
-    for (const char* unknown : {"", "Left", "A", "lef", "lefts", "none", " up"}) {
-        EXPECT_EQ(KeyNamed(unknown), std::nullopt) << unknown;
-    }
-}
-
 TEST(HeadlessKeyboard, AnswersThatAKeyIsDownWhileItIsHeldHoweverOftenItIsAsked) {
     HeadlessKeyboard keyboard;
     EXPECT_EQ(keyboard.GetAsyncKeyState(VirtualKey::Right), 0);

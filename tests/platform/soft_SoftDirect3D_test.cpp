@@ -216,8 +216,8 @@ TEST_F(SoftDirect3DTest, DrawsTextIntoTheBackBuffer) {
 
     std::vector<std::uint32_t> expected(machine->Device()->BackBuffer().size(), 0xFF000000);
     const auto plainFont = MakeSoftFont({"Times New Roman", 12, true, false});
-    DrawSoftText(*plainFont, 0xFFFF8000, "Cam 0,0", kPlace, DT_RIGHT, expected, 320, 240);
-    DrawSoftText(*plainFont, 0xFFFFFFFF, "60 FPS", {5, 100, 205, 120}, 0, expected, 320, 240);
+    DrawSoftText(plainFont.get(), 0xFFFF8000, "Cam 0,0", kPlace, DT_RIGHT, expected, 320, 240);
+    DrawSoftText(plainFont.get(), 0xFFFFFFFF, "60 FPS", {5, 100, 205, 120}, 0, expected, 320, 240);
     EXPECT_TRUE(std::ranges::equal(machine->Device()->BackBuffer(), expected));
 }
 

@@ -37,19 +37,21 @@ TEST(FrameRate, AFrameIsCountedTwice) {
     LoopState loop;
     loop.FrameCount = 7;
     loop.TotalFrames = 700;
-    CountFrame(loop);
+    SetClock clock(0);
+    EXPECT_EQ(CountFrame(loop, clock), std::nullopt);
     EXPECT_EQ(loop.FrameCount, 8);
     EXPECT_EQ(loop.TotalFrames, 701);
 }
 
 TEST(FrameRate, ACounterThatRunsOverIsAnError) {
     LoopState loop;
+    SetClock clock(0);
     loop.FrameCount = std::numeric_limits<Integer>::max();
-    EXPECT_THAT([&] { CountFrame(loop); },
+    EXPECT_THAT([&] { return CountFrame(loop, clock); },
                 ThrowsMessage<RunTimeError>(testing::StartsWith("Overflow")));
     loop.FrameCount = 0;
     loop.TotalFrames = std::numeric_limits<Long>::max();
-    EXPECT_THAT([&] { CountFrame(loop); },
+    EXPECT_THAT([&] { return CountFrame(loop, clock); },
                 ThrowsMessage<RunTimeError>(testing::StartsWith("Overflow")));
 }
 
@@ -76,7 +78,7 @@ TEST(FrameRate, ASecondIsOverOnlyWhenMoreThanOneHasPassed) {
         LoopState loop;
         loop.LastFpsTick = row.from;
         SetClock clock(row.to);
-        EXPECT_EQ(SecondIsOver(loop, clock), row.over) << row.name;
+        EXPECT_EQ(CountFrame(loop, clock).has_value(), row.over) << row.name;
     }
 }
 
@@ -84,27 +86,24 @@ TEST(FrameRate, TheFirstPassOfALoopUpdates) {
     LoopState loop;
     loop.LastFpsTick = kNoFpsTick;
     SetClock zero(0);
-    EXPECT_FALSE(SecondIsOver(loop, zero)) << "exactly 1000 ms are not more";
+    EXPECT_EQ(CountFrame(loop, zero), std::nullopt) << "exactly 1000 ms are not more";
     SetClock one(1);
-    EXPECT_TRUE(SecondIsOver(loop, one));
+    EXPECT_EQ(CountFrame(loop, one), 2);
 }
 
-TEST(FrameRate, TheCountIsAtMostTheLimit) {
-    LoopState loop;
-    loop.FrameCount = 61;
-    LimitFrameCount(loop);
-    EXPECT_EQ(loop.FrameCount, 60);
-    loop.FrameCount = 59;
-    LimitFrameCount(loop);
-    EXPECT_EQ(loop.FrameCount, 59);
-}
-
-TEST(FrameRate, WithoutALimitTheCountStaysAsItIs) {
-    LoopState loop;
-    loop.FpsLimit = 0;
-    loop.FrameCount = 900;
-    LimitFrameCount(loop);
-    EXPECT_EQ(loop.FrameCount, 900);
+TEST(FrameRate, TheCountIsAtMostTheLimitWhereThereIsOne) {
+    struct Row {
+        Integer limit;
+        Integer before;
+        Integer told;
+    };
+    for (const Row& row : {Row{60, 60, 60}, Row{60, 59, 60}, Row{60, 58, 59}, Row{0, 899, 900}}) {
+        LoopState loop;
+        loop.FpsLimit = row.limit;
+        loop.FrameCount = row.before;
+        SetClock clock(2000);
+        EXPECT_EQ(CountFrame(loop, clock), row.told) << row.limit << ", " << row.before;
+    }
 }
 
 TEST(FrameRate, ASecondBeginsWithAFreshTickAndNoFrames) {
@@ -113,11 +112,10 @@ TEST(FrameRate, ASecondBeginsWithAFreshTickAndNoFrames) {
     loop.FrameCount = 60;
     loop.TotalFrames = 600;
     SetClock clock(2000);
-    ASSERT_TRUE(SecondIsOver(loop, clock));
-    BeginSecond(loop, clock);
+    ASSERT_TRUE(CountFrame(loop, clock));
     EXPECT_EQ(loop.LastFpsTick, 2001) << "not the tick that was compared";
     EXPECT_EQ(loop.FrameCount, 0);
-    EXPECT_EQ(loop.TotalFrames, 600);
+    EXPECT_EQ(loop.TotalFrames, 601);
 }
 
 TEST(InfoLine, NamesTheShownCameraAndTheFrames) {

@@ -143,7 +143,7 @@ TEST(SubfilePictures, TheFlagTakesThePaletteOfThePictureBefore) {
                    SharingOf(WritePcx(c, Without(TrailingPalette::MarkerOnly))), Of(b)}));
     EXPECT_EQ(archive.Next(), KeyedByIndex(a));
     EXPECT_EQ(archive.Next(), KeyedByIndex(b, a.palette));
-    EXPECT_EQ(archive.picture.key.Argb(), Opaque(a.palette[0]));
+    EXPECT_EQ(archive.picture.key, Opaque(a.palette[0]));
     EXPECT_EQ(archive.Next(), KeyedByIndex(c, a.palette));
     EXPECT_EQ(archive.Next(), KeyedByIndex(b));
     EXPECT_TRUE(archive.Texts().empty());
@@ -394,7 +394,7 @@ TEST(LookedAtPalette, IsBelievedBehindItsMarkOrBehindThePixels) {
         Pictures archive(bytes, kWithAdditions);
         (void)archive.NextAfter({true});
         const auto inForce = PaletteOf(row.hasPalette ? 2 : 1);
-        EXPECT_EQ(archive.picture.key.Argb(), Opaque(inForce[0]));
+        EXPECT_EQ(archive.picture.key, Opaque(inForce[0]));
         EXPECT_EQ(archive.Next(), KeyedByIndex(StripedPicture(9, 9, inForce, 200)));
         const std::vector<std::string> said(
             row.hasPalette ? 0 : 1,
@@ -403,7 +403,7 @@ TEST(LookedAtPalette, IsBelievedBehindItsMarkOrBehindThePixels) {
         EXPECT_EQ(archive.Texts(), said);
         Pictures plain(bytes);
         (void)plain.NextAfter({true});
-        EXPECT_EQ(plain.picture.key.Argb() == Opaque(inForce[0]), row.hasPalette);
+        EXPECT_EQ(plain.picture.key == Opaque(inForce[0]), row.hasPalette);
         EXPECT_TRUE(plain.Texts().empty());
     }
 }

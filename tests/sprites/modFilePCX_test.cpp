@@ -255,10 +255,7 @@ TEST(LoadPCX, TheKeyIsEntry0MadeOpaque) {
     Palette palette = PaletteOf(0);
     palette[0] = {12, 34, 56};
     ASSERT_TRUE(decoding.Load(StripedPicture(3, 3, palette)));
-    const KeyColor& key = decoding.picture.key;
-    EXPECT_THAT((std::array{key.alpha, key.red, key.green, key.blue}),
-                ElementsAre(255, 12, 34, 56));
-    EXPECT_EQ(key.Argb(), 0xFF0C2238U);
+    EXPECT_EQ(decoding.picture.key, 0xFF0C2238U);
 }
 
 TEST(LoadPCX, Index0IsTransparentAndOthersOfItsColorAreNot) {
@@ -289,7 +286,7 @@ TEST(LoadPCX, SaysYoAndKeepsTheKeyForPicturesOfSeveralPlanes) {
     Palette palette = PaletteOf(0);
     palette[0] = {13, 29, 1};
     ASSERT_TRUE(decoding.Load(StripedPicture(2, 2, palette)));
-    const KeyColor key = decoding.picture.key;
+    const std::uint32_t key = decoding.picture.key;
 
     const TrueColourPicture picture{3, 1, {{13, 29, 1}, {13, 29, 2}, {0, 0, 0}}};
     ASSERT_TRUE(decoding.Load(WritePcx(picture)));
@@ -297,14 +294,14 @@ TEST(LoadPCX, SaysYoAndKeepsTheKeyForPicturesOfSeveralPlanes) {
     EXPECT_EQ(decoding.messages.Recorded().front().kind, kMessageThreePlanes);
     EXPECT_EQ(decoding.messages.Recorded().front().text, "yo...");
     EXPECT_EQ(decoding.messages.Recorded().front().title, "");
-    EXPECT_EQ(decoding.picture.key.Argb(), key.Argb());
-    EXPECT_EQ(decoding.device.Created().back().colorKey, key.Argb());
+    EXPECT_EQ(decoding.picture.key, key);
+    EXPECT_EQ(decoding.device.Created().back().colorKey, key);
     EXPECT_EQ(decoding.Pixels(),
               (Words{Clear({13, 29, 1}), Opaque({13, 29, 2}), Opaque({0, 0, 0})}));
 
     // And for the one behind it, too.
     ASSERT_TRUE(decoding.Load(WritePcx(picture)));
-    EXPECT_EQ(decoding.picture.key.Argb(), key.Argb());
+    EXPECT_EQ(decoding.picture.key, key);
     EXPECT_EQ(decoding.messages.Recorded().size(), 2U);
 }
 
@@ -313,7 +310,7 @@ TEST(LoadPCX, WithoutAKeySoFarNothingIsTransparent) {
     const TrueColourPicture picture{2, 1, {{0, 0, 0}, {255, 255, 255}}};
     ASSERT_TRUE(decoding.Load(WritePcx(picture)));
     EXPECT_EQ(decoding.Pixels(), (Words{0xFF000000, 0xFFFFFFFF}));
-    EXPECT_EQ(decoding.picture.key.alpha, 0);
+    EXPECT_EQ(decoding.picture.key, 0U);
     EXPECT_EQ(decoding.device.Created().front().colorKey, 0U);
 }
 
@@ -326,7 +323,7 @@ TEST(LoadPCX, AFailedPictureLeavesTheKeyOfTheOneBefore) {
     ASSERT_FALSE(decoding.Load(cut));
 
     ASSERT_TRUE(decoding.Load(WritePcx(TrueColorPicture(2, 2, 0))));
-    EXPECT_EQ(decoding.picture.key.Argb(), Opaque(PaletteOf(50)[0]));
+    EXPECT_EQ(decoding.picture.key, Opaque(PaletteOf(50)[0]));
 }
 
 TEST(LoadPCX, AFailureLeavesThePictureAndTheNextOneComesOut) {
@@ -376,7 +373,7 @@ TEST(LoadPCX, PicturesOfSeveralPlanesThatFailSayNoYo) {
 
 TEST(HandleError, NamesTheRoutineAndTheReason) {
     PcxDecoding decoding;
-    decoding.decoder.HandleError("LoadPCX", "Overflow");
+    decoding.decoder.HandleError("Overflow");
     EXPECT_THAT(decoding.Texts(), ElementsAre(HandleErrorText("Overflow")));
 }
 

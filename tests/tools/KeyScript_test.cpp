@@ -71,7 +71,9 @@ TEST(KeyScript, SaysWhichStepIsNoneAndWhy) {
 
 TEST(KeyScript, TakesNoKeyThatItDoesNotKnow) {
     const std::string known = " is none of left, right, up, down, a, z and none";
-    EXPECT_EQ(ErrorOf("Right:3"), "key script: \"Right\"" + known);
+    for (const std::string name : {"Right", "A", "righ", "rights"}) {
+        EXPECT_EQ(ErrorOf(name + ":3"), "key script: \"" + name + "\"" + known);
+    }
     EXPECT_EQ(ErrorOf("right:3, up:3"), "key script: \" up\"" + known);
     EXPECT_EQ(ErrorOf("right+:3"), "key script: \"\"" + known);
     EXPECT_EQ(ErrorOf("+right:3"), "key script: \"\"" + known);

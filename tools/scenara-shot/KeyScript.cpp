@@ -2,6 +2,7 @@
 #include "scenara-shot/KeyScript.h"
 
 #include <algorithm>
+#include <optional>
 #include <stdexcept>
 #include <string>
 
@@ -20,6 +21,25 @@ std::string_view TakeUpTo(char mark, std::string_view& text) {
 
 [[noreturn]] void Reject(std::string_view what, std::string_view why) {
     throw std::invalid_argument("key script: \"" + std::string(what) + "\" " + std::string(why));
+}
+
+struct NamedKey {
+    std::string_view name;
+    VirtualKey key;
+};
+
+constexpr NamedKey kNamedKeys[] = {
+    {"left", VirtualKey::Left}, {"right", VirtualKey::Right}, {"up", VirtualKey::Up},
+    {"down", VirtualKey::Down}, {"a", VirtualKey::A},         {"z", VirtualKey::Z},
+};
+
+std::optional<VirtualKey> KeyNamed(std::string_view name) {
+    for (const NamedKey& named : kNamedKeys) {
+        if (named.name == name) {
+            return named.key;
+        }
+    }
+    return std::nullopt;
 }
 
 KeySet ParseKeys(std::string_view names) {

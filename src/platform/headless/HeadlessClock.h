@@ -19,7 +19,7 @@ public:
     static constexpr std::int64_t kFrequency = 1000 * kCountsPerMillisecond;
     static constexpr std::int64_t kStart = 1000 * kCountsPerMillisecond;
 
-    [[nodiscard]] Long GetTickCount() override;
+    [[nodiscard]] Long GetTickCount() override { return TickOf(counter_ / kCountsPerMillisecond); }
     [[nodiscard]] std::int64_t QueryPerformanceCounter() override {
         counter_ += countsPerLook_;
         return counter_;

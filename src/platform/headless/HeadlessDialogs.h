@@ -36,13 +36,30 @@ public:
     // All of them, oldest first.
     [[nodiscard]] const std::vector<DialogQuestion>& Asked() const { return asked_; }
 
-    [[nodiscard]] std::string BrowseForFolder(const std::string& prompt) override;
+    [[nodiscard]] std::string BrowseForFolder(const std::string& prompt) override {
+        return Ask({DialogQuestion::Kind::BrowseForFolder, prompt, {}});
+    }
     [[nodiscard]] std::string OpenFile(const std::string& title,
-                                       const std::string& initialFolder) override;
-    [[nodiscard]] std::string InputBox(const std::string& prompt) override;
+                                       const std::string& initialFolder) override {
+        return Ask({DialogQuestion::Kind::OpenFile, title, initialFolder});
+    }
+    [[nodiscard]] std::string InputBox(const std::string& prompt) override {
+        return Ask({DialogQuestion::Kind::InputBox, prompt, {}});
+    }
 
 private:
-    std::string Ask(const DialogQuestion& question);
+    std::string Ask(const DialogQuestion& question) {
+        asked_.push_back(question);
+        if (observer_) {
+            observer_(question);
+        }
+        if (answers_.empty()) {
+            return {};
+        }
+        std::string answer = std::move(answers_.front());
+        answers_.pop_front();
+        return answer;
+    }
 
     std::deque<std::string> answers_;
     Observer observer_;

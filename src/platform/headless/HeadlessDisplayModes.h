@@ -3,6 +3,8 @@
 // HeadlessDisplayModes: a screen that nobody sees, with the modes that a test gives it.
 #pragma once
 
+#include <algorithm>
+#include <cstddef>
 #include <utility>
 #include <vector>
 
@@ -21,7 +23,8 @@ public:
         : HeadlessDisplayModes({{640, 480, 24, 60}, kFullScreen, {1024, 768, 24, 60}}) {}
 
     // These modes, the last one in force.
-    explicit HeadlessDisplayModes(std::vector<DisplaySettings> modes);
+    explicit HeadlessDisplayModes(std::vector<DisplaySettings> modes)
+        : modes_(std::move(modes)), current_(modes_.empty() ? DisplaySettings() : modes_.back()) {}
 
     // From now on the screen has other modes; the one in force stays, whether it is among them or
     // not.
@@ -33,10 +36,20 @@ public:
     // Every mode that was asked for, in order, refused ones included.
     [[nodiscard]] const std::vector<DisplaySettings>& Switches() const { return switches_; }
 
-    [[nodiscard]] std::optional<DisplaySettings> EnumDisplaySettings(Long index) override;
+    [[nodiscard]] std::optional<DisplaySettings> EnumDisplaySettings(Long index) override {
+        const auto at = static_cast<std::size_t>(index);
+        return index >= 0 && at < modes_.size() ? std::optional(modes_[at]) : std::nullopt;
+    }
     [[nodiscard]] DisplaySettings Current() override { return current_; }
     // Works for the modes that the screen has.
-    bool ChangeDisplaySettings(const DisplaySettings& mode) override;
+    bool ChangeDisplaySettings(const DisplaySettings& mode) override {
+        switches_.push_back(mode);
+        if (refuses_ || std::find(modes_.begin(), modes_.end(), mode) == modes_.end()) {
+            return false;
+        }
+        current_ = mode;
+        return true;
+    }
 
 private:
     std::vector<DisplaySettings> modes_;

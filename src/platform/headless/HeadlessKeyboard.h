@@ -7,8 +7,6 @@
 
 #include <bitset>
 #include <initializer_list>
-#include <optional>
-#include <string_view>
 
 #include "platform/Keyboard.h"
 
@@ -34,9 +32,6 @@ public:
 private:
     std::bitset<256> keys_;
 };
-
-// The keys that scripts name: left, right, up, down, a, z, written so.
-[[nodiscard]] std::optional<VirtualKey> KeyNamed(std::string_view name);
 
 class HeadlessKeyboard : public Keyboard {
 public:

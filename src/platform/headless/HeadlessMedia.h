@@ -11,7 +11,6 @@
 
 #include <map>
 #include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -53,46 +52,6 @@ private:
     int graphsAlive_ = 0;
     bool refusesGraphs_ = false;
     bool raisesAtStop_ = false;
-};
-
-class HeadlessMediaGraph : public MediaGraph {
-public:
-    explicit HeadlessMediaGraph(HeadlessMedia& media);
-    ~HeadlessMediaGraph() override;
-
-    bool RenderFile(const std::string& file) override;
-    bool Run() override;
-    bool Pause() override;
-    bool Stop() override;
-    [[nodiscard]] std::optional<FilterState> GetState() override;
-    [[nodiscard]] std::optional<double> Duration() override;
-    [[nodiscard]] std::optional<double> CurrentPosition() override;
-    bool PutCurrentPosition(double seconds) override;
-    [[nodiscard]] std::optional<double> Rate() override;
-    bool PutRate(double rate) override;
-    [[nodiscard]] std::optional<Long> Volume() override;
-    bool PutVolume(Long volume) override;
-    [[nodiscard]] std::optional<Long> Balance() override;
-    bool PutBalance(Long balance) override;
-    // No file here has a picture.
-    [[nodiscard]] std::optional<Long> SourceWidth() override { return std::nullopt; }
-    [[nodiscard]] std::optional<Long> SourceHeight() override { return std::nullopt; }
-
-private:
-    [[nodiscard]] const HeadlessMediaFile* File() const;
-    [[nodiscard]] bool IsOpen() const;
-    [[nodiscard]] double Now() const;
-    bool GoTo(const char* call, FilterState state);
-    void StandAt(double position);
-
-    HeadlessMedia& media_;
-    std::string file_;
-    FilterState state_ = FilterState::Stopped;
-    double position_ = 0;  // where it was ...
-    double since_ = 0;     // ... at this time of the clock, in seconds
-    double rate_ = 1;
-    Long volume_ = 0;
-    Long balance_ = 0;
 };
 
 }  // namespace scenara

@@ -20,7 +20,12 @@ public:
     HeadlessMessages() = default;
     explicit HeadlessMessages(Observer observer) : observer_(std::move(observer)) {}
 
-    void Show(const Message& message) override;
+    void Show(const Message& message) override {
+        recorded_.push_back(message);
+        if (observer_) {
+            observer_(message);
+        }
+    }
     bool ShowWithOffer(const Message& message, const std::string& offer) override {
         offers_.push_back(offer);
         Show(message);

@@ -68,8 +68,15 @@ public:
     [[nodiscard]] InnerSize LargestInnerSize() const override {
         return {kScreenWidth - frame_.width, kScreenHeight - frame_.height};
     }
-    void SetCaption(const std::string& caption) override;
-    void DoEvents() override;
+    void SetCaption(const std::string& caption) override { captions_.push_back(caption); }
+    void DoEvents() override {
+        ++doEventsCount_;
+        leavingWaits_ = false;
+        ReportSize();
+        if (script_) {
+            script_(*this);
+        }
+    }
     void NoteEvents() override {
         if (duringPass_) {
             duringPass_(*this);
@@ -90,9 +97,18 @@ public:
 
     // What moving and sizing the window does. At first it is as large as the view, in the screen's
     // upper left corner.
-    void MoveTo(const WindowPlace& place);
+    void MoveTo(const WindowPlace& place) {
+        left_ = place.left;
+        top_ = place.top;
+        inner_ = {place.width / kUnitsPerPixel - frame_.width,
+                  place.height / kUnitsPerPixel - frame_.height};
+        sizeCame_ = true;
+    }
     // What its maximise button does: it covers the screen, and is given no other size.
-    void Maximise();
+    void Maximise() {
+        MoveTo(WindowPlace{0, 0, Screen().width, Screen().height});
+        maximised_ = true;
+    }
     // What stands around the inner area, in pixels: at first nothing.
     void SetFrame(const InnerSize& frame) { frame_ = frame; }
     // What the view takes on another screen: at first as many pixels as it has.
@@ -120,7 +136,15 @@ public:
     [[nodiscard]] std::size_t ShowCount() const { return showCount_; }
 
 private:
-    void ReportSize();
+    void ReportSize() {
+        const std::optional<InnerSize> wished = std::exchange(wished_, std::nullopt);
+        if (wished && !maximised_) {
+            inner_ = *wished;
+        }
+        if (std::exchange(sizeCame_, false) && events_ != nullptr) {
+            events_->Form_Resize(inner_.width, inner_.height);
+        }
+    }
 
     Script script_;
     Script duringPass_;

@@ -10,7 +10,6 @@
 
 #include <array>
 #include <csignal>
-#include <cstddef>
 
 #include "base/NotCopied.h"
 

@@ -15,7 +15,6 @@
 #include "base/RunTimeError.h"
 #include "base/Text.h"
 #include "platform/posix/FileErrors.h"
-#include "platform/posix/ReplaceFile.h"
 #include "platform/posix/ResolvePath.h"
 
 namespace scenara {
@@ -175,10 +174,6 @@ std::unique_ptr<OutputFile> PosixFiles::OpenForWriting(const std::string& path) 
     return std::make_unique<PosixOutputFile>(path);
 }
 
-void PosixFiles::ReplaceFile(const std::string& path, std::string_view bytes) {
-    ReplaceFileAt(path, bytes);
-}
-
 void PosixFiles::Delete(const std::string& path) {
     const std::string resolved = ResolvePath(CheckedName(path));
     struct stat status {};
@@ -219,10 +214,6 @@ bool PosixFiles::FolderExists(const std::string& path) {
     struct stat status {};
     return !HasZeroByte(path) && ::stat(ResolvePath(path).c_str(), &status) == 0 &&
            S_ISDIR(status.st_mode);
-}
-
-std::string PosixFiles::ProgramFolder() {
-    return programFolder_;
 }
 
 }  // namespace scenara

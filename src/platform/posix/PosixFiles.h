@@ -30,7 +30,7 @@ public:
     std::vector<std::string> List(const std::string& folder, std::string_view extension) override;
     bool FolderExists(const std::string& path) override;
     std::vector<std::string> InOtherLetters(const std::string& name) override;
-    std::string ProgramFolder() override;
+    std::string ProgramFolder() override { return programFolder_; }
 
 private:
     std::string programFolder_;

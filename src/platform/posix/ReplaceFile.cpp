@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: MIT
-#include "platform/posix/ReplaceFile.h"
-
+//
+// A file gets new contents in one step.
+//
+// The new contents are written to a file beside it (its name and ".new"), brought to the disk, and
+// then renamed over the old one. A machine that stops in between leaves at most that file, which
+// the next call takes over. So one program at a time may replace a file. A file that may not be
+// written to is not replaced either.
 #include <cerrno>
 #include <cstdlib>
-#include <memory>
 #include <optional>
 #include <utility>
 
@@ -14,6 +18,7 @@
 #include "base/NotCopied.h"
 #include "base/Path.h"
 #include "platform/posix/FileErrors.h"
+#include "platform/posix/PosixFiles.h"
 #include "platform/posix/ResolvePath.h"
 
 namespace scenara {
@@ -122,7 +127,7 @@ std::optional<struct stat> OldFile(const std::string& name, const std::string& p
 
 }  // namespace
 
-void ReplaceFileAt(const std::string& path, std::string_view bytes) {
+void PosixFiles::ReplaceFile(const std::string& path, std::string_view bytes) {
     const std::string name = RealName(ResolvePath(CheckedName(path)));
     const std::optional<struct stat> old = OldFile(name, path);
     NewFile file(name + ".new", path);

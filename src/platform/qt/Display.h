@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Display: what must be settled with the display itself.
+// Display: what must be settled with the display itself, and what only it knows.
 #pragma once
 
 class QWindow;
@@ -16,5 +16,10 @@ void MakeAutoRepeatDetectable();
 // Makes the part of a window that the toolkit does not paint black; it would keep what was on the
 // screen before. At a fractional scale the toolkit measures a window up to a pixel too small.
 void BlackenBeneath(const QWindow& window);
+
+// Whether the window manager says that the window stands beside others, at a size that is not its
+// own to choose: on X11 such windows are maximised in one direction only, which the toolkit does
+// not tell. One that tiles all its windows says nothing.
+[[nodiscard]] bool IsTiled(const QWindow& window);
 
 }  // namespace scenara

@@ -132,32 +132,26 @@ void MainWindow::BuildList() {
 
 void MainWindow::BuildBars() {
     connect(cameraBar_, &QScrollBar::valueChanged, this, [this](int value) {
-        Note([value](FormEvents& events) { events.hscHScroll_Change(value); },
-             WaitingEvents::Kind::CameraBar);
+        waiting_.Add([value](FormEvents& events) { events.hscHScroll_Change(value); },
+                     WaitingEvents::Kind::CameraBar);
     });
     // While the thumb is dragged its values are scrolling, else changes.
     connect(spriteBar_, &QScrollBar::valueChanged, this, [this](int value) {
-        const bool dragged = spriteBar_->isSliderDown();
-        Note(
-            [value, dragged](FormEvents& events) {
-                if (dragged) {
-                    events.hscSGFX_Scroll(value);
-                } else {
-                    events.hscSGFX_Change(value);
-                }
-            },
-            WaitingEvents::Kind::SpriteBar);
+        const auto tell =
+            spriteBar_->isSliderDown() ? &FormEvents::hscSGFX_Scroll : &FormEvents::hscSGFX_Change;
+        waiting_.Add([value, tell](FormEvents& events) { (events.*tell)(value); },
+                     WaitingEvents::Kind::SpriteBar);
     });
     connect(spriteBar_, &QScrollBar::sliderReleased, this, [this] {
         const int value = spriteBar_->value();
-        Note([value](FormEvents& events) { events.hscSGFX_Change(value); },
-             WaitingEvents::Kind::SpriteBar);
+        waiting_.Add([value](FormEvents& events) { events.hscSGFX_Change(value); },
+                     WaitingEvents::Kind::SpriteBar);
     });
 }
 
 void MainWindow::BuildMouse() {
     picture_->SetMouseObserver([this](PictureWidget::Mouse what, Long x, Long y) {
-        Note(
+        waiting_.Add(
             [what, x, y](FormEvents& events) {
                 switch (what) {
                     case PictureWidget::Mouse::Down: events.Form_MouseDown(x, y); break;
@@ -214,13 +208,10 @@ int MainWindow::SelectedRow() const {
     return selected.isEmpty() ? -1 : list_->row(selected.front());
 }
 
-void MainWindow::NoteSelection(int row) {
-    Note([row](FormEvents& events) { events.lstStages_Click(row); }, WaitingEvents::Kind::Leaving);
-}
-
 void MainWindow::NoteKey(VirtualKey key) {
-    Note([key](FormEvents& events) { events.Form_KeyDown(key); },
-         key == VirtualKey::Escape ? WaitingEvents::Kind::Leaving : WaitingEvents::Kind::Once);
+    waiting_.Add(
+        [key](FormEvents& events) { events.Form_KeyDown(key); },
+        key == VirtualKey::Escape ? WaitingEvents::Kind::Leaving : WaitingEvents::Kind::Once);
 }
 
 void MainWindow::SetEvents(FormEvents* events) {
@@ -235,17 +226,12 @@ void MainWindow::SetEvents(FormEvents* events) {
 MainWindow::~MainWindow() = default;
 
 void MainWindow::BuildMenus() {
-    QMenu* const stage = menuBar()->addMenu(QString());
-    QMenu* const options = menuBar()->addMenu(QString());
-    actions_[static_cast<std::size_t>(Menu::mnuStage)] = stage->menuAction();
-    actions_[static_cast<std::size_t>(Menu::mnuOptions)] = options->menuAction();
-    auto* const extras = new QMenu(menuBar());  // NOLINT(cppcoreguidelines-owning-memory)
-    actions_[static_cast<std::size_t>(Menu::mnuExtras)] = extras->menuAction();
+    QMenu* submenu = nullptr;  // the newest, whose items come next
     for (std::size_t i = 0; i < kMenuCount; ++i) {
-        if (actions_[i] != nullptr) {
-            if (static_cast<Menu>(i) == Menu::mnuExtras) {
-                menuBar()->addMenu(extras);  // behind the items of the bar
-            }
+        const auto menu = static_cast<Menu>(i);
+        if (menu == Menu::mnuStage || menu == Menu::mnuOptions || menu == Menu::mnuExtras) {
+            submenu = menuBar()->addMenu(QString());
+            actions_[i] = submenu->menuAction();
             continue;
         }
         const MenuItem& item = form_.menus[i];
@@ -253,15 +239,12 @@ void MainWindow::BuildMenus() {
         auto* const action = new QAction(this);
         action->setSeparator(item.caption == "-");
         actions_[i] = action;
-        switch (item.place) {
-            case MenuPlace::Bar: menuBar()->addAction(action); break;
-            case MenuPlace::Stage: stage->addAction(action); break;
-            case MenuPlace::Options: options->addAction(action); break;
-            case MenuPlace::Extras: extras->addAction(action); break;
-        }
+        const bool inBar = item.place == MenuPlace::Bar;
+        (inBar ? static_cast<QWidget*>(menuBar()) : submenu)->addAction(action);
         connect(action, &QAction::triggered, this, [this, i] {
-            Note([i](FormEvents& events) { events.Menu_Click(static_cast<Menu>(i)); },
-                 form_.menus[i].leaves ? WaitingEvents::Kind::Leaving : WaitingEvents::Kind::Once);
+            waiting_.Add(
+                [i](FormEvents& events) { events.Menu_Click(static_cast<Menu>(i)); },
+                form_.menus[i].leaves ? WaitingEvents::Kind::Leaving : WaitingEvents::Kind::Once);
         });
     }
 }
@@ -289,8 +272,8 @@ void MainWindow::ShowRecentFiles() {
         auto* const action = new QAction(this);  // NOLINT(cppcoreguidelines-owning-memory)
         const auto index = static_cast<Long>(recentActions_.size() + 1);
         connect(action, &QAction::triggered, this, [this, index] {
-            Note([index](FormEvents& events) { events.MnuRecentFiles_Click(index); },
-                 WaitingEvents::Kind::Leaving);
+            waiting_.Add([index](FormEvents& events) { events.MnuRecentFiles_Click(index); },
+                         WaitingEvents::Kind::Leaving);
         });
         menu.insertAction(&before, action);
         recentActions_.push_back(action);
@@ -387,10 +370,6 @@ InnerSize MainWindow::LargestInnerSize() const {
     return {most.width(), most.height() - HeightAround()};
 }
 
-void MainWindow::MoveTo(Long left, Long top) {
-    size_.AskForPlace({left / kUnitsPerPixel, top / kUnitsPerPixel});
-}
-
 void MainWindow::SetCaption(const std::string& caption) {
     setWindowTitle(Shown(caption));
 }
@@ -413,10 +392,6 @@ void MainWindow::DoEvents() {
 void MainWindow::NoteEvents() {
     tookEventsIn_ = true;
     QApplication::processEvents();
-}
-
-bool MainWindow::LeavingWaits() const {
-    return endRequested_ || waiting_.LeavingWaits();
 }
 
 void MainWindow::WaitForEvents() {
@@ -479,15 +454,6 @@ ScreenSize MainWindow::Screen() const {
     return {Units(size.width()), Units(size.height())};
 }
 
-// As Foreground tells it: of several bases the widget's address counts.
-WindowHandle MainWindow::Handle() const {
-    return reinterpret_cast<WindowHandle>(static_cast<const QWidget*>(this));
-}
-
-WindowHandle MainWindow::PictureHandle() const {
-    return reinterpret_cast<WindowHandle>(picture_);
-}
-
 WindowHandle MainWindow::Foreground() const {
     const bool ours = QGuiApplication::applicationState() == Qt::ApplicationActive;
     return ours ? reinterpret_cast<WindowHandle>(QApplication::activeWindow()) : 0;
@@ -500,13 +466,13 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 
 void MainWindow::NoteUnload() {
     endRequested_ = true;
-    Note([](FormEvents& events) { events.Form_Unload(); });
+    waiting_.Add([](FormEvents& events) { events.Form_Unload(); });
 }
 
 void MainWindow::showEvent(QShowEvent* event) {
     QMainWindow::showEvent(event);
     BlackenBeneath(*windowHandle());
-    Note([](FormEvents& events) { events.Form_Activate(); });
+    waiting_.Add([](FormEvents& events) { events.Form_Activate(); });
 }
 
 void MainWindow::resizeEvent(QResizeEvent* event) {
@@ -542,8 +508,8 @@ void MainWindow::dropEvent(QDropEvent* event) {
     for (const QUrl& url : event->mimeData()->urls()) {
         if (url.isLocalFile()) {
             const std::string path = QFile::encodeName(url.toLocalFile()).toStdString();
-            Note([path](FormEvents& events) { events.Form_OLEDragDrop(path); },
-                 WaitingEvents::Kind::Leaving);
+            waiting_.Add([path](FormEvents& events) { events.Form_OLEDragDrop(path); },
+                         WaitingEvents::Kind::Leaving);
             event->acceptProposedAction();
             return;
         }

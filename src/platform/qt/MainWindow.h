@@ -14,7 +14,6 @@
 #include <cstdint>
 #include <span>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "platform/DisplayModes.h"
@@ -64,19 +63,28 @@ public:
 
     void Show() override;
     void Size(Long width, Long height) override;
-    void MoveTo(Long left, Long top) override;
+    void MoveTo(Long left, Long top) override {
+        size_.AskForPlace({left / kUnitsPerPixel, top / kUnitsPerPixel});
+    }
     void SetCaption(const std::string& caption) override;
     [[nodiscard]] bool MessageWaiting() override;
     void DoEvents() override;
     void NoteEvents() override;
-    [[nodiscard]] bool LeavingWaits() const override;
+    [[nodiscard]] bool LeavingWaits() const override {
+        return endRequested_ || waiting_.LeavingWaits();
+    }
     void ShowPicture(Long width, Long height, std::span<const std::uint32_t> pixels) override;
     [[nodiscard]] WindowPlace Place() const override;
     [[nodiscard]] ScreenSize Screen() const override;
     [[nodiscard]] InnerSize RoomFor(const View& view) const override;
     [[nodiscard]] InnerSize LargestInnerSize() const override;
-    [[nodiscard]] WindowHandle Handle() const override;
-    [[nodiscard]] WindowHandle PictureHandle() const override;
+    // As Foreground tells it: of several bases the widget's address counts.
+    [[nodiscard]] WindowHandle Handle() const override {
+        return reinterpret_cast<WindowHandle>(static_cast<const QWidget*>(this));
+    }
+    [[nodiscard]] WindowHandle PictureHandle() const override {
+        return reinterpret_cast<WindowHandle>(picture_);
+    }
     [[nodiscard]] WindowHandle Foreground() const override;
     [[nodiscard]] bool EndRequested() const override { return endRequested_; }
     void RequestEnd() override { endRequested_ = true; }
@@ -103,9 +111,9 @@ private:
     void ShowBar(QScrollBar& widget, const ScrollBar& bar) const;
     [[nodiscard]] int HeightAround() const;
     [[nodiscard]] int SelectedRow() const;
-    void NoteSelection(int row);
-    void Note(WaitingEvents::Event event, WaitingEvents::Kind kind = WaitingEvents::Kind::Once) {
-        waiting_.Add(std::move(event), kind);
+    void NoteSelection(int row) {
+        waiting_.Add([row](FormEvents& events) { events.lstStages_Click(row); },
+                     WaitingEvents::Kind::Leaving);
     }
     void HandOver();
     [[nodiscard]] bool SizeIsToBeReported() const;

@@ -8,7 +8,6 @@
 #include <QProxyStyle>
 #include <QShortcutEvent>
 #include <algorithm>
-#include <utility>
 
 namespace scenara {
 namespace {
@@ -128,10 +127,6 @@ bool MenuBar::IsOfSeveral(const QKeySequence& letter) const {
     const QList<QAction*> items = actions();
     return std::count_if(items.begin(), items.end(),
                          [&](const QAction* item) { return IsOf(*item, letter); }) > 1;
-}
-
-bool MenuBar::IsRepeated(const QKeySequence& letter) {
-    return std::exchange(held_, letter) == letter;
 }
 
 void MenuBar::GoToNextOf(const QKeySequence& letter) {

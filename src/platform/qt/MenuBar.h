@@ -11,6 +11,7 @@
 #include <QKeySequence>
 #include <QMenuBar>
 #include <QPointer>
+#include <utility>
 
 namespace scenara {
 
@@ -29,7 +30,9 @@ protected:
 private:
     [[nodiscard]] bool IsOfSeveral(const QKeySequence& letter) const;
     // Notes it as held.
-    [[nodiscard]] bool IsRepeated(const QKeySequence& letter);
+    [[nodiscard]] bool IsRepeated(const QKeySequence& letter) {
+        return std::exchange(held_, letter) == letter;
+    }
     void GoToNextOf(const QKeySequence& letter);
     void GoToMenu(int step);
     void Open(QAction& menu);

@@ -162,10 +162,6 @@ void PictureWidget::PaintSelection(QPainter& painter) const {
     painter.drawRect(frame);
 }
 
-void PictureWidget::resizeEvent(QResizeEvent* /*event*/) {
-    Stretch();
-}
-
 void PictureWidget::Stretch() {
     fit_ = FitOnScreen(width(), height(), devicePixelRatioF(), size_);
     if (view_.empty() || fit_.width < 1 || fit_.height < 1) {

@@ -17,7 +17,6 @@
 
 #include "platform/PictureFit.h"
 #include "platform/View.h"
-#include "platform/ViewFrame.h"
 #include "platform/soft/PictureSink.h"
 
 class QPainter;
@@ -50,7 +49,7 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
+    void resizeEvent(QResizeEvent* /*event*/) override { Stretch(); }
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;

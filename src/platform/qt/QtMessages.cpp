@@ -52,11 +52,6 @@ void QtMessages::ShowBox(QMessageBox& box, const Message& message) {
         Print(message);
         return;
     }
-    Fill(box, message);
-    static_cast<void>(questions_.Ask(box));
-}
-
-void QtMessages::Fill(QMessageBox& box, const Message& message) const {
     box.setIcon(IconOf(message.icon));
     box.setWindowTitle(
         QString::fromStdString(ToUtf8(message.title.empty() ? form_.title : message.title)));
@@ -64,6 +59,7 @@ void QtMessages::Fill(QMessageBox& box, const Message& message) const {
     box.setTextFormat(Qt::PlainText);
     box.setText(QString::fromStdString(ToUtf8(message.text)));
     box.setStandardButtons(QMessageBox::Ok);
+    static_cast<void>(questions_.Ask(box));
 }
 
 }  // namespace scenara

@@ -25,7 +25,6 @@ public:
     bool ShowWithOffer(const Message& message, const std::string& offer) override;
 
 private:
-    void Fill(QMessageBox& box, const Message& message) const;
     void ShowBox(QMessageBox& box, const Message& message);
 
     Questions& questions_;

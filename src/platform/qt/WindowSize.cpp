@@ -5,7 +5,7 @@
 #include <QWidget>
 #include <QWindow>
 
-#include "platform/qt/TiledWindow.h"
+#include "platform/qt/Display.h"
 
 namespace scenara {
 namespace {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/soft/BlendRows.h"
-#include "platform/soft/CopyRowsPaths.h"
+#include "platform/soft/RowPaths.h"
 
 #if SCENARA_ROWS_X86
 

@@ -3,8 +3,8 @@
 
 #include <algorithm>
 
-#include "platform/soft/CopyRowsPaths.h"
 #include "platform/soft/Coverage.h"
+#include "platform/soft/RowPaths.h"
 
 namespace scenara::soft {
 namespace {

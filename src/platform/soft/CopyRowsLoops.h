@@ -46,19 +46,9 @@ struct Line {
           pixels(rows.destination +
                  (y * rows.pitch + (kMirrored ? rows.width - kBlockTexels : 0))) {}
 
-    template <typename Blocks>
-    [[gnu::always_inline]] void Copy(std::ptrdiff_t begin) const {
-        Blocks::template Copy<kMirrored>(texels + begin, pixels + (kMirrored ? -begin : begin));
-    }
-    template <typename Blocks>
-    [[gnu::always_inline]] void Mask(std::ptrdiff_t begin) const {
-        Blocks::template Mask<kMirrored>(texels + begin, pixels + (kMirrored ? -begin : begin));
-    }
-    template <typename Blocks>
-    [[gnu::always_inline]] void Blend(std::ptrdiff_t begin, const std::int32_t* lanes,
-                                      std::uint32_t alpha) const {
-        Blocks::template Blend<kMirrored>(texels + begin, pixels + (kMirrored ? -begin : begin),
-                                          lanes, alpha);
+    // Where the block goes that begins with the texel `begin`.
+    [[gnu::always_inline]] [[nodiscard]] std::uint32_t* PixelsOf(std::ptrdiff_t begin) const {
+        return pixels + (kMirrored ? -begin : begin);
     }
     [[gnu::always_inline]] void Fetch(std::ptrdiff_t begin) const {
         __builtin_prefetch(ahead + begin);
@@ -78,8 +68,9 @@ template <typename Blocks, bool kMirrored>
         for (std::ptrdiff_t x = 0; x < rows.width; x += 2 * kBlock) {
             const std::ptrdiff_t first = std::min(x, lastBegin);
             line.Fetch(first);
-            line.template Copy<Blocks>(first);
-            line.template Copy<Blocks>(std::min(x + kBlock, lastBegin));
+            Blocks::template Copy<kMirrored>(line.texels + first, line.PixelsOf(first));
+            const std::ptrdiff_t second = std::min(x + kBlock, lastBegin);
+            Blocks::template Copy<kMirrored>(line.texels + second, line.PixelsOf(second));
         }
     }
 }
@@ -156,11 +147,12 @@ template <typename Blocks, bool kMirrored>
         while (blocks != 0) {
             const std::ptrdiff_t first = taken.TakeBegin(blocks);
             line.Fetch(first);
-            line.template Mask<Blocks>(first);
+            Blocks::template Mask<kMirrored>(line.texels + first, line.PixelsOf(first));
             if (blocks == 0) {
                 break;
             }
-            line.template Mask<Blocks>(taken.TakeBegin(blocks));
+            const std::ptrdiff_t second = taken.TakeBegin(blocks);
+            Blocks::template Mask<kMirrored>(line.texels + second, line.PixelsOf(second));
         }
     }
 }
@@ -175,12 +167,14 @@ template <typename Blocks, bool kMirrored>
         while (blocks != 0) {
             const TakenBlocks::Part part = taken.TakePart(blocks);
             line.Fetch(part.begin);
-            line.template Blend<Blocks>(part.begin, part.lanes, alpha);
+            Blocks::template Blend<kMirrored>(line.texels + part.begin, line.PixelsOf(part.begin),
+                                              part.lanes, alpha);
             if (blocks == 0) {
                 break;
             }
             const TakenBlocks::Part next = taken.TakePart(blocks);
-            line.template Blend<Blocks>(next.begin, next.lanes, alpha);
+            Blocks::template Blend<kMirrored>(line.texels + next.begin, line.PixelsOf(next.begin),
+                                              next.lanes, alpha);
         }
     }
 }

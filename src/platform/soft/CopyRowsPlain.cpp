@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "platform/soft/CopyRowsPaths.h"
+#include "platform/soft/RowPaths.h"
 
 namespace scenara::soft::rows {
 namespace {

@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/soft/Coverage.h"
 
-#include <algorithm>
 #include <new>
 #include <span>
-#include <utility>
 
 namespace scenara::soft {
 namespace {

@@ -8,15 +8,12 @@
 namespace scenara::soft {
 namespace {
 
-struct PatternCloser {
-    void operator()(FcPattern* pattern) const { FcPatternDestroy(pattern); }
+template <auto kClose>
+struct Closer {
+    void operator()(auto* object) const { kClose(object); }
 };
-using Pattern = std::unique_ptr<FcPattern, PatternCloser>;
-
-struct ConfigurationCloser {
-    void operator()(FcConfig* configuration) const { FcConfigDestroy(configuration); }
-};
-using Configuration = std::unique_ptr<FcConfig, ConfigurationCloser>;
+using Pattern = std::unique_ptr<FcPattern, Closer<&FcPatternDestroy>>;
+using Configuration = std::unique_ptr<FcConfig, Closer<&FcConfigDestroy>>;
 
 // The system's list of fonts. It is read once, and it is the program's own: what a toolkit has
 // loaded for itself is left alone.
@@ -26,22 +23,13 @@ FcConfig* SystemFonts() {
 }
 
 Pattern PatternOf(const FontDescription& description, FcConfig* configuration) {
-    Pattern pattern(FcPatternCreate());
-    if (!pattern) {
-        return nullptr;
-    }
-    FcValue name{};
-    name.type = FcTypeString;
-    name.u.s = reinterpret_cast<const FcChar8*>(description.name.c_str());
-    const bool filled =
-        FcPatternAdd(pattern.get(), FC_FAMILY, name, FcTrue) != FcFalse &&
-        FcPatternAddInteger(pattern.get(), FC_WEIGHT,
-                            description.bold ? FC_WEIGHT_BOLD : FC_WEIGHT_REGULAR) != FcFalse &&
-        FcPatternAddInteger(pattern.get(), FC_SLANT,
-                            description.italic ? FC_SLANT_ITALIC : FC_SLANT_ROMAN) != FcFalse &&
-        FcPatternAddBool(pattern.get(), FC_SCALABLE, FcTrue) != FcFalse &&
-        FcConfigSubstitute(configuration, pattern.get(), FcMatchPattern) != FcFalse;
-    if (!filled) {
+    Pattern pattern(FcPatternBuild(
+        nullptr, FC_FAMILY, FcTypeString,
+        reinterpret_cast<const FcChar8*>(description.name.c_str()), FC_WEIGHT, FcTypeInteger,
+        description.bold ? FC_WEIGHT_BOLD : FC_WEIGHT_REGULAR, FC_SLANT, FcTypeInteger,
+        description.italic ? FC_SLANT_ITALIC : FC_SLANT_ROMAN, FC_SCALABLE, FcTypeBool, FcTrue,
+        nullptr));
+    if (!pattern || FcConfigSubstitute(configuration, pattern.get(), FcMatchPattern) == FcFalse) {
         return nullptr;
     }
     FcDefaultSubstitute(pattern.get());

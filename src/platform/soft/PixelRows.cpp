@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cstddef>
 
-#include "platform/soft/PixelRowsSse2.h"
+#include "platform/soft/RowPaths.h"
 
 namespace scenara::soft {
 

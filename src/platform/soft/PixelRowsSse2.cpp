@@ -1,8 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/soft/PixelRowsSse2.h"
-
-#include "platform/soft/CopyRows.h"
-#include "platform/soft/CopyRowsPaths.h"
+#include "platform/soft/RowPaths.h"
 
 #if SCENARA_ROWS_X86
 
@@ -84,19 +81,22 @@ SSE2 inline __m128i BlendedLanes(__m128i source, __m128i destination,
 }
 
 template <std::uint32_t kOperation>
+SSE2 inline __m128i BlendedGroup(__m128i over, __m128i under, const FactorBits& sourceFactor,
+                                 const FactorBits& destinationFactor) {
+    return _mm_packus_epi16(
+        BlendedLanes<kOperation>(FirstTwo(over), FirstTwo(under), sourceFactor, destinationFactor),
+        BlendedLanes<kOperation>(LastTwo(over), LastTwo(under), sourceFactor, destinationFactor));
+}
+
+template <std::uint32_t kOperation>
 SSE2 std::size_t BlendGroups(std::span<std::uint32_t> destination,
                              std::span<const std::uint32_t> source, const PixelStates& states) {
     const FactorBits sourceFactor(states.sourceFactor);
     const FactorBits destinationFactor(states.destinationFactor);
     std::size_t x = 0;
     for (; x + kGroup <= source.size(); x += kGroup) {
-        const __m128i over = Load(&source[x]);
-        const __m128i under = Load(&destination[x]);
-        const __m128i first = BlendedLanes<kOperation>(FirstTwo(over), FirstTwo(under),
-                                                       sourceFactor, destinationFactor);
-        const __m128i last = BlendedLanes<kOperation>(LastTwo(over), LastTwo(under), sourceFactor,
-                                                      destinationFactor);
-        Store(&destination[x], _mm_packus_epi16(first, last));
+        Store(&destination[x], BlendedGroup<kOperation>(Load(&source[x]), Load(&destination[x]),
+                                                        sourceFactor, destinationFactor));
     }
     return x;
 }
@@ -115,13 +115,10 @@ SSE2 std::size_t CoverGroups(std::span<std::uint32_t> destination,
         if (_mm_movemask_epi8(plain) == 0xFFFF) {
             Store(&destination[x],
                   _mm_or_si128(_mm_and_si128(visible, over), _mm_andnot_si128(visible, under)));
-            continue;
+        } else {
+            Store(&destination[x],
+                  BlendedGroup<D3DBLENDOP_ADD>(over, under, sourceFactor, destinationFactor));
         }
-        const __m128i first = BlendedLanes<D3DBLENDOP_ADD>(FirstTwo(over), FirstTwo(under),
-                                                           sourceFactor, destinationFactor);
-        const __m128i last = BlendedLanes<D3DBLENDOP_ADD>(LastTwo(over), LastTwo(under),
-                                                          sourceFactor, destinationFactor);
-        Store(&destination[x], _mm_packus_epi16(first, last));
     }
     return x;
 }

@@ -30,12 +30,24 @@ private:
     Parts parts_;
 };
 
-class SoftDirect3D8 final : public Direct3D8 {
+// An object that shares the machine's parts.
+template <typename Interface>
+class OfMachine : public Interface {
 public:
-    explicit SoftDirect3D8(Parts parts) : parts_(std::move(parts)) {}
+    explicit OfMachine(Parts parts) : parts_(std::move(parts)) {}
+
+protected:
+    [[nodiscard]] bool Fails(StartStep step) const { return parts_->failing == step; }
+
+    Parts parts_;
+};
+
+class SoftDirect3D8 final : public OfMachine<Direct3D8> {
+public:
+    using OfMachine::OfMachine;
 
     HRESULT GetAdapterDisplayMode(std::uint32_t adapter, D3DDISPLAYMODE& mode) override {
-        if (parts_->failing == StartStep::DisplayMode) {
+        if (Fails(StartStep::DisplayMode)) {
             return D3DERR_NOTAVAILABLE;
         }
         if (adapter != 0) {
@@ -49,7 +61,7 @@ public:
                          std::uint32_t /*behaviorFlags*/, const D3DPRESENT_PARAMETERS& parameters,
                          std::unique_ptr<Direct3DDevice8>& device) override {
         device.reset();
-        if (parts_->failing == StartStep::Device) {
+        if (Fails(StartStep::Device)) {
             return D3DERR_NOTAVAILABLE;
         }
         if (adapter != 0 || deviceType != D3DDEVTYPE_HAL) {
@@ -61,48 +73,34 @@ public:
         }
         return result;
     }
-
-private:
-    Parts parts_;
 };
 
-class SoftDirectX8 final : public DirectX8 {
+class SoftDirectX8 final : public OfMachine<DirectX8> {
 public:
-    explicit SoftDirectX8(Parts parts) : parts_(std::move(parts)) {}
+    using OfMachine::OfMachine;
 
     std::unique_ptr<Direct3D8> Direct3DCreate() override {
-        if (parts_->failing == StartStep::Direct3D8) {
-            return nullptr;
-        }
-        return std::make_unique<SoftDirect3D8>(parts_);
+        return Fails(StartStep::Direct3D8) ? nullptr : std::make_unique<SoftDirect3D8>(parts_);
     }
-
-private:
-    Parts parts_;
 };
 
 // A font and the device that it was made for.
-class DeviceFont final : public D3DXFont {
-public:
-    DeviceFont(SoftDevice& device, std::unique_ptr<D3DXFont> font)
-        : device_(device), font_(std::move(font)) {}
+struct DeviceFont final : D3DXFont {
+    DeviceFont(SoftDevice& itsDevice, std::unique_ptr<soft::GlyphCache> itsGlyphs)
+        : device(itsDevice), glyphs(std::move(itsGlyphs)) {}
 
-    [[nodiscard]] SoftDevice& Device() const { return device_; }
-    [[nodiscard]] D3DXFont& Font() const { return *font_; }
-
-private:
-    SoftDevice& device_;
-    std::unique_ptr<D3DXFont> font_;
+    SoftDevice& device;
+    std::unique_ptr<soft::GlyphCache> glyphs;  // none: nothing is drawn
 };
 
-class SoftD3DX8 final : public D3DX8 {
+class SoftD3DX8 final : public OfMachine<D3DX8> {
 public:
-    explicit SoftD3DX8(Parts parts) : parts_(std::move(parts)) {}
+    using OfMachine::OfMachine;
 
     HRESULT CreateFont(Direct3DDevice8& device, const FontDescription& description,
                        std::unique_ptr<D3DXFont>& font) override {
         font.reset();
-        if (parts_->failing == StartStep::Font) {
+        if (Fails(StartStep::Font)) {
             return D3DERR_NOTAVAILABLE;
         }
         auto* const drawnOn = dynamic_cast<SoftDevice*>(&device);
@@ -119,17 +117,14 @@ public:
         if (deviceFont == nullptr) {
             return D3DERR_INVALIDCALL;
         }
-        SoftDevice& device = deviceFont->Device();
+        SoftDevice& device = deviceFont->device;
         if (device.IsLost()) {
             return D3DERR_DEVICELOST;
         }
-        DrawSoftText(deviceFont->Font(), color, text, rectangle, format, device.BackBuffer(),
+        DrawSoftText(deviceFont->glyphs.get(), color, text, rectangle, format, device.BackBuffer(),
                      device.Size().width, device.Size().height);
         return D3D_OK;
     }
-
-private:
-    Parts parts_;
 };
 
 }  // namespace
@@ -139,17 +134,12 @@ SoftDirect3D::SoftDirect3D(std::shared_ptr<TextureMemory> memory, PictureSink* s
           SoftDirect3DParts{std::move(memory), sink, std::nullopt, nullptr})) {}
 
 std::unique_ptr<DirectX8> SoftDirect3D::CreateDirectX8() {
-    if (parts_->failing == StartStep::DirectX8) {
-        return nullptr;
-    }
-    return std::make_unique<SoftDirectX8>(parts_);
+    return parts_->failing == StartStep::DirectX8 ? nullptr
+                                                  : std::make_unique<SoftDirectX8>(parts_);
 }
 
 std::unique_ptr<D3DX8> SoftDirect3D::CreateD3DX8() {
-    if (parts_->failing == StartStep::D3DX8) {
-        return nullptr;
-    }
-    return std::make_unique<SoftD3DX8>(parts_);
+    return parts_->failing == StartStep::D3DX8 ? nullptr : std::make_unique<SoftD3DX8>(parts_);
 }
 
 }  // namespace scenara

@@ -2,7 +2,6 @@
 #include "platform/soft/SoftFont.h"
 
 #include <algorithm>
-#include <utility>
 
 #include "base/Text.h"
 #include "platform/soft/TextLayout.h"
@@ -76,16 +75,14 @@ void DrawLine(const Target& target, GlyphCache& glyphs, const soft::PlacedLine& 
 
 }  // namespace
 
-std::unique_ptr<D3DXFont> MakeSoftFont(const FontDescription& description) {
+std::unique_ptr<GlyphCache> MakeSoftFont(const FontDescription& description) {
     const auto file = soft::FindFontFile(description);
-    return std::make_unique<SoftFont>(file ? GlyphCache::Open(*file, description.size) : nullptr);
+    return file ? GlyphCache::Open(*file, description.size) : nullptr;
 }
 
-void DrawSoftText(D3DXFont& font, std::uint32_t color, std::string_view text, const RECT& rectangle,
-                  std::uint32_t format, std::span<std::uint32_t> pixels, std::int32_t width,
-                  std::int32_t height) {
-    const auto* const softFont = dynamic_cast<SoftFont*>(&font);
-    GlyphCache* const glyphs = softFont != nullptr ? softFont->Glyphs() : nullptr;
+void DrawSoftText(GlyphCache* glyphs, std::uint32_t color, std::string_view text,
+                  const RECT& rectangle, std::uint32_t format, std::span<std::uint32_t> pixels,
+                  std::int32_t width, std::int32_t height) {
     if (glyphs == nullptr || width < 1 || height < 1 ||
         pixels.size() / static_cast<std::size_t>(width) < static_cast<std::size_t>(height)) {
         return;

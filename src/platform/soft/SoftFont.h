@@ -2,8 +2,8 @@
 //
 // SoftFont: text over the picture, drawn on the CPU with the system's fonts.
 //
-// Where there are none, or their library does not work, a font is made all the same and draws
-// nothing: nobody shall lose the picture for the sake of a line of text.
+// Where there are none, or their library does not work, nothing is drawn: nobody shall lose the
+// picture for the sake of a line of text.
 //
 // A character is blended with its coverage times the colour's alpha, exactly and then rounded to
 // the nearest value; the pixels' top bytes stay. Once its glyphs are there a text is drawn without
@@ -14,32 +14,20 @@
 #include <memory>
 #include <span>
 #include <string_view>
-#include <utility>
 
 #include "platform/Direct3D8.h"
 #include "platform/soft/GlyphCache.h"
 
 namespace scenara {
 
-class SoftFont final : public D3DXFont {
-public:
-    // None: a font that draws nothing.
-    explicit SoftFont(std::unique_ptr<soft::GlyphCache> glyphs) : glyphs_(std::move(glyphs)) {}
-
-    // Its characters, for drawing; none when it draws nothing.
-    [[nodiscard]] soft::GlyphCache* Glyphs() const { return glyphs_.get(); }
-
-private:
-    std::unique_ptr<soft::GlyphCache> glyphs_;
-};
-
-[[nodiscard]] std::unique_ptr<D3DXFont> MakeSoftFont(const FontDescription& description);
+// The characters of a font; none where the system has no fonts.
+[[nodiscard]] std::unique_ptr<soft::GlyphCache> MakeSoftFont(const FontDescription& description);
 
 // Draws into `height` lines of `width` pixels, laid out as platform/soft/TextLayout.h says. What
 // lies outside of the picture is not drawn, nor what lies outside of the rectangle (save with
-// DT_NOCLIP). Nothing is drawn with fonts of another origin, or when `pixels` are too few.
-void DrawSoftText(D3DXFont& font, std::uint32_t color, std::string_view text, const RECT& rectangle,
-                  std::uint32_t format, std::span<std::uint32_t> pixels, std::int32_t width,
-                  std::int32_t height);
+// DT_NOCLIP). Nothing is drawn without glyphs, or when `pixels` are too few.
+void DrawSoftText(soft::GlyphCache* glyphs, std::uint32_t color, std::string_view text,
+                  const RECT& rectangle, std::uint32_t format, std::span<std::uint32_t> pixels,
+                  std::int32_t width, std::int32_t height);
 
 }  // namespace scenara

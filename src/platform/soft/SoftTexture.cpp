@@ -32,19 +32,6 @@ SoftTexture::SoftTexture(std::shared_ptr<TextureMemory> memory, const TexturePar
     piece_ = memory_->Allocate(WordsOf(parameters, pitch_));
 }
 
-SoftTexture::~SoftTexture() {
-    memory_->Release(piece_);
-}
-
-LockedPixels SoftTexture::LockRect() {
-    coverage_ = {};
-    return {piece_.words, pitch_};
-}
-
-void SoftTexture::UnlockRect() {
-    memory_->Shrink(piece_, static_cast<std::size_t>(pitch_) * static_cast<std::size_t>(height_));
-}
-
 void SoftTexture::PreLoad() {
     if (coverage_.WhatKind() == soft::Coverage::Kind::Unknown) {
         coverage_ = soft::Coverage::Of(Pixels());

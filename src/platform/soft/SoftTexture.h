@@ -21,13 +21,19 @@ class SoftTexture final : public Direct3DTexture8 {
 public:
     // Sizes are 1 to 32767. Raises RunTimeError "Out of memory".
     SoftTexture(std::shared_ptr<TextureMemory> memory, const TextureParameters& parameters);
-    ~SoftTexture() override;
+    ~SoftTexture() override { memory_->Release(piece_); }
 
     [[nodiscard]] std::int32_t Width() const override { return width_; }
     [[nodiscard]] std::int32_t Height() const override { return height_; }
-    LockedPixels LockRect() override;
+    LockedPixels LockRect() override {
+        coverage_ = {};
+        return {piece_.words, pitch_};
+    }
     LockedPixels LockRectToRead() override { return {piece_.words, pitch_}; }
-    void UnlockRect() override;
+    void UnlockRect() override {
+        memory_->Shrink(piece_,
+                        static_cast<std::size_t>(pitch_) * static_cast<std::size_t>(height_));
+    }
     void PreLoad() override;
 
     // For drawing; these hold until the next call that is not const.

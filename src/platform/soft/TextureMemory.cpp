@@ -27,9 +27,8 @@ std::size_t BytesOf(std::size_t words) {
 }  // namespace
 
 TextureMemory::~TextureMemory() {
-    for (const Block& block : blocks_) {
-        Unpoison(block.start, block.size);
-        ReleasePages(block.start, block.size);
+    while (!blocks_.empty()) {
+        Drop(blocks_.front());
     }
 }
 
@@ -138,13 +137,11 @@ void TextureMemory::DropSurplus() {
     std::size_t kept = 0;
     for (auto block = blocks_.begin(); block != blocks_.end();) {
         if (block->pieces == 0 && kept + block->committed > kKeptBytes) {
-            Unpoison(block->start, block->size);
-            ReleasePages(block->start, block->size);
-            block = blocks_.erase(block);
-            continue;
+            Drop(*block++);
+        } else {
+            kept += block->pieces == 0 ? block->committed : 0;
+            ++block;
         }
-        kept += block->pieces == 0 ? block->committed : 0;
-        ++block;
     }
 }
 

@@ -10,12 +10,10 @@ namespace {
 
 // Modes of fewer bits are described, and so found, as those of 24 are; 8 and 4 have words of their
 // own.
-bool ServesFullScreen(const DisplaySettings& mode) {
-    const Long bits = mode.bitsPerPixel;
-    return mode.width == X11DisplayModes::kEmulated.width &&
-           mode.height == X11DisplayModes::kEmulated.height &&
-           mode.frequency == X11DisplayModes::kEmulated.frequency &&
-           bits <= X11DisplayModes::kEmulated.bitsPerPixel && bits != 8 && bits != 4;
+bool ServesFullScreen(DisplaySettings mode) {
+    const Long bits = std::exchange(mode.bitsPerPixel, X11DisplayModes::kEmulated.bitsPerPixel);
+    return mode == X11DisplayModes::kEmulated && bits <= mode.bitsPerPixel && bits != 8 &&
+           bits != 4;
 }
 
 }  // namespace
@@ -23,10 +21,6 @@ bool ServesFullScreen(const DisplaySettings& mode) {
 X11DisplayModes::X11DisplayModes(std::function<ScreenRectangle()> windowPlace, std::string display)
     : windowPlace_(std::move(windowPlace)), display_(std::move(display)), connection_(display_) {
     ReadModes();
-}
-
-X11DisplayModes::~X11DisplayModes() {
-    Restore();
 }
 
 void X11DisplayModes::ReadModes() {
@@ -57,10 +51,6 @@ std::optional<DisplaySettings> X11DisplayModes::EnumDisplaySettings(Long index) 
         return std::nullopt;
     }
     return modes_[static_cast<std::size_t>(index)].settings;
-}
-
-DisplaySettings X11DisplayModes::Current() {
-    return emulatedInForce_ ? kEmulated : ShownMode();
 }
 
 // Another program may have switched since the modes were read.

@@ -32,10 +32,12 @@ public:
     // `windowPlace`: where the main window stands. `display`: for tests; empty: the environment's.
     explicit X11DisplayModes(std::function<ScreenRectangle()> windowPlace,
                              std::string display = {});
-    ~X11DisplayModes() override;
+    ~X11DisplayModes() override { Restore(); }
 
     [[nodiscard]] std::optional<DisplaySettings> EnumDisplaySettings(Long index) override;
-    [[nodiscard]] DisplaySettings Current() override;
+    [[nodiscard]] DisplaySettings Current() override {
+        return emulatedInForce_ ? kEmulated : ShownMode();
+    }
     bool ChangeDisplaySettings(const DisplaySettings& mode) override;
 
     // The mode that was in force before the first switch.

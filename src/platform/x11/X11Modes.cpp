@@ -26,6 +26,14 @@ Resources AskForResources(xcb_connection_t* connection, xcb_window_t root) {
         connection, xcb_randr_get_screen_resources_current(connection, root), nullptr));
 }
 
+Reply<xcb_randr_get_output_info_reply_t> AskForOutput(xcb_connection_t* connection,
+                                                      xcb_randr_output_t output,
+                                                      const Resources& resources) {
+    return Reply<xcb_randr_get_output_info_reply_t>(xcb_randr_get_output_info_reply(
+        connection, xcb_randr_get_output_info(connection, output, resources->config_timestamp),
+        nullptr));
+}
+
 xcb_screen_t* ScreenNumber(xcb_connection_t* connection, int number) {
     xcb_screen_iterator_t screen = xcb_setup_roots_iterator(xcb_get_setup(connection));
     for (; screen.rem > 0; xcb_screen_next(&screen)) {
@@ -81,14 +89,6 @@ X11Modes::X11Modes(const std::string& display) {
     }
 }
 
-bool X11Modes::Works() const {
-    return randr_ && xcb_connection_has_error(connection_.get()) == 0;
-}
-
-int X11Modes::Descriptor() const {
-    return xcb_get_file_descriptor(connection_.get());
-}
-
 DisplaySettings X11Modes::WholeArea() const {
     if (screen_ == nullptr) {
         return {};
@@ -120,10 +120,7 @@ std::optional<X11Screen> X11Modes::ScreenAt(const ScreenRectangle& place) const 
     }
     std::optional<X11Screen> best;
     for (const xcb_randr_output_t output : ConnectedOutputs(*resources)) {
-        const Reply<xcb_randr_get_output_info_reply_t> info(xcb_randr_get_output_info_reply(
-            connection_.get(),
-            xcb_randr_get_output_info(connection_.get(), output, resources->config_timestamp),
-            nullptr));
+        const auto info = AskForOutput(connection_.get(), output, resources);
         const std::optional<X11Screen> screen =
             info && info->crtc != XCB_NONE ? ScreenOf(info->crtc) : std::nullopt;
         if (screen && (!best || Overlap(*screen, place) > Overlap(*best, place))) {
@@ -151,13 +148,8 @@ std::vector<X11Mode> X11Modes::ModesOf(const X11Screen& screen) const {
     const Resources resources = Works() && !screen.outputs.empty()
                                     ? AskForResources(connection_.get(), screen_->root)
                                     : nullptr;
-    const Reply<xcb_randr_get_output_info_reply_t> output(
-        resources ? xcb_randr_get_output_info_reply(
-                        connection_.get(),
-                        xcb_randr_get_output_info(connection_.get(), screen.outputs.front(),
-                                                  resources->config_timestamp),
-                        nullptr)
-                  : nullptr);
+    const auto output =
+        resources ? AskForOutput(connection_.get(), screen.outputs.front(), resources) : nullptr;
     if (!output) {
         return {};
     }

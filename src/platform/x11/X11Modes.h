@@ -16,7 +16,6 @@
 #include <xcb/randr.h>
 #include <xcb/xcb.h>
 
-#include "base/Integers.h"
 #include "platform/DisplayModes.h"
 
 namespace scenara {
@@ -59,10 +58,12 @@ public:
     // The whole display area, for a display without outputs.
     [[nodiscard]] DisplaySettings WholeArea() const;
 
-    [[nodiscard]] int Descriptor() const;
+    [[nodiscard]] int Descriptor() const { return xcb_get_file_descriptor(connection_.get()); }
 
 private:
-    [[nodiscard]] bool Works() const;
+    [[nodiscard]] bool Works() const {
+        return randr_ && xcb_connection_has_error(connection_.get()) == 0;
+    }
     [[nodiscard]] std::vector<xcb_randr_output_t> ConnectedOutputs(
         const xcb_randr_get_screen_resources_current_reply_t& resources) const;
 

@@ -5,7 +5,6 @@
 #include <span>
 
 #include "base/ByteReader.h"
-#include "base/RunTimeError.h"
 
 namespace scenara {
 namespace {

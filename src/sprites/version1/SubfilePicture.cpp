@@ -63,7 +63,7 @@ bool SubfilePictures::Load(const Subfile& subfile, ArchiveUse& use, PcxPicture& 
         CheckPcxHeader(header_, packed);
         loaded = decoder_.LoadPCX(header_, std::span(data_).first(dataSize_), picture, lines);
     } catch (...) {
-        decoder_.HandleError("LoadPCX", TextOfCurrentError());
+        decoder_.HandleError(TextOfCurrentError());
     }
     if (loaded && !hasItsPalette) {
         SayPaletteIsMissing(subfile);

@@ -1,8 +1,13 @@
 // SPDX-License-Identifier: MIT
 //
-// The code paths behind CopyRows.h. For CopyRows*.cpp only.
+// The code paths behind CopyRows.h, BlendRows.h and PixelRows.h, for their *.cpp only.
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
+#include <span>
+
+#include "platform/soft/Blend.h"
 #include "platform/soft/CopyRows.h"
 
 #if defined(__x86_64__) || defined(__i386__)
@@ -25,5 +30,12 @@ void CopyAvx2(const TexelRows& rows);
 void MaskAvx2(const TexelRows& rows);
 void MaskAvx512(const TexelRows& rows);
 #endif
+
+// As PixelRows.h has them, save up to three pixels at the end. How many were done: none on
+// processors without SSE2.
+[[nodiscard]] std::size_t TintSse2(std::span<std::uint32_t> texels, std::uint32_t tint);
+[[nodiscard]] std::size_t BlendSse2(std::span<std::uint32_t> destination,
+                                    std::span<const std::uint32_t> source,
+                                    const PixelStates& states);
 
 }  // namespace scenara::soft::rows
