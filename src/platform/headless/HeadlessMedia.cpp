@@ -141,4 +141,14 @@ bool HeadlessMediaGraph::PutBalance(Long balance) {
     return true;
 }
 
+bool HeadlessMediaGraph::PutLoop(const MediaLoop& loop) {
+    media_.calls_.push_back("PutLoop " + NumberText(loop.start) + " " + NumberText(loop.end));
+    return File() != nullptr;
+}
+
+bool HeadlessMediaGraph::PutGain(double gain) {
+    media_.calls_.push_back("PutGain " + NumberText(gain));
+    return File() != nullptr;
+}
+
 }  // namespace scenara

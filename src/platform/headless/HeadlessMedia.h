@@ -74,6 +74,9 @@ public:
     bool PutVolume(Long volume) override;
     [[nodiscard]] std::optional<Long> Balance() override;
     bool PutBalance(Long balance) override;
+    // Only recorded: none of the files here can be played over and over.
+    bool PutLoop(const MediaLoop& loop) override;
+    bool PutGain(double gain) override;
     // No file here has a picture.
     [[nodiscard]] std::optional<Long> SourceWidth() override { return std::nullopt; }
     [[nodiscard]] std::optional<Long> SourceHeight() override { return std::nullopt; }
