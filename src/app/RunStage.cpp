@@ -9,6 +9,7 @@
 #include "app/frmStage.h"
 #include "base/Raised.h"
 #include "base/RunTimeError.h"
+#include "music/MusicGain.h"
 
 namespace scenara {
 
@@ -103,6 +104,7 @@ bool frmStage::StartLoop() {
     }
     ShowCharacterItem();
     SilenceStageBefore();
+    TuneMusic();
     if (form_[Menu::mnuMusic].checked && !show_.Model().MusicFile.empty()) {
         music_.Play();
     }
@@ -134,6 +136,25 @@ void frmStage::SilenceStageBefore() {
     }
 }
 
+// Addition: as loud as the stage wants it, and over and over without a gap. The gain comes first,
+// so that the file is put to its beginning anew with it.
+void frmStage::TuneMusic() {
+    const StageModel& model = show_.Model();
+    if (!show_.Options().Additions || model.MusicFile.empty()) {
+        return;
+    }
+    const bool readsOffset = model.MugenVersion < 1;
+    music_.SetGain(MusicGain(model.MusicVolume, readsOffset ? model.MusicVolumeOffset : 0));
+    music_.SetLoop({model.MusicLoopStart, model.MusicLoopEnd});
+}
+
+// What has come to its end all the same begins again.
+void frmStage::BeginMusicAgain() {
+    if (!show_.Model().MusicFile.empty()) {
+        RestartAtEnd(music_);
+    }
+}
+
 // A start that did not come through, or a pass that ended with an error: the window goes on without
 // a stage.
 void frmStage::AbandonStage() {
@@ -147,6 +168,9 @@ void frmStage::RunPass() {
     const bool info = form_[Menu::mnuInfo].checked;
     if (show_.Draw(info)) {
         OncePerSecond();
+    }
+    if (show_.Options().Additions) {
+        BeginMusicAgain();
     }
     ShowEditing();
     show_.Present(info);
@@ -169,8 +193,8 @@ void frmStage::OncePerSecond() {
     if (show_.BecameLight()) {
         ShowTitle();
     }
-    if (!show_.Model().MusicFile.empty()) {
-        RestartAtEnd(music_);
+    if (!show_.Options().Additions) {
+        BeginMusicAgain();
     }
 }
 

@@ -228,6 +228,8 @@ private:
     void PollPauseKey();
     void AbandonStage();
     void SilenceStageBefore();
+    void TuneMusic();
+    void BeginMusicAgain();
     void OpenFollowing();
     void LeaveStage();
     void LoadAgain();
