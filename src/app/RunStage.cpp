@@ -143,8 +143,8 @@ void frmStage::TuneMusic() {
     if (!show_.Options().Additions || model.MusicFile.empty()) {
         return;
     }
-    const bool readsOffset = model.MugenVersion < 1;
-    music_.SetGain(MusicGain(model.MusicVolume, readsOffset ? model.MusicVolumeOffset : 0));
+    const Integer offset = model.MugenVersion < 1 ? model.MusicVolumeOffset : Integer{0};
+    music_.SetGain(MusicGain(model.MusicVolume, offset));
     music_.SetLoop({model.MusicLoopStart, model.MusicLoopEnd});
 }
 

@@ -9,6 +9,6 @@ namespace scenara {
 
 // `percent`: 100 as recorded, 0 and less silence. `offset`: -255 silence, 0 as recorded, 255 twice
 // as loud, kept within that. Given both, the product; never above kLoudestGain.
-[[nodiscard]] double MusicGain(double percent, Integer offset);
+[[nodiscard]] double MusicGain(Single percent, Integer offset);
 
 }  // namespace scenara

@@ -7,7 +7,7 @@ namespace scenara {
 namespace {
 
 struct Row {
-    double percent;
+    Single percent;
     Integer offset;
     double gain;
 };
@@ -28,9 +28,9 @@ TEST(MusicGain, IsTheProductOfPercentAndOffset) {
              Row{-20, 0, 0},
              Row{-20, -300, 0},
              Row{201, 0, 2},
-             Row{1e30, 0, 2},
-             Row{-1e30, 0, 0},
-             Row{1e30, -255, 0},
+             Row{1e30F, 0, 2},
+             Row{-1e30F, 0, 0},
+             Row{1e30F, -255, 0},
              Row{100, -32768, 0},
              Row{50, 32767, 1},
          }) {
