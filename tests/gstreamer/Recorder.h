@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Recorder: a sound sink that plays in real time to nobody and keeps what it plays, of the left
+// Recorder: a silent sound sink that plays in real time and keeps what it plays, of the left
 // side. It outlives the machine that it is given to.
 #pragma once
 

@@ -179,7 +179,7 @@ bool Pipeline::SendSeek(GstSeekFlags flags, GstClockTime start) {
 }
 
 // From the loop's start. When there is hardly any sound from there on, as in a damaged file, it
-// would be begun again without end: that is no loop.
+// would be begun again without end. Then it has come to its end.
 bool Pipeline::PlayNextPass() {
     constexpr GstClockTime kHardlyAny = 10 * GST_MSECOND;
     const bool isLoop = !fromLoopStart_ || passes_.Heard() >= kHardlyAny;
