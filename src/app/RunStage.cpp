@@ -8,6 +8,7 @@
 #include "app/frmStage.h"
 #include "base/Raised.h"
 #include "base/RunTimeError.h"
+#include "music/MusicGain.h"
 
 namespace scenara {
 
@@ -102,6 +103,7 @@ bool frmStage::StartLoop() {
     }
     ShowCharacterItem();
     SilenceStageBefore();
+    TuneMusic();
     if (form_[Menu::mnuMusic].checked && !show_.Model().MusicFile.empty()) {
         music_.Play();
     }
@@ -132,6 +134,25 @@ void frmStage::SilenceStageBefore() {
     }
 }
 
+// Addition: as loud as the stage wants it, and over and over without a gap. The gain comes first,
+// so that the file is put to its beginning anew with it.
+void frmStage::TuneMusic() {
+    const StageModel& model = show_.Model();
+    if (!show_.Options().Additions || model.MusicFile.empty()) {
+        return;
+    }
+    const Integer offset = model.MugenVersion < 1 ? model.MusicVolumeOffset : Integer{0};
+    music_.SetGain(MusicGain(model.MusicVolume, offset));
+    music_.SetLoop({model.MusicLoopStart, model.MusicLoopEnd});
+}
+
+// What has come to its end all the same begins again.
+void frmStage::BeginMusicAgain() {
+    if (!show_.Model().MusicFile.empty()) {
+        RestartAtEnd(music_);
+    }
+}
+
 // A start that did not come through, or a pass that ended with an error: the window goes on without
 // a stage.
 void frmStage::AbandonStage() {
@@ -145,6 +166,9 @@ void frmStage::RunPass() {
     const bool info = form_[Menu::mnuInfo].checked;
     if (show_.Draw(info)) {
         OncePerSecond();
+    }
+    if (show_.Options().Additions) {
+        BeginMusicAgain();
     }
     ShowEditing();
     show_.Present(info);
@@ -167,8 +191,8 @@ void frmStage::OncePerSecond() {
     if (show_.BecameLight()) {
         ShowTitle();
     }
-    if (!show_.Model().MusicFile.empty()) {
-        RestartAtEnd(music_);
+    if (!show_.Options().Additions) {
+        BeginMusicAgain();
     }
 }
 

@@ -217,6 +217,8 @@ private:
     void AbandonStage();
     void SilenceStageBefore();
     [[nodiscard]] bool IsStageAskedFor(MessageIcon icon);
+    void TuneMusic();
+    void BeginMusicAgain();
     void OpenFollowing();
     void LeaveStage();
     void LoadAgain();

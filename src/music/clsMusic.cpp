@@ -151,6 +151,18 @@ Long clsMusic::Balance() {
     return graph_ ? graph_->Balance().value_or(0) : 0;
 }
 
+void clsMusic::SetLoop(const MediaLoop& loop) {
+    if (graph_) {
+        graph_->PutLoop(loop);
+    }
+}
+
+void clsMusic::SetGain(double gain) {
+    if (graph_) {
+        graph_->PutGain(std::clamp(gain, 0.0, kLoudestGain));
+    }
+}
+
 // A file that was still being opened at the first look is looked at again.
 bool clsMusic::HasAudio() {
     if (!hasAudio_) {

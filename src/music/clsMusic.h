@@ -63,6 +63,12 @@ public:
     void SetBalance(Long balance);
     [[nodiscard]] Long Balance();
 
+    // Additions, to be told anew of each file. What is played over and over, without a gap where
+    // that can be done: such a file has no end.
+    void SetLoop(const MediaLoop& loop);
+    // How loud the file is before Volume; what is out of range is moved into it.
+    void SetGain(double gain);
+
     // The file has sound. While it is being opened: not that one knows of.
     [[nodiscard]] bool HasAudio();
     // Nothing in the program ever looks for a picture.
@@ -87,8 +93,8 @@ private:
     bool hasVideo_ = false;
 };
 
-// What the loop does once a second while a stage with music is shown: a file that runs begins again
-// at its end. There is no fade and no loop point.
+// What the loop does every now and then while a stage with music is shown: a file that runs and has
+// come to its end begins again, without a fade.
 void RestartAtEnd(clsMusic& music);
 
 }  // namespace scenara

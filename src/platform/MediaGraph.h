@@ -12,6 +12,9 @@
 // What a stopped or a paused graph plays next begins where it was. At the end of the file
 // CurrentPosition and Duration are exactly equal, whatever the format, and before it they are not.
 // The state at the end stays what it was.
+//
+// A graph with a loop does not come to its end. But it may all the same: not every format and not
+// every machine can play a file over and over, and what cannot is played once.
 #pragma once
 
 #include <memory>
@@ -25,6 +28,18 @@ namespace scenara {
 
 // The graph's own numbering.
 enum class FilterState : Byte { Stopped = 0, Paused = 1, Running = 2 };
+
+// The part of a file that is played over and over, in samples of the file: it plays from 0 to
+// `end`, and then from `start` to `end` for ever.
+struct MediaLoop {
+    Long start = 0;
+    Long end = -1;  // below 0: the file's own
+
+    bool operator==(const MediaLoop&) const = default;
+};
+
+// The most that a graph makes of what was recorded.
+inline constexpr double kLoudestGain = 2;
 
 class MediaGraph : NotCopied {
 public:
@@ -58,6 +73,14 @@ public:
     // -10000 (left only) to 10000 (right only): by how much the other side is attenuated.
     [[nodiscard]] virtual std::optional<Long> Balance() = 0;
     virtual bool PutBalance(Long balance) = 0;
+
+    // --- Additions ---------------------------------------------------------------------------
+
+    // Without a gap where the format allows it, from the next time on that it gets to the loop's
+    // end. Numbers that make no sense for the file count as not given.
+    virtual bool PutLoop(const MediaLoop& loop) = 0;
+    // How loud the recorded is made before Volume: 0 (silence) to kLoudestGain, 1 as it is.
+    virtual bool PutGain(double gain) = 0;
 
     // --- IBasicVideo -------------------------------------------------------------------------
 

@@ -194,6 +194,10 @@ void ForEachField(Record& model, auto&& visit) {
     visit("MugenVersion", model.MugenVersion);
     visit("debugbg", model.debugbg);
     visit("bgclearcolor", model.bgclearcolor);
+    visit("MusicVolume", model.MusicVolume);
+    visit("MusicVolumeOffset", model.MusicVolumeOffset);
+    visit("MusicLoopStart", model.MusicLoopStart);
+    visit("MusicLoopEnd", model.MusicLoopEnd);
 }
 
 template <RecordOf<StageModel> Record>

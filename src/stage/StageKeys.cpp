@@ -116,6 +116,17 @@ void Unquote(std::string& name) {
     }
 }
 
+// Addition: the music's loudness and loop. No number is no volume; as 0 it would be silence.
+void ReadMusicKeys(KeyOffer& line, StageModel& model) {
+    std::string text;
+    if (line.Whole("bgmvolume", text) && BeginsWithNumber(text)) {
+        line.Whole("bgmvolume", model.MusicVolume);
+    }
+    line.Whole("bgvolume", model.MusicVolumeOffset);
+    line.Whole("bgmloopstart", model.MusicLoopStart);
+    line.Whole("bgmloopend", model.MusicLoopEnd);
+}
+
 }  // namespace
 
 void ReadElementKeys(KeyOffer& line, BackgroundElement& element, Messages& messages) {
@@ -213,6 +224,8 @@ void ReadKeysOfSection(KeyOffer& line, StageModel& model, std::string_view secti
         auto& [red, green, blue] = model.bgclearcolor;
         line.Whole("debugbg", model.debugbg);
         line.Values("bgclearcolor", red, green, blue);
+    } else if (section == "music") {
+        ReadMusicKeys(line, model);
     }
 }
 

@@ -285,6 +285,12 @@ struct StageModel {  // NOLINT(clang-analyzer-optin.performance.Padding)
     Integer debugbg = 0;                    // 1 = magenta, whatever bgclearcolor says
     std::array<Integer, 3> bgclearcolor{};  // red, green, blue
 
+    // Additions: the music, as the file has it (MusicGain says what the volumes come to).
+    Single MusicVolume = 100;       // percent of as it was recorded
+    Integer MusicVolumeOffset = 0;  // the same for older stages: -255 is silence, 0 as recorded
+    Long MusicLoopStart = 0;        // samples: played to the end, it goes on from the start
+    Long MusicLoopEnd = -1;         // below 0: the file's own
+
     // Releases every texture, empties the tables, and puts every setting back to its start.
     void Clear();
 };

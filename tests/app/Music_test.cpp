@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // The music of stages in the whole program: when it is named, begun, begun again and stopped.
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -18,6 +19,8 @@ using testing::IsEmpty;
 constexpr const char* kRenderA = "RenderFile /mugen/sound/a.mid";
 constexpr const char* kRenderB = "RenderFile /mugen/sound/b.mid";
 constexpr const char* kRenderNothing = "RenderFile ";
+constexpr const char* kAsRecorded = "PutGain 1";
+constexpr const char* kWholeFile = "PutLoop 0 -1";
 constexpr const char* kToStart = "PutCurrentPosition 0";
 
 using Calls = std::vector<std::string>;
@@ -71,21 +74,21 @@ TEST_F(StageMusic, IsNamedByTheLoaderAndPlayedOnceTheStageIsReady) {
     Calls whileLoading;
     WhileAIsShown({Wait}, Note(whileLoading));
     EXPECT_THAT(whileLoading, ElementsAre(kRenderA));
-    EXPECT_THAT(media.Calls(), ElementsAre(kRenderA, "Run"));
+    EXPECT_THAT(media.Calls(), ElementsAre(kRenderA, kAsRecorded, kWholeFile, "Run"));
     EXPECT_EQ(program.Music().FileName(), "/mugen/sound/a.mid");
 }
 
 TEST_F(StageMusic, IsNamedAndNotPlayedWithMusicUnchecked) {
     Click(Menu::mnuMusic);
     WhileAIsShown(Frames(130));
-    EXPECT_THAT(media.Calls(), ElementsAre(kRenderA));
+    EXPECT_THAT(media.Calls(), ElementsAre(kRenderA, kAsRecorded, kWholeFile));
 }
 
 TEST_F(StageMusic, ThatIsOffIsRememberedByTheSettings) {
     files.Put(kConfiguration, "MugeDir = /mugen/\r\nBGMusic = False\r\n");
     program.Form_Load();
     WhileAIsShown({Wait});
-    EXPECT_THAT(media.Calls(), ElementsAre(kRenderA));
+    EXPECT_THAT(media.Calls(), ElementsAre(kRenderA, kAsRecorded, kWholeFile));
 }
 
 TEST_F(StageMusic, AStageWithoutMusicPlaysNothing) {
@@ -96,14 +99,24 @@ TEST_F(StageMusic, AStageWithoutMusicPlaysNothing) {
 TEST_F(StageMusic, AMissingFileIsSilent) {
     files.Put(kStageA, WithMusic("first", "missing"));
     WhileAIsShown(Frames(130));
-    EXPECT_THAT(media.Calls(), ElementsAre("RenderFile /mugen/sound/missing.mid", kToStart, "Run"));
+    EXPECT_THAT(media.Calls(), ElementsAre("RenderFile /mugen/sound/missing.mid", kAsRecorded,
+                                           kWholeFile, kToStart, "Run"));
     EXPECT_THAT(MessageTexts(), IsEmpty());
 }
 
 // --- Begun again ---------------------------------------------------------------------------------
 
-// It ends at 1.5 seconds and is looked at every second: at 1.75 it is silent, at 2.25 it plays.
-TEST_F(StageMusic, BeginsAgainAtTheSecondBehindItsEnd) {
+// It ends at 1.5 seconds, which is frame 90, and begins again in the frame after.
+TEST_F(StageMusic, ThatCannotBePlayedOverAndOverBeginsAgainInTheFrameAfterItsEnd) {
+    Calls before;
+    WhileAIsShown(Frames(88) + Then(Note(before)) + Frames(4));
+    EXPECT_THAT(before, ElementsAre(kRenderA, kAsRecorded, kWholeFile, "Run"));
+    EXPECT_THAT(media.Calls(),
+                ElementsAre(kRenderA, kAsRecorded, kWholeFile, "Run", kToStart, "Run"));
+}
+
+// It is looked at every second: at 1.75 it is silent, at 2.25 it plays.
+TEST_F(PlainStageMusic, BeginsAgainAtTheSecondAfterItsEnd) {
     Calls atItsEnd;
     const Act end = [&] {
         EXPECT_TRUE(program.Music().AtEnd());
@@ -114,15 +127,65 @@ TEST_F(StageMusic, BeginsAgainAtTheSecondBehindItsEnd) {
     EXPECT_THAT(media.Calls(), ElementsAre(kRenderA, "Run", kToStart, "Run"));
 }
 
-// While paused, and in the sprite browser.
-class StageMusicInterrupted : public StageMusic, public testing::WithParamInterface<Menu> {};
+struct TuneRow {
+    const char* name;
+    const char* settings;
+    const char* gain;
+    const char* loop;
+};
 
-TEST_P(StageMusicInterrupted, IsNotBegunAgainAndIsAfterwards) {
+void PrintTo(const TuneRow& row, std::ostream* out) {
+    *out << row.name;
+}
+
+class StageMusicTuned : public StageMusic, public testing::WithParamInterface<TuneRow> {};
+
+TEST_P(StageMusicTuned, AsItsStageWantsIt) {
+    files.Put(kStageA, WithMusic("first", "a") + GetParam().settings);
+    WhileAIsShown({Wait});
+    EXPECT_THAT(media.Calls(), ElementsAre(kRenderA, GetParam().gain, GetParam().loop, "Run"));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    By, StageMusicTuned,
+    testing::Values(TuneRow{"LoopPoints", "bgmloopstart = 1000\nbgmloopend = 90000\n", "PutGain 1",
+                            "PutLoop 1000 90000"},
+                    TuneRow{"Volume", "bgmvolume = 50\n", "PutGain 0.5", "PutLoop 0 -1"},
+                    TuneRow{"VolumeOfAnOlderStage", "bgvolume = -255\n", "PutGain 0",
+                            "PutLoop 0 -1"},
+                    TuneRow{"OnlyThePercentFromVersion1On",
+                            "bgmvolume = 150\nbgvolume = -255\n[Info]\nmugenversion = 1.0\n",
+                            "PutGain 1.5", "PutLoop 0 -1"}),
+    [](const testing::TestParamInfo<TuneRow>& test) { return std::string(test.param.name); });
+
+TEST_F(PlainStageMusic, IsPlayedAsItIs) {
+    files.Put(kStageA, WithMusic("first", "a") + "bgmloopstart = 1000\nbgmvolume = 50\n");
+    WhileAIsShown({Wait});
+    EXPECT_THAT(media.Calls(), ElementsAre(kRenderA, "Run"));
+}
+
+// While paused, and in the sprite browser.
+class PlainStageMusicInterrupted : public PlainStageMusic,
+                                   public testing::WithParamInterface<Menu> {};
+
+TEST_P(PlainStageMusicInterrupted, IsNotBegunAgainAndIsAfterwards) {
     Calls meanwhile;
     WhileAIsShown(Frames(10) + Then(Choose(GetParam())) + Frames(200) + Then(Note(meanwhile)) +
                   Then(Choose(GetParam())) + Frames(3));
     EXPECT_THAT(meanwhile, ElementsAre(kRenderA, "Run"));
     EXPECT_THAT(media.Calls(), ElementsAre(kRenderA, "Run", kToStart, "Run"));
+}
+
+INSTANTIATE_TEST_SUITE_P(By, PlainStageMusicInterrupted,
+                         testing::Values(Menu::mnuPause, Menu::mnuDebug));
+
+// As a file does that is played over and over without the program.
+class StageMusicInterrupted : public StageMusic, public testing::WithParamInterface<Menu> {};
+
+TEST_P(StageMusicInterrupted, GoesOn) {
+    WhileAIsShown(Frames(10) + Then(Choose(GetParam())) + Frames(100));
+    EXPECT_THAT(media.Calls(),
+                ElementsAre(kRenderA, kAsRecorded, kWholeFile, "Run", kToStart, "Run"));
 }
 
 INSTANTIATE_TEST_SUITE_P(By, StageMusicInterrupted,
@@ -135,8 +198,8 @@ TEST_F(PlainStageMusic, IsNotBegunAgainWithoutADevice) {
 }
 
 TEST_F(StageMusic, SwitchedOffAtItsVeryEndItStaysOff) {
-    WhileAIsShown(Frames(105) + Then(Choose(Menu::mnuMusic)) + Frames(130));
-    EXPECT_THAT(media.Calls(), ElementsAre(kRenderA, "Run", "Stop"));
+    WhileAIsShown(Frames(89) + Then(Choose(Menu::mnuMusic)) + Frames(130));
+    EXPECT_THAT(media.Calls(), ElementsAre(kRenderA, kAsRecorded, kWholeFile, "Run", "Stop"));
 }
 
 // --- Stopped -------------------------------------------------------------------------------------
@@ -146,7 +209,7 @@ class StageMusicStopped : public StageMusic, public testing::WithParamInterface<
 TEST_P(StageMusicStopped, ByTheItem) {
     WhileAIsShown({Choose(GetParam())});
     EXPECT_EQ(program.Ended(), GetParam() == Menu::mnuExit);
-    EXPECT_THAT(media.Calls(), ElementsAre(kRenderA, "Run", "Stop"));
+    EXPECT_THAT(media.Calls(), ElementsAre(kRenderA, kAsRecorded, kWholeFile, "Run", "Stop"));
 }
 
 INSTANTIATE_TEST_SUITE_P(By, StageMusicStopped, testing::Values(Menu::mnuClose, Menu::mnuExit));
@@ -162,13 +225,13 @@ TEST_F(StageMusic, IsStoppedByAnErrorInAPass) {
     WhileAIsShown({Wait, [&] { direct3D.Device()->Lose(); }});
     ASSERT_EQ(MessageTexts().size(), 1U);
     EXPECT_EQ(program.Music().State(), 0);
-    EXPECT_THAT(media.Calls(), ElementsAre(kRenderA, "Run", "Stop"));
+    EXPECT_THAT(media.Calls(), ElementsAre(kRenderA, kAsRecorded, kWholeFile, "Run", "Stop"));
 }
 
 TEST_F(StageMusic, ReloadBeginsItAnew) {
     WhileAIsShown({Wait, Choose(Menu::mnuReload), Wait, Wait});
-    EXPECT_THAT(media.Calls(),
-                ElementsAre(kRenderA, "Run", "Stop", "Stop", "Release", kRenderA, "Run"));
+    EXPECT_THAT(media.Calls(), ElementsAre(kRenderA, kAsRecorded, kWholeFile, "Run", "Stop", "Stop",
+                                           "Release", kRenderA, kAsRecorded, kWholeFile, "Run"));
 }
 
 TEST_F(PlainStageMusic, IsStoppedByReloadUnderTheRunningLoop) {
@@ -184,8 +247,8 @@ TEST_F(PlainStageMusic, AStageWithoutMusicStopsNothing) {
 
 TEST_F(StageMusic, TheNextStagesMusicReplacesIt) {
     WhileAIsShown({Wait, Choose(Menu::mnuStageNext), Wait, Wait});
-    EXPECT_THAT(media.Calls(),
-                ElementsAre(kRenderA, "Run", "Stop", "Stop", "Release", kRenderB, "Run"));
+    EXPECT_THAT(media.Calls(), ElementsAre(kRenderA, kAsRecorded, kWholeFile, "Run", "Stop", "Stop",
+                                           "Release", kRenderB, kAsRecorded, kWholeFile, "Run"));
     EXPECT_EQ(media.GraphsAlive(), 1);
 }
 
@@ -205,8 +268,9 @@ TEST_F(StageMusic, OneFileIsOpenHoweverManyStagesWereShown) {
 TEST_F(StageMusic, UncheckingStopsItAndCheckingGoesOn) {
     Calls off;
     WhileAIsShown({Wait, Choose(Menu::mnuMusic), Note(off), Choose(Menu::mnuMusic)});
-    EXPECT_THAT(off, ElementsAre(kRenderA, "Run", "Stop"));
-    EXPECT_THAT(media.Calls(), ElementsAre(kRenderA, "Run", "Stop", "Run"));
+    EXPECT_THAT(off, ElementsAre(kRenderA, kAsRecorded, kWholeFile, "Run", "Stop"));
+    EXPECT_THAT(media.Calls(),
+                ElementsAre(kRenderA, kAsRecorded, kWholeFile, "Run", "Stop", "Run"));
 }
 
 TEST_F(StageMusic, TheItemIsOffWhileAStageLoads) {
@@ -217,7 +281,7 @@ TEST_F(StageMusic, TheItemIsOffWhileAStageLoads) {
         EXPECT_TRUE(form[Menu::mnuMusic].checked);
     });
     EXPECT_GT(clicks, 0);
-    EXPECT_THAT(media.Calls(), ElementsAre(kRenderA, "Run"));
+    EXPECT_THAT(media.Calls(), ElementsAre(kRenderA, kAsRecorded, kWholeFile, "Run"));
 }
 
 TEST_F(PlainStageMusic, CheckingPlaysTheFileOfTheStageBefore) {

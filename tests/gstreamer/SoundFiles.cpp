@@ -25,7 +25,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::uint32_t kFramesPerSecond = 44100;
 constexpr double kTonePitch = 1000;
 
 float ToneAt(double seconds) {
@@ -33,14 +32,23 @@ float ToneAt(double seconds) {
                               std::sin(2 * std::numbers::pi * kTonePitch * seconds));
 }
 
-samplemaker::WavSound Tone() {
-    samplemaker::WavSound tone{.framesPerSecond = kFramesPerSecond, .channels = 2, .samples = {}};
-    const int frames = static_cast<int>(std::lround(kToneLength * kFramesPerSecond));
+float RisingAt(double seconds) {
+    return static_cast<float>(kToneLoudness *
+                              std::sin(2 * std::numbers::pi * (200 + 3000 * seconds) * seconds));
+}
+
+template <typename LevelAt>
+samplemaker::WavSound Sound(int frames, LevelAt levelAt) {
+    samplemaker::WavSound sound{.framesPerSecond = kFramesPerSecond, .channels = 2, .samples = {}};
     for (int frame = 0; frame < frames; ++frame) {
-        const float level = ToneAt(static_cast<double>(frame) / kFramesPerSecond);
-        tone.samples.insert(tone.samples.end(), {level, level});
+        const float level = levelAt(static_cast<double>(frame) / kFramesPerSecond);
+        sound.samples.insert(sound.samples.end(), {level, level});
     }
-    return tone;
+    return sound;
+}
+
+samplemaker::WavSound Tone() {
+    return Sound(static_cast<int>(std::lround(kToneLength * kFramesPerSecond)), ToneAt);
 }
 
 void Write(const std::string& path, std::span<const std::byte> bytes) {
@@ -96,10 +104,22 @@ std::string SoundFiles::Path(std::string_view name) const {
 }
 
 std::string SoundFiles::Encoded(std::string_view name, std::string_view encoders) const {
-    const std::string tone = Wav("tone to encode.wav");
-    RunPipeline("filesrc location=\"" + tone + "\" ! wavparse ! audioconvert ! " +
-                std::string(encoders) + " ! filesink location=\"" + Path(name) + "\"");
+    Encode(Wav("tone to encode.wav"), encoders, Path(name));
     return Path(name);
+}
+
+std::string SoundFiles::Rising(std::string_view name, int frames, std::string_view encoders) const {
+    const std::string wav = Path(encoders.empty() ? name : "rise to encode.wav");
+    Write(wav, samplemaker::WriteWav(Sound(frames, RisingAt)));
+    if (!encoders.empty()) {
+        Encode(wav, encoders, Path(name));
+    }
+    return Path(name);
+}
+
+void SoundFiles::Encode(const std::string& from, std::string_view encoders, const std::string& to) {
+    RunPipeline("filesrc location=\"" + from + "\" ! wavparse ! audioconvert ! " +
+                std::string(encoders) + " ! filesink location=\"" + to + "\"");
 }
 
 std::string SoundFiles::Wav(std::string_view name) const {

@@ -14,6 +14,7 @@ namespace scenara::test {
 
 inline constexpr double kToneLength = 0.6;
 inline constexpr double kToneLoudness = 0.5;
+inline constexpr int kFramesPerSecond = 44100;
 
 class SoundFiles {
 public:
@@ -26,6 +27,9 @@ public:
 
     // The tone through encoders, as the library names them: "vorbisenc ! oggmux".
     std::string Encoded(std::string_view name, std::string_view encoders) const;
+    // The same with a sound of that many samples that rises all the while, so that each of them
+    // shows where in it it stands; kFramesPerSecond of them are a second. Without encoders: a WAV.
+    std::string Rising(std::string_view name, int frames, std::string_view encoders = {}) const;
     std::string Wav(std::string_view name) const;
     std::string Wav8(std::string_view name) const;
     std::string WavAdpcm(std::string_view name) const;  // four bits a sample
@@ -39,6 +43,8 @@ public:
     std::string Folder(std::string_view name) const;
 
 private:
+    static void Encode(const std::string& from, std::string_view encoders, const std::string& to);
+
     std::filesystem::path folder_;
 };
 

@@ -72,6 +72,17 @@ TEST_F(Music, KeepsTheWindowsHandle) {
     EXPECT_EQ(music_.Window(), 1234);
 }
 
+TEST_F(Music, LoopAndGainAreHandedToTheFilesGraph) {
+    music_.SetLoop({1, 2});  // to none
+    music_.SetGain(1);
+    Loaded().SetLoop({1000, -1});
+    music_.SetGain(1.5);
+    music_.SetGain(-1);
+    music_.SetGain(3);
+    EXPECT_THAT(media_.Calls(),
+                ElementsAre("PutLoop 1000 -1", "PutGain 1.5", "PutGain 0", "PutGain 2"));
+}
+
 // ---------------------------------------------------------------------------------------------
 // Setting the file
 // ---------------------------------------------------------------------------------------------

@@ -502,6 +502,57 @@ TEST(AdditionsSettings, TheVersionIsOneNumberFrom1ToBelow100OfTheInfoSection) {
     }
 }
 
+struct MusicRow {
+    const char* lines;
+    Single volume = 100;
+    Integer offset = 0;
+    Long loopStart = 0;
+    Long loopEnd = -1;
+};
+
+TEST(AdditionsSettings, LoudnessAndLoopOfTheMusicAreRead) {
+    for (const MusicRow& row : {
+             MusicRow{"[Music]\r\n"},
+             MusicRow{"[Music]\r\nbgmvolume = 85.5\r\n", 85.5F},
+             MusicRow{"[ MUSIC ]\r\nBGMVolume = 250 ; percent\r\n", 250},
+             MusicRow{"[Music]\r\nbgmvolume =\r\n"},
+             MusicRow{"[Music]\r\nbgmvolume = loud\r\n"},
+             MusicRow{"[Music]\r\nbgmvolume = 0\r\n", 0},
+             MusicRow{"[Music]\r\nbgmvolume = -5\r\n", -5},
+             MusicRow{"[Music]\r\nbgmvolume = nan\r\n"},
+             MusicRow{"[Music]\r\nbgvolume = -100\r\n", 100, -100},
+             MusicRow{"[Music]\r\nbgmloopstart = 44100\r\nbgmloopend = 882000.4\r\n", 100, 0, 44100,
+                      882000},
+             MusicRow{"[Music]\r\nbgmloopend = 5\r\nbgmloopend = 6\r\n", 100, 0, 0, 5},
+             MusicRow{"[Music]\r\nbgmvolume = 40\r\nbgmvolume = 60\r\n", 40},
+             MusicRow{"[Music]\r\nbgmloopstart = nan\r\nbgmloopend = none\r\n", 100, 0, 0, 0},
+             // In another section.
+             MusicRow{"bgmvolume = 50\r\n"},
+             MusicRow{"[Sound]\r\nbgmvolume = 50\r\nbgmloopstart = 1\r\n"},
+             MusicRow{"[Music]\r\n[Camera]\r\nbgvolume = 50\r\nbgmloopend = 9\r\n"},
+         }) {
+        const BothReadings read(row.lines);
+        const auto expect = [&row](const StageModel& model, const MusicRow& expected) {
+            EXPECT_EQ(model.MusicVolume, expected.volume) << row.lines;
+            EXPECT_EQ(model.MusicVolumeOffset, expected.offset) << row.lines;
+            EXPECT_EQ(model.MusicLoopStart, expected.loopStart) << row.lines;
+            EXPECT_EQ(model.MusicLoopEnd, expected.loopEnd) << row.lines;
+        };
+        expect(read.With(), row);
+        expect(read.Plain(), MusicRow{});
+        EXPECT_THAT(read.WithTexts(), IsEmpty()) << row.lines;
+    }
+}
+
+TEST(AdditionsSettings, LoopPointsThatAreTooLargeAreReportedAndNotTaken) {
+    const BothReadings read("[Music]\r\nbgmloopstart = 1e30\r\nbgmloopend = 4000000000\r\n");
+    EXPECT_EQ(read.With().MusicLoopStart, 0);
+    EXPECT_EQ(read.With().MusicLoopEnd, -1);
+    EXPECT_THAT(read.WithTexts(),
+                ElementsAre("Overflow: bgmloopstart, line 2", "Overflow: bgmloopend, line 3"));
+    EXPECT_THAT(read.PlainTexts(), IsEmpty());
+}
+
 TEST(AdditionsSettings, HiresAndLocalcoordAreRead) {
     const BothReadings read("[StageInfo]\r\nhires = 1\r\nlocalcoord = 640, 480\r\n");
     EXPECT_EQ(read.With().hires, 1);
@@ -516,13 +567,17 @@ TEST(AdditionsSettings, AreForgottenByTheNextStage) {
     StageMachine machine;
     ASSERT_TRUE(
         machine.Load("[StageInfo]\r\nhires = 1\r\nlocalcoord = 640, 480\r\n"
-                     "[Info]\r\nmugenversion = 1.1\r\n"));
+                     "[Info]\r\nmugenversion = 1.1\r\n"
+                     "[Music]\r\nbgmvolume = 50\r\nbgmloopend = 9\r\n"));
     EXPECT_EQ(machine.model.MugenVersion, 1.1F);
+    EXPECT_EQ(machine.model.MusicLoopEnd, 9);
     ASSERT_TRUE(machine.Load("[StageInfo]\r\n"));
     EXPECT_EQ(machine.model.hires, 0);
     EXPECT_EQ(machine.model.localcoordHeight, 0);
     EXPECT_EQ(machine.model.ElementScale, 1);
     EXPECT_EQ(machine.model.MugenVersion, 0);
+    EXPECT_EQ(machine.model.MusicVolume, 100);
+    EXPECT_EQ(machine.model.MusicLoopEnd, -1);
 }
 
 }  // namespace

@@ -155,7 +155,8 @@ TEST(StageModel, FieldsStartAtZeroButForThese) {
     EXPECT_EQ(NotAtZero<const StageAction>(), "");
     EXPECT_EQ(NotAtZero<const BgCtrl>(), "");
     EXPECT_EQ(NotAtZero<const BgCtrlDef>(), "");
-    EXPECT_EQ(NotAtZero<const StageModel>(), "ZOffsetLink=-1\nElementScale=1\n");
+    EXPECT_EQ(NotAtZero<const StageModel>(),
+              "ZOffsetLink=-1\nElementScale=1\nMusicVolume=100\nMusicLoopEnd=-1\n");
 }
 
 TEST(StageModel, ClearPutsEverythingBackToItsStart) {

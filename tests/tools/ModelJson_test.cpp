@@ -57,7 +57,7 @@ TEST(ModelJson, NamesMembersAsTheModelDoesInItsOrder) {
               " ZOffset ZOffsetLink P1StartX Tension ScreenLeft ScreenRight CamX CamY"
               " LastImageWidth LastImageHeight ElementCount SpriteCount ActionCount CtrlDefCount"
               " ElementsById hires localcoordWidth localcoordHeight ElementScale MugenVersion "
-              "debugbg bgclearcolor");
+              "debugbg bgclearcolor MusicVolume MusicVolumeOffset MusicLoopStart MusicLoopEnd");
     EXPECT_EQ(NamesOf(json["elements"][0]),
               "type mask spriteGroup spriteImage startX startY posX posY deltaX deltaY tileX tileY"
               " tileSpacingX tileSpacingY velocityX velocityY actionIndex spriteIndex layerno"

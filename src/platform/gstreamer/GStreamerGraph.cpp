@@ -146,4 +146,15 @@ bool GStreamerGraph::PutBalance(Long balance) {
     return Order([this, balance] { entry_->orders.balance = balance; });
 }
 
+bool GStreamerGraph::PutLoop(const MediaLoop& loop) {
+    return Order([this, loop] { entry_->orders.loop = loop; });
+}
+
+bool GStreamerGraph::PutGain(double gain) {
+    if (!(gain >= 0 && gain <= kLoudestGain)) {
+        return false;
+    }
+    return Order([this, gain] { entry_->orders.gain = gain; });
+}
+
 }  // namespace scenara

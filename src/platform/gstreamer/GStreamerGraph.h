@@ -40,6 +40,9 @@ public:
     [[nodiscard]] std::optional<Long> Balance() override;
     bool PutBalance(Long balance) override;
 
+    bool PutLoop(const MediaLoop& loop) override;
+    bool PutGain(double gain) override;
+
     // Pictures are left alone.
     [[nodiscard]] std::optional<Long> SourceWidth() override { return std::nullopt; }
     [[nodiscard]] std::optional<Long> SourceHeight() override { return std::nullopt; }

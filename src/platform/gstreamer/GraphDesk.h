@@ -28,6 +28,8 @@ struct GraphOrders {
     double rate = 1;
     Long volume = 0;
     Long balance = 0;
+    double gain = 1;
+    std::optional<MediaLoop> loop;   // none: it plays to its end
     std::optional<double> position;  // to go to; the worker takes it
     bool moved = false;              // it was run, or put elsewhere: it may not be at 0 any more
     bool standAtEnd = false;         // it was put to its end: silent until it is put elsewhere

@@ -20,8 +20,16 @@ double Loudness(Long volume) {
     return volume <= -kExtreme ? 0 : std::pow(10.0, volume / kHundredthsPerTenfold);
 }
 
+GstPointer<GstPad> EntryOf(GstElement* element) {
+    return GstPointer<GstPad>(gst_element_get_static_pad(element, "sink"));
+}
+
 double ToSeconds(gint64 nanoseconds) {
     return static_cast<double>(nanoseconds) / kNanoseconds;
+}
+
+GstClockTime ToTime(double seconds) {
+    return static_cast<GstClockTime>(seconds * kNanoseconds);
 }
 
 }  // namespace
@@ -42,14 +50,14 @@ Pipeline::Pipeline(const SinkMaker& makeSink, std::function<void()> wake) : wake
     };
     source_ = make("filesrc");
     decoder_ = make("decodebin");
-    GstElement* const converter = make("audioconvert");
+    converter_ = make("audioconvert");
     GstElement* const resampler = make("audioresample");
     volume_ = make("volume");
     panorama_ = make("audiopanorama");
     GstElement* const last = make("audioconvert");
     GstElement* const sink = add(makeSink());
     if (!complete || gst_element_link(source_, decoder_) == FALSE ||
-        gst_element_link_many(converter, resampler, volume_, panorama_, last, sink, nullptr) ==
+        gst_element_link_many(converter_, resampler, volume_, panorama_, last, sink, nullptr) ==
             FALSE) {
         return;
     }
@@ -57,7 +65,8 @@ Pipeline::Pipeline(const SinkMaker& makeSink, std::function<void()> wake) : wake
     const GstPointer<GstCaps> sound(gst_caps_new_empty_simple("audio/x-raw"));
     g_object_set(decoder_, "caps", sound.get(), "expose-all-streams", gboolean{FALSE}, nullptr);
     g_object_set(panorama_, "method", kSimplePanorama, nullptr);
-    g_signal_connect(decoder_, "pad-added", G_CALLBACK(LinkDecoded), converter);
+    g_signal_connect(decoder_, "pad-added", G_CALLBACK(LinkDecoded), converter_);
+    passes_.Watch(EntryOf(converter_).get());
     bus_.reset(gst_element_get_bus(pipeline_.get()));
     gst_bus_set_sync_handler(bus_.get(), OnMessage, this, nullptr);
 }
@@ -71,7 +80,7 @@ Pipeline::~Pipeline() {
 
 // Of several streams of sound the first is heard.
 void Pipeline::LinkDecoded(GstElement*, GstPad* pad, gpointer converter) {
-    const GstPointer<GstPad> entry(gst_element_get_static_pad(GST_ELEMENT(converter), "sink"));
+    const GstPointer<GstPad> entry = EntryOf(GST_ELEMENT(converter));
     if (gst_pad_is_linked(entry.get()) == FALSE) {
         TrimDecoded(pad);
         gst_pad_link(pad, entry.get());
@@ -120,11 +129,14 @@ PipelineNews Pipeline::Poll() {
     endTold_ = endTold_ || news.ended;
     news.ended = endTold_ && StandsAtEnd();
     endTold_ = endTold_ && !news.ended;
+    if (passes_.TakeDone() && !PlayNextPass()) {
+        news.ended = true;
+    }
     return news;
 }
 
 bool Pipeline::StandsAtEnd() const {
-    const GstPointer<GstPad> entry(gst_element_get_static_pad(sink_, "sink"));
+    const GstPointer<GstPad> entry = EntryOf(sink_);
     return entry && GST_PAD_IS_EOS(entry.get());
 }
 
@@ -133,7 +145,7 @@ bool Pipeline::SetPlaying(bool playing) {
            GST_STATE_CHANGE_FAILURE;
 }
 
-bool Pipeline::Seek(double seconds, double rate) {
+bool Pipeline::Seek(double seconds, double rate, const std::optional<MediaLoop>& loop) {
     {
         const std::scoped_lock lock(newsMutex_);
         // Of something earlier.
@@ -141,14 +153,42 @@ bool Pipeline::Seek(double seconds, double rate) {
         news_.ended = false;
     }
     endTold_ = false;
-    constexpr auto kFlags = static_cast<GstSeekFlags>(GST_SEEK_FLAG_FLUSH | GST_SEEK_FLAG_ACCURATE);
-    return gst_element_seek(pipeline_.get(), rate, GST_FORMAT_TIME, kFlags, GST_SEEK_TYPE_SET,
-                            static_cast<gint64>(seconds * kNanoseconds), GST_SEEK_TYPE_NONE,
-                            0) != FALSE;
+    rate_ = rate;
+    fromLoopStart_ = false;
+    stretch_.reset();
+    if (loop) {
+        const std::optional<double> duration = Duration();
+        stretch_ = StretchOf(*loop, SoundPasses::SamplesPerSecond(EntryOf(converter_).get()),
+                             duration ? std::optional(ToTime(*duration)) : std::nullopt);
+    }
+    if (stretch_ && SendSeek(GST_SEEK_FLAG_FLUSH, ToTime(seconds))) {
+        return true;
+    }
+    stretch_.reset();
+    return SendSeek(GST_SEEK_FLAG_FLUSH, ToTime(seconds));
 }
 
-void Pipeline::SetVolume(Long volume) {
-    g_object_set(volume_, "volume", Loudness(volume), nullptr);
+// To the loop's end or, from beyond that, to the file's.
+bool Pipeline::SendSeek(GstSeekFlags flags, GstClockTime start) {
+    const int all = flags | GST_SEEK_FLAG_ACCURATE | (stretch_ ? GST_SEEK_FLAG_SEGMENT : 0);
+    const bool ends = stretch_ && stretch_->end && start < *stretch_->end;
+    const gint64 end = ends ? static_cast<gint64>(*stretch_->end) : -1;
+    return gst_element_seek(pipeline_.get(), rate_, GST_FORMAT_TIME, static_cast<GstSeekFlags>(all),
+                            GST_SEEK_TYPE_SET, static_cast<gint64>(start), GST_SEEK_TYPE_SET,
+                            end) != FALSE;
+}
+
+// From the loop's start. When there is hardly any sound from there on, as in a damaged file, it
+// would be begun again without end. Then it has come to its end.
+bool Pipeline::PlayNextPass() {
+    constexpr GstClockTime kHardlyAny = 10 * GST_MSECOND;
+    const bool isLoop = !fromLoopStart_ || passes_.Heard() >= kHardlyAny;
+    fromLoopStart_ = true;
+    return stretch_ && isLoop && SendSeek(GST_SEEK_FLAG_NONE, stretch_->start);
+}
+
+void Pipeline::SetVolume(Long volume, double gain) {
+    g_object_set(volume_, "volume", Loudness(volume) * gain, nullptr);
 }
 
 void Pipeline::SetBalance(Long balance) {

@@ -18,7 +18,10 @@
 
 #include "base/Integers.h"
 #include "base/NotCopied.h"
+#include "platform/MediaGraph.h"
 #include "platform/gstreamer/GstPointer.h"
+#include "platform/gstreamer/LoopStretch.h"
+#include "platform/gstreamer/SoundPasses.h"
 #include "platform/gstreamer/SoundSink.h"
 
 namespace scenara {
@@ -26,7 +29,7 @@ namespace scenara {
 // What has happened since the last look.
 struct PipelineNews {
     bool settled = false;  // the opening, or the last Seek, is through
-    bool ended = false;    // the last sample has been heard
+    bool ended = false;    // the last sample has been heard, and it is not begun again
     bool failed = false;   // it will not play any more
     bool durationChanged = false;
 };
@@ -43,9 +46,10 @@ public:
     [[nodiscard]] PipelineNews Poll();
 
     bool SetPlaying(bool playing);
-    // To before the end; playing or paused as it is. False: it cannot.
-    bool Seek(double seconds, double rate);
-    void SetVolume(Long volume);
+    // To before the end; playing or paused as it is. False: it cannot. From then on it plays over
+    // and over what `loop` says, or once when there is none or the format has no way for it.
+    bool Seek(double seconds, double rate, const std::optional<MediaLoop>& loop);
+    void SetVolume(Long volume, double gain);
     void SetBalance(Long balance);
 
     // Seconds; nothing while it cannot be told.
@@ -58,8 +62,14 @@ private:
 
     void Note(GstMessageType message);
     [[nodiscard]] bool StandsAtEnd() const;
+    bool SendSeek(GstSeekFlags flags, GstClockTime start);
+    bool PlayNextPass();
 
     std::function<void()> wake_;
+    SoundPasses passes_{wake_};
+    double rate_ = 1;
+    std::optional<LoopStretch> stretch_;  // what it plays over and over
+    bool fromLoopStart_ = false;          // as it does now
     std::mutex newsMutex_;
     PipelineNews news_;
     bool endTold_ = false;  // and not yet seen at the sink
@@ -68,6 +78,7 @@ private:
     // Parts of the pipeline, alive as long as it is; null when it could not be built.
     GstElement* source_ = nullptr;
     GstElement* decoder_ = nullptr;
+    GstElement* converter_ = nullptr;
     GstElement* volume_ = nullptr;
     GstElement* panorama_ = nullptr;
     GstElement* sink_ = nullptr;

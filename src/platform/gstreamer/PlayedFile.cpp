@@ -179,8 +179,10 @@ void PlayedFile::Fail() {
 }
 
 void PlayedFile::Follow(const GraphOrders& orders, Time now) {
-    if (std::exchange(told_.volume, orders.volume) != orders.volume) {
-        pipeline_->SetVolume(orders.volume);
+    if (orders.volume != told_.volume || orders.gain != told_.gain) {
+        told_.volume = orders.volume;
+        told_.gain = orders.gain;
+        pipeline_->SetVolume(orders.volume, orders.gain);
     }
     if (std::exchange(told_.balance, orders.balance) != orders.balance) {
         pipeline_->SetBalance(orders.balance);
@@ -199,12 +201,13 @@ void PlayedFile::FollowPlace(const GraphOrders& orders, Time now) {
         return;
     }
     const bool isPut = target_.has_value();
-    if (!isPut && orders.rate != told_.rate && !atEnd_) {
+    if (!isPut && (orders.rate != told_.rate || orders.loop != told_.loop) && !atEnd_) {
         target_ = pipeline_->Position();
     }
     if (!target_) {
         return;
     }
+    told_.loop = orders.loop;  // and once only: what has no way for it plays to its end
     const double target = *target_;
     target_.reset();
     phase_ = Phase::Seeking;
@@ -227,7 +230,7 @@ void PlayedFile::FollowPlace(const GraphOrders& orders, Time now) {
 }
 
 bool PlayedFile::SeekTo(double target, double rate) {
-    if (!pipeline_->Seek(target, rate)) {
+    if (!pipeline_->Seek(target, rate, told_.loop)) {
         return false;
     }
     told_.rate = rate;

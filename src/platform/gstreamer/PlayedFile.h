@@ -71,6 +71,8 @@ private:
         double rate = 1;
         Long volume = 0;
         Long balance = 0;
+        double gain = 1;
+        std::optional<MediaLoop> loop;
     };
     Told told_;
     std::optional<double> target_;  // where it is still to go

@@ -71,6 +71,16 @@ public:
     std::optional<Long> Balance() override { return OfSound(balance_); }
     bool PutBalance(Long balance) override { return PutSound("PutBalance ", balance_, balance); }
 
+    // Only recorded: none of the files here can be played over and over.
+    bool PutLoop(const MediaLoop& loop) override {
+        media_.calls_.push_back("PutLoop " + NumberText(loop.start) + " " + NumberText(loop.end));
+        return File() != nullptr;
+    }
+    bool PutGain(double gain) override {
+        media_.calls_.push_back("PutGain " + NumberText(gain));
+        return File() != nullptr;
+    }
+
     // No file here has a picture.
     std::optional<Long> SourceWidth() override { return std::nullopt; }
     std::optional<Long> SourceHeight() override { return std::nullopt; }
