@@ -10,7 +10,7 @@ namespace scenara {
 double MusicGain(Single percent, Integer offset) {
     constexpr double kFull = 255;
     const double ofOffset = 1 + std::clamp(offset / kFull, -1.0, 1.0);
-    return std::clamp(double{percent} / 100 * ofOffset, 0.0, kLoudestGain);
+    return std::clamp(static_cast<double>(percent) / 100 * ofOffset, 0.0, kLoudestGain);
 }
 
 }  // namespace scenara

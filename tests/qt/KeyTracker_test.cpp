@@ -30,7 +30,7 @@ constexpr Integer kDown = -32768;
 constexpr Integer kDownAndPressedSince = -32767;
 
 TEST(VirtualKeyOf, IsTheKeyOfThatNameOrOnThatPlace) {
-    constexpr Qt::KeyboardModifiers kNone = Qt::NoModifier;
+    static constexpr Qt::KeyboardModifiers kNone = Qt::NoModifier;
     constexpr Qt::KeyboardModifiers kKeypad = Qt::KeypadModifier;
     struct Row {
         const char* name;
