@@ -111,9 +111,9 @@ double Move(const TestCharState& state, const StageModel& model, const View& vie
     return inside ? step : 0;
 }
 
-// How far the camera goes along with a step of the character, which it is compared for with the
-// view as it is drawn in this frame. With a character that would be beyond the picture's edges,
-// because the camera was moved away from it, the camera goes as far as it must.
+// How far the camera goes along with a step of the character, or with none. The place before it is
+// compared with the view as it is drawn in this frame. Where the character would be beyond the
+// picture's edges the camera goes as far as it must.
 double AlongWith(double step, double viewX, const StageModel& model, const View& view) {
     const auto middle = static_cast<double>(view.Centre());
     const double least = std::clamp<double>(model.ScreenLeft, 0, middle);
@@ -156,7 +156,7 @@ double UpdateOne(TestCharState& state, TestCharacter& character, const StageMode
     const double step = character.Walking ? Move(state, model, view, character) : 0;
     state.LastAction = character.Action;
     state.LastFacing = character.Facing;
-    return step != 0 ? AlongWith(step, viewX, model, view) : 0;
+    return AlongWith(step, viewX, model, view);
 }
 
 }  // namespace

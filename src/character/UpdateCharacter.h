@@ -20,7 +20,7 @@ namespace scenara {
 
 // Called once per frame, before it is drawn; `camera` is the one that its back elements are drawn
 // with. How far the camera is to go along, to the right above 0, to the left below: by the
-// character's step from the middle of the view on, and so far that who walks is in the picture.
+// character's step from the middle of the view on, and so far that the character is in the picture.
 // Allocates nothing.
 [[nodiscard]] Single UpdateCharacter(TestCharState& state, const StageModel& model,
                                      Keyboard& keyboard, const CameraPlace& camera,

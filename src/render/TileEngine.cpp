@@ -26,6 +26,11 @@ std::uint32_t ClearColorOf(const StageModel& model) {
     return color;
 }
 
+// A dummy moves without a picture, and what is linked to it with it. Nothing else does.
+bool MayMove(const StageModel& model, const BackgroundElement& element) {
+    return element.kind == ElementKind::Dummy || HasPictures(model, element);
+}
+
 }  // namespace
 
 bool BelongsToPass(Integer layerno, bool frontLayer) {
@@ -81,17 +86,17 @@ void TileEngine::TickStage() {
         if (ShowsFrames(element)) {
             TickAnimation(model_, element);
         }
-        if (options_.Additions && element.enabled != 0 && Swings(element)) {
+        if (options_.Additions && Swings(element) && element.enabled != 0 &&
+            MayMove(model_, element)) {
             SwingWhole(element);
         }
     }
     NoteLinks(model_);
 }
 
-// A dummy takes part without a picture: it moves, and what is linked to it with it.
 bool TileEngine::TakesPart(const BackgroundElement& element) const {
     return BelongsToPass(element.layerno, flags_.DrawFrontLayer != 0) && element.enabled != 0 &&
-           (element.kind == ElementKind::Dummy || HasPictures(model_, element));
+           MayMove(model_, element);
 }
 
 void TileEngine::Draw(const BackgroundElement& element) {

@@ -25,7 +25,9 @@ Figure StageShow::Next() {
     }
     const Single along =
         UpdateCharacter(testChar_, model_, machine_.keyboard, DrawnBy(camera_), view_);
-    const bool stands = along == 0 || flags_.MouseScroll != 0;
+    // In the debug editor its own scroll bar moves the camera as long as the character stands.
+    const bool leads = flags_.DebugBG == 0 || testChar_.Characters.front().Walking;
+    const bool stands = along == 0 || flags_.MouseScroll != 0 || !leads;
     const CameraLead side = along > 0 ? CameraLead::Right : CameraLead::Left;
     camera_.lead = stands ? CameraLead::Stand : side;
     camera_.leadStep = std::fabs(along);

@@ -202,14 +202,18 @@ void ReadCtrlKeys(KeyOffer& line, BgCtrl& control) {
     line.List("ctrlid", control.ctrlIds);
     control.given |= GivenBit(line.Whole("x", control.x), kGivenX);
     control.given |= GivenBit(line.Whole("y", control.y), kGivenY);
-    if (Contains(control.type, "sin")) {
+    const bool swings = Contains(control.type, "sin");
+    // Addition: the type may come after the value.
+    const bool either = line.Additions() && control.type.empty();
+    if (swings || either) {
         const unsigned values = line.Values("value", control.value1, control.value2);
         if (line.Additions()) {
             line.Value("value", 3, control.value3);
         }
         control.given |= GivenBit((values & kFirst) != 0, kGivenValue1);
         control.given |= GivenBit((values & kSecond) != 0, kGivenValue2);
-    } else {
+    }
+    if (!swings) {
         control.given |= GivenBit(line.Whole("value", control.value), kGivenValue);
     }
 }

@@ -90,9 +90,8 @@ struct alignas(kCacheLine) BackgroundElement {
     Blending blending;        // what trans and alpha come to
     Single windowDeltaX = 0;  // how far the window moves per unit of the camera
     Single windowDeltaY = 0;
-    Single yscaleStart =
-        100;                 // parallax: percent of its height that it has lost at the ground view
-    Single yscaleDelta = 0;  // and per unit of the camera's height
+    Single yscaleStart = 100;  // parallax: at the ground view it is 100 / yscaleStart as tall
+    Single yscaleDelta = 0;    // and per unit of the camera's height
 
     // As the file has it, neither scaled nor linked; no part of a stage as written out.
     std::array<Single, 2> deltaRead{1.0F, 1.0F};

@@ -219,9 +219,9 @@ void LiteralStage::Move(Element& element) const {
     }
 }
 
-void LiteralStage::SwingWhole(Element& element) {
+void LiteralStage::SwingWhole(Element& element) const {
     for (Swing& swing : element.swings) {
-        if (!element.enabled || swing.period <= 0) {
+        if (!element.enabled || swing.period <= 0 || !HasPictures(element)) {
             continue;
         }
         const double turns = Wide(swing.time) / Wide(swing.period) + Wide(swing.phase) / 360;

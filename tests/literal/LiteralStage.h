@@ -164,7 +164,7 @@ private:
     enum class Pass : std::uint8_t { Back, Front };
     void DrawPass(Pass pass, const LiteralKeys& keys);
     void Move(Element& element) const;
-    static void SwingWhole(Element& element);
+    void SwingWhole(Element& element) const;
     [[nodiscard]] std::uint32_t ClearColor() const;
     void FollowCamera(Element& element);
     void MoveCamera(const LiteralKeys& keys);

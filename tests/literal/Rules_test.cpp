@@ -197,11 +197,16 @@ constexpr Row kRows[] = {
      "sin.y = 20,-12,90\nsin.x = 5,8\n"},
     {"a controller's swing begins in its own frame", kAdditions, Held::Nothing, 6, kControl,
      "type = siny\nvalue = 20, 9, 2\n"},
+    {"a controller's type after its value", kAdditions, Held::Nothing, 6, kControl,
+     "value = 20, 9\ntype = siny\n"},
     {"a linked element swings with its parent", kAdditions, Held::Nothing, 4, kArrow,
      "sin.y = 20,12\n[BG linked]\ntype = normal\nspriteno = 2,0\npositionlink = 1\n"},
     {"a disabled element does not swing", kAdditions, Held::Nothing, 9, kArrow,
      "sin.y = 20,12\n[BGCtrlDef]\nctrlid = 1\n[BGCtrl]\ntype = enable\nvalue = 0\ntime = 2\n"
      "[BGCtrl]\ntype = enable\nvalue = 1\ntime = 7\n"},
+    {"an element without a picture carries no swing", kAdditions, Held::Nothing, 9,
+     "[BG lead]\ntype = normal\nspriteno = 99,0\nstart = -40,90\nsin.y = 40,30\n",
+     "[BG follows]\ntype = normal\nspriteno = 1,0\nstart = 20,10\npositionlink = 1\n"},
     {"hidden elements drift on", kAdditions, Held::Nothing, 9, kDriftAndControl,
      "type = visible\nvalue = 0\ntime = 2\n[BGCtrl]\ntype = visible\nvalue = 1\ntime = 7\n"
      "[BGCtrl]\ntype = posadd\nx = 1\ntime = 8\n"},

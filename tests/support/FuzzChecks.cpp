@@ -67,9 +67,12 @@ void CheckModel(const StageModel& model) {
     Require(Counts(model.CtrlDefs, model.CtrlDefCount), "control groups are counted");
     for (const BackgroundElement& element : model.Elements) {
         Require(element.type != "null", "no null element is kept");
-        Require(IsIndex(element.spriteIndex, model.Sprites.size()), "elements find their sprite");
+        const bool frames = element.type == "anim" || element.spriteIndex == kPicturesOfAction;
+        Require(element.spriteIndex == kPicturesOfAction ||
+                    IsIndex(element.spriteIndex, model.Sprites.size()),
+                "elements find their sprite");
         Require(element.tileX >= 0 && element.tileY >= 0, "no tile count is negative");
-        if (element.type == "anim") {
+        if (frames) {
             Require(IsIndex(element.actionIndex, model.Actions.size()), "or their action");
         }
     }
