@@ -50,8 +50,8 @@ TEST_F(DesktopTools, AnElementIsDraggedAndDumped) {
 
     Key("alt+o");
     Key("b");
-    // Where the picture was dragged away from there is nothing any more.
-    EXPECT_TRUE(Eventually([&] { return PictureSize() == SeenSize{280, 230}; })) << "no frame";
+    // Where the picture was dragged up from there is nothing any more.
+    EXPECT_TRUE(Eventually([&] { return PictureSize() == SeenSize{320, 230}; })) << "no frame";
     EXPECT_EQ(Title(), "Dumped to " + display_.Folder() + "bin/chek.txt") << "no other stage";
 }
 
