@@ -17,15 +17,23 @@ struct SheetStage {
     const char* flip;  // of its frames
 };
 
-inline constexpr std::array<SheetStage, 8> kSheetStages = {{
+inline constexpr std::array<SheetStage, 16> kSheetStages = {{
     {"normal", "type = normal\nspriteno = 4,2\n", ""},
     {"normal, masked", "type = normal\nspriteno = 4,2\nmask = 1\n", ""},
-    {"normal with an action", "type = normal\nactionno = 1\n", "H"},
+    {"normal with an action", "type = normal\nactionno = 1\n", ""},
+    {"normal, mirrored", "type = normal\nactionno = 1\n", "H"},
+    {"normal, upside down", "type = normal\nactionno = 1\n", "V"},
+    {"normal, both", "type = normal\nactionno = 1\n", "HV"},
     {"parallax", "type = parallax\nspriteno = 4,2\nxscale = 1,1.1\n", ""},
+    {"parallax, masked", "type = parallax\nspriteno = 4,2\nxscale = 1,1.1\nmask = 1\n", ""},
+    {"parallax, mirrored", "type = parallax\nactionno = 1\nxscale = 1,1.1\n", "H"},
+    {"parallax, upside down", "type = parallax\nactionno = 1\nxscale = 1,1.1\n", "V"},
+    {"parallax, both", "type = parallax\nactionno = 1\nxscale = 1,1.1\n", "HV"},
     {"anim", "type = anim\nactionno = 1\n", ""},
     {"anim, mirrored", "type = anim\nactionno = 1\n", "H"},
     {"anim, upside down", "type = anim\nactionno = 1\n", "V"},
     {"anim, both", "type = anim\nactionno = 1\n", "HV"},
+    {"dummy", "type = dummy\nspriteno = 4,2\n", ""},
 }};
 
 // Its definition, but for the archive's name. The bars are 32 x 32 with the axis in the middle.
