@@ -521,10 +521,11 @@ TEST_F(UpdateCharacterTest, TheCameraStandsWhereTheCharacterCannotGo) {
     EXPECT_EQ(Update(kRight), CameraLead::Stand) << "it walks on the spot";
     static_cast<void>(Update());
     Hero().WalkSpeed = 2;
-    model_.ScreenRight = 250;  // the end is left of the middle of the last view
-    Hero().X = 169;            // 9 to the right, 100 + 160 - 250 = 10 are allowed
+    model_.ScreenRight = 130;  // the end is within the last view
+    Hero().X = 289;            // 129 to the right, 100 + 160 - 130 = 130 are allowed
+    camera_.x = -120;
     EXPECT_EQ(Update(kRight), CameraLead::Stand);
-    EXPECT_EQ(Hero().X, 169.0F);
+    EXPECT_EQ(Hero().X, 289.0F);
 }
 
 TEST_F(UpdateCharacterTest, OneThatWalksBackwardsStaysWithinTheBounds) {
