@@ -168,7 +168,7 @@ TEST_F(Ending, ASignalGivesTheScreenItsModeBack) {
     Key("f");
     ASSERT_TRUE(Eventually([&] { return mode() == 320; }));
     program_->Send(SIGINT);
-    EXPECT_EQ(WaitForEnd(), 0);
+    EXPECT_EQ(WaitForEnd(), 0) << display_.AllWindows();
     EXPECT_TRUE(Eventually([&] { return mode() == 1024; })) << mode();
     ExpectWholeSettings();
 }
