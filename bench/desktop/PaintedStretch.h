@@ -8,12 +8,14 @@
 #include <cstdint>
 #include <span>
 
+#include "platform/View.h"
+
 namespace scenara::bench {
 
 class PaintedStretch : public QWidget {
 public:
     PaintedStretch();
-    void Show(std::span<const std::uint32_t> pixels);
+    void Show(const View& view, std::span<const std::uint32_t> pixels);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
