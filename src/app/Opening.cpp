@@ -20,7 +20,7 @@ Long Count(const ListBox& list) {
 
 }  // namespace
 
-// Whether CurrentStageFile is one; else that is said.
+// Answers whether CurrentStageFile is a stage. Reports a file that is not.
 bool frmStage::IsStageAskedFor(MessageIcon icon) {
     const std::string& path = show_.Which.CurrentStageFile;
     if (!machine_.files.FileExists(path)) {

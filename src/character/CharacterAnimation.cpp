@@ -37,7 +37,8 @@ public:
     CharacterAnimationReader(Messages& messages, const ViewOptions& options)
         : messages_(messages), options_(options) {}
 
-    // False: a frame of a kept action has a negative group, and that is no blank frame.
+    // Fails at a frame with a negative group number in an action that is kept, where such a frame
+    // is not read as a blank one.
     [[nodiscard]] bool ReadLine(std::string_view untrimmed, std::int64_t number) {
         number_ = number;
         line_.Assign(untrimmed);

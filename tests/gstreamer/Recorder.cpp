@@ -6,6 +6,8 @@
 #include <cstring>
 #include <string_view>
 
+#include "gstreamer/SinkEvents.h"
+
 namespace scenara::test {
 namespace {
 
@@ -48,20 +50,7 @@ SinkMaker Recorder::Maker() {
 }
 
 SinkMaker Recorder::MakerOfFlushingOnly() {
-    return [this]() -> GstElement* {
-        GstElement* const bin = gst_bin_new(nullptr);
-        GstElement* const entry = gst_element_factory_make("identity", nullptr);
-        GstElement* const sink = Make();
-        gst_bin_add_many(GST_BIN(bin), entry, sink, nullptr);
-        gst_element_link(entry, sink);
-        GstPad* const towardsSink = gst_element_get_static_pad(entry, "src");
-        gst_pad_set_event_function(towardsSink, RefuseSeekWithoutFlush);
-        gst_object_unref(towardsSink);
-        GstPad* const outer = gst_element_get_static_pad(entry, "sink");
-        gst_element_add_pad(bin, gst_ghost_pad_new("sink", outer));
-        gst_object_unref(outer);
-        return bin;
-    };
+    return [this] { return WithEvents(Make(), RefuseSeekWithoutFlush); };
 }
 
 GstElement* Recorder::Make() {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The vector paths behind CopyRows.h.
+// The implementations of CopyRows.h with vector instructions.
 #include "platform/soft/RowPaths.h"
 
 #if SCENARA_ROWS_X86
@@ -49,8 +49,8 @@ struct Sse2Blocks {
     }
 };
 
-// Texels go as floats of the same bits, for of these the instruction chooses that looks at top
-// bits.
+// Texels are handled as floats of the same bits. The instruction that chooses by the top bit takes
+// floats only.
 struct Avx2Blocks {
     template <bool kMirrored>
     AVX2 static inline __m256 Load(const std::uint32_t* texels) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// The code paths behind CopyRows.h, BlendRows.h and PixelRows.h, for their *.cpp only.
+// The implementations of CopyRows.h, BlendRows.h and PixelRows.h, one per kind of processor. Only
+// their *.cpp files include this.
 #pragma once
 
 #include <cstddef>
