@@ -31,9 +31,9 @@ constexpr const char* kStage = "nightexpress.def";
 // Notes when each picture is handed over.
 class TimedSink : public PictureSink {
 public:
-    HRESULT Show(const View& view, std::span<const std::uint32_t> pixels) override {
+    HRESULT Show(const CanvasSize& size, std::span<const std::uint32_t> pixels) override {
         times_.push_back(Timer::now());
-        const HRESULT result = shownBy->Show(view, pixels);
+        const HRESULT result = shownBy->Show(size, pixels);
         if (times_.size() == times_.capacity()) {
             full();
         }

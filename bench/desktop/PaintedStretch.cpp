@@ -12,7 +12,7 @@ PaintedStretch::PaintedStretch() : view_(View().width, View().height, QImage::Fo
     setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
-void PaintedStretch::Show(const View& /*view*/, std::span<const std::uint32_t> pixels) {
+void PaintedStretch::Show(const CanvasSize& /*size*/, std::span<const std::uint32_t> pixels) {
     std::memcpy(view_.bits(), pixels.data(), pixels.size_bytes());
     repaint();
 }

@@ -15,7 +15,7 @@ namespace scenara::bench {
 class PaintedStretch : public QWidget {
 public:
     PaintedStretch();
-    void Show(const View& view, std::span<const std::uint32_t> pixels);
+    void Show(const CanvasSize& size, std::span<const std::uint32_t> pixels);
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -50,7 +50,7 @@ void Present(benchmark::State& state, Widget& widget) {
     const std::vector<std::uint32_t> pictures[] = {Picture(1), Picture(2)};
     std::size_t turn = 0;
     for (auto _ : state) {
-        widget.Show(View(), pictures[turn++ % 2]);
+        widget.Show(CanvasSize(), pictures[turn++ % 2]);
         WaitForServer();
     }
     widget.hide();

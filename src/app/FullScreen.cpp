@@ -18,7 +18,7 @@ void frmStage::mnuFS_Click() {
         mnuDebug_Click();  // the full screen shows the stage and nothing else
     }
     screen_.Enumerate();
-    const Integer mode = screen_.Find(FullScreenMode(show_.Picture()));
+    const Integer mode = screen_.Find(FullScreenMode(show_.Picture().Canvas()));
     if (mode == kNoMode) {
         return;  // the item stays checked
     }

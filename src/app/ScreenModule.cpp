@@ -36,10 +36,10 @@ std::string DescribeMode(const DisplaySettings& mode) {
                                       : ", " + NumberText(mode.frequency) + " Hz");
 }
 
-std::string FullScreenMode(const View& view) {
+std::string FullScreenMode(const CanvasSize& size) {
     constexpr Long kColourBits = 24;
     constexpr Long kHertz = 60;
-    return DescribeMode({view.width, view.height, kColourBits, kHertz});
+    return DescribeMode({size.width, size.height, kColourBits, kHertz});
 }
 
 void ScreenModule::Enumerate() {

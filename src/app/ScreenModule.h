@@ -22,7 +22,7 @@ inline constexpr Integer kNoMode = -1;
 [[nodiscard]] std::string DescribeMode(const DisplaySettings& mode);
 
 // What the mode of the full screen is described as.
-[[nodiscard]] std::string FullScreenMode(const View& view);
+[[nodiscard]] std::string FullScreenMode(const CanvasSize& size);
 
 class ScreenModule {
 public:

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 //
-// PictureFit: where the view stands in the box that shows it.
+// PictureFit: where the canvas stands in the box that shows it.
 //
 // At the largest whole multiple that fits, in the middle, nothing around it; in a box that is
-// smaller than the view as large as fits with its shape kept. All in the box's own pixels.
-// Positions in the box go back to the view by the same map.
+// smaller than the canvas as large as fits with its shape kept. All in the box's own pixels.
+// Positions in the box go back to the canvas by the same map.
 #pragma once
 
 #include <algorithm>
@@ -19,50 +19,50 @@ struct PictureFit {
     std::int32_t top = 0;
     std::int32_t width = 0;  // 0 in a box without any room
     std::int32_t height = 0;
-    View view = {};
+    CanvasSize canvas = {};
 
     // In a box of this size.
     [[nodiscard]] static PictureFit In(std::int32_t boxWidth, std::int32_t boxHeight,
-                                       const View& view) {
+                                       const CanvasSize& canvas) {
         PictureFit fit;
-        fit.view = view;
+        fit.canvas = canvas;
         if (boxWidth < 1 || boxHeight < 1) {
             return fit;
         }
-        const std::int32_t times = std::min(boxWidth / view.width, boxHeight / view.height);
+        const std::int32_t times = std::min(boxWidth / canvas.width, boxHeight / canvas.height);
         if (times > 0) {
-            fit.width = times * view.width;
-            fit.height = times * view.height;
+            fit.width = times * canvas.width;
+            fit.height = times * canvas.height;
         } else {
-            const std::int64_t byWidth = std::int64_t{boxWidth} * view.height;
-            const std::int64_t byHeight = std::int64_t{boxHeight} * view.width;
+            const std::int64_t byWidth = std::int64_t{boxWidth} * canvas.height;
+            const std::int64_t byHeight = std::int64_t{boxHeight} * canvas.width;
             const bool narrow = byWidth <= byHeight;
-            fit.width = narrow ? boxWidth : static_cast<std::int32_t>(byHeight / view.height);
-            fit.height = narrow ? static_cast<std::int32_t>(byWidth / view.width) : boxHeight;
+            fit.width = narrow ? boxWidth : static_cast<std::int32_t>(byHeight / canvas.height);
+            fit.height = narrow ? static_cast<std::int32_t>(byWidth / canvas.width) : boxHeight;
         }
         fit.left = (boxWidth - fit.width) / 2;
         fit.top = (boxHeight - fit.height) / 2;
         return fit;
     }
 
-    // The point of the view under a point of the box; it may lie outside of the view.
+    // The point of the canvas under a point of the box; it may lie outside of the canvas.
     [[nodiscard]] std::int32_t ViewX(std::int32_t x) const { return ViewColumn(x - left); }
     [[nodiscard]] std::int32_t ViewY(std::int32_t y) const { return ViewRow(y - top); }
-    // The first column or row of the box that shows a column or row of the view, or one behind it
-    // where it is left out; one after the last for the end of the view.
+    // The first column or row of the box that shows a column or row of the canvas, or one behind it
+    // where it is left out; one after the last for the end of the canvas.
     [[nodiscard]] std::int32_t BoxX(std::int32_t viewX) const {
-        return left + FirstThatShows(viewX, width, view.width);
+        return left + FirstThatShows(viewX, width, canvas.width);
     }
     [[nodiscard]] std::int32_t BoxY(std::int32_t viewY) const {
-        return top + FirstThatShows(viewY, height, view.height);
+        return top + FirstThatShows(viewY, height, canvas.height);
     }
 
-    // The column or row of the view that a column or row of the picture shows, by its centre.
+    // The column or row of the canvas that a column or row of the picture shows, by its centre.
     [[nodiscard]] std::int32_t ViewColumn(std::int32_t column) const {
-        return Under(column, width, view.width);
+        return Under(column, width, canvas.width);
     }
     [[nodiscard]] std::int32_t ViewRow(std::int32_t row) const {
-        return Under(row, height, view.height);
+        return Under(row, height, canvas.height);
     }
 
     // Of `all` columns that are shown as `size` ones: the one under the centre of that one.

@@ -73,7 +73,7 @@ public:
 
     // What the view takes of the inner area with nothing around it, at its own size. It is more
     // where a pixel of the window is no whole number of the screen's.
-    [[nodiscard]] virtual InnerSize RoomFor(const View& view) const = 0;
+    [[nodiscard]] virtual InnerSize RoomFor(const CanvasSize& size) const = 0;
 
     // The largest inner area for which the window, with all that is around it, fits on the screen.
     [[nodiscard]] virtual InnerSize LargestInnerSize() const = 0;

@@ -46,7 +46,7 @@ inline constexpr Long kItemC = 2;
 // Counts what is presented.
 class CountingSink : public PictureSink {
 public:
-    HRESULT Show(const View& /*view*/, std::span<const std::uint32_t> pixels) override {
+    HRESULT Show(const CanvasSize& /*size*/, std::span<const std::uint32_t> pixels) override {
         ++shown;
         last.assign(pixels.begin(), pixels.end());
         return D3D_OK;

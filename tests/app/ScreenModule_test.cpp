@@ -41,13 +41,13 @@ TEST(ScreenModule, FindsTheFirstModeOfADescription) {
     HeadlessDisplayModes display(
         {{320, 240, 24, 75}, {1320, 240, 24, 60}, {320, 240, 16, 60}, {320, 240, 24, 60}});
     ScreenModule screen(display);
-    EXPECT_EQ(screen.Find(FullScreenMode(View())), kNoMode) << "before there is a table";
+    EXPECT_EQ(screen.Find(FullScreenMode(CanvasSize())), kNoMode) << "before there is a table";
     screen.Enumerate();
-    EXPECT_EQ(screen.Find(FullScreenMode(View())), 1) << "which contains the words";
+    EXPECT_EQ(screen.Find(FullScreenMode(CanvasSize())), 1) << "which contains the words";
     EXPECT_EQ(screen.Find("320 x 240, 24bit color, 75 Hz"), 0);
     display.SetModes({{320, 240, 32, 60}, {320, 240, 8, 60}, {320, 240, 24, 59}});
     screen.Enumerate();
-    EXPECT_EQ(screen.Find(FullScreenMode(View())), kNoMode);
+    EXPECT_EQ(screen.Find(FullScreenMode(CanvasSize())), kNoMode);
 }
 
 TEST(ScreenModule, TheCurrentModeEqualsTheOneInForceInAllValues) {
@@ -71,7 +71,7 @@ TEST(ScreenModule, SwitchesToAModeOfTheTable) {
     screen.Enumerate();
     const Integer before = screen.CurrentMode();
     EXPECT_EQ(before, 2);
-    EXPECT_TRUE(screen.SwitchTo(screen.Find(FullScreenMode(View()))));
+    EXPECT_TRUE(screen.SwitchTo(screen.Find(FullScreenMode(CanvasSize()))));
     EXPECT_EQ(screen.CurrentMode(), 1);
     EXPECT_TRUE(screen.SwitchTo(before));
     EXPECT_EQ(screen.CurrentMode(), 2);

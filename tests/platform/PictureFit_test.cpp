@@ -7,7 +7,7 @@ namespace scenara {
 namespace {
 
 PictureFit InView(std::int32_t boxWidth, std::int32_t boxHeight) {
-    return PictureFit::In(boxWidth, boxHeight, View());
+    return PictureFit::In(boxWidth, boxHeight, CanvasSize());
 }
 
 void ExpectFit(const PictureFit& fit, std::int32_t left, std::int32_t top, std::int32_t width,

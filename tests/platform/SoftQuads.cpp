@@ -17,7 +17,7 @@ PlainTexture::PlainTexture(std::int32_t width, std::int32_t height, const ColorA
     }
 }
 
-TestView::TestView(std::uint32_t color, const View& size)
+TestView::TestView(std::uint32_t color, const CanvasSize& size)
     : size_(size),
       pixels_(static_cast<std::size_t>(size.width) * static_cast<std::size_t>(size.height), color) {
 }

@@ -109,7 +109,7 @@ inline constexpr std::size_t kViewPixels = std::size_t{View().width} * View().he
 // Pixels as large as the view, compared without the byte that has no meaning.
 class TestView {
 public:
-    explicit TestView(std::uint32_t color = 0, const View& size = View());
+    explicit TestView(std::uint32_t color = 0, const CanvasSize& size = CanvasSize());
 
     [[nodiscard]] soft::Target Pixels() { return {pixels_, size_.width, size_.height}; }
 
@@ -120,7 +120,7 @@ public:
     bool operator==(const TestView& other) const;
 
 private:
-    View size_;
+    CanvasSize size_;
     std::vector<std::uint32_t> pixels_;
 };
 

@@ -31,7 +31,7 @@ constexpr std::uint32_t kColorMask = 0x00FFFFFF;
 // Keeps what it was shown.
 class RecordingSink : public PictureSink {
 public:
-    HRESULT Show(const View& /*view*/, std::span<const std::uint32_t> pixels) override {
+    HRESULT Show(const CanvasSize& /*size*/, std::span<const std::uint32_t> pixels) override {
         shown.emplace_back(pixels.begin(), pixels.end());
         return answer;
     }
@@ -417,7 +417,7 @@ TEST_F(SoftDeviceDrawing, ResetChecksItsParameters) {
 // Presents to nobody, and asks for no memory to do so.
 class CountingSink : public PictureSink {
 public:
-    HRESULT Show(const View& /*view*/, std::span<const std::uint32_t> /*pixels*/) override {
+    HRESULT Show(const CanvasSize& /*size*/, std::span<const std::uint32_t> /*pixels*/) override {
         ++pictures;
         return D3D_OK;
     }

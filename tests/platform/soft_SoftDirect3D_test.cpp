@@ -22,7 +22,7 @@ using test::GoodParameters;
 
 class SizeSink : public PictureSink {
 public:
-    HRESULT Show(const View& /*view*/, std::span<const std::uint32_t> pixels) override {
+    HRESULT Show(const CanvasSize& /*size*/, std::span<const std::uint32_t> pixels) override {
         shown = pixels.size();
         return D3D_OK;
     }
@@ -117,10 +117,10 @@ TEST_F(SoftDirect3DTest, ADeviceIsMadeAsDescribedOrNotAtAll) {
         EXPECT_EQ(machine->Device(), device.get()) << row.what;
     }
     EXPECT_EQ(CreateDevice(with(&P::BackBufferWidth, 640U)), D3D_OK);
-    EXPECT_EQ(machine->Device()->Size(), (View{640, 240}));
+    EXPECT_EQ(machine->Device()->Size(), (CanvasSize{640, 240}));
     EXPECT_EQ(machine->Device()->BackBuffer().size(), 640U * 240);
     EXPECT_EQ(device->Reset(with(&P::BackBufferHeight, 7U)), D3D_OK) << "takes another size";
-    EXPECT_EQ(machine->Device()->Size(), (View{320, 7}));
+    EXPECT_EQ(machine->Device()->Size(), (CanvasSize{320, 7}));
     EXPECT_EQ(CreateDevice(GoodParameters(), 1), D3DERR_INVALIDCALL) << "adapter 1";
     EXPECT_EQ(CreateDevice(GoodParameters(), 0, 2), D3DERR_INVALIDCALL) << "reference device";
     EXPECT_EQ(device, nullptr);

@@ -285,11 +285,11 @@ public:
     }
 
     // The view's, or another one.
-    [[nodiscard]] View Size() {
-        return Between(0, 3) == 0 ? View{Between(1, 2000), Between(1, 40)} : View();
+    [[nodiscard]] CanvasSize Size() {
+        return Between(0, 3) == 0 ? CanvasSize{Between(1, 2000), Between(1, 40)} : CanvasSize();
     }
 
-    [[nodiscard]] Blit BlitOf(const Texels& texels, const View& size) {
+    [[nodiscard]] Blit BlitOf(const Texels& texels, const CanvasSize& size) {
         Blit blit;
         blit.width = Between(1, 3) == 1 ? texels.width : Between(1, size.width + 80);
         blit.height = Between(1, 3) == 1 ? texels.height : Between(1, size.height + 60);
@@ -323,7 +323,7 @@ public:
     }
 
     // A background of many colours.
-    [[nodiscard]] TestView Coloured(const View& size) {
+    [[nodiscard]] TestView Coloured(const CanvasSize& size) {
         TestView view(0, size);
         std::uint32_t color = static_cast<std::uint32_t>(Between(0, 0xFFFFFF));
         for (std::uint32_t& pixel : view.Pixels().pixels) {
@@ -364,7 +364,7 @@ TEST(WholeQuads, DrawWhatTheGeneralPathDraws) {
         const PlainTexture texture = any.Texture();
         const Texels texels = texture.Pixels();
         const Coverage coverage = any.Between(0, 1) == 0 ? Coverage::Of(texels) : Coverage();
-        const View size = any.Size();
+        const CanvasSize size = any.Size();
         TestView fast = any.Coloured(size);
         TestView general = fast;
         // Several on one another, as they are in a frame.

@@ -235,7 +235,7 @@ TEST_F(Main, ABarGoesWithThePictureWithoutAnyMessage) {
     Pump();
     form.hscHScroll.Value = 35;
     const std::vector<std::uint32_t> picture(std::size_t{320} * 240, 0);
-    EXPECT_EQ(window.Present(View(), picture), D3D_OK);
+    EXPECT_EQ(window.Present(CanvasSize(), picture), D3D_OK);
     EXPECT_EQ(Bar().value(), 35);
     Pump();
     EXPECT_EQ(program.Text(), "") << "nobody has moved it";
@@ -423,13 +423,13 @@ TEST_F(Main, ShowsTheFrameOfTheSelectionWithThePictureThatItBelongsTo) {
         }
         return count;
     };
-    sink.Show(View(), view);
+    sink.Show(CanvasSize(), view);
     EXPECT_EQ(pixelsOfTheFrame(), 0);
     form.selection = {50, 100, 150, 120};
-    sink.Show(View(), view);
+    sink.Show(CanvasSize(), view);
     EXPECT_EQ(pixelsOfTheFrame(), 100);
     form.selection.reset();
-    sink.Show(View(), view);
+    sink.Show(CanvasSize(), view);
     EXPECT_EQ(pixelsOfTheFrame(), 0);
 }
 

@@ -108,7 +108,7 @@ TEST_F(FinePicture, OfTheViewIsStretchedToo) {
     std::vector<std::uint32_t> view(320U * 240U, kGreen);
     view[0] = kRed;
     view.back() = kBlue;
-    widget.Show(View(), view);
+    widget.Show(CanvasSize(), view);
     const QImage seen = Seen();
     EXPECT_EQ(seen.pixel(0, 0), kRed);
     EXPECT_EQ(seen.pixel(1, 1), kRed);

@@ -131,12 +131,12 @@ TEST_P(ScreenScale, EveryPixelOfTheAreaIsPainted) {
           QRect(7, 19, 640, 480), QRect(0, 21, 733, 551), QRect(3, 5, 100, 77)}) {
         SCOPED_TRACE(testing::Message() << area.x() << " " << area.y() << " " << area.width());
         Place(area);
-        ExpectPainted(Painted([&] { picture.Show(View(), view); }));
+        ExpectPainted(Painted([&] { picture.Show(CanvasSize(), view); }));
         ExpectPainted(Painted([&] { picture.ShowOwn(3, 2, std::span(view).first(6)); }));
         ExpectPainted(Painted([&] { picture.ShowOwn(0, 0, {}); }));
         picture.EndOwn();
         picture.SetSelection(ViewFrame{0, 0, 20, 30});
-        ExpectPainted(Painted([&] { picture.Show(View(), view); }));
+        ExpectPainted(Painted([&] { picture.Show(CanvasSize(), view); }));
         picture.SetSelection(std::nullopt);
     }
 }
@@ -149,10 +149,10 @@ TEST_P(ScreenScale, TheViewIsShownAtItsLargestWholeMultiple) {
         // What a screen of just that size is in the window's pixels.
         Place({0, 0, static_cast<int>(std::lround(times * View().width / GetParam())),
                static_cast<int>(std::lround(times * View().height / GetParam()))});
-        ExpectView(Painted([&] { picture.Show(View(), view); }), times);
+        ExpectView(Painted([&] { picture.Show(CanvasSize(), view); }), times);
         Place({13, 21, static_cast<int>(std::ceil((times + 0.5) * View().width / GetParam())),
                static_cast<int>(std::ceil((times + 0.5) * View().height / GetParam()))});
-        ExpectView(Painted([&] { picture.Show(View(), view); }), times);
+        ExpectView(Painted([&] { picture.Show(CanvasSize(), view); }), times);
     }
 }
 
@@ -160,11 +160,11 @@ TEST_P(ScreenScale, TheViewIsShownAtItsLargestWholeMultiple) {
 // it would be without a scale.
 TEST_P(ScreenScale, TheWindowHasRoomForTheViewWithNothingAroundIt) {
     const Form form;
-    const InnerSize room = MainWindow(form).RoomFor(View());
+    const InnerSize room = MainWindow(form).RoomFor(CanvasSize());
     picture.show();
     Place({0, 21, room.width, room.height});
     const int times = static_cast<int>(std::ceil(GetParam()));
-    ExpectView(Painted([&] { picture.Show(View(), Pixels()); }), times);
+    ExpectView(Painted([&] { picture.Show(CanvasSize(), Pixels()); }), times);
     EXPECT_NEAR(onScreen.width(), times * View().width, 2);
     EXPECT_NEAR(onScreen.height(), times * View().height, 2);
 }

@@ -40,7 +40,7 @@ TEST(WriteFrameFile, WritesTheViewOpaqueWhateverTheTopBytesHold) {
     pixels[319] = 0x80405060;
     pixels[320] = 0xFF708090;
     pixels.back() = 0x01FFFFFF;
-    WriteFrameFile(path, View(), pixels);
+    WriteFrameFile(path, CanvasSize(), pixels);
 
     png_image image{};
     image.version = PNG_IMAGE_VERSION;
@@ -65,7 +65,7 @@ TEST(WriteFrameFile, WantsAllOfTheView) {
     const TemporaryFolder folder;
     const std::vector<std::uint32_t> pixels(std::size_t{320} * 240 - 1);
     try {
-        WriteFrameFile(folder.Path() + "a.png", View(), pixels);
+        WriteFrameFile(folder.Path() + "a.png", CanvasSize(), pixels);
         FAIL() << "written from pixels that are not there";
     } catch (const RunTimeError& error) {
         EXPECT_EQ(error.Kind(), RunTimeErrorKind::SubscriptOutOfRange);

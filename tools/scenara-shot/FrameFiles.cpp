@@ -22,17 +22,17 @@ std::string FrameFileName(const std::string& file, std::int32_t frame) {
     return file.substr(0, stem) + "-" + number + file.substr(stem);
 }
 
-void WriteFrameFile(const std::string& path, const View& view,
+void WriteFrameFile(const std::string& path, const CanvasSize& size,
                     std::span<const std::uint32_t> pixels) {
     const std::size_t count =
-        static_cast<std::size_t>(view.width) * static_cast<std::size_t>(view.height);
+        static_cast<std::size_t>(size.width) * static_cast<std::size_t>(size.height);
     if (pixels.size() < count) {
         throw RunTimeError(RunTimeErrorKind::SubscriptOutOfRange, path);
     }
     std::vector<std::uint32_t> opaque(count);
     std::ranges::transform(pixels.first(count), opaque.begin(),
                            [](std::uint32_t pixel) { return pixel | 0xFF000000U; });
-    WritePngFile(path, opaque, view.width, view.height, view.width);
+    WritePngFile(path, opaque, size.width, size.height, size.width);
 }
 
 }  // namespace scenara

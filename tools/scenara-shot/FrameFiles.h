@@ -18,7 +18,7 @@ namespace scenara {
 
 // `pixels`: the view's lines, one after the other, whose top bytes have no meaning. Raises
 // RunTimeError when the file cannot be written, "Subscript out of range" when pixels are missing.
-void WriteFrameFile(const std::string& path, const View& view,
+void WriteFrameFile(const std::string& path, const CanvasSize& size,
                     std::span<const std::uint32_t> pixels);
 
 }  // namespace scenara

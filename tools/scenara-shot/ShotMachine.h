@@ -26,16 +26,16 @@ namespace scenara {
 // Keeps the picture that was shown last.
 class ShownPicture : public PictureSink {
 public:
-    HRESULT Show(const View& view, std::span<const std::uint32_t> pixels) override {
-        view_ = view;
+    HRESULT Show(const CanvasSize& size, std::span<const std::uint32_t> pixels) override {
+        size_ = size;
         pixels_.assign(pixels.begin(), pixels.end());
         return D3D_OK;
     }
-    [[nodiscard]] const View& Size() const { return view_; }
+    [[nodiscard]] const CanvasSize& Size() const { return size_; }
     [[nodiscard]] const std::vector<std::uint32_t>& Pixels() const { return pixels_; }
 
 private:
-    View view_;
+    CanvasSize size_;
     std::vector<std::uint32_t> pixels_;
 };
 
@@ -59,7 +59,7 @@ public:
     [[nodiscard]] const StageModel& Model() const { return show_.Model(); }
     [[nodiscard]] const TestCharState& TestChar() const { return show_.TestChar(); }
     [[nodiscard]] const std::vector<Message>& Recorded() const { return messages_.Recorded(); }
-    [[nodiscard]] const View& PictureSize() const { return shown_.Size(); }
+    [[nodiscard]] const CanvasSize& PictureSize() const { return shown_.Size(); }
     [[nodiscard]] const std::vector<std::uint32_t>& Picture() const { return shown_.Pixels(); }
 
 private:

@@ -16,7 +16,7 @@ namespace scenara {
 class HeadlessDisplayModes : public DisplayModes {
 public:
     // What the full screen looks for.
-    static constexpr DisplaySettings kFullScreen{View().width, View().height, 24, 60};
+    static constexpr DisplaySettings kFullScreen{CanvasSize().width, CanvasSize().height, 24, 60};
 
     // With the full-screen mode among others; the last one is in force.
     HeadlessDisplayModes()

@@ -62,8 +62,8 @@ public:
     [[nodiscard]] ScreenSize Screen() const override {
         return {kScreenWidth * kUnitsPerPixel, kScreenHeight * kUnitsPerPixel};
     }
-    [[nodiscard]] InnerSize RoomFor(const View& view) const override {
-        return roomForView_.value_or(InnerSize{view.width, view.height});
+    [[nodiscard]] InnerSize RoomFor(const CanvasSize& size) const override {
+        return roomForView_.value_or(InnerSize{size.width, size.height});
     }
     [[nodiscard]] InnerSize LargestInnerSize() const override {
         return {kScreenWidth - frame_.width, kScreenHeight - frame_.height};
@@ -152,7 +152,7 @@ private:
     std::vector<std::string> captions_;
     Long left_ = 0;
     Long top_ = 0;
-    InnerSize inner_{View().width, View().height};
+    InnerSize inner_{CanvasSize().width, CanvasSize().height};
     InnerSize frame_;
     std::optional<InnerSize> roomForView_;
     std::vector<InnerSize> wishes_;

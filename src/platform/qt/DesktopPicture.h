@@ -19,9 +19,9 @@ public:
     DesktopPicture(MainWindow& window, FullScreenWindow& fullScreen)
         : window_(window), fullScreen_(fullScreen) {}
 
-    HRESULT Show(const View& view, std::span<const std::uint32_t> pixels) override {
-        return fullScreen_.isVisible() ? fullScreen_.Picture().Show(view, pixels)
-                                       : window_.Present(view, pixels);
+    HRESULT Show(const CanvasSize& size, std::span<const std::uint32_t> pixels) override {
+        return fullScreen_.isVisible() ? fullScreen_.Picture().Show(size, pixels)
+                                       : window_.Present(size, pixels);
     }
 
 private:

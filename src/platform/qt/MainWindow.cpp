@@ -192,11 +192,11 @@ void MainWindow::ShowBar(QScrollBar& widget, const ScrollBar& bar) const {
     }
 }
 
-HRESULT MainWindow::Present(const View& view, std::span<const std::uint32_t> pixels) {
+HRESULT MainWindow::Present(const CanvasSize& size, std::span<const std::uint32_t> pixels) {
     if (events_ != nullptr) {
         ShowBars();  // with the picture they belong to, also while no message comes
     }
-    return picture_->Show(view, pixels);
+    return picture_->Show(size, pixels);
 }
 
 void MainWindow::ShowPicture(Long width, Long height, std::span<const std::uint32_t> pixels) {
@@ -219,7 +219,7 @@ void MainWindow::SetEvents(FormEvents* events) {
     BuildMenus();
     ShowForm();
     if (form_.picLoad.visible) {
-        static_cast<void>(picture_->Show(View(), TitlePicture()));
+        static_cast<void>(picture_->Show(CanvasSize(), TitlePicture()));
     }
 }
 
@@ -354,14 +354,14 @@ int MainWindow::HeightAround() const {
 
 // The picture is shown at whole multiples of the screen's pixels; the next larger one, unless the
 // next smaller one is nearly as large as the window's pixels would have it.
-InnerSize MainWindow::RoomFor(const View& view) const {
+InnerSize MainWindow::RoomFor(const CanvasSize& size) const {
     constexpr double kNearly = 0.1;
     const double ratio = devicePixelRatioF();
     const double times = std::ceil(ratio - kNearly);
     const auto room = [&](Long length) {
         return static_cast<Long>(std::ceil(length * times / ratio));
     };
-    return {room(view.width), room(view.height)};
+    return {room(size.width), room(size.height)};
 }
 
 InnerSize MainWindow::LargestInnerSize() const {

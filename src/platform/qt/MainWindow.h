@@ -43,7 +43,7 @@ public:
     void NoteKey(VirtualKey key);
     [[nodiscard]] PictureWidget& Picture() { return *picture_; }
     // Shows a frame of the stage, with the selection that belongs to it.
-    HRESULT Present(const View& view, std::span<const std::uint32_t> pixels);
+    HRESULT Present(const CanvasSize& size, std::span<const std::uint32_t> pixels);
 
     // Where it stands, in the display's own pixels.
     [[nodiscard]] ScreenRectangle Rectangle() const;
@@ -76,7 +76,7 @@ public:
     void ShowPicture(Long width, Long height, std::span<const std::uint32_t> pixels) override;
     [[nodiscard]] WindowPlace Place() const override;
     [[nodiscard]] ScreenSize Screen() const override;
-    [[nodiscard]] InnerSize RoomFor(const View& view) const override;
+    [[nodiscard]] InnerSize RoomFor(const CanvasSize& size) const override;
     [[nodiscard]] InnerSize LargestInnerSize() const override;
     // As Foreground tells it: of several bases the widget's address counts.
     [[nodiscard]] WindowHandle Handle() const override {

@@ -13,7 +13,7 @@ namespace {
 
 // One line of the view, every pixel as wide as the picture is stretched.
 void StretchLine(std::span<const std::uint32_t> line, std::uint32_t* into, const PictureFit& fit) {
-    const std::int32_t times = fit.width / fit.view.width;
+    const std::int32_t times = fit.width / fit.canvas.width;
     if (times > 0) {
         for (const std::uint32_t pixel : line) {
             into = std::fill_n(into, times, pixel);
@@ -61,8 +61,9 @@ std::int32_t PixelsAtMost(std::int32_t length, double ratio) {
 }
 
 // At a size that may be there, although the window's own says that a pixel is missing.
-PictureFit FitOnScreen(std::int32_t width, std::int32_t height, double ratio, const View& view) {
-    PictureFit fit = PictureFit::In(PixelsAtMost(width, ratio), PixelsAtMost(height, ratio), view);
+PictureFit FitOnScreen(std::int32_t width, std::int32_t height, double ratio,
+                       const CanvasSize& size) {
+    PictureFit fit = PictureFit::In(PixelsAtMost(width, ratio), PixelsAtMost(height, ratio), size);
     const auto before = [ratio](std::int32_t length, std::int32_t picture) {
         const auto box = static_cast<std::int32_t>(std::lround(length * ratio));
         return std::max(box - picture, 0) / 2;
@@ -89,8 +90,8 @@ PictureWidget::PictureWidget(QWidget* parent) : QWidget(parent) {
     setMinimumSize(1, 1);
 }
 
-HRESULT PictureWidget::Show(const View& view, std::span<const std::uint32_t> pixels) {
-    size_ = view;
+HRESULT PictureWidget::Show(const CanvasSize& size, std::span<const std::uint32_t> pixels) {
+    size_ = size;
     view_.assign(pixels.begin(), pixels.end());
     Stretch();
     repaint();

@@ -27,7 +27,7 @@ class PictureWidget : public QWidget, public PictureSink {
 public:
     explicit PictureWidget(QWidget* parent);
 
-    HRESULT Show(const View& view, std::span<const std::uint32_t> pixels) override;
+    HRESULT Show(const CanvasSize& size, std::span<const std::uint32_t> pixels) override;
 
     // A picture of its own, from the upper left corner, until EndOwn. As the window is, it is
     // measured in the toolkit's pixels: on a screen that has several of its own to one of those, it
@@ -60,7 +60,7 @@ private:
     void PaintSelection(QPainter& painter) const;
     void Tell(Mouse what, const QMouseEvent& event) const;
 
-    View size_;
+    CanvasSize size_;
     std::vector<std::uint32_t> view_;  // what was shown last; empty: nothing yet
     QImage stretched_;
     PictureFit fit_;

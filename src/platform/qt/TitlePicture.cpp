@@ -13,8 +13,8 @@
 namespace scenara {
 namespace {
 
-constexpr int kWidth = View().width;
-constexpr int kHeight = View().height;
+constexpr int kWidth = CanvasSize().width;
+constexpr int kHeight = CanvasSize().height;
 
 // A range of hills whose tops lie about `height`; each layer nearer is darker, as on a stage.
 void DrawHills(QPainter& painter, double height, double swing, double length, double shift,

@@ -18,7 +18,7 @@ public:
 
     // The pixels of a view, line by line, of which the top byte has no meaning. They are the
     // device's own and hold until this returns, which is what Present answers.
-    virtual HRESULT Show(const View& view, std::span<const std::uint32_t> pixels) = 0;
+    virtual HRESULT Show(const CanvasSize& size, std::span<const std::uint32_t> pixels) = 0;
 };
 
 }  // namespace scenara

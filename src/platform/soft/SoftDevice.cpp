@@ -75,8 +75,8 @@ void SoftDevice::MakeBackBuffer(const D3DPRESENT_PARAMETERS& parameters) {
     const auto sizeOf = [](std::uint32_t wanted, Long designed) {
         return wanted == 0 ? designed : static_cast<std::int32_t>(wanted);
     };
-    const std::int32_t width = sizeOf(parameters.BackBufferWidth, View().width);
-    const std::int32_t height = sizeOf(parameters.BackBufferHeight, View().height);
+    const std::int32_t width = sizeOf(parameters.BackBufferWidth, CanvasSize().width);
+    const std::int32_t height = sizeOf(parameters.BackBufferHeight, CanvasSize().height);
     if (width != target_.width || height != target_.height) {
         const std::size_t count =
             static_cast<std::size_t>(width) * static_cast<std::size_t>(height);

@@ -37,7 +37,7 @@ namespace scenara {
 inline constexpr std::uint32_t kLargestBackBuffer = 4096;
 
 // D3D_OK when a device can present so: in a window, by copying, a size up to the largest or none
-// (0: that of a View as it is designed), in the one format that there is. D3DERR_INVALIDCALL
+// (0: that of a CanvasSize as it is designed), in the one format that there is. D3DERR_INVALIDCALL
 // otherwise.
 [[nodiscard]] HRESULT CheckPresentParameters(const D3DPRESENT_PARAMETERS& parameters);
 
@@ -79,7 +79,7 @@ public:
     // Line by line, of which the top byte has no meaning.
     [[nodiscard]] std::span<const std::uint32_t> BackBuffer() const { return target_.pixels; }
     [[nodiscard]] std::span<std::uint32_t> BackBuffer() { return target_.pixels; }
-    [[nodiscard]] View Size() const { return {target_.width, target_.height}; }
+    [[nodiscard]] CanvasSize Size() const { return {target_.width, target_.height}; }
 
     // From now on it is lost.
     void Lose() { condition_ = Condition::Lost; }

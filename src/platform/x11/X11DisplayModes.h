@@ -27,7 +27,7 @@ namespace scenara {
 class X11DisplayModes : public DisplayModes {
 public:
     // The listed mode where there is none of the kind.
-    static constexpr DisplaySettings kEmulated{View().width, View().height, 24, 60};
+    static constexpr DisplaySettings kEmulated{CanvasSize().width, CanvasSize().height, 24, 60};
 
     // `windowPlace`: where the main window stands. `display`: for tests; empty: the environment's.
     explicit X11DisplayModes(std::function<ScreenRectangle()> windowPlace,
