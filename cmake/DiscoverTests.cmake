@@ -3,8 +3,7 @@
 # takes longer to begin and end than most tests do. What failed of it stands in its output.
 function(scenara_discover_tests target prefix)
     if(NOT SCENARA_SANITIZE)
-        gtest_discover_tests(${target} TEST_PREFIX "${prefix}." DISCOVERY_TIMEOUT 60
-                             PROPERTIES TIMEOUT 240)
+        gtest_discover_tests(${target} TEST_PREFIX "${prefix}." DISCOVERY_TIMEOUT 60)
         return()
     endif()
     set(suites ${CMAKE_CURRENT_BINARY_DIR}/${target}_suites.cmake)

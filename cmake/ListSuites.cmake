@@ -12,7 +12,7 @@ foreach(line IN LISTS lines)
         # It counts as skipped if tests of it were, none failed, and nothing was said after that.
         string(APPEND script
             "add_test([=[${PREFIX}.${suite}]=] [=[${PROGRAM}]=] [=[--gtest_filter=${suite}.*]=])\n"
-            "set_tests_properties([=[${PREFIX}.${suite}]=] PROPERTIES TIMEOUT 240 "
+            "set_tests_properties([=[${PREFIX}.${suite}]=] PROPERTIES "
             "SKIP_REGULAR_EXPRESSION [=[SKIPPED . [0-9]+ tests?, listed below:\n"
             "(.  SKIPPED . [^\n]*\n)+$]=])\n")
     endif()
