@@ -1,18 +1,26 @@
 // SPDX-License-Identifier: MIT
 //
-// PictureFit: where the canvas stands in the box that shows it.
+// PictureFit: where the canvas stands in the box that shows it, in the middle of it.
 //
-// At the largest whole multiple that fits, in the middle, nothing around it; in a box that is
-// smaller than the canvas as large as fits with its shape kept. All in the box's own pixels.
-// Positions in the box go back to the canvas by the same map.
+// All in the box's own pixels. Positions in the box go back to the canvas by the same map.
 #pragma once
 
-#include <algorithm>
 #include <cstdint>
 
 #include "platform/View.h"
 
 namespace scenara {
+
+// Which sizes the canvas is shown at. In a box that is smaller than the canvas it is in any case
+// the largest one that fits with the shape kept.
+enum class ShownSizes {
+    // The largest one that fits with the shape kept, or the largest whole multiple, whose pixels
+    // are
+    // all alike, where that is at least nine tenths of it.
+    Any,
+    // The largest whole multiple that fits.
+    WholeMultiples,
+};
 
 struct PictureFit {
     std::int32_t left = 0;
@@ -23,27 +31,7 @@ struct PictureFit {
 
     // In a box of this size.
     [[nodiscard]] static PictureFit In(std::int32_t boxWidth, std::int32_t boxHeight,
-                                       const CanvasSize& canvas) {
-        PictureFit fit;
-        fit.canvas = canvas;
-        if (boxWidth < 1 || boxHeight < 1) {
-            return fit;
-        }
-        const std::int32_t times = std::min(boxWidth / canvas.width, boxHeight / canvas.height);
-        if (times > 0) {
-            fit.width = times * canvas.width;
-            fit.height = times * canvas.height;
-        } else {
-            const std::int64_t byWidth = std::int64_t{boxWidth} * canvas.height;
-            const std::int64_t byHeight = std::int64_t{boxHeight} * canvas.width;
-            const bool narrow = byWidth <= byHeight;
-            fit.width = narrow ? boxWidth : static_cast<std::int32_t>(byHeight / canvas.height);
-            fit.height = narrow ? static_cast<std::int32_t>(byWidth / canvas.width) : boxHeight;
-        }
-        fit.left = (boxWidth - fit.width) / 2;
-        fit.top = (boxHeight - fit.height) / 2;
-        return fit;
-    }
+                                       const CanvasSize& canvas, ShownSizes sizes);
 
     // The point of the canvas under a point of the box; it may lie outside of the canvas.
     [[nodiscard]] std::int32_t ViewX(std::int32_t x) const { return ViewColumn(x - left); }

@@ -6,8 +6,11 @@
 namespace scenara {
 namespace {
 
-PictureFit InView(std::int32_t boxWidth, std::int32_t boxHeight) {
-    return PictureFit::In(boxWidth, boxHeight, CanvasSize());
+constexpr ShownSizes kBoth[] = {ShownSizes::Any, ShownSizes::WholeMultiples};
+
+PictureFit InView(std::int32_t boxWidth, std::int32_t boxHeight,
+                  ShownSizes sizes = ShownSizes::WholeMultiples) {
+    return PictureFit::In(boxWidth, boxHeight, CanvasSize(), sizes);
 }
 
 void ExpectFit(const PictureFit& fit, std::int32_t left, std::int32_t top, std::int32_t width,
@@ -25,10 +28,44 @@ TEST(PictureFit, IsTheLargestWholeMultipleInTheMiddle) {
     ExpectFit(InView(1920, 1080), 320, 60, 1280, 960);
 }
 
+TEST(PictureFit, FillsTheBoxUnlessAWholeMultipleNearlyDoes) {
+    struct {
+        const char* what;
+        CanvasSize box;
+        CanvasSize canvas;
+        CanvasSize shown;
+    } const rows[] = {
+        {"its own size", {320, 240}, {320, 240}, {320, 240}},
+        {"high", {500, 2000}, {320, 240}, {500, 375}},
+        {"wide", {2000, 450}, {320, 240}, {600, 450}},
+        {"nine tenths are once", {355, 300}, {320, 240}, {320, 240}},
+        {"less is not", {356, 300}, {320, 240}, {356, 267}},
+        {"nine tenths of the height", {400, 266}, {320, 240}, {320, 240}},
+        {"less of the height", {400, 267}, {320, 240}, {356, 267}},
+        {"nearly twice", {639, 479}, {320, 240}, {638, 479}},
+        {"twice and more", {700, 600}, {320, 240}, {640, 480}},
+        {"five times", {1777, 1400}, {320, 240}, {1600, 1200}},
+        {"a screen", {1920, 1080}, {1280, 720}, {1920, 1080}},
+        {"a large screen", {3840, 2160}, {1280, 720}, {3840, 2160}},
+        {"a larger canvas", {1280, 1024}, {1920, 1080}, {1280, 720}},
+        {"nearly the canvas", {1919, 1080}, {1920, 1080}, {1919, 1079}},
+        {"as far as numbers go", {2147483647, 2147483647}, {1, 1}, {2147483647, 2147483647}},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.what);
+        const PictureFit fit =
+            PictureFit::In(row.box.width, row.box.height, row.canvas, ShownSizes::Any);
+        ExpectFit(fit, (row.box.width - row.shown.width) / 2,
+                  (row.box.height - row.shown.height) / 2, row.shown.width, row.shown.height);
+    }
+}
+
 TEST(PictureFit, KeepsItsShapeInABoxThatIsTooSmall) {
-    ExpectFit(InView(160, 240), 0, 60, 160, 120);
-    ExpectFit(InView(320, 60), 120, 0, 80, 60);
-    ExpectFit(InView(200, 200), 0, 25, 200, 150);
+    for (const ShownSizes sizes : kBoth) {
+        ExpectFit(InView(160, 240, sizes), 0, 60, 160, 120);
+        ExpectFit(InView(320, 60, sizes), 120, 0, 80, 60);
+        ExpectFit(InView(200, 200, sizes), 0, 25, 200, 150);
+    }
 }
 
 TEST(PictureFit, OfNoRoomIsNowhere) {
@@ -42,9 +79,9 @@ TEST(PictureFit, OfNoRoomIsNowhere) {
 }
 
 TEST(PictureFit, PointsAtWhatIsDrawnUnderThePointer) {
-    for (std::int32_t size = 1; size <= 700; ++size) {
+    for (std::int32_t size = 1; size <= 1400; ++size) {
         SCOPED_TRACE(size);
-        const PictureFit fit = InView(size, size);
+        const PictureFit fit = InView(size, size, kBoth[size % 2]);
         for (std::int32_t column = 0; column < fit.width; ++column) {
             ASSERT_EQ(fit.ViewX(fit.left + column), fit.ViewColumn(column));
             ASSERT_GE(fit.ViewColumn(column), 0);
@@ -83,9 +120,9 @@ TEST(PictureFit, OutsideOfThePictureIsOutsideOfTheView) {
 }
 
 TEST(PictureFit, FindsTheFirstPixelThatShowsAColumn) {
-    for (const std::int32_t size : {64, 200, 319, 320, 640, 700, 960}) {
+    for (const std::int32_t size : {64, 200, 319, 320, 481, 640, 700, 833, 960}) {
         SCOPED_TRACE(size);
-        const PictureFit fit = InView(size, size);
+        const PictureFit fit = InView(size, size, ShownSizes::Any);
         for (std::int32_t x = 0; x < View().width; ++x) {
             const std::int32_t first = fit.BoxX(x);
             ASSERT_GE(fit.ViewX(first), x);

@@ -63,7 +63,8 @@ std::int32_t PixelsAtMost(std::int32_t length, double ratio) {
 // At a size that may be there, although the window's own says that a pixel is missing.
 PictureFit FitOnScreen(std::int32_t width, std::int32_t height, double ratio,
                        const CanvasSize& size) {
-    PictureFit fit = PictureFit::In(PixelsAtMost(width, ratio), PixelsAtMost(height, ratio), size);
+    PictureFit fit = PictureFit::In(PixelsAtMost(width, ratio), PixelsAtMost(height, ratio), size,
+                                    ShownSizes::WholeMultiples);
     const auto before = [ratio](std::int32_t length, std::int32_t picture) {
         const auto box = static_cast<std::int32_t>(std::lround(length * ratio));
         return std::max(box - picture, 0) / 2;
