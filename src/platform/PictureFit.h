@@ -53,13 +53,13 @@ struct PictureFit {
         return Under(row, height, canvas.height);
     }
 
+private:
     // Of `all` columns that are shown as `size` ones: the one under the centre of that one.
     [[nodiscard]] static std::int32_t Under(std::int32_t column, std::int32_t size,
                                             std::int32_t all) {
         return FloorQuotient((std::int64_t{column} * 2 + 1) * all, std::int64_t{size} * 2);
     }
 
-private:
     // The least c with (2 c + 1) * all >= 2 * shown * size.
     [[nodiscard]] static std::int32_t FirstThatShows(std::int32_t shown, std::int32_t size,
                                                      std::int32_t all) {

@@ -92,6 +92,44 @@ TEST_F(Picture, AMoveWithoutTheLeftButtonIsARelease) {
     EXPECT_EQ(told, "down 12 34; up 20 40; ");
 }
 
+TEST_F(Picture, ThatStandsIsShownInAnotherWayAtOnce) {
+    widget.resize(480, 360);
+    std::vector<std::uint32_t> view(320U * 240U, kBlack);
+    view[0] = kWhite;
+    view[1] = kWhite;
+    widget.Show(CanvasSize(), view);
+    EXPECT_EQ(Seen().pixel(0, 0), kBlack) << "around it";
+    EXPECT_EQ(Seen().pixel(80, 60), kWhite);
+    widget.SetPresentation({ShownSizes::Any, Scaling::Average});
+    EXPECT_EQ(Seen().pixel(0, 0), kWhite);
+    EXPECT_EQ(Seen().pixel(2, 1), 0xFF808080U) << "half of it, and half of the next row";
+    EXPECT_EQ(Seen().pixel(3, 1), kBlack);
+    widget.SetPresentation({ShownSizes::Any, Scaling::Smooth});
+    EXPECT_EQ(Seen().pixel(3, 1), 0xFF151515U) << "a twelfth";
+    widget.SetPresentation({});
+    EXPECT_EQ(Seen().pixel(81, 60), kWhite);
+    EXPECT_EQ(Seen().pixel(82, 60), kBlack);
+}
+
+TEST_F(Picture, PointsAtWhatIsUnderThePointerAtAnySize) {
+    widget.SetPresentation({ShownSizes::Any, Scaling::Average});
+    widget.resize(480, 400);  // 20 above 480 x 360
+    widget.Show(CanvasSize(), std::vector<std::uint32_t>(320U * 240U, kGreen));
+    SendMouse(widget, QEvent::MouseButtonPress, {2, 23}, Qt::LeftButton, Qt::LeftButton);
+    SendMouse(widget, QEvent::MouseButtonRelease, {479, 379}, Qt::LeftButton, Qt::NoButton);
+    EXPECT_EQ(told, "down 1 2; up 319 239; ");
+}
+
+TEST_F(Picture, OfASecondWindowIsTakenOverAsItIsShown) {
+    PictureWidget other(nullptr);
+    other.resize(480, 360);
+    other.SetPresentation({ShownSizes::Any, Scaling::Average});
+    other.Show(CanvasSize(), std::vector<std::uint32_t>(320U * 240U, kGreen));
+    widget.resize(480, 360);
+    widget.TakeOver(other);
+    EXPECT_EQ(Seen().pixel(0, 0), kGreen);
+}
+
 // Two of the screen's pixels to one of the toolkit's.
 class FinePicture : public Picture {
 protected:

@@ -16,6 +16,7 @@
 #include "platform/Form.h"
 #include "platform/qt/MainWindow.h"
 #include "platform/qt/PictureWidget.h"
+#include "platform/soft/CanvasScaler.h"
 #include "qt/Toolkit.h"
 
 namespace scenara::test {
@@ -118,6 +119,24 @@ protected:
         }
     }
 
+    // In `part` the screen shows what the view is at the size that fits the area.
+    void ExpectScaled(const QImage& screen, const QRect& part) const {
+        const PictureFit fit =
+            PictureFit::In(onScreen.width(), onScreen.height(), CanvasSize(), ShownSizes::Any);
+        QImage expected(onScreen.size(), QImage::Format_RGB32);
+        expected.fill(Qt::black);
+        auto* const corner =
+            reinterpret_cast<std::uint32_t*>(expected.scanLine(fit.top)) + fit.left;
+        soft::CanvasScaler().Draw(CanvasSize(), Pixels(), Scaling::Average,
+                                  {corner, expected.bytesPerLine() / 4, fit.width, fit.height});
+        for (int y = part.top(); y <= part.bottom(); ++y) {
+            for (int x = part.left(); x <= part.right(); ++x) {
+                const QPoint at = QPoint(x, y) - onScreen.topLeft();
+                ASSERT_EQ(screen.pixel(x, y), expected.pixel(at)) << x << ", " << y;
+            }
+        }
+    }
+
     QWidget window;
     PictureWidget picture{&window};
     QRect onScreen;
@@ -154,6 +173,35 @@ TEST_P(ScreenScale, TheViewIsShownAtItsLargestWholeMultiple) {
                static_cast<int>(std::ceil((times + 0.5) * View().height / GetParam()))});
         ExpectView(Painted([&] { picture.Show(CanvasSize(), view); }), times);
     }
+}
+
+// All pixels of the area: those of the view at the size that fits, black around it.
+TEST_P(ScreenScale, TheViewIsShownAtTheLargestSizeThatFits) {
+    picture.show();
+    const std::vector<std::uint32_t> view = Pixels();
+    picture.SetPresentation({ShownSizes::Any, Scaling::Average});
+    for (const QRect area : {QRect(0, 0, 440, 300), QRect(7, 19, 533, 307), QRect(3, 5, 100, 77)}) {
+        SCOPED_TRACE(area.width());
+        Place(area);
+        const QImage screen = Painted([&] { picture.Show(CanvasSize(), view); });
+        ExpectPainted(screen);
+        ExpectScaled(screen, onScreen);
+    }
+}
+
+TEST_P(ScreenScale, APartOfTheViewIsThatPart) {
+    picture.show();
+    picture.SetPresentation({ShownSizes::Any, Scaling::Average});
+    Place({13, 21, 600, 360});
+    picture.Show(CanvasSize(), Pixels());
+    const QRect part(100, 90, 200, 150);
+    const QImage screen = Painted([&] { picture.repaint(part); });
+    // One pixel less, where the part ends within one.
+    ExpectScaled(screen,
+                 QRect(onScreen.topLeft() + QPoint(OnScreen(part.left()), OnScreen(part.top())),
+                       QSize(OnScreen(part.width()), OnScreen(part.height())))
+                     .adjusted(1, 1, -1, -1));
+    EXPECT_EQ(screen.pixel(onScreen.left() + 3, onScreen.center().y()), kUnpainted);
 }
 
 // The main window as it comes up has hardly anything around the picture, which is not smaller than

@@ -2,27 +2,24 @@
 #include "platform/qt/PictureWidget.h"
 
 #include <QMouseEvent>
+#include <QPaintEngine>
 #include <QPaintEvent>
 #include <QPainter>
 #include <algorithm>
 #include <cmath>
-#include <cstring>
 
 namespace scenara {
 namespace {
 
-// One line of the view, every pixel as wide as the picture is stretched.
-void StretchLine(std::span<const std::uint32_t> line, std::uint32_t* into, const PictureFit& fit) {
-    const std::int32_t times = fit.width / fit.canvas.width;
-    if (times > 0) {
-        for (const std::uint32_t pixel : line) {
-            into = std::fill_n(into, times, pixel);
-        }
-        return;
-    }
-    for (std::int32_t x = 0; x < fit.width; ++x) {
-        into[x] = line[static_cast<std::size_t>(fit.ViewColumn(x))];
-    }
+constexpr std::uint32_t kOpaque = 0xFF000000;
+
+std::ptrdiff_t PitchOf(const QImage& image) {
+    return image.bytesPerLine() / static_cast<std::ptrdiff_t>(sizeof(std::uint32_t));
+}
+
+soft::ScaledPixels PixelsOf(QImage& image) {
+    return {reinterpret_cast<std::uint32_t*>(image.bits()), PitchOf(image), image.width(),
+            image.height()};
 }
 
 // `pixels` in the screen's own, each of them what is under its centre.
@@ -31,27 +28,9 @@ QImage InPixelsOfTheScreen(std::int32_t width, std::int32_t height,
     const auto length = [ratio](std::int32_t own) {
         return std::max(static_cast<std::int32_t>(std::lround(own * ratio)), 1);
     };
-    const auto under = [](std::int32_t pixel, std::int32_t own, std::int32_t shown) {
-        return static_cast<std::size_t>(PictureFit::Under(pixel, shown, own));
-    };
     QImage image(length(width), length(height), QImage::Format_RGB32);
-    if (width < 1 || height < 1) {
-        image.fill(Qt::black);
-        return image;
-    }
-    for (std::int32_t y = 0; y < image.height(); ++y) {
-        const auto line =
-            pixels.subspan(under(y, height, image.height()) * static_cast<std::size_t>(width),
-                           static_cast<std::size_t>(width));
-        auto* const into = reinterpret_cast<std::uint32_t*>(image.scanLine(y));
-        if (image.width() == width) {
-            std::copy(line.begin(), line.end(), into);
-            continue;
-        }
-        for (std::int32_t x = 0; x < image.width(); ++x) {
-            into[x] = line[under(x, width, image.width())];
-        }
-    }
+    image.fill(Qt::black);
+    soft::CanvasScaler().Draw({width, height}, pixels, Scaling::Nearest, PixelsOf(image));
     return image;
 }
 
@@ -60,27 +39,63 @@ std::int32_t PixelsAtMost(std::int32_t length, double ratio) {
     return static_cast<std::int32_t>(std::ceil((length + 0.5) * ratio)) - 1;
 }
 
-// At a size that may be there, although the window's own says that a pixel is missing.
-PictureFit FitOnScreen(std::int32_t width, std::int32_t height, double ratio,
-                       const CanvasSize& size) {
-    PictureFit fit = PictureFit::In(PixelsAtMost(width, ratio), PixelsAtMost(height, ratio), size,
-                                    ShownSizes::WholeMultiples);
-    const auto before = [ratio](std::int32_t length, std::int32_t picture) {
-        const auto box = static_cast<std::int32_t>(std::lround(length * ratio));
-        return std::max(box - picture, 0) / 2;
+// The pixels of the screen that show the widget.
+QSize BoxOnScreen(const QWidget& widget) {
+    const double ratio = widget.devicePixelRatioF();
+    const QPoint begin = widget.mapTo(widget.window(), QPoint());
+    const auto length = [ratio](int from, int own) {
+        return static_cast<int>(std::lround((from + own) * ratio) - std::lround(from * ratio));
     };
-    fit.left = before(width, fit.width);
-    fit.top = before(height, fit.height);
+    return {length(begin.x(), widget.width()), length(begin.y(), widget.height())};
+}
+
+// At a whole multiple that may be there, although the window's own size says that a pixel is
+// missing; else at what is surely there.
+PictureFit FitOnScreen(const QWidget& widget, const CanvasSize& size, ShownSizes sizes) {
+    const double ratio = widget.devicePixelRatioF();
+    const QSize box = BoxOnScreen(widget);
+    PictureFit fit = PictureFit::In(PixelsAtMost(widget.width(), ratio),
+                                    PixelsAtMost(widget.height(), ratio), size, sizes);
+    if (fit.width % size.width != 0) {
+        fit = PictureFit::In(box.width(), box.height(), size, sizes);
+    }
+    fit.left = std::max(box.width() - fit.width, 0) / 2;
+    fit.top = std::max(box.height() - fit.height, 0) / 2;
     return fit;
 }
 
-// The painter counts in pixels of the screen from now on. A widget may begin within one: the one
-// that is painted first is the first of all then.
-void CountPixelsOfTheScreen(QPainter& painter) {
+// Where the widget begins on the screen. That may be within a pixel: the one that is painted first
+// is the first of all then.
+QPoint OriginOnScreen(const QPainter& painter) {
     const QTransform screen = painter.deviceTransform();
-    const QTransform whole = QTransform::fromTranslate(std::round(screen.dx()),  //
-                                                       std::round(screen.dy()));
-    painter.setWorldTransform(whole * screen.inverted());
+    return {static_cast<int>(std::lround(screen.dx())), static_cast<int>(std::lround(screen.dy()))};
+}
+
+// The painter counts in pixels of the screen from now on.
+void CountPixelsOfTheScreen(QPainter& painter) {
+    const QPoint origin = OriginOnScreen(painter);
+    const QTransform whole = QTransform::fromTranslate(origin.x(), origin.y());
+    painter.setWorldTransform(whole * painter.deviceTransform().inverted());
+}
+
+// The view's are opaque, so that both are the same.
+bool HasPixelsLikeOurs(QImage::Format format) {
+    return format == QImage::Format_RGB32 || format == QImage::Format_ARGB32_Premultiplied;
+}
+
+// The pixels that are painted on where the picture is to stand, all of which are there and to be
+// painted; else nothing.
+soft::ScaledPixels PixelsUnder(const QPainter& painter, const PictureFit& fit) {
+    auto* const image = dynamic_cast<QImage*>(painter.paintEngine()->paintDevice());
+    const QRegion clip = painter.paintEngine()->systemClip();
+    const QRect place(OriginOnScreen(painter) + QPoint(fit.left, fit.top),
+                      QSize(fit.width, fit.height));
+    if (image == nullptr || !HasPixelsLikeOurs(image->format()) || !image->isDetached() ||
+        clip.rectCount() != 1 || !(clip.boundingRect() & image->rect()).contains(place)) {
+        return {};
+    }
+    auto* const line = reinterpret_cast<std::uint32_t*>(image->scanLine(place.top()));
+    return {line + place.left(), PitchOf(*image), fit.width, fit.height};
 }
 
 }  // namespace
@@ -93,16 +108,17 @@ PictureWidget::PictureWidget(QWidget* parent) : QWidget(parent) {
 
 HRESULT PictureWidget::Show(const CanvasSize& size, std::span<const std::uint32_t> pixels) {
     size_ = size;
-    view_.assign(pixels.begin(), pixels.end());
-    Stretch();
+    view_.resize(pixels.size());
+    std::ranges::transform(pixels, view_.begin(),
+                           [](std::uint32_t pixel) { return pixel | kOpaque; });
     repaint();
     return D3D_OK;
 }
 
 void PictureWidget::TakeOver(const PictureWidget& other) {
     size_ = other.size_;
+    presentation_ = other.presentation_;
     view_ = other.view_;
-    Stretch();
     update();
 }
 
@@ -164,46 +180,52 @@ void PictureWidget::PaintSelection(QPainter& painter) const {
     painter.drawRect(frame);
 }
 
-void PictureWidget::Stretch() {
-    fit_ = FitOnScreen(width(), height(), devicePixelRatioF(), size_);
-    if (view_.empty() || fit_.width < 1 || fit_.height < 1) {
-        return;
-    }
-    if (stretched_.width() != fit_.width || stretched_.height() != fit_.height) {
-        stretched_ = QImage(fit_.width, fit_.height, QImage::Format_RGB32);
-    }
-    const auto width = static_cast<std::size_t>(size_.width);
-    std::int32_t lastRow = -1;
-    for (std::int32_t y = 0; y < fit_.height; ++y) {
-        auto* const into = reinterpret_cast<std::uint32_t*>(stretched_.scanLine(y));
-        const std::int32_t row = fit_.ViewRow(y);
-        if (row == lastRow) {
-            std::memcpy(into, stretched_.constScanLine(y - 1),
-                        static_cast<std::size_t>(fit_.width) * sizeof(std::uint32_t));
-            continue;
-        }
-        lastRow = row;
-        StretchLine(std::span(view_).subspan(static_cast<std::size_t>(row) * width, width), into,
-                    fit_);
+void PictureWidget::SetPresentation(const Presentation& presentation) {
+    if (presentation_ != presentation) {
+        presentation_ = presentation;
+        Fit();
+        update();
     }
 }
 
+void PictureWidget::Fit() {
+    fit_ = FitOnScreen(*this, size_, presentation_.sizes);
+}
+
 void PictureWidget::paintEvent(QPaintEvent* /*event*/) {
+    Fit();
     QPainter painter(this);
     painter.setCompositionMode(QPainter::CompositionMode_Source);
-    CountPixelsOfTheScreen(painter);
     QRect picture;
+    if (own_.isNull() && !view_.empty() && fit_.width > 0 && fit_.height > 0) {
+        picture = QRect(fit_.left, fit_.top, fit_.width, fit_.height);
+        PaintView(painter);
+    }
+    CountPixelsOfTheScreen(painter);
     if (!own_.isNull()) {
         picture = QRect(QPoint(), own_.size());
         painter.drawImage(picture.topLeft(), own_);
-    } else if (!view_.empty() && fit_.width > 0 && fit_.height > 0) {
-        picture = QRect(fit_.left, fit_.top, fit_.width, fit_.height);
-        painter.drawImage(picture.topLeft(), stretched_);
     }
     PaintAround(painter, picture);
     if (own_.isNull() && selection_) {
         PaintSelection(painter);
     }
+}
+
+// Straight onto the screen, where a part of it is not all that is to be painted.
+void PictureWidget::PaintView(QPainter& painter) {
+    if (const soft::ScaledPixels under = PixelsUnder(painter, fit_); under.pixels != nullptr) {
+        scaler_.Draw(size_, view_, presentation_.scaling, under);
+        return;
+    }
+    if (stretched_.width() != fit_.width || stretched_.height() != fit_.height) {
+        stretched_ = QImage(fit_.width, fit_.height, QImage::Format_RGB32);
+    }
+    scaler_.Draw(size_, view_, presentation_.scaling, PixelsOf(stretched_));
+    painter.save();
+    CountPixelsOfTheScreen(painter);
+    painter.drawImage(fit_.left, fit_.top, stretched_);
+    painter.restore();
 }
 
 // Black. Beyond the widget nothing is painted; where it begins within a pixel, it has one more.

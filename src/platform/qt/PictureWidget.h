@@ -2,8 +2,8 @@
 //
 // PictureWidget: shows the view in its box (platform/PictureFit.h), black around it.
 //
-// The picture is stretched here, into an image of the screen's own pixels, and drawn one to one: a
-// painter's own stretching is slower, and wrong at sizes that are no whole multiple.
+// The picture is stretched by soft::CanvasScaler, into an image of the screen's own pixels, and
+// drawn one to one: a painter's own stretching is slower, and leaves pixels out.
 #pragma once
 
 #include <QImage>
@@ -16,7 +16,9 @@
 #include <vector>
 
 #include "platform/PictureFit.h"
+#include "platform/Presentation.h"
 #include "platform/View.h"
+#include "platform/soft/CanvasScaler.h"
 #include "platform/soft/PictureSink.h"
 
 class QPainter;
@@ -28,6 +30,9 @@ public:
     explicit PictureWidget(QWidget* parent);
 
     HRESULT Show(const CanvasSize& size, std::span<const std::uint32_t> pixels) override;
+
+    // How it is shown from now on, what stands there included; at first as without additions.
+    void SetPresentation(const Presentation& presentation);
 
     // A picture of its own, from the upper left corner, until EndOwn. As the window is, it is
     // measured in the toolkit's pixels: on a screen that has several of its own to one of those, it
@@ -49,19 +54,22 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
-    void resizeEvent(QResizeEvent* /*event*/) override { Stretch(); }
+    void resizeEvent(QResizeEvent* /*event*/) override { Fit(); }
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
-    void Stretch();
+    void Fit();
+    void PaintView(QPainter& painter);
     void PaintAround(QPainter& painter, const QRect& picture) const;
     void PaintSelection(QPainter& painter) const;
     void Tell(Mouse what, const QMouseEvent& event) const;
 
     CanvasSize size_;
     std::vector<std::uint32_t> view_;  // what was shown last; empty: nothing yet
+    Presentation presentation_;
+    soft::CanvasScaler scaler_;
     QImage stretched_;
     PictureFit fit_;
     QImage own_;  // null: the view is shown

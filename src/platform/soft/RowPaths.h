@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// The implementations of CopyRows.h, BlendRows.h and PixelRows.h, one per kind of processor. Only
-// their *.cpp files include this.
+// The implementations of CopyRows.h, BlendRows.h, PixelRows.h, MeanRows.h and ScaleRows.h, one per
+// kind of processor. Only their *.cpp files include this.
 #pragma once
 
 #include <cstddef>
@@ -10,6 +10,7 @@
 
 #include "platform/soft/Blend.h"
 #include "platform/soft/CopyRows.h"
+#include "platform/soft/ScaleRows.h"
 
 #if defined(__x86_64__) || defined(__i386__)
 #define SCENARA_ROWS_X86 1
@@ -38,5 +39,20 @@ void MaskAvx512(const TexelRows& rows);
 [[nodiscard]] std::size_t BlendSse2(std::span<std::uint32_t> destination,
                                     std::span<const std::uint32_t> source,
                                     const PixelStates& states);
+
+// Of a row that is made larger, one block; `shown` has room for as much as is wanted of it.
+void RepeatPlain(const std::uint32_t* row, const ScaleBlock& block, std::span<std::uint32_t> shown);
+void MixColumnsPlain(const std::uint32_t* row, const ScaleBlock& block, MixedBlock& mixed);
+void MixRowsPlain(const MixedBlock& first, const MixedBlock& second, std::int16_t weight,
+                  std::span<std::uint32_t> shown);
+
+#if SCENARA_ROWS_X86
+// Whole blocks, of a canvas that is at least as wide as one.
+void RepeatAvx2(const std::uint32_t* row, std::span<const ScaleBlock> blocks, std::uint32_t* shown);
+void MixColumnsAvx2(const std::uint32_t* row, std::span<const ScaleBlock> blocks,
+                    MixedBlock* mixed);
+void MixRowsAvx2(const MixedBlock* first, const MixedBlock* second, std::int16_t weight,
+                 std::size_t blocks, std::uint32_t* shown);
+#endif
 
 }  // namespace scenara::soft::rows
