@@ -4,11 +4,10 @@
 #include <QPainter>
 #include <cstring>
 
-#include "platform/Direct3D8.h"
-
 namespace scenara::bench {
 
-PaintedStretch::PaintedStretch() : view_(View().width, View().height, QImage::Format_RGB32) {
+PaintedStretch::PaintedStretch(const CanvasSize& canvas, bool smooth)
+    : view_(canvas.width, canvas.height, QImage::Format_RGB32), smooth_(smooth) {
     setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
@@ -20,6 +19,7 @@ void PaintedStretch::Show(const CanvasSize& /*size*/, std::span<const std::uint3
 void PaintedStretch::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     painter.setCompositionMode(QPainter::CompositionMode_Source);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, smooth_);
     painter.drawImage(rect(), view_);
 }
 

@@ -14,7 +14,8 @@ namespace scenara::bench {
 
 class PaintedStretch : public QWidget {
 public:
-    PaintedStretch();
+    // `smooth`: pixels are mixed with their neighbours; else they are repeated.
+    PaintedStretch(const CanvasSize& canvas, bool smooth);
     void Show(const CanvasSize& size, std::span<const std::uint32_t> pixels);
 
 protected:
@@ -22,6 +23,7 @@ protected:
 
 private:
     QImage view_;
+    bool smooth_;
 };
 
 }  // namespace scenara::bench
