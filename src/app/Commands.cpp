@@ -35,6 +35,8 @@ void frmStage::Menu_Click(Menu item) {
             case Menu::mnuR: mnuR_Click(); break;
             case Menu::mnuAbout: mnuAbout_Click(); break;
             case Menu::mnuAdditions: mnuAdditions_Click(); break;
+            case Menu::mnuSmooth:
+            case Menu::mnuWholeMultiples: FlipExtra(item); break;
             default: break;
         }
     });
@@ -103,12 +105,39 @@ void frmStage::mnuAbout_Click() {
 }
 
 void frmStage::mnuAdditions_Click() {
-    show_.Options().Additions = form_[Menu::mnuAdditions].Flip();
+    form_[Menu::mnuAdditions].Flip();
+    TakeExtras();
     EnableMenus(form_, show_.State(), show_.HasShown());
     if (show_.Loop().StageRunning != 0) {
         LoadAgain();
     }
-    SaveExtras(machine_.files, {show_.Options().Additions});
+    SaveCheckedExtras();
+}
+
+void frmStage::FlipExtra(Menu item) {
+    form_[item].Flip();
+    TakeExtras();
+    SaveCheckedExtras();
+}
+
+void frmStage::TakeExtras() {
+    show_.Options().Additions = form_[Menu::mnuAdditions].checked;
+    show_.Options().Smooth = form_[Menu::mnuSmooth].checked;
+    form_.presentation = PresentationWanted();
+}
+
+// Addition: any size of the screen, and means of what is not shown pixel by pixel.
+Presentation frmStage::PresentationWanted() const {
+    if (!show_.Options().Additions) {
+        return {};
+    }
+    return {form_[Menu::mnuWholeMultiples].checked ? ShownSizes::WholeMultiples : ShownSizes::Any,
+            form_[Menu::mnuSmooth].checked ? Scaling::Smooth : Scaling::Average};
+}
+
+void frmStage::SaveCheckedExtras() {
+    SaveExtras(machine_.files, {form_[Menu::mnuAdditions].checked, form_[Menu::mnuSmooth].checked,
+                                form_[Menu::mnuWholeMultiples].checked});
 }
 
 }  // namespace scenara

@@ -17,7 +17,11 @@ struct Extra {
     bool Extras::*value;
 };
 
-constexpr Extra kExtras[] = {{"Additions", &Extras::Additions}};
+constexpr Extra kExtras[] = {
+    {"Additions", &Extras::Additions},
+    {"Smooth", &Extras::Smooth},
+    {"WholeMultiplesOnly", &Extras::WholeMultiplesOnly},
+};
 
 std::string ExtrasPath(Files& files) {
     return files.ProgramFolder() + "Scenara.ini";

@@ -2,8 +2,9 @@
 //
 // Extras: settings that QX.CFG has no line for, in Scenara.ini beside it.
 //
-// One line each: "Additions = True" or "Additions = False", in any letter case; of several lines
-// with one name the last counts. Whatever else is in the file stays as it is, byte by byte.
+// One line each, by the names of Extras: "Additions = True" or "Additions = False", in any letter
+// case; of several lines with one name the last counts. Whatever else is in the file stays as it
+// is, byte by byte.
 #pragma once
 
 #include "platform/Files.h"
@@ -13,6 +14,9 @@ namespace scenara {
 // Each as it is when the file or its line is missing, or says neither True nor False.
 struct Extras {
     bool Additions = true;  // stages are shown with them
+    // With additions:
+    bool Smooth = false;              // what is made larger is mixed from neighbouring pixels
+    bool WholeMultiplesOnly = false;  // of the canvas' pixels
 };
 
 // Raises what reading raises.

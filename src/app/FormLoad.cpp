@@ -47,9 +47,13 @@ void frmStage::Form_Load() {
     form_[Menu::mnuFPS].caption = "FPS Limiter (" + NumberText(show_.Loop().FpsLimit) + " fps)";
     machine_.process.ChangeToProgramFolder();
     static_cast<void>(Guarded([&] {
-        show_.Options().Additions = LoadExtras(machine_.files).Additions;
-        form_[Menu::mnuAdditions].checked = show_.Options().Additions;
+        const Extras extras = LoadExtras(machine_.files);
+        form_[Menu::mnuAdditions].checked = extras.Additions;
+        form_[Menu::mnuSmooth].checked = extras.Smooth;
+        form_[Menu::mnuWholeMultiples].checked = extras.WholeMultiplesOnly;
     }));
+    TakeExtras();
+    EnableMenus(form_, show_.State(), show_.HasShown());
     static_cast<void>(Guarded([&] {
         CameraSteps steps = show_.UsersSteps();
         // An error of the command must not cost the settings behind its line.

@@ -11,6 +11,7 @@ enum class When : Byte {
     NotLoading,
     OnceShown,  // from the first stage on
     Plainly,    // the same, with additions off
+    WithAdditions,
     WithStage,  // while one is there and nothing loads
 };
 
@@ -60,6 +61,8 @@ constexpr std::array<Designed, kMenuCount> kDesign = {{
     {Menu::mnuAbout, MenuPlace::Bar, "&About"},
     {Menu::mnuExtras, MenuPlace::Bar, "E&xtras", When::NotLoading},
     {Menu::mnuAdditions, MenuPlace::Extras, "&Additions", When::Always, kStays, kChecked},
+    {Menu::mnuSmooth, MenuPlace::Extras, "S&mooth", When::WithAdditions},
+    {Menu::mnuWholeMultiples, MenuPlace::Extras, "&Whole Multiples Only", When::WithAdditions},
 }};
 
 bool IsEnabled(When when, ShowState state, bool hasShown, bool additions) {
@@ -69,6 +72,7 @@ bool IsEnabled(When when, ShowState state, bool hasShown, bool additions) {
         case When::NotLoading: return state != ShowState::Loading;
         case When::OnceShown: return hasShown;
         case When::Plainly: return hasShown && !additions;
+        case When::WithAdditions: return additions;
         case When::WithStage: return state != ShowState::Loading && state != ShowState::None;
     }
     return false;

@@ -37,6 +37,7 @@
 #include "platform/Keyboard.h"
 #include "platform/MediaGraph.h"
 #include "platform/Messages.h"
+#include "platform/Presentation.h"
 #include "platform/Process.h"
 #include "platform/Window.h"
 #include "show/ShowEvents.h"
@@ -245,6 +246,12 @@ private:
     void LayOutControls(Long innerWidth, Long innerHeight);
     void Centre();
     void ShowTitle();
+    // An item of Extras that has no more to do than to be checked.
+    void FlipExtra(Menu item);
+    // What the items of Extras say goes to whom it is for.
+    void TakeExtras();
+    [[nodiscard]] Presentation PresentationWanted() const;
+    void SaveCheckedExtras();
 
     Machine machine_;
     Form& form_;

@@ -15,6 +15,7 @@
 #include "base/Integers.h"
 #include "base/NotCopied.h"
 #include "platform/Keyboard.h"
+#include "platform/Presentation.h"
 #include "platform/View.h"
 
 namespace scenara {
@@ -48,8 +49,10 @@ enum class Menu : Byte {
     mnuAbout,
     mnuExtras,  // what has been added since
     mnuAdditions,
+    mnuSmooth,
+    mnuWholeMultiples,
 };
-inline constexpr std::size_t kMenuCount = static_cast<std::size_t>(Menu::mnuAdditions) + 1;
+inline constexpr std::size_t kMenuCount = static_cast<std::size_t>(Menu::mnuWholeMultiples) + 1;
 
 // Where an item stands: in the bar itself, or in one of the submenus.
 enum class MenuPlace : Byte { Bar, Stage, Options, Extras };
@@ -102,8 +105,9 @@ struct Form {
     std::vector<std::string> recentFiles;
     Long innerWidth = 0;  // pixels of the window, without its menu bar and borders
     Long innerHeight = 0;
-    PictureBox picDraw;  // where the stage is drawn
-    PictureBox picLoad;  // the picture that is shown before a stage is open
+    PictureBox picDraw;         // where the stage is drawn
+    Presentation presentation;  // of the canvas, in picDraw and full screen
+    PictureBox picLoad;         // the picture that is shown before a stage is open
     ListBox lstStages;
     ScrollBar hscHScroll;                // the camera
     ScrollBar hscSGFX;                   // the sprite browser

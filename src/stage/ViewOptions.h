@@ -14,6 +14,8 @@ namespace scenara {
 
 struct ViewOptions {
     bool Additions = true;
+    // With additions: scaled pictures are mixed from neighbouring pixels.
+    bool Smooth = false;
 };
 
 inline constexpr ViewOptions kPlainView{false};
@@ -71,6 +73,7 @@ inline constexpr std::array kAdditions = {
              "ReadMusicKeys"},
     Addition{"The camera's steps", "show/StageShow.cpp", "SettleSteps"},
     Addition{"Many messages of one kind", "show/RepeatedMessages.h", "RepeatsOfLoads"},
+    Addition{"The picture's size", "app/Commands.cpp", "PresentationWanted"},
     Addition{"Settings", "app/Saving.cpp", "SavesMeanwhile"},
 };
 

@@ -232,8 +232,10 @@ TEST_F(Commands, AboutTellsNameVersionAndTwoLinesMore) {
 }
 
 TEST_F(Commands, DisabledItemsDoNothing) {
-    for (const Menu item : {Menu::mnuReset, Menu::mnuFS, Menu::mnuMScroll, Menu::mnuDeform,
-                            Menu::mnuChar, Menu::mnuChange, Menu::mnuDebugBG}) {
+    Click(Menu::mnuAdditions);
+    for (const Menu item :
+         {Menu::mnuSmooth, Menu::mnuWholeMultiples, Menu::mnuReset, Menu::mnuFS, Menu::mnuMScroll,
+          Menu::mnuDeform, Menu::mnuChar, Menu::mnuChange, Menu::mnuDebugBG}) {
         ASSERT_FALSE(form[item].enabled);
         const bool checked = form[item].checked;
         Click(item);
@@ -352,6 +354,45 @@ TEST_F(Commands, AReloadedStageBeginsAtItsStart) {
                    },
                    [&] { EXPECT_EQ(model.CamX, 0.0F); }});
     EXPECT_EQ(Begun(), 2);
+}
+
+// --- The canvas on the screen --------------------------------------------------------------------
+
+TEST_F(Commands, TheCanvasIsShownAtAnySizeUnlessTheUserWantsItOtherwise) {
+    const auto expect = [this](ShownSizes sizes, Scaling scaling) {
+        EXPECT_EQ(form.presentation, (Presentation{sizes, scaling}));
+        EXPECT_EQ(show.Options().Smooth, form[Menu::mnuSmooth].checked);
+    };
+    WhileAIsShown({[&] {
+        expect(ShownSizes::Any, Scaling::Average);
+        Click(Menu::mnuPause);
+        Click(Menu::mnuSmooth);
+        expect(ShownSizes::Any, Scaling::Smooth);
+        Click(Menu::mnuWholeMultiples);
+        expect(ShownSizes::WholeMultiples, Scaling::Smooth);
+        Click(Menu::mnuSmooth);
+        expect(ShownSizes::WholeMultiples, Scaling::Average);
+        Click(Menu::mnuPause);
+    }});
+    Click(Menu::mnuWholeMultiples);
+    expect(ShownSizes::Any, Scaling::Average);
+}
+
+TEST_F(Commands, PlainTheCanvasIsShownAtWholeMultiples) {
+    Click(Menu::mnuSmooth);
+    Click(Menu::mnuAdditions);
+    EXPECT_EQ(form.presentation, Presentation());
+    EXPECT_TRUE(form[Menu::mnuSmooth].checked) << "for when they are on again";
+    Click(Menu::mnuAdditions);
+    EXPECT_EQ(form.presentation, (Presentation{ShownSizes::Any, Scaling::Smooth}));
+}
+
+TEST_F(Commands, HowTheCanvasIsShownIsKeptForTheNextStart) {
+    Click(Menu::mnuSmooth);
+    EXPECT_EQ(files.Get("/program/Scenara.ini"), "Smooth = True\r\n");
+    Click(Menu::mnuWholeMultiples);
+    EXPECT_EQ(files.Get("/program/Scenara.ini"), "Smooth = True\r\nWholeMultiplesOnly = True\r\n");
+    EXPECT_EQ(Begun(), 0);
 }
 
 TEST_F(Commands, AnAdditionsSettingThatCannotBeSavedIsSaidAndHolds) {

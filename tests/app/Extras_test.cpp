@@ -51,6 +51,31 @@ TEST(Extras, AdditionsAreOnUnlessTheFileSaysOtherwise) {
     EXPECT_FALSE(Additions("Additions = False\nAdditions = ?")) << "which says nothing";
 }
 
+TEST(Extras, EachHasALineOfItsOwn) {
+    const struct {
+        const char* name;
+        bool Extras::*value;
+        bool first;
+    } rows[] = {
+        {"Additions", &Extras::Additions, true},
+        {"Smooth", &Extras::Smooth, false},
+        {"WholeMultiplesOnly", &Extras::WholeMultiplesOnly, false},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        MemoryFiles files;
+        Extras extras = LoadExtras(files);
+        EXPECT_EQ(extras.*row.value, row.first);
+        extras.*row.value = !row.first;
+        SaveExtras(files, extras);
+        EXPECT_EQ(files.Get(kPath),
+                  row.name + std::string(row.first ? " = False" : " = True") + "\r\n");
+        for (const auto& other : rows) {
+            EXPECT_EQ(LoadExtras(files).*other.value, other.first != (&other == &row));
+        }
+    }
+}
+
 TEST(Extras, WritesANewFile) {
     MemoryFiles files;
     SaveExtras(files, {false});

@@ -118,7 +118,17 @@ TEST_F(FormLoad, TheAdditionsStandAsTheyWereLeft) {
         program.Form_Load();
         EXPECT_EQ(show.Options().Additions, additions);
         EXPECT_EQ(form[Menu::mnuAdditions].checked, additions);
+        EXPECT_EQ(form[Menu::mnuSmooth].enabled, additions);
     }
+}
+
+TEST_F(FormLoad, TheCanvasIsShownAsItWasLeft) {
+    files.Put("/program/Scenara.ini", "Smooth = True\r\nWholeMultiplesOnly = True\r\n");
+    program.Form_Load();
+    EXPECT_TRUE(form[Menu::mnuSmooth].checked);
+    EXPECT_TRUE(form[Menu::mnuWholeMultiples].checked);
+    EXPECT_TRUE(show.Options().Smooth);
+    EXPECT_EQ(form.presentation, (Presentation{ShownSizes::WholeMultiples, Scaling::Smooth}));
 }
 
 using FormActivate = NewProgram;

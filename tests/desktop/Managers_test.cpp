@@ -32,8 +32,11 @@ protected:
         AddTile("dot", 2);
     }
 
+    // At whole multiples the picture's size tells the window's.
     void StartWithList() {
         WriteSettings("StageList = 255\r\n");
+        std::ofstream(Folder() / "bin/Scenara.ini", std::ios::binary)
+            << "WholeMultiplesOnly = True\r\n";
         Start();
     }
 

@@ -53,9 +53,14 @@ TEST_F(DesktopWindow, StopsWhilePaused) {
     display_.Do("keyup Right");
 }
 
-TEST_F(DesktopWindow, ShowsThePictureAtWholeMultiples) {
+TEST_F(DesktopWindow, ShowsThePictureAsLargeAsThereIsRoom) {
     display_.Do("windowsize " + MainWindow() + " 860 560");
     EXPECT_TRUE(Eventually([&] { return BarWidth() == 16; })) << "twice";
+    display_.Do("windowsize " + MainWindow() + " 640 430");
+    EXPECT_TRUE(Eventually([&] { return BarWidth() == 12; })) << "one and a half times";
+    Key("alt+x");
+    Key("w");
+    EXPECT_TRUE(Eventually([&] { return BarWidth() == 8; })) << "at whole multiples only";
     display_.Do("windowsize " + MainWindow() + " 490 290");
     EXPECT_TRUE(Eventually([&] { return BarWidth() == 8; }));
 }

@@ -409,6 +409,44 @@ TEST_F(Main, KnowsBeforeItTellsWhetherTheStageIsToBeLeft) {
     EXPECT_TRUE(window.LeavingWaits()) << "the program is to end";
 }
 
+// --- how the canvas is shown ---
+
+TEST_F(Main, ShowsTheTitleInABoxOfAnySize) {
+    form.presentation = {ShownSizes::Any, Scaling::Average};
+    for (const QSize& size : {QSize(320, 240), QSize(480, 360), QSize(500, 375), QSize(200, 150)}) {
+        form.picDraw = {0, 0, size.width(), size.height()};
+        Pump();
+        const QImage seen = window.Picture().grab().toImage();
+        ASSERT_EQ(seen.size(), size);
+        for (const QPoint& corner : {QPoint(0, 0), QPoint(size.width() - 1, size.height() - 1)}) {
+            EXPECT_NE(seen.pixel(corner), 0xFF000000U) << size.width();
+        }
+    }
+}
+
+TEST_F(Main, ShowsThePictureThatStandsAsTheFormHasIt) {
+    FullScreenWindow fullScreen(window);
+    DesktopPicture sink(window, fullScreen);
+    form.picDraw = {0, 0, 480, 360};
+    Size(480, 360);
+    constexpr std::uint32_t kColour = 0xFF336699;
+    const auto corner = [](PictureWidget& picture) { return picture.grab().toImage().pixel(0, 0); };
+    sink.Show(CanvasSize(), std::vector<std::uint32_t>(320U * 240U, kColour));
+    EXPECT_NE(corner(window.Picture()), kColour);
+    form.presentation = {ShownSizes::Any, Scaling::Average};
+    Pump();
+    EXPECT_EQ(corner(window.Picture()), kColour);
+
+    fullScreen.Show();
+    fullScreen.Picture().resize(480, 360);
+    EXPECT_EQ(corner(fullScreen.Picture()), kColour);
+    form.presentation = {};
+    Pump();
+    EXPECT_NE(corner(fullScreen.Picture()), kColour) << "there, too";
+    fullScreen.Hide();
+    EXPECT_NE(corner(window.Picture()), kColour);
+}
+
 // --- the frame around what is selected ---
 
 TEST_F(Main, ShowsTheFrameOfTheSelectionWithThePictureThatItBelongsTo) {

@@ -33,7 +33,7 @@ WindowHandle FullScreenWindow::Show() {
         picture_->TakeOver(window_.Picture());
         Cover();
         showFullScreen();
-        window_.SetCovered(true);
+        window_.CoverBy(picture_);
         window_.hide();
         QElapsedTimer waited;
         waited.start();
@@ -62,7 +62,7 @@ void FullScreenWindow::Hide() {
     if (isVisible()) {
         hide();
         disconnect(screenChanges_);
-        window_.SetCovered(false);
+        window_.CoverBy(nullptr);
         window_.Picture().TakeOver(*picture_);
         window_.show();
         window_.activateWindow();

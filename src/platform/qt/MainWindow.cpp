@@ -257,10 +257,19 @@ void MainWindow::ShowForm() {
     ShowRecentFiles();
     ShowList();
     ShowBars();
+    ShowPresentation();
     const QRect place(form_.picDraw.left, form_.picDraw.top, form_.picDraw.width,
                       form_.picDraw.height);
     if (picture_->geometry() != place) {
         picture_->setGeometry(place);
+    }
+}
+
+// Also in what covers the window: who has just changed it wants to see it.
+void MainWindow::ShowPresentation() {
+    picture_->SetPresentation(form_.presentation);
+    if (covering_ != nullptr) {
+        covering_->SetPresentation(form_.presentation);
     }
 }
 
@@ -334,7 +343,7 @@ void MainWindow::Show() {
     if (windowHandle() == nullptr) {
         Size(form_.innerWidth, form_.innerHeight);  // the toolkit would choose one, each time
     }
-    if (!isVisible() && !covered_) {
+    if (!isVisible() && covering_ == nullptr) {
         show();
     }
 }
@@ -435,7 +444,7 @@ bool MainWindow::SizeIsToBeReported() const {
 
 WindowPlace MainWindow::Place() const {
     // What covers it covers the screen.
-    const QRect frame = covered_ ? screen()->geometry() : frameGeometry();
+    const QRect frame = covering_ != nullptr ? screen()->geometry() : frameGeometry();
     return {Units(frame.left()), Units(frame.top()), Units(frame.width()), Units(frame.height())};
 }
 

@@ -58,8 +58,8 @@ public:
     // The program is to end, as if the window had been closed.
     void NoteUnload();
 
-    // Another window stands in its place: until it is uncovered nothing shows it.
-    void SetCovered(bool covered) { covered_ = covered; }
+    // A window with this picture stands in its place: until there is none nothing shows it.
+    void CoverBy(PictureWidget* picture) { covering_ = picture; }
 
     void Show() override;
     void Size(Long width, Long height) override;
@@ -105,6 +105,7 @@ private:
     void BuildMouse();
     void ShowForm();
     void ShowMenus();
+    void ShowPresentation();
     void ShowRecentFiles();
     void ShowList();
     void ShowBars();
@@ -133,7 +134,7 @@ private:
     WaitingEvents waiting_;
     WindowSize size_;
     bool sizeCame_ = false;  // of the inner area; it has not been reported yet
-    bool covered_ = false;
+    PictureWidget* covering_ = nullptr;
     bool seesWhatWaits_ = false;  // the dispatcher can tell whether something waits
     bool tookEventsIn_ = false;   // since messages were let through
     bool asksAgain_ = false;      // the program wants to be asked again though nothing happens
