@@ -21,10 +21,12 @@ std::string ErrorOf(const std::vector<std::string>& words) {
 }
 
 TEST(CommandLine, TakesEveryOption) {
-    const ShotOptions options =
-        ParseCommandLine({"--mugen", "/m", "a.def", "--model", "a.json", "--sprites", "dir",
-                          "--out", "a.png", "--plain", "--frames", "90", "--keys", "right:1,up:2",
-                          "--every", "30", "--info", "--char", "c.def"});
+    const ShotOptions options = ParseCommandLine(
+        {"--mugen", "/m",      "a.def",    "--model", "a.json", "--sprites",    "dir",     "--out",
+         "a.png",   "--plain", "--frames", "90",      "--keys", "right:1,up:2", "--every", "30",
+         "--info",  "--char",  "c.def",    "--size",  "64x48",  "--smooth"});
+    EXPECT_EQ(options.size, (CanvasSize{64, 48}));
+    EXPECT_TRUE(options.smooth);
     EXPECT_EQ(options.character, "c.def");
     EXPECT_EQ(options.mugeDir, "/m");
     EXPECT_EQ(options.stage, "a.def");
@@ -50,6 +52,8 @@ TEST(CommandLine, RunsOneFrameWithNoKeyHeldUnlessToldOtherwise) {
     EXPECT_EQ(options.keys.KeysOfFrame(1), KeySet());
     EXPECT_EQ(options.every, std::nullopt);
     EXPECT_EQ(options.pictureFile, std::nullopt);
+    EXPECT_EQ(options.size, std::nullopt);
+    EXPECT_FALSE(options.smooth);
     EXPECT_FALSE(options.info);
 }
 
@@ -64,6 +68,30 @@ TEST(CommandLine, CountsAreWholeNumbersFromOneOn) {
     }
     EXPECT_EQ(ParseCommandLine({"--mugen", "/m", "a.def", "--frames", "2147483647"}).frames,
               2147483647);
+}
+
+TEST(CommandLine, ASizeIsAWidthAndAHeight) {
+    const auto error = [](const std::string& size) {
+        return ErrorOf({"--mugen", "/m", "a.def", "--out", "a.png", "--size", size});
+    };
+    for (const std::string size :
+         {"640", "x480", "640x", "640x480x", "640 x 480", "0x480", "640x-1", "8193x1", "1x8193",
+          "640X480", "x", "", "99999999999x1"}) {
+        EXPECT_EQ(error(size),
+                  "--size needs a width and a height from 1 to 8192, such as "
+                  "640x480, not \"" +
+                      size + "\"");
+    }
+    EXPECT_EQ(ErrorOf({"--mugen", "/m", "a.def", "--size"}), "--size needs an argument");
+    EXPECT_EQ(ErrorOf({"--mugen", "/m", "a.def", "--size", "640x480"}),
+              "--size needs --out, which names the picture");
+    for (const CanvasSize& size :
+         {CanvasSize{1, 1}, CanvasSize{8192, 8192}, CanvasSize{640, 480}}) {
+        EXPECT_EQ(ParseCommandLine({"--mugen", "/m", "a.def", "--out", "a.png", "--size",
+                                    std::to_string(size.width) + "x" + std::to_string(size.height)})
+                      .size,
+                  size);
+    }
 }
 
 TEST(CommandLine, SaysWhatIsWrongWithAKeyScript) {
@@ -94,7 +122,7 @@ TEST(CommandLine, SaysWhatIsMissingOrUnknown) {
 TEST(UsageText, NamesEveryOptionInLinesThatFitATerminal) {
     const std::string usage = UsageText();
     for (const char* option : {"--mugen", "--frames", "--keys", "--info", "--out", "--every",
-                               "--model", "--sprites", "--plain"}) {
+                               "--size", "--smooth", "--model", "--sprites", "--plain"}) {
         EXPECT_NE(usage.find("\n  " + std::string(option) + " "), std::string::npos) << option;
     }
     std::istringstream lines(usage);

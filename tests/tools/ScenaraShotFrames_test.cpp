@@ -77,6 +77,18 @@ TEST_F(ScenaraShotFrames, TheCameraMovesTwicePerFrameAndThePictureFollows) {
     }
 }
 
+TEST_F(ScenaraShotFrames, ASizeHoldsForEveryPictureThatIsWritten) {
+    EXPECT_EQ(RunHere("a.def --frames 2 --every 2 --size 100x100 --smooth --out " + Path("a.png")),
+              0);
+    for (const char* file : {"a.png", "a-00001.png"}) {
+        const std::optional<Picture> picture = ReadPicture(Path(file));
+        ASSERT_TRUE(picture) << file;
+        EXPECT_EQ(picture->width, 100);
+        EXPECT_EQ(picture->height, 75);
+    }
+    EXPECT_EQ(RunHere("a.def --size 100 --out " + Path("a.png")), 2);
+}
+
 TEST_F(ScenaraShotFrames, TheKeysOfAFrameActInThatFrame) {
     // A move made in frame 1 is seen in frame 2, but for its second step, which follows behind.
     const auto first = Shot("--frames 1 --keys right:1");

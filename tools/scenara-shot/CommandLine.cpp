@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "scenara-shot/CommandLine.h"
 
+#include <algorithm>
 #include <stdexcept>
+#include <string_view>
 
 #include "scenara-shot/Count.h"
+#include "scenara-shot/SizedFrames.h"
 
 namespace scenara {
 namespace {
@@ -28,6 +31,21 @@ std::int32_t CountArgument(const std::vector<std::string>& words, std::size_t& a
     return *count;
 }
 
+// The size behind an option, as 640x480.
+CanvasSize SizeArgument(const std::vector<std::string>& words, std::size_t& at) {
+    const std::string& option = words[at];
+    const std::string text = Argument(words, at);
+    const std::size_t cross = std::min(text.find('x'), text.size());
+    const auto width = ParseCount(std::string_view(text).substr(0, cross));
+    const auto height = ParseCount(std::string_view(text).substr(std::min(cross + 1, text.size())));
+    if (!width || !height || *width > kMostSized || *height > kMostSized) {
+        throw std::invalid_argument(option + " needs a width and a height from 1 to " +
+                                    std::to_string(kMostSized) + ", such as 640x480, not \"" +
+                                    text + "\"");
+    }
+    return {*width, *height};
+}
+
 void RequireSense(const ShotOptions& options) {
     if (options.mugeDir.empty()) {
         throw std::invalid_argument("--mugen DIR is missing");
@@ -37,6 +55,9 @@ void RequireSense(const ShotOptions& options) {
     }
     if (options.every && !options.pictureFile) {
         throw std::invalid_argument("--every needs --out, which names the pictures");
+    }
+    if (options.size && !options.pictureFile) {
+        throw std::invalid_argument("--size needs --out, which names the picture");
     }
 }
 
@@ -60,6 +81,10 @@ ShotOptions ParseCommandLine(const std::vector<std::string>& words) {
             options.character = Argument(words, at);
         } else if (word == "--every") {
             options.every = CountArgument(words, at);
+        } else if (word == "--size") {
+            options.size = SizeArgument(words, at);
+        } else if (word == "--smooth") {
+            options.smooth = true;
         } else if (word == "--info") {
             options.info = true;
         } else if (word == "--out") {
@@ -85,7 +110,8 @@ ShotOptions ParseCommandLine(const std::vector<std::string>& words) {
 std::string UsageText() {
     return "Usage: scenara-shot --mugen DIR STAGE.def [--frames N] [--keys SCRIPT]\n"
            "           [--char CHAR.def] [--info] [--out FILE.png] [--every K]\n"
-           "           [--model FILE.json] [--sprites DIR] [--plain]\n"
+           "           [--size WxH] [--smooth] [--model FILE.json] [--sprites DIR]\n"
+           "           [--plain]\n"
            "       scenara-shot --help\n"
            "\n"
            "Shows a stage without a window.\n"
@@ -100,6 +126,9 @@ std::string UsageText() {
            "  --info             show the information line\n"
            "  --out FILE.png     write the last frame\n"
            "  --every K          write every K-th frame, too, as FILE-00001.png and so on\n"
+           "  --size WxH         write them as large as fits into W x H pixels, as a window\n"
+           "                     shows them: each pixel is the mean of what is under it\n"
+           "  --smooth           mix neighbouring pixels of what is made larger\n"
            "  --model FILE.json  write the stage as it is before the first frame as JSON\n"
            "  --sprites DIR      write every sprite as NNNN_group_image.png\n"
            "  --plain            plain reading, without additions\n"

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/View.h"
 #include "scenara-shot/KeyScript.h"
 
 namespace scenara {
@@ -22,6 +23,8 @@ struct ShotOptions {
     std::string character;                   // --char CHAR.def; empty: none
     std::optional<std::string> pictureFile;  // --out FILE.png
     std::optional<std::int32_t> every;       // --every K, at least 1; only with --out
+    std::optional<CanvasSize> size;          // --size WxH; only with --out
+    bool smooth = false;                     // --smooth
     bool info = false;                       // --info
     bool plain = false;                      // --plain
     bool help = false;                       // --help

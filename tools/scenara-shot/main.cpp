@@ -18,6 +18,7 @@
 #include "scenara-shot/FrameFiles.h"
 #include "scenara-shot/ModelJson.h"
 #include "scenara-shot/ShotMachine.h"
+#include "scenara-shot/SizedFrames.h"
 #include "scenara-shot/SpriteFiles.h"
 
 namespace {
@@ -81,6 +82,11 @@ void WriteModelFile(const std::string& path, const StageModel& model,
 
 // The last of the frames is written, and on the way every K-th where that is asked for.
 void WriteFrames(ShotMachine& machine, const ShotOptions& options) {
+    SizedFrames frames(options.size, options.smooth ? Scaling::Smooth : Scaling::Average);
+    const auto write = [&](const std::string& path) {
+        const Frame frame = frames.Sized({machine.PictureSize(), machine.Picture()});
+        WriteFrameFile(path, frame.size, frame.pixels);
+    };
     for (std::int32_t frame = 1; frame <= options.frames; ++frame) {
         const bool numbered = options.every && frame % *options.every == 0;
         const KeySet& keys = options.keys.KeysOfFrame(frame);
@@ -90,15 +96,14 @@ void WriteFrames(ShotMachine& machine, const ShotOptions& options) {
             machine.PassFrame(keys, options.info);
         }
         if (numbered) {
-            WriteFrameFile(FrameFileName(*options.pictureFile, frame / *options.every),
-                           machine.PictureSize(), machine.Picture());
+            write(FrameFileName(*options.pictureFile, frame / *options.every));
         }
         if (frame == options.frames) {
             break;  // the largest count has no next one
         }
     }
     if (options.pictureFile) {
-        WriteFrameFile(*options.pictureFile, machine.PictureSize(), machine.Picture());
+        write(*options.pictureFile);
     }
 }
 
@@ -106,7 +111,7 @@ ExitStatus Shoot(const ShotOptions& options) {
     // Many of these may run at a time; each has a program folder of its own.
     const TemporaryFolder programFolder;
     PosixFiles files(programFolder.Path());
-    ShotMachine machine(files, Print, ViewOptions{!options.plain});
+    ShotMachine machine(files, Print, ViewOptions{!options.plain, options.smooth});
     if (!machine.Start(StagePath(files, options), options.mugeDir, CharacterPath(files, options))) {
         return kNotShown;
     }
