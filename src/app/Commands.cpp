@@ -36,7 +36,8 @@ void frmStage::Menu_Click(Menu item) {
             case Menu::mnuAbout: mnuAbout_Click(); break;
             case Menu::mnuAdditions: mnuAdditions_Click(); break;
             case Menu::mnuSmooth:
-            case Menu::mnuWholeMultiples: FlipExtra(item); break;
+            case Menu::mnuWholeMultiples:
+            case Menu::mnuSwitchMode: FlipExtra(item); break;
             default: break;
         }
     });
@@ -136,8 +137,9 @@ Presentation frmStage::PresentationWanted() const {
 }
 
 void frmStage::SaveCheckedExtras() {
-    SaveExtras(machine_.files, {form_[Menu::mnuAdditions].checked, form_[Menu::mnuSmooth].checked,
-                                form_[Menu::mnuWholeMultiples].checked});
+    SaveExtras(machine_.files,
+               {form_[Menu::mnuAdditions].checked, form_[Menu::mnuSmooth].checked,
+                form_[Menu::mnuWholeMultiples].checked, form_[Menu::mnuSwitchMode].checked});
 }
 
 }  // namespace scenara

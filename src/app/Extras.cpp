@@ -21,6 +21,7 @@ constexpr Extra kExtras[] = {
     {"Additions", &Extras::Additions},
     {"Smooth", &Extras::Smooth},
     {"WholeMultiplesOnly", &Extras::WholeMultiplesOnly},
+    {"SwitchDisplayMode", &Extras::SwitchDisplayMode},
 };
 
 std::string ExtrasPath(Files& files) {

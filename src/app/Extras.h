@@ -17,6 +17,7 @@ struct Extras {
     // With additions:
     bool Smooth = false;              // what is made larger is mixed from neighbouring pixels
     bool WholeMultiplesOnly = false;  // of the canvas' pixels
+    bool SwitchDisplayMode = false;   // the full screen is the smallest mode that holds the canvas
 };
 
 // Raises what reading raises.

@@ -51,6 +51,7 @@ void frmStage::Form_Load() {
         form_[Menu::mnuAdditions].checked = extras.Additions;
         form_[Menu::mnuSmooth].checked = extras.Smooth;
         form_[Menu::mnuWholeMultiples].checked = extras.WholeMultiplesOnly;
+        form_[Menu::mnuSwitchMode].checked = extras.SwitchDisplayMode;
     }));
     TakeExtras();
     EnableMenus(form_, show_.State(), show_.HasShown());

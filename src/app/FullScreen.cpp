@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// The full screen: the display in a mode as large as the view, the picture on a form of its own.
+// The full screen: the picture on a form of its own. Plain, the display is in a mode as large as
+// the canvas. Addition: it stays as it is, unless the user wants it to be switched.
 #include "app/frmStage.h"
 
 namespace scenara {
@@ -18,8 +19,8 @@ void frmStage::mnuFS_Click() {
         mnuDebug_Click();  // the full screen shows the stage and nothing else
     }
     screen_.Enumerate();
-    const Integer mode = screen_.Find(FullScreenMode(show_.Picture().Canvas()));
-    if (mode == kNoMode) {
+    const Integer mode = ModeOfFullScreen();
+    if (mode == kNoMode && !show_.Options().Additions) {
         return;  // the item stays checked
     }
     if (FullScreenState == 0) {
@@ -30,18 +31,35 @@ void frmStage::mnuFS_Click() {
     const ScreenSize size = machine_.window.Screen();
     ScreenWidth = size.width / kUnitsPerPixel;
     ScreenHeight = size.height / kUnitsPerPixel;
-    static_cast<void>(screen_.SwitchTo(mode));
+    if (mode != kNoMode) {
+        static_cast<void>(screen_.SwitchTo(mode));
+    } else if (FullScreenState == 1) {
+        BringModeBack();  // a smaller canvas had one
+    }
     FullScreenState = 1;
     show_.Flags().Unframed = kByteTrue;
+}
+
+// kNoMode: the display stays as it is.
+Integer frmStage::ModeOfFullScreen() const {
+    const CanvasSize canvas = show_.Picture().Canvas();
+    if (!show_.Options().Additions) {
+        return screen_.Find(FullScreenMode(canvas));
+    }
+    return form_[Menu::mnuSwitchMode].checked ? screen_.FindRoomFor(canvas) : kNoMode;
+}
+
+void frmStage::BringModeBack() {
+    if (screen_.CurrentMode() != savedMode_ && !screen_.SwitchTo(savedMode_)) {
+        static_cast<void>(machine_.display.ChangeDisplaySettings(savedSettings_));
+    }
 }
 
 void frmStage::ResetRes() {
     if (FullScreenState != 1) {
         return;
     }
-    if (screen_.CurrentMode() != savedMode_ && !screen_.SwitchTo(savedMode_)) {
-        static_cast<void>(machine_.display.ChangeDisplaySettings(savedSettings_));
-    }
+    BringModeBack();
     machine_.fullScreen.Hide();
     machine_.window.Show();
     SizeForPicture();

@@ -63,6 +63,8 @@ constexpr std::array<Designed, kMenuCount> kDesign = {{
     {Menu::mnuAdditions, MenuPlace::Extras, "&Additions", When::Always, kStays, kChecked},
     {Menu::mnuSmooth, MenuPlace::Extras, "S&mooth", When::WithAdditions},
     {Menu::mnuWholeMultiples, MenuPlace::Extras, "&Whole Multiples Only", When::WithAdditions},
+    {Menu::mnuExtrasScreen, MenuPlace::Extras, "-"},
+    {Menu::mnuSwitchMode, MenuPlace::Extras, "Switch &Display Mode", When::WithAdditions},
 }};
 
 bool IsEnabled(When when, ShowState state, bool hasShown, bool additions) {

@@ -2,7 +2,10 @@
 #include "app/ScreenModule.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <cstdlib>
 #include <limits>
+#include <tuple>
 
 #include "base/NumberText.h"
 #include "base/Text.h"
@@ -56,6 +59,23 @@ void ScreenModule::Enumerate() {
 Integer ScreenModule::Find(std::string_view text) const {
     return IndexOfFirst(
         modes_, [&](const DisplaySettings& mode) { return Contains(DescribeMode(mode), text); });
+}
+
+Integer ScreenModule::FindRoomFor(const CanvasSize& size) const {
+    constexpr Long kHertz = 60;
+    const auto rank = [](const DisplaySettings& mode) {
+        return std::tuple(std::int64_t{mode.width} * mode.height, -mode.bitsPerPixel,
+                          std::abs(mode.frequency - kHertz));
+    };
+    auto best = modes_.end();
+    for (auto mode = modes_.begin(); mode != modes_.end(); ++mode) {
+        const bool hasRoom =
+            !mode->emulated && mode->width >= size.width && mode->height >= size.height;
+        if (hasRoom && (best == modes_.end() || rank(*mode) < rank(*best))) {
+            best = mode;
+        }
+    }
+    return best == modes_.end() ? kNoMode : static_cast<Integer>(best - modes_.begin());
 }
 
 Integer ScreenModule::CurrentMode() const {

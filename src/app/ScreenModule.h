@@ -37,6 +37,10 @@ public:
     // The first mode whose description holds `text`.
     [[nodiscard]] Integer Find(std::string_view text) const;
 
+    // The smallest of the display's own modes that is at least as large both ways; of several the
+    // one with most colours, and of these the one whose frequency is nearest to 60 Hz.
+    [[nodiscard]] Integer FindRoomFor(const CanvasSize& size) const;
+
     // The first mode of the table that equals the one in force, in all four values.
     [[nodiscard]] Integer CurrentMode() const;
 

@@ -240,6 +240,8 @@ private:
     void MoveSpriteBar(Long value, const std::function<void()>& show);
     void OncePerSecond();
     void LeaveFullScreenWithFocus();
+    [[nodiscard]] Integer ModeOfFullScreen() const;
+    void BringModeBack();
     // What the list beside the picture takes of the window.
     [[nodiscard]] Long ListWidth() const { return ShowStageList != 0 ? form_.lstStages.width : 0; }
     void SizeForPicture();

@@ -24,6 +24,8 @@ struct DisplaySettings {
     Long height = 0;
     Long bitsPerPixel = 0;
     Long frequency = 0;  // hertz; below 2: the hardware's default
+    // Of the machine's own making: the display has no such mode, and does not change.
+    bool emulated = false;
 
     friend bool operator==(const DisplaySettings&, const DisplaySettings&) = default;
 };

@@ -51,8 +51,10 @@ enum class Menu : Byte {
     mnuAdditions,
     mnuSmooth,
     mnuWholeMultiples,
+    mnuExtrasScreen,  // a separator
+    mnuSwitchMode,
 };
-inline constexpr std::size_t kMenuCount = static_cast<std::size_t>(Menu::mnuWholeMultiples) + 1;
+inline constexpr std::size_t kMenuCount = static_cast<std::size_t>(Menu::mnuSwitchMode) + 1;
 
 // Where an item stands: in the bar itself, or in one of the submenus.
 enum class MenuPlace : Byte { Bar, Stage, Options, Extras };

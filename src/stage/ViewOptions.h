@@ -74,6 +74,7 @@ inline constexpr std::array kAdditions = {
     Addition{"The camera's steps", "show/StageShow.cpp", "SettleSteps"},
     Addition{"Many messages of one kind", "show/RepeatedMessages.h", "RepeatsOfLoads"},
     Addition{"The picture's size", "app/Commands.cpp", "PresentationWanted"},
+    Addition{"The full screen", "app/FullScreen.cpp", "ModeOfFullScreen"},
     Addition{"Settings", "app/Saving.cpp", "SavesMeanwhile"},
 };
 

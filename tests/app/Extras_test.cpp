@@ -60,6 +60,7 @@ TEST(Extras, EachHasALineOfItsOwn) {
         {"Additions", &Extras::Additions, true},
         {"Smooth", &Extras::Smooth, false},
         {"WholeMultiplesOnly", &Extras::WholeMultiplesOnly, false},
+        {"SwitchDisplayMode", &Extras::SwitchDisplayMode, false},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);

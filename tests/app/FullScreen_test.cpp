@@ -23,9 +23,12 @@ constexpr WindowHandle kOtherProgram = 0;
 const Act kEnter = Choose(Menu::mnuFS);
 const Act kEscape = KeyDown(VirtualKey::Escape);
 
+// With the display's mode switched, as plain it always is.
 class FullScreen : public Program {
 protected:
-    explicit FullScreen(bool additions = true) : Program(additions) {}
+    explicit FullScreen(bool additions = true) : Program(additions) {
+        form[Menu::mnuSwitchMode].checked = true;
+    }
 
     void ExpectOn() {
         EXPECT_EQ(program.FullScreenState, 1);
@@ -38,6 +41,11 @@ protected:
         EXPECT_FALSE(form[Menu::mnuFS].checked);
         EXPECT_EQ(display.Current(), kBefore);
     }
+};
+
+class PlainFullScreen : public FullScreen {
+protected:
+    PlainFullScreen() : FullScreen(false) {}
 };
 
 TEST_F(FullScreen, SwitchesTheDisplayAndCoversIt) {
@@ -123,7 +131,7 @@ TEST_F(FullScreen, WhilePausedNobodyLooksWhoIsInFront) {
                   Then([&] { ExpectOff(); }));
 }
 
-TEST_F(FullScreen, WithoutSuchAModeOnlyTheMarkIsSet) {
+TEST_F(PlainFullScreen, WithoutSuchAModeOnlyTheMarkIsSet) {
     display.SetModes({{640, 480, 24, 60}, {320, 240, 24, 75}, {320, 240, 32, 60}, kBefore});
     WhileAIsShown({kEnter, Wait});
     EXPECT_TRUE(form[Menu::mnuFS].checked);
@@ -137,11 +145,54 @@ TEST_F(FullScreen, WithoutSuchAModeOnlyTheMarkIsSet) {
     EXPECT_EQ(program.FullScreenState, 0);
 }
 
-TEST_F(FullScreen, AModeOf16BitsIsDescribedAlikeAndTaken) {
+TEST_F(PlainFullScreen, AModeOf16BitsIsDescribedAlikeAndTaken) {
     const DisplaySettings sixteen{320, 240, 16, 60};
     display.SetModes({kBefore, sixteen, kFull});
     WhileAIsShown({kEnter});
     EXPECT_THAT(display.Switches(), ElementsAre(sixteen));
+}
+
+// With additions the picture is shown at any size.
+TEST_F(FullScreen, LeavesTheDisplayAloneUnlessItIsToBeSwitched) {
+    Click(Menu::mnuSwitchMode);
+    WhileAIsShown({kEnter, [&] {
+                       ExpectOn();
+                       EXPECT_EQ(program.FullScreenWindow, HeadlessFullScreen::kHandle);
+                       EXPECT_EQ(display.Current(), kBefore);
+                       program.Form_KeyDown(VirtualKey::Escape);
+                       ExpectOff();
+                   }});
+    EXPECT_THAT(display.Switches(), IsEmpty());
+}
+
+TEST_F(FullScreen, TakesTheSmallestModeThatHoldsTheCanvas) {
+    const DisplaySettings held{400, 300, 24, 60};
+    display.SetModes(
+        {{640, 480, 24, 60}, {320, 200, 24, 60}, held, {320, 240, 24, 60, true}, kBefore});
+    WhileAIsShown({kEnter, [&] {
+                       ExpectOn();
+                       EXPECT_THAT(display.Switches(), ElementsAre(held));
+                       program.Form_KeyDown(VirtualKey::Escape);
+                       ExpectOff();
+                   }});
+    EXPECT_THAT(display.Switches(), ElementsAre(held, kBefore));
+}
+
+TEST_F(FullScreen, WithoutAModeThatHoldsTheCanvasItStaysInTheOneInForce) {
+    const DisplaySettings small{256, 192, 24, 60};
+    display.SetModes({small});
+    display.SetCurrent(small);
+    WhileAIsShown({kEnter, [&] { ExpectOn(); }});
+    EXPECT_THAT(display.Switches(), IsEmpty());
+}
+
+// The item can be chosen there where a machine shows its menus.
+TEST_F(FullScreen, TheNextStageIsShownInTheDisplaysOwnModeWhenItIsNoLongerToBeSwitched) {
+    WhileAIsShown({kEnter, Choose(Menu::mnuSwitchMode), Select(kItemC), [&] {
+                       ExpectOn();
+                       EXPECT_EQ(display.Current(), kBefore);
+                   }});
+    EXPECT_THAT(display.Switches(), ElementsAre(kFull, kBefore));
 }
 
 TEST_F(FullScreen, WithoutAStageOnlyTheMarkChanges) {
@@ -235,11 +286,6 @@ TEST_F(FullScreen, CloseGivesTheScreenBack) {
     WhileAIsShown({kEnter, Choose(Menu::mnuClose)});
     ExpectOff();
 }
-
-class PlainFullScreen : public FullScreen {
-protected:
-    PlainFullScreen() : FullScreen(false) {}
-};
 
 TEST_F(PlainFullScreen, EscapeLeavesItAndReleasesTheDevice) {
     WhileAIsShown({kEnter,

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/ScreenModule.h"
 
+#include <vector>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -48,6 +50,40 @@ TEST(ScreenModule, FindsTheFirstModeOfADescription) {
     display.SetModes({{320, 240, 32, 60}, {320, 240, 8, 60}, {320, 240, 24, 59}});
     screen.Enumerate();
     EXPECT_EQ(screen.Find(FullScreenMode(CanvasSize())), kNoMode);
+}
+
+TEST(ScreenModule, FindsTheSmallestModeThatHasRoom) {
+    const struct {
+        const char* what;
+        std::vector<DisplaySettings> modes;
+        CanvasSize canvas;
+        Integer found;
+    } rows[] = {
+        {"none", {}, {320, 240}, kNoMode},
+        {"none is large enough", {{640, 480, 24, 60}, {480, 800, 24, 60}}, {641, 240}, kNoMode},
+        {"of the same size", {{640, 480, 24, 60}, {320, 240, 24, 60}}, {320, 240}, 1},
+        {"the smallest",
+         {{1920, 1080, 24, 60}, {800, 600, 24, 60}, {1024, 768, 24, 60}},
+         {640, 480},
+         1},
+        {"wide enough", {{800, 600, 24, 60}, {1024, 768, 24, 60}}, {854, 480}, 1},
+        {"not one of the machine's making",
+         {{640, 480, 24, 60}, {320, 240, 24, 60, true}},
+         {320, 240},
+         0},
+        {"most colours",
+         {{640, 480, 8, 60}, {640, 480, 24, 75}, {640, 480, 16, 60}},
+         {320, 240},
+         1},
+        {"at 60 Hz", {{640, 480, 24, 75}, {640, 480, 24, 59}, {640, 480, 24, 50}}, {320, 240}, 1},
+        {"the first of several", {{640, 480, 24, 60}, {640, 480, 24, 60}}, {320, 240}, 0},
+    };
+    for (const auto& row : rows) {
+        HeadlessDisplayModes display(row.modes);
+        ScreenModule screen(display);
+        screen.Enumerate();
+        EXPECT_EQ(screen.FindRoomFor(row.canvas), row.found) << row.what;
+    }
 }
 
 TEST(ScreenModule, TheCurrentModeEqualsTheOneInForceInAllValues) {

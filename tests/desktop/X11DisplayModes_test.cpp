@@ -25,6 +25,7 @@ using testing::ElementsAre;
 
 constexpr DisplaySettings kOwn{1024, 768, 24, 0};
 constexpr DisplaySettings kFullScreen{320, 240, 24, 60};
+constexpr DisplaySettings kEmulated = X11DisplayModes::kEmulated;
 constexpr DisplaySettings kSmall{640, 480, 24, 60};
 
 class X11DisplayModesTest : public testing::Test {
@@ -90,8 +91,7 @@ protected:
 
 TEST_F(X11DisplayModesTest, ListsTheScreensOwnModeAndOneOfItsMaking) {
     const auto modes = Modes();
-    EXPECT_THAT(All(*modes), ElementsAre(kOwn, kFullScreen));
-    EXPECT_TRUE(modes->Emulates());
+    EXPECT_THAT(All(*modes), ElementsAre(kOwn, kEmulated));
     EXPECT_EQ(modes->Current(), kOwn);
     EXPECT_FALSE(modes->EnumDisplaySettings(2).has_value());
     EXPECT_FALSE(modes->EnumDisplaySettings(-1).has_value());
@@ -99,14 +99,14 @@ TEST_F(X11DisplayModesTest, ListsTheScreensOwnModeAndOneOfItsMaking) {
 
 TEST_F(X11DisplayModesTest, TheModeOfItsMakingChangesNothingAndIsRemembered) {
     const auto modes = Modes();
-    EXPECT_TRUE(modes->ChangeDisplaySettings(kFullScreen));
-    EXPECT_EQ(modes->Current(), kFullScreen);
+    EXPECT_TRUE(modes->ChangeDisplaySettings(kEmulated));
+    EXPECT_EQ(modes->Current(), kEmulated);
     EXPECT_EQ(Shown(), kOwn) << "on the display";
-    EXPECT_THAT(All(*modes), ElementsAre(kOwn, kFullScreen));
-    EXPECT_EQ(modes->Current(), kFullScreen) << "listing the modes forgets nothing";
+    EXPECT_THAT(All(*modes), ElementsAre(kOwn, kEmulated));
+    EXPECT_EQ(modes->Current(), kEmulated) << "listing the modes forgets nothing";
     EXPECT_TRUE(modes->ChangeDisplaySettings(kOwn));
     EXPECT_EQ(modes->Current(), kOwn);
-    EXPECT_TRUE(modes->ChangeDisplaySettings(kFullScreen));
+    EXPECT_TRUE(modes->ChangeDisplaySettings(kEmulated));
     modes->Restore();
     EXPECT_EQ(modes->Current(), kOwn);
 }
@@ -115,7 +115,6 @@ TEST_F(X11DisplayModesTest, SwitchesToARealModeAndBack) {
     AddFullScreenMode();
     const auto modes = Modes();
     EXPECT_THAT(All(*modes), testing::UnorderedElementsAre(kOwn, kFullScreen));
-    EXPECT_FALSE(modes->Emulates());
     EXPECT_TRUE(modes->ChangeDisplaySettings(kFullScreen));
     EXPECT_EQ(modes->Current(), kFullScreen);
     EXPECT_EQ(Shown(), kFullScreen);
@@ -239,10 +238,10 @@ TEST_F(X11DisplayModesTest, ModesAreThoseOfTheScreenWhereverTheWindowIs) {
 TEST(X11DisplayModesWithoutADisplay, HasOneEmptyModeAndTheOneOfItsMaking) {
     X11DisplayModes modes([] { return ScreenRectangle{}; }, ":no-such-display");
     EXPECT_EQ(modes.EnumDisplaySettings(0), DisplaySettings{});
-    EXPECT_EQ(modes.EnumDisplaySettings(1), kFullScreen);
+    EXPECT_EQ(modes.EnumDisplaySettings(1), kEmulated);
     EXPECT_EQ(modes.Current(), DisplaySettings{});
-    EXPECT_TRUE(modes.ChangeDisplaySettings(kFullScreen));
-    EXPECT_EQ(modes.Current(), kFullScreen);
+    EXPECT_TRUE(modes.ChangeDisplaySettings(kEmulated));
+    EXPECT_EQ(modes.Current(), kEmulated);
     EXPECT_FALSE(modes.ChangeDisplaySettings(kSmall));
     EXPECT_TRUE(modes.ChangeDisplaySettings(DisplaySettings{}));
     EXPECT_EQ(modes.Current(), DisplaySettings{});

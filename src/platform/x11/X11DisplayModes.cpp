@@ -12,6 +12,7 @@ namespace {
 // own.
 bool ServesFullScreen(DisplaySettings mode) {
     const Long bits = std::exchange(mode.bitsPerPixel, X11DisplayModes::kEmulated.bitsPerPixel);
+    mode.emulated = true;
     return mode == X11DisplayModes::kEmulated && bits <= mode.bitsPerPixel && bits != 8 &&
            bits != 4;
 }

@@ -27,7 +27,8 @@ namespace scenara {
 class X11DisplayModes : public DisplayModes {
 public:
     // The listed mode where there is none of the kind.
-    static constexpr DisplaySettings kEmulated{CanvasSize().width, CanvasSize().height, 24, 60};
+    static constexpr DisplaySettings kEmulated{CanvasSize().width, CanvasSize().height, 24, 60,
+                                               true};
 
     // `windowPlace`: where the main window stands. `display`: for tests; empty: the environment's.
     explicit X11DisplayModes(std::function<ScreenRectangle()> windowPlace,
@@ -42,9 +43,6 @@ public:
 
     // The mode that was in force before the first switch.
     void Restore();
-
-    // Whether the full screen's mode is one of the program's own making.
-    [[nodiscard]] bool Emulates() const { return emulates_; }
 
 private:
     void ReadModes();
