@@ -31,7 +31,16 @@ bool IsAlphaOperation(std::uint32_t value) {
     return value == D3DTOP_SELECTARG1 || value == D3DTOP_MODULATE;
 }
 
-HRESULT SetIf(bool valid, std::uint32_t& state, std::uint32_t value) {
+bool IsFilter(std::uint32_t value) {
+    return value == D3DTEXF_POINT || value == D3DTEXF_LINEAR;
+}
+
+bool IsAddress(std::uint32_t value) {
+    return value == D3DTADDRESS_WRAP || value == D3DTADDRESS_CLAMP;
+}
+
+template <typename State>
+HRESULT SetIf(bool valid, State& state, State value) {
     if (!valid) {
         return D3DERR_INVALIDCALL;
     }
@@ -59,8 +68,8 @@ bool LiesWithin(std::int64_t start, std::int64_t length, std::int64_t size) {
 HRESULT CheckPresentParameters(const D3DPRESENT_PARAMETERS& parameters) {
     const bool valid = parameters.Windowed == 1 && parameters.SwapEffect == D3DSWAPEFFECT_COPY &&
                        parameters.BackBufferFormat == D3DFMT_X8R8G8B8 &&
-                       parameters.BackBufferWidth <= kLargestBackBuffer &&
-                       parameters.BackBufferHeight <= kLargestBackBuffer;
+                       parameters.BackBufferWidth <= kLargestBackBufferWidth &&
+                       parameters.BackBufferHeight <= kLargestBackBufferHeight;
     return valid ? D3D_OK : D3DERR_INVALIDCALL;
 }
 
@@ -82,9 +91,11 @@ void SoftDevice::MakeBackBuffer(const D3DPRESENT_PARAMETERS& parameters) {
             static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
         constexpr std::size_t kWords = std::tuple_size_v<decltype(Pixels::words)>;
         picture_ = std::vector<Pixels>((count + kWords - 1) / kWords);
-        target_ = {{picture_.front().words.data(), count}, width, height};
-        backBuffer_ = std::make_shared<SoftSurface>(target_.pixels, width, height);
+        const std::span pixels(picture_.front().words.data(), count);
+        backBuffer_ = std::make_shared<SoftSurface>(pixels, width, height);
+        target_.pixels = pixels;
     }
+    target_ = {target_.pixels, width, height};
     std::ranges::fill(target_.pixels, kOpaqueBlack);
 }
 
@@ -116,10 +127,35 @@ HRESULT SoftDevice::SetRenderState(std::uint32_t state, std::uint32_t value) {
 
 HRESULT SoftDevice::SetTextureStageState(std::uint32_t stage, std::uint32_t type,
                                          std::uint32_t value) {
-    if (stage != 0 || type != D3DTSS_ALPHAOP) {
+    if (stage != 0) {
         return D3DERR_INVALIDCALL;
     }
-    return SetIf(IsAlphaOperation(value), states_.pixels.alphaOperation, value);
+    soft::PixelStates& pixels = states_.pixels;
+    switch (type) {
+        case D3DTSS_ALPHAOP: return SetIf(IsAlphaOperation(value), pixels.alphaOperation, value);
+        case D3DTSS_ADDRESSU:
+            return SetIf(IsAddress(value), pixels.sampling.clampColumns,
+                         value == D3DTADDRESS_CLAMP);
+        case D3DTSS_ADDRESSV:
+            return SetIf(IsAddress(value), pixels.sampling.clampLines, value == D3DTADDRESS_CLAMP);
+        case D3DTSS_MAGFILTER:
+            return SetIf(IsFilter(value), states_.magnifiesLinear, value == D3DTEXF_LINEAR);
+        case D3DTSS_MINFILTER:
+            return SetIf(IsFilter(value), states_.minifiesLinear, value == D3DTEXF_LINEAR);
+        default: return D3DERR_INVALIDCALL;
+    }
+}
+
+HRESULT SoftDevice::SetViewport(const D3DVIEWPORT8& viewport) {
+    if (!LiesWithin(viewport.X, viewport.Width, target_.width) ||
+        !LiesWithin(viewport.Y, viewport.Height, target_.height)) {
+        return D3DERR_INVALIDCALL;
+    }
+    target_.left = static_cast<std::int32_t>(viewport.X);
+    target_.top = static_cast<std::int32_t>(viewport.Y);
+    target_.right = target_.left + static_cast<std::int32_t>(viewport.Width);
+    target_.bottom = target_.top + static_cast<std::int32_t>(viewport.Height);
+    return D3D_OK;
 }
 
 HRESULT SoftDevice::SetTexture(std::uint32_t stage,
@@ -155,7 +191,9 @@ HRESULT SoftDevice::Clear(std::uint32_t flags, std::uint32_t color) {
     if (flags != D3DCLEAR_TARGET) {
         return D3DERR_INVALIDCALL;
     }
-    std::ranges::fill(target_.pixels, color);
+    for (std::int32_t y = target_.top; y < target_.bottom; ++y) {
+        std::fill(target_.PixelAt(target_.left, y), target_.PixelAt(target_.right, y), color);
+    }
     return D3D_OK;
 }
 
@@ -174,14 +212,15 @@ HRESULT SoftDevice::DrawPrimitiveUP(std::uint32_t primitiveType, std::uint32_t p
 }
 
 void SoftDevice::DrawStrip(std::span<const Vertex> corners) {
+    soft::PixelStates pixels = states_.pixels;
+    pixels.sampling.linear = states_.magnifiesLinear && states_.minifiesLinear;
     if (states_.texture == nullptr) {
-        soft::DrawStrip(target_, states_.pixels, nullptr, corners);
+        soft::DrawStrip(target_, pixels, nullptr, corners);
         return;
     }
     const soft::Texels texels = states_.texture->Pixels();
-    if (!soft::DrawWholeQuad(target_, states_.pixels, texels, states_.texture->PixelCoverage(),
-                             corners)) {
-        soft::DrawStrip(target_, states_.pixels, &texels, corners);
+    if (!soft::DrawWholeQuad(target_, pixels, texels, states_.texture->PixelCoverage(), corners)) {
+        soft::DrawStrip(target_, pixels, &texels, corners);
     }
 }
 

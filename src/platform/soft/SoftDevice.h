@@ -33,8 +33,9 @@
 
 namespace scenara {
 
-// The largest back buffer's width and height.
-inline constexpr std::uint32_t kLargestBackBuffer = 4096;
+// Of a back buffer, in pixels.
+inline constexpr std::uint32_t kLargestBackBufferWidth = 7680;
+inline constexpr std::uint32_t kLargestBackBufferHeight = 4320;
 
 // D3D_OK when a device can present so: in a window, by copying, a size up to the largest or none
 // (0: that of a CanvasSize as it is designed), in the one format that there is. D3DERR_INVALIDCALL
@@ -56,6 +57,7 @@ public:
     [[nodiscard]] HRESULT SetRenderState(std::uint32_t state, std::uint32_t value) override;
     [[nodiscard]] HRESULT SetTextureStageState(std::uint32_t stage, std::uint32_t type,
                                                std::uint32_t value) override;
+    [[nodiscard]] HRESULT SetViewport(const D3DVIEWPORT8& viewport) override;
     [[nodiscard]] HRESULT SetTexture(std::uint32_t stage,
                                      const std::shared_ptr<Direct3DTexture8>& texture) override;
     [[nodiscard]] HRESULT BeginScene() override;
@@ -93,6 +95,8 @@ private:
     struct States {
         soft::PixelStates pixels;
         std::uint32_t vertexFormat = 0;
+        bool magnifiesLinear = false;
+        bool minifiesLinear = false;
         std::shared_ptr<SoftTexture> texture;
         bool inScene = false;
     };
@@ -108,7 +112,7 @@ private:
     std::shared_ptr<TextureMemory> memory_;
     PictureSink* sink_;
     std::vector<Pixels> picture_;
-    soft::Target target_;                      // the same pixels
+    soft::Target target_;                      // the same pixels, and the viewport
     std::shared_ptr<SoftSurface> backBuffer_;  // the same pixels
     States states_;
     Condition condition_ = Condition::Usable;

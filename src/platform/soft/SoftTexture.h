@@ -4,7 +4,8 @@
 //
 // The pitch and the slack that a writer wishes for are given, so a decoder can run from the first
 // line to the last without a look; the slack is there until the texture is unlocked for the first
-// time. Mip levels and filters are taken and not needed: nothing is ever drawn smaller than it is.
+// time. Mip levels and filters are taken and not used: pictures of every size are drawn from the
+// one level that there is.
 #pragma once
 
 #include <cstdint>

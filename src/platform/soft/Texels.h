@@ -9,11 +9,17 @@
 
 namespace scenara::soft {
 
-// The back buffer, line by line without a gap.
+// The back buffer, line by line without a gap, and the part of it that is drawn to.
 struct Target {
     std::span<std::uint32_t> pixels;
     std::int32_t width = 0;
     std::int32_t height = 0;
+
+    // Lies in the back buffer; right and bottom lie outside of the part.
+    std::int32_t left = 0;
+    std::int32_t top = 0;
+    std::int32_t right = width;
+    std::int32_t bottom = height;
 
     [[nodiscard]] std::uint32_t* PixelAt(std::int32_t x, std::int32_t y) const {
         return pixels.data() + (std::ptrdiff_t{y} * width + x);

@@ -9,6 +9,7 @@
 #include "platform/soft/BlendRows.h"
 #include "platform/soft/CopyRows.h"
 #include "platform/soft/PixelRows.h"
+#include "platform/soft/Sampling.h"
 
 namespace scenara::soft {
 namespace {
@@ -84,12 +85,35 @@ Diagonal DiagonalOf(std::span<const Vertex, 4> corners) {
     return {};
 }
 
-// The part of a run that lies among `pixels` pixels from 0.
-WholeRun Clipped(const WholeRun& run, std::int32_t pixels) {
-    const std::int32_t begin = std::max(run.begin, 0);
+// The part of a run that lies among the pixels from `least` up to, and without, `most`.
+WholeRun Clipped(const WholeRun& run, std::int32_t least, std::int32_t most) {
+    const std::int32_t begin = std::max(run.begin, least);
     const std::int32_t skipped = begin - run.begin;
-    return {begin, std::min(run.end, pixels),
+    return {begin, std::min(run.end, most),
             run.backwards ? run.texel - skipped : run.texel + skipped, run.backwards};
+}
+
+// Whether all of a run's texels are the texture's own and not repeats.
+bool LiesInTexture(const WholeRun& run, std::int32_t texels) {
+    const std::int32_t last =
+        run.backwards ? run.texel - (run.Length() - 1) : run.texel + (run.Length() - 1);
+    return std::min(run.texel, last) >= 0 && std::max(run.texel, last) < texels;
+}
+
+// Whether this sampling shows the quad's texels as they are. A quarter of a texel is nothing to
+// the nearest one, but a weight in a mean.
+bool ShowsTexels(const Sampling& sampling, const WholeQuad& quad, std::span<const Vertex> corners,
+                 const Texels& texture) {
+    const auto isEdge = [](float coordinate, std::int32_t texels) {
+        const double place = PlaceOf(coordinate, texels);
+        return place == std::floor(place);
+    };
+    const auto onEdges = [&](const Vertex& corner) {
+        return isEdge(corner.tu, texture.width) && isEdge(corner.tv, texture.height);
+    };
+    return (!sampling.linear || std::ranges::all_of(corners, onEdges)) &&
+           (!sampling.clampColumns || LiesInTexture(quad.columns, texture.width)) &&
+           (!sampling.clampLines || LiesInTexture(quad.lines, texture.height));
 }
 
 enum class RowOperation { Copy, Mask, Blend };
@@ -232,11 +256,11 @@ std::optional<WholeQuad> AsWholeQuad(std::span<const Vertex> corners, const Texe
 bool DrawWholeQuad(const Target& target, const PixelStates& states, const Texels& texture,
                    const Coverage& coverage, std::span<const Vertex> corners) {
     const std::optional<WholeQuad> quad = AsWholeQuad(corners, texture);
-    if (!quad) {
+    if (!quad || !ShowsTexels(states.sampling, *quad, corners, texture)) {
         return false;
     }
-    const WholeRun columns = Clipped(quad->columns, target.width);
-    const WholeRun lines = Clipped(quad->lines, target.height);
+    const WholeRun columns = Clipped(quad->columns, target.left, target.right);
+    const WholeRun lines = Clipped(quad->lines, target.top, target.bottom);
     if (columns.Length() <= 0 || lines.Length() <= 0) {
         return true;
     }
