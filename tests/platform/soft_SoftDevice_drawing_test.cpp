@@ -591,6 +591,12 @@ TEST(SoftDeviceFrames, AllocateNothing) {
                     check(device.DrawPrimitiveUP(D3DPT_TRIANGLESTRIP, 2, CornersOf(blit, 300, 200),
                                                  32));
                 }
+                for (const test::ScaledBlit& blit :
+                     {test::ScaledBlit{-9, -9, 600, 500, 0, 0, 300, 200, frame == 1},
+                      test::ScaledBlit{5, 6, 70, 80, -50, -60, 700, 800}}) {
+                    check(device.DrawPrimitiveUP(D3DPT_TRIANGLESTRIP, 2,
+                                                 ScaledCornersOf(blit, 300, 200), 32));
+                }
                 const Corners gradient{Corner(0.5, 0, 0xFFFF0000), Corner(300, 7, 0xFF00FF00, 1),
                                        Corner(0, 200, 0x400000FF, 0, 1),
                                        Corner(310, 240, 0xFFFFE100, 1, 1)};

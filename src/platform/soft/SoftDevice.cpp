@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "base/RunTimeError.h"
+#include "platform/soft/ScaledQuads.h"
 #include "platform/soft/Triangles.h"
 #include "platform/soft/WholeQuads.h"
 
@@ -219,7 +220,9 @@ void SoftDevice::DrawStrip(std::span<const Vertex> corners) {
         return;
     }
     const soft::Texels texels = states_.texture->Pixels();
-    if (!soft::DrawWholeQuad(target_, pixels, texels, states_.texture->PixelCoverage(), corners)) {
+    const soft::Coverage& coverage = states_.texture->PixelCoverage();
+    if (!soft::DrawWholeQuad(target_, pixels, texels, coverage, corners) &&
+        !soft::DrawScaledQuad(target_, pixels, texels, coverage, corners)) {
         soft::DrawStrip(target_, pixels, &texels, corners);
     }
 }

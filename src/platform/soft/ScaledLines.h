@@ -1,0 +1,130 @@
+// SPDX-License-Identifier: MIT
+//
+// Quads that are drawn at another size than their texels have: which texels a run of pixels shows,
+// and lines of such a quad written out as they are drawn. For ScaledQuads.cpp only.
+//
+// The texels of a stretch of a line are worked out once for all lines. Where a line has nothing to
+// see, which the texture's coverage tells, nothing is looked up.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+
+#include "platform/soft/CopyRows.h"
+#include "platform/soft/Coverage.h"
+#include "platform/soft/Sampling.h"
+#include "platform/soft/Texels.h"
+
+namespace scenara::soft {
+
+// A run of whole pixels along one direction of the view, and the texels that are drawn over it,
+// counted as Sampling.h has it: they go up as pixels do.
+struct ScaledRun {
+    std::int32_t begin = 0;   // the first pixel, in the view or not
+    std::int32_t end = 0;     // behind the last
+    double start = 0;         // the place at the first pixel's edge; whole where there are texels
+    std::int32_t texels = 0;  // 0: all pixels show what is at `start`
+    bool mirrored = false;
+
+    [[nodiscard]] std::int32_t Length() const { return end - begin; }
+
+    bool operator==(const ScaledRun&) const = default;
+};
+
+// The numbers of the texels that a run's pixels show, one after the other, in whole numbers.
+class ScaledSteps {
+public:
+    // From this pixel of the run on.
+    ScaledSteps(const ScaledRun& run, std::int32_t pixel);
+
+    [[nodiscard]] std::int64_t Next() {
+        const std::int64_t number = number_;
+        rest_ += stepRest_;
+        const bool further = rest_ >= whole_;
+        rest_ -= further ? whole_ : 0;
+        number_ += step_ + (further ? 1 : 0);
+        return number;
+    }
+
+private:
+    std::int64_t whole_ = 1;   // what the rests are parts of
+    std::int64_t number_ = 0;  // of the next pixel
+    std::int64_t rest_ = 0;
+    std::int64_t step_ = 0;
+    std::int64_t stepRest_ = 0;
+};
+
+// The columns of a texture that a stretch of a line shows.
+class ScaledColumns {
+public:
+    // The pixels from `begin` to `end` (outside), kMostRun at most, of the run.
+    ScaledColumns(const ScaledRun& run, std::int32_t begin, std::int32_t end, const Texels& texture,
+                  bool clamped);
+
+    [[nodiscard]] std::int32_t Width() const { return width_; }
+
+    // A bit for each block of the stretch, the lowest for the first; the last block ends where the
+    // stretch does. All: all of them. Of a line with these bits of coverage: those in which
+    // something may be seen.
+    [[nodiscard]] std::uint64_t AllBlocks() const { return all_; }
+    [[nodiscard]] std::uint64_t VisibleBlocks(const std::uint8_t* bits) const;
+
+    // Writes the texels of these blocks. The line is the texture's, from its column 0.
+    void Write(const std::uint32_t* line, std::uint64_t blocks, std::uint32_t* texels) const;
+    // Writes transparent ones.
+    void Clear(std::uint64_t blocks, std::uint32_t* texels) const;
+
+private:
+    static constexpr std::size_t kMostBlocks = std::size_t{kMostRun} / kBlockTexels;
+
+    // Where in a line's coverage a block's texels are.
+    struct CoverageBits {
+        std::int32_t byte = 0;
+        std::uint32_t shift = 0;
+        std::uint64_t mask = 0;  // 0: too far apart to tell
+    };
+
+    void FindCoverageBits(std::size_t block);
+    [[nodiscard]] std::int32_t BeginOf(std::size_t block) const;
+
+    std::int32_t width_;
+    std::size_t count_;  // of blocks
+    std::uint64_t all_;
+
+    // NOLINTBEGIN(*-member-init): written as needed
+    std::array<std::int32_t, kMostRun> columns_;
+    std::array<CoverageBits, kMostBlocks> bits_;
+    // NOLINTEND(*-member-init)
+};
+
+// Some lines of a stretch, as they are drawn.
+class ScaledLines {
+public:
+    static constexpr std::int32_t kMostLines = 8;
+
+    // They outlive it. With `hides`, texels of alpha 0 are not seen, and blocks of them are left
+    // out.
+    ScaledLines(const ScaledColumns& columns, const Texels& texture, const Coverage& coverage,
+                bool hides);
+
+    // Makes one of the lines that of the texture's line `texel`.
+    void Write(std::int32_t line, std::int32_t texel);
+
+    // The first `count` lines, or `count` times the first one, to be given a destination.
+    [[nodiscard]] TexelRows Rows(std::int32_t count, bool repeated) const;
+
+private:
+    [[nodiscard]] std::uint32_t* LineAt(std::int32_t line) {
+        return texels_.data() + std::ptrdiff_t{line} * kMostRun;
+    }
+
+    const ScaledColumns& columns_;
+    const Texels& texture_;
+    const Coverage& coverage_;
+    bool hides_;
+    std::array<std::uint64_t, kMostLines> visible_{};  // blocks that are not transparent
+    std::array<std::uint32_t, std::size_t{kMostLines} * kMostRun> texels_;  // NOLINT(*-member-init)
+};
+
+}  // namespace scenara::soft
