@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// The implementations of CopyRows.h, BlendRows.h and PixelRows.h, one per kind of processor. Only
-// their *.cpp files include this.
+// The implementations of CopyRows.h, BlendRows.h, ScaledLines.h and PixelRows.h, one per kind of
+// processor. Only their *.cpp files include this.
 #pragma once
 
 #include <cstddef>
@@ -30,6 +30,23 @@ void MaskSse2(const TexelRows& rows);
 void CopyAvx2(const TexelRows& rows);
 void MaskAvx2(const TexelRows& rows);
 void MaskAvx512(const TexelRows& rows);
+#endif
+
+// Blocks of texels that are picked out of a line: pixel i of block b shows the texel that lies
+// places[8 b + i] behind bases[b], and goes to begins[b] + i. The places are below 2 kBlockTexels,
+// and so many texels from each base on are the line's.
+struct PickedBlocks {
+    const std::int32_t* bases;
+    const std::int32_t* places;
+    const std::int32_t* begins;
+};
+
+#if SCENARA_ROWS_X86
+// Those of the bits, the lowest for the first. `ahead` is a line that will be drawn soon.
+void PickAvx2(const PickedBlocks& picked, std::uint64_t blocks, const std::uint32_t* line,
+              const std::uint32_t* ahead, std::uint32_t* texels);
+void PickAvx512(const PickedBlocks& picked, std::uint64_t blocks, const std::uint32_t* line,
+                const std::uint32_t* ahead, std::uint32_t* texels);
 #endif
 
 // As PixelRows.h has them, save up to three pixels at the end. How many were done: none on

@@ -6,6 +6,8 @@
 #include <cmath>
 #include <cstring>
 
+#include "platform/soft/RowPaths.h"
+
 namespace scenara::soft {
 namespace {
 
@@ -47,36 +49,45 @@ ScaledSteps::ScaledSteps(const ScaledRun& run, std::int32_t pixel) {
 }
 
 ScaledColumns::ScaledColumns(const ScaledRun& run, std::int32_t begin, std::int32_t end,
-                             const Texels& texture, bool clamped)
+                             const Texels& texture, bool clamped, RowPath path)
     : width_(end - begin),
       count_((static_cast<std::size_t>(width_) + kBlock - 1) / kBlock),
-      all_((std::uint64_t{1} << count_) - 1) {
+      all_((std::uint64_t{1} << count_) - 1),
+      path_(std::min(path, BestRowPath())) {
     ScaledSteps steps(run, begin);
     TexelAxis axis(texture.width, run.mirrored, clamped);
     for (std::size_t x = 0; x < static_cast<std::size_t>(width_); ++x) {
         columns_[x] = axis.TexelAt(steps.Next());
     }
     for (std::size_t block = 0; block < count_; ++block) {
-        FindCoverageBits(block);
+        Prepare(block, texture.width);
     }
 }
 
-std::int32_t ScaledColumns::BeginOf(std::size_t block) const {
-    return std::max(0, std::min(static_cast<std::int32_t>(block * kBlock), width_ - kBlockTexels));
-}
-
-void ScaledColumns::FindCoverageBits(std::size_t block) {
-    const std::int32_t begin = BeginOf(block);
+void ScaledColumns::Prepare(std::size_t block, std::int32_t textureWidth) {
+    const std::int32_t begin =
+        std::max(0, std::min(static_cast<std::int32_t>(block * kBlock), width_ - kBlockTexels));
+    begins_[block] = begin;
     const std::int32_t* const columns = columns_.data() + begin;
-    const auto [least, most] =
-        std::minmax_element(columns, columns + std::min(width_, kBlockTexels));
+    const std::int32_t count = std::min(width_, kBlockTexels);
+    const auto [least, most] = std::minmax_element(columns, columns + count);
+
     const std::int32_t first = *least / kBlockTexels;
-    const std::int32_t count = *most / kBlockTexels - first + 1;
+    const std::int32_t bitCount = *most / kBlockTexels - first + 1;
     constexpr std::int32_t kMostInWord = 64 - 7;
     CoverageBits& bits = bits_[block];
     bits.byte = first / 8;
     bits.shift = static_cast<std::uint32_t>(first % 8);
-    bits.mask = count <= kMostInWord ? (std::uint64_t{1} << count) - 1 : 0;
+    bits.mask = bitCount <= kMostInWord ? (std::uint64_t{1} << bitCount) - 1 : 0;
+
+    const std::int32_t base = std::min(*least, textureWidth - 2 * kBlockTexels);
+    if (count == kBlockTexels && base >= 0 && *most - base < 2 * kBlockTexels) {
+        near_ |= std::uint64_t{1} << block;
+        bases_[block] = base;
+        for (std::size_t x = 0; x < kBlock; ++x) {
+            places_[block * kBlock + x] = columns[x] - base;
+        }
+    }
 }
 
 std::uint64_t ScaledColumns::VisibleBlocks(const std::uint8_t* bits) const {
@@ -89,32 +100,38 @@ std::uint64_t ScaledColumns::VisibleBlocks(const std::uint8_t* bits) const {
     return visible;
 }
 
-void ScaledColumns::Write(const std::uint32_t* line, std::uint64_t blocks,
-                          std::uint32_t* texels) const {
-    if (width_ < kBlockTexels) {
-        for (std::size_t x = 0; x < static_cast<std::size_t>(width_); ++x) {
-            texels[x] = line[columns_[x]];
-        }
-        return;
+void ScaledColumns::Write(const std::uint32_t* line, [[maybe_unused]] const std::uint32_t* ahead,
+                          std::uint64_t blocks, std::uint32_t* texels) const {
+#if SCENARA_ROWS_X86
+    if (path_ >= RowPath::Avx2) {
+        const rows::PickedBlocks picked{bases_.data(), places_.data(), begins_.data()};
+        const auto pick = path_ == RowPath::Avx512 ? rows::PickAvx512 : rows::PickAvx2;
+        pick(picked, blocks & near_, line, ahead, texels);
+        blocks &= ~near_;
     }
+#endif
+    const std::size_t count = std::min(static_cast<std::size_t>(width_), kBlock);
     ForEachBlock(blocks, [&](std::size_t block) {
-        const std::int32_t begin = BeginOf(block);
-        for (std::size_t x = 0; x < kBlock; ++x) {
-            texels[static_cast<std::size_t>(begin) + x] =
-                line[columns_[static_cast<std::size_t>(begin) + x]];
+        const auto begin = static_cast<std::size_t>(begins_[block]);
+        for (std::size_t x = begin; x < begin + count; ++x) {
+            texels[x] = line[columns_[x]];
         }
     });
 }
 
 void ScaledColumns::Clear(std::uint64_t blocks, std::uint32_t* texels) const {
     ForEachBlock(blocks, [&](std::size_t block) {
-        std::fill_n(texels + BeginOf(block), std::min(width_, kBlockTexels), 0U);
+        std::fill_n(texels + begins_[block], std::min(width_, kBlockTexels), 0U);
     });
 }
 
 ScaledLines::ScaledLines(const ScaledColumns& columns, const Texels& texture,
-                         const Coverage& coverage, bool hides)
-    : columns_(columns), texture_(texture), coverage_(coverage), hides_(hides) {
+                         const Coverage& coverage, bool hides, std::int32_t linesAhead)
+    : columns_(columns),
+      texture_(texture),
+      coverage_(coverage),
+      hides_(hides),
+      linesAhead_(linesAhead) {
     if (hides_) {
         for (std::int32_t line = 0; line < kMostLines; ++line) {
             columns_.Clear(columns_.AllBlocks(), LineAt(line));
@@ -128,7 +145,8 @@ void ScaledLines::Write(std::int32_t line, std::int32_t texel) {
         hides_ ? columns_.VisibleBlocks(coverage_.LineBits(texel)) : columns_.AllBlocks();
     // The last block shares texels with the one before it, so all clearing comes first.
     columns_.Clear(visible & ~blocks, LineAt(line));
-    columns_.Write(texture_.Line(texel), blocks, LineAt(line));
+    const std::int32_t ahead = std::clamp(texel + linesAhead_, 0, texture_.height - 1);
+    columns_.Write(texture_.Line(texel), texture_.Line(ahead), blocks, LineAt(line));
     visible = blocks;
 }
 

@@ -60,7 +60,7 @@ class ScaledColumns {
 public:
     // The pixels from `begin` to `end` (outside), kMostRun at most, of the run.
     ScaledColumns(const ScaledRun& run, std::int32_t begin, std::int32_t end, const Texels& texture,
-                  bool clamped);
+                  bool clamped, RowPath path = BestRowPath());
 
     [[nodiscard]] std::int32_t Width() const { return width_; }
 
@@ -70,8 +70,10 @@ public:
     [[nodiscard]] std::uint64_t AllBlocks() const { return all_; }
     [[nodiscard]] std::uint64_t VisibleBlocks(const std::uint8_t* bits) const;
 
-    // Writes the texels of these blocks. The line is the texture's, from its column 0.
-    void Write(const std::uint32_t* line, std::uint64_t blocks, std::uint32_t* texels) const;
+    // Writes the texels of these blocks. The line is the texture's, from its column 0; `ahead` is
+    // one that will be drawn soon.
+    void Write(const std::uint32_t* line, const std::uint32_t* ahead, std::uint64_t blocks,
+               std::uint32_t* texels) const;
     // Writes transparent ones.
     void Clear(std::uint64_t blocks, std::uint32_t* texels) const;
 
@@ -85,16 +87,20 @@ private:
         std::uint64_t mask = 0;  // 0: too far apart to tell
     };
 
-    void FindCoverageBits(std::size_t block);
-    [[nodiscard]] std::int32_t BeginOf(std::size_t block) const;
+    void Prepare(std::size_t block, std::int32_t textureWidth);
 
     std::int32_t width_;
     std::size_t count_;  // of blocks
     std::uint64_t all_;
+    std::uint64_t near_ = 0;  // blocks whose texels lie near to each other: they can be picked
+    RowPath path_;
 
     // NOLINTBEGIN(*-member-init): written as needed
     std::array<std::int32_t, kMostRun> columns_;
     std::array<CoverageBits, kMostBlocks> bits_;
+    std::array<std::int32_t, kMostBlocks> begins_;  // where blocks begin in the stretch
+    std::array<std::int32_t, kMostBlocks> bases_;   // and near which texel, as far as they are near
+    std::array<std::int32_t, kMostRun> places_;     // each pixel's from there
     // NOLINTEND(*-member-init)
 };
 
@@ -104,9 +110,10 @@ public:
     static constexpr std::int32_t kMostLines = 8;
 
     // They outlive it. With `hides`, texels of alpha 0 are not seen, and blocks of them are left
-    // out.
+    // out. The texture's line that is so many lines further, or back, is drawn soon after another
+    // one.
     ScaledLines(const ScaledColumns& columns, const Texels& texture, const Coverage& coverage,
-                bool hides);
+                bool hides, std::int32_t linesAhead);
 
     // Makes one of the lines that of the texture's line `texel`.
     void Write(std::int32_t line, std::int32_t texel);
@@ -123,6 +130,7 @@ private:
     const Texels& texture_;
     const Coverage& coverage_;
     bool hides_;
+    std::int32_t linesAhead_;
     std::array<std::uint64_t, kMostLines> visible_{};  // blocks that are not transparent
     std::array<std::uint32_t, std::size_t{kMostLines} * kMostRun> texels_;  // NOLINT(*-member-init)
 };

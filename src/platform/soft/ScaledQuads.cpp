@@ -34,6 +34,14 @@ std::optional<ScaledRun> AsScaledRun(float begin, float end, float from, float t
                      static_cast<std::int32_t>(std::abs(stop - start)), mirrored};
 }
 
+// How many texel lines further the fetching is, as rows::kLinesAhead has it of lines that are
+// drawn.
+std::int32_t LinesAhead(const ScaledRun& lines) {
+    constexpr std::int64_t kDrawnLines = 6;
+    const auto ahead = static_cast<std::int32_t>(kDrawnLines * lines.texels / lines.Length() + 1);
+    return lines.mirrored ? -ahead : ahead;
+}
+
 // Draws the lines of a stretch of columns.
 class Stretch {
 public:
@@ -121,7 +129,7 @@ bool DrawScaledQuad(const Target& target, const PixelStates& states, const Texel
     for (std::int32_t x = left; x < right; x += kMostRun) {
         const ScaledColumns columns(quad->columns, x, std::min(x + kMostRun, right), texture,
                                     states.sampling.clampColumns);
-        ScaledLines lines(columns, texture, coverage, hides);
+        ScaledLines lines(columns, texture, coverage, hides, LinesAhead(quad->lines));
         const Stretch stretch(target, drawing, lines, x);
         if (quad->lines.texels <= quad->lines.Length() / 2) {
             stretch.DrawRepeated(steps, axis, top, bottom);
