@@ -45,7 +45,8 @@ RowDrawing::RowDrawing(const PixelStates& states, std::uint32_t tint, Coverage::
     : states_(states),
       tint_(tint),
       operation_(OperationFor(states, tint, kind)),
-      even_(EvenBlendFor(states, tint, kind)) {}
+      even_(EvenBlendFor(states, tint, kind)),
+      byAlpha_(AlphaBlendOf(states, tint)) {}
 
 RowDrawing::Operation RowDrawing::OperationFor(const PixelStates& states, std::uint32_t tint,
                                                Coverage::Kind kind) {
@@ -63,10 +64,15 @@ void RowDrawing::Draw(const TexelRows& rows) const {
     switch (operation_) {
         case Operation::Copy: CopyRows(rows); break;
         case Operation::Mask: MaskRows(rows); break;
-        default:
-            if (!even_ || !BlendEvenly(rows, *even_)) {
-                BlendRows(rows, states_, tint_);
-            }
+        default: Blend(rows);
+    }
+}
+
+void RowDrawing::Blend(const TexelRows& rows) const {
+    const bool drawn =
+        even_ ? BlendEvenly(rows, *even_) : byAlpha_ && BlendByAlpha(rows, *byAlpha_);
+    if (!drawn) {
+        BlendRows(rows, states_, tint_);
     }
 }
 

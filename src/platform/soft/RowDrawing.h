@@ -24,7 +24,7 @@ public:
 
     // Whether texels of alpha 0 leave their pixels alone, so that their colours do not matter.
     [[nodiscard]] bool LeavesHiddenOut() const {
-        return operation_ == Operation::Mask || even_.has_value();
+        return operation_ == Operation::Mask || even_.has_value() || byAlpha_.has_value();
     }
 
 private:
@@ -33,10 +33,13 @@ private:
     [[nodiscard]] static Operation OperationFor(const PixelStates& states, std::uint32_t tint,
                                                 Coverage::Kind kind);
 
+    void Blend(const TexelRows& rows) const;
+
     const PixelStates& states_;
     std::uint32_t tint_;
     Operation operation_;
     std::optional<EvenBlend> even_;
+    std::optional<AlphaBlend> byAlpha_;
 };
 
 }  // namespace scenara::soft

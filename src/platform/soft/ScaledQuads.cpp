@@ -123,7 +123,7 @@ bool DrawScaledQuad(const Target& target, const PixelStates& states, const Texel
     }
     const RowDrawing drawing(states, TintOf(quad->color, states.alphaOperation),
                              coverage.WhatKind());
-    const bool hides = coverage.WhatKind() == Coverage::Kind::Masked && drawing.LeavesHiddenOut();
+    const bool hides = coverage.HasBits() && drawing.LeavesHiddenOut();
     const ScaledSteps steps(quad->lines, top);
     const TexelAxis axis(texture.height, quad->lines.mirrored, states.sampling.clampLines);
     for (std::int32_t x = left; x < right; x += kMostRun) {
