@@ -170,6 +170,7 @@ TEST(ScaledQuads, DrawWhatTheGeneralPathDraws) {
     std::mt19937 random(12);
     RandomQuad any(random);
     const int rounds = test::Rounds(1500);
+    int leftToOthers = 0;
     for (int round = 0; round < rounds; ++round) {
         const PlainTexture texture = any.Texture();
         const Texels texels = texture.Pixels();
@@ -189,8 +190,13 @@ TEST(ScaledQuads, DrawWhatTheGeneralPathDraws) {
             PixelStates states = any.States();
             states.sampling.clampColumns = any.Between(0, 1) == 0;
             states.sampling.clampLines = any.Between(0, 1) == 0;
+            states.sampling.linear = any.Between(0, 1) == 0;
             const Target part = any.Clipped(fast.Pixels());
-            ASSERT_TRUE(DrawScaledQuad(part, states, texels, coverage, corners));
+            if (!DrawScaledQuad(part, states, texels, coverage, corners)) {
+                ASSERT_TRUE(states.sampling.linear && states.blending);
+                ++leftToOthers;
+                continue;
+            }
             Target same = part;
             same.pixels = general.Pixels().pixels;
             DrawStrip(same, states, &texels, corners);
@@ -202,6 +208,7 @@ TEST(ScaledQuads, DrawWhatTheGeneralPathDraws) {
                 << (blit.flipped ? " flipped, " : ", ") << std::hex << blit.color;
         }
     }
+    EXPECT_LT(leftToOthers, rounds);
 }
 
 }  // namespace

@@ -6,28 +6,20 @@
 
 #include <cstdint>
 
-#include <immintrin.h>
-
+#include "platform/soft/Avx2Pixels.h"
 #include "platform/soft/CopyRowsLoops.h"
-
-// The functions here are compiled for AVX2 one by one, so that nothing else of the program is.
-#define AVX2 [[gnu::target("avx2,bmi")]]
 
 namespace scenara::soft {
 namespace {
 
 using rows::BlendLines;
-
-AVX2 inline __m256i Load(const void* words) {
-    return _mm256_loadu_si256(static_cast<const __m256i_u*>(words));
-}
+using rows::Channels;
+using rows::Load;
+using rows::Store;
+using rows::Words;
 
 AVX2 inline __m256i LoadMirrored(const void* words) {
     return _mm256_permutevar8x32_epi32(Load(words), _mm256_setr_epi32(7, 6, 5, 4, 3, 2, 1, 0));
-}
-
-AVX2 inline __m256i Words(std::uint32_t value) {
-    return _mm256_set1_epi16(static_cast<std::int16_t>(value));
 }
 
 // Each lane / 255, to the nearest, for lanes up to 255 x 255: / 256, times 1 + 1 / 256.
@@ -52,8 +44,7 @@ struct Avx2Blocks {
                                   const std::int32_t* lanes, std::uint32_t amount) {
         const __m256i over = kMirrored ? _mm256_and_si256(LoadMirrored(texels), LoadMirrored(lanes))
                                        : _mm256_and_si256(Load(texels), Load(lanes));
-        const __m256i mixed = Mix::Mixed(over, Load(pixels), amount);
-        _mm256_storeu_si256(reinterpret_cast<__m256i_u*>(pixels), mixed);
+        Store(pixels, Mix::Mixed(over, Load(pixels), amount));
     }
 };
 
@@ -86,15 +77,6 @@ void BlendAs(const TexelRows& rows, std::uint32_t alpha) {
     alpha == 255 ? BlendBlocks<EvenMix<kKind, false>>(rows, alpha)
                  : BlendBlocks<EvenMix<kKind, true>>(rows, alpha);
 }
-
-// The channels of each pixel in 16-bit lanes: blue and red, green and alpha.
-struct Channels {
-    AVX2 explicit Channels(__m256i colors)
-        : low(_mm256_and_si256(colors, Words(0xFF))), high(_mm256_srli_epi16(colors, 8)) {}
-
-    __m256i low;
-    __m256i high;
-};
 
 AVX2 inline __m256i Tinted(__m256i colors, std::uint32_t tint) {
     const Channels texels(colors);

@@ -5,6 +5,7 @@
 #include <bit>
 #include <cmath>
 #include <cstring>
+#include <span>
 
 #include "platform/soft/RowPaths.h"
 
@@ -33,34 +34,51 @@ void ForEachBlock(std::uint64_t blocks, Use use) {
 
 }  // namespace
 
-ScaledSteps::ScaledSteps(const ScaledRun& run, std::int32_t pixel) {
+ScaledSteps::ScaledSteps(const ScaledRun& run, std::int32_t pixel, Of what) {
+    const bool inParts = what == Of::Parts;
     if (run.texels == 0) {
-        number_ = static_cast<std::int64_t>(std::floor(NearestTexel(run.start)));
+        const double place = inParts ? MeanParts(run.start) : NearestTexel(run.start);
+        number_ = static_cast<std::int64_t>(std::floor(place));
         return;
     }
-    // floor((2 c + 1) n / (2 w)) from the run's start on.
+    // From the run's start on: floor((2 c + 1) n / (2 w)), or with n in parts floor((2 c + 1) n /
+    // (2 w) + 1/2) - 128.
+    const std::int64_t unit = inParts ? kTexelParts : 1;
+    const std::int64_t twice = 2 * unit * run.texels;
     whole_ = std::int64_t{2} * run.Length();
-    step_ = std::int64_t{2} * run.texels / whole_;
-    stepRest_ = std::int64_t{2} * run.texels % whole_;
+    step_ = twice / whole_;
+    stepRest_ = twice % whole_;
     const std::int64_t first =
-        (std::int64_t{2} * (pixel - run.begin) + 1) * std::int64_t{run.texels};
-    number_ = static_cast<std::int64_t>(run.start) + first / whole_;
+        (std::int64_t{2} * (pixel - run.begin) + 1) * (twice / 2) + (inParts ? run.Length() : 0);
+    number_ = unit * static_cast<std::int64_t>(run.start) + first / whole_ -
+              (inParts ? kTexelParts / 2 : 0);
     rest_ = first % whole_;
 }
 
 ScaledColumns::ScaledColumns(const ScaledRun& run, std::int32_t begin, std::int32_t end,
-                             const Texels& texture, bool clamped, RowPath path)
+                             const Texels& texture, const Sampling& sampling, RowPath path)
     : width_(end - begin),
       count_((static_cast<std::size_t>(width_) + kBlock - 1) / kBlock),
       all_((std::uint64_t{1} << count_) - 1),
       path_(std::min(path, BestRowPath())) {
-    ScaledSteps steps(run, begin);
-    TexelAxis axis(texture.width, run.mirrored, clamped);
-    for (std::size_t x = 0; x < static_cast<std::size_t>(width_); ++x) {
-        columns_[x] = axis.TexelAt(steps.Next());
-    }
+    using Of = ScaledSteps::Of;
+    FindTexels(ScaledSteps(run, begin, sampling.linear ? Of::Parts : Of::Texels),
+               TexelAxis(texture.width, run.mirrored, sampling.clampColumns), sampling.linear);
     for (std::size_t block = 0; block < count_; ++block) {
         Prepare(block, texture.width);
+    }
+}
+
+void ScaledColumns::FindTexels(ScaledSteps steps, TexelAxis axis, bool linear) {
+    for (std::size_t x = 0; x < static_cast<std::size_t>(width_); ++x) {
+        if (linear) {
+            const TwoTexels two(axis, steps.Next());
+            columns_[x] = two.first;
+            seconds_[x] = two.second;
+            parts_[x] = two.parts << 16U | two.parts;
+        } else {
+            columns_[x] = seconds_[x] = axis.TexelAt(steps.Next());
+        }
     }
 }
 
@@ -68,34 +86,43 @@ void ScaledColumns::Prepare(std::size_t block, std::int32_t textureWidth) {
     const std::int32_t begin =
         std::max(0, std::min(static_cast<std::int32_t>(block * kBlock), width_ - kBlockTexels));
     begins_[block] = begin;
-    const std::int32_t* const columns = columns_.data() + begin;
     const std::int32_t count = std::min(width_, kBlockTexels);
-    const auto [least, most] = std::minmax_element(columns, columns + count);
+    const auto texels = [&](const std::array<std::int32_t, kMostRun>& columns) {
+        return std::span(columns).subspan(static_cast<std::size_t>(begin),
+                                          static_cast<std::size_t>(count));
+    };
+    const auto [leastFirst, mostFirst] = std::ranges::minmax(texels(columns_));
+    const auto [leastSecond, mostSecond] = std::ranges::minmax(texels(seconds_));
+    const std::int32_t least = std::min(leastFirst, leastSecond);
+    const std::int32_t most = std::max(mostFirst, mostSecond);
 
-    const std::int32_t first = *least / kBlockTexels;
-    const std::int32_t bitCount = *most / kBlockTexels - first + 1;
+    const std::int32_t first = least / kBlockTexels;
+    const std::int32_t bitCount = most / kBlockTexels - first + 1;
     constexpr std::int32_t kMostInWord = 64 - 7;
     CoverageBits& bits = bits_[block];
     bits.byte = first / 8;
     bits.shift = static_cast<std::uint32_t>(first % 8);
     bits.mask = bitCount <= kMostInWord ? (std::uint64_t{1} << bitCount) - 1 : 0;
 
-    const std::int32_t base = std::min(*least, textureWidth - 2 * kBlockTexels);
-    if (count == kBlockTexels && base >= 0 && *most - base < 2 * kBlockTexels) {
+    const std::int32_t base = std::min(least, textureWidth - 2 * kBlockTexels);
+    if (count == kBlockTexels && base >= 0 && most - base < 2 * kBlockTexels) {
         near_ |= std::uint64_t{1} << block;
         bases_[block] = base;
         for (std::size_t x = 0; x < kBlock; ++x) {
-            places_[block * kBlock + x] = columns[x] - base;
+            places_[block * kBlock + x] = texels(columns_)[x] - base;
+            secondPlaces_[block * kBlock + x] = texels(seconds_)[x] - base;
+            blockParts_[block * kBlock + x] = parts_[static_cast<std::size_t>(begin) + x];
         }
     }
 }
 
-std::uint64_t ScaledColumns::VisibleBlocks(const std::uint8_t* bits) const {
+std::uint64_t ScaledColumns::VisibleBlocks(const std::uint8_t* bits,
+                                           const std::uint8_t* others) const {
     std::uint64_t visible = 0;
     for (std::size_t block = 0; block < count_; ++block) {
         const auto& [byte, shift, mask] = bits_[block];
-        const bool seen = mask == 0 || (CoverageWord(bits + byte) >> shift & mask) != 0;
-        visible |= std::uint64_t{seen} << block;
+        const std::uint64_t both = CoverageWord(bits + byte) | CoverageWord(others + byte);
+        visible |= std::uint64_t{mask == 0 || (both >> shift & mask) != 0} << block;
     }
     return visible;
 }
@@ -104,9 +131,8 @@ void ScaledColumns::Write(const std::uint32_t* line, [[maybe_unused]] const std:
                           std::uint64_t blocks, std::uint32_t* texels) const {
 #if SCENARA_ROWS_X86
     if (path_ >= RowPath::Avx2) {
-        const rows::PickedBlocks picked{bases_.data(), places_.data(), begins_.data()};
         const auto pick = path_ == RowPath::Avx512 ? rows::PickAvx512 : rows::PickAvx2;
-        pick(picked, blocks & near_, line, ahead, texels);
+        pick(Picked(), blocks & near_, line, ahead, texels);
         blocks &= ~near_;
     }
 #endif
@@ -119,6 +145,27 @@ void ScaledColumns::Write(const std::uint32_t* line, [[maybe_unused]] const std:
     });
 }
 
+void ScaledColumns::Write(const rows::MeanLines& lines, std::uint64_t blocks,
+                          std::uint32_t* texels) const {
+#if SCENARA_ROWS_X86
+    if (path_ >= RowPath::Avx2) {
+        const auto write = path_ == RowPath::Avx512 ? rows::MeanAvx512 : rows::MeanAvx2;
+        write({Picked(), secondPlaces_.data(), blockParts_.data()}, blocks & near_, lines, texels);
+        blocks &= ~near_;
+    }
+#endif
+    const std::size_t count = std::min(static_cast<std::size_t>(width_), kBlock);
+    ForEachBlock(blocks, [&](std::size_t block) {
+        const auto begin = static_cast<std::size_t>(begins_[block]);
+        for (std::size_t x = begin; x < begin + count; ++x) {
+            texels[x] = MeanOf({lines.above[columns_[x]], lines.above[seconds_[x]],
+                                lines.below[columns_[x]], lines.below[seconds_[x]]},
+                               parts_[x] & 0xFFU, lines.partsBelow,
+                               lines.alphas != rows::MeanAlphas::Unused);
+        }
+    });
+}
+
 void ScaledColumns::Clear(std::uint64_t blocks, std::uint32_t* texels) const {
     ForEachBlock(blocks, [&](std::size_t block) {
         std::fill_n(texels + begins_[block], std::min(width_, kBlockTexels), 0U);
@@ -126,12 +173,8 @@ void ScaledColumns::Clear(std::uint64_t blocks, std::uint32_t* texels) const {
 }
 
 ScaledLines::ScaledLines(const ScaledColumns& columns, const Texels& texture,
-                         const Coverage& coverage, bool hides, std::int32_t linesAhead)
-    : columns_(columns),
-      texture_(texture),
-      coverage_(coverage),
-      hides_(hides),
-      linesAhead_(linesAhead) {
+                         const Coverage& coverage, bool hides)
+    : columns_(columns), texture_(texture), coverage_(coverage), hides_(hides) {
     if (hides_) {
         for (std::int32_t line = 0; line < kMostLines; ++line) {
             columns_.Clear(columns_.AllBlocks(), LineAt(line));
@@ -139,15 +182,31 @@ ScaledLines::ScaledLines(const ScaledColumns& columns, const Texels& texture,
     }
 }
 
-void ScaledLines::Write(std::int32_t line, std::int32_t texel) {
-    std::uint64_t& visible = visible_[static_cast<std::size_t>(line)];
-    const std::uint64_t blocks =
-        hides_ ? columns_.VisibleBlocks(coverage_.LineBits(texel)) : columns_.AllBlocks();
-    // The last block shares texels with the one before it, so all clearing comes first.
-    columns_.Clear(visible & ~blocks, LineAt(line));
-    const std::int32_t ahead = std::clamp(texel + linesAhead_, 0, texture_.height - 1);
-    columns_.Write(texture_.Line(texel), texture_.Line(ahead), blocks, LineAt(line));
-    visible = blocks;
+void ScaledLines::Write(std::int32_t line, std::int32_t texel, std::int32_t ahead) {
+    const std::uint64_t visible = VisibleBlocks(texel, texel);
+    Hide(line, visible);
+    columns_.Write(texture_.Line(texel), texture_.Line(ahead), visible, LineAt(line));
+}
+
+void ScaledLines::Write(std::int32_t line, const TwoTexels& texels, const TwoTexels& ahead,
+                        rows::MeanAlphas alphas) {
+    const std::uint64_t visible = VisibleBlocks(texels.first, texels.second);
+    Hide(line, visible);
+    columns_.Write({texture_.Line(texels.first), texture_.Line(texels.second), texels.parts, alphas,
+                    texture_.Line(ahead.first), texture_.Line(ahead.second)},
+                   visible, LineAt(line));
+}
+
+std::uint64_t ScaledLines::VisibleBlocks(std::int32_t texelLine, std::int32_t other) const {
+    return hides_ ? columns_.VisibleBlocks(coverage_.LineBits(texelLine), coverage_.LineBits(other))
+                  : columns_.AllBlocks();
+}
+
+// The last block shares texels with the one before it, so that this comes before any writing.
+void ScaledLines::Hide(std::int32_t line, std::uint64_t visible) {
+    std::uint64_t& written = visible_[static_cast<std::size_t>(line)];
+    columns_.Clear(written & ~visible, LineAt(line));
+    written = visible;
 }
 
 TexelRows ScaledLines::Rows(std::int32_t count, bool repeated) const {

@@ -13,6 +13,7 @@
 
 #include "platform/soft/CopyRows.h"
 #include "platform/soft/Coverage.h"
+#include "platform/soft/RowPaths.h"
 #include "platform/soft/Sampling.h"
 #include "platform/soft/Texels.h"
 
@@ -32,11 +33,14 @@ struct ScaledRun {
     bool operator==(const ScaledRun&) const = default;
 };
 
-// The numbers of the texels that a run's pixels show, one after the other, in whole numbers.
+// What a run's pixels show, one after the other, in whole numbers: the number of a texel, or the
+// parts that the first of two texels of a mean lies from the axis' origin.
 class ScaledSteps {
 public:
+    enum class Of { Texels, Parts };
+
     // From this pixel of the run on.
-    ScaledSteps(const ScaledRun& run, std::int32_t pixel);
+    ScaledSteps(const ScaledRun& run, std::int32_t pixel, Of what);
 
     [[nodiscard]] std::int64_t Next() {
         const std::int64_t number = number_;
@@ -55,25 +59,41 @@ private:
     std::int64_t stepRest_ = 0;
 };
 
+// Two neighbours along an axis of a texture, and how many of 256 parts the second has in the mean.
+struct TwoTexels {
+    std::int32_t first = 0;
+    std::int32_t second = 0;
+    std::uint32_t parts = 0;
+
+    // `place` in parts, as ScaledSteps counts them.
+    TwoTexels(TexelAxis& axis, std::int64_t place)
+        : first(axis.TexelAt(place >> 8)),
+          second(axis.TexelAt((place >> 8) + 1)),
+          parts(static_cast<std::uint32_t>(place & 255)) {}
+};
+
 // The columns of a texture that a stretch of a line shows.
 class ScaledColumns {
 public:
     // The pixels from `begin` to `end` (outside), kMostRun at most, of the run.
     ScaledColumns(const ScaledRun& run, std::int32_t begin, std::int32_t end, const Texels& texture,
-                  bool clamped, RowPath path = BestRowPath());
+                  const Sampling& sampling, RowPath path = BestRowPath());
 
     [[nodiscard]] std::int32_t Width() const { return width_; }
 
     // A bit for each block of the stretch, the lowest for the first; the last block ends where the
-    // stretch does. All: all of them. Of a line with these bits of coverage: those in which
-    // something may be seen.
+    // stretch does. All: all of them. Of the mean of two lines with these bits of coverage, which
+    // may be one: those in which something may be seen.
     [[nodiscard]] std::uint64_t AllBlocks() const { return all_; }
-    [[nodiscard]] std::uint64_t VisibleBlocks(const std::uint8_t* bits) const;
+    [[nodiscard]] std::uint64_t VisibleBlocks(const std::uint8_t* bits,
+                                              const std::uint8_t* others) const;
 
-    // Writes the texels of these blocks. The line is the texture's, from its column 0; `ahead` is
-    // one that will be drawn soon.
+    // Writes the nearest texels of these blocks. The line is the texture's, from its column 0;
+    // `ahead` is one that will be drawn soon.
     void Write(const std::uint32_t* line, const std::uint32_t* ahead, std::uint64_t blocks,
                std::uint32_t* texels) const;
+    // The means, where the sampling is linear. The colour of one whose alpha is 0 is any.
+    void Write(const rows::MeanLines& lines, std::uint64_t blocks, std::uint32_t* texels) const;
     // Writes transparent ones.
     void Clear(std::uint64_t blocks, std::uint32_t* texels) const;
 
@@ -87,7 +107,11 @@ private:
         std::uint64_t mask = 0;  // 0: too far apart to tell
     };
 
+    void FindTexels(ScaledSteps steps, TexelAxis axis, bool linear);
     void Prepare(std::size_t block, std::int32_t textureWidth);
+    [[nodiscard]] rows::PickedBlocks Picked() const {
+        return {bases_.data(), places_.data(), begins_.data()};
+    }
 
     std::int32_t width_;
     std::size_t count_;  // of blocks
@@ -97,10 +121,14 @@ private:
 
     // NOLINTBEGIN(*-member-init): written as needed
     std::array<std::int32_t, kMostRun> columns_;
+    std::array<std::int32_t, kMostRun> seconds_;  // of a mean; the same ones where there is none
+    std::array<std::uint32_t, kMostRun> parts_;   // of the second, twice in a word
     std::array<CoverageBits, kMostBlocks> bits_;
     std::array<std::int32_t, kMostBlocks> begins_;  // where blocks begin in the stretch
     std::array<std::int32_t, kMostBlocks> bases_;   // and near which texel, as far as they are near
-    std::array<std::int32_t, kMostRun> places_;     // each pixel's from there
+    std::array<std::int32_t, kMostRun> places_;     // each pixel's from there, block by block
+    std::array<std::int32_t, kMostRun> secondPlaces_;
+    std::array<std::uint32_t, kMostRun> blockParts_;
     // NOLINTEND(*-member-init)
 };
 
@@ -110,18 +138,22 @@ public:
     static constexpr std::int32_t kMostLines = 8;
 
     // They outlive it. With `hides`, texels of alpha 0 are not seen, and blocks of them are left
-    // out. The texture's line that is so many lines further, or back, is drawn soon after another
-    // one.
+    // out.
     ScaledLines(const ScaledColumns& columns, const Texels& texture, const Coverage& coverage,
-                bool hides, std::int32_t linesAhead);
+                bool hides);
 
-    // Makes one of the lines that of the texture's line `texel`.
-    void Write(std::int32_t line, std::int32_t texel);
+    // Makes one of the lines that of the texture's line `texel`, or the mean of two. `ahead` will
+    // be wanted soon.
+    void Write(std::int32_t line, std::int32_t texel, std::int32_t ahead);
+    void Write(std::int32_t line, const TwoTexels& texels, const TwoTexels& ahead,
+               rows::MeanAlphas alphas);
 
     // The first `count` lines, or `count` times the first one, to be given a destination.
     [[nodiscard]] TexelRows Rows(std::int32_t count, bool repeated) const;
 
 private:
+    [[nodiscard]] std::uint64_t VisibleBlocks(std::int32_t texelLine, std::int32_t other) const;
+    void Hide(std::int32_t line, std::uint64_t visible);
     [[nodiscard]] std::uint32_t* LineAt(std::int32_t line) {
         return texels_.data() + std::ptrdiff_t{line} * kMostRun;
     }
@@ -130,7 +162,6 @@ private:
     const Texels& texture_;
     const Coverage& coverage_;
     bool hides_;
-    std::int32_t linesAhead_;
     std::array<std::uint64_t, kMostLines> visible_{};  // blocks that are not transparent
     std::array<std::uint32_t, std::size_t{kMostLines} * kMostRun> texels_;  // NOLINT(*-member-init)
 };

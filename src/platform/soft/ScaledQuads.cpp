@@ -34,12 +34,41 @@ std::optional<ScaledRun> AsScaledRun(float begin, float end, float from, float t
                      static_cast<std::int32_t>(std::abs(stop - start)), mirrored};
 }
 
-// How many texel lines further the fetching is, as rows::kLinesAhead has it of lines that are
-// drawn.
-std::int32_t LinesAhead(const ScaledRun& lines) {
-    constexpr std::int64_t kDrawnLines = 6;
-    const auto ahead = static_cast<std::int32_t>(kDrawnLines * lines.texels / lines.Length() + 1);
-    return lines.mirrored ? -ahead : ahead;
+// The texel lines of a quad's lines, one after the other, and those that come some lines later.
+class TexelLines {
+public:
+    TexelLines(const ScaledRun& lines, std::int32_t first, const Texels& texture,
+               const Sampling& sampling)
+        : steps_(lines, first, What(sampling)),
+          ahead_(lines, first + kLinesAhead, What(sampling)),
+          axis_(texture.height, lines.mirrored, sampling.clampLines) {}
+
+    [[nodiscard]] std::int64_t Next() { return steps_.Next(); }
+    [[nodiscard]] std::int64_t NextAhead() { return ahead_.Next(); }
+    [[nodiscard]] TexelAxis& Axis() { return axis_; }
+
+private:
+    static constexpr std::int32_t kLinesAhead = 6;  // as where lines are drawn as they are
+
+    static ScaledSteps::Of What(const Sampling& sampling) {
+        return sampling.linear ? ScaledSteps::Of::Parts : ScaledSteps::Of::Texels;
+    }
+
+    ScaledSteps steps_;
+    ScaledSteps ahead_;
+    TexelAxis axis_;
+};
+
+// What the texture of `kind` is after means of its texels were taken.
+Coverage::Kind KindOfMeans(Coverage::Kind kind) {
+    return kind == Coverage::Kind::Masked ? Coverage::Kind::Translucent : kind;
+}
+
+rows::MeanAlphas AlphasOf(const PixelStates& states, Coverage::Kind kind) {
+    if (!states.blending || kind == Coverage::Kind::Opaque) {
+        return rows::MeanAlphas::Unused;
+    }
+    return kind == Coverage::Kind::Masked ? rows::MeanAlphas::Cut : rows::MeanAlphas::Any;
 }
 
 // Draws the lines of a stretch of columns.
@@ -49,34 +78,53 @@ public:
         : target_(target), drawing_(drawing), lines_(lines), left_(left) {}
 
     // Each texel line is seen once or seldom twice: several at a time.
-    void DrawEach(ScaledSteps steps, TexelAxis axis, std::int32_t begin, std::int32_t end) const {
-        for (std::int32_t y = begin; y < end; y += ScaledLines::kMostLines) {
-            const std::int32_t count = std::min(ScaledLines::kMostLines, end - y);
-            for (std::int32_t i = 0; i < count; ++i) {
-                lines_.Write(i, axis.TexelAt(steps.Next()));
-            }
-            Draw(y, count, false);
-        }
+    void DrawEach(TexelLines texels, std::int32_t begin, std::int32_t end) const {
+        TexelAxis& axis = texels.Axis();
+        DrawSome(begin, end, [&](std::int32_t line) {
+            const std::int32_t texel = axis.TexelAt(texels.Next());
+            lines_.Write(line, texel, axis.TexelAt(texels.NextAhead()));
+        });
+    }
+
+    // The same by the means of two lines.
+    void DrawMeans(TexelLines texels, std::int32_t begin, std::int32_t end,
+                   rows::MeanAlphas alphas) const {
+        TexelAxis& axis = texels.Axis();
+        DrawSome(begin, end, [&](std::int32_t line) {
+            const TwoTexels two(axis, texels.Next());
+            lines_.Write(line, two, TwoTexels(axis, texels.NextAhead()), alphas);
+        });
     }
 
     // Each is seen several times: written once.
-    void DrawRepeated(ScaledSteps steps, TexelAxis axis, std::int32_t begin,
-                      std::int32_t end) const {
-        std::int64_t next = steps.Next();
+    void DrawRepeated(TexelLines texels, std::int32_t begin, std::int32_t end) const {
+        std::int64_t next = texels.Next();
         for (std::int32_t y = begin; y < end;) {
             const std::int64_t number = next;
             std::int32_t count = 0;
             while (next == number && y + count < end) {
                 ++count;
-                next = steps.Next();
+                next = texels.Next();
             }
-            lines_.Write(0, axis.TexelAt(number));
+            const std::int32_t texel = texels.Axis().TexelAt(number);
+            lines_.Write(0, texel, texel);
             Draw(y, count, true);
             y += count;
         }
     }
 
 private:
+    template <typename Write>
+    void DrawSome(std::int32_t begin, std::int32_t end, Write write) const {
+        for (std::int32_t y = begin; y < end; y += ScaledLines::kMostLines) {
+            const std::int32_t count = std::min(ScaledLines::kMostLines, end - y);
+            for (std::int32_t line = 0; line < count; ++line) {
+                write(line);
+            }
+            Draw(y, count, false);
+        }
+    }
+
     void Draw(std::int32_t y, std::int32_t count, bool repeated) const {
         TexelRows rows = lines_.Rows(count, repeated);
         rows.destination = target_.PixelAt(left_, y);
@@ -111,8 +159,15 @@ std::optional<ScaledQuad> AsScaledQuad(std::span<const Vertex> corners, const Te
 bool DrawScaledQuad(const Target& target, const PixelStates& states, const Texels& texture,
                     const Coverage& coverage, std::span<const Vertex> corners) {
     const std::optional<ScaledQuad> quad = AsScaledQuad(corners, texture);
-    if (!quad || states.sampling.linear) {
+    if (!quad) {
         return false;
+    }
+    const bool linear = states.sampling.linear;
+    const std::uint32_t tint = TintOf(quad->color, states.alphaOperation);
+    const Coverage::Kind kind = coverage.WhatKind();
+    const RowDrawing drawing(states, tint, linear ? KindOfMeans(kind) : kind);
+    if (linear && states.blending && !drawing.LeavesHiddenOut() && kind != Coverage::Kind::Opaque) {
+        return false;  // the colours of what has no alpha show
     }
     const std::int32_t left = std::max(quad->columns.begin, target.left);
     const std::int32_t right = std::min(quad->columns.end, target.right);
@@ -121,20 +176,19 @@ bool DrawScaledQuad(const Target& target, const PixelStates& states, const Texel
     if (top >= bottom) {
         return true;
     }
-    const RowDrawing drawing(states, TintOf(quad->color, states.alphaOperation),
-                             coverage.WhatKind());
     const bool hides = coverage.HasBits() && drawing.LeavesHiddenOut();
-    const ScaledSteps steps(quad->lines, top);
-    const TexelAxis axis(texture.height, quad->lines.mirrored, states.sampling.clampLines);
+    const TexelLines texels(quad->lines, top, texture, states.sampling);
     for (std::int32_t x = left; x < right; x += kMostRun) {
         const ScaledColumns columns(quad->columns, x, std::min(x + kMostRun, right), texture,
-                                    states.sampling.clampColumns);
-        ScaledLines lines(columns, texture, coverage, hides, LinesAhead(quad->lines));
+                                    states.sampling);
+        ScaledLines lines(columns, texture, coverage, hides);
         const Stretch stretch(target, drawing, lines, x);
-        if (quad->lines.texels <= quad->lines.Length() / 2) {
-            stretch.DrawRepeated(steps, axis, top, bottom);
+        if (linear) {
+            stretch.DrawMeans(texels, top, bottom, AlphasOf(states, kind));
+        } else if (quad->lines.texels <= quad->lines.Length() / 2) {
+            stretch.DrawRepeated(texels, top, bottom);
         } else {
-            stretch.DrawEach(steps, axis, top, bottom);
+            stretch.DrawEach(texels, top, bottom);
         }
     }
     return true;
