@@ -5,19 +5,21 @@
 #include <cstddef>
 #include <limits>
 #include <string>
+#include <thread>
 #include <typeinfo>
 #include <utility>
 
 #include "base/RunTimeError.h"
-#include "platform/soft/ScaledQuads.h"
-#include "platform/soft/Triangles.h"
-#include "platform/soft/WholeQuads.h"
+#include "platform/soft/Strips.h"
 
 namespace scenara {
 namespace {
 
 constexpr std::int32_t kLargestSide = std::numeric_limits<std::int16_t>::max();
 constexpr std::uint32_t kOpaqueBlack = 0xFF000000;
+
+// The pixels of a back buffer from which on threads pay.
+constexpr std::int64_t kLeastForThreads = 640 * 400;
 
 bool IsBlendFactor(std::uint32_t value) {
     return value == D3DBLEND_ZERO || value == D3DBLEND_ONE || value == D3DBLEND_SRCALPHA ||
@@ -75,9 +77,14 @@ HRESULT CheckPresentParameters(const D3DPRESENT_PARAMETERS& parameters) {
 }
 
 SoftDevice::SoftDevice(std::shared_ptr<TextureMemory> memory, PictureSink* sink,
-                       const D3DPRESENT_PARAMETERS& parameters)
-    : memory_(std::move(memory)), sink_(sink) {
+                       const D3DPRESENT_PARAMETERS& parameters, std::int32_t threads)
+    : memory_(std::move(memory)), sink_(sink), threads_(threads) {
     MakeBackBuffer(parameters);
+}
+
+std::int32_t SoftDevice::ThreadsForDrawing() {
+    const unsigned processors = std::thread::hardware_concurrency();  // 0: not known
+    return static_cast<std::int32_t>(std::clamp(processors, 1U, unsigned{kMostThreads}));
 }
 
 // Black.
@@ -97,6 +104,14 @@ void SoftDevice::MakeBackBuffer(const D3DPRESENT_PARAMETERS& parameters) {
         target_.pixels = pixels;
     }
     target_ = {target_.pixels, width, height};
+    const bool large = std::int64_t{width} * height >= kLeastForThreads;
+    if (!large || threads_ < 2) {
+        list_.reset();
+    } else if (list_ == nullptr) {
+        list_ = std::make_unique<soft::DrawList>(threads_);
+    } else {
+        list_->Forget();
+    }
     std::ranges::fill(target_.pixels, kOpaqueBlack);
 }
 
@@ -182,6 +197,7 @@ HRESULT SoftDevice::EndScene() {
     if (IsLost()) {
         return D3DERR_DEVICELOST;
     }
+    DrawWhatWaits();
     return std::exchange(states_.inScene, false) ? D3D_OK : D3DERR_INVALIDCALL;
 }
 
@@ -192,8 +208,10 @@ HRESULT SoftDevice::Clear(std::uint32_t flags, std::uint32_t color) {
     if (flags != D3DCLEAR_TARGET) {
         return D3DERR_INVALIDCALL;
     }
-    for (std::int32_t y = target_.top; y < target_.bottom; ++y) {
-        std::fill(target_.PixelAt(target_.left, y), target_.PixelAt(target_.right, y), color);
+    if (states_.inScene && list_ != nullptr) {
+        list_->NoteClear(target_, color);
+    } else {
+        soft::Fill(target_, color);
     }
     return D3D_OK;
 }
@@ -215,15 +233,10 @@ HRESULT SoftDevice::DrawPrimitiveUP(std::uint32_t primitiveType, std::uint32_t p
 void SoftDevice::DrawStrip(std::span<const Vertex> corners) {
     soft::PixelStates pixels = states_.pixels;
     pixels.sampling.linear = states_.magnifiesLinear && states_.minifiesLinear;
-    if (states_.texture == nullptr) {
-        soft::DrawStrip(target_, pixels, nullptr, corners);
-        return;
-    }
-    const soft::Texels texels = states_.texture->Pixels();
-    const soft::Coverage& coverage = states_.texture->PixelCoverage();
-    if (!soft::DrawWholeQuad(target_, pixels, texels, coverage, corners) &&
-        !soft::DrawScaledQuad(target_, pixels, texels, coverage, corners)) {
-        soft::DrawStrip(target_, pixels, &texels, corners);
+    if (list_ != nullptr) {
+        list_->NoteStrip(target_, pixels, states_.texture, corners);
+    } else {
+        soft::DrawFastest(target_, pixels, states_.texture.get(), corners);
     }
 }
 

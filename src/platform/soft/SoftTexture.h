@@ -18,6 +18,10 @@
 
 namespace scenara {
 
+namespace soft {
+class DrawList;
+}
+
 class SoftTexture final : public Direct3DTexture8 {
 public:
     // Sizes are 1 to 32767. Raises RunTimeError "Out of memory".
@@ -26,10 +30,8 @@ public:
 
     [[nodiscard]] std::int32_t Width() const override { return width_; }
     [[nodiscard]] std::int32_t Height() const override { return height_; }
-    LockedPixels LockRect() override {
-        coverage_ = {};
-        return {piece_.words, pitch_};
-    }
+    // What waits to be drawn with the pixels that there are is drawn first.
+    LockedPixels LockRect() override;
     LockedPixels LockRectToRead() override { return {piece_.words, pitch_}; }
     void UnlockRect() override {
         memory_->Shrink(piece_,
@@ -41,12 +43,16 @@ public:
     [[nodiscard]] soft::Texels Pixels() const { return {piece_.words, width_, height_, pitch_}; }
     [[nodiscard]] const soft::Coverage& PixelCoverage() const { return coverage_; }
 
+    // It stands on this list of draws from now on, or on none. What waits on another one is drawn.
+    void AwaitDrawing(soft::DrawList* list);
+
 private:
     std::shared_ptr<TextureMemory> memory_;
     TextureMemory::Piece piece_;
     std::int32_t width_;
     std::int32_t height_;
     std::int32_t pitch_;
+    soft::DrawList* list_ = nullptr;
     soft::Coverage coverage_;  // what PreLoad found; unknown since the last lock otherwise
 };
 

@@ -3,6 +3,7 @@
 // What drawing sees: the pixels of a texture, and those of the back buffer.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -25,6 +26,13 @@ struct Target {
         return pixels.data() + (std::ptrdiff_t{y} * width + x);
     }
 };
+
+// Fills the part that is drawn to with one colour.
+inline void Fill(const Target& target, std::uint32_t color) {
+    for (std::int32_t y = target.top; y < target.bottom; ++y) {
+        std::fill(target.PixelAt(target.left, y), target.PixelAt(target.right, y), color);
+    }
+}
 
 // The longest stretch of a line that is drawn at a time; what is wider is drawn in several.
 inline constexpr std::int32_t kMostRun = 448;
