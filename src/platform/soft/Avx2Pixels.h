@@ -14,7 +14,7 @@
 #define AVX2 [[gnu::target("avx2,bmi")]]
 #define AVX512 [[gnu::target("avx512f,avx512vl,avx2,bmi")]]
 
-namespace scenara::soft::rows {
+namespace scenara::soft::eight {
 
 AVX2 inline __m256i Load(const void* words) {
     return _mm256_loadu_si256(static_cast<const __m256i_u*>(words));
@@ -54,4 +54,4 @@ struct Avx512Picks {
     }
 };
 
-}  // namespace scenara::soft::rows
+}  // namespace scenara::soft::eight

@@ -12,11 +12,11 @@
 namespace scenara::soft {
 namespace {
 
+using eight::Channels;
+using eight::Load;
+using eight::Store;
+using eight::Words;
 using rows::BlendLines;
-using rows::Channels;
-using rows::Load;
-using rows::Store;
-using rows::Words;
 
 AVX2 inline __m256i LoadMirrored(const void* words) {
     return _mm256_permutevar8x32_epi32(Load(words), _mm256_setr_epi32(7, 6, 5, 4, 3, 2, 1, 0));
@@ -87,7 +87,7 @@ AVX2 inline __m256i Tinted(__m256i colors, std::uint32_t tint) {
 }
 
 // Each pixel's alpha in both of its lanes.
-AVX2 inline __m256i Alphas(__m256i colors) {
+AVX2 inline __m256i SpreadAlphas(__m256i colors) {
     const __m256i alphas = _mm256_srli_epi32(colors, 24);
     return _mm256_or_si256(alphas, _mm256_slli_epi32(alphas, 16));
 }
@@ -101,7 +101,7 @@ AVX2 inline __m256i CoveredLanes(__m256i over, __m256i under, __m256i alphas) {
 }
 
 AVX2 inline __m256i Covered(__m256i over, __m256i under) {
-    const __m256i alphas = Alphas(over);
+    const __m256i alphas = SpreadAlphas(over);
     const Channels texels(over);
     const Channels pixels(under);
     const __m256i high = CoveredLanes(texels.high, pixels.high, alphas);
@@ -116,9 +116,9 @@ struct AlphaMix {
             over = Tinted(over, tint);
         }
         if constexpr (kKind == AlphaBlend::Kind::Add) {
-            return _mm256_adds_epu8(under, Scaled(over, Alphas(over)));
+            return _mm256_adds_epu8(under, Scaled(over, SpreadAlphas(over)));
         } else if constexpr (kKind == AlphaBlend::Kind::TakeAway) {
-            return _mm256_subs_epu8(under, Scaled(over, Alphas(over)));
+            return _mm256_subs_epu8(under, Scaled(over, SpreadAlphas(over)));
         }
         // Most blocks are within a picture or beside it.
         const __m256i visible = _mm256_srai_epi32(over, 31);

@@ -9,8 +9,12 @@
 #include "platform/soft/Avx2Pixels.h"
 #include "platform/soft/Coverage.h"
 
-namespace scenara::soft::rows {
+namespace scenara::soft::eight {
 namespace {
+
+using rows::MeanAlphas;
+using rows::MeanBlocks;
+using rows::MeanLines;
 
 // The texels at left top, right top, left bottom and right bottom of eight pixels.
 struct Corners {
@@ -234,10 +238,11 @@ AVX2 inline void StoreMean(const Corners& corners, __m256i parts, const MeanLine
     }
 }
 
+// Takes all by value, for of a copy of their own compilers know that no texel is stored in it.
 template <typename Picks>
 struct Means {
-    [[gnu::always_inline]] static inline void Write(const MeanBlocks& means, std::uint64_t blocks,
-                                                    const MeanLines& lines, std::uint32_t* texels) {
+    [[gnu::always_inline]] static inline void Write(const MeanBlocks means, std::uint64_t blocks,
+                                                    const MeanLines lines, std::uint32_t* texels) {
         while (blocks != 0) {
             const auto block = static_cast<std::ptrdiff_t>(__builtin_ctzll(blocks));
             blocks &= blocks - 1;
@@ -277,15 +282,18 @@ struct Avx512Means : Means<Avx512Means> {
 };
 
 }  // namespace
+}  // namespace scenara::soft::eight
+
+namespace scenara::soft::rows {
 
 AVX2 void MeanAvx2(const MeanBlocks& means, std::uint64_t blocks, const MeanLines& lines,
                    std::uint32_t* texels) {
-    Avx2Means::Write(means, blocks, lines, texels);
+    eight::Avx2Means::Write(means, blocks, lines, texels);
 }
 
 AVX512 void MeanAvx512(const MeanBlocks& means, std::uint64_t blocks, const MeanLines& lines,
                        std::uint32_t* texels) {
-    Avx512Means::Write(means, blocks, lines, texels);
+    eight::Avx512Means::Write(means, blocks, lines, texels);
 }
 
 }  // namespace scenara::soft::rows

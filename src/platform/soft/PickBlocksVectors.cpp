@@ -9,12 +9,15 @@
 #include "platform/soft/Avx2Pixels.h"
 #include "platform/soft/Coverage.h"
 
-namespace scenara::soft::rows {
+namespace scenara::soft::eight {
 namespace {
 
-// Must become part of a function that is compiled for the path's processors.
+using rows::PickedBlocks;
+
+// Must become part of a function that is compiled for the path's processors. Takes all by value,
+// for of a copy of their own compilers know that no texel is stored in it.
 template <typename Picks>
-[[gnu::always_inline]] inline void PickBlocks(const PickedBlocks& picked, std::uint64_t blocks,
+[[gnu::always_inline]] inline void PickBlocks(const PickedBlocks picked, std::uint64_t blocks,
                                               const std::uint32_t* line, const std::uint32_t* ahead,
                                               std::uint32_t* texels) {
     while (blocks != 0) {
@@ -42,15 +45,18 @@ struct Avx512Copies {
 };
 
 }  // namespace
+}  // namespace scenara::soft::eight
+
+namespace scenara::soft::rows {
 
 AVX2 void PickAvx2(const PickedBlocks& picked, std::uint64_t blocks, const std::uint32_t* line,
                    const std::uint32_t* ahead, std::uint32_t* texels) {
-    PickBlocks<Avx2Copies>(picked, blocks, line, ahead, texels);
+    eight::PickBlocks<eight::Avx2Copies>(picked, blocks, line, ahead, texels);
 }
 
 AVX512 void PickAvx512(const PickedBlocks& picked, std::uint64_t blocks, const std::uint32_t* line,
                        const std::uint32_t* ahead, std::uint32_t* texels) {
-    PickBlocks<Avx512Copies>(picked, blocks, line, ahead, texels);
+    eight::PickBlocks<eight::Avx512Copies>(picked, blocks, line, ahead, texels);
 }
 
 }  // namespace scenara::soft::rows

@@ -12,7 +12,7 @@ namespace {
 
 // Within these the general path tells every border of two texels by its doubles, too.
 constexpr std::int32_t kMostPixels = 1 << 18;
-constexpr double kFarthestTexel = 1 << 20;
+constexpr double kFarthestPlace = 1 << 20;
 
 // `from` and `to` are the texture coordinates at the run's ends.
 std::optional<ScaledRun> AsScaledRun(float begin, float end, float from, float to,
@@ -25,7 +25,7 @@ std::optional<ScaledRun> AsScaledRun(float begin, float end, float from, float t
     const double start = PlaceOf(from, texels);
     const double stop = PlaceOf(to, texels);
     const auto isWhole = [](double place) { return place == std::floor(place); };
-    if (!(std::abs(start) <= kFarthestTexel) || !(std::abs(stop) <= kFarthestTexel) ||
+    if (!(std::abs(start) <= kFarthestPlace) || !(std::abs(stop) <= kFarthestPlace) ||
         (start != stop && !(isWhole(start) && isWhole(stop)))) {
         return std::nullopt;
     }
