@@ -68,7 +68,7 @@ TEST_F(ScaledLinesTest, EveryPathWritesTheTexelsOfTheSteps) {
         const bool clamped = Between(0, 1) == 0;
         const std::uint64_t some = (static_cast<std::uint64_t>(random_()) << 32U) | random_();
         for (const RowPath path : {RowPath::Plain, RowPath::Sse2, RowPath::Avx2, RowPath::Avx512}) {
-            const ScaledColumns columns(run, begin, end, texels, {false, clamped}, path);
+            const ScaledColumns columns(run, begin, end, texels, {false, clamped}, 9, path);
             ASSERT_EQ(columns.Width(), end - begin);
             std::vector<std::uint32_t> line(kMostRun, kUntouched);
             std::vector<std::uint32_t> expected = line;
@@ -120,7 +120,7 @@ TEST_F(ScaledLinesTest, EveryPathWritesTheSameMeans) {
                                       two.parts, lines.partsBelow, alphas != Alphas::Unused));
         }
         for (const RowPath path : {RowPath::Plain, RowPath::Avx2, RowPath::Avx512}) {
-            const ScaledColumns columns(run, begin, end, texels, sampling, path);
+            const ScaledColumns columns(run, begin, end, texels, sampling, 9, path);
             std::vector<std::uint32_t> line(expected.size());
             columns.Write(lines, columns.AllBlocks(), line.data());
             for (std::size_t x = 0; x < line.size(); ++x) {
@@ -149,7 +149,7 @@ TEST_F(ScaledLinesTest, NoVisibleTexelIsInAHiddenBlock) {
         const ScaledRun run = AnyRun();
         const std::int32_t end = Between(run.begin + 1, std::min(run.end, run.begin + kMostRun));
         const bool linear = Between(0, 1) == 0;
-        const ScaledColumns columns(run, run.begin, end, texels, {linear});
+        const ScaledColumns columns(run, run.begin, end, texels, {linear}, 9);
         const std::uint64_t visible =
             columns.VisibleBlocks(coverage.LineBits(0), coverage.LineBits(0));
         ASSERT_EQ(visible & ~columns.AllBlocks(), 0U);

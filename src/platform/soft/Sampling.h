@@ -39,7 +39,7 @@ inline constexpr std::int32_t kTexelParts = 256;
 
 // How many parts the first of the two texels of a mean lies from the axis' origin, likewise.
 [[nodiscard]] inline double MeanParts(double place) {
-    return kTexelParts * place - (kTexelParts / 2 - 0.5) + kTie;
+    return kTexelParts * place - (kTexelParts - 1) / 2.0 + kTie;
 }
 
 // The place along an axis of `texels` texels that a texture coordinate means.
@@ -100,7 +100,7 @@ private:
         }
         return sum;
     };
-    std::uint64_t whole = kParts * kParts;
+    std::uint64_t whole = std::uint64_t{kParts} * kParts;
     const std::uint64_t alphas = sumOf(24);
     const std::uint64_t alpha = (alphas + whole / 2) / whole;
     if (byAlpha && alphas != 0) {

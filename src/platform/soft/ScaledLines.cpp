@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <bit>
 #include <cmath>
+#include <cstdlib>
 #include <cstring>
 #include <span>
 
@@ -56,63 +57,93 @@ ScaledSteps::ScaledSteps(const ScaledRun& run, std::int32_t pixel, Of what) {
 }
 
 ScaledColumns::ScaledColumns(const ScaledRun& run, std::int32_t begin, std::int32_t end,
-                             const Texels& texture, const Sampling& sampling, RowPath path)
+                             const Texels& texture, const Sampling& sampling, std::int32_t lines,
+                             RowPath path)
     : width_(end - begin),
       count_((static_cast<std::size_t>(width_) + kBlock - 1) / kBlock),
       all_((std::uint64_t{1} << count_) - 1),
+      linear_(sampling.linear),
       path_(std::min(path, BestRowPath())) {
     using Of = ScaledSteps::Of;
-    FindTexels(ScaledSteps(run, begin, sampling.linear ? Of::Parts : Of::Texels),
-               TexelAxis(texture.width, run.mirrored, sampling.clampColumns), sampling.linear);
+    const ScaledSteps steps(run, begin, linear_ ? Of::Parts : Of::Texels);
+    const TexelAxis axis(texture.width, run.mirrored, sampling.clampColumns);
+    const std::int64_t passed = linear_ ? FindMeans(steps, axis) : FindNearest(steps, axis);
+    const std::int32_t shown = Seconds()[static_cast<std::size_t>(width_) - 1] - columns_[0];
+    const bool ordered = sampling.clampColumns || std::abs(std::int64_t{shown}) == passed;
+    constexpr std::int32_t kFewLines = 2;
+    const bool worthIt = linear_ || lines > kFewLines;
     for (std::size_t block = 0; block < count_; ++block) {
-        Prepare(block, texture.width);
-    }
-}
-
-void ScaledColumns::FindTexels(ScaledSteps steps, TexelAxis axis, bool linear) {
-    for (std::size_t x = 0; x < static_cast<std::size_t>(width_); ++x) {
-        if (linear) {
-            const TwoTexels two(axis, steps.Next());
-            columns_[x] = two.first;
-            seconds_[x] = two.second;
-            parts_[x] = two.parts << 16U | two.parts;
-        } else {
-            columns_[x] = seconds_[x] = axis.TexelAt(steps.Next());
+        begins_[block] =
+            std::max(0, std::min(static_cast<std::int32_t>(block * kBlock), width_ - kBlockTexels));
+        bits_[block] = {};
+        if (worthIt) {
+            Prepare(block, RangeOf(block, ordered), texture.width);
         }
     }
 }
 
-void ScaledColumns::Prepare(std::size_t block, std::int32_t textureWidth) {
-    const std::int32_t begin =
-        std::max(0, std::min(static_cast<std::int32_t>(block * kBlock), width_ - kBlockTexels));
-    begins_[block] = begin;
-    const std::int32_t count = std::min(width_, kBlockTexels);
-    const auto texels = [&](const std::array<std::int32_t, kMostRun>& columns) {
-        return std::span(columns).subspan(static_cast<std::size_t>(begin),
-                                          static_cast<std::size_t>(count));
-    };
-    const auto [leastFirst, mostFirst] = std::ranges::minmax(texels(columns_));
-    const auto [leastSecond, mostSecond] = std::ranges::minmax(texels(seconds_));
-    const std::int32_t least = std::min(leastFirst, leastSecond);
-    const std::int32_t most = std::max(mostFirst, mostSecond);
+// How many texels the last one is further than the first, all repeats counted.
+std::int64_t ScaledColumns::FindNearest(ScaledSteps steps, TexelAxis axis) {
+    const std::int64_t first = ScaledSteps(steps).Next();
+    std::int64_t number = first;
+    for (std::size_t x = 0; x < static_cast<std::size_t>(width_); ++x) {
+        number = steps.Next();
+        columns_[x] = axis.TexelAt(number);
+    }
+    return number - first;
+}
 
-    const std::int32_t first = least / kBlockTexels;
-    const std::int32_t bitCount = most / kBlockTexels - first + 1;
+std::int64_t ScaledColumns::FindMeans(ScaledSteps steps, TexelAxis axis) {
+    const std::int64_t first = ScaledSteps(steps).Next();
+    std::int64_t place = first;
+    for (std::size_t x = 0; x < static_cast<std::size_t>(width_); ++x) {
+        place = steps.Next();
+        const TwoTexels two(axis, place);
+        columns_[x] = two.first;
+        seconds_[x] = two.second;
+        parts_[x] = two.parts << 16U | two.parts;
+    }
+    return (place >> 8) + 1 - (first >> 8);
+}
+
+// The texels that a block shows. Where no repeat begins in the stretch they go one way.
+ScaledColumns::Range ScaledColumns::RangeOf(std::size_t block, bool ordered) const {
+    const auto begin = static_cast<std::size_t>(begins_[block]);
+    const auto count = static_cast<std::size_t>(std::min(width_, kBlockTexels));
+    const auto firsts = std::span(columns_).subspan(begin, count);
+    const auto seconds = std::span(Seconds()).subspan(begin, count);
+    if (ordered) {
+        const auto [least, most] = std::minmax(firsts.front(), seconds.back());
+        return {least, most};
+    }
+    const auto [least, most] = std::ranges::minmax(firsts);
+    const auto [leastSecond, mostSecond] = std::ranges::minmax(seconds);
+    return {std::min(least, leastSecond), std::max(most, mostSecond)};
+}
+
+void ScaledColumns::Prepare(std::size_t block, const Range& range, std::int32_t textureWidth) {
+    const std::int32_t first = range.least / kBlockTexels;
+    const std::int32_t bitCount = range.most / kBlockTexels - first + 1;
     constexpr std::int32_t kMostInWord = 64 - 7;
     CoverageBits& bits = bits_[block];
     bits.byte = first / 8;
     bits.shift = static_cast<std::uint32_t>(first % 8);
     bits.mask = bitCount <= kMostInWord ? (std::uint64_t{1} << bitCount) - 1 : 0;
 
-    const std::int32_t base = std::min(least, textureWidth - 2 * kBlockTexels);
-    if (count == kBlockTexels && base >= 0 && most - base < 2 * kBlockTexels) {
-        near_ |= std::uint64_t{1} << block;
-        bases_[block] = base;
-        for (std::size_t x = 0; x < kBlock; ++x) {
-            places_[block * kBlock + x] = texels(columns_)[x] - base;
-            secondPlaces_[block * kBlock + x] = texels(seconds_)[x] - base;
-            blockParts_[block * kBlock + x] = parts_[static_cast<std::size_t>(begin) + x];
-        }
+    const std::int32_t base = std::min(range.least, textureWidth - 2 * kBlockTexels);
+    if (width_ < kBlockTexels || base < 0 || range.most - base >= 2 * kBlockTexels) {
+        return;
+    }
+    near_ |= std::uint64_t{1} << block;
+    bases_[block] = base;
+    const auto from = static_cast<std::size_t>(begins_[block]);
+    const std::size_t to = block * kBlock;
+    for (std::size_t x = 0; x < kBlock; ++x) {
+        places_[to + x] = columns_[from + x] - base;
+    }
+    for (std::size_t x = 0; linear_ && x < kBlock; ++x) {
+        secondPlaces_[to + x] = seconds_[from + x] - base;
+        blockParts_[to + x] = parts_[from + x];
     }
 }
 

@@ -75,9 +75,10 @@ struct TwoTexels {
 // The columns of a texture that a stretch of a line shows.
 class ScaledColumns {
 public:
-    // The pixels from `begin` to `end` (outside), kMostRun at most, of the run.
+    // The pixels from `begin` to `end` (outside), kMostRun at most, of the run. For a few lines
+    // less is prepared.
     ScaledColumns(const ScaledRun& run, std::int32_t begin, std::int32_t end, const Texels& texture,
-                  const Sampling& sampling, RowPath path = BestRowPath());
+                  const Sampling& sampling, std::int32_t lines, RowPath path = BestRowPath());
 
     [[nodiscard]] std::int32_t Width() const { return width_; }
 
@@ -107,8 +108,19 @@ private:
         std::uint64_t mask = 0;  // 0: too far apart to tell
     };
 
-    void FindTexels(ScaledSteps steps, TexelAxis axis, bool linear);
-    void Prepare(std::size_t block, std::int32_t textureWidth);
+    // From and to, included.
+    struct Range {
+        std::int32_t least;
+        std::int32_t most;
+    };
+
+    [[nodiscard]] std::int64_t FindNearest(ScaledSteps steps, TexelAxis axis);
+    [[nodiscard]] std::int64_t FindMeans(ScaledSteps steps, TexelAxis axis);
+    [[nodiscard]] Range RangeOf(std::size_t block, bool ordered) const;
+    void Prepare(std::size_t block, const Range& range, std::int32_t textureWidth);
+    [[nodiscard]] const std::array<std::int32_t, kMostRun>& Seconds() const {
+        return linear_ ? seconds_ : columns_;
+    }
     [[nodiscard]] rows::PickedBlocks Picked() const {
         return {bases_.data(), places_.data(), begins_.data()};
     }
@@ -117,11 +129,12 @@ private:
     std::size_t count_;  // of blocks
     std::uint64_t all_;
     std::uint64_t near_ = 0;  // blocks whose texels lie near to each other: they can be picked
+    bool linear_;
     RowPath path_;
 
     // NOLINTBEGIN(*-member-init): written as needed
     std::array<std::int32_t, kMostRun> columns_;
-    std::array<std::int32_t, kMostRun> seconds_;  // of a mean; the same ones where there is none
+    std::array<std::int32_t, kMostRun> seconds_;  // of a mean
     std::array<std::uint32_t, kMostRun> parts_;   // of the second, twice in a word
     std::array<CoverageBits, kMostBlocks> bits_;
     std::array<std::int32_t, kMostBlocks> begins_;  // where blocks begin in the stretch

@@ -180,7 +180,7 @@ bool DrawScaledQuad(const Target& target, const PixelStates& states, const Texel
     const TexelLines texels(quad->lines, top, texture, states.sampling);
     for (std::int32_t x = left; x < right; x += kMostRun) {
         const ScaledColumns columns(quad->columns, x, std::min(x + kMostRun, right), texture,
-                                    states.sampling);
+                                    states.sampling, bottom - top);
         ScaledLines lines(columns, texture, coverage, hides);
         const Stretch stretch(target, drawing, lines, x);
         if (linear) {
