@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <iterator>
+#include <limits>
 #include <memory>
 #include <random>
 #include <utility>
@@ -191,7 +192,30 @@ private:
         if (any_.Between(0, 5) == 0) {  // slanted, between pixels
             corners[0].x += static_cast<float>(any_.Between(-90, 90)) / 7;
         }
+        if (any_.Between(0, 9) == 0) {
+            MakeHostile(corners);
+        }
         Both([&](Drawn& drawn) { drawn.Draw(corners); });
+    }
+
+    // Whatever the corners are, both draw the same of them, and soon.
+    void MakeHostile(Corners& corners) {
+        constexpr float kHostile[] = {std::numeric_limits<float>::quiet_NaN(),
+                                      std::numeric_limits<float>::infinity(),
+                                      std::numeric_limits<float>::lowest(),
+                                      std::numeric_limits<float>::denorm_min(),
+                                      16777216,
+                                      -2147483648.0F,
+                                      1e10F,
+                                      -0.0F};
+        for (float Vertex::*const member : {&Vertex::x, &Vertex::y, &Vertex::tu, &Vertex::tv}) {
+            const float value = kHostile[any_.Between(0, 7)];
+            const bool column = member == &Vertex::x || member == &Vertex::tu;
+            if (any_.Between(0, 2) == 0) {  // an edge, so that it stays a rectangle
+                corners[0].*member = value;
+                corners[column ? 1 : 2].*member = value;
+            }
+        }
     }
 
     void DrawStrip() {

@@ -56,6 +56,7 @@ ScaledSteps::ScaledSteps(const ScaledRun& run, std::int32_t pixel, Of what) {
     rest_ = first % whole_;
 }
 
+// NOLINTNEXTLINE(*-member-init): the tables are written as needed
 ScaledColumns::ScaledColumns(const ScaledRun& run, std::int32_t begin, std::int32_t end,
                              const Texels& texture, const Sampling& sampling, std::int32_t lines,
                              RowPath path)
@@ -203,6 +204,7 @@ void ScaledColumns::Clear(std::uint64_t blocks, std::uint32_t* texels) const {
     });
 }
 
+// NOLINTNEXTLINE(*-member-init): the texels are written as needed
 ScaledLines::ScaledLines(const ScaledColumns& columns, const Texels& texture,
                          const Coverage& coverage, bool hides)
     : columns_(columns), texture_(texture), coverage_(coverage), hides_(hides) {

@@ -132,7 +132,6 @@ private:
     bool linear_;
     RowPath path_;
 
-    // NOLINTBEGIN(*-member-init): written as needed
     std::array<std::int32_t, kMostRun> columns_;
     std::array<std::int32_t, kMostRun> seconds_;  // of a mean
     std::array<std::uint32_t, kMostRun> parts_;   // of the second, twice in a word
@@ -142,7 +141,6 @@ private:
     std::array<std::int32_t, kMostRun> places_;     // each pixel's from there, block by block
     std::array<std::int32_t, kMostRun> secondPlaces_;
     std::array<std::uint32_t, kMostRun> blockParts_;
-    // NOLINTEND(*-member-init)
 };
 
 // Some lines of a stretch, as they are drawn.
@@ -176,7 +174,7 @@ private:
     const Coverage& coverage_;
     bool hides_;
     std::array<std::uint64_t, kMostLines> visible_{};  // blocks that are not transparent
-    std::array<std::uint32_t, std::size_t{kMostLines} * kMostRun> texels_;  // NOLINT(*-member-init)
+    std::array<std::uint32_t, std::size_t{kMostLines} * kMostRun> texels_;
 };
 
 }  // namespace scenara::soft

@@ -19,7 +19,7 @@ constexpr std::int32_t kLargestSide = std::numeric_limits<std::int16_t>::max();
 constexpr std::uint32_t kOpaqueBlack = 0xFF000000;
 
 // The pixels of a back buffer from which on threads pay.
-constexpr std::int64_t kLeastForThreads = 640 * 400;
+constexpr std::int64_t kLeastForThreads = std::int64_t{640} * 400;
 
 bool IsBlendFactor(std::uint32_t value) {
     return value == D3DBLEND_ZERO || value == D3DBLEND_ONE || value == D3DBLEND_SRCALPHA ||
