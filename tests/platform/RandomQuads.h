@@ -123,7 +123,7 @@ public:
     // A background of many colours.
     [[nodiscard]] TestView Coloured(const CanvasSize& size) {
         TestView view(0, size);
-        std::uint32_t color = static_cast<std::uint32_t>(Between(0, 0xFFFFFF));
+        auto color = static_cast<std::uint32_t>(Between(0, 0xFFFFFF));
         for (std::uint32_t& pixel : view.Pixels().pixels) {
             color = color * 1664525U + 1013904223U;
             pixel = color >> 8U;

@@ -49,7 +49,7 @@ TEST_F(ScaledLinesTest, StepsFollowTheRule) {
                 << run.texels << " over " << run.Length() << " at " << pixel;
             const std::int64_t twice =
                 256 * (2 * std::int64_t{pixel} + 1) * run.texels + run.Length();
-            ASSERT_EQ(parts.Next(), 256 * start + twice / (2 * run.Length()) - 128);
+            ASSERT_EQ(parts.Next(), 256 * start + twice / (std::int64_t{2} * run.Length()) - 128);
         }
     }
 }

@@ -220,12 +220,11 @@ private:
 
     void DrawStrip() {
         SetSome();
-        std::vector<Vertex> corners;
-        for (int i = 0; i < any_.Between(3, 12); ++i) {
-            corners.push_back(test::Corner(any_.Between(-50, 750), any_.Between(-50, 550),
-                                           static_cast<std::uint32_t>(any_.Between(0, 0xFFFFFF))));
+        std::vector<Vertex> corners(static_cast<std::size_t>(any_.Between(3, 12)));
+        for (Vertex& corner : corners) {
+            corner = test::Corner(any_.Between(-50, 750), any_.Between(-50, 550),
+                                  static_cast<std::uint32_t>(any_.Between(0, 0xFFFFFF)));
         }
-        corners.resize(std::max<std::size_t>(corners.size(), 3));
         Both([&](Drawn& drawn) { drawn.Draw(corners); });
     }
 

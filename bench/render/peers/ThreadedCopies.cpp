@@ -2,6 +2,7 @@
 #include "render/peers/ThreadedCopies.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <cstring>
 
 namespace scenara::bench {
@@ -32,8 +33,8 @@ void ThreadedCopies::DoBand(std::int32_t band) {
         for (int y = first; columns.from < columns.to && y < last; ++y) {
             const auto bytes =
                 static_cast<std::size_t>(columns.to - columns.from) * sizeof(std::uint32_t);
-            std::memcpy(&surface_[static_cast<std::size_t>((blit.y + y) * scene_.canvas.width +
-                                                           blit.x + columns.from)],
+            const auto line = static_cast<std::ptrdiff_t>(blit.y + y) * scene_.canvas.width;
+            std::memcpy(surface_.data() + line + blit.x + columns.from,
                         &picture.Line(y)[static_cast<std::size_t>(columns.from)], bytes);
         }
     }
