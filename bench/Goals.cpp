@@ -58,6 +58,31 @@ constexpr std::array<SpeedGoal, 2> kBlendGoals = {{
     {"additive draw against pixman", "Draw/Pixman", kOurDrawing, 1.0, 1.5},
 }};
 
+// On large canvases: against one peer, or the best of those that there are.
+struct CanvasGoal {
+    const char* what;
+    std::array<const char*, 3> peers;
+    const char* scene;
+    double must;
+    double aim;
+};
+
+constexpr std::array<CanvasGoal, 9> kCanvasGoals = {{
+    {"640 x 480, 20 layers, against SDL2 RLE", {"Sdl2Rle"}, "/H", 1.0, 1.3},
+    {"640 x 480, 20 layers, against Qt raster", {"QtRaster"}, "/H", 1.6, 2.2},
+    {"640 x 480, 20 layers, against pixman", {"Pixman"}, "/H", 2.2, 3.0},
+    {"1280 x 720, 20 layers, against SDL2 RLE", {"Sdl2Rle"}, "/W", 1.0, 1.3},
+    {"1280 x 720, 20 layers, against Qt raster", {"QtRaster"}, "/W", 1.6, 2.2},
+    {"1280 x 720, 20 layers, against pixman", {"Pixman"}, "/W", 2.2, 3.0},
+    {"zoomed out, nearest, against the best", {"Sdl2Scaled", "QtRaster", "Pixman"}, "/Z", 1.5, 2.5},
+    {"zoomed out, smooth, against the best", {"QtRaster", "Pixman"}, "/S", 1.3, 2.0},
+    {"true colour, against the best", {"Sdl2Blend", "QtRaster", "Pixman"}, "/T", 1.0, 1.4},
+}};
+
+// What a second processor gains, beside what it gains in copying.
+constexpr double kMustOfGain = 0.85;
+constexpr double kAimOfGain = 0.95;
+
 // Our time is at most this part of the copying.
 constexpr const char* kCopying = "Draw/Memcpy";
 constexpr double kMostOfCopying = 0.7;
@@ -82,14 +107,18 @@ double Quotient(const Medians& medians, const std::string& row, const std::strin
                : dividend->second / divisor->second;
 }
 
-void PrintSpeed(const SpeedGoal& goal, const Medians& medians, const std::string& set) {
-    const double ratio = Quotient(medians, goal.peer + set, goal.ours + set);
+void PrintRatio(const char* what, const char* set, double ratio, double must, double aim) {
     if (ratio <= 0) {
-        std::printf("%-46s %-12s %8s\n", goal.what, set.c_str() + 1, "not measured");
+        std::printf("%-46s %-12s %8s\n", what, set, "not measured");
     } else {
-        std::printf("%-46s %-12s %7.2fx %6.2fx %6.2fx  %s\n", goal.what, set.c_str() + 1, ratio,
-                    goal.must, goal.aim, Verdict(ratio >= goal.must, ratio >= goal.aim));
+        std::printf("%-46s %-12s %7.2fx %6.2fx %6.2fx  %s\n", what, set, ratio, must, aim,
+                    Verdict(ratio >= must, ratio >= aim));
     }
+}
+
+void PrintSpeed(const SpeedGoal& goal, const Medians& medians, const std::string& set) {
+    PrintRatio(goal.what, set.c_str() + 1, Quotient(medians, goal.peer + set, goal.ours + set),
+               goal.must, goal.aim);
 }
 
 // For what should be small.
@@ -122,6 +151,33 @@ void PrintDrawing(const Medians& medians) {
     }
 }
 
+std::string CanvasRow(const char* who, const char* scene, const char* measured) {
+    return std::string("Canvas/") + who + scene + measured;
+}
+
+void PrintCanvases(const Medians& medians) {
+    for (const CanvasGoal& goal : kCanvasGoals) {
+        const std::string ours = CanvasRow("Ours", goal.scene, "/process_time");
+        double least = 0;
+        for (const char* const peer : goal.peers) {
+            const double ratio =
+                peer == nullptr
+                    ? 0
+                    : Quotient(medians, CanvasRow(peer, goal.scene, "/process_time"), ours);
+            least = least == 0 || (ratio > 0 && ratio < least) ? ratio : least;
+        }
+        PrintRatio(goal.what, goal.scene + 1, least, goal.must, goal.aim);
+    }
+    const auto gain = [&](const char* one, const char* several) {
+        return Quotient(medians, CanvasRow(one, "/W", "/real_time"),
+                        CanvasRow(several, "/W", "/real_time"));
+    };
+    const double copying = gain("MemcpyByOne", "MemcpyByTwo");
+    PrintRatio("gain of all processors / of two in copying", "W",
+               copying <= 0 ? 0 : gain("OursByOne", "OursByAll") / copying, kMustOfGain,
+               kAimOfGain);
+}
+
 // All archives of a set as one stage: a single small one would show the few hundred kilobytes that
 // every load needs for its buffers, and little else.
 void PrintMemory(const std::vector<std::string>& archives, const char* set) {
@@ -149,6 +205,7 @@ void PrintGoals(const Medians& medians) {
     PrintMemory(GeneratedArchives(), "generated");
     PrintMemory(SampleDataArchives(), "sampleData");
     PrintDrawing(medians);
+    PrintCanvases(medians);
 }
 
 }  // namespace scenara::bench

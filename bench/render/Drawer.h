@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Drawer: somebody who draws a scene, frame after frame, into a 320 x 240 surface of 32 bits that
-// was black at first.
+// Drawer: somebody who draws a scene, frame after frame, into a surface of the scene's size and of
+// 32 bits that was black at first.
 //
 // Everything that a program would do once, when it loads its pictures, is done when the drawer is
 // made; Draw() is what it does per frame.

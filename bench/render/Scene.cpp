@@ -3,9 +3,6 @@
 
 #include <algorithm>
 
-#include "platform/Direct3D8.h"
-#include "platform/View.h"
-
 namespace scenara::bench {
 namespace {
 
@@ -56,8 +53,8 @@ SceneNumbers NumbersOf(const Scene& scene) {
     std::size_t spans = 0;
     for (const Blit& blit : scene.blits) {
         const ScenePicture& picture = scene.pictures[blit.picture];
-        const ClippedRange columns = ClipToView(blit.x, picture.width, View().width);
-        const ClippedRange rows = ClipToView(blit.y, picture.height, View().height);
+        const ClippedRange columns = ClipToView(blit.x, picture.width, scene.canvas.width);
+        const ClippedRange rows = ClipToView(blit.y, picture.height, scene.canvas.height);
         const auto width = static_cast<std::size_t>(std::max(0, columns.to - columns.from));
         const auto height = static_cast<std::size_t>(std::max(0, rows.to - rows.from));
         ++numbers.blits;

@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/View.h"
 #include "stage/Blending.h"
 
 namespace scenara::bench {
@@ -20,7 +21,8 @@ struct ScenePicture {
     // palette's in both cases.
     std::vector<std::uint32_t> pixels;
     bool masked = false;  // drawn without the pixels of alpha 0; otherwise with all, as they are
-    Blending blending;    // of a masked picture; of any other None
+    Blending blending{};  // of a masked picture; of any other None
+    bool soft = false;    // a masked one with other alphas, too: drawn as much as these say
 
     [[nodiscard]] std::span<const std::uint32_t> Line(int y) const {
         const auto length = static_cast<std::size_t>(width);
@@ -32,12 +34,16 @@ struct Blit {
     std::size_t picture = 0;
     int x = 0;  // of the picture's upper left pixel, in the view or outside
     int y = 0;
+    int width = 0;  // on the canvas; 0: as many pixels as the picture has
+    int height = 0;
 };
 
 struct Scene {
     std::string name;
     std::vector<ScenePicture> pictures;
     std::vector<Blit> blits;
+    CanvasSize canvas{};
+    bool smooth = false;  // what is scaled is drawn by the mean of texels, not by the nearest
 };
 
 // Pixels from `from` to before `to`, `to` <= `from` for none.

@@ -27,7 +27,7 @@ std::vector<std::string> Archives() {
 
 ScenePicture PictureOf(const SpriteEntry& sprite) {
     const LockedPixels locked = sprite.texture->LockRect();
-    ScenePicture picture{sprite.width, sprite.height, {}, false, {}};
+    ScenePicture picture{sprite.width, sprite.height, {}};
     for (int y = 0; y < sprite.height; ++y) {
         const auto line = locked.words.subspan(static_cast<std::size_t>(y * locked.pitch),
                                                static_cast<std::size_t>(sprite.width));
@@ -53,7 +53,7 @@ void AddArchive(std::vector<ScenePicture>& pictures, const std::string& path) {
 }
 
 ScenePicture PictureOf(const samplemaker::IndexedPicture& drawn) {
-    ScenePicture picture{drawn.width, drawn.height, {}, false, {}};
+    ScenePicture picture{drawn.width, drawn.height, {}};
     for (const std::uint8_t index : drawn.pixels) {
         const samplemaker::Rgb color = drawn.palette[index];
         const std::uint32_t alpha = index == 0 ? 0 : 255;

@@ -6,15 +6,37 @@
 // Every device draws the same picture, pixel for pixel, text excepted:
 // - The back buffer has the size that it is asked for with, 32 bits a pixel, of which the top 8
 //   have no meaning. It is opaque black at first and after Reset, is never cleared otherwise, and
-//   keeps its pixels over Present.
+//   keeps its pixels over Present. Nothing is drawn outside of the viewport.
 // - A pixel's sample point is its centre, (x + 0.5, y + 0.5). A triangle covers the pixels whose
 //   centres lie inside of it; one exactly on an edge belongs to the triangle of which that is a top
 //   or a left edge. So quads of whole pixels map texels one to one, plain and mirrored.
 // - Triangles that run counter-clockwise on the screen are culled; in a strip every second one is
 //   taken the other way round.
-// - Textures are point-sampled and wrap around in both directions. Their colour, or white where
-//   none is set, is modulated with the interpolated diffuse colour.
+// - A texture's colour, or white where none is set, is modulated with the interpolated diffuse
+//   colour. Beyond its edges a texture begins anew, or its last texels go on (D3DTADDRESS_CLAMP).
 // - Blending and modulation round to the nearest value.
+//
+// Which texel a pixel shows (D3DTEXF_POINT): the one in which its centre lies. A centre that lies
+// on the border of two texels shows the one that follows on the screen, to the right or below. So a
+// mirrored picture is the picture, mirrored. Of a rectangle of whole pixels from column L to column
+// R that shows n texels, column c shows the texel floor((2 (c - L) + 1) n / (2 (R - L))), counted
+// from that edge of the n texels which is drawn on the left. The rows follow the same rule. This
+// holds up to 2^18 pixels a side and 2^20 texels from the texture's origin; beyond that, and
+// between whole pixels, a centre is on a border as far as a double can tell.
+// - A texture coordinate is a float, which seldom is the exact edge of a texel: one that is no
+//   further from an edge than its own rounding means that edge.
+// - Both texture coordinates of an axis may be the same: all pixels then show one texel.
+//
+// What a pixel shows with D3DTEXF_LINEAR: the mean of the four texels around its centre.
+// - Along each axis p is the centre's place in texels, counted the same way, and
+//   q = floor(256 p - 128 + 1/2). The two texels are t = floor(q / 256) and t + 1, with f = q mod
+//   256 parts for t + 1 and 256 - f for t. A texel's weight w is the product of its parts along
+//   both axes.
+// - While blending is on: alpha = sum(w a) / 2^16, and each colour is sum(w a c) / sum(w a). So
+//   transparent texels lend no colour. Where sum(w a) is 0 each colour is sum(w c) / 2^16.
+// - While it is off, alphas count for nothing: alpha and each colour are sum(w v) / 2^16.
+// - Each value is rounded once, to the nearest, a half upwards. One to one on whole pixels, all
+//   weight is on one texel: the picture itself.
 //
 // Textures: 32-bit ARGB pixels, alpha in the top byte. A picture is written straight into the
 // locked texture; the colour key has been applied by then (a keyed pixel has alpha 0 and keeps its
@@ -70,6 +92,17 @@ inline constexpr std::uint32_t D3DBLENDOP_REVSUBTRACT = 3;  // destination - sou
 inline constexpr std::uint32_t D3DTSS_ALPHAOP = 4;
 inline constexpr std::uint32_t D3DTOP_SELECTARG1 = 2;  // the texture's; a new device's setting
 inline constexpr std::uint32_t D3DTOP_MODULATE = 4;    // the texture's times the vertices'
+
+// How a stage of texturing looks texels up. The mean of texels is taken while both filters are
+// D3DTEXF_LINEAR. A new device has the first value of each.
+inline constexpr std::uint32_t D3DTSS_ADDRESSU = 13;  // across
+inline constexpr std::uint32_t D3DTSS_ADDRESSV = 14;  // down
+inline constexpr std::uint32_t D3DTADDRESS_WRAP = 1;
+inline constexpr std::uint32_t D3DTADDRESS_CLAMP = 3;
+inline constexpr std::uint32_t D3DTSS_MAGFILTER = 16;
+inline constexpr std::uint32_t D3DTSS_MINFILTER = 17;
+inline constexpr std::uint32_t D3DTEXF_POINT = 1;
+inline constexpr std::uint32_t D3DTEXF_LINEAR = 2;
 
 // XYZRHW | DIFFUSE | SPECULAR | TEX1: what a Vertex holds.
 inline constexpr std::uint32_t kVertexFormat = 0x1C4;
@@ -167,6 +200,16 @@ struct D3DDISPLAYMODE {
     std::uint32_t Format = D3DFMT_UNKNOWN;
 };
 
+// The part of the back buffer that is drawn to, in pixels.
+struct D3DVIEWPORT8 {
+    std::uint32_t X = 0;
+    std::uint32_t Y = 0;
+    std::uint32_t Width = 0;
+    std::uint32_t Height = 0;
+    float MinZ = 0;  // without effect, as there is no depth
+    float MaxZ = 1;
+};
+
 // The handle of the control that shows the picture; what it stands for is the machine's own affair.
 using WindowHandle = std::uintptr_t;
 
@@ -205,6 +248,11 @@ public:
     [[nodiscard]] virtual HRESULT SetTextureStageState(std::uint32_t stage, std::uint32_t type,
                                                        std::uint32_t value) = 0;
 
+    // From now on nothing is drawn outside of it, by Clear either; text and copies are. A new
+    // device and one after Reset have the whole back buffer. D3DERR_INVALIDCALL, and the last one
+    // stays, for one that is empty or does not lie in the back buffer.
+    [[nodiscard]] virtual HRESULT SetViewport(const D3DVIEWPORT8& viewport) = 0;
+
     // The device keeps the texture alive until the next one is set. None: quads in the vertices'
     // own colours.
     [[nodiscard]] virtual HRESULT SetTexture(std::uint32_t stage,
@@ -213,7 +261,7 @@ public:
     [[nodiscard]] virtual HRESULT BeginScene() = 0;
     [[nodiscard]] virtual HRESULT EndScene() = 0;
 
-    // The whole back buffer in one colour, in a scene or not: no rectangles, and of `flags` only
+    // The whole viewport in one colour, in a scene or not: no rectangles, and of `flags` only
     // D3DCLEAR_TARGET, for there is no depth.
     [[nodiscard]] virtual HRESULT Clear(std::uint32_t flags, std::uint32_t color) = 0;
 

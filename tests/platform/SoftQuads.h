@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <functional>
 #include <random>
+#include <utility>
 #include <vector>
 
 #include "platform/Direct3D8.h"
@@ -78,6 +79,52 @@ inline Place TexelOf(const Blit& blit, std::int32_t textureWidth, std::int32_t t
     };
     const std::int32_t column = blit.mirrored ? -blit.sourceX - dx - 1 : blit.sourceX + dx;
     return {wrapped(column, textureWidth), wrapped(blit.sourceY + dy, textureHeight)};
+}
+
+// A rectangle of a texture, drawn at another size. The numbers of texels are above 0.
+struct ScaledBlit {
+    std::int32_t x = 0;
+    std::int32_t y = 0;
+    std::int32_t width = 0;
+    std::int32_t height = 0;
+    std::int32_t sourceX = 0;
+    std::int32_t sourceY = 0;
+    std::int32_t columns = 0;  // texels across
+    std::int32_t lines = 0;
+    bool mirrored = false;
+    bool flipped = false;
+    std::uint32_t color = 0xFFFFFFFF;
+};
+
+inline Corners ScaledCornersOf(const ScaledBlit& blit, std::int32_t textureWidth,
+                               std::int32_t textureHeight) {
+    const auto part = [](std::int32_t texel, std::int32_t texels) {
+        return static_cast<double>(static_cast<float>(texel) / static_cast<float>(texels));
+    };
+    double left = part(blit.sourceX, textureWidth);
+    double right = part(blit.sourceX + blit.columns, textureWidth);
+    double top = part(blit.sourceY, textureHeight);
+    double bottom = part(blit.sourceY + blit.lines, textureHeight);
+    if (blit.mirrored) {
+        std::swap(left, right);
+    }
+    if (blit.flipped) {
+        std::swap(top, bottom);
+    }
+    const double endX = blit.x + blit.width;
+    const double endY = blit.y + blit.height;
+    return {Corner(blit.x, endY, blit.color, left, bottom),
+            Corner(blit.x, blit.y, blit.color, left, top),
+            Corner(endX, endY, blit.color, right, bottom),
+            Corner(endX, blit.y, blit.color, right, top)};
+}
+
+// Of `texels` texels from `first` on, drawn over `length` pixels: the one that pixel number `pixel`
+// shows, counted through the texture's repeats.
+inline std::int64_t NearestOf(std::int64_t first, std::int64_t texels, std::int64_t length,
+                              std::int64_t pixel, bool backwards) {
+    const std::int64_t number = (2 * pixel + 1) * texels / (2 * length);
+    return backwards ? first + texels - 1 - number : first + number;
 }
 
 // A texture whose lines are longer than it is wide, with words behind them that must not be seen.

@@ -142,6 +142,92 @@ TEST(EvenBlend, EveryCaseClippedAtBothSides) {
     }
 }
 
+TEST(AlphaBlend, IsFoundInItsStates) {
+    using Way = AlphaBlend::Kind;
+    EXPECT_EQ(AlphaBlendOf(kCover, 0x40123456), (AlphaBlend{Way::Cover, 0x40123456}));
+    EXPECT_EQ(AlphaBlendOf(kAdd, kWhite), (AlphaBlend{Way::Add, kWhite}));
+    EXPECT_EQ(AlphaBlendOf(kTakeAway, 0x80FFFFFF), (AlphaBlend{Way::TakeAway, 0x80FFFFFF}));
+}
+
+TEST(AlphaBlend, IsNotFoundInOthers) {
+    for (PixelStates states : {kCover, kAdd, kTakeAway}) {
+        states.blending = false;
+        EXPECT_FALSE(AlphaBlendOf(states, kWhite));
+        states.blending = true;
+        states.sourceFactor = D3DBLEND_ONE;
+        EXPECT_FALSE(AlphaBlendOf(states, kWhite));
+    }
+    EXPECT_FALSE(AlphaBlendOf(States(D3DBLEND_ONE, D3DBLENDOP_SUBTRACT), kWhite));
+    EXPECT_FALSE(AlphaBlendOf(States(D3DBLEND_ZERO, D3DBLENDOP_ADD), kWhite));
+    EXPECT_FALSE(AlphaBlendOf(States(D3DBLEND_SRCALPHA, D3DBLENDOP_ADD), kWhite));
+    EXPECT_FALSE(AlphaBlendOf(States(D3DBLEND_INVSRCALPHA, D3DBLENDOP_REVSUBTRACT), kWhite));
+}
+
+// Blocks that are opaque, not there, cut out or of any alpha, beside each other.
+PlainTexture SoftStretches(std::int32_t width, std::mt19937& random) {
+    std::uint32_t way = 0;
+    return {width, 3, [&](std::int32_t x, std::int32_t /*y*/) {
+                way = x % 9 == 0 ? static_cast<std::uint32_t>(random() % 4) : way;
+                const auto any = static_cast<std::uint32_t>(random() % 256);
+                const std::uint32_t alphas[] = {0, 255, any % 2 * 255, any};
+                return alphas[way] << 24U | static_cast<std::uint32_t>(random() & kColorMask);
+            }};
+}
+
+TEST(AlphaBlend, OfAnyAlphaDrawsWhatTheGeneralPathDraws) {
+    std::mt19937 random(14);
+    const std::uint32_t tints[] = {kWhite, 0x80FFFFFF, 0x66000000, 0xFF204060, 0x37C0A080, 0};
+    for (std::int32_t width = 1; width <= 100; ++width) {
+        const PlainTexture texture = SoftStretches(120, random);
+        const Texels texels = texture.Pixels();
+        const Coverage coverage = width % 7 == 0 ? Coverage() : Coverage::Of(texels);
+        for (std::int32_t column = 0; column < 16; ++column) {
+            for (const PixelStates& states : {kCover, kAdd, kTakeAway}) {
+                const bool mirrored = random() % 2 == 0;
+                const std::int32_t source = mirrored ? -column - width : column;
+                ExpectAsGeneral({states, tints[random() % std::size(tints)]}, texels, coverage,
+                                {20, 30, width, 3, source, 0, mirrored}, column % 3 == 0);
+            }
+        }
+        if (HasFatalFailure()) {
+            return;
+        }
+    }
+}
+
+// Every alpha, of every colour, over every colour: as Blend.h has it.
+TEST(AlphaBlend, RoundsAsOnePixelDoes) {
+    for (std::uint32_t alpha = 0; alpha < 256; ++alpha) {
+        std::vector<std::uint32_t> texels;
+        std::vector<std::uint32_t> ground;
+        for (std::uint32_t value = 0; value < 256; value += 5) {
+            for (std::uint32_t under = 0; under < 256; under += 3) {
+                texels.push_back(alpha << 24U | value << 16U | (255 - value) << 8U | value / 2);
+                ground.push_back(under << 16U | under << 8U | (255 - under));
+            }
+        }
+        for (const PixelStates& states : {kCover, kAdd, kTakeAway}) {
+            std::vector<std::uint32_t> pixels = ground;
+            for (std::size_t x = 0; x < texels.size(); x += kMostRun) {
+                TexelRows rows;
+                rows.lines = texels.data() + x;
+                rows.width =
+                    static_cast<std::int32_t>(std::min<std::size_t>(kMostRun, texels.size() - x));
+                rows.height = 1;
+                rows.destination = pixels.data() + x;
+                if (!BlendByAlpha(rows, *AlphaBlendOf(states, kWhite))) {
+                    GTEST_SKIP() << "this processor has no fast way";
+                }
+            }
+            for (std::size_t x = 0; x < texels.size(); ++x) {
+                ASSERT_EQ(pixels[x] & kColorMask,
+                          Blended(texels[x], ground[x], states) & kColorMask)
+                    << alpha << ", " << x;
+            }
+        }
+    }
+}
+
 TEST(EvenBlend, BlocksWithoutTheirBitArePassedOver) {
     const std::vector<std::uint32_t> texels(32, 0xFF010101);
     const std::array<std::uint8_t, 1 + Coverage::kReadBeyond> bits = {0b0101};
@@ -173,6 +259,7 @@ TEST(EvenBlend, LeavesNarrowRectanglesToTheGeneralPath) {
     rows.destination = pixels.data();
     rows.pitch = View().width;
     EXPECT_FALSE(BlendEvenly(rows, {Kind::Add, 255}));
+    EXPECT_FALSE(BlendByAlpha(rows, {AlphaBlend::Kind::Add, kWhite}));
     EXPECT_EQ(pixels, std::vector<std::uint32_t>(View().width, kGround));
 }
 

@@ -35,6 +35,7 @@ TEST(Coverage, TellsWhatKindOfTextureItIs) {
     EXPECT_EQ(Of(255, 0).WhatKind(), Kind::Masked);
     EXPECT_EQ(Of(0, 255).WhatKind(), Kind::Masked);
     EXPECT_EQ(Of(0, 0).WhatKind(), Kind::Masked);
+    EXPECT_FALSE(Of(255, 255).HasBits()) << "all of it is seen";
 }
 
 TEST(Coverage, OnePixelWithAnotherAlphaMakesATextureTranslucent) {
@@ -60,14 +61,13 @@ TEST(Coverage, EveryVisiblePixelSetsTheBitOfItsBlockAlone) {
     for (const std::int32_t width : {1, 7, 8, 9, 63, 64, 65, 130}) {
         constexpr std::int32_t kHeight = 3;
         for (std::int32_t place = 0; place < width * kHeight; ++place) {
+            const bool soft = place % 2 == 0;
             const PlainTexture texture(width, kHeight, [&](std::int32_t x, std::int32_t y) {
-                return y * width + x == place ? 0xFF000000U : 0U;
+                return y * width + x == place ? (soft ? 0x01000000U : 0xFF000000U) : 0U;
             });
             const Coverage coverage = Coverage::Of(texture.Pixels());
-            if (width * kHeight == 1) {
-                continue;
-            }
-            ASSERT_EQ(coverage.WhatKind(), Kind::Masked);
+            ASSERT_EQ(coverage.WhatKind(), soft ? Kind::Translucent : Kind::Masked);
+            ASSERT_TRUE(coverage.HasBits());
             for (std::int32_t y = 0; y < kHeight; ++y) {
                 for (std::int32_t block = 0; block * kBlockTexels < width; ++block) {
                     const bool expected =

@@ -25,6 +25,7 @@ using test::Corner;
 using test::Corners;
 using test::CornersOf;
 using test::GoodParameters;
+using test::ScaledCornersOf;
 
 constexpr std::uint32_t kColorMask = 0x00FFFFFF;
 
@@ -214,6 +215,15 @@ TEST_F(SoftDeviceDrawing, RefusesWhatItDoesNotKnow) {
     EXPECT_EQ(device.SetTextureStageState(1, D3DTSS_ALPHAOP, D3DTOP_MODULATE), D3DERR_INVALIDCALL);
     EXPECT_EQ(device.SetTextureStageState(0, 1, D3DTOP_MODULATE), D3DERR_INVALIDCALL);
     EXPECT_EQ(device.SetTextureStageState(0, D3DTSS_ALPHAOP, 3), D3DERR_INVALIDCALL);
+    for (const std::uint32_t type : {D3DTSS_ADDRESSU, D3DTSS_ADDRESSV}) {
+        EXPECT_EQ(device.SetTextureStageState(0, type, 0), D3DERR_INVALIDCALL);
+        EXPECT_EQ(device.SetTextureStageState(0, type, 2), D3DERR_INVALIDCALL) << "mirroring";
+        EXPECT_EQ(device.SetTextureStageState(1, type, D3DTADDRESS_WRAP), D3DERR_INVALIDCALL);
+    }
+    for (const std::uint32_t type : {D3DTSS_MAGFILTER, D3DTSS_MINFILTER}) {
+        EXPECT_EQ(device.SetTextureStageState(0, type, 0), D3DERR_INVALIDCALL);
+        EXPECT_EQ(device.SetTextureStageState(0, type, 3), D3DERR_INVALIDCALL) << "anisotropic";
+    }
     EXPECT_EQ(device.SetTexture(1, nullptr), D3DERR_INVALIDCALL);
     EXPECT_EQ(device.SetTexture(0, std::make_shared<test::NullTexture>(4, 4)), D3DERR_INVALIDCALL);
 
@@ -238,6 +248,49 @@ TEST_F(SoftDeviceDrawing, TakesEveryStateThatItKnows) {
     }
     EXPECT_EQ(device.SetTextureStageState(0, D3DTSS_ALPHAOP, D3DTOP_SELECTARG1), D3D_OK);
     EXPECT_EQ(device.SetTextureStageState(0, D3DTSS_ALPHAOP, D3DTOP_MODULATE), D3D_OK);
+    for (const std::uint32_t type : {D3DTSS_ADDRESSU, D3DTSS_ADDRESSV}) {
+        EXPECT_EQ(device.SetTextureStageState(0, type, D3DTADDRESS_CLAMP), D3D_OK);
+        EXPECT_EQ(device.SetTextureStageState(0, type, D3DTADDRESS_WRAP), D3D_OK);
+    }
+    for (const std::uint32_t type : {D3DTSS_MAGFILTER, D3DTSS_MINFILTER}) {
+        EXPECT_EQ(device.SetTextureStageState(0, type, D3DTEXF_LINEAR), D3D_OK);
+        EXPECT_EQ(device.SetTextureStageState(0, type, D3DTEXF_POINT), D3D_OK);
+    }
+}
+
+// Texels 100 and 200 over four pixels: each state on its own, as the last one set.
+TEST_F(SoftDeviceDrawing, LooksTexelsUpByFilterAndAddress) {
+    using Line = std::array<std::uint32_t, 4>;
+    const auto texture = MakeTexture(2, 2, [](int x, int y) {
+        return 0xFF000000U + static_cast<std::uint32_t>(100 * (x + y + 1));
+    });
+    ASSERT_EQ(device.SetTexture(0, texture), D3D_OK);
+    const auto lineOf = [&](const Corners& corners) {
+        Draw(corners);
+        return Line{At(10, 20), At(11, 20), At(12, 20), At(13, 20)};
+    };
+    const auto set = [&](std::uint32_t type, std::uint32_t value) {
+        ASSERT_EQ(device.SetTextureStageState(0, type, value), D3D_OK);
+    };
+    const Corners twice = ScaledCornersOf({10, 20, 4, 1, 0, 0, 2, 1}, 2, 2);
+    const Corners beyond = ScaledCornersOf({10, 20, 4, 1, -1, 0, 4, 1}, 2, 2);
+    const Corners above = ScaledCornersOf({10, 20, 4, 1, 0, -1, 4, 1}, 2, 2);
+    EXPECT_EQ(lineOf(twice), (Line{100, 100, 200, 200}));
+    EXPECT_EQ(lineOf(beyond), (Line{200, 100, 200, 100}));
+    EXPECT_EQ(lineOf(above), (Line{200, 300, 200, 300}));
+    set(D3DTSS_ADDRESSV, D3DTADDRESS_CLAMP);
+    EXPECT_EQ(lineOf(above), (Line{100, 200, 100, 200}));
+    EXPECT_EQ(lineOf(beyond), (Line{200, 100, 200, 100}));
+    set(D3DTSS_ADDRESSU, D3DTADDRESS_CLAMP);
+    EXPECT_EQ(lineOf(beyond), (Line{100, 100, 200, 200}));
+    set(D3DTSS_MAGFILTER, D3DTEXF_LINEAR);
+    EXPECT_EQ(lineOf(twice), (Line{100, 100, 200, 200})) << "one of two filters";
+    set(D3DTSS_MINFILTER, D3DTEXF_LINEAR);
+    EXPECT_EQ(lineOf(twice), (Line{100, 125, 175, 200}));
+    set(D3DTSS_ADDRESSU, D3DTADDRESS_WRAP);
+    EXPECT_EQ(lineOf(twice), (Line{125, 125, 175, 175}));
+    set(D3DTSS_MAGFILTER, D3DTEXF_POINT);
+    EXPECT_EQ(lineOf(twice), (Line{100, 100, 200, 200}));
 }
 
 TEST_F(SoftDeviceDrawing, BlendsByOperation) {
@@ -293,6 +346,85 @@ TEST_F(SoftDeviceDrawing, RefusesToDrawWithoutAVertexFormat) {
     EXPECT_EQ(fresh.DrawPrimitiveUP(D3DPT_TRIANGLESTRIP, 2, SomeQuad(), 32), D3DERR_INVALIDCALL);
     ASSERT_EQ(fresh.SetVertexShader(kVertexFormat), D3D_OK);
     EXPECT_EQ(fresh.DrawPrimitiveUP(D3DPT_TRIANGLESTRIP, 2, SomeQuad(), 32), D3D_OK);
+}
+
+// The viewport
+
+struct ViewportRow {
+    const char* what;
+    D3DVIEWPORT8 viewport;
+    HRESULT expected;
+};
+
+TEST_F(SoftDeviceDrawing, AViewportLiesInTheBackBuffer) {
+    for (const ViewportRow& row : {
+             ViewportRow{"all of it", {0, 0, 320, 240}, D3D_OK},
+             {"its last pixel", {319, 239, 1, 1}, D3D_OK},
+             {"of no width", {5, 5, 0, 5}, D3DERR_INVALIDCALL},
+             {"of no height", {5, 5, 5, 0}, D3DERR_INVALIDCALL},
+             {"beyond the right", {1, 0, 320, 240}, D3DERR_INVALIDCALL},
+             {"beyond the bottom", {0, 1, 320, 240}, D3DERR_INVALIDCALL},
+             {"far off", {0xFFFFFFFF, 0xFFFFFFFF, 2, 2}, D3DERR_INVALIDCALL},
+             {"endless", {1, 1, 0xFFFFFFFF, 0xFFFFFFFF}, D3DERR_INVALIDCALL},
+         }) {
+        ASSERT_EQ(device.SetViewport({0, 0, 320, 240}), D3D_OK);
+        Fill(0xFF000000);
+        ASSERT_EQ(device.SetViewport({10, 20, 30, 40}), D3D_OK);
+        EXPECT_EQ(device.SetViewport(row.viewport), row.expected) << row.what;
+        Fill(0xFF112233);
+        const D3DVIEWPORT8 drawn =
+            row.expected == D3D_OK ? row.viewport : D3DVIEWPORT8{10, 20, 30, 40};
+        for (std::uint32_t y = 0; y < 240; ++y) {
+            for (std::uint32_t x = 0; x < 320; ++x) {
+                const bool within = x >= drawn.X && x - drawn.X < drawn.Width && y >= drawn.Y &&
+                                    y - drawn.Y < drawn.Height;
+                ASSERT_EQ(At(static_cast<std::int32_t>(x), static_cast<std::int32_t>(y)),
+                          within ? 0x112233U : 0U)
+                    << row.what << " at " << x << "," << y;
+            }
+        }
+    }
+}
+
+// Whatever draws: quads of whole pixels, others, triangles and Clear.
+TEST_F(SoftDeviceDrawing, NothingIsDrawnOutsideOfTheViewport) {
+    const auto texture = MakeTexture(400, 300, [](int, int) { return 0xFF445566U; });
+    texture->PreLoad();
+    const Corners whole = CornersOf({-10, -10, 400, 300}, 400, 300);
+    const Corners small = CornersOf({3, 4, 7, 8}, 400, 300);
+    const Corners slanted{Corner(-300, 300, 0xFF445566), Corner(-200, -100, 0xFF445566),
+                          Corner(900, 400, 0xFF445566), Corner(800, -90, 0xFF445566)};
+    for (int way = 0; way < 5; ++way) {
+        ASSERT_EQ(device.SetViewport({0, 0, 320, 240}), D3D_OK);
+        Fill(0xFF000000);
+        ASSERT_EQ(device.SetViewport({50, 60, 70, 80}), D3D_OK);
+        ASSERT_EQ(device.SetTexture(0, way < 3 ? texture : nullptr), D3D_OK);
+        switch (way) {
+            case 0: Draw(whole); break;
+            case 1: Draw(ScaledCornersOf({-10, -10, 500, 700, 0, 0, 40, 30}, 400, 300)); break;
+            case 2: Draw(small); break;
+            case 3: Draw(slanted); break;
+            default: ASSERT_EQ(device.Clear(D3DCLEAR_TARGET, 0xFF445566), D3D_OK);
+        }
+        std::size_t inside = 0;
+        std::size_t outside = 0;
+        for (std::int32_t y = 0; y < 240; ++y) {
+            for (std::int32_t x = 0; x < 320; ++x) {
+                const bool within = x >= 50 && x < 120 && y >= 60 && y < 140;
+                (within ? inside : outside) += At(x, y) == 0x445566 ? 1U : 0U;
+            }
+        }
+        EXPECT_EQ(inside, way == 2 ? 0U : 70U * 80) << way;
+        EXPECT_EQ(outside, 0U) << way;
+    }
+}
+
+TEST_F(SoftDeviceDrawing, ResetBringsTheWholeViewportBack) {
+    ASSERT_EQ(device.SetViewport({50, 60, 70, 80}), D3D_OK);
+    ASSERT_EQ(device.Reset(GoodParameters()), D3D_OK);
+    ASSERT_EQ(device.SetVertexShader(kVertexFormat), D3D_OK);
+    Fill(0xFF112233);
+    EXPECT_TRUE(IsAll(0x112233));
 }
 
 // Presenting
@@ -458,6 +590,12 @@ TEST(SoftDeviceFrames, AllocateNothing) {
                       Blit{0, 0, 320, 240, 17, 18}, Blit{9, 9, 50, 50, 0, 0, false, 0x64000000}}) {
                     check(device.DrawPrimitiveUP(D3DPT_TRIANGLESTRIP, 2, CornersOf(blit, 300, 200),
                                                  32));
+                }
+                for (const test::ScaledBlit& blit :
+                     {test::ScaledBlit{-9, -9, 600, 500, 0, 0, 300, 200, frame == 1},
+                      test::ScaledBlit{5, 6, 70, 80, -50, -60, 700, 800}}) {
+                    check(device.DrawPrimitiveUP(D3DPT_TRIANGLESTRIP, 2,
+                                                 ScaledCornersOf(blit, 300, 200), 32));
                 }
                 const Corners gradient{Corner(0.5, 0, 0xFFFF0000), Corner(300, 7, 0xFF00FF00, 1),
                                        Corner(0, 200, 0x400000FF, 0, 1),

@@ -10,6 +10,7 @@
 
 #include <gtest/gtest.h>
 
+#include "RandomQuads.h"
 #include "SoftQuads.h"
 #include "platform/soft/Triangles.h"
 #include "platform/soft/WholeQuads.h"
@@ -23,7 +24,9 @@ using test::Corners;
 using test::CornersOf;
 using test::InOtherOrder;
 using test::kCovering;
+using test::Numbered;
 using test::PlainTexture;
+using test::RandomQuad;
 using test::TestView;
 
 constexpr PixelStates kPlain;
@@ -139,11 +142,6 @@ TEST(WholeQuads, AreRecognizedAtEveryWidth) {
 
 // What is drawn, against what is to be there.
 
-// Every texel another colour, as far as that goes.
-std::uint32_t Numbered(std::int32_t x, std::int32_t y) {
-    return (static_cast<std::uint32_t>(y) << 12U | static_cast<std::uint32_t>(x)) & kColorMask;
-}
-
 void ExpectDrawn(const PlainTexture& texture, const Blit& blit, const PixelStates& states,
                  const Coverage& coverage) {
     const Texels texels = texture.Pixels();
@@ -257,105 +255,6 @@ TEST(WholeQuads, OfShortRepeatsMapTexelsOneToOne) {
 
 // The proof that the fast path is the general one, only faster: random quads on both.
 
-enum class Pixels { Opaque, Masked, Translucent };
-
-class RandomQuad {
-public:
-    explicit RandomQuad(std::mt19937& random) : random_(random) {}
-
-    [[nodiscard]] std::int32_t Between(std::int32_t from, std::int32_t to) {
-        return std::uniform_int_distribution<std::int32_t>(from, to)(random_);
-    }
-
-    [[nodiscard]] PlainTexture Texture() {
-        const auto kind = static_cast<Pixels>(Between(0, 2));
-        const std::int32_t longest = Between(1, 40);
-        std::int32_t left = 0;
-        std::uint32_t alpha = 0;
-        return {Between(1, 3) == 1 ? Between(1, 20) : Between(16, 700),
-                Between(1, 3) == 1 ? Between(1, 20) : Between(1, 300),
-                [&](std::int32_t x, std::int32_t y) {
-                    if (left-- == 0) {
-                        left = Between(0, longest);
-                        alpha = NextAlpha(kind);
-                    }
-                    return alpha << 24U | (Numbered(x, y) * 0x9E3779B1U >> 8U);
-                },
-                Between(0, 9)};
-    }
-
-    // The view's, or another one.
-    [[nodiscard]] CanvasSize Size() {
-        return Between(0, 3) == 0 ? CanvasSize{Between(1, 2000), Between(1, 40)} : CanvasSize();
-    }
-
-    [[nodiscard]] Blit BlitOf(const Texels& texels, const CanvasSize& size) {
-        Blit blit;
-        blit.width = Between(1, 3) == 1 ? texels.width : Between(1, size.width + 80);
-        blit.height = Between(1, 3) == 1 ? texels.height : Between(1, size.height + 60);
-        blit.x = Between(-blit.width - 3, size.width + 3);
-        blit.y = Between(-blit.height - 3, size.height + 3);
-        if (Between(1, 3) != 1) {
-            blit.sourceX = Between(-1500, 1500);
-            blit.sourceY = Between(-500, 500);
-        }
-        blit.mirrored = Between(0, 1) == 1;
-        blit.color = Color();
-        return blit;
-    }
-
-    [[nodiscard]] PixelStates States() {
-        if (Between(0, 3) == 0) {
-            return kPlain;
-        }
-        if (Between(0, 1) == 0) {
-            return kCovering;
-        }
-        if (Between(0, 1) == 0) {  // as pictures are blended
-            return {true, D3DBLEND_SRCALPHA, D3DBLEND_ONE,
-                    Between(0, 1) == 0 ? D3DBLENDOP_ADD : D3DBLENDOP_REVSUBTRACT, D3DTOP_MODULATE};
-        }
-        const std::uint32_t factors[] = {D3DBLEND_ZERO, D3DBLEND_ONE, D3DBLEND_SRCALPHA,
-                                         D3DBLEND_INVSRCALPHA};
-        return {true, factors[Between(0, 3)], factors[Between(0, 3)],
-                static_cast<std::uint32_t>(Between(1, 3)),
-                Between(0, 1) == 0 ? D3DTOP_SELECTARG1 : D3DTOP_MODULATE};
-    }
-
-    // A background of many colours.
-    [[nodiscard]] TestView Coloured(const CanvasSize& size) {
-        TestView view(0, size);
-        std::uint32_t color = static_cast<std::uint32_t>(Between(0, 0xFFFFFF));
-        for (std::uint32_t& pixel : view.Pixels().pixels) {
-            color = color * 1664525U + 1013904223U;
-            pixel = color >> 8U;
-        }
-        return view;
-    }
-
-private:
-    [[nodiscard]] std::uint32_t NextAlpha(Pixels kind) {
-        if (kind == Pixels::Opaque) {
-            return 255;
-        }
-        if (kind == Pixels::Translucent && Between(0, 1) == 0) {
-            return static_cast<std::uint32_t>(Between(0, 255));
-        }
-        return Between(0, 1) == 0 ? 0 : 255;
-    }
-
-    [[nodiscard]] std::uint32_t Color() {
-        switch (Between(0, 4)) {
-            case 0: return static_cast<std::uint32_t>(Between(0, 0x7FFFFFFF)) * 2U;
-            case 1: return static_cast<std::uint32_t>(Between(0, 255)) << 24U | kColorMask;
-            case 2: return static_cast<std::uint32_t>(Between(0, 255)) << 24U;
-            default: return kWhite;
-        }
-    }
-
-    std::mt19937& random_;
-};
-
 TEST(WholeQuads, DrawWhatTheGeneralPathDraws) {
     std::mt19937 random(10);
     RandomQuad any(random);
@@ -379,9 +278,18 @@ TEST(WholeQuads, DrawWhatTheGeneralPathDraws) {
                     corner.tv = -corner.tv;
                 }
             }
-            const PixelStates states = any.States();
-            ASSERT_TRUE(DrawWholeQuad(fast.Pixels(), states, texels, coverage, corners));
-            DrawStrip(general.Pixels(), states, &texels, corners);
+            PixelStates states = any.States();
+            states.sampling.linear = any.Between(0, 3) == 0;  // on whole pixels the same
+            states.sampling.clampColumns = any.Between(0, 5) == 0;
+            states.sampling.clampLines = any.Between(0, 5) == 0;
+            const Target part = any.Clipped(fast.Pixels());
+            if (!DrawWholeQuad(part, states, texels, coverage, corners)) {
+                ASSERT_TRUE(states.sampling.clampColumns || states.sampling.clampLines);
+                continue;
+            }
+            Target same = part;
+            same.pixels = general.Pixels().pixels;
+            DrawStrip(same, states, &texels, corners);
             ASSERT_EQ(fast, general)
                 << "round " << round << ": texture " << texels.width << " x " << texels.height
                 << ", " << blit.width << " x " << blit.height << " from " << blit.sourceX << ","

@@ -43,6 +43,7 @@ public:
                                  std::uint32_t /*value*/) override {
         return D3D_OK;
     }
+    HRESULT SetViewport(const D3DVIEWPORT8& /*viewport*/) override { return D3D_OK; }
     HRESULT SetTexture(std::uint32_t /*stage*/,
                        const std::shared_ptr<Direct3DTexture8>& /*texture*/) override {
         return D3D_OK;

@@ -7,8 +7,7 @@
 
 #include <pixman.h>
 
-#include "platform/Direct3D8.h"
-#include "platform/View.h"
+#include "render/Premultiplied.h"
 
 namespace scenara::bench {
 namespace {
@@ -48,33 +47,50 @@ void PixmanImages::Free::operator()(pixman_image* image) const {
 }
 
 PixmanImages::PixmanImages(const Scene& scene)
-    : scene_(scene), screen_(MakeImage(ScreenFormatFor(scene), View().width, View().height)) {
+    : scene_(scene),
+      screen_(MakeImage(ScreenFormatFor(scene), scene.canvas.width, scene.canvas.height)) {
     for (const ScenePicture& picture : scene.pictures) {
         images_.emplace_back(MakeImage(picture.masked ? PIXMAN_a8r8g8b8 : PIXMAN_x8r8g8b8,
                                        picture.width, picture.height));
         for (int y = 0; y < picture.height; ++y) {
-            std::ranges::transform(picture.Line(y), LineOf(images_.back().get(), y),
-                                   [&](std::uint32_t pixel) {
-                                       return picture.masked && pixel >> 24U == 0 ? 0U : pixel;
-                                   });
+            std::ranges::transform(
+                picture.Line(y), LineOf(images_.back().get(), y),
+                [&](std::uint32_t pixel) { return picture.masked ? Premultiplied(pixel) : pixel; });
         }
     }
+    for (const Blit& blit : scene.blits) {
+        if (blit.width != 0) {
+            Scale(images_[blit.picture].get(), scene.pictures[blit.picture], blit);
+        }
+    }
+}
+
+// A picture that is scaled is in one blit only, so that its transformation stays.
+void PixmanImages::Scale(pixman_image* image, const ScenePicture& picture, const Blit& blit) const {
+    pixman_transform transform;
+    pixman_transform_init_scale(&transform, pixman_int_to_fixed(picture.width) / blit.width,
+                                pixman_int_to_fixed(picture.height) / blit.height);
+    pixman_image_set_transform(image, &transform);
+    pixman_image_set_repeat(image, PIXMAN_REPEAT_PAD);
+    pixman_image_set_filter(image, scene_.smooth ? PIXMAN_FILTER_BILINEAR : PIXMAN_FILTER_NEAREST,
+                            nullptr, 0);
 }
 
 void PixmanImages::Draw() {
     for (const Blit& blit : scene_.blits) {
         const ScenePicture& picture = scene_.pictures[blit.picture];
         pixman_image_composite32(OperatorFor(picture), images_[blit.picture].get(), nullptr,
-                                 screen_.get(), 0, 0, 0, 0, blit.x, blit.y, picture.width,
-                                 picture.height);
+                                 screen_.get(), 0, 0, 0, 0, blit.x, blit.y,
+                                 blit.width == 0 ? picture.width : blit.width,
+                                 blit.height == 0 ? picture.height : blit.height);
     }
 }
 
 std::vector<std::uint32_t> PixmanImages::Picture() {
     std::vector<std::uint32_t> pixels;
-    for (int y = 0; y < View().height; ++y) {
+    for (int y = 0; y < scene_.canvas.height; ++y) {
         const std::uint32_t* const line = LineOf(screen_.get(), y);
-        pixels.insert(pixels.end(), line, line + View().width);
+        pixels.insert(pixels.end(), line, line + scene_.canvas.width);
     }
     return pixels;
 }

@@ -28,6 +28,8 @@ private:
     };
     using Image = std::unique_ptr<pixman_image, Free>;
 
+    void Scale(pixman_image* image, const ScenePicture& picture, const Blit& blit) const;
+
     const Scene& scene_;
     Image screen_;
     std::vector<Image> images_;

@@ -5,8 +5,7 @@
 #include <QPainter>
 #include <algorithm>
 
-#include "platform/Direct3D8.h"
-#include "platform/View.h"
+#include "render/Premultiplied.h"
 
 namespace scenara::bench {
 namespace {
@@ -20,7 +19,7 @@ QImage ImageOf(const ScenePicture& picture) {
                 if (!picture.masked) {
                     return pixel | 0xFF000000U;  // an RGB image's top byte must be 255
                 }
-                return pixel >> 24U == 0 ? 0U : pixel;
+                return Premultiplied(pixel);
             });
     }
     return image;
@@ -29,11 +28,12 @@ QImage ImageOf(const ScenePicture& picture) {
 }  // namespace
 
 struct QtRaster::Images {
-    QImage screen = QImage(View().width, View().height, QImage::Format_RGB32);
+    QImage screen;
     std::vector<QImage> pictures;
 };
 
 QtRaster::QtRaster(const Scene& scene) : scene_(scene), images_(std::make_unique<Images>()) {
+    images_->screen = QImage(scene.canvas.width, scene.canvas.height, QImage::Format_RGB32);
     images_->screen.fill(Qt::black);
     for (const ScenePicture& picture : scene.pictures) {
         images_->pictures.push_back(ImageOf(picture));
@@ -44,17 +44,23 @@ QtRaster::~QtRaster() = default;
 
 void QtRaster::Draw() {
     QPainter painter(&images_->screen);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, scene_.smooth);
     for (const Blit& blit : scene_.blits) {
-        painter.drawImage(blit.x, blit.y, images_->pictures[blit.picture]);
+        const QImage& picture = images_->pictures[blit.picture];
+        if (blit.width == 0) {
+            painter.drawImage(blit.x, blit.y, picture);
+        } else {
+            painter.drawImage(QRect(blit.x, blit.y, blit.width, blit.height), picture);
+        }
     }
 }
 
 std::vector<std::uint32_t> QtRaster::Picture() {
     std::vector<std::uint32_t> pixels;
-    for (int y = 0; y < View().height; ++y) {
+    for (int y = 0; y < scene_.canvas.height; ++y) {
         const auto* const line =
             reinterpret_cast<const QRgb*>(std::as_const(images_->screen).scanLine(y));
-        pixels.insert(pixels.end(), line, line + View().width);
+        pixels.insert(pixels.end(), line, line + scene_.canvas.width);
     }
     return pixels;
 }

@@ -6,9 +6,6 @@
 
 #include <SDL2/SDL.h>
 
-#include "platform/Direct3D8.h"
-#include "platform/View.h"
-
 namespace scenara::bench {
 namespace {
 
@@ -49,9 +46,14 @@ void SdlSurfaces::Free::operator()(SDL_Surface* surface) const {
 }
 
 SdlSurfaces::SdlSurfaces(const Scene& scene, SdlEncoding encoding)
-    : scene_(scene), screen_(MakeSurface(View().width, View().height)) {
+    : scene_(scene), screen_(MakeSurface(scene.canvas.width, scene.canvas.height)) {
     const std::uint32_t key = UnusedColor(scene);
     for (const ScenePicture& picture : scene.pictures) {
+        if (picture.soft) {
+            SDL_Surface& surface = *surfaces_.emplace_back(MakeSoftSurface(picture));
+            Check(SDL_SetSurfaceBlendMode(&surface, SDL_BLENDMODE_BLEND));
+            continue;
+        }
         const bool added = picture.blending.kind == BlendKind::Add;
         SDL_Surface& surface = *surfaces_.emplace_back(MakeSurface(picture, added ? 0 : key));
         if (added) {
@@ -82,6 +84,18 @@ SdlSurfaces::Surface SdlSurfaces::MakeSurface(const ScenePicture& picture,
     return surface;
 }
 
+SdlSurfaces::Surface SdlSurfaces::MakeSoftSurface(const ScenePicture& picture) {
+    Surface surface(SDL_CreateRGBSurfaceWithFormat(0, picture.width, picture.height, 32,
+                                                   SDL_PIXELFORMAT_ARGB8888));
+    if (!surface) {
+        throw std::runtime_error(SDL_GetError());
+    }
+    for (int y = 0; y < picture.height; ++y) {
+        std::ranges::copy(picture.Line(y), LineOf(*surface, y));
+    }
+    return surface;
+}
+
 void SdlSurfaces::Mask(SDL_Surface& surface, std::uint32_t key, SdlEncoding encoding) {
     Check(SDL_SetColorKey(&surface, SDL_TRUE, key));
     if (encoding == SdlEncoding::RunLengths) {
@@ -96,16 +110,18 @@ void SdlSurfaces::Mask(SDL_Surface& surface, std::uint32_t key, SdlEncoding enco
 
 void SdlSurfaces::Draw() {
     for (const Blit& blit : scene_.blits) {
-        SDL_Rect place = {blit.x, blit.y, 0, 0};
-        Check(SDL_BlitSurface(surfaces_[blit.picture].get(), nullptr, screen_.get(), &place));
+        SDL_Rect place = {blit.x, blit.y, blit.width, blit.height};
+        SDL_Surface* const surface = surfaces_[blit.picture].get();
+        Check(blit.width == 0 ? SDL_BlitSurface(surface, nullptr, screen_.get(), &place)
+                              : SDL_BlitScaled(surface, nullptr, screen_.get(), &place));
     }
 }
 
 std::vector<std::uint32_t> SdlSurfaces::Picture() {
     std::vector<std::uint32_t> pixels;
-    for (int y = 0; y < View().height; ++y) {
+    for (int y = 0; y < scene_.canvas.height; ++y) {
         const std::uint32_t* const line = LineOf(*screen_, y);
-        pixels.insert(pixels.end(), line, line + View().width);
+        pixels.insert(pixels.end(), line, line + scene_.canvas.width);
     }
     return pixels;
 }

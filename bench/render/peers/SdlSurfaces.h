@@ -4,7 +4,8 @@
 // colour key, plain or run-length encoded.
 //
 // Those that are added have neither: their transparent pixels are black, which the library adds
-// faster than it multiplies with an alpha or looks for a key.
+// faster than it multiplies with an alpha or looks for a key. Soft ones have an alpha and are
+// blended by it.
 #pragma once
 
 #include <memory>
@@ -34,6 +35,7 @@ private:
 
     static Surface MakeSurface(int width, int height);
     static Surface MakeSurface(const ScenePicture& picture, std::uint32_t transparent);
+    static Surface MakeSoftSurface(const ScenePicture& picture);
     void Mask(SDL_Surface& surface, std::uint32_t key, SdlEncoding encoding);
 
     const Scene& scene_;

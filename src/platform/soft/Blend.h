@@ -11,6 +11,7 @@
 #include <cstdint>
 
 #include "platform/Direct3D8.h"
+#include "platform/soft/Sampling.h"
 
 namespace scenara::soft {
 
@@ -21,6 +22,7 @@ struct PixelStates {
     std::uint32_t destinationFactor = D3DBLEND_ZERO;
     std::uint32_t operation = D3DBLENDOP_ADD;
     std::uint32_t alphaOperation = D3DTOP_SELECTARG1;
+    Sampling sampling{};
 };
 
 inline constexpr std::uint32_t kWhite = 0xFFFFFFFF;

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 //
-// The fast ways of blending a rectangle of texels that are either visible or not there at all, as
-// nearly all of a stage's are.
+// The fast ways of blending a rectangle of texels by their alpha. What has none leaves its pixel
+// alone, so that blocks without a visible texel are passed over. The results are those of Blend.h.
 //
-// All that is visible then has the same alpha, the tint's, and what is not leaves its pixel alone:
-// nothing depends on a texel but its colour, and blocks without a visible one are passed over. The
-// results are those of Blend.h, because one of the two terms is always a whole number.
+// Of texels that are either visible or not there at all, as most of a stage's are, all that is
+// visible has the same alpha, the tint's. Nothing then depends on a texel but its colour, and one
+// of the two terms is always a whole number.
 #pragma once
 
 #include <cstdint>
@@ -50,9 +50,39 @@ struct EvenBlend {
     return adding ? std::optional(EvenBlend{EvenBlend::Kind::Add, alpha}) : std::nullopt;
 }
 
+// Texels of any alpha, with their tint.
+struct AlphaBlend {
+    enum class Kind {
+        Cover,     // pixel * (1 - alpha) + texel * alpha
+        Add,       // pixel + texel * alpha
+        TakeAway,  // pixel - texel * alpha
+    };
+
+    Kind kind = Kind::Cover;
+    std::uint32_t tint = kWhite;
+
+    bool operator==(const AlphaBlend&) const = default;
+};
+
+[[nodiscard]] constexpr std::optional<AlphaBlend> AlphaBlendOf(const PixelStates& states,
+                                                               std::uint32_t tint) {
+    if (IsCovering(states)) {
+        return AlphaBlend{AlphaBlend::Kind::Cover, tint};
+    }
+    if (!states.blending || states.sourceFactor != D3DBLEND_SRCALPHA ||
+        states.destinationFactor != D3DBLEND_ONE || states.operation == D3DBLENDOP_SUBTRACT) {
+        return std::nullopt;
+    }
+    const bool adding = states.operation == D3DBLENDOP_ADD;
+    return AlphaBlend{adding ? AlphaBlend::Kind::Add : AlphaBlend::Kind::TakeAway, tint};
+}
+
 // Draws texels whose alphas are 0 or 255: of blocks of which the coverage has the bit, or of all
 // when `rows` has no coverage. False, and nothing is drawn, when they are less than kBlockTexels
 // wide or the processor has no fast way.
 [[nodiscard]] bool BlendEvenly(const TexelRows& rows, const EvenBlend& blend);
+
+// The same for texels of all alphas.
+[[nodiscard]] bool BlendByAlpha(const TexelRows& rows, const AlphaBlend& blend);
 
 }  // namespace scenara::soft

@@ -8,7 +8,7 @@
 // so these draw all of that block; blending draws only the texels that no other block has.
 //
 // `Blocks` has what a path does with one block, as static functions from texels to pixels:
-// Copy<kMirrored>, Mask<kMirrored> and, which also gets the texels to draw and their alpha,
+// Copy<kMirrored>, Mask<kMirrored> and, which also gets the texels to draw and their alpha or tint,
 // Blend<kMirrored>. They are compiled for the path's processors and the loops are not, so that the
 // loops must become part of a function that is. These take the rectangle by value, for of a copy of
 // their own compilers know that no pixel is stored in it.
@@ -158,7 +158,7 @@ template <typename Blocks, bool kMirrored>
 }
 
 template <typename Blocks, bool kMirrored>
-[[gnu::always_inline]] inline void BlendLines(const TexelRows rows, std::uint32_t alpha) {
+[[gnu::always_inline]] inline void BlendLines(const TexelRows rows, std::uint32_t amount) {
     const TakenBlocks taken(rows);
     for (std::int32_t y = 0; y < rows.height; ++y) {
         const Line<kMirrored> line(rows, y);
@@ -168,13 +168,13 @@ template <typename Blocks, bool kMirrored>
             const TakenBlocks::Part part = taken.TakePart(blocks);
             line.Fetch(part.begin);
             Blocks::template Blend<kMirrored>(line.texels + part.begin, line.PixelsOf(part.begin),
-                                              part.lanes, alpha);
+                                              part.lanes, amount);
             if (blocks == 0) {
                 break;
             }
             const TakenBlocks::Part next = taken.TakePart(blocks);
             Blocks::template Blend<kMirrored>(line.texels + next.begin, line.PixelsOf(next.begin),
-                                              next.lanes, alpha);
+                                              next.lanes, amount);
         }
     }
 }

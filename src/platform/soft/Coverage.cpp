@@ -67,7 +67,7 @@ Coverage Coverage::Of(const Texels& texels) {
         return {};
     }
     Alphas all;
-    for (std::int32_t y = 0; y < texels.height && !all.AnyTranslucent(); ++y) {
+    for (std::int32_t y = 0; y < texels.height; ++y) {
         const std::span line(texels.Line(y), static_cast<std::size_t>(texels.width));
         all.Take(MarkBlocks(line, coverage.bits_.get() + y * coverage.pitch_));
     }
@@ -76,7 +76,7 @@ Coverage Coverage::Of(const Texels& texels) {
     } else {
         coverage.kind_ = all.AllOpaque() ? Kind::Opaque : Kind::Masked;
     }
-    if (coverage.kind_ != Kind::Masked) {
+    if (coverage.kind_ == Kind::Opaque) {
         coverage.bits_.reset();
         coverage.pitch_ = 0;
     }

@@ -24,7 +24,7 @@ public:
     enum class Kind {
         Unknown,      // not looked at yet
         Opaque,       // every alpha is 255
-        Masked,       // every alpha is 0 or 255; has bits
+        Masked,       // every alpha is 0 or 255
         Translucent,  // there are others
     };
 
@@ -38,7 +38,10 @@ public:
 
     [[nodiscard]] Kind WhatKind() const { return kind_; }
 
-    // Masked only: block b's bit is bit b % 8 of byte b / 8. LineBits(y + 1) is LinePitch()
+    // Whether it has bits: Masked and Translucent.
+    [[nodiscard]] bool HasBits() const { return bits_ != nullptr; }
+
+    // Where it has bits: block b's bit is bit b % 8 of byte b / 8. LineBits(y + 1) is LinePitch()
     // further.
     [[nodiscard]] const std::uint8_t* LineBits(std::int32_t y) const {
         return bits_.get() + static_cast<std::ptrdiff_t>(y) * pitch_;

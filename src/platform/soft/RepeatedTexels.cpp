@@ -82,7 +82,7 @@ TexelRows WrittenLines::Rows(std::int32_t count) const {
     TexelRows rows;
     rows.lines = texels_.data();
     rows.linePitch = kMostRun;
-    if (coverage_.WhatKind() == Coverage::Kind::Masked) {
+    if (coverage_.HasBits()) {
         rows.bits = bits_.data();
         rows.bitPitch = kLineBytes;
     }

@@ -5,18 +5,21 @@
 #include <cstddef>
 #include <limits>
 #include <string>
+#include <thread>
 #include <typeinfo>
 #include <utility>
 
 #include "base/RunTimeError.h"
-#include "platform/soft/Triangles.h"
-#include "platform/soft/WholeQuads.h"
+#include "platform/soft/Strips.h"
 
 namespace scenara {
 namespace {
 
 constexpr std::int32_t kLargestSide = std::numeric_limits<std::int16_t>::max();
 constexpr std::uint32_t kOpaqueBlack = 0xFF000000;
+
+// The pixels of a back buffer from which on threads pay.
+constexpr std::int64_t kLeastForThreads = std::int64_t{640} * 400;
 
 bool IsBlendFactor(std::uint32_t value) {
     return value == D3DBLEND_ZERO || value == D3DBLEND_ONE || value == D3DBLEND_SRCALPHA ||
@@ -31,7 +34,16 @@ bool IsAlphaOperation(std::uint32_t value) {
     return value == D3DTOP_SELECTARG1 || value == D3DTOP_MODULATE;
 }
 
-HRESULT SetIf(bool valid, std::uint32_t& state, std::uint32_t value) {
+bool IsFilter(std::uint32_t value) {
+    return value == D3DTEXF_POINT || value == D3DTEXF_LINEAR;
+}
+
+bool IsAddress(std::uint32_t value) {
+    return value == D3DTADDRESS_WRAP || value == D3DTADDRESS_CLAMP;
+}
+
+template <typename State>
+HRESULT SetIf(bool valid, State& state, State value) {
     if (!valid) {
         return D3DERR_INVALIDCALL;
     }
@@ -59,15 +71,20 @@ bool LiesWithin(std::int64_t start, std::int64_t length, std::int64_t size) {
 HRESULT CheckPresentParameters(const D3DPRESENT_PARAMETERS& parameters) {
     const bool valid = parameters.Windowed == 1 && parameters.SwapEffect == D3DSWAPEFFECT_COPY &&
                        parameters.BackBufferFormat == D3DFMT_X8R8G8B8 &&
-                       parameters.BackBufferWidth <= kLargestBackBuffer &&
-                       parameters.BackBufferHeight <= kLargestBackBuffer;
+                       parameters.BackBufferWidth <= kLargestBackBufferWidth &&
+                       parameters.BackBufferHeight <= kLargestBackBufferHeight;
     return valid ? D3D_OK : D3DERR_INVALIDCALL;
 }
 
 SoftDevice::SoftDevice(std::shared_ptr<TextureMemory> memory, PictureSink* sink,
-                       const D3DPRESENT_PARAMETERS& parameters)
-    : memory_(std::move(memory)), sink_(sink) {
+                       const D3DPRESENT_PARAMETERS& parameters, std::int32_t threads)
+    : memory_(std::move(memory)), sink_(sink), threads_(threads) {
     MakeBackBuffer(parameters);
+}
+
+std::int32_t SoftDevice::ThreadsForDrawing() {
+    const unsigned processors = std::thread::hardware_concurrency();  // 0: not known
+    return static_cast<std::int32_t>(std::clamp(processors, 1U, unsigned{kMostThreads}));
 }
 
 // Black.
@@ -82,8 +99,18 @@ void SoftDevice::MakeBackBuffer(const D3DPRESENT_PARAMETERS& parameters) {
             static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
         constexpr std::size_t kWords = std::tuple_size_v<decltype(Pixels::words)>;
         picture_ = std::vector<Pixels>((count + kWords - 1) / kWords);
-        target_ = {{picture_.front().words.data(), count}, width, height};
-        backBuffer_ = std::make_shared<SoftSurface>(target_.pixels, width, height);
+        const std::span pixels(picture_.front().words.data(), count);
+        backBuffer_ = std::make_shared<SoftSurface>(pixels, width, height);
+        target_.pixels = pixels;
+    }
+    target_ = {target_.pixels, width, height};
+    const bool large = std::int64_t{width} * height >= kLeastForThreads;
+    if (!large || threads_ < 2) {
+        list_.reset();
+    } else if (list_ == nullptr) {
+        list_ = std::make_unique<soft::DrawList>(threads_);
+    } else {
+        list_->Forget();
     }
     std::ranges::fill(target_.pixels, kOpaqueBlack);
 }
@@ -116,10 +143,35 @@ HRESULT SoftDevice::SetRenderState(std::uint32_t state, std::uint32_t value) {
 
 HRESULT SoftDevice::SetTextureStageState(std::uint32_t stage, std::uint32_t type,
                                          std::uint32_t value) {
-    if (stage != 0 || type != D3DTSS_ALPHAOP) {
+    if (stage != 0) {
         return D3DERR_INVALIDCALL;
     }
-    return SetIf(IsAlphaOperation(value), states_.pixels.alphaOperation, value);
+    soft::PixelStates& pixels = states_.pixels;
+    switch (type) {
+        case D3DTSS_ALPHAOP: return SetIf(IsAlphaOperation(value), pixels.alphaOperation, value);
+        case D3DTSS_ADDRESSU:
+            return SetIf(IsAddress(value), pixels.sampling.clampColumns,
+                         value == D3DTADDRESS_CLAMP);
+        case D3DTSS_ADDRESSV:
+            return SetIf(IsAddress(value), pixels.sampling.clampLines, value == D3DTADDRESS_CLAMP);
+        case D3DTSS_MAGFILTER:
+            return SetIf(IsFilter(value), states_.magnifiesLinear, value == D3DTEXF_LINEAR);
+        case D3DTSS_MINFILTER:
+            return SetIf(IsFilter(value), states_.minifiesLinear, value == D3DTEXF_LINEAR);
+        default: return D3DERR_INVALIDCALL;
+    }
+}
+
+HRESULT SoftDevice::SetViewport(const D3DVIEWPORT8& viewport) {
+    if (!LiesWithin(viewport.X, viewport.Width, target_.width) ||
+        !LiesWithin(viewport.Y, viewport.Height, target_.height)) {
+        return D3DERR_INVALIDCALL;
+    }
+    target_.left = static_cast<std::int32_t>(viewport.X);
+    target_.top = static_cast<std::int32_t>(viewport.Y);
+    target_.right = target_.left + static_cast<std::int32_t>(viewport.Width);
+    target_.bottom = target_.top + static_cast<std::int32_t>(viewport.Height);
+    return D3D_OK;
 }
 
 HRESULT SoftDevice::SetTexture(std::uint32_t stage,
@@ -145,6 +197,7 @@ HRESULT SoftDevice::EndScene() {
     if (IsLost()) {
         return D3DERR_DEVICELOST;
     }
+    DrawWhatWaits();
     return std::exchange(states_.inScene, false) ? D3D_OK : D3DERR_INVALIDCALL;
 }
 
@@ -155,7 +208,11 @@ HRESULT SoftDevice::Clear(std::uint32_t flags, std::uint32_t color) {
     if (flags != D3DCLEAR_TARGET) {
         return D3DERR_INVALIDCALL;
     }
-    std::ranges::fill(target_.pixels, color);
+    if (states_.inScene && list_ != nullptr) {
+        list_->NoteClear(target_, color);
+    } else {
+        soft::Fill(target_, color);
+    }
     return D3D_OK;
 }
 
@@ -174,14 +231,12 @@ HRESULT SoftDevice::DrawPrimitiveUP(std::uint32_t primitiveType, std::uint32_t p
 }
 
 void SoftDevice::DrawStrip(std::span<const Vertex> corners) {
-    if (states_.texture == nullptr) {
-        soft::DrawStrip(target_, states_.pixels, nullptr, corners);
-        return;
-    }
-    const soft::Texels texels = states_.texture->Pixels();
-    if (!soft::DrawWholeQuad(target_, states_.pixels, texels, states_.texture->PixelCoverage(),
-                             corners)) {
-        soft::DrawStrip(target_, states_.pixels, &texels, corners);
+    soft::PixelStates pixels = states_.pixels;
+    pixels.sampling.linear = states_.magnifiesLinear && states_.minifiesLinear;
+    if (list_ != nullptr) {
+        list_->NoteStrip(target_, pixels, states_.texture, corners);
+    } else {
+        soft::DrawFastest(target_, pixels, states_.texture.get(), corners);
     }
 }
 

@@ -14,6 +14,9 @@
 // after Reset, which also ends the scene.
 //
 // Drawing, scenes, copies and presenting allocate nothing.
+//
+// On a large back buffer a scene is drawn by several threads (DrawList.h), when it ends or before
+// something looks at its pixels. They wait in the device and end with it. Nobody sees a difference.
 #pragma once
 
 #include <array>
@@ -25,6 +28,7 @@
 #include "platform/Direct3D8.h"
 #include "platform/View.h"
 #include "platform/soft/Blend.h"
+#include "platform/soft/DrawList.h"
 #include "platform/soft/PictureSink.h"
 #include "platform/soft/SoftSurface.h"
 #include "platform/soft/SoftTexture.h"
@@ -33,8 +37,9 @@
 
 namespace scenara {
 
-// The largest back buffer's width and height.
-inline constexpr std::uint32_t kLargestBackBuffer = 4096;
+// Of a back buffer, in pixels.
+inline constexpr std::uint32_t kLargestBackBufferWidth = 7680;
+inline constexpr std::uint32_t kLargestBackBufferHeight = 4320;
 
 // D3D_OK when a device can present so: in a window, by copying, a size up to the largest or none
 // (0: that of a CanvasSize as it is designed), in the one format that there is. D3DERR_INVALIDCALL
@@ -45,8 +50,13 @@ class SoftDevice : public Direct3DDevice8 {
 public:
     // `memory` is kept by whoever wants the next device to find it filled. `sink` must outlive the
     // device; without one Present shows nothing and succeeds.
+    // Scenes are drawn by at most so many threads, and no more than there are processors to run at
+    // a time.
+    static constexpr std::int32_t kMostThreads = 4;
     explicit SoftDevice(std::shared_ptr<TextureMemory> memory = std::make_shared<TextureMemory>(),
-                        PictureSink* sink = nullptr, const D3DPRESENT_PARAMETERS& parameters = {});
+                        PictureSink* sink = nullptr, const D3DPRESENT_PARAMETERS& parameters = {},
+                        std::int32_t threads = ThreadsForDrawing());
+    [[nodiscard]] static std::int32_t ThreadsForDrawing();
 
     // Sizes outside 1 to 32767 raise RunTimeError "Overflow".
     [[nodiscard]] std::shared_ptr<Direct3DTexture8> CreateTexture(
@@ -56,6 +66,7 @@ public:
     [[nodiscard]] HRESULT SetRenderState(std::uint32_t state, std::uint32_t value) override;
     [[nodiscard]] HRESULT SetTextureStageState(std::uint32_t stage, std::uint32_t type,
                                                std::uint32_t value) override;
+    [[nodiscard]] HRESULT SetViewport(const D3DVIEWPORT8& viewport) override;
     [[nodiscard]] HRESULT SetTexture(std::uint32_t stage,
                                      const std::shared_ptr<Direct3DTexture8>& texture) override;
     [[nodiscard]] HRESULT BeginScene() override;
@@ -77,8 +88,14 @@ public:
     [[nodiscard]] HRESULT Reset(const D3DPRESENT_PARAMETERS& parameters) override;
 
     // Line by line, of which the top byte has no meaning.
-    [[nodiscard]] std::span<const std::uint32_t> BackBuffer() const { return target_.pixels; }
-    [[nodiscard]] std::span<std::uint32_t> BackBuffer() { return target_.pixels; }
+    [[nodiscard]] std::span<const std::uint32_t> BackBuffer() const {
+        DrawWhatWaits();
+        return target_.pixels;
+    }
+    [[nodiscard]] std::span<std::uint32_t> BackBuffer() {
+        DrawWhatWaits();
+        return target_.pixels;
+    }
     [[nodiscard]] CanvasSize Size() const { return {target_.width, target_.height}; }
 
     // From now on it is lost.
@@ -93,6 +110,8 @@ private:
     struct States {
         soft::PixelStates pixels;
         std::uint32_t vertexFormat = 0;
+        bool magnifiesLinear = false;
+        bool minifiesLinear = false;
         std::shared_ptr<SoftTexture> texture;
         bool inScene = false;
     };
@@ -104,12 +123,19 @@ private:
 
     void MakeBackBuffer(const D3DPRESENT_PARAMETERS& parameters);
     void DrawStrip(std::span<const Vertex> corners);
+    void DrawWhatWaits() const {
+        if (list_ != nullptr) {
+            list_->DrawAll();
+        }
+    }
 
     std::shared_ptr<TextureMemory> memory_;
     PictureSink* sink_;
     std::vector<Pixels> picture_;
-    soft::Target target_;                      // the same pixels
+    soft::Target target_;                      // the same pixels, and the viewport
     std::shared_ptr<SoftSurface> backBuffer_;  // the same pixels
+    std::int32_t threads_;
+    std::unique_ptr<soft::DrawList> list_;  // none where each draw is done at once
     States states_;
     Condition condition_ = Condition::Usable;
 };

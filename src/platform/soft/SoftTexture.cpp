@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "base/RunTimeError.h"
+#include "platform/soft/DrawList.h"
 
 namespace scenara {
 namespace {
@@ -30,6 +31,21 @@ SoftTexture::SoftTexture(std::shared_ptr<TextureMemory> memory, const TexturePar
       height_(parameters.height),
       pitch_(std::max(parameters.width, parameters.wantedPitch)) {
     piece_ = memory_->Allocate(WordsOf(parameters, pitch_));
+}
+
+LockedPixels SoftTexture::LockRect() {
+    if (list_ != nullptr) {
+        list_->DrawAll();
+    }
+    coverage_ = {};
+    return {piece_.words, pitch_};
+}
+
+void SoftTexture::AwaitDrawing(soft::DrawList* list) {
+    if (list != nullptr && list_ != nullptr && list_ != list) {
+        list_->DrawAll();
+    }
+    list_ = list;
 }
 
 void SoftTexture::PreLoad() {

@@ -4,7 +4,8 @@
 //
 // The pitch and the slack that a writer wishes for are given, so a decoder can run from the first
 // line to the last without a look; the slack is there until the texture is unlocked for the first
-// time. Mip levels and filters are taken and not needed: nothing is ever drawn smaller than it is.
+// time. Mip levels and filters are taken and not used: pictures of every size are drawn from the
+// one level that there is.
 #pragma once
 
 #include <cstdint>
@@ -17,6 +18,10 @@
 
 namespace scenara {
 
+namespace soft {
+class DrawList;
+}
+
 class SoftTexture final : public Direct3DTexture8 {
 public:
     // Sizes are 1 to 32767. Raises RunTimeError "Out of memory".
@@ -25,10 +30,8 @@ public:
 
     [[nodiscard]] std::int32_t Width() const override { return width_; }
     [[nodiscard]] std::int32_t Height() const override { return height_; }
-    LockedPixels LockRect() override {
-        coverage_ = {};
-        return {piece_.words, pitch_};
-    }
+    // What waits to be drawn with the pixels that there are is drawn first.
+    LockedPixels LockRect() override;
     LockedPixels LockRectToRead() override { return {piece_.words, pitch_}; }
     void UnlockRect() override {
         memory_->Shrink(piece_,
@@ -40,12 +43,16 @@ public:
     [[nodiscard]] soft::Texels Pixels() const { return {piece_.words, width_, height_, pitch_}; }
     [[nodiscard]] const soft::Coverage& PixelCoverage() const { return coverage_; }
 
+    // It stands on this list of draws from now on, or on none. What waits on another one is drawn.
+    void AwaitDrawing(soft::DrawList* list);
+
 private:
     std::shared_ptr<TextureMemory> memory_;
     TextureMemory::Piece piece_;
     std::int32_t width_;
     std::int32_t height_;
     std::int32_t pitch_;
+    soft::DrawList* list_ = nullptr;
     soft::Coverage coverage_;  // what PreLoad found; unknown since the last lock otherwise
 };
 

@@ -8,6 +8,7 @@
 #include <cstdint>
 
 #include "platform/soft/PixelRows.h"
+#include "platform/soft/Sampling.h"
 
 namespace scenara::soft {
 namespace {
@@ -19,13 +20,14 @@ struct Point {
     double y = 0;
 };
 
-Point PlaceOf(const Vertex& corner) {
+Point PointOf(const Vertex& corner) {
     return {static_cast<double>(corner.x), static_cast<double>(corner.y)};
 }
 
-// The first pixel whose centre is at `edge` or behind it, 0 to `limit`.
-std::int32_t FirstPixel(double edge, std::int32_t limit) {
-    return static_cast<std::int32_t>(std::clamp(std::ceil(edge - 0.5), 0.0, double{1} * limit));
+// The first pixel whose centre is at `edge` or behind it, `least` to `most`.
+std::int32_t FirstPixel(double edge, std::int32_t least, std::int32_t most) {
+    return static_cast<std::int32_t>(
+        std::clamp(std::ceil(edge - 0.5), double{1} * least, double{1} * most));
 }
 
 // An edge that is no horizontal one, from its upper end to its lower, whichever way the triangle
@@ -48,7 +50,7 @@ struct PixelRun {
 // The triangle's outline on the screen. It runs clockwise, so an edge that goes up is a left one.
 class Outline {
 public:
-    Outline(const std::array<Point, 3>& corners, const Target& target) : width_(target.width) {
+    Outline(const std::array<Point, 3>& corners, const Target& target) : target_(target) {
         for (std::size_t i = 0; i < 3; ++i) {
             const Point from = corners[i];
             const Point to = corners[(i + 1) % 3];
@@ -59,15 +61,16 @@ public:
             }
         }
         const auto [top, bottom] = std::minmax({corners[0].y, corners[1].y, corners[2].y});
-        rows_ = {FirstPixel(top, target.height), FirstPixel(bottom, target.height)};
+        rows_ = {FirstPixel(top, target.top, target.bottom),
+                 FirstPixel(bottom, target.top, target.bottom)};
     }
 
     [[nodiscard]] PixelRun Rows() const { return rows_; }
 
     // The pixels of the line whose centres have this y, one of Rows().
     [[nodiscard]] PixelRun Pixels(double y) const {
-        return {FirstPixel(CutOf(left_, leftCount_, y), width_),
-                FirstPixel(CutOf(right_, rightCount_, y), width_)};
+        return {FirstPixel(CutOf(left_, leftCount_, y), target_.left, target_.right),
+                FirstPixel(CutOf(right_, rightCount_, y), target_.left, target_.right)};
     }
 
 private:
@@ -80,7 +83,7 @@ private:
     std::array<Edge, 2> right_;
     std::size_t leftCount_ = 0;
     std::size_t rightCount_ = 0;
-    std::int32_t width_;
+    const Target& target_;
     PixelRun rows_;
 };
 
@@ -121,29 +124,6 @@ private:
     double area_;
 };
 
-// Brings positions along one axis of a texture into it. Neighbours are mostly in the same repeat,
-// for which no division is needed.
-class WrappedAxis {
-public:
-    explicit WrappedAxis(std::int32_t size) : size_(size) {}
-
-    [[nodiscard]] std::int32_t TexelAt(double position) {
-        auto texel = static_cast<std::int64_t>(position);
-        texel -= static_cast<double>(texel) > position ? 1 : 0;
-        std::int64_t place = texel - repeatStart_;
-        if (place < 0 || place >= size_) {
-            place = texel % size_;
-            place += place < 0 ? size_ : 0;
-            repeatStart_ = texel - place;
-        }
-        return static_cast<std::int32_t>(place);
-    }
-
-private:
-    std::int64_t size_;
-    std::int64_t repeatStart_ = 0;
-};
-
 // A value's course along one line of pixels.
 struct Course {
     double first = 0;
@@ -158,14 +138,64 @@ struct Course {
     }
 };
 
-void FetchTexels(const Texels& texture, const Course& u, const Course& v,
-                 std::span<std::uint32_t> row) {
-    WrappedAxis columns(texture.width);
-    WrappedAxis lines(texture.height);
-    for (std::size_t i = 0; i < row.size(); ++i) {
-        row[i] = texture.Line(lines.TexelAt(v.At(i)))[columns.TexelAt(u.At(i))];
-    }
+std::int64_t RoundedDown(double value) {
+    const auto whole = static_cast<std::int64_t>(value);
+    return whole - (static_cast<double>(whole) > value ? 1 : 0);
 }
+
+// Whether texels are counted mirrored along an axis: they go down to the right, or down the screen
+// where that is how they mostly run.
+bool IsMirrored(const Slope& slope) {
+    return std::abs(slope.perX) >= std::abs(slope.perY) ? slope.perX < 0 : slope.perY < 0;
+}
+
+// Looks a line's texels up.
+class TexelRow {
+public:
+    // The courses are counted as the axes are.
+    TexelRow(const Texels& texture, const Course& u, const Course& v, const TexelAxis& columns,
+             const TexelAxis& lines)
+        : texture_(texture), u_(u), v_(v), columns_(columns), lines_(lines) {}
+
+    void FetchNearest(std::span<std::uint32_t> row) {
+        for (std::size_t i = 0; i < row.size(); ++i) {
+            const std::int64_t line = RoundedDown(NearestTexel(v_.At(i)));
+            const std::int64_t column = RoundedDown(NearestTexel(u_.At(i)));
+            row[i] = texture_.Line(lines_.TexelAt(line))[columns_.TexelAt(column)];
+        }
+    }
+
+    void FetchMeans(std::span<std::uint32_t> row, bool byAlpha) {
+        for (std::size_t i = 0; i < row.size(); ++i) {
+            const TwoTexels across = TwoAt(columns_, u_.At(i));
+            const TwoTexels down = TwoAt(lines_, v_.At(i));
+            const std::uint32_t* const above = texture_.Line(down.first);
+            const std::uint32_t* const below = texture_.Line(down.second);
+            row[i] = MeanOf({above[across.first], above[across.second], below[across.first],
+                             below[across.second]},
+                            across.parts, down.parts, byAlpha);
+        }
+    }
+
+private:
+    struct TwoTexels {
+        std::int32_t first;
+        std::int32_t second;
+        std::uint32_t parts;  // of the second
+    };
+    static TwoTexels TwoAt(TexelAxis& axis, double place) {
+        const std::int64_t parts = RoundedDown(MeanParts(place));
+        const std::int64_t first = parts >> 8;
+        return {axis.TexelAt(first), axis.TexelAt(first + 1),
+                static_cast<std::uint32_t>(parts - first * kTexelParts)};
+    }
+
+    const Texels& texture_;
+    Course u_;
+    Course v_;
+    TexelAxis columns_;
+    TexelAxis lines_;
+};
 
 std::uint32_t ChannelAt(const Course& course, std::size_t pixel) {
     // What is not a number is 0.
@@ -207,7 +237,7 @@ public:
             if (!u.HasTexels(row.size()) || !v.HasTexels(row.size())) {
                 return;
             }
-            FetchTexels(*texture_, u, v, row);
+            FetchTexels(u, v, row);
         }
         TintTexels(row, first);
         BlendRow(pixels, row, states_);
@@ -217,9 +247,26 @@ private:
     [[nodiscard]] Slope SlopeOf(const std::array<const Vertex*, 3>& corners,
                                 float Vertex::*coordinate, std::int32_t texels) const {
         const auto at = [&](std::size_t corner) {
-            return static_cast<double>(corners[corner]->*coordinate) * texels;  // exact
+            return PlaceOf(corners[corner]->*coordinate, texels);
         };
         return plane_.Through(at(0), at(1), at(2));
+    }
+
+    void FetchTexels(const Course& u, const Course& v, std::span<std::uint32_t> row) const {
+        const auto counted = [](const Course& course, bool mirrored) {
+            return mirrored ? Course{-course.first, -course.step} : course;
+        };
+        const bool mirrored = IsMirrored(u_);
+        const bool flipped = IsMirrored(v_);
+        const Sampling& sampling = states_.sampling;
+        TexelRow texels(*texture_, counted(u, mirrored), counted(v, flipped),
+                        {texture_->width, mirrored, sampling.clampColumns},
+                        {texture_->height, flipped, sampling.clampLines});
+        if (sampling.linear) {
+            texels.FetchMeans(row, states_.blending);
+        } else {
+            texels.FetchNearest(row);
+        }
     }
 
     [[nodiscard]] Course CourseOf(const Slope& slope, Point first) const {
@@ -266,7 +313,7 @@ void DrawTriangle(const Target& target, const PixelStates& states, const Texels*
     if (!IsFinite(a, textured) || !IsFinite(b, textured) || !IsFinite(c, textured)) {
         return;
     }
-    const std::array<Point, 3> places{PlaceOf(a), PlaceOf(b), PlaceOf(c)};
+    const std::array<Point, 3> places{PointOf(a), PointOf(b), PointOf(c)};
     const Plane plane(places);
     if (!(plane.Area() > 0)) {
         return;

@@ -4,8 +4,9 @@
 //
 // A line of pixels at a time: where the two edges that it meets cut it, what colours and texels lie
 // between them, tinted and blended as rows. Two triangles that share an edge compute the same cut,
-// so that every pixel between them is drawn by one of them exactly. Texels and colours are those at
-// the pixel's centre; an interpolated colour is rounded to whole channels before it tints.
+// so that every pixel between them is drawn by one of them exactly. Texels (Sampling.h) and colours
+// are those at the pixel's centre; an interpolated colour is rounded to whole channels before it
+// tints.
 //
 // Hostile corners: a triangle with a coordinate that is not a finite number, or with a texture
 // coordinate beyond kMostTexels texels, draws nothing. Any other costs what is visible of it.

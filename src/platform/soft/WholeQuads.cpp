@@ -2,19 +2,18 @@
 #include "platform/soft/WholeQuads.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <cstddef>
 
-#include "platform/soft/BlendRows.h"
 #include "platform/soft/CopyRows.h"
-#include "platform/soft/PixelRows.h"
+#include "platform/soft/Rectangle.h"
+#include "platform/soft/RowDrawing.h"
+#include "platform/soft/Sampling.h"
 
 namespace scenara::soft {
 namespace {
 
-// Beyond these a float has no halves left, and what a quad shows is for the general path to say.
-constexpr float kFarthestPixel = 16777216;   // 2^24
+// Beyond this a float has no halves left, and what a quad shows is for the general path to say.
 constexpr double kFarthestTexel = 16777216;  // 2^24
 
 // How far a quad's outermost texels may be from whole ones, because a texture coordinate is a
@@ -22,14 +21,6 @@ constexpr double kFarthestTexel = 16777216;  // 2^24
 // be in with none. A quarter leaves the general path's own rounding a quarter, which is far more
 // than it needs within the bounds above.
 constexpr double kTexelTolerance = 0.25;
-
-std::optional<std::int32_t> WholePixel(float position) {
-    if (!(std::abs(position) <= kFarthestPixel)) {
-        return std::nullopt;
-    }
-    const auto pixel = static_cast<std::int32_t>(position);
-    return static_cast<float>(pixel) == position ? std::optional(pixel) : std::nullopt;
-}
 
 // `from` and `to` are the texture coordinates at the run's ends.
 std::optional<WholeRun> AsWholeRun(float begin, float end, float from, float to,
@@ -56,108 +47,36 @@ std::optional<WholeRun> AsWholeRun(float begin, float end, float from, float to,
     return WholeRun{*first, *last, backwards ? texel - 1 : texel, backwards};
 }
 
-// The corners of a rectangle that matter; the other two share their coordinates.
-struct Diagonal {
-    const Vertex* leftTop = nullptr;
-    const Vertex* rightBottom = nullptr;
-};
-
-bool ShareColumn(const Vertex& a, const Vertex& b) {
-    return a.x == b.x && a.tu == b.tu;
-}
-
-bool ShareLine(const Vertex& a, const Vertex& b) {
-    return a.y == b.y && a.tv == b.tv;
-}
-
-Diagonal DiagonalOf(std::span<const Vertex, 4> corners) {
-    const Vertex& a = corners[0];
-    const Vertex& b = corners[1];
-    const Vertex& c = corners[2];
-    const Vertex& d = corners[3];
-    if (ShareColumn(a, b) && ShareColumn(c, d) && ShareLine(a, c) && ShareLine(b, d)) {
-        return {&b, &c};
-    }
-    if (ShareLine(a, b) && ShareLine(c, d) && ShareColumn(a, c) && ShareColumn(b, d)) {
-        return {&a, &d};
-    }
-    return {};
-}
-
-// The part of a run that lies among `pixels` pixels from 0.
-WholeRun Clipped(const WholeRun& run, std::int32_t pixels) {
-    const std::int32_t begin = std::max(run.begin, 0);
+// The part of a run that lies among the pixels from `least` up to, and without, `most`.
+WholeRun Clipped(const WholeRun& run, std::int32_t least, std::int32_t most) {
+    const std::int32_t begin = std::max(run.begin, least);
     const std::int32_t skipped = begin - run.begin;
-    return {begin, std::min(run.end, pixels),
+    return {begin, std::min(run.end, most),
             run.backwards ? run.texel - skipped : run.texel + skipped, run.backwards};
 }
 
-enum class RowOperation { Copy, Mask, Blend };
-
-RowOperation OperationFor(const PixelStates& states, std::uint32_t tint, Coverage::Kind kind) {
-    if (tint != kWhite) {
-        return RowOperation::Blend;
-    }
-    if (IsCopying(states) || (IsCovering(states) && kind == Coverage::Kind::Opaque)) {
-        return RowOperation::Copy;
-    }
-    return IsCovering(states) && kind == Coverage::Kind::Masked ? RowOperation::Mask
-                                                                : RowOperation::Blend;
+// Whether all of a run's texels are the texture's own and not repeats.
+bool LiesInTexture(const WholeRun& run, std::int32_t texels) {
+    const std::int32_t last =
+        run.backwards ? run.texel - (run.Length() - 1) : run.texel + (run.Length() - 1);
+    return std::min(run.texel, last) >= 0 && std::max(run.texel, last) < texels;
 }
 
-std::optional<EvenBlend> EvenBlendFor(const PixelStates& states, std::uint32_t tint,
-                                      Coverage::Kind kind) {
-    const bool even = kind == Coverage::Kind::Masked || kind == Coverage::Kind::Opaque;
-    return even ? EvenBlendOf(states, tint) : std::nullopt;
+// Whether this sampling shows the quad's texels as they are. A quarter of a texel is nothing to
+// the nearest one, but a weight in a mean.
+bool ShowsTexels(const Sampling& sampling, const WholeQuad& quad, std::span<const Vertex> corners,
+                 const Texels& texture) {
+    const auto isEdge = [](float coordinate, std::int32_t texels) {
+        const double place = PlaceOf(coordinate, texels);
+        return place == std::floor(place);
+    };
+    const auto onEdges = [&](const Vertex& corner) {
+        return isEdge(corner.tu, texture.width) && isEdge(corner.tv, texture.height);
+    };
+    return (!sampling.linear || std::ranges::all_of(corners, onEdges)) &&
+           (!sampling.clampColumns || LiesInTexture(quad.columns, texture.width)) &&
+           (!sampling.clampLines || LiesInTexture(quad.lines, texture.height));
 }
-
-void BlendRows(const TexelRows& rows, const PixelStates& states, std::uint32_t tint) {
-    const auto width = static_cast<std::size_t>(rows.width);
-    std::array<std::uint32_t, kMostRun> buffer;  // NOLINT(*-member-init): filled as needed
-    const std::span<std::uint32_t> tinted = std::span(buffer).first(width);
-    for (std::int32_t y = 0; y < rows.height; ++y) {
-        const std::span source(rows.lines + y * rows.linePitch + rows.column, width);
-        const std::span pixels(rows.destination + y * rows.pitch, width);
-        if (!rows.mirrored && tint == kWhite) {
-            BlendRow(pixels, source, states);
-            continue;
-        }
-        if (rows.mirrored) {
-            std::ranges::reverse_copy(source, tinted.begin());
-        } else {
-            std::ranges::copy(source, tinted.begin());
-        }
-        TintRow(tinted, tint);
-        BlendRow(pixels, tinted, states);
-    }
-}
-
-// How all rows of a quad are drawn.
-class RowDrawing {
-public:
-    RowDrawing(const PixelStates& states, std::uint32_t tint, Coverage::Kind kind)
-        : states_(states),
-          tint_(tint),
-          operation_(OperationFor(states, tint, kind)),
-          even_(EvenBlendFor(states, tint, kind)) {}
-
-    void Draw(const TexelRows& rows) const {
-        switch (operation_) {
-            case RowOperation::Copy: CopyRows(rows); break;
-            case RowOperation::Mask: MaskRows(rows); break;
-            default:
-                if (!even_ || !BlendEvenly(rows, *even_)) {
-                    BlendRows(rows, states_, tint_);
-                }
-        }
-    }
-
-private:
-    const PixelStates& states_;
-    std::uint32_t tint_;
-    RowOperation operation_;
-    std::optional<EvenBlend> even_;
-};
 
 TexelRows RowsOf(const Target& target, const Texels& texture, const Coverage& coverage,
                  const WholeRun& columns, const WholeRun& lines) {
@@ -208,35 +127,29 @@ void DrawStretch(const Target& target, const RowDrawing& drawing, const Texels& 
 }  // namespace
 
 std::optional<WholeQuad> AsWholeQuad(std::span<const Vertex> corners, const Texels& texture) {
-    if (corners.size() != 4) {
+    const std::optional<Rectangle> rectangle = AsRectangle(corners);
+    if (!rectangle) {
         return std::nullopt;
     }
-    const std::uint32_t color = corners[0].color;
-    if (!std::ranges::all_of(corners, [&](const Vertex& v) { return v.color == color; })) {
-        return std::nullopt;
-    }
-    const auto [leftTop, rightBottom] = DiagonalOf(corners.first<4>());
-    if (leftTop == nullptr) {
-        return std::nullopt;
-    }
+    const auto [leftTop, rightBottom] = *rectangle;
     const auto columns =
-        AsWholeRun(leftTop->x, rightBottom->x, leftTop->tu, rightBottom->tu, texture.width);
+        AsWholeRun(leftTop.x, rightBottom.x, leftTop.tu, rightBottom.tu, texture.width);
     const auto lines =
-        AsWholeRun(leftTop->y, rightBottom->y, leftTop->tv, rightBottom->tv, texture.height);
+        AsWholeRun(leftTop.y, rightBottom.y, leftTop.tv, rightBottom.tv, texture.height);
     if (!columns || !lines) {
         return std::nullopt;
     }
-    return WholeQuad{*columns, *lines, color};
+    return WholeQuad{*columns, *lines, leftTop.color};
 }
 
 bool DrawWholeQuad(const Target& target, const PixelStates& states, const Texels& texture,
                    const Coverage& coverage, std::span<const Vertex> corners) {
     const std::optional<WholeQuad> quad = AsWholeQuad(corners, texture);
-    if (!quad) {
+    if (!quad || !ShowsTexels(states.sampling, *quad, corners, texture)) {
         return false;
     }
-    const WholeRun columns = Clipped(quad->columns, target.width);
-    const WholeRun lines = Clipped(quad->lines, target.height);
+    const WholeRun columns = Clipped(quad->columns, target.left, target.right);
+    const WholeRun lines = Clipped(quad->lines, target.top, target.bottom);
     if (columns.Length() <= 0 || lines.Length() <= 0) {
         return true;
     }
