@@ -26,8 +26,7 @@ void DrawFrames(benchmark::State& state, const std::string& folder, const std::s
             HeadlessWindow window;
             const ViewOptions view;
             std::string path = folder + "stages/" + definition;
-            if (!LoadStage(model, path,
-                           {files, messages, window, device, view, View(), folder, {}})) {
+            if (!LoadStage(model, path, {files, messages, window, device, view, folder, {}})) {
                 throw std::runtime_error(messages.Recorded().back().text);
             }
         });

@@ -51,8 +51,7 @@ void LoadLargeDefinition(benchmark::State& state) {
         StageModel model;
         HeadlessMessages messages;
         HeadlessWindow window;
-        if (!LoadStage(model, path,
-                       {files, messages, window, device, view, View(), folder.Path(), {}}) ||
+        if (!LoadStage(model, path, {files, messages, window, device, view, folder.Path(), {}}) ||
             model.ElementCount != kElements || model.ActionCount != kActions) {
             throw std::runtime_error("the definition did not load");
         }

@@ -50,7 +50,7 @@ void frmStage::Size(Long width, Long height) {
 
 // The view at its own size, beside the list where that is shown.
 void frmStage::SizeForPicture() {
-    const InnerSize view = machine_.window.RoomFor(show_.Picture().Canvas());
+    const InnerSize view = machine_.window.RoomFor(CanvasSize());
     MakeRoom(view.width, view.height);
 }
 

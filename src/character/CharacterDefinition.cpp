@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "character/CharacterDefinition.h"
 
+#include "base/NumberText.h"
 #include "base/Text.h"
 #include "character/CharacterText.h"
 #include "platform/LineReader.h"
@@ -25,6 +26,14 @@ std::string DisplayNameOf(const CharacterLine& line) {
     const std::size_t closing = behind.find('"');
     return std::string(closing == std::string_view::npos ? TrimBlanks(behind)
                                                          : behind.substr(0, closing));
+}
+
+// 0 for one that no view has.
+Long WidthIn(std::string_view localcoord) {
+    constexpr double kLeast = 80;
+    constexpr double kMost = 7680;
+    const double width = RoundToEven(LeadingNumber(localcoord));
+    return width >= kLeast && width <= kMost ? static_cast<Long>(width) : 0;
 }
 
 void Take(const std::optional<std::string>& value, std::string& name) {
@@ -62,6 +71,9 @@ private:
     void ReadNames() {
         if (line_.Before("displayname")) {
             result_.displayName = DisplayNameOf(line_);
+        }
+        if (line_.Before("localcoord")) {
+            result_.localcoordWidth = WidthIn(line_.Value());
         }
         if (line_.Has("pal.defaults")) {
             const std::string_view value = line_.Value();

@@ -4,6 +4,7 @@
 // is made of.
 //
 //   displayname = "Name"      anywhere; the last one counts
+//   localcoord = 640,480      anywhere; how wide the view is in the character's own pixels
 //   pal.defaults = 2,1        anywhere; the first number chooses the palette line below
 //   [Files]
 //   anim = name.air           base names, the extension left out; may hold folders
@@ -18,6 +19,7 @@
 #include <string>
 #include <string_view>
 
+#include "base/Integers.h"
 #include "platform/Files.h"
 
 namespace scenara {
@@ -28,6 +30,7 @@ struct CharacterDefinition {
     std::string sprite;
     std::string cns;
     std::string palette;
+    Long localcoordWidth = 0;  // 0: not given
 };
 
 [[nodiscard]] CharacterDefinition ReadCharacterDefinition(InputFile& file);

@@ -52,6 +52,9 @@ private:
         }
         definition_ = ReadCharacterDefinition(*context_.files.OpenForReading(path_));
         character_.DisplayName = definition_.displayName;
+        if (definition_.localcoordWidth != 0) {
+            character_.LocalcoordWidth = definition_.localcoordWidth;
+        }
         return true;
     }
 

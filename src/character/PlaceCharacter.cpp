@@ -4,6 +4,8 @@
 #include <cstddef>
 
 #include "character/CharacterClock.h"
+#include "stage/ElementStart.h"
+#include "stage/StageSpace.h"
 
 namespace scenara {
 namespace {
@@ -13,14 +15,15 @@ const BackgroundElement* ElementAt(const StageModel& model, Integer index) {
     return there ? &model.Elements[static_cast<std::size_t>(index)] : nullptr;
 }
 
-double StartOf(const BackgroundElement& element) {
-    return element.startY + static_cast<double>(element.startFraction[1]);
-}
-
 }  // namespace
 
-void PlaceCharacter(TestCharState& state, const StageModel& model, const View& view) {
+void PlaceCharacter(TestCharState& state, const StageModel& model, const View& view,
+                    const ViewOptions& options) {
     state.CharZoom = 1;
+    if (options.Additions && !state.Characters.empty()) {
+        state.CharZoom =
+            static_cast<Single>(double{1} * view.width / state.Characters.front().LocalcoordWidth);
+    }
     state.Turning = false;
     state.RightHeld = false;
     state.LeftHeld = false;
@@ -47,14 +50,9 @@ void FollowGround(TestCharacter& character, const StageModel& model) {
     if (ground == nullptr) {
         return;
     }
-    const BackgroundElement* const parent = ElementAt(model, ground->linkParent);
-    const double start = StartOf(*ground) + (parent != nullptr ? StartOf(*parent) : 0);
-    // A linked element is shown with its parent's swing and motion, beside its own motion.
-    const Single swing = parent != nullptr ? ground->linkSin[1] : ground->sinOffset[1];
-    const double motion = static_cast<double>(ground->ctrlPos[1]) +
-                          static_cast<double>(ground->ctrlOffset[1]) + static_cast<double>(swing);
-    character.Y = static_cast<Single>(model.ZOffset +
-                                      start * static_cast<double>(model.ElementScale) + motion);
+    const StageSpace space = SpaceOf(model);
+    const double place = StartOf(model, *ground).y + DisplacementOf(model, *ground).y;
+    character.Y = static_cast<Single>(model.ZOffset + space.hires * space.scaleY * place);
 }
 
 }  // namespace scenara

@@ -15,6 +15,7 @@
 
 #include "base/Integers.h"
 #include "platform/Direct3D8.h"
+#include "platform/View.h"
 
 namespace scenara {
 
@@ -56,13 +57,15 @@ struct TestCharacter {
     std::string DisplayName;
     std::array<CharAction, kKeptActions.size()> Actions;
     std::vector<CharSprite> Sprites;
-    Single X = 0;  // the place on the stage: that of the view with the camera at 0
+    // The place on the stage, in the stage's units: that in the view with the camera at 0.
+    Single X = 0;
     Single Y = 0;  // the ground line
     Single XScale = 1;
     Single YScale = 1;
-    Single WalkSpeed = 1;   // pixels a frame
-    Integer Frame = 0;      // of the current action
-    Integer FrameTime = 0;  // ticks that are left of it
+    Single WalkSpeed = 1;                 // its own pixels a frame
+    Long LocalcoordWidth = View().width;  // of the view, in its own pixels
+    Integer Frame = 0;                    // of the current action
+    Integer FrameTime = 0;                // ticks that are left of it
     Integer Facing = kFacingRight;
     Integer Action = kStanding;
     bool Walking = false;
@@ -70,8 +73,8 @@ struct TestCharacter {
     Long ColorKey = 0;     // the transparent colour, red in the lowest byte
     Integer flag = 0;      // cleared by the loader, read by nobody
 
-    // What the renderer reads: the picture's edge, in view pixels across without the camera and
-    // down with it. It is the left edge where DrawFacing is 1 and the right one where it is -1.
+    // What the renderer reads: the picture's edge, in units of the stage, across without the camera
+    // and down with it. It is the left edge where DrawFacing is 1 and the right one where it is -1.
     Single DrawX = 0;
     Single DrawY = 0;
     Integer DrawTexture = -1;  // into Sprites; -1 = nothing is shown

@@ -6,7 +6,7 @@
 #include "base/NumberText.h"
 #include "base/Path.h"
 #include "base/Text.h"
-#include "render/ModelLookup.h"
+#include "stage/ModelLookup.h"
 
 namespace scenara {
 namespace {

@@ -3,7 +3,8 @@
 
 #include "base/NumberText.h"
 #include "editor/ElementList.h"
-#include "render/ModelLookup.h"
+#include "stage/ModelLookup.h"
+#include "stage/StageSpace.h"
 
 namespace scenara {
 namespace {
@@ -51,7 +52,19 @@ void DebugEditor::BeginDrag(const ViewPoint& point) {
               point.y + camera.y - static_cast<double>(element.posY)},
              element.startX,
              element.startY,
-             {}};
+             {},
+             point};
+}
+
+// Addition: an element stands where its start says. `by`: pixels of the canvas.
+void DebugEditor::MoveStart(Integer index, const Offset& by) {
+    const StageSpace space = SpaceOf(context_.model);
+    const double pixels = context_.view.detail * space.hires;
+    const Long startX = ToLong(drag_.startX + by.x / (pixels * space.scaleX));
+    const Long startY = ToLong(drag_.startY + by.y / (pixels * space.scaleY));
+    BackgroundElement& dragged = RecordAt(context_.model.Elements, index, "element");
+    dragged.startX = startX;
+    dragged.startY = startY;
 }
 
 void DebugEditor::MouseMove(const ViewPoint& point) {
@@ -60,6 +73,13 @@ void DebugEditor::MouseMove(const ViewPoint& point) {
     }
     // Given up before it can fail: else every further move would fail again, each with its message.
     const Integer dragged = std::exchange(followed_, kNone);
+    if (context_.options.Additions) {
+        MoveStart(dragged,
+                  {double{1} * point.x - drag_.from.x, double{1} * point.y - drag_.from.y});
+        followed_ = dragged;
+        actions_.Edited();
+        return;
+    }
     const BackgroundElement& element = RecordAt(context_.model.Elements, dragged, "element");
     const Offset camera = CameraOffset(element);
     Shift(dragged, {point.x - drag_.grab.x + camera.x - static_cast<double>(element.posX),
@@ -71,10 +91,9 @@ void DebugEditor::MouseMove(const ViewPoint& point) {
 void DebugEditor::Shift(Integer index, const Offset& by) {
     StageModel& model = context_.model;
     const Offset moved{drag_.moved.x + by.x, drag_.moved.y + by.y};
-    const auto scale = static_cast<double>(model.ElementScale);
     // From where it began, so that what is rounded does not add up. Both, before either is stored.
-    const Long startX = ToLong(drag_.startX + moved.x / scale);
-    const Long startY = ToLong(drag_.startY + moved.y / scale);
+    const Long startX = ToLong(drag_.startX + moved.x);
+    const Long startY = ToLong(drag_.startY + moved.y);
     drag_.moved = moved;
     BackgroundElement& dragged = RecordAt(model.Elements, index, "element");
     dragged.startX = startX;

@@ -62,15 +62,15 @@ public:
     DebugEditor(const EditorContext& context, EditorActions actions)
         : context_(context), actions_(std::move(actions)) {}
 
-    // --- Mouse, in view pixels -----------------------------------------------------------------
+    // --- Mouse, in canvas pixels ---------------------------------------------------------------
 
     // Picks the topmost element there and begins to drag it; where there is none, nothing is
     // selected any more.
     void MouseDown(const ViewPoint& point);
 
-    // The dragged element stands at the pointer minus the grab offset plus the camera's offset, and
-    // its start changes by what its position changes, so that the dump shows the move. Elements
-    // that are linked to it come along: their own start counts from its. "Overflow" when it is
+    // The dragged element follows the pointer. Its start changes by what its place changes, so that
+    // the dump shows the move. Elements that are linked to it come along: their own start counts
+    // from its. "Overflow" when it is
     // dragged out of the range of a start; an error ends the drag.
     void MouseMove(const ViewPoint& point);
 
@@ -111,14 +111,16 @@ private:
         Long startX = 0;
         Long startY = 0;
         Offset moved;  // by the pointer, so far
+        ViewPoint from;
     };
 
     [[nodiscard]] bool IsOn() const { return context_.flags.DebugBG != 0; }
     [[nodiscard]] DrawOptions Drawing() const {
-        return {context_.options.Additions, context_.view};
+        return DrawOptionsOf(context_.model, context_.camera, context_.view, context_.options);
     }
     [[nodiscard]] Offset CameraOffset(const BackgroundElement& element) const;
     void BeginDrag(const ViewPoint& point);
+    void MoveStart(Integer index, const Offset& by);
     void Shift(Integer index, const Offset& by);
 
     [[nodiscard]] std::optional<VirtualKey> PressedKey() const;

@@ -3,8 +3,8 @@
 
 #include <utility>
 
-#include "render/ModelLookup.h"
 #include "render/PrepareStage.h"
+#include "stage/ModelLookup.h"
 
 namespace scenara {
 namespace {

@@ -6,9 +6,10 @@
 
 #include "render/ElementDrawing.h"
 #include "render/ElementPlacement.h"
-#include "render/ModelLookup.h"
+#include "render/ElementWindow.h"
 #include "render/TexelLock.h"
 #include "render/TileEngine.h"
+#include "stage/ModelLookup.h"
 
 namespace scenara {
 namespace {
@@ -41,8 +42,8 @@ public:
         if (!covered_ && IsUnder(quad)) {
             const SpriteEntry& repeat = pattern.picture;
             const TexelLock texels(*repeat.texture);
-            covered_ = AlphaOf(texels.At((quad.sourceX + point_.x - quad.x) % repeat.width,
-                                         (quad.sourceY + point_.y - quad.y) % repeat.height)) != 0;
+            const ViewTexel texel = TexelUnder(quad);
+            covered_ = AlphaOf(texels.At(texel.x % repeat.width, texel.y % repeat.height)) != 0;
         }
     }
 
@@ -61,11 +62,22 @@ private:
         if (!texels_) {
             texels_.emplace(*sprite_.texture);
         }
-        const std::int64_t x =
-            TexelOf(quad.sourceX + point_.x - quad.x, sprite_.width, picture_.mirrored);
-        const std::int64_t y =
-            TexelOf(quad.sourceY + point_.y - quad.y, sprite_.height, picture_.flipped);
-        return AlphaOf(texels_->At(x, y)) != 0;
+        const ViewTexel texel = TexelUnder(quad);
+        return AlphaOf(texels_->At(TexelOf(texel.x, sprite_.width, picture_.mirrored),
+                                   TexelOf(texel.y, sprite_.height, picture_.flipped))) != 0;
+    }
+
+    // In the picture as it is drawn, with its repeats.
+    struct ViewTexel {
+        std::int64_t x;
+        std::int64_t y;
+    };
+    [[nodiscard]] ViewTexel TexelUnder(const SpriteQuad& quad) const {
+        const auto along = [](std::int64_t at, std::int64_t drawn, std::int64_t shown) {
+            return (2 * at + 1) * shown / (2 * drawn);
+        };
+        return {quad.sourceX + along(point_.x - quad.x, quad.width, quad.ShownWidth()),
+                quad.sourceY + along(point_.y - quad.y, quad.height, quad.ShownHeight())};
     }
 
     const ViewPoint& point_;
@@ -81,8 +93,8 @@ bool Covers(const StageModel& model, const BackgroundElement& element, const Dra
     if (element.visible == 0 || element.enabled == 0) {
         return false;
     }
-    const std::optional<PlacedPicture> picture = PlaceElement(model, element, options.additions);
-    if (!picture) {
+    const std::optional<PlacedPicture> picture = PlaceElement(model, element, options);
+    if (!picture || !ElementWindow::Of(element, options).Has(point.x, point.y)) {
         return false;
     }
     const Mixing mixing = MixingOf(element, BlendingInForce(model, element, options.additions));
@@ -95,13 +107,14 @@ bool Covers(const StageModel& model, const BackgroundElement& element, const Dra
 // Gathers the rectangle around pieces.
 class AroundPieces final : public PieceVisitor {
 public:
-    explicit AroundPieces(const View& view) : view_(view), left_(view.width), top_(view.height) {}
+    explicit AroundPieces(const ElementWindow& window)
+        : window_(window), left_(window.columns.to), top_(window.rows.to) {}
 
     void Show(const SpriteQuad& quad) override {
-        const std::int64_t left = std::max<std::int64_t>(quad.x, 0);
-        const std::int64_t top = std::max<std::int64_t>(quad.y, 0);
-        const std::int64_t right = std::min<std::int64_t>(quad.x + quad.width, view_.width);
-        const std::int64_t bottom = std::min<std::int64_t>(quad.y + quad.height, view_.height);
+        const std::int64_t left = std::max(quad.x, window_.columns.from);
+        const std::int64_t top = std::max(quad.y, window_.rows.from);
+        const std::int64_t right = std::min(quad.x + quad.width, window_.columns.to);
+        const std::int64_t bottom = std::min(quad.y + quad.height, window_.rows.to);
         if (left >= right || top >= bottom) {
             return;
         }
@@ -124,7 +137,7 @@ public:
     }
 
 private:
-    View view_;
+    ElementWindow window_;
     std::int64_t left_;
     std::int64_t top_;
     std::int64_t right_ = 0;
@@ -135,7 +148,8 @@ private:
 
 Integer TopmostElementAt(const StageModel& model, const DrawOptions& options,
                          const ViewPoint& point) {
-    if (!IsInside(point.x, 0, options.view.width) || !IsInside(point.y, 0, options.view.height)) {
+    const CanvasSize canvas = options.view.Canvas();
+    if (!IsInside(point.x, 0, canvas.width) || !IsInside(point.y, 0, canvas.height)) {
         return -1;
     }
     for (const bool front : {true, false}) {
@@ -152,11 +166,11 @@ Integer TopmostElementAt(const StageModel& model, const DrawOptions& options,
 std::optional<ViewFrame> OutlineOf(const StageModel& model, const DrawOptions& options,
                                    Integer index) {
     const BackgroundElement& element = RecordAt(model.Elements, index, "element");
-    const std::optional<PlacedPicture> picture = PlaceElement(model, element, options.additions);
+    const std::optional<PlacedPicture> picture = PlaceElement(model, element, options);
     if (!picture) {
         return std::nullopt;
     }
-    AroundPieces around(options.view);
+    AroundPieces around(ElementWindow::Of(element, options));
     const Mixing mixing = MixingOf(element, BlendingInForce(model, element, options.additions));
     ForEachPiece(model, element, *picture, options, mixing, around);
     return around.Rectangle();

@@ -19,7 +19,7 @@
 
 namespace scenara {
 
-// A pixel of the view; what the pointer drags may lie outside.
+// A pixel of the canvas; what the pointer drags may lie outside.
 struct ViewPoint {
     Long x = 0;
     Long y = 0;

@@ -6,8 +6,8 @@
 
 #include "base/NumberText.h"
 #include "base/Raised.h"
-#include "render/ModelLookup.h"
 #include "render/TexelLock.h"
+#include "stage/ModelLookup.h"
 
 namespace scenara {
 namespace {

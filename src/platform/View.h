@@ -18,13 +18,23 @@ struct CanvasSize {
 
 struct View {
     // In the units that the stage is laid out in.
-    Long width = 320;
-    Long height = 240;
+    Long width = CanvasSize().width;
+    Long height = CanvasSize().height;
+    // Pixels of the canvas to a unit.
+    Long detail = 1;
+
+    // How many times as wide and as high as a view that no stage has asked for otherwise.
+    [[nodiscard]] constexpr double TimesAsWide() const {
+        return double{1} * width / CanvasSize().width;
+    }
+    [[nodiscard]] constexpr double TimesAsHigh() const {
+        return double{1} * height / CanvasSize().height;
+    }
 
     // Where a stage's x of 0 stands while the camera's is 0, too.
     [[nodiscard]] constexpr double Centre() const { return width / 2.0; }
 
-    [[nodiscard]] constexpr CanvasSize Canvas() const { return {width, height}; }
+    [[nodiscard]] constexpr CanvasSize Canvas() const { return {width * detail, height * detail}; }
 
     friend constexpr bool operator==(const View&, const View&) = default;
 };

@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "render/ModelLookup.h"
+#include "stage/ModelLookup.h"
 
 namespace scenara {
 namespace {

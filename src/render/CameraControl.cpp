@@ -11,33 +11,42 @@ constexpr Single kStepChange = 0.5F;
 constexpr Single kLeastStep = 0.5F;
 constexpr Single kMostStep = 10;
 
-void MoveSidewaysByKeys(StageModel& model, const Camera& camera, Keyboard& keyboard) {
+Single Across(const Camera& camera, const StepUnits& units) {
+    return StepLength(camera.HCamStep, units.across, units.whole);
+}
+
+Single Down(const Camera& camera, const StepUnits& units) {
+    return StepLength(camera.VCamStep, units.down, units.whole);
+}
+
+void MoveSidewaysByKeys(StageModel& model, Single length, Keyboard& keyboard) {
     if (keyboard.IsDown(VirtualKey::Right)) {
-        StepRight(model, camera.HCamStep);
+        StepRight(model, length);
     }
     if (keyboard.IsDown(VirtualKey::Left)) {
-        StepLeft(model, camera.HCamStep);
+        StepLeft(model, length);
     }
 }
 
 // A figure must not walk out of the picture: the last step to a bound is as long as it can be.
-void FollowLead(StageModel& model, const Camera& camera) {
+void FollowLead(StageModel& model, const Camera& camera, const StepUnits& units) {
     const Single shown = -model.CamX;
+    const Single length = StepLength(camera.leadStep, 1, units.whole);
     const auto right = static_cast<Single>(model.BoundRight);
     const auto left = static_cast<Single>(model.BoundLeft);
     if (camera.lead == CameraLead::Right && shown < right) {
-        model.CamX = -std::min(shown + camera.leadStep, right);
+        model.CamX = -std::min(shown + length, right);
     } else if (camera.lead == CameraLead::Left && shown > left) {
-        model.CamX = -std::max(shown - camera.leadStep, left);
+        model.CamX = -std::max(shown - length, left);
     }
 }
 
-void MoveUpAndDownByKeys(StageModel& model, const Camera& camera, Keyboard& keyboard) {
+void MoveUpAndDownByKeys(StageModel& model, Single length, Keyboard& keyboard) {
     if (keyboard.IsDown(VirtualKey::Up)) {
-        StepUp(model, camera.VCamStep);
+        StepUp(model, length);
     }
     if (keyboard.IsDown(VirtualKey::Down)) {
-        StepDown(model, camera.VCamStep);
+        StepDown(model, length);
     }
 }
 
@@ -77,7 +86,8 @@ double FromMiddle(Long pointer, Long start, Long length) {
                          static_cast<double>(kUnitsPerPixel);
 }
 
-void MoveByPointer(StageModel& model, Camera& camera, const CameraInput& input) {
+void MoveByPointer(StageModel& model, Camera& camera, const StepUnits& units,
+                   const CameraInput& input) {
     const PointerPosition pointer = input.pointer.GetCursorPos();
     const WindowPlace place = input.window.Place();
     const double across = FromMiddle(pointer.x, place.left, place.width);
@@ -85,18 +95,28 @@ void MoveByPointer(StageModel& model, Camera& camera, const CameraInput& input) 
     camera.HCamStep = static_cast<Single>(std::fabs(across) / 10);
     camera.VCamStep = static_cast<Single>(std::fabs(down) / 40);
     if (across > 0) {
-        StepRight(model, camera.HCamStep);
+        StepRight(model, Across(camera, units));
     } else if (across < 0) {
-        StepLeft(model, camera.HCamStep);
+        StepLeft(model, Across(camera, units));
     }
     if (down < 0) {
-        StepUp(model, camera.VCamStep);
+        StepUp(model, Down(camera, units));
     } else if (down > 0) {
-        StepDown(model, camera.VCamStep);
+        StepDown(model, Down(camera, units));
     }
 }
 
 }  // namespace
+
+StepUnits StepUnitsOf(const StageModel& model, const View& view, bool additions) {
+    return additions ? StepUnits{view.TimesAsWide(), view.TimesAsHigh(), model.MugenVersion < 1}
+                     : StepUnits();
+}
+
+Single StepLength(Single step, double unit, bool whole) {
+    const double length = static_cast<double>(step) * unit;
+    return static_cast<Single>(whole && step != 0 ? std::max(RoundToEven(length), 1.0) : length);
+}
 
 bool KeyGateIsOpen(const Camera& camera, Long now) {
     return TicksSince(camera.lastKeyTick, now) > kKeyGate;
@@ -127,20 +147,20 @@ void StepDown(StageModel& model, Single step) {
     }
 }
 
-void ControlCamera(StageModel& model, Camera& camera, const ViewFlags& flags,
-                   const CameraInput& input) {
+void ControlCamera(StageModel& model, Camera& camera, const StepUnits& units,
+                   const ViewFlags& flags, const CameraInput& input) {
     if (camera.lead == CameraLead::Keys) {
-        MoveSidewaysByKeys(model, camera, input.keyboard);
+        MoveSidewaysByKeys(model, Across(camera, units), input.keyboard);
     } else if (flags.DrawFrontLayer == 0) {
-        FollowLead(model, camera);
+        FollowLead(model, camera, units);
     }
-    MoveUpAndDownByKeys(model, camera, input.keyboard);
+    MoveUpAndDownByKeys(model, Down(camera, units), input.keyboard);
     ChangeSteps(camera, input);
     if (input.more != nullptr) {
         input.more->AtEndOfPass();
     }
     if (flags.MouseScroll != 0) {
-        MoveByPointer(model, camera, input);
+        MoveByPointer(model, camera, units, input);
     }
 }
 

@@ -17,6 +17,7 @@
 #include "platform/Clock.h"
 #include "platform/Keyboard.h"
 #include "platform/Pointer.h"
+#include "platform/View.h"
 #include "platform/Window.h"
 #include "render/ViewFlags.h"
 #include "stage/Camera.h"
@@ -45,17 +46,29 @@ struct CameraInput {
     GatedKeys* more = nullptr;
 };
 
+// Units of the stage to a step of 1, as the user counts steps. Addition: steps grow with the view,
+// and in stages for older versions of MUGEN each is a whole number of units, 1 or more.
+struct StepUnits {
+    double across = 1;
+    double down = 1;
+    bool whole = false;
+};
+[[nodiscard]] StepUnits StepUnitsOf(const StageModel& model, const View& view, bool additions);
+
+// What the camera moves by in a step of this size; 0 stays 0.
+[[nodiscard]] Single StepLength(Single step, double unit, bool whole);
+
 // Whether a key that acts at most every 150 ms would be accepted now. Whoever accepts one sets
 // lastKeyTick to `now`.
 [[nodiscard]] bool KeyGateIsOpen(const Camera& camera, Long now);
 
-// One step of this size each, within the bounds.
+// One step of this length each, within the bounds.
 void StepRight(StageModel& model, Single step);
 void StepLeft(StageModel& model, Single step);
 void StepUp(StageModel& model, Single step);
 void StepDown(StageModel& model, Single step);
 
-void ControlCamera(StageModel& model, Camera& camera, const ViewFlags& flags,
-                   const CameraInput& input);
+void ControlCamera(StageModel& model, Camera& camera, const StepUnits& units,
+                   const ViewFlags& flags, const CameraInput& input);
 
 }  // namespace scenara

@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <vector>
 
-#include "render/ModelLookup.h"
+#include "stage/ModelLookup.h"
 #include "stage/RecordNumbers.h"
 
 namespace scenara {
@@ -25,11 +25,13 @@ bool Has(const BgCtrl& control, Byte given) {
 void SetMotion(BackgroundElement& element, std::size_t axis, Single& position, Single motion) {
     position += motion - element.ctrlPos.at(axis);
     element.ctrlPos.at(axis) = motion;
+    element.motion.at(axis) = static_cast<double>(motion);
 }
 
 void AddMotion(BackgroundElement& element, std::size_t axis, Single& position, Single change) {
     position += change;
     element.ctrlPos.at(axis) += change;
+    element.motion.at(axis) += static_cast<double>(change);
 }
 
 void ForEachTarget(StageModel& model, const BgCtrl& control, auto change) {
@@ -52,14 +54,12 @@ void SetFlag(StageModel& model, const BgCtrl& control, Byte BackgroundElement::*
 void Displace(StageModel& model, const BgCtrl& control, auto change) {
     const bool across = Has(control, kGivenX);
     const bool down = Has(control, kGivenY);
-    const Single x = control.x * model.ElementScale;
-    const Single y = control.y * model.ElementScale;
     ForEachTarget(model, control, [&](BackgroundElement& element) {
         if (across) {
-            change(element, kAcross, x);
+            change(element, kAcross, control.x);
         }
         if (down) {
-            change(element, kDown, y);
+            change(element, kDown, control.y);
         }
     });
 }
@@ -91,7 +91,7 @@ void StartSwing(StageModel& model, const BgCtrl& control) {
     if (!Has(control, kGivenValue1) || !Has(control, kGivenValue2)) {
         return;
     }
-    const Single amplitude = static_cast<Single>(control.value1) * model.ElementScale;
+    const auto amplitude = static_cast<Single>(control.value1);
     const auto period = static_cast<Single>(control.value2);
     ForEachTarget(model, control, [&](BackgroundElement& element) {
         if (control.kind == ControlKind::SinX) {

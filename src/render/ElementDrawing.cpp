@@ -6,7 +6,7 @@
 #include "render/BlendStates.h"
 #include "render/BlendedBlit.h"
 #include "render/ElementPlacement.h"
-#include "render/ModelLookup.h"
+#include "stage/ModelLookup.h"
 
 namespace scenara {
 namespace {
@@ -71,7 +71,7 @@ Blending BlendingInForce(const StageModel& model, const BackgroundElement& eleme
 
 void DrawElement(Engine& engine, const StageModel& model, const BackgroundElement& element,
                  const DrawOptions& options) {
-    const std::optional<PlacedPicture> picture = PlaceElement(model, element, options.additions);
+    const std::optional<PlacedPicture> picture = PlaceElement(model, element, options);
     if (!picture) {
         return;
     }
@@ -84,7 +84,19 @@ void DrawElement(Engine& engine, const StageModel& model, const BackgroundElemen
     } else if (mixing == Mixing::Masked) {
         BlendByAlpha(device, D3DBLEND_INVSRCALPHA);
     }
+    const ElementWindow window = ElementWindow::Of(element, options);
+    // Pieces that are scaled are not cut, for that would be to whole pixels of the picture.
+    const bool cuts = window.active && (picture->scaleX != 1 || picture->scaleY != 1 ||
+                                        element.kind == ElementKind::Parallax);
+    if (cuts && options.additions) {
+        engine.DrawWithin(window);
+    }
+    engine.MixTexels(options.smooth);
     ForEachPiece(model, element, *picture, options, mixing, painter);
+    engine.MixTexels(false);
+    if (cuts && options.additions) {
+        engine.DrawEverywhere();
+    }
     if (mixing == Mixing::Blended) {
         EndBlending(device, blending);
     } else if (mixing == Mixing::Masked) {

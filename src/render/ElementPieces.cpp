@@ -2,14 +2,16 @@
 #include "render/ElementPieces.h"
 
 #include <algorithm>
+#include <cmath>
 #include <optional>
 
 #include "render/ElementTiles.h"
 #include "render/ElementWindow.h"
-#include "render/ModelLookup.h"
 #include "render/ParallaxRows.h"
+#include "render/ScaledCopies.h"
 #include "render/TilePatterns.h"
 #include "render/Tiling.h"
+#include "stage/ModelLookup.h"
 
 namespace scenara {
 namespace {
@@ -67,33 +69,68 @@ std::int64_t PatternLength(const Axis& axis) {
     return (copies.count - 1) * copies.step + axis.tiles.size;
 }
 
+// The whole number that a picture is enlarged by along an axis; 0 for any other scale.
+std::int64_t WholeTimes(double scale) {
+    constexpr double kMost = 65536;
+    return scale >= 1 && scale <= kMost && scale == std::floor(scale)
+               ? static_cast<std::int64_t>(scale)
+               : 0;
+}
+
+// What can be seen, in pixels of a picture that begins at `position` and is enlarged.
+PixelRange InItsPixels(const PixelRange& visible, std::int64_t position, std::int64_t times) {
+    return {FloorDivide(visible.from - position, times),
+            -FloorDivide(position - visible.to, times)};
+}
+
 class ElementPieces {
 public:
     ElementPieces(const StageModel& model, const BackgroundElement& element,
                   const PlacedPicture& picture, const DrawOptions& options, Mixing mixing,
                   PieceVisitor& visitor)
-        : model_(model),
-          element_(element),
+        : element_(element),
           picture_(picture),
           options_(options),
           mixing_(mixing),
           visitor_(visitor),
           sprite_(RecordAt(model.Sprites, picture.slot, "sprite")),
           tiles_(model, element, picture, options.additions),
-          window_(ElementWindow::Of(element, model.CamX, model.CamY, options.view)),
-          x_(WholePixel(static_cast<double>(picture.x), model.ElementScale)),
-          y_(WholePixel(static_cast<double>(picture.y), model.ElementScale)) {
-        if (const auto key = PatternFor(model, element, picture, mixing, options)) {
+          window_(ElementWindow::Of(element, options)),
+          timesX_(WholeTimes(picture.scaleX)),
+          timesY_(WholeTimes(picture.scaleY)) {
+        if (const auto key = PatternFor(model, element, picture, mixing, options);
+            key && timesX_ != 0 && timesY_ != 0) {
             pattern_ = FindPattern(model, *key);
         }
     }
 
-    void ShowAll() { element_.kind == ElementKind::Parallax ? ShowRows() : ShowTiles(); }
+    void ShowAll() {
+        if (window_.columns.IsEmpty() || window_.rows.IsEmpty()) {
+            return;
+        }
+        x_ = WholePixel(picture_.x, options_.additions);
+        y_ = WholePixel(picture_.y, options_.additions);
+        if (element_.kind == ElementKind::Parallax) {
+            ShowRows();
+        } else if (timesX_ != 0 && timesY_ != 0 && !IsMixed()) {
+            ShowTiles();
+        } else {
+            ShowScaledTiles();
+        }
+    }
 
 private:
+    // Each copy by itself then, for its edges are not mixed with the next one's.
+    [[nodiscard]] bool IsMixed() const {
+        return options_.smooth && (picture_.scaleX != 1 || picture_.scaleY != 1);
+    }
+
+    // Copies, counted in pixels of the picture from (x_, y_).
     void ShowTiles() {
-        const Axis across(tiles_.across, x_, window_.columns, mixing_);
-        const Axis down(tiles_.down, y_, window_.rows, mixing_);
+        const PixelRange visibleColumns = InItsPixels(window_.columns, x_, timesX_);
+        const PixelRange visibleRows = InItsPixels(window_.rows, y_, timesY_);
+        const Axis across(tiles_.across, 0, visibleColumns, mixing_);
+        const Axis down(tiles_.down, 0, visibleRows, mixing_);
         if (across.copies.count == 0 || down.copies.count == 0) {
             return;
         }
@@ -106,114 +143,175 @@ private:
         if (mixing_ != Mixing::Solid) {
             const Depths depths = AllowedDepths(DepthOf(tiles_.across, across.copies),
                                                 DepthOf(tiles_.down, down.copies));
-            ThinOut(columns, across, x_, window_.columns, depths.x);
-            ThinOut(rows, down, y_, window_.rows, depths.y);
+            ThinOut(columns, across, visibleColumns, depths.x);
+            ThinOut(rows, down, visibleRows, depths.y);
         }
         for (std::int64_t i = 0; i < rows.at.count; ++i) {
-            ShowAcross(columns, rows.at.At(i), rows.LengthOf(i), 0);
+            ShowAcross(columns, rows.at.At(i), rows.LengthOf(i));
         }
+    }
+
+    // Addition.
+    void ShowScaledTiles() {
+        const ScaledCopies columns(tiles_.across, picture_.x, picture_.scaleX);
+        const ScaledCopies rows(tiles_.down, picture_.y, picture_.scaleY);
+        constexpr std::int64_t kDeepestEach = 64;
+        static_assert(kDeepestEach * kDeepestEach == kDeepest);
+        rows.ForEach(window_.rows, kDeepestEach, [&](const PixelRange& row) {
+            columns.ForEach(window_.columns, kDeepestEach, [&](const PixelRange& column) {
+                visitor_.Show({column.from, row.from, column.to - column.from, row.to - row.from, 0,
+                               0, sprite_.width, sprite_.height});
+            });
+        });
     }
 
     void ShowRows() {
-        const double stretch = options_.additions ? RowStretch(element_, model_.CamY) : 1;
-        const double shear = RowShear(model_, element_, picture_, options_);
-        const auto y = static_cast<double>(picture_.y);
-        const StretchedRows rows{stretch == 1 ? static_cast<double>(y_)
-                                              : picture_.axisY + (y - picture_.axisY) * stretch,
-                                 stretch};
+        const StretchedRows rows = Rows();
         const std::int64_t height = sprite_.height;
         for (std::int64_t row = rows.Before(window_.rows.from); row < height; ++row) {
-            const std::int64_t from = std::max(rows.From(row), window_.rows.from);
-            const std::int64_t to = std::min(rows.From(row + 1), window_.rows.to);
-            if (from >= window_.rows.to) {
+            const PixelRange lines{std::max(rows.From(row), window_.rows.from),
+                                   std::min(rows.From(row + 1), window_.rows.to)};
+            if (lines.from >= window_.rows.to) {
                 break;
             }
-            const std::int64_t x =
-                RowPosition(element_, picture_.x, shear, row, height, model_.ElementScale);
-            for (std::int64_t line = from; line < to; ++line) {
-                ShowRow(x, line, row);
+            if (!lines.IsEmpty()) {
+                ShowRow(RowPlace(row), lines, row);
             }
         }
     }
 
-    // How far a row of speed 2 stands from one of speed 1. Addition: the whole way of the
-    // element's axis from the middle of the view, and not the camera's part of it alone.
-    [[nodiscard]] static double RowShear(const StageModel& model, const BackgroundElement& element,
-                                         const PlacedPicture& picture, const DrawOptions& options) {
-        return options.additions
-                   ? picture.axisX - static_cast<double>(options.view.Centre())
-                   : static_cast<double>(model.CamX) * static_cast<double>(element.deltaX);
+    [[nodiscard]] StretchedRows Rows() const {
+        if (!options_.additions) {
+            return {static_cast<double>(y_), 1};
+        }
+        const double stretch = RowStretch(element_, options_.camera.y, picture_.scaleY);
+        // Not stretched, the picture stands on whole pixels as all others do.
+        return stretch == 1 ? StretchedRows{static_cast<double>(y_), 1}
+                            : StretchedRows{picture_.axisY + picture_.fromAxisY * stretch, stretch};
     }
 
-    void ShowRow(std::int64_t x, std::int64_t y, std::int64_t source) {
-        const Axis across(tiles_.across, x, window_.columns, mixing_);
+    // Where a row begins. Addition: rows are apart by the whole way of the element's axis from the
+    // middle of the view, and not by the camera's part of it alone.
+    [[nodiscard]] double RowPlace(std::int64_t row) const {
+        const std::int64_t height = sprite_.height;
+        const double speed =
+            RowSpeed(element_, picture_.turnedOver ? height - 1 - row : row, height);
+        if (!options_.additions) {
+            return picture_.x + static_cast<double>(options_.camera.x) *
+                                    static_cast<double>(element_.deltaX) * (speed - 1);
+        }
+        const double middle = options_.view.Centre() * options_.view.detail;
+        return middle + (picture_.axisX - middle) * speed + picture_.fromAxisX * picture_.scaleX;
+    }
+
+    void ShowRow(double place, const PixelRange& lines, std::int64_t source) {
+        constexpr auto kMost = static_cast<double>(kFarthest);
+        place = std::clamp(place, -kMost, kMost);
+        if (timesX_ == 0 || IsMixed()) {
+            const ScaledCopies copies(tiles_.across, place, picture_.scaleX);
+            copies.ForEach(window_.columns, kDeepest, [&](const PixelRange& column) {
+                visitor_.Show({column.from, lines.from, column.to - column.from,
+                               lines.to - lines.from, 0, source, sprite_.width, 1});
+            });
+            return;
+        }
+        x_ = WholePixel(place, options_.additions);
+        row_ = Row{lines, source};
+        const PixelRange visible = InItsPixels(window_.columns, x_, timesX_);
+        const Axis across(tiles_.across, 0, visible, mixing_);
         if (across.copies.count == 0) {
             return;
         }
         Pieces columns = PiecesOf(across, mixing_);
         if (pattern_ != nullptr) {
-            ShowPatternAt(across.copies.first, y, PatternLength(across), 1, source);
+            ShowPatternAt({across.copies.first, 0, PatternLength(across), 1});
             if (across.lastShowsMore) {
-                ShowLast(columns, y, 1, source);
+                ShowLast(columns, 0, 1);
             }
             return;
         }
         if (mixing_ != Mixing::Solid) {
-            ThinOut(columns, across, x, window_.columns, kDeepest);
+            ThinOut(columns, across, visible, kDeepest);
         }
-        ShowAcross(columns, y, 1, source);
+        ShowAcross(columns, 0, 1);
     }
 
     // Copies that overlap, when they are more than that deep.
-    static void ThinOut(Pieces& pieces, const Axis& axis, std::int64_t position,
-                        const PixelRange& visible, std::int64_t depth) {
+    static void ThinOut(Pieces& pieces, const Axis& axis, const PixelRange& visible,
+                        std::int64_t depth) {
         if (axis.Overlap() && DepthOf(axis.tiles, axis.copies) > depth) {
-            pieces.at = CopiesAlong(axis.tiles, position, visible, depth);
+            pieces.at = CopiesAlong(axis.tiles, 0, visible, depth);
         }
     }
 
     // In any order, for none of these pieces overlap.
     void ShowPattern(const Axis& across, const Axis& down) {
-        ShowPatternAt(across.copies.first, down.copies.first, PatternLength(across),
-                      PatternLength(down), 0);
+        ShowPatternAt(
+            {across.copies.first, down.copies.first, PatternLength(across), PatternLength(down)});
         const Pieces columns = PiecesOf(across, mixing_);
         const Pieces rows = PiecesOf(down, mixing_);
         if (across.lastShowsMore) {
             for (std::int64_t i = 0; i < rows.at.count; ++i) {
-                ShowLast(columns, rows.at.At(i), rows.LengthOf(i), 0);
+                ShowLast(columns, rows.at.At(i), rows.LengthOf(i));
             }
         }
         if (down.lastShowsMore) {
-            ShowAcross(columns, rows.at.last, rows.lastLength, 0);
+            ShowAcross(columns, rows.at.last, rows.lastLength);
         }
     }
 
-    void ShowPatternAt(std::int64_t x, std::int64_t y, std::int64_t width, std::int64_t height,
-                       std::int64_t source) {
-        const auto quad = CutTo(window_, {x, y, width, height, 0, source});
-        if (quad && width > 0 && height > 0) {
-            visitor_.ShowPattern(*pattern_, *quad);
-        }
-    }
-
-    void ShowAcross(const Pieces& columns, std::int64_t y, std::int64_t height,
-                    std::int64_t source) {
+    void ShowAcross(const Pieces& columns, std::int64_t y, std::int64_t height) {
         for (std::int64_t i = 0; i < columns.at.count; ++i) {
-            ShowPiece({columns.at.At(i), y, columns.LengthOf(i), height, 0, source});
+            ShowPiece({columns.at.At(i), y, columns.LengthOf(i), height});
         }
     }
 
-    void ShowLast(const Pieces& columns, std::int64_t y, std::int64_t height, std::int64_t source) {
-        ShowPiece({columns.at.last, y, columns.lastLength, height, 0, source});
+    void ShowLast(const Pieces& columns, std::int64_t y, std::int64_t height) {
+        ShowPiece({columns.at.last, y, columns.lastLength, height});
     }
 
-    void ShowPiece(const SpriteQuad& whole) {
-        if (const std::optional<SpriteQuad> quad = CutTo(window_, whole)) {
+    // Pieces in pixels of the picture, from where it begins.
+    void ShowPiece(const SpriteQuad& piece) {
+        if (const std::optional<SpriteQuad> quad = OnCanvas(piece)) {
             visitor_.Show(*quad);
         }
     }
 
-    const StageModel& model_;
+    void ShowPatternAt(const SpriteQuad& piece) {
+        if (piece.width < 1 || piece.height < 1) {
+            return;
+        }
+        if (const std::optional<SpriteQuad> quad = OnCanvas(piece)) {
+            visitor_.ShowPattern(*pattern_, *quad);
+        }
+    }
+
+    // Where it is on the canvas. One that is drawn pixel for pixel is cut to the window; of others
+    // whoever draws them leaves out what lies outside.
+    [[nodiscard]] std::optional<SpriteQuad> OnCanvas(const SpriteQuad& piece) const {
+        SpriteQuad quad{x_ + piece.x * timesX_, y_ + piece.y * timesY_, piece.width * timesX_,
+                        piece.height * timesY_};
+        std::int64_t shownHeight = piece.height;
+        if (row_) {
+            quad.y = row_->lines.from;
+            quad.height = row_->lines.to - row_->lines.from;
+            quad.sourceY = row_->source;
+            shownHeight = 1;
+        }
+        if (quad.width == piece.width && quad.height == shownHeight) {
+            return CutTo(window_, quad);
+        }
+        quad.sourceWidth = piece.width;
+        quad.sourceHeight = shownHeight;
+        return quad;
+    }
+
+    // The row of a parallax picture that is being shown.
+    struct Row {
+        PixelRange lines;
+        std::int64_t source;
+    };
+
     const BackgroundElement& element_;
     const PlacedPicture& picture_;
     const DrawOptions& options_;
@@ -222,12 +320,36 @@ private:
     const SpriteEntry& sprite_;
     ElementTiles tiles_;
     ElementWindow window_;
-    std::int64_t x_;
-    std::int64_t y_;
+    std::int64_t timesX_;
+    std::int64_t timesY_;
+    std::int64_t x_ = 0;  // where the picture begins, or its row
+    std::int64_t y_ = 0;
+    std::optional<Row> row_;
     const TilePattern* pattern_ = nullptr;
 };
 
+// Rounding moves a picture by less than a pixel.
+bool Touches(double position, double size, Long length) {
+    return position < length + 1 && position + size > -1;
+}
+
 }  // namespace
+
+bool MayBeSeen(const StageModel& model, const BackgroundElement& element,
+               const DrawOptions& options) {
+    if (element.kind != ElementKind::Still || ShowsFrames(element) || element.tileX != 0 ||
+        element.tileY != 0) {
+        return true;
+    }
+    const std::optional<PlacedPicture> picture = PlaceElement(model, element, options);
+    if (!picture) {
+        return false;
+    }
+    const SpriteEntry& sprite = RecordAt(model.Sprites, element.spriteIndex, "sprite");
+    const CanvasSize canvas = options.view.Canvas();
+    return Touches(picture->x, sprite.width * picture->scaleX, canvas.width) &&
+           Touches(picture->y, sprite.height * picture->scaleY, canvas.height);
+}
 
 void ForEachPiece(const StageModel& model, const BackgroundElement& element,
                   const PlacedPicture& picture, const DrawOptions& options, Mixing mixing,

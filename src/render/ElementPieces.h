@@ -11,21 +11,17 @@
 #pragma once
 
 #include "base/NotCopied.h"
-#include "platform/View.h"
+#include "render/DrawOptions.h"
 #include "render/ElementPlacement.h"
 #include "render/Mixing.h"
-#include "render/ModelLookup.h"
 #include "render/SpriteQuad.h"
+#include "stage/ModelLookup.h"
 #include "stage/StageModel.h"
 
 namespace scenara {
 
-struct DrawOptions {
-    bool additions = false;
-    View view = {};
-};
-
-// Gets the pieces in the order in which they are drawn.
+// Gets the pieces in the order in which they are drawn. Those that are drawn pixel for pixel are
+// cut to the element's window; scaled ones are whole, and count as far as they lie inside of it.
 class PieceVisitor : NotCopied {
 public:
     virtual ~PieceVisitor() = default;
@@ -40,21 +36,8 @@ public:
 
 // False for a still picture that is nowhere near the view: cheap to know, for there may be
 // thousands of these. Raises "Subscript out of range" when its sprite is not in its table.
-[[nodiscard]] inline bool MayBeSeen(const StageModel& model, const BackgroundElement& element,
-                                    const View& view) {
-    if (element.kind != ElementKind::Still || ShowsFrames(element) || element.tileX != 0 ||
-        element.tileY != 0) {
-        return true;
-    }
-    const SpriteEntry& sprite = RecordAt(model.Sprites, element.spriteIndex, "sprite");
-    const Displacement displacement(element);
-    // Rounding moves a picture by less than a pixel.
-    const auto touches = [](double position, Integer size, Long length) {
-        return position < length + 1 && position + size > -1;
-    };
-    return touches(static_cast<double>(element.posX) + displacement.x, sprite.width, view.width) &&
-           touches(static_cast<double>(element.posY) + displacement.y, sprite.height, view.height);
-}
+[[nodiscard]] bool MayBeSeen(const StageModel& model, const BackgroundElement& element,
+                             const DrawOptions& options);
 
 // Parallax pictures are tiled across only. Plainly frames that are mirrored left to right are shown
 // once, whatever the tiling. Nothing is allocated. Raises "Subscript out of range" when the

@@ -3,72 +3,148 @@
 
 #include <cmath>
 
-#include "render/ModelLookup.h"
+#include "stage/ElementStart.h"
+#include "stage/ModelLookup.h"
+#include "stage/StageSpace.h"
 
 namespace scenara {
 namespace {
 
-struct Offset {
-    double x = 0;
-    double y = 0;
+// Swing and motion, plainly: of a linked element those of its parent.
+StartPlace PlainDisplacement(const BackgroundElement& element) {
+    const std::array<Single, 2>& swing =
+        element.linkParent == -1 ? element.sinOffset : element.linkSin;
+    return {static_cast<double>(swing[0]) + static_cast<double>(element.ctrlOffset[0]),
+            static_cast<double>(swing[1]) + static_cast<double>(element.ctrlOffset[1])};
+}
+
+// A frame's flips. Plainly only one across counts.
+void Flip(ElementPicture& picture, FrameFlip flips, bool additions) {
+    picture.mirrored = flips == FrameFlip::Across || (additions && flips == FrameFlip::Both);
+    picture.flipped = additions && (flips == FrameFlip::Down || flips == FrameFlip::Both);
+}
+
+// Where the axis is in a picture that is drawn mirrored about it.
+double AxisOf(Integer axis, Integer size, bool mirrored) {
+    return mirrored ? size - axis : axis;
+}
+
+// Frames keep the sign of their offset when they are mirrored. Plainly they are mirrored where they
+// stand.
+void SetFrame(ElementPicture& picture, const StageFrame& frame, const SpriteEntry& sprite,
+              bool additions) {
+    Flip(picture, frame.flips, additions);
+    picture.fromAxisX = frame.offsetX + static_cast<double>(frame.offsetFraction[0]) -
+                        AxisOf(sprite.axisX, sprite.width, additions && picture.mirrored);
+    picture.fromAxisY = frame.offsetY + static_cast<double>(frame.offsetFraction[1]) -
+                        AxisOf(sprite.axisY, sprite.height, picture.flipped);
+}
+
+// Written so that what is no number is out of range, too.
+bool IsNear(const PlacedPicture& picture) {
+    const auto most = static_cast<double>(kFarthest);
+    return std::fabs(picture.x) <= most && std::fabs(picture.y) <= most;
+}
+
+// A still picture's position is that of its corner.
+void PlacePlainly(PlacedPicture& picture, const BackgroundElement& element) {
+    const StartPlace offset = PlainDisplacement(element);
+    const bool frames = ShowsFrames(element);
+    const double x = frames ? offset.x + picture.fromAxisX : offset.x;
+    const double y = frames ? offset.y + picture.fromAxisY : offset.y;
+    picture.x = static_cast<double>(static_cast<Single>(static_cast<double>(element.posX) + x));
+    picture.y = static_cast<double>(static_cast<Single>(static_cast<double>(element.posY) + y));
+    picture.axisX = picture.x - picture.fromAxisX;
+    picture.axisY = picture.y - picture.fromAxisY;
+}
+
+// Along one axis. A scale below 0 mirrors the picture about its axis, offset and all.
+struct CanvasAxis {
+    double place;  // of the axis point, canvas pixels
+    double scale;  // of the picture
+
+    [[nodiscard]] bool Mirrors() const { return scale < 0; }
 };
 
-// From the axis point to the picture's upper left corner.
-Offset FromAxis(const StageFrame& frame, const SpriteEntry& sprite, double scale,
-                const PlacedPicture& picture, bool additions) {
-    Offset offset{(frame.offsetX + static_cast<double>(frame.offsetFraction[0])) * scale,
-                  (frame.offsetY + static_cast<double>(frame.offsetFraction[1])) * scale};
-    const bool aboutAxisX = additions && picture.mirrored;
-    offset.x -= aboutAxisX ? sprite.width - sprite.axisX * scale : sprite.axisX * scale;
-    offset.y -= picture.flipped ? sprite.height - sprite.axisY * scale : sprite.axisY * scale;
-    return offset;
+void Mirror(double& fromAxis, Integer size, bool& mirrored) {
+    fromAxis = -fromAxis - size;
+    mirrored = !mirrored;
+}
+
+void PlaceOnCanvas(PlacedPicture& picture, const StageModel& model,
+                   const BackgroundElement& element, const DrawOptions& options) {
+    const StageSpace space = SpaceOf(model);
+    const StartPlace start = StartOf(model, element);
+    const StartPlace moved = DisplacementOf(model, element);
+    const double cameraX = -static_cast<double>(options.camera.x);
+    const auto cameraY = static_cast<double>(options.camera.y);
+    const double detail = options.view.detail;
+    const CanvasAxis across{
+        detail *
+            (options.view.Centre() + space.hires * ((start.x + moved.x) * space.scaleX -
+                                                    cameraX * static_cast<double>(element.deltaX))),
+        detail * space.hires * space.scaleX};
+    const CanvasAxis down{detail * (space.hires * ((start.y + moved.y) * space.scaleY -
+                                                   cameraY * static_cast<double>(element.deltaY))),
+                          detail * space.hires * space.scaleY};
+    const SpriteEntry& sprite = RecordAt(model.Sprites, picture.slot, "sprite");
+    if (across.Mirrors()) {
+        Mirror(picture.fromAxisX, sprite.width, picture.mirrored);
+    }
+    if (down.Mirrors()) {
+        Mirror(picture.fromAxisY, sprite.height, picture.flipped);
+        picture.turnedOver = true;
+    }
+    picture.scaleX = std::fabs(across.scale);
+    picture.scaleY = std::fabs(down.scale);
+    picture.axisX = across.place;
+    picture.axisY = down.place;
+    picture.x = across.place + picture.fromAxisX * picture.scaleX;
+    picture.y = down.place + picture.fromAxisY * picture.scaleY;
 }
 
 }  // namespace
 
-Long WholePixel(double position, Single elementScale) {
-    return ToLong(elementScale == 1 ? position : std::floor(position + 0.5));
+Long WholePixel(double position, bool additions) {
+    return ToLong(additions ? std::floor(position + 0.5) : position);
 }
 
-std::optional<PlacedPicture> PlaceElement(const StageModel& model, const BackgroundElement& element,
-                                          bool additions) {
+std::optional<ElementPicture> PictureOf(const StageModel& model, const BackgroundElement& element,
+                                        bool additions) {
     if (element.kind == ElementKind::Dummy || !HasPictures(model, element)) {
         return std::nullopt;
     }
-    PlacedPicture picture;
-    Displacement offset(element);
-    const auto scale = static_cast<double>(model.ElementScale);
-    Offset axis;
-    if (ShowsFrames(element)) {
-        const StageFrame& frame =
-            RecordAt(ActionOf(model, element)->frames, element.frameIndex, "frame");
-        picture.slot = frame.spriteIndex;
-        if (picture.slot == -1) {
-            return std::nullopt;
-        }
-        const SpriteEntry& sprite = RecordAt(model.Sprites, picture.slot, "sprite");
-        picture.mirrored =
-            frame.flips == FrameFlip::Across || (additions && frame.flips == FrameFlip::Both);
-        picture.flipped =
-            additions && (frame.flips == FrameFlip::Down || frame.flips == FrameFlip::Both);
-        const Offset fromAxis = FromAxis(frame, sprite, scale, picture, additions);
-        offset.x += fromAxis.x;
-        offset.y += fromAxis.y;
-        axis = {-fromAxis.x, -fromAxis.y};
-    } else {
+    ElementPicture picture;
+    if (!ShowsFrames(element)) {
         picture.slot = element.spriteIndex;
         const SpriteEntry& sprite = RecordAt(model.Sprites, picture.slot, "sprite");
-        axis = {sprite.axisX * scale, sprite.axisY * scale};
+        picture.fromAxisX = -sprite.axisX;
+        picture.fromAxisY = -sprite.axisY;
+        return picture;
     }
-    picture.x = static_cast<Single>(static_cast<double>(element.posX) + offset.x);
-    picture.y = static_cast<Single>(static_cast<double>(element.posY) + offset.y);
-    picture.axisX = static_cast<double>(picture.x) + axis.x;
-    picture.axisY = static_cast<double>(picture.y) + axis.y;
-    // Written so that what is no number is out of range, too.
-    if (!(std::fabs(picture.x) <= kFarthest && std::fabs(picture.y) <= kFarthest)) {
+    const StageFrame& frame =
+        RecordAt(ActionOf(model, element)->frames, element.frameIndex, "frame");
+    picture.slot = frame.spriteIndex;
+    if (picture.slot == -1) {
         return std::nullopt;
     }
+    SetFrame(picture, frame, RecordAt(model.Sprites, picture.slot, "sprite"), additions);
     return picture;
+}
+
+std::optional<PlacedPicture> PlaceElement(const StageModel& model, const BackgroundElement& element,
+                                          const DrawOptions& options) {
+    const std::optional<ElementPicture> shown = PictureOf(model, element, options.additions);
+    if (!shown) {
+        return std::nullopt;
+    }
+    PlacedPicture picture{*shown};
+    if (options.additions) {
+        PlaceOnCanvas(picture, model, element, options);
+    } else {
+        PlacePlainly(picture, element);
+    }
+    return IsNear(picture) ? std::optional(picture) : std::nullopt;
 }
 
 }  // namespace scenara

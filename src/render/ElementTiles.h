@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// ElementTiles: how the copies of an element's picture stand along both axes.
+// ElementTiles: how the copies of an element's picture stand along both axes, in
+// pixels of the picture.
 #pragma once
 
 #include "render/ElementPlacement.h"
@@ -14,7 +15,7 @@ struct ElementTiles {
     // are tiled across only. Raises "Subscript out of range" when the picture's sprite is not in
     // its table.
     ElementTiles(const StageModel& model, const BackgroundElement& element,
-                 const PlacedPicture& picture, bool additions);
+                 const ElementPicture& picture, bool additions);
 
     Tiles across;
     Tiles down;

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
 //
-// ElementWindow: the rectangle of the view that an element is drawn inside of, and quads cut to it.
+// ElementWindow: the rectangle of the canvas that an element is drawn inside of, and quads cut to
+// it.
 #pragma once
 
 #include <optional>
 
-#include "platform/View.h"
+#include "render/DrawOptions.h"
 #include "render/SpriteQuad.h"
 #include "render/Tiling.h"
 #include "stage/StageModel.h"
@@ -14,14 +15,19 @@ namespace scenara {
 
 struct ElementWindow {
     bool active = false;  // without one, quads are left whole
-    PixelRange columns;   // what can be seen at all: the window's part of the view
+    PixelRange columns;   // what can be seen at all: the window's part of the canvas
     PixelRange rows;
 
     // Of the element. Its values are rounded to whole numbers, corners may come in any order, and
-    // both corners lie inside. (Addition: it moves with the stored camera by its delta, which is 0
-    // in a plain stage.)
-    [[nodiscard]] static ElementWindow Of(const BackgroundElement& element, Single cameraX,
-                                          Single cameraY, const View& view);
+    // both corners lie inside. Addition: it counts in units of the stage, moves with the camera by
+    // its delta, and is rounded on the canvas.
+    [[nodiscard]] static ElementWindow Of(const BackgroundElement& element,
+                                          const DrawOptions& options);
+
+    // Without one: all that can be seen.
+    [[nodiscard]] bool Has(std::int64_t x, std::int64_t y) const {
+        return columns.Has(x) && rows.Has(y);
+    }
 };
 
 // The part of the quad inside of the window, the whole quad when there is none active; nothing when

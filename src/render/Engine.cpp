@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "render/Engine.h"
 
+#include <algorithm>
 #include <charconv>
 #include <string>
 
 #include "base/NumberText.h"
 #include "base/RunTimeError.h"
-#include "render/ModelLookup.h"
 #include "render/Require.h"
+#include "stage/ModelLookup.h"
 
 namespace scenara {
 namespace {
@@ -61,8 +62,7 @@ void Engine::StartUp() {
     presentation_.Windowed = 1;
     presentation_.SwapEffect = D3DSWAPEFFECT_COPY;
     presentation_.BackBufferFormat = displayMode_.Format;
-    presentation_.BackBufferWidth = static_cast<std::uint32_t>(view_.width);
-    presentation_.BackBufferHeight = static_cast<std::uint32_t>(view_.height);
+    SetBackBuffer();
 
     window_.Show();
     Require(direct3D_->CreateDevice(kDefaultAdapter, D3DDEVTYPE_HAL, window_.PictureHandle(),
@@ -70,17 +70,9 @@ void Engine::StartUp() {
             "CreateDevice");
     static_cast<void>(Made(device_, "CreateDevice"));
 
-    FontDescription font;
-    font.name = "Times New Roman";
-    font.size = 12;
-    font.bold = true;
-    Require(d3dx_->CreateFont(*device_, font, font_), "CreateFont");
-    static_cast<void>(Made(font_, "CreateFont"));
+    MakeText();
 
-    Require(device_->CreateImageSurface(kMostKept.x, kMostKept.y, displayMode_.Format, kept_),
-            "CreateImageSurface");
-    static_cast<void>(Made(kept_, "CreateImageSurface"));
-
+    mixesTexels_ = false;
     quad_ = {};
     for (std::size_t corner = 0; corner < quad_.size(); ++corner) {
         Vertex& vertex = quad_[corner];
@@ -91,6 +83,26 @@ void Engine::StartUp() {
         vertex.tv = (corner & 2U) != 0 ? 1.0F : 0.0F;
     }
     Engine_Init_Gfx();
+}
+
+void Engine::MakeText() {
+    FontDescription font;
+    font.name = "Times New Roman";
+    font.size = InText(12);
+    font.bold = true;
+    Require(d3dx_->CreateFont(*device_, font, font_), "CreateFont");
+    static_cast<void>(Made(font_, "CreateFont"));
+
+    const auto side = [this](Long length) { return static_cast<std::uint32_t>(InText(length)); };
+    Require(device_->CreateImageSurface(side(kMostKept.x), side(kMostKept.y), displayMode_.Format,
+                                        kept_),
+            "CreateImageSurface");
+    static_cast<void>(Made(kept_, "CreateImageSurface"));
+}
+
+Long Engine::InText(Long length) const {
+    const CanvasSize canvas = view_.Canvas();
+    return std::max(ToLong(double{1} * length * canvas.height / CanvasSize().height), Long{1});
 }
 
 void Engine::Engine_Init_Gfx() const {
@@ -146,8 +158,8 @@ void Engine::Blit(const SpriteEntry& sprite, const SpriteQuad& quad, const BlitS
                       Sum(quad.x, quad.width), Sum(quad.y, quad.height)};
     const Edges shown{across * static_cast<float>(quad.sourceX) / textureWidth,
                       down * static_cast<float>(quad.sourceY) / textureHeight,
-                      across * Sum(quad.sourceX, quad.width) / textureWidth,
-                      down * Sum(quad.sourceY, quad.height) / textureHeight};
+                      across * Sum(quad.sourceX, quad.ShownWidth()) / textureWidth,
+                      down * Sum(quad.sourceY, quad.ShownHeight()) / textureHeight};
     DrawRectangle(sprite.texture, place, shown, style.color);
 }
 
@@ -223,7 +235,67 @@ void Engine::Clear(std::uint32_t color) {
     Require(Device().Clear(D3DCLEAR_TARGET, color), "Clear");
 }
 
-void Engine::Keep(const RECT& rectangle) {
+void Engine::DrawWithin(const ElementWindow& window) {
+    const auto length = [](const PixelRange& range) {
+        return static_cast<std::uint32_t>(range.to - range.from);
+    };
+    if (window.columns.IsEmpty() || window.rows.IsEmpty()) {
+        return;
+    }
+    D3DVIEWPORT8 viewport;
+    viewport.X = static_cast<std::uint32_t>(window.columns.from);
+    viewport.Y = static_cast<std::uint32_t>(window.rows.from);
+    viewport.Width = length(window.columns);
+    viewport.Height = length(window.rows);
+    Require(Device().SetViewport(viewport), "SetViewport");
+}
+
+void Engine::DrawEverywhere() {
+    D3DVIEWPORT8 viewport;
+    viewport.Width = presentation_.BackBufferWidth;
+    viewport.Height = presentation_.BackBufferHeight;
+    Require(Device().SetViewport(viewport), "SetViewport");
+}
+
+void Engine::MixTexels(bool mix) {
+    if (mix == mixesTexels_) {
+        return;
+    }
+    mixesTexels_ = mix;
+    Direct3DDevice8& device = Device();
+    const auto set = [&](std::uint32_t type, std::uint32_t value) {
+        Require(device.SetTextureStageState(0, type, value), "SetTextureStageState");
+    };
+    const std::uint32_t filter = mix ? D3DTEXF_LINEAR : D3DTEXF_POINT;
+    const std::uint32_t address = mix ? D3DTADDRESS_CLAMP : D3DTADDRESS_WRAP;
+    set(D3DTSS_MAGFILTER, filter);
+    set(D3DTSS_MINFILTER, filter);
+    set(D3DTSS_ADDRESSU, address);
+    set(D3DTSS_ADDRESSV, address);
+}
+
+void Engine::FitView() {
+    const D3DPRESENT_PARAMETERS before = presentation_;
+    SetBackBuffer();
+    if (presentation_.BackBufferWidth != before.BackBufferWidth ||
+        presentation_.BackBufferHeight != before.BackBufferHeight) {
+        Require(Device().Reset(presentation_), "Reset");
+        mixesTexels_ = false;
+        MakeText();
+        Engine_Init_Gfx();
+    }
+}
+
+void Engine::SetBackBuffer() {
+    const CanvasSize canvas = view_.Canvas();
+    presentation_.BackBufferWidth = static_cast<std::uint32_t>(canvas.width);
+    presentation_.BackBufferHeight = static_cast<std::uint32_t>(canvas.height);
+}
+
+void Engine::Keep(const RECT& wanted) {
+    const CanvasSize canvas = view_.Canvas();
+    const RECT rectangle{wanted.left, wanted.top, std::min(wanted.right, canvas.width),
+                         std::min(wanted.bottom, canvas.height)};
     std::shared_ptr<Direct3DSurface8> backBuffer;
     Require(Device().GetBackBuffer(0, D3DBACKBUFFER_TYPE_MONO, backBuffer), "GetBackBuffer");
     Require(device_->CopyRects(*Made(backBuffer, "GetBackBuffer"), rectangle, *kept_, {}),
@@ -253,6 +325,7 @@ Long Engine::Engine_Device_Reset() {
     if (Failed(result)) {
         return result;
     }
+    mixesTexels_ = false;
     Require(device.SetVertexShader(kVertexFormat), "SetVertexShader");
     Require(device.SetRenderState(D3DRS_LIGHTING, 0), "SetRenderState");
     Require(device.SetRenderState(D3DRS_ALPHABLENDENABLE, 1), "SetRenderState");

@@ -26,6 +26,7 @@
 #include "platform/Messages.h"
 #include "platform/View.h"
 #include "platform/Window.h"
+#include "render/ElementWindow.h"
 #include "render/SpriteQuad.h"
 #include "stage/StageModel.h"
 
@@ -36,7 +37,7 @@ inline constexpr MessageKind kMessageEngineInit{"display", Severity::Error};
 inline constexpr Long kOpaqueWhite = -1;
 inline constexpr std::uint32_t kShadowColor = 0x64000000;  // black, alpha 100 of 255
 
-// The largest rectangle that can be kept, pixels: the information line's.
+// The largest rectangle that can be kept, as InText has it: the information line's.
 inline constexpr POINT kMostKept{200, 20};
 
 class Engine {
@@ -90,13 +91,29 @@ public:
     void Draw_Text(Integer Left, Integer Top, Integer Width, Integer Height, std::string_view Text,
                    Long Color, Long Format);
 
+    // A length of text and of what is around it, in pixels of a view as it is designed: the pixels
+    // that are the same share of the picture's height.
+    [[nodiscard]] Long InText(Long length) const;
+
     // Addition: the whole picture in one colour.
     void Clear(std::uint32_t color);
 
+    // Addition: what is drawn next is cut to a window, until all of the picture is drawn to again.
+    // In an empty window nothing may be drawn.
+    void DrawWithin(const ElementWindow& window);
+    void DrawEverywhere();
+
+    // Addition: whether pictures that are scaled are mixed from their own pixels from now on.
+    void MixTexels(bool mix);
+
+    // Addition: the picture gets the view's size, where it has another one. What was in it is gone.
+    void FitView();
+
     // For what is to be seen in one picture only: keeps what the back buffer has in a rectangle of
-    // the view, of kMostKept at most, until PutBack brings it back. A device that cannot bring it
-    // back has been lost, and its picture with it: then nothing happens.
-    void Keep(const RECT& rectangle);
+    // the picture, of kMostKept at most, as far as it lies in there, until PutBack brings it back.
+    // A device that cannot bring it back has been lost, and its picture with it: then nothing
+    // happens.
+    void Keep(const RECT& wanted);
     void PutBack();
 
     // Resets a lost device that can be reset; one that cannot yet is left alone. Always 0.
@@ -111,6 +128,8 @@ public:
 
 private:
     void StartUp();
+    void SetBackBuffer();
+    void MakeText();
     [[nodiscard]] const SpriteEntry& SpriteAt(Integer slot) const;
     struct Edges {
         float left;
@@ -136,6 +155,7 @@ private:
     std::unique_ptr<D3DXFont> font_;
     std::shared_ptr<Direct3DSurface8> kept_;
     RECT keptRectangle_;
+    bool mixesTexels_ = false;
     D3DPRESENT_PARAMETERS presentation_;
     D3DDISPLAYMODE displayMode_;
     std::array<Vertex, 4> quad_;

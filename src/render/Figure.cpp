@@ -16,9 +16,19 @@ constexpr Single kFarthestEdge = 1000000;
 // fall to either side of it by its last bits, or a figure that the camera follows would tremble.
 constexpr double kPartsOfPixel = 256;
 
-Single WholePixels(Single position) {
-    const double part = std::round(static_cast<double>(position) * kPartsOfPixel) / kPartsOfPixel;
-    return static_cast<Single>(RoundToEven(part));
+double WholePixels(double position) {
+    const double part = std::round(position * kPartsOfPixel) / kPartsOfPixel;
+    return std::floor(part + 0.5);
+}
+
+struct PixelEdges {
+    Single begin;
+    Single length;
+};
+PixelEdges EdgesOf(double begin, double length) {
+    const double first = WholePixels(begin);
+    const double end = std::max(WholePixels(begin + length), first + 1);
+    return {static_cast<Single>(first), static_cast<Single>(end - first)};
 }
 
 // Written so that what is no number is not near.
@@ -37,13 +47,15 @@ void DrawFigure(Engine& engine, const Figure& figure) {
         !HasSize(figure.width) || !HasSize(figure.height)) {
         return;
     }
-    const Single width = std::max(WholePixels(figure.width), 1.0F);
-    const Single height = std::max(WholePixels(figure.height), 1.0F);
-    const Single edge = WholePixels(figure.x);
+    const auto width = static_cast<double>(figure.width);
+    const double left = static_cast<double>(figure.x) - (figure.mirrored ? width : 0);
+    const auto top = static_cast<double>(figure.y);
+    const PixelEdges across = EdgesOf(left, width);
+    const PixelEdges down = EdgesOf(top, static_cast<double>(figure.height));
     Direct3DDevice8& device = engine.Device();
     BlendByAlpha(device, D3DBLEND_INVSRCALPHA);
-    engine.BlitWhole(*figure.texture, figure.mirrored ? edge - width : edge, WholePixels(figure.y),
-                     width, height, figure.mirrored);
+    engine.BlitWhole(*figure.texture, across.begin, down.begin, across.length, down.length,
+                     figure.mirrored);
     BlendNoMore(device);
 }
 

@@ -15,7 +15,7 @@ namespace scenara {
 
 struct Figure {
     const std::shared_ptr<Direct3DTexture8>* texture = nullptr;  // none: nothing is drawn
-    Single x = 0;      // view pixels: the left edge, of a mirrored figure the right one
+    Single x = 0;      // canvas pixels: the left edge, of a mirrored figure the right one
     Single y = 0;      // the upper edge
     Single width = 0;  // as drawn
     Single height = 0;
@@ -34,8 +34,8 @@ public:
     [[nodiscard]] virtual Figure Again() = 0;
 };
 
-// A figure's edge and size are brought to whole pixels, ties to the even one, but never to less
-// than one. One without a size, or far outside of the view, is not drawn. Allocates nothing.
+// A figure's edges are brought to whole pixels, ties to the right and down, but never to less than
+// one pixel. One without a size, or far outside of the view, is not drawn. Allocates nothing.
 void DrawFigure(Engine& engine, const Figure& figure);
 
 }  // namespace scenara

@@ -45,12 +45,15 @@ void PresentFrame(Engine& engine) {
 }
 
 void PresentFrame(Engine& engine, std::string_view infoLine) {
-    constexpr Integer kLeft = 5;
-    constexpr Integer kTop = 5;
-    constexpr Integer kWidth = 200;
-    constexpr Integer kHeight = 20;
-    engine.Keep({kLeft, kTop, kLeft + kWidth, kTop + kHeight});
-    engine.Draw_Text(kLeft, kTop, kWidth, kHeight, infoLine, kOpaqueWhite, 0);
+    const auto length = [&](Long designed) {
+        return static_cast<Integer>(engine.InText(designed));
+    };
+    const Integer left = length(5);
+    const Integer top = length(5);
+    const Integer width = length(kMostKept.x);
+    const Integer height = length(kMostKept.y);
+    engine.Keep({left, top, left + width, top + height});
+    engine.Draw_Text(left, top, width, height, infoLine, kOpaqueWhite, 0);
     PresentFrame(engine);
     engine.PutBack();
 }

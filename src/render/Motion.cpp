@@ -5,7 +5,7 @@
 #include <limits>
 #include <numbers>
 
-#include "render/ModelLookup.h"
+#include "stage/ModelLookup.h"
 
 namespace scenara {
 namespace {
@@ -28,8 +28,10 @@ void SwingOnWhole(Single amplitude, Single period, Single phase, Long& tick, Sin
     }
     const double swings =
         static_cast<double>(tick) / static_cast<double>(period) + static_cast<double>(phase) / 360;
-    offset = static_cast<Single>(static_cast<double>(amplitude) *
-                                 std::sin(2 * std::numbers::pi * swings));
+    const double place = static_cast<double>(amplitude) * std::sin(2 * std::numbers::pi * swings);
+    // In the middle the sine is a little beside 0, which would move a picture by a pixel.
+    constexpr double kNothing = 1.0 / 1048576;
+    offset = std::fabs(place) < kNothing ? Single{0} : static_cast<Single>(place);
     tick = tick == std::numeric_limits<Long>::max() ? 0 : tick + 1;
 }
 
@@ -53,6 +55,11 @@ void Drift(BackgroundElement& element) {
     element.ctrlPos[1] += element.velocityY;
 }
 
+void DriftOn(BackgroundElement& element) {
+    element.motion[0] += static_cast<double>(element.velocityX);
+    element.motion[1] += static_cast<double>(element.velocityY);
+}
+
 void SwingOn(BackgroundElement& element) {
     SwingOn(element.sinState[0], element.sinState[1], element.sinState[2], element.sinOffset[0]);
     SwingOn(element.sinYAmplitude, element.sinYPeriod, element.sinYPhase, element.sinOffset[1]);
@@ -66,25 +73,16 @@ void SwingWhole(BackgroundElement& element) {
 }
 
 void FollowCamera(const StageModel& model, const Camera& camera, BackgroundElement& element) {
-    const bool byStep = camera.lead == CameraLead::Keys;
     const Single movedX = camera.previousX - model.CamX;
     if (movedX != 0) {
-        const Single step = element.deltaX * (byStep ? camera.HCamStep : std::fabs(movedX));
+        const Single step = element.deltaX * camera.HCamStep;
         element.posX += movedX > 0 ? -step : step;
     }
     const Single movedY = camera.previousY - model.CamY;
     if (movedY != 0) {
-        const Single step = element.deltaY * (byStep ? camera.VCamStep : std::fabs(movedY));
+        const Single step = element.deltaY * camera.VCamStep;
         element.posY += movedY > 0 ? step : -step;
     }
-}
-
-void SettleCamera(StageModel& model, Camera& camera) {
-    for (BackgroundElement& element : model.Elements) {
-        FollowCamera(model, camera, element);
-    }
-    camera.previousX = model.CamX;
-    camera.previousY = model.CamY;
 }
 
 }  // namespace scenara

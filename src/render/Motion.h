@@ -2,8 +2,10 @@
 //
 // What moves an element: its drift, its swing, the camera, and the element it is linked to.
 //
-// An element's *motion* (ctrlPos 0 and 1) is the sum of all displacement that is not the camera's:
-// drift and the position controllers. An element that is linked to it follows motion and swing.
+// An element's *motion* (plainly ctrlPos 0 and 1) is the sum of all displacement that is not the
+// camera's: drift and the position controllers. An element that is linked to it follows motion and
+// swing. Addition: of the camera, links and swings only where they stand counts, when the element
+// is placed (ElementPlacement.h).
 #pragma once
 
 #include "stage/Camera.h"
@@ -18,6 +20,9 @@ void NoteLinks(StageModel& model);
 
 // One frame's drift, after the element's draw.
 void Drift(BackgroundElement& element);
+// Addition: the same for an element that is placed by its motion alone, once all of the frame is
+// drawn.
+void DriftOn(BackgroundElement& element);
 [[nodiscard]] inline bool Drifts(const BackgroundElement& element) {
     return element.velocityX != 0 || element.velocityY != 0;
 }
@@ -41,15 +46,9 @@ void SwingWhole(BackgroundElement& element);
     return camera.previousX - model.CamX != 0 || camera.previousY - model.CamY != 0;
 }
 
-// Follows the camera since the last pass. Deliberate: by the camera's step and not by the distance
-// it moved (ParallaxStep.UsesTheStepAndNotTheDistance). Where a figure leads the camera, by the
-// distance: the figure's place knows no other, and its feet must not slide. x is stored negated and
-// y is not, so the signs of the two are opposite.
+// Plainly elements follow the camera since the last pass. Deliberate: by the camera's step and not
+// by the distance it moved (ParallaxStep.UsesTheStepAndNotTheDistance). x is stored negated and y
+// is not, so the signs of the two are opposite.
 void FollowCamera(const StageModel& model, const Camera& camera, BackgroundElement& element);
-
-// Addition: all elements at once, so that nothing of the camera's way is left for the next pass,
-// before something else than a key changes the steps. Otherwise they would follow the last move by
-// a step that it was not made with, and stand beside their places for good.
-void SettleCamera(StageModel& model, Camera& camera);
 
 }  // namespace scenara

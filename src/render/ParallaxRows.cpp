@@ -4,8 +4,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include "render/ElementPlacement.h"
-
 namespace scenara {
 
 double RowSpeed(const BackgroundElement& element, std::int64_t row, std::int64_t rows) {
@@ -21,20 +19,13 @@ double RowSpeed(const BackgroundElement& element, std::int64_t row, std::int64_t
     return (top + (bottom - top) * t) / top;
 }
 
-std::int64_t RowPosition(const BackgroundElement& element, Single drawX, double shear,
-                         std::int64_t row, std::int64_t rows, Single elementScale) {
-    const double x = static_cast<double>(drawX) + shear * (RowSpeed(element, row, rows) - 1);
-    constexpr auto kMost = static_cast<double>(kFarthest);
-    return WholePixel(std::clamp(x, -kMost, kMost), elementScale);
-}
-
-double RowStretch(const BackgroundElement& element, Single cameraY) {
+double RowStretch(const BackgroundElement& element, Single cameraY, double scale) {
     constexpr double kMost = 16;
     const double shrunk =
         (static_cast<double>(element.yscaleStart) +
          static_cast<double>(element.yscaleDelta) * static_cast<double>(cameraY)) /
         100;
-    return shrunk == 0 ? kMost : std::clamp(1 / shrunk, 1 / kMost, kMost);
+    return shrunk == 0 ? scale * kMost : scale * std::clamp(1 / shrunk, 1 / kMost, kMost);
 }
 
 std::int64_t StretchedRows::From(std::int64_t row) const {

@@ -18,18 +18,12 @@ namespace scenara {
 [[nodiscard]] double RowSpeed(const BackgroundElement& element, std::int64_t row,
                               std::int64_t rows);
 
-// Where the row stands, in whole pixels as all pictures of the stage, for an element that is drawn
-// at `drawX`. `shear`: how far a row of twice the speed stands from one of speed 1. Kept within
-// kFarthest.
-[[nodiscard]] std::int64_t RowPosition(const BackgroundElement& element, Single drawX, double shear,
-                                       std::int64_t row, std::int64_t rows,
-                                       Single elementScale = 1);
-
 // Addition: parallax pictures are stretched vertically about their axis by
-// 1 / (yscaleStart / 100 + yscaleDelta / 100 * cameraY), kept within 1/16 to 16.
-[[nodiscard]] double RowStretch(const BackgroundElement& element, Single cameraY);
+// 1 / (yscaleStart / 100 + yscaleDelta / 100 * cameraY), kept within 1/16 to 16. Canvas pixels to a
+// row of a picture that is drawn at `scale`.
+[[nodiscard]] double RowStretch(const BackgroundElement& element, Single cameraY, double scale);
 
-// Which lines of the view the rows of a picture cover whose upper edge stands at `top`.
+// Which lines of the canvas the rows of a picture cover whose upper edge stands at `top`.
 struct StretchedRows {
     double top;
     double stretch;

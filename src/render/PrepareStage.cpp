@@ -8,7 +8,8 @@
 
 #include "render/AnimationClock.h"
 #include "render/Controllers.h"
-#include "render/ModelLookup.h"
+#include "stage/ElementStart.h"
+#include "stage/ModelLookup.h"
 
 namespace scenara {
 namespace {
@@ -29,25 +30,6 @@ const SpriteEntry* StillSprite(const StageModel& model, const BackgroundElement&
         return nullptr;
     }
     return &RecordAt(model.Sprites, element.spriteIndex, "sprite");
-}
-
-struct Start {
-    double x;
-    double y;
-};
-
-Start OwnStart(const BackgroundElement& element) {
-    return {element.startX + static_cast<double>(element.startFraction[0]),
-            element.startY + static_cast<double>(element.startFraction[1])};
-}
-
-Start StartOf(const StageModel& model, const BackgroundElement& element) {
-    const Start own = OwnStart(element);
-    if (element.linkParent == -1) {
-        return own;
-    }
-    const Start parent = OwnStart(RecordAt(model.Elements, element.linkParent, "element"));
-    return {parent.x + own.x, parent.y + own.y};
 }
 
 // What the words of the file come to.
@@ -82,18 +64,16 @@ void ResolveLinks(StageModel& model) {
 
 // Elements' starts count from the middle of the view.
 void Place(const StageModel& model, const View& view, BackgroundElement& element) {
-    const Start start = StartOf(model, element);
+    const StartPlace start = StartOf(model, element);
     const SpriteEntry* const sprite = StillSprite(model, element);
-    const auto scale = static_cast<double>(model.ElementScale);
     const double axisX = sprite == nullptr ? 0 : sprite->axisX;
     const double axisY = sprite == nullptr ? 0 : sprite->axisY;
     // What is shown of the camera, x to the right.
     const double cameraX = -static_cast<double>(model.CamX);
     const auto cameraY = static_cast<double>(model.CamY);
-    element.posX = NearestSingle(view.Centre() + (start.x - axisX) * scale -
+    element.posX = NearestSingle(view.Centre() + (start.x - axisX) -
                                  static_cast<double>(element.deltaX) * cameraX);
-    element.posY =
-        NearestSingle((start.y - axisY) * scale - static_cast<double>(element.deltaY) * cameraY);
+    element.posY = NearestSingle((start.y - axisY) - static_cast<double>(element.deltaY) * cameraY);
 }
 
 void SetRuntimeValues(const StageModel& model, const ViewOptions& options,
@@ -103,6 +83,7 @@ void SetRuntimeValues(const StageModel& model, const ViewOptions& options,
     element.frameTime = 0;
     element.ctrlOffset = {};
     element.ctrlPos = {};
+    element.motion = {};
     element.sinOffset = {};
     element.linkSin = {};
     element.visible = 1;

@@ -46,13 +46,22 @@ void TileEngine::MoveBackground() {
 }
 
 void TileEngine::Pass(bool draws) {
+    if (options_.Additions) {
+        PassOnCanvas(draws);
+    } else {
+        PassPlainly(draws);
+    }
+    ControlCamera(model_, camera_, StepUnitsOf(model_, view_, options_.Additions), flags_, input_);
+}
+
+void TileEngine::PassPlainly(bool draws) {
     const bool follow = HasMoved(model_, camera_);
     for (BackgroundElement& element : model_.Elements) {
         if (TakesPart(element)) {
             if (draws) {
                 Draw(element);
             }
-            Move(element);
+            MovePlainly(element);
         }
         if (follow) {
             FollowCamera(model_, camera_, element);
@@ -60,11 +69,28 @@ void TileEngine::Pass(bool draws) {
     }
     camera_.previousX = model_.CamX;
     camera_.previousY = model_.CamY;
-    ControlCamera(model_, camera_, flags_, input_);
+}
+
+// Addition: nothing moves until both passes are drawn, what is hidden moves on with the rest, and
+// what belongs to both passes moves once.
+void TileEngine::PassOnCanvas(bool draws) {
+    for (const BackgroundElement& element : model_.Elements) {
+        if (draws && TakesPart(element)) {
+            Draw(element);
+        }
+    }
+    if (flags_.DrawFrontLayer == 0) {
+        return;
+    }
+    for (BackgroundElement& element : model_.Elements) {
+        if (Drifts(element) && element.enabled != 0 && MayMove(model_, element)) {
+            DriftOn(element);
+        }
+    }
 }
 
 void TileEngine::DrawAgain() {
-    if (flags_.DrawFrontLayer == 0) {
+    if (flags_.DrawFrontLayer == 0 && !options_.Additions) {
         NoteLinks(model_);  // their parents have moved on since
     }
     for (const BackgroundElement& element : model_.Elements) {
@@ -81,6 +107,10 @@ void TileEngine::ClearPicture() {
 }
 
 void TileEngine::TickStage() {
+    if (options_.Additions) {
+        camera_.previousX = model_.CamX;
+        camera_.previousY = model_.CamY;
+    }
     RunControllers(model_, watch_);
     for (BackgroundElement& element : model_.Elements) {
         if (ShowsFrames(element)) {
@@ -91,7 +121,9 @@ void TileEngine::TickStage() {
             SwingWhole(element);
         }
     }
-    NoteLinks(model_);
+    if (!options_.Additions) {
+        NoteLinks(model_);
+    }
 }
 
 bool TileEngine::TakesPart(const BackgroundElement& element) const {
@@ -100,25 +132,24 @@ bool TileEngine::TakesPart(const BackgroundElement& element) const {
 }
 
 void TileEngine::Draw(const BackgroundElement& element) {
-    if (element.visible != 0 && MayBeSeen(model_, element, view_) && GoesOn()) {
-        DrawElement(engine_, model_, element, {options_.Additions, view_});
+    if (element.visible == 0) {
+        return;
+    }
+    const DrawOptions options = DrawOptionsOf(model_, camera_, view_, options_);
+    if (MayBeSeen(model_, element, options) && GoesOn()) {
+        DrawElement(engine_, model_, element, options);
     }
 }
 
-// Addition: what is hidden moves on, and what belongs to both passes moves once, after both.
-void TileEngine::Move(BackgroundElement& element) {
-    if (options_.Additions) {
-        const bool comesAgain = element.layerno < 0 && flags_.DrawFrontLayer == 0;
-        if (Drifts(element) && !comesAgain) {
-            Drift(element);
-        }
-    } else if (element.visible != 0) {
-        if (Drifts(element)) {
-            Drift(element);
-        }
-        if (Swings(element)) {
-            SwingOn(element);
-        }
+void TileEngine::MovePlainly(BackgroundElement& element) {
+    if (element.visible == 0) {
+        return;
+    }
+    if (Drifts(element)) {
+        Drift(element);
+    }
+    if (Swings(element)) {
+        SwingOn(element);
     }
 }
 

@@ -37,9 +37,9 @@ public:
     // no element is. Black, or as the stage says.
     void ClearPicture();
 
-    // The pass that DrawFrontLayer selects. Every element follows the camera in every pass; plainly
-    // drift and swing go on only for what is drawn in it. The camera moves at the end, so each pass
-    // sees the move that the other one made. Allocates nothing.
+    // The pass that DrawFrontLayer selects. The camera moves at its end. Plainly every element
+    // follows the camera in every pass, so that each sees the move that the other one made, and
+    // drift and swing go on only for what is drawn in it. Allocates nothing.
     //
     // Errors: those of the engine, and "Subscript out of range" for an index that points outside
     // of its table; the pass ends there.
@@ -48,8 +48,8 @@ public:
     // The same pass without its pictures.
     void MoveBackground();
 
-    // The same elements as they stand: nothing moves, neither they nor the camera. (Their places
-    // are those of the next frame, since an element moves on when it has been drawn.)
+    // The same elements as they stand: nothing moves, neither they nor the camera. (Their motion is
+    // that of the next frame, since an element moves on when it has been drawn.)
     void DrawAgain();
 
     // The stage's own clocks, once per frame in front of the back pass: controllers, animations,
@@ -59,8 +59,10 @@ public:
 private:
     [[nodiscard]] bool TakesPart(const BackgroundElement& element) const;
     void Pass(bool draws);
+    void PassPlainly(bool draws);
+    void PassOnCanvas(bool draws);
     void Draw(const BackgroundElement& element);
-    void Move(BackgroundElement& element);
+    static void MovePlainly(BackgroundElement& element);
     [[nodiscard]] bool GoesOn() { return watch_ == nullptr || watch_->GoesOn(); }
 
     Engine& engine_;

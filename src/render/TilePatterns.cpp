@@ -10,8 +10,8 @@
 #include "base/RunTimeError.h"
 #include "render/ElementDrawing.h"
 #include "render/ElementTiles.h"
-#include "render/ModelLookup.h"
 #include "render/TexelLock.h"
+#include "stage/ModelLookup.h"
 
 namespace scenara {
 namespace {
@@ -101,9 +101,7 @@ private:
     }
 
     void AddOf(const BackgroundElement& element) {
-        BackgroundElement shown = element;  // wherever it is now
-        shown.posX = 0;
-        shown.posY = 0;
+        BackgroundElement shown = element;
         if (!ShowsFrames(element)) {
             AddNow(shown);
             return;
@@ -132,7 +130,7 @@ private:
 
     void AddNow(const BackgroundElement& shown) {
         const bool additions = options_.additions;
-        if (const std::optional<PlacedPicture> picture = PlaceElement(model_, shown, additions)) {
+        if (const std::optional<ElementPicture> picture = PictureOf(model_, shown, additions)) {
             const Mixing mixing = MixingOf(shown, BlendingInForce(model_, shown, additions));
             if (const auto key = PatternFor(model_, shown, *picture, mixing, options_)) {
                 keys_.push_back(*key);
@@ -205,16 +203,17 @@ bool HasPixels(const SpriteEntry& sprite) {
 }  // namespace
 
 std::optional<PatternKey> PatternFor(const StageModel& model, const BackgroundElement& element,
-                                     const PlacedPicture& picture, Mixing mixing,
+                                     const ElementPicture& picture, Mixing mixing,
                                      const DrawOptions& options) {
     const SpriteEntry& sprite = RecordAt(model.Sprites, picture.slot, "sprite");
     const ElementTiles tiles(model, element, picture, options.additions);
-    const std::int64_t across = MostPieces(tiles.across, options.view.width);
-    const std::int64_t down = MostPieces(tiles.down, options.view.height);
+    const CanvasSize canvas = options.view.Canvas();  // enlarged, there are fewer
+    const std::int64_t across = MostPieces(tiles.across, canvas.width);
+    const std::int64_t down = MostPieces(tiles.down, canvas.height);
     const bool rows = element.kind == ElementKind::Parallax;
     const bool many =
         rows ? across > kManyPiecesOfRow &&
-                   across * std::min<std::int64_t>(sprite.height, options.view.height) > kManyPieces
+                   across * std::min<std::int64_t>(sprite.height, canvas.height) > kManyPieces
              : across * down > kManyPieces;
     if (!many || !CanRepeat(tiles.across, mixing) || !CanRepeat(tiles.down, mixing)) {
         return std::nullopt;
@@ -241,7 +240,7 @@ const TilePattern* FindPattern(const StageModel& model, const PatternKey& key) {
 void MakeTilePatterns(StageModel& model, const ViewOptions& options, const View& view,
                       TextureMaker& maker) {
     model.TilePatterns.clear();
-    const WantedPatterns wanted(model, {options.Additions, view});
+    const WantedPatterns wanted(model, {options.Additions, view, {}});
     std::size_t bytes = 0;
     std::size_t texels = 0;
     try {

@@ -34,7 +34,7 @@ inline constexpr std::size_t kMostPatternBytes = std::size_t{4} << 20U;
 // there are less. Raises "Subscript out of range" when the picture's sprite is not in its table.
 [[nodiscard]] std::optional<PatternKey> PatternFor(const StageModel& model,
                                                    const BackgroundElement& element,
-                                                   const PlacedPicture& picture, Mixing mixing,
+                                                   const ElementPicture& picture, Mixing mixing,
                                                    const DrawOptions& options);
 
 // None when it was not made.

@@ -6,11 +6,6 @@
 namespace scenara {
 namespace {
 
-// Rounded down, also below 0. `divisor` is above 0.
-std::int64_t FloorDivide(std::int64_t value, std::int64_t divisor) {
-    return value / divisor - (value % divisor < 0 ? 1 : 0);
-}
-
 // Copies position + k * step, for k from `least` to `most`.
 struct Run {
     std::int64_t position;
@@ -49,20 +44,12 @@ std::int64_t TileStep(Long spacing, std::int64_t size, bool animated) {
     return animated ? spacing : spacing + size;
 }
 
-std::int64_t ScaledStep(std::int64_t step, Single scale, bool animated) {
-    const std::int64_t least = animated ? 2 : 1;
-    if (step < least) {
-        return step;
-    }
-    const double scaled = RoundToEven(static_cast<double>(step) * static_cast<double>(scale));
-    return std::max(least, static_cast<std::int64_t>(scaled));
-}
-
 std::int64_t DrawnStep(const Tiles& tiles) {
     if (tiles.count < 1) {
         return 0;
     }
-    const bool noDistance = tiles.Endless() && tiles.animated && tiles.step <= 1;
+    const bool oneCopy = tiles.additions && tiles.step < 0;
+    const bool noDistance = tiles.Endless() && tiles.animated && tiles.step <= 1 && !oneCopy;
     return std::max<std::int64_t>(noDistance ? tiles.size : tiles.step, 0);
 }
 

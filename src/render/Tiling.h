@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Tiling: where the copies of a picture stand along one axis, and which of them can be seen.
+// Tiling: where the copies of a picture stand along one axis, in pixels of the picture, and which
+// of them can be seen.
 #pragma once
 
 #include <cstdint>
@@ -14,7 +15,17 @@ namespace scenara {
 struct PixelRange {
     std::int64_t from = 0;
     std::int64_t to = 0;
+
+    [[nodiscard]] constexpr bool IsEmpty() const { return from >= to; }
+    [[nodiscard]] constexpr bool Has(std::int64_t pixel) const {
+        return pixel >= from && pixel < to;
+    }
 };
+
+// Rounded down, also below 0. `divisor` is above 0.
+[[nodiscard]] constexpr std::int64_t FloorDivide(std::int64_t value, std::int64_t divisor) {
+    return value / divisor - (value % divisor < 0 ? 1 : 0);
+}
 
 // Copies at first, first + step, ...; count of them, of which the last may stand nearer to the one
 // before. 64 bits wide, so that no sum runs over.
@@ -33,11 +44,6 @@ struct Copies {
 // for still pictures.
 [[nodiscard]] std::int64_t TileStep(Long spacing, std::int64_t size, bool animated);
 
-// Addition: a step of a stage that was made for another view, in whole view pixels. One of an
-// animation that is 1 or less, and so was not given, stays as it is, and a larger one stays larger;
-// one of a still picture that is above 0 stays so.
-[[nodiscard]] std::int64_t ScaledStep(std::int64_t step, Single scale, bool animated);
-
 // What there is to tile along an axis.
 struct Tiles {
     Long count = 0;         // the element's: 0 is one copy, 1 without end both ways, n are n copies
@@ -50,7 +56,8 @@ struct Tiles {
 };
 
 // The distance from one copy to the next as it is drawn, 0 where there is no more than one. Endless
-// animations with a step of 1 or less have been given no distance: they follow one another.
+// animations with a step of 1 or less have been given no distance: they follow one another. With
+// additions one with a step below 0 is a single copy.
 [[nodiscard]] std::int64_t DrawnStep(const Tiles& tiles);
 
 // How many copies lie upon one another, at most, where there are `copies` of them.

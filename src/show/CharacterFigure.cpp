@@ -4,18 +4,10 @@
 #include <cmath>
 
 #include "character/UpdateCharacter.h"
+#include "render/DrawOptions.h"
 #include "show/StageShow.h"
 
 namespace scenara {
-namespace {
-
-// The camera that the elements stand by: where the last pass saw it.
-CameraPlace DrawnBy(const Camera& camera) {
-    return {camera.previousX, camera.previousY};
-}
-
-}  // namespace
-
 // Moves the character and lets it lead the camera, which is the keys' again while it is off. While
 // the pointer moves the camera the character walks and does not lead it. Allocates nothing.
 Figure StageShow::Next() {
@@ -24,7 +16,7 @@ Figure StageShow::Next() {
         return {};
     }
     const Single along =
-        UpdateCharacter(testChar_, model_, machine_.keyboard, DrawnBy(camera_), view_);
+        UpdateCharacter(testChar_, model_, machine_.keyboard, DrawnCamera(), view_);
     // In the debug editor its own scroll bar moves the camera as long as the character stands.
     const bool leads = flags_.DebugBG == 0 || testChar_.Characters.front().Walking;
     const bool stands = along == 0 || flags_.MouseScroll != 0 || !leads;
@@ -38,8 +30,13 @@ Figure StageShow::Again() {
     if (!ShowsCharacter()) {
         return {};
     }
-    PlaceAgain(testChar_, model_, DrawnBy(camera_));
+    PlaceAgain(testChar_, model_, DrawnCamera());
     return CharacterFigure();
+}
+
+// That the elements of the frame are drawn with.
+CameraPlace StageShow::DrawnCamera() const {
+    return DrawOptionsOf(model_, camera_, view_, options_).camera;
 }
 
 Figure StageShow::CharacterFigure() const {
@@ -49,11 +46,12 @@ Figure StageShow::CharacterFigure() const {
     }
     Figure figure;
     figure.texture = &character.Sprites.at(static_cast<std::size_t>(character.DrawTexture)).texture;
-    figure.x = character.DrawX + DrawnBy(camera_).x;
-    figure.y = character.DrawY;
-    figure.width = static_cast<Single>(character.DrawWidth) * testChar_.CharZoom * character.XScale;
-    figure.height =
-        static_cast<Single>(character.DrawHeight) * testChar_.CharZoom * character.YScale;
+    const auto detail = static_cast<Single>(view_.detail);
+    const Single zoom = detail * testChar_.CharZoom;
+    figure.x = detail * (character.DrawX + DrawnCamera().x);
+    figure.y = detail * character.DrawY;
+    figure.width = static_cast<Single>(character.DrawWidth) * zoom * character.XScale;
+    figure.height = static_cast<Single>(character.DrawHeight) * zoom * character.YScale;
     figure.mirrored = character.DrawFacing < 0;
     return figure;
 }

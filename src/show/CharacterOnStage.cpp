@@ -71,7 +71,7 @@ void StageShow::LoadTestChar(Messages& messages) {
         testChar_.CharLoaded = true;
         testChar_.CharName = testChar_.Characters.front().DisplayName;
     }
-    PlaceCharacter(testChar_, model_, view_);
+    PlaceCharacter(testChar_, model_, view_, options_);
     TakeSteps();
 }
 
@@ -108,11 +108,13 @@ void StageShow::TakeSteps() {
     if (!testChar_.UseChar || !testChar_.CharLoaded) {
         return;
     }
-    SettleSteps();
     camera_.users = UsersSteps();
     testChar_.StepsOverridden = true;
     // A step below 0 would go through the bounds, and one of 0 counts as not set.
-    const Single step = std::fabs(testChar_.Characters.front().WalkSpeed);
+    // Counted as the user counts steps, in a view that no stage has asked for otherwise.
+    const double walk = static_cast<double>(testChar_.Characters.front().WalkSpeed) *
+                        static_cast<double>(testChar_.CharZoom) / view_.TimesAsWide();
+    const auto step = static_cast<Single>(std::fabs(walk));
     if (step != 0) {
         camera_.HCamStep = step;
     }
@@ -123,7 +125,6 @@ void StageShow::GiveStepsBack() {
         return;
     }
     testChar_.StepsOverridden = false;
-    SettleSteps();
     camera_.HCamStep = StepOrOne(camera_.users.HCamStep);
     camera_.VCamStep = camera_.users.VCamStep;
 }

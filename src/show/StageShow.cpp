@@ -4,13 +4,13 @@
 #include <utility>
 
 #include "render/Frame.h"
-#include "render/Motion.h"
 #include "render/PrepareStage.h"
 #include "render/TilePatterns.h"
 #include "show/FrameRate.h"
 #include "show/LoopKeys.h"
 #include "show/RepeatedMessages.h"
 #include "stage/LoadStage.h"
+#include "stage/StageSpace.h"
 
 namespace scenara {
 namespace {
@@ -55,6 +55,7 @@ ShowState StageShow::State() const {
 bool StageShow::Start(const std::string& mugeDir) {
     const std::optional<CameraPlace> camera = std::exchange(Which.camera, std::nullopt);
     longPass_.Forget();
+    view_ = View();
     engine_.Engine_Init();
     DiscardKeyStates(machine_.keyboard);
     if (!engine_.HasDevice()) {
@@ -73,6 +74,8 @@ bool StageShow::Start(const std::string& mugeDir) {
     if (!Load(mugeDir, messages)) {
         return false;
     }
+    view_ = ViewOf(model_, options_);
+    engine_.FitView();
     events_.StageLoaded();
     DiscardKeyStates(machine_.keyboard);
     Prepare(camera, messages);
@@ -83,11 +86,13 @@ bool StageShow::Start(const std::string& mugeDir) {
 }
 
 bool StageShow::Load(const std::string& mugeDir, Messages& messages) {
-    const LoadStageContext load{
-        machine_.files,  messages,
-        machine_.window, engine_.Device(),
-        options_,        view_,
-        mugeDir,         [this](const std::string& path) { events_.MusicNamed(path); }};
+    const LoadStageContext load{machine_.files,
+                                messages,
+                                machine_.window,
+                                engine_.Device(),
+                                options_,
+                                mugeDir,
+                                [this](const std::string& path) { events_.MusicNamed(path); }};
     std::string file = Which.shown;
     return LoadStage(model_, file, load);
 }
@@ -203,18 +208,9 @@ void StageShow::SetMouseScroll(bool on) {
     camera_.users = UsersSteps();
     flags_.MouseScroll = on ? kByteTrue : Byte{0};
     if (!on) {
-        SettleSteps();
         camera_.HCamStep = StepOrOne(camera_.users.HCamStep);
         camera_.VCamStep = StepOrOne(camera_.users.VCamStep);
         TakeSteps();
-    }
-}
-
-// Before the steps change. Addition: plain, the elements follow the camera's last move by the step
-// that is new then.
-void StageShow::SettleSteps() {
-    if (options_.Additions) {
-        SettleCamera(model_, camera_);
     }
 }
 

@@ -155,6 +155,7 @@ private:
     class Loading;
 
     [[nodiscard]] Figure CharacterFigure() const;
+    [[nodiscard]] CameraPlace DrawnCamera() const;
     [[nodiscard]] bool ShowsCharacter() const {
         return options_.Additions && testChar_.UseChar && testChar_.CharLoaded;
     }
@@ -167,8 +168,6 @@ private:
     [[nodiscard]] bool StepsAreOverridden() const {
         return testChar_.StepsOverridden || flags_.MouseScroll != 0;
     }
-    void SettleSteps();
-
     [[nodiscard]] bool LoadCharacterFile(TestCharacter& character, Messages& messages);
     void LoadTestChar(Messages& messages);
     void ReleaseTestChar();

@@ -243,9 +243,9 @@ void PcxDecoder::SetPalette(std::span<const std::byte, kPcxPaletteSize> palette)
 }
 
 bool PcxDecoder::LoadPCX(const PcxHeader& header, std::span<const std::byte> data,
-                         PcxPicture& picture, PictureLines* lines) {
+                         PcxPicture& picture) {
     try {
-        picture = Decode(header, data, lines);
+        picture = Decode(header, data);
         return true;
     } catch (...) {
         HandleError(TextOfCurrentError());
@@ -282,8 +282,7 @@ std::size_t PcxDecoder::DecodeLines(const PcxHeader& header, std::span<const std
     return lines.Consumed();
 }
 
-PcxPicture PcxDecoder::Decode(const PcxHeader& header, std::span<const std::byte> data,
-                              PictureLines* lines) {
+PcxPicture PcxDecoder::Decode(const PcxHeader& header, std::span<const std::byte> data) {
     CheckPcxHeader(header, data.size());
     CheckYield(header, data);
     const bool onePlane = header.planes == 1;
@@ -294,20 +293,13 @@ PcxPicture PcxDecoder::Decode(const PcxHeader& header, std::span<const std::byte
     picture.width = header.Width();
     picture.height = header.Height();
     picture.key = onePlane ? colors[0] | kOpaque : key_;
-    if (lines != nullptr) {
-        lines->Begin(picture.width, picture.height);
-        picture.consumed =
-            DecodeLines(header, data, colors, [&](Long /*y*/) { return lines->NextLine(); });
-        picture.texture = lines->End();
-    } else {
-        const TextureParameters parameters = ParametersFor(header, picture.key);
-        picture.texture = device_.CreateTexture(parameters);
-        const Lock lock(*picture.texture);
-        const bool whole = parameters.wantedPitch != 0 && parameters.wantedPitch == lock.Pitch();
-        picture.consumed = whole ? DecodeWhole(path_, header, data, colors, lock)
-                                 : DecodeLines(header, data, colors,
-                                               [&](Long y) { return lock.Line(y, picture.width); });
-    }
+    const TextureParameters parameters = ParametersFor(header, picture.key);
+    picture.texture = device_.CreateTexture(parameters);
+    const Lock lock(*picture.texture);
+    const bool whole = parameters.wantedPitch != 0 && parameters.wantedPitch == lock.Pitch();
+    picture.consumed = whole ? DecodeWhole(path_, header, data, colors, lock)
+                             : DecodeLines(header, data, colors,
+                                           [&](Long y) { return lock.Line(y, picture.width); });
     if (!onePlane) {
         messages_.MsgBox(kMessageThreePlanes, "yo...");
     }

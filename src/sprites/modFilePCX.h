@@ -97,19 +97,6 @@ struct PcxPicture {
     std::size_t consumed = 0;  // bytes of the data that the pixels took
 };
 
-// Where a picture goes line by line, from the top, instead of into a texture of its own size.
-class PictureLines : NotCopied {
-public:
-    virtual ~PictureLines() = default;
-
-    // A picture of this size begins; one before it that has not ended is given up.
-    virtual void Begin(std::int32_t width, std::int32_t height) = 0;
-    // Room for the next line. The one before it is complete.
-    [[nodiscard]] virtual std::span<std::uint32_t> NextLine() = 0;
-    // What became of the picture, after its last line.
-    [[nodiscard]] virtual std::shared_ptr<Direct3DTexture8> End() = 0;
-};
-
 // The decoder and what it keeps from one picture to the next: the palette, the key colour, and a
 // line buffer. Device and messages outlive it.
 class PcxDecoder {
@@ -121,18 +108,16 @@ public:
     void SetPalette(std::span<const std::byte, kPcxPaletteSize> palette);
 
     // Decodes the bytes behind the header; what follows the last line in `data` is not looked at.
-    // The picture's texture is one of the device or, with `lines`, what these make of it.
     // False on any failure: then the reason has been shown, `picture` is as it was, and decoder,
     // palette and key colour serve the next picture.
     [[nodiscard]] bool LoadPCX(const PcxHeader& header, std::span<const std::byte> data,
-                               PcxPicture& picture, PictureLines* lines = nullptr);
+                               PcxPicture& picture);
 
     // The message box of the image routines.
     void HandleError(std::string_view reason);
 
 private:
-    [[nodiscard]] PcxPicture Decode(const PcxHeader& header, std::span<const std::byte> data,
-                                    PictureLines* lines);
+    [[nodiscard]] PcxPicture Decode(const PcxHeader& header, std::span<const std::byte> data);
     // Lines that `nextLine` has room for; how many bytes of the data they took.
     template <typename NextLine>
     [[nodiscard]] std::size_t DecodeLines(const PcxHeader& header, std::span<const std::byte> data,

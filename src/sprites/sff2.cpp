@@ -6,7 +6,6 @@
 #include <utility>
 
 #include "base/RunTimeError.h"
-#include "sprites/ScaledPicture.h"
 #include "sprites/SpriteMessages.h"
 #include "sprites/version1/SffArchive.h"
 #include "sprites/version1/SffWalk.h"
@@ -18,57 +17,26 @@ namespace {
 // A title bar shows less; a longer title would be copied for each of thousands of sprites.
 constexpr std::size_t kLongestTitle = 255;
 
-// How the elements of a stage show a picture.
-class PictureUse {
-public:
-    explicit PictureUse(const StageModel& model) {
-        for (const BackgroundElement& element : model.Elements) {
-            const std::uint64_t key = SpriteKey(element.spriteGroup, element.spriteImage);
-            if (element.mask == 1 && (element.type == "parallax" || element.type == "normal")) {
-                masked_.Add(key, 0);
-            }
-            const bool plain = element.mask != 1 && element.blending.kind == BlendKind::None;
-            (plain ? opaque_ : keyed_).Add(key, 0);
-        }
-        for (const StageAction& action : model.Actions) {
-            for (const StageFrame& frame : action.frames) {
-                keyed_.Add(SpriteKey(frame.group, frame.image), 0);
-            }
-        }
-        for (FirstIndex* pictures : {&masked_, &opaque_, &keyed_}) {
-            pictures->Sort();
+// Which pictures still elements show with their colour 0 left out.
+FirstIndex MaskedPictures(const StageModel& model) {
+    FirstIndex masked;
+    for (const BackgroundElement& element : model.Elements) {
+        if (element.mask == 1 && (element.type == "parallax" || element.type == "normal")) {
+            masked.Add(SpriteKey(element.spriteGroup, element.spriteImage), 0);
         }
     }
-
-    // A still element shows it with its colour 0 left out.
-    [[nodiscard]] bool IsMasked(const Subfile& subfile) const { return Has(masked_, subfile); }
-
-    // Opaque stills show it and nothing else: in all others colour 0 may be left out, be it by
-    // another number that is linked to them.
-    [[nodiscard]] bool IsOpaque(const Subfile& subfile) const {
-        return Has(opaque_, subfile) && !Has(keyed_, subfile);
-    }
-
-private:
-    static bool Has(const FirstIndex& pictures, const Subfile& subfile) {
-        return pictures.Find(SpriteKey(subfile.group, subfile.image)) >= 0;
-    }
-
-    FirstIndex masked_;
-    FirstIndex opaque_;
-    FirstIndex keyed_;
-};
+    masked.Sort();
+    return masked;
+}
 
 class SpriteLoader {
 public:
-    SpriteLoader(StageModel& model, const SffSource& source, double scale)
+    SpriteLoader(StageModel& model, const SffSource& source)
         : model_(model),
           source_(source),
           walk_(source, {SffRules::Palettes::AsTheyCome, std::nullopt, kMessageSffError,
                          kMessagePcxError, kMessageLinkError}),
-          use_(model),
-          scaler_(walk_.Textures(), scale),
-          isScaled_(scale != 1) {}
+          masked_(MaskedPictures(model)) {}
 
     void Load(Window& window) {
         while (!window.EndRequested() && walk_.Next()) {
@@ -99,7 +67,8 @@ private:
         entry.group = subfile.group;
         entry.image = subfile.image;
         entry.selfIndex = model_.SpriteCount;
-        entry.masked = use_.IsMasked(subfile) ? Integer{1} : Integer{0};
+        const bool masked = masked_.Find(SpriteKey(subfile.group, subfile.image)) >= 0;
+        entry.masked = masked ? Integer{1} : Integer{0};
         model_.Sprites.push_back(std::move(entry));
         model_.SpriteCount = Incremented(model_.SpriteCount);
         return true;
@@ -118,8 +87,7 @@ private:
 
     [[nodiscard]] bool TakePicture(const Subfile& subfile, SpriteEntry& entry) {
         PcxPicture picture;
-        scaler_.SetKeyed(!use_.IsOpaque(subfile));
-        if (!walk_.Load(walk_.Count() - 1, subfile, picture, isScaled_ ? &scaler_ : nullptr)) {
+        if (!walk_.Load(walk_.Count() - 1, subfile, picture)) {
             if (source_.header.imageCount == 1) {
                 source_.messages.MsgBox(
                     kMessageOnlyImage,
@@ -128,10 +96,6 @@ private:
             return false;
         }
         entry.texture = std::move(picture.texture);
-        if (isScaled_) {
-            entry.fileWidth = ToInteger(picture.width);
-            entry.fileHeight = ToInteger(picture.height);
-        }
         entry.width = ToInteger(entry.texture->Width());
         entry.height = ToInteger(entry.texture->Height());
         entry.keyAlpha = static_cast<Byte>(picture.key >> 24U);
@@ -146,9 +110,7 @@ private:
     StageModel& model_;
     SffSource source_;
     SffWalk walk_;
-    PictureUse use_;
-    PictureScaler scaler_;
-    bool isScaled_;
+    FirstIndex masked_;
 };
 
 // Cut between characters, should the bytes be UTF-8.
@@ -174,7 +136,7 @@ std::string LoadingCaption(const std::string& title, std::uint32_t done, std::ui
 
 void LoadSprites(StageModel& model, InputFile& archive, const std::string& name,
                  TextureMaker& device, Window& window, Messages& messages,
-                 const ViewOptions& options, double scale) {
+                 const ViewOptions& options) {
     try {
         const SffHeader header = ReadSffHeader(archive);
         if (header.IsVersion2()) {
@@ -183,7 +145,7 @@ void LoadSprites(StageModel& model, InputFile& archive, const std::string& name,
                                 ", only version 1 can be read.");
             return;
         }
-        SpriteLoader(model, {archive, name, header, device, messages, options}, scale).Load(window);
+        SpriteLoader(model, {archive, name, header, device, messages, options}).Load(window);
     } catch (...) {
         SayArchiveError(messages, kMessageSffError, name, TextOfCurrentError());
     }

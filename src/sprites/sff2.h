@@ -31,11 +31,10 @@ inline constexpr MessageKind kMessageSffError{"archive-damaged", Severity::Error
 inline constexpr MessageKind kMessageSffVersion{"archive-version", Severity::Error};
 
 // Appends the archive's sprites to `model.Sprites`. `name` is the archive's name for messages.
-// Never raises an error for what stands in the file. With a `scale` other than 1 (an addition) each
-// picture is brought to that size; the axis keeps the file's.
+// Never raises an error for what stands in the file.
 void LoadSprites(StageModel& model, InputFile& archive, const std::string& name,
                  TextureMaker& device, Window& window, Messages& messages,
-                 const ViewOptions& options, double scale = 1);
+                 const ViewOptions& options);
 
 // "Loading " + title + " " + how much of `count` is done, as "5%"; "%" alone for none. Of a title
 // the first 255 bytes, more than any title bar shows.

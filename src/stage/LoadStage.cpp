@@ -12,7 +12,6 @@
 #include "stage/DefinitionReader.h"
 #include "stage/FinishElements.h"
 #include "stage/LineEndingRepair.h"
-#include "stage/StageScale.h"
 
 namespace scenara {
 namespace {
@@ -62,10 +61,8 @@ void LoadArchive(StageModel& model, const std::string& spr, const std::string& d
         context.messages.MsgBox(kMessageArchiveMissing, std::move(text), {0, 0, defPath});
         return;
     }
-    const double scale = context.options.Additions ? ScaleOf(model, context.view).elements : 1;
     MessagesOfFile messages(context.messages, path);
-    LoadSprites(model, *archive, path, context.device, context.window, messages, context.options,
-                scale);
+    LoadSprites(model, *archive, path, context.device, context.window, messages, context.options);
 }
 
 }  // namespace
@@ -81,9 +78,6 @@ bool LoadStage(StageModel& model, std::string& defPath, const LoadStageContext& 
             LoadArchive(model, spr, defPath, context);
         }
         ResolveSprites(model);
-        if (context.options.Additions) {
-            ApplyStageScale(model, context.view);
-        }
         return true;
     } catch (...) {
         context.messages.MsgBox(kMessageDefinitionUnreadable,

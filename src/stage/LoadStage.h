@@ -18,7 +18,6 @@
 #include "platform/Direct3D8.h"
 #include "platform/Files.h"
 #include "platform/Messages.h"
-#include "platform/View.h"
 #include "platform/Window.h"
 #include "stage/StageModel.h"
 #include "stage/ViewOptions.h"
@@ -35,7 +34,6 @@ struct LoadStageContext {
     Window& window;           // its caption tells how far the load is
     Direct3DDevice8& device;  // makes the textures
     const ViewOptions& options;
-    View view;
     std::string mugeDir;  // the engine folder
     // Receives the path of the stage's music, when it names any.
     std::function<void(const std::string& path)> setMusicFileName;

@@ -88,6 +88,7 @@ void ForEachField(Record& element, auto&& visit) {
     visit("picturesGiven", element.picturesGiven);
     visit("swingTick", element.swingTick);
     visit("startFraction", element.startFraction);
+    visit("motion", element.motion);
 }
 
 template <RecordOf<SpriteEntry> Record>
@@ -106,8 +107,6 @@ void ForEachField(Record& sprite, auto&& visit) {
     visit("keyGreen", sprite.keyGreen);
     visit("keyBlue", sprite.keyBlue);
     visit("linkedTo", sprite.linkedTo);
-    visit("fileWidth", sprite.fileWidth);
-    visit("fileHeight", sprite.fileHeight);
 }
 
 template <RecordOf<StageFrame> Record>
@@ -190,7 +189,6 @@ void ForEachField(Record& model, auto&& visit) {
     visit("hires", model.hires);
     visit("localcoordWidth", model.localcoordWidth);
     visit("localcoordHeight", model.localcoordHeight);
-    visit("ElementScale", model.ElementScale);
     visit("MugenVersion", model.MugenVersion);
     visit("debugbg", model.debugbg);
     visit("bgclearcolor", model.bgclearcolor);
@@ -198,6 +196,8 @@ void ForEachField(Record& model, auto&& visit) {
     visit("MusicVolumeOffset", model.MusicVolumeOffset);
     visit("MusicLoopStart", model.MusicLoopStart);
     visit("MusicLoopEnd", model.MusicLoopEnd);
+    visit("StageXScale", model.StageXScale);
+    visit("StageYScale", model.StageYScale);
 }
 
 template <RecordOf<StageModel> Record>

@@ -224,6 +224,8 @@ void ReadKeysOfSection(KeyOffer& line, StageModel& model, std::string_view secti
     } else if (section == "stageinfo") {
         line.Whole("hires", model.hires);
         line.Values("localcoord", model.localcoordWidth, model.localcoordHeight);
+        line.Whole("xscale", model.StageXScale);
+        line.Whole("yscale", model.StageYScale);
     } else if (section == "bgdef") {
         auto& [red, green, blue] = model.bgclearcolor;
         line.Whole("debugbg", model.debugbg);

@@ -6,8 +6,8 @@
 // given its first runtime values by the stage start-up, advanced every frame by the drawing,
 // emptied by Clear(). Tables are indexed from 0; their counts are 16-bit, so none holds more than
 // kMaxRecords. An index field refers to a position in another table, -1 meaning none. Positions are
-// pixels of the view, times are ticks of one frame. Every number starts at 0 and every
-// text empty, unless a field says otherwise.
+// in units of the stage (platform/View.h), times are ticks of one frame. Every number starts at 0
+// and every text empty, unless a field says otherwise.
 //
 // Texts are bytes as the file has them (Windows ANSI code page).
 #pragma once
@@ -45,7 +45,7 @@ struct alignas(kCacheLine) BackgroundElement {
     Integer spriteIndex = 0;  // into Sprites; -1 = no picture, -2 = pictures of an action
     Integer linkParent = 0;   // runtime: the index of the element that it is linked to
     Integer actionIndex = 0;  // into Actions for "anim"; else the number as the file has it
-    Single posX = 0;          // runtime: where it is drawn now
+    Single posX = 0;          // runtime, plainly: where it is drawn now
     Single posY = 0;
     Single velocityX = 0;  // drift per frame
     Single velocityY = 0;
@@ -93,7 +93,7 @@ struct alignas(kCacheLine) BackgroundElement {
     Single yscaleStart = 100;  // parallax: at the ground view it is 100 / yscaleStart as tall
     Single yscaleDelta = 0;    // and per unit of the camera's height
 
-    // As the file has it, neither scaled nor linked; no part of a stage as written out.
+    // As the file has it, not the parent's; no part of a stage as written out.
     std::array<Single, 2> deltaRead{1.0F, 1.0F};
 
     // Additions.
@@ -103,6 +103,7 @@ struct alignas(kCacheLine) BackgroundElement {
     Byte picturesGiven = 0;                 // kGivenSprite, kGivenAction
     std::array<Long, 2> swingTick{};        // runtime: the frame that each swing is in
     std::array<Single, 2> startFraction{};  // what startX and startY leave of the file's values
+    std::array<double, 2> motion{};         // runtime: the same as ctrlPos, summed more exactly
 };
 static_assert(offsetof(BackgroundElement, sinYPeriod) - 2 * sizeof(Single) <= kCacheLine,
               "up to the amplitude of the sideways swing");
@@ -136,10 +137,6 @@ struct SpriteEntry {
     Byte keyGreen = 0;
     Byte keyBlue = 0;
     Integer linkedTo = -1;  // -1 = has a picture of its own; else the archive's link index
-
-    // Addition: the size in the file, where the picture was brought to view pixels; else 0.
-    Integer fileWidth = 0;
-    Integer fileHeight = 0;
 };
 
 // Copies of a sprite that repeat, as one picture: what a repeat is of, and what it looks like
@@ -271,11 +268,12 @@ struct StageModel {  // NOLINT(clang-analyzer-optin.performance.Padding)
     Integer LastImageWidth = 0;  // of the last picture decoded
     Integer LastImageHeight = 0;
 
-    // Additions: the coordinates that a stage was made for.
-    Integer hires = 0;         // not 0: elements count in pixels of 640 x 480
-    Long localcoordWidth = 0;  // 0: the view's own
+    // Additions: the coordinates that a stage was made for (StageSpace says what they come to).
+    Integer hires = 0;         // not 0: elements are laid out at double detail
+    Long localcoordWidth = 0;  // of the view, in stage units; 0: as it is designed
     Long localcoordHeight = 0;
-    Single ElementScale = 1;  // runtime: view pixels per unit of start, axis, offset and spacing
+    Single StageXScale = 1;  // of elements: their starts, motion and pictures
+    Single StageYScale = 1;
 
     // Addition: the version of MUGEN that the stage was made for, from 1 on; 0 = an older one.
     Single MugenVersion = 0;

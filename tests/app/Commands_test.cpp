@@ -152,26 +152,6 @@ TEST_F(MouseScroll, SetsTheStepsAndGivesThemBack) {
     ExpectSteps(4, 6);  // and the pointer has no hold of them
 }
 
-TEST_F(MouseScroll, SwitchedOffTheElementsStandWhereTheCameraSeesThem) {
-    float start = 0;
-    WhileAIsShown({[&] {
-                       start = model.Elements.at(0).posX;
-                       Click(Menu::mnuMScroll);
-                       pointer.MoveTo({260, 120});
-                   },
-                   Wait, Wait,
-                   [&] {
-                       EXPECT_EQ(model.CamX, -60.0F);  // twice a frame
-                       Click(Menu::mnuMScroll);
-                   },
-                   Wait,
-                   [&] {
-                       const BackgroundElement& wall = model.Elements.at(0);
-                       EXPECT_EQ(model.CamX, -60.0F);
-                       EXPECT_EQ(wall.posX, start - 60 * wall.deltaX);
-                   }});
-}
-
 TEST_F(MouseScroll, TheUsersStepsAreSavedAtTheEnd) {
     WhileAIsShown({ScrollAt(260, 200), Wait, Choose(Menu::mnuExit)});
     EXPECT_TRUE(program.Ended());

@@ -365,7 +365,7 @@ TEST_F(UpdateCharacterTest, OnALinkedElementItGoesUpAndDownWithIt) {
     Place();
     EXPECT_EQ(Hero().Y, 180.0F);
     EXPECT_EQ(DrawnAt().second, 145.0F) << "180 + 5, less the axis";
-    model_.Elements[0].ctrlPos[1] = 10;
+    model_.Elements[0].motion[1] = 10;
     EXPECT_EQ(DrawnAt().second, 155.0F);
     camera_ = {0, -20};
     model_.Elements[0].posY = 400;
@@ -373,17 +373,18 @@ TEST_F(UpdateCharacterTest, OnALinkedElementItGoesUpAndDownWithIt) {
     model_.Elements[0].startFraction[1] = -0.5F;
     model_.ZOffset = 7;
     EXPECT_EQ(DrawnAt().second, 181.5F) << "below the element";
-    model_.ElementScale = 0.5F;
-    EXPECT_EQ(DrawnAt().second, 91.75F) << "179.5 in half pixels";
+    model_.hires = 1;
+    EXPECT_EQ(DrawnAt().second, 84.25F) << "(179.5 + 15) / 2";
+    model_.StageYScale = -3;
+    EXPECT_EQ(DrawnAt().second, -304.75F) << "and -3 times that";
 }
 
 TEST_F(UpdateCharacterTest, OnAnElementThatIsLinkedItselfTheParentSwings) {
     auto& elements = StandOn(1, 100, 2);
-    elements[0].sinOffset[1] = 99;  // has moved on since
+    elements[0].sinOffset[1] = 5;
+    elements[0].motion[1] = 3;
     elements[1].linkParent = 0;
-    elements[1].linkSin[1] = 5;
-    elements[1].ctrlOffset[1] = 3;
-    elements[1].ctrlPos[1] = 2;
+    elements[1].motion[1] = 2;
     elements[1].startY = -30;
     elements[1].sinOffset[1] = 77;
     Place();

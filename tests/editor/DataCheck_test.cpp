@@ -143,7 +143,6 @@ TEST(DataCheckText, HasTheElementsOwnDeltaOfALinkedElement) {
 TEST(DataCheckText, HasTheFilesOwnNumbersOfAScaledStage) {
     const auto machine = Loaded(
         "[StageInfo]\nhires = 1\n[BG a]\ntype = normal\nstart = 101, 7\ndelta = .3, .7\n", true);
-    EXPECT_EQ(machine->model.Elements[0].deltaX, 0.15F);
     EXPECT_EQ(DataCheckText(machine->model, false),
               "[BG a]\r\ntype = normal\r\nactionno = 0\r\nlayerno = 0\r\nspriteno = 0,0\r\n"
               "start = 101,7\r\ndelta = .3,.7\r\nmask = 0\r\n\r\n");

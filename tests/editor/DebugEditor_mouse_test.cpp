@@ -197,7 +197,7 @@ TEST_F(Drag, AStepThatIsStillToComeIsMadeOnce) {
     Down();
     stage.keyboard.Hold({VirtualKey::Right});
     stage.FrontPass();
-    ControlCamera(stage.model, stage.camera, stage.flags,
+    ControlCamera(stage.model, stage.camera, StepUnits(), stage.flags,
                   {stage.keyboard, stage.clock, stage.pointer, stage.window});
     stage.keyboard.Hold({});
     EXPECT_EQ(stage.model.CamX, -8);
@@ -314,38 +314,44 @@ class ScaledDrag : public Mouse {
 protected:
     ScaledDrag() : Mouse(ViewOptions{true}) {}
 
-    // An element that starts at (20, 30) of what the file counts in.
-    void Begin(Single scale) {
-        stage.model.ElementScale = scale;
+    // An element that starts at (20, 30) of what the file counts in, and stands at (x, y).
+    void Begin(Single scale, Long x, Long y) {
+        stage.model.StageXScale = scale;
+        stage.model.StageYScale = scale;
         BackgroundElement& element = Square();
         element.startX = 20;
         element.startY = 30;
         stage.Start();
-        Down(static_cast<Long>(element.posX) + 1, static_cast<Long>(element.posY) + 1);
+        Down(x + 1, y + 1);
         ExpectIndices(0, 0);
     }
 };
 
+// At a half the canvas has two pixels to a unit, one to what elements count in.
 TEST_F(ScaledDrag, StartsCountInTheFilesUnits) {
-    Begin(0.5F);
-    ExpectAt(170, 15);
-    Move(174, 14);
-    ExpectAt(173, 13);
-    ExpectStart(26, 26);
+    Begin(0.5F, 340, 30);
+    Move(344, 29);
+    ExpectStart(23, 28);
 }
 
 TEST_F(ScaledDrag, RoundingDoesNotAddUp) {
-    Begin(2);
-    ExpectAt(200, 60);
-    // A view pixel is half a unit: ties go to the even one.
+    Begin(2, 200, 60);
+    // A pixel is half a unit: ties go to the even one.
     const Long expected[] = {20, 21, 22, 22, 22, 23, 24};
     for (Long moved = 1; moved <= 7; ++moved) {
         Move(201 + moved, 61);
-        ExpectAt(static_cast<Single>(200 + moved), 60);
         ExpectStart(expected[moved - 1], 30);
     }
     Move(201, 61);
     ExpectStart(20, 30);
+}
+
+// It is the start that is dragged, wherever the camera goes meanwhile.
+TEST_F(ScaledDrag, TheCameraMayMove) {
+    Begin(1, 180, 30);
+    stage.camera.previousX = stage.model.CamX = -50;
+    Move(191, 31);
+    ExpectStart(30, 30);
 }
 
 }  // namespace

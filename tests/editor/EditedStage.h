@@ -69,7 +69,7 @@ struct EditedStage : StagePlayer {
     }
 
     [[nodiscard]] Integer At(Long x, Long y) const {
-        return TopmostElementAt(model, {view.Additions}, {x, y});
+        return TopmostElementAt(model, DrawOptionsOf(model, camera, picture, view), {x, y});
     }
 
     // A second later, this key at the end of one pass.

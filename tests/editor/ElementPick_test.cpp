@@ -62,7 +62,9 @@ protected:
         element.windowActive = 1;
     }
     std::optional<ViewFrame> Outline(Integer index = 0) {
-        return OutlineOf(stage.model, {stage.view.Additions}, index);
+        return OutlineOf(stage.model,
+                         DrawOptionsOf(stage.model, stage.camera, stage.picture, stage.view),
+                         index);
     }
 
     EditedStage stage;
@@ -343,16 +345,19 @@ TEST_F(PickWithAdditions, FindsTheRowsOfAStretchedPicture) {
 // --- scaled stages ---
 
 TEST_F(PickWithAdditions, FindsTheCopiesOfAScaledStage) {
-    BackgroundElement& element = stage.build.Still(stage.Picture({"XXXX"}));
+    BackgroundElement& element =
+        StageBuilder::At(stage.build.Still(stage.Picture({"X.XX"})), 10, 20);
+    element.mask = 1;
     element.tileX = 2;
-    element.tileSpacingX = 5;
-    stage.model.Sprites[0].fileWidth = 8;
-    stage.model.ElementScale = 0.5F;
+    element.tileSpacingX = 1;
+    stage.model.StageXScale = 1.5F;
+    stage.model.StageYScale = 3;
     stage.Start();
-    stage.Element(0).posX = 10.5F;
-    stage.Element(0).posY = 20;
-    // Halves go to the right; a copy every (8 + 5) / 2, to the even one.
-    EXPECT_EQ(Across(20), "11-14 17-20");
+    // 160 - 150 * 1.5 = -65; a copy every 7.5, of which each pixel is 1.5 wide.
+    EXPECT_EQ(Across(60), "");
+    StageBuilder::At(stage.Element(0), 110, 20);  // 160 - 50 * 1.5 = 85
+    EXPECT_EQ(Across(60), "85-85 88-90 93-93 96-98");
+    EXPECT_EQ(Outline(), (ViewFrame{85, 60, 99, 63}));
 }
 
 // --- outlines ---

@@ -46,13 +46,15 @@ public:
                0xFFFFFF;
     }
     [[nodiscard]] std::uint32_t Picked(Long x, Long y) const {
-        const Integer index = TopmostElementAt(model_, {options_.Additions}, {x, y});
+        const Integer index =
+            TopmostElementAt(model_, DrawOptionsOf(model_, camera_, picture_, options_), {x, y});
         return static_cast<std::uint32_t>(index + 1);
     }
     // Whether what is seen there lies inside of its element's outline.
     [[nodiscard]] bool IsOutlined(Long x, Long y) const {
         const auto index = static_cast<Integer>(Drawn(x, y) - 1);
-        const auto outline = OutlineOf(model_, {options_.Additions}, index);
+        const auto outline =
+            OutlineOf(model_, DrawOptionsOf(model_, camera_, picture_, options_), index);
         return outline && x >= outline->left && x < outline->right && y >= outline->top &&
                y < outline->bottom;
     }

@@ -241,7 +241,8 @@ protected:
                            ViewOptions{additions});
         EXPECT_EQ(stage.MessageTexts(), messages);
         stage.Run(keys, frames);
-        EXPECT_TRUE(MatchesGolden(std::string(name) + ending, stage.Picture()));
+        EXPECT_TRUE(MatchesGolden(std::string(name) + ending, stage.Picture(),
+                                  stage.PictureSize().width, stage.PictureSize().height));
     }
 };
 

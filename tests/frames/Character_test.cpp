@@ -16,6 +16,7 @@
 #include "platform/posix/PosixFiles.h"
 #include "samplemaker/PcxWriter.h"
 #include "samplemaker/Sff1Writer.h"
+#include "stage/StageSpace.h"
 #include "support/AllocationCount.h"
 #include "support/GoldenPicture.h"
 #include "support/MemoryFiles.h"
@@ -90,7 +91,7 @@ public:
     // The columns of a row that have this colour, as first and last; -1 when there is none.
     [[nodiscard]] std::pair<int, int> Columns(int y, std::uint32_t rgb) const {
         std::pair<int, int> columns(-1, -1);
-        for (int x = 0; x < View().width; ++x) {
+        for (int x = 0; x < PictureSize().width; ++x) {
             if (Rgb(x, y) == rgb) {
                 columns.first = columns.first < 0 ? x : columns.first;
                 columns.second = x;
@@ -254,14 +255,14 @@ TEST(Character, IsNotSeenPlainlyAndTheKeysMoveTheCamera) {
     EXPECT_EQ(stage.Hero().X, 90.0F);
 }
 
-TEST(Character, KeepsItsSizeOnStagesOfMorePixels) {
+TEST(Character, IsAsLargeInAPictureOfMorePixels) {
     PeopledStage stage(
         "[StageInfo]\nlocalcoord = 640,480\nzoffset = 420\n"
         "[PlayerInfo]\np1startx = -140\n" +
         std::string(kBackdrop));
     stage.Run("", 1);
-    EXPECT_EQ(stage.Columns(190, kBlue), Span(87, 92));
-    EXPECT_EQ(stage.Columns(210, kGreen), Span(87, 92));
+    EXPECT_EQ(stage.Columns(380, kBlue), Span(174, 185));
+    EXPECT_EQ(stage.Columns(420, kGreen), Span(174, 185));
 }
 
 TEST(Character, AsksForNoMemoryWhileItWalks) {
@@ -292,9 +293,10 @@ TEST(CharacterGolden, Scaled) {
 // --- characters of others, and our own ---
 
 // The row of the view that a character's axis stands on.
-float FeetRow(const TestCharacter& hero) {
+float FeetRow(const ShotStage& stage) {
+    const TestCharacter& hero = stage.Hero();
     const CharSprite& sprite = hero.Sprites.at(static_cast<std::size_t>(hero.DrawTexture));
-    return hero.DrawY + static_cast<float>(sprite.axisY) * hero.YScale;
+    return hero.DrawY + static_cast<float>(sprite.axisY) * hero.YScale * stage.TestChar().CharZoom;
 }
 
 struct RealCase {
@@ -322,9 +324,10 @@ TEST_P(RealCharacters, StandWalkBothWaysAndTurn) {
         }
     }
     stage.Run("", 1);
-    EXPECT_EQ(FeetRow(stage.Hero()), static_cast<float>(stage.Model().ZOffset));
+    EXPECT_EQ(FeetRow(stage), static_cast<float>(stage.Model().ZOffset));
     const float start = stage.Hero().X;
-    EXPECT_EQ(start, static_cast<float>(stage.Model().P1StartX) + 160);
+    EXPECT_EQ(start, static_cast<float>(stage.Model().P1StartX +
+                                        ViewOf(stage.Model(), ViewOptions()).Centre()));
     stage.Run("right:100", 100);
     EXPECT_GT(stage.Hero().X, start + 100);
     EXPECT_LT(stage.Model().CamX, 0.0F) << "the camera went along";
@@ -337,7 +340,7 @@ TEST_P(RealCharacters, StandWalkBothWaysAndTurn) {
     EXPECT_LT(stage.Hero().X, right - 100);
     stage.Run("", 2);
     EXPECT_EQ(stage.Hero().Action, kStanding);
-    EXPECT_EQ(FeetRow(stage.Hero()), static_cast<float>(stage.Model().ZOffset));
+    EXPECT_EQ(FeetRow(stage), static_cast<float>(stage.Model().ZOffset));
 }
 
 INSTANTIATE_TEST_SUITE_P(

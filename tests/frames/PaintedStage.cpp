@@ -157,8 +157,7 @@ void ShotStage::Run(std::string_view keyScript, int frames) {
 }
 
 std::uint32_t ShotStage::Rgb(int x, int y) const {
-    return Picture().at(static_cast<std::size_t>(y) * View().width + static_cast<std::size_t>(x)) &
-           0xFFFFFFU;
+    return Picture().at(static_cast<std::size_t>(y * PictureSize().width + x)) & 0xFFFFFFU;
 }
 
 std::vector<std::string> ShotStage::MessageTexts() const {

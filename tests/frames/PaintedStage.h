@@ -41,6 +41,7 @@ public:
     void Run(std::string_view keyScript, int frames);
 
     [[nodiscard]] const std::vector<std::uint32_t>& Picture() const { return machine_.Picture(); }
+    [[nodiscard]] const CanvasSize& PictureSize() const { return machine_.PictureSize(); }
     [[nodiscard]] std::uint32_t Rgb(int x, int y) const;
     [[nodiscard]] const StageModel& Model() const { return machine_.Model(); }
     [[nodiscard]] const TestCharState& TestChar() const { return machine_.TestChar(); }

@@ -24,6 +24,7 @@
 #include "render/TilePatterns.h"
 #include "render/Tiling.h"
 #include "stage/ModelText.h"
+#include "stage/StageSpace.h"
 #include "support/Rounds.h"
 
 namespace scenara::test {
@@ -55,8 +56,9 @@ public:
     }
 
     void Prepare() {
-        PrepareElements(model, {options.additions}, View());
-        MakeTilePatterns(model, {options.additions}, View(), engine.Device());
+        options.view = ViewOf(model, {options.additions});
+        PrepareElements(model, {options.additions}, options.view);
+        MakeTilePatterns(model, {options.additions}, options.view, engine.Device());
     }
 
     std::vector<std::uint32_t> Drawn() {
@@ -79,14 +81,23 @@ private:
         return {pixels.begin(), pixels.end()};
     }
 
+    // Along an axis, in pixels of the picture, and how many times they are enlarged.
+    struct Run {
+        Long count;
+        std::int64_t step;
+        std::int64_t size;
+        std::int64_t times;
+    };
+
     // Where copies stand that touch these pixels: the rule, as it is written down.
-    [[nodiscard]] static std::vector<std::int64_t> Positions(Long count, std::int64_t step,
-                                                             std::int64_t size, bool animated,
+    [[nodiscard]] static std::vector<std::int64_t> Positions(const Run& run, bool animated,
                                                              bool additions, std::int64_t position,
                                                              const PixelRange& visible) {
-        if (count == 1 && animated && step <= 1) {
-            step = size;
-        }
+        const Long count = run.count;
+        const bool oneCopy = additions && run.step < 0;
+        const bool noDistance = count == 1 && animated && run.step <= 1 && !oneCopy;
+        const std::int64_t size = run.size * run.times;
+        const std::int64_t step = noDistance ? size : run.step * run.times;
         if (count == 0 || step == 0 || (step < 0 && (count == 1 || additions))) {
             return {position};
         }
@@ -105,21 +116,20 @@ private:
         return positions;
     }
 
-    [[nodiscard]] std::int64_t StepOf(Long spacing, Integer size, Integer fileSize) const {
-        const bool animated = model.Elements.front().kind == ElementKind::Animated;
-        return model.ElementScale == 1 ? TileStep(spacing, size, animated)
-                                       : ScaledStep(TileStep(spacing, fileSize, animated),
-                                                    model.ElementScale, animated);
+    [[nodiscard]] std::int64_t StepOf(Long spacing, Integer size) const {
+        return TileStep(spacing, size, model.Elements.front().kind == ElementKind::Animated);
     }
 
     void DrawCopies() {
         const BackgroundElement& element = model.Elements.front();
-        const std::optional<PlacedPicture> placed = PlaceElement(model, element, options.additions);
+        const std::optional<PlacedPicture> placed = PlaceElement(model, element, options);
         if (!placed) {
             return;
         }
-        const Long left = WholePixel(static_cast<double>(placed->x), model.ElementScale);
-        const Long top = WholePixel(static_cast<double>(placed->y), model.ElementScale);
+        const Long left = WholePixel(placed->x, options.additions);
+        const Long top = WholePixel(placed->y, options.additions);
+        const auto timesX = static_cast<std::int64_t>(placed->scaleX);
+        const auto timesY = static_cast<std::int64_t>(placed->scaleY);
         const SpriteEntry& sprite = model.Sprites.front();
         const Blending blending = BlendingInForce(model, element, options.additions);
         const bool blended = blending.kind != BlendKind::None;
@@ -128,11 +138,13 @@ private:
         } else if (element.mask == 1) {
             BlendByAlpha(engine.Device(), D3DBLEND_INVSRCALPHA);
         }
-        const ElementWindow seen = ElementWindow::Of(element, model.CamX, model.CamY, View());
+        const ElementWindow seen = ElementWindow::Of(element, options);
         const bool animated = element.kind == ElementKind::Animated;
         const bool once = placed->mirrored && !options.additions;
+        engine.DrawWithin(seen);
+        const bool isSeen = !seen.columns.IsEmpty() && !seen.rows.IsEmpty();
         const auto draw = [&](const SpriteQuad& whole) {
-            const auto quad = CutTo(seen, whole);
+            const auto quad = isSeen ? std::optional(whole) : std::nullopt;
             const BlitStyle style{placed->mirrored, placed->flipped};
             if (quad && blended) {
                 DrawBlended(engine, blending, sprite, *quad, style);
@@ -143,29 +155,33 @@ private:
         const auto across = [&](std::int64_t x, std::int64_t y, std::int64_t height,
                                 std::int64_t source) {
             const Long count = once ? 0 : element.tileX;
+            const Run run{count, StepOf(element.tileSpacingX, sprite.width), sprite.width, timesX};
             for (const std::int64_t at :
-                 Positions(count, StepOf(element.tileSpacingX, sprite.width, sprite.fileWidth),
-                           sprite.width, animated, options.additions, x, seen.columns)) {
-                draw({at, y, sprite.width, height, 0, source});
+                 Positions(run, animated, options.additions, x, seen.columns)) {
+                draw({at, y, sprite.width * timesX, height * timesY, 0, source, sprite.width,
+                      height});
             }
         };
         if (element.kind == ElementKind::Parallax) {
-            const double shear = options.additions ? placed->axisX - 160
-                                                   : static_cast<double>(model.CamX) *
-                                                         static_cast<double>(element.deltaX);
+            const double shear =
+                static_cast<double>(model.CamX) * static_cast<double>(element.deltaX);
             for (std::int64_t row = 0; row < sprite.height; ++row) {
-                const std::int64_t x =
-                    RowPosition(element, placed->x, shear, row, sprite.height, model.ElementScale);
-                across(x, top + row, 1, row);
+                const double speed = RowSpeed(element, row, sprite.height);
+                const double x = options.additions ? 160 + (placed->axisX - 160) * speed +
+                                                         placed->fromAxisX * placed->scaleX
+                                                   : placed->x + shear * (speed - 1);
+                across(WholePixel(x, options.additions), top + row * timesY, 1, row);
             }
         } else {
             const Long count = once ? 0 : element.tileY;
+            const Run run{count, StepOf(element.tileSpacingY, sprite.height), sprite.height,
+                          timesY};
             for (const std::int64_t at :
-                 Positions(count, StepOf(element.tileSpacingY, sprite.height, sprite.fileHeight),
-                           sprite.height, animated, options.additions, top, seen.rows)) {
+                 Positions(run, animated, options.additions, top, seen.rows)) {
                 across(left, at, sprite.height, 0);
             }
         }
+        engine.DrawEverywhere();
         if (blended) {
             EndBlending(engine.Device(), blending);
         } else if (element.mask == 1) {
@@ -215,15 +231,11 @@ public:
         constexpr std::array<const char*, 5> kFlips{"", "", "v", "h", "hv"};
         StageFrame& frame = tiled.model.Actions.front().frames.front();
         frame.flip = kFlips.at(Index(5));
-        if (Below(6) == 0) {
-            tiled.model.ElementScale = 0.5F;
-            tiled.model.Sprites.front().fileWidth = static_cast<Integer>(2 * width - Below(2));
-            tiled.model.Sprites.front().fileHeight = static_cast<Integer>(2 * height - Below(2));
-        } else {
-            tiled.model.ElementScale = 1;
-        }
+        tiled.model.StageXScale = static_cast<Single>(Below(4) == 0 ? Between(2, 5) : 1);
+        tiled.model.StageYScale = static_cast<Single>(Below(4) == 0 ? Between(2, 5) : 1);
         tiled.Prepare();
         tiled.model.CamX = static_cast<Single>(Between(-60, 60));
+        tiled.options.camera = {tiled.model.CamX, 0};
     }
 
 private:

@@ -41,10 +41,10 @@ TEST(AgreesWithProgram, RandomStagesWithAdditions) {
 }
 
 // Rows that stand within a float's rounding of the middle between two pixels: seen where a compiler
-// leaves that rounding out.
+// leaves that rounding out. With additions places are not kept as floats.
 TEST(AgreesWithProgram, StagesOnTheEdgeOfAPixel) {
-    for (const std::uint32_t seed : {5304U, 10530U}) {
-        CompareRandomStage(seed, RandomFor::Additions);
+    for (const std::uint32_t seed : {7022U, 10541U}) {
+        CompareRandomStage(seed, RandomFor::Plain);
     }
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "literal/Comparison.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -64,16 +65,32 @@ std::string Script(const std::vector<LiteralKeys>& keys) {
     return script;
 }
 
+std::string Difference(const ShownCanvas& shown, const LiteralStage& literal) {
+    std::ostringstream text;
+    if (shown.size != CanvasSize{literal.Width(), literal.Height()}) {
+        text << "the program's picture is " << shown.size.width << " x " << shown.size.height
+             << ", the rules say " << literal.Width() << " x " << literal.Height();
+        return text.str();
+    }
+    const auto [program, rules] = std::ranges::mismatch(shown.pixels, literal.Picture());
+    if (program != shown.pixels.end()) {
+        const auto at = program - shown.pixels.begin();
+        text << "pixel " << at % literal.Width() << "," << at / literal.Width()
+             << ": the program has " << std::hex << *program << ", the rules say " << *rules;
+    }
+    return text.str();
+}
+
 }  // namespace
 
-std::vector<std::uint32_t> LiteralPictureOf(const RandomStage& stage, const ViewOptions& view) {
+ShownCanvas LiteralPictureOf(const RandomStage& stage, const ViewOptions& view) {
     StageMachine loader;
     Load(loader, stage, view);
     LiteralStage literal(loader.model, LiteralRules::Of(view.Additions));
     for (const LiteralKeys& keys : stage.keys) {
         literal.DrawFrame(keys);
     }
-    return literal.Picture();
+    return {{literal.Width(), literal.Height()}, literal.Picture()};
 }
 
 ShotStage ProgramWith(const RandomStage& stage, const ViewOptions& view) {
@@ -91,18 +108,13 @@ std::string FirstDifference(const RandomStage& stage, const ViewOptions& view) {
     for (std::size_t frame = 0; frame < stage.keys.size(); ++frame) {
         literal.DrawFrame(stage.keys[frame]);
         program.Run(1);
-        const std::vector<std::uint32_t>& picture = program.Picture();
-        for (std::size_t i = 0; i < picture.size(); ++i) {
-            const std::uint32_t shown = picture[i] & 0xFFFFFFU;
-            if (shown != literal.Picture()[i]) {
-                std::ostringstream text;
-                text << "frame " << frame + 1 << " of " << stage.keys.size() << ", pixel "
-                     << i % kLiteralWidth << "," << i / kLiteralWidth << ": the program has "
-                     << std::hex << shown << ", the rules say " << literal.Picture()[i] << "\nkeys "
-                     << Script(stage.keys) << "\n"
-                     << stage.definition;
-                return text.str();
-            }
+        const std::string difference = Difference(CanvasOf(program), literal);
+        if (!difference.empty()) {
+            std::ostringstream text;
+            text << "frame " << frame + 1 << " of " << stage.keys.size() << ", " << difference
+                 << "\nkeys " << Script(stage.keys) << "\n"
+                 << stage.definition;
+            return text.str();
         }
     }
     return {};

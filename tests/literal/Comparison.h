@@ -3,19 +3,17 @@
 // Comparison: one stage, shown by the program on the headless machine and by a LiteralStage.
 #pragma once
 
-#include <cstdint>
 #include <string>
-#include <vector>
 
 #include "frames/PaintedStage.h"
+#include "literal/ProgramCanvas.h"
 #include "literal/RandomStage.h"
 #include "stage/ViewOptions.h"
 
 namespace scenara::test {
 
 // What the rules make of a stage after all of its frames.
-[[nodiscard]] std::vector<std::uint32_t> LiteralPictureOf(const RandomStage& stage,
-                                                          const ViewOptions& view);
+[[nodiscard]] ShownCanvas LiteralPictureOf(const RandomStage& stage, const ViewOptions& view);
 
 // The stage in the program, with its keys held, before the first frame.
 [[nodiscard]] ShotStage ProgramWith(const RandomStage& stage, const ViewOptions& view);

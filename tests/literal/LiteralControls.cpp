@@ -102,11 +102,12 @@ void LiteralStage::Act(const BgCtrl& control, Element& element) {
         } else if (control.type == "veladd") {
             element.velocity[axis] += amount[axis];
         } else if (control.type == "posset") {
-            element.position[axis] += amount[axis] - element.motion[axis];
-            element.motion[axis] = amount[axis];
+            element.position[axis] =
+                Kept(element.position[axis] + Kept(Wide(amount[axis]) - element.motion[axis]));
+            element.motion[axis] = Wide(amount[axis]);
         } else if (control.type == "posadd") {
-            element.position[axis] += amount[axis];
-            element.motion[axis] += amount[axis];
+            element.position[axis] = Kept(element.position[axis] + Wide(amount[axis]));
+            element.motion[axis] = Kept(element.motion[axis] + Wide(amount[axis]));
         }
     }
 }

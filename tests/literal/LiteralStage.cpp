@@ -11,13 +11,15 @@
 namespace scenara::test {
 namespace {
 
-constexpr float kMiddle = kLiteralWidth / 2.0F;
-constexpr float kStep = 1;  // of the camera, both ways
+constexpr double kPlainMiddle = 160;
 
 }  // namespace
 
 LiteralStage::LiteralStage(const StageModel& loaded, const LiteralRules& rules)
-    : model_(loaded), rules_(rules), picture_(std::size_t{kLiteralWidth} * kLiteralHeight, 0) {
+    : model_(loaded),
+      rules_(rules),
+      space_(rules.onCanvas ? LiteralSpace::Of(loaded) : LiteralSpace()),
+      picture_(static_cast<std::size_t>(Width()) * static_cast<std::size_t>(Height()), 0) {
     ReadImages();
     PlaceCamera();
     elements_.resize(model_.Elements.size());
@@ -56,7 +58,7 @@ void LiteralStage::PlaceCamera() {
     float y = model_.CamStartY;
     y = std::max(y, static_cast<float>(model_.BoundHigh));
     y = std::min(y, static_cast<float>(model_.BoundLow));
-    camera_ = {-x, y};
+    camera_ = {-Wide(x), Wide(y)};
     previousCamera_ = camera_;
 }
 
@@ -82,8 +84,8 @@ void LiteralStage::PlaceElement(std::size_t index) {
             swing.phase = std::exchange(swing.time, 0.0F);
         }
     }
-    double startX = file.startX + Wide(file.startFraction[0]);
-    double startY = file.startY + Wide(file.startFraction[1]);
+    element.start = {file.startX + Wide(file.startFraction[0]),
+                     file.startY + Wide(file.startFraction[1])};
     if (file.positionlink != 0) {
         for (std::size_t before = 0; before < index; ++before) {
             if (model_.Elements[before].positionlink == 0) {
@@ -93,8 +95,8 @@ void LiteralStage::PlaceElement(std::size_t index) {
     }
     if (element.parent >= 0) {
         const BackgroundElement& parent = model_.Elements[static_cast<std::size_t>(element.parent)];
-        startX += parent.startX + Wide(parent.startFraction[0]);
-        startY += parent.startY + Wide(parent.startFraction[1]);
+        element.start[0] += parent.startX + Wide(parent.startFraction[0]);
+        element.start[1] += parent.startY + Wide(parent.startFraction[1]);
         element.delta = {parent.deltaX, parent.deltaY};
     }
     int axisX = 0;
@@ -110,11 +112,9 @@ void LiteralStage::PlaceElement(std::size_t index) {
         axisX = image.axisX;
         axisY = image.axisY;
     }
-    const double shownX = -Wide(camera_[0]);
-    const double shownY = Wide(camera_[1]);
-    const double x = Wide(kMiddle) + startX - axisX - Wide(element.delta[0]) * shownX;
-    const double y = startY - axisY - Wide(element.delta[1]) * shownY;
-    element.position = {static_cast<float>(x), static_cast<float>(y)};
+    const double x = kPlainMiddle + element.start[0] - axisX + Wide(element.delta[0]) * camera_[0];
+    const double y = element.start[1] - axisY - Wide(element.delta[1]) * camera_[1];
+    element.position = {Kept(x), Kept(y)};
 }
 
 // With the camera at 0, 0. An element that is tiled down without end has no upper edge.
@@ -124,7 +124,8 @@ void LiteralStage::RaiseUpperBound() {
         if (element.file->tileY == 1) {
             return;
         }
-        float top = element.position[1] + element.delta[1] * camera_[1];
+        auto top = static_cast<float>(element.position[1]) +
+                   element.delta[1] * static_cast<float>(camera_[1]);
         if (element.animated && element.action >= 0) {
             const StageAction& action = model_.Actions[static_cast<std::size_t>(element.action)];
             if (!action.frames.empty() && action.frames[0].spriteIndex >= 0) {
@@ -145,6 +146,7 @@ void LiteralStage::DrawFrame(const LiteralKeys& keys) {
     if (rules_.clearsPicture) {
         std::ranges::fill(picture_, ClearColor());
     }
+    seenFrom_ = {space_.CameraAt(-camera_[0]), space_.CameraAt(camera_[1])};
     RunControls();
     for (Element& element : elements_) {
         TickAnimation(element);
@@ -177,7 +179,9 @@ void LiteralStage::DrawPass(Pass pass, const LiteralKeys& keys) {
         const bool selected = pass == Pass::Back ? layer < 1 : layer != 0;
         if (selected && element.enabled && HasPictures(element)) {
             if (element.visible) {
-                Draw(element);
+                if (std::optional<Shown> shown = ShownOf(element)) {
+                    rules_.onCanvas ? DrawOnCanvas(element, *shown) : DrawPlainly(element, *shown);
+                }
             }
             const bool comesAgain = pass == Pass::Back && layer < 0;
             if ((element.visible || rules_.movesHidden) && !(comesAgain && rules_.movesOnce)) {
@@ -204,8 +208,8 @@ bool LiteralStage::HasPictures(const Element& element) const {
 
 void LiteralStage::Move(Element& element) const {
     for (std::size_t axis = 0; axis < 2; ++axis) {
-        element.position[axis] += element.velocity[axis];
-        element.motion[axis] += element.velocity[axis];
+        element.position[axis] = Kept(element.position[axis] + Wide(element.velocity[axis]));
+        element.motion[axis] = Kept(element.motion[axis] + Wide(element.velocity[axis]));
         Swing& swing = element.swings[axis];
         if (swing.amplitude != 0 && swing.period != 0 && !rules_.wholeSwings) {
             swing.offset = static_cast<float>(
@@ -227,35 +231,48 @@ void LiteralStage::SwingWhole(Element& element) const {
         const double turns = Wide(swing.time) / Wide(swing.period) + Wide(swing.phase) / 360;
         swing.offset =
             static_cast<float>(Wide(swing.amplitude) * std::sin(2 * std::numbers::pi * turns));
+        if (std::abs(swing.offset) < 1.0F / (1 << 20)) {
+            swing.offset = 0;  // what a sine is beside 0 is no swing
+        }
         swing.time += 1;
     }
+}
+
+// What is kept of a sum.
+double LiteralStage::Kept(double value) const {
+    return rules_.onCanvas ? value : Wide(static_cast<float>(value));
 }
 
 // By the camera's step, whatever the distance was. The stored x is negated and the stored y is not.
 void LiteralStage::FollowCamera(Element& element) {
     if (camera_[0] != previousCamera_[0]) {
-        const float step = element.delta[0] * kStep;
-        element.position[0] += previousCamera_[0] - camera_[0] > 0 ? -step : step;
+        const double step = Wide(element.delta[0]);
+        element.position[0] =
+            Kept(element.position[0] + (previousCamera_[0] - camera_[0] > 0 ? -step : step));
     }
     if (camera_[1] != previousCamera_[1]) {
-        const float step = element.delta[1] * kStep;
-        element.position[1] += previousCamera_[1] - camera_[1] > 0 ? step : -step;
+        const double step = Wide(element.delta[1]);
+        element.position[1] =
+            Kept(element.position[1] + (previousCamera_[1] - camera_[1] > 0 ? step : -step));
     }
 }
 
-// A step is made whole or not at all.
+// A step is made whole or not at all. The camera and its steps are 32-bit floats.
 void LiteralStage::MoveCamera(const LiteralKeys& keys) {
-    if (keys.right && -camera_[0] + kStep <= static_cast<float>(model_.BoundRight)) {
-        camera_[0] -= kStep;
+    const auto single = [](double value) { return Wide(static_cast<float>(value)); };
+    const double across = single(space_.CameraStep()[0]);
+    const double down = single(space_.CameraStep()[1]);
+    if (keys.right && single(-camera_[0] + across) <= model_.BoundRight) {
+        camera_[0] = single(camera_[0] - across);
     }
-    if (keys.left && -camera_[0] - kStep >= static_cast<float>(model_.BoundLeft)) {
-        camera_[0] += kStep;
+    if (keys.left && single(-camera_[0] - across) >= model_.BoundLeft) {
+        camera_[0] = single(camera_[0] + across);
     }
-    if (keys.up && camera_[1] - kStep >= static_cast<float>(upperBound_)) {
-        camera_[1] -= kStep;
+    if (keys.up && single(camera_[1] - down) >= upperBound_) {
+        camera_[1] = single(camera_[1] - down);
     }
-    if (keys.down && camera_[1] + kStep <= static_cast<float>(model_.BoundLow)) {
-        camera_[1] += kStep;
+    if (keys.down && single(camera_[1] + down) <= model_.BoundLow) {
+        camera_[1] = single(camera_[1] + down);
     }
 }
 

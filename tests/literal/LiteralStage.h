@@ -5,52 +5,45 @@
 // element in order, pixel by pixel.
 //
 // It has a clock, a camera and motion of its own; of the loaded model it takes what was read from
-// the files and nothing that a start-up sets. Not for hires and localcoord.
+// the files and nothing that a start-up sets.
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <vector>
 
+#include "literal/LiteralSpace.h"
 #include "stage/StageModel.h"
 
 namespace scenara::test {
 
 // Where drawing with additions differs from plain drawing, one word per rule.
 struct LiteralRules {
-    bool blends = true;              // trans, alpha and the frames' own blending count
-    bool mirrorsAboutAxis = true;    // H, V and HV; plain: H within the frame's rectangle
-    bool dummiesAreEnabled = true;   // from the start
-    bool keepsUpperBound = true;     // plain: raised to the topmost picture's edge + 1
-    bool movesWindows = true;        // windowdelta
-    bool oneForNegativeStep = true;  // n tiles at a distance below 0: one; plain: none
-    bool clearsPicture = true;       // to black, or as the stage says, before each frame
-    bool tilesMirrored = true;       // frames with H or HV, too
-    bool wholeSwings = true;       // sin.x, sin.y: a whole swing in a period, the phase in degrees
-    bool movesOnce = true;         // in a frame, with layerno below 0
-    bool movesHidden = true;       // what is not visible drifts and swings on
-    bool shearsFromMiddle = true;  // parallax: with the axis' whole distance
-    bool stretches = true;         // parallax: yscalestart, yscaledelta
-    bool sideBySide = true;        // animations that are given no distance
-    bool enabledIsEnable = true;   // as a controller's type
-    bool unknownIsDummy = true;    // a type that is no known word; plain: drawn like "normal"
+    bool onCanvas = true;           // of the stage's own size; places come from sums, in double
+    bool blends = true;             // trans, alpha and the frames' own blending count
+    bool mirrorsAboutAxis = true;   // H, V and HV; plain: H within the frame's rectangle
+    bool dummiesAreEnabled = true;  // from the start
+    bool keepsUpperBound = true;    // plain: raised to the topmost picture's edge + 1
+    bool clearsPicture = true;      // to black, or as the stage says, before each frame
+    bool wholeSwings = true;        // sin.x, sin.y: a whole swing in a period, the phase in degrees
+    bool movesOnce = true;          // in a frame, with layerno below 0
+    bool movesHidden = true;        // what is not visible drifts and swings on
+    bool enabledIsEnable = true;    // as a controller's type
+    bool unknownIsDummy = true;     // a type that is no known word; plain: drawn like "normal"
 
     static LiteralRules Of(bool additions) {
         return additions ? LiteralRules{}
-                         : LiteralRules{.blends = false,
+                         : LiteralRules{.onCanvas = false,
+                                        .blends = false,
                                         .mirrorsAboutAxis = false,
                                         .dummiesAreEnabled = false,
                                         .keepsUpperBound = false,
-                                        .movesWindows = false,
-                                        .oneForNegativeStep = false,
                                         .clearsPicture = false,
-                                        .tilesMirrored = false,
                                         .wholeSwings = false,
                                         .movesOnce = false,
                                         .movesHidden = false,
-                                        .shearsFromMiddle = false,
-                                        .stretches = false,
-                                        .sideBySide = false,
                                         .enabledIsEnable = false,
                                         .unknownIsDummy = false};
     }
@@ -64,10 +57,7 @@ struct LiteralKeys {
     bool down = false;
 };
 
-inline constexpr int kLiteralWidth = 320;
-inline constexpr int kLiteralHeight = 240;
-
-// Sums and products are worked out in double; what is kept of them is a 32-bit float.
+// Sums and products are worked out in double; what plain drawing keeps of them is a 32-bit float.
 [[nodiscard]] constexpr double Wide(float value) {
     return static_cast<double>(value);
 }
@@ -81,6 +71,8 @@ public:
 
     // Line by line, 0xRRGGBB. Black before the first frame.
     [[nodiscard]] const std::vector<std::uint32_t>& Picture() const { return picture_; }
+    [[nodiscard]] int Width() const { return space_.CanvasWidth(); }
+    [[nodiscard]] int Height() const { return space_.CanvasHeight(); }
 
 private:
     struct Swing {
@@ -100,13 +92,14 @@ private:
         bool visible = true;
         bool enabled = true;
         int parent = -1;
-        std::array<float, 2> position{};
+        std::array<double, 2> start{};     // with its parent's
+        std::array<double, 2> position{};  // plain: where it is drawn now
         std::array<float, 2> delta{};
         std::array<float, 2> velocity{};
-        std::array<float, 2> motion{};  // all displacement that is not the camera's
+        std::array<double, 2> motion{};  // all displacement that is not the camera's
         std::array<Swing, 2> swings{};
         std::array<float, 2> notedSwing{};  // as this frame begins
-        std::array<float, 2> notedMotion{};
+        std::array<double, 2> notedMotion{};
         int action = -1;
         int frame = 0;
         int frameTime = 0;
@@ -131,21 +124,24 @@ private:
         std::vector<std::uint32_t> texels;  // ARGB, colour 0 with an alpha of 0
     };
 
-    // Columns and rows, both ends included.
+    // Columns or rows of the picture, from the first to before the last.
+    struct Span {
+        std::int64_t begin = 0;
+        std::int64_t end = 0;
+    };
     struct Window {
-        int left = 0;
-        int top = 0;
-        int right = kLiteralWidth - 1;
-        int bottom = kLiteralHeight - 1;
+        Span columns;
+        Span rows;
     };
 
-    // How the pixels of a picture are brought to the screen.
-    struct Paint {
-        Window window;
-        Blending blending;
+    // What an element shows now, and how its pixels are brought to the picture.
+    struct Shown {
+        const Image* image = nullptr;
+        std::array<double, 2> offset{};  // of a frame
+        std::array<bool, 2> mirrored{};  // left to right, top to bottom
         bool masked = false;
-        bool mirrored = false;
-        bool upsideDown = false;
+        Blending blending;
+        Window window;
     };
 
     // Start-up (LiteralStage.cpp).
@@ -169,36 +165,52 @@ private:
     void FollowCamera(Element& element);
     void MoveCamera(const LiteralKeys& keys);
     [[nodiscard]] bool HasPictures(const Element& element) const;
+    [[nodiscard]] double Kept(double value) const;
 
     // What is seen of an element (LiteralPicture.cpp).
-    void Draw(const Element& element);
-    // Where the picture's left upper corner and the element's axis point stand.
-    struct Place {
-        float x;
-        float y;
-        double axisX;
-        double axisY;
-    };
-    [[nodiscard]] double Stretch(const BackgroundElement& element) const;
-    void DrawRows(const Element& element, const Image& image, const Place& place,
-                  const Paint& paint);
-    void DrawTiles(const Element& element, const Image& image, std::int64_t x, std::int64_t y,
-                   const Paint& paint);
-    [[nodiscard]] std::vector<std::int64_t> Copies(std::int64_t first, std::int64_t count,
-                                                   std::int64_t step, std::int64_t size,
-                                                   std::int64_t viewSize) const;
-    [[nodiscard]] Window WindowOf(const BackgroundElement& element) const;
+    [[nodiscard]] std::optional<Shown> ShownOf(const Element& element) const;
+    // How far its swing has taken it, or the swing and the motion of its parent.
+    [[nodiscard]] double CarriedBy(const Element& element, std::size_t axis) const;
+    // One texel of it at a place within the picture.
+    void Put(std::int64_t x, std::int64_t y, std::uint32_t texel, const Shown& shown);
+    [[nodiscard]] Span Whole(std::size_t axis) const;
+
+    // Plainly (LiteralPlain.cpp).
+    void DrawPlainly(const Element& element, Shown& shown);
+    void DrawPlainRows(const Element& element, const Shown& shown, double x, double y);
+    void DrawPlainTiles(const Element& element, const Shown& shown, std::int64_t x, std::int64_t y);
+    [[nodiscard]] Window PlainWindow(const BackgroundElement& element) const;
     // The rows of the picture from firstRow to before endRow.
-    void DrawCopy(const Image& image, std::int64_t x, std::int64_t y, int firstRow, int endRow,
-                  const Paint& paint);
+    void DrawPlainCopy(const Shown& shown, std::int64_t x, std::int64_t y, int firstRow,
+                       int endRow);
+
+    // On the canvas (LiteralCanvas.cpp).
+    struct Reach;   // of a picture, along one axis
+    struct Tiling;  // along one axis
+    void DrawOnCanvas(const Element& element, Shown& shown);
+    void DrawRows(const Element& element, const Shown& shown);
+    [[nodiscard]] double AxisPlace(const Element& element, std::size_t axis) const;
+    [[nodiscard]] Reach ReachOf(const Shown& shown, std::size_t axis, double place,
+                                double pixel) const;
+    [[nodiscard]] Tiling TilingOf(const BackgroundElement& element, std::size_t axis,
+                                  int size) const;
+    [[nodiscard]] std::vector<Span> Copies(const Reach& reach, const Tiling& tiling,
+                                           double tilePixel, std::size_t axis) const;
+    [[nodiscard]] double Stretch(const BackgroundElement& element) const;
+    [[nodiscard]] Window CanvasWindow(const BackgroundElement& element) const;
+    // The rows of the picture from firstRow to before endRow, brought to columns and rows.
+    void DrawQuad(const Shown& shown, const Span& columns, const Span& rows, Span texelRows,
+                  const std::array<bool, 2>& mirrored);
 
     const StageModel& model_;
     LiteralRules rules_;
+    LiteralSpace space_;
     std::vector<Image> images_;
     std::vector<Element> elements_;
     std::vector<Group> groups_;
-    std::array<float, 2> camera_{};  // stored: x negated
-    std::array<float, 2> previousCamera_{};
+    std::array<double, 2> camera_{};  // stored: x negated
+    std::array<double, 2> previousCamera_{};
+    std::array<double, 2> seenFrom_{};  // where the camera is for this frame, in shown coordinates
     int upperBound_ = 0;
     std::vector<std::uint32_t> picture_;
 };

@@ -60,6 +60,8 @@ private:
     }
 
     void Settings();
+    void Space();
+    [[nodiscard]] std::string Scale();
     void Element(int index);
     void ElementMotion();
     void Tiles(bool animated);
@@ -73,13 +75,59 @@ private:
     samplemaker::Random random_;
     RandomFor mode_;
     std::string text_;
+    int width_ = 320;  // of the view
+    int height_ = 240;
 };
+
+std::string Writer::Scale() {
+    static constexpr std::array kScales = {".5", ".75", "1", "1.5", "2", "0.3333333"};
+    if (OneIn(12)) {
+        return "0";
+    }
+    const std::string sign = OneIn(5) ? "-" : "";
+    if (OneIn(2)) {
+        return sign + OneOf(kScales);
+    }
+    const int hundredths = Whole(30, 300);
+    const int rest = hundredths % 100;
+    return sign + std::to_string(hundredths / 100) + (rest < 10 ? ".0" : ".") +
+           std::to_string(rest);
+}
+
+// Small ones mostly: it takes long to draw large ones.
+void Writer::Space() {
+    if (OneIn(3)) {
+        return;
+    }
+    text_ += "[StageInfo]\n";
+    if (!OneIn(6)) {
+        const bool large = OneIn(12);
+        const int width = large ? Whole(200, 1000) : Whole(76, 200);
+        const int height = large ? Whole(150, 700) : Whole(57, 150);
+        Line("localcoord",
+             std::to_string(width) + (OneIn(20) ? "" : ", " + std::to_string(height)));
+        if (mode_ == RandomFor::Additions) {
+            width_ = width;
+            height_ = height;
+        }
+    }
+    if (OneIn(3)) {
+        Line("hires", Number(0, 2, 2));
+    }
+    if (OneIn(2)) {
+        Line("xscale", Scale());
+    }
+    if (OneIn(2)) {
+        Line("yscale", Scale());
+    }
+}
 
 void Writer::Settings() {
     text_ = "[Info]\n";
-    if (OneIn(3)) {
-        Line("mugenversion", "1.0");
+    if (OneIn(2)) {
+        Line("mugenversion", OneIn(2) ? "1.0" : "1.1");
     }
+    Space();
     text_ += "[Camera]\n";
     Line("boundleft", std::to_string(-Whole(0, 150)));
     Line("boundright", std::to_string(Whole(0, 150)));
@@ -162,8 +210,10 @@ void Writer::Element(int index) {
         Line("actionno", std::to_string(Whole(0, OneIn(8) ? kActions : kActions - 1)));
     }
     const bool fractions = mode_ == RandomFor::Additions && OneIn(4);
-    Line("start", fractions ? Fraction(-200, 200) + ", " + Fraction(-60, 220)
-                            : Number(-200, 200, 30000) + ", " + Number(-60, 220, 30000));
+    const int aside = width_ * 5 / 8;
+    const int low = height_ - 20;
+    Line("start", fractions ? Fraction(-aside, aside) + ", " + Fraction(-60, low)
+                            : Number(-aside, aside, 30000) + ", " + Number(-60, low, 30000));
     if (OneIn(2)) {
         Line("delta", OneIn(20) ? Fraction(-40, 40)
                                 : Fraction(-1, 2) + (OneIn(2) ? ", " + Fraction(-1, 2) : ""));
@@ -180,7 +230,10 @@ void Writer::Element(int index) {
         const auto corner = [this](int high) {
             return OneIn(4) ? Fraction(-20, high) : Number(-20, high, 500);
         };
-        Line("window", corner(340) + ", " + corner(260) + ", " + corner(340) + ", " + corner(260));
+        const int right = width_ + 20;
+        const int bottom = height_ + 20;
+        Line("window",
+             corner(right) + ", " + corner(bottom) + ", " + corner(right) + ", " + corner(bottom));
     }
     if (mode_ == RandomFor::Additions && OneIn(6)) {
         Line("windowdelta", Fraction(-1, 2) + ", " + Fraction(-1, 2));

@@ -242,6 +242,39 @@ constexpr Row kRows[] = {
      "start = 0.5,90.5\n[Begin Action 1]\n1,0, 0.5,-1.5, 9\n"},
     {"a distance below 0: one", kAdditions, Held::Nothing, 3, kMaskedArrow,
      "velocity = 9,0\ntile = 5\ntilespacing = -45,0\n"},
+    // The stage's own size.
+    {"hires", kAdditions, Held::Nothing, 1, kArrow, "[StageInfo]\nhires = 1\n"},
+    {"a space of its own", kAdditions, Held::Nothing, 1, kArrow,
+     "[StageInfo]\nlocalcoord = 427,241\n"},
+    {"a scale", kAdditions, Held::Nothing, 1, kMaskedArrow,
+     "[StageInfo]\nxscale = .6\nyscale = 1.7\n"},
+    {"a scale below 0", kAdditions, Held::Nothing, 1,
+     "[BG arrow]\ntype = normal\nspriteno = 1,0\nmask = 1\n",
+     "start = 10,-80\n[StageInfo]\nxscale = -1.3\nyscale = -.8\n"},
+    {"a scale below 0 mirrors mirrored frames", kAdditions, Held::Nothing, 1, kAnimated,
+     "[Begin Action 1]\n1,0, 9,-4, 2, H\n[StageInfo]\nxscale = -1.3\n"},
+    {"tiles share their edges", kAdditions, Held::Right, 5, kTile,
+     "delta = .37\ntile = 1,1\n[StageInfo]\nxscale = .7\nyscale = 1.9\n"},
+    {"tiles with gaps under a scale", kAdditions, Held::Nothing, 1, kTile,
+     "tile = 1,3\ntilespacing = 7,11\n[StageInfo]\nxscale = .7\nyscale = 1.9\n"},
+    {"an animation's distance under a scale", kAdditions, Held::Nothing, 1, kBarsTwice,
+     "[BG b]\ntype = anim\nactionno = 1\ntile = 3\ntilespacing = 20\n"
+     "[StageInfo]\nxscale = .7\nyscale = .7\n"},
+    {"rows under a scale", kAdditions, Held::Right, 9, kFloor,
+     "xscale = 1,2\n[StageInfo]\nxscale = .7\nyscale = .7\n"},
+    {"stretched rows under a scale below 0", kAdditions, Held::Up, 9,
+     "[BG floor]\ntype = parallax\nspriteno = 3,0\n",
+     "start = 40,-150\nxscale = 1,2\nyscalestart = 60\nyscaledelta = 1\n"
+     "[StageInfo]\nyscale = -.7\n"},
+    {"a window of hires", kAdditions, Held::Right, 9, kTileBelow,
+     "tile = 1,1\nwindow = 60,75,180.5,90\nwindowdelta = 1.25,0\n[StageInfo]\nhires = 1\n"},
+    {"steps of a wide space", kAdditions, Held::Right, 9, kArrow,
+     "delta = .75\n[Info]\nmugenversion = 1.0\n[StageInfo]\nlocalcoord = 500,240\n"},
+    {"whole steps of a wide space", kAdditions, Held::Right, 9, kArrow,
+     "delta = .75\n[StageInfo]\nlocalcoord = 500,240\n"},
+    {"links under a scale", kAdditions, Held::Right, 6, kArrow,
+     "velocity = 2,1\nsin.y = 9,7,1\n[StageInfo]\nxscale = .5\nyscale = .5\n"
+     "[BG b]\ntype = normal\nspriteno = 2,0\nstart = 30,10\npositionlink = 1\nvelocity = 1\n"},
 };
 
 RandomStage StageOf(const Row& row, const std::string& adds) {

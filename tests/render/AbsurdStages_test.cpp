@@ -14,7 +14,6 @@
 
 #include "render/StagePlayer.h"
 #include "render/Tiling.h"
-#include "stage/StageScale.h"
 
 namespace scenara::test {
 namespace {
@@ -72,8 +71,6 @@ void FillTables(Absurd& absurd, StagePlayer& player) {
     for (int i = 0; i < 3; ++i) {
         player.build.Sprite("s" + std::to_string(i), absurd.Size(), absurd.Size(),
                             absurd.AnyInteger(), absurd.AnyInteger());
-        player.model.Sprites.back().fileWidth = absurd.Size();
-        player.model.Sprites.back().fileHeight = absurd.Size();
     }
     for (int i = 0; i < 3; ++i) {
         std::vector<FrameLine> frames;
@@ -167,13 +164,7 @@ public:
             AddElement(*this, player);
         }
     }
-    void Start() {
-        // As a load does it.
-        if (player.view.Additions) {
-            ApplyStageScale(player.model, player.picture);
-        }
-        player.Start();
-    }
+    void Start() { player.Start(); }
 
     StagePlayer player;
 };

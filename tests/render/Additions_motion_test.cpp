@@ -25,7 +25,7 @@ ElementWindow MovedWindow(const CameraPlace& delta, const CameraPlace& camera) {
     BackgroundElement element;
     element.windowDeltaX = delta.x;
     element.windowDeltaY = delta.y;
-    return ElementWindow::Of(Windowed(element, 100, 50, 149, 89), camera.x, camera.y, View());
+    return ElementWindow::Of(Windowed(element, 100, 50, 149, 89), {true, View(), camera});
 }
 
 struct MovedRanges {
@@ -77,12 +77,12 @@ double StretchOf(Single start, Single delta = 0, Single camera = 0) {
     BackgroundElement element;
     element.yscaleStart = start;
     element.yscaleDelta = delta;
-    return RowStretch(element, camera);
+    return RowStretch(element, camera, 1);
 }
 
 TEST(RowStretch, Is1UnlessAskedFor) {
-    EXPECT_DOUBLE_EQ(RowStretch(BackgroundElement(), 0), 1);
-    EXPECT_DOUBLE_EQ(RowStretch(BackgroundElement(), -100), 1);
+    EXPECT_DOUBLE_EQ(RowStretch(BackgroundElement(), 0, 1), 1);
+    EXPECT_DOUBLE_EQ(RowStretch(BackgroundElement(), -100, 1), 1);
 }
 
 struct Stretch {
@@ -165,9 +165,8 @@ protected:
 
 TEST_F(Stretched, IsTallerFromItsFirstRowWhereTheAxisIs) {
     Floor(50);
-    EXPECT_EQ(Draw(), (Lines{"floor 10,200 100x1", "floor 10,201 100x1",
-                             "floor 10,202 100x1 from 0,1", "floor 10,203 100x1 from 0,1",
-                             "floor 10,204 100x1 from 0,2", "floor 10,205 100x1 from 0,2"}));
+    EXPECT_EQ(Draw(), (Lines{"floor 10,200 100x2 of 100x1", "floor 10,202 100x2 from 0,1 of 100x1",
+                             "floor 10,204 100x2 from 0,2 of 100x1"}));
 }
 
 TEST_F(Stretched, ShrinksAsWell) {
@@ -180,16 +179,15 @@ TEST_F(Stretched, FollowsTheCamera) {
     element.yscaleDelta = 1;
     element.deltaY = 0;
     player.model.CamStartY = -50;
-    EXPECT_EQ(Draw().size(), 6U);
+    EXPECT_EQ(Draw().back(), "floor 10,204 100x2 from 0,2 of 100x1");
 }
 
 TEST_F(Stretched, GrowsAboutItsAxis) {
     Floor(50);
     player.model.Sprites[static_cast<std::size_t>(floor)].axisY = 2;
     // The axis stays at 200, so what is above it is 4 lines tall.
-    EXPECT_EQ(Draw(), (Lines{"floor 10,196 100x1", "floor 10,197 100x1",
-                             "floor 10,198 100x1 from 0,1", "floor 10,199 100x1 from 0,1",
-                             "floor 10,200 100x1 from 0,2", "floor 10,201 100x1 from 0,2"}));
+    EXPECT_EQ(Draw(), (Lines{"floor 10,196 100x2 of 100x1", "floor 10,198 100x2 from 0,1 of 100x1",
+                             "floor 10,200 100x2 from 0,2 of 100x1"}));
 }
 
 TEST_F(Stretched, KeepsItsHeightWithoutAdditions) {
@@ -209,9 +207,8 @@ TEST_F(Stretched, RowsKeepTheirShear) {
     Sheared(Floor(50), 1, 2).startX += 90;
     player.model.CamStartX = 20;
     // 80, and the second half as far again from the middle, 160, the third twice as far.
-    EXPECT_EQ(Draw(), (Lines{"floor 80,200 100x1", "floor 80,201 100x1",
-                             "floor 40,202 100x1 from 0,1", "floor 40,203 100x1 from 0,1",
-                             "floor 0,204 100x1 from 0,2", "floor 0,205 100x1 from 0,2"}));
+    EXPECT_EQ(Draw(), (Lines{"floor 80,200 100x2 of 100x1", "floor 40,202 100x2 from 0,1 of 100x1",
+                             "floor 0,204 100x2 from 0,2 of 100x1"}));
 }
 
 TEST_F(Stretched, IsCutToTheWindow) {
@@ -224,9 +221,9 @@ TEST_F(Stretched, DrawsNoMoreRowsThanTheViewHas) {
     BackgroundElement& element = player.build.ParallaxAt(tall, 10, -100000);
     element.yscaleStart = 1;
     const Lines drawn = Draw();
-    ASSERT_EQ(drawn.size(), 240U);
-    EXPECT_EQ(drawn.front(), "tall 10,0 100x1 from 0,6250");  // 100000 / 16
-    EXPECT_EQ(drawn.back(), "tall 10,239 100x1 from 0,6264");
+    ASSERT_EQ(drawn.size(), 15U);
+    EXPECT_EQ(drawn.front(), "tall 10,0 100x16 from 0,6250 of 100x1");  // 100000 / 16
+    EXPECT_EQ(drawn.back(), "tall 10,224 100x16 from 0,6264 of 100x1");
 }
 
 // --- tiling ---
@@ -249,32 +246,6 @@ TEST(NegativeTileStep, DrawsAStillPictureOnceInThatDirection) {
     player.view.Additions = true;
     Tiled(element, 2, 2, 0, -41);
     EXPECT_EQ(player.BackPass(), (Lines{"hill 10,20 100x40"})) << "the other is as it is";
-}
-
-struct ScaledSteps {
-    const char* name;
-    std::int64_t step;
-    Single scale;
-    std::int64_t ofStill;
-    std::int64_t ofAnimation;
-};
-
-TEST(ScaledStep, IsRoundedAndStaysWhatItIs) {
-    for (const ScaledSteps& row : {
-             ScaledSteps{"halved", 60, 0.5F, 30, 30},
-             {"60.5, to the even one", 121, 0.5F, 60, 60},
-             {"of an animation given, and so no 1", 2, 0.5F, 1, 2},
-             {"of an animation not given, and so 1", 1, 0.5F, 1, 1},
-             {"and when it grows", 1, 2, 2, 1},
-             {"above 0", 5, 0.03125F, 1, 2},
-             {"nothing", 0, 0.5F, 0, 0},
-             {"the largest", 2147516414, 2, 4295032828, 4295032828},
-         }) {
-        EXPECT_EQ(ScaledStep(row.step, row.scale, false), row.ofStill) << row.name;
-        EXPECT_EQ(ScaledStep(row.step, row.scale, true), row.ofAnimation) << row.name;
-    }
-    EXPECT_LT(ScaledStep(-10, 0.5F, false), 0);
-    EXPECT_LT(ScaledStep(-10, 0.5F, true), 0);
 }
 
 // --- swing ---

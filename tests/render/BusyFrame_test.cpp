@@ -6,7 +6,6 @@
 #include <gtest/gtest.h>
 
 #include "render/StagePlayer.h"
-#include "stage/StageScale.h"
 #include "support/AllocationCount.h"
 
 namespace scenara::test {
@@ -71,7 +70,7 @@ void AddAdditions(StagePlayer& player) {
     player.model.BoundRight = 200;
     player.model.BoundHigh = -100;
     player.model.hires = 1;
-    ApplyStageScale(player.model, player.picture);
+    player.model.StageYScale = 1.5F;
 }
 
 void ExpectNoAllocationInFrames(StagePlayer& player, std::size_t fewestQuads) {

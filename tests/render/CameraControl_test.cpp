@@ -36,7 +36,7 @@ protected:
     }
     void Hold(const KeySet& keys) { player.keyboard.Hold(keys); }
     void Control() {
-        ControlCamera(player.model, player.camera, player.flags,
+        ControlCamera(player.model, player.camera, StepUnits(), player.flags,
                       {player.keyboard, player.clock, player.pointer, player.window});
     }
     void ExpectShown(Single x, Single y) {
@@ -139,7 +139,7 @@ TEST_F(ArrowKeys, PressedSinceTheLastLookAreDown) {
     Steps(2, 3);
     Show(0, 0);
     PressedBefore keyboard;
-    ControlCamera(player.model, player.camera, player.flags,
+    ControlCamera(player.model, player.camera, StepUnits(), player.flags,
                   {keyboard, player.clock, player.pointer, player.window});
     ExpectShown(2, 0);
 }
@@ -322,7 +322,7 @@ class KeysBehind : public MouseScroll {
 protected:
     void ControlWith(const KeySet& keys) {
         Hold(keys);
-        ControlCamera(player.model, player.camera, player.flags,
+        ControlCamera(player.model, player.camera, StepUnits(), player.flags,
                       {player.keyboard, player.clock, player.pointer, player.window, &witness});
     }
 

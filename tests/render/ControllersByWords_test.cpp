@@ -65,11 +65,15 @@ void TickByWords(StageModel& model) {
                     element.posY += y ? control.y - element.ctrlPos[1] : 0;
                     element.ctrlPos[0] = x ? control.x : element.ctrlPos[0];
                     element.ctrlPos[1] = y ? control.y : element.ctrlPos[1];
+                    element.motion[0] = x ? static_cast<double>(control.x) : element.motion[0];
+                    element.motion[1] = y ? static_cast<double>(control.y) : element.motion[1];
                 } else if (control.type == "posadd") {
                     element.posX += x ? control.x : 0;
                     element.posY += y ? control.y : 0;
                     element.ctrlPos[0] += x ? control.x : 0;
                     element.ctrlPos[1] += y ? control.y : 0;
+                    element.motion[0] += x ? static_cast<double>(control.x) : 0;
+                    element.motion[1] += y ? static_cast<double>(control.y) : 0;
                 } else if (control.type == "anim" && value && element.type == "anim") {
                     for (std::size_t i = 0; i < model.Actions.size(); ++i) {
                         if (model.Actions[i].actionNo == control.value) {

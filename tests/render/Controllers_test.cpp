@@ -75,6 +75,7 @@ void OnItsWay(Element& element) {
     element.posX = 100;
     element.posY = 50;
     element.ctrlPos = {30, -4, 0, 0};  // has moved so far already
+    element.motion = {30, -4};
 }
 void Adrift(Element& element) {
     Drifting(element, 5, 6);
@@ -99,15 +100,15 @@ const Effect kEffects[] = {
      "velocityX=7, velocityY=2"},
     {"adds x alone", "veladd", AsPrepared, [](BgCtrl& c) { WithX(c, 1).y = 50; }, 1, "velocityX=1"},
     {"puts so far from the start", "posset", OnItsWay, [](BgCtrl& c) { WithY(WithX(c, 10), 20); },
-     1, "posX=80, posY=74, ctrlPos=10 20 0 0"},
+     1, "posX=80, posY=74, ctrlPos=10 20 0 0, motion=10 20"},
     {"leaves it there", "posset", OnItsWay, [](BgCtrl& c) { WithY(WithX(c, 10), 20); }, 2,
-     "posX=80, posY=74, ctrlPos=10 20 0 0"},
+     "posX=80, posY=74, ctrlPos=10 20 0 0, motion=10 20"},
     {"puts back to the start", "posset", OnItsWay, [](BgCtrl& c) { WithY(WithX(c, 0), 0); }, 1,
-     "posX=70, posY=54, ctrlPos=0 0 0 0"},
+     "posX=70, posY=54, ctrlPos=0 0 0 0, motion=0 0"},
     {"puts back along y alone", "posset", OnItsWay, [](BgCtrl& c) { WithY(c, 0); }, 1,
-     "posY=54, ctrlPos=30 0 0 0"},
+     "posY=54, ctrlPos=30 0 0 0, motion=30 0"},
     {"adds x to motion and position in every tick", "posadd", OnItsWay,
-     [](BgCtrl& c) { WithX(c, 2.5F).y = 99; }, 2, "posX=105, ctrlPos=35 -4 0 0"},
+     [](BgCtrl& c) { WithX(c, 2.5F).y = 99; }, 2, "posX=105, ctrlPos=35 -4 0 0, motion=35 -4"},
     {"starts a sideways swing", "sinx",
      [](Element& e) {
          e.sinState = {1, 2, 3};

@@ -72,8 +72,9 @@ TEST_F(DrawnAgain, IsTheSameEveryTimeAndMovesNothing) {
 TEST_F(DrawnAgain, ShowsWhereAnElementHasBeenPut) {
     player.Frames(1);
     static_cast<void>(Again());
-    player.Element(3).posX = 7;
-    player.Element(3).posY = 9;
+    player.Element(3).startX = 7 - 160;
+    player.Element(3).startY = 9;
+    player.Element(3).motion = {};
     EXPECT_EQ(Again().back(), "cloud 7,9 20x10");
     player.Element(3).visible = 0;
     EXPECT_EQ(Again().size(), 3U);

@@ -33,20 +33,19 @@ TEST_F(Seen, IsEveryStillThatIsInViewAndNoneThatIsFarFromIt) {
         element.posY = edge ? near(random) + (round % 8 < 4 ? 240.0F : -20.0F) : far(random);
         element.sinOffset = {near(random), near(random)};
         element.ctrlOffset = {near(random), near(random)};
-        model.ElementScale = round % 3 == 0 ? 0.5F : 1.0F;
-        const auto placed = PlaceElement(model, element, true);
+        const auto placed = PlaceElement(model, element, {});
         ASSERT_TRUE(placed.has_value());
-        const Long x = WholePixel(static_cast<double>(placed->x), model.ElementScale);
-        const Long y = WholePixel(static_cast<double>(placed->y), model.ElementScale);
+        const Long x = WholePixel(placed->x, false);
+        const Long y = WholePixel(placed->y, false);
         const auto within = [&](Long border) {
             return x < View().width + border && x + 30 > -border && y < View().height + border &&
                    y + 20 > -border;
         };
         inView += within(0) ? 1 : 0;
         if (within(0)) {
-            ASSERT_TRUE(MayBeSeen(model, element, View())) << x << ", " << y;
+            ASSERT_TRUE(MayBeSeen(model, element, {})) << x << ", " << y;
         } else if (!within(2)) {
-            ASSERT_FALSE(MayBeSeen(model, element, View())) << x << ", " << y;
+            ASSERT_FALSE(MayBeSeen(model, element, {})) << x << ", " << y;
         }
     }
     EXPECT_GT(inView, 2000);
@@ -54,30 +53,30 @@ TEST_F(Seen, IsEveryStillThatIsInViewAndNoneThatIsFarFromIt) {
 
 TEST_F(Seen, IsWhateverIsNoSinglePicture) {
     element.posX = 5000;
-    EXPECT_FALSE(MayBeSeen(model, element, View()));
+    EXPECT_FALSE(MayBeSeen(model, element, {}));
     element.tileX = 1;
-    EXPECT_TRUE(MayBeSeen(model, element, View()));
+    EXPECT_TRUE(MayBeSeen(model, element, {}));
     element.tileX = 0;
     element.tileY = 3;
-    EXPECT_TRUE(MayBeSeen(model, element, View()));
+    EXPECT_TRUE(MayBeSeen(model, element, {}));
     element.tileY = 0;
     element.kind = ElementKind::Parallax;
-    EXPECT_TRUE(MayBeSeen(model, element, View()));
+    EXPECT_TRUE(MayBeSeen(model, element, {}));
     element.kind = ElementKind::Animated;
-    EXPECT_TRUE(MayBeSeen(model, element, View()));
+    EXPECT_TRUE(MayBeSeen(model, element, {}));
 }
 
 TEST_F(Seen, IsNothingWithoutAPlace) {
     element.posX = std::numeric_limits<Single>::quiet_NaN();
-    EXPECT_FALSE(MayBeSeen(model, element, View()));
+    EXPECT_FALSE(MayBeSeen(model, element, {}));
     element.posX = -std::numeric_limits<Single>::infinity();
-    EXPECT_FALSE(MayBeSeen(model, element, View()));
+    EXPECT_FALSE(MayBeSeen(model, element, {}));
 }
 
 TEST_F(Seen, WithASpriteOutsideOfTheTableIsAnError) {
     element.spriteIndex = 1;
     ExpectError(RunTimeErrorKind::SubscriptOutOfRange,
-                [&] { static_cast<void>(MayBeSeen(model, element, View())); });
+                [&] { static_cast<void>(MayBeSeen(model, element, {})); });
 }
 
 }  // namespace

@@ -23,11 +23,11 @@ protected:
         return element;
     }
     void Expect(const BackgroundElement& element, Integer slot, Long x, Long y) {
-        const auto picture = PlaceElement(model, element, false);
+        const auto picture = PlaceElement(model, element, {});
         ASSERT_TRUE(picture.has_value());
         EXPECT_EQ(picture->slot, slot);
-        EXPECT_EQ(WholePixel(static_cast<double>(picture->x), model.ElementScale), x);
-        EXPECT_EQ(WholePixel(static_cast<double>(picture->y), model.ElementScale), y);
+        EXPECT_EQ(WholePixel(picture->x, false), x);
+        EXPECT_EQ(WholePixel(picture->y, false), y);
         EXPECT_FALSE(picture->mirrored);
     }
 
@@ -76,18 +76,18 @@ TEST_F(Placement, WithoutASpriteIsNone) {
     build.Action({});
     for (BackgroundElement* const element : {&build.Dummy(), &build.Still(-1), &build.Animation(0),
                                              &build.Animation(1), &build.Animation(-1)}) {
-        EXPECT_FALSE(PlaceElement(model, Ready(*element, 10, 20), false).has_value())
+        EXPECT_FALSE(PlaceElement(model, Ready(*element, 10, 20), {}).has_value())
             << element->type << " " << element->actionIndex;
     }
     model.Elements[0].spriteIndex = hill;
-    EXPECT_FALSE(PlaceElement(model, model.Elements[0], false).has_value()) << "a dummy";
+    EXPECT_FALSE(PlaceElement(model, model.Elements[0], {}).has_value()) << "a dummy";
 }
 
 TEST_F(Placement, IndicesOutsideOfTheirTablesAreErrors) {
     const auto expectError = [&](BackgroundElement& element) {
         Ready(element, 0, 0);
         ExpectError(RunTimeErrorKind::SubscriptOutOfRange,
-                    [&] { static_cast<void>(PlaceElement(model, element, false)); });
+                    [&] { static_cast<void>(PlaceElement(model, element, {})); });
     };
     const Integer action = build.Action({{hill, 5}, {hill, 5}});
     for (const Integer index : {Integer{2}, Integer{-2}, Integer{32767}}) {
@@ -110,8 +110,8 @@ TEST_F(Placement, BeyondReachIsNoneAndNoError) {
     constexpr Single kNoNumber = std::numeric_limits<Single>::quiet_NaN();
     for (const Single far : {3e9F, -3e9F, kMost, -kMost, kInfinite, -kInfinite, kNoNumber}) {
         SCOPED_TRACE(far);
-        EXPECT_FALSE(PlaceElement(model, Ready(build.Still(hill), far, 0), false).has_value());
-        EXPECT_FALSE(PlaceElement(model, Ready(build.Still(hill), 0, far), false).has_value());
+        EXPECT_FALSE(PlaceElement(model, Ready(build.Still(hill), far, 0), {}).has_value());
+        EXPECT_FALSE(PlaceElement(model, Ready(build.Still(hill), 0, far), {}).has_value());
     }
     Expect(Ready(build.Still(hill), 1e9F, -1e9F), hill, 1000000000, -1000000000);
 }

@@ -46,7 +46,7 @@ TEST(ElementWindow, HasBothCornersInsideAsFarAsTheViewGoes) {
              {"rounded to even", WindowOf(0.5F, 1.5F, 4.5F, 5.5F), {0, 5}, {2, 7}},
          }) {
         SCOPED_TRACE(row.name);
-        const ElementWindow window = ElementWindow::Of(row.element, 0, 0, View());
+        const ElementWindow window = ElementWindow::Of(row.element, {});
         EXPECT_TRUE(window.active);
         ExpectRanges(window, row.columns, row.rows);
     }
@@ -55,7 +55,7 @@ TEST(ElementWindow, HasBothCornersInsideAsFarAsTheViewGoes) {
 TEST(ElementWindow, WithoutOneTheViewIsWhatCanBeSeen) {
     BackgroundElement element = WindowOf(10, 20, 19, 39);
     element.windowActive = 0;
-    const ElementWindow window = ElementWindow::Of(element, 0, 0, View());
+    const ElementWindow window = ElementWindow::Of(element, {});
     EXPECT_FALSE(window.active);
     ExpectRanges(window, {0, 320}, {0, 240});
 }

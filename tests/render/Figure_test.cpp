@@ -69,15 +69,15 @@ struct PlacedFigure {
     const char* quad;
 };
 
-TEST_F(FigureTest, IsItsTextureWithoutColour0AtWholePixelsTiesToEven) {
+TEST_F(FigureTest, IsItsTextureWithoutColour0AtWholePixelsTiesToTheRight) {
     for (const PlacedFigure& row : {
              PlacedFigure{"at its place", 30, 40, false, "hero 30,40 10x20 masked"},
              {"mirrored at its right edge", 30, 40, true, "hero 20,40 10x20 mirrored masked"},
-             {"ties to even", 30.5F, 41.5F, false, "hero 30,42 10x20 masked"},
+             {"ties to the right and down", 30.5F, 41.5F, false, "hero 31,42 10x20 masked"},
              {"left of the view", -0.5F, 40.6F, false, "hero 0,41 10x20 masked"},
              // It does not tremble by the last bits.
-             {"a little more than a half", 30.500004F, 40, false, "hero 30,40 10x20 masked"},
-             {"a little less than a half", 30.499996F, 40, false, "hero 30,40 10x20 masked"},
+             {"a little more than a half", 30.500004F, 40, false, "hero 31,40 10x20 masked"},
+             {"a little less than a half", 30.499996F, 40, false, "hero 31,40 10x20 masked"},
          }) {
         figure.x = row.x;
         figure.y = row.y;

@@ -214,14 +214,6 @@ TEST_F(ParallaxStep, UsesTheStepAndNotTheDistance) {
     EXPECT_EQ(Follow({}, {-50, -0.125F}, kDelta), "posX=99, posY=50.75");
 }
 
-TEST_F(ParallaxStep, UsesTheDistanceWhereAFigureLeadsTheCamera) {
-    for (const CameraLead lead : {CameraLead::Stand, CameraLead::Left, CameraLead::Right}) {
-        camera.lead = lead;
-        EXPECT_EQ(Follow({}, {-50, -8}, kDelta), "posX=75, posY=52");
-        EXPECT_EQ(Follow({-50, -8}, {0, 0}, kDelta), "posX=125, posY=48");
-    }
-}
-
 TEST_F(ParallaxStep, GoesAgainstTheCameraByDeltaAndIsNoMotion) {
     for (const FollowedCamera& row : {
              FollowedCamera{"right", {}, {-2, 0}, kDelta, "posX=99"},

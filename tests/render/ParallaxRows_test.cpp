@@ -51,46 +51,5 @@ TEST(RowSpeed, RunsEvenlyFromTheTopScaleToTheBottomOne) {
     EXPECT_NEAR(1.1115 * RowSpeed(Scaled(1.425F, 1), 39, 40), 0.78, 1e-6);
 }
 
-struct Position {
-    const char* name;
-    Single elementX;
-    double shear;
-    std::int64_t row;  // of three, the last twice as fast
-    std::int64_t position;
-};
-
-TEST(RowPosition, IsShearedByItsSpeedAndRoundedByItself) {
-    for (const Position& row : {
-             // 100 shown to the right: the floor's lower rows run ahead to the left.
-             Position{"the first", 10, -100, 0, 10},
-             {"the second", 10, -100, 1, -40},
-             {"the last", 10, -100, 2, -90},
-             {"the last, to the right", 10, 100, 2, 110},
-             {"no shear", 37, 0, 1, 37},
-             {"the first by 1", 10, -1, 0, 10},
-             {"9.5", 10, -1, 1, 10},
-             {"10.5", 11, -1, 1, 10},
-             {"10", 10.5F, -1, 1, 10},
-             {"10.5 without shear", 10.5F, -1, 0, 10},
-             {"11.5 without shear", 11.5F, -1, 0, 12},
-             {"-0.5", -0.5F, 0, 0, 0},
-         }) {
-        EXPECT_EQ(RowPosition(Scaled(1, 2), row.elementX, row.shear, row.row, 3), row.position)
-            << row.name;
-    }
-    EXPECT_EQ(RowPosition(Scaled(1, 9), 37, 0, 5, 10), 37);
-}
-
-TEST(RowPosition, OfAbsurdNumbersStaysWithinReach) {
-    constexpr auto kReach = static_cast<std::int64_t>(kFarthest);
-    for (const double shear : {-9e76, -3e38, -1.0, 0.0, 3e38, 9e76}) {
-        for (const Single scale : {-3e38F, -1e-38F, 1e-45F, 3e38F}) {
-            const std::int64_t x = RowPosition(Scaled(scale, 3e38F), 3e8F, shear, 5, 10);
-            EXPECT_GE(x, -kReach);
-            EXPECT_LE(x, kReach);
-        }
-    }
-}
-
 }  // namespace
 }  // namespace scenara::test

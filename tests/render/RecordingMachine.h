@@ -88,7 +88,8 @@ inline std::string TintOf(const DrawnQuad& quad) {
     return std::string(" in ") + digits.data();
 }
 
-// The quad in words; "odd ..." when it is no upright rectangle of the texture's pixels, one to one.
+// The quad in words: the pixels that it covers, "of" so many of the texture where these are not as
+// many; "odd ..." when it is no upright rectangle.
 inline std::string Described(const DrawnQuad& quad) {
     const auto* const texture = dynamic_cast<const NamedTexture*>(quad.texture.get());
     if (texture == nullptr) {
@@ -113,7 +114,7 @@ inline std::string Described(const DrawnQuad& quad) {
     const bool oneToOne =
         std::abs(std::abs(u1 - u0) - w) < kNear && std::abs(std::abs(v1 - v0) - h) < kNear;
     const auto number = [](double value) { return NumberText(std::round(value)); };
-    std::string text = upright && oneToOne ? "" : "odd: ";
+    std::string text = upright ? "" : "odd: ";
     text.append(texture->Name()).append(" ");
     text.append(number(static_cast<double>(upperLeft.x))).append(",");
     text.append(number(static_cast<double>(upperLeft.y))).append(" ");
@@ -122,6 +123,10 @@ inline std::string Described(const DrawnQuad& quad) {
     const double sourceY = flipped ? -v0 : v0;
     if (std::abs(sourceX) > kNear || std::abs(sourceY) > kNear) {
         text.append(" from ").append(number(sourceX)).append(",").append(number(sourceY));
+    }
+    if (!oneToOne) {
+        text.append(" of ").append(number(std::abs(u1 - u0))).append("x");
+        text.append(number(std::abs(v1 - v0)));
     }
     text.append(mirrored ? " mirrored" : "").append(flipped ? " flipped" : "");
     text.append(quad.blending ? " " + BlendingOf(quad) : "");

@@ -20,6 +20,7 @@
 #include "render/TileEngine.h"
 #include "render/ViewFlags.h"
 #include "stage/Camera.h"
+#include "stage/StageSpace.h"
 
 namespace scenara::test {
 
@@ -55,6 +56,7 @@ struct StagePlayer {
 
     // A device, the camera and the elements in their places; what that took is forgotten.
     void Start() {
+        picture = ViewOf(model, view);
         engine.Engine_Init();
         PlaceCamera(model, camera);
         PrepareElements(model, view, picture);
@@ -89,7 +91,9 @@ struct StagePlayer {
         return film;
     }
     // The stage's first element alone, as it stands or after a start.
-    Lines DrawFirst(const DrawOptions& options = {}) {
+    Lines DrawFirst(const DrawOptions& wanted = {}) {
+        const DrawOptions options =
+            DrawOptionsOf(model, camera, picture, ViewOptions{wanted.additions});
         DrawElement(engine, model, Element(0), options);
         return record.TakeQuads();
     }

@@ -258,22 +258,6 @@ TEST_F(TestCharTest, OneIsDriven) {
     EXPECT_EQ(state_.Characters.size(), 1U);
 }
 
-// A key has moved the camera by the user's step, and the elements follow in the next pass.
-TEST_F(TestCharTest, ElementsFollowTheLastMoveByTheStepOfThatMove) {
-    PutElement(0.5F);
-    model_.CamX = -3;  // right
-    model_.CamY = -4;  // up
-    UseHero();
-    EXPECT_EQ(model_.Elements[0].posX, 98.5F);
-    EXPECT_EQ(model_.Elements[0].posY, 54.0F);
-    EXPECT_EQ(camera_.previousX, -3.0F);
-    EXPECT_EQ(camera_.previousY, -4.0F);
-    model_.CamX -= camera_.HCamStep;  // 2.4
-    Use();
-    EXPECT_FLOAT_EQ(model_.Elements[0].posX, 98.5F - 1.2F);
-    EXPECT_EQ(camera_.HCamStep, 3.0F);
-}
-
 TEST_F(TestCharTest, PlainTheyFollowItByTheNewStep) {
     show_.Options().Additions = false;
     PutElement(1);

@@ -574,7 +574,7 @@ TEST(AdditionsSettings, AreForgottenByTheNextStage) {
     ASSERT_TRUE(machine.Load("[StageInfo]\r\n"));
     EXPECT_EQ(machine.model.hires, 0);
     EXPECT_EQ(machine.model.localcoordHeight, 0);
-    EXPECT_EQ(machine.model.ElementScale, 1);
+    EXPECT_EQ(machine.model.StageXScale, 1);
     EXPECT_EQ(machine.model.MugenVersion, 0);
     EXPECT_EQ(machine.model.MusicVolume, 100);
     EXPECT_EQ(machine.model.MusicLoopEnd, -1);

@@ -160,7 +160,7 @@ TEST(LoadStage, MusicNeedsNoListener) {
     machine.files.Put(kTestStage, std::string("bgmusic = a.mp3"));
     std::string path = kTestStage;
     const LoadStageContext context{machine.files, machine.messages, machine.window, machine.device,
-                                   machine.view,  View(),           "/mugen/",      nullptr};
+                                   machine.view,  "/mugen/",        nullptr};
     EXPECT_TRUE(LoadStage(machine.model, path, context));
     EXPECT_EQ(machine.model.MusicFile, "a.mp3");
 }
@@ -170,11 +170,13 @@ TEST(LoadStage, EngineFolderMayLackItsSeparator) {
     machine.files.Put(kTestStage, std::string("bgmusic = a.mp3\nspr = a.sff"));
     machine.files.Put("/mugen/a.sff", SmallArchiveBytes());
     std::string path = kTestStage;
-    const LoadStageContext context{
-        machine.files,  machine.messages,
-        machine.window, machine.device,
-        machine.view,   View(),
-        "/mugen",       [&machine](const std::string& file) { machine.music = file; }};
+    const LoadStageContext context{machine.files,
+                                   machine.messages,
+                                   machine.window,
+                                   machine.device,
+                                   machine.view,
+                                   "/mugen",
+                                   [&machine](const std::string& file) { machine.music = file; }};
     EXPECT_TRUE(LoadStage(machine.model, path, context));
     EXPECT_EQ(machine.music, JoinPath("/mugen", "a.mp3"));
     EXPECT_EQ(machine.model.SpriteCount, 3);

@@ -48,6 +48,9 @@ inline std::string AsText(const std::string& value) {
 inline std::string AsText(Single value) {
     return NumberText(value);
 }
+inline std::string AsText(double value) {
+    return NumberText(value);
+}
 template <std::integral Number>
 std::string AsText(Number value) {
     return std::to_string(value);

@@ -16,10 +16,13 @@ public:
     // A load's context with other files, messages or window than the machine's own.
     LoadStageContext Context(Files& otherFiles, Messages& otherMessages, Window& otherWindow,
                              const std::string& mugeDir = "/mugen/") {
-        return {otherFiles,  otherMessages,
-                otherWindow, device,
-                view,        View(),
-                mugeDir,     [this](const std::string& file) { music = file; }};
+        return {otherFiles,
+                otherMessages,
+                otherWindow,
+                device,
+                view,
+                mugeDir,
+                [this](const std::string& file) { music = file; }};
     }
     LoadStageContext Context(Messages& otherMessages, Window& otherWindow) {
         return Context(files, otherMessages, otherWindow);

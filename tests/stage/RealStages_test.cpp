@@ -68,15 +68,16 @@ TEST_F(RealStages, TempleLoadsWithoutAWord) {
 
 TEST_F(RealStages, TempleSettings) {
     const DiskStage stage(kRealFolder, "kfm.def");
-    EXPECT_EQ(FieldsText(stage.Model()),
-              "StageTitle='\"mountainside temple\"'\nCamStartX=0\nCamStartY=0\nBoundLeft=-150\n"
-              "BoundRight=150\nBoundHigh=-22\nBoundLow=0\nMusicFile='sound/kfm.mid'\nZOffset=200\n"
-              "ZOffsetLink=-1\nP1StartX=-70\nTension=60\nScreenLeft=15\nScreenRight=15\nCamX=0\n"
-              "CamY=0\nLastImageWidth=282\nLastImageHeight=8\n"
-              "ElementCount=7\nSpriteCount=7\nActionCount=0\nCtrlDefCount=0\nElementsById=\n"
-              "hires=0\nlocalcoordWidth=0\nlocalcoordHeight=0\nElementScale=1\n"
-              "MugenVersion=0\ndebugbg=0\nbgclearcolor=0 0 0 \nMusicVolume=100\n"
-              "MusicVolumeOffset=0\nMusicLoopStart=0\nMusicLoopEnd=-1\n");
+    EXPECT_EQ(
+        FieldsText(stage.Model()),
+        "StageTitle='\"mountainside temple\"'\nCamStartX=0\nCamStartY=0\nBoundLeft=-150\n"
+        "BoundRight=150\nBoundHigh=-22\nBoundLow=0\nMusicFile='sound/kfm.mid'\nZOffset=200\n"
+        "ZOffsetLink=-1\nP1StartX=-70\nTension=60\nScreenLeft=15\nScreenRight=15\nCamX=0\n"
+        "CamY=0\nLastImageWidth=282\nLastImageHeight=8\n"
+        "ElementCount=7\nSpriteCount=7\nActionCount=0\nCtrlDefCount=0\nElementsById=\n"
+        "hires=0\nlocalcoordWidth=0\nlocalcoordHeight=0\n"
+        "MugenVersion=0\ndebugbg=0\nbgclearcolor=0 0 0 \nMusicVolume=100\n"
+        "MusicVolumeOffset=0\nMusicLoopStart=0\nMusicLoopEnd=-1\nStageXScale=1\nStageYScale=1\n");
 }
 
 // What the definition says of an element.
@@ -169,15 +170,16 @@ TEST_F(RealStages, TrainingRoomLoadsWithoutAWord) {
 TEST_F(RealStages, TrainingRoomModel) {
     const DiskStage stage(kRealFolder, "stage0.def");
     const StageModel& model = stage.Model();
-    EXPECT_EQ(FieldsText(model),
-              "StageTitle='\"training room\"'\nCamStartX=0\nCamStartY=0\nBoundLeft=-125\n"
-              "BoundRight=125\nBoundHigh=-25\nBoundLow=0\nMusicFile=''\nZOffset=190\n"
-              "ZOffsetLink=-1\nP1StartX=-70\nTension=50\nScreenLeft=15\nScreenRight=15\nCamX=0\n"
-              "CamY=0\nLastImageWidth=35\nLastImageHeight=57\n"
-              "ElementCount=2\nSpriteCount=2\nActionCount=0\nCtrlDefCount=0\nElementsById=\n"
-              "hires=0\nlocalcoordWidth=0\nlocalcoordHeight=0\nElementScale=1\n"
-              "MugenVersion=0\ndebugbg=0\nbgclearcolor=0 0 0 \nMusicVolume=100\n"
-              "MusicVolumeOffset=0\nMusicLoopStart=0\nMusicLoopEnd=-1\n");
+    EXPECT_EQ(
+        FieldsText(model),
+        "StageTitle='\"training room\"'\nCamStartX=0\nCamStartY=0\nBoundLeft=-125\n"
+        "BoundRight=125\nBoundHigh=-25\nBoundLow=0\nMusicFile=''\nZOffset=190\n"
+        "ZOffsetLink=-1\nP1StartX=-70\nTension=50\nScreenLeft=15\nScreenRight=15\nCamX=0\n"
+        "CamY=0\nLastImageWidth=35\nLastImageHeight=57\n"
+        "ElementCount=2\nSpriteCount=2\nActionCount=0\nCtrlDefCount=0\nElementsById=\n"
+        "hires=0\nlocalcoordWidth=0\nlocalcoordHeight=0\n"
+        "MugenVersion=0\ndebugbg=0\nbgclearcolor=0 0 0 \nMusicVolume=100\n"
+        "MusicVolumeOffset=0\nMusicLoopStart=0\nMusicLoopEnd=-1\nStageXScale=1\nStageYScale=1\n");
     EXPECT_EQ(TableText("element", model.Elements),
               TableText("element",
                         std::vector{ElementOf({"0", "normal", 0, 0, 0, 1, 1, 0, 1, 0, "none"}),

@@ -156,7 +156,7 @@ TEST(StageModel, FieldsStartAtZeroButForThese) {
     EXPECT_EQ(NotAtZero<const BgCtrl>(), "");
     EXPECT_EQ(NotAtZero<const BgCtrlDef>(), "");
     EXPECT_EQ(NotAtZero<const StageModel>(),
-              "ZOffsetLink=-1\nElementScale=1\nMusicVolume=100\nMusicLoopEnd=-1\n");
+              "ZOffsetLink=-1\nMusicVolume=100\nMusicLoopEnd=-1\nStageXScale=1\nStageYScale=1\n");
 }
 
 TEST(StageModel, ClearPutsEverythingBackToItsStart) {

@@ -16,9 +16,9 @@ bool StageMachine::Load(std::string_view definition) {
 bool StageMachine::LoadFile(const std::string& path) {
     std::string defPath = path;
     const LoadStageContext context{
-        files, messages, window,    device,
-        view,  View(),   "/mugen/", [this](const std::string& file) {
-            music = file; }};
+        files, messages, window, device, view, "/mugen/", [this](const std::string& file) {
+            music = file;
+        }};
     return LoadStage(model, defPath, context);
 }
 

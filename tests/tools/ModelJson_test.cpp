@@ -56,8 +56,9 @@ TEST(ModelJson, NamesMembersAsTheModelDoesInItsOrder) {
               "StageTitle CamStartX CamStartY BoundLeft BoundRight BoundHigh BoundLow MusicFile"
               " ZOffset ZOffsetLink P1StartX Tension ScreenLeft ScreenRight CamX CamY"
               " LastImageWidth LastImageHeight ElementCount SpriteCount ActionCount CtrlDefCount"
-              " ElementsById hires localcoordWidth localcoordHeight ElementScale MugenVersion "
-              "debugbg bgclearcolor MusicVolume MusicVolumeOffset MusicLoopStart MusicLoopEnd");
+              " ElementsById hires localcoordWidth localcoordHeight MugenVersion "
+              "debugbg bgclearcolor MusicVolume MusicVolumeOffset MusicLoopStart MusicLoopEnd"
+              " StageXScale StageYScale");
     EXPECT_EQ(NamesOf(json["elements"][0]),
               "type mask spriteGroup spriteImage startX startY posX posY deltaX deltaY tileX tileY"
               " tileSpacingX tileSpacingY velocityX velocityY actionIndex spriteIndex layerno"
@@ -66,11 +67,11 @@ TEST(ModelJson, NamesMembersAsTheModelDoesInItsOrder) {
               " windowX1 windowX2 windowY1 windowY2 windowActive xscaleTop xscaleBottom alphaSource"
               " alphaDestination blending windowDeltaX windowDeltaY yscaleStart yscaleDelta"
               " sinOffset linkSin deltaRead kind alphaDestinationGiven framesBlend tileSpacingGiven"
-              " picturesGiven swingTick startFraction");
+              " picturesGiven swingTick startFraction motion");
     EXPECT_EQ(NamesOf(json["elements"][0]["blending"]), "kind source destination");
     EXPECT_EQ(NamesOf(json["sprites"][0]),
               "axisX axisY width height group image selfIndex reserved masked keyAlpha keyRed"
-              " keyGreen keyBlue linkedTo fileWidth fileHeight");
+              " keyGreen keyBlue linkedTo");
     EXPECT_EQ(NamesOf(json["actions"][0]), "frames loopstart frameCount actionNo");
     EXPECT_EQ(NamesOf(json["actions"][0]["frames"][0]),
               "group image spriteIndex offsetX offsetY time flip runtimeA runtimeB blending"

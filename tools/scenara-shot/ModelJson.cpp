@@ -67,6 +67,7 @@ private:
     }
     void Value(const std::string& text) { Value(std::string_view(text)); }
     void Value(float number) { Raw(NumberText(number)); }
+    void Value(double number) { Raw(NumberText(number)); }
     template <typename Kind>
     requires std::is_enum_v<Kind>
     void Value(Kind kind) { Value(Word(kind)); }

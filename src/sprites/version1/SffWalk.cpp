@@ -50,8 +50,7 @@ std::optional<std::size_t> SffWalk::PictureOf(std::size_t place) {
     return at;
 }
 
-bool SffWalk::Load(std::size_t place, const Subfile& shownBy, PcxPicture& picture,
-                   PictureLines* lines) {
+bool SffWalk::Load(std::size_t place, const Subfile& shownBy, PcxPicture& picture) {
     if (chain_.Use().IsTooMuch()) {
         if (!std::exchange(saidOverused_, true)) {
             SayRestIsSkipped(source_.messages, rules_.badArchive, source_.name,
@@ -63,7 +62,7 @@ bool SffWalk::Load(std::size_t place, const Subfile& shownBy, PcxPicture& pictur
     if (rules_.palettes != SffRules::Palettes::AsTheyCome) {
         colors = ColorsOf(place);
     }
-    if (!pictures_.Load(At(place), chain_.Use(), picture, colors ? &*colors : nullptr, lines)) {
+    if (!pictures_.Load(At(place), chain_.Use(), picture, colors ? &*colors : nullptr)) {
         source_.messages.MsgBox(rules_.badPicture, DamagedSpriteText(shownBy.group, shownBy.image));
         return false;
     }

@@ -74,11 +74,7 @@ public:
     [[nodiscard]] std::optional<std::size_t> PictureOf(std::size_t place);
 
     // The picture at a place, in its colours, for a subfile that shows it. False: reported.
-    [[nodiscard]] bool Load(std::size_t place, const Subfile& shownBy, PcxPicture& picture,
-                            PictureLines* lines = nullptr);
-
-    // Makes textures, up to the sum that a load may have.
-    [[nodiscard]] TextureMaker& Textures() { return textures_; }
+    [[nodiscard]] bool Load(std::size_t place, const Subfile& shownBy, PcxPicture& picture);
 
     // The palette of Palettes::OneForAll, black as far as there is none. After the walk.
     [[nodiscard]] const PaletteBytes& OneForAll();

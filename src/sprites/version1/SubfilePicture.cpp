@@ -29,7 +29,7 @@ SubfilePictures::SubfilePictures(InputFile& archive, TextureMaker& device, Messa
     : archive_(archive), messages_(messages), options_(options), decoder_(device, messages) {}
 
 bool SubfilePictures::Load(const Subfile& subfile, ArchiveUse& use, PcxPicture& picture,
-                           const PaletteBytes* colors, PictureLines* lines) {
+                           const PaletteBytes* colors) {
     if (colors != nullptr) {
         decoder_.SetPalette(*colors);
     }
@@ -61,7 +61,7 @@ bool SubfilePictures::Load(const Subfile& subfile, ArchiveUse& use, PcxPicture& 
             hasItsPalette = TakePalette(subfile, start + static_cast<std::uint64_t>(length));
         }
         CheckPcxHeader(header_, packed);
-        loaded = decoder_.LoadPCX(header_, std::span(data_).first(dataSize_), picture, lines);
+        loaded = decoder_.LoadPCX(header_, std::span(data_).first(dataSize_), picture);
     } catch (...) {
         decoder_.HandleError(TextOfCurrentError());
     }

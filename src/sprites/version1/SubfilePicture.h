@@ -34,11 +34,11 @@ public:
     SubfilePictures(InputFile& archive, TextureMaker& device, Messages& messages,
                     const ViewOptions& options);
 
-    // The picture of a subfile, line by line where there are `lines`. Without `colors` it takes its
+    // The picture of a subfile. Without `colors` it takes its
     // own palette or that of the picture before, as the subfile says. Its bytes are counted in
     // `use`. False on any failure; then the reason has been shown.
     [[nodiscard]] bool Load(const Subfile& subfile, ArchiveUse& use, PcxPicture& picture,
-                            const PaletteBytes* colors = nullptr, PictureLines* lines = nullptr);
+                            const PaletteBytes* colors = nullptr);
 
 private:
     void ReadData(std::uint64_t start, std::uint64_t packed);

@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: MIT
+#include "render/DrawOptions.h"
+
+#include <cmath>
+
+namespace scenara {
+
+DrawOptions DrawOptionsOf(const StageModel& model, const Camera& camera, const View& view,
+                          const ViewOptions& options) {
+    if (!options.Additions) {
+        return {false, view, {model.CamX, model.CamY}};
+    }
+    CameraPlace drawn{camera.previousX, camera.previousY};
+    if (model.MugenVersion < 1) {
+        // Downwards as shown; x is stored negated.
+        drawn = {std::ceil(drawn.x), std::floor(drawn.y)};
+    }
+    return {true, view, drawn, options.Smooth};
+}
+
+}  // namespace scenara

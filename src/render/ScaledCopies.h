@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: MIT
+//
+// ScaledCopies, an addition: where the copies of a picture stand along one axis of the canvas when
+// it is drawn at a scale of its own.
+//
+// Copy k stands at position + k * step, rounded once; where steps are whole, at whole steps from
+// the first one. With no gap between copies one ends exactly where the next begins; with a gap
+// never later than that. So there is no seam, no overlap and no drift, at any scale.
+#pragma once
+
+#include <cstdint>
+
+#include "render/Tiling.h"
+
+namespace scenara {
+
+class ScaledCopies {
+public:
+    // `position`: canvas pixels; `scale`: canvas pixels to a pixel of the picture, above 0.
+    ScaledCopies(const Tiles& tiles, double position, double scale);
+
+    // Calls `show` with the pixels of each copy that covers a pixel of `visible`, in order. Where
+    // more than `deepest` would lie upon one another only every second, third, ... is shown, and in
+    // any case the first and the last of a count. Takes no longer than `visible` and `deepest` are,
+    // whatever the step.
+    template <typename Show>
+    void ForEach(const PixelRange& visible, std::int64_t deepest, Show show) const {
+        const Numbers numbers = NumbersIn(visible, deepest);
+        for (std::int64_t i = 0; i < numbers.count; ++i) {
+            const std::int64_t column = visible.from + i;
+            const PixelRange copy =
+                At(numbers.ByColumns() ? LastAt(column, numbers) : numbers.At(i));
+            const bool itsOwn =
+                !numbers.ByColumns() || copy.from == column || (i == 0 && copy.from < column);
+            if (itsOwn && !copy.IsEmpty() && copy.from < visible.to && copy.to > visible.from) {
+                show(copy);
+            }
+        }
+    }
+
+    // About how many copies are in so many pixels.
+    [[nodiscard]] double CopiesIn(std::int64_t pixels) const;
+
+private:
+    // Which copies are looked at: first, first + nth, ..., last. nth 0: by the columns that they
+    // begin in, of each column the last one.
+    struct Numbers {
+        std::int64_t first = 0;
+        std::int64_t last = -1;
+        std::int64_t nth = 1;
+        std::int64_t count = 0;
+
+        [[nodiscard]] bool ByColumns() const { return nth == 0; }
+        [[nodiscard]] std::int64_t At(std::int64_t i) const {
+            return i + 1 == count ? last : first + i * nth;
+        }
+    };
+
+    [[nodiscard]] Numbers NumbersIn(const PixelRange& visible, std::int64_t deepest) const;
+    // Of what stands at `place` in copy 0.
+    [[nodiscard]] std::int64_t InCopy(std::int64_t number, double place) const;
+    [[nodiscard]] std::int64_t BeginOf(std::int64_t number) const {
+        return InCopy(number, position_);
+    }
+    [[nodiscard]] PixelRange At(std::int64_t number) const;
+    [[nodiscard]] std::int64_t LastAt(std::int64_t column, const Numbers& numbers) const;
+
+    double position_;
+    double step_;         // canvas pixels; 0: there is one copy
+    double size_;         // as drawn
+    std::int64_t whole_;  // the same, at a whole scale; else 0
+    bool wholeStep_;
+    bool touch_;  // copies touch
+    bool overlap_;
+    std::int64_t least_;
+    std::int64_t most_;
+};
+
+}  // namespace scenara

@@ -1,0 +1,225 @@
+// SPDX-License-Identifier: MIT
+//
+// Where the copies of an element's picture stand on a canvas of the stage's own size: places are
+// worked out in double, from start, motion and camera, and rounded once, at the edges of a copy.
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <utility>
+
+#include "literal/LiteralStage.h"
+
+namespace scenara::test {
+namespace {
+
+// To the nearest whole number, halves up.
+std::int64_t Rounded(double value) {
+    return static_cast<std::int64_t>(std::floor(value + 0.5));
+}
+
+// Which of `count` texels the pixel shows that stands `at` pixels into `size` of them.
+std::int64_t TexelAt(std::int64_t at, std::int64_t size, std::int64_t count) {
+    return (2 * at + 1) * count / (2 * size);
+}
+
+}  // namespace
+
+// In canvas pixels, before rounding.
+struct LiteralStage::Reach {
+    double near = 0;
+    double size = 0;
+    bool mirrored = false;
+};
+
+// In the picture's own pixels.
+struct LiteralStage::Tiling {
+    std::int64_t count = 0;
+    std::int64_t distance = 0;
+    bool touching = false;  // each copy ends where the next one begins
+};
+
+void LiteralStage::DrawOnCanvas(const Element& element, Shown& shown) {
+    shown.window = CanvasWindow(*element.file);
+    if (element.parallax) {
+        DrawRows(element, shown);
+        return;
+    }
+    std::array<std::vector<Span>, 2> copies;
+    std::array<bool, 2> mirrored{};
+    for (std::size_t axis = 0; axis < 2; ++axis) {
+        const double pixel = space_.PixelSize(axis);
+        const Reach reach = ReachOf(shown, axis, AxisPlace(element, axis), pixel);
+        const int size = axis == 0 ? shown.image->width : shown.image->height;
+        copies[axis] = Copies(reach, TilingOf(*element.file, axis, size), std::abs(pixel), axis);
+        mirrored[axis] = reach.mirrored;
+    }
+    for (const Span& rows : copies[1]) {
+        for (const Span& columns : copies[0]) {
+            DrawQuad(shown, columns, rows, {0, shown.image->height}, mirrored);
+        }
+    }
+}
+
+// Of the element's axis point.
+double LiteralStage::AxisPlace(const Element& element, std::size_t axis) const {
+    const double middle = axis == 0 ? space_.width / 2.0 : 0;
+    const double moved = element.motion[axis] + CarriedBy(element, axis);
+    const double seen = seenFrom_[axis] * Wide(element.delta[axis]);
+    return space_.detail *
+           (middle + space_.half * ((element.start[axis] + moved) * space_.scale[axis] - seen));
+}
+
+// A picture is mirrored about its axis, first by its frame, then by a pixel size below 0.
+LiteralStage::Reach LiteralStage::ReachOf(const Shown& shown, std::size_t axis, double place,
+                                          double pixel) const {
+    const Image& image = *shown.image;
+    const int size = axis == 0 ? image.width : image.height;
+    const int fileAxis = axis == 0 ? image.axisX : image.axisY;
+    const int before = shown.mirrored[axis] ? size - fileAxis : fileAxis;
+    const double one = place + pixel * (shown.offset[axis] - before);
+    const double other = place + pixel * (shown.offset[axis] - before + size);
+    return {std::min(one, other), std::abs(pixel) * size, shown.mirrored[axis] != (pixel < 0)};
+}
+
+// The spacing is the gap between still pictures and the whole distance between animated ones.
+LiteralStage::Tiling LiteralStage::TilingOf(const BackgroundElement& element, std::size_t axis,
+                                            int size) const {
+    const bool given = (element.tileSpacingGiven & 1U << axis) != 0;
+    const bool oneGiven = element.tileSpacingGiven != 0 && !given;
+    const bool old = model_.MugenVersion < 1;
+    std::int64_t spacing = axis == 0 ? element.tileSpacingX : element.tileSpacingY;
+    if (!given) {
+        spacing = oneGiven && old ? element.tileSpacingX : 0;
+    }
+    Tiling tiling{axis == 0 ? element.tileX : element.tileY, spacing, false};
+    const bool absent = element.tileSpacingGiven == 0;
+    const bool noDistance = spacing == 1 || (spacing == 0 && old);
+    if (element.type != "anim") {
+        tiling.distance = spacing + size;
+    } else if (absent || (tiling.count == 1 && noDistance)) {
+        tiling.distance = size;
+    }
+    tiling.touching = tiling.distance == size;
+    return tiling;
+}
+
+// Along one axis: all that touch the picture. A copy ends with its picture, but never in the one
+// that follows, where that begins after it.
+std::vector<LiteralStage::Span> LiteralStage::Copies(const Reach& reach, const Tiling& tiling,
+                                                     double tilePixel, std::size_t axis) const {
+    const double step = static_cast<double>(tiling.distance) * tilePixel;
+    const bool wholeSize = reach.size == std::floor(reach.size);
+    // Whole steps are exact; in a sum with a place the last bits would be lost.
+    const bool wholeStep = step == std::floor(step);
+    const auto moved = [&](double place, double k) {
+        return wholeStep ? Rounded(place) + static_cast<std::int64_t>(k * step)
+                         : Rounded(place + k * step);
+    };
+    const auto copy = [&](double k) {
+        const std::int64_t begin = moved(reach.near, k);
+        const std::int64_t end = wholeSize ? begin + static_cast<std::int64_t>(reach.size)
+                                           : moved(reach.near + reach.size, k);
+        return Span{begin, end};
+    };
+    if (tiling.count == 0 || step <= 0) {
+        return {copy(0)};
+    }
+    const std::int64_t limit = axis == 0 ? Width() : Height();
+    auto first = static_cast<std::int64_t>(std::floor((-reach.near - reach.size) / step)) - 1;
+    auto last =
+        static_cast<std::int64_t>(std::ceil((static_cast<double>(limit) - reach.near) / step)) + 1;
+    if (tiling.count > 1) {
+        first = std::max<std::int64_t>(first, 0);
+        last = std::min(last, tiling.count - 1);
+    }
+    std::vector<Span> copies;
+    for (std::int64_t k = first; k <= last; ++k) {
+        Span span = copy(static_cast<double>(k));
+        const std::int64_t next = copy(static_cast<double>(k + 1)).begin;
+        if (tiling.touching) {
+            span.end = next;
+        } else if (step > reach.size) {
+            span.end = std::min(span.end, next);
+        }
+        if (span.end > 0 && span.begin < limit) {
+            copies.push_back(span);
+        }
+    }
+    return copies;
+}
+
+// How many rows a row of a parallax picture takes, but for the stage's scale.
+double LiteralStage::Stretch(const BackgroundElement& element) const {
+    const double shrunk =
+        Wide(element.yscaleStart) / 100 + Wide(element.yscaleDelta) / 100 * seenFrom_[1];
+    return shrunk == 0 ? 16 : std::min(std::max(1 / shrunk, 1.0 / 16), 16.0);
+}
+
+// Each row stands at a distance of its own from the middle, and has its own tiles; there are none
+// below one another. A mirrored frame's rows are those of the mirrored picture.
+void LiteralStage::DrawRows(const Element& element, const Shown& shown) {
+    const BackgroundElement& file = *element.file;
+    const Image& image = *shown.image;
+    const bool given = file.xscaleTop != 0 || file.xscaleBottom != 0;
+    const double top = file.xscaleTop == 0 ? 1 : Wide(file.xscaleTop);
+    const double bottom = Wide(file.xscaleBottom);
+    const double across = space_.PixelSize(0);
+    const double down = space_.PixelSize(1) * Stretch(file);
+    const double middle = space_.detail * (space_.width / 2.0);
+    const double placeX = AxisPlace(element, 0);
+    const int above = shown.mirrored[1] ? image.height - image.axisY : image.axisY;
+    const double upper = AxisPlace(element, 1) + down * (shown.offset[1] - above);
+    const Tiling tiling = TilingOf(file, 0, image.width);
+    for (int row = 0; row < image.height; ++row) {
+        const double t = image.height == 1 ? 0 : double(row) / (image.height - 1);
+        const double factor = given ? (top + (bottom - top) * t) / top : 1;
+        const Reach reach = ReachOf(shown, 0, middle + (placeX - middle) * factor, across);
+        Span rows{Rounded(upper + row * down), Rounded(upper + (row + 1) * down)};
+        if (down < 0) {
+            std::swap(rows.begin, rows.end);
+        }
+        const int texelRow = shown.mirrored[1] ? image.height - 1 - row : row;
+        for (const Span& columns : Copies(reach, tiling, std::abs(across), 0)) {
+            DrawQuad(shown, columns, rows, {texelRow, texelRow + 1}, {reach.mirrored, false});
+        }
+    }
+}
+
+// Both corners included, in any order. It is neither scaled nor finer than the stage's units.
+LiteralStage::Window LiteralStage::CanvasWindow(const BackgroundElement& element) const {
+    Window window{Whole(0), Whole(1)};
+    if (element.windowActive == 0) {
+        return window;
+    }
+    const auto cut = [&](Span& span, float one, float other, double shift) {
+        const double first = (Wide(std::min(one, other)) - shift) * space_.detail;
+        const double end = (Wide(std::max(one, other)) + 1 - shift) * space_.detail;
+        span = {std::max(span.begin, Rounded(first)), std::min(span.end, Rounded(end))};
+    };
+    cut(window.columns, element.windowX1, element.windowX2,
+        Wide(element.windowDeltaX) * seenFrom_[0]);
+    cut(window.rows, element.windowY1, element.windowY2, Wide(element.windowDeltaY) * seenFrom_[1]);
+    return window;
+}
+
+void LiteralStage::DrawQuad(const Shown& shown, const Span& columns, const Span& rows,
+                            Span texelRows, const std::array<bool, 2>& mirrored) {
+    const Image& image = *shown.image;
+    const Span inX{std::max(columns.begin, shown.window.columns.begin),
+                   std::min(columns.end, shown.window.columns.end)};
+    const Span inY{std::max(rows.begin, shown.window.rows.begin),
+                   std::min(rows.end, shown.window.rows.end)};
+    const std::int64_t texelCount = texelRows.end - texelRows.begin;
+    for (std::int64_t y = inY.begin; y < inY.end; ++y) {
+        const std::int64_t below = TexelAt(y - rows.begin, rows.end - rows.begin, texelCount);
+        const std::int64_t row = mirrored[1] ? texelRows.end - 1 - below : texelRows.begin + below;
+        for (std::int64_t x = inX.begin; x < inX.end; ++x) {
+            const std::int64_t right =
+                TexelAt(x - columns.begin, columns.end - columns.begin, image.width);
+            const std::int64_t column = mirrored[0] ? image.width - 1 - right : right;
+            Put(x, y, image.texels[static_cast<std::size_t>(row * image.width + column)], shown);
+        }
+    }
+}
+
+}  // namespace scenara::test

@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+//
+// What is worked out by hand is what the program shows, and what the renderer that does everything
+// the long way shows.
+#include <cstddef>
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "frames/PaintedStage.h"
+#include "literal/Comparison.h"
+#include "literal/PlaceRows.h"
+#include "literal/ProgramCanvas.h"
+#include "literal/SolidPictures.h"
+
+namespace scenara::test {
+namespace {
+
+RandomStage StageOf(const PlaceRow& row) {
+    RandomStage stage;
+    stage.archive = SolidArchive();
+    stage.definition = SolidDefinition(row.settings, std::string(row.element) + row.adds);
+    stage.keys.resize(static_cast<std::size_t>(row.frames));
+    stage.keys[0].right = row.held == Held::Right || row.held == Held::RightAndUp;
+    stage.keys[0].up = row.held == Held::RightAndUp;
+    return stage;
+}
+
+class PlaceFormulas : public testing::TestWithParam<PlaceRow> {};
+
+TEST_P(PlaceFormulas, OfTheProgram) {
+    const PlaceRow& row = GetParam();
+    ShotStage stage = ProgramWith(StageOf(row), ViewOptions{true});
+    stage.Run(row.frames);
+    EXPECT_EQ(Wrong(CanvasOf(stage), row.canvas, row.covered), "");
+}
+
+TEST_P(PlaceFormulas, OfTheLongWay) {
+    const PlaceRow& row = GetParam();
+    const ShownCanvas canvas = LiteralPictureOf(StageOf(row), ViewOptions{true});
+    EXPECT_EQ(Wrong(canvas, row.canvas, row.covered), "");
+}
+
+INSTANTIATE_TEST_SUITE_P(Place, PlaceFormulas, testing::ValuesIn(kPlaceRows));
+
+}  // namespace
+}  // namespace scenara::test
