@@ -23,7 +23,7 @@ ScenePicture PictureOf(const samplemaker::IndexedPicture& drawn, bool masked) {
 }
 
 // As a painted picture is: its edges fade out over some pixels, and one stretch in four lets
-// through what is behind it.
+// through what was drawn before it.
 ScenePicture Soft(ScenePicture picture) {
     constexpr int kFade = 6;
     picture.soft = true;

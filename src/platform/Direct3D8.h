@@ -23,8 +23,8 @@
 // from that edge of the n texels which is drawn on the left. The rows follow the same rule. This
 // holds up to 2^18 pixels a side and 2^20 texels from the texture's origin; beyond that, and
 // between whole pixels, a centre is on a border as far as a double can tell.
-// - A texture coordinate is a float, which seldom is the exact edge of a texel: one that is no
-//   further from an edge than its own rounding means that edge.
+// - A texture coordinate is a float, so it is seldom exactly at the edge of a texel. It means that
+//   edge where it is no further away than its own rounding.
 // - Both texture coordinates of an axis may be the same: all pixels then show one texel.
 //
 // What a pixel shows with D3DTEXF_LINEAR: the mean of the four texels around its centre.

@@ -36,8 +36,9 @@ struct PictureFit {
     // The point of the canvas under a point of the box; it may lie outside of the canvas.
     [[nodiscard]] std::int32_t ViewX(std::int32_t x) const { return ViewColumn(x - left); }
     [[nodiscard]] std::int32_t ViewY(std::int32_t y) const { return ViewRow(y - top); }
-    // The first column or row of the box that shows a column or row of the canvas, or one behind it
-    // where it is left out; one after the last for the end of the canvas.
+    // The first column or row of the box that shows this column or row of the canvas. Where the
+    // canvas is shown smaller, and this one is left out, it is the next one that is shown. For the
+    // end of the canvas it is the one after the picture's last.
     [[nodiscard]] std::int32_t BoxX(std::int32_t viewX) const {
         return left + FirstThatShows(viewX, width, canvas.width);
     }
