@@ -165,6 +165,27 @@ TEST(ScaledQuads, OfAnySizeShowWhatTheRuleSays) {
     }
 }
 
+// Over the texture's edge: the last column shown may be as far before the first one as it would be
+// after it without the edge.
+TEST(ScaledQuads, OfHalfATextureShowWhatTheRuleSays) {
+    const PlainTexture texture(
+        20, 1, [](std::int32_t x, std::int32_t y) { return 0xFF000000U | Numbered(x, y); });
+    for (std::int32_t start = 0; start < 20; ++start) {
+        for (const bool mirrored : {false, true}) {
+            TestView view(kGround);
+            ASSERT_TRUE(
+                DrawScaledQuad(view.Pixels(), kCovering, texture.Pixels(), Coverage(),
+                               ScaledCornersOf({5, 0, 13, 9, start, 0, 11, 1, mirrored}, 20, 1)));
+            for (std::int32_t x = 0; x < 13; ++x) {
+                const auto column =
+                    static_cast<std::int32_t>(NearestOf(start, 11, 13, x, mirrored)) % 20;
+                EXPECT_EQ(view.At(5 + x, 3), texture.Texel({column, 0}) & kColorMask)
+                    << start << (mirrored ? " mirrored" : "") << " at " << x;
+            }
+        }
+    }
+}
+
 // The proof that this path is the general one, only faster: random quads on both.
 TEST(ScaledQuads, DrawWhatTheGeneralPathDraws) {
     std::mt19937 random(12);

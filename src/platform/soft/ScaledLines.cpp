@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <bit>
 #include <cmath>
-#include <cstdlib>
 #include <cstring>
 #include <span>
 
@@ -70,7 +69,9 @@ ScaledColumns::ScaledColumns(const ScaledRun& run, std::int32_t begin, std::int3
     const TexelAxis axis(texture.width, run.mirrored, sampling.clampColumns);
     const std::int64_t passed = linear_ ? FindMeans(steps, axis) : FindNearest(steps, axis);
     const std::int32_t shown = Seconds()[static_cast<std::size_t>(width_) - 1] - columns_[0];
-    const bool ordered = sampling.clampColumns || std::abs(std::int64_t{shown}) == passed;
+    // Half a texture back looks as half a texture on, but for its sign.
+    const bool ordered =
+        sampling.clampColumns || std::int64_t{shown} == (run.mirrored ? -passed : passed);
     constexpr std::int32_t kFewLines = 2;
     const bool worthIt = linear_ || lines > kFewLines;
     for (std::size_t block = 0; block < count_; ++block) {
