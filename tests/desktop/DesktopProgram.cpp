@@ -89,9 +89,12 @@ std::vector<std::string> DesktopProgram::ProgramEnvironment(const std::string& s
     return environment;
 }
 
-void DesktopProgram::Start(const std::string& session) {
-    program_.emplace(std::vector<std::string>{display_.Folder() + "bin/scenara"},
-                     ProgramEnvironment(session), display_.Folder() + "program.txt");
+void DesktopProgram::Start(const std::string& session, const std::string& file) {
+    std::vector<std::string> command{display_.Folder() + "bin/scenara"};
+    if (!file.empty()) {
+        command.push_back(file);
+    }
+    program_.emplace(command, ProgramEnvironment(session), display_.Folder() + "program.txt");
 }
 
 void DesktopProgram::StartWithBar() {

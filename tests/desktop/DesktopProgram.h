@@ -72,7 +72,8 @@ public:
     // Of the program: in the session of that address, where there is one.
     [[nodiscard]] std::vector<std::string> ProgramEnvironment(
         const std::string& session = {}) const;
-    void Start(const std::string& session = {});
+    // With a file, that is named on the command line.
+    void Start(const std::string& session = {}, const std::string& file = {});
     // The main window is there, of this width, and has come to rest in the middle of the screen.
     void ExpectMainWindow(int width);
     // Settings, start, the window, and the stage "bar" from the list beside the picture.

@@ -79,6 +79,24 @@ TEST_F(DesktopProgram, AStageIsOpenedInEveryWay) {
     ExpectTitle("Scenara 1.0 DirectX 8 Experiment");
 }
 
+TEST_F(DesktopProgram, AFileOnTheCommandLineIsOpened) {
+    WriteSettings();
+    Start({}, std::filesystem::relative(StagePath("cup")).string());
+    ExpectTitle("cup");
+    Key("alt+F4");
+    EXPECT_EQ(WaitForEnd(), 0);
+}
+
+TEST_F(DesktopProgram, AFileOnTheCommandLineThatIsNotThereIsReported) {
+    WriteSettings();
+    Start({}, StagePath("nowhere"));
+    ExpectBox();
+    Key("Return");
+    Key("Return");  // nor is it a stage
+    Key("alt+F4");
+    EXPECT_EQ(WaitForEnd(), 0);
+}
+
 TEST_F(DesktopProgram, TheListComesAndGoesAndThePictureKeepsItsSize) {
     StartWithBar();
     EXPECT_TRUE(Eventually([&] { return PictureSize() == SeenSize{320, 240}; }));
