@@ -78,6 +78,15 @@ BackgroundElement Tiled(BackgroundElement element, Long spacingX, Long spacingY,
     return element;
 }
 
+// On a canvas of 1280 x 720, drawn half as large again.
+BackgroundElement Wide(const Making& make, BackgroundElement element) {
+    make.model.localcoordWidth = 1280;
+    make.model.localcoordHeight = 720;
+    make.model.StageXScale = make.model.StageYScale = 1.5F;
+    element.startX = -428;
+    return element;
+}
+
 using Make = void (*)(const Making&);
 
 void DrawFrames(benchmark::State& state, Make make) {
@@ -218,6 +227,34 @@ constexpr Row kRows[] = {
     {"Stack/both ways masked",
      [](const Making& make) {
          make.Elements(1, Masked(Tiled(Still(make.Sprite(30, 30, 9)), -29, -29)));
+     }},
+    {"Wide tiles/picture of the view's size",
+     [](const Making& make) { make.Elements(1, Wide(make, Still(make.Sprite(854, 480)))); }},
+    {"Wide tiles/1 x 1",
+     [](const Making& make) {
+         make.Elements(1, Wide(make, Tiled(Still(make.Sprite(1, 1)), 0, 0)));
+     }},
+    {"Wide tiles/1 x 1 and 1 between",
+     [](const Making& make) {
+         make.Elements(1, Wide(make, Tiled(Still(make.Sprite(1, 1)), 1, 1)));
+     }},
+    {"Wide tiles/8 x 8",
+     [](const Making& make) {
+         make.Elements(1, Wide(make, Tiled(Still(make.Sprite(8, 8)), 0, 0)));
+     }},
+    {"Wide tiles/8 x 8 added",
+     [](const Making& make) {
+         make.Elements(1, Wide(make, Added(Tiled(Still(make.Sprite(8, 8, 9)), 0, 0))));
+     }},
+    {"Wide tiles/64 x 64",
+     [](const Making& make) {
+         make.Elements(1, Wide(make, Tiled(Still(make.Sprite(64, 64)), 0, 0)));
+     }},
+    {"Wide tiles/1 x 240 rows",
+     [](const Making& make) {
+         BackgroundElement element = Tiled(Still(make.Sprite(1, 240)), 0, 0);
+         element.type = "parallax";
+         make.Elements(1, Wide(make, element));
      }},
     {"Off screen/15,000 stills",
      [](const Making& make) {

@@ -15,10 +15,13 @@
 #include "platform/headless/HeadlessPointer.h"
 #include "platform/headless/HeadlessWindow.h"
 #include "platform/soft/SoftDirect3D.h"
+#include "render/CopyStrip.h"
 #include "render/Frame.h"
 #include "render/PrepareStage.h"
+#include "render/SeenFrom.h"
 #include "render/TilePatterns.h"
 #include "stage/StageModel.h"
+#include "stage/StageSpace.h"
 #include "stage/ViewOptions.h"
 
 namespace scenara::bench {
@@ -39,8 +42,12 @@ public:
         }
         fill(model_, engine_.Device(), messages_);
         PlaceCamera(model_, camera_);
+        picture_ = ViewOf(model_, view_);
+        engine_.FitView();
         PrepareElements(model_, view_, picture_);
-        MakeTilePatterns(model_, view_, View(), engine_.Device());
+        MakeTilePatterns(model_, view_, picture_, engine_.Device());
+        NoteWhereSeen(model_, picture_);
+        engine_.MakeStrip(StripLines(model_, view_, picture_));
     }
 
     void Draw() {

@@ -5,6 +5,7 @@
 
 #include "render/BlendStates.h"
 #include "render/BlendedBlit.h"
+#include "render/CopyStrip.h"
 #include "render/ElementPlacement.h"
 #include "stage/ModelLookup.h"
 
@@ -28,17 +29,37 @@ public:
     }
 
     void ShowPattern(const TilePattern& pattern, const SpriteQuad& quad) override {
-        if (mixing_ != Mixing::Solid) {
-            Draw(pattern.picture, quad, BlitStyle());
-            return;
+        DrawRepeats(pattern.picture, true, quad);
+    }
+
+    bool TakeLines(const CopiesAlongLines& along) override {
+        CopyStrip* const strip = engine_.Strip();
+        if (strip == nullptr || !strip->Holds(sprite_, along)) {
+            return false;
         }
-        // Its gaps are left out.
-        BlendByAlpha(engine_.Device(), D3DBLEND_INVSRCALPHA);
-        Draw(pattern.picture, quad, BlitStyle());
-        BlendNoMore(engine_.Device());
+        strip->Lay(sprite_, {picture_.mirrored, picture_.flipped, mixing_ == Mixing::Solid}, along);
+        engine_.MixTexels(false);  // its copies end within it
+        return true;
+    }
+
+    void ShowLines(const SpriteQuad& quad) override {
+        const CopyStrip& strip = *engine_.Strip();
+        DrawRepeats(strip.Picture(), strip.HasGaps(), quad);
     }
 
 private:
+    // Several copies in one picture, of which gaps are left out.
+    void DrawRepeats(const SpriteEntry& picture, bool gaps, const SpriteQuad& quad) {
+        const bool leavesOut = gaps && mixing_ == Mixing::Solid;
+        if (leavesOut) {
+            BlendByAlpha(engine_.Device(), D3DBLEND_INVSRCALPHA);
+        }
+        Draw(picture, quad, BlitStyle());
+        if (leavesOut) {
+            BlendNoMore(engine_.Device());
+        }
+    }
+
     void Draw(const SpriteEntry& sprite, const SpriteQuad& quad, const BlitStyle& style) {
         if (mixing_ == Mixing::Blended) {
             DrawBlended(engine_, blending_, sprite, quad, style);

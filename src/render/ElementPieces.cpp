@@ -5,6 +5,7 @@
 #include <cmath>
 #include <optional>
 
+#include "render/CopyStrip.h"
 #include "render/ElementTiles.h"
 #include "render/ElementWindow.h"
 #include "render/ParallaxRows.h"
@@ -157,12 +158,55 @@ private:
         const ScaledCopies rows(tiles_.down, picture_.y, picture_.scaleY);
         constexpr std::int64_t kDeepestEach = 64;
         static_assert(kDeepestEach * kDeepestEach == kDeepest);
+        const double copies = columns.CopiesIn(window_.columns.to - window_.columns.from) *
+                              rows.CopiesIn(LinesSeen());
+        if (TakesLines(columns, {0, sprite_.height}, copies, LinesSeen())) {
+            rows.ForEach(window_.rows, kDeepestEach,
+                         [&](const PixelRange& row) { ShowLines(row, sprite_.height); });
+            return;
+        }
         rows.ForEach(window_.rows, kDeepestEach, [&](const PixelRange& row) {
             columns.ForEach(window_.columns, kDeepestEach, [&](const PixelRange& column) {
                 visitor_.Show({column.from, row.from, column.to - column.from, row.to - row.from, 0,
                                0, sprite_.width, sprite_.height});
             });
         });
+    }
+
+    [[nodiscard]] std::int64_t LinesSeen() const { return window_.rows.to - window_.rows.from; }
+
+    // Whether copies are taken as lines of the canvas, where so many copies would be shown on so
+    // many lines. What is as small as that is not mixed.
+    bool TakesLines(const ScaledCopies& columns, const PixelRange& lines, double copies,
+                    std::int64_t linesSeen) {
+        constexpr double kMostMixed = 50000;
+        const bool many = IsMixed() ? copies > kMostMixed : IsStripCheaper(copies, linesSeen);
+        const bool canBe = mixing_ == Mixing::Solid || !columns.Overlap();
+        return many && canBe && visitor_.TakeLines({columns, window_.columns, lines});
+    }
+
+    // A copy of what was taken, of so many lines, on these of the canvas. Those that follow one
+    // another are shown together.
+    void ShowLines(const PixelRange& copy, std::int64_t height) {
+        const std::int64_t end = std::min(copy.to, window_.rows.to);
+        SpriteQuad quad{window_.columns.from, 0, window_.columns.to - window_.columns.from, 0,
+                        window_.columns.from};
+        for (std::int64_t y = std::max(copy.from, window_.rows.from); y < end; ++y) {
+            const std::int64_t source =
+                (2 * (y - copy.from) + 1) * height / (2 * (copy.to - copy.from));
+            if (quad.height != 0 && source != quad.sourceY + quad.height) {
+                visitor_.ShowLines(quad);
+                quad.height = 0;
+            }
+            if (quad.height == 0) {
+                quad.y = y;
+                quad.sourceY = source;
+            }
+            ++quad.height;
+        }
+        if (quad.height != 0) {
+            visitor_.ShowLines(quad);
+        }
     }
 
     void ShowRows() {
@@ -209,6 +253,13 @@ private:
         place = std::clamp(place, -kMost, kMost);
         if (timesX_ == 0 || IsMixed()) {
             const ScaledCopies copies(tiles_.across, place, picture_.scaleX);
+            const double count = copies.CopiesIn(window_.columns.to - window_.columns.from);
+            if (TakesLines(copies, {source, source + 1},
+                           IsMixed() ? count * static_cast<double>(LinesSeen()) : count,
+                           lines.to - lines.from)) {
+                ShowLines(lines, 1);
+                return;
+            }
             copies.ForEach(window_.columns, kDeepest, [&](const PixelRange& column) {
                 visitor_.Show({column.from, lines.from, column.to - column.from,
                                lines.to - lines.from, 0, source, sprite_.width, 1});
@@ -337,6 +388,9 @@ bool Touches(double position, double size, Long length) {
 
 bool MayBeSeen(const StageModel& model, const BackgroundElement& element,
                const DrawOptions& options) {
+    if (!element.seenFrom.Has(options.camera.x, options.camera.y)) {
+        return false;
+    }
     if (element.kind != ElementKind::Still || ShowsFrames(element) || element.tileX != 0 ||
         element.tileY != 0) {
         return true;

@@ -20,6 +20,8 @@
 
 namespace scenara {
 
+struct CopiesAlongLines;
+
 // Gets the pieces in the order in which they are drawn. Those that are drawn pixel for pixel are
 // cut to the element's window; scaled ones are whole, and count as far as they lie inside of it.
 class PieceVisitor : NotCopied {
@@ -32,6 +34,13 @@ public:
     // Of a pattern of it, which is drawn neither mirrored nor flipped, and without its transparent
     // pixels.
     virtual void ShowPattern(const TilePattern& pattern, const SpriteQuad& quad) = 0;
+
+    // Whether it takes very many copies side by side as lines: then ShowLines follows, as often as
+    // these are to be seen. Where not, each copy is shown by itself.
+    virtual bool TakeLines(const CopiesAlongLines& /*along*/) { return false; }
+
+    // Lines of what it took, at the same columns: as many of the picture as of the canvas.
+    virtual void ShowLines(const SpriteQuad& /*quad*/) {}
 };
 
 // False for a still picture that is nowhere near the view: cheap to know, for there may be

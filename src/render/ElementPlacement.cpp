@@ -2,6 +2,7 @@
 #include "render/ElementPlacement.h"
 
 #include <cmath>
+#include <utility>
 
 #include "stage/ElementStart.h"
 #include "stage/ModelLookup.h"
@@ -38,6 +39,29 @@ void SetFrame(ElementPicture& picture, const StageFrame& frame, const SpriteEntr
                         AxisOf(sprite.axisX, sprite.width, additions && picture.mirrored);
     picture.fromAxisY = frame.offsetY + static_cast<double>(frame.offsetFraction[1]) -
                         AxisOf(sprite.axisY, sprite.height, picture.flipped);
+}
+
+// False: it shows none.
+bool SetPicture(ElementPicture& picture, const StageModel& model, const BackgroundElement& element,
+                bool additions) {
+    if (element.kind == ElementKind::Dummy || !HasPictures(model, element)) {
+        return false;
+    }
+    if (!ShowsFrames(element)) {
+        picture.slot = element.spriteIndex;
+        const SpriteEntry& sprite = RecordAt(model.Sprites, picture.slot, "sprite");
+        picture.fromAxisX = -sprite.axisX;
+        picture.fromAxisY = -sprite.axisY;
+        return true;
+    }
+    const StageFrame& frame =
+        RecordAt(ActionOf(model, element)->frames, element.frameIndex, "frame");
+    picture.slot = frame.spriteIndex;
+    if (picture.slot == -1) {
+        return false;
+    }
+    SetFrame(picture, frame, RecordAt(model.Sprites, picture.slot, "sprite"), additions);
+    return true;
 }
 
 // Written so that what is no number is out of range, too.
@@ -111,40 +135,32 @@ Long WholePixel(double position, bool additions) {
 
 std::optional<ElementPicture> PictureOf(const StageModel& model, const BackgroundElement& element,
                                         bool additions) {
-    if (element.kind == ElementKind::Dummy || !HasPictures(model, element)) {
-        return std::nullopt;
+    std::optional<ElementPicture> picture(std::in_place);
+    if (!SetPicture(*picture, model, element, additions)) {
+        picture.reset();
     }
-    ElementPicture picture;
-    if (!ShowsFrames(element)) {
-        picture.slot = element.spriteIndex;
-        const SpriteEntry& sprite = RecordAt(model.Sprites, picture.slot, "sprite");
-        picture.fromAxisX = -sprite.axisX;
-        picture.fromAxisY = -sprite.axisY;
-        return picture;
-    }
-    const StageFrame& frame =
-        RecordAt(ActionOf(model, element)->frames, element.frameIndex, "frame");
-    picture.slot = frame.spriteIndex;
-    if (picture.slot == -1) {
-        return std::nullopt;
-    }
-    SetFrame(picture, frame, RecordAt(model.Sprites, picture.slot, "sprite"), additions);
     return picture;
 }
 
+// What it returns is filled where it stands: copying numbers that were written just before makes a
+// processor wait, and elements that nobody sees are placed by the thousand.
 std::optional<PlacedPicture> PlaceElement(const StageModel& model, const BackgroundElement& element,
                                           const DrawOptions& options) {
-    const std::optional<ElementPicture> shown = PictureOf(model, element, options.additions);
-    if (!shown) {
-        return std::nullopt;
+    std::optional<PlacedPicture> placed(std::in_place);
+    PlacedPicture& picture = *placed;
+    if (!SetPicture(picture, model, element, options.additions)) {
+        placed.reset();
+        return placed;
     }
-    PlacedPicture picture{*shown};
     if (options.additions) {
         PlaceOnCanvas(picture, model, element, options);
     } else {
         PlacePlainly(picture, element);
     }
-    return IsNear(picture) ? std::optional(picture) : std::nullopt;
+    if (!IsNear(picture)) {
+        placed.reset();
+    }
+    return placed;
 }
 
 }  // namespace scenara

@@ -7,6 +7,7 @@
 
 #include "base/NumberText.h"
 #include "base/RunTimeError.h"
+#include "render/CopyStrip.h"
 #include "render/Require.h"
 #include "stage/ModelLookup.h"
 
@@ -37,6 +38,8 @@ const Pointer& Made(const Pointer& object, std::string_view call) {
 Engine::Engine(Direct3DMachine& machine, Window& window, Messages& messages,
                const StageModel& model, const View& view)
     : machine_(machine), window_(window), messages_(messages), model_(model), view_(view) {}
+
+Engine::~Engine() = default;
 
 void Engine::Engine_Init() {
     Engine_Deinit();
@@ -117,6 +120,7 @@ void Engine::Engine_Init_Gfx() const {
 }
 
 void Engine::Engine_Deinit() {
+    strip_.reset();
     kept_.reset();  // made by the device, so they go first
     font_.reset();
     device_.reset();
@@ -283,6 +287,21 @@ void Engine::FitView() {
         mixesTexels_ = false;
         MakeText();
         Engine_Init_Gfx();
+    }
+}
+
+void Engine::MakeStrip(Long lines) {
+    strip_.reset();
+    if (lines == 0) {
+        return;
+    }
+    try {
+        strip_ = std::make_unique<CopyStrip>(Device(), view_.Canvas().width, lines);
+    } catch (const RunTimeError& error) {
+        // Without memory copies are drawn one by one.
+        if (error.Kind() != RunTimeErrorKind::OutOfMemory) {
+            throw;
+        }
     }
 }
 

@@ -22,6 +22,7 @@
 #include <string_view>
 
 #include "base/Integers.h"
+#include "base/NotCopied.h"
 #include "platform/Direct3D8.h"
 #include "platform/Messages.h"
 #include "platform/View.h"
@@ -40,11 +41,14 @@ inline constexpr std::uint32_t kShadowColor = 0x64000000;  // black, alpha 100 o
 // The largest rectangle that can be kept, as InText has it: the information line's.
 inline constexpr POINT kMostKept{200, 20};
 
-class Engine {
+class CopyStrip;
+
+class Engine : NotCopied {
 public:
     // All of them outlive the engine; `model` is where sprites are looked up.
     Engine(Direct3DMachine& machine, Window& window, Messages& messages, const StageModel& model,
            const View& view);
+    ~Engine();
 
     // Makes everything afresh and the device ready to draw, blending off. When a step fails there
     // is no device and nothing half made, and one message says which step it was.
@@ -109,6 +113,11 @@ public:
     // Addition: the picture gets the view's size, where it has another one. What was in it is gone.
     void FitView();
 
+    // Addition: what copies are laid along, as wide as the view and of so many lines; 0 for none,
+    // and none where there is no memory for it.
+    void MakeStrip(Long lines);
+    [[nodiscard]] CopyStrip* Strip() { return strip_.get(); }
+
     // For what is to be seen in one picture only: keeps what the back buffer has in a rectangle of
     // the picture, of kMostKept at most, as far as it lies in there, until PutBack brings it back.
     // A device that cannot bring it back has been lost, and its picture with it: then nothing
@@ -153,6 +162,7 @@ private:
     std::unique_ptr<Direct3DDevice8> device_;
     std::unique_ptr<D3DX8> d3dx_;
     std::unique_ptr<D3DXFont> font_;
+    std::unique_ptr<CopyStrip> strip_;
     std::shared_ptr<Direct3DSurface8> kept_;
     RECT keptRectangle_;
     bool mixesTexels_ = false;

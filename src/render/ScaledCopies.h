@@ -38,6 +38,9 @@ public:
         }
     }
 
+    // Whether a copy reaches into the next one.
+    [[nodiscard]] bool Overlap() const { return overlap_; }
+
     // About how many copies are in so many pixels.
     [[nodiscard]] double CopiesIn(std::int64_t pixels) const;
 

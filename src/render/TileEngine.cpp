@@ -56,10 +56,11 @@ void TileEngine::Pass(bool draws) {
 
 void TileEngine::PassPlainly(bool draws) {
     const bool follow = HasMoved(model_, camera_);
+    const DrawOptions options = OptionsOfPass();
     for (BackgroundElement& element : model_.Elements) {
         if (TakesPart(element)) {
             if (draws) {
-                Draw(element);
+                Draw(element, options);
             }
             MovePlainly(element);
         }
@@ -74,9 +75,10 @@ void TileEngine::PassPlainly(bool draws) {
 // Addition: nothing moves until both passes are drawn, what is hidden moves on with the rest, and
 // what belongs to both passes moves once.
 void TileEngine::PassOnCanvas(bool draws) {
+    const DrawOptions options = OptionsOfPass();
     for (const BackgroundElement& element : model_.Elements) {
         if (draws && TakesPart(element)) {
-            Draw(element);
+            Draw(element, options);
         }
     }
     if (flags_.DrawFrontLayer == 0) {
@@ -93,9 +95,10 @@ void TileEngine::DrawAgain() {
     if (flags_.DrawFrontLayer == 0 && !options_.Additions) {
         NoteLinks(model_);  // their parents have moved on since
     }
+    const DrawOptions options = OptionsOfPass();
     for (const BackgroundElement& element : model_.Elements) {
         if (TakesPart(element)) {
-            Draw(element);
+            Draw(element, options);
         }
     }
 }
@@ -131,12 +134,8 @@ bool TileEngine::TakesPart(const BackgroundElement& element) const {
            MayMove(model_, element);
 }
 
-void TileEngine::Draw(const BackgroundElement& element) {
-    if (element.visible == 0) {
-        return;
-    }
-    const DrawOptions options = DrawOptionsOf(model_, camera_, view_, options_);
-    if (MayBeSeen(model_, element, options) && GoesOn()) {
+void TileEngine::Draw(const BackgroundElement& element, const DrawOptions& options) {
+    if (element.visible != 0 && MayBeSeen(model_, element, options) && GoesOn()) {
         DrawElement(engine_, model_, element, options);
     }
 }

@@ -8,6 +8,7 @@
 
 #include "platform/View.h"
 #include "render/CameraControl.h"
+#include "render/DrawOptions.h"
 #include "render/Engine.h"
 #include "render/PassWatch.h"
 #include "render/ViewFlags.h"
@@ -61,7 +62,10 @@ private:
     void Pass(bool draws);
     void PassPlainly(bool draws);
     void PassOnCanvas(bool draws);
-    void Draw(const BackgroundElement& element);
+    [[nodiscard]] DrawOptions OptionsOfPass() const {
+        return DrawOptionsOf(model_, camera_, view_, options_);
+    }
+    void Draw(const BackgroundElement& element, const DrawOptions& options);
     static void MovePlainly(BackgroundElement& element);
     [[nodiscard]] bool GoesOn() { return watch_ == nullptr || watch_->GoesOn(); }
 

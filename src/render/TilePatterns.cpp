@@ -11,6 +11,7 @@
 #include "render/ElementDrawing.h"
 #include "render/ElementTiles.h"
 #include "render/TexelLock.h"
+#include "render/TiledPictures.h"
 #include "stage/ModelLookup.h"
 
 namespace scenara {
@@ -25,9 +26,8 @@ constexpr std::int64_t kManyPiecesOfRow = 8;
 // What a pattern takes besides its texels, about.
 constexpr std::size_t kBytesOfPattern = 256;
 
-// Frames of animations that are looked at, and texels; far more than any stage has that is not made
-// to keep the start-up busy.
-constexpr std::size_t kMostFrames = 262144;
+// Texels that are looked at; far more than any stage has that is not made to keep the start-up
+// busy.
 constexpr std::size_t kMostTexels = std::size_t{1} << 25U;
 
 // The most pieces that an axis may have in so many pixels of the view; copies that touch are one.
@@ -68,82 +68,22 @@ std::size_t WorkOf(const PatternKey& key, const SpriteEntry& sprite) {
 }
 
 // The keys of all patterns that a stage has a use for, the smallest patterns first.
-class WantedPatterns {
-public:
-    WantedPatterns(const StageModel& model, const DrawOptions& options)
-        : model_(model), options_(options) {
-        ListActionsOfControls();
-        for (const BackgroundElement& element : model.Elements) {
-            if (element.tileX != 0 || element.tileY != 0) {
-                AddOf(element);
+std::vector<PatternKey> WantedPatterns(const StageModel& model, const DrawOptions& options) {
+    std::vector<PatternKey> keys;
+    ForEachTiledPicture(
+        model, options.additions,
+        [&](const BackgroundElement& shown, const ElementPicture& picture) {
+            const Mixing mixing = MixingOf(shown, BlendingInForce(model, shown, options.additions));
+            if (const auto key = PatternFor(model, shown, picture, mixing, options)) {
+                keys.push_back(*key);
             }
-        }
-        std::ranges::sort(keys_, [](const PatternKey& a, const PatternKey& b) {
-            return std::pair(TexelsOf(a), a) < std::pair(TexelsOf(b), b);
         });
-        keys_.erase(std::unique(keys_.begin(), keys_.end()), keys_.end());
-    }
-
-    [[nodiscard]] const std::vector<PatternKey>& Keys() const { return keys_; }
-
-private:
-    // Any animated element may come to show these.
-    void ListActionsOfControls() {
-        for (const BgCtrlDef& group : model_.CtrlDefs) {
-            for (const BgCtrl& control : group.controls) {
-                if (control.kind == ControlKind::Anim) {
-                    actions_.push_back(control.actionIndex);
-                }
-            }
-        }
-        std::ranges::sort(actions_);
-        actions_.erase(std::unique(actions_.begin(), actions_.end()), actions_.end());
-    }
-
-    void AddOf(const BackgroundElement& element) {
-        BackgroundElement shown = element;
-        if (!ShowsFrames(element)) {
-            AddNow(shown);
-            return;
-        }
-        AddFrames(shown);
-        for (const Integer action : actions_) {
-            if (looked_ >= kMostFrames) {
-                break;
-            }
-            if (action != element.actionIndex) {
-                shown.actionIndex = action;
-                AddFrames(shown);
-            }
-        }
-    }
-
-    void AddFrames(BackgroundElement& shown) {
-        const StageAction* const action = ActionOf(model_, shown);
-        const std::size_t count = action == nullptr ? 0 : action->frames.size();
-        ++looked_;  // also where there is none
-        for (std::size_t i = 0; i < count && looked_ < kMostFrames; ++i, ++looked_) {
-            shown.frameIndex = static_cast<Integer>(i);
-            AddNow(shown);
-        }
-    }
-
-    void AddNow(const BackgroundElement& shown) {
-        const bool additions = options_.additions;
-        if (const std::optional<ElementPicture> picture = PictureOf(model_, shown, additions)) {
-            const Mixing mixing = MixingOf(shown, BlendingInForce(model_, shown, additions));
-            if (const auto key = PatternFor(model_, shown, *picture, mixing, options_)) {
-                keys_.push_back(*key);
-            }
-        }
-    }
-
-    const StageModel& model_;
-    DrawOptions options_;
-    std::vector<Integer> actions_;
-    std::vector<PatternKey> keys_;
-    std::size_t looked_ = 0;
-};
+    std::ranges::sort(keys, [](const PatternKey& a, const PatternKey& b) {
+        return std::pair(TexelsOf(a), a) < std::pair(TexelsOf(b), b);
+    });
+    keys.erase(std::unique(keys.begin(), keys.end()), keys.end());
+    return keys;
+}
 
 // What is seen at a place of the repeat: of all copies there the last one drawn that shows
 // something. A copy that is drawn later begins further to the right or further down.
@@ -195,11 +135,6 @@ std::shared_ptr<Direct3DTexture8> Drawn(const PatternKey& key, const SpriteEntry
     return texture;
 }
 
-bool HasPixels(const SpriteEntry& sprite) {
-    return sprite.texture != nullptr && sprite.texture->Width() == sprite.width &&
-           sprite.texture->Height() == sprite.height;
-}
-
 }  // namespace
 
 std::optional<PatternKey> PatternFor(const StageModel& model, const BackgroundElement& element,
@@ -240,11 +175,10 @@ const TilePattern* FindPattern(const StageModel& model, const PatternKey& key) {
 void MakeTilePatterns(StageModel& model, const ViewOptions& options, const View& view,
                       TextureMaker& maker) {
     model.TilePatterns.clear();
-    const WantedPatterns wanted(model, {options.Additions, view, {}});
     std::size_t bytes = 0;
     std::size_t texels = 0;
     try {
-        for (const PatternKey& key : wanted.Keys()) {
+        for (const PatternKey& key : WantedPatterns(model, {options.Additions, view, {}})) {
             const SpriteEntry& sprite = RecordAt(model.Sprites, key.sprite, "sprite");
             const std::size_t taken = TexelsOf(key) * sizeof(std::uint32_t) + kBytesOfPattern;
             const std::size_t work = WorkOf(key, sprite);

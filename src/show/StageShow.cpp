@@ -3,8 +3,10 @@
 
 #include <utility>
 
+#include "render/CopyStrip.h"
 #include "render/Frame.h"
 #include "render/PrepareStage.h"
+#include "render/SeenFrom.h"
 #include "render/TilePatterns.h"
 #include "show/FrameRate.h"
 #include "show/LoopKeys.h"
@@ -105,6 +107,10 @@ void StageShow::Prepare(const std::optional<CameraPlace>& camera, Messages& mess
     }
     PrepareElements(model_, options_, view_);
     MakeTilePatterns(model_, options_, view_, engine_.Device());
+    if (options_.Additions) {
+        NoteWhereSeen(model_, view_);
+    }
+    engine_.MakeStrip(StripLines(model_, options_, view_));
     if (testChar_.UseChar) {
         LoadTestChar(messages);
     }
@@ -143,6 +149,9 @@ bool StageShow::Draw(bool info) {
         return false;
     }
     edited_ = false;  // a key may still act after the drawing
+    if (flags_.DebugBG != 0) {
+        ForgetWhereSeen(model_);
+    }
     longPass_.Begin();
     DrawScene(engine_, tiles_, flags_, this);
     longPass_.End();
@@ -173,6 +182,7 @@ bool StageShow::CountAndTell(bool info) {
 void StageShow::EditWhilePaused() {
     editor_.AtEndOfPass();
     if (edited_) {
+        ForgetWhereSeen(model_);
         longPass_.Begin();
         DrawSceneAgain(engine_, tiles_, flags_, this);
         edited_ = longPass_.GivenUp();

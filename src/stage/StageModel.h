@@ -33,6 +33,18 @@ inline constexpr std::size_t kMaxRecords = std::numeric_limits<Integer>::max();
 
 inline constexpr std::size_t kCacheLine = 64;
 
+// Places of the camera, x as CamX has it; everywhere, to begin with.
+struct CameraBox {
+    Single left = -std::numeric_limits<Single>::infinity();
+    Single right = std::numeric_limits<Single>::infinity();
+    Single high = -std::numeric_limits<Single>::infinity();
+    Single low = std::numeric_limits<Single>::infinity();
+
+    [[nodiscard]] bool Has(Single x, Single y) const {
+        return x >= left && x <= right && y >= high && y <= low;
+    }
+};
+
 // One [BG ...] section.
 struct alignas(kCacheLine) BackgroundElement {
     // What a frame looks at of an element that is not seen, of which there may be thousands: one
@@ -45,32 +57,38 @@ struct alignas(kCacheLine) BackgroundElement {
     Integer spriteIndex = 0;  // into Sprites; -1 = no picture, -2 = pictures of an action
     Integer linkParent = 0;   // runtime: the index of the element that it is linked to
     Integer actionIndex = 0;  // into Actions for "anim"; else the number as the file has it
-    Single posX = 0;          // runtime, plainly: where it is drawn now
-    Single posY = 0;
-    Single velocityX = 0;  // drift per frame
+    Single velocityX = 0;     // drift per frame
     Single velocityY = 0;
     Long tileX = 0;  // 0 = one picture, 1 = without end, n = n pictures
     Long tileY = 0;
-    std::array<Single, 2> sinOffset{};   // runtime: where the swing stands now
-    std::array<Single, 2> ctrlOffset{};  // runtime: offsets by its link
+    CameraBox seenFrom;  // addition, runtime, no part of a stage as written out: where the camera
+                         // has to be for it to be seen, of one that nothing moves
+    Integer frameIndex = 0;  // runtime: the action's frame on screen
+    Integer frameTime = 0;   // runtime: ticks that are left of it
     Single sinYAmplitude = 0;
     std::array<Single, 3> sinState{};  // runtime: sideways swing (amplitude, period, phase)
 
+    // What it takes to place it: the next line of the cache.
+    std::array<double, 2> motion{};  // addition, runtime: the same as ctrlPos, summed more exactly
+    std::array<Single, 2> sinOffset{};   // runtime: where the swing stands now
+    std::array<Single, 2> ctrlOffset{};  // runtime: offsets by its link
+    Single posX = 0;                     // runtime, plainly: where it is drawn now
+    Single posY = 0;
+    Long startX = 0;  // where the element's axis point stands, from the middle of the view
+    Long startY = 0;
+    std::array<Single, 2> startFraction{};  // addition: what these leave of the file's values
+    Single deltaX = 1.0F;                   // how far it moves per unit of the camera
+    Single deltaY = 1.0F;
+
     Single sinYPeriod = 0;            // ticks of a swing; plainly of half a swing
     Single sinYPhase = 0;             // degrees; plainly ticks, runtime: the swing's time
-    Integer frameIndex = 0;           // runtime: the action's frame on screen
-    Integer frameTime = 0;            // runtime: ticks that are left of it
     Integer positionlink = 0;         // not 0: stands relative to the last element without it
     std::array<Single, 2> linkSin{};  // runtime: of a linked element: where its parent's stands
     std::array<Single, 4> ctrlPos{};  // runtime: 0 and 1: motion that is not the camera's
-    Single deltaX = 1.0F;             // how far it moves per unit of the camera
-    Single deltaY = 1.0F;
-    std::string type;      // "normal", "parallax", "anim", "dummy", or a word of no kind
-    Integer mask = 0;      // 1 = colour 0 is transparent
-    Long spriteGroup = 0;  // the picture, by its numbers in the archive
+    std::string type;                 // "normal", "parallax", "anim", "dummy", or a word of no kind
+    Integer mask = 0;                 // 1 = colour 0 is transparent
+    Long spriteGroup = 0;             // the picture, by its numbers in the archive
     Integer spriteImage = 0;
-    Long startX = 0;  // where the element's axis point stands, from the middle of the view
-    Long startY = 0;
     Long tileSpacingX = 0;
     Long tileSpacingY = 0;
     Integer lastTileIndex = 0;  // runtime
@@ -97,16 +115,16 @@ struct alignas(kCacheLine) BackgroundElement {
     std::array<Single, 2> deltaRead{1.0F, 1.0F};
 
     // Additions.
-    Byte alphaDestinationGiven = 0;         // 1 = alphaDestination is the file's
-    Byte framesBlend = 1;                   // 0 = what trans says holds for every frame, none too
-    Byte tileSpacingGiven = 0;              // bits: 1 = across, 2 = down
-    Byte picturesGiven = 0;                 // kGivenSprite, kGivenAction
-    std::array<Long, 2> swingTick{};        // runtime: the frame that each swing is in
-    std::array<Single, 2> startFraction{};  // what startX and startY leave of the file's values
-    std::array<double, 2> motion{};         // runtime: the same as ctrlPos, summed more exactly
+    Byte alphaDestinationGiven = 0;   // 1 = alphaDestination is the file's
+    Byte framesBlend = 1;             // 0 = what trans says holds for every frame, none too
+    Byte tileSpacingGiven = 0;        // bits: 1 = across, 2 = down
+    Byte picturesGiven = 0;           // kGivenSprite, kGivenAction
+    std::array<Long, 2> swingTick{};  // runtime: the frame that each swing is in
 };
-static_assert(offsetof(BackgroundElement, sinYPeriod) - 2 * sizeof(Single) <= kCacheLine,
+static_assert(offsetof(BackgroundElement, sinState) + sizeof(Single) <= kCacheLine,
               "up to the amplitude of the sideways swing");
+static_assert(offsetof(BackgroundElement, deltaY) + sizeof(Single) <= 2 * kCacheLine,
+              "all that it takes to place one that is not linked");
 
 // Which of its keys for pictures an element was given.
 inline constexpr Byte kGivenSprite = 1;

@@ -4,6 +4,7 @@
 // tilings of all kinds, beside the same drawn copy by copy.
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstdint>
 #include <optional>
 #include <random>
@@ -16,6 +17,7 @@
 #include "frames/SoftEngine.h"
 #include "render/BlendStates.h"
 #include "render/BlendedBlit.h"
+#include "render/CopyStrip.h"
 #include "render/ElementDrawing.h"
 #include "render/ElementWindow.h"
 #include "render/ParallaxRows.h"
@@ -59,6 +61,7 @@ public:
         options.view = ViewOf(model, {options.additions});
         PrepareElements(model, {options.additions}, options.view);
         MakeTilePatterns(model, {options.additions}, options.view, engine.Device());
+        engine.MakeStrip(StripLines(model, {options.additions}, options.view));
     }
 
     std::vector<std::uint32_t> Drawn() {
@@ -81,43 +84,66 @@ private:
         return {pixels.begin(), pixels.end()};
     }
 
-    // Along an axis, in pixels of the picture, and how many times they are enlarged.
+    // Along an axis, in pixels of the picture, and how large they are drawn.
     struct Run {
         Long count;
         std::int64_t step;
         std::int64_t size;
-        std::int64_t times;
+        double scale;
     };
 
+    [[nodiscard]] static std::int64_t Rounded(double place) {
+        return static_cast<std::int64_t>(std::floor(place + 0.5));
+    }
+
     // Where copies stand that touch these pixels: the rule, as it is written down.
-    [[nodiscard]] static std::vector<std::int64_t> Positions(const Run& run, bool animated,
-                                                             bool additions, std::int64_t position,
-                                                             const PixelRange& visible) {
+    [[nodiscard]] static std::vector<PixelRange> Places(const Run& run, bool animated,
+                                                        bool additions, double position,
+                                                        const PixelRange& visible) {
         const Long count = run.count;
         const bool oneCopy = additions && run.step < 0;
         const bool noDistance = count == 1 && animated && run.step <= 1 && !oneCopy;
-        const std::int64_t size = run.size * run.times;
-        const std::int64_t step = noDistance ? size : run.step * run.times;
-        if (count == 0 || step == 0 || (step < 0 && (count == 1 || additions))) {
-            return {position};
+        const std::int64_t step = noDistance ? run.size : run.step;
+        if (count != 0 && step < 0 && count != 1 && !additions) {
+            return {};
         }
-        std::vector<std::int64_t> positions;
-        if (step < 0) {
-            return positions;
+        const bool once = count == 0 || step <= 0;
+        const auto begin = [&](std::int64_t k) {
+            return Rounded(position + static_cast<double>(k * step) * run.scale);
+        };
+        const auto place = [&](std::int64_t k) {
+            const std::int64_t end =
+                Rounded(position + static_cast<double>(k * step + run.size) * run.scale);
+            return PixelRange{begin(k),
+                              once || step < run.size ? end : std::min(end, begin(k + 1))};
+        };
+        if (once) {
+            return {place(0)};
         }
-        const std::int64_t near = (visible.from - size - position) / step - 1;
+        std::vector<PixelRange> places;
         const bool endless = count == 1;
+        const double apart = static_cast<double>(step) * run.scale;
+        const double back = static_cast<double>(run.size) * run.scale + 2;
+        const auto near = static_cast<std::int64_t>(
+            std::floor((static_cast<double>(visible.from) - back - position) / apart));
         for (std::int64_t k = endless ? near : std::max<std::int64_t>(near, 0);
-             (endless || k < count) && position + k * step < visible.to; ++k) {
-            if (position + k * step + size > visible.from) {
-                positions.push_back(position + k * step);
+             (endless || k < count) && begin(k) < visible.to; ++k) {
+            if (const PixelRange at = place(k); at.to > visible.from && !at.IsEmpty()) {
+                places.push_back(at);
             }
         }
-        return positions;
+        return places;
     }
 
     [[nodiscard]] std::int64_t StepOf(Long spacing, Integer size) const {
         return TileStep(spacing, size, model.Elements.front().kind == ElementKind::Animated);
+    }
+
+    // Where a picture begins: at its own size, or a whole multiple of it, on a whole pixel.
+    [[nodiscard]] double Start(double place, double scale) const {
+        return scale == std::floor(scale)
+                   ? static_cast<double>(WholePixel(place, options.additions))
+                   : place;
     }
 
     void DrawCopies() {
@@ -126,10 +152,8 @@ private:
         if (!placed) {
             return;
         }
-        const Long left = WholePixel(placed->x, options.additions);
-        const Long top = WholePixel(placed->y, options.additions);
-        const auto timesX = static_cast<std::int64_t>(placed->scaleX);
-        const auto timesY = static_cast<std::int64_t>(placed->scaleY);
+        const double left = Start(placed->x, placed->scaleX);
+        const double top = Start(placed->y, placed->scaleY);
         const SpriteEntry& sprite = model.Sprites.front();
         const Blending blending = BlendingInForce(model, element, options.additions);
         const bool blended = blending.kind != BlendKind::None;
@@ -152,14 +176,14 @@ private:
                 engine.Blit(sprite, *quad, style);
             }
         };
-        const auto across = [&](std::int64_t x, std::int64_t y, std::int64_t height,
+        const auto across = [&](double x, const PixelRange& lines, std::int64_t height,
                                 std::int64_t source) {
             const Long count = once ? 0 : element.tileX;
-            const Run run{count, StepOf(element.tileSpacingX, sprite.width), sprite.width, timesX};
-            for (const std::int64_t at :
-                 Positions(run, animated, options.additions, x, seen.columns)) {
-                draw({at, y, sprite.width * timesX, height * timesY, 0, source, sprite.width,
-                      height});
+            const Run run{count, StepOf(element.tileSpacingX, sprite.width), sprite.width,
+                          placed->scaleX};
+            for (const PixelRange& at : Places(run, animated, options.additions, x, seen.columns)) {
+                draw({at.from, lines.from, at.to - at.from, lines.to - lines.from, 0, source,
+                      sprite.width, height});
             }
         };
         if (element.kind == ElementKind::Parallax) {
@@ -170,14 +194,18 @@ private:
                 const double x = options.additions ? 160 + (placed->axisX - 160) * speed +
                                                          placed->fromAxisX * placed->scaleX
                                                    : placed->x + shear * (speed - 1);
-                across(WholePixel(x, options.additions), top + row * timesY, 1, row);
+                const auto edge = [&](std::int64_t at) {
+                    return Rounded(top + static_cast<double>(at) * placed->scaleY);
+                };
+                if (edge(row) < edge(row + 1)) {
+                    across(Start(x, placed->scaleX), {edge(row), edge(row + 1)}, 1, row);
+                }
             }
         } else {
             const Long count = once ? 0 : element.tileY;
             const Run run{count, StepOf(element.tileSpacingY, sprite.height), sprite.height,
-                          timesY};
-            for (const std::int64_t at :
-                 Positions(run, animated, options.additions, top, seen.rows)) {
+                          placed->scaleY};
+            for (const PixelRange& at : Places(run, animated, options.additions, top, seen.rows)) {
                 across(left, at, sprite.height, 0);
             }
         }
@@ -231,8 +259,8 @@ public:
         constexpr std::array<const char*, 5> kFlips{"", "", "v", "h", "hv"};
         StageFrame& frame = tiled.model.Actions.front().frames.front();
         frame.flip = kFlips.at(Index(5));
-        tiled.model.StageXScale = static_cast<Single>(Below(4) == 0 ? Between(2, 5) : 1);
-        tiled.model.StageYScale = static_cast<Single>(Below(4) == 0 ? Between(2, 5) : 1);
+        tiled.model.StageXScale = Scale();
+        tiled.model.StageYScale = Scale();
         tiled.Prepare();
         tiled.model.CamX = static_cast<Single>(Between(-60, 60));
         tiled.options.camera = {tiled.model.CamX, 0};
@@ -250,6 +278,14 @@ private:
     Long Spacing(Integer size, bool animated) {
         const Long gap = Below(3) == 0 ? 0 : Between(-size, 7);
         return Below(8) == 0 ? Between(-50, 300) : gap + (animated ? size : 0);
+    }
+
+    Single Scale() {
+        switch (Below(6)) {
+            case 0: return static_cast<Single>(Between(2, 5));
+            case 1: return static_cast<Single>(Between(100, 400)) / 100;
+            default: return 1;
+        }
     }
 
     std::uint32_t Texel(int alphas) {
@@ -286,10 +322,12 @@ TEST(TiledPictures, AreTheSameAsCopyByCopy) {
     RandomTiling random(1);
     TiledElement tiled;
     int patterns = 0;
+    int strips = 0;
     const int rounds = Rounds(4000);
     for (int round = 0; round < rounds; ++round) {
         random.Make(tiled);
         patterns += tiled.model.TilePatterns.empty() ? 0 : 1;
+        strips += tiled.engine.Strip() == nullptr ? 0 : 1;
         const std::vector<std::uint32_t> drawn = tiled.Drawn();
         const std::vector<std::uint32_t> expected = tiled.DrawnCopyByCopy();
         const std::size_t place = FirstDifference(drawn, expected);
@@ -297,6 +335,7 @@ TEST(TiledPictures, AreTheSameAsCopyByCopy) {
                                   << place % View().width << "," << place / View().width;
     }
     EXPECT_GT(patterns, rounds / 10);
+    EXPECT_GT(strips, rounds / 10);
 }
 
 }  // namespace
