@@ -124,8 +124,9 @@ IndexedPicture DrawBank(const CloudBank& bank) {
             // Thin edges towards the sun let its light through.
             const double lining = (1 - place.edge) * (1 - place.edge) *
                                   Rise(0.0, 0.9, -0.75 * place.x - 0.6 * place.y);
-            const double level = 0.42 + 0.46 * SunOn(place) + 0.42 * lining + 0.34 * (flow - 0.5);
-            const double hazy = bank.haze * Rise(bank.mistFrom, bank.crest - bank.swell, y);
+            const double level = 0.42 + 0.46 * SunOn(place) + 0.42 * lining + 0.34 * (flow - 0.5) +
+                                 0.12 * (bend.At(x + 13.0, y * 2.0) - 0.5);
+            const double hazy = bank.haze * Rise(bank.mistTo, bank.crest - bank.swell, y);
             const Light heap = place.there ? Mixed(Tone(bank, level), bank.far, hazy) : bank.mist;
             const Light veil = Mixed(bank.mist, Tone(bank, 0.75), 0.45 * Rise(0.45, 0.85, flow));
             painting.Set(x, y, Mixed(heap, veil, mist));

@@ -66,11 +66,12 @@ public:
         Light wood = Mixed(Light{0.34, 0.255, 0.27}, Light{0.50, 0.345, 0.275}, hue);
         wood = wood * (0.74 + 0.34 * own + 0.42 * (fibre - 0.5) + 0.12 * (ring - 0.5));
 
-        const double pixel = 1 / near;  // a pixel's width, on the floor
-        const double gap = std::min(inPlank, kPlank - inPlank);
+        // How far the nearest seam is, in pixels across it: far to the side they run flat.
+        const double steep = 1 / std::hypot(1.0, across / (kFeet - kHorizon));
+        const double gap = std::min(inPlank, kPlank - inPlank) * near * steep;
         const double joint = std::min(inBoard, kLength - inBoard) * near * near * 0.36;
         const double groove =
-            std::max(Rise(1.5 * pixel + 0.6, 0.4 * pixel, gap), 0.8 * Rise(1.2, 0.3, joint));
+            std::max(Rise(0.5 + 1.1 * near, 0.2, gap), 0.8 * Rise(1.2, 0.3, joint));
         const double bevel = Rise(5, 1.5, inPlank) * (1 - groove);
         const double nail = NailAt(inPlank, inBoard, near);
 
@@ -94,7 +95,8 @@ private:
         const double side =
             std::min(std::abs(inPlank - kPlank * 0.22), std::abs(inPlank - kPlank * 0.78));
         const double along = std::min(std::abs(inBoard - 9), std::abs(inBoard - kLength + 9));
-        return Rise(2.3, 1.2, std::hypot(side * near, along * near * near * 0.36));
+        return Rise(2.3, 1.2, std::hypot(side * near, along * near * near * 0.36)) *
+               Rise(0.62, 0.80, near);
     }
 
     NoiseSheet grain_{1193, 16, 4, 0.6};

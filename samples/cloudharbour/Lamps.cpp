@@ -106,8 +106,14 @@ IndexedPicture DrawFrontPost() {
                       {kMiddle + strand + 5, row + 8 + 0.07 * strand}, 1.4, {0.10, 0.07, 0.11});
         }
     }
-    PaintRope(painting, {kMiddle + kHalf - 6, 244}, {kWidth - 4.0, 588}, -40, 15,
-              {0.30, 0.22, 0.22});
+    const Point from{kMiddle + kHalf - 6, 244};
+    const Point to{kWidth - 8.0, 588};
+    PaintRope(painting, from, to, 0, 15, {0.30, 0.22, 0.22});
+    for (double part = 0.01; part < 1; part += 0.026) {
+        const Point middle{from.x + (to.x - from.x) * part, from.y + (to.y - from.y) * part};
+        PaintLine(painting, {middle.x - 6, middle.y - 5}, {middle.x + 6, middle.y + 3}, 1.4,
+                  {0.10, 0.07, 0.11});
+    }
     return painting.ToPicture();
 }
 

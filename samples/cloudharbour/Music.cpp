@@ -6,8 +6,8 @@
 #include <cstdint>
 #include <string_view>
 
+#include "MelodyLine.h"
 #include "cloudharbour/CloudHarbour.h"
-#include "samplemaker/Melody.h"
 #include "samplemaker/MidiWriter.h"
 
 namespace scenara::samples {
@@ -54,42 +54,21 @@ constexpr std::string_view kHighStrings =
     "| B4 - - - - - - - | D5 - - - - - - - | D5 - - - - - - - | C#5 - - - - - - -"
     "| A4 - - - - - - - | G#4 - - - - - - - | B4 - - - - - C#5 - | A4 - - - - - - -";
 
-constexpr std::uint16_t kTicksPerQuarter = 96;
-constexpr std::uint32_t kTicksPerStep = kTicksPerQuarter / 2;
-constexpr std::uint32_t kStepsPerBar = 8;
 constexpr std::uint32_t kMicrosecondsPerQuarter = 780000;
-
-struct Voice {
-    std::string_view line;
-    std::uint32_t firstBar = 0;
-    std::uint8_t loudness = 90;
-    std::uint32_t ring = 0;  // ticks that a note sounds on after its written length
-};
-
-void Add(MidiPart& part, const Voice& voice, std::uint32_t end) {
-    for (const samplemaker::MelodyNote& note : samplemaker::ReadMelody(voice.line).notes) {
-        const std::uint32_t start = (voice.firstBar * kStepsPerBar + note.start) * kTicksPerStep;
-        const std::uint32_t length = note.length * kTicksPerStep + voice.ring;
-        // A bar's first step carries it; what lies between is lighter.
-        const int accent = note.start % kStepsPerBar == 0 ? 10 : 0;
-        part.notes.push_back({start, start + length > end ? end - start : length, note.key,
-                              static_cast<std::uint8_t>(voice.loudness + accent)});
-    }
-}
 
 }  // namespace
 
 std::vector<std::byte> CloudHarbourMusic() {
-    const std::uint32_t end = samplemaker::ReadMelody(kHarp).steps * kTicksPerStep;
+    const std::uint32_t end = TicksOf(kHarp);
     MidiPart harp{.name = "Harp", .channel = 0, .program = 46, .volume = 112, .pan = 50};
     MidiPart oboe{.name = "Oboe", .channel = 1, .program = 68, .volume = 84, .pan = 76};
     MidiPart flute{.name = "Flute", .channel = 2, .program = 73, .volume = 92, .pan = 58};
     MidiPart strings{.name = "Strings", .channel = 3, .program = 49, .volume = 70, .pan = 64};
-    Add(harp, {kHarp, 0, 78, kTicksPerStep * 2}, end);
-    Add(oboe, {kOboeFromBar3, 2, 82}, end);
-    Add(flute, {kFluteFromBar11, 10, 84}, end);
-    Add(strings, {kLowStrings, 0, 66}, end);
-    Add(strings, {kHighStrings, 0, 62}, end);
+    AddLine(harp, {.text = kHarp, .loudness = 78, .ring = kTicksPerStep * 2}, end);
+    AddLine(oboe, {.text = kOboeFromBar3, .firstBar = 2, .loudness = 82}, end);
+    AddLine(flute, {.text = kFluteFromBar11, .firstBar = 10, .loudness = 84}, end);
+    AddLine(strings, {.text = kLowStrings, .loudness = 66}, end);
+    AddLine(strings, {.text = kHighStrings, .loudness = 62}, end);
     return samplemaker::WriteMidi({.ticksPerQuarter = kTicksPerQuarter,
                                    .microsecondsPerQuarter = kMicrosecondsPerQuarter,
                                    .length = end,

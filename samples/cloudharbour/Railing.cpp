@@ -68,7 +68,7 @@ IndexedPicture DrawBollard() {
     constexpr int kWidth = 120;
     constexpr int kHeight = 84;
     constexpr double kMiddle = 50;
-    constexpr Light kCast{0.25, 0.235, 0.32};
+    constexpr Light kCast{0.34, 0.30, 0.37};
     Painting painting(kWidth, kHeight);
     PaintBall(painting, {kMiddle + 18, 76}, 44, 5, {0.13, 0.10, 0.15});  // its shadow
     PaintBall(painting, {kMiddle, 72}, 28, 7, kCast);

@@ -20,7 +20,7 @@ constexpr int kTop = -16;
 constexpr int kHeight = 460;
 
 struct Stop {
-    double row;
+    double row = 0;
     Light light;
 };
 
@@ -95,6 +95,25 @@ void PaintStars(Painting& painting) {
     }
 }
 
+// The old moon, a sickle that looks at the sun.
+void PaintMoon(Painting& painting) {
+    constexpr double kX = 716;
+    constexpr double kY = 74;
+    constexpr double kRadius = 15;
+    for (int y = -40; y <= 40; ++y) {
+        for (int x = -40; x <= 40; ++x) {
+            const double away = std::hypot(x, y);
+            const double dark = std::hypot(x - 6.5, y + 5.0);  // the part without sun
+            const double sickle =
+                Rise(kRadius + 0.8, kRadius - 0.8, away) * Rise(kRadius - 1.8, kRadius + 1.2, dark);
+            const double glow = Rise(40, 0, away);
+            painting.Add(
+                static_cast<int>(kX) + x, static_cast<int>(kY) + y,
+                Light{0.80, 0.74, 0.66} * sickle + Light{0.055, 0.05, 0.07} * (glow * glow));
+        }
+    }
+}
+
 }  // namespace
 
 IndexedPicture DrawSky() {
@@ -106,6 +125,7 @@ IndexedPicture DrawSky() {
         return streaks.Over(ClearSkyAt(x, row), x, row);
     });
     PaintStars(painting);
+    PaintMoon(painting);
     return painting.ToPicture();
 }
 

@@ -20,7 +20,9 @@ PuffField Crown(double width, double height, std::uint32_t seed) {
     for (int tuft = 0; tuft < kTufts; ++tuft) {
         const double angle = random.Between(0, 6.283);
         const double out = std::sqrt(random.Unit()) * 0.78;
-        const double radius = std::min(radiusX, radiusY) * random.Between(0.22, 0.42);
+        // A slim crown needs larger ones to hold together.
+        const double radius =
+            std::min(radiusX, radiusY) * random.Between(0.22, 0.42) * (radiusX < radiusY ? 2 : 1);
         field.Add({form.x + out * radiusX * std::cos(angle),
                    form.y + out * radiusY * std::sin(angle), radius, radiusX * (1 - out)},
                   form, 0.6);

@@ -178,7 +178,7 @@ TEST_F(ScenaraShotFrames, TheBundledStagesCoverTheViewAtEveryBound) {
         PutStage("holes.def", definition.replace(place, hidden.size(), "debugbg = 1"));
         for (const char* keys : {"left:200", "right:200", "left+up:200", "right+up:200"}) {
             EXPECT_EQ(Run("--mugen " SCENARA_BUNDLED_DATA " " + Path("mugen/stages/holes.def") +
-                          " --keys " + keys + " --frames 700 --out " + Path("a.png")),
+                          " --keys " + keys + " --frames 210 --out " + Path("a.png")),
                       0);
             const auto pixels = Read("a.png");
             EXPECT_EQ(std::count(pixels.begin(), pixels.end(), 0xFFFF00FFU), 0)
