@@ -105,7 +105,8 @@ IndexedPicture DrawBank(const CloudBank& bank) {
     const NoiseSheet bend(bank.seed + 1, 8, 4, 0.45);
     const NoiseSheet drift(bank.seed + 2, 4, 4);
     const double fray = std::min(24.0, bank.radius * 0.45);
-    const double soft = bank.mistTo - bank.mistFrom;
+    const double depth = bank.mistTo - bank.mistFrom;
+    const double soft = std::min(16.0, bank.radius * 0.5);
     Painting painting(bank.width, bank.height);
     for (int x = 0; x < bank.width; ++x) {
         // From here on every pixel is cloud, whatever gaps the heaps leave.
@@ -116,18 +117,18 @@ IndexedPicture DrawBank(const CloudBank& bank) {
             const double warpDown = bend.At(x + 97.0, y + 31.0) - 0.5;
             const PuffPlace& place = field.At(x + fray * warp, (y + fray * warpDown) / bank.squash);
             const bool outline = place.edge < 0.22 * samplemaker::DitherThreshold(x, y);
-            if ((!place.there || outline) && y < full + 16 * samplemaker::DitherThreshold(x, y)) {
+            if ((!place.there || outline) && y < full + soft * samplemaker::DitherThreshold(x, y)) {
                 continue;
             }
             const double flow = drift.At(x * 0.5, y * 1.5);
-            const double mist = Rise(bank.mistFrom, bank.mistTo, y + (flow - 0.5) * 0.9 * soft);
+            const double mist = Rise(bank.mistFrom, bank.mistTo, y + (flow - 0.5) * 0.9 * depth);
             // Thin edges towards the sun let its light through.
             const double lining = (1 - place.edge) * (1 - place.edge) *
                                   Rise(0.0, 0.9, -0.75 * place.x - 0.6 * place.y);
             const double level = 0.42 + 0.46 * SunOn(place) + 0.42 * lining + 0.34 * (flow - 0.5) +
                                  0.12 * (bend.At(x + 13.0, y * 2.0) - 0.5);
             const double hazy = bank.haze * Rise(bank.mistTo, bank.crest - bank.swell, y);
-            const Light heap = place.there ? Mixed(Tone(bank, level), bank.far, hazy) : bank.mist;
+            const Light heap = Mixed(place.there ? Tone(bank, level) : bank.mist, bank.far, hazy);
             const Light veil = Mixed(bank.mist, Tone(bank, 0.75), 0.45 * Rise(0.45, 0.85, flow));
             painting.Set(x, y, Mixed(heap, veil, mist));
         }

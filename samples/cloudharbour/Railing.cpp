@@ -77,7 +77,8 @@ IndexedPicture DrawBollard() {
         PaintBeam(painting, {{kMiddle - 17, row - 1.5}, {kMiddle + 17, row + 1.5}, 6.6, 6.6},
                   {0.64, 0.50, 0.38});
     }
-    PaintRope(painting, {kMiddle + 15, 60}, {kMiddle + 60, 76}, 8, 6, {0.60, 0.46, 0.36});
+    // Its end goes over the edge of the landing stage.
+    PaintRope(painting, {kMiddle + 14, 47}, {kMiddle + 62, 51}, 8, 6, {0.60, 0.46, 0.36});
     PaintBall(painting, {kMiddle, 20}, 25, 13, kCast * 1.15);
     PaintBall(painting, {kMiddle, 11}, 15, 5, kCast * 1.4);
     return painting.ToPicture();

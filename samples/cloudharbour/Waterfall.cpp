@@ -48,8 +48,8 @@ IndexedPicture DrawGlimmer() {
     painting.Fill([](int x, int y) {
         const double away = std::hypot(x + 0.5 - kSize / 2.0, y + 0.5 - kSize / 2.0);
         const double edge = Rise(kSize / 2.0, kSize / 4.0, away);
-        return Light{0.58, 0.34, 0.13} *
-               ((0.55 * std::exp(-away / 24) + 0.45 * std::exp(-away / 8)) * edge);
+        return Light{0.70, 0.40, 0.15} *
+               ((0.55 * std::exp(-away / 24) + 0.45 * std::exp(-away / 12)) * edge);
     });
     painting.LeaveOutDarkness();
     return painting.ToPicture();

@@ -85,7 +85,7 @@ double NoiseSheet::At(double x, double y) const {
     const auto down = static_cast<float>(y - top);
     const float above = Between(values_[y0 * kSize + x0], values_[y0 * kSize + x1], across);
     const float below = Between(values_[y1 * kSize + x0], values_[y1 * kSize + x1], across);
-    return double{Between(above, below, down)};
+    return static_cast<double>(Between(above, below, down));
 }
 
 }  // namespace scenara::samples
