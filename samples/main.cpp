@@ -16,6 +16,8 @@
 #include <string_view>
 #include <vector>
 
+#include "cloudharbour/CloudHarbour.h"
+#include "cloudharbour/Definition.h"
 #include "lanternkeeper/Animations.h"
 #include "lanternkeeper/Constants.h"
 #include "lanternkeeper/Definition.h"
@@ -78,12 +80,15 @@ void MakeFolder(const fs::path& folder) {
         fs::create_directories(folder / name);
     }
     WriteLanternKeeper(folder / "chars" / "lanternkeeper");
+    WriteStage(folder / "stages", "cloudharbour", scenara::samples::kCloudHarbourDefinition,
+               scenara::samples::CloudHarbourArchive());
     WriteStage(folder / "stages", "lanternpier", scenara::samples::kLanternPierDefinition,
                scenara::samples::LanternPierArchive());
     WriteStage(folder / "stages", "nightexpress", scenara::samples::kNightExpressDefinition,
                scenara::samples::NightExpressArchive());
     WriteStage(folder / "stages", "thousandpanes", scenara::samples::kThousandPanesDefinition,
                scenara::samples::ThousandPanesArchive());
+    WriteFile(folder / "sound/harbour.mid", scenara::samples::CloudHarbourMusic());
     WriteFile(folder / "sound/pier.mid", scenara::samples::LanternPierMusic());
     WriteFile(folder / "sound/express.mod", scenara::samples::NightExpressMusic());
     WriteFile(folder / "sound/panes.wav", scenara::samples::ThousandPanesMusic());

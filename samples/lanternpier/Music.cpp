@@ -6,8 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "MelodyLine.h"
 #include "lanternpier/LanternPier.h"
-#include "samplemaker/Melody.h"
 #include "samplemaker/MidiWriter.h"
 
 namespace scenara::samples {
@@ -37,9 +37,6 @@ constexpr std::string_view kBass =
     "| D3 - - - D2 - - - | D3 - - - D2 - - - | Bb2 - - - Bb2 - - - | A2 - - - A2 - - -"
     "| D3 - - - F3 - - - | Bb2 - - - Bb2 - - - | A2 - - - A2 - - - | D3 - - - D2 - - .";
 
-constexpr std::uint16_t kTicksPerQuarter = 96;
-constexpr std::uint32_t kTicksPerStep = kTicksPerQuarter / 2;
-constexpr std::uint32_t kStepsPerBar = 8;
 constexpr std::uint32_t kMicrosecondsPerQuarter = 790000;
 
 constexpr std::uint8_t kKotoProgram = 107;
@@ -47,29 +44,20 @@ constexpr std::uint8_t kFluteProgram = 77;
 constexpr std::uint8_t kHarpProgram = 46;
 
 // Plucked strings ring on a little behind the written length; a flute takes breath.
-void Add(MidiPart& part, std::string_view line, std::uint32_t firstStep, std::uint32_t end,
-         std::uint32_t ring) {
-    for (const samplemaker::MelodyNote& note : samplemaker::ReadMelody(line).notes) {
-        const std::uint32_t start = (firstStep + note.start) * kTicksPerStep;
-        const std::uint32_t length = note.length * kTicksPerStep + ring;
-        // The first step of a bar is played a little louder.
-        const bool accent = note.start % kStepsPerBar == 0;
-        part.notes.push_back({start, start + length > end ? end - start : length, note.key,
-                              static_cast<std::uint8_t>(accent ? 118 : 100)});
-    }
-}
+constexpr std::uint32_t kRing = kTicksPerStep - 1;
+constexpr std::uint8_t kAccent = 18;
 
 }  // namespace
 
 std::vector<std::byte> LanternPierMusic() {
-    const std::uint32_t end = samplemaker::ReadMelody(kKoto).steps * kTicksPerStep;
+    const std::uint32_t end = TicksOf(kKoto);
     MidiPart koto{.name = "Koto", .channel = 0, .program = kKotoProgram, .volume = 127, .pan = 54};
     MidiPart flute{
         .name = "Flute", .channel = 1, .program = kFluteProgram, .volume = 100, .pan = 80};
     MidiPart harp{.name = "Harp", .channel = 2, .program = kHarpProgram, .volume = 112, .pan = 64};
-    Add(koto, kKoto, 0, end, kTicksPerStep - 1);
-    Add(flute, kFluteFromBar9, kStepsPerBar * 8, end, 0);
-    Add(harp, kBass, 0, end, kTicksPerStep - 1);
+    AddLine(koto, {.text = kKoto, .accent = kAccent, .ring = kRing}, end);
+    AddLine(flute, {.text = kFluteFromBar9, .firstBar = 8, .accent = kAccent}, end);
+    AddLine(harp, {.text = kBass, .accent = kAccent, .ring = kRing}, end);
     return samplemaker::WriteMidi({.ticksPerQuarter = kTicksPerQuarter,
                                    .microsecondsPerQuarter = kMicrosecondsPerQuarter,
                                    .length = end,

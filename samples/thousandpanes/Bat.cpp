@@ -4,9 +4,9 @@
 #include <array>
 #include <cmath>
 
-#include "thousandpanes/Painting.h"
+#include "painting/Painting.h"
+#include "painting/Shapes.h"
 #include "thousandpanes/Pictures.h"
-#include "thousandpanes/Shapes.h"
 
 namespace scenara::samples {
 namespace {

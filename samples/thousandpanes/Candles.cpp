@@ -4,9 +4,9 @@
 #include <array>
 #include <cmath>
 
+#include "painting/Shapes.h"
 #include "thousandpanes/Glass.h"
 #include "thousandpanes/Pictures.h"
-#include "thousandpanes/Shapes.h"
 #include "thousandpanes/Stone.h"
 
 namespace scenara::samples {

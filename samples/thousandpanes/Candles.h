@@ -3,7 +3,7 @@
 // Candles, as many as a stand needs.
 #pragma once
 
-#include "thousandpanes/Painting.h"
+#include "painting/Painting.h"
 
 namespace scenara::samples {
 

@@ -4,11 +4,11 @@
 #include <cmath>
 #include <numbers>
 
+#include "painting/Painting.h"
+#include "painting/Shapes.h"
 #include "thousandpanes/Candles.h"
 #include "thousandpanes/Glass.h"
-#include "thousandpanes/Painting.h"
 #include "thousandpanes/Pictures.h"
-#include "thousandpanes/Shapes.h"
 #include "thousandpanes/Stone.h"
 
 namespace scenara::samples {

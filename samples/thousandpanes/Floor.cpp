@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include <cmath>
 
+#include "painting/Painting.h"
+#include "painting/Shapes.h"
 #include "samplemaker/Noise.h"
 #include "thousandpanes/FloorPlan.h"
 #include "thousandpanes/Glass.h"
-#include "thousandpanes/Painting.h"
 #include "thousandpanes/Pictures.h"
-#include "thousandpanes/Shapes.h"
 
 namespace scenara::samples {
 namespace {

@@ -5,12 +5,12 @@
 #include <algorithm>
 #include <cmath>
 
+#include "painting/Painting.h"
+#include "painting/Shapes.h"
 #include "thousandpanes/FloorPlan.h"
 #include "thousandpanes/Glass.h"
-#include "thousandpanes/Painting.h"
 #include "thousandpanes/Pictures.h"
 #include "thousandpanes/Rose.h"
-#include "thousandpanes/Shapes.h"
 
 namespace scenara::samples {
 namespace {

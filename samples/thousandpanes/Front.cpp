@@ -3,11 +3,11 @@
 // What stands between the viewer and the fighters: a tall candelabrum, dark against the hall.
 #include <cmath>
 
+#include "painting/Painting.h"
+#include "painting/Shapes.h"
 #include "thousandpanes/Candles.h"
 #include "thousandpanes/Glass.h"
-#include "thousandpanes/Painting.h"
 #include "thousandpanes/Pictures.h"
-#include "thousandpanes/Shapes.h"
 #include "thousandpanes/Stone.h"
 
 namespace scenara::samples {

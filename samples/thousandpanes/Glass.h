@@ -6,8 +6,8 @@
 
 #include <cstdint>
 
-#include "thousandpanes/Light.h"
-#include "thousandpanes/Shapes.h"
+#include "painting/Light.h"
+#include "painting/Shapes.h"
 
 namespace scenara::samples {
 

@@ -3,11 +3,11 @@
 // The ruby lamps on the columns: a gilded bracket, and a bowl of glass that one can see through.
 #include <cmath>
 
+#include "painting/Painting.h"
+#include "painting/Shapes.h"
 #include "thousandpanes/Candles.h"
 #include "thousandpanes/Glass.h"
-#include "thousandpanes/Painting.h"
 #include "thousandpanes/Pictures.h"
-#include "thousandpanes/Shapes.h"
 #include "thousandpanes/Stone.h"
 
 namespace scenara::samples {

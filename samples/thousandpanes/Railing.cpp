@@ -3,11 +3,11 @@
 // The iron railing at the floor's far edge, and the candle stands on it.
 #include <cmath>
 
+#include "painting/Painting.h"
+#include "painting/Shapes.h"
 #include "thousandpanes/Candles.h"
 #include "thousandpanes/Glass.h"
-#include "thousandpanes/Painting.h"
 #include "thousandpanes/Pictures.h"
-#include "thousandpanes/Shapes.h"
 #include "thousandpanes/Stone.h"
 
 namespace scenara::samples {

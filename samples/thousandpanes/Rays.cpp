@@ -3,12 +3,12 @@
 // Light in the air: the rays of the great window, the clouds that pass outside, and dust.
 #include <cmath>
 
+#include "painting/Painting.h"
+#include "painting/Shapes.h"
 #include "samplemaker/Noise.h"
 #include "thousandpanes/Glass.h"
-#include "thousandpanes/Painting.h"
 #include "thousandpanes/Pictures.h"
 #include "thousandpanes/Scene.h"
-#include "thousandpanes/Shapes.h"
 
 namespace scenara::samples {
 namespace {

@@ -4,12 +4,12 @@
 // wall's foot, since the stone is not quite even.
 #include <cmath>
 
+#include "painting/Painting.h"
+#include "painting/Shapes.h"
 #include "samplemaker/Noise.h"
-#include "thousandpanes/Painting.h"
 #include "thousandpanes/Pictures.h"
 #include "thousandpanes/Rose.h"
 #include "thousandpanes/Scene.h"
-#include "thousandpanes/Shapes.h"
 #include "thousandpanes/Wall.h"
 
 namespace scenara::samples {

@@ -4,7 +4,7 @@
 // stage shows it four times, mirrored.
 #pragma once
 
-#include "thousandpanes/Light.h"
+#include "painting/Light.h"
 
 namespace scenara::samples {
 

@@ -3,9 +3,9 @@
 
 #include <cmath>
 
+#include "painting/Shapes.h"
 #include "samplemaker/Noise.h"
 #include "thousandpanes/Scene.h"
-#include "thousandpanes/Shapes.h"
 
 namespace scenara::samples {
 

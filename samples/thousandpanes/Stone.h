@@ -6,7 +6,7 @@
 
 #include <cstdint>
 
-#include "thousandpanes/Light.h"
+#include "painting/Light.h"
 
 namespace scenara::samples {
 

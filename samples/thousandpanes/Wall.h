@@ -4,7 +4,7 @@
 // x counts from the middle of a bay.
 #pragma once
 
-#include "thousandpanes/Light.h"
+#include "painting/Light.h"
 
 namespace scenara::samples {
 

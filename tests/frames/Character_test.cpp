@@ -346,6 +346,7 @@ TEST_P(RealCharacters, StandWalkBothWaysAndTurn) {
 INSTANTIATE_TEST_SUITE_P(
     , RealCharacters,
     testing::Values(
+        RealCase{SCENARA_BUNDLED_DATA, "cloudharbour.def", "lanternkeeper/lanternkeeper.def"},
         RealCase{SCENARA_BUNDLED_DATA, "lanternpier.def", "lanternkeeper/lanternkeeper.def"},
         RealCase{SCENARA_BUNDLED_DATA, "thousandpanes.def", "lanternkeeper/lanternkeeper.def"},
         RealCase{SCENARA_SAMPLE_DATA, "kfm.def", "kfm/kfm.def"},

@@ -153,7 +153,8 @@ TEST_F(ScenaraShotFrames, WrongUseIsExplained) {
 
 // The whole of what an author sees: every stage, with the camera at every edge, without a word.
 TEST_F(ScenaraShotFrames, TheBundledStagesShowEverywhere) {
-    for (const char* stage : {"lanternpier.def", "nightexpress.def", "thousandpanes.def"}) {
+    for (const char* stage :
+         {"cloudharbour.def", "lanternpier.def", "nightexpress.def", "thousandpanes.def"}) {
         std::vector<std::vector<std::uint32_t>> pictures;
         for (const char* keys : {"none:1", "left:200", "right:200", "up:100"}) {
             EXPECT_EQ(Run("--mugen " SCENARA_BUNDLED_DATA " " + std::string(stage) + " --keys " +
@@ -162,6 +163,26 @@ TEST_F(ScenaraShotFrames, TheBundledStagesShowEverywhere) {
             EXPECT_EQ(err_, "") << stage;
             EXPECT_THAT(pictures, Each(testing::Ne(Read("a.png")))) << stage << ' ' << keys;
             pictures.push_back(Read("a.png"));
+        }
+    }
+}
+
+// With debugbg the view is magenta where no element is.
+TEST_F(ScenaraShotFrames, TheBundledStagesCoverTheViewAtEveryBound) {
+    const std::string hidden = "debugbg = 0";
+    for (const char* stage :
+         {"cloudharbour.def", "lanternpier.def", "nightexpress.def", "thousandpanes.def"}) {
+        std::string definition = Contents(SCENARA_BUNDLED_DATA "/stages/" + std::string(stage));
+        const auto place = definition.find(hidden);
+        ASSERT_NE(place, std::string::npos) << stage;
+        PutStage("holes.def", definition.replace(place, hidden.size(), "debugbg = 1"));
+        for (const char* keys : {"left:200", "right:200", "left+up:200", "right+up:200"}) {
+            EXPECT_EQ(Run("--mugen " SCENARA_BUNDLED_DATA " " + Path("mugen/stages/holes.def") +
+                          " --keys " + keys + " --frames 210 --out " + Path("a.png")),
+                      0);
+            const auto pixels = Read("a.png");
+            EXPECT_EQ(std::count(pixels.begin(), pixels.end(), 0xFFFF00FFU), 0)
+                << stage << ' ' << keys;
         }
     }
 }

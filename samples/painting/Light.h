@@ -22,6 +22,11 @@ constexpr Light operator*(const Light& light, double factor) {
     return {light.red * factor, light.green * factor, light.blue * factor};
 }
 
+// What a surface of one colour gives back of a light of another.
+constexpr Light operator*(const Light& surface, const Light& light) {
+    return {surface.red * light.red, surface.green * light.green, surface.blue * light.blue};
+}
+
 constexpr Light Mixed(const Light& from, const Light& to, double part) {
     return from * (1 - part) + to * part;
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "thousandpanes/Painting.h"
+#include "painting/Painting.h"
 
-#include "thousandpanes/Colours.h"
+#include "painting/Colours.h"
 
 namespace scenara::samples {
 Painting::Painting(int width, int height)

@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "ArchiveMaker.h"
-#include "thousandpanes/Light.h"
+#include "painting/Light.h"
 
 namespace scenara::samples {
 

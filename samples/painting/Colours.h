@@ -10,8 +10,8 @@
 #include <cstdint>
 #include <vector>
 
+#include "painting/Light.h"
 #include "samplemaker/Picture.h"
-#include "thousandpanes/Light.h"
 
 namespace scenara::samples {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "thousandpanes/Colours.h"
+#include "painting/Colours.h"
 
 #include <algorithm>
 #include <array>
