@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 //
-// A stage definition of tens of thousands of lines and thousands of elements into memory, every
-// line offered to every key of its section; without an archive.
+// Stages from the files into memory: a definition of tens of thousands of lines and thousands of
+// elements, every line offered to every key of its section, without an archive; and one of a few
+// lines with an archive, at single and at double detail.
 #include <algorithm>
+#include <filesystem>
 #include <stdexcept>
 #include <string>
 
@@ -15,6 +17,7 @@
 #include "platform/posix/ProgramFolder.h"
 #include "platform/soft/SoftDevice.h"
 #include "stage/LoadStage.h"
+#include "support/ArchiveFiles.h"
 
 namespace scenara::bench {
 namespace {
@@ -61,8 +64,39 @@ void LoadLargeDefinition(benchmark::State& state) {
     state.counters["lines"] = static_cast<double>(std::count(text.begin(), text.end(), '\n'));
 }
 
-// NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables): how the library lists rows.
+// The next one of many: into the memory that the one before left.
+void LoadWithArchive(benchmark::State& state, const char* detail) {
+    const TemporaryFolder folder;
+    PosixFiles files(folder.Path());
+    std::filesystem::copy_file(GeneratedArchives().front(), folder.Path() + "stage.sff");
+    std::string path = folder.Path() + "stage.def";
+    const auto file = files.OpenForWriting(path);
+    file->Write(std::string("[StageInfo]\r\n") + detail +
+                "[BGdef]\r\nspr = stage.sff\r\n[BG]\r\ntype = normal\r\nspriteno = 0,0\r\n");
+    file->Close();
+
+    SoftDevice device;
+    const ViewOptions view;
+    for ([[maybe_unused]] const auto iteration : state) {
+        StageModel model;
+        HeadlessMessages messages;
+        HeadlessWindow window;
+        if (!LoadStage(model, path, {files, messages, window, device, view, folder.Path(), {}}) ||
+            model.SpriteCount == 0) {
+            throw std::runtime_error("the stage did not load");
+        }
+    }
+}
+
+// NOLINTBEGIN(cppcoreguidelines-avoid-non-const-global-variables): how the library lists rows.
 BENCHMARK(LoadLargeDefinition)->Name("Definition/large")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(LoadWithArchive, single, "")
+    ->Name("Stage/single detail")
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(LoadWithArchive, twice, "hires = 1\r\n")
+    ->Name("Stage/double detail")
+    ->Unit(benchmark::kMillisecond);
+// NOLINTEND(cppcoreguidelines-avoid-non-const-global-variables)
 
 }  // namespace
 }  // namespace scenara::bench

@@ -20,9 +20,6 @@ constexpr std::int32_t kGap = -1;
 // Of higher pictures the canvas does not show that many copies.
 constexpr Long kMostLines = 1024;
 
-// No picture is laid closer than this.
-constexpr std::int64_t kDeepestAlong = 64;
-
 }  // namespace
 
 CopyStrip::CopyStrip(TextureMaker& maker, Long width, Long lines)

@@ -37,6 +37,9 @@ struct StripStyle {
 
 class CopyStrip : NotCopied {
 public:
+    // Copies that are laid lie no deeper upon one another.
+    static constexpr std::int64_t kDeepestAlong = 64;
+
     // Pixels of the canvas, and lines of a picture. Raises RunTimeError "Out of memory".
     CopyStrip(TextureMaker& maker, Long width, Long lines);
 

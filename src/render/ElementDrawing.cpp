@@ -112,7 +112,7 @@ void DrawElement(Engine& engine, const StageModel& model, const BackgroundElemen
     if (cuts && options.additions) {
         engine.DrawWithin(window);
     }
-    engine.MixTexels(options.smooth);
+    engine.MixTexels(IsMixed(*picture, options));
     ForEachPiece(model, element, *picture, options, mixing, painter);
     engine.MixTexels(false);
     if (cuts && options.additions) {

@@ -122,9 +122,7 @@ public:
 
 private:
     // Each copy by itself then, for its edges are not mixed with the next one's.
-    [[nodiscard]] bool IsMixed() const {
-        return options_.smooth && (picture_.scaleX != 1 || picture_.scaleY != 1);
-    }
+    [[nodiscard]] bool IsMixed() const { return scenara::IsMixed(picture_, options_); }
 
     // Copies, counted in pixels of the picture from (x_, y_).
     void ShowTiles() {
@@ -156,17 +154,18 @@ private:
     void ShowScaledTiles() {
         const ScaledCopies columns(tiles_.across, picture_.x, picture_.scaleX);
         const ScaledCopies rows(tiles_.down, picture_.y, picture_.scaleY);
-        constexpr std::int64_t kDeepestEach = 64;
-        static_assert(kDeepestEach * kDeepestEach == kDeepest);
+        const Depths deepest = mixing_ == Mixing::Solid
+                                   ? Depths{kDeepest, kDeepest}
+                                   : AllowedDepths(columns.Depth(), rows.Depth());
         const double copies = columns.CopiesIn(window_.columns.to - window_.columns.from) *
                               rows.CopiesIn(LinesSeen());
         if (TakesLines(columns, {0, sprite_.height}, copies, LinesSeen())) {
-            rows.ForEach(window_.rows, kDeepestEach,
+            rows.ForEach(window_.rows, deepest.y,
                          [&](const PixelRange& row) { ShowLines(row, sprite_.height); });
             return;
         }
-        rows.ForEach(window_.rows, kDeepestEach, [&](const PixelRange& row) {
-            columns.ForEach(window_.columns, kDeepestEach, [&](const PixelRange& column) {
+        rows.ForEach(window_.rows, deepest.y, [&](const PixelRange& row) {
+            columns.ForEach(window_.columns, deepest.x, [&](const PixelRange& column) {
                 visitor_.Show({column.from, row.from, column.to - column.from, row.to - row.from, 0,
                                0, sprite_.width, sprite_.height});
             });
@@ -181,7 +180,8 @@ private:
                     std::int64_t linesSeen) {
         constexpr double kMostMixed = 50000;
         const bool many = IsMixed() ? copies > kMostMixed : IsStripCheaper(copies, linesSeen);
-        const bool canBe = mixing_ == Mixing::Solid || !columns.Overlap();
+        const bool canBe = mixing_ == Mixing::Solid ? columns.Depth() <= CopyStrip::kDeepestAlong
+                                                    : !columns.Overlap();
         return many && canBe && visitor_.TakeLines({columns, window_.columns, lines});
     }
 
@@ -213,13 +213,15 @@ private:
         const StretchedRows rows = Rows();
         const std::int64_t height = sprite_.height;
         for (std::int64_t row = rows.Before(window_.rows.from); row < height; ++row) {
-            const PixelRange lines{std::max(rows.From(row), window_.rows.from),
-                                   std::min(rows.From(row + 1), window_.rows.to)};
-            if (lines.from >= window_.rows.to) {
+            const PixelRange lines{rows.From(row), rows.From(row + 1)};
+            const PixelRange seen{std::max(lines.from, window_.rows.from),
+                                  std::min(lines.to, window_.rows.to)};
+            if (seen.from >= window_.rows.to) {
                 break;
             }
-            if (!lines.IsEmpty()) {
-                ShowRow(RowPlace(row), lines, row);
+            if (!seen.IsEmpty()) {
+                // What is mixed is not cut, for a part of it would be mixed otherwise.
+                ShowRow(RowPlace(row), IsMixed() ? lines : seen, row);
             }
         }
     }

@@ -60,6 +60,11 @@ inline constexpr Single kFarthest = 1073741824.0F;
                                                         const BackgroundElement& element,
                                                         const DrawOptions& options);
 
+// Addition: whether it is mixed from its own pixels, which pictures at their own size are not.
+[[nodiscard]] inline bool IsMixed(const PlacedPicture& picture, const DrawOptions& options) {
+    return options.smooth && (picture.scaleX != 1 || picture.scaleY != 1);
+}
+
 // Whether there is anything at all that the element could show. Without, it is skipped, unless it
 // is a dummy: a still one without its sprite, an animated one without an action. (A blank frame of
 // an action is something.)

@@ -235,11 +235,11 @@ void Engine::Draw_Text(Integer Left, Integer Top, Integer Width, Integer Height,
             "DrawText");
 }
 
-void Engine::Clear(std::uint32_t color) {
+void Engine::Clear(std::uint32_t color) const {
     Require(Device().Clear(D3DCLEAR_TARGET, color), "Clear");
 }
 
-void Engine::DrawWithin(const ElementWindow& window) {
+void Engine::DrawWithin(const ElementWindow& window) const {
     const auto length = [](const PixelRange& range) {
         return static_cast<std::uint32_t>(range.to - range.from);
     };
@@ -254,7 +254,7 @@ void Engine::DrawWithin(const ElementWindow& window) {
     Require(Device().SetViewport(viewport), "SetViewport");
 }
 
-void Engine::DrawEverywhere() {
+void Engine::DrawEverywhere() const {
     D3DVIEWPORT8 viewport;
     viewport.Width = presentation_.BackBufferWidth;
     viewport.Height = presentation_.BackBufferHeight;
@@ -313,18 +313,25 @@ void Engine::SetBackBuffer() {
 
 void Engine::Keep(const RECT& wanted) {
     const CanvasSize canvas = view_.Canvas();
-    const RECT rectangle{wanted.left, wanted.top, std::min(wanted.right, canvas.width),
-                         std::min(wanted.bottom, canvas.height)};
+    keptRectangle_ = {wanted.left, wanted.top, std::min(wanted.right, canvas.width),
+                      std::min(wanted.bottom, canvas.height)};
+    const RECT& rectangle = keptRectangle_;
+    if (rectangle.left >= rectangle.right || rectangle.top >= rectangle.bottom) {
+        keptRectangle_ = {};  // a canvas that has nothing there
+        return;
+    }
     std::shared_ptr<Direct3DSurface8> backBuffer;
     Require(Device().GetBackBuffer(0, D3DBACKBUFFER_TYPE_MONO, backBuffer), "GetBackBuffer");
     Require(device_->CopyRects(*Made(backBuffer, "GetBackBuffer"), rectangle, *kept_, {}),
             "CopyRects");
-    keptRectangle_ = rectangle;
 }
 
 void Engine::PutBack() {
     std::shared_ptr<Direct3DSurface8> backBuffer;
     const auto& [left, top, right, bottom] = keptRectangle_;
+    if (left >= right) {
+        return;
+    }
     if (!Failed(Device().GetBackBuffer(0, D3DBACKBUFFER_TYPE_MONO, backBuffer)) && backBuffer) {
         static_cast<void>(device_->CopyRects(*kept_, {0, 0, right - left, bottom - top},
                                              *backBuffer, {left, top}));

@@ -100,12 +100,12 @@ public:
     [[nodiscard]] Long InText(Long length) const;
 
     // Addition: the whole picture in one colour.
-    void Clear(std::uint32_t color);
+    void Clear(std::uint32_t color) const;
 
     // Addition: what is drawn next is cut to a window, until all of the picture is drawn to again.
     // In an empty window nothing may be drawn.
-    void DrawWithin(const ElementWindow& window);
-    void DrawEverywhere();
+    void DrawWithin(const ElementWindow& window) const;
+    void DrawEverywhere() const;
 
     // Addition: whether pictures that are scaled are mixed from their own pixels from now on.
     void MixTexels(bool mix);

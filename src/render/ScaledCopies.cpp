@@ -38,6 +38,14 @@ double ScaledCopies::CopiesIn(std::int64_t pixels) const {
     return std::min(most, static_cast<double>(most_) - static_cast<double>(least_) + 1);
 }
 
+std::int64_t ScaledCopies::Depth() const {
+    if (!overlap_) {
+        return 1;
+    }
+    const double most = static_cast<double>(most_) - static_cast<double>(least_) + 1;
+    return Rounded(std::min(most, std::ceil(size_ / step_)));
+}
+
 ScaledCopies::Numbers ScaledCopies::NumbersIn(const PixelRange& visible,
                                               std::int64_t deepest) const {
     if (step_ == 0) {
@@ -51,11 +59,11 @@ ScaledCopies::Numbers ScaledCopies::NumbersIn(const PixelRange& visible,
     numbers.last = std::clamp(Rounded(std::ceil(to / step_)) + 1, least_, most_);
     numbers.count = numbers.last - numbers.first + 1;
     if (overlap_) {
-        const auto depth = static_cast<std::int64_t>(
-            std::min(static_cast<double>(numbers.count), std::ceil(size_ / step_)));
-        if (depth > deepest) {
+        const std::int64_t depth = std::min(numbers.count, Depth());
+        if (depth > deepest || step_ < 1) {
             // Counted from the first of all, so that the same ones are shown wherever they are.
-            numbers.nth = (depth - 1) / deepest + 1;
+            const auto perPixel = Rounded(std::ceil(1 / step_));
+            numbers.nth = std::max((depth - 1) / deepest + 1, perPixel);
             numbers.first = std::max(least_, FloorDivide(numbers.first, numbers.nth) * numbers.nth);
             numbers.count = (numbers.last - numbers.first - 1) / numbers.nth + 2;
         }
@@ -84,10 +92,11 @@ PixelRange ScaledCopies::At(std::int64_t number) const {
 std::int64_t ScaledCopies::LastAt(std::int64_t column, const Numbers& numbers) const {
     const double number = (static_cast<double>(column) + 0.5 - position_) / step_;
     std::int64_t last = Rounded(std::ceil(number)) - 1;
-    while (BeginOf(last + 1) <= column) {
+    // Rounding is beside by one at most; where steps are too small to count, any will do.
+    if (BeginOf(last + 1) <= column) {
         ++last;
     }
-    while (BeginOf(last) > column) {
+    if (BeginOf(last) > column) {
         --last;
     }
     return std::clamp(last, numbers.first, numbers.last);

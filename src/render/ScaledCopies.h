@@ -21,8 +21,8 @@ public:
 
     // Calls `show` with the pixels of each copy that covers a pixel of `visible`, in order. Where
     // more than `deepest` would lie upon one another only every second, third, ... is shown, and in
-    // any case the first and the last of a count. Takes no longer than `visible` and `deepest` are,
-    // whatever the step.
+    // any case the first and the last of a count. Of copies less than a pixel apart there is one
+    // for each pixel, whatever the step.
     template <typename Show>
     void ForEach(const PixelRange& visible, std::int64_t deepest, Show show) const {
         const Numbers numbers = NumbersIn(visible, deepest);
@@ -40,6 +40,9 @@ public:
 
     // Whether a copy reaches into the next one.
     [[nodiscard]] bool Overlap() const { return overlap_; }
+
+    // How many copies lie upon one another, at most.
+    [[nodiscard]] std::int64_t Depth() const;
 
     // About how many copies are in so many pixels.
     [[nodiscard]] double CopiesIn(std::int64_t pixels) const;

@@ -167,6 +167,7 @@ struct PatternKey {
     Integer width = 0;      // pixels from one copy to the next
     Integer height = 0;
 
+    // NOLINTNEXTLINE(modernize-use-nullptr): a comparison with 0 of the compiler's own
     auto operator<=>(const PatternKey&) const = default;
 };
 struct TilePattern {

@@ -91,8 +91,11 @@ TEST_F(DesktopProgram, AFileOnTheCommandLineThatIsNotThereIsReported) {
     WriteSettings();
     Start({}, StagePath("nowhere"));
     ExpectBox();
+    const std::string first = Box();
     Key("Return");
-    Key("Return");  // nor is it a stage
+    ASSERT_TRUE(Eventually([&] { return !Box().empty() && Box() != first; })) << "nor a stage";
+    Key("Return");
+    ExpectNoBox();
     Key("alt+F4");
     EXPECT_EQ(WaitForEnd(), 0);
 }

@@ -131,5 +131,14 @@ TEST(Frames, AllocateNothing) {
     EXPECT_EQ(AllocationCount(), before);
 }
 
+// The line's place, at its share of the height, is right of all of the picture.
+TEST(InformationLine, IsLeftOutWhereThePictureHasNoRoomForIt) {
+    PaintedStage stage("[StageInfo]\nlocalcoord = 80,4320\n", ViewOptions());
+    stage.ShowInfo();
+    stage.Run(2);
+    EXPECT_EQ(stage.PictureSize(), (CanvasSize{80, 4320}));
+    EXPECT_EQ(stage.Rgb(40, 100), 0U);
+}
+
 }  // namespace
 }  // namespace scenara::test

@@ -166,6 +166,7 @@ private:
         const bool animated = element.kind == ElementKind::Animated;
         const bool once = placed->mirrored && !options.additions;
         engine.DrawWithin(seen);
+        engine.MixTexels(options.smooth && (placed->scaleX != 1 || placed->scaleY != 1));
         const bool isSeen = !seen.columns.IsEmpty() && !seen.rows.IsEmpty();
         const auto draw = [&](const SpriteQuad& whole) {
             const auto quad = isSeen ? std::optional(whole) : std::nullopt;
@@ -209,6 +210,7 @@ private:
                 across(left, at, sprite.height, 0);
             }
         }
+        engine.MixTexels(false);
         engine.DrawEverywhere();
         if (blended) {
             EndBlending(engine.Device(), blending);
@@ -251,6 +253,9 @@ public:
             element.windowY2 = static_cast<Single>(Between(-20, 260));
         }
         tiled.options.additions = Below(2) == 0;
+        // Of copies of a pixel or two there are too many to be mixed.
+        const bool large = TileStep(element.tileSpacingX, width, animated) > 2;
+        tiled.options.smooth = tiled.options.additions && large && Below(4) == 0;
         if (Below(3) == 0) {
             constexpr std::array<BlendKind, 4> kKinds{BlendKind::Add, BlendKind::Add1,
                                                       BlendKind::Sub, BlendKind::AddAlpha};
