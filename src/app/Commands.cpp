@@ -118,6 +118,9 @@ void frmStage::mnuAdditions_Click() {
 void frmStage::FlipExtra(Menu item) {
     form_[item].Flip();
     TakeExtras();
+    if (item == Menu::mnuSmooth) {
+        show_.NoteEdit();  // to be seen while the stage is paused, too
+    }
     SaveCheckedExtras();
 }
 

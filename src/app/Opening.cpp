@@ -162,6 +162,9 @@ void frmStage::mnuClose_Click() {
         UnloadStuff();
     }
     ResetRes();  // no loop would look who is in front
+    if (show_.Options().Additions) {
+        form_.picLoad.visible = true;  // the last frame would look frozen
+    }
     SetCaption(AppTitle);
 }
 

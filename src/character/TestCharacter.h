@@ -4,8 +4,9 @@
 // walks needs it.
 //
 // Filled by LoadCharacter (LoadCharacter.h), placed on the stage when it is switched on, advanced
-// every frame by UpdateCharacter (UpdateCharacter.h). Lengths are pixels of the view,
-// times are ticks of one frame. Texts are bytes as the files have them.
+// every frame by UpdateCharacter (UpdateCharacter.h). Its place is in units of the stage; all other
+// lengths are the character's own pixels, times are ticks of one frame. Texts are bytes as the
+// files have them.
 #pragma once
 
 #include <array>

@@ -53,16 +53,24 @@ void DebugEditor::BeginDrag(const ViewPoint& point) {
              element.startX,
              element.startY,
              {},
-             point};
+             point,
+             {element.motion[0], element.motion[1]}};
 }
 
-// Addition: an element stands where its start says. `by`: pixels of the canvas.
-void DebugEditor::MoveStart(Integer index, const Offset& by) {
+// Addition: an element stands where its start and its motion say, and what drifts is held.
+void DebugEditor::MoveStart(Integer index, const ViewPoint& point) {
     const StageSpace space = SpaceOf(context_.model);
     const double pixels = context_.view.detail * space.hires;
-    const Long startX = ToLong(drag_.startX + by.x / (pixels * space.scaleX));
-    const Long startY = ToLong(drag_.startY + by.y / (pixels * space.scaleY));
     BackgroundElement& dragged = RecordAt(context_.model.Elements, index, "element");
+    const auto start = [](Long from, double pointer, double motion) {
+        return ToLong(from + pointer - motion);
+    };
+    const Long startX =
+        start(drag_.startX, (double{1} * point.x - drag_.from.x) / (pixels * space.scaleX),
+              dragged.motion[0] - drag_.motion.x);
+    const Long startY =
+        start(drag_.startY, (double{1} * point.y - drag_.from.y) / (pixels * space.scaleY),
+              dragged.motion[1] - drag_.motion.y);
     dragged.startX = startX;
     dragged.startY = startY;
 }
@@ -74,8 +82,7 @@ void DebugEditor::MouseMove(const ViewPoint& point) {
     // Given up before it can fail: else every further move would fail again, each with its message.
     const Integer dragged = std::exchange(followed_, kNone);
     if (context_.options.Additions) {
-        MoveStart(dragged,
-                  {double{1} * point.x - drag_.from.x, double{1} * point.y - drag_.from.y});
+        MoveStart(dragged, point);
         followed_ = dragged;
         actions_.Edited();
         return;

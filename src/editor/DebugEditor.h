@@ -112,6 +112,7 @@ private:
         Long startY = 0;
         Offset moved;  // by the pointer, so far
         ViewPoint from;
+        Offset motion;  // addition: of the element, then
     };
 
     [[nodiscard]] bool IsOn() const { return context_.flags.DebugBG != 0; }
@@ -120,7 +121,7 @@ private:
     }
     [[nodiscard]] Offset CameraOffset(const BackgroundElement& element) const;
     void BeginDrag(const ViewPoint& point);
-    void MoveStart(Integer index, const Offset& by);
+    void MoveStart(Integer index, const ViewPoint& point);
     void Shift(Integer index, const Offset& by);
 
     [[nodiscard]] std::optional<VirtualKey> PressedKey() const;

@@ -15,8 +15,7 @@ namespace scenara {
 // the largest one that fits with the shape kept.
 enum class ShownSizes {
     // The largest one that fits with the shape kept, or the largest whole multiple, whose pixels
-    // are
-    // all alike, where that is at least nine tenths of it.
+    // are all alike, where that is at least nine tenths of it.
     Any,
     // The largest whole multiple that fits.
     WholeMultiples,

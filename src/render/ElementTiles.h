@@ -11,9 +11,9 @@
 namespace scenara {
 
 struct ElementTiles {
-    // Frames that are mirrored left to right are shown once, whatever the tiling; parallax pictures
-    // are tiled across only. Raises "Subscript out of range" when the picture's sprite is not in
-    // its table.
+    // Plainly frames that are mirrored left to right are shown once, whatever the tiling; parallax
+    // pictures are tiled across only. Raises "Subscript out of range" when the picture's sprite is
+    // not in its table.
     ElementTiles(const StageModel& model, const BackgroundElement& element,
                  const ElementPicture& picture, bool additions);
 

@@ -18,9 +18,9 @@ struct ElementWindow {
     PixelRange columns;   // what can be seen at all: the window's part of the canvas
     PixelRange rows;
 
-    // Of the element. Its values are rounded to whole numbers, corners may come in any order, and
-    // both corners lie inside. Addition: it counts in units of the stage, moves with the camera by
-    // its delta, and is rounded on the canvas.
+    // Of the element. Corners may come in any order, and both lie inside. Plainly its values are
+    // rounded to whole numbers. Addition: it counts in units of the stage, fractions and all, moves
+    // with the camera by its delta, and is rounded on the canvas.
     [[nodiscard]] static ElementWindow Of(const BackgroundElement& element,
                                           const DrawOptions& options);
 

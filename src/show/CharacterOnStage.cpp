@@ -111,7 +111,7 @@ void StageShow::TakeSteps() {
     camera_.users = UsersSteps();
     testChar_.StepsOverridden = true;
     // A step below 0 would go through the bounds, and one of 0 counts as not set.
-    // Counted as the user counts steps, in a view that no stage has asked for otherwise.
+    // The user counts steps in a view that no stage has asked for otherwise, and so does this.
     const double walk = static_cast<double>(testChar_.Characters.front().WalkSpeed) *
                         static_cast<double>(testChar_.CharZoom) / view_.TimesAsWide();
     const auto step = static_cast<Single>(std::fabs(walk));

@@ -100,6 +100,16 @@ TEST_F(RunStage, CollapsesTheLoadingPictureAndSizesTheDrawing) {
     ExpectPicture(320, 240);
 }
 
+TEST_F(RunStage, ClosingShowsTheTitlePicture) {
+    for (const bool additions : {true, false}) {
+        form[Menu::mnuAdditions].checked = additions;
+        show.Options().Additions = additions;
+        Run(1);
+        program.Menu_Click(Menu::mnuClose);
+        EXPECT_EQ(form.picLoad.visible, additions);
+    }
+}
+
 TEST_F(RunStage, MakesRoomForTheListBesideThePicture) {
     program.ShowStageList = 255;
     form.lstStages.width = 130;

@@ -77,6 +77,7 @@ TEST_F(DesktopProgram, AStageIsOpenedInEveryWay) {
     ClickAt(kStage, kBarMiddle);
     Key("c");
     ExpectTitle("Scenara 1.0 DirectX 8 Experiment");
+    EXPECT_TRUE(Eventually([&] { return Count(kGround) == 0; })) << "the title picture";
 }
 
 TEST_F(DesktopProgram, AFileOnTheCommandLineIsOpened) {

@@ -222,6 +222,20 @@ TEST_F(Drag, HoldsADriftingElementUnderThePointer) {
     EXPECT_EQ(stage.Element(0).ctrlPos[0], 6);
 }
 
+TEST(DragWithAdditions, HoldsADriftingElementUnderThePointer) {
+    EditedStage stage{ViewOptions()};
+    BackgroundElement& square = StageBuilder::At(stage.build.Still(stage.Square()), 50, 60);
+    square.velocityX = 2;
+    stage.Start();
+    stage.editor.MouseDown({52, 63});
+    stage.Frames(3);
+    stage.editor.MouseMove({52, 63});
+    EXPECT_EQ(stage.editor.Outline(), (ViewFrame{50, 60, 60, 70}));
+    EXPECT_EQ(stage.Element(0).startX, -116);
+    stage.Frames(1);
+    EXPECT_EQ(stage.editor.Outline(), (ViewFrame{52, 60, 62, 70})) << "it drifts on";
+}
+
 TEST_F(Drag, BeginsAnewWithEachButtonDown) {
     Square();
     stage.Start();

@@ -218,9 +218,6 @@ void MainWindow::SetEvents(FormEvents* events) {
     events_ = events;
     BuildMenus();
     ShowForm();
-    if (form_.picLoad.visible) {
-        static_cast<void>(picture_->Show(CanvasSize(), TitlePicture()));
-    }
 }
 
 MainWindow::~MainWindow() = default;
@@ -262,6 +259,10 @@ void MainWindow::ShowForm() {
                       form_.picDraw.height);
     if (picture_->geometry() != place) {
         picture_->setGeometry(place);
+    }
+    const bool showedTitle = std::exchange(showsTitle_, form_.picLoad.visible);
+    if (showsTitle_ && !showedTitle) {
+        static_cast<void>(picture_->Show(CanvasSize(), TitlePicture()));
     }
 }
 

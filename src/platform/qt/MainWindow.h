@@ -139,6 +139,7 @@ private:
     bool tookEventsIn_ = false;   // since messages were let through
     bool asksAgain_ = false;      // the program wants to be asked again though nothing happens
     bool endRequested_ = false;
+    bool showsTitle_ = false;
 };
 
 }  // namespace scenara
