@@ -39,53 +39,54 @@ std::string LargeDefinition() {
     return text;
 }
 
-void LoadLargeDefinition(benchmark::State& state) {
-    const TemporaryFolder folder;
-    PosixFiles files(folder.Path());
-    std::string path = folder.Path() + "large.def";
-    const std::string text = LargeDefinition();
+void WriteDefinition(PosixFiles& files, const std::string& path, const std::string& text) {
     const auto file = files.OpenForWriting(path);
     file->Write(text);
     file->Close();
+}
 
+// Loads the stage again and again: into the memory that the one before left. `isWhole` looks at it.
+template <typename IsWhole>
+void LoadAgain(benchmark::State& state, PosixFiles& files, std::string path,
+               const std::string& folder, IsWhole isWhole) {
     SoftDevice device;
     const ViewOptions view;
     for ([[maybe_unused]] const auto iteration : state) {
         StageModel model;
         HeadlessMessages messages;
         HeadlessWindow window;
-        if (!LoadStage(model, path, {files, messages, window, device, view, folder.Path(), {}}) ||
-            model.ElementCount != kElements || model.ActionCount != kActions) {
-            throw std::runtime_error("the definition did not load");
+        if (!LoadStage(model, path, {files, messages, window, device, view, folder, {}}) ||
+            !isWhole(model)) {
+            throw std::runtime_error("the stage did not load");
         }
     }
+}
+
+void LoadLargeDefinition(benchmark::State& state) {
+    const TemporaryFolder folder;
+    PosixFiles files(folder.Path());
+    const std::string path = folder.Path() + "large.def";
+    const std::string text = LargeDefinition();
+    WriteDefinition(files, path, text);
+    LoadAgain(state, files, path, folder.Path(), [](const StageModel& model) {
+        return model.ElementCount == kElements && model.ActionCount == kActions;
+    });
     state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations()) *
                             static_cast<std::int64_t>(text.size()));
     state.counters["lines"] = static_cast<double>(std::count(text.begin(), text.end(), '\n'));
 }
 
-// The next one of many: into the memory that the one before left.
 void LoadWithArchive(benchmark::State& state, const char* detail) {
     const TemporaryFolder folder;
     PosixFiles files(folder.Path());
     std::filesystem::copy_file(GeneratedArchives().front(), folder.Path() + "stage.sff");
-    std::string path = folder.Path() + "stage.def";
-    const auto file = files.OpenForWriting(path);
-    file->Write(std::string("[StageInfo]\r\n") + detail +
-                "[BGdef]\r\nspr = stage.sff\r\n[BG]\r\ntype = normal\r\nspriteno = 0,0\r\n");
-    file->Close();
-
-    SoftDevice device;
-    const ViewOptions view;
-    for ([[maybe_unused]] const auto iteration : state) {
-        StageModel model;
-        HeadlessMessages messages;
-        HeadlessWindow window;
-        if (!LoadStage(model, path, {files, messages, window, device, view, folder.Path(), {}}) ||
-            model.SpriteCount == 0) {
-            throw std::runtime_error("the stage did not load");
-        }
-    }
+    const std::string path = folder.Path() + "stage.def";
+    WriteDefinition(
+        files, path,
+        std::string("[StageInfo]\r\n") + detail +
+            "[BGdef]\r\nspr = stage.sff\r\n[BG]\r\ntype = normal\r\nspriteno = 0,0\r\n");
+    LoadAgain(state, files, path, folder.Path(),
+              [](const StageModel& model) { return model.SpriteCount != 0; });
 }
 
 // NOLINTBEGIN(cppcoreguidelines-avoid-non-const-global-variables): how the library lists rows.

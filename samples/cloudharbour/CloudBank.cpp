@@ -93,7 +93,7 @@ Light Tone(const CloudBank& bank, double level) {
                    : Mixed(bank.middle, bank.lit, 2 * t - 1);
 }
 
-// The sun stands low behind the clouds: only what looks up or to the left has its light.
+// The sun stands low and is farther away than the clouds. It lights their upper and left sides.
 double SunOn(const PuffPlace& place) {
     return -0.70 * place.x - 0.66 * place.y + 0.16 * place.z;
 }

@@ -21,7 +21,7 @@ IndexedPicture DrawCloudSea();
 IndexedPicture DrawFarBank();
 IndexedPicture DrawMiddleBank();
 IndexedPicture DrawNearBank();
-IndexedPicture DrawWisps();  // to be added to what lies behind
+IndexedPicture DrawWisps();  // they are added to the picture
 
 IndexedPicture DrawLightIsland();  // with the lighthouse and the waterfall's spring
 IndexedPicture DrawMillIsland();

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // The spring that leaves the lighthouse's island over its edge and ends as mist, and the glow
-// around lamps. Both are light that is added to what lies behind.
+// around lamps. Both are light: they are added to the picture.
 #include <cmath>
 
 #include "cloudharbour/Pictures.h"

@@ -64,7 +64,7 @@ bool SetPicture(ElementPicture& picture, const StageModel& model, const Backgrou
     return true;
 }
 
-// Written so that what is no number is out of range, too.
+// A place that is not a number is not near: so it must be compared this way round.
 bool IsNear(const PlacedPicture& picture) {
     const auto most = static_cast<double>(kFarthest);
     return std::fabs(picture.x) <= most && std::fabs(picture.y) <= most;
@@ -142,8 +142,8 @@ std::optional<ElementPicture> PictureOf(const StageModel& model, const Backgroun
     return picture;
 }
 
-// What it returns is filled where it stands: copying numbers that were written just before makes a
-// processor wait, and elements that nobody sees are placed by the thousand.
+// The result is filled in place. A processor waits when it copies numbers that it has just written,
+// and a frame may place thousands of elements that are not seen.
 std::optional<PlacedPicture> PlaceElement(const StageModel& model, const BackgroundElement& element,
                                           const DrawOptions& options) {
     std::optional<PlacedPicture> placed(std::in_place);

@@ -31,7 +31,7 @@ std::int32_t CountArgument(const std::vector<std::string>& words, std::size_t& a
     return *count;
 }
 
-// The size behind an option, as 640x480.
+// The size that follows an option, as 640x480.
 CanvasSize SizeArgument(const std::vector<std::string>& words, std::size_t& at) {
     const std::string& option = words[at];
     const std::string text = Argument(words, at);
