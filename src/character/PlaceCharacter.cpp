@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "character/PlaceCharacter.h"
 
+#include <algorithm>
 #include <cstddef>
 
 #include "character/CharacterClock.h"
+#include "character/WalkLimits.h"
 #include "stage/ElementStart.h"
 #include "stage/StageSpace.h"
 
@@ -13,6 +15,12 @@ namespace {
 const BackgroundElement* ElementAt(const StageModel& model, Integer index) {
     const bool there = index >= 0 && static_cast<std::size_t>(index) < model.Elements.size();
     return there ? &model.Elements[static_cast<std::size_t>(index)] : nullptr;
+}
+
+// Addition: a start beyond where it can walk is where that ends.
+double WithinReach(double start, const StageModel& model, const View& view) {
+    const WalkLimits limits = WalkLimitsOf(model, view);
+    return std::max(limits.least, std::min(start, limits.most));
 }
 
 }  // namespace
@@ -30,8 +38,10 @@ void PlaceCharacter(TestCharState& state, const StageModel& model, const View& v
     state.LastAction = kStanding;
     state.LastFacing = kFacingRight;
     state.FrameFlipped = false;
+    const double start = double{1} * model.P1StartX + static_cast<double>(view.Centre());
     for (TestCharacter& character : state.Characters) {
-        character.X = static_cast<Single>(model.P1StartX + view.Centre());
+        character.X =
+            static_cast<Single>(options.Additions ? WithinReach(start, model, view) : start);
         if (model.ZOffset != 0) {
             character.Y = model.ZOffset;
         } else if (const BackgroundElement* const ground = ElementAt(model, model.ZOffsetLink)) {

@@ -6,6 +6,7 @@
 #include <cstddef>
 
 #include "character/CharacterClock.h"
+#include "character/WalkLimits.h"
 
 namespace scenara {
 namespace {
@@ -101,10 +102,8 @@ double Move(const TestCharState& state, const StageModel& model, const View& vie
     const double step = static_cast<double>(state.CharZoom) *
                         static_cast<double>(character.WalkSpeed) * character.Facing;
     const double next = static_cast<double>(character.X) + step;
-    const double place = next - view.Centre();
-    const bool inside =
-        step < 0 ? place >= double{1} * model.BoundLeft - view.Centre() + model.ScreenLeft
-                 : place <= double{1} * model.BoundRight + view.Centre() - model.ScreenRight;
+    const WalkLimits limits = WalkLimitsOf(model, view);
+    const bool inside = step < 0 ? next >= limits.least : next <= limits.most;
     if (inside) {
         character.X = static_cast<Single>(next);
     }

@@ -91,8 +91,8 @@ void StartSwing(StageModel& model, const BgCtrl& control) {
     if (!Has(control, kGivenValue1) || !Has(control, kGivenValue2)) {
         return;
     }
-    const auto amplitude = static_cast<Single>(control.value1);
-    const auto period = static_cast<Single>(control.value2);
+    const Single amplitude = static_cast<Single>(control.value1) + control.swingFraction[0];
+    const Single period = static_cast<Single>(control.value2) + control.swingFraction[1];
     ForEachTarget(model, control, [&](BackgroundElement& element) {
         if (control.kind == ControlKind::SinX) {
             element.sinState = {amplitude, period, 0};

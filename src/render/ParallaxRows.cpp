@@ -25,7 +25,7 @@ double RowStretch(const BackgroundElement& element, Single cameraY, double scale
         (static_cast<double>(element.yscaleStart) +
          static_cast<double>(element.yscaleDelta) * static_cast<double>(cameraY)) /
         100;
-    return shrunk == 0 ? scale * kMost : scale * std::clamp(1 / shrunk, 1 / kMost, kMost);
+    return scale / std::clamp(shrunk, 1 / kMost, kMost);
 }
 
 std::int64_t StretchedRows::From(std::int64_t row) const {

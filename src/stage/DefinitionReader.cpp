@@ -96,7 +96,7 @@ void DefinitionReader::SayFull(Table table, std::string_view what) {
 void DefinitionReader::StartSection(std::string_view header) {
     CloseElement();
     given_.Clear();
-    section_ = KindOfSection(header);
+    section_ = options_.Additions ? KindByFirstWord(header) : KindOfSection(header);
     sectionName_ = SectionName(header);
     switch (section_) {
         case SectionKind::Element: StartElement(header); break;

@@ -17,7 +17,7 @@ bool KeyOffer::Whole(std::string_view key, FieldTarget target) {
 bool KeyOffer::Value(std::string_view key, Integer index, FieldTarget target) {
     Integer found = kFalse;
     tooLarge_ = false;
-    if (Additions() && !(MayStandHere(key) && CountsHere(key))) {
+    if (Additions() && !(MayStandHere(key) && CountsHere(key) && HasValue(key, index))) {
         return false;
     }
     try {
@@ -63,11 +63,38 @@ bool KeyOffer::CountsHere(std::string_view key) const {
     return key == kBareValues || given_ == nullptr || !given_->Before(lineNumber_, key);
 }
 
+// Addition: a key with nothing but blanks behind its "=", or before the first comma, leaves that
+// value as it is; so an empty line does not stand before a good one. Later values are judged by
+// ReadKeyValue.
+bool KeyOffer::HasValue(std::string_view key, Integer index) const {
+    if (key == kBareValues || index > 1) {
+        return true;
+    }
+    const std::string_view line = line_.Lower();
+    const std::size_t equals = line.find('=');
+    if (equals == std::string_view::npos) {
+        return true;
+    }
+    const std::string_view values = line.substr(equals + 1);
+    return !Trim(index == 0 ? values : values.substr(0, values.find(','))).empty();
+}
+
+std::string KeyOffer::BareValue(Integer index) const {
+    std::string_view rest = line_.Lower();
+    for (Integer skipped = 1; skipped < index && !rest.empty(); ++skipped) {
+        rest.remove_prefix(std::min(rest.find(','), rest.size() - 1) + 1);
+    }
+    std::string value(rest.substr(0, rest.find(',')));
+    std::erase(value, ' ');
+    return value;
+}
+
 void KeyOffer::List(std::string_view key, std::vector<Long>& list) {
     std::vector<Long> numbers;
     std::string text;
     for (Integer index = 1; index <= static_cast<Integer>(kMaxCtrlIds); ++index) {
-        if (!Value(key, index, text)) {
+        text.clear();
+        if (!Value(key, index, text) && index > 1) {
             break;
         }
         Long number = 0;

@@ -8,6 +8,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -59,14 +60,19 @@ public:
     // Whether the last value asked for was there and did not fit its field.
     [[nodiscard]] bool WasTooLarge() const { return tooLarge_; }
 
+    // Value number `index` of a line of bare values, in lower case and without any blanks; empty
+    // when there are fewer.
+    [[nodiscard]] std::string BareValue(Integer index) const;
+
     // The first kMaxCtrlIds values as a list of numbers; replaces `list` when the line gives the
-    // key any. Those that do not fit are left out, and so are empty ones. But before the first
-    // comma an empty one is 0, as for every key.
+    // key any. Those that do not fit are left out, and so are empty ones. But plainly an empty one
+    // before the first comma is 0, as for every key.
     void List(std::string_view key, std::vector<Long>& list);
 
 private:
     [[nodiscard]] bool MayStandHere(std::string_view key) const;
     [[nodiscard]] bool CountsHere(std::string_view key) const;
+    [[nodiscard]] bool HasValue(std::string_view key, Integer index) const;
     [[nodiscard]] MessagePlace PlaceOf(std::string_view key) const;
 
     const KeyLine& line_;

@@ -147,6 +147,7 @@ void ForEachField(Record& control, auto&& visit) {
     visit("value2", control.value2);
     visit("given", control.given);
     visit("value3", control.value3);
+    visit("swingFraction", control.swingFraction);
 }
 
 template <RecordOf<BgCtrlDef> Record>

@@ -2,6 +2,7 @@
 #include "stage/SectionHeader.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "base/NumberText.h"
 #include "base/Text.h"
@@ -13,6 +14,15 @@ namespace {
 std::string_view Inside(std::string_view header) {
     const std::string_view fromOpen = header.substr(std::min(header.find('['), header.size()));
     return fromOpen.substr(0, fromOpen.find(']'));
+}
+
+// The letters that a name in lower case begins with, and what stands behind them and blanks.
+std::pair<std::string_view, std::string_view> FirstWord(std::string_view name) {
+    std::size_t end = 0;
+    while (end < name.size() && name[end] >= 'a' && name[end] <= 'z') {
+        ++end;
+    }
+    return {name.substr(0, end), Trim(name.substr(end))};
 }
 
 }  // namespace
@@ -41,6 +51,24 @@ SectionKind KindOfSection(std::string_view header) {
         return SectionKind::Ctrl;
     }
     return SectionKind::Settings;
+}
+
+SectionKind KindByFirstWord(std::string_view header) {
+    const std::string name = SectionName(header);
+    const auto [word, rest] = FirstWord(name);
+    if (word == "bg") {
+        return rest == "def" ? SectionKind::Settings : SectionKind::Element;
+    }
+    if (word == "beginaction" || (word == "begin" && rest.starts_with("action"))) {
+        return SectionKind::Action;
+    }
+    if (word == "bgctrldef") {
+        return SectionKind::CtrlDef;
+    }
+    if (word == "bgctrl") {
+        return SectionKind::Ctrl;
+    }
+    return KindOfSection(header);
 }
 
 std::string SectionName(std::string_view header) {

@@ -3,7 +3,8 @@
 // SectionHeader: what a "[...]" line of a stage definition starts.
 //
 // Any line with a "[" and a "]" in it is a header. Its kind is decided by words anywhere on the
-// line, in any letter case. Deliberate: an element whose name has "def" or "ctrl" in it, such as
+// line, in any letter case. Deliberate: plainly an element whose name has "def" or "ctrl" in it,
+// such as
 // "[BG default]", is no element (SectionHeader.ElementNamedDefaultIsASettingsSection).
 #pragma once
 
@@ -20,6 +21,11 @@ enum class SectionKind { Element, Action, CtrlDef, Ctrl, Settings };
 [[nodiscard]] bool BeginsWithBracket(std::string_view line);
 
 [[nodiscard]] SectionKind KindOfSection(std::string_view header);
+
+// Addition: the first word goes before words anywhere on the line, so that "[BG default]",
+// "[BG Ctrl room]" and "[BGCtrl Undef]" are what they begin with, and "[Begin  Action 5]" may have
+// any blanks or none.
+[[nodiscard]] SectionKind KindByFirstWord(std::string_view header);
 
 // What stands between the brackets, in lower case and without blanks around it.
 [[nodiscard]] std::string SectionName(std::string_view header);

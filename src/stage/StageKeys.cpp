@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "stage/StageKeys.h"
 
+#include <array>
 #include <cmath>
 #include <string_view>
 
@@ -76,13 +77,21 @@ void ReadFraction(KeyOffer& line, std::string_view key, Integer index, double wh
     }
 }
 
+// Of those of the first two values of a key that were given (bits of KeyOffer::Values).
+void ReadFractions(KeyOffer& line, std::string_view key, unsigned given, double first,
+                   double second, std::array<Single, 2>& fractions) {
+    if ((given & kFirst) != 0) {
+        ReadFraction(line, key, 1, first, fractions[0]);
+    }
+    if ((given & kSecond) != 0) {
+        ReadFraction(line, key, 2, second, fractions[1]);
+    }
+}
+
 void ReadStart(KeyOffer& line, BackgroundElement& element) {
     const unsigned given = line.Values("start", element.startX, element.startY);
-    if (line.Additions() && (given & kFirst) != 0) {
-        ReadFraction(line, "start", 1, element.startX, element.startFraction[0]);
-    }
-    if (line.Additions() && (given & kSecond) != 0) {
-        ReadFraction(line, "start", 2, element.startY, element.startFraction[1]);
+    if (line.Additions()) {
+        ReadFractions(line, "start", given, element.startX, element.startY, element.startFraction);
     }
 }
 
@@ -180,9 +189,8 @@ void ReadFrame(KeyOffer& line, StageFrame& frame, Messages& messages) {
     if (!frame.flip.empty() && !CanFlip(frame.flip, line.Additions())) {
         messages.MsgBox(kMessageVerticalFlip, "vertical flip not coded yet dude..");
     }
-    std::string blending;
-    if (line.Additions() && line.Value(kBareValues, kBlendingValue, blending)) {
-        frame.blending = FrameBlending(blending);
+    if (line.Additions()) {
+        frame.blending = FrameBlending(line.BareValue(kBlendingValue));
     }
 }
 
@@ -208,6 +216,8 @@ void ReadCtrlKeys(KeyOffer& line, BgCtrl& control) {
     if (swings || either) {
         const unsigned values = line.Values("value", control.value1, control.value2);
         if (line.Additions()) {
+            ReadFractions(line, "value", values, control.value1, control.value2,
+                          control.swingFraction);
             line.Value("value", 3, control.value3);
         }
         control.given |= GivenBit((values & kFirst) != 0, kGivenValue1);

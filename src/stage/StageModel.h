@@ -228,11 +228,12 @@ struct BgCtrl {
     Single x = 0;
     Single y = 0;
     Integer value = 0;
-    Long timer = 0;      // runtime
-    Byte given = 0;      // kGiven... bits
-    Integer value1 = 0;  // of "sinx" and "siny": amplitude
-    Integer value2 = 0;  // and period
-    Integer value3 = 0;  // addition: the frame of the swing that it begins in
+    Long timer = 0;                         // runtime
+    Byte given = 0;                         // kGiven... bits
+    Integer value1 = 0;                     // of "sinx" and "siny": amplitude
+    Integer value2 = 0;                     // and period
+    Integer value3 = 0;                     // addition: the frame of the swing that it begins in
+    std::array<Single, 2> swingFraction{};  // addition: what value1 and value2 leave of the file's
 
     // What the start-up makes of the above, and no part of a stage as written out.
     ControlKind kind = ControlKind::None;

@@ -28,9 +28,11 @@ struct Addition {
 
 inline constexpr std::array kAdditions = {
     Addition{"Section headers", "stage/SectionHeader.cpp", "BeginsWithBracket"},
+    Addition{"Names of sections", "stage/SectionHeader.cpp", "KindByFirstWord"},
     Addition{"Keys in odd case", "stage/KeyOffer.cpp", "MayStandHere"},
     Addition{"An archive under another name", "stage/ArchiveSearch.cpp", "FindUnderAnotherName"},
     Addition{"A key given twice", "stage/KeyOffer.cpp", "CountsHere"},
+    Addition{"A key without a value", "stage/KeyOffer.cpp", "HasValue"},
     Addition{"Full-width blanks", "stage/DefinitionReader.cpp", "BlankFullWidth"},
     Addition{"`name`, `bgmusic`, `spr`", "stage/KeyOffer.cpp", "Text"},
     Addition{"Settings of one section", "stage/StageKeys.cpp", "ReadKeysOfSection"},
@@ -39,6 +41,7 @@ inline constexpr std::array kAdditions = {
     Addition{"Fractions", "stage/StageKeys.cpp", "ReadFraction"},
     Addition{"`tilespacing`", "stage/FinishElements.cpp", "FinishSpacing"},
     Addition{"Frame lines", "stage/DefinitionReader.cpp", "IsFrame"},
+    Addition{"A frame's blending", "stage/KeyOffer.cpp", "BareValue"},
     Addition{"Swings", "render/Motion.cpp", "SwingWhole"},
     Addition{"Hidden elements", "render/TileEngine.cpp", "DriftOn"},
     Addition{"`layerno` below 0", "render/TileEngine.cpp", "PassOnCanvas"},
@@ -59,6 +62,7 @@ inline constexpr std::array kAdditions = {
     Addition{"`dummy`", "render/PrepareStage.cpp", "SetRuntimeValues"},
     Addition{"A picture's colours", "sprites/version1/SubfilePalette.cpp", "Palette"},
     Addition{"The test character", "show/CharacterFigure.cpp", "Next"},
+    Addition{"A character's start", "character/PlaceCharacter.cpp", "WithinReach"},
     Addition{"A character's ground", "character/PlaceCharacter.cpp", "FollowGround"},
     Addition{"A character's frames", "character/CharacterAnimation.cpp", "options"},
     Addition{"A character's colours", "character/CharacterColors.cpp", "act"},

@@ -140,6 +140,36 @@ TEST_F(PlaceCharacterTest, StandsAtTheFirstPlayersPlace) {
     EXPECT_EQ(Hero().FrameTime, 4);
 }
 
+struct StartRow {
+    const char* name;
+    Integer start;  // p1startx
+    Single with;    // where it stands with additions
+};
+
+TEST_F(PlaceCharacterTest, WithAdditionsItStandsWhereItCanWalk) {
+    model_.ScreenLeft = 15;
+    model_.ScreenRight = 10;
+    for (const StartRow& row : {
+             StartRow{"between the bounds", -70, 90},
+             {"at the left one", -245, -85},
+             {"beyond it", -246, -85},
+             {"far beyond it", -32768, -85},
+             {"at the right one", 250, 410},
+             {"beyond it, too", 251, 410},
+         }) {
+        SCOPED_TRACE(row.name);
+        model_.P1StartX = row.start;
+        PlaceCharacter(state_, model_, View(), ViewOptions());
+        EXPECT_EQ(Hero().X, row.with);
+        Place();
+        EXPECT_EQ(Hero().X, static_cast<Single>(row.start + 160)) << "plainly";
+    }
+    std::swap(model_.BoundLeft, model_.BoundRight);
+    model_.BoundLeft = 5000;
+    PlaceCharacter(state_, model_, View(), ViewOptions());
+    EXPECT_EQ(Hero().X, 5015.0F) << "bounds the wrong way round: at the left one";
+}
+
 TEST_F(PlaceCharacterTest, ForgetsTheLastStage) {
     EXPECT_THAT(Does({kLeft}), ElementsAre("turning 90 left"));
     model_.P1StartX = 5;

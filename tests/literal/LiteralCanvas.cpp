@@ -152,7 +152,7 @@ std::vector<LiteralStage::Span> LiteralStage::Copies(const Reach& reach, const T
 double LiteralStage::Stretch(const BackgroundElement& element) const {
     const double shrunk =
         Wide(element.yscaleStart) / 100 + Wide(element.yscaleDelta) / 100 * seenFrom_[1];
-    return shrunk == 0 ? 16 : std::min(std::max(1 / shrunk, 1.0 / 16), 16.0);
+    return 1 / std::min(std::max(shrunk, 1.0 / 16), 16.0);
 }
 
 // Each row stands at a distance of its own from the middle, and has its own tiles; there are none

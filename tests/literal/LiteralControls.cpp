@@ -87,8 +87,8 @@ void LiteralStage::Act(const BgCtrl& control, Element& element) {
     } else if (control.type == "sinx" || control.type == "siny") {
         if ((control.given & kGivenValue1) != 0 && (control.given & kGivenValue2) != 0) {
             Swing swing;
-            swing.amplitude = static_cast<float>(control.value1);
-            swing.period = static_cast<float>(control.value2);
+            swing.amplitude = static_cast<float>(control.value1) + control.swingFraction[0];
+            swing.period = static_cast<float>(control.value2) + control.swingFraction[1];
             swing.time = rules_.wholeSwings ? static_cast<float>(control.value3) : 0;
             element.swings[control.type == "sinx" ? 0 : 1] = swing;
         }

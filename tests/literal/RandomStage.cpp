@@ -293,8 +293,11 @@ void Writer::Control() {
         Line("ctrlid", Ids());
     }
     if (type == "sinx" || type == "siny") {
-        Line("value", Number(-20, 20, 90) + ", " + Number(0, 20, 90) +
-                          (OneIn(2) ? ", " + Number(0, 20, 90) : ""));
+        const auto number = [&](int from, int to) {
+            return OneIn(3) ? Fraction(from, to) : Number(from, to, 90);
+        };
+        Line("value",
+             number(-20, 20) + ", " + number(0, 20) + (OneIn(2) ? ", " + Number(0, 20, 90) : ""));
     } else if (!OneIn(8)) {
         Line("value", std::to_string(Whole(0, type == "anim" ? kActions : 1)));
     }

@@ -107,8 +107,10 @@ TEST(RowStretch, IsTheInverseOfItsPercentageWithinASixteenthAnd16) {
              {"the least", 1600, 0, 0, 1.0 / 16},
              {"no less", 1601, 0, 0, 1.0 / 16},
              {"the largest number", kMostSingle, 0, 0, 1.0 / 16},
-             {"-2 is less than that", -50, 0, 0, 1.0 / 16},
+             {"below 0, where it would be turned over", -50, 0, 0, 16},
+             {"the camera goes on beyond nothing", 100, 1, -101, 16},
              {"the largest delta", 100, kMostSingle, 1000, 1.0 / 16},
+             {"the largest delta, upwards", 100, kMostSingle, -1000, 16},
          }) {
         EXPECT_DOUBLE_EQ(StretchOf(row.start, row.delta, row.camera), row.stretch) << row.name;
     }

@@ -167,6 +167,17 @@ TEST_F(ControllerEffects, BeginAgainUntilTheLastTick) {
     EXPECT_EQ(Tick(), "frameIndex=0, sinState=20 30 0");
 }
 
+TEST_F(ControllerEffects, OfASwingAreToItsFractions) {
+    BackgroundElement& element = Animated();
+    for (const char* const type : {"sinx", "siny"}) {
+        WithValues(Control(type), 20, 30).swingFraction = {0.5F, -0.25F};
+    }
+    Tick();
+    EXPECT_THAT(element.sinState, testing::ElementsAre(20.5F, 29.75F, 0));
+    EXPECT_EQ(element.sinYAmplitude, 20.5F);
+    EXPECT_EQ(element.sinYPeriod, 29.75F);
+}
+
 TEST_F(ControllerEffects, WithoutTheValueTheyNeedAreNone) {
     BackgroundElement& element = Animated();
     InItsSecondFrame(element);

@@ -127,6 +127,21 @@ TEST(AdditionsElements, KeepTheFractionsOfTheirStart) {
     }
 }
 
+TEST(AdditionsControls, KeepTheFractionsOfTheirSwing) {
+    const BothReadings read(
+        "[BGCtrlDef]\r\n[BGCtrl]\r\ntype = sinx\r\nvalue = 0.4, 90.5, 3\r\n"
+        "[BGCtrl]\r\nvalue = 2.25, 7\r\ntype = siny\r\n");
+    const auto& with = read.With().CtrlDefs.at(0).controls;
+    EXPECT_EQ(with.at(0).value1, 0);
+    EXPECT_EQ(with.at(0).value2, 90);
+    EXPECT_EQ(with.at(0).swingFraction, (std::array{0.4F, 0.5F}));
+    EXPECT_EQ(with.at(0).value3, 3);
+    EXPECT_EQ(with.at(1).swingFraction, (std::array{0.25F, 0.0F}));
+    const auto& plain = read.Plain().CtrlDefs.at(0).controls;
+    EXPECT_EQ(plain.at(0).value2, 90);
+    EXPECT_EQ(plain.at(0).swingFraction, (std::array{0.0F, 0.0F}));
+}
+
 TEST(AdditionsFrames, KeepTheFractionsOfTheirOffset) {
     const BothReadings read("[Begin Action 5]\r\n1,2, 3.25,-4.5, 1\r\n");
     const StageFrame& frame = read.With().Actions.at(0).frames.at(0);
@@ -448,6 +463,17 @@ TEST(AdditionsFrames, EachLetterIsItsBlending) {
     EXPECT_EQ(kindOf("sub"), BlendKind::Sub);
     EXPECT_EQ(kindOf("Z"), BlendKind::None);
     EXPECT_EQ(kindOf(""), BlendKind::None);
+}
+
+TEST(AdditionsFrames, BlanksWithinABlendingDoNotCount) {
+    for (const char* const letters : {"AS128D64", "AS128 D64", "as 128 d 64", " A S128D 6 4"}) {
+        const BothReadings read = FrameLine(std::string("0,0, 0,0, 5, , ") + letters + ", 2, 2");
+        const Blending& blending = read.WithFrame().blending;
+        EXPECT_EQ(blending.kind, BlendKind::AddAlpha) << letters;
+        EXPECT_EQ(blending.source, 128) << letters;
+        EXPECT_EQ(blending.destination, 64) << letters;
+        EXPECT_EQ(read.PlainFrame().blending.kind, BlendKind::None) << letters;
+    }
 }
 
 TEST(AdditionsFrames, WithoutASeventhValueThereIsNone) {

@@ -208,6 +208,23 @@ TEST(AdditionsTexts, AKeyWithoutAValueHasNotBeenGiven) {
     EXPECT_EQ(read.WithElement().mask, 1) << "one that does not fit is none";
 }
 
+TEST(AdditionsTexts, AnEmptyValueLeavesTheKeyToAnotherLine) {
+    const BothReadings read(
+        "[Info]\r\nbgmusic =\r\nstartx = \t\r\n[Music]\r\nbgmusic = a.mp3\r\nstartx = 4\r\n"
+        "[BG]\r\ntype =\r\ntype = normal\r\ndelta = ; none\r\nstart = , 6\r\n"
+        "[BGCtrlDef]\r\nctrlid = , 5\r\n");
+    EXPECT_EQ(read.With().CamStartX, 4);
+    EXPECT_EQ(read.With().MusicFile, "a.mp3");
+    EXPECT_EQ(read.WithElement().type, "normal");
+    EXPECT_EQ(read.WithElement().deltaX, 1) << "as without the key";
+    EXPECT_EQ(read.WithElement().startX, 0);
+    EXPECT_EQ(read.WithElement().startY, 6) << "the value beside it counts";
+    EXPECT_THAT(read.With().CtrlDefs.at(0).ctrlIds, ElementsAre(5));
+    EXPECT_THAT(read.WithTexts(), IsEmpty());
+    EXPECT_EQ(read.PlainElement().deltaX, 0) << "plainly nothing is 0";
+    EXPECT_THAT(read.Plain().CtrlDefs.at(0).ctrlIds, ElementsAre(0, 5));
+}
+
 TEST(AdditionsTexts, EveryFrameCounts) {
     const BothReadings read("[Begin Action 1]\r\n1,1, 0,0, 5\r\n2,2, 0,0, 6\r\n");
     ASSERT_EQ(read.With().Actions.at(0).frameCount, 2);

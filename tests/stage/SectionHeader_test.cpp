@@ -94,6 +94,47 @@ TEST(SectionHeader, AnythingElseIsSettings) {
     }
 }
 
+struct FirstWordRow {
+    std::string_view header;
+    SectionKind kind;
+};
+
+TEST(SectionHeader, WithAdditionsTheFirstWordGoesFirst) {
+    using enum SectionKind;
+    for (const FirstWordRow& row : {
+             FirstWordRow{"[BG default]", Element},
+             {"[BG undefined]", Element},
+             {"[BG Ctrl room]", Element},
+             {"[bg2 defence]", Element},
+             {"[ BG begin action]", Element},
+             {"[BG BGCtrlDef]", Element},
+             {"[BG\x81\x40"
+              "def]",
+              Element},
+             {"[BGCtrl default]", Ctrl},
+             {"[BGCtrl]", Ctrl},
+             {"[BGCtrlDef ctrl]", CtrlDef},
+             {"[BGCtrlDef1]", CtrlDef},
+             {"[Begin Action 1 bg]", Action},
+             {"[Begin  Action 10]", Action},
+             {"[BeginAction 10]", Action},
+             {"[Begin Action10]", Action},
+             {"[BGDef]", Settings},
+             {"[BGDef bg]", Settings},
+             {"[BG Def]", Settings},
+             {"[Begin]", Settings},
+             {"[Action 10]", Settings},
+             {"[Music]", Settings},
+             {"[]", Settings},
+             // Without such a word it is as plainly.
+             {"[My bg]", Element},
+             {"[BGsky]", Element},
+             {"[BGdefault]", Settings},
+         }) {
+        EXPECT_EQ(KindByFirstWord(row.header), row.kind) << row.header;
+    }
+}
+
 TEST(SectionHeader, ElementNameIsTheTextBehindTheFirstBlank) {
     EXPECT_EQ(ElementName("[BG 1]"), "1");
     EXPECT_EQ(ElementName("[BG Wall Reflection on floor]"), "Wall Reflection on floor");

@@ -80,7 +80,7 @@ TEST(ModelJson, NamesMembersAsTheModelDoesInItsOrder) {
               "looptime timer ctrlIds controlCount controls runtimeA runtimeB");
     EXPECT_EQ(NamesOf(json["ctrlDefs"][0]["controls"][0]),
               "type startTime endTime loopTime ctrlIds x y value timer value1 value2 given"
-              " value3");
+              " value3 swingFraction");
 }
 
 TEST(ModelJson, WritesFloatsInTheirShortestForm) {

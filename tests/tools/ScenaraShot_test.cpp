@@ -81,6 +81,7 @@ TEST_F(ScenaraShot, WrongUseIsExplained) {
 TEST_F(ScenaraShot, HelpGoesToStandardOutput) {
     EXPECT_EQ(Run("--help"), 0);
     EXPECT_THAT(out_, HasSubstr("--sprites DIR"));
+    EXPECT_THAT(out_, HasSubstr("two steps a frame")) << "how far keys move the camera";
 }
 
 TEST_F(ScenaraShot, AResultThatCannotBeWrittenIsAFailure) {
