@@ -33,8 +33,11 @@ PictureFit PictureFit::In(std::int32_t boxWidth, std::int32_t boxHeight, const C
         const std::int64_t byWidth = std::int64_t{boxWidth} * canvas.height;
         const std::int64_t byHeight = std::int64_t{boxHeight} * canvas.width;
         const bool narrow = byWidth <= byHeight;
-        fit.width = narrow ? boxWidth : static_cast<std::int32_t>(byHeight / canvas.height);
-        fit.height = narrow ? static_cast<std::int32_t>(byWidth / canvas.width) : boxHeight;
+        const auto other = [](std::int64_t area, std::int32_t side) {
+            return static_cast<std::int32_t>(std::max<std::int64_t>(area / side, 1));
+        };
+        fit.width = narrow ? boxWidth : other(byHeight, canvas.height);
+        fit.height = narrow ? other(byWidth, canvas.width) : boxHeight;
     }
     fit.left = (boxWidth - fit.width) / 2;
     fit.top = (boxHeight - fit.height) / 2;

@@ -33,8 +33,9 @@ std::int64_t StretchedRows::From(std::int64_t row) const {
 }
 
 std::int64_t StretchedRows::Before(std::int64_t line) const {
+    constexpr double kMostRows = 1e15;  // of rows that are next to nothing high
     const double row = std::floor((static_cast<double>(line) - top) / stretch) - 1;
-    return static_cast<std::int64_t>(std::max(row, 0.0));
+    return static_cast<std::int64_t>(std::clamp(row, 0.0, kMostRows));
 }
 
 }  // namespace scenara

@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "stage/StageSpace.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace scenara {
 namespace {
 
+// A pixel of a picture is as wide as most views then. Sums of sizes and places stay within 32 bits.
+constexpr double kMostScale = 1024;
 constexpr Long kMostDetail = 4;
 constexpr Long kWidestDetailed = 1920;
 constexpr Long kHighestDetailed = 1200;
@@ -15,7 +18,10 @@ bool IsBetween(Long value, Long least, Long most) {
 }
 
 double ScaleOrOne(Single scale) {
-    return scale == 0 || !std::isfinite(scale) ? 1 : static_cast<double>(scale);
+    if (scale == 0 || !std::isfinite(scale)) {
+        return 1;
+    }
+    return std::clamp(static_cast<double>(scale), -kMostScale, kMostScale);
 }
 
 }  // namespace

@@ -16,7 +16,7 @@ namespace scenara {
 
 struct StageSpace {
     // Units to a unit of what an element counts in, below 0 where the stage is mirrored: the
-    // stage's own scale, never 0.
+    // stage's own scale, never 0, and 1024 at most.
     double scaleX = 1;
     double scaleY = 1;
     // And 1/2 in a stage of double detail.

@@ -12,7 +12,7 @@ namespace {
 constexpr int kMostDetail = 4;
 
 double OrOne(double scale) {
-    return scale == 0 ? 1 : scale;
+    return scale == 0 ? 1 : std::min(std::max(scale, -1024.0), 1024.0);
 }
 
 int DetailOf(const LiteralSpace& space) {

@@ -49,6 +49,8 @@ TEST(PictureFit, FillsTheBoxUnlessAWholeMultipleNearlyDoes) {
         {"a large screen", {3840, 2160}, {1280, 720}, {3840, 2160}},
         {"a larger canvas", {1280, 1024}, {1920, 1080}, {1280, 720}},
         {"nearly the canvas", {1919, 1080}, {1920, 1080}, {1919, 1079}},
+        {"a long canvas is seen", {100, 100}, {7680, 60}, {100, 1}},
+        {"a high canvas is seen", {50, 50}, {80, 4320}, {1, 50}},
         {"as far as numbers go", {2147483647, 2147483647}, {1, 1}, {2147483647, 2147483647}},
     };
     for (const auto& row : rows) {
@@ -74,8 +76,8 @@ TEST(PictureFit, OfNoRoomIsNowhere) {
         EXPECT_EQ(fit.ViewX(0), -1);
         EXPECT_EQ(fit.ViewY(7), -1);
     }
-    // One pixel wide, it has no height.
-    ExpectFit(InView(1, 240), 0, 120, 1, 0);
+    // One pixel wide, it is one pixel high at least.
+    ExpectFit(InView(1, 240), 0, 119, 1, 1);
 }
 
 TEST(PictureFit, PointsAtWhatIsDrawnUnderThePointer) {

@@ -151,6 +151,8 @@ void SetStage(Absurd& absurd, StageModel& model) {
     model.hires = static_cast<Integer>(absurd.Below(2));
     model.localcoordWidth = absurd.AnyLong();
     model.localcoordHeight = absurd.OneOf(kHeights);
+    model.StageXScale = absurd.AnySingle();
+    model.StageYScale = absurd.AnySingle();
 }
 
 // With everything, under a camera that the user moves.

@@ -140,6 +140,11 @@ TEST(StretchedRows, AreRepeatedOrLeftOut) {
     EXPECT_EQ((StretchedRows{-10.25, 2}.From(3)), -4);
 }
 
+TEST(StretchedRows, NextToNothingHighAreAllAboveTheView) {
+    EXPECT_GT((StretchedRows{-1, 1e-38}.Before(0)), 32767);
+    EXPECT_EQ((StretchedRows{1, 1e-38}.Before(0)), 0);
+}
+
 TEST(StretchedRows, BeforeIsARowThatTheLineDoesNotShow) {
     for (const double stretch : {1.0 / 16, 0.3, 1.0, 1.1, 7.3, 16.0}) {
         for (std::int64_t line = -300; line < 300; ++line) {
