@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // What is around a stage in the real window: the first start, the ways to a stage, the list, the
-// full screen, the limiter, and what is remembered.
+// limiter, and what is remembered.
 #include <filesystem>
 #include <string>
 
@@ -116,45 +116,6 @@ TEST_F(DesktopProgram, TheListComesAndGoesAndThePictureKeepsItsSize) {
     ClickAt(kStageList, kBarMiddle);
     EXPECT_TRUE(Eventually([&] { return width() == "WIDTH=480"; })) << width();
     EXPECT_TRUE(Eventually([&] { return PictureSize() == SeenSize{320, 240}; }));
-}
-
-TEST_F(DesktopProgram, FullScreenIsLeftByEscape) {
-    StartWithBar();
-    Key("alt+o");
-    Key("f");
-    EXPECT_TRUE(Eventually([&] { return PictureSize() == SeenSize{960, 720}; })) << "three times";
-    Key("Escape");
-    EXPECT_TRUE(Eventually([&] { return PictureSize() == SeenSize{320, 240}; }));
-    ExpectTitle("bar");
-}
-
-// At this scale the toolkit takes a screen of 1024 columns for one of 1023.
-TEST_F(DesktopProgram, FullScreenLeavesNothingOfTheScreenAsItWas) {
-    constexpr std::uint32_t kRed = 0xFF0000;
-    constexpr int kPixels = 1024 * 768;
-    ASSERT_EQ(::setenv("QT_SCALE_FACTOR", "1.7", 1), 0);
-    ASSERT_EQ(std::system(("xsetroot -display " + display_.Name() + " -solid red").c_str()), 0);
-    ASSERT_TRUE(Eventually([&] { return Count(kRed) == kPixels; }));
-    WriteSettings();
-    Start();
-    ExpectWindow("^Scenara 1.0");
-    ClickAt(kNext * 17 / 10, kBarMiddle * 17 / 10);
-    ExpectTitle("bar");
-    Key("alt+o");
-    Key("f");
-    EXPECT_TRUE(Eventually([&] { return Count(kRed) == 0; })) << Count(kRed);
-    ::unsetenv("QT_SCALE_FACTOR");
-}
-
-TEST_F(DesktopProgram, FullScreenIsLeftWhenAnotherWindowHasTheFocus) {
-    StartWithBar();
-    Key("alt+o");
-    Key("f");
-    ASSERT_TRUE(Eventually([&] { return PictureSize() == SeenSize{960, 720}; }));
-    const Child other({"xev", "-name", "elsewhere"}, display_.Environment(),
-                      display_.Folder() + "other.txt");
-    ExpectWindow("^elsewhere$");
-    EXPECT_TRUE(Eventually([&] { return BarWidth() == 8; }));
 }
 
 TEST_F(DesktopProgram, EverythingIsRememberedAtTheSecondStart) {

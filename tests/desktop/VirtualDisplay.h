@@ -74,6 +74,8 @@ public:
     // Whether the window of that id says that it is a dialog.
     [[nodiscard]] bool IsDialog(const std::string& window) const;
     [[nodiscard]] Screenshot Look() const;
+    // To what manages the windows.
+    void SignalManager(int signal) const { manager_->Send(signal); }
     // The display is gone, without a word to the programs on it.
     void Kill() { server_.reset(); }
     // The windows and what the programs have said, for whoever looks into a failed test.

@@ -3,8 +3,8 @@
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QElapsedTimer>
 #include <QScreen>
+#include <QTimer>
 
 #include "platform/qt/Display.h"
 #include "platform/qt/MainWindow.h"
@@ -13,9 +13,11 @@
 namespace scenara {
 namespace {
 
-// Milliseconds for a window manager to bring the form up. The program takes a form without the
-// focus for one that the user has left, so it must have it before the program looks.
-constexpr int kPatience = 1000;
+// How often a window manager is asked to bring the form up, and after how many milliseconds anew.
+// The program takes a form without the focus for one that the user has left, so it must have it
+// before the program looks. Time in which the program itself stands still does not count.
+constexpr int kMostAsked = 15;
+constexpr int kAskAgain = 100;
 
 }  // namespace
 
@@ -35,15 +37,27 @@ WindowHandle FullScreenWindow::Show() {
         showFullScreen();
         window_.CoverBy(picture_);
         window_.hide();
-        QElapsedTimer waited;
-        waited.start();
-        do {
-            raise();
-            activateWindow();
-            QApplication::processEvents(QEventLoop::AllEvents, 20);
-        } while (!isActiveWindow() && waited.elapsed() < kPatience);
+        WaitForFocus();
     }
     return reinterpret_cast<WindowHandle>(static_cast<QWidget*>(this));
+}
+
+// Asks now and then only: a window manager that is busy answers each time, all at once when it
+// comes to it, and such a flood can cost the focus or the very connection.
+void FullScreenWindow::WaitForFocus() {
+    int asked = 0;
+    const auto ask = [&] {
+        raise();
+        activateWindow();
+        ++asked;
+    };
+    ask();
+    QTimer again;
+    connect(&again, &QTimer::timeout, this, ask);
+    again.start(kAskAgain);
+    while (!isActiveWindow() && asked <= kMostAsked) {
+        QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
 }
 
 void FullScreenWindow::Cover() {

@@ -29,6 +29,7 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
+    void WaitForFocus();
     void Cover();
     void FollowScreen();
 
