@@ -4,6 +4,7 @@
 // and plainly. As in Golden_test.cpp, with --update they are made anew.
 #include <ostream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <gmock/gmock.h>
@@ -224,6 +225,15 @@ const AdditionCase kCases[] = {
     {"odd_case", 1, "",
      "[PlayerInfo]\nP2StartX = 70\n"
      "[BG]\ntype = normal\nspriteno = 1,0\nstart = 0,120\nmask = 1\n"},
+    // Plainly two of the three are not there.
+    {"names_of_sections", 1, "",
+     "[BG arrow]\ntype = normal\nspriteno = 1,0\nstart = -60,120\nmask = 1\n"
+     "[BG default]\ntype = normal\nspriteno = 1,0\nstart = 0,60\nmask = 1\n"
+     "[BG]\ntype = anim\nactionno = 1\nstart = 60,120\n[Begin  Action 1]\n4,2, 0,0, -1\n"},
+    // Plainly it does not move with the camera.
+    {"empty_values", 41, "right:40",
+     "[BG]\ntype = normal\nspriteno = 1,0\nmask = 1\ndelta =\n"
+     "start =\nstart = 60,120\n"},
 };
 
 class AdditionsGolden : public testing::TestWithParam<AdditionCase> {
@@ -256,6 +266,34 @@ TEST_P(AdditionsGolden, OffIsThePictureThatItWas) {
 
 INSTANTIATE_TEST_SUITE_P(Addition, AdditionsGolden, testing::ValuesIn(kCases),
                          [](const auto& suite) { return std::string(suite.param.name); });
+
+// --- mixed pixels ---
+
+const std::string kScaledTwoWays =
+    std::string("[StageInfo]\nxscale = 1.4\nyscale = 2.3\n") + kRoom + kBackdrop +
+    "tile = 1,1\n"
+    "[BG]\ntype = normal\nspriteno = 1,0\nstart = -60,40\nmask = 1\n"
+    "[BG]\ntype = normal\nspriteno = 1,0\nstart = 40,40\nmask = 1\ntrans = add\n"
+    "[BG]\ntype = parallax\nspriteno = 3,0\nstart = 0,75\nxscale = 1,2\n";
+
+TEST(SmoothPictures, OfAScaledStageAreMixed) {
+    PaintedStage stage(kScaledTwoWays, ViewOptions{true, true});
+    stage.Run(1);
+    EXPECT_TRUE(MatchesGolden("smooth_scaled", stage.Picture(), stage.PictureSize().width,
+                              stage.PictureSize().height));
+}
+
+TEST(SmoothPictures, OfOthersAreWhatTheyAreWithout) {
+    const std::string unscaled = std::string(kRoom) + kBackdrop + kFloorAndArrow;
+    for (const auto& [definition, additions] :
+         {std::pair{unscaled, true}, {unscaled, false}, {kScaledTwoWays, false}}) {
+        PaintedStage smooth(definition, ViewOptions{additions, true});
+        PaintedStage stage(definition, ViewOptions{additions, false});
+        smooth.Run("right:3", 5);
+        stage.Run("right:3", 5);
+        EXPECT_EQ(smooth.Picture(), stage.Picture()) << additions;
+    }
+}
 
 // --- blended colours, in numbers ---
 
