@@ -11,20 +11,20 @@ constexpr Single kStepChange = 0.5F;
 constexpr Single kLeastStep = 0.5F;
 constexpr Single kMostStep = 10;
 
-Single Across(const Camera& camera, const StepUnits& units) {
-    return StepLength(camera.HCamStep, units.across, units.whole);
+CameraStep Across(const Camera& camera, const StepUnits& units) {
+    return {StepLength(camera.HCamStep, units.across, units.whole), units.hair};
 }
 
-Single Down(const Camera& camera, const StepUnits& units) {
-    return StepLength(camera.VCamStep, units.down, units.whole);
+CameraStep Down(const Camera& camera, const StepUnits& units) {
+    return {StepLength(camera.VCamStep, units.down, units.whole), units.hair};
 }
 
-void MoveSidewaysByKeys(StageModel& model, Single length, Keyboard& keyboard) {
+void MoveSidewaysByKeys(StageModel& model, const CameraStep& step, Keyboard& keyboard) {
     if (keyboard.IsDown(VirtualKey::Right)) {
-        StepRight(model, length);
+        StepRight(model, step);
     }
     if (keyboard.IsDown(VirtualKey::Left)) {
-        StepLeft(model, length);
+        StepLeft(model, step);
     }
 }
 
@@ -41,12 +41,12 @@ void FollowLead(StageModel& model, const Camera& camera, const StepUnits& units)
     }
 }
 
-void MoveUpAndDownByKeys(StageModel& model, Single length, Keyboard& keyboard) {
+void MoveUpAndDownByKeys(StageModel& model, const CameraStep& step, Keyboard& keyboard) {
     if (keyboard.IsDown(VirtualKey::Up)) {
-        StepUp(model, length);
+        StepUp(model, step);
     }
     if (keyboard.IsDown(VirtualKey::Down)) {
-        StepDown(model, length);
+        StepDown(model, step);
     }
 }
 
@@ -109,8 +109,10 @@ void MoveByPointer(StageModel& model, Camera& camera, const StepUnits& units,
 }  // namespace
 
 StepUnits StepUnitsOf(const StageModel& model, const View& view, bool additions) {
-    return additions ? StepUnits{view.TimesAsWide(), view.TimesAsHigh(), model.MugenVersion < 1}
-                     : StepUnits();
+    constexpr Single kHair = 1.0F / 256;
+    return additions
+               ? StepUnits{view.TimesAsWide(), view.TimesAsHigh(), model.MugenVersion < 1, kHair}
+               : StepUnits();
 }
 
 Single StepLength(Single step, double unit, bool whole) {
@@ -123,27 +125,35 @@ bool KeyGateIsOpen(const Camera& camera, Long now) {
 }
 
 // x is stored negated, so the tests look the other way than the moves.
-void StepRight(StageModel& model, Single step) {
-    if (-model.CamX + step <= static_cast<Single>(model.BoundRight)) {
-        model.CamX -= step;
+void StepRight(StageModel& model, const CameraStep& step) {
+    const auto bound = static_cast<Single>(model.BoundRight);
+    const Single place = -model.CamX + step.length;
+    if (place <= bound + step.hair) {
+        model.CamX = place > bound ? 0 - bound : model.CamX - step.length;
     }
 }
 
-void StepLeft(StageModel& model, Single step) {
-    if (-model.CamX - step >= static_cast<Single>(model.BoundLeft)) {
-        model.CamX += step;
+void StepLeft(StageModel& model, const CameraStep& step) {
+    const auto bound = static_cast<Single>(model.BoundLeft);
+    const Single place = -model.CamX - step.length;
+    if (place >= bound - step.hair) {
+        model.CamX = place < bound ? 0 - bound : model.CamX + step.length;
     }
 }
 
-void StepUp(StageModel& model, Single step) {
-    if (model.CamY - step >= static_cast<Single>(model.BoundHigh)) {
-        model.CamY -= step;
+void StepUp(StageModel& model, const CameraStep& step) {
+    const auto bound = static_cast<Single>(model.BoundHigh);
+    const Single place = model.CamY - step.length;
+    if (place >= bound - step.hair) {
+        model.CamY = std::max(place, bound);
     }
 }
 
-void StepDown(StageModel& model, Single step) {
-    if (model.CamY + step <= static_cast<Single>(model.BoundLow)) {
-        model.CamY += step;
+void StepDown(StageModel& model, const CameraStep& step) {
+    const auto bound = static_cast<Single>(model.BoundLow);
+    const Single place = model.CamY + step.length;
+    if (place <= bound + step.hair) {
+        model.CamY = std::min(place, bound);
     }
 }
 

@@ -52,6 +52,7 @@ struct StepUnits {
     double across = 1;
     double down = 1;
     bool whole = false;
+    Single hair = 0;  // of a CameraStep
 };
 [[nodiscard]] StepUnits StepUnitsOf(const StageModel& model, const View& view, bool additions);
 
@@ -62,11 +63,18 @@ struct StepUnits {
 // lastKeyTick to `now`.
 [[nodiscard]] bool KeyGateIsOpen(const Camera& camera, Long now);
 
-// One step of this length each, within the bounds.
-void StepRight(StageModel& model, Single step);
-void StepLeft(StageModel& model, Single step);
-void StepUp(StageModel& model, Single step);
-void StepDown(StageModel& model, Single step);
+// Addition: one that ends a hair beyond a bound ends on it, for steps of a fraction add up to a
+// little more or less than they should.
+struct CameraStep {
+    Single length = 0;
+    Single hair = 0;
+};
+
+// One step each, within the bounds.
+void StepRight(StageModel& model, const CameraStep& step);
+void StepLeft(StageModel& model, const CameraStep& step);
+void StepUp(StageModel& model, const CameraStep& step);
+void StepDown(StageModel& model, const CameraStep& step);
 
 void ControlCamera(StageModel& model, Camera& camera, const StepUnits& units,
                    const ViewFlags& flags, const CameraInput& input);

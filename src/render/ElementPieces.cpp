@@ -124,6 +124,8 @@ private:
     // Each copy by itself then, for its edges are not mixed with the next one's.
     [[nodiscard]] bool IsMixed() const { return scenara::IsMixed(picture_, options_); }
 
+    [[nodiscard]] std::int64_t Deepest() const { return DeepestOn(options_.view.Canvas()); }
+
     // Copies, counted in pixels of the picture from (x_, y_).
     void ShowTiles() {
         const PixelRange visibleColumns = InItsPixels(window_.columns, x_, timesX_);
@@ -141,7 +143,7 @@ private:
         Pieces rows = PiecesOf(down, mixing_);
         if (mixing_ != Mixing::Solid) {
             const Depths depths = AllowedDepths(DepthOf(tiles_.across, across.copies),
-                                                DepthOf(tiles_.down, down.copies));
+                                                DepthOf(tiles_.down, down.copies), Deepest());
             ThinOut(columns, across, visibleColumns, depths.x);
             ThinOut(rows, down, visibleRows, depths.y);
         }
@@ -154,9 +156,7 @@ private:
     void ShowScaledTiles() {
         const ScaledCopies columns(tiles_.across, picture_.x, picture_.scaleX);
         const ScaledCopies rows(tiles_.down, picture_.y, picture_.scaleY);
-        const Depths deepest = mixing_ == Mixing::Solid
-                                   ? Depths{kDeepest, kDeepest}
-                                   : AllowedDepths(columns.Depth(), rows.Depth());
+        const Depths deepest = AllowedDepths(columns.Depth(), rows.Depth(), Deepest());
         const double copies = columns.CopiesIn(window_.columns.to - window_.columns.from) *
                               rows.CopiesIn(LinesSeen());
         if (TakesLines(columns, {0, sprite_.height}, copies, LinesSeen())) {
@@ -262,7 +262,7 @@ private:
                 ShowLines(lines, 1);
                 return;
             }
-            copies.ForEach(window_.columns, kDeepest, [&](const PixelRange& column) {
+            copies.ForEach(window_.columns, Deepest(), [&](const PixelRange& column) {
                 visitor_.Show({column.from, lines.from, column.to - column.from,
                                lines.to - lines.from, 0, source, sprite_.width, 1});
             });
@@ -284,7 +284,7 @@ private:
             return;
         }
         if (mixing_ != Mixing::Solid) {
-            ThinOut(columns, across, visible, kDeepest);
+            ThinOut(columns, across, visible, Deepest());
         }
         ShowAcross(columns, 0, 1);
     }

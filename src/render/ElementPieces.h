@@ -7,7 +7,7 @@
 // Pieces are as few as they can be with every pixel the same as if each copy were drawn by itself:
 // copies that touch are one piece, of a solid copy only what later ones leave of it is shown, and
 // where very many are in the view a pattern stands for them (TilePatterns.h). What is left is
-// thinned out where more than kDeepest copies lie upon one another.
+// thinned out where too many copies lie upon one another.
 #pragma once
 
 #include "base/NotCopied.h"

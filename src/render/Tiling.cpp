@@ -2,6 +2,7 @@
 #include "render/Tiling.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace scenara {
 namespace {
@@ -74,10 +75,16 @@ Copies CopiesAlong(const Tiles& tiles, std::int64_t position, const PixelRange& 
                      visible, deepest);
 }
 
-Depths AllowedDepths(std::int64_t depthX, std::int64_t depthY) {
-    constexpr std::int64_t kOfBoth = 64;
-    static_assert(kOfBoth * kOfBoth == kDeepest);
-    return {std::max(kOfBoth, kDeepest / depthY), std::max(kOfBoth, kDeepest / depthX)};
+std::int64_t DeepestOn(const CanvasSize& canvas) {
+    constexpr std::int64_t kLeast = 16;
+    const std::int64_t pixels = std::int64_t{canvas.width} * canvas.height;
+    const std::int64_t designed = std::int64_t{CanvasSize().width} * CanvasSize().height;
+    return std::clamp(kDeepest * designed / pixels, kLeast, kDeepest);
+}
+
+Depths AllowedDepths(std::int64_t depthX, std::int64_t depthY, std::int64_t deepest) {
+    const auto ofBoth = static_cast<std::int64_t>(std::sqrt(static_cast<double>(deepest)));
+    return {std::max(ofBoth, deepest / depthY), std::max(ofBoth, deepest / depthX)};
 }
 
 }  // namespace scenara

@@ -8,6 +8,7 @@
 #include <limits>
 
 #include "base/Integers.h"
+#include "platform/View.h"
 
 namespace scenara {
 
@@ -75,15 +76,17 @@ inline constexpr std::int64_t kAnyDepth = std::numeric_limits<std::int64_t>::max
                                  const PixelRange& visible, std::int64_t deepest = kAnyDepth);
 
 // How many copies may lie upon one another at one place, along both axes together: no picture is
-// made of more, and no file is to make a frame take minutes.
+// made of more, and no file is to make a frame take minutes. On a canvas larger than the designed
+// one it is as many times fewer, but 16 in any case.
 inline constexpr std::int64_t kDeepest = 4096;
+[[nodiscard]] std::int64_t DeepestOn(const CanvasSize& canvas);
 
-// The depths to which copies that are `depthX` and `depthY` deep are thinned out, kDeepest
+// The depths to which copies that are `depthX` and `depthY` deep are thinned out, `deepest`
 // together.
 struct Depths {
     std::int64_t x = kAnyDepth;
     std::int64_t y = kAnyDepth;
 };
-[[nodiscard]] Depths AllowedDepths(std::int64_t depthX, std::int64_t depthY);
+[[nodiscard]] Depths AllowedDepths(std::int64_t depthX, std::int64_t depthY, std::int64_t deepest);
 
 }  // namespace scenara

@@ -2,7 +2,7 @@
 //
 // Camera: what the drawing knows of the camera beyond its position, which is StageModel's CamX and
 // CamY. There x is stored negated: the camera *shown* to the user stands at (-CamX, CamY), grows to
-// the right, and is 0 at the ground view and negative above it. Pixels of the view.
+// the right, and is 0 at the ground view and negative above it. Units of the stage.
 #pragma once
 
 #include "base/Integers.h"

@@ -98,6 +98,7 @@ void DefinitionReader::StartSection(std::string_view header) {
     given_.Clear();
     section_ = options_.Additions ? KindByFirstWord(header) : KindOfSection(header);
     sectionName_ = SectionName(header);
+    std::erase(sectionName_, ' ');
     switch (section_) {
         case SectionKind::Element: StartElement(header); break;
         case SectionKind::Action: StartAction(header); break;

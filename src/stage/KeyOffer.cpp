@@ -17,7 +17,7 @@ bool KeyOffer::Whole(std::string_view key, FieldTarget target) {
 bool KeyOffer::Value(std::string_view key, Integer index, FieldTarget target) {
     Integer found = kFalse;
     tooLarge_ = false;
-    if (Additions() && !(MayStandHere(key) && CountsHere(key) && HasValue(key, index))) {
+    if (Additions() && !(MayStandHere(key) && CountsHere(key) && HasValue(key, index, target))) {
         return false;
     }
     try {
@@ -66,7 +66,7 @@ bool KeyOffer::CountsHere(std::string_view key) const {
 // Addition: a key with nothing but blanks behind its "=", or before the first comma, leaves that
 // value as it is; so an empty line does not stand before a good one. Later values are judged by
 // ReadKeyValue.
-bool KeyOffer::HasValue(std::string_view key, Integer index) const {
+bool KeyOffer::HasValue(std::string_view key, Integer index, const FieldTarget& target) const {
     if (key == kBareValues || index > 1) {
         return true;
     }
@@ -76,7 +76,8 @@ bool KeyOffer::HasValue(std::string_view key, Integer index) const {
         return true;
     }
     const std::string_view values = line.substr(equals + 1);
-    return !Trim(index == 0 ? values : values.substr(0, values.find(','))).empty();
+    const bool whole = index == 0 && target.IsText();
+    return !Trim(whole ? values : values.substr(0, values.find(','))).empty();
 }
 
 std::string KeyOffer::BareValue(Integer index) const {

@@ -72,7 +72,8 @@ public:
 private:
     [[nodiscard]] bool MayStandHere(std::string_view key) const;
     [[nodiscard]] bool CountsHere(std::string_view key) const;
-    [[nodiscard]] bool HasValue(std::string_view key, Integer index) const;
+    [[nodiscard]] bool HasValue(std::string_view key, Integer index,
+                                const FieldTarget& target) const;
     [[nodiscard]] MessagePlace PlaceOf(std::string_view key) const;
 
     const KeyLine& line_;

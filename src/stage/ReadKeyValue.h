@@ -56,6 +56,7 @@ public:
     FieldTarget(Single& field) : field_(&field) {}       // NOLINT(google-explicit-constructor)
     FieldTarget(std::string& field) : field_(&field) {}  // NOLINT(google-explicit-constructor)
 
+    [[nodiscard]] bool IsText() const { return std::holds_alternative<std::string*>(field_); }
     void Store(std::string_view text) const;
     void Store(double number) const;
 

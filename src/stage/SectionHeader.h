@@ -2,10 +2,9 @@
 //
 // SectionHeader: what a "[...]" line of a stage definition starts.
 //
-// Any line with a "[" and a "]" in it is a header. Its kind is decided by words anywhere on the
-// line, in any letter case. Deliberate: plainly an element whose name has "def" or "ctrl" in it,
-// such as
-// "[BG default]", is no element (SectionHeader.ElementNamedDefaultIsASettingsSection).
+// Any line with a "[" and a "]" in it is a header. Plainly its kind is decided by words anywhere on
+// the line, in any letter case. Deliberate: so an element whose name has "def" or "ctrl" in it,
+// such as "[BG default]", is none (SectionHeader.ElementNamedDefaultIsASettingsSection).
 #pragma once
 
 #include <string>

@@ -136,6 +136,26 @@ void ReadMusicKeys(KeyOffer& line, StageModel& model) {
     line.Whole("bgmloopend", model.MusicLoopEnd);
 }
 
+// Swings have several values, other types one. Addition: the type may come after them.
+void ReadCtrlValue(KeyOffer& line, BgCtrl& control) {
+    const bool swings = Contains(control.type, "sin");
+    const bool either = line.Additions() && control.type.empty();
+    if (!swings) {
+        control.given |= GivenBit(line.Whole("value", control.value), kGivenValue);
+    }
+    // One that is too large for both is reported once.
+    if (swings || (either && !line.WasTooLarge())) {
+        const unsigned values = line.Values("value", control.value1, control.value2);
+        if (line.Additions()) {
+            ReadFractions(line, "value", values, control.value1, control.value2,
+                          control.swingFraction);
+            line.Value("value", 3, control.value3);
+        }
+        control.given |= GivenBit((values & kFirst) != 0, kGivenValue1);
+        control.given |= GivenBit((values & kSecond) != 0, kGivenValue2);
+    }
+}
+
 }  // namespace
 
 void ReadElementKeys(KeyOffer& line, BackgroundElement& element, Messages& messages) {
@@ -210,22 +230,7 @@ void ReadCtrlKeys(KeyOffer& line, BgCtrl& control) {
     line.List("ctrlid", control.ctrlIds);
     control.given |= GivenBit(line.Whole("x", control.x), kGivenX);
     control.given |= GivenBit(line.Whole("y", control.y), kGivenY);
-    const bool swings = Contains(control.type, "sin");
-    // Addition: the type may come after the value.
-    const bool either = line.Additions() && control.type.empty();
-    if (swings || either) {
-        const unsigned values = line.Values("value", control.value1, control.value2);
-        if (line.Additions()) {
-            ReadFractions(line, "value", values, control.value1, control.value2,
-                          control.swingFraction);
-            line.Value("value", 3, control.value3);
-        }
-        control.given |= GivenBit((values & kFirst) != 0, kGivenValue1);
-        control.given |= GivenBit((values & kSecond) != 0, kGivenValue2);
-    }
-    if (!swings) {
-        control.given |= GivenBit(line.Whole("value", control.value), kGivenValue);
-    }
+    ReadCtrlValue(line, control);
 }
 
 void ReadKeysOfSection(KeyOffer& line, StageModel& model, std::string_view section) {

@@ -262,17 +262,25 @@ void LiteralStage::MoveCamera(const LiteralKeys& keys) {
     const auto single = [](double value) { return Wide(static_cast<float>(value)); };
     const double across = single(space_.CameraStep()[0]);
     const double down = single(space_.CameraStep()[1]);
-    if (keys.right && single(-camera_[0] + across) <= model_.BoundRight) {
-        camera_[0] = single(camera_[0] - across);
+    const double hair = rules_.endsOnBounds ? 1.0 / 256 : 0;
+    const auto upTo = [&](double place, double bound) {
+        return place > bound && place <= bound + hair ? bound : place;
+    };
+    const double right = upTo(single(-camera_[0] + across), model_.BoundRight);
+    if (keys.right && right <= model_.BoundRight) {
+        camera_[0] = -right;
     }
-    if (keys.left && single(-camera_[0] - across) >= model_.BoundLeft) {
-        camera_[0] = single(camera_[0] + across);
+    const double left = -upTo(-single(-camera_[0] - across), -double(model_.BoundLeft));
+    if (keys.left && left >= model_.BoundLeft) {
+        camera_[0] = -left;
     }
-    if (keys.up && single(camera_[1] - down) >= upperBound_) {
-        camera_[1] = single(camera_[1] - down);
+    const double upper = -upTo(-single(camera_[1] - down), -double(upperBound_));
+    if (keys.up && upper >= upperBound_) {
+        camera_[1] = upper;
     }
-    if (keys.down && single(camera_[1] + down) <= model_.BoundLow) {
-        camera_[1] = single(camera_[1] + down);
+    const double lower = upTo(single(camera_[1] + down), model_.BoundLow);
+    if (keys.down && lower <= model_.BoundLow) {
+        camera_[1] = lower;
     }
 }
 

@@ -33,6 +33,8 @@ struct LiteralRules {
     bool enabledIsEnable = true;    // as a controller's type
     bool unknownIsDummy = true;     // a type that is no known word; plain: drawn like "normal"
 
+    bool endsOnBounds = true;  // a camera step that is beyond a bound by a hair
+
     static LiteralRules Of(bool additions) {
         return additions ? LiteralRules{}
                          : LiteralRules{.onCanvas = false,
@@ -45,7 +47,8 @@ struct LiteralRules {
                                         .movesOnce = false,
                                         .movesHidden = false,
                                         .enabledIsEnable = false,
-                                        .unknownIsDummy = false};
+                                        .unknownIsDummy = false,
+                                        .endsOnBounds = false};
     }
 };
 

@@ -367,11 +367,56 @@ using SingleSteps = CameraControlTest;
 
 TEST_F(SingleSteps, OfNothingMoveNothing) {
     Show(20, 0);
-    StepRight(player.model, 0);
-    StepLeft(player.model, 0);
-    StepUp(player.model, 0);
-    StepDown(player.model, 0);
+    StepRight(player.model, {});
+    StepLeft(player.model, {});
+    StepUp(player.model, {});
+    StepDown(player.model, {});
     ExpectShown(20, 0);
+}
+
+struct FractionalSteps {
+    const char* name;
+    Long bound;
+    Single step;
+    Single hair;
+    Single end;  // where it stands after very many steps
+};
+
+// 320 steps of 427 / 320 add up to a little more or less than 427.
+TEST_F(SingleSteps, ThatEndAHairBeyondABoundEndOnIt) {
+    constexpr Single kHair = 1.0F / 256;
+    constexpr Single kOfWideView = 427.0F / 320;
+    for (const FractionalSteps& row : {
+             FractionalSteps{"that fit", 427, kOfWideView, kHair, 427},
+             {"that fit, downwards", 854, 854.0F / 320, kHair, 854},
+             {"that do not", 428, kOfWideView, kHair, 427},
+             {"whole ones", 10, 3, kHair, 9},
+             {"beyond a bound that cannot be reached", -5, 1, kHair, 0},
+         }) {
+        SCOPED_TRACE(row.name);
+        StageModel& model = player.model;
+        model.BoundRight = row.bound;
+        model.BoundLeft = -row.bound;
+        model.BoundLow = static_cast<Integer>(row.bound);
+        model.BoundHigh = static_cast<Integer>(-row.bound);
+        const CameraStep step{row.step, row.hair};
+        for (const Single side : {1.0F, -1.0F}) {
+            Show(0, 0);
+            for (int i = 0; i < 1000; ++i) {
+                side > 0 ? StepRight(model, step) : StepLeft(model, step);
+                side > 0 ? StepDown(model, step) : StepUp(model, step);
+            }
+            EXPECT_NEAR(-model.CamX, side * row.end, 0.01F);
+            EXPECT_NEAR(model.CamY, side * row.end, 0.01F);
+            EXPECT_TRUE(-model.CamX * side <= static_cast<Single>(std::max(row.bound, Long{0})));
+        }
+    }
+    player.model.BoundRight = 427;
+    Show(0, 0);
+    for (int i = 0; i < 1000; ++i) {
+        StepRight(player.model, {kOfWideView, 0});
+    }
+    EXPECT_LT(-player.model.CamX, 426) << "plainly a sum that is too large is one";
 }
 
 // --- a figure that leads the camera ---

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "render/ElementPieces.h"
 
+#include <algorithm>
+#include <cstdint>
 #include <limits>
 #include <random>
 
@@ -77,6 +79,65 @@ TEST_F(Seen, WithASpriteOutsideOfTheTableIsAnError) {
     element.spriteIndex = 1;
     ExpectError(RunTimeErrorKind::SubscriptOutOfRange,
                 [&] { static_cast<void>(MayBeSeen(model, element, {})); });
+}
+
+// --- many copies upon one another ---
+
+class PixelCount : public PieceVisitor {
+public:
+    explicit PixelCount(const CanvasSize& canvas) : canvas_(canvas) {}
+    void Show(const SpriteQuad& quad) override {
+        pixels +=
+            Seen(quad.x, quad.width, canvas_.width) * Seen(quad.y, quad.height, canvas_.height);
+    }
+    void ShowPattern(const TilePattern& /*pattern*/, const SpriteQuad& quad) override {
+        Show(quad);
+    }
+
+    double pixels = 0;
+
+private:
+    static double Seen(std::int64_t from, std::int64_t length, std::int64_t all) {
+        const std::int64_t seen = std::min(from + length, all) - std::max(from, std::int64_t{0});
+        return static_cast<double>(std::max(seen, std::int64_t{0}));
+    }
+
+    CanvasSize canvas_;
+};
+
+struct Heap {
+    const char* name;
+    Long width;  // of the view
+    Long height;
+    Single scale;
+    Mixing mixing;
+};
+
+// A frame of them takes about as long on each canvas.
+TEST(ManyCopiesOfAPicture, AreAsManyPixelsOnEachCanvas) {
+    for (const Heap& row : {
+             Heap{"designed", 320, 240, 1, Mixing::Blended},
+             {"wide", 1280, 720, 1, Mixing::Blended},
+             {"scaled", 1280, 720, 1.01F, Mixing::Blended},
+             {"scaled and masked", 1280, 720, 1.5F, Mixing::Masked},
+             {"scaled and solid", 1280, 720, 1.01F, Mixing::Solid},
+             {"largest", 7680, 4320, 1, Mixing::Blended},
+         }) {
+        SCOPED_TRACE(row.name);
+        StageModel model;
+        StageBuilder build(model);
+        BackgroundElement& element =
+            Tiled(build.Still(build.Sprite("picture", 300, 200)), 1, 1, -299, -199);
+        element.linkParent = -1;
+        model.StageXScale = model.StageYScale = row.scale;
+        const DrawOptions options{.additions = true, .view = {row.width, row.height}};
+        const auto placed = PlaceElement(model, element, options);
+        ASSERT_TRUE(placed.has_value());
+        PixelCount count(options.view.Canvas());
+        ForEachPiece(model, element, *placed, options, row.mixing, count);
+        EXPECT_GT(count.pixels, double{1} * row.width * row.height);
+        EXPECT_LT(count.pixels, 1.5 * 4096 * 320 * 240 + 32.0 * row.width * row.height);
+    }
 }
 
 }  // namespace

@@ -167,14 +167,26 @@ TEST(ManyCopies, ThatAreThinnedOutKeepTheFirstAndTheLastOfACount) {
     }
 }
 
+// So that a frame of them takes as long on each.
+TEST(ManyCopies, AreFewerOnALargeCanvas) {
+    EXPECT_EQ(DeepestOn({320, 240}), 4096);
+    EXPECT_EQ(DeepestOn({80, 60}), 4096);
+    EXPECT_EQ(DeepestOn({640, 480}), 1024);
+    EXPECT_EQ(DeepestOn({1280, 720}), 341);
+    EXPECT_EQ(DeepestOn({7680, 4320}), 16);
+}
+
 TEST(ManyCopies, AlongBothAxesShareTheDepth) {
     for (const std::int64_t x : {1, 2, 63, 64, 65, 1000, 4096, 32767}) {
         for (const std::int64_t y : {1, 2, 63, 64, 65, 1000, 4096, 32767}) {
-            const Depths allowed = AllowedDepths(x, y);
-            EXPECT_LE(std::min(x, allowed.x) * std::min(y, allowed.y), kDeepest) << x << " " << y;
-            if (x * y <= kDeepest) {
-                EXPECT_GE(allowed.x, x) << y;
-                EXPECT_GE(allowed.y, y) << x;
+            for (const std::int64_t deepest : {std::int64_t{16}, std::int64_t{341}, kDeepest}) {
+                const Depths allowed = AllowedDepths(x, y, deepest);
+                EXPECT_LE(std::min(x, allowed.x) * std::min(y, allowed.y), deepest)
+                    << x << " " << y;
+                if (x * y <= deepest) {
+                    EXPECT_GE(allowed.x, x) << y;
+                    EXPECT_GE(allowed.y, y) << x;
+                }
             }
         }
     }

@@ -225,6 +225,25 @@ TEST(AdditionsTexts, AnEmptyValueLeavesTheKeyToAnotherLine) {
     EXPECT_THAT(read.Plain().CtrlDefs.at(0).ctrlIds, ElementsAre(0, 5));
 }
 
+TEST(AdditionsTexts, AnEmptyNumberBeforeACommaIsNoneToo) {
+    const BothReadings read("[BG]\r\nid = , 3\r\nid = 5\r\n[Info]\r\nbgmusic = ,a.mp3\r\n");
+    EXPECT_EQ(read.WithElement().id, 5);
+    EXPECT_EQ(read.With().MusicFile, ",a.mp3") << "a text is whole";
+}
+
+TEST(AdditionsTexts, BlanksWithinTheNameOfASectionDoNotCount) {
+    const BothReadings read("[BG Def]\r\ndebugbg = 1\r\n[Stage Info]\r\nhires = 1\r\n");
+    EXPECT_EQ(read.With().debugbg, 1);
+    EXPECT_EQ(read.With().hires, 1);
+    EXPECT_EQ(read.Plain().debugbg, 0);
+}
+
+TEST(AdditionsTexts, AValueBeforeItsTypeIsReportedOnceWhereItDoesNotFit) {
+    const BothReadings read("[BGCtrlDef]\r\n[BGCtrl]\r\nvalue = 70000\r\ntype = anim\r\n");
+    EXPECT_THAT(read.WithTexts(), ElementsAre("Overflow: value, line 3"));
+    EXPECT_EQ(read.With().CtrlDefs.at(0).controls.at(0).given, 0);
+}
+
 TEST(AdditionsTexts, EveryFrameCounts) {
     const BothReadings read("[Begin Action 1]\r\n1,1, 0,0, 5\r\n2,2, 0,0, 6\r\n");
     ASSERT_EQ(read.With().Actions.at(0).frameCount, 2);

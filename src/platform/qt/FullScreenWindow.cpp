@@ -55,7 +55,7 @@ void FullScreenWindow::WaitForFocus() {
     QTimer again;
     connect(&again, &QTimer::timeout, this, ask);
     again.start(kAskAgain);
-    while (!isActiveWindow() && asked <= kMostAsked) {
+    while (isVisible() && !isActiveWindow() && asked < kMostAsked) {
         QApplication::processEvents(QEventLoop::WaitForMoreEvents);
     }
 }

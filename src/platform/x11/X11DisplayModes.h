@@ -2,9 +2,9 @@
 //
 // X11DisplayModes: the modes of the screen on which the main window stands, on an X display.
 //
-// Where that screen has no mode for the full screen (320 x 240, 24 bits, 60 Hz), as today's have
-// none, one more is listed behind its own: switching to it changes nothing on the display, and it
-// counts as the one in force until another is asked for. The window then shows itself over the
+// Where that screen has no mode for the plain full screen (320 x 240, 24 bits, 60 Hz), as today's
+// have none, one more is listed behind its own: switching to it changes nothing on the display, and
+// it counts as the one in force until another is asked for. The window then shows itself over the
 // whole screen.
 //
 // A mode that was switched to is taken back by Restore(), by the destructor, and when the program
