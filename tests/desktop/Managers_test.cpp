@@ -134,6 +134,26 @@ protected:
     Tiled() : FilledScreen(Manager::I3) {}
 };
 
+// The window that it asks for would be smaller, and end above it.
+TEST_F(Tiled, TheSpritesBarIsSeenAtOnce) {
+    constexpr int kBarHeight = 8;  // at least
+    StartWithList();
+    ExpectListAtTheEdge();
+    MoveTo({list_.x + 20, list_.y + 5});
+    display_.Do("click 1");
+    ExpectPicture(kTwice, true);
+    Key("alt+d");
+    EXPECT_TRUE(Eventually([&] { return PictureSize() == SeenSize{640, 240}; })) << "a sprite";
+    EXPECT_TRUE(Eventually([&] {
+        const Screenshot shot = Look();
+        int light = 0;  // pixels below one another
+        for (int y = shot.height / 2; y < shot.height && light < kBarHeight; ++y) {
+            light = (shot.At(shot.width / 3, y) & 0x808080) == 0x808080 ? light + 1 : 0;
+        }
+        return light == kBarHeight;
+    })) << "its bar";
+}
+
 TEST_F(Tiled, ControlsStandWhereTheWindowReallyEnds) {
     StartWithList();
     const auto clickAt = [this](const Spot& spot) {

@@ -10,14 +10,17 @@
 namespace scenara {
 namespace {
 
-// Milliseconds in which a window manager that gives another size does so.
+// Milliseconds in which a window manager that gives another size does so. One that gives none has
+// said so by then, or is busy: it is waited for so many times as long.
 constexpr int kPatience = 100;
+constexpr int kMostPatience = 20;
 
 }  // namespace
 
 WindowSize::WindowSize(QWidget& window) : window_(window) {
     patience_.setSingleShot(true);
     patience_.setInterval(kPatience);
+    QObject::connect(&patience_, &QTimer::timeout, &window_, [this] { NothingCame(); });
 }
 
 // A widget takes each size for granted, and learns of no refusal. Its window does not.
@@ -27,7 +30,18 @@ void WindowSize::Ask(const QSize& size) {
         window_.resize(wanted);  // it will come up so
     } else if (MayBeAsked() && (wanted != window_.size() || IsAwaited())) {
         window_.windowHandle()->resize(wanted);
+        waited_ = 0;
         patience_.start();
+    }
+}
+
+// Until it is told that the size stays the toolkit shows no more of what is painted than would fit
+// the one that was asked for, and does not make up for it.
+void WindowSize::NothingCame() {
+    if (window_.windowHandle()->size() != window_.size() && ++waited_ < kMostPatience) {
+        patience_.start();
+    } else {
+        window_.update();
     }
 }
 

@@ -33,6 +33,7 @@ public:
     [[nodiscard]] bool IsAwaited() const { return patience_.isActive(); }
 
 private:
+    void NothingCame();
     [[nodiscard]] bool MayBeAsked() const;
 
     [[nodiscard]] bool FillsTheScreen() const;
@@ -40,6 +41,7 @@ private:
     QWidget& window_;
     QSize free_;  // what it had last when it did not fill the screen
     QTimer patience_;
+    int waited_ = 0;  // how often for an answer to the last question
 };
 
 }  // namespace scenara
