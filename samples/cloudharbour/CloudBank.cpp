@@ -106,11 +106,11 @@ IndexedPicture DrawBank(const CloudBank& bank) {
     const NoiseSheet drift(bank.seed + 2, 4, 4);
     const double fray = std::min(24.0, bank.radius * 0.45);
     const double depth = bank.mistTo - bank.mistFrom;
-    const double soft = std::min(16.0, bank.radius * 0.5);
+    const double soft = std::clamp(bank.gaps * bank.radius, 0.0, std::min(16.0, bank.radius * 0.5));
     Painting painting(bank.width, bank.height);
     for (int x = 0; x < bank.width; ++x) {
         // From here on every pixel is cloud, whatever gaps the heaps leave.
-        const double full = CrestAt(bank, x) + 0.85 * bank.radius * bank.squash;
+        const double full = CrestAt(bank, x) + bank.gaps * bank.radius * bank.squash;
         for (int y = 0; y < bank.height; ++y) {
             // The balls are bent and frayed, or they would look like balls.
             const double warp = bend.At(x * 1.0, y * 1.0) - 0.5;

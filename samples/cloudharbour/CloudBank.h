@@ -21,10 +21,11 @@ struct CloudBank {
     // Of the largest heaps: along the crest, and what a row of heaps has more than the one before.
     double radius = 40;
     double growth = 0;
-    int lines = 2;      // rows of heaps
-    int towers = 0;     // heaps that stand far above the crest
-    double flat = 1;    // how far the next row is below, in radii
-    double squash = 1;  // the height of a heap that would be 1 if it were round
+    int lines = 2;       // rows of heaps
+    int towers = 0;      // heaps that stand far above the crest
+    double flat = 1;     // how far the next row is below, in radii
+    double squash = 1;   // the height of a heap that would be 1 if it were round
+    double gaps = 0.85;  // how far below the crest heaps leave gaps, in radii
 
     Light shade{};
     Light middle{};

@@ -25,6 +25,7 @@ IndexedPicture DrawCloudSea() {
                      .lines = 14,
                      .flat = 0.55,
                      .squash = 0.52,
+                     .gaps = -0.3,
                      .shade = {0.60, 0.50, 0.69},
                      .middle = {0.87, 0.64, 0.67},
                      .lit = {1.0, 0.84, 0.70},

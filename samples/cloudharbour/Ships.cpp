@@ -76,12 +76,12 @@ Pictures DrawPropeller() {
 // The mast to which the ship's nose is made fast: a lattice of iron out of the clouds.
 IndexedPicture DrawMooringMast() {
     constexpr int kWidth = 120;
-    constexpr int kHeight = 430;
+    constexpr int kHeight = 600;  // its foot is below the picture, whatever clouds drift by
     constexpr double kMiddle = 56;
     constexpr int kTop = 74;
     constexpr Light kIron{0.34, 0.28, 0.36};
     Painting painting(kWidth, kHeight);
-    const auto half = [](double y) { return 9 + 26 * Rise(kTop, kHeight * 1.4, y); };
+    const auto half = [](double y) { return 9 + 26 * Rise(kTop, kHeight, y); };
     int field = 0;
     for (double y = kTop; y < kHeight; y += 34, ++field) {
         const double next = y + 34;

@@ -30,7 +30,7 @@ Pictures DrawWaterfall() {
             const double strand = strands.At(across * 34, (y * 0.5 - fallen) * 1.0);
             const double veil = mist.At(x * 1.0, (y - 2 * fallen) * 1.0);
             const double body = Rise(1.05, 0.45, std::abs(across));
-            const double thin = Rise(1.0, 0.35, down);
+            const double thin = Rise(0.84, 0.3, down);
             const double water = Rise(0.25, 0.8, strand) * (1 - 0.6 * down);
             const double cloud = Rise(0.2, 0.9, veil) * Rise(0.1, 0.8, down);
             const double top = Rise(0, 5, y);

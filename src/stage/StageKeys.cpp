@@ -7,6 +7,7 @@
 
 #include "base/NumberText.h"
 #include "base/Text.h"
+#include "platform/View.h"
 #include "stage/Blending.h"
 
 namespace scenara {
@@ -156,6 +157,16 @@ void ReadCtrlValue(KeyOffer& line, BgCtrl& control) {
     }
 }
 
+// A number alone leaves the other one as it is designed.
+void ReadLocalcoord(KeyOffer& line, StageModel& model) {
+    const unsigned given = line.Values("localcoord", model.localcoordWidth, model.localcoordHeight);
+    if (given == kFirst) {
+        model.localcoordHeight = View().height;
+    } else if (given == kSecond) {
+        model.localcoordWidth = View().width;
+    }
+}
+
 }  // namespace
 
 void ReadElementKeys(KeyOffer& line, BackgroundElement& element, Messages& messages) {
@@ -238,7 +249,7 @@ void ReadKeysOfSection(KeyOffer& line, StageModel& model, std::string_view secti
         ReadVersion(line, model);
     } else if (section == "stageinfo") {
         line.Whole("hires", model.hires);
-        line.Values("localcoord", model.localcoordWidth, model.localcoordHeight);
+        ReadLocalcoord(line, model);
         line.Whole("xscale", model.StageXScale);
         line.Whole("yscale", model.StageYScale);
     } else if (section == "bgdef") {

@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include "BothReadings.h"
+#include "stage/StageSpace.h"
 
 namespace scenara::test {
 namespace {
@@ -587,6 +588,31 @@ TEST(AdditionsSettings, HiresAndLocalcoordAreRead) {
     EXPECT_EQ(read.Plain().hires, 0);
     EXPECT_EQ(read.Plain().localcoordWidth, 0);
     EXPECT_EQ(read.Plain().localcoordHeight, 0);
+}
+
+struct SpaceRow {
+    const char* localcoord;
+    Long width;
+    Long height;
+};
+
+TEST(AdditionsSettings, ANumberOfLocalcoordAloneLeavesTheOtherAsItIsDesigned) {
+    for (const SpaceRow& row : {
+             SpaceRow{"640, 360", 640, 360},
+             SpaceRow{"640", 640, 240},
+             SpaceRow{"640 360", 640, 240},
+             SpaceRow{"640,", 640, 240},
+             SpaceRow{", 480", 320, 480},
+             SpaceRow{"", 320, 240},
+             SpaceRow{"79, 480", 320, 240},
+         }) {
+        SCOPED_TRACE(row.localcoord);
+        const BothReadings read(std::string("[StageInfo]\r\nlocalcoord = ") + row.localcoord +
+                                "\r\n");
+        const View view = ViewOf(read.With(), ViewOptions());
+        EXPECT_EQ(view.width, row.width);
+        EXPECT_EQ(view.height, row.height);
+    }
 }
 
 TEST(AdditionsSettings, AreForgottenByTheNextStage) {
