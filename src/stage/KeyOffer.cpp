@@ -63,9 +63,8 @@ bool KeyOffer::CountsHere(std::string_view key) const {
     return key == kBareValues || given_ == nullptr || !given_->Before(lineNumber_, key);
 }
 
-// Addition: a key with nothing but blanks behind its "=", or before the first comma, leaves that
-// value as it is; so an empty line does not stand before a good one. Later values are judged by
-// ReadKeyValue.
+// Addition: an empty first value is not a value. The field stays as it is, and a later line can
+// still give the key. ReadKeyValue judges the values after the first comma.
 bool KeyOffer::HasValue(std::string_view key, Integer index, const FieldTarget& target) const {
     if (key == kBareValues || index > 1) {
         return true;

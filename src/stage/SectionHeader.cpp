@@ -16,7 +16,7 @@ std::string_view Inside(std::string_view header) {
     return fromOpen.substr(0, fromOpen.find(']'));
 }
 
-// The letters that a name in lower case begins with, and what stands behind them and blanks.
+// Splits a name in lower case: its first letters, and the rest without blanks around it.
 std::pair<std::string_view, std::string_view> FirstWord(std::string_view name) {
     std::size_t end = 0;
     while (end < name.size() && name[end] >= 'a' && name[end] <= 'z') {

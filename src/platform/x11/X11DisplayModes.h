@@ -2,10 +2,10 @@
 //
 // X11DisplayModes: the modes of the screen on which the main window stands, on an X display.
 //
-// Where that screen has no mode for the plain full screen (320 x 240, 24 bits, 60 Hz), as today's
-// have none, one more is listed behind its own: switching to it changes nothing on the display, and
-// it counts as the one in force until another is asked for. The window then shows itself over the
-// whole screen.
+// The plain full screen wants a mode of 320 x 240, 24 bits and 60 Hz, which screens of today do not
+// have. Then one such mode is listed after the screen's own. Switching to it changes nothing on the
+// display. It counts as the one in force until another is asked for, and the window then shows
+// itself over the whole screen.
 //
 // A mode that was switched to is taken back by Restore(), by the destructor, and when the program
 // dies.
