@@ -82,6 +82,9 @@ void frmStage::Form_Load() {
         LoadFilestoList(form_.lstStages, StagesFolder(MugeDir), ".def", machine_.files,
                         machine_.messages);
     }));
+    // The window comes up so. A window manager that is still taking it in loses another size.
+    const InnerSize view = machine_.window.RoomFor(CanvasSize());
+    LayOutControls(view.width + ListWidth(), view.height);
 }
 
 Settings frmStage::AllSettings(CameraSteps& steps) {

@@ -164,8 +164,8 @@ public:
     // Leaves the full screen, if that is on.
     void ResetRes();
 
-    // Asks for an inner area of this size, in pixels. Nothing else asks for any, and controls are
-    // laid out only for the size that Form_Resize reports.
+    // Asks for an inner area of this size, in pixels. Nothing else asks for any, and once the
+    // window is there controls are laid out only for the size that Form_Resize reports.
     void Size(Long width, Long height);
 
     // --- State -------------------------------------------------------------------------------

@@ -13,8 +13,8 @@ class FullScreenForm : NotCopied {
 public:
     virtual ~FullScreenForm() = default;
 
-    // Covers the screen, whatever size it takes on, and has the user's attention when this returns.
-    // The main window is gone meanwhile. Its handle, never 0.
+    // Covers the screen, whatever size it takes on, and counts as what the user looks at when this
+    // returns. The main window is gone meanwhile. Its handle, never 0.
     virtual WindowHandle Show() = 0;
 
     // Gives the screen back; the main window is where it was.

@@ -92,6 +92,9 @@ TEST_F(Layout, AWindowNarrowerThanItsListKeepsASize) {
 TEST_F(Layout, AListThatWasShownComesUpWithTheWindow) {
     Load(true);
     EXPECT_EQ(program.ShowStageList, 255);
+    EXPECT_EQ(form.innerWidth, 320 + kListWidth) << "before it is shown";
+    ExpectPicture(320, 240);
+    ExpectList(320, 240);
     program.Form_Activate();
     EXPECT_EQ(program.ShowStageList, 255);
     LetSizeCome();
@@ -102,7 +105,10 @@ TEST_F(Layout, AListThatWasShownComesUpWithTheWindow) {
 
 TEST_F(Layout, TheWindowComesUpWithTheRoomThatTheViewTakesOnThisScreen) {
     window.SetRoomForView({366, 275});
-    Begin(true);
+    Load(true);
+    EXPECT_EQ(form.innerWidth, 366 + kListWidth) << "before it is shown";
+    EXPECT_EQ(form.innerHeight, 275);
+    program.Form_Activate();
     LetSizeCome();
     ExpectSize(366 + kListWidth, 275);
     ExpectPicture(366, 275);

@@ -201,12 +201,19 @@ void VirtualDisplay::StartManager() {
     manager_.emplace(command, Environment(), Folder() + "manager.txt");
 }
 
-// A window that comes up while the manager does is left out by it, and never seen.
+// A window that comes up while the manager does is left out by it, and never seen. Openbox says who
+// it is long before it takes windows in; what it is asked for it does when it has.
 bool VirtualDisplay::ManagerIsReady() const {
-    if (kind_ == Manager::Weston) {
-        return std::filesystem::exists(Folder() + "wayland");
+    switch (kind_) {
+        case Manager::Openbox:
+            Do("set_num_desktops 1");  // it comes up with more
+            return Do("get_num_desktops") == "1";
+        case Manager::I3:
+            return Property("-root", "_NET_SUPPORTING_WM_CHECK").find("window id") !=
+                   std::string::npos;
+        case Manager::Weston: return std::filesystem::exists(Folder() + "wayland");
     }
-    return Property("-root", "_NET_SUPPORTING_WM_CHECK").find("window id") != std::string::npos;
+    return false;
 }
 
 std::string VirtualDisplay::Property(const std::string& window, const std::string& name) const {

@@ -14,8 +14,7 @@ namespace scenara {
 namespace {
 
 // How often a window manager is asked to bring the form up, and after how many milliseconds anew.
-// The program takes a form without the focus for one that the user has left, so it must have it
-// before the program looks. Time in which the program itself stands still does not count.
+// Time in which the program itself stands still does not count.
 constexpr int kMostAsked = 15;
 constexpr int kAskAgain = 100;
 
@@ -37,9 +36,10 @@ WindowHandle FullScreenWindow::Show() {
         showFullScreen();
         window_.CoverBy(picture_);
         window_.hide();
+        window_.AwaitFocus(Handle());
         WaitForFocus();
     }
-    return reinterpret_cast<WindowHandle>(static_cast<QWidget*>(this));
+    return Handle();
 }
 
 // Asks now and then only: a window manager that is busy answers each time, all at once when it
@@ -76,6 +76,7 @@ void FullScreenWindow::Hide() {
     if (isVisible()) {
         hide();
         disconnect(screenChanges_);
+        window_.AwaitFocus(0);
         window_.CoverBy(nullptr);
         window_.Picture().TakeOver(*picture_);
         window_.show();
@@ -90,6 +91,14 @@ void FullScreenWindow::showEvent(QShowEvent* event) {
 
 void FullScreenWindow::resizeEvent(QResizeEvent* /*event*/) {
     picture_->setGeometry(rect());
+}
+
+// Without the focus it counts as left, from the first time on that it has had it.
+void FullScreenWindow::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
+        window_.AwaitFocus(0);
+    }
 }
 
 void FullScreenWindow::closeEvent(QCloseEvent* event) {

@@ -26,9 +26,13 @@ public:
 protected:
     void showEvent(QShowEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
 private:
+    [[nodiscard]] WindowHandle Handle() const {
+        return reinterpret_cast<WindowHandle>(static_cast<const QWidget*>(this));
+    }
     void WaitForFocus();
     void Cover();
     void FollowScreen();

@@ -466,7 +466,8 @@ ScreenSize MainWindow::Screen() const {
 
 WindowHandle MainWindow::Foreground() const {
     const bool ours = QGuiApplication::applicationState() == Qt::ApplicationActive;
-    return ours ? reinterpret_cast<WindowHandle>(QApplication::activeWindow()) : 0;
+    QWidget* const active = ours ? QApplication::activeWindow() : nullptr;
+    return active != nullptr ? reinterpret_cast<WindowHandle>(active) : awaited_;
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

@@ -60,6 +60,9 @@ public:
 
     // A window with this picture stands in its place: until there is none nothing shows it.
     void CoverBy(PictureWidget* picture) { covering_ = picture; }
+    // Foreground tells of this one until a window of ours really has the focus: a window manager
+    // that is busy gives it late. 0: of none.
+    void AwaitFocus(WindowHandle window) { awaited_ = window; }
 
     void Show() override;
     void Size(Long width, Long height) override;
@@ -135,6 +138,7 @@ private:
     WindowSize size_;
     bool sizeCame_ = false;  // of the inner area; it has not been reported yet
     PictureWidget* covering_ = nullptr;
+    WindowHandle awaited_ = 0;
     bool seesWhatWaits_ = false;  // the dispatcher can tell whether something waits
     bool tookEventsIn_ = false;   // since messages were let through
     bool asksAgain_ = false;      // the program wants to be asked again though nothing happens
