@@ -107,7 +107,8 @@ void LoadAll(benchmark::State& state) {
         HeadlessWindow window;
         StageModel model;
         const auto file = disk.Disk().OpenForReading(disk.Path("hero.sff"));
-        LoadSprites(model, *file, "hero.sff", device, window, messages, ViewOptions{});
+        const ViewOptions options;
+        LoadSprites(model, {*file, "hero.sff", device, messages, options}, window);
         if (!messages.Recorded().empty()) {
             state.SkipWithError("the archive does not load");
             return;

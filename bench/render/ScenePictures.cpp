@@ -44,7 +44,8 @@ void AddArchive(std::vector<ScenePicture>& pictures, const std::string& path) {
     HeadlessMessages messages;
     StageModel model;
     const auto file = files.OpenForReading(path);
-    LoadSprites(model, *file, path, device, window, messages, ViewOptions{});
+    const ViewOptions options;
+    LoadSprites(model, {*file, path, device, messages, options}, window);
     for (const SpriteEntry& sprite : model.Sprites) {
         if (sprite.linkedTo < 0) {
             pictures.push_back(PictureOf(sprite));

@@ -30,7 +30,8 @@ void LoadInto(StageModel& model, TextureMaker& device, const std::string& path) 
     HeadlessMessages messages;
     HeadlessWindow window;
     const auto file = files.OpenForReading(path);
-    LoadSprites(model, *file, path, device, window, messages, ViewOptions{});
+    const ViewOptions options;
+    LoadSprites(model, {*file, path, device, messages, options}, window);
     if (!messages.Recorded().empty()) {
         throw std::runtime_error(messages.Recorded().front().text);
     }

@@ -8,7 +8,7 @@
 #include <string>
 
 #include "platform/Files.h"
-#include "sprites/version1/SubfilePalette.h"
+#include "sprites/PaletteBytes.h"
 
 namespace scenara {
 

@@ -2,14 +2,15 @@
 //
 // CharacterSprites: the pictures of a character's kept frames out of its archive, and no others.
 //
-// The archive is walked once, headers only (sprites/version1/SffWalk.h); then each picture that a
-// kept frame shows is decoded, once, however many frames and linked subfiles show it. Of several
-// subfiles of one group and image the first counts. A link index is a subfile's place in the chain,
-// and names one before it.
+// The archive is walked once, headers only (sprites/SpriteArchive.h); then each picture that a kept
+// frame shows is decoded, once, however many frames and linked sprites show it. Of several sprites
+// of one group and image the first counts. In archives of version 1 a link index is a place in the
+// chain, and names one before it.
 //
-// Colours: all pictures in those of the archive's first subfile. Addition: in those of the .act
-// file, where there is one; else each in the palette that is in force for it, its own or, for one
-// that shares or has none that is whole, that of the one before it.
+// Colours, in archives of version 1: all pictures in those of the first subfile. Addition: in those
+// of the .act file, where there is one; else each in the palette that is in force for it, its own
+// or, for one that shares or has none that is whole, that of the one before it. In archives of
+// version 2 each picture names its palette.
 //
 // A picture that is damaged is said and left out; frames without a picture show nothing.
 #pragma once
@@ -19,7 +20,7 @@
 #include <string>
 
 #include "character/TestCharacter.h"
-#include "sprites/version1/SffWalk.h"
+#include "sprites/SpriteArchive.h"
 
 namespace scenara {
 
@@ -30,8 +31,9 @@ struct CharacterProgress {
     std::function<bool()> endRequested = [] { return false; };  // then the rest is left out
 };
 
-// Fills Sprites, ColorKey and the textures of all frames.
-void LoadCharacterSprites(TestCharacter& character, const SffSource& source,
+// Fills Sprites, ColorKey and the textures of all frames. Raises RunTimeError for a file that ends
+// in its header, and where the disk fails.
+void LoadCharacterSprites(TestCharacter& character, const ArchiveSource& source,
                           const std::optional<PaletteBytes>& act,
                           const CharacterProgress& progress);
 

@@ -96,12 +96,12 @@ private:
         if (!file) {
             return false;
         }
-        const SffHeader header = ReadSffHeader(*file);
+        const ArchiveVersion version = ReadArchiveVersion(*file);
         const std::string name = definition_.sprite + ".sff";
         MessagesOfFile messages(messages_, folder_ + name);
-        if (header.IsVersion2()) {
+        if (!MayRead(version, context_.options)) {
             messages.MsgBox(kMessageCharacterFailed,
-                            Unable(name + " is an archive of version " + header.VersionText() +
+                            Unable(name + " is an archive of version " + version.Text() +
                                    ", only version 1 can be read"));
             return false;
         }
@@ -110,10 +110,9 @@ private:
             act = ReadActPalette(context_.files, folder_ + definition_.palette + ".act");
         }
         context_.progress.setCaption("Loading " + character_.DisplayName);
-        LoadCharacterSprites(
-            character_,
-            {*file, folder_ + name, header, context_.device, messages, context_.options}, act,
-            context_.progress);
+        LoadCharacterSprites(character_,
+                             {*file, folder_ + name, context_.device, messages, context_.options},
+                             act, context_.progress);
         return true;
     }
 

@@ -8,7 +8,7 @@
 namespace scenara {
 namespace {
 
-std::string SkippedText(std::string_view what, Integer group, Integer image) {
+std::string SkippedText(std::string_view what, Long group, Integer image) {
     std::string text(what);
     text.append(":  Group ").append(std::to_string(group));
     text.append(" Image ").append(std::to_string(image));
@@ -17,11 +17,11 @@ std::string SkippedText(std::string_view what, Integer group, Integer image) {
 
 }  // namespace
 
-std::string DamagedSpriteText(Integer group, Integer image) {
+std::string DamagedSpriteText(Long group, Integer image) {
     return SkippedText("PCX Error", group, image) + "Skipping sprite..";
 }
 
-std::string BadLinkText(Integer group, Integer image, Integer link) {
+std::string BadLinkText(Long group, Integer image, Long link) {
     return SkippedText("Link Error", group, image) + "There is no sprite " + std::to_string(link) +
            " before it.  Skipping sprite..";
 }

@@ -13,8 +13,8 @@ namespace scenara {
 
 // A sprite whose picture is damaged, and one that is linked to none before it; the load goes on
 // without them.
-[[nodiscard]] std::string DamagedSpriteText(Integer group, Integer image);
-[[nodiscard]] std::string BadLinkText(Integer group, Integer image, Integer link);
+[[nodiscard]] std::string DamagedSpriteText(Long group, Integer image);
+[[nodiscard]] std::string BadLinkText(Long group, Integer image, Long link);
 
 // What is wrong with the archive as a whole.
 void SayArchiveError(Messages& messages, MessageKind kind, const std::string& name,

@@ -20,11 +20,14 @@ std::uint64_t BytesOf(const TextureParameters& parameters) {
 
 std::shared_ptr<Direct3DTexture8> TextureBudget::CreateTexture(
     const TextureParameters& parameters) {
-    lastBytes_ = BytesOf(parameters);
-    if (lastBytes_ > kMostBytes - keptBytes_) {
+    const std::uint64_t bytes = BytesOf(parameters);
+    full_ = bytes > kMostBytes - taken_;
+    if (full_) {
         throw RunTimeError(RunTimeErrorKind::OutOfMemory);
     }
-    return maker_.CreateTexture(parameters);
+    std::shared_ptr<Direct3DTexture8> texture = maker_.CreateTexture(parameters);
+    taken_ += bytes;
+    return texture;
 }
 
 }  // namespace scenara

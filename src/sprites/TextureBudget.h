@@ -21,18 +21,23 @@ public:
     // `maker` makes the textures and outlives it.
     explicit TextureBudget(TextureMaker& maker) : maker_(maker) {}
 
-    // Raises RunTimeError "Out of memory", too, when the texture and those that are kept would be
-    // beyond kMostBytes, four bytes a pixel, with lines as long as is wished for.
+    // Raises RunTimeError "Out of memory", too, when the texture and those that were made before
+    // would be beyond kMostBytes, four bytes a pixel, with lines as long as is wished for.
     [[nodiscard]] std::shared_ptr<Direct3DTexture8> CreateTexture(
         const TextureParameters& parameters) override;
 
-    // The texture that was made last stays; without this it counts for nothing.
-    void KeepLast() { keptBytes_ += lastBytes_; }
+    // Bytes of all that were made and not given back.
+    [[nodiscard]] std::uint64_t Taken() const { return taken_; }
+    // So many of them count no longer: their picture came to nothing.
+    void GiveBack(std::uint64_t bytes) { taken_ -= bytes; }
+
+    // The last texture was refused because of the sum.
+    [[nodiscard]] bool IsFull() const { return full_; }
 
 private:
     TextureMaker& maker_;
-    std::uint64_t keptBytes_ = 0;
-    std::uint64_t lastBytes_ = 0;
+    std::uint64_t taken_ = 0;
+    bool full_ = false;
 };
 
 }  // namespace scenara

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <limits>
 #include <string>
+#include <vector>
 
 #include "base/ByteReader.h"
 #include "base/RunTimeError.h"
@@ -122,36 +123,41 @@ void CheckYield(const PcxHeader& header, std::span<const std::byte> data) {
     }
 }
 
-// Keeps a texture locked for as long as it is written to.
-class Lock : NotCopied {
-public:
-    explicit Lock(Direct3DTexture8& texture) : texture_(texture), pixels_(texture.LockRect()) {}
-    ~Lock() { texture_.UnlockRect(); }
-
-    [[nodiscard]] std::span<std::uint32_t> Words() const { return pixels_.words; }
-    [[nodiscard]] Long Pitch() const { return pixels_.pitch; }
-    [[nodiscard]] std::span<std::uint32_t> Line(Long y, Long width) const {
-        return pixels_.words.subspan(
-            static_cast<std::size_t>(y) * static_cast<std::size_t>(pixels_.pitch),
-            static_cast<std::size_t>(width));
-    }
-
-private:
-    Direct3DTexture8& texture_;
-    LockedPixels pixels_;
-};
-
 // Whole picture in one go: 8 bits, run-length packed, and the texture's lines as long as the
-// file's.
-std::size_t DecodeWhole(UnpackPath path, const PcxHeader& header, std::span<const std::byte> data,
-                        const ColorTable& colors, const Lock& lock) {
-    const auto wanted = static_cast<std::size_t>(header.PictureBytes());
-    const UnpackResult result = UnpackPcx(path, data, colors, lock.Words(), wanted);
-    if (result.written < header.NeededBytes()) {
+// file's. How many bytes of the data that took.
+std::size_t DecodeWhole(const PcxTask& task) {
+    const auto wanted = static_cast<std::size_t>(task.header.PictureBytes());
+    const UnpackResult result =
+        UnpackPcx(task.path, task.data, task.colors, task.lock->Words(), wanted);
+    if (result.written < task.header.NeededBytes()) {
         throw RunTimeError(RunTimeErrorKind::InputPastEnd,
-                           "the pixels end after " + std::to_string(data.size()) + " bytes");
+                           "the pixels end after " + std::to_string(task.data.size()) + " bytes");
     }
     return result.consumed;
+}
+
+// The same line by line, for all kinds.
+std::size_t DecodeLines(const PcxTask& task) {
+    const PcxHeader& header = task.header;
+    const bool onePlane = header.planes == 1;
+    PcxLines lines(task.data, header.IsRunLength());
+    std::vector<std::uint8_t> line(header.LineBytes());
+    for (Long y = 0; y < header.Height(); ++y) {
+        const bool last = y + 1 == header.Height();
+        const std::size_t needed = last ? header.LastLineBytes() : line.size();
+        lines.Next(std::span(line).first(needed));
+        lines.NextIfThere(std::span(line).subspan(needed));
+        const std::span<std::uint32_t> pixels = task.lock->Line(y);
+        if (header.bitsPerPixel == 8 && !onePlane) {
+            TrueColorLine(line, header, pixels);
+        } else {
+            IndexedLine(line, header, task.colors, pixels);
+        }
+        if (!onePlane) {
+            ApplyKeyByColor(pixels, task.keyBefore);
+        }
+    }
+    return lines.Consumed();
 }
 
 }  // namespace
@@ -245,7 +251,10 @@ void PcxDecoder::SetPalette(std::span<const std::byte, kPcxPaletteSize> palette)
 bool PcxDecoder::LoadPCX(const PcxHeader& header, std::span<const std::byte> data,
                          PcxPicture& picture) {
     try {
-        picture = Decode(header, data);
+        PcxTask task;
+        Prepare(header, data, task);
+        Decode(task);
+        picture = Take(task);
         return true;
     } catch (...) {
         HandleError(TextOfCurrentError());
@@ -258,53 +267,35 @@ void PcxDecoder::HandleError(std::string_view reason) {
     messages_.MsgBox(kMessageLoadPcx, std::move(text.append(reason)));
 }
 
-template <typename NextLine>
-std::size_t PcxDecoder::DecodeLines(const PcxHeader& header, std::span<const std::byte> data,
-                                    const ColorTable& colors, NextLine nextLine) {
-    const bool onePlane = header.planes == 1;
-    PcxLines lines(data, header.IsRunLength());
-    line_.resize(header.LineBytes());
-    for (Long y = 0; y < header.Height(); ++y) {
-        const bool last = y + 1 == header.Height();
-        const std::size_t needed = last ? header.LastLineBytes() : line_.size();
-        lines.Next(std::span(line_).first(needed));
-        lines.NextIfThere(std::span(line_).subspan(needed));
-        const std::span<std::uint32_t> pixels = nextLine(y);
-        if (header.bitsPerPixel == 8 && !onePlane) {
-            TrueColorLine(line_, header, pixels);
-        } else {
-            IndexedLine(line_, header, colors, pixels);
-        }
-        if (!onePlane) {
-            ApplyKeyByColor(pixels, key_);
-        }
-    }
-    return lines.Consumed();
-}
-
-PcxPicture PcxDecoder::Decode(const PcxHeader& header, std::span<const std::byte> data) {
+void PcxDecoder::Prepare(const PcxHeader& header, std::span<const std::byte> data, PcxTask& task) {
     CheckPcxHeader(header, data.size());
     CheckYield(header, data);
     const bool onePlane = header.planes == 1;
-    const ColorTable headerColors = HeaderColors(header);
-    const ColorTable& colors = header.Is256Colors() ? palette_ : headerColors;
+    task.header = header;
+    task.data = data;
+    task.colors = header.Is256Colors() ? palette_ : HeaderColors(header);
+    task.keyBefore = key_;
+    task.path = path_;
+    task.picture.width = header.Width();
+    task.picture.height = header.Height();
+    task.picture.key = onePlane ? task.colors[0] | kOpaque : key_;
+    task.picture.texture = device_.CreateTexture(ParametersFor(header, task.picture.key));
+    task.lock.emplace(task.picture.texture);
+}
 
-    PcxPicture picture;
-    picture.width = header.Width();
-    picture.height = header.Height();
-    picture.key = onePlane ? colors[0] | kOpaque : key_;
-    const TextureParameters parameters = ParametersFor(header, picture.key);
-    picture.texture = device_.CreateTexture(parameters);
-    const Lock lock(*picture.texture);
-    const bool whole = parameters.wantedPitch != 0 && parameters.wantedPitch == lock.Pitch();
-    picture.consumed = whole ? DecodeWhole(path_, header, data, colors, lock)
-                             : DecodeLines(header, data, colors,
-                                           [&](Long y) { return lock.Line(y, picture.width); });
-    if (!onePlane) {
+void PcxDecoder::Decode(PcxTask& task) {
+    const std::int32_t wanted = ParametersFor(task.header, task.picture.key).wantedPitch;
+    const bool whole = wanted != 0 && wanted == task.lock->Pitch();
+    task.picture.consumed = whole ? DecodeWhole(task) : DecodeLines(task);
+}
+
+PcxPicture PcxDecoder::Take(PcxTask& task) {
+    task.lock.reset();
+    if (task.header.planes != 1) {
         messages_.MsgBox(kMessageThreePlanes, "yo...");
     }
-    key_ = picture.key;
-    return picture;
+    key_ = task.picture.key;
+    return task.picture;
 }
 
 }  // namespace scenara

@@ -30,14 +30,17 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
-#include <vector>
+#include <string_view>
 
 #include "base/Integers.h"
 #include "base/NotCopied.h"
 #include "platform/Direct3D8.h"
 #include "platform/Messages.h"
+#include "sprites/PaletteBytes.h"
 #include "sprites/PcxUnpack.h"
+#include "sprites/TextureLock.h"
 
 namespace scenara {
 
@@ -45,7 +48,7 @@ inline constexpr MessageKind kMessageThreePlanes{"true-colour"};
 inline constexpr MessageKind kMessageLoadPcx{"picture-damaged", Severity::Warning};
 
 inline constexpr std::size_t kPcxHeaderSize = 128;
-inline constexpr std::size_t kPcxPaletteSize = 768;
+inline constexpr std::size_t kPcxPaletteSize = kPaletteSize;
 
 struct PcxHeader {
     std::uint8_t manufacturer = 0;
@@ -97,8 +100,22 @@ struct PcxPicture {
     std::size_t consumed = 0;  // bytes of the data that the pixels took
 };
 
-// The decoder and what it keeps from one picture to the next: the palette, the key colour, and a
-// line buffer. Device and messages outlive it.
+// A picture between the steps of the decoder, which fill it.
+struct PcxTask : NotCopied {
+    PcxHeader header;
+    std::span<const std::byte> data;  // outlives the decoding
+    ColorTable colors{};              // of a picture of one plane
+    std::uint32_t keyBefore = 0;      // that of the picture before
+    UnpackPath path = UnpackPath::Plain;
+    PcxPicture picture;
+    std::optional<TextureLock> lock;
+};
+
+// The decoder and what it keeps from one picture to the next: the palette and the key colour.
+// Device and messages outlive it.
+//
+// A picture takes three steps: Prepare and Take in the order of pictures and on one thread, Decode
+// in between on any one. A picture of several planes is prepared once those before it were taken.
 class PcxDecoder {
 public:
     // `path`: for benchmarks; by itself the decoder takes the fastest one.
@@ -107,28 +124,29 @@ public:
     // 256 times red, green, blue: for this and the following pictures.
     void SetPalette(std::span<const std::byte, kPcxPaletteSize> palette);
 
-    // Decodes the bytes behind the header; what follows the last line in `data` is not looked at.
-    // False on any failure: then the reason has been shown, `picture` is as it was, and decoder,
-    // palette and key colour serve the next picture.
+    // All three steps. What follows the last line in `data` is not looked at. False on any failure:
+    // then the reason has been shown, `picture` is as it was, and decoder, palette and key colour
+    // serve the next picture.
     [[nodiscard]] bool LoadPCX(const PcxHeader& header, std::span<const std::byte> data,
                                PcxPicture& picture);
+
+    // The bytes after the header become a task with its texture. Raises RunTimeError for what is no
+    // picture.
+    void Prepare(const PcxHeader& header, std::span<const std::byte> data, PcxTask& task);
+    // Raises RunTimeError for data that end early.
+    static void Decode(PcxTask& task);
+    // Says what is to be said of a picture that was decoded.
+    [[nodiscard]] PcxPicture Take(PcxTask& task);
 
     // The message box of the image routines.
     void HandleError(std::string_view reason);
 
 private:
-    [[nodiscard]] PcxPicture Decode(const PcxHeader& header, std::span<const std::byte> data);
-    // Lines that `nextLine` has room for; how many bytes of the data they took.
-    template <typename NextLine>
-    [[nodiscard]] std::size_t DecodeLines(const PcxHeader& header, std::span<const std::byte> data,
-                                          const ColorTable& colors, NextLine nextLine);
-
     TextureMaker& device_;
     Messages& messages_;
     UnpackPath path_;
     ColorTable palette_{};
     std::uint32_t key_ = 0;  // of the last picture, as it has it
-    std::vector<std::uint8_t> line_;
 };
 
 }  // namespace scenara

@@ -2,13 +2,14 @@
 #include "sprites/sff2.h"
 
 #include <algorithm>
+#include <memory>
 #include <optional>
 #include <utility>
+#include <vector>
 
 #include "base/RunTimeError.h"
+#include "sprites/PictureQueue.h"
 #include "sprites/SpriteMessages.h"
-#include "sprites/version1/SffArchive.h"
-#include "sprites/version1/SffWalk.h"
 #include "stage/RecordNumbers.h"
 
 namespace scenara {
@@ -29,66 +30,98 @@ FirstIndex MaskedPictures(const StageModel& model) {
     return masked;
 }
 
+// Sprites in a walk between two looks at the window.
+constexpr std::size_t kWalkedBetweenEvents = 16384;
+
+ArchiveRules StageRules() {
+    ArchiveRules rules;
+    rules.badArchive = kMessageSffError;
+    rules.badPicture = kMessagePcxError;
+    rules.badLink = kMessageLinkError;
+    return rules;
+}
+
 class SpriteLoader {
 public:
-    SpriteLoader(StageModel& model, const SffSource& source)
+    SpriteLoader(StageModel& model, const ArchiveSource& source, Window& window)
         : model_(model),
           source_(source),
-          walk_(source, {SffRules::Palettes::AsTheyCome, std::nullopt, kMessageSffError,
-                         kMessagePcxError, kMessageLinkError}),
+          window_(window),
+          archive_(OpenArchive(source, StageRules())),
           masked_(MaskedPictures(model)) {}
 
-    void Load(Window& window) {
-        while (!window.EndRequested() && walk_.Next()) {
-            window.SetCaption(LoadingCaption(model_.StageTitle,
-                                             static_cast<std::uint32_t>(walk_.Count() - 1),
-                                             source_.header.imageCount));
+    void Load() {
+        PictureQueue pictures(*archive_, PicturesInOrder(), source_.helpers);
+        for (std::size_t place = 0; !window_.EndRequested() && archive_->Reach(place); ++place) {
+            window_.SetCaption(LoadingCaption(model_.StageTitle, static_cast<std::uint32_t>(place),
+                                              archive_->Announced()));
             if (model_.Sprites.size() >= kMaxRecords) {
                 SayRestIsSkipped(
                     source_.messages, kMessageSffError, source_.name,
                     "Overflow: more than " + std::to_string(kMaxRecords) + " sprites.");
                 return;
             }
-            if (LoadSubfile(walk_.Last())) {
-                window.DoEvents();
+            if (LoadSprite(place, pictures)) {
+                window_.DoEvents();
             }
         }
     }
 
 private:
+    [[nodiscard]] std::vector<std::size_t> PicturesInOrder() {
+        std::vector<std::size_t> places;
+        while (archive_->Next()) {
+            const std::size_t place = archive_->Count() - 1;
+            if (!archive_->At(place).linked) {
+                places.push_back(place);
+            }
+            if (archive_->Count() % kWalkedBetweenEvents == 0) {
+                window_.DoEvents();
+                if (window_.EndRequested()) {
+                    break;
+                }
+            }
+        }
+        return places;
+    }
+
     // As an entry of Sprites. False: it was dropped.
-    [[nodiscard]] bool LoadSubfile(const Subfile& subfile) {
+    [[nodiscard]] bool LoadSprite(std::size_t place, PictureQueue& pictures) {
+        const ArchiveSprite& sprite = archive_->At(place);
         SpriteEntry entry;
-        if (!(subfile.IsLinked() ? TakeLinked(subfile, entry) : TakePicture(subfile, entry))) {
+        entryOf_.push_back(-1);
+        if (!(sprite.linked ? TakeLinked(place, entry) : TakePicture(place, pictures, entry))) {
             return false;
         }
-        entry.axisX = subfile.axisX;
-        entry.axisY = subfile.axisY;
-        entry.group = subfile.group;
-        entry.image = subfile.image;
+        entry.axisX = sprite.axisX;
+        entry.axisY = sprite.axisY;
+        entry.group = sprite.group;
+        entry.image = sprite.image;
         entry.selfIndex = model_.SpriteCount;
-        const bool masked = masked_.Find(SpriteKey(subfile.group, subfile.image)) >= 0;
+        const bool masked = masked_.Find(SpriteKey(sprite.group, sprite.image)) >= 0;
         entry.masked = masked ? Integer{1} : Integer{0};
+        entryOf_.back() = model_.SpriteCount;
+        archive_->Keep(place);
         model_.Sprites.push_back(std::move(entry));
         model_.SpriteCount = Incremented(model_.SpriteCount);
         return true;
     }
 
-    [[nodiscard]] bool TakeLinked(const Subfile& subfile, SpriteEntry& entry) {
-        const std::optional<std::size_t> link =
-            walk_.LinkOf(subfile, model_.Sprites.size(), subfile);
-        if (!link) {
+    [[nodiscard]] bool TakeLinked(std::size_t place, SpriteEntry& entry) {
+        const std::optional<std::size_t> link = archive_->LinkOf(place);
+        if (!link || entryOf_[*link] < 0) {
+            archive_->SayBadLink(place, place);
             return false;
         }
-        entry = model_.Sprites[*link];
-        entry.linkedTo = subfile.link;
+        entry = model_.Sprites[static_cast<std::size_t>(entryOf_[*link])];
+        entry.linkedTo = entryOf_[*link];
         return true;
     }
 
-    [[nodiscard]] bool TakePicture(const Subfile& subfile, SpriteEntry& entry) {
-        PcxPicture picture;
-        if (!walk_.Load(walk_.Count() - 1, subfile, picture)) {
-            if (source_.header.imageCount == 1) {
+    [[nodiscard]] bool TakePicture(std::size_t place, PictureQueue& pictures, SpriteEntry& entry) {
+        SpritePicture picture;
+        if (!pictures.Next(place, picture)) {
+            if (archive_->Announced() == 1) {
                 source_.messages.MsgBox(
                     kMessageOnlyImage,
                     "Oh, and that was the only image!  Just pretend it's really dark!");
@@ -108,9 +141,11 @@ private:
     }
 
     StageModel& model_;
-    SffSource source_;
-    SffWalk walk_;
+    const ArchiveSource& source_;
+    Window& window_;
+    std::unique_ptr<SpriteArchive> archive_;
     FirstIndex masked_;
+    std::vector<Integer> entryOf_;  // of the sprite at each place; -1: it was dropped
 };
 
 // Cut between characters, should the bytes be UTF-8.
@@ -134,20 +169,18 @@ std::string LoadingCaption(const std::string& title, std::uint32_t done, std::ui
     return "Loading " + std::string(ShortTitle(title)) + " " + number + "%";
 }
 
-void LoadSprites(StageModel& model, InputFile& archive, const std::string& name,
-                 TextureMaker& device, Window& window, Messages& messages,
-                 const ViewOptions& options) {
+void LoadSprites(StageModel& model, const ArchiveSource& source, Window& window) {
     try {
-        const SffHeader header = ReadSffHeader(archive);
-        if (header.IsVersion2()) {
-            SayArchiveError(messages, kMessageSffVersion, name,
-                            "This is an archive of version " + header.VersionText() +
+        const ArchiveVersion version = ReadArchiveVersion(source.archive);
+        if (!MayRead(version, source.options)) {
+            SayArchiveError(source.messages, kMessageSffVersion, source.name,
+                            "This is an archive of version " + version.Text() +
                                 ", only version 1 can be read.");
             return;
         }
-        SpriteLoader(model, {archive, name, header, device, messages, options}).Load(window);
+        SpriteLoader(model, source, window).Load();
     } catch (...) {
-        SayArchiveError(messages, kMessageSffError, name, TextOfCurrentError());
+        SayArchiveError(source.messages, kMessageSffError, source.name, TextOfCurrentError());
     }
 }
 

@@ -1,26 +1,24 @@
 // SPDX-License-Identifier: MIT
 //
-// sff2: the sprite archive of a stage, every subfile of it, into the Sprites table.
+// sff2: the sprite archive of a stage, every sprite of it, into the Sprites table.
 //
-// One entry per subfile, in the order of the chain (SffArchive.h). A linked subfile shares texture,
-// size and key colour of the entry that its link index names, and keeps its own group, image and
-// axis. Deliberate: the index is a position in Sprites; after an image that was dropped it names
-// another entry than the archive meant (Sff2.LinkIndexIsAPositionInSprites).
+// One entry per sprite, in the order of the archive (SpriteArchive.h). A linked sprite shares
+// texture, size and key colour of the entry that it names, and keeps its own group, image and axis.
+// Deliberate: in archives of version 1 the link index is a position in Sprites; after an image that
+// was dropped it names another entry than the archive meant (Sff2.LinkIndexIsAPositionInSprites).
 //
 // The textures are up to a sum (TextureBudget.h); a picture beyond it is one that cannot be had.
-// What is damaged is said and skipped, and the load goes on with the next subfile; an archive whose
-// chain breaks keeps what was read until there. Between images the caption tells how far it is and
+// What is damaged is said and skipped, and the load goes on with the next sprite; an archive that
+// breaks off keeps what was read until there. Between images the caption tells how far it is and
 // the window system runs; when the user has closed the window, the load ends after the image.
 #pragma once
 
 #include <string>
 
-#include "platform/Direct3D8.h"
-#include "platform/Files.h"
 #include "platform/Messages.h"
 #include "platform/Window.h"
+#include "sprites/SpriteArchive.h"
 #include "stage/StageModel.h"
-#include "stage/ViewOptions.h"
 
 namespace scenara {
 
@@ -30,11 +28,9 @@ inline constexpr MessageKind kMessageLinkError{"bad-link", Severity::Warning};
 inline constexpr MessageKind kMessageSffError{"archive-damaged", Severity::Error};
 inline constexpr MessageKind kMessageSffVersion{"archive-version", Severity::Error};
 
-// Appends the archive's sprites to `model.Sprites`. `name` is the archive's name for messages.
-// Never raises an error for what stands in the file.
-void LoadSprites(StageModel& model, InputFile& archive, const std::string& name,
-                 TextureMaker& device, Window& window, Messages& messages,
-                 const ViewOptions& options);
+// Appends the archive's sprites to `model.Sprites`. Never raises an error for what stands in the
+// file.
+void LoadSprites(StageModel& model, const ArchiveSource& source, Window& window);
 
 // "Loading " + title + " " + how much of `count` is done, as "5%"; "%" alone for none. Of a title
 // the first 255 bytes, more than any title bar shows.

@@ -62,7 +62,7 @@ void LoadArchive(StageModel& model, const std::string& spr, const std::string& d
         return;
     }
     MessagesOfFile messages(context.messages, path);
-    LoadSprites(model, *archive, path, context.device, context.window, messages, context.options);
+    LoadSprites(model, {*archive, path, context.device, messages, context.options}, context.window);
 }
 
 }  // namespace

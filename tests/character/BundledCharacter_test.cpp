@@ -10,6 +10,8 @@
 #include "character/CharacterColors.h"
 #include "character/CharacterMachine.h"
 #include "platform/posix/PosixFiles.h"
+#include "sprites/version1/SffArchive.h"
+#include "sprites/version1/SubfilePalette.h"
 
 namespace scenara::test {
 namespace {

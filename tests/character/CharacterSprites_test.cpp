@@ -56,9 +56,8 @@ std::vector<CharSprite> SpritesOf(CharacterMachine& machine, MemoryFile& archive
     const CharacterProgress progress;
     TestCharacter character = machine.character;
     character.Sprites.clear();
-    LoadCharacterSprites(character,
-                         {archive, "other.sff", ReadSffHeader(archive), device, messages, options},
-                         std::nullopt, progress);
+    LoadCharacterSprites(character, {archive, "other.sff", device, messages, options}, std::nullopt,
+                         progress);
     return character.Sprites;
 }
 std::vector<CharSprite> SpritesOf(CharacterMachine& machine, MemoryFile& archive) {

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
+#include <string>
 
 #include "sprites/sff2.h"
 #include "support/FuzzChecks.h"
@@ -13,12 +14,14 @@
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace scenara;
     test::MemoryFile file(std::as_bytes(std::span(data, size)));
+    const std::string name = "fuzz.sff";
     HeadlessMessages messages;
     HeadlessWindow window;
     SoftDevice device(test::KeptTextureMemory());
     for (const bool additions : {false, true}) {
         StageModel model;
-        LoadSprites(model, file, "fuzz.sff", device, window, messages, ViewOptions{additions});
+        const ViewOptions options{additions};
+        LoadSprites(model, {file, name, device, messages, options}, window);
         test::CheckModel(model);
     }
     return 0;

@@ -23,8 +23,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
             }
         }
         try {
-            LoadCharacterSprites(character,
-                                 {file, "fuzz.sff", ReadSffHeader(file), device, messages, options},
+            LoadCharacterSprites(character, {file, "fuzz.sff", device, messages, options},
                                  std::nullopt, progress);
         } catch (const RunTimeError&) {
             continue;

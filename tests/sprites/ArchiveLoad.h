@@ -42,11 +42,13 @@ public:
     HeadlessMessages messages;
     HeadlessWindow window;
     RecordingDevice device;
+    std::string name = kArchiveName;
+    unsigned helpers = ArchiveSource::HelpersOfThisMachine();
     std::unique_ptr<MemoryFile> file;
 
     void Run(std::span<const std::byte> archive) {
         file = std::make_unique<MemoryFile>(archive);
-        LoadSprites(model, *file, kArchiveName, device, window, messages, options);
+        LoadSprites(model, {*file, name, device, messages, options, nullptr, helpers}, window);
     }
 
     [[nodiscard]] const SpriteEntry& Sprite(std::size_t index) const {

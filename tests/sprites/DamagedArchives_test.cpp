@@ -290,8 +290,9 @@ TEST(DamagedArchive, ReadsThatFailEndItWithAMessage) {
              {std::size_t{0}, std::size_t{512}, SubfileOffsets(bytes, 2)[1] + 32}) {
             BadDisk disk(bytes, badFrom, row.failure);
             ArchiveLoad load;
-            LoadSprites(load.model, disk, kArchiveName, load.device, load.window, load.messages,
-                        ViewOptions{});
+            const ViewOptions options;
+            LoadSprites(load.model, {disk, load.name, load.device, load.messages, options},
+                        load.window);
             EXPECT_EQ(load.model.SpriteCount, badFrom > 512 ? 1 : 0);
             ASSERT_FALSE(load.messages.Recorded().empty());
             EXPECT_EQ(load.Texts().back(),

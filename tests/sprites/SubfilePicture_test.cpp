@@ -38,11 +38,14 @@ public:
     explicit Pictures(const std::vector<std::byte>& bytes, const ViewOptions& options = kPlainView)
         : file(bytes),
           chain(file, ReadSffHeader(file)),
+          use(file.Size()),
           pictures(file, device, messages, options) {}
 
     bool LoadNext() {
         EXPECT_TRUE(chain.Next());
-        return pictures.Load(chain.Current(), chain.Use(), picture);
+        const std::unique_ptr<SubfileLoad> load = pictures.Begin(chain.Current());
+        load->Decode();
+        return pictures.Finish(*load, use, picture);
     }
     // Of the next one, which loads.
     Words Next() {
@@ -63,6 +66,7 @@ public:
     RecordingDevice device;
     HeadlessMessages messages;
     SubfileChain chain;
+    ArchiveUse use;
     SubfilePictures pictures;
     PcxPicture picture;
 };

@@ -31,9 +31,10 @@ protected:
             static_cast<void>(budget.CreateTexture(Sized(width, height, pitch)));
         } catch (const RunTimeError& error) {
             EXPECT_EQ(error.Kind(), RunTimeErrorKind::OutOfMemory);
+            EXPECT_TRUE(budget.IsFull());
             return false;
         }
-        budget.KeepLast();
+        EXPECT_FALSE(budget.IsFull());
         return true;
     }
 
@@ -69,9 +70,11 @@ TEST_F(Budget, LinesCountAsLongAsIsWishedFor) {
     EXPECT_FALSE(Take(kMost, kMost, kMost));
 }
 
-TEST_F(Budget, WhatIsNotKeptCountsForNothing) {
+TEST_F(Budget, WhatIsGivenBackCountsForNothing) {
     for (int i = 0; i < 10; ++i) {
         static_cast<void>(budget.CreateTexture(Sized(16384, 16384)));
+        EXPECT_EQ(budget.Taken(), std::uint64_t{1} << 30U);
+        budget.GiveBack(budget.Taken());
     }
     EXPECT_TRUE(Take(16384, 16384));
     EXPECT_THAT([&] { return budget.CreateTexture(Sized(16384, 16384)); },
@@ -84,8 +87,8 @@ TEST(TexturesOfAnArchive, BeyondTheSumAreDroppedOnAnyDevice) {
     ArchiveLoad load;
     const std::vector<std::byte> archive = ArchiveOfColumns(kFit + 3);
     load.file = std::make_unique<MemoryFile>(std::span(archive));
-    LoadSprites(load.model, *load.file, kArchiveName, device, load.window, load.messages,
-                load.options);
+    LoadSprites(load.model, {*load.file, load.name, device, load.messages, load.options},
+                load.window);
     EXPECT_EQ(load.model.Sprites.size(), kFit);
     std::vector<std::string> said;
     for (std::size_t i = 0; i < 3; ++i) {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "sprites/version1/SffArchive.h"
 
-#include <algorithm>
+#include <array>
 #include <span>
 
 #include "base/ByteReader.h"
@@ -28,28 +28,15 @@ Subfile ParseSubfile(std::span<const std::byte> bytes, std::uint32_t position) {
 
 }  // namespace
 
-std::string SffHeader::VersionText() const {
-    return std::to_string(version[3]) + "." + std::to_string(version[2]) +
-           std::to_string(version[1]);
-}
-
 SffHeader ReadSffHeader(InputFile& archive) {
     std::array<std::byte, kFileHeaderSize> bytes{};
     const std::size_t count = archive.ReadAt(0, bytes);
     ByteReader reader(std::span<const std::byte>(bytes).first(count), "archive header");
     SffHeader header;
-    reader.Skip(12);
-    for (std::uint8_t& part : header.version) {
-        part = reader.U8();
-    }
-    reader.Skip(4);
+    reader.Skip(20);
     header.imageCount = reader.U32();
     header.firstSubfile = reader.U32();
     return header;
-}
-
-std::uint64_t Available(const InputFile& file, std::uint64_t start, std::uint64_t wanted) {
-    return start < file.Size() ? std::min(wanted, file.Size() - start) : 0;
 }
 
 SubfileChain::SubfileChain(InputFile& archive, const SffHeader& header)
@@ -58,9 +45,14 @@ SubfileChain::SubfileChain(InputFile& archive, const SffHeader& header)
       nextPosition_(header.firstSubfile),
       use_(archive.Size()) {}
 
-bool SubfileChain::Break(const std::string& reason) {
-    broken_ = "Subfile " + std::to_string(seen_ + 1) + " of " + std::to_string(imageCount_) +
-              " at " + std::to_string(nextPosition_) + ": " + reason;
+std::string SubfileChain::BreakText(std::size_t before, std::uint32_t position,
+                                    std::string_view reason) const {
+    return "Subfile " + std::to_string(before + 1) + " of " + std::to_string(imageCount_) + " at " +
+           std::to_string(position) + ": " + std::string(reason);
+}
+
+bool SubfileChain::Break(std::string_view reason) {
+    broken_ = BreakText(seen_, nextPosition_, reason);
     return false;
 }
 
@@ -81,7 +73,7 @@ bool SubfileChain::Next() {
     }
     use_.CountShown(bytes.size());
     if (use_.IsTooMuch()) {
-        return Break("the subfiles lie over each other.");
+        return Break(kSubfilesOverlap);
     }
     subfile_ = ParseSubfile(bytes, nextPosition_);
     nextPosition_ = subfile_.next;

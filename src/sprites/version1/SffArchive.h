@@ -26,32 +26,28 @@
 //
 // Bad input: SubfileChain ends, with a reason for people, where the chain leaves the file, comes
 // back to a subfile, or uses many times the bytes that the file has, as only subfiles that lie over
-// each other can. So time and memory stay in proportion to the file, whatever stands in it.
+// each other can. So its time and memory stay in proportion to the file, whatever stands in it.
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <unordered_set>
 
 #include "base/Integers.h"
 #include "platform/Files.h"
+#include "sprites/ArchiveUse.h"
 
 namespace scenara {
 
 inline constexpr std::size_t kSubfileHeaderSize = 32;
+inline constexpr std::string_view kSubfilesOverlap = "the subfiles lie over each other.";
 
 struct SffHeader {
-    std::array<std::uint8_t, 4> version{};
     std::uint32_t imageCount = 0;
     std::uint32_t firstSubfile = 0;
-
-    // "2.01" and the like, from the version bytes.
-    [[nodiscard]] std::string VersionText() const;
-    // The layout of version 2 is another one.
-    [[nodiscard]] bool IsVersion2() const { return version[3] == 2; }
 };
 
 // Raises RunTimeError "Input past end of file" for a file that ends in its header.
@@ -75,32 +71,6 @@ struct Subfile {
     }
 };
 
-// How many of `wanted` bytes the file has from `start` on.
-[[nodiscard]] std::uint64_t Available(const InputFile& file, std::uint64_t start,
-                                      std::uint64_t wanted);
-
-// How much of a file an archive has used. Each byte belongs to one subfile, so that a sound archive
-// uses it once.
-class ArchiveUse {
-public:
-    explicit ArchiveUse(std::uint64_t fileSize) : fileSize_(fileSize) {}
-
-    // Bytes of a header, and of a picture that is shown. A damaged one may take its neighbour's, so
-    // there may be twice as many as the file has.
-    void CountShown(std::uint64_t bytes) { shown_ += bytes; }
-    // Bytes that were read in vain. Pictures that fail may each have been read to the file's end,
-    // so there may be eight times as many.
-    void CountLost(std::uint64_t bytes) { lost_ += bytes; }
-
-    // There are more: subfiles lie over each other.
-    [[nodiscard]] bool IsTooMuch() const { return shown_ / 2 > fileSize_ || lost_ / 8 > fileSize_; }
-
-private:
-    std::uint64_t fileSize_;
-    std::uint64_t shown_ = 0;
-    std::uint64_t lost_ = 0;
-};
-
 // The subfiles of an archive, one after the other.
 class SubfileChain {
 public:
@@ -113,15 +83,15 @@ public:
     // The subfile that Next() found.
     [[nodiscard]] const Subfile& Current() const { return subfile_; }
 
-    // The chain counts headers, whoever loads pictures counts these. It breaks where that is too
-    // much.
-    [[nodiscard]] ArchiveUse& Use() { return use_; }
-
     // Why the chain ended early; nothing when it did not.
     [[nodiscard]] const std::optional<std::string>& Broken() const { return broken_; }
 
+    // Where and why a chain ends: at the subfile after `before` others, whose header is there.
+    [[nodiscard]] std::string BreakText(std::size_t before, std::uint32_t position,
+                                        std::string_view reason) const;
+
 private:
-    bool Break(const std::string& reason);
+    bool Break(std::string_view reason);
 
     InputFile& archive_;
     std::uint32_t imageCount_;

@@ -1,102 +1,81 @@
 // SPDX-License-Identifier: MIT
 //
-// SffWalk: one walk over an archive of version 1, for everyone who wants pictures of it: which
-// subfiles there are, which picture each shows, and in which colours.
+// SffWalk: an archive of version 1 as a SpriteArchive (which says what that does).
 //
-//                 stages (sprites/sff2.h)            characters (character/CharacterSprites.h)
-//   pictures      all of them, on the way            after the walk, those that are wanted
-//   links name    an entry of Sprites: LinkOf        a subfile of the chain: PictureOf
-//   colours       Palettes::AsTheyCome               OneForAll; with additions InForce
+// Links are positions. For stages they name one of the sprites that were kept, for characters a
+// subfile of the chain before the linked one.
 //
-// All that is wrong with the archive is reported here, under the reader's names for it.
+// Each picture's palette and each one's share of the file are those of a load one by one, whatever
+// goes on at the same time.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
+#include <exception>
 #include <map>
+#include <memory>
 #include <optional>
-#include <string>
 #include <vector>
 
-#include "platform/Direct3D8.h"
-#include "platform/Files.h"
-#include "platform/Messages.h"
-#include "sprites/TextureBudget.h"
+#include "sprites/ArchiveUse.h"
+#include "sprites/SpriteArchive.h"
 #include "sprites/version1/SffArchive.h"
 #include "sprites/version1/SubfilePicture.h"
-#include "stage/ViewOptions.h"
 
 namespace scenara {
 
-// What a reader wants of an archive.
-struct SffRules {
-    // The palette of a picture of 256 colours.
-    enum class Palettes {
-        AsTheyCome,  // its own, or the last one that was loaded; pictures are loaded in their order
-        InForce,     // its own, or that of the last one before it that has one; in any order
-        OneForAll,   // `given`, or that of the first subfile; also where none is in force
-    };
-    Palettes palettes = Palettes::AsTheyCome;
-    std::optional<PaletteBytes> given;
-
-    MessageKind badArchive;
-    MessageKind badPicture;
-    MessageKind badLink;
-};
-
-// What a walk works with; all of it outlives the walk.
-struct SffSource {
-    InputFile& archive;
-    const std::string& name;  // for messages
-    const SffHeader& header;
-    TextureMaker& device;
-    Messages& messages;
-    const ViewOptions& options;
-};
-
-class SffWalk {
+class SffWalk final : public SpriteArchive {
 public:
-    SffWalk(const SffSource& source, const SffRules& rules);
+    // Raises RunTimeError for a file that ends in its header.
+    SffWalk(const ArchiveSource& source, const ArchiveRules& rules);
 
-    // To the next subfile. False at the end; a chain that breaks off was reported.
-    [[nodiscard]] bool Next();
-
-    // How many subfiles there are so far, each by its place in the chain, and the newest.
-    [[nodiscard]] std::size_t Count() const { return entries_.size(); }
-    [[nodiscard]] const Subfile& At(std::size_t place) const { return entries_[place].subfile; }
-    [[nodiscard]] const Subfile& Last() const { return entries_.back().subfile; }
-
-    // What a linked subfile names, where that is one of the first `count`. Nothing: that was
-    // reported, as of the subfile that would show it.
-    [[nodiscard]] std::optional<std::size_t> LinkOf(const Subfile& linked, std::size_t count,
-                                                    const Subfile& shownBy);
-    // The place of the picture that a subfile shows, be it by links of links; nothing as above.
-    [[nodiscard]] std::optional<std::size_t> PictureOf(std::size_t place);
-
-    // The picture at a place, in its colours, for a subfile that shows it. False: reported.
-    [[nodiscard]] bool Load(std::size_t place, const Subfile& shownBy, PcxPicture& picture);
-
-    // The palette of Palettes::OneForAll, black as far as there is none. After the walk.
-    [[nodiscard]] const PaletteBytes& OneForAll();
+    [[nodiscard]] bool Next() override;
+    [[nodiscard]] std::size_t Count() const override { return entries_.size(); }
+    [[nodiscard]] const ArchiveSprite& At(std::size_t place) const override {
+        return entries_[place].sprite;
+    }
+    [[nodiscard]] std::uint32_t Announced() const override { return header_.imageCount; }
+    [[nodiscard]] bool Reach(std::size_t place) override;
+    void Keep(std::size_t place) override { kept_.push_back(place); }
+    [[nodiscard]] std::optional<std::size_t> LinkOf(std::size_t place) const override;
+    void SayBadLink(std::size_t shownBy, std::size_t place) override;
+    [[nodiscard]] std::unique_ptr<PictureLoad> Begin(std::size_t place) override;
+    [[nodiscard]] bool Finish(std::unique_ptr<PictureLoad> load, std::size_t shownBy,
+                              SpritePicture& picture) override;
+    [[nodiscard]] std::uint32_t FirstColor() override;
 
 private:
     struct Entry {
         Subfile subfile;
+        ArchiveSprite sprite;
         std::uint32_t paletteFrom = 0;  // the place whose palette it has or shares
     };
+    class Load;
 
-    [[nodiscard]] PaletteBytes ColorsOf(std::size_t place);
-    [[nodiscard]] std::optional<std::uint32_t> Lender(std::uint32_t place);
+    [[nodiscard]] const Subfile& SubfileAt(std::size_t place) const {
+        return entries_[place].subfile;
+    }
+    [[nodiscard]] const PaletteBytes& OneForAll();
+    // None: it must wait.
+    [[nodiscard]] std::optional<PaletteBytes> ColorsOf(std::size_t place, bool& missed);
+    [[nodiscard]] bool FindLender(std::uint32_t place, std::optional<std::uint32_t>& lender);
 
-    SffSource source_;
-    SffRules rules_;
+    ArchiveSource source_;
+    ArchiveRules rules_;
+    SffHeader header_;
     SubfileChain chain_;
-    TextureBudget textures_;
     SubfilePictures pictures_;
     std::vector<Entry> entries_;
+    std::exception_ptr walkFailure_;        // of the disk
     std::optional<std::uint32_t> inForce_;  // at the end of the walk so far
     std::map<std::uint32_t, std::optional<std::uint32_t>> lenders_;
     bool oneIsMissed_ = false;  // OneForAll is not whole, which is to be reported
+
+    // Of the loads.
+    ArchiveUse use_;
+    std::size_t reached_ = 0;  // places
+    bool ended_ = false;
+    std::vector<std::size_t> kept_;  // places
     bool saidOverused_ = false;
 };
 

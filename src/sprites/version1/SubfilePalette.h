@@ -3,20 +3,17 @@
 // SubfilePalette: the 256 colours at the end of a subfile's data.
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <span>
 
 #include "platform/Files.h"
+#include "sprites/PaletteBytes.h"
 #include "sprites/modFilePCX.h"
 #include "sprites/version1/SffArchive.h"
 
 namespace scenara {
-
-// 256 times red, green, blue.
-using PaletteBytes = std::array<std::byte, kPcxPaletteSize>;
 
 // The PCX header of a subfile; nothing where the file ends in it.
 [[nodiscard]] std::optional<PcxHeader> ReadSubfilePcxHeader(InputFile& archive,
