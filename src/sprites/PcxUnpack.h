@@ -3,47 +3,22 @@
 // UnpackPcx: the inner loop of the PCX decoder, run-length bytes to 32-bit pixels.
 //
 // The published run-length scheme of 8-bit PCX pictures: a byte of 192 or more is a repeat count
-// (value - 192, so 0 to 63) for the byte that follows it; any other byte is one pixel. Each
-// unpacked index is written as its word of `colors`. Lines have no marks in the data: a picture
-// whose memory has the file's bytes per line as its pitch is filled from end to end as one run of
-// `wanted` pixels.
-//
-// Shapes: `packed` is any number of bytes; `pixels` has room for at least `wanted` words (less room
-// is taken as less wanted). What it has behind the pixels that were made (kUnpackSlack words behind
-// the wanted ones let the fast paths run to the very end) may be written with pixels that mean
-// nothing. Nothing outside the two spans is read or written, for any input.
-//
-// Bad input: data that ends before `wanted` pixels were made give `written` < `wanted`, and a count
-// without its byte is not consumed; a run that goes past the last wanted pixel is cut there.
+// (value - 192, so 0 to 63) for the byte that follows it; any other byte is one pixel. RunUnpack.h
+// says the rest: shapes, and what is made of bad input.
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <span>
 
+#include "sprites/RunUnpack.h"
+
 namespace scenara {
 
-// 256 ready words, ARGB with alpha in the top byte.
-using ColorTable = std::array<std::uint32_t, 256>;
-
-// Words behind the wanted pixels that let every path store whole vectors without looking.
-inline constexpr std::size_t kUnpackSlack = 96;
-
-struct UnpackResult {
-    std::size_t consumed;  // packed bytes of all runs and single pixels that were taken
-    std::size_t written;   // pixels made, never more than wanted
-};
-
-// The code paths, slowest first. All give the same pixels and the same result.
-enum class UnpackPath { Plain, Sse2, Avx2 };
-
-// The fastest path that this processor has.
-[[nodiscard]] UnpackPath BestUnpackPath();
-
-// A path that the processor does not have falls back to the next one below.
-[[nodiscard]] UnpackResult UnpackPcx(UnpackPath path, std::span<const std::byte> packed,
-                                     const ColorTable& colors, std::span<std::uint32_t> pixels,
-                                     std::size_t wanted);
+[[nodiscard]] inline UnpackResult UnpackPcx(UnpackPath path, std::span<const std::byte> packed,
+                                            const ColorTable& colors,
+                                            std::span<std::uint32_t> pixels, std::size_t wanted) {
+    return UnpackRuns(RunMark::Pcx, path, packed, colors, pixels, wanted);
+}
 
 }  // namespace scenara

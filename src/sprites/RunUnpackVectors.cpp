@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The vector paths of UnpackPcx.
+// The vector paths of UnpackRuns.
 //
 // Real pictures have about 4 pixels per operation (a repeat or a single pixel), and half of the
 // operations are single pixels, so a branch on each of them costs more than the work. The vector
@@ -11,7 +11,7 @@
 //
 // A block is taken only where all its bytes are there, and a store is made only where all of it has
 // room; from the first place where that does not hold UnpackPlain goes on.
-#include "sprites/PcxUnpackPaths.h"
+#include "sprites/RunUnpackPaths.h"
 
 #if SCENARA_UNPACK_X86
 
@@ -47,6 +47,11 @@ constexpr std::size_t kFetchLines = 12;
 constexpr std::size_t kLinePixels = 16;
 static_assert(kFetchAhead + kFetchLines * kLinePixels <= kMostBlockPixels);
 
+// Changes the bytes that look like a marker, and no others, to those of 192 or more; the count in
+// their lower six bits stays. Called high below.
+template <RunMark kMark>
+constexpr auto kToHigh = static_cast<char>(static_cast<std::uint8_t>(kMark) ^ 0xC0U);
+
 // For each byte of a block what an operation is that begins with it: how many pixels it makes, and
 // of which value. Whether one begins there only BlockBits says.
 struct BlockOperations {
@@ -60,12 +65,13 @@ struct BlockBits {
     std::uint64_t starts;   // bytes with which an operation begins; the first byte always is one
 };
 
-// `high` has the bytes of 192 or more of a block that begins with an operation. Such a byte is a
-// marker unless the one before it is, so of each row of high bytes the 1st, 3rd, 5th … are. Where a
-// row begins decides whether those have even or odd places, and a subtraction finds it out for all
-// rows at once: `high` taken from the rows moved up by one, with the odd bits set in the gaps,
-// leaves each row's first bit to carry through it. The bits that then differ from the odd ones are
-// the markers, and behind a row of odd length the one byte that is its last marker's value.
+// `high` has the bytes of a block that look like a marker; the block begins with an operation. Such
+// a byte is one unless the byte before it is, so of each row of high bytes the 1st, 3rd, 5th … are.
+// Where a row begins decides whether those have even or odd places, and a subtraction finds it out
+// for all rows at once: `high` taken from the rows moved up by one, with the odd bits set in the
+// gaps, leaves each row's first bit to carry through it. The bits that then differ from the odd
+// ones are the markers, and behind a row of odd length the one byte that is its last marker's
+// value.
 [[gnu::always_inline]] inline BlockBits FindOperations(std::uint64_t high) {
     constexpr std::uint64_t kOddBits = 0xAAAAAAAAAAAAAAAAU;
     const std::uint64_t markersAndLastValues = (((high << 1U) | kOddBits) - high) ^ kOddBits;
@@ -116,9 +122,9 @@ template <typename Vectors>
 // functions that are compiled for the path's processors. This one is not, so it must become part of
 // a function that is.
 //
-//   Classify   of a whole block: fills the operations, returns the bits of the bytes of 192 or more
-//   Fill       stores kShortRun pixels of a colour, or kStoredPixels for a longer run
-template <typename Vectors>
+//   Classify   of a whole block: fills the operations, returns the bits of the bytes that may ask
+//   for a run Fill       stores kShortRun pixels of a colour, or kStoredPixels for a longer run
+template <RunMark kMark, typename Vectors>
 [[gnu::always_inline]] inline UnpackResult UnpackBlocks(std::span<const std::byte> packed,
                                                         const ColorTable& colors,
                                                         std::span<std::uint32_t> pixels,
@@ -128,7 +134,8 @@ template <typename Vectors>
     const std::uint32_t* const stop = out + StopPixel(pixels.size(), wanted);
     BlockOperations operations{};
     while (out < stop && packed.size() - at >= kBlockReads) {
-        const BlockBits bits = FindOperations(Vectors::Classify(packed.data() + at, operations));
+        const BlockBits bits =
+            FindOperations(Vectors::template Classify<kMark>(packed.data() + at, operations));
         std::uint64_t starts = bits.starts;
         std::size_t length = BlockLength(bits);
         if (static_cast<std::size_t>(stop - out) >= kMostBlockPixels) {
@@ -149,18 +156,20 @@ template <typename Vectors>
         at += length;
     }
     const auto made = static_cast<std::size_t>(out - pixels.data());
-    return UnpackPlain(packed, colors, pixels, wanted, {at, std::min(made, wanted)});
+    return UnpackPlain<kMark>(packed, colors, pixels, wanted, {at, std::min(made, wanted)});
 }
 
 struct Avx2Vectors {
+    template <RunMark kMark>
     AVX2 static inline std::uint64_t ClassifyPart(const std::byte* packed, std::uint8_t* counts,
                                                   std::uint8_t* values) {
         const __m256i first = _mm256_loadu_si256(reinterpret_cast<const __m256i_u*>(packed));
         const __m256i second = _mm256_loadu_si256(reinterpret_cast<const __m256i_u*>(packed + 1));
         const __m256i least = _mm256_set1_epi8(static_cast<char>(192));
         // All bits set, which is -1, where the byte is high.
-        const __m256i high = _mm256_cmpeq_epi8(_mm256_max_epu8(first, least), first);
-        const __m256i repeats = _mm256_subs_epu8(first, least);
+        const __m256i asking = _mm256_xor_si256(first, _mm256_set1_epi8(kToHigh<kMark>));
+        const __m256i high = _mm256_cmpeq_epi8(_mm256_max_epu8(asking, least), asking);
+        const __m256i repeats = _mm256_subs_epu8(asking, least);
         const __m256i once = _mm256_add_epi8(_mm256_set1_epi8(1), high);
         _mm256_store_si256(reinterpret_cast<__m256i*>(counts), _mm256_add_epi8(repeats, once));
         _mm256_store_si256(reinterpret_cast<__m256i*>(values),
@@ -168,12 +177,13 @@ struct Avx2Vectors {
         return static_cast<std::uint32_t>(_mm256_movemask_epi8(high));
     }
 
+    template <RunMark kMark>
     AVX2 static inline std::uint64_t Classify(const std::byte* packed,
                                               BlockOperations& operations) {
         std::uint8_t* const counts = operations.counts;
         std::uint8_t* const values = operations.values;
-        return ClassifyPart(packed, counts, values) |
-               ClassifyPart(packed + 32, counts + 32, values + 32) << 32U;
+        return ClassifyPart<kMark>(packed, counts, values) |
+               ClassifyPart<kMark>(packed + 32, counts + 32, values + 32) << 32U;
     }
 
     AVX2 static inline void Fill(std::uint32_t color, bool longRun, std::uint32_t* pixels) {
@@ -190,14 +200,16 @@ struct Avx2Vectors {
 };
 
 struct Sse2Vectors {
+    template <RunMark kMark>
     SSE2 static inline std::uint64_t ClassifyPart(const std::byte* packed, std::uint8_t* counts,
                                                   std::uint8_t* values) {
         const __m128i first = _mm_loadu_si128(reinterpret_cast<const __m128i_u*>(packed));
         const __m128i second = _mm_loadu_si128(reinterpret_cast<const __m128i_u*>(packed + 1));
         const __m128i least = _mm_set1_epi8(static_cast<char>(192));
         // All bits set, which is -1, where the byte is high.
-        const __m128i high = _mm_cmpeq_epi8(_mm_max_epu8(first, least), first);
-        const __m128i repeats = _mm_subs_epu8(first, least);
+        const __m128i asking = _mm_xor_si128(first, _mm_set1_epi8(kToHigh<kMark>));
+        const __m128i high = _mm_cmpeq_epi8(_mm_max_epu8(asking, least), asking);
+        const __m128i repeats = _mm_subs_epu8(asking, least);
         const __m128i once = _mm_add_epi8(_mm_set1_epi8(1), high);
         const __m128i change = _mm_and_si128(high, _mm_xor_si128(first, second));
         _mm_store_si128(reinterpret_cast<__m128i*>(counts), _mm_add_epi8(repeats, once));
@@ -205,11 +217,13 @@ struct Sse2Vectors {
         return static_cast<std::uint32_t>(_mm_movemask_epi8(high));
     }
 
+    template <RunMark kMark>
     SSE2 static inline std::uint64_t Classify(const std::byte* packed,
                                               BlockOperations& operations) {
         std::uint64_t high = 0;
         for (unsigned part = 0; part < kBlockBytes; part += 16) {
-            high |= ClassifyPart(packed + part, operations.counts + part, operations.values + part)
+            high |= ClassifyPart<kMark>(packed + part, operations.counts + part,
+                                        operations.values + part)
                     << part;
         }
         return high;
@@ -231,15 +245,26 @@ struct Sse2Vectors {
 
 }  // namespace
 
+template <RunMark kMark>
 AVX2 UnpackResult UnpackAvx2(std::span<const std::byte> packed, const ColorTable& colors,
                              std::span<std::uint32_t> pixels, std::size_t wanted) {
-    return UnpackBlocks<Avx2Vectors>(packed, colors, pixels, wanted);
+    return UnpackBlocks<kMark, Avx2Vectors>(packed, colors, pixels, wanted);
 }
 
+template <RunMark kMark>
 SSE2 UnpackResult UnpackSse2(std::span<const std::byte> packed, const ColorTable& colors,
                              std::span<std::uint32_t> pixels, std::size_t wanted) {
-    return UnpackBlocks<Sse2Vectors>(packed, colors, pixels, wanted);
+    return UnpackBlocks<kMark, Sse2Vectors>(packed, colors, pixels, wanted);
 }
+
+template UnpackResult UnpackAvx2<RunMark::Pcx>(std::span<const std::byte>, const ColorTable&,
+                                               std::span<std::uint32_t>, std::size_t);
+template UnpackResult UnpackAvx2<RunMark::Rle8>(std::span<const std::byte>, const ColorTable&,
+                                                std::span<std::uint32_t>, std::size_t);
+template UnpackResult UnpackSse2<RunMark::Pcx>(std::span<const std::byte>, const ColorTable&,
+                                               std::span<std::uint32_t>, std::size_t);
+template UnpackResult UnpackSse2<RunMark::Rle8>(std::span<const std::byte>, const ColorTable&,
+                                                std::span<std::uint32_t>, std::size_t);
 
 }  // namespace scenara::unpack
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "sprites/PcxUnpack.h"
+#include "sprites/RunUnpack.h"
 
 #include <algorithm>
 #include <initializer_list>
@@ -46,28 +46,40 @@ ColorTable Colors() {
     return colors;
 }
 
-Words ColorsOf(std::initializer_list<std::size_t> indices) {
-    Words words;
-    for (const std::size_t index : indices) {
-        words.push_back(Colors()[index]);
-    }
-    return words;
-}
-
 struct Unpacked {
     Extent extent;
     Words pixels;
 };
 
+// A path for one of the formats. All packed bytes here are written as PCX has them; for RLE8, whose
+// bytes that ask for a run differ from PCX's in the uppermost bit, that bit of every byte is
+// turned.
+struct Way {
+    RunMark mark;
+    UnpackPath path;
+
+    [[nodiscard]] std::size_t Index(std::size_t asInPcx) const {
+        return mark == RunMark::Pcx ? asInPcx : asInPcx ^ 128U;
+    }
+    [[nodiscard]] Bytes Packed(std::span<const std::byte> asInPcx) const {
+        Bytes bytes;
+        for (const std::byte byte : asInPcx) {
+            bytes.push_back(static_cast<std::byte>(Index(std::to_integer<std::size_t>(byte))));
+        }
+        return bytes;
+    }
+};
+
 // The same by the letter of the format: byte by byte and pixel by pixel, with no regard to speed.
-Unpacked ByTheLetter(std::span<const std::byte> packed, std::size_t wanted) {
+Unpacked ByTheLetter(const Way& way, std::span<const std::byte> packed, std::size_t wanted) {
+    const int firstMark = way.mark == RunMark::Pcx ? 192 : 64;
     const ColorTable colors = Colors();
     Unpacked unpacked{};
     int repeats = -1;  // what the byte before asked for; below 0: nothing
     for (std::size_t i = 0; i < packed.size() && unpacked.pixels.size() < wanted; ++i) {
         const int value = std::to_integer<int>(packed[i]);
-        if (repeats < 0 && value >= 192) {
-            repeats = value - 192;
+        if (repeats < 0 && value >= firstMark && value < firstMark + 64) {
+            repeats = value - firstMark;
             continue;
         }
         for (int made = repeats < 0 ? 1 : repeats; made > 0; --made) {
@@ -85,12 +97,12 @@ Unpacked ByTheLetter(std::span<const std::byte> packed, std::size_t wanted) {
 // Unpacks into exactly `wanted` + `slack` words and looks whether the words around them are whole.
 // The packed bytes end where their memory ends, so that reading on does not stay unseen either when
 // addresses are checked.
-Unpacked Unpack(UnpackPath path, std::span<const std::byte> packed, std::size_t wanted,
+Unpacked Unpack(const Way& way, std::span<const std::byte> packed, std::size_t wanted,
                 std::size_t slack = kUnpackSlack) {
     const Bytes input(packed.begin(), packed.end());
     Words memory(kGuards + wanted + slack + kGuards, kGuard);
     const std::span<std::uint32_t> room = std::span(memory).subspan(kGuards, wanted + slack);
-    const UnpackResult result = UnpackPcx(path, input, Colors(), room, wanted);
+    const UnpackResult result = UnpackRuns(way.mark, way.path, input, Colors(), room, wanted);
 
     const auto isGuard = [](std::uint32_t word) { return word == kGuard; };
     const std::span<const std::uint32_t> words = memory;
@@ -102,29 +114,34 @@ Unpacked Unpack(UnpackPath path, std::span<const std::byte> packed, std::size_t 
 }
 
 // True when the path gives what the format says.
-bool SameAsByTheLetter(UnpackPath path, std::span<const std::byte> packed, std::size_t wanted,
+bool SameAsByTheLetter(const Way& way, std::span<const std::byte> asInPcx, std::size_t wanted,
                        std::size_t slack) {
-    const Unpacked expected = ByTheLetter(packed, wanted);
-    const Unpacked got = Unpack(path, packed, wanted, slack);
+    const Bytes packed = way.Packed(asInPcx);
+    const Unpacked expected = ByTheLetter(way, packed, wanted);
+    const Unpacked got = Unpack(way, packed, wanted, slack);
     EXPECT_EQ(got.extent, expected.extent);
     EXPECT_TRUE(got.pixels == expected.pixels) << "other pixels";
     return !testing::Test::HasFailure();
 }
 
-class PcxUnpack : public testing::TestWithParam<UnpackPath> {};
+class RunUnpack : public testing::TestWithParam<Way> {};
 
-std::string PathName(const testing::TestParamInfo<UnpackPath>& info) {
-    switch (info.param) {
-        case UnpackPath::Plain: return "Plain";
-        case UnpackPath::Sse2: return "Sse2";
-        case UnpackPath::Avx2: return "Avx2";
+std::string WayName(const testing::TestParamInfo<Way>& info) {
+    const std::string mark = info.param.mark == RunMark::Pcx ? "Pcx" : "Rle8";
+    switch (info.param.path) {
+        case UnpackPath::Plain: return mark + "Plain";
+        case UnpackPath::Sse2: return mark + "Sse2";
+        case UnpackPath::Avx2: return mark + "Avx2";
     }
     return "Unknown";
 }
 
-INSTANTIATE_TEST_SUITE_P(Paths, PcxUnpack,
-                         testing::Values(UnpackPath::Plain, UnpackPath::Sse2, UnpackPath::Avx2),
-                         PathName);
+INSTANTIATE_TEST_SUITE_P(
+    Paths, RunUnpack,
+    testing::Values(Way{RunMark::Pcx, UnpackPath::Plain}, Way{RunMark::Pcx, UnpackPath::Sse2},
+                    Way{RunMark::Pcx, UnpackPath::Avx2}, Way{RunMark::Rle8, UnpackPath::Plain},
+                    Way{RunMark::Rle8, UnpackPath::Sse2}, Way{RunMark::Rle8, UnpackPath::Avx2}),
+    WayName);
 
 // ---- What the format says, by hand
 
@@ -136,47 +153,57 @@ struct ByHand {
     std::size_t consumed;
 };
 
-TEST_P(PcxUnpack, IsWhatTheFormatSays) {
-    Words longest(63, Colors()[8]);
-    longest.push_back(Colors()[3]);
+TEST_P(RunUnpack, IsWhatTheFormatSays) {
+    const Way way = GetParam();
+    const auto colorsOf = [&](std::initializer_list<std::size_t> asInPcx) {
+        Words words;
+        for (const std::size_t index : asInPcx) {
+            words.push_back(Colors()[way.Index(index)]);
+        }
+        return words;
+    };
+    Words longest(63, Colors()[way.Index(8)]);
+    longest.push_back(Colors()[way.Index(3)]);
     const ByHand rows[] = {
-        {"a byte below 192 is one pixel", BytesOf({0, 7, 191}), 3, ColorsOf({0, 7, 191}), 3},
-        {"one from 192 on repeats the next", BytesOf({195, 9, 5, 193, 4}), 5,
-         ColorsOf({9, 9, 9, 5, 4}), 5},
+        {"a byte that asks for no run is one pixel", BytesOf({0, 7, 191}), 3, colorsOf({0, 7, 191}),
+         3},
+        {"one that asks for a run repeats the next", BytesOf({195, 9, 5, 193, 4}), 5,
+         colorsOf({9, 9, 9, 5, 4}), 5},
         {"the repeated byte may look like a repeat", BytesOf({194, 255, 193, 192, 193, 193, 1}), 5,
-         ColorsOf({255, 255, 192, 193, 1}), 7},
+         colorsOf({255, 255, 192, 193, 1}), 7},
         {"a repeat of 0 takes two bytes and makes nothing", BytesOf({1, 192, 200, 192, 3, 2}), 2,
-         ColorsOf({1, 2}), 6},
+         colorsOf({1, 2}), 6},
         {"the longest run", BytesOf({255, 8, 3}), 64, longest, 3},
         {"it stops after the last wanted pixel", BytesOf({1, 194, 2, 192, 9, 3, 4}), 3,
-         ColorsOf({1, 2, 2}), 3},
+         colorsOf({1, 2, 2}), 3},
         {"a run beyond the last wanted pixel is cut", BytesOf({1, 255, 2, 3}), 3,
-         ColorsOf({1, 2, 2}), 3},
+         colorsOf({1, 2, 2}), 3},
         {"data that end too early give what they have", BytesOf({1, 194, 2}), 10,
-         ColorsOf({1, 2, 2}), 3},
-        {"a repeat without its byte is not taken", BytesOf({1, 2, 255}), 10, ColorsOf({1, 2}), 2},
+         colorsOf({1, 2, 2}), 3},
+        {"a repeat without its byte is not taken", BytesOf({1, 2, 255}), 10, colorsOf({1, 2}), 2},
         {"nothing wanted takes nothing", BytesOf({1, 2, 3}), 0, {}, 0},
         {"no data make nothing", {}, 5, {}, 0},
     };
     for (const ByHand& row : rows) {
-        const auto got = Unpack(GetParam(), row.packed, row.wanted);
+        const auto got = Unpack(way, way.Packed(row.packed), row.wanted);
         EXPECT_EQ(got.pixels, row.pixels) << row.name;
         EXPECT_EQ(got.extent, (Extent{row.consumed, row.pixels.size()})) << row.name;
     }
 }
 
-TEST_P(PcxUnpack, NoMoreIsWantedThanThereIsRoomFor) {
+TEST_P(RunUnpack, NoMoreIsWantedThanThereIsRoomFor) {
     const Bytes packed(300, std::byte{5});
     Words memory(120, kGuard);
     const auto room = std::span(memory).first(100);
-    EXPECT_EQ(ExtentOf(UnpackPcx(GetParam(), packed, Colors(), room, 300)), (Extent{100, 100}));
+    EXPECT_EQ(ExtentOf(UnpackRuns(GetParam().mark, GetParam().path, packed, Colors(), room, 300)),
+              (Extent{100, 100}));
     EXPECT_EQ(std::ranges::count(memory, kGuard), 20);
 }
 
 // ---- Every path against the letter of the format
 
 // The ends of blocks, wherever a row of high bytes lies across them.
-TEST_P(PcxUnpack, RowsOfHighBytesAtEveryPlace) {
+TEST_P(RunUnpack, RowsOfHighBytesAtEveryPlace) {
     for (std::size_t before = 0; before <= 66; ++before) {
         for (const std::size_t row :
              {1U, 2U, 3U, 4U, 5U, 31U, 32U, 63U, 64U, 65U, 66U, 128U, 129U}) {
@@ -189,7 +216,7 @@ TEST_P(PcxUnpack, RowsOfHighBytesAtEveryPlace) {
     }
 }
 
-TEST_P(PcxUnpack, EveryByteBehindEveryByte) {
+TEST_P(RunUnpack, EveryByteBehindEveryByte) {
     for (int first = 0; first < 256; ++first) {
         Bytes packed;
         for (int second = 0; second < 256; ++second) {
@@ -202,7 +229,7 @@ TEST_P(PcxUnpack, EveryByteBehindEveryByte) {
 }
 
 // As many pixels as a block can make, and the end of what is wanted or of the room within them.
-TEST_P(PcxUnpack, LongestRunsUpToEveryLastPixel) {
+TEST_P(RunUnpack, LongestRunsUpToEveryLastPixel) {
     Bytes packed;
     for (int pair = 0; pair < 100; ++pair) {
         packed.push_back(std::byte{255});
@@ -251,12 +278,14 @@ private:
     std::mt19937 engine_;
 };
 
-TEST_P(PcxUnpack, RandomInputs) {
+TEST_P(RunUnpack, RandomInputs) {
     Inputs inputs(1);
     const int rounds = test::Rounds(4000);
     for (int round = 0; round < rounds; ++round) {
         const Bytes packed = inputs.Packed(inputs.Number(round % 20 == 0 ? 3000 : 400));
-        const std::size_t all = ByTheLetter(packed, packed.size() * 63).extent.second;
+        const std::size_t all =
+            ByTheLetter({RunMark::Pcx, UnpackPath::Plain}, packed, packed.size() * 63)
+                .extent.second;
         const std::size_t wanteds[] = {all, inputs.Number(all), all + inputs.Number(100)};
         const std::size_t slacks[] = {kUnpackSlack, 0, inputs.Number(kUnpackSlack)};
         const std::size_t wanted = wanteds[inputs.Number(2)];
@@ -267,11 +296,13 @@ TEST_P(PcxUnpack, RandomInputs) {
     }
 }
 
-TEST_P(PcxUnpack, EveryTruncation) {
+TEST_P(RunUnpack, EveryTruncation) {
     Inputs inputs(2);
     for (int round = 0; round < 12; ++round) {
         const Bytes packed = inputs.Packed(270);
-        const std::size_t all = ByTheLetter(packed, packed.size() * 63).extent.second;
+        const std::size_t all =
+            ByTheLetter({RunMark::Pcx, UnpackPath::Plain}, packed, packed.size() * 63)
+                .extent.second;
         for (std::size_t length = 0; length <= packed.size(); ++length) {
             ASSERT_TRUE(SameAsByTheLetter(GetParam(), std::span(packed).first(length), all,
                                           round % 2 == 0 ? kUnpackSlack : 0))
@@ -280,7 +311,7 @@ TEST_P(PcxUnpack, EveryTruncation) {
     }
 }
 
-TEST_P(PcxUnpack, EverySmallNumberOfWantedPixels) {
+TEST_P(RunUnpack, EverySmallNumberOfWantedPixels) {
     Inputs inputs(3);
     for (int round = 0; round < 12; ++round) {
         const Bytes packed = inputs.Packed(300);
@@ -294,17 +325,20 @@ TEST_P(PcxUnpack, EverySmallNumberOfWantedPixels) {
 }
 
 // What lies behind the packed bytes, here the rest of a larger block, changes nothing.
-TEST_P(PcxUnpack, BytesBehindTheDataDoNotMatter) {
+TEST_P(RunUnpack, BytesBehindTheDataDoNotMatter) {
     Inputs inputs(4);
     Bytes block = inputs.Packed(500);
+    const auto unpack = [&](std::span<const std::byte> packed, std::span<std::uint32_t> pixels) {
+        return UnpackRuns(GetParam().mark, GetParam().path, packed, Colors(), pixels, 3000);
+    };
     for (std::size_t length = 0; length <= 200; ++length) {
         const auto packed = std::span(block).first(length);
         Words first(3000 + kUnpackSlack);
         Words second(first);
         std::ranges::fill(std::span(block).subspan(length), std::byte{5});
-        const Extent one = ExtentOf(UnpackPcx(GetParam(), packed, Colors(), first, 3000));
+        const Extent one = ExtentOf(unpack(packed, first));
         std::ranges::fill(std::span(block).subspan(length), std::byte{255});
-        const Extent two = ExtentOf(UnpackPcx(GetParam(), packed, Colors(), second, 3000));
+        const Extent two = ExtentOf(unpack(packed, second));
         ASSERT_EQ(one, two) << length;
         ASSERT_TRUE(std::equal(
             first.begin(), first.begin() + static_cast<std::ptrdiff_t>(one.second), second.begin()))

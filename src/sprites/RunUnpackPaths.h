@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: MIT
 //
-// The code paths of UnpackPcx, for PcxUnpack*.cpp only.
+// The code paths of UnpackRuns, for RunUnpack*.cpp only.
 //
-// Each path takes what UnpackPcx takes, with `wanted` no more than pixels.size(), and gives the
-// same pixels and result.
+// Each path takes what UnpackRuns takes, with `wanted` no more than pixels.size(), and gives the
+// same pixels and result. The mark is known when they are compiled.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
 #include <span>
 
-#include "sprites/PcxUnpack.h"
+#include "sprites/RunUnpack.h"
 
 #if defined(__x86_64__) || defined(__i386__)
 #define SCENARA_UNPACK_X86 1
@@ -21,14 +21,17 @@
 namespace scenara::unpack {
 
 // Goes on from `from`, which lies between two operations.
+template <RunMark kMark>
 UnpackResult UnpackPlain(std::span<const std::byte> packed, const ColorTable& colors,
                          std::span<std::uint32_t> pixels, std::size_t wanted,
                          UnpackResult from = {0, 0});
 
 #if SCENARA_UNPACK_X86
 
+template <RunMark kMark>
 UnpackResult UnpackSse2(std::span<const std::byte> packed, const ColorTable& colors,
                         std::span<std::uint32_t> pixels, std::size_t wanted);
+template <RunMark kMark>
 UnpackResult UnpackAvx2(std::span<const std::byte> packed, const ColorTable& colors,
                         std::span<std::uint32_t> pixels, std::size_t wanted);
 
