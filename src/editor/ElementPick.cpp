@@ -97,9 +97,10 @@ bool Covers(const StageModel& model, const BackgroundElement& element, const Dra
     if (!picture || !ElementWindow::Of(element, options).Has(point.x, point.y)) {
         return false;
     }
-    const Mixing mixing = MixingOf(element, BlendingInForce(model, element, options.additions));
-    PointUnderPieces under(point, *picture, RecordAt(model.Sprites, picture->slot, "sprite"),
-                           mixing != Mixing::Solid);
+    const SpriteEntry& sprite = RecordAt(model.Sprites, picture->slot, "sprite");
+    const Mixing mixing =
+        MixingOf(element, BlendingInForce(model, element, options.additions), sprite);
+    PointUnderPieces under(point, *picture, sprite, mixing != Mixing::Solid);
     ForEachPiece(model, element, *picture, options, mixing, under);
     return under.Covered();
 }
@@ -171,7 +172,8 @@ std::optional<ViewFrame> OutlineOf(const StageModel& model, const DrawOptions& o
         return std::nullopt;
     }
     AroundPieces around(ElementWindow::Of(element, options));
-    const Mixing mixing = MixingOf(element, BlendingInForce(model, element, options.additions));
+    const Mixing mixing = MixingOf(element, BlendingInForce(model, element, options.additions),
+                                   RecordAt(model.Sprites, picture->slot, "sprite"));
     ForEachPiece(model, element, *picture, options, mixing, around);
     return around.Rectangle();
 }

@@ -27,8 +27,8 @@ struct ViewPoint {
 
 // The topmost drawn element that covers the point, -1 when there is none: the front layer goes
 // before the back one, and a later element before an earlier one. Hidden and disabled elements
-// cover nothing. Where an element is masked or blended, so do the transparent pixels of its
-// picture.
+// cover nothing. Where an element is masked or blended, or shows a picture without a palette, so do
+// the pixels of that whose alpha is 0; the others are there however faint they are.
 [[nodiscard]] Integer TopmostElementAt(const StageModel& model, const DrawOptions& options,
                                        const ViewPoint& point);
 

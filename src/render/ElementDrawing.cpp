@@ -98,7 +98,8 @@ void DrawElement(Engine& engine, const StageModel& model, const BackgroundElemen
     }
     Direct3DDevice8& device = engine.Device();
     const Blending blending = BlendingInForce(model, element, options.additions);
-    const Mixing mixing = MixingOf(element, blending);
+    const Mixing mixing =
+        MixingOf(element, blending, RecordAt(model.Sprites, picture->slot, "sprite"));
     ElementPainter painter(engine, model, *picture, blending, mixing);
     if (mixing == Mixing::Blended) {
         BeginBlending(device, blending);

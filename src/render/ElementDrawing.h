@@ -10,10 +10,10 @@
 
 namespace scenara {
 
-// Draws what the element shows now. Around the draw of a masked element (mask 1) blending by the
-// source's alpha is switched on, and back to none. Plainly frames of animations that are mirrored
-// left to right are drawn once, whatever the tiling; parallax pictures are tiled across only.
-// Nothing is allocated.
+// Draws what the element shows now. Around the draw of a masked element (mask 1), or of any that
+// shows a picture without a palette, blending by the source's alpha is switched on, and back to
+// none. Plainly frames of animations that are mirrored left to right are drawn once, whatever the
+// tiling; parallax pictures are tiled across only. Nothing is allocated.
 //
 // Addition: an element, or a frame, with a blending of its own is drawn so, masked or not
 // (BlendedBlit.h), and the states are put back as behind a masked one.

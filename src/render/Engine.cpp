@@ -152,18 +152,22 @@ void Engine::D3DBltFlip(const std::shared_ptr<Direct3DTexture8>& /*TX*/, Integer
     Blit(SpriteAt(slot), {X, Y, W, H, srcX, srcY}, mirrored);
 }
 
-// Wrapped around, coordinates below 0 show the texture from its other end.
+// Wrapped around, coordinates below 0 show the texture from its other end. Where it does not begin
+// anew they have to be those of that end.
 void Engine::Blit(const SpriteEntry& sprite, const SpriteQuad& quad, const BlitStyle& style) {
     const auto textureWidth = static_cast<float>(sprite.width);
     const auto textureHeight = static_cast<float>(sprite.height);
-    const float across = style.mirrored ? -1.0F : 1.0F;
-    const float down = style.flipped ? -1.0F : 1.0F;
+    const auto coordinate = [this](float texel, float size, bool backwards) {
+        const float start = mixesTexels_ ? size : 0;
+        return backwards ? (start - texel) / size : texel / size;
+    };
     const Edges place{static_cast<float>(quad.x), static_cast<float>(quad.y),
                       Sum(quad.x, quad.width), Sum(quad.y, quad.height)};
-    const Edges shown{across * static_cast<float>(quad.sourceX) / textureWidth,
-                      down * static_cast<float>(quad.sourceY) / textureHeight,
-                      across * Sum(quad.sourceX, quad.ShownWidth()) / textureWidth,
-                      down * Sum(quad.sourceY, quad.ShownHeight()) / textureHeight};
+    const Edges shown{
+        coordinate(static_cast<float>(quad.sourceX), textureWidth, style.mirrored),
+        coordinate(static_cast<float>(quad.sourceY), textureHeight, style.flipped),
+        coordinate(Sum(quad.sourceX, quad.ShownWidth()), textureWidth, style.mirrored),
+        coordinate(Sum(quad.sourceY, quad.ShownHeight()), textureHeight, style.flipped)};
     DrawRectangle(sprite.texture, place, shown, style.color);
 }
 

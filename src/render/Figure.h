@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // Figure, an addition: a picture that stands on the stage between its two layers, such as a test
-// character: mirrored and scaled, colour 0 left out.
+// character: mirrored and scaled, and each of its pixels as much as its alpha says.
 #pragma once
 
 #include <memory>

@@ -8,6 +8,7 @@
 
 #include "render/AnimationClock.h"
 #include "render/Controllers.h"
+#include "render/Mixing.h"
 #include "stage/ElementStart.h"
 #include "stage/ModelLookup.h"
 
@@ -108,28 +109,28 @@ void SetBackTimers(StageModel& model) {
     }
 }
 
-void PreLoadTexture(const StageModel& model, Integer spriteIndex) {
-    if (spriteIndex < 0) {
-        return;
-    }
-    const SpriteEntry& sprite = RecordAt(model.Sprites, spriteIndex, "sprite");
+void PreLoadTexture(const SpriteEntry& sprite) {
     if (sprite.texture) {
         sprite.texture->PreLoad();
     }
 }
 
-// Every picture that may be drawn masked: of masked stills, and of all actions, since a controller
-// may make an element show any.
+// Every picture that may be drawn by its alpha: of stills that are, and of all actions, since a
+// controller may make an element show any.
 void PreLoadTextures(const StageModel& model, const ViewOptions& options) {
     for (const BackgroundElement& element : model.Elements) {
-        const bool blended = options.Additions && element.blending.kind != BlendKind::None;
-        if (element.mask == 1 || blended) {
-            PreLoadTexture(model, element.spriteIndex);
+        if (const SpriteEntry* const sprite = StillSprite(model, element)) {
+            const Blending blending = options.Additions ? element.blending : Blending();
+            if (MixingOf(element, blending, *sprite) != Mixing::Solid) {
+                PreLoadTexture(*sprite);
+            }
         }
     }
     for (const StageAction& action : model.Actions) {
         for (const StageFrame& frame : action.frames) {
-            PreLoadTexture(model, frame.spriteIndex);
+            if (frame.spriteIndex >= 0) {
+                PreLoadTexture(RecordAt(model.Sprites, frame.spriteIndex, "sprite"));
+            }
         }
     }
 }

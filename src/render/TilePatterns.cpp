@@ -73,7 +73,8 @@ std::vector<PatternKey> WantedPatterns(const StageModel& model, const DrawOption
     ForEachTiledPicture(
         model, options.additions,
         [&](const BackgroundElement& shown, const ElementPicture& picture) {
-            const Mixing mixing = MixingOf(shown, BlendingInForce(model, shown, options.additions));
+            const Mixing mixing = MixingOf(shown, BlendingInForce(model, shown, options.additions),
+                                           RecordAt(model.Sprites, picture.slot, "sprite"));
             if (const auto key = PatternFor(model, shown, picture, mixing, options)) {
                 keys.push_back(*key);
             }

@@ -31,7 +31,8 @@ inline constexpr std::size_t kMostPatternBytes = std::size_t{4} << 20U;
 // The pattern that would stand for an element's copies, for one whose view may be full of them:
 // none when there are few, or when a picture cannot stand for them. That is so when copies lie upon
 // one another and are blended, each with the one before; or are masked and counted, for at the ends
-// there are less. Raises "Subscript out of range" when the picture's sprite is not in its table.
+// there are less. (Of masked ones that show through one another none is made, either.) Raises
+// "Subscript out of range" when the picture's sprite is not in its table.
 [[nodiscard]] std::optional<PatternKey> PatternFor(const StageModel& model,
                                                    const BackgroundElement& element,
                                                    const ElementPicture& picture, Mixing mixing,

@@ -107,6 +107,7 @@ void ForEachField(Record& sprite, auto&& visit) {
     visit("keyGreen", sprite.keyGreen);
     visit("keyBlue", sprite.keyBlue);
     visit("linkedTo", sprite.linkedTo);
+    visit("trueColor", sprite.trueColor);
 }
 
 template <RecordOf<StageFrame> Record>

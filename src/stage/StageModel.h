@@ -155,6 +155,7 @@ struct SpriteEntry {
     Byte keyGreen = 0;
     Byte keyBlue = 0;
     Integer linkedTo = -1;  // -1 = has a picture of its own; else the archive's link index
+    Byte trueColor = 0;     // addition: 1 = it has no palette: always mixed by its alpha
 };
 
 // Copies of a sprite that repeat, as one picture: what a repeat is of, and what it looks like

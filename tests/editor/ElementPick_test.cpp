@@ -100,6 +100,22 @@ TEST_F(Pick, SeesThroughTheHolesOfMaskedElementsOnly) {
     EXPECT_EQ(Outline(), (ViewFrame{10, 20, 14, 22})) << "holes are part of the rectangle";
 }
 
+TEST_F(Pick, FindsWhatHasAnyAlpha) {
+    const Integer picture = stage.Picture({"XXXXX"});
+    const LockedPixels pixels = stage.model.Sprites.front().texture->LockRect();
+    pixels.words[1] = 0x00FFFFFF;
+    pixels.words[2] = 0x01FFFFFF;
+    pixels.words[3] = 0x80FFFFFF;
+    stage.model.Sprites.front().texture->UnlockRect();
+    Still(picture, 10, 20).mask = 1;
+    stage.Start();
+    EXPECT_EQ(Across(20), "10-10 12-14");
+    stage.Element(0).mask = 0;
+    EXPECT_EQ(Across(20), "10-14");
+    stage.model.Sprites.front().trueColor = 1;
+    EXPECT_EQ(Across(20), "10-10 12-14") << "without a palette there is no mask to switch off";
+}
+
 TEST_F(Pick, HasAnAxis) {
     Still(stage.Picture({"XX", "XX"}, 5, 1), 10, 20);
     stage.Start();

@@ -157,9 +157,10 @@ private:
         const SpriteEntry& sprite = model.Sprites.front();
         const Blending blending = BlendingInForce(model, element, options.additions);
         const bool blended = blending.kind != BlendKind::None;
+        const bool byAlpha = element.mask == 1 || sprite.trueColor == 1;
         if (blended) {
             BeginBlending(engine.Device(), blending);
-        } else if (element.mask == 1) {
+        } else if (byAlpha) {
             BlendByAlpha(engine.Device(), D3DBLEND_INVSRCALPHA);
         }
         const ElementWindow seen = ElementWindow::Of(element, options);
@@ -214,7 +215,7 @@ private:
         engine.DrawEverywhere();
         if (blended) {
             EndBlending(engine.Device(), blending);
-        } else if (element.mask == 1) {
+        } else if (byAlpha) {
             BlendNoMore(engine.Device());
         }
     }
@@ -231,6 +232,7 @@ public:
         const Integer height = Size();
         const int alphas = Below(4);  // 0: opaque, 1 and 2: with holes, 3: translucent, too
         tiled.Sprite(width, height, [&] { return Texel(alphas); });
+        tiled.model.Sprites.front().trueColor = Below(3) == 0 ? 1 : 0;
         constexpr std::array<const char*, 4> kTypes{"normal", "normal", "anim", "parallax"};
         BackgroundElement& element = tiled.Element(kTypes.at(Index(4)));
         const bool animated = element.type == std::string("anim");

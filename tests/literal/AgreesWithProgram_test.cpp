@@ -14,9 +14,7 @@ namespace {
 constexpr std::uint32_t kFirstSeed = 1;
 
 // Whether they agree.
-bool CompareRandomStage(std::uint32_t seed, RandomFor mode) {
-    const ViewOptions view{mode == RandomFor::Additions};
-    const RandomStage stage = MakeRandomStage(seed, mode);
+bool Compare(std::uint32_t seed, const RandomStage& stage, const ViewOptions& view) {
     if (FirstDifference(stage, view).empty()) {
         return true;
     }
@@ -24,12 +22,21 @@ bool CompareRandomStage(std::uint32_t seed, RandomFor mode) {
     return false;
 }
 
-void CompareRandomStages(int rounds, RandomFor mode) {
+bool CompareRandomStage(std::uint32_t seed, RandomFor mode) {
+    return Compare(seed, MakeRandomStage(seed, mode), {mode == RandomFor::Additions});
+}
+
+// `compare` says of a seed whether they agree.
+template <typename CompareOne>
+void CompareMany(int rounds, CompareOne compare) {
     int different = 0;
     for (int round = 0; round < rounds && different < 3; ++round) {
-        const auto seed = kFirstSeed + static_cast<std::uint32_t>(round);
-        different += CompareRandomStage(seed, mode) ? 0 : 1;
+        different += compare(kFirstSeed + static_cast<std::uint32_t>(round)) ? 0 : 1;
     }
+}
+
+void CompareRandomStages(int rounds, RandomFor mode) {
+    CompareMany(rounds, [&](std::uint32_t seed) { return CompareRandomStage(seed, mode); });
 }
 
 TEST(AgreesWithProgram, RandomStagesPlain) {
@@ -38,6 +45,24 @@ TEST(AgreesWithProgram, RandomStagesPlain) {
 
 TEST(AgreesWithProgram, RandomStagesWithAdditions) {
     CompareRandomStages(Rounds(1500), RandomFor::Additions);
+}
+
+TEST(AgreesWithProgram, PicturesWithAlphaPlain) {
+    CompareMany(Rounds(1000), [](std::uint32_t seed) {
+        return Compare(seed, MakeRandomAlphaStage(seed, RandomFor::Plain), kPlainView);
+    });
+}
+
+TEST(AgreesWithProgram, PicturesWithAlpha) {
+    CompareMany(Rounds(1000), [](std::uint32_t seed) {
+        return Compare(seed, MakeRandomAlphaStage(seed, RandomFor::Additions), {true});
+    });
+}
+
+TEST(AgreesWithProgram, PicturesWithAlphaSmooth) {
+    CompareMany(Rounds(500), [](std::uint32_t seed) {
+        return Compare(seed, MakeRandomAlphaStage(seed, RandomFor::Additions, true), {true, true});
+    });
 }
 
 // Rows that stand within a float's rounding of the middle between two pixels: seen where a compiler

@@ -9,6 +9,8 @@
 #include <stdexcept>
 
 #include "frames/PaintedStage.h"
+#include "literal/ProgramStage.h"
+#include "literal/RandomAlpha.h"
 #include "support/StageFixture.h"
 
 namespace scenara::test {
@@ -19,6 +21,12 @@ void Put(MemoryFiles& files, const RandomStage& stage) {
     files.Put(kTestStage, stage.definition);
 }
 
+void ChangePictures(StageModel& model, const RandomStage& stage) {
+    if (stage.alphas) {
+        GiveAlpha(model, *stage.alphas);
+    }
+}
+
 // Raises what a test fails by when the stage does not load.
 void Load(StageMachine& loader, const RandomStage& stage, const ViewOptions& view) {
     loader.view = view;
@@ -26,6 +34,7 @@ void Load(StageMachine& loader, const RandomStage& stage, const ViewOptions& vie
     if (!loader.LoadFile(kTestStage)) {
         throw std::runtime_error("the stage does not load");
     }
+    ChangePictures(loader.model, stage);
 }
 
 // As a key script says it.
@@ -86,7 +95,7 @@ std::string Difference(const ShownCanvas& shown, const LiteralStage& literal) {
 ShownCanvas LiteralPictureOf(const RandomStage& stage, const ViewOptions& view) {
     StageMachine loader;
     Load(loader, stage, view);
-    LiteralStage literal(loader.model, LiteralRules::Of(view.Additions));
+    LiteralStage literal(loader.model, LiteralRules::Of(view));
     for (const LiteralKeys& keys : stage.keys) {
         literal.DrawFrame(keys);
     }
@@ -102,17 +111,21 @@ ShotStage ProgramWith(const RandomStage& stage, const ViewOptions& view) {
 std::string FirstDifference(const RandomStage& stage, const ViewOptions& view) {
     StageMachine loader;
     Load(loader, stage, view);
-    LiteralStage literal(loader.model, LiteralRules::Of(view.Additions));
+    LiteralStage literal(loader.model, LiteralRules::Of(view));
 
-    ShotStage program = ProgramWith(stage, view);
+    auto files = std::make_unique<MemoryFiles>();
+    Put(*files, stage);
+    ProgramStage program(std::move(files), kTestStage, view,
+                         [&](StageModel& model) { ChangePictures(model, stage); });
     for (std::size_t frame = 0; frame < stage.keys.size(); ++frame) {
         literal.DrawFrame(stage.keys[frame]);
-        program.Run(1);
-        const std::string difference = Difference(CanvasOf(program), literal);
+        program.RunFrame(stage.keys[frame]);
+        const std::string difference = Difference(program.Canvas(), literal);
         if (!difference.empty()) {
             std::ostringstream text;
             text << "frame " << frame + 1 << " of " << stage.keys.size() << ", " << difference
                  << "\nkeys " << Script(stage.keys) << "\n"
+                 << (stage.alphas ? "alphas " + std::to_string(*stage.alphas) + "\n" : "")
                  << stage.definition;
             return text.str();
         }

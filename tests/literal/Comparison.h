@@ -15,7 +15,8 @@ namespace scenara::test {
 // What the rules make of a stage after all of its frames.
 [[nodiscard]] ShownCanvas LiteralPictureOf(const RandomStage& stage, const ViewOptions& view);
 
-// The stage in the program, with its keys held, before the first frame.
+// The stage in the program, with its keys held and its pictures as they are loaded, before the
+// first frame.
 [[nodiscard]] ShotStage ProgramWith(const RandomStage& stage, const ViewOptions& view);
 
 // The first pixel that differs, with the frame, both colours and the stage's text; empty when every

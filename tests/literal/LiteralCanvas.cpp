@@ -17,9 +17,71 @@ std::int64_t Rounded(double value) {
     return static_cast<std::int64_t>(std::floor(value + 0.5));
 }
 
-// Which of `count` texels the pixel shows that stands `at` pixels into `size` of them.
-std::int64_t TexelAt(std::int64_t at, std::int64_t size, std::int64_t count) {
-    return (2 * at + 1) * count / (2 * size);
+// The centre of the pixel that stands `at` pixels into `size` of them, which show `count` texels
+// from the texel `first` on.
+struct Place {
+    std::int64_t at;
+    std::int64_t size;
+    std::int64_t first;
+    std::int64_t count;
+};
+
+std::int64_t NearestTexel(const Place& place) {
+    return place.first + (2 * place.at + 1) * place.count / (2 * place.size);
+}
+
+// Neighbours, and how many of 256 parts each has in a mean of them.
+struct TwoTexels {
+    std::array<std::int64_t, 2> texels;
+    std::array<std::int64_t, 2> parts;
+};
+
+// Beyond the picture its last texels go on.
+TwoTexels TexelsAround(const Place& place, std::int64_t size) {
+    // 256 times the place, less half a texel, to the nearest part. In parts of 2 * place.size, so
+    // that all is whole.
+    const std::int64_t whole = 2 * place.size;
+    const std::int64_t parts =
+        256 * ((2 * place.at + 1) * place.count + place.first * whole) - 128 * whole + place.size;
+    std::int64_t part = parts / whole;
+    if (part * whole > parts) {
+        --part;  // a division rounds towards 0
+    }
+    const auto texel = static_cast<std::int64_t>(std::floor(static_cast<double>(part) / 256));
+    const std::int64_t ofSecond = part - 256 * texel;
+    const auto within = [&](std::int64_t number) {
+        return std::min(std::max<std::int64_t>(number, 0), size - 1);
+    };
+    return {{within(texel), within(texel + 1)}, {256 - ofSecond, ofSecond}};
+}
+
+// A texel and its weight in a mean.
+struct Weighed {
+    std::uint32_t texel;
+    std::int64_t weight;
+};
+
+// To the nearest, a half upwards. Where alpha counts a texel lends its colour by that, too, unless
+// none has any.
+std::uint32_t MeanOf(const std::array<Weighed, 4>& four, bool alphaCounts) {
+    const auto channel = [](std::uint32_t texel, unsigned shift) {
+        return static_cast<std::int64_t>(texel >> shift & 0xFFU);
+    };
+    const auto mean = [&](unsigned shift, bool byAlpha) {
+        std::int64_t sum = 0;
+        std::int64_t weights = 0;
+        for (const auto& [texel, weight] : four) {
+            const std::int64_t counts = byAlpha ? weight * channel(texel, 24) : weight;
+            sum += counts * channel(texel, shift);
+            weights += counts;
+        }
+        return static_cast<std::uint32_t>((2 * sum + weights) / (2 * weights));
+    };
+    const bool byAlpha = alphaCounts && std::ranges::any_of(four, [&](const Weighed& one) {
+                             return one.weight * channel(one.texel, 24) != 0;
+                         });
+    return mean(24, false) << 24U | mean(16, byAlpha) << 16U | mean(8, byAlpha) << 8U |
+           mean(0, byAlpha);
 }
 
 }  // namespace
@@ -178,9 +240,10 @@ void LiteralStage::DrawRows(const Element& element, const Shown& shown) {
         if (down < 0) {
             std::swap(rows.begin, rows.end);
         }
-        const int texelRow = shown.mirrored[1] ? image.height - 1 - row : row;
+        const bool turned = shown.mirrored[1] != (down < 0);
+        const int fromTop = down < 0 ? image.height - 1 - row : row;
         for (const Span& columns : Copies(reach, tiling, std::abs(across), 0)) {
-            DrawQuad(shown, columns, rows, {texelRow, texelRow + 1}, {reach.mirrored, false});
+            DrawQuad(shown, columns, rows, {fromTop, fromTop + 1}, {reach.mirrored, turned});
         }
     }
 }
@@ -202,22 +265,42 @@ LiteralStage::Window LiteralStage::CanvasWindow(const BackgroundElement& element
     return window;
 }
 
+bool LiteralStage::MixesTexels() const {
+    const bool scaled = std::abs(space_.PixelSize(0)) != 1 || std::abs(space_.PixelSize(1)) != 1;
+    return rules_.mixesTexels && scaled;
+}
+
 void LiteralStage::DrawQuad(const Shown& shown, const Span& columns, const Span& rows,
-                            Span texelRows, const std::array<bool, 2>& mirrored) {
+                            const Span& texelRows, const std::array<bool, 2>& mirrored) {
     const Image& image = *shown.image;
     const Span inX{std::max(columns.begin, shown.window.columns.begin),
                    std::min(columns.end, shown.window.columns.end)};
     const Span inY{std::max(rows.begin, shown.window.rows.begin),
                    std::min(rows.end, shown.window.rows.end)};
-    const std::int64_t texelCount = texelRows.end - texelRows.begin;
+    const bool mixes = MixesTexels();
+    const auto column = [&](std::int64_t texel) {
+        return mirrored[0] ? image.width - 1 - texel : texel;
+    };
+    const auto row = [&](std::int64_t texel) {
+        return mirrored[1] ? image.height - 1 - texel : texel;
+    };
     for (std::int64_t y = inY.begin; y < inY.end; ++y) {
-        const std::int64_t below = TexelAt(y - rows.begin, rows.end - rows.begin, texelCount);
-        const std::int64_t row = mirrored[1] ? texelRows.end - 1 - below : texelRows.begin + below;
+        const Place down{y - rows.begin, rows.end - rows.begin, texelRows.begin,
+                         texelRows.end - texelRows.begin};
         for (std::int64_t x = inX.begin; x < inX.end; ++x) {
-            const std::int64_t right =
-                TexelAt(x - columns.begin, columns.end - columns.begin, image.width);
-            const std::int64_t column = mirrored[0] ? image.width - 1 - right : right;
-            Put(x, y, image.texels[static_cast<std::size_t>(row * image.width + column)], shown);
+            const Place across{x - columns.begin, columns.end - columns.begin, 0, image.width};
+            if (!mixes) {
+                Put(x, y, image.At(column(NearestTexel(across)), row(NearestTexel(down))), shown);
+                continue;
+            }
+            const TwoTexels two = TexelsAround(across, image.width);
+            const TwoTexels lines = TexelsAround(down, image.height);
+            std::array<Weighed, 4> four{};
+            for (std::size_t i = 0; i < 4; ++i) {
+                four[i] = {image.At(column(two.texels[i % 2]), row(lines.texels[i / 2])),
+                           two.parts[i % 2] * lines.parts[i / 2]};
+            }
+            Put(x, y, MeanOf(four, shown.CountsAlpha()), shown);
         }
     }
 }

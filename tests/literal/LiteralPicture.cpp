@@ -18,36 +18,49 @@ int ShareOf255(int share) {
     return std::min(share, 255);
 }
 
-// One channel: what stands there times one share of 255, and the picture times another one.
-int Mixed(int behind, int behindShare, int picture, int pictureShare) {
-    const int sum = behind * behindShare + picture * pictureShare;
-    return std::min((2 * sum + 255) / (2 * 255), 255);  // the nearest; there are no ties
+// Of 255ths; there are no ties.
+int Nearest(int parts) {
+    return std::min((2 * parts + 255) / (2 * 255), 255);
+}
+
+// A picture's alpha and that of what it is drawn with.
+int Both(int alpha, int share) {
+    return Nearest(alpha * share);
+}
+
+// One channel, each way of laying a share of a picture upon what stands there.
+int Over(int behind, int picture, int share) {
+    return Nearest(behind * (255 - share) + picture * share);
+}
+int Plus(int behind, int picture, int share) {
+    return Nearest(behind * 255 + picture * share);
+}
+int Less(int behind, int picture, int share) {
+    return Nearest(std::max(behind * 255 - picture * share, 0));
 }
 
 // Each way to blend is one quad or two, and each quad rounds.
-int BlendedChannel(const Blending& blending, int behind, int picture) {
+int BlendedChannel(const Blending& blending, int behind, int picture, int alpha) {
     switch (blending.kind) {
-        case BlendKind::None: return picture;
-        case BlendKind::Add: return Mixed(behind, 255, picture, 255);
-        case BlendKind::Add1: return Mixed(Mixed(behind, 255 - 128, 0, 0), 255, picture, 255);
-        case BlendKind::Sub: return std::max(behind - picture, 0);
+        case BlendKind::None: return Over(behind, picture, alpha);
+        case BlendKind::Add: return Plus(behind, picture, alpha);
+        case BlendKind::Add1: return Plus(Over(behind, 0, Both(alpha, 128)), picture, alpha);
+        case BlendKind::Sub: return Less(behind, picture, alpha);
         case BlendKind::AddAlpha: {
             const int black = ShareOf255(256 - blending.destination);
-            return Mixed(Mixed(behind, 255 - black, 0, 0), 255, picture,
-                         ShareOf255(blending.source));
+            return Plus(Over(behind, 0, Both(alpha, black)), picture,
+                        Both(alpha, ShareOf255(blending.source)));
         }
     }
     return picture;
 }
 
 std::uint32_t Blended(const Blending& blending, std::uint32_t behind, std::uint32_t picture) {
-    if (blending.kind == BlendKind::None) {
-        return picture;
-    }
+    const int alpha = Channel(picture, 24);
     std::uint32_t result = 0;
     for (const int shift : {16, 8, 0}) {
         const int channel =
-            BlendedChannel(blending, Channel(behind, shift), Channel(picture, shift));
+            BlendedChannel(blending, Channel(behind, shift), Channel(picture, shift), alpha);
         result |= static_cast<std::uint32_t>(channel) << static_cast<unsigned>(shift);
     }
     return result;
@@ -61,7 +74,6 @@ std::optional<LiteralStage::Shown> LiteralStage::ShownOf(const Element& element)
         return std::nullopt;
     }
     Shown shown;
-    shown.masked = file.mask == 1;
     shown.blending = file.blending;
     int sprite = file.spriteIndex;
     if (element.animated) {
@@ -85,6 +97,7 @@ std::optional<LiteralStage::Shown> LiteralStage::ShownOf(const Element& element)
         return std::nullopt;
     }
     shown.image = &images_[static_cast<std::size_t>(sprite)];
+    shown.masked = file.mask == 1 || shown.image->trueColor;
     if (!rules_.blends) {
         shown.blending = {};
     }
@@ -105,12 +118,11 @@ LiteralStage::Span LiteralStage::Whole(std::size_t axis) const {
 }
 
 void LiteralStage::Put(std::int64_t x, std::int64_t y, std::uint32_t texel, const Shown& shown) {
-    const bool blends = shown.blending.kind != BlendKind::None;
-    if ((shown.masked || blends) && texel >> 24U == 0) {
+    if (shown.CountsAlpha() && texel >> 24U == 0) {
         return;
     }
     std::uint32_t& pixel = picture_[static_cast<std::size_t>(y * Width() + x)];
-    pixel = Blended(shown.blending, pixel, texel & 0xFFFFFFU);
+    pixel = shown.CountsAlpha() ? Blended(shown.blending, pixel, texel) : texel & 0xFFFFFFU;
 }
 
 }  // namespace scenara::test

@@ -35,7 +35,8 @@ LiteralStage::LiteralStage(const StageModel& loaded, const LiteralRules& rules)
 
 void LiteralStage::ReadImages() {
     for (const SpriteEntry& sprite : model_.Sprites) {
-        Image image{sprite.width, sprite.height, sprite.axisX, sprite.axisY, {}};
+        Image image{sprite.width, sprite.height,         sprite.axisX,
+                    sprite.axisY, sprite.trueColor == 1, {}};
         const LockedPixels locked = sprite.texture->LockRectToRead();
         for (int y = 0; y < image.height; ++y) {
             for (int x = 0; x < image.width; ++x) {

@@ -16,6 +16,7 @@
 
 #include "literal/LiteralSpace.h"
 #include "stage/StageModel.h"
+#include "stage/ViewOptions.h"
 
 namespace scenara::test {
 
@@ -35,20 +36,22 @@ struct LiteralRules {
 
     bool endsOnBounds = true;  // a camera step that is beyond a bound by a hair
 
-    static LiteralRules Of(bool additions) {
-        return additions ? LiteralRules{}
-                         : LiteralRules{.onCanvas = false,
-                                        .blends = false,
-                                        .mirrorsAboutAxis = false,
-                                        .dummiesAreEnabled = false,
-                                        .keepsUpperBound = false,
-                                        .clearsPicture = false,
-                                        .wholeSwings = false,
-                                        .movesOnce = false,
-                                        .movesHidden = false,
-                                        .enabledIsEnable = false,
-                                        .unknownIsDummy = false,
-                                        .endsOnBounds = false};
+    bool mixesTexels = false;  // Smooth: pixels of scaled pictures are means
+
+    static LiteralRules Of(const ViewOptions& view) {
+        return view.Additions ? LiteralRules{.mixesTexels = view.Smooth}
+                              : LiteralRules{.onCanvas = false,
+                                             .blends = false,
+                                             .mirrorsAboutAxis = false,
+                                             .dummiesAreEnabled = false,
+                                             .keepsUpperBound = false,
+                                             .clearsPicture = false,
+                                             .wholeSwings = false,
+                                             .movesOnce = false,
+                                             .movesHidden = false,
+                                             .enabledIsEnable = false,
+                                             .unknownIsDummy = false,
+                                             .endsOnBounds = false};
     }
 };
 
@@ -124,7 +127,12 @@ private:
         int height = 0;
         int axisX = 0;
         int axisY = 0;
+        bool trueColor = false;
         std::vector<std::uint32_t> texels;  // ARGB, colour 0 with an alpha of 0
+
+        [[nodiscard]] std::uint32_t At(std::int64_t column, std::int64_t row) const {
+            return texels[static_cast<std::size_t>(row * width + column)];
+        }
     };
 
     // Columns or rows of the picture, from the first to before the last.
@@ -142,9 +150,13 @@ private:
         const Image* image = nullptr;
         std::array<double, 2> offset{};  // of a frame
         std::array<bool, 2> mirrored{};  // left to right, top to bottom
-        bool masked = false;
+        bool masked = false;             // each pixel counts as much as its alpha says
         Blending blending;
         Window window;
+
+        [[nodiscard]] bool CountsAlpha() const {
+            return masked || blending.kind != BlendKind::None;
+        }
     };
 
     // Start-up (LiteralStage.cpp).
@@ -201,9 +213,12 @@ private:
                                            double tilePixel, std::size_t axis) const;
     [[nodiscard]] double Stretch(const BackgroundElement& element) const;
     [[nodiscard]] Window CanvasWindow(const BackgroundElement& element) const;
-    // The rows of the picture from firstRow to before endRow, brought to columns and rows.
-    void DrawQuad(const Shown& shown, const Span& columns, const Span& rows, Span texelRows,
+    // Some rows of the picture, brought to columns and rows. The rows count from the upper edge of
+    // the picture as it is mirrored.
+    void DrawQuad(const Shown& shown, const Span& columns, const Span& rows, const Span& texelRows,
                   const std::array<bool, 2>& mirrored);
+    // Whether pictures are drawn at another size than their own, and so that texels are mixed.
+    [[nodiscard]] bool MixesTexels() const;
 
     const StageModel& model_;
     LiteralRules rules_;

@@ -21,12 +21,18 @@ struct ShownCanvas {
     friend bool operator==(const ShownCanvas&, const ShownCanvas&) = default;
 };
 
-[[nodiscard]] inline ShownCanvas CanvasOf(const ShotStage& stage) {
-    ShownCanvas canvas{stage.PictureSize(), stage.Picture()};
+// Of a picture whose top bytes mean nothing.
+[[nodiscard]] inline ShownCanvas CanvasOf(const CanvasSize& size,
+                                          const std::vector<std::uint32_t>& picture) {
+    ShownCanvas canvas{size, picture};
     for (std::uint32_t& pixel : canvas.pixels) {
         pixel &= 0xFFFFFFU;
     }
     return canvas;
+}
+
+[[nodiscard]] inline ShownCanvas CanvasOf(const ShotStage& stage) {
+    return CanvasOf(stage.PictureSize(), stage.Picture());
 }
 
 // Of a stage's elements, across and down.

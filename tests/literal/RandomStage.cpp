@@ -14,9 +14,13 @@ namespace {
 constexpr int kActions = 4;
 constexpr int kIds = 3;
 
+// What pictures are like, and what is done with them.
+enum class Pictures : std::uint8_t { WithHoles, WithAlphas, WithAlphasSmooth };
+
 class Writer {
 public:
-    Writer(std::uint32_t seed, RandomFor mode) : random_(seed), mode_(mode) {}
+    Writer(std::uint32_t seed, RandomFor mode, Pictures pictures)
+        : random_(seed), mode_(mode), pictures_(pictures) {}
 
     RandomStage Make();
 
@@ -65,6 +69,7 @@ private:
     void Element(int index);
     void ElementMotion();
     void Tiles(bool animated);
+    void TilesOfAlphas(bool animated);
     void Blend();
     void Action(int number);
     void Group(int index);
@@ -74,6 +79,7 @@ private:
 
     samplemaker::Random random_;
     RandomFor mode_;
+    Pictures pictures_;
     std::string text_;
     int width_ = 320;  // of the view
     int height_ = 240;
@@ -101,7 +107,7 @@ void Writer::Space() {
     }
     text_ += "[StageInfo]\n";
     if (!OneIn(6)) {
-        const bool large = OneIn(12);
+        const bool large = pictures_ != Pictures::WithAlphasSmooth && OneIn(12);
         const int width = large ? Whole(200, 1000) : Whole(76, 200);
         const int height = large ? Whole(150, 700) : Whole(57, 150);
         Line("localcoord",
@@ -165,6 +171,25 @@ void Writer::Tiles(bool animated) {
         }
         Line("tilespacing", spacings[0] + (OneIn(6) ? "" : ", " + spacings[1]));
     }
+}
+
+// Upon one another, in one direction, where there is an end of them or they are not mixed.
+void Writer::TilesOfAlphas(bool animated) {
+    static constexpr std::array kCounts = {"0", "1", "1", "2", "3", "5", "9"};
+    if (OneIn(3)) {
+        return;
+    }
+    std::array<std::string, 2> counts = {OneOf(kCounts), OneOf(kCounts)};
+    std::array<std::string, 2> spacings;
+    const bool tight = OneIn(2);
+    for (std::size_t axis = 0; axis < 2; ++axis) {
+        const bool apart = (axis == 0) != tight ||
+                           (counts[axis] == "1" && pictures_ == Pictures::WithAlphasSmooth);
+        const int least = apart ? 20 : animated ? 2 : -60;
+        spacings[axis] = std::to_string(Whole(least, apart ? 150 : 30));
+    }
+    Line("tile", counts[0] + ", " + counts[1]);
+    Line("tilespacing", spacings[0] + ", " + spacings[1]);
 }
 
 void Writer::ElementMotion() {
@@ -242,7 +267,8 @@ void Writer::Element(int index) {
         Line("yscalestart", Fraction(40, 200));
         Line("yscaledelta", Fraction(-2, 2));
     }
-    Tiles(type == "anim" || type == "ani" || type == "Anim");
+    const bool animated = type == "anim" || type == "ani" || type == "Anim";
+    pictures_ == Pictures::WithHoles ? Tiles(animated) : TilesOfAlphas(animated);
     ElementMotion();
     Blend();
 }
@@ -374,7 +400,14 @@ RandomStage Writer::Make() {
 }  // namespace
 
 RandomStage MakeRandomStage(std::uint32_t seed, RandomFor mode) {
-    return Writer(seed, mode).Make();
+    return Writer(seed, mode, Pictures::WithHoles).Make();
+}
+
+RandomStage MakeRandomAlphaStage(std::uint32_t seed, RandomFor mode, bool smooth) {
+    const Pictures pictures = smooth ? Pictures::WithAlphasSmooth : Pictures::WithAlphas;
+    RandomStage stage = Writer(seed, mode, pictures).Make();
+    stage.alphas = seed;
+    return stage;
 }
 
 }  // namespace scenara::test

@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -19,9 +20,15 @@ enum class RandomFor : std::uint8_t { Plain, Additions };
 struct RandomStage {
     std::string definition;  // names the archive "random.sff"
     std::vector<std::byte> archive;
-    std::vector<LiteralKeys> keys;  // one per frame
+    std::vector<LiteralKeys> keys;        // one per frame
+    std::optional<std::uint32_t> alphas;  // its pictures get these (RandomAlpha.h)
 };
 
 [[nodiscard]] RandomStage MakeRandomStage(std::uint32_t seed, RandomFor mode);
+
+// One whose pictures have alphas, and often lie upon one another. With `smooth` its copies are not
+// so close together that they are too many to be mixed.
+[[nodiscard]] RandomStage MakeRandomAlphaStage(std::uint32_t seed, RandomFor mode,
+                                               bool smooth = false);
 
 }  // namespace scenara::test

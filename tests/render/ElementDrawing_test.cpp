@@ -89,6 +89,32 @@ TEST_F(DrawnPicture, ThatIsMaskedIsBlendedAndNoOther) {
                      "SetRenderState 27 0", "SetRenderState 19 2", "SetRenderState 20 1"}));
 }
 
+// Addition: such a picture has no colour 0 that a mask could leave out.
+TEST_F(DrawnPicture, WithoutAPaletteIsBlendedWhateverTheMask) {
+    stage.Hill();
+    stage.Start();
+    stage.model.Sprites.front().trueColor = 1;
+    const Lines blended{
+        "SetRenderState 19 5", "SetRenderState 20 6",    "SetRenderState 27 1",
+        "SetTexture 0 hill",   "DrawPrimitiveUP 5 2 32", "quad hill 10,20 50x40 masked",
+        "SetRenderState 27 0", "SetRenderState 19 2",    "SetRenderState 20 1"};
+    for (const Integer mask : {Integer{0}, Integer{1}, Integer{2}}) {
+        stage.Element(0).mask = mask;
+        EXPECT_EQ(Calls(), blended);
+    }
+}
+
+TEST_F(DrawnPicture, IsBlendedByTheFrameThatIsShown) {
+    stage.build.AnimationAt({{stage.hill, 5}, {stage.strip, 5}}, 10, 20);
+    stage.model.Sprites[static_cast<std::size_t>(stage.strip)].trueColor = 1;
+    stage.Start();
+    EXPECT_EQ(Calls(),
+              (Lines{"SetTexture 0 hill", "DrawPrimitiveUP 5 2 32", "quad hill 10,20 50x40"}));
+    stage.Element(0).frameIndex = 1;
+    const Lines calls = Calls();
+    EXPECT_EQ(std::count(calls.begin(), calls.end(), "quad strip 10,20 50x1 masked"), 1);
+}
+
 TEST_F(DrawnPicture, StatesAreSetOnceAroundAllCopies) {
     Tiled(Masked(stage.Hill()), 3, 0, 1);
     stage.Start();

@@ -164,6 +164,27 @@ TEST_F(FigureTest, IsAskedForWhenTheClocksHaveTickedOnceAndNothingIsDrawn) {
     EXPECT_EQ(player.model.Elements[0].posX, start + 315);
 }
 
+TEST_F(FigureTest, IsSeenAsMuchAsItsAlphaSays) {
+    SoftEngine soft;
+    soft.Sprite(3, 1, [alpha = 0xFF000000U]() mutable {
+        const std::uint32_t texel = alpha | 0x00C800U;  // 200
+        alpha = alpha == 0xFF000000U ? 0x40000000U : 0;
+        return texel;
+    });
+    texture = soft.model.Sprites[0].texture;
+    figure.x = figure.y = 0;
+    figure.width = 3;
+    figure.height = 1;
+    Require(soft.engine.Device().BeginScene(), "BeginScene");
+    soft.engine.Clear(0xFF640000);  // 100
+    DrawFigure(soft.engine, figure);
+    Require(soft.engine.Device().EndScene(), "EndScene");
+    const auto shown = [&](std::size_t x) { return soft.Pixels()[x] & 0xFFFFFFU; };
+    EXPECT_EQ(shown(0), 0x00C800U);
+    EXPECT_EQ(shown(1), 0x4B3200U);  // 100 x 191 / 255 = 74.9, 200 x 64 / 255 = 50.2
+    EXPECT_EQ(shown(2), 0x640000U);
+}
+
 TEST_F(FigureTest, AsksForNoMemory) {
     figure.mirrored = true;
     SoftEngine soft;

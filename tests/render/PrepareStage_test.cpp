@@ -451,8 +451,11 @@ TEST_F(PreparedTextures, AreThoseThatMayBeDrawnMasked) {
     const Integer masked = build.Sprite("masked", 8, 8);
     const Integer inAnAction = build.Sprite("in an action", 8, 8);
     build.Sprite("of nobody", 8, 8);
+    const Integer withoutAPalette = build.Sprite("without a palette", 8, 8);
+    model.Sprites.back().trueColor = 1;
     build.Still(opaque);
     build.Still(masked).mask = 1;
+    build.Still(withoutAPalette);
     build.Still(-1).mask = 1;
     // No element shows it; a controller may.
     build.Action({{-1, 5}, {inAnAction, 5}});
@@ -463,6 +466,7 @@ TEST_F(PreparedTextures, AreThoseThatMayBeDrawnMasked) {
     };
     EXPECT_TRUE(prepared(masked));
     EXPECT_TRUE(prepared(inAnAction));
+    EXPECT_TRUE(prepared(withoutAPalette));
     EXPECT_FALSE(prepared(opaque));
     EXPECT_FALSE(prepared(inAnAction + 1));
 }

@@ -52,7 +52,7 @@ static_assert(kIs<&BackgroundElement::xscaleTop, Single>);
 static_assert(kIs<&SpriteEntry::axisX, Integer> && kIs<&SpriteEntry::width, Integer>);
 static_assert(kIs<&SpriteEntry::group, Long> && kIs<&SpriteEntry::image, Integer>);
 static_assert(kIs<&SpriteEntry::masked, Integer> && kIs<&SpriteEntry::keyAlpha, Byte>);
-static_assert(kIs<&SpriteEntry::linkedTo, Integer>);
+static_assert(kIs<&SpriteEntry::linkedTo, Integer> && kIs<&SpriteEntry::trueColor, Byte>);
 static_assert(kIs<&StageFrame::group, Long> && kIs<&StageFrame::image, Integer>);
 static_assert(kIs<&StageFrame::offsetX, Integer> && kIs<&StageFrame::time, Integer>);
 static_assert(kIs<&StageAction::loopstart, Integer> && kIs<&StageAction::actionNo, Integer>);

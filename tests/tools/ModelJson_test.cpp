@@ -71,7 +71,7 @@ TEST(ModelJson, NamesMembersAsTheModelDoesInItsOrder) {
     EXPECT_EQ(NamesOf(json["elements"][0]["blending"]), "kind source destination");
     EXPECT_EQ(NamesOf(json["sprites"][0]),
               "axisX axisY width height group image selfIndex reserved masked keyAlpha keyRed"
-              " keyGreen keyBlue linkedTo");
+              " keyGreen keyBlue linkedTo trueColor");
     EXPECT_EQ(NamesOf(json["actions"][0]), "frames loopstart frameCount actionNo");
     EXPECT_EQ(NamesOf(json["actions"][0]["frames"][0]),
               "group image spriteIndex offsetX offsetY time flip runtimeA runtimeB blending"

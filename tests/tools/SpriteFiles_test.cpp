@@ -79,5 +79,36 @@ TEST(SpriteFiles, AreNamedByIndexGroupAndImageInAFolderMadeForThem) {
     EXPECT_TRUE(std::filesystem::exists(folder.Path() + "new/sprites/0001_-3_70.png"));
 }
 
+TEST(SpriteFiles, HaveEveryAlphaAsItIs) {
+    const TemporaryFolder folder;
+    SoftDevice device;
+    StageModel model;
+    SpriteEntry sprite;
+    sprite.width = 16;
+    sprite.height = 16;
+    sprite.trueColor = 1;
+    TextureParameters parameters;
+    parameters.width = 16;
+    parameters.height = 16;
+    sprite.texture = device.CreateTexture(parameters);
+    const LockedPixels pixels = sprite.texture->LockRect();
+    for (std::uint32_t alpha = 0; alpha < 256; ++alpha) {
+        pixels.words[alpha] = alpha << 24U | 0x010203U;
+    }
+    sprite.texture->UnlockRect();
+    model.Sprites.push_back(sprite);
+    WriteSpriteFiles(model, folder.Path());
+    unsigned width = 0;
+    unsigned height = 0;
+    const auto bytes = ReadPng(folder.Path() + "0000_0_0.png", width, height);
+    ASSERT_EQ(bytes.size(), 4U * 256);
+    for (std::size_t alpha = 0; alpha < 256; ++alpha) {
+        EXPECT_EQ(bytes[4 * alpha], 1);
+        EXPECT_EQ(bytes[4 * alpha + 1], 2);
+        EXPECT_EQ(bytes[4 * alpha + 2], 3);
+        EXPECT_EQ(bytes[4 * alpha + 3], alpha);
+    }
+}
+
 }  // namespace
 }  // namespace scenara
