@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: MIT
+//
+// The packings of samplemaker/Sff2Packing.h undone byte by byte. Bytes that end early, or a copy
+// from before the first pixel, raise std::out_of_range.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <utility>
+#include <vector>
+
+namespace scenara::samplemaker {
+
+struct LiteralPixels {
+    std::vector<std::uint8_t> pixels;  // as many as were wanted
+    std::size_t bytesRead = 0;
+};
+
+class LiteralDecoding {
+public:
+    LiteralDecoding(const std::vector<std::byte>& packed, std::size_t wanted)
+        : packed_(packed), wanted_(wanted) {}
+
+    [[nodiscard]] bool Done() const { return out_.pixels.size() >= wanted_; }
+
+    unsigned Byte() { return std::to_integer<unsigned>(packed_.at(out_.bytesRead++)); }
+
+    void Run(unsigned count, unsigned colour) {
+        for (; count > 0; --count) {
+            out_.pixels.push_back(static_cast<std::uint8_t>(colour));
+        }
+    }
+
+    void Copy(unsigned count, unsigned back) {
+        for (; count > 0; --count) {
+            out_.pixels.push_back(out_.pixels.at(out_.pixels.size() - back));
+        }
+    }
+
+    LiteralPixels Take() && {
+        out_.pixels.resize(wanted_);
+        return std::move(out_);
+    }
+
+private:
+    const std::vector<std::byte>& packed_;
+    std::size_t wanted_;
+    LiteralPixels out_;
+};
+
+inline LiteralPixels LiteralRle8(const std::vector<std::byte>& packed, std::size_t wanted) {
+    LiteralDecoding decoding(packed, wanted);
+    while (!decoding.Done()) {
+        const unsigned b = decoding.Byte();
+        if ((b & 0xC0U) == 0x40U) {
+            decoding.Run(b & 0x3FU, decoding.Byte());
+        } else {
+            decoding.Run(1, b);
+        }
+    }
+    return std::move(decoding).Take();
+}
+
+inline LiteralPixels LiteralRle5(const std::vector<std::byte>& packed, std::size_t wanted) {
+    LiteralDecoding decoding(packed, wanted);
+    while (!decoding.Done()) {
+        const unsigned r = decoding.Byte();
+        const unsigned h = decoding.Byte();
+        const unsigned colour = (h & 0x80U) != 0 ? decoding.Byte() : 0;
+        decoding.Run(r + 1, colour);
+        for (unsigned n = h & 0x7FU; n > 0 && !decoding.Done(); --n) {
+            const unsigned d = decoding.Byte();
+            decoding.Run((d >> 5U) + 1, d & 31U);
+        }
+    }
+    return std::move(decoding).Take();
+}
+
+inline LiteralPixels LiteralLz5(const std::vector<std::byte>& packed, std::size_t wanted) {
+    LiteralDecoding decoding(packed, wanted);
+    unsigned saved = 0;
+    unsigned shortCopies = 0;
+    while (!decoding.Done()) {
+        const unsigned control = decoding.Byte();
+        for (unsigned packet = 0; packet < 8 && !decoding.Done(); ++packet) {
+            const unsigned b = decoding.Byte();
+            if ((control >> packet & 1U) == 0) {
+                const unsigned count = b >> 5U;
+                decoding.Run(count != 0 ? count : decoding.Byte() + 8, b & 31U);
+            } else if ((b & 0x3FU) == 0) {
+                const unsigned c = decoding.Byte();
+                const unsigned d = decoding.Byte();
+                decoding.Copy(d + 3, ((b << 2U) | c) + 1);
+            } else {
+                saved |= (b & 0xC0U) >> (2 * shortCopies);
+                ++shortCopies;
+                if (shortCopies < 4) {
+                    decoding.Copy((b & 0x3FU) + 1, decoding.Byte() + 1);
+                } else {
+                    decoding.Copy((b & 0x3FU) + 1, saved + 1);
+                    saved = 0;
+                    shortCopies = 0;
+                }
+            }
+        }
+    }
+    return std::move(decoding).Take();
+}
+
+}  // namespace scenara::samplemaker
