@@ -10,26 +10,10 @@
 
 #include <gtest/gtest.h>
 
+#include "FileParts.h"
+
 namespace scenara::samplemaker {
 namespace {
-
-using Bytes = std::vector<int>;
-
-Bytes Part(const std::vector<std::byte>& file, std::size_t begin, std::size_t count) {
-    Bytes part;
-    for (std::size_t at = begin; at < begin + count && at < file.size(); ++at) {
-        part.push_back(std::to_integer<int>(file[at]));
-    }
-    return part;
-}
-
-std::uint32_t U32At(const std::vector<std::byte>& file, std::size_t at) {
-    std::uint32_t value = 0;
-    for (std::size_t i = 0; i < 4; ++i) {
-        value |= std::to_integer<std::uint32_t>(file.at(at + i)) << (8 * i);
-    }
-    return value;
-}
 
 Sff1Subfile WithData(std::int16_t group, std::int16_t image, std::vector<std::byte> data) {
     Sff1Subfile subfile;
@@ -53,7 +37,7 @@ TEST(Sff1Writer, FileHeader) {
         WriteSff1({WithData(5, 0, kTwo), WithData(5, 1, kThree), Linked(9, 0, 0)});
 
     // clang-format off
-    EXPECT_EQ(Part(file, 0, 36), (Bytes{
+    EXPECT_EQ(Part(file, 0, 36), (Values{
         'E', 'l', 'e', 'c', 'b', 'y', 't', 'e', 'S', 'p', 'r', 0,
         0, 1, 0, 1,
         2, 0, 0, 0,   // groups
@@ -62,7 +46,7 @@ TEST(Sff1Writer, FileHeader) {
         32, 0, 0, 0,  // subfile header
         1, 0, 0, 0})); // shared palettes
     // clang-format on
-    EXPECT_EQ(Part(file, 36, 512 - 36), Bytes(512 - 36, 0));
+    EXPECT_EQ(Part(file, 36, 512 - 36), Values(512 - 36, 0));
     EXPECT_EQ(file.size(), 512U + 3 * 32 + 5);
 }
 
@@ -75,7 +59,7 @@ TEST(Sff1Writer, SubfileHeader) {
     const std::vector<std::byte> file = WriteSff1({subfile});
 
     // clang-format off
-    EXPECT_EQ(Part(file, 512, 34), (Bytes{
+    EXPECT_EQ(Part(file, 512, 34), (Values{
         0, 0, 0, 0,      // no next subfile
         2, 0, 0, 0,      // length
         160, 0,          // axis
@@ -93,7 +77,7 @@ TEST(Sff1Writer, ALinkedSubfileHasLengthZeroAndTheIndex) {
     const std::vector<std::byte> file = WriteSff1({WithData(0, 0, kTwo), Linked(0, 1, 300)});
     EXPECT_EQ(U32At(file, 512), 546U);
     EXPECT_EQ(U32At(file, 546 + 4), 0U);
-    EXPECT_EQ(Part(file, 546 + 16, 2), (Bytes{0x2C, 1}));
+    EXPECT_EQ(Part(file, 546 + 16, 2), (Values{0x2C, 1}));
     EXPECT_EQ(file.size(), 546U + 32);
 }
 
@@ -118,8 +102,8 @@ TEST(Sff1Writer, TheChainMayRunBackwardsThroughTheFile) {
     EXPECT_EQ(U32At(file, 24), 512U + 35) << "the chain begins at the second place of the file";
     EXPECT_EQ(U32At(file, 547), 512U) << "and goes back to the first";
     EXPECT_EQ(U32At(file, 512), file.size()) << "the end of the chain names the end of the file";
-    EXPECT_EQ(Part(file, 512 + 32, 3), (Bytes{0xBA, 0xBB, 0xBC}));
-    EXPECT_EQ(Part(file, 547 + 32, 2), (Bytes{0xAA, 0xAB}));
+    EXPECT_EQ(Part(file, 512 + 32, 3), (Values{0xBA, 0xBB, 0xBC}));
+    EXPECT_EQ(Part(file, 547 + 32, 2), (Values{0xAA, 0xAB}));
 }
 
 TEST(Sff1Writer, GapsLieBeforeSubfiles) {
@@ -131,9 +115,9 @@ TEST(Sff1Writer, GapsLieBeforeSubfiles) {
     const std::vector<std::byte> file = WriteSff1(subfiles, options);
 
     EXPECT_EQ(U32At(file, 24), 515U);
-    EXPECT_EQ(Part(file, 512, 3), Bytes(3, 0xEE));
+    EXPECT_EQ(Part(file, 512, 3), Values(3, 0xEE));
     EXPECT_EQ(U32At(file, 515), 515U + 34 + 2);
-    EXPECT_EQ(Part(file, 549, 2), Bytes(2, 0xEE));
+    EXPECT_EQ(Part(file, 549, 2), Values(2, 0xEE));
 }
 
 TEST(Sff1Writer, TheHeaderSaysWhatItIsToldTo) {
@@ -143,10 +127,10 @@ TEST(Sff1Writer, TheHeaderSaysWhatItIsToldTo) {
     options.groups = 70000;
     options.images = 1;
     const std::vector<std::byte> file = WriteSff1({}, options);
-    EXPECT_EQ(Part(file, 12, 4), (Bytes{0, 0, 0, 2}));
+    EXPECT_EQ(Part(file, 12, 4), (Values{0, 0, 0, 2}));
     EXPECT_EQ(U32At(file, 16), 70000U);
     EXPECT_EQ(U32At(file, 20), 1U);
-    EXPECT_EQ(Part(file, 32, 1), Bytes{0});
+    EXPECT_EQ(Part(file, 32, 1), Values{0});
     EXPECT_EQ(file.size(), 512U);
 }
 

@@ -12,6 +12,7 @@
 
 #include <gtest/gtest.h>
 
+#include "FileParts.h"
 #include "LiteralDecoders.h"
 #include "RandomPixels.h"
 #include "samplemaker/Noise.h"
@@ -21,7 +22,6 @@ namespace scenara::samplemaker {
 namespace {
 
 using Pixels = std::vector<std::uint8_t>;
-using Values = std::vector<int>;
 
 struct Packing {
     const char* name;
@@ -88,14 +88,6 @@ Pixels OfRuns(const std::vector<std::pair<std::size_t, int>>& runs) {
     return pixels;
 }
 
-Values ValuesOf(const std::vector<std::byte>& bytes) {
-    Values values;
-    for (const std::byte byte : bytes) {
-        values.push_back(std::to_integer<int>(byte));
-    }
-    return values;
-}
-
 struct PackedBytes {
     const char* name;
     const Packing& packing;
@@ -121,7 +113,7 @@ TEST(Sff2Packing, WritesTheseBytes) {
         {"a run and the run before it", kLz5, {{264, 1}}, {0, 1, 255, 0x21}},
     };
     for (const PackedBytes& row : cases) {
-        EXPECT_EQ(ValuesOf(row.packing.pack(OfRuns(row.runs), {})), row.bytes) << row.name;
+        EXPECT_EQ(Part(row.packing.pack(OfRuns(row.runs), {}), 0, 100), row.bytes) << row.name;
     }
 }
 
@@ -132,8 +124,9 @@ TEST(Sff2Packing, TheFourthShortCopyStandsInTheBitsOfAllFour) {
     pixels.insert(pixels.end(), again.begin(), again.end());
     const std::vector<std::byte> packed = PackLz5(pixels);
     // From 4, 10, 6 and 12 back; 12 - 1 is 00 00 10 11.
-    EXPECT_EQ(ValuesOf(packed), (Values{0x00, 0x21, 0x22, 0x23, 0x24, 0x25, 0x26, 0x27, 0x28,  //
-                                        0x0F, 0x01, 3, 0x01, 9, 0x81, 5, 0xC1}));
+    EXPECT_EQ(Part(packed, 0, packed.size()),
+              (Values{0x00, 0x21, 0x22, 0x23, 0x24, 0x25, 0x26, 0x27, 0x28,  //
+                      0x0F, 0x01, 3, 0x01, 9, 0x81, 5, 0xC1}));
     EXPECT_EQ(LiteralLz5(packed, pixels.size()).pixels, pixels);
 }
 

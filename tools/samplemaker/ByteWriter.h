@@ -52,9 +52,7 @@ public:
         block_.insert(block_.end(), count, static_cast<std::byte>(value));
     }
 
-    void Append(std::span<const std::byte> bytes) {
-        block_.insert(block_.end(), bytes.begin(), bytes.end());
-    }
+    void Append(std::span<const std::byte> bytes);
 
     [[nodiscard]] std::size_t Size() const { return block_.size(); }
     [[nodiscard]] std::vector<std::byte> Take() && { return std::move(block_); }
