@@ -110,9 +110,10 @@ private:
             act = ReadActPalette(context_.files, folder_ + definition_.palette + ".act");
         }
         context_.progress.setCaption("Loading " + character_.DisplayName);
-        LoadCharacterSprites(character_,
-                             {*file, folder_ + name, context_.device, messages, context_.options},
-                             act, context_.progress);
+        LoadCharacterSprites(
+            character_,
+            {*file, folder_ + name, context_.device, messages, context_.options, context_.png}, act,
+            context_.progress);
         return true;
     }
 

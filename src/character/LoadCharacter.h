@@ -23,6 +23,8 @@
 
 namespace scenara {
 
+class PngPictures;
+
 // What a load works with; all of it outlives the call.
 struct LoadCharacterContext {
     Files& files;
@@ -30,6 +32,7 @@ struct LoadCharacterContext {
     TextureMaker& device;
     const ViewOptions& options;
     CharacterProgress progress;
+    const PngPictures* png = nullptr;  // none: the machine reads no PNG
 };
 
 // Fills `character` anew. False when it cannot be used, which has been said. When the program is

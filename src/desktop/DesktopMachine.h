@@ -10,6 +10,7 @@
 #include "app/frmStage.h"
 #include "platform/Form.h"
 #include "platform/gstreamer/GStreamerMedia.h"
+#include "platform/png/LibPngPictures.h"
 #include "platform/posix/PosixFiles.h"
 #include "platform/posix/PosixProcess.h"
 #include "platform/posix/SteadyClock.h"
@@ -48,7 +49,7 @@ public:
     }
 
     [[nodiscard]] Machine Pieces() {
-        return {{files_, messages_, window_, keyboard_, clock_, pointer_, direct3D_},
+        return {{files_, messages_, window_, keyboard_, clock_, pointer_, direct3D_, &png_},
                 process_,
                 dialogs_,
                 display_,
@@ -80,6 +81,7 @@ private:
     QtDialogs dialogs_;
     X11DisplayModes display_;
     SoftDirect3D direct3D_;
+    LibPngPictures png_;
 };
 
 }  // namespace scenara

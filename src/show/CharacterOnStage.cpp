@@ -51,7 +51,8 @@ bool StageShow::LoadCharacterFile(TestCharacter& character, Messages& messages) 
                                    machine_.window.DoEvents();
                                }
                            },
-                           [this] { return machine_.window.EndRequested(); }}});
+                           [this] { return machine_.window.EndRequested(); }},
+                          machine_.png});
 }
 
 // Loads the character, unless it is, places it on the stage, and has the camera step as it walks.

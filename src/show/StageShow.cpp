@@ -94,7 +94,8 @@ bool StageShow::Load(const std::string& mugeDir, Messages& messages) {
                                 engine_.Device(),
                                 options_,
                                 mugeDir,
-                                [this](const std::string& path) { events_.MusicNamed(path); }};
+                                [this](const std::string& path) { events_.MusicNamed(path); },
+                                machine_.png};
     std::string file = Which.shown;
     return LoadStage(model_, file, load);
 }

@@ -35,6 +35,8 @@
 
 namespace scenara {
 
+class PngPictures;
+
 // All that a show asks of a machine.
 struct ShowMachine {
     Files& files;
@@ -44,6 +46,7 @@ struct ShowMachine {
     Clock& clock;
     Pointer& pointer;
     Direct3DMachine& direct3D;
+    const PngPictures* png = nullptr;  // none: the machine reads no PNG
 };
 
 enum class ShowState : Byte {

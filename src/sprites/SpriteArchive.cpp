@@ -7,6 +7,7 @@
 
 #include "base/ByteReader.h"
 #include "sprites/version1/SffWalk.h"
+#include "sprites/version2/Sff2Archive.h"
 
 namespace scenara {
 namespace {
@@ -39,8 +40,7 @@ ArchiveVersion ReadArchiveVersion(InputFile& archive) {
 }
 
 bool MayRead(const ArchiveVersion& version, const ViewOptions& options) {
-    static_cast<void>(options);
-    return !version.Is2();
+    return !version.Is2() || options.Additions;
 }
 
 unsigned ArchiveSource::HelpersOfThisMachine() {
@@ -59,6 +59,9 @@ SpriteArchive::Shown SpriteArchive::PictureOf(std::size_t place) const {
 }
 
 std::unique_ptr<SpriteArchive> OpenArchive(const ArchiveSource& source, const ArchiveRules& rules) {
+    if (ReadArchiveVersion(source.archive).Is2()) {
+        return std::make_unique<Sff2Archive>(source, rules);
+    }
     return std::make_unique<SffWalk>(source, rules);
 }
 

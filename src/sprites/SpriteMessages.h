@@ -16,6 +16,10 @@ namespace scenara {
 [[nodiscard]] std::string DamagedSpriteText(Long group, Integer image);
 [[nodiscard]] std::string BadLinkText(Long group, Integer image, Long link);
 
+// What is wrong with one sprite, whose numbers these are.
+void SaySprite(Messages& messages, MessageKind kind, Long group, Integer image,
+               std::string_view what);
+
 // What is wrong with the archive as a whole.
 void SayArchiveError(Messages& messages, MessageKind kind, const std::string& name,
                      std::string_view reason);

@@ -135,6 +135,7 @@ private:
         entry.keyRed = static_cast<Byte>(picture.key >> 16U);
         entry.keyGreen = static_cast<Byte>(picture.key >> 8U);
         entry.keyBlue = static_cast<Byte>(picture.key);
+        entry.trueColor = picture.trueColor ? Byte{1} : Byte{0};
         model_.LastImageWidth = entry.width;
         model_.LastImageHeight = entry.height;
         return true;

@@ -62,7 +62,8 @@ void LoadArchive(StageModel& model, const std::string& spr, const std::string& d
         return;
     }
     MessagesOfFile messages(context.messages, path);
-    LoadSprites(model, {*archive, path, context.device, messages, context.options}, context.window);
+    LoadSprites(model, {*archive, path, context.device, messages, context.options, context.png},
+                context.window);
 }
 
 }  // namespace

@@ -24,6 +24,8 @@
 
 namespace scenara {
 
+class PngPictures;
+
 inline constexpr MessageKind kMessageArchiveMissing{"archive-missing", Severity::Error};
 inline constexpr MessageKind kMessageDefinitionUnreadable{"definition-unreadable", Severity::Error};
 
@@ -37,6 +39,7 @@ struct LoadStageContext {
     std::string mugeDir;  // the engine folder
     // Receives the path of the stage's music, when it names any.
     std::function<void(const std::string& path)> setMusicFileName;
+    const PngPictures* png = nullptr;  // none: the machine reads no PNG
 };
 
 // Empties `model` and fills it from the definition at `defPath`, which names the repaired copy

@@ -9,6 +9,7 @@
 
 #include "character/LoadCharacter.h"
 #include "platform/headless/HeadlessMessages.h"
+#include "platform/png/LibPngPictures.h"
 #include "sprites/ArchiveLoad.h"
 #include "support/MemoryFiles.h"
 
@@ -63,7 +64,8 @@ struct CharacterMachine {
                               device,
                               view,
                               {[this](const std::string& caption) { captions.push_back(caption); },
-                               [this] { ++turns; }, [this] { return turns >= endAtTurn; }}});
+                               [this] { ++turns; }, [this] { return turns >= endAtTurn; }},
+                              &png});
     }
 
     [[nodiscard]] std::vector<std::string> Texts() const { return TextsOf(messages); }
@@ -76,6 +78,7 @@ struct CharacterMachine {
     MemoryFiles files;
     HeadlessMessages messages;
     RecordingDevice device;
+    LibPngPictures png;
     ViewOptions view;
     TestCharacter character;
     std::vector<std::string> captions;

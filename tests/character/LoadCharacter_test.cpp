@@ -111,6 +111,7 @@ TEST(LoadCharacter, SaysWhatIsMissingOrBroken) {
             Sff1Options options;
             options.version = {0, 1, 0, 2};
             machine.PutArchive(HeroSubfiles(), options);
+            machine.view.Additions = false;
         },
         false, Unable("hero.sff is an archive of version 2.01, only version 1 can be read"));
     ExpectSaid("an archive that ends in its header", file("hero.sff", "ElecbyteSpr"), false,

@@ -127,7 +127,7 @@ const std::vector<std::byte>& PaintedArchive() {
 ShotStage::ShotStage(std::unique_ptr<Files> files, const std::string& stageFile,
                      const std::string& mugenFolder, const std::string& charFile,
                      const ViewOptions& view, std::string_view keyScript)
-    : files_(std::move(files)), machine_(*files_, {}, view) {
+    : files_(std::move(files)), machine_(*files_, &png_, {}, view) {
     Hold(keyScript);
     if (!machine_.Start(stageFile, mugenFolder, charFile)) {
         throw std::runtime_error("the stage does not load");

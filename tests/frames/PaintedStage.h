@@ -18,6 +18,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/png/LibPngPictures.h"
 #include "scenara-shot/KeyScript.h"
 #include "scenara-shot/ShotMachine.h"
 #include "stage/ViewOptions.h"
@@ -52,6 +53,7 @@ public:
 
 private:
     std::unique_ptr<Files> files_;
+    LibPngPictures png_;
     ShotMachine machine_;
     KeyScript keys_;
     std::int64_t frame_ = 0;

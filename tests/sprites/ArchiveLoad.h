@@ -15,6 +15,7 @@
 #include "RecordingDevice.h"
 #include "platform/headless/HeadlessMessages.h"
 #include "platform/headless/HeadlessWindow.h"
+#include "platform/png/LibPngPictures.h"
 #include "samplemaker/PcxWriter.h"
 #include "samplemaker/Sff1Writer.h"
 #include "sprites/sff2.h"
@@ -42,13 +43,14 @@ public:
     HeadlessMessages messages;
     HeadlessWindow window;
     RecordingDevice device;
+    LibPngPictures png;
     std::string name = kArchiveName;
     unsigned helpers = ArchiveSource::HelpersOfThisMachine();
     std::unique_ptr<MemoryFile> file;
 
     void Run(std::span<const std::byte> archive) {
         file = std::make_unique<MemoryFile>(archive);
-        LoadSprites(model, {*file, name, device, messages, options, nullptr, helpers}, window);
+        LoadSprites(model, {*file, name, device, messages, options, &png, helpers}, window);
     }
 
     [[nodiscard]] const SpriteEntry& Sprite(std::size_t index) const {

@@ -15,10 +15,15 @@ bool StageMachine::Load(std::string_view definition) {
 
 bool StageMachine::LoadFile(const std::string& path) {
     std::string defPath = path;
-    const LoadStageContext context{
-        files, messages, window, device, view, "/mugen/", [this](const std::string& file) {
-            music = file;
-        }};
+    const LoadStageContext context{files,
+                                   messages,
+                                   window,
+                                   device,
+                                   view,
+                                   "/mugen/",
+                                   [this](const std::string& file) {
+            music = file; },
+                                   &png};
     return LoadStage(model, defPath, context);
 }
 

@@ -12,6 +12,7 @@
 
 #include "platform/headless/HeadlessMessages.h"
 #include "platform/headless/HeadlessWindow.h"
+#include "platform/png/LibPngPictures.h"
 #include "platform/soft/SoftDevice.h"
 #include "stage/LoadStage.h"
 #include "stage/StageModel.h"
@@ -29,6 +30,7 @@ public:
     HeadlessMessages messages;
     HeadlessWindow window;
     SoftDevice device{KeptTextureMemory()};
+    LibPngPictures png;
     ViewOptions view;
     StageModel model;
     std::string music;  // what the load set the music player's file to

@@ -8,12 +8,13 @@
 
 namespace scenara {
 
-ShotMachine::ShotMachine(Files& files, HeadlessMessages::Observer onMessage,
+ShotMachine::ShotMachine(Files& files, const PngPictures* png, HeadlessMessages::Observer onMessage,
                          const ViewOptions& view)
     : view_(view),
       messages_(std::move(onMessage)),
       direct3D_(std::make_shared<TextureMemory>(), &shown_),
-      show_({files, messages_, window_, keyboard_, clock_, pointer_, direct3D_}, view, events_) {}
+      show_({files, messages_, window_, keyboard_, clock_, pointer_, direct3D_, png}, view,
+            events_) {}
 
 bool ShotMachine::Start(const std::string& stageFile, const std::string& mugeDir,
                         const std::string& charFile) {

@@ -41,7 +41,9 @@ private:
 
 class ShotMachine {
 public:
-    ShotMachine(Files& files, HeadlessMessages::Observer onMessage, const ViewOptions& view);
+    // Files and what reads PNG pictures outlive it.
+    ShotMachine(Files& files, const PngPictures* png, HeadlessMessages::Observer onMessage,
+                const ViewOptions& view);
 
     // Loads and prepares the stage; False when it cannot be shown, which has been said. With a
     // character's definition that character is switched on; when it cannot be loaded, which is

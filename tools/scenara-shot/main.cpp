@@ -12,6 +12,7 @@
 #include "base/Path.h"
 #include "base/RunTimeError.h"
 #include "base/Text.h"
+#include "platform/png/LibPngPictures.h"
 #include "platform/posix/PosixFiles.h"
 #include "platform/posix/ProgramFolder.h"
 #include "scenara-shot/CommandLine.h"
@@ -111,7 +112,8 @@ ExitStatus Shoot(const ShotOptions& options) {
     // Many of these may run at a time; each has a program folder of its own.
     const TemporaryFolder programFolder;
     PosixFiles files(programFolder.Path());
-    ShotMachine machine(files, Print, ViewOptions{!options.plain, options.smooth});
+    const LibPngPictures png;
+    ShotMachine machine(files, &png, Print, ViewOptions{!options.plain, options.smooth});
     if (!machine.Start(StagePath(files, options), options.mugeDir, CharacterPath(files, options))) {
         return kNotShown;
     }

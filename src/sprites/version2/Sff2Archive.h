@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: MIT
+//
+// Sff2Archive: an archive of version 2 as a SpriteArchive (which says what that does).
+//
+// A linked sprite shows the picture of one before it, with an axis of its own, and in the colours
+// of its own palette. So one whose colours are others is a picture of its own here, made from the
+// same data; only those that share colours, too, are linked. The same holds for sprites that share
+// their data without a link.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <exception>
+#include <map>
+#include <memory>
+#include <optional>
+#include <tuple>
+#include <vector>
+
+#include "sprites/SpriteArchive.h"
+#include "sprites/version2/Sff2Nodes.h"
+#include "sprites/version2/Sff2Palettes.h"
+#include "sprites/version2/Sff2Pictures.h"
+
+namespace scenara {
+
+class Sff2Archive final : public SpriteArchive {
+public:
+    // Raises RunTimeError for a file that ends in its header.
+    Sff2Archive(const ArchiveSource& source, const ArchiveRules& rules);
+
+    [[nodiscard]] bool Next() override;
+    [[nodiscard]] std::size_t Count() const override { return entries_.size(); }
+    [[nodiscard]] const ArchiveSprite& At(std::size_t place) const override {
+        return entries_[place].sprite;
+    }
+    [[nodiscard]] std::uint32_t Announced() const override { return sprites_.Announced(); }
+    [[nodiscard]] bool Reach(std::size_t place) override;
+    void Keep([[maybe_unused]] std::size_t place) override {}
+    [[nodiscard]] std::optional<std::size_t> LinkOf(std::size_t place) const override;
+    void SayBadLink(std::size_t shownBy, std::size_t place) override;
+    [[nodiscard]] std::unique_ptr<PictureLoad> Begin(std::size_t place) override;
+    [[nodiscard]] bool Finish(std::unique_ptr<PictureLoad> load, std::size_t shownBy,
+                              SpritePicture& picture) override;
+    [[nodiscard]] std::uint32_t FirstColor() override;
+
+private:
+    static constexpr std::uint32_t kNone = 0xFFFFFFFF;
+
+    struct Entry {
+        Sff2SpriteNode node;  // of its data; of its own numbers only link and palette count
+        ArchiveSprite sprite;
+        std::uint32_t link = kNone;  // the place that it is linked to
+        bool broken = false;         // it is linked to none
+    };
+    // Where the data of a picture stand, what they are, and whose colours they take.
+    using Shown = std::tuple<std::uint32_t, std::uint32_t, bool, Sff2Coding, std::uint8_t,
+                             std::uint32_t, std::uint32_t>;
+
+    [[nodiscard]] Shown ShownAt(const Sff2SpriteNode& node) const;
+
+    ArchiveSource source_;
+    ArchiveRules rules_;
+    Sff2Header header_;
+    Sff2Palettes palettes_;
+    Sff2SpriteTable sprites_;
+    Sff2Pictures pictures_;
+    std::vector<Entry> entries_;
+    std::map<Shown, std::uint32_t> first_;  // the first place of each
+    std::exception_ptr walkFailure_;        // of the disk
+    bool ended_ = false;
+};
+
+}  // namespace scenara
