@@ -34,6 +34,20 @@ constexpr std::array<SpeedGoal, 6> kSpeedGoals = {{
     {"next load into kept memory, the same", "Load/Sdl2Image", "Load/Next", 5.0, 8.0},
 }};
 
+// PNG pictures, kind by kind: libpng does most of the work on both sides.
+struct PngGoal {
+    const char* what;
+    const char* kind;
+    double must;
+    double aim;
+};
+
+constexpr std::array<PngGoal, 3> kPngGoals = {{
+    {"PNG with 8 bits against libpng alone", "/bits8", 0.91, 1.0},
+    {"PNG with 24 bits against libpng alone", "/bits24", 0.91, 1.0},
+    {"PNG with 32 bits against libpng alone", "/bits32", 0.91, 1.0},
+}};
+
 // The same for drawing, scene by scene.
 constexpr std::array<const char*, 3> kScenes = {"/A", "/B", "/C"};
 constexpr const char* kOurDrawing = "Draw/Ours";
@@ -201,6 +215,9 @@ void PrintGoals(const Medians& medians) {
         for (const SpeedGoal& goal : kSpeedGoals) {
             PrintSpeed(goal, medians, set);
         }
+    }
+    for (const PngGoal& goal : kPngGoals) {
+        PrintSpeed({goal.what, "Png/Libpng", "Png/Ours", goal.must, goal.aim}, medians, goal.kind);
     }
     PrintMemory(GeneratedArchives(), "generated");
     PrintMemory(SampleDataArchives(), "sampleData");

@@ -1,16 +1,19 @@
 // SPDX-License-Identifier: MIT
 //
 // fuzz-seeds FOLDER: what the fuzzers of binary formats start from, made by the sample maker's
-// writers: one picture of each PCX kind, and archives with each feature.
+// writers: one picture of each PCX and PNG kind, and archives with each feature.
 #include <cstddef>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
+#include <random>
+#include <span>
 #include <string>
 #include <vector>
 
 #include "samplemaker/PcxWriter.h"
 #include "samplemaker/Sff1Writer.h"
+#include "support/PngBytes.h"
 
 namespace {
 
@@ -51,6 +54,33 @@ void WritePictures(const fs::path& folder) {
     Write(folder / "planes4", WritePcx(colours, std::uint8_t{7}));
 }
 
+void WritePngs(const fs::path& folder) {
+    using namespace scenara::test;
+    std::mt19937 random(1);
+    const std::vector<PngChunk> colours = {{"PLTE", PngBytes(48, std::byte{90})}};
+    for (PngShape shape : PngShapes(9, 5)) {
+        for (const bool interlaced : {false, true}) {
+            shape.interlaced = interlaced;
+            const bool hasPalette = shape.colorType == 3;
+            const std::string name = "type" + std::to_string(shape.colorType) + "-bits" +
+                                     std::to_string(shape.bits) + (interlaced ? "-interlaced" : "");
+            Write(folder / name,
+                  PngFileOf(shape, hasPalette ? std::span(colours) : std::span<const PngChunk>(),
+                            RandomPngSamples(shape, random)));
+        }
+    }
+    const PngShape shape{9, 5, 8, 2, false};
+    const std::vector<PngChunk> between = {
+        {"gAMA", PngBytes(4)}, {"tRNS", PngBytes(6)}, {"tEXt", PngBytesOf("Comment a text")}};
+    std::vector<PngChunk> chunks = {PngHeader(shape)};
+    chunks.insert(chunks.end(), between.begin(), between.end());
+    const PngBytes stored = Deflated(PngLines(shape, RandomPngSamples(shape, random)), 0);
+    for (const PngChunk& chunk : PngDataChunks(stored, 40)) {
+        chunks.push_back(chunk);
+    }
+    Write(folder / "in-pieces", PngFileOf(chunks));
+}
+
 void WriteArchives(const fs::path& folder) {
     const PcxOptions noPalette{.trailingPalette = TrailingPalette::None};
     std::vector<Sff1Subfile> subfiles(4);
@@ -79,6 +109,7 @@ int main(int argc, char** argv) {
     }
     try {
         WritePictures(fs::path(argv[1]) / "pcx");
+        WritePngs(fs::path(argv[1]) / "png");
         WriteArchives(fs::path(argv[1]) / "archive");
         WriteArchives(fs::path(argv[1]) / "charsff");
     } catch (const std::exception& error) {

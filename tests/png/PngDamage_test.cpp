@@ -108,6 +108,14 @@ std::vector<Damage> Damages() {
          Changed(good, [](Chunks& chunks) { chunks[1].wrongChecksum = true; }), 29},
         {"a wrong checksum of the unpacked pixels",
          ChunksOf(png, WithByte(packed, packed.size() - 1, 1)), 29},
+        {"the same in a chunk of its own",
+         Changed(good,
+                 [](Chunks& chunks) {
+                     const PngBytes all = WithByte(chunks[1].data, chunks[1].data.size() - 1, 1);
+                     chunks[1].data.resize(all.size() - 4);
+                     chunks.insert(chunks.begin() + 2, {"IDAT", {all.end() - 4, all.end()}});
+                 }),
+         29},
         {"the pixels end in line 7", ChunksOf(png, Deflated(cutLines)), 7},
         {"line 12 has no filter that is known",
          ChunksOf(png, Deflated(WithByte(lines, 61 * 12, 64))), 12},

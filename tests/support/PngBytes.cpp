@@ -21,6 +21,11 @@ void Append(PngBytes& bytes, std::uint32_t number) {
     }
 }
 
+std::uint32_t ChecksumOf(std::span<const std::byte> bytes) {
+    return static_cast<std::uint32_t>(
+        ::crc32(0, reinterpret_cast<const Bytef*>(bytes.data()), static_cast<uInt>(bytes.size())));
+}
+
 // First column and step, first line and step of each pass.
 struct Pass {
     int x, dx, y, dy;
@@ -190,8 +195,7 @@ PngBytes PngFileOf(std::span<const PngChunk> chunks) {
         Append(file, static_cast<std::uint32_t>(chunk.data.size()));
         PngBytes checked = PngBytesOf(chunk.name);
         checked.insert(checked.end(), chunk.data.begin(), chunk.data.end());
-        const auto checksum = static_cast<std::uint32_t>(::crc32(
-            0, reinterpret_cast<const Bytef*>(checked.data()), static_cast<uInt>(checked.size())));
+        const std::uint32_t checksum = ChecksumOf(checked);
         file.insert(file.end(), checked.begin(), checked.end());
         Append(file, chunk.wrongChecksum ? ~checksum : checksum);
     }
@@ -206,6 +210,26 @@ PngBytes PngFileOf(const PngShape& shape, std::span<const PngChunk> between,
     chunks.insert(chunks.end(), data.begin(), data.end());
     chunks.push_back({"IEND", {}});
     return PngFileOf(chunks);
+}
+
+PngBytes WithRightChecksums(std::span<const std::byte> file) {
+    constexpr std::size_t kSignature = 8;
+    constexpr std::size_t kAround = 12;  // length, name, checksum
+    PngBytes right(file.begin(), file.begin() + std::ptrdiff_t(std::min(kSignature, file.size())));
+    while (file.size() - right.size() >= kAround) {
+        const auto chunk = file.subspan(right.size());
+        std::size_t length = 0;
+        for (const std::byte byte : chunk.first(4)) {
+            length = length << 8U | std::to_integer<std::size_t>(byte);
+        }
+        if (length > chunk.size() - kAround) {
+            break;
+        }
+        right.insert(right.end(), chunk.begin(), chunk.begin() + std::ptrdiff_t(8 + length));
+        Append(right, ChecksumOf(chunk.subspan(4, 4 + length)));
+    }
+    right.insert(right.end(), file.begin() + std::ptrdiff_t(right.size()), file.end());
+    return right;
 }
 
 }  // namespace scenara::test

@@ -67,4 +67,7 @@ struct PngChunk {
 [[nodiscard]] PngBytes PngFileOf(const PngShape& shape, std::span<const PngChunk> between,
                                  const PngSamples& samples);
 
+// Any bytes; the checksums of what can be taken for chunks become right.
+[[nodiscard]] PngBytes WithRightChecksums(std::span<const std::byte> file);
+
 }  // namespace scenara::test
