@@ -3,9 +3,9 @@
 // The code paths of UnpackRuns, for RunUnpack*.cpp only.
 //
 // Each path takes what UnpackRuns takes, with `wanted` no more than pixels.size(), and gives the
-// same pixels and result. The vector paths have a loop
-// for each mark. (They are no templates: GCC forgets for which processors a template is compiled,
-// and calls in each step what should become part of it.)
+// same pixels and result. The vector paths have a loop for each mark. They are no templates: GCC
+// forgets for which processors a template is compiled, and then calls in each step what should
+// become part of the loop.
 #pragma once
 
 #include <cstddef>
