@@ -14,6 +14,7 @@
 
 #include "platform/headless/HeadlessMessages.h"
 #include "platform/headless/HeadlessWindow.h"
+#include "platform/png/LibPngPictures.h"
 #include "platform/posix/PosixFiles.h"
 #include "platform/soft/SoftDevice.h"
 #include "sprites/sff2.h"
@@ -174,7 +175,8 @@ void LoadInto(StageModel& model, TextureMaker& device, const std::string& path, 
     HeadlessWindow window;
     const auto file = files.OpenForReading(path);
     const ViewOptions options;
-    LoadSprites(model, {*file, path, device, messages, options, nullptr, helpers}, window);
+    const LibPngPictures png;
+    LoadSprites(model, {*file, path, device, messages, options, &png, helpers}, window);
     if (!messages.Recorded().empty()) {
         throw std::runtime_error(messages.Recorded().front().text);
     }
