@@ -162,6 +162,7 @@ public:
     std::shared_ptr<Direct3DTexture8> CreateTexture(const TextureParameters& parameters) override {
         return std::make_shared<SoftTexture>(memory_, parameters);
     }
+    void Expect(std::uint64_t bytes) override { memory_->Expect(bytes); }
 
 private:
     std::shared_ptr<TextureMemory> memory_ = std::make_shared<TextureMemory>();
