@@ -288,8 +288,7 @@ void Sff2Pictures::Read(Sff2Load& load) {
                            SizeText(load.width_, load.height_) + " pixels");
     }
     load.data_ = ReadData(node, load.cut_);
-    load.trueColor_ =
-        png ? node.coding != Sff2Coding::Png8 : node.coding == Sff2Coding::Raw && RawSize(node) > 1;
+    load.trueColor_ = node.IsTrueColor();
     if (png) {
         const auto file = std::span<const std::byte>(load.data_).subspan(kUnpackedSizeBytes);
         load.png_ =
