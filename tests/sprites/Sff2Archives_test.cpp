@@ -363,6 +363,11 @@ TEST(Sff2Archives, AllCodings) {
     for (const Sff2Coding coding : kColourCodings) {
         addAll(coding, Sff2SpriteOf(sheer, coding), WordsOf(sheer, HasAlpha(coding)));
     }
+    Sff2Sprite withEmptyRuns = Sff2SpriteOf(Stripes(), Sff2Coding::Rle8);
+    for (int i = 0; i < 1000; ++i) {
+        withEmptyRuns.data.insert(withEmptyRuns.data.begin(), {std::byte{0x40}, std::byte{31}});
+    }
+    addAll(Sff2Coding::Rle8, withEmptyRuns, KeyedByIndex(Stripes()));
     const IndexedPicture all = StripedPicture(16, 40, PaletteOf(1));
     for (const Sff2Coding coding : {Sff2Coding::Raw, Sff2Coding::Rle8, Sff2Coding::Png8}) {
         addAll(coding, Sff2SpriteOf(all, coding), KeyedByIndex(all));

@@ -23,9 +23,10 @@ constexpr std::size_t kPngHead = 24;
 // No coding makes more pixels of a byte.
 constexpr std::uint64_t kMostPixelsOfByte = 128;
 
-// No writer needs more bytes for a pixel; behind that only runs of no pixels can make a picture
-// longer, and those are not followed for ever.
+// No writer needs more bytes for a pixel. Only runs of no pixels can make a picture longer, and
+// those are not followed for ever: so many bytes of them, which a small picture may have, too.
 constexpr std::uint64_t kWorstPacking = 3;
+constexpr std::uint64_t kPackedSurplus = 4096;
 
 // What an archive may have of textures, whatever its sprites share: so much for each of its bytes,
 // and what a small one may have. Only sprites that lie over each other, or variants by the
@@ -97,7 +98,7 @@ std::uint64_t MostBytes(const Sff2SpriteNode& node) {
     if (node.coding == Sff2Coding::Raw) {
         return PixelsOf(node) * RawSize(node);
     }
-    return kUnpackedSizeBytes + PixelsOf(node) * kWorstPacking;
+    return kUnpackedSizeBytes + PixelsOf(node) * kWorstPacking + kPackedSurplus;
 }
 
 void RawLine(std::span<const std::byte> bytes, std::size_t size, const ColorTable& colors,
