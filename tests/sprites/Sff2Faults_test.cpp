@@ -11,9 +11,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "HugeTextures.h"
 #include "LiteralUnpack.h"
 #include "Sff2Cases.h"
 #include "samplemaker/PngWriter.h"
+#include "sprites/TextureBudget.h"
 #include "support/PngBytes.h"
 
 namespace scenara::test {
@@ -26,7 +28,7 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::StartsWith;
 
-constexpr const char* kAgain = "Skipping sprite..";
+constexpr const char* kSkips = "Skipping sprite..";
 
 // Sprites 7,8 and so on, which are to be dropped, between two good ones.
 Sff2Case Dropped(std::string name, std::vector<Sff2Sprite> sprites, std::vector<TextMatcher> said) {
@@ -47,12 +49,12 @@ Sff2Case Dropped(std::string name, std::vector<Sff2Sprite> sprites, std::vector<
 TextMatcher Named(const std::string& coding, const std::string& why = "", int image = 8) {
     return AllOf(
         StartsWith("SFF Error:  Group 7 Image " + std::to_string(image) + "\r\n" + coding + ": "),
-        HasSubstr(why), HasSubstr(kAgain));
+        HasSubstr(why), HasSubstr(kSkips));
 }
 
 TextMatcher BadLink(int image, int link) {
     return AllOf(StartsWith("Link Error:  Group 7 Image " + std::to_string(image) + "\r\n"),
-                 HasSubstr(" " + std::to_string(link) + " "), HasSubstr(kAgain));
+                 HasSubstr(" " + std::to_string(link) + " "), HasSubstr(kSkips));
 }
 
 TEST(Sff2Faults, LinksThatNameNone) {
@@ -505,6 +507,38 @@ TEST(Sff2Faults, SpritesThatLieOverEachOtherEndTheLoad) {
         EXPECT_LE(load.BytesAskedFor(), 100 * bytes.size());
     }
     EXPECT_EQ(counts[0], counts[1]);
+}
+
+// Each is alone in its bytes; it is all of them that are too much. A small one still fits.
+TEST(Sff2Faults, BeyondTheSumOfAllTexturesAreDropped) {
+    constexpr int kSide = 1448;
+    constexpr std::size_t kTexture = std::size_t{4} * kSide * kSide;
+    constexpr std::size_t kFit = TextureBudget::kMostBytes / kTexture;
+    Sff2Archive archive = {{NumberedPalette(1)}, {}};
+    for (std::size_t i = 0; i < kFit + 3; ++i) {
+        Sff2Sprite sprite;
+        sprite.width = kSide;
+        sprite.height = kSide;
+        sprite.format = 3;
+        sprite.size = 0;
+        for (int packets = kSide * kSide / 256 + 1; packets > 0; --packets) {
+            sprite.data.push_back(std::byte{255});  // 256 pixels of colour 0
+            sprite.data.push_back(std::byte{0});
+        }
+        archive.sprites.push_back(Numbered(std::move(sprite), 7, static_cast<unsigned>(i)));
+    }
+    archive.sprites.push_back(StripesSprite(9));
+    OneLineDevice device;
+    ArchiveLoad load;
+    load.options.Additions = true;
+    MemoryFile file(WriteSff2(archive));
+    LoadSprites(load.model, {file, load.name, device, load.messages, load.options}, load.window);
+    EXPECT_EQ(load.model.Sprites.size(), kFit + 1);
+    EXPECT_EQ(load.model.Sprites.back().image, 9);
+    const auto first = static_cast<int>(kFit);
+    EXPECT_THAT(load.Texts(), ElementsAre(Named("RLE5", "Out of memory", first),
+                                          Named("RLE5", "Out of memory", first + 1),
+                                          Named("RLE5", "Out of memory", first + 2)));
 }
 
 // Damaged ones that claim the same bytes.
