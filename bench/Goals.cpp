@@ -23,7 +23,7 @@ struct SpeedGoal {
     double aim;
 };
 
-constexpr std::array<SpeedGoal, 6> kSpeedGoals = {{
+constexpr std::array<SpeedGoal, 9> kSpeedGoals = {{
     {"decode against SDL2_image, plain build", "Decode/Sdl2Image", "Decode/TexturesSse2", 5.0, 7.5},
     {"decode against SDL2_image, AVX2", "Decode/Sdl2Image", "Decode/TexturesAvx2", 7.0, 9.0},
     {"decode against libavcodec + palette, plain", "Decode/Libavcodec", "Decode/TexturesSse2", 3.0,
@@ -32,6 +32,9 @@ constexpr std::array<SpeedGoal, 6> kSpeedGoals = {{
      4.3},
     {"first load against an SDL2_image loader", "Load/Sdl2Image", "Load/First", 2.5, 4.4},
     {"next load into kept memory, the same", "Load/Sdl2Image", "Load/Next", 5.0, 8.0},
+    {"RLE8 against a plain decoder", "Unpack/Rle8Plain", "Unpack/Rle8Ours", 3.5, 4.5},
+    {"RLE5 against a plain decoder", "Unpack/Rle5Plain", "Unpack/Rle5Ours", 3.0, 4.0},
+    {"LZ5 against a plain decoder", "Unpack/Lz5Plain", "Unpack/Lz5Ours", 1.4, 1.8},
 }};
 
 // PNG pictures, kind by kind: libpng does most of the work on both sides.

@@ -7,20 +7,19 @@
 
 namespace scenara::unpack {
 
-template <RunMark kMark>
-UnpackResult UnpackPlain(std::span<const std::byte> packed, const ColorTable& colors,
+UnpackResult UnpackPlain(RunMark mark, std::span<const std::byte> packed, const ColorTable& colors,
                          std::span<std::uint32_t> pixels, std::size_t wanted, UnpackResult from) {
-    constexpr auto kMarkBits = static_cast<std::size_t>(kMark);
+    const auto markBits = static_cast<std::size_t>(mark);
     auto [at, written] = from;
     while (written < wanted && at < packed.size()) {
         auto value = std::to_integer<std::size_t>(packed[at]);
         std::size_t count = 1;
         std::size_t length = 1;
-        if ((value & 0xC0U) == kMarkBits) {
+        if ((value & 0xC0U) == markBits) {
             if (packed.size() - at < 2) {
                 break;
             }
-            count = std::min(value - kMarkBits, wanted - written);
+            count = std::min(value - markBits, wanted - written);
             value = std::to_integer<std::size_t>(packed[at + 1]);
             length = 2;
         }
@@ -31,29 +30,6 @@ UnpackResult UnpackPlain(std::span<const std::byte> packed, const ColorTable& co
     return {at, written};
 }
 
-// For the vector paths, which end with it.
-template UnpackResult UnpackPlain<RunMark::Pcx>(std::span<const std::byte>, const ColorTable&,
-                                                std::span<std::uint32_t>, std::size_t,
-                                                UnpackResult);
-template UnpackResult UnpackPlain<RunMark::Rle8>(std::span<const std::byte>, const ColorTable&,
-                                                 std::span<std::uint32_t>, std::size_t,
-                                                 UnpackResult);
-
-namespace {
-
-template <RunMark kMark>
-UnpackResult UnpackOn(UnpackPath path, std::span<const std::byte> packed, const ColorTable& colors,
-                      std::span<std::uint32_t> pixels, std::size_t wanted) {
-    switch (path) {
-#if SCENARA_UNPACK_X86
-        case UnpackPath::Avx2: return UnpackAvx2<kMark>(packed, colors, pixels, wanted);
-        case UnpackPath::Sse2: return UnpackSse2<kMark>(packed, colors, pixels, wanted);
-#endif
-        default: return UnpackPlain<kMark>(packed, colors, pixels, wanted);
-    }
-}
-
-}  // namespace
 }  // namespace scenara::unpack
 
 namespace scenara {
@@ -73,11 +49,14 @@ UnpackPath BestUnpackPath() {
 UnpackResult UnpackRuns(RunMark mark, UnpackPath path, std::span<const std::byte> packed,
                         const ColorTable& colors, std::span<std::uint32_t> pixels,
                         std::size_t wanted) {
-    path = std::min(path, BestUnpackPath());
     wanted = std::min(wanted, pixels.size());
-    return mark == RunMark::Pcx
-               ? unpack::UnpackOn<RunMark::Pcx>(path, packed, colors, pixels, wanted)
-               : unpack::UnpackOn<RunMark::Rle8>(path, packed, colors, pixels, wanted);
+    switch (std::min(path, BestUnpackPath())) {
+#if SCENARA_UNPACK_X86
+        case UnpackPath::Avx2: return unpack::UnpackAvx2(mark, packed, colors, pixels, wanted);
+        case UnpackPath::Sse2: return unpack::UnpackSse2(mark, packed, colors, pixels, wanted);
+#endif
+        default: return unpack::UnpackPlain(mark, packed, colors, pixels, wanted);
+    }
 }
 
 }  // namespace scenara

@@ -3,7 +3,9 @@
 // The code paths of UnpackRuns, for RunUnpack*.cpp only.
 //
 // Each path takes what UnpackRuns takes, with `wanted` no more than pixels.size(), and gives the
-// same pixels and result. The mark is known when they are compiled.
+// same pixels and result. The vector paths have a loop for each mark. They are no templates: GCC
+// forgets for which processors a template is compiled, and then calls in each step what should
+// become part of the loop.
 #pragma once
 
 #include <cstddef>
@@ -21,18 +23,15 @@
 namespace scenara::unpack {
 
 // Goes on from `from`, which lies between two operations.
-template <RunMark kMark>
-UnpackResult UnpackPlain(std::span<const std::byte> packed, const ColorTable& colors,
+UnpackResult UnpackPlain(RunMark mark, std::span<const std::byte> packed, const ColorTable& colors,
                          std::span<std::uint32_t> pixels, std::size_t wanted,
                          UnpackResult from = {0, 0});
 
 #if SCENARA_UNPACK_X86
 
-template <RunMark kMark>
-UnpackResult UnpackSse2(std::span<const std::byte> packed, const ColorTable& colors,
+UnpackResult UnpackSse2(RunMark mark, std::span<const std::byte> packed, const ColorTable& colors,
                         std::span<std::uint32_t> pixels, std::size_t wanted);
-template <RunMark kMark>
-UnpackResult UnpackAvx2(std::span<const std::byte> packed, const ColorTable& colors,
+UnpackResult UnpackAvx2(RunMark mark, std::span<const std::byte> packed, const ColorTable& colors,
                         std::span<std::uint32_t> pixels, std::size_t wanted);
 
 #endif

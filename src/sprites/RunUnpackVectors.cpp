@@ -156,7 +156,7 @@ template <RunMark kMark, typename Vectors>
         at += length;
     }
     const auto made = static_cast<std::size_t>(out - pixels.data());
-    return UnpackPlain<kMark>(packed, colors, pixels, wanted, {at, std::min(made, wanted)});
+    return UnpackPlain(kMark, packed, colors, pixels, wanted, {at, std::min(made, wanted)});
 }
 
 struct Avx2Vectors {
@@ -245,26 +245,21 @@ struct Sse2Vectors {
 
 }  // namespace
 
-template <RunMark kMark>
-AVX2 UnpackResult UnpackAvx2(std::span<const std::byte> packed, const ColorTable& colors,
-                             std::span<std::uint32_t> pixels, std::size_t wanted) {
-    return UnpackBlocks<kMark, Avx2Vectors>(packed, colors, pixels, wanted);
+AVX2 UnpackResult UnpackAvx2(RunMark mark, std::span<const std::byte> packed,
+                             const ColorTable& colors, std::span<std::uint32_t> pixels,
+                             std::size_t wanted) {
+    return mark == RunMark::Pcx
+               ? UnpackBlocks<RunMark::Pcx, Avx2Vectors>(packed, colors, pixels, wanted)
+               : UnpackBlocks<RunMark::Rle8, Avx2Vectors>(packed, colors, pixels, wanted);
 }
 
-template <RunMark kMark>
-SSE2 UnpackResult UnpackSse2(std::span<const std::byte> packed, const ColorTable& colors,
-                             std::span<std::uint32_t> pixels, std::size_t wanted) {
-    return UnpackBlocks<kMark, Sse2Vectors>(packed, colors, pixels, wanted);
+SSE2 UnpackResult UnpackSse2(RunMark mark, std::span<const std::byte> packed,
+                             const ColorTable& colors, std::span<std::uint32_t> pixels,
+                             std::size_t wanted) {
+    return mark == RunMark::Pcx
+               ? UnpackBlocks<RunMark::Pcx, Sse2Vectors>(packed, colors, pixels, wanted)
+               : UnpackBlocks<RunMark::Rle8, Sse2Vectors>(packed, colors, pixels, wanted);
 }
-
-template UnpackResult UnpackAvx2<RunMark::Pcx>(std::span<const std::byte>, const ColorTable&,
-                                               std::span<std::uint32_t>, std::size_t);
-template UnpackResult UnpackAvx2<RunMark::Rle8>(std::span<const std::byte>, const ColorTable&,
-                                                std::span<std::uint32_t>, std::size_t);
-template UnpackResult UnpackSse2<RunMark::Pcx>(std::span<const std::byte>, const ColorTable&,
-                                               std::span<std::uint32_t>, std::size_t);
-template UnpackResult UnpackSse2<RunMark::Rle8>(std::span<const std::byte>, const ColorTable&,
-                                                std::span<std::uint32_t>, std::size_t);
 
 }  // namespace scenara::unpack
 

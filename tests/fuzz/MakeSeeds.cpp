@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 //
 // fuzz-seeds FOLDER: what the fuzzers of binary formats start from, made by the sample maker's
-// writers: one picture of each PCX and PNG kind, and archives with each feature.
+// writers: one picture of each PCX and PNG kind, archives with each feature, and packed pixels.
 #include <cstddef>
+#include <cstdint>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
@@ -13,6 +14,7 @@
 
 #include "samplemaker/PcxWriter.h"
 #include "samplemaker/Sff1Writer.h"
+#include "samplemaker/Sff2Packing.h"
 #include "support/PngBytes.h"
 
 namespace {
@@ -100,6 +102,28 @@ void WriteArchives(const fs::path& folder) {
     Write(folder / "one", WriteSff1({subfiles[0]}));
 }
 
+// As sff2unpack_fuzz.cpp takes them: the packing, how many pixels, the packed bytes.
+void WritePacked(const fs::path& path, int packing, std::size_t pixels,
+                 const std::vector<std::byte>& packed) {
+    std::vector<std::byte> bytes = {static_cast<std::byte>(packing), static_cast<std::byte>(pixels),
+                                    static_cast<std::byte>(pixels >> 8U)};
+    bytes.insert(bytes.end(), packed.begin(), packed.end());
+    Write(path, bytes);
+}
+
+// The shortest bytes, and any that mean the same.
+void WritePackedPixels(const fs::path& folder) {
+    for (const std::uint32_t seed : {0U, 1U, 2U}) {
+        const std::string suffix = seed == 0 ? "" : "-varied" + std::to_string(seed);
+        const PackingChoice choice{.seed = seed};
+        const auto all = Picture(40, 30, 256).pixels;
+        WritePacked(folder / ("rle8" + suffix), 0, all.size(), PackRle8(all, choice));
+        const auto few = Picture(60, 35, 32).pixels;
+        WritePacked(folder / ("rle5" + suffix), 1, few.size(), PackRle5(few, choice));
+        WritePacked(folder / ("lz5" + suffix), 2, few.size(), PackLz5(few, choice));
+    }
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -112,6 +136,7 @@ int main(int argc, char** argv) {
         WritePngs(fs::path(argv[1]) / "png");
         WriteArchives(fs::path(argv[1]) / "archive");
         WriteArchives(fs::path(argv[1]) / "charsff");
+        WritePackedPixels(fs::path(argv[1]) / "sff2unpack");
     } catch (const std::exception& error) {
         std::cerr << error.what() << '\n';
         return 1;

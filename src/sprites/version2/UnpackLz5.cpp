@@ -15,9 +15,9 @@ constexpr std::size_t kLongestPixels = 263;
 constexpr std::size_t kSurplus = std::max(kFillStep, 2 * kCopyStep);
 // Pixels that there has to be room for when a packet of up to kLongestShortCopy pixels begins, and
 // any packet.
-constexpr std::size_t kRoom = kLongestShortCopy + kSurplus;
-constexpr std::size_t kLongRoom = kLongestPixels + kSurplus;
-static_assert(kRoom <= kUnpackSlack);
+constexpr std::size_t kLz5Room = kLongestShortCopy + kSurplus;
+constexpr std::size_t kLz5LongRoom = kLongestPixels + kSurplus;
+static_assert(kLz5Room <= kUnpackSlack);
 
 // The upper bits that four short copies leave for the last of them.
 class SavedBits {
@@ -70,8 +70,8 @@ struct Lz5Place {
 };
 
 // Near the ends of the spans.
-Sff2Unpacked Carefully(std::span<const std::byte> packed, const ColorTable& colors,
-                       std::span<std::uint32_t> pixels, std::size_t wanted, Lz5Place place) {
+Sff2Unpacked CarefulLz5(std::span<const std::byte> packed, const ColorTable& colors,
+                        std::span<std::uint32_t> pixels, std::size_t wanted, Lz5Place place) {
     while (place.written < wanted && place.at < packed.size() && !place.damaged) {
         if (place.packetsLeft == 0) {
             place.control = std::to_integer<unsigned>(packed[place.at++]);
@@ -111,13 +111,13 @@ Sff2Unpacked Carefully(std::span<const std::byte> packed, const ColorTable& colo
 }
 
 // As far as whole packets are there, and there is room for what they store.
-Lz5Place Fast(std::span<const std::byte> packed, const ColorTable& colors,
-              std::span<std::uint32_t> pixels, std::size_t wanted) {
+Lz5Place FastLz5(std::span<const std::byte> packed, const ColorTable& colors,
+                 std::span<std::uint32_t> pixels, std::size_t wanted) {
     const std::uint8_t* const bytes = reinterpret_cast<const std::uint8_t*>(packed.data());
     // A control byte and a packet.
     const std::size_t bytesEnd = PlacesFor(1 + kLongestPacket, packed.size());
-    const std::size_t stop = std::min(PlacesFor(kRoom, pixels.size()), wanted);
-    const std::size_t longStop = PlacesFor(kLongRoom, pixels.size());
+    const std::size_t stop = std::min(PlacesFor(kLz5Room, pixels.size()), wanted);
+    const std::size_t longStop = PlacesFor(kLz5LongRoom, pixels.size());
     Lz5Place place;
     while (place.at < bytesEnd && place.written < stop) {
         if (place.packetsLeft == 0) {
@@ -156,7 +156,7 @@ Lz5Place Fast(std::span<const std::byte> packed, const ColorTable& colors,
 
 Sff2Unpacked UnpackLz5(std::span<const std::byte> packed, const ColorTable& colors,
                        std::span<std::uint32_t> pixels, std::size_t wanted) {
-    return Carefully(packed, colors, pixels, wanted, Fast(packed, colors, pixels, wanted));
+    return CarefulLz5(packed, colors, pixels, wanted, FastLz5(packed, colors, pixels, wanted));
 }
 
 }  // namespace scenara::unpack

@@ -23,12 +23,12 @@ constexpr std::size_t kDataAtOnce = 8;
 constexpr std::size_t kLongestDataRun = 8;
 // Pixels that there has to be room for when a packet or its next data bytes begin. A first run of
 // more than kFillStep pixels asks for more.
-constexpr std::size_t kRoom = kDataAtOnce * kLongestDataRun;
-static_assert(kFillStep <= kRoom && kRoom <= kUnpackSlack);
+constexpr std::size_t kRle5Room = kDataAtOnce * kLongestDataRun;
+static_assert(kFillStep <= kRle5Room && kRle5Room <= kUnpackSlack);
 
 // Near the ends of the spans.
-std::size_t Carefully(std::span<const std::byte> packed, const ColorTable& colors,
-                      std::span<std::uint32_t> pixels, std::size_t wanted, Rle5Place place) {
+std::size_t CarefulRle5(std::span<const std::byte> packed, const ColorTable& colors,
+                        std::span<std::uint32_t> pixels, std::size_t wanted, Rle5Place place) {
     auto [at, written, dataLeft] = place;
     const auto byteAt = [&](std::size_t index) {
         return std::to_integer<std::size_t>(packed[index]);
@@ -65,12 +65,12 @@ std::size_t Carefully(std::span<const std::byte> packed, const ColorTable& color
 }
 
 // As far as whole heads and groups of data bytes are there, and there is room for what they store.
-Rle5Place Fast(std::span<const std::byte> packed, const ColorTable& colors,
-               std::span<std::uint32_t> pixels, std::size_t wanted) {
+Rle5Place FastRle5(std::span<const std::byte> packed, const ColorTable& colors,
+                   std::span<std::uint32_t> pixels, std::size_t wanted) {
     const std::uint8_t* const bytes = reinterpret_cast<const std::uint8_t*>(packed.data());
     const std::size_t bytesEnd = PlacesFor(kDataAtOnce, packed.size());
     static_assert(kLongestHead <= kDataAtOnce);
-    const std::size_t stop = std::min(PlacesFor(kRoom, pixels.size()), wanted);
+    const std::size_t stop = std::min(PlacesFor(kRle5Room, pixels.size()), wanted);
     const std::size_t longStop = PlacesFor(kLongestFirstRun, pixels.size());
     std::uint32_t* const out = pixels.data();
     std::size_t at = 0;
@@ -108,8 +108,8 @@ Rle5Place Fast(std::span<const std::byte> packed, const ColorTable& colors,
 
 Sff2Unpacked UnpackRle5(std::span<const std::byte> packed, const ColorTable& colors,
                         std::span<std::uint32_t> pixels, std::size_t wanted) {
-    const Rle5Place reached = Fast(packed, colors, pixels, wanted);
-    return {std::min(Carefully(packed, colors, pixels, wanted, reached), wanted), false};
+    const Rle5Place reached = FastRle5(packed, colors, pixels, wanted);
+    return {std::min(CarefulRle5(packed, colors, pixels, wanted, reached), wanted), false};
 }
 
 }  // namespace scenara::unpack
