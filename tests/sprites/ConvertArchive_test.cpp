@@ -12,6 +12,7 @@
 #include <span>
 #include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -19,7 +20,7 @@
 #include "ArchiveLoad.h"
 #include "LiteralSff2.h"
 #include "samplemaker/PcxWriter.h"
-#include "sprites/version1/SffWalk.h"
+#include "sprites/SpriteArchive.h"
 #include "support/Rounds.h"
 
 namespace scenara::test {
@@ -61,29 +62,34 @@ void ExpectSameStage(const File& version1, const ConvertOptions& options) {
     }
 }
 
-// The pictures of a character, each loaded after the walk.
+// The pictures of a character, the last one first.
 void ExpectSameCharacter(const File& version1, const ConvertOptions& options) {
     MemoryFile file{std::span<const std::byte>(version1)};
     const std::string name = "test.sff";
-    const SffHeader header = ReadSffHeader(file);
     RecordingDevice device;
     HeadlessMessages messages;
     const ViewOptions view;
-    SffRules rules;
-    rules.palettes = SffRules::Palettes::InForce;
-    SffWalk walk({file, name, header, device, messages, view}, rules);
-    while (walk.Next()) {
+    ArchiveRules rules;
+    rules.palettes = ArchiveRules::Palettes::InForce;
+    const auto archive = OpenArchive({file, name, device, messages, view}, rules);
+    while (archive->Next()) {
     }
+    const std::size_t count = archive->Count();
+    ASSERT_FALSE(archive->Reach(count));
     const File converted = ConvertArchive(version1, options);
     const std::vector<LiteralSprite> sprites = LiteralSff2(converted).Sprites();
-    ASSERT_EQ(sprites.size(), walk.Count());
+    ASSERT_EQ(sprites.size(), count);
     for (std::size_t i = sprites.size(); i-- > 0;) {
         SCOPED_TRACE("sprite " + std::to_string(i));
-        const auto place = walk.PictureOf(i);
-        PcxPicture picture;
-        ASSERT_TRUE(place && walk.Load(*place, walk.At(i), picture));
+        const SpriteArchive::Shown shown = archive->PictureOf(i);
+        ASSERT_TRUE(shown.there);
+        auto load = archive->Begin(shown.place);
+        ASSERT_NE(load, nullptr);
+        load->Decode();
+        SpritePicture picture;
+        ASSERT_TRUE(archive->Finish(std::move(load), i, picture));
         ASSERT_EQ(sprites[i].pixels, PixelsOf(*picture.texture));
-        EXPECT_EQ(sprites[i].axisX, walk.At(i).axisX);
+        EXPECT_EQ(sprites[i].axisX, archive->At(i).axisX);
     }
 }
 

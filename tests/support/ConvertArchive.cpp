@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <map>
+#include <memory>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -12,7 +13,8 @@
 #include "platform/soft/SoftDevice.h"
 #include "samplemaker/Picture.h"
 #include "samplemaker/Sff2Pictures.h"
-#include "sprites/version1/SffWalk.h"
+#include "sprites/SpriteArchive.h"
+#include "sprites/version1/SffArchive.h"
 #include "sprites/version1/SubfilePalette.h"
 #include "support/MemoryFiles.h"
 
@@ -48,51 +50,58 @@ PaletteBytes IndicesAsColors() {
     return palette;
 }
 
-// One walk over an archive, with the pictures as the program makes them.
-class Walk {
+// An archive, with the pictures as the program makes them, each asked for once in their order.
+class Pictures {
 public:
-    Walk(std::span<const std::byte> archive, SffRules::Palettes palettes,
-         std::optional<PaletteBytes> given)
-        : file_(archive),
-          header_(ReadSffHeader(file_)),
-          walk_({file_, name_, header_, device_, messages_, view_},
-                {palettes, given, kBadArchive, kBadPicture, kBadLink}) {
-        if (header_.IsVersion2()) {
+    Pictures(std::span<const std::byte> archive, ArchiveRules::Palettes palettes,
+             std::optional<PaletteBytes> given)
+        : file_(archive) {
+        if (ReadArchiveVersion(file_).Is2()) {
             throw std::runtime_error("the archive to convert is not of version 1");
+        }
+        archive_ = OpenArchive({file_, name_, device_, messages_, view_},
+                               {palettes, given, kBadArchive, kBadPicture, kBadLink});
+        while (archive_->Next()) {
+        }
+        SubfileChain chain(file_, ReadSffHeader(file_));
+        while (chain.Next()) {
+            const auto header = ReadSubfilePcxHeader(file_, chain.Current());
+            is256Colors_.push_back(header && header->Is256Colors());
         }
     }
 
-    [[nodiscard]] bool Next() {
+    // To the next sprite. What is wrong there, as that the chain breaks off, raises.
+    [[nodiscard]] bool Reach(std::size_t place) {
         const std::size_t said = messages_.Recorded().size();
-        const bool isThere = walk_.Next();
+        const bool isThere = archive_->Reach(place);
         if (messages_.Recorded().size() != said) {
-            Fail();  // the chain breaks off
+            Fail();
+        }
+        if (isThere) {
+            archive_->Keep(place);
         }
         return isThere;
     }
 
-    [[nodiscard]] std::size_t Count() const { return walk_.Count(); }
-    [[nodiscard]] const Subfile& At(std::size_t place) const { return walk_.At(place); }
+    [[nodiscard]] const ArchiveSprite& At(std::size_t place) const { return archive_->At(place); }
+    [[nodiscard]] bool Is256Colors(std::size_t place) const { return is256Colors_.at(place); }
 
     [[nodiscard]] std::size_t LinkOf(std::size_t place) {
-        const auto link = walk_.LinkOf(At(place), place, At(place));
-        if (!link) {
-            Fail();
+        const auto link = archive_->LinkOf(place);
+        if (!link || *link >= place) {
+            throw std::runtime_error("a link that leads nowhere");
         }
         return *link;
     }
 
-    [[nodiscard]] PcxPicture Picture(std::size_t place) {
-        PcxPicture picture;
-        if (!walk_.Load(place, At(place), picture)) {
+    [[nodiscard]] SpritePicture Load(std::size_t place) {
+        SpritePicture picture;
+        auto load = archive_->Begin(place);
+        load->Decode();
+        if (!archive_->Finish(std::move(load), place, picture)) {
             Fail();
         }
         return picture;
-    }
-
-    [[nodiscard]] bool Is256Colors(std::size_t place) {
-        const auto header = ReadSubfilePcxHeader(file_, At(place));
-        return header && header->Is256Colors();
     }
 
 private:
@@ -100,11 +109,11 @@ private:
 
     MemoryFile file_;
     std::string name_ = "the archive to convert";
-    SffHeader header_;
     HeadlessMessages messages_;
     SoftDevice device_;
     ViewOptions view_;
-    SffWalk walk_;
+    std::unique_ptr<SpriteArchive> archive_;
+    std::vector<bool> is256Colors_;
 };
 
 std::vector<std::uint32_t> WordsOf(Direct3DTexture8& texture) {
@@ -129,7 +138,7 @@ struct Picture {
 
 // `indices`: the words in IndicesAsColors. Without them the indices are free, but for that of the
 // transparent pixels.
-Picture PictureOf(const PcxPicture& shown, const std::vector<std::uint32_t>* indices) {
+Picture PictureOf(const SpritePicture& shown, const std::vector<std::uint32_t>* indices) {
     Picture picture;
     picture.indexed.width = shown.texture->Width();
     picture.indexed.height = shown.texture->Height();
@@ -193,16 +202,14 @@ public:
     Converter(std::span<const std::byte> version1, const ConvertOptions& options)
         : options_(options),
           shown_(version1,
-                 options.reader == ConvertFor::Stage ? SffRules::Palettes::AsTheyCome
-                                                     : SffRules::Palettes::InForce,
+                 options.reader == ConvertFor::Stage ? ArchiveRules::Palettes::AsTheyCome
+                                                     : ArchiveRules::Palettes::InForce,
                  std::nullopt),
-          indices_(version1, SffRules::Palettes::OneForAll, IndicesAsColors()) {}
+          indices_(version1, ArchiveRules::Palettes::OneForAll, IndicesAsColors()) {}
 
     std::vector<std::byte> Convert() && {
-        // A stage's pictures come on the way, a character's after the walk; they are the same.
-        while (shown_.Next() && indices_.Next()) {
-            const std::size_t place = shown_.Count() - 1;
-            archive_.sprites.push_back(shown_.At(place).IsLinked() ? Linked(place) : Shown(place));
+        for (std::size_t place = 0; shown_.Reach(place) && indices_.Reach(place); ++place) {
+            archive_.sprites.push_back(shown_.At(place).linked ? Linked(place) : Shown(place));
         }
         AddPalettes();
         samplemaker::Sff2Options written;
@@ -215,11 +222,11 @@ private:
     [[nodiscard]] bool IsMixed() const { return options_.coding == ConvertTo::Mixed; }
 
     void TakeNumbers(Sff2Sprite& sprite, std::size_t place) const {
-        const Subfile& subfile = shown_.At(place);
-        sprite.group = static_cast<std::uint16_t>(subfile.group);
-        sprite.image = static_cast<std::uint16_t>(subfile.image);
-        sprite.axisX = subfile.axisX;
-        sprite.axisY = subfile.axisY;
+        const ArchiveSprite& shown = shown_.At(place);
+        sprite.group = static_cast<std::uint16_t>(shown.group);
+        sprite.image = static_cast<std::uint16_t>(shown.image);
+        sprite.axisX = shown.axisX;
+        sprite.axisY = shown.axisY;
     }
 
     [[nodiscard]] Sff2Sprite Linked(std::size_t place) {
@@ -251,11 +258,11 @@ private:
     }
 
     [[nodiscard]] Picture PictureAt(std::size_t place) {
-        const PcxPicture shown = shown_.Picture(place);
+        const SpritePicture shown = shown_.Load(place);
         if (!shown_.Is256Colors(place)) {
             return PictureOf(shown, nullptr);
         }
-        const std::vector<std::uint32_t> indices = WordsOf(*indices_.Picture(place).texture);
+        const std::vector<std::uint32_t> indices = WordsOf(*indices_.Load(place).texture);
         return PictureOf(shown, &indices);
     }
 
@@ -301,8 +308,8 @@ private:
     }
 
     ConvertOptions options_;
-    Walk shown_;
-    Walk indices_;
+    Pictures shown_;
+    Pictures indices_;
     std::vector<Colors> palettes_;
     Sff2Archive archive_;
 };
