@@ -14,6 +14,7 @@
 
 #include "platform/headless/HeadlessMessages.h"
 #include "platform/headless/HeadlessWindow.h"
+#include "platform/png/LibPngPictures.h"
 #include "platform/posix/PosixFiles.h"
 #include "platform/soft/SoftDevice.h"
 #include "sprites/sff2.h"
@@ -24,18 +25,6 @@ namespace scenara::bench {
 namespace {
 
 using Archives = const std::vector<std::string>& (*)();
-
-void LoadInto(StageModel& model, TextureMaker& device, const std::string& path) {
-    PosixFiles files("");
-    HeadlessMessages messages;
-    HeadlessWindow window;
-    const auto file = files.OpenForReading(path);
-    const ViewOptions options;
-    LoadSprites(model, {*file, path, device, messages, options}, window);
-    if (!messages.Recorded().empty()) {
-        throw std::runtime_error(messages.Recorded().front().text);
-    }
-}
 
 // A linked sprite shows another's texture.
 template <typename Visit>
@@ -75,7 +64,7 @@ void CheckAgainstPeer(const std::vector<std::string>& archives) {
     for (const std::string& path : archives) {
         SoftDevice device;
         StageModel model;
-        LoadInto(model, device, path);
+        LoadInto(model, device, path, kAllOfThem);
         SdlStageLoader peer;
         peer.Load(path);
         if (peer.Pixels() != PixelsOf(model) || peer.Checksum() != ChecksumOf(model)) {
@@ -118,7 +107,7 @@ void LoadFirst(benchmark::State& state) {
         for (const std::string& path : kArchives()) {
             SoftDevice device;
             StageModel model;
-            LoadInto(model, device, path);
+            LoadInto(model, device, path, 0);
             pixels += PixelsOf(model);
         }
         return pixels;
@@ -132,7 +121,7 @@ void LoadNext(benchmark::State& state) {
         std::size_t pixels = 0;
         for (const std::string& path : kArchives()) {
             StageModel model;
-            LoadInto(model, device, path);
+            LoadInto(model, device, path, 0);
             pixels += PixelsOf(model);
         }
         return pixels;
@@ -167,10 +156,6 @@ LOAD_ROW(LoadFirst, "First");
 LOAD_ROW(LoadNext, "Next");
 // NOLINTEND(cppcoreguidelines-avoid-non-const-global-variables)
 
-}  // namespace
-
-namespace {
-
 // Textures as a device makes them, without the device's own back buffer.
 class TexturesAlone : public TextureMaker {
 public:
@@ -184,11 +169,24 @@ private:
 
 }  // namespace
 
+void LoadInto(StageModel& model, TextureMaker& device, const std::string& path, unsigned helpers) {
+    PosixFiles files("");
+    HeadlessMessages messages;
+    HeadlessWindow window;
+    const auto file = files.OpenForReading(path);
+    const ViewOptions options;
+    const LibPngPictures png;
+    LoadSprites(model, {*file, path, device, messages, options, &png, helpers}, window);
+    if (!messages.Recorded().empty()) {
+        throw std::runtime_error(messages.Recorded().front().text);
+    }
+}
+
 std::size_t LoadOnce(const std::vector<std::string>& archives) {
     TexturesAlone device;
     StageModel model;
     for (const std::string& path : archives) {
-        LoadInto(model, device, path);
+        LoadInto(model, device, path, kAllOfThem);
     }
     return PixelsOf(model) * sizeof(std::uint32_t);
 }

@@ -42,7 +42,8 @@
 // locked texture; the colour key has been applied by then (a keyed pixel has alpha 0 and keeps its
 // colour), so a device only stores what it is given.
 //
-// Not for several threads.
+// Not for several threads; but a locked texture may be written to, and its memory brought in, by
+// one other than the device's.
 #pragma once
 
 #include <cstddef>
@@ -142,6 +143,8 @@ struct TextureParameters {
     // while it is locked for the first time. A device gives both or neither; LockedPixels tells.
     std::int32_t wantedPitch = 0;
     std::size_t wantedSlack = 0;
+    // The writer calls BringIn.
+    bool bringsIn = false;
 };
 
 // A locked texture: line y starts at word y * pitch; what lies behind `width` in a line, and
@@ -160,6 +163,10 @@ public:
 
     virtual LockedPixels LockRect() = 0;
     virtual void UnlockRect() = 0;
+
+    // While it is locked for the first time, on the thread that writes it: its memory is brought
+    // in, if that was left to the writer. Raises RunTimeError "Out of memory".
+    virtual void BringIn() {}
 
     // The same for somebody who only reads: what was prepared for drawing stays as it is.
     virtual LockedPixels LockRectToRead() { return LockRect(); }

@@ -18,10 +18,13 @@ inline constexpr std::size_t kLargePage = std::size_t{2} << 20U;
 // RunTimeError "Out of memory".
 [[nodiscard]] std::byte* ReservePages(std::size_t bytes);
 
-// Makes sure that `bytes` from `start` on are there; both are multiples of kSmallPage. With
-// `large`, both are multiples of kLargePage and the system is asked for large pages. Raises
-// RunTimeError "Out of memory" when they cannot be had.
-void CommitPages(std::byte* start, std::size_t bytes, bool large);
+// Asks for large pages where `bytes` from `start` on are committed later; both are multiples of
+// kLargePage. A wish: small pages serve as well.
+void PreferLargePages(std::byte* start, std::size_t bytes);
+
+// Makes sure that `bytes` from `start` on are there; both are multiples of kSmallPage. Raises
+// RunTimeError "Out of memory" when they cannot be had. On any thread, several at the same time.
+void CommitPages(std::byte* start, std::size_t bytes);
 
 void ReleasePages(std::byte* start, std::size_t bytes);
 

@@ -21,6 +21,9 @@ public:
         : texture_(std::move(texture)), pixels_(texture_->LockRect()) {}
     ~TextureLock() { texture_->UnlockRect(); }
 
+    // On the thread that writes, before it does. Raises RunTimeError "Out of memory".
+    void BringIn() { texture_->BringIn(); }
+
     [[nodiscard]] std::span<std::uint32_t> Words() const { return pixels_.words; }
     [[nodiscard]] std::int32_t Pitch() const { return pixels_.pitch; }
     // Its pixels alone.

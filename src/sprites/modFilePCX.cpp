@@ -102,6 +102,7 @@ TextureParameters ParametersFor(const PcxHeader& header, std::uint32_t key) {
     parameters.width = header.Width();
     parameters.height = header.Height();
     parameters.colorKey = key;
+    parameters.bringsIn = true;
     if (header.Is256Colors() && header.IsRunLength() &&
         header.bytesPerLine <= header.Width() + kMostPadding) {
         parameters.wantedPitch = header.bytesPerLine;
@@ -284,6 +285,7 @@ void PcxDecoder::Prepare(const PcxHeader& header, std::span<const std::byte> dat
 }
 
 void PcxDecoder::Decode(PcxTask& task) {
+    task.lock->BringIn();
     const std::int32_t wanted = ParametersFor(task.header, task.picture.key).wantedPitch;
     const bool whole = wanted != 0 && wanted == task.lock->Pitch();
     task.picture.consumed = whole ? DecodeWhole(task) : DecodeLines(task);

@@ -56,14 +56,15 @@ TEST(PageMemory, IsAlignedToLargePages) {
 
 TEST(PageMemory, IsZeroAtFirstAndKeepsWhatIsWritten) {
     const Reserved memory(2 * kLargePage);
-    CommitPages(memory.Start(), 3 * kSmallPage, false);
-    CommitPages(memory.Start() + kLargePage, kLargePage, true);
+    CommitPages(memory.Start(), 3 * kSmallPage);
+    PreferLargePages(memory.Start() + kLargePage, kLargePage);
+    CommitPages(memory.Start() + kLargePage, kLargePage);
     const auto committed = {memory.All().first(3 * kSmallPage), memory.All().last(kLargePage)};
     for (const std::span<std::byte> part : committed) {
         EXPECT_TRUE(std::all_of(part.begin(), part.end(), [](auto b) { return b == std::byte{}; }));
         std::fill(part.begin(), part.end(), std::byte{0xA5});
     }
-    CommitPages(memory.Start(), 3 * kSmallPage, false);
+    CommitPages(memory.Start(), 3 * kSmallPage);
     for (const std::span<std::byte> part : committed) {
         EXPECT_TRUE(std::all_of(part.begin(), part.end(), [](auto b) {
             return b == std::byte{0xA5};
@@ -84,9 +85,10 @@ TEST(PageMemory, CommittingBringsExactlyThosePagesIn) {
     }
     const Reserved memory(2 * kLargePage);
     EXPECT_EQ(memory.PagesInMemory(), 0U);
-    CommitPages(memory.Start() + 5 * kSmallPage, 7 * kSmallPage, false);
+    CommitPages(memory.Start() + 5 * kSmallPage, 7 * kSmallPage);
     EXPECT_EQ(memory.PagesInMemory(), 7U);
-    CommitPages(memory.Start() + kLargePage, kLargePage, true);
+    PreferLargePages(memory.Start() + kLargePage, kLargePage);
+    CommitPages(memory.Start() + kLargePage, kLargePage);
     EXPECT_EQ(memory.PagesInMemory(), 7U + kLargePage / kSmallPage);
 }
 
@@ -101,7 +103,7 @@ TEST(PageMemory, RaisesWhenPagesCannotBeHad) {
     }
     std::byte* const start = ReservePages(2 * kLargePage);
     ReleasePages(start + kLargePage, kLargePage);
-    EXPECT_THAT([&] { CommitPages(start + kLargePage, kSmallPage, false); },
+    EXPECT_THAT([&] { CommitPages(start + kLargePage, kSmallPage); },
                 test::Raises(RunTimeErrorKind::OutOfMemory));
     ReleasePages(start, kLargePage);
 }

@@ -5,6 +5,7 @@
 #include <initializer_list>
 #include <limits>
 #include <random>
+#include <thread>
 #include <vector>
 
 #include <gmock/gmock.h>
@@ -234,6 +235,57 @@ TEST(TextureMemory, RaisesOutOfMemoryAndGoesOn) {
     }
     Fill(memory.Allocate(1000), 1);
     EXPECT_TRUE(IsFilledWith(kept, 9));
+}
+
+// Pieces as they come to their memory: at once, later, on another thread, or never.
+TEST(TextureMemory, PagesMayComeLaterOnAnotherThread) {
+    TextureMemory memory;
+    std::mt19937 random(65);  // NOLINT(cert-msc51-cpp,bugprone-random-generator-seed)
+    std::vector<Piece> pieces;
+    for (int round = 0; round < 3; ++round) {
+        for (std::uint32_t i = 0; i < 60; ++i) {
+            const bool later = random() % 4 != 0;
+            const std::size_t words = random() % 10 == 0 ? 900'000 : 1 + random() % 5000;
+            Piece piece = memory.Allocate(
+                words, later ? TextureMemory::Pages::Later : TextureMemory::Pages::Now);
+            EXPECT_TRUE(later || piece.missing.empty());
+            if (random() % 5 == 0) {  // a picture that failed before it was begun
+                memory.Release(piece);
+                continue;
+            }
+            pieces.push_back(piece);
+        }
+        std::thread other([&] {
+            for (std::uint32_t i = 0; i < pieces.size(); ++i) {
+                TextureMemory::BringIn(pieces[i]);
+                EXPECT_TRUE(pieces[i].missing.empty());
+                Fill(pieces[i], i);
+            }
+        });
+        for (int i = 0; i < 200; ++i) {
+            memory.Release(memory.Allocate(1 + random() % 5000, TextureMemory::Pages::Later));
+        }
+        other.join();
+        for (std::uint32_t i = 0; i < pieces.size(); ++i) {
+            EXPECT_TRUE(IsFilledWith(pieces[i], i)) << "piece " << i;
+        }
+    }
+}
+
+TEST(TextureMemory, PagesThatWereNotBroughtInCountAsNotThere) {
+    TextureMemory memory;
+    static_cast<void>(memory.Allocate(1000));
+    const std::size_t committed = memory.CommittedBytes();
+    const Piece dropped = memory.Allocate(100'000, TextureMemory::Pages::Later);
+    EXPECT_FALSE(dropped.missing.empty());
+    memory.Release(dropped);
+    EXPECT_EQ(memory.CommittedBytes(), committed);
+    Piece again = memory.Allocate(100'000, TextureMemory::Pages::Later);
+    EXPECT_EQ(again.missing.size(), dropped.missing.size());
+    TextureMemory::BringIn(again);
+    memory.Release(again);
+    EXPECT_GT(memory.CommittedBytes(), committed);
+    EXPECT_TRUE(memory.Allocate(100'000, TextureMemory::Pages::Later).missing.empty());
 }
 
 TEST(TextureMemory, APieceOfNoWordsTakesNothing) {

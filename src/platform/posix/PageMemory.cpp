@@ -35,15 +35,16 @@ std::byte* ReservePages(std::size_t bytes) {
     }
     ::munmap(first + before + bytes, kLargePage - before);
     // Where the system hands out large pages by itself, a small stage would get one for its first
-    // byte; CommitPages asks for them where they fit.
+    // byte; PreferLargePages asks for them where they fit.
     ::madvise(first + before, bytes, MADV_NOHUGEPAGE);
     return first + before;
 }
 
-void CommitPages(std::byte* start, std::size_t bytes, bool large) {
-    if (large) {
-        ::madvise(start, bytes, MADV_HUGEPAGE);  // a wish; small pages serve as well
-    }
+void PreferLargePages(std::byte* start, std::size_t bytes) {
+    ::madvise(start, bytes, MADV_HUGEPAGE);
+}
+
+void CommitPages(std::byte* start, std::size_t bytes) {
     // A kernel that does not know the call brings the pages in at their first use.
     if (::madvise(start, bytes, MADV_POPULATE_WRITE) != 0 && (errno == ENOMEM || errno == EFAULT)) {
         throw RunTimeError(RunTimeErrorKind::OutOfMemory);

@@ -30,7 +30,9 @@ SoftTexture::SoftTexture(std::shared_ptr<TextureMemory> memory, const TexturePar
       width_(parameters.width),
       height_(parameters.height),
       pitch_(std::max(parameters.width, parameters.wantedPitch)) {
-    piece_ = memory_->Allocate(WordsOf(parameters, pitch_));
+    piece_ = memory_->Allocate(WordsOf(parameters, pitch_), parameters.bringsIn
+                                                                ? TextureMemory::Pages::Later
+                                                                : TextureMemory::Pages::Now);
 }
 
 LockedPixels SoftTexture::LockRect() {

@@ -37,6 +37,7 @@ public:
         memory_->Shrink(piece_,
                         static_cast<std::size_t>(pitch_) * static_cast<std::size_t>(height_));
     }
+    void BringIn() override { TextureMemory::BringIn(piece_); }
     void PreLoad() override;
 
     // For drawing; these hold until the next call that is not const.

@@ -32,27 +32,40 @@ TextureMemory::~TextureMemory() {
     }
 }
 
-TextureMemory::Piece TextureMemory::Allocate(std::size_t words) {
+TextureMemory::Piece TextureMemory::Allocate(std::size_t words, Pages pages) {
     if (words > kMostWords) {
         throw RunTimeError(RunTimeErrorKind::OutOfMemory);
     }
     const std::size_t bytes = BytesOf(words);
     Block& block = BlockWithRoom(bytes);
-    try {
-        Commit(block, block.used + bytes);
-    } catch (const RunTimeError&) {
-        if (block.pieces == 0) {
-            Drop(block);  // what it has of pages is wanted elsewhere now
-        }
-        throw;
-    }
     std::byte* const start = block.start + block.used;
+    // The block is bare memory; from here on these bytes are words.
+    Piece piece = {{reinterpret_cast<std::uint32_t*>(start), words},
+                   &block,
+                   Extend(block, block.used + bytes)};
+    if (pages == Pages::Now) {
+        try {
+            BringIn(piece);
+        } catch (const RunTimeError&) {
+            block.committed -= piece.missing.size();
+            if (block.pieces == 0) {
+                Drop(block);  // what it has of pages is wanted elsewhere now
+            }
+            throw;
+        }
+    }
     block.used += bytes;
     ++block.pieces;
     usedBytes_ += bytes;
     Unpoison(start, words * sizeof(std::uint32_t));
-    // The block is bare memory; from here on these bytes are words.
-    return {{reinterpret_cast<std::uint32_t*>(start), words}, &block};
+    return piece;
+}
+
+void TextureMemory::BringIn(Piece& piece) {
+    if (!piece.missing.empty()) {
+        CommitPages(piece.missing.data(), piece.missing.size());
+        piece.missing = {};
+    }
 }
 
 void TextureMemory::Release(const Piece& piece) {
@@ -62,6 +75,11 @@ void TextureMemory::Release(const Piece& piece) {
     Poison(start, bytes);
     usedBytes_ -= bytes;
     --block.pieces;
+    if (!piece.missing.empty()) {
+        // Those behind them count as not there either, and are brought in again.
+        block.committed =
+            std::min(block.committed, static_cast<std::size_t>(piece.missing.data() - block.start));
+    }
     if (block.pieces == 0) {
         block.used = 0;
         DropSurplus();
@@ -109,22 +127,23 @@ TextureMemory::Block& TextureMemory::BlockWithRoom(std::size_t bytes) {
     return blocks_.emplace_back(Block{start, size, 0, 0, 0});
 }
 
-void TextureMemory::Commit(Block& block, std::size_t end) const {
+// Pages up to `end`: those that it did not have.
+std::span<std::byte> TextureMemory::Extend(Block& block, std::size_t end) const {
+    const std::size_t before = block.committed;
     while (block.committed < end) {
         const std::size_t missing = end - block.committed;
         std::byte* const start = block.start + block.committed;
         const bool atLargePage = block.committed % kLargePage == 0;
         if (atLargePage && (missing >= kLargePage || usedBytes_ >= kLargePagesFrom)) {
             const std::size_t whole = std::max(missing / kLargePage, std::size_t{1}) * kLargePage;
-            CommitPages(start, whole, true);
+            PreferLargePages(start, whole);
             block.committed += whole;
         } else {
             const std::size_t toLargePage = kLargePage - block.committed % kLargePage;
-            const std::size_t some = std::min(RoundUp(missing, kSmallPage), toLargePage);
-            CommitPages(start, some, false);
-            block.committed += some;
+            block.committed += std::min(RoundUp(missing, kSmallPage), toLargePage);
         }
     }
+    return {block.start + before, block.committed - before};
 }
 
 void TextureMemory::Drop(Block& block) {

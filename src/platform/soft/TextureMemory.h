@@ -12,8 +12,11 @@
 // large ones where that wastes little: inside a big picture, and for all once kLargePagesFrom bytes
 // are in use.
 //
+// Bringing pages in takes longer than all else. A piece that is filled by another thread can leave
+// that to it.
+//
 // Every piece is aligned to 64 bytes. Raises RunTimeError "Out of memory" when the system has no
-// more. Not for several threads.
+// more. Not for several threads, but for BringIn.
 #pragma once
 
 #include <cstddef>
@@ -42,11 +45,17 @@ public:
     struct Piece {
         std::span<std::uint32_t> words;
         Block* block = nullptr;
+        std::span<std::byte> missing{};  // pages that BringIn is still to be called for
     };
+
+    // When a piece has its pages: at once, or once BringIn is called.
+    enum class Pages { Now, Later };
 
     ~TextureMemory();
 
-    [[nodiscard]] Piece Allocate(std::size_t words);
+    [[nodiscard]] Piece Allocate(std::size_t words, Pages pages = Pages::Now);
+    // On any thread, while others go on with this memory. Raises as above.
+    static void BringIn(Piece& piece);
     void Release(const Piece& piece);
 
     // Gives back what is behind the piece's first `words` words; the last piece made gets its room
@@ -60,7 +69,7 @@ public:
 
 private:
     [[nodiscard]] Block& BlockWithRoom(std::size_t bytes);
-    void Commit(Block& block, std::size_t end) const;
+    [[nodiscard]] std::span<std::byte> Extend(Block& block, std::size_t end) const;
     void Drop(Block& block);
     void DropSurplus();
 

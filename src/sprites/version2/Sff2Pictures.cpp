@@ -126,6 +126,7 @@ void Sff2Load::DoDecode() {
     if (node_.IsEmpty() || overused_) {
         return;
     }
+    lock_->BringIn();
     if (png_) {
         DecodePng();
     } else if (node_.coding == Sff2Coding::Raw) {
@@ -312,6 +313,7 @@ void Sff2Pictures::MakeTexture(Sff2Load& load) {
     TextureParameters parameters;
     parameters.width = load.width_;
     parameters.height = load.height_;
+    parameters.bringsIn = true;
     parameters.colorKey = load.trueColor_ ? 0 : load.colors_[0] | 0xFF000000U;
     if (PackingOf(load.node_.coding)) {
         parameters.wantedPitch = load.width_;
