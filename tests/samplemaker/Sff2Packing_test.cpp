@@ -41,7 +41,7 @@ constexpr const Packing& kLz5 = kPackings[2];
 
 TEST(Sff2Packing, GivesBackAllPixelsAndNeedsAllBytes) {
     Random random(11);
-    for (int round = test::Rounds(6000); round > 0; --round) {
+    for (int round = test::Rounds(4000); round > 0; --round) {
         const Packing& packing = kPackings[static_cast<std::size_t>(random.Whole(0, 2))];
         const Pixels pixels = RandomPixels(random, random.Whole(1, 2500), packing.colours);
         const PackingChoice choice{random.Whole(0, 1) == 0 ? 0 : random.Next()};

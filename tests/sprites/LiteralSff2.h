@@ -4,6 +4,7 @@
 // fields do not need. std::out_of_range is raised where they lead out of the file.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <stdexcept>
@@ -71,9 +72,14 @@ private:
             sprite.palette = U16(palette + 6);
             palette = U32(44) + 16 * std::size_t{sprite.palette};
         }
-        for (const std::uint8_t index : Indices(shown)) {
-            sprite.pixels.push_back(Color(palette, index));
+        const std::vector<std::uint8_t> indices = Indices(shown);
+        Words colors;
+        for (unsigned index = 0; index < 256; ++index) {
+            colors.push_back(Color(palette, index));
         }
+        sprite.pixels.resize(indices.size());
+        std::transform(indices.begin(), indices.end(), sprite.pixels.begin(),
+                       [&](std::uint8_t index) { return colors[index]; });
         return sprite;
     }
 
@@ -97,11 +103,9 @@ private:
     }
 
     static std::vector<std::uint8_t> Raw(const std::vector<std::byte>& data, std::size_t count) {
-        std::vector<std::uint8_t> pixels;
-        for (std::size_t i = 0; i < count; ++i) {
-            pixels.push_back(std::to_integer<std::uint8_t>(data.at(i)));
-        }
-        return pixels;
+        static_cast<void>(data.at(count - 1));
+        const auto* const bytes = reinterpret_cast<const std::uint8_t*>(data.data());
+        return {bytes, bytes + count};
     }
 
     // Past the palette's colours it is black.
