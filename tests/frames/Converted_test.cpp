@@ -48,7 +48,11 @@ constexpr CodingRow kOtherRows[] = {
     {"RLE5", ConvertTo::Rle5}, {"LZ5", ConvertTo::Lz5},
     {"PNG8", ConvertTo::Png8}, {"mixed in 2.00", ConvertTo::Mixed, samplemaker::kSff200},
 };
+#ifdef SCENARA_SANITIZED
+constexpr int kLongRun = 60;  // each takes several times as long
+#else
 constexpr int kLongRun = 150;
+#endif
 constexpr int kPassed = 4;
 
 // To both sides, up, down and aslant.

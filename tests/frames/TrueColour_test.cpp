@@ -379,11 +379,11 @@ TEST(TrueColourPixels, AreTheSameInEveryCoding) {
         Sff2Coding other;
         bool hasAlpha;
     };
-    for (const auto& [one, other, hasAlpha] : {Pair{Sff2Coding::Raw32, Sff2Coding::Png32, true},
-                                               Pair{Sff2Coding::Raw24, Sff2Coding::Png24, false},
-                                               Pair{Sff2Coding::Png24, Sff2Coding::Png32, false}}) {
+    for (const Pair& pair : {Pair{Sff2Coding::Raw32, Sff2Coding::Png32, true},
+                             Pair{Sff2Coding::Raw24, Sff2Coding::Png24, false},
+                             Pair{Sff2Coding::Png24, Sff2Coding::Png32, false}}) {
         const AlphaPicture picture = Coloured(61, 37, [&](int x, int y) {
-            const auto alpha = static_cast<std::uint8_t>(hasAlpha ? 7 * x + 3 * y : 255);
+            const auto alpha = static_cast<std::uint8_t>(pair.hasAlpha ? 7 * x + 3 * y : 255);
             return Rgba{Part(4 * x), Part(6 * y), Part(x + y), alpha};
         });
         const auto shown = [&](Sff2Coding coding) {
@@ -395,7 +395,7 @@ TEST(TrueColourPixels, AreTheSameInEveryCoding) {
             stage.Run("right+up:20", 20);
             return stage.Picture();
         };
-        EXPECT_EQ(shown(one), shown(other));
+        EXPECT_EQ(shown(pair.one), shown(pair.other));
     }
 }
 
