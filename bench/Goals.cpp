@@ -235,12 +235,13 @@ void PrintGoals(const Medians& medians) {
     }
     const double touching =
         Quotient(medians, "Load/TouchByOne/real_time", "Load/TouchByTwo/real_time");
-    PrintRatio("gain of two in a load / in reading, touching", "generated",
+    PrintRatio("gain of two in a load / in reading, touching", "large",
                touching <= 0
                    ? 0
                    : Quotient(medians, "Load/ByOne/real_time", "Load/ByAll/real_time") / touching,
                kMustOfGain, kAimOfGain);
     PrintMemory(GeneratedArchives(), "generated");
+    PrintMemory(LargeArchive(), "large");
     PrintMemory(SampleDataArchives(), "sampleData");
     PrintDrawing(medians);
     PrintCanvases(medians);

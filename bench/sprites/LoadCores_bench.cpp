@@ -27,7 +27,7 @@ void LoadFirst(benchmark::State& state) {
     for ([[maybe_unused]] const auto iteration : state) {
         SoftDevice device;
         StageModel model;
-        LoadInto(model, device, GeneratedArchives().front(), kHelpers);
+        LoadInto(model, device, LargeArchive().front(), kHelpers);
     }
 }
 
@@ -49,7 +49,7 @@ void ReadAndTouch(const std::string& path, std::span<std::byte> memory, std::siz
 }
 
 void Touch(benchmark::State& state, std::size_t threads) {
-    const std::string& path = GeneratedArchives().front();
+    const std::string& path = LargeArchive().front();
     const std::size_t wanted = LoadOnce({path});
     const std::size_t bytes = (wanted + kLargePage - 1) / kLargePage * kLargePage;
     for ([[maybe_unused]] const auto iteration : state) {

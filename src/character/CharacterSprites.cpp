@@ -60,7 +60,7 @@ public:
         FindPlaces();
         static_cast<void>(archive_->Reach(archive_->Count()));
         character_.ColorKey = ColorKeyOf(archive_->FirstColor());
-        PictureQueue pictures(*archive_, PicturesInOrder(), source_.helpers);
+        PictureQueue pictures(*archive_, PicturesInOrder(), source_);
         ForEachFrame([&](CharFrame& frame) {
             Wanted* const wanted = Find(frame.group, frame.image);
             if (wanted == nullptr || !wanted->place) {

@@ -42,6 +42,9 @@ public:
     [[nodiscard]] virtual std::size_t HeldBytes() const = 0;
     // Bytes of its texture.
     [[nodiscard]] virtual std::uint64_t TextureBytes() const = 0;
+    // How long decoding takes: as long as bringing in and filling so many bytes of textures by
+    // runs.
+    [[nodiscard]] virtual std::uint64_t Work() const { return TextureBytes(); }
 
 protected:
     PictureLoad() = default;

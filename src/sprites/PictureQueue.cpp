@@ -11,12 +11,12 @@
 namespace scenara {
 namespace {
 
-// Threads cost more than they save where there is less to do.
-constexpr std::size_t kFewPictures = 4;
-
 // For each thread one that it decodes, one that is ready, and some that are small.
-constexpr std::size_t kUnderWayPerThread = 4;
-constexpr std::size_t kMostHeldBytes = std::size_t{256} << 10U;
+constexpr std::size_t kUnderWayPerThread = 12;
+constexpr std::size_t kMostHeldBytes = std::size_t{512} << 10U;
+
+// How often a thread looks for more to do before it sleeps.
+constexpr int kLooks = 200;
 
 constexpr std::uint64_t kMostLostBytes = std::uint64_t{64} << 20U;
 
@@ -59,7 +59,7 @@ public:
         std::unique_lock lock(mutex_);
         while (IsOpen(load)) {
             if (waiting_.empty()) {
-                decoded_.wait(lock);
+                Pause(lock, decoded_, [&] { return !IsOpen(load); });
             } else {
                 DecodeOldest(lock);
             }
@@ -70,12 +70,24 @@ private:
     void Help() {
         std::unique_lock lock(mutex_);
         while (true) {
-            given_.wait(lock, [this] { return ending_ || !waiting_.empty(); });
+            Pause(lock, given_, [this] { return ending_ || !waiting_.empty(); });
             if (ending_) {
                 return;
             }
             DecodeOldest(lock);
         }
+    }
+
+    // Until `isOver`. Mostly that is soon, and being woken takes longer than a small picture.
+    template <typename IsOver>
+    static void Pause(std::unique_lock<std::mutex>& lock, std::condition_variable& woken,
+                      IsOver isOver) {
+        for (int i = 0; i < kLooks && !isOver(); ++i) {
+            lock.unlock();
+            std::this_thread::yield();
+            lock.lock();
+        }
+        woken.wait(lock, isOver);
     }
 
     void DecodeOldest(std::unique_lock<std::mutex>& lock) {
@@ -106,28 +118,40 @@ private:
 };
 
 PictureQueue::PictureQueue(SpriteArchive& archive, std::vector<std::size_t> places,
-                           unsigned helpers)
+                           const ArchiveSource& source)
     : archive_(archive),
       places_(std::move(places)),
-      helpers_(places_.size() > kFewPictures ? helpers : 0),
-      team_(helpers_ > 0 ? std::make_unique<Team>(helpers_) : nullptr) {}
+      helpers_(source.helpers),
+      helpFrom_(source.helpFrom) {}
 
 PictureQueue::~PictureQueue() {
     team_ = nullptr;  // before the pictures that it may be decoding
 }
 
+// What is left is as much for each picture as on the average so far.
+void PictureQueue::NoteLeft() {
+    const std::size_t left = places_.size() - begun_;
+    const std::size_t soFar = std::max(begun_, std::size_t{1});
+    archive_.Expect(textureBytes_ / soFar * left);
+    if (!team_ && helpers_ > 0 && begun_ > 0 && work_ / soFar * left >= helpFrom_) {
+        team_ = std::make_unique<Team>(helpers_);
+    }
+}
+
 void PictureQueue::BeginMore() {
-    const std::size_t most = lostBytes_ > kMostLostBytes ? 1 : 1 + (kUnderWayPerThread * helpers_);
-    while (begun_ < places_.size() &&
-           (underWay_.empty() || (underWay_.size() < most && heldBytes_ < kMostHeldBytes))) {
-        // As large on the average as those before.
-        archive_.Expect(begun_ == 0 ? 0 : textureBytes_ / begun_ * (places_.size() - begun_));
+    const bool careful = !team_ || lostBytes_ > kMostLostBytes;
+    const std::size_t least = careful ? 0 : helpers_;
+    const std::size_t most = careful ? 1 : 1 + (kUnderWayPerThread * helpers_);
+    while (begun_ < places_.size() && (underWay_.size() <= least ||
+                                       (underWay_.size() < most && heldBytes_ < kMostHeldBytes))) {
+        NoteLeft();
         std::unique_ptr<PictureLoad> load = archive_.Begin(places_[begun_]);
         if (!load) {
             return;
         }
         ++begun_;
         textureBytes_ += load->TextureBytes();
+        work_ += load->Work();
         heldBytes_ += load->HeldBytes();
         underWay_.push_back(std::move(load));
         if (team_) {

@@ -3,8 +3,7 @@
 // PictureQueue: the pictures of an archive in a given order, decoded ahead on all processors.
 //
 // The thread that asks reads and finishes; all threads decode. What comes out, messages and their
-// order included, is what a load one by one gives. An archive of a few pictures is loaded without
-// other threads.
+// order included, is what a load one by one gives. A small archive is loaded without other threads.
 //
 // Bounds: so many pictures are under way, and so many bytes of the file held for them, that memory
 // is little more than that of the textures. Textures of damaged pictures are given back late where
@@ -25,9 +24,10 @@ namespace scenara {
 
 class PictureQueue : NotCopied {
 public:
-    // The archive outlives it, and is walked. `places` are of pictures, none linked; `helpers` as
-    // in ArchiveSource.
-    PictureQueue(SpriteArchive& archive, std::vector<std::size_t> places, unsigned helpers);
+    // The archive outlives it, and is walked. `places` are of pictures, none linked. Of the source
+    // its helpers count, and from when they help.
+    PictureQueue(SpriteArchive& archive, std::vector<std::size_t> places,
+                 const ArchiveSource& source);
     ~PictureQueue();
 
     // The picture of the next place, for the sprite that shows it. False: it cannot be had, which
@@ -38,12 +38,15 @@ private:
     class Team;
 
     void BeginMore();
+    void NoteLeft();
 
     SpriteArchive& archive_;
     std::vector<std::size_t> places_;
     std::size_t begun_ = 0;           // places
     std::uint64_t textureBytes_ = 0;  // of all that were begun
+    std::uint64_t work_ = 0;          // the same
     unsigned helpers_;
+    std::uint64_t helpFrom_;
     std::deque<std::unique_ptr<PictureLoad>> underWay_;
     std::size_t heldBytes_ = 0;
     std::uint64_t lostBytes_ = 0;

@@ -81,9 +81,14 @@ struct ArchiveSource {
     const PngPictures* png = nullptr;  // none: the machine reads no PNG
     unsigned helpers = HelpersOfThisMachine();
 
+    std::uint64_t helpFrom = kHelpFrom;
+
     // Threads that decode beside the one that loads: one less than there are processors, within
     // reason.
     [[nodiscard]] static unsigned HelpersOfThisMachine();
+    // They are begun where so much work is left (PictureLoad::Work): with less it takes longer to
+    // wake them than they save.
+    static constexpr std::uint64_t kHelpFrom = std::uint64_t{24} << 20U;
 };
 
 // A sprite as the archive lists it.

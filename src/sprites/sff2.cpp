@@ -51,7 +51,7 @@ public:
           masked_(MaskedPictures(model)) {}
 
     void Load() {
-        PictureQueue pictures(*archive_, PicturesInOrder(), source_.helpers);
+        PictureQueue pictures(*archive_, PicturesInOrder(), source_);
         for (std::size_t place = 0; !window_.EndRequested() && archive_->Reach(place); ++place) {
             window_.SetCaption(LoadingCaption(model_.StageTitle, static_cast<std::uint32_t>(place),
                                               archive_->Announced()));

@@ -237,6 +237,20 @@ TEST(TextureMemory, RaisesOutOfMemoryAndGoesOn) {
     EXPECT_TRUE(IsFilledWith(kept, 9));
 }
 
+TEST(TextureMemory, WhatIsExpectedComesInLargePages) {
+    struct Row {
+        std::uint64_t expected;
+        std::size_t committed;
+    };
+    for (const Row& row :
+         {Row{0, kSmallPage}, {2 * kLargePage - 1, kSmallPage}, {2 * kLargePage, kLargePage}}) {
+        TextureMemory memory;
+        memory.Expect(row.expected);
+        static_cast<void>(memory.Allocate(10));
+        EXPECT_EQ(memory.CommittedBytes(), row.committed) << row.expected;
+    }
+}
+
 // Pieces as they come to their memory: at once, later, on another thread, or never.
 TEST(TextureMemory, PagesMayComeLaterOnAnotherThread) {
     TextureMemory memory;

@@ -46,11 +46,13 @@ public:
     LibPngPictures png;
     std::string name = kArchiveName;
     unsigned helpers = ArchiveSource::HelpersOfThisMachine();
+    std::uint64_t helpFrom = 0;
     std::unique_ptr<MemoryFile> file;
 
     void Run(std::span<const std::byte> archive) {
         file = std::make_unique<MemoryFile>(archive);
-        LoadSprites(model, {*file, name, device, messages, options, &png, helpers}, window);
+        LoadSprites(model, {*file, name, device, messages, options, &png, helpers, helpFrom},
+                    window);
     }
 
     [[nodiscard]] const SpriteEntry& Sprite(std::size_t index) const {

@@ -18,9 +18,6 @@ constexpr Long kLengthInsteadOfNegative = 256;
 // The data of a picture are the subfile's without the PCX header, and one byte more.
 constexpr Long kDataShorterBy = 127;
 
-// Larger buffers are rarely wanted again.
-constexpr std::size_t kMostSpare = std::size_t{128} << 10U;
-
 std::string WhichImage(const Subfile& subfile) {
     return "Group " + std::to_string(subfile.group) + " Image " + std::to_string(subfile.image);
 }
@@ -39,18 +36,13 @@ std::unique_ptr<SubfileLoad> SubfilePictures::Begin(const Subfile& subfile,
                                                     const PaletteBytes* colors) {
     auto load = std::make_unique<SubfileLoad>();
     load->subfile_ = subfile;
-    if (!spare_.empty()) {
-        load->data_ = std::move(spare_.back());
-        spare_.pop_back();
-    }
     const std::uint64_t taken = textures_.Taken();
     bool waits = false;
     try {
         Read(*load, colors);
         waits = load->header_.planes != 1 && underWay_ > 0;
         if (!waits) {
-            decoder_.Prepare(load->header_, std::span(load->data_).first(load->dataSize_),
-                             load->task_);
+            decoder_.Prepare(load->header_, load->data_.Bytes(), load->task_);
         }
     } catch (...) {
         load->Fail();
@@ -125,9 +117,6 @@ void SubfilePictures::Drop(SubfileLoad& load) {
 
 void SubfilePictures::End(SubfileLoad& load) {
     textures_.GiveBack(load.textureBytes_);
-    if (load.data_.size() <= kMostSpare) {
-        spare_.push_back(std::move(load.data_));
-    }
     --underWay_;
 }
 
@@ -135,19 +124,15 @@ void SubfilePictures::ReadData(SubfileLoad& load, std::uint64_t start, std::uint
     // The pixels at their worst packing, and the palette with its mark.
     const std::uint64_t useful = MostPackedBytes(load.header_) + 1 + kPcxPaletteSize;
     const auto size = static_cast<std::size_t>(std::min(packed, useful));
-    if (load.data_.size() < size) {
-        load.data_ = {};  // growing would hold the old bytes and the new ones at once
-        load.data_.resize(size);
-    }
-    load.dataSize_ = archive_.ReadAt(start, std::span(load.data_).first(size));
+    load.data_.Read(archive_, start, size);
+    load.dataSize_ = load.data_.Size();
 }
 
 bool SubfilePictures::TakePalette(const SubfileLoad& load, std::uint64_t end) {
     if (!load.header_.Is256Colors() || (load.subfile_.samePalette && havePalette_)) {
         return true;
     }
-    const PcxPlace data = {load.subfile_.Start() + kPcxHeaderSize, end,
-                           std::span<const std::byte>(load.data_).first(load.dataSize_)};
+    const PcxPlace data = {load.subfile_.Start() + kPcxHeaderSize, end, load.data_.Bytes()};
     PaletteBytes palette = palette_;
     const bool whole =
         ReadPalette(archive_, data, options_.Additions ? &load.header_ : nullptr, palette);

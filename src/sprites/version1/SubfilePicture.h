@@ -2,10 +2,10 @@
 //
 // SubfilePictures: the picture of one subfile, from the archive to a texture.
 //
-// The archive is read in two goes per picture (PCX header; then pixels and palette) into buffers
-// that are used again; no more of it is in memory than the pictures under way take. The palette is
-// the last 768 bytes of the subfile's data (SubfilePalette.h), kept from picture to picture for
-// those that share it. Addition: a picture without a palette has that of the one before it.
+// The archive is read in two goes per picture (PCX header; then pixels and palette); no more of it
+// is in memory than the pictures under way take. The palette is the last 768 bytes of the subfile's
+// data (SubfilePalette.h), kept from picture to picture for those that share it. Addition: a
+// picture without a palette has that of the one before it.
 //
 // A length that goes past the end of the file, or reaches into the next subfile, is no error as
 // long as the pixels are complete. Nothing is read that the picture could not need.
@@ -18,12 +18,12 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
-#include <vector>
 
 #include "platform/Direct3D8.h"
 #include "platform/Files.h"
 #include "platform/Messages.h"
 #include "sprites/ArchiveUse.h"
+#include "sprites/FileBytes.h"
 #include "sprites/PictureLoad.h"
 #include "sprites/TextureBudget.h"
 #include "sprites/modFilePCX.h"
@@ -45,12 +45,15 @@ public:
 private:
     friend class SubfilePictures;
 
-    void DoDecode() override { PcxDecoder::Decode(task_); }
+    void DoDecode() override {
+        PcxDecoder::Decode(task_);
+        data_.Drop();
+    }
 
     Subfile subfile_;
     PcxHeader header_;
-    std::vector<std::byte> data_;  // the picture's bytes are its first dataSize_
-    std::size_t dataSize_ = 0;
+    FileBytes data_;
+    std::size_t dataSize_ = 0;  // also when they were dropped
     std::uint64_t textureBytes_ = 0;
     bool hasItsPalette_ = true;
     bool lacksAny_ = false;  // nor is there one before it
@@ -90,7 +93,6 @@ private:
     ViewOptions options_;
     TextureBudget textures_;
     PcxDecoder decoder_;
-    std::vector<std::vector<std::byte>> spare_;  // buffers for the next pictures
     std::size_t underWay_ = 0;
     PaletteBytes palette_{};  // the last one that was taken
     bool havePalette_ = false;

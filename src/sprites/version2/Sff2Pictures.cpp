@@ -127,6 +127,11 @@ Sff2Load::Sff2Load(const Sff2SpriteNode& node, Sff2Palette& palette)
 
 Sff2Load::~Sff2Load() = default;
 
+std::uint64_t Sff2Load::Work() const {
+    constexpr std::uint64_t kPngTakes = 8;  // times as long
+    return png_ ? kPngTakes * textureBytes_ : textureBytes_;
+}
+
 void Sff2Load::DoDecode() {
     if (node_.IsEmpty() || overused_) {
         return;
@@ -139,6 +144,8 @@ void Sff2Load::DoDecode() {
     } else {
         DecodePacked();
     }
+    png_ = nullptr;
+    data_.Drop();
 }
 
 void Sff2Load::FillFrom(std::int32_t line, std::int32_t done) {
@@ -165,7 +172,7 @@ void Sff2Load::EndsAfter(std::uint64_t pixels) {
 void Sff2Load::DecodeRaw() {
     const std::size_t size = RawSize(node_);
     const auto width = static_cast<std::size_t>(width_);
-    const std::span<const std::byte> bytes(data_);
+    const std::span<const std::byte> bytes = data_.Bytes();
     std::uint64_t done = 0;
     for (std::int32_t y = 0; y < height_; ++y) {
         const auto from =
@@ -181,8 +188,7 @@ void Sff2Load::DecodeRaw() {
 }
 
 void Sff2Load::DecodePacked() {
-    const auto packed =
-        std::span<const std::byte>(data_).subspan(std::min(kUnpackedSizeBytes, data_.size()));
+    const auto packed = data_.Bytes().subspan(std::min(kUnpackedSizeBytes, data_.Size()));
     const Sff2Packing packing = PackingOf(node_.coding).value();
     const auto wanted = static_cast<std::size_t>(PixelsOf(node_));
     Sff2Unpacked result;
@@ -255,11 +261,12 @@ std::unique_ptr<Sff2Load> Sff2Pictures::Begin(const Sff2SpriteNode& node, Sff2Pa
     return load;
 }
 
-std::vector<std::byte> Sff2Pictures::ReadData(const Sff2SpriteNode& node, bool& cut) {
+void Sff2Pictures::ReadData(Sff2Load& load) {
+    const Sff2SpriteNode& node = load.node_;
     const std::uint64_t base = node.inTdata ? header_.tdata : header_.ldata;
     const std::uint64_t there = Available(source_.archive, base + node.offset, node.length);
     const std::uint64_t packed = there - std::min(there, std::uint64_t{kUnpackedSizeBytes});
-    cut = there < node.length;
+    load.cut_ = there < node.length;
     const std::uint64_t ofPixels = node.coding == Sff2Coding::Raw ? there : packed;
     const bool canBe =
         ofPixels > 0 && (IsPng(node.coding) || PixelsOf(node) / kMostPixelsOfByte <= ofPixels);
@@ -277,9 +284,9 @@ std::vector<std::byte> Sff2Pictures::ReadData(const Sff2SpriteNode& node, bool& 
     } else {
         useful = MostBytes(node);
     }
-    std::vector<std::byte> data(static_cast<std::size_t>(std::min(there, useful)));
-    data.resize(source_.archive.ReadAt(base + node.offset, data));
-    return data;
+    load.data_.Read(source_.archive, base + node.offset,
+                    static_cast<std::size_t>(std::min(there, useful)));
+    load.dataSize_ = load.data_.Size();
 }
 
 void Sff2Pictures::Read(Sff2Load& load) {
@@ -296,10 +303,11 @@ void Sff2Pictures::Read(Sff2Load& load) {
         throw RunTimeError(RunTimeErrorKind::Overflow,
                            SizeText(load.width_, load.height_) + " pixels");
     }
-    load.data_ = ReadData(node, load.cut_);
+    ReadData(load);
     load.trueColor_ = node.IsTrueColor();
     if (png) {
-        const auto file = std::span<const std::byte>(load.data_).subspan(kUnpackedSizeBytes);
+        const auto file =
+            load.data_.Bytes().subspan(std::min(kUnpackedSizeBytes, load.data_.Size()));
         load.png_ =
             source_.png->Open(file, load.trueColor_ ? PngWanted::Colours : PngWanted::Indices);
         load.trueColor_ = load.trueColor_ || load.png_->IsTrueColour();
@@ -311,7 +319,7 @@ void Sff2Pictures::Read(Sff2Load& load) {
                                     " pixels..");
         }
     } else if (node.coding == Sff2Coding::Raw && !load.cut_ &&
-               load.data_.size() < PixelsOf(node) * RawSize(node)) {
+               load.dataSize_ < PixelsOf(node) * RawSize(node)) {
         throw Bad("its data end before its pixels do");
     }
 }
@@ -357,7 +365,7 @@ bool Sff2Pictures::Finish(Sff2Load& load, const ArchiveSprite& shownBy, SpritePi
         } catch (...) {
             SaySprite(source_.messages, rules_.badPicture, shownBy.group, shownBy.image,
                       NameOf(node.coding) + ": " + TextOfCurrentError() + ".  Skipping sprite..");
-            use_.CountLost(load.data_.size());
+            use_.CountLost(load.dataSize_);
         }
     }
     if (!loaded) {
@@ -373,7 +381,7 @@ bool Sff2Pictures::Finish(Sff2Load& load, const ArchiveSprite& shownBy, SpritePi
         SayArchiveError(source_.messages, rules_.badPicture, source_.name, load.palette_.problem);
     }
     // All other bytes are few beside those of the texture, whose sum has a limit.
-    const std::uint64_t size = load.data_.size();
+    const std::uint64_t size = load.dataSize_;
     use_.CountShown((size - std::min(size, load.textureBytes_)) / kMostVariants);
     picture.texture = std::move(load.texture_);
     picture.key = load.trueColor_ ? 0 : load.colors_[0] | 0xFF000000U;

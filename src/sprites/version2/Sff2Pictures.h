@@ -27,6 +27,7 @@
 #include <vector>
 
 #include "sprites/ArchiveUse.h"
+#include "sprites/FileBytes.h"
 #include "sprites/PictureLoad.h"
 #include "sprites/SpriteArchive.h"
 #include "sprites/TextureBudget.h"
@@ -44,8 +45,9 @@ public:
     explicit Sff2Load(const Sff2SpriteNode& node, Sff2Palette& palette);
     ~Sff2Load() override;
 
-    [[nodiscard]] std::size_t HeldBytes() const override { return data_.size(); }
+    [[nodiscard]] std::size_t HeldBytes() const override { return dataSize_; }
     [[nodiscard]] std::uint64_t TextureBytes() const override { return textureBytes_; }
+    [[nodiscard]] std::uint64_t Work() const override;
 
 private:
     friend class Sff2Pictures;
@@ -62,8 +64,9 @@ private:
     Sff2SpriteNode node_;
     Sff2Palette& palette_;
     ColorTable colors_;
-    std::vector<std::byte> data_;
-    bool cut_ = false;  // the file ends in them
+    FileBytes data_;
+    std::size_t dataSize_ = 0;  // also when they were dropped
+    bool cut_ = false;          // the file ends in them
     std::int32_t width_ = 0;
     std::int32_t height_ = 0;
     bool trueColor_ = false;
@@ -89,7 +92,7 @@ public:
 private:
     void Read(Sff2Load& load);
     void MakeTexture(Sff2Load& load);
-    [[nodiscard]] std::vector<std::byte> ReadData(const Sff2SpriteNode& node, bool& cut);
+    void ReadData(Sff2Load& load);
 
     ArchiveSource source_;
     Sff2Header header_;
