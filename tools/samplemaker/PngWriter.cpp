@@ -123,7 +123,7 @@ std::vector<std::byte> Deflated(const std::vector<std::byte>& bytes) {
     std::vector<std::byte> deflated(size);
     Require(compress2(reinterpret_cast<Bytef*>(deflated.data()), &size,
                       reinterpret_cast<const Bytef*>(bytes.data()),
-                      static_cast<uLong>(bytes.size()), Z_BEST_COMPRESSION) == Z_OK,
+                      static_cast<uLong>(bytes.size()), Z_DEFAULT_COMPRESSION) == Z_OK,
             "PNG: the rows cannot be deflated");
     deflated.resize(size);
     return deflated;
