@@ -149,7 +149,7 @@ void PaintTable(AlphaPainting& painting, Point at, double width, const Light& li
     const double high = width * 0.34;
     const Knots foot = {{at.x, at.y + 6, width * 0.12},
                         {at.x, at.y - high * 0.35, width * 0.09},
-                        {at.x, at.y - high * 0.8, width * 0.24}};
+                        {at.x, at.y - high * 0.6, width * 0.11}};
     PaintStroke(painting, foot, 1.3, [&](const StrokePlace& place) {
         return Film{light * (0.50 - 0.16 * place.across - 0.10 * place.along), 1};
     });

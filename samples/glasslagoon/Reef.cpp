@@ -41,6 +41,8 @@ PuffField RockField(std::span<const Lump> lumps) {
         field.Add(form, form, 0);
         for (double down = lump.top + lump.radius; down < kReefHeight + 40; down += 18) {
             const double wide = lump.radius * 1.04;
+            field.Add({2 * lump.x, 2 * down, 2 * wide, -0.3 * lump.radius},
+                      {2 * lump.x, 2 * down, 2 * wide, 0}, 0);
             for (int i = 0; i < 5; ++i) {
                 const double x = lump.x + wide * random.Between(-0.8, 0.8);
                 const double radius = lump.radius * random.Between(0.26, 0.44);

@@ -40,7 +40,7 @@ std::vector<double> Ridge(std::uint32_t seed, double crest, double swell) {
         const bool dome = i % 3 != 0;
         const double half = dome ? random.Between(5, 24) : random.Between(7, 15);
         const double tall =
-            dome ? half * random.Between(0.5, 0.8) : half * random.Between(1.4, 2.6);
+            dome ? half * random.Between(0.5, 0.8) : half * random.Between(0.8, 1.7);
         const double lean = random.Between(-0.3, 0.3);
         const double foot = ridge[static_cast<std::size_t>(middle)] + 3;
         raise(middle, half, [&](double u) {
