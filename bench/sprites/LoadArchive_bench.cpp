@@ -14,6 +14,7 @@
 
 #include "platform/headless/HeadlessMessages.h"
 #include "platform/headless/HeadlessWindow.h"
+#include "platform/png/LibPngPictures.h"
 #include "platform/posix/PosixFiles.h"
 #include "platform/soft/SoftDevice.h"
 #include "sprites/sff2.h"
@@ -161,6 +162,7 @@ public:
     std::shared_ptr<Direct3DTexture8> CreateTexture(const TextureParameters& parameters) override {
         return std::make_shared<SoftTexture>(memory_, parameters);
     }
+    void Expect(std::uint64_t bytes) override { memory_->Expect(bytes); }
 
 private:
     std::shared_ptr<TextureMemory> memory_ = std::make_shared<TextureMemory>();
@@ -174,7 +176,8 @@ void LoadInto(StageModel& model, TextureMaker& device, const std::string& path, 
     HeadlessWindow window;
     const auto file = files.OpenForReading(path);
     const ViewOptions options;
-    LoadSprites(model, {*file, path, device, messages, options, nullptr, helpers}, window);
+    const LibPngPictures png;
+    LoadSprites(model, {*file, path, device, messages, options, &png, helpers}, window);
     if (!messages.Recorded().empty()) {
         throw std::runtime_error(messages.Recorded().front().text);
     }

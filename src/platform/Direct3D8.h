@@ -246,6 +246,9 @@ public:
     // not that much. A texture may outlive its maker.
     [[nodiscard]] virtual std::shared_ptr<Direct3DTexture8> CreateTexture(
         const TextureParameters& parameters) = 0;
+
+    // Textures of about so many bytes are to be made from now on, which a maker may prepare for.
+    virtual void Expect([[maybe_unused]] std::uint64_t bytes) {}
 };
 
 class Direct3DDevice8 : public TextureMaker {

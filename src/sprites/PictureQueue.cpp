@@ -16,7 +16,7 @@ constexpr std::size_t kFewPictures = 4;
 
 // For each thread one that it decodes, one that is ready, and some that are small.
 constexpr std::size_t kUnderWayPerThread = 4;
-constexpr std::size_t kMostHeldBytes = std::size_t{2} << 20U;
+constexpr std::size_t kMostHeldBytes = std::size_t{256} << 10U;
 
 constexpr std::uint64_t kMostLostBytes = std::uint64_t{64} << 20U;
 
@@ -120,11 +120,14 @@ void PictureQueue::BeginMore() {
     const std::size_t most = lostBytes_ > kMostLostBytes ? 1 : 1 + (kUnderWayPerThread * helpers_);
     while (begun_ < places_.size() &&
            (underWay_.empty() || (underWay_.size() < most && heldBytes_ < kMostHeldBytes))) {
+        // As large on the average as those before.
+        archive_.Expect(begun_ == 0 ? 0 : textureBytes_ / begun_ * (places_.size() - begun_));
         std::unique_ptr<PictureLoad> load = archive_.Begin(places_[begun_]);
         if (!load) {
             return;
         }
         ++begun_;
+        textureBytes_ += load->TextureBytes();
         heldBytes_ += load->HeldBytes();
         underWay_.push_back(std::move(load));
         if (team_) {

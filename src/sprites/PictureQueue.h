@@ -41,7 +41,8 @@ private:
 
     SpriteArchive& archive_;
     std::vector<std::size_t> places_;
-    std::size_t begun_ = 0;  // places
+    std::size_t begun_ = 0;           // places
+    std::uint64_t textureBytes_ = 0;  // of all that were begun
     unsigned helpers_;
     std::deque<std::unique_ptr<PictureLoad>> underWay_;
     std::size_t heldBytes_ = 0;

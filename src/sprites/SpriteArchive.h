@@ -129,6 +129,8 @@ public:
     };
     [[nodiscard]] Shown PictureOf(std::size_t place) const;
 
+    // Textures of about so many bytes are to come, that of the next load included.
+    virtual void Expect(std::uint64_t bytes) = 0;
     // Loads the picture at a place, which is not linked. Begin gives nothing where those that were
     // begun before must be finished first; once they are it gives a load. Whoever was given it has
     // it decoded and hands it to Finish, in the order of Begin, or drops it.

@@ -26,6 +26,8 @@ public:
     [[nodiscard]] std::shared_ptr<Direct3DTexture8> CreateTexture(
         const TextureParameters& parameters) override;
 
+    void Expect(std::uint64_t bytes) override { maker_.Expect(bytes); }
+
     // Bytes of all that were made and not given back.
     [[nodiscard]] std::uint64_t Taken() const { return taken_; }
     // So many of them count no longer: their picture came to nothing.

@@ -60,6 +60,7 @@ inline constexpr std::array kAdditions = {
     Addition{"n tiles with a distance below 0", "render/Tiling.cpp", "additions"},
     Addition{"`boundhigh`", "render/PrepareStage.cpp", "RaiseUpperBound"},
     Addition{"`dummy`", "render/PrepareStage.cpp", "SetRuntimeValues"},
+    Addition{"Archives of version 2", "sprites/SpriteArchive.cpp", "MayRead"},
     Addition{"A picture's colours", "sprites/version1/SubfilePalette.cpp", "Palette"},
     Addition{"The test character", "show/CharacterFigure.cpp", "Next"},
     Addition{"A character's start", "character/PlaceCharacter.cpp", "WithinReach"},

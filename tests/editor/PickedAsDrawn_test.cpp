@@ -80,6 +80,7 @@ private:
             build_.Sprite("", static_cast<Integer>(width), static_cast<Integer>(rows.size()),
                           Between(-5, 40), Between(-5, 40));
         model_.Sprites.back().texture = PaintedTexture(rows, color);
+        model_.Sprites.back().trueColor = Below(4) == 0 ? 1 : 0;
         return index;
     }
 

@@ -295,6 +295,37 @@ TEST(SmoothPictures, OfOthersAreWhatTheyAreWithout) {
     }
 }
 
+// About the middle of the picture.
+std::vector<std::uint32_t> SmoothArrow(const std::string& flip) {
+    PaintedStage stage(
+        "[StageInfo]\nxscale = 1.4\nyscale = 1.5\n"
+        "[BG]\ntype = anim\nactionno = 1\nstart = 0,80\n"
+        "[Begin Action 1]\n1,0, 0,0, -1, " +
+            flip + "\n",
+        ViewOptions{true, true});
+    stage.Run(1);
+    return stage.Picture();
+}
+
+TEST(SmoothPictures, OfMirroredFramesAreTheOthersMirrored) {
+    const std::vector<std::uint32_t> arrow = SmoothArrow("");
+    const std::vector<std::uint32_t> across = SmoothArrow("h");
+    const std::vector<std::uint32_t> down = SmoothArrow("v");
+    const std::vector<std::uint32_t> both = SmoothArrow("hv");
+    const auto at = [](std::size_t x, std::size_t y) { return 320 * y + x; };
+    int seen = 0;
+    for (std::size_t y = 0; y < 240; ++y) {
+        for (std::size_t x = 0; x < 320; ++x) {
+            const std::uint32_t pixel = arrow[at(x, y)];
+            seen += (pixel & 0xFFFFFFU) != 0 ? 1 : 0;
+            ASSERT_EQ(across[at(319 - x, y)], pixel) << x << "," << y;
+            ASSERT_EQ(down[at(x, 239 - y)], pixel) << x << "," << y;
+            ASSERT_EQ(both[at(319 - x, 239 - y)], pixel) << x << "," << y;
+        }
+    }
+    EXPECT_GT(seen, 1000);
+}
+
 // --- blended colours, in numbers ---
 
 class BlendedPixels : public testing::Test {

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
 // fuzz-seeds FOLDER: what the fuzzers of binary formats start from, made by the sample maker's
-// writers: one picture of each PCX and PNG kind, archives with each feature, and packed pixels.
+// writers: one picture of each PCX and PNG kind, archives of both versions with each feature, and
+// packed pixels.
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
@@ -10,11 +11,13 @@
 #include <random>
 #include <span>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "samplemaker/PcxWriter.h"
 #include "samplemaker/Sff1Writer.h"
 #include "samplemaker/Sff2Packing.h"
+#include "sprites/Sff2Parts.h"
 #include "support/PngBytes.h"
 
 namespace {
@@ -102,6 +105,48 @@ void WriteArchives(const fs::path& folder) {
     Write(folder / "one", WriteSff1({subfiles[0]}));
 }
 
+// A sprite at 0,0 with a palette of its own, and links to it that show it in the same colours and
+// in others.
+Sff2Archive WithLinks(const Sff2Sprite& sprite) {
+    using namespace scenara::test;
+    return {{NumberedPalette(1, 32), NumberedPalette(2, 4), LinkedPalette(3, 0)},
+            {sprite, LinkedSprite(0, 1, 0, 2), LinkedSprite(1, 0, 1, 1)}};
+}
+
+void WriteNewArchives(const fs::path& folder) {
+    using namespace scenara::test;
+    const IndexedPicture indexed = Picture(12, 8, 32);
+    const AlphaPicture sheer = SheerPicture(5, 4);
+    Sff2Archive all = WithLinks(Sff2SpriteOf(indexed, Sff2Coding::Lz5));
+    const auto write = [&](const std::string& name, Sff2Sprite sprite) {
+        Write(folder / ("v2-" + name), WriteSff2(WithLinks(sprite)));
+        const auto number = static_cast<unsigned>(all.sprites.size());
+        sprite.flags = static_cast<std::uint16_t>(number % 2);
+        all.sprites.push_back(Numbered(std::move(sprite), number / 2, number % 2, number % 3));
+    };
+    for (const Sff2Coding coding : kIndexedCodings) {
+        write(NameOfCoding(coding), Sff2SpriteOf(indexed, coding));
+    }
+    for (const Sff2Coding coding : kColourCodings) {
+        write(NameOfCoding(coding) + std::string(HasAlpha(coding) ? "-alpha" : "-colours"),
+              Sff2SpriteOf(sheer, coding));
+    }
+    for (const std::uint32_t seed : {1U, 2U}) {
+        for (const Sff2Coding coding : {Sff2Coding::Rle8, Sff2Coding::Rle5, Sff2Coding::Lz5}) {
+            write(NameOfCoding(coding) + ("-choice" + std::to_string(seed)),
+                  Sff2SpriteOf(indexed, coding, PackingChoice{seed}));
+        }
+    }
+    Write(folder / "v2-all", WriteSff2(all));
+    Sff2Options other;
+    other.version = kSff200;
+    other.parts = {Sff2Part::Tdata, Sff2Part::Sprites, Sff2Part::Ldata, Sff2Part::Palettes};
+    other.palettesLast = true;
+    Write(folder / "v2-other-order", WriteSff2(all, other));
+    other.spritesNumber = 0x80000000U;
+    Write(folder / "v2-many-sprites", WriteSff2(all, other));
+}
+
 // As sff2unpack_fuzz.cpp takes them: the packing, how many pixels, the packed bytes.
 void WritePacked(const fs::path& path, int packing, std::size_t pixels,
                  const std::vector<std::byte>& packed) {
@@ -134,8 +179,10 @@ int main(int argc, char** argv) {
     try {
         WritePictures(fs::path(argv[1]) / "pcx");
         WritePngs(fs::path(argv[1]) / "png");
-        WriteArchives(fs::path(argv[1]) / "archive");
-        WriteArchives(fs::path(argv[1]) / "charsff");
+        for (const char* target : {"archive", "charsff"}) {
+            WriteArchives(fs::path(argv[1]) / target);
+            WriteNewArchives(fs::path(argv[1]) / target);
+        }
         WritePackedPixels(fs::path(argv[1]) / "sff2unpack");
     } catch (const std::exception& error) {
         std::cerr << error.what() << '\n';

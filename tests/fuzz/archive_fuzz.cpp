@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
 //
-// Any bytes as a sprite archive.
+// Any bytes as a sprite archive, of either version.
 #include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string>
 
+#include "platform/png/LibPngPictures.h"
 #include "sprites/sff2.h"
 #include "support/FuzzChecks.h"
 #include "support/MemoryFiles.h"
@@ -18,10 +19,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     HeadlessMessages messages;
     HeadlessWindow window;
     SoftDevice device(test::KeptTextureMemory());
+    const LibPngPictures png;
     for (const bool additions : {false, true}) {
         StageModel model;
         const ViewOptions options{additions};
-        LoadSprites(model, {file, name, device, messages, options}, window);
+        LoadSprites(model, {file, name, device, messages, options, &png}, window);
         test::CheckModel(model);
     }
     return 0;

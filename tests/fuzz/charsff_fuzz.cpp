@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 //
-// Any bytes as a character's sprite archive, of which its animations show a few groups.
+// Any bytes as a character's sprite archive of either version, of which its animations show a few
+// groups.
 #include "character/CharacterMessages.h"
 #include "fuzz/CharacterChecks.h"
+#include "platform/png/LibPngPictures.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace scenara;
@@ -10,6 +12,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     HeadlessMessages boxes;
     CharacterMessages messages(boxes);
     test::RecordingDevice device;
+    const LibPngPictures png;
     const CharacterProgress progress;
     for (const bool additions : {true, false}) {
         const ViewOptions options{additions};
@@ -23,7 +26,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
             }
         }
         try {
-            LoadCharacterSprites(character, {file, "fuzz.sff", device, messages, options},
+            LoadCharacterSprites(character, {file, "fuzz.sff", device, messages, options, &png},
                                  std::nullopt, progress);
         } catch (const RunTimeError&) {
             continue;

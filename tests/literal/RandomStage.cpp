@@ -2,6 +2,7 @@
 #include "literal/RandomStage.h"
 
 #include <array>
+#include <cmath>
 #include <span>
 #include <string_view>
 
@@ -83,6 +84,7 @@ private:
     std::string text_;
     int width_ = 320;  // of the view
     int height_ = 240;
+    bool shrinks_ = false;  // a pixel of a picture may be less than one of the canvas
 };
 
 std::string Writer::Scale() {
@@ -100,7 +102,8 @@ std::string Writer::Scale() {
            std::to_string(rest);
 }
 
-// Small ones mostly: it takes long to draw large ones.
+// Small ones mostly: it takes long to draw large ones. Their canvases have up to four pixels for a
+// unit, so that few pictures are shrunk.
 void Writer::Space() {
     if (OneIn(3)) {
         return;
@@ -116,15 +119,21 @@ void Writer::Space() {
             width_ = width;
             height_ = height;
         }
+        shrinks_ = large;
     }
+    constexpr double kMostDetail = 4;
+    double pixel = kMostDetail;
     if (OneIn(3)) {
-        Line("hires", Number(0, 2, 2));
+        const std::string hires = Number(0, 2, 2);
+        Line("hires", hires);
+        pixel /= hires == "0" ? 1 : 2;
     }
-    if (OneIn(2)) {
-        Line("xscale", Scale());
-    }
-    if (OneIn(2)) {
-        Line("yscale", Scale());
+    for (const char* const key : {"xscale", "yscale"}) {
+        if (OneIn(2)) {
+            const std::string scale = Scale();
+            Line(key, scale);
+            shrinks_ = shrinks_ || (scale != "0" && std::abs(std::stod(scale)) * pixel < 1);
+        }
     }
 }
 
@@ -173,7 +182,8 @@ void Writer::Tiles(bool animated) {
     }
 }
 
-// Upon one another, in one direction, where there is an end of them or they are not mixed.
+// Upon one another, in one direction, where there is an end of them or they are not mixed. Of those
+// that are less than a pixel of the canvas apart the program leaves some out.
 void Writer::TilesOfAlphas(bool animated) {
     static constexpr std::array kCounts = {"0", "1", "1", "2", "3", "5", "9"};
     if (OneIn(3)) {
@@ -185,7 +195,8 @@ void Writer::TilesOfAlphas(bool animated) {
     for (std::size_t axis = 0; axis < 2; ++axis) {
         const bool apart = (axis == 0) != tight ||
                            (counts[axis] == "1" && pictures_ == Pictures::WithAlphasSmooth);
-        const int least = apart ? 20 : animated ? 2 : -60;
+        const int closest = animated ? 2 : -60;
+        const int least = apart ? 20 : shrinks_ ? 7 : closest;
         spacings[axis] = std::to_string(Whole(least, apart ? 150 : 30));
     }
     Line("tile", counts[0] + ", " + counts[1]);

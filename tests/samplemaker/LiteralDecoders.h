@@ -6,6 +6,8 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <set>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -14,6 +16,7 @@ namespace scenara::samplemaker {
 struct LiteralPixels {
     std::vector<std::uint8_t> pixels;  // as many as were wanted
     std::size_t bytesRead = 0;
+    std::set<std::string_view> forms{};  // the odd kinds of packets that came up
 };
 
 class LiteralDecoding {
@@ -37,7 +40,14 @@ public:
         }
     }
 
+    void Note(bool is, const char* form) {
+        if (is) {
+            out_.forms.insert(form);
+        }
+    }
+
     LiteralPixels Take() && {
+        Note(out_.pixels.size() > wanted_, "beyond the end");
         out_.pixels.resize(wanted_);
         return std::move(out_);
     }
@@ -53,7 +63,11 @@ inline LiteralPixels LiteralRle8(const std::vector<std::byte>& packed, std::size
     while (!decoding.Done()) {
         const unsigned b = decoding.Byte();
         if ((b & 0xC0U) == 0x40U) {
-            decoding.Run(b & 0x3FU, decoding.Byte());
+            const unsigned colour = decoding.Byte();
+            decoding.Note((b & 0x3FU) == 0, "RLE8 run of nothing");
+            decoding.Note((b & 0x3FU) == 1 && (colour & 0xC0U) != 0x40U, "RLE8 run of a pixel");
+            decoding.Note((b & 0x3FU) == 63, "RLE8 longest run");
+            decoding.Run(b & 0x3FU, colour);
         } else {
             decoding.Run(1, b);
         }
@@ -67,6 +81,11 @@ inline LiteralPixels LiteralRle5(const std::vector<std::byte>& packed, std::size
         const unsigned r = decoding.Byte();
         const unsigned h = decoding.Byte();
         const unsigned colour = (h & 0x80U) != 0 ? decoding.Byte() : 0;
+        decoding.Note((h & 0x80U) == 0, "RLE5 no colour byte");
+        decoding.Note((h & 0x80U) != 0 && colour == 0, "RLE5 colour byte of 0");
+        decoding.Note((h & 0x7FU) == 0, "RLE5 no data bytes");
+        decoding.Note((h & 0x7FU) == 127, "RLE5 most data bytes");
+        decoding.Note(r == 255, "RLE5 longest run");
         decoding.Run(r + 1, colour);
         for (unsigned n = h & 0x7FU; n > 0 && !decoding.Done(); --n) {
             const unsigned d = decoding.Byte();
@@ -86,14 +105,25 @@ inline LiteralPixels LiteralLz5(const std::vector<std::byte>& packed, std::size_
             const unsigned b = decoding.Byte();
             if ((control >> packet & 1U) == 0) {
                 const unsigned count = b >> 5U;
-                decoding.Run(count != 0 ? count : decoding.Byte() + 8, b & 31U);
+                const unsigned pixels = count != 0 ? count : decoding.Byte() + 8;
+                decoding.Note(pixels == 8, "LZ5 shortest long run");
+                decoding.Note(pixels == 263, "LZ5 longest run");
+                decoding.Run(pixels, b & 31U);
             } else if ((b & 0x3FU) == 0) {
                 const unsigned c = decoding.Byte();
                 const unsigned d = decoding.Byte();
-                decoding.Copy(d + 3, ((b << 2U) | c) + 1);
+                const unsigned back = ((b << 2U) | c) + 1;
+                decoding.Note(back <= 256 && d + 3 <= 64,
+                              "LZ5 long copy where a short one would do");
+                decoding.Note(back > 256, "LZ5 far copy");
+                decoding.Note(back < d + 3, "LZ5 long copy of what it writes");
+                decoding.Note(d == 255, "LZ5 longest copy");
+                decoding.Copy(d + 3, back);
             } else {
                 saved |= (b & 0xC0U) >> (2 * shortCopies);
                 ++shortCopies;
+                decoding.Note((b & 0x3FU) == 63, "LZ5 longest short copy");
+                decoding.Note(shortCopies == 4, "LZ5 fourth short copy");
                 if (shortCopies < 4) {
                     decoding.Copy((b & 0x3FU) + 1, decoding.Byte() + 1);
                 } else {

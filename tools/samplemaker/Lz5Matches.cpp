@@ -26,21 +26,24 @@ Lz5Matches::Lz5Matches(std::span<const std::uint8_t> pixels)
 
 Lz5Match Lz5Matches::Longest(std::size_t at, std::size_t mostBack, std::size_t mostCount,
                              std::size_t skipped) const {
-    const auto wanted = pixels_.subspan(at, std::min(mostCount, pixels_.size() - at));
+    const std::size_t most = std::min(mostCount, pixels_.size() - at);
     Lz5Match longest;
     std::size_t from = at;
     for (std::size_t tries = 0; tries < kMostTries + skipped; ++tries) {
         const std::size_t step = stepBack_[from];
-        if (step == 0 || at - from + step > mostBack || longest.count == wanted.size()) {
+        if (step == 0 || at - from + step > mostBack || longest.count == most) {
             break;
         }
         from -= step;
-        if (tries < skipped) {
+        // One that is longer has the pixel behind the longest one so far.
+        if (tries < skipped || pixels_[from + longest.count] != pixels_[at + longest.count]) {
             continue;
         }
         // The source may run into the target: both are read as they will be.
-        const auto end = std::mismatch(wanted.begin(), wanted.end(), pixels_.subspan(from).begin());
-        const auto count = static_cast<std::size_t>(end.first - wanted.begin());
+        std::size_t count = 0;
+        while (count < most && pixels_[from + count] == pixels_[at + count]) {
+            ++count;
+        }
         if (count > longest.count) {
             longest = {at - from, count};
         }

@@ -61,6 +61,7 @@ public:
     // Sizes outside 1 to 32767 raise RunTimeError "Overflow".
     [[nodiscard]] std::shared_ptr<Direct3DTexture8> CreateTexture(
         const TextureParameters& parameters) override;
+    void Expect(std::uint64_t bytes) override { memory_->Expect(bytes); }
 
     [[nodiscard]] HRESULT SetVertexShader(std::uint32_t format) override;
     [[nodiscard]] HRESULT SetRenderState(std::uint32_t state, std::uint32_t value) override;

@@ -134,7 +134,8 @@ std::span<std::byte> TextureMemory::Extend(Block& block, std::size_t end) const 
         const std::size_t missing = end - block.committed;
         std::byte* const start = block.start + block.committed;
         const bool atLargePage = block.committed % kLargePage == 0;
-        if (atLargePage && (missing >= kLargePage || usedBytes_ >= kLargePagesFrom)) {
+        const bool fills = missing >= kLargePage || expected_ >= kLargePage;
+        if (atLargePage && (fills || usedBytes_ >= kLargePagesFrom)) {
             const std::size_t whole = std::max(missing / kLargePage, std::size_t{1}) * kLargePage;
             PreferLargePages(start, whole);
             block.committed += whole;

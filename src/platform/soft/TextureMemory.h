@@ -8,9 +8,9 @@
 // that is given back as the last one made (a picture that failed to decode) costs nothing. At most
 // kKeptBytes are held without a texture in them; what is beyond goes back to the system.
 //
-// Pages come in small ones at first, so that a small stage takes what it needs and no more, and in
-// large ones where that wastes little: inside a big picture, and for all once kLargePagesFrom bytes
-// are in use.
+// Pages come in small ones, so that a small stage takes what it needs and no more, and in large ones
+// where that wastes little: inside a big picture, while more pictures are expected that will fill
+// one, and for all once kLargePagesFrom bytes are in use.
 //
 // Bringing pages in takes longer than all else. A piece that is filled by another thread can leave
 // that to it.
@@ -54,6 +54,9 @@ public:
     ~TextureMemory();
 
     [[nodiscard]] Piece Allocate(std::size_t words, Pages pages = Pages::Now);
+    // About so many bytes will be asked for from now on.
+    void Expect(std::uint64_t bytes) { expected_ = bytes; }
+
     // On any thread, while others go on with this memory. Raises as above.
     static void BringIn(Piece& piece);
     void Release(const Piece& piece);
@@ -75,6 +78,7 @@ private:
 
     std::list<Block> blocks_;
     std::size_t usedBytes_ = 0;
+    std::uint64_t expected_ = 0;  // bytes
 };
 
 }  // namespace scenara

@@ -39,6 +39,7 @@ public:
     void Keep(std::size_t place) override { kept_.push_back(place); }
     [[nodiscard]] std::optional<std::size_t> LinkOf(std::size_t place) const override;
     void SayBadLink(std::size_t shownBy, std::size_t place) override;
+    void Expect(std::uint64_t bytes) override { source_.device.Expect(bytes); }
     [[nodiscard]] std::unique_ptr<PictureLoad> Begin(std::size_t place) override;
     [[nodiscard]] bool Finish(std::unique_ptr<PictureLoad> load, std::size_t shownBy,
                               SpritePicture& picture) override;

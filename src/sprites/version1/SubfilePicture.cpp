@@ -19,7 +19,7 @@ constexpr Long kLengthInsteadOfNegative = 256;
 constexpr Long kDataShorterBy = 127;
 
 // Larger buffers are rarely wanted again.
-constexpr std::size_t kMostSpare = std::size_t{512} << 10U;
+constexpr std::size_t kMostSpare = std::size_t{128} << 10U;
 
 std::string WhichImage(const Subfile& subfile) {
     return "Group " + std::to_string(subfile.group) + " Image " + std::to_string(subfile.image);

@@ -23,14 +23,13 @@ Sff2Archive::Sff2Archive(const ArchiveSource& source, const ArchiveRules& rules)
 
 // True colours have no palette; one that is told all the same makes no difference.
 Sff2Archive::Shown Sff2Archive::ShownAt(const Sff2SpriteNode& node) const {
-    const bool trueColor = node.coding == Sff2Coding::Png24 || node.coding == Sff2Coding::Png32;
     return {node.offset,
             node.length,
             node.inTdata,
             node.coding,
             node.depth,
             std::uint32_t{node.width} << 16U | node.height,
-            trueColor ? kNone : palettes_.OwnerOf(node.palette)};
+            node.IsTrueColor() ? kNone : palettes_.OwnerOf(node.palette)};
 }
 
 bool Sff2Archive::Next() {

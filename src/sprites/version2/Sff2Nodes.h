@@ -106,6 +106,11 @@ struct Sff2SpriteNode {
     bool inTdata = false;
 
     [[nodiscard]] bool IsLinked() const { return length == 0; }
+    // By its coding it has colours of its own, and its palette means nothing.
+    [[nodiscard]] bool IsTrueColor() const {
+        return coding == Sff2Coding::Png24 || coding == Sff2Coding::Png32 ||
+               (coding == Sff2Coding::Raw && (depth == 24 || depth == 32));
+    }
     // Nothing to show; no fault either.
     [[nodiscard]] bool IsEmpty() const { return width == 0 || height == 0; }
 };

@@ -23,15 +23,20 @@ constexpr std::size_t kPngHead = 24;
 // No coding makes more pixels of a byte.
 constexpr std::uint64_t kMostPixelsOfByte = 128;
 
-// No writer needs more bytes for a pixel; behind that only runs of no pixels can make a picture
-// longer, and those are not followed for ever.
+// No writer needs more bytes for a pixel. Only runs of no pixels can make a picture longer, and
+// those are not followed for ever: so many bytes of them, which a small picture may have, too.
 constexpr std::uint64_t kWorstPacking = 3;
+constexpr std::uint64_t kPackedSurplus = 4096;
 
 // What an archive may have of textures, whatever its sprites share: so much for each of its bytes,
 // and what a small one may have. Only sprites that lie over each other, or variants by the
 // thousand, can be more.
 constexpr std::uint64_t kTextureBytesOfByte = kMostPixelsOfByte * sizeof(std::uint32_t);
 constexpr std::uint64_t kTextureBytesOfAny = std::uint64_t{256} << 20U;
+
+// How often bytes that bring no pixels, as a PNG may have them, may be read again for other
+// colours.
+constexpr std::uint64_t kMostVariants = 64;
 
 constexpr std::string_view kOverused = "The sprites lie over each other.";
 
@@ -93,7 +98,7 @@ std::uint64_t MostBytes(const Sff2SpriteNode& node) {
     if (node.coding == Sff2Coding::Raw) {
         return PixelsOf(node) * RawSize(node);
     }
-    return kUnpackedSizeBytes + PixelsOf(node) * kWorstPacking;
+    return kUnpackedSizeBytes + PixelsOf(node) * kWorstPacking + kPackedSurplus;
 }
 
 void RawLine(std::span<const std::byte> bytes, std::size_t size, const ColorTable& colors,
@@ -210,6 +215,9 @@ void Sff2Load::DecodePng() {
                                    ? png_->ReadColours(words, lock_->Pitch())
                                    : png_->ReadIndexed(colors_, words, lock_->Pitch());
     if (lines < height_) {
+        if (!cut_) {
+            throw Bad("its data are damaged, or end before its pixels do");
+        }
         EndsEarly();
     }
 }
@@ -227,7 +235,7 @@ std::unique_ptr<Sff2Load> Sff2Pictures::Begin(const Sff2SpriteNode& node, Sff2Pa
     const std::uint64_t taken = textures_.Taken();
     bool full = false;
     try {
-        if (use_.IsTooMuch()) {
+        if (stopped_ || use_.IsTooMuch()) {
             load->overused_ = true;
         } else if (!node.IsEmpty()) {
             Read(*load);
@@ -241,6 +249,7 @@ std::unique_ptr<Sff2Load> Sff2Pictures::Begin(const Sff2SpriteNode& node, Sff2Pa
     if (full && underWay_ > 0) {
         return nullptr;
     }
+    stopped_ = load->overused_;
     load->textureBytes_ = textures_.Taken() - taken;
     ++underWay_;
     return load;
@@ -251,10 +260,9 @@ std::vector<std::byte> Sff2Pictures::ReadData(const Sff2SpriteNode& node, bool& 
     const std::uint64_t there = Available(source_.archive, base + node.offset, node.length);
     const std::uint64_t packed = there - std::min(there, std::uint64_t{kUnpackedSizeBytes});
     cut = there < node.length;
-    const bool canBe = IsPng(node.coding) ? packed > 0
-                       : node.coding == Sff2Coding::Raw
-                           ? there > 0
-                           : PixelsOf(node) / kMostPixelsOfByte <= packed;
+    const std::uint64_t ofPixels = node.coding == Sff2Coding::Raw ? there : packed;
+    const bool canBe =
+        ofPixels > 0 && (IsPng(node.coding) || PixelsOf(node) / kMostPixelsOfByte <= ofPixels);
     if (!canBe) {
         throw Bad(SizeText(node.width, node.height) + " pixels cannot come from " +
                   std::to_string(there) + " bytes");
@@ -289,8 +297,7 @@ void Sff2Pictures::Read(Sff2Load& load) {
                            SizeText(load.width_, load.height_) + " pixels");
     }
     load.data_ = ReadData(node, load.cut_);
-    load.trueColor_ =
-        png ? node.coding != Sff2Coding::Png8 : node.coding == Sff2Coding::Raw && RawSize(node) > 1;
+    load.trueColor_ = node.IsTrueColor();
     if (png) {
         const auto file = std::span<const std::byte>(load.data_).subspan(kUnpackedSizeBytes);
         load.png_ =
@@ -324,6 +331,9 @@ void Sff2Pictures::MakeTexture(Sff2Load& load) {
         kTextureBytesOfAny;
     const std::uint64_t bytes = static_cast<std::uint64_t>(load.width_) *
                                 static_cast<std::uint64_t>(load.height_) * sizeof(std::uint32_t);
+    if (bytes > most) {
+        throw RunTimeError(RunTimeErrorKind::OutOfMemory);
+    }
     load.overused_ = textures_.Taken() + bytes > most;
     if (!load.overused_) {
         load.texture_ = textures_.CreateTexture(parameters);
@@ -362,6 +372,9 @@ bool Sff2Pictures::Finish(Sff2Load& load, const ArchiveSprite& shownBy, SpritePi
         !std::exchange(load.palette_.reported, true)) {
         SayArchiveError(source_.messages, rules_.badPicture, source_.name, load.palette_.problem);
     }
+    // All other bytes are few beside those of the texture, whose sum has a limit.
+    const std::uint64_t size = load.data_.size();
+    use_.CountShown((size - std::min(size, load.textureBytes_)) / kMostVariants);
     picture.texture = std::move(load.texture_);
     picture.key = load.trueColor_ ? 0 : load.colors_[0] | 0xFF000000U;
     picture.trueColor = load.trueColor_;

@@ -13,8 +13,10 @@
 //
 // Bad input: a picture is dropped, with its coding and what is wrong, where its own data cannot
 // fill it. Where it is the file that ends, the pixels that are there are kept, and the rest is
-// colour 0. Before memory is taken for a picture, its bytes must be able to yield it: 128 pixels
-// each in the packed codings, which is more than any of them reaches.
+// colour 0, or transparent. Before memory is taken for a picture, its bytes must be able to yield
+// it: 128 pixels each, which no coding but PNG goes beyond (whose reader has a limit of its own).
+// Sprites that lie over each other end the load with a message: what all share of the file may be
+// read and shown many times, but not without bound.
 #pragma once
 
 #include <cstddef>
@@ -95,6 +97,7 @@ private:
     TextureBudget textures_;
     ArchiveUse use_;
     std::size_t underWay_ = 0;
+    bool stopped_ = false;  // no picture is begun any more
     bool saidOverused_ = false;
 };
 
