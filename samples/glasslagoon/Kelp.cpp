@@ -72,7 +72,7 @@ private:
         const double length = look_.scale * size * (side == 0 ? 40 : 46) * (1.05 - 0.35 * up);
         const double flutter = 0.26 * Wave(up + 0.35, stem.lag + 0.1 * side);
         const Knots knots = KnotsAlong(14, [&](double u) {
-            const double turn = side * (1.0 - 0.55 * u) + flutter * (0.4 + u) + 0.0;
+            const double turn = side * (1.0 - 0.55 * u) + flutter * (0.4 + u);
             const double wide = std::sin(std::numbers::pi * std::pow(u, 0.7));
             const double ripple = 1 + 0.14 * std::sin(17 * u + 6 * stem.lag + 3 * side);
             return Knot{root.x + length * u * std::sin(turn), root.y - length * u * std::cos(turn),
