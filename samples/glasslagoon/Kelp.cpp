@@ -52,6 +52,11 @@ public:
         PaintLeaf(stem, 1, 0, 1.1);
     }
 
+    // The lowest rows thin out, so that no foot is cut off.
+    void SinkIntoSand() {
+        painting_.Thin([&](int, int y) { return Rise(foot_, foot_ - 14, y); });
+    }
+
     [[nodiscard]] AlphaPicture Picture() const { return painting_.ToPicture(); }
 
 private:
@@ -101,6 +106,7 @@ AlphaPictures DrawClump(int width, int height, const KelpLook& look, const Stems
         for (const Stem& stem : stems) {
             clump.Paint(stem, ++seed);
         }
+        clump.SinkIntoSand();
         pictures.push_back(clump.Picture());
     }
     return pictures;

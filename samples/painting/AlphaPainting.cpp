@@ -36,7 +36,7 @@ void AlphaPainting::Tint(int x, int y, const Film& film) {
     }
     const auto part = static_cast<float>(std::min(film.part, 1.0));
     const float there = At(x, y).part;
-    const Light light = film.light * (part * there);
+    const Light light = film.light * static_cast<double>(part * there);
     At(x, y) =
         At(x, y) * (1 - part) + Dot{static_cast<float>(light.red), static_cast<float>(light.green),
                                     static_cast<float>(light.blue), part * there};

@@ -29,7 +29,9 @@ public:
     [[nodiscard]] int Width() const { return width_; }
     [[nodiscard]] int Height() const { return height_; }
     // How much is covered there; 0 outside.
-    [[nodiscard]] double Part(int x, int y) const { return Inside(x, y) ? At(x, y).part : 0; }
+    [[nodiscard]] double Part(int x, int y) const {
+        return Inside(x, y) ? static_cast<double>(At(x, y).part) : 0;
+    }
 
     // Lays a film over what is there.
     void Lay(int x, int y, const Film& film);
