@@ -18,6 +18,8 @@
 
 #include "cloudharbour/CloudHarbour.h"
 #include "cloudharbour/Definition.h"
+#include "glasslagoon/Definition.h"
+#include "glasslagoon/GlassLagoon.h"
 #include "lanternkeeper/Animations.h"
 #include "lanternkeeper/Constants.h"
 #include "lanternkeeper/Definition.h"
@@ -82,6 +84,8 @@ void MakeFolder(const fs::path& folder) {
     WriteLanternKeeper(folder / "chars" / "lanternkeeper");
     WriteStage(folder / "stages", "cloudharbour", scenara::samples::kCloudHarbourDefinition,
                scenara::samples::CloudHarbourArchive());
+    WriteStage(folder / "stages", "glasslagoon", scenara::samples::kGlassLagoonDefinition,
+               scenara::samples::GlassLagoonArchive());
     WriteStage(folder / "stages", "lanternpier", scenara::samples::kLanternPierDefinition,
                scenara::samples::LanternPierArchive());
     WriteStage(folder / "stages", "nightexpress", scenara::samples::kNightExpressDefinition,
@@ -89,6 +93,7 @@ void MakeFolder(const fs::path& folder) {
     WriteStage(folder / "stages", "thousandpanes", scenara::samples::kThousandPanesDefinition,
                scenara::samples::ThousandPanesArchive());
     WriteFile(folder / "sound/harbour.mid", scenara::samples::CloudHarbourMusic());
+    WriteFile(folder / "sound/lagoon.mid", scenara::samples::GlassLagoonMusic());
     WriteFile(folder / "sound/pier.mid", scenara::samples::LanternPierMusic());
     WriteFile(folder / "sound/express.mod", scenara::samples::NightExpressMusic());
     WriteFile(folder / "sound/panes.wav", scenara::samples::ThousandPanesMusic());

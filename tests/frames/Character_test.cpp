@@ -347,6 +347,7 @@ INSTANTIATE_TEST_SUITE_P(
     , RealCharacters,
     testing::Values(
         RealCase{SCENARA_BUNDLED_DATA, "cloudharbour.def", "lanternkeeper/lanternkeeper.def"},
+        RealCase{SCENARA_BUNDLED_DATA, "glasslagoon.def", "lanternkeeper/lanternkeeper.def"},
         RealCase{SCENARA_BUNDLED_DATA, "lanternpier.def", "lanternkeeper/lanternkeeper.def"},
         RealCase{SCENARA_BUNDLED_DATA, "thousandpanes.def", "lanternkeeper/lanternkeeper.def"},
         RealCase{SCENARA_SAMPLE_DATA, "kfm.def", "kfm/kfm.def"},

@@ -22,7 +22,8 @@ public:
                 device,
                 view,
                 mugeDir,
-                [this](const std::string& file) { music = file; }};
+                [this](const std::string& file) { music = file; },
+                &png};
     }
     LoadStageContext Context(Messages& otherMessages, Window& otherWindow) {
         return Context(files, otherMessages, otherWindow);

@@ -153,8 +153,8 @@ TEST_F(ScenaraShotFrames, WrongUseIsExplained) {
 
 // The whole of what an author sees: every stage, with the camera at every edge, without a word.
 TEST_F(ScenaraShotFrames, TheBundledStagesShowEverywhere) {
-    for (const char* stage :
-         {"cloudharbour.def", "lanternpier.def", "nightexpress.def", "thousandpanes.def"}) {
+    for (const char* stage : {"cloudharbour.def", "glasslagoon.def", "lanternpier.def",
+                              "nightexpress.def", "thousandpanes.def"}) {
         std::vector<std::vector<std::uint32_t>> pictures;
         for (const char* keys : {"none:1", "left:200", "right:200", "up:100"}) {
             EXPECT_EQ(Run("--mugen " SCENARA_BUNDLED_DATA " " + std::string(stage) + " --keys " +
@@ -170,8 +170,8 @@ TEST_F(ScenaraShotFrames, TheBundledStagesShowEverywhere) {
 // With debugbg the view is magenta where no element is.
 TEST_F(ScenaraShotFrames, TheBundledStagesCoverTheViewAtEveryBound) {
     const std::string hidden = "debugbg = 0";
-    for (const char* stage :
-         {"cloudharbour.def", "lanternpier.def", "nightexpress.def", "thousandpanes.def"}) {
+    for (const char* stage : {"cloudharbour.def", "glasslagoon.def", "lanternpier.def",
+                              "nightexpress.def", "thousandpanes.def"}) {
         std::string definition = Contents(SCENARA_BUNDLED_DATA "/stages/" + std::string(stage));
         const auto place = definition.find(hidden);
         ASSERT_NE(place, std::string::npos) << stage;
