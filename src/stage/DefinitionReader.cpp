@@ -69,6 +69,9 @@ void DefinitionReader::ReadLine(std::string_view line, std::int64_t number) {
         return;
     }
     keyLine_.Assign(cleaned_);
+    if (options_.Additions) {
+        newer_.NoteLine(keyLine_.Lower(), number);
+    }
     KeyOffer offer(keyLine_, line, lineNumber_, messages_, options_, Given());
     switch (section_) {
         case SectionKind::Element: ReadElementLine(offer); break;
@@ -76,6 +79,13 @@ void DefinitionReader::ReadLine(std::string_view line, std::int64_t number) {
         case SectionKind::CtrlDef: ReadCtrlDefKeys(offer, ctrlDef_.Current()); break;
         case SectionKind::Ctrl: ReadCtrlKeys(offer, ctrl_.Current()); break;
         case SectionKind::Settings: ReadSettingLine(offer); break;
+    }
+}
+
+void DefinitionReader::Finish() {
+    CloseElement();
+    if (options_.Additions) {
+        newer_.Report(messages_);
     }
 }
 
@@ -99,6 +109,9 @@ void DefinitionReader::StartSection(std::string_view header) {
     section_ = options_.Additions ? KindByFirstWord(header) : KindOfSection(header);
     sectionName_ = SectionName(header);
     std::erase(sectionName_, ' ');
+    if (options_.Additions) {
+        newer_.NoteSection(section_, sectionName_, lineNumber_);
+    }
     switch (section_) {
         case SectionKind::Element: StartElement(header); break;
         case SectionKind::Action: StartAction(header); break;

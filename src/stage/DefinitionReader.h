@@ -15,6 +15,7 @@
 #include "base/NotCopied.h"
 #include "platform/Messages.h"
 #include "stage/KeyOffer.h"
+#include "stage/NewerKeys.h"
 #include "stage/ReadKeyValue.h"
 #include "stage/RecordSlot.h"
 #include "stage/SectionHeader.h"
@@ -37,7 +38,7 @@ public:
     void ReadLine(std::string_view line, std::int64_t number);
 
     // To be called after the last line.
-    void Finish() { CloseElement(); }
+    void Finish();
 
     // The sprite archive's name, as the definition gives it.
     [[nodiscard]] const std::string& Spr() const { return spr_; }
@@ -69,6 +70,7 @@ private:
     std::string sectionName_;  // in lower case
     GivenKeys givenSettings_;  // in the whole file
     GivenKeys given_;          // in the section, where it is not one of settings
+    NewerKeys newer_;
 
     RecordSlot<BackgroundElement> element_;
     std::int64_t elementLine_ = 0;  // of its header

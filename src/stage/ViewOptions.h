@@ -36,6 +36,7 @@ inline constexpr std::array kAdditions = {
     Addition{"Full-width blanks", "stage/DefinitionReader.cpp", "BlankFullWidth"},
     Addition{"`name`, `bgmusic`, `spr`", "stage/KeyOffer.cpp", "Text"},
     Addition{"Settings of one section", "stage/StageKeys.cpp", "ReadKeysOfSection"},
+    Addition{"What newer engines alone read", "stage/DefinitionReader.cpp", "newer_"},
     Addition{"Unknown kinds of element", "stage/ElementKind.h", "KindOf"},
     Addition{"`actionno`", "stage/FinishElements.cpp", "TakesAction"},
     Addition{"Fractions", "stage/StageKeys.cpp", "ReadFraction"},
