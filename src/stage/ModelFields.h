@@ -89,6 +89,8 @@ void ForEachField(Record& element, auto&& visit) {
     visit("swingTick", element.swingTick);
     visit("startFraction", element.startFraction);
     visit("motion", element.motion);
+    visit("scaleStart", element.scaleStart);
+    visit("scaleDelta", element.scaleDelta);
 }
 
 template <RecordOf<SpriteEntry> Record>

@@ -65,6 +65,8 @@ void ReadMoreElementKeys(KeyOffer& line, BackgroundElement& element) {
     line.Values("windowdelta", element.windowDeltaX, element.windowDeltaY);
     line.Whole("yscalestart", element.yscaleStart);
     line.Whole("yscaledelta", element.yscaleDelta);
+    line.Values("scalestart", element.scaleStart[0], element.scaleStart[1]);
+    line.Values("scaledelta", element.scaleDelta[0], element.scaleDelta[1]);
 }
 
 // Addition: what a whole number, just read, leaves of the file's value. Nothing where the value is

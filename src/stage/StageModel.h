@@ -110,6 +110,8 @@ struct alignas(kCacheLine) BackgroundElement {
     Single windowDeltaY = 0;
     Single yscaleStart = 100;  // parallax: at the ground view it is 100 / yscaleStart as tall
     Single yscaleDelta = 0;    // and per unit of the camera's height
+    std::array<Single, 2> scaleStart{1.0F, 1.0F};  // of its picture, with the camera at 0
+    std::array<Single, 2> scaleDelta{};            // and per unit that it moves with the camera
 
     // As the file has it, not the parent's; no part of a stage as written out.
     std::array<Single, 2> deltaRead{1.0F, 1.0F};
