@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <span>
 
+#include "render/ElementScale.h"
 #include "render/ElementTiles.h"
 #include "render/TexelLock.h"
 #include "render/TiledPictures.h"
@@ -96,9 +97,15 @@ Long StripLines(const StageModel& model, const ViewOptions& options, const View&
             }
             const ElementTiles tiles(model, shown, picture, options.Additions);
             const double detail = view.detail * space.hires;
+            // Where it changes with the camera, as it is at first.
+            const ElementScale own = ScaleOf(shown, space, 0, 0);
+            if (own.x == 0 || own.y == 0) {
+                return;
+            }
             const double across =
-                most(tiles.across, std::fabs(space.scaleX) * detail, canvas.width);
-            const double down = most(tiles.down, std::fabs(space.scaleY) * detail, canvas.height);
+                most(tiles.across, std::fabs(space.scaleX * own.x) * detail, canvas.width);
+            const double down =
+                most(tiles.down, std::fabs(space.scaleY * own.y) * detail, canvas.height);
             const bool rows = shown.kind == ElementKind::Parallax;
             if (rows ? IsStripCheaper(across, 1) : IsStripCheaper(across * down, canvas.height)) {
                 lines = std::max(lines, rows ? Long{1} : Long{sprite.height});

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <utility>
 
+#include "render/ElementScale.h"
 #include "stage/ElementStart.h"
 #include "stage/ModelLookup.h"
 #include "stage/StageSpace.h"
@@ -103,14 +104,15 @@ void PlaceOnCanvas(PlacedPicture& picture, const StageModel& model,
     const double cameraX = -static_cast<double>(options.camera.x);
     const auto cameraY = static_cast<double>(options.camera.y);
     const double detail = options.view.detail;
+    const ElementScale own = ScaleOf(element, space, cameraX, cameraY);
     const CanvasAxis across{
         detail *
             (options.view.Centre() + space.hires * ((start.x + moved.x) * space.scaleX -
                                                     cameraX * static_cast<double>(element.deltaX))),
-        detail * space.hires * space.scaleX};
+        detail * space.hires * space.scaleX * own.x};
     const CanvasAxis down{detail * (space.hires * ((start.y + moved.y) * space.scaleY -
                                                    cameraY * static_cast<double>(element.deltaY))),
-                          detail * space.hires * space.scaleY};
+                          detail * space.hires * space.scaleY * own.y};
     const SpriteEntry& sprite = RecordAt(model.Sprites, picture.slot, "sprite");
     if (across.Mirrors()) {
         Mirror(picture.fromAxisX, sprite.width, picture.mirrored);
@@ -157,7 +159,7 @@ std::optional<PlacedPicture> PlaceElement(const StageModel& model, const Backgro
     } else {
         PlacePlainly(picture, element);
     }
-    if (!IsNear(picture)) {
+    if (!IsNear(picture) || picture.scaleX == 0 || picture.scaleY == 0) {
         placed.reset();
     }
     return placed;

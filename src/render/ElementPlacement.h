@@ -32,7 +32,7 @@ struct PlacedPicture : ElementPicture {
     double axisY = 0;
     double scaleX = 1;  // canvas pixels to a pixel of the picture, above 0
     double scaleY = 1;
-    bool turnedOver = false;  // the stage is upside down, beside what the frame is
+    bool turnedOver = false;  // its scale is below 0 down, beside what the frame is
 };
 
 // Positions beyond this are nowhere near the view, and no sum with a size leaves 32 bits.
@@ -46,8 +46,8 @@ inline constexpr Single kFarthest = 1073741824.0F;
 // the archive.
 //
 // Addition: a mirrored frame is mirrored about its axis, so that the axis stays where it was, and
-// upside down, too, where the flip says so; so is every picture of a stage that is mirrored as a
-// whole. Without additions it stands where the frame would stand unmirrored, and only left and
+// upside down, too, where the flip says so; so is a picture whose scale, the stage's included, is
+// below 0. Without additions it stands where the frame would stand unmirrored, and only left and
 // right change sides.
 //
 // Raises "Subscript out of range" when the element's action, frame or sprite is not in its table.
@@ -55,7 +55,7 @@ inline constexpr Single kFarthest = 1073741824.0F;
                                                       const BackgroundElement& element,
                                                       bool additions);
 
-// Nothing, too, for one that has drifted beyond kFarthest.
+// Nothing, too, for one that has drifted beyond kFarthest, or whose scale is 0.
 [[nodiscard]] std::optional<PlacedPicture> PlaceElement(const StageModel& model,
                                                         const BackgroundElement& element,
                                                         const DrawOptions& options);

@@ -11,6 +11,7 @@
 
 #include "render/DrawOptions.h"
 #include "render/ElementPlacement.h"
+#include "render/ElementScale.h"
 #include "render/Motion.h"
 #include "stage/ModelLookup.h"
 #include "stage/StageSpace.h"
@@ -61,7 +62,8 @@ std::vector<bool> AreControlled(const StageModel& model) {
 
 bool Stays(const BackgroundElement& element) {
     return element.kind == ElementKind::Still && !ShowsFrames(element) && element.tileX == 0 &&
-           element.tileY == 0 && !Drifts(element) && !Swings(element) && element.linkParent == -1;
+           element.tileY == 0 && !Drifts(element) && !Swings(element) && element.linkParent == -1 &&
+           !ScalesWithCamera(element);
 }
 
 }  // namespace

@@ -50,6 +50,7 @@ inline constexpr std::array kAdditions = {
     Addition{"`windowdelta`", "render/ElementWindow.cpp", "windowDelta"},
     Addition{"`parallax`", "render/ElementPieces.cpp", "RowPlace"},
     Addition{"`yscalestart`, `yscaledelta`", "render/ParallaxRows.cpp", "RowStretch"},
+    Addition{"`scalestart`, `scaledelta`", "render/ElementScale.cpp", "ScaleOf"},
     Addition{"Deform", "app/MenuTree.cpp", "Plainly"},
     Addition{"Where no element is", "render/TileEngine.cpp", "ClearPicture"},
     Addition{"`hires`, `localcoord`, scale", "stage/StageSpace.cpp", "ViewOf"},

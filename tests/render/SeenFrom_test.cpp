@@ -50,6 +50,13 @@ public:
             element.deltaX = Delta();
             element.deltaY = Delta();
             element.deltaRead = {element.deltaX, element.deltaY};
+            if (Between(0, 2) == 0) {
+                element.scaleStart = {static_cast<Single>(Between(-300, 300)) / 100,
+                                      static_cast<Single>(Between(-300, 300)) / 100};
+            }
+            if (Between(0, 9) == 0) {
+                element.scaleDelta = {static_cast<Single>(Between(-30, 30)) / 1000, 0};
+            }
             model.Elements.push_back(element);
         }
         model.ElementCount = 8;

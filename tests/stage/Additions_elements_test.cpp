@@ -385,6 +385,18 @@ TEST(AdditionsElements, YScalesAre100And0UnlessGiven) {
     EXPECT_EQ(read.PlainElement().yscaleDelta, 0);
 }
 
+TEST(AdditionsElements, ScalesAre1And0UnlessGiven) {
+    const BothReadings without("[BG]\r\ntype = normal\r\n");
+    EXPECT_THAT(without.WithElement().scaleStart, ElementsAre(1, 1));
+    EXPECT_THAT(without.WithElement().scaleDelta, ElementsAre(0, 0));
+    const BothReadings read("[BG]\r\ntype = normal\r\nscalestart = 2, -.5\r\nscaledelta = .01\r\n");
+    EXPECT_THAT(read.WithElement().scaleStart, ElementsAre(2, -0.5F));
+    EXPECT_THAT(read.WithElement().scaleDelta, ElementsAre(0.01F, 0));
+    EXPECT_THAT(read.WithTexts(), IsEmpty());
+    EXPECT_THAT(read.PlainElement().scaleStart, ElementsAre(1, 1));
+    EXPECT_THAT(read.PlainElement().scaleDelta, ElementsAre(0, 0));
+}
+
 // --- frame lines ---
 
 BothReadings FrameLine(const std::string& line) {

@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+//
+// ElementScale, an addition: how large an element's picture is drawn, beside the detail and the
+// scale of its stage.
+#pragma once
+
+#include "stage/StageModel.h"
+#include "stage/StageSpace.h"
+
+namespace scenara {
+
+// Along each axis, of which below 0 mirrors the picture about its axis point and 0 hides it.
+struct ElementScale {
+    double x = 1;
+    double y = 1;
+};
+
+// scalestart + scaledelta * camera * delta / the stage's own scale, along each axis, kept within
+// -1024 to 1024; of MUGEN 1.1, and in newer engines with the delta as a factor. `cameraX` and
+// `cameraY` in stage units, as they are multiplied with delta.
+[[nodiscard]] ElementScale ScaleOf(const BackgroundElement& element, const StageSpace& space,
+                                   double cameraX, double cameraY);
+
+// Whether it changes with the camera.
+[[nodiscard]] inline bool ScalesWithCamera(const BackgroundElement& element) {
+    return element.scaleDelta[0] != 0 || element.scaleDelta[1] != 0;
+}
+
+}  // namespace scenara
