@@ -48,19 +48,19 @@ TEST(AgreesWithProgram, RandomStagesWithAdditions) {
 }
 
 TEST(AgreesWithProgram, PicturesWithAlphaPlain) {
-    CompareMany(Rounds(1000), [](std::uint32_t seed) {
+    CompareMany(Rounds(400), [](std::uint32_t seed) {
         return Compare(seed, MakeRandomAlphaStage(seed, RandomFor::Plain), kPlainView);
     });
 }
 
 TEST(AgreesWithProgram, PicturesWithAlpha) {
-    CompareMany(Rounds(1000), [](std::uint32_t seed) {
+    CompareMany(Rounds(400), [](std::uint32_t seed) {
         return Compare(seed, MakeRandomAlphaStage(seed, RandomFor::Additions), {true});
     });
 }
 
 TEST(AgreesWithProgram, PicturesWithAlphaSmooth) {
-    CompareMany(Rounds(500), [](std::uint32_t seed) {
+    CompareMany(Rounds(250), [](std::uint32_t seed) {
         return Compare(seed, MakeRandomAlphaStage(seed, RandomFor::Additions, true), {true, true});
     });
 }

@@ -8,9 +8,9 @@
 // that is given back as the last one made (a picture that failed to decode) costs nothing. At most
 // kKeptBytes are held without a texture in them; what is beyond goes back to the system.
 //
-// Pages come in small ones, so that a small stage takes what it needs and no more, and in large ones
-// where that wastes little: inside a big picture, while more pictures are expected that will fill
-// one, and for all once kLargePagesFrom bytes are in use.
+// Pages come in small ones, so that a small stage takes what it needs and no more, and in large
+// ones where that wastes little: inside a big picture, while more pictures are expected that will
+// fill one, and for all once kLargePagesFrom bytes are in use.
 //
 // Bringing pages in takes longer than all else. A piece that is filled by another thread can leave
 // that to it.
