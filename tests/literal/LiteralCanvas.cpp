@@ -101,7 +101,13 @@ struct LiteralStage::Tiling {
 };
 
 void LiteralStage::DrawOnCanvas(const Element& element, Shown& shown) {
+    const std::array<double, 2> pixels = {PixelOf(element, 0), PixelOf(element, 1)};
+    if (pixels[0] == 0 || pixels[1] == 0) {
+        return;
+    }
     shown.window = CanvasWindow(*element.file);
+    shown.mixesTexels =
+        rules_.mixesTexels && (std::abs(pixels[0]) != 1 || std::abs(pixels[1]) != 1);
     if (element.parallax) {
         DrawRows(element, shown);
         return;
@@ -109,7 +115,7 @@ void LiteralStage::DrawOnCanvas(const Element& element, Shown& shown) {
     std::array<std::vector<Span>, 2> copies;
     std::array<bool, 2> mirrored{};
     for (std::size_t axis = 0; axis < 2; ++axis) {
-        const double pixel = space_.PixelSize(axis);
+        const double pixel = pixels[axis];
         const Reach reach = ReachOf(shown, axis, AxisPlace(element, axis), pixel);
         const int size = axis == 0 ? shown.image->width : shown.image->height;
         copies[axis] = Copies(reach, TilingOf(*element.file, axis, size), std::abs(pixel), axis);
@@ -129,6 +135,14 @@ double LiteralStage::AxisPlace(const Element& element, std::size_t axis) const {
     const double seen = seenFrom_[axis] * Wide(element.delta[axis]);
     return space_.detail *
            (middle + space_.half * ((element.start[axis] + moved) * space_.scale[axis] - seen));
+}
+
+// Of its picture. It scales itself, and a linked one changes by the camera as its parent moves.
+double LiteralStage::PixelOf(const Element& element, std::size_t axis) const {
+    const double changed = Wide(element.file->scaleDelta[axis]) * seenFrom_[axis] *
+                           Wide(element.delta[axis]) / space_.scale[axis];
+    const double scale = Wide(element.file->scaleStart[axis]) + changed;
+    return space_.PixelSize(axis) * std::min(std::max(scale, -1024.0), 1024.0);
 }
 
 // A picture is mirrored about its axis, first by its frame, then by a pixel size below 0.
@@ -210,7 +224,7 @@ std::vector<LiteralStage::Span> LiteralStage::Copies(const Reach& reach, const T
     return copies;
 }
 
-// How many rows a row of a parallax picture takes, but for the stage's scale.
+// How many rows a row of a parallax picture takes, but for the stage's scale and the element's own.
 double LiteralStage::Stretch(const BackgroundElement& element) const {
     const double shrunk =
         Wide(element.yscaleStart) / 100 + Wide(element.yscaleDelta) / 100 * seenFrom_[1];
@@ -225,8 +239,8 @@ void LiteralStage::DrawRows(const Element& element, const Shown& shown) {
     const bool given = file.xscaleTop != 0 || file.xscaleBottom != 0;
     const double top = file.xscaleTop == 0 ? 1 : Wide(file.xscaleTop);
     const double bottom = Wide(file.xscaleBottom);
-    const double across = space_.PixelSize(0);
-    const double down = space_.PixelSize(1) * Stretch(file);
+    const double across = PixelOf(element, 0);
+    const double down = PixelOf(element, 1) * Stretch(file);
     const double middle = space_.detail * (space_.width / 2.0);
     const double placeX = AxisPlace(element, 0);
     const int above = shown.mirrored[1] ? image.height - image.axisY : image.axisY;
@@ -265,11 +279,6 @@ LiteralStage::Window LiteralStage::CanvasWindow(const BackgroundElement& element
     return window;
 }
 
-bool LiteralStage::MixesTexels() const {
-    const bool scaled = std::abs(space_.PixelSize(0)) != 1 || std::abs(space_.PixelSize(1)) != 1;
-    return rules_.mixesTexels && scaled;
-}
-
 void LiteralStage::DrawQuad(const Shown& shown, const Span& columns, const Span& rows,
                             const Span& texelRows, const std::array<bool, 2>& mirrored) {
     const Image& image = *shown.image;
@@ -277,7 +286,6 @@ void LiteralStage::DrawQuad(const Shown& shown, const Span& columns, const Span&
                    std::min(columns.end, shown.window.columns.end)};
     const Span inY{std::max(rows.begin, shown.window.rows.begin),
                    std::min(rows.end, shown.window.rows.end)};
-    const bool mixes = MixesTexels();
     const auto column = [&](std::int64_t texel) {
         return mirrored[0] ? image.width - 1 - texel : texel;
     };
@@ -289,7 +297,7 @@ void LiteralStage::DrawQuad(const Shown& shown, const Span& columns, const Span&
                          texelRows.end - texelRows.begin};
         for (std::int64_t x = inX.begin; x < inX.end; ++x) {
             const Place across{x - columns.begin, columns.end - columns.begin, 0, image.width};
-            if (!mixes) {
+            if (!shown.mixesTexels) {
                 Put(x, y, image.At(column(NearestTexel(across)), row(NearestTexel(down))), shown);
                 continue;
             }

@@ -153,6 +153,7 @@ private:
         bool masked = false;             // each pixel counts as much as its alpha says
         Blending blending;
         Window window;
+        bool mixesTexels = false;  // drawn at another size than its own, and so that they are mixed
 
         [[nodiscard]] bool CountsAlpha() const {
             return masked || blending.kind != BlendKind::None;
@@ -205,6 +206,8 @@ private:
     void DrawOnCanvas(const Element& element, Shown& shown);
     void DrawRows(const Element& element, const Shown& shown);
     [[nodiscard]] double AxisPlace(const Element& element, std::size_t axis) const;
+    // Canvas pixels of a pixel of its picture; below 0 it is mirrored.
+    [[nodiscard]] double PixelOf(const Element& element, std::size_t axis) const;
     [[nodiscard]] Reach ReachOf(const Shown& shown, std::size_t axis, double place,
                                 double pixel) const;
     [[nodiscard]] Tiling TilingOf(const BackgroundElement& element, std::size_t axis,
@@ -217,8 +220,6 @@ private:
     // the picture as it is mirrored.
     void DrawQuad(const Shown& shown, const Span& columns, const Span& rows, const Span& texelRows,
                   const std::array<bool, 2>& mirrored);
-    // Whether pictures are drawn at another size than their own, and so that texels are mixed.
-    [[nodiscard]] bool MixesTexels() const;
 
     const StageModel& model_;
     LiteralRules rules_;

@@ -9,6 +9,7 @@
 
 #include "frames/PaintedStage.h"
 #include "literal/Comparison.h"
+#include "literal/OwnScaleRows.h"
 #include "literal/PlaceRows.h"
 #include "literal/ProgramCanvas.h"
 #include "literal/SolidPictures.h"
@@ -42,6 +43,7 @@ TEST_P(PlaceFormulas, OfTheLongWay) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Place, PlaceFormulas, testing::ValuesIn(kPlaceRows));
+INSTANTIATE_TEST_SUITE_P(OwnScale, PlaceFormulas, testing::ValuesIn(kOwnScaleRows));
 
 }  // namespace
 }  // namespace scenara::test

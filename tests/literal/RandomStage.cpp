@@ -69,8 +69,13 @@ private:
     [[nodiscard]] std::string Scale();
     void Element(int index);
     void ElementMotion();
-    void Tiles(bool animated);
-    void TilesOfAlphas(bool animated);
+    // Whether it has any.
+    bool Tiles(bool animated);
+    bool TilesOfAlphas(bool animated);
+    void OwnScale(bool tiled);
+    [[nodiscard]] std::string ScaleOfTiles();
+    [[nodiscard]] std::string ScaleOfOne();
+    [[nodiscard]] std::string ScalePerUnit();
     void Blend();
     void Action(int number);
     void Group(int index);
@@ -159,11 +164,11 @@ void Writer::Settings() {
     }
 }
 
-void Writer::Tiles(bool animated) {
+bool Writer::Tiles(bool animated) {
     static constexpr std::array kCounts = {"0", "1", "1",  "2",       "3",
                                            "5", "9", "40", "1000000", "-2"};
     if (!OneIn(3)) {
-        return;
+        return false;
     }
     const std::string across = OneOf(kCounts);
     const std::string down = OneIn(4) ? "" : OneOf(kCounts);
@@ -180,14 +185,15 @@ void Writer::Tiles(bool animated) {
         }
         Line("tilespacing", spacings[0] + (OneIn(6) ? "" : ", " + spacings[1]));
     }
+    return true;
 }
 
 // Upon one another, in one direction, where there is an end of them or they are not mixed. Of those
 // that are less than a pixel of the canvas apart the program leaves some out.
-void Writer::TilesOfAlphas(bool animated) {
+bool Writer::TilesOfAlphas(bool animated) {
     static constexpr std::array kCounts = {"0", "1", "1", "2", "3", "5", "9"};
     if (OneIn(3)) {
-        return;
+        return false;
     }
     std::array<std::string, 2> counts = {OneOf(kCounts), OneOf(kCounts)};
     std::array<std::string, 2> spacings;
@@ -201,6 +207,39 @@ void Writer::TilesOfAlphas(bool animated) {
     }
     Line("tile", counts[0] + ", " + counts[1]);
     Line("tilespacing", spacings[0] + ", " + spacings[1]);
+    return true;
+}
+
+// Pictures that are mixed are not brought closer together than they are.
+std::string Writer::ScaleOfTiles() {
+    static constexpr std::array kScales = {".25", ".5", ".75", "0.3333333", "1.1"};
+    const std::string sign = OneIn(4) ? "-" : "";
+    return sign + (pictures_ == Pictures::WithHoles && OneIn(2) ? OneOf(kScales) : Fraction(1, 3));
+}
+
+std::string Writer::ScaleOfOne() {
+    static constexpr std::array kOdd = {"0", ".003", "-.02", "90", "-2000", "1000000"};
+    return OneIn(15) ? OneOf(kOdd) : Fraction(-2, 3);
+}
+
+// The camera goes on for a hundred of them.
+std::string Writer::ScalePerUnit() {
+    if (OneIn(8)) {
+        return Fraction(-2, 2);
+    }
+    return (OneIn(2) ? "-" : "") + std::string(".0") + std::to_string(Whole(0, 99));
+}
+
+// Tiles have no scale that changes: it comes so close to 0 that there is no end of them.
+void Writer::OwnScale(bool tiled) {
+    const bool changes = !tiled && OneIn(2);
+    if (!changes || OneIn(2)) {
+        const auto scale = [&] { return tiled ? ScaleOfTiles() : ScaleOfOne(); };
+        Line("scalestart", scale() + (OneIn(6) ? "" : ", " + scale()));
+    }
+    if (changes) {
+        Line("scaledelta", ScalePerUnit() + (OneIn(4) ? "" : ", " + ScalePerUnit()));
+    }
 }
 
 void Writer::ElementMotion() {
@@ -279,7 +318,10 @@ void Writer::Element(int index) {
         Line("yscaledelta", Fraction(-2, 2));
     }
     const bool animated = type == "anim" || type == "ani" || type == "Anim";
-    pictures_ == Pictures::WithHoles ? Tiles(animated) : TilesOfAlphas(animated);
+    const bool tiled = pictures_ == Pictures::WithHoles ? Tiles(animated) : TilesOfAlphas(animated);
+    if (mode_ == RandomFor::Additions && OneIn(3)) {
+        OwnScale(tiled);
+    }
     ElementMotion();
     Blend();
 }
