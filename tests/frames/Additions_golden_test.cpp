@@ -168,14 +168,14 @@ const AdditionCase kCases[] = {
     // With the camera 40 to the right and 20 up: an arrow of twice its size, one mirrored and half
     // as tall, one that grows with the camera, tiles of half their size, and a floor that is wider.
     {"scale", 1, "",
-     "startx = 40\nstarty = -20\n"
+     "[Camera]\nstartx = 40\nstarty = -20\n"
      "[BG]\ntype = parallax\nspriteno = 3,0\nstart = 0,150\ndelta = 1,1\nxscale = 1,2\n"
      "scalestart = 1.5,1\n"
-     "[BG]\ntype = normal\nspriteno = 1,0\nstart = -110,40\ndelta = 0,0\nmask = 1\n"
+     "[BG]\ntype = normal\nspriteno = 1,0\nstart = -100,70\ndelta = 0,0\nmask = 1\n"
      "scalestart = 2,2\n"
-     "[BG]\ntype = normal\nspriteno = 1,0\nstart = 0,40\ndelta = 0,0\nmask = 1\n"
+     "[BG]\ntype = normal\nspriteno = 1,0\nstart = 0,60\ndelta = 0,0\nmask = 1\n"
      "scalestart = -2,.5\n"
-     "[BG]\ntype = normal\nspriteno = 1,0\nstart = 130,40\ndelta = 1,1\nmask = 1\n"
+     "[BG]\ntype = normal\nspriteno = 1,0\nstart = 130,60\ndelta = 1,1\nmask = 1\n"
      "scaledelta = .05,-.1\n"
      "[BG]\ntype = normal\nspriteno = 1,0\nstart = -150,110\ndelta = 0,0\ntile = 6,2\n"
      "tilespacing = 8,4\nmask = 1\nscalestart = .5,.5\n"},

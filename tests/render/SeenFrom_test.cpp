@@ -50,11 +50,11 @@ public:
             element.deltaX = Delta();
             element.deltaY = Delta();
             element.deltaRead = {element.deltaX, element.deltaY};
-            if (Between(0, 2) == 0) {
+            if (i > 0 && Between(0, 2) == 0) {
                 element.scaleStart = {static_cast<Single>(Between(-300, 300)) / 100,
                                       static_cast<Single>(Between(-300, 300)) / 100};
             }
-            if (Between(0, 9) == 0) {
+            if (i > 0 && Between(0, 9) == 0) {
                 element.scaleDelta = {static_cast<Single>(Between(-30, 30)) / 1000, 0};
             }
             model.Elements.push_back(element);
@@ -126,6 +126,7 @@ const std::vector<MovedElement> kMoved{
          action.frames.resize(1);
          model.Actions.assign(1, action);
      }},
+    {"AScaleThatChanges", [](StageModel& model) { model.Elements.front().scaleDelta[0] = 0.01F; }},
     {"Rows", [](StageModel& model) { model.Elements.front().type = "parallax"; }},
     {"AController",
      [](StageModel& model) {
