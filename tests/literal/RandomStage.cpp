@@ -71,7 +71,7 @@ private:
     void ElementMotion();
     // Whether it has any.
     bool Tiles(bool animated);
-    bool TilesOfAlphas(bool animated);
+    bool TilesOfAlphas(bool animated, bool scaled);
     void OwnScale(bool tiled);
     [[nodiscard]] std::string ScaleOfTiles();
     [[nodiscard]] std::string ScaleOfOne();
@@ -189,8 +189,9 @@ bool Writer::Tiles(bool animated) {
 }
 
 // Upon one another, in one direction, where there is an end of them or they are not mixed. Of those
-// that are less than a pixel of the canvas apart the program leaves some out.
-bool Writer::TilesOfAlphas(bool animated) {
+// that are less than a pixel of the canvas apart the program leaves some out, and of many that are
+// large.
+bool Writer::TilesOfAlphas(bool animated, bool scaled) {
     static constexpr std::array kCounts = {"0", "1", "1", "2", "3", "5", "9"};
     if (OneIn(3)) {
         return false;
@@ -201,8 +202,8 @@ bool Writer::TilesOfAlphas(bool animated) {
     for (std::size_t axis = 0; axis < 2; ++axis) {
         const bool apart = (axis == 0) != tight ||
                            (counts[axis] == "1" && pictures_ == Pictures::WithAlphasSmooth);
-        const int closest = animated ? 2 : -60;
-        const int least = apart ? 20 : shrinks_ ? 7 : closest;
+        const int closest = scaled ? 20 : animated ? 2 : -60;
+        const int least = apart ? 20 : shrinks_ && !scaled ? 7 : closest;
         spacings[axis] = std::to_string(Whole(least, apart ? 150 : 30));
     }
     Line("tile", counts[0] + ", " + counts[1]);
@@ -318,8 +319,10 @@ void Writer::Element(int index) {
         Line("yscaledelta", Fraction(-2, 2));
     }
     const bool animated = type == "anim" || type == "ani" || type == "Anim";
-    const bool tiled = pictures_ == Pictures::WithHoles ? Tiles(animated) : TilesOfAlphas(animated);
-    if (mode_ == RandomFor::Additions && OneIn(3)) {
+    const bool scaled = mode_ == RandomFor::Additions && OneIn(3);
+    const bool tiled =
+        pictures_ == Pictures::WithHoles ? Tiles(animated) : TilesOfAlphas(animated, scaled);
+    if (scaled) {
         OwnScale(tiled);
     }
     ElementMotion();
