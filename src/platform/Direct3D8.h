@@ -164,12 +164,12 @@ public:
     virtual LockedPixels LockRect() = 0;
     virtual void UnlockRect() = 0;
 
+    // The same for somebody who only reads: what was prepared for drawing stays as it is.
+    virtual LockedPixels LockRectToRead() { return LockRect(); }
+
     // While it is locked for the first time, on the thread that writes it: its memory is brought
     // in, if that was left to the writer. Raises RunTimeError "Out of memory".
     virtual void BringIn() {}
-
-    // The same for somebody who only reads: what was prepared for drawing stays as it is.
-    virtual LockedPixels LockRectToRead() { return LockRect(); }
 
     // It is about to be drawn with its transparent pixels left out: a device that can make that
     // cheap by preparing something does so now, out of the frame. Without this call it is drawn all

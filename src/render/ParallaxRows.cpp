@@ -22,10 +22,9 @@ double RowSpeed(const BackgroundElement& element, std::int64_t row, std::int64_t
 double RowStretch(const BackgroundElement& element, Single cameraY, double scale) {
     constexpr double kMost = 16;
     const double shrunk =
-        (static_cast<double>(element.yscaleStart) +
-         static_cast<double>(element.yscaleDelta) * static_cast<double>(cameraY)) /
-        100;
-    return scale / std::clamp(shrunk, 1 / kMost, kMost);
+        static_cast<double>(element.yscaleStart) / 100 +
+        static_cast<double>(element.yscaleDelta) / 100 * static_cast<double>(cameraY);
+    return scale * (1 / std::clamp(shrunk, 1 / kMost, kMost));
 }
 
 std::int64_t StretchedRows::From(std::int64_t row) const {

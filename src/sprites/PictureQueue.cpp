@@ -26,6 +26,9 @@ constexpr std::uint64_t kMostLostBytes = std::uint64_t{64} << 20U;
 class PictureQueue::Team : NotCopied {
 public:
     explicit Team(unsigned helpers) {
+        // What a helper does must not fail, nor what begins one while others run.
+        threads_.reserve(helpers);
+        decoding_.reserve(helpers + 1);
         try {
             for (unsigned i = 0; i < helpers; ++i) {
                 threads_.emplace_back([this] { Help(); });

@@ -144,7 +144,7 @@ public:
     [[nodiscard]] virtual bool Finish(std::unique_ptr<PictureLoad> load, std::size_t shownBy,
                                       SpritePicture& picture) = 0;
 
-    // Colour 0 of the palette that is the archive's first, ARGB; black where there is none. After
+    // Colour 0 of the palette of the archive's first sprite, ARGB; black where there is none. After
     // the walk.
     [[nodiscard]] virtual std::uint32_t FirstColor() = 0;
 };

@@ -8,7 +8,7 @@
 namespace scenara {
 namespace {
 
-std::string HeadedText(std::string_view what, Long group, Integer image) {
+std::string HeadedText(std::string_view what, Long group, Long image) {
     std::string text(what);
     text.append(":  Group ").append(std::to_string(group));
     text.append(" Image ").append(std::to_string(image));
@@ -21,12 +21,12 @@ std::string DamagedSpriteText(Long group, Integer image) {
     return HeadedText("PCX Error", group, image) + "Skipping sprite..";
 }
 
-std::string BadLinkText(Long group, Integer image, Long link) {
+std::string BadLinkText(Long group, Long image, Long link) {
     return HeadedText("Link Error", group, image) + "There is no sprite " + std::to_string(link) +
            " before it.  Skipping sprite..";
 }
 
-void SaySprite(Messages& messages, MessageKind kind, Long group, Integer image,
+void SaySprite(Messages& messages, MessageKind kind, Long group, Long image,
                std::string_view what) {
     messages.MsgBox(kind, HeadedText("SFF Error", group, image).append(what));
 }

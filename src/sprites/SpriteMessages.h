@@ -14,11 +14,10 @@ namespace scenara {
 // A sprite whose picture is damaged, and one that is linked to none before it; the load goes on
 // without them.
 [[nodiscard]] std::string DamagedSpriteText(Long group, Integer image);
-[[nodiscard]] std::string BadLinkText(Long group, Integer image, Long link);
+[[nodiscard]] std::string BadLinkText(Long group, Long image, Long link);
 
 // What is wrong with one sprite, whose numbers these are.
-void SaySprite(Messages& messages, MessageKind kind, Long group, Integer image,
-               std::string_view what);
+void SaySprite(Messages& messages, MessageKind kind, Long group, Long image, std::string_view what);
 
 // What is wrong with the archive as a whole.
 void SayArchiveError(Messages& messages, MessageKind kind, const std::string& name,

@@ -61,7 +61,8 @@ public:
                     "Overflow: more than " + std::to_string(kMaxRecords) + " sprites.");
                 return;
             }
-            if (LoadSprite(place, pictures)) {
+            // Addition: also where one is left out, for there may be thousands of these.
+            if (LoadSprite(place, pictures) || source_.options.Additions) {
                 window_.DoEvents();
             }
         }

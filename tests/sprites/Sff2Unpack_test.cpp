@@ -11,6 +11,7 @@
 
 #include "sprites/LiteralUnpack.h"
 #include "sprites/RandomPacked.h"
+#include "sprites/version2/Sff2Count.h"
 #include "support/Rounds.h"
 
 namespace scenara {
@@ -52,6 +53,9 @@ bool Makes(Sff2Packing packing, std::span<const std::byte> packed, std::size_t w
     EXPECT_TRUE(std::ranges::all_of(words.last(kGuards), isGuard)) << "written behind";
     EXPECT_EQ(result.written, expected.size());
     EXPECT_EQ(result.damaged, damaged);
+    const Sff2Unpacked counted = CountSff2(packing, input, wanted);
+    EXPECT_EQ(counted.written, result.written) << "counted";
+    EXPECT_EQ(counted.damaged, damaged) << "counted";
     const auto isColorOf = [](std::uint32_t word, std::uint8_t index) {
         return word == colors[index];
     };

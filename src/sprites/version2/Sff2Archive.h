@@ -4,8 +4,8 @@
 //
 // A linked sprite shows the picture of one before it, with an axis of its own, and in the colours
 // of its own palette. So one whose colours are others is a picture of its own here, made from the
-// same data; only those that share colours, too, are linked. The same holds for sprites that share
-// their data without a link.
+// same data; only those that share colours, too, are linked. Images above 32767 cannot be named by
+// stages and frames, and are left out, which is said.
 #pragma once
 
 #include <cstddef>
@@ -14,7 +14,9 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <set>
 #include <tuple>
+#include <utility>
 #include <vector>
 
 #include "sprites/SpriteArchive.h"
@@ -51,13 +53,18 @@ private:
     struct Entry {
         Sff2SpriteNode node;  // of its data; of its own numbers only link and palette count
         ArchiveSprite sprite;
+        std::uint16_t image = 0;     // its own, of which the sprite has what can be named
         std::uint32_t link = kNone;  // the place that it is linked to
         bool broken = false;         // it is linked to none
+        bool isFirst = false;        // of those that show the same data
     };
-    // Where the data of a picture stand, what they are, and whose colours they take.
-    using Shown = std::tuple<std::uint32_t, std::uint32_t, bool, Sff2Coding, std::uint8_t,
-                             std::uint32_t, std::uint32_t>;
+    // Where the data of a picture stand, and what they are.
+    using Data =
+        std::tuple<std::uint32_t, std::uint32_t, bool, Sff2Coding, std::uint8_t, std::uint32_t>;
+    // And whose colours they take.
+    using Shown = std::pair<Data, std::uint32_t>;
 
+    [[nodiscard]] static Data DataOf(const Sff2SpriteNode& node);
     [[nodiscard]] Shown ShownAt(const Sff2SpriteNode& node) const;
 
     ArchiveSource source_;
@@ -68,7 +75,8 @@ private:
     Sff2Pictures pictures_;
     std::vector<Entry> entries_;
     std::map<Shown, std::uint32_t> first_;  // the first place of each
-    std::exception_ptr walkFailure_;        // of the disk
+    std::set<Data> known_;
+    std::exception_ptr walkFailure_;  // of the disk
     bool ended_ = false;
 };
 

@@ -7,6 +7,8 @@
 #include <span>
 #include <utility>
 
+#include "base/RunTimeError.h"
+
 namespace scenara {
 namespace {
 
@@ -49,6 +51,15 @@ Sff2Palette& Sff2Palettes::ColorsOf(std::uint16_t number) {
     return known_[place->second];
 }
 
+// A disk that fails costs the colours, not the archive.
+std::size_t Sff2Palettes::ReadWhatIsThere(std::uint64_t start, std::span<std::byte> bytes) {
+    try {
+        return archive_.ReadAt(start, bytes);
+    } catch (const RunTimeError&) {
+        return 0;
+    }
+}
+
 Sff2Palette Sff2Palettes::Read(std::uint16_t number) {
     Sff2Palette palette;
     palette.colors.fill(kOpaqueBlack);
@@ -58,7 +69,7 @@ Sff2Palette Sff2Palettes::Read(std::uint16_t number) {
         const Sff2PaletteNode& node = nodes_[owner];
         std::array<std::byte, std::tuple_size_v<ColorTable> * kColorSize> bytes{};
         const std::size_t wanted = std::min(std::size_t{node.length}, bytes.size());
-        const std::size_t count = archive_.ReadAt(std::uint64_t{header_.ldata} + node.offset,
+        const std::size_t count = ReadWhatIsThere(std::uint64_t{header_.ldata} + node.offset,
                                                   std::span(bytes).first(wanted));
         for (std::size_t i = 0; i < count / kColorSize; ++i) {
             const auto part = [&](std::size_t which) {

@@ -14,6 +14,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <deque>
+#include <span>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -44,6 +45,7 @@ public:
 
 private:
     [[nodiscard]] Sff2Palette Read(std::uint16_t number);
+    [[nodiscard]] std::size_t ReadWhatIsThere(std::uint64_t start, std::span<std::byte> bytes);
 
     InputFile& archive_;
     Sff2Header header_;

@@ -10,7 +10,7 @@
 #include "base/RunTimeError.h"
 #include "platform/PngPictures.h"
 #include "sprites/SpriteMessages.h"
-#include "sprites/version2/Sff2Unpack.h"
+#include "sprites/version2/Sff2Count.h"
 
 namespace scenara {
 namespace {
@@ -28,17 +28,26 @@ constexpr std::uint64_t kMostPixelsOfByte = 128;
 constexpr std::uint64_t kWorstPacking = 3;
 constexpr std::uint64_t kPackedSurplus = 4096;
 
-// What an archive may have of textures, whatever its sprites share: so much for each of its bytes,
-// and what a small one may have. Only sprites that lie over each other, or variants by the
-// thousand, can be more.
+// What an archive may have of textures, each picture counted in one colouring: so much for each of
+// its bytes, and what a small one may have. Only sprites that lie over each other can be more.
 constexpr std::uint64_t kTextureBytesOfByte = kMostPixelsOfByte * sizeof(std::uint32_t);
 constexpr std::uint64_t kTextureBytesOfAny = std::uint64_t{256} << 20U;
+
+// The same of textures of damaged pictures, which were filled in vain, and of those that are under
+// way and may be such.
+constexpr std::uint64_t kLostBytesOfByte = 16;
+constexpr std::uint64_t kLostBytesOfAny = std::uint64_t{64} << 20U;
+
+// Texture bytes per packed byte beyond which the pixels are counted before the texture is made, so
+// that data which claim much and hold little get no memory.
+constexpr std::uint64_t kSuspiciousYield = 32;
 
 // How often bytes that bring no pixels, as a PNG may have them, may be read again for other
 // colours.
 constexpr std::uint64_t kMostVariants = 64;
 
 constexpr std::string_view kOverused = "The sprites lie over each other.";
+constexpr std::string_view kTooDamaged = "Too many of its pictures are damaged.";
 
 std::optional<Sff2Packing> PackingOf(Sff2Coding coding) {
     switch (coding) {
@@ -156,9 +165,6 @@ void Sff2Load::FillFrom(std::int32_t line, std::int32_t done) {
 }
 
 void Sff2Load::EndsEarly() {
-    if (!cut_) {
-        throw Bad("its data end before its pixels do");
-    }
     remarks_.emplace_back("The file ends in it, the rest is left out..");
 }
 
@@ -188,7 +194,7 @@ void Sff2Load::DecodeRaw() {
 }
 
 void Sff2Load::DecodePacked() {
-    const auto packed = data_.Bytes().subspan(std::min(kUnpackedSizeBytes, data_.Size()));
+    const std::span<const std::byte> packed = Packed();
     const Sff2Packing packing = PackingOf(node_.coding).value();
     const auto wanted = static_cast<std::size_t>(PixelsOf(node_));
     Sff2Unpacked result;
@@ -204,11 +210,23 @@ void Sff2Load::DecodePacked() {
             std::ranges::copy(std::span(pixels).subspan(at, width), lock_->Line(y).begin());
         }
     }
+    CheckUnpacked(result, wanted);
+    if (result.written < wanted) {
+        EndsAfter(result.written);
+    }
+}
+
+std::span<const std::byte> Sff2Load::Packed() const {
+    return data_.Bytes().subspan(std::min(kUnpackedSizeBytes, data_.Size()));
+}
+
+// Fewer pixels are a fault where the file does not end in them.
+void Sff2Load::CheckUnpacked(const Sff2Unpacked& result, std::size_t wanted) const {
     if (result.damaged) {
         throw Bad("it copies pixels from before its first");
     }
-    if (result.written < wanted) {
-        EndsAfter(result.written);
+    if (result.written < wanted && !cut_) {
+        throw Bad("its data end before its pixels do");
     }
 }
 
@@ -236,29 +254,37 @@ Sff2Pictures::Sff2Pictures(const ArchiveSource& source, const Sff2Header& header
       textures_(source.device),
       use_(source.archive.Size()) {}
 
-std::unique_ptr<Sff2Load> Sff2Pictures::Begin(const Sff2SpriteNode& node, Sff2Palette& palette) {
+std::unique_ptr<Sff2Load> Sff2Pictures::Begin(const Sff2SpriteNode& node, Sff2Palette& palette,
+                                              Picture picture) {
     auto load = std::make_unique<Sff2Load>(node, palette);
     const std::uint64_t taken = textures_.Taken();
-    bool full = false;
+    bool waits = false;
     try {
-        if (stopped_ || use_.IsTooMuch()) {
+        if (picture == Picture::BeyondNumbers) {
+            throw Bad("images above 32767 cannot be named");
+        }
+        if (stopped_ || use_.IsTooMuch() || lostBytes_ > MostLost()) {
             load->overused_ = true;
         } else if (!node.IsEmpty()) {
             Read(*load);
-            MakeTexture(*load);
+            waits = !MakeTexture(*load, picture == Picture::First);
         }
-        full = load->overused_;
     } catch (...) {
         load->Fail();
-        full = textures_.IsFull();
     }
-    if (full && underWay_ > 0) {
+    if ((waits || load->overused_) && underWay_ > 0) {
         return nullptr;
     }
     stopped_ = load->overused_;
     load->textureBytes_ = textures_.Taken() - taken;
+    bytesUnderWay_ += load->textureBytes_;
     ++underWay_;
     return load;
+}
+
+std::uint64_t Sff2Pictures::MostLost() const {
+    return kLostBytesOfAny +
+           kLostBytesOfByte * std::min(source_.archive.Size(), TextureBudget::kMostBytes);
 }
 
 void Sff2Pictures::ReadData(Sff2Load& load) {
@@ -324,7 +350,20 @@ void Sff2Pictures::Read(Sff2Load& load) {
     }
 }
 
-void Sff2Pictures::MakeTexture(Sff2Load& load) {
+// Data that claim very much are counted.
+void Sff2Pictures::CheckYield(const Sff2Load& load) {
+    const std::optional<Sff2Packing> packing = PackingOf(load.node_.coding);
+    const std::uint64_t bytes = PixelsOf(load.node_) * sizeof(std::uint32_t);
+    if (!packing || bytes / kSuspiciousYield <= load.dataSize_) {
+        return;
+    }
+    const auto wanted = static_cast<std::size_t>(PixelsOf(load.node_));
+    load.CheckUnpacked(CountSff2(*packing, load.Packed(), wanted), wanted);
+}
+
+// False: it is to be begun once there is room.
+bool Sff2Pictures::MakeTexture(Sff2Load& load, bool counts) {
+    CheckYield(load);
     TextureParameters parameters;
     parameters.width = load.width_;
     parameters.height = load.height_;
@@ -342,22 +381,39 @@ void Sff2Pictures::MakeTexture(Sff2Load& load) {
     if (bytes > most) {
         throw RunTimeError(RunTimeErrorKind::OutOfMemory);
     }
-    load.overused_ = textures_.Taken() + bytes > most;
-    if (!load.overused_) {
-        load.texture_ = textures_.CreateTexture(parameters);
-        load.lock_.emplace(load.texture_);
+    load.overused_ = counts && counted_ + bytes > most;
+    if (load.overused_) {
+        return true;
     }
+    if (underWay_ > 0 && bytesUnderWay_ + bytes > MostLost()) {
+        return false;
+    }
+    try {
+        load.texture_ = textures_.CreateTexture(parameters);
+    } catch (const RunTimeError&) {
+        if (textures_.IsFull() && underWay_ > 0) {
+            return false;
+        }
+        throw;
+    }
+    load.lock_.emplace(load.texture_);
+    load.countedBytes_ = counts ? bytes : 0;
+    counted_ += load.countedBytes_;
+    return true;
 }
 
-bool Sff2Pictures::Finish(Sff2Load& load, const ArchiveSprite& shownBy, SpritePicture& picture) {
+bool Sff2Pictures::Finish(Sff2Load& load, const SpriteNumbers& shownBy, SpritePicture& picture) {
     --underWay_;
+    bytesUnderWay_ -= load.textureBytes_;
     load.lock_.reset();
     bool loaded = false;
     const Sff2SpriteNode& node = load.node_;
-    if (load.overused_ || use_.IsTooMuch()) {
+    if (load.overused_ || use_.IsTooMuch() || lostBytes_ > MostLost()) {
         if (!std::exchange(saidOverused_, true)) {
-            SayRestIsSkipped(source_.messages, rules_.badArchive, source_.name, kOverused);
+            SayRestIsSkipped(source_.messages, rules_.badArchive, source_.name,
+                             lostBytes_ > MostLost() ? kTooDamaged : kOverused);
         }
+        stopped_ = true;
     } else {
         try {
             load.RaiseFailure();
@@ -366,10 +422,12 @@ bool Sff2Pictures::Finish(Sff2Load& load, const ArchiveSprite& shownBy, SpritePi
             SaySprite(source_.messages, rules_.badPicture, shownBy.group, shownBy.image,
                       NameOf(node.coding) + ": " + TextOfCurrentError() + ".  Skipping sprite..");
             use_.CountLost(load.dataSize_);
+            lostBytes_ += load.textureBytes_;
         }
     }
     if (!loaded) {
         textures_.GiveBack(load.textureBytes_);
+        counted_ -= load.countedBytes_;
         return false;
     }
     for (const std::string& remark : load.remarks_) {

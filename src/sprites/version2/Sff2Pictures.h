@@ -14,15 +14,17 @@
 // Bad input: a picture is dropped, with its coding and what is wrong, where its own data cannot
 // fill it. Where it is the file that ends, the pixels that are there are kept, and the rest is
 // colour 0, or transparent. Before memory is taken for a picture, its bytes must be able to yield
-// it: 128 pixels each, which no coding but PNG goes beyond (whose reader has a limit of its own).
-// Sprites that lie over each other end the load with a message: what all share of the file may be
-// read and shown many times, but not without bound.
+// it, and data that claim very much are counted. A PNG can only be tried (its reader has a limit of
+// its own), and damaged pictures are tried up to a sum of their textures. Sprites that lie over
+// each other end the load with a message: what all share of the file may be read and shown many
+// times, but not without bound.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -34,10 +36,17 @@
 #include "sprites/TextureLock.h"
 #include "sprites/version2/Sff2Nodes.h"
 #include "sprites/version2/Sff2Palettes.h"
+#include "sprites/version2/Sff2Unpack.h"
 
 namespace scenara {
 
 class PngPicture;
+
+// As the archive has them.
+struct SpriteNumbers {
+    Long group = 0;
+    Long image = 0;
+};
 
 // A sprite's picture on its way.
 class Sff2Load final : public PictureLoad {
@@ -56,6 +65,8 @@ private:
     void DecodeRaw();
     void DecodePacked();
     void DecodePng();
+    [[nodiscard]] std::span<const std::byte> Packed() const;
+    void CheckUnpacked(const Sff2Unpacked& result, std::size_t wanted) const;
     // From this line on, of which `done` pixels are whole, there is nothing in the file.
     void FillFrom(std::int32_t line, std::int32_t done);
     void EndsEarly();
@@ -74,6 +85,7 @@ private:
     std::shared_ptr<Direct3DTexture8> texture_;
     std::optional<TextureLock> lock_;
     std::uint64_t textureBytes_ = 0;
+    std::uint64_t countedBytes_ = 0;    // of them, against the archive's own limit
     std::vector<std::string> remarks_;  // on a picture that is shown
     bool overused_ = false;
 };
@@ -83,16 +95,26 @@ public:
     // What the source names outlives it.
     Sff2Pictures(const ArchiveSource& source, const Sff2Header& header, const ArchiveRules& rules);
 
+    // Which picture it is of those that stand there.
+    enum class Picture {
+        First,
+        InOtherColors,
+        BeyondNumbers,  // its sprite cannot be named, so it is none
+    };
+
     // The picture that stands at `node`, in the colours of `palette`. None: it can be begun once
     // those before it are finished.
-    [[nodiscard]] std::unique_ptr<Sff2Load> Begin(const Sff2SpriteNode& node, Sff2Palette& palette);
+    [[nodiscard]] std::unique_ptr<Sff2Load> Begin(const Sff2SpriteNode& node, Sff2Palette& palette,
+                                                  Picture picture);
     // In the order of Begin, for a sprite of these numbers. False: reported, if it is a fault.
-    [[nodiscard]] bool Finish(Sff2Load& load, const ArchiveSprite& shownBy, SpritePicture& picture);
+    [[nodiscard]] bool Finish(Sff2Load& load, const SpriteNumbers& shownBy, SpritePicture& picture);
 
 private:
     void Read(Sff2Load& load);
-    void MakeTexture(Sff2Load& load);
+    [[nodiscard]] bool MakeTexture(Sff2Load& load, bool counts);
+    static void CheckYield(const Sff2Load& load);
     void ReadData(Sff2Load& load);
+    [[nodiscard]] std::uint64_t MostLost() const;
 
     ArchiveSource source_;
     Sff2Header header_;
@@ -100,7 +122,10 @@ private:
     TextureBudget textures_;
     ArchiveUse use_;
     std::size_t underWay_ = 0;
-    bool stopped_ = false;  // no picture is begun any more
+    std::uint64_t bytesUnderWay_ = 0;  // of textures
+    std::uint64_t counted_ = 0;        // the same, of first pictures
+    std::uint64_t lostBytes_ = 0;      // the same, of damaged ones
+    bool stopped_ = false;             // no picture is begun any more
     bool saidOverused_ = false;
 };
 
