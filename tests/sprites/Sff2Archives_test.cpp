@@ -198,6 +198,36 @@ TEST(Sff2Archives, LinksOfEveryKindToEveryCoding) {
     ExpectCases(rows);
 }
 
+// Sprites that differ in one thing of their data are two pictures, and a link shows the one that it
+// names.
+TEST(Sff2Archives, LinksToDataThatDifferInOneThing) {
+    const Sff2Sprite first = StripesSprite(0);
+    Sff2Sprite inTdata = Sff2SpriteOf(StripedPicture(6, 4, PaletteOf(1), 7), Sff2Coding::Raw);
+    inTdata = Numbered(inTdata, 0, 1);
+    inTdata.flags = kSff2InTdata;
+    // The same bytes in another shape.
+    Sff2Sprite turned = StripesSprite(1);
+    turned.data.clear();
+    turned.width = 4;
+    turned.height = 6;
+    turned.statedLength = 24;
+    turned.statedOffset = 1024;  // after the palette
+    Seen turnedSeen = StripesAt(1);
+    turnedSeen.linkedTo = -1;
+    Seen turnedLink = StripesAt(3, 1, 1);
+    ExpectCases({
+        {"at the same place of ldata and of tdata",
+         {{NumberedPalette(1)}, {first, inTdata, LinkedSprite(0, 2, 0), LinkedSprite(0, 3, 1)}},
+         {StripesAt(0),
+          {0, 1, KeyedByIndex(StripedPicture(6, 4, PaletteOf(1), 7))},
+          StripesAt(2, 1, 0),
+          {0, 3, KeyedByIndex(StripedPicture(6, 4, PaletteOf(1), 7)), 1}}},
+        {"in another shape",
+         {{NumberedPalette(1)}, {first, turned, LinkedSprite(0, 2, 0), LinkedSprite(0, 3, 1)}},
+         {StripesAt(0), turnedSeen, StripesAt(2, 1, 0), turnedLink}},
+    });
+}
+
 TEST(Sff2Archives, Links) {
     const std::vector<Sff2Palette> palettes = {NumberedPalette(1), NumberedPalette(2),
                                                LinkedPalette(3, 0)};
