@@ -8,6 +8,9 @@
 namespace scenara {
 namespace {
 
+// So many copies are shown one by one, however near they are.
+constexpr std::int64_t kFew = 64;
+
 // A place in whole pixels. Kept within what any sum of them can hold.
 std::int64_t Rounded(double place) {
     constexpr double kFarthest = 9007199254740992.0;  // 2^53
@@ -60,9 +63,10 @@ ScaledCopies::Numbers ScaledCopies::NumbersIn(const PixelRange& visible,
     numbers.count = numbers.last - numbers.first + 1;
     if (overlap_) {
         const std::int64_t depth = std::min(numbers.count, Depth());
-        if (depth > deepest || step_ < 1) {
+        const bool crowded = step_ < 1 && most_ - least_ >= kFew;
+        if (depth > deepest || crowded) {
             // Counted from the first of all, so that the same ones are shown wherever they are.
-            const auto perPixel = Rounded(std::ceil(1 / step_));
+            const auto perPixel = crowded ? Rounded(std::ceil(1 / step_)) : std::int64_t{1};
             numbers.nth = std::max((depth - 1) / deepest + 1, perPixel);
             numbers.first = std::max(least_, FloorDivide(numbers.first, numbers.nth) * numbers.nth);
             numbers.count = (numbers.last - numbers.first - 1) / numbers.nth + 2;

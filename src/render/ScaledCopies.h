@@ -21,8 +21,8 @@ public:
 
     // Calls `show` with the pixels of each copy that covers a pixel of `visible`, in order. Where
     // more than `deepest` would lie upon one another only every second, third, ... is shown, and in
-    // any case the first and the last of a count. Of copies less than a pixel apart there is one
-    // for each pixel, whatever the step.
+    // any case the first and the last of a count. Of many copies less than a pixel apart there is
+    // one for each pixel.
     template <typename Show>
     void ForEach(const PixelRange& visible, std::int64_t deepest, Show show) const {
         const Numbers numbers = NumbersIn(visible, deepest);

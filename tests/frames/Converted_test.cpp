@@ -50,7 +50,7 @@ constexpr CodingRow kOtherRows[] = {
 };
 #ifdef SCENARA_SANITIZED
 // Each takes several times as long, and the mixed one has all codings.
-constexpr int kLongRun = 15;
+constexpr int kLongRun = 60;
 constexpr std::size_t kOthers = 0;
 #else
 constexpr int kLongRun = 150;

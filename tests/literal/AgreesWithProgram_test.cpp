@@ -65,6 +65,13 @@ TEST(AgreesWithProgram, PicturesWithAlphaSmooth) {
     });
 }
 
+// Few copies, less than a pixel apart by their scale: none of them is left out.
+TEST(AgreesWithProgram, CopiesLessThanAPixelApart) {
+    for (const std::uint32_t seed : {3695U, 6484U}) {
+        CompareRandomStage(seed, RandomFor::Additions);
+    }
+}
+
 // Rows that stand within a float's rounding of the middle between two pixels: seen where a compiler
 // leaves that rounding out. With additions places are not kept as floats.
 TEST(AgreesWithProgram, StagesOnTheEdgeOfAPixel) {

@@ -67,7 +67,7 @@ TEST(ModelJson, NamesMembersAsTheModelDoesInItsOrder) {
               " windowX1 windowX2 windowY1 windowY2 windowActive xscaleTop xscaleBottom alphaSource"
               " alphaDestination blending windowDeltaX windowDeltaY yscaleStart yscaleDelta"
               " sinOffset linkSin deltaRead kind alphaDestinationGiven framesBlend tileSpacingGiven"
-              " picturesGiven swingTick startFraction motion");
+              " picturesGiven swingTick startFraction motion scaleStart scaleDelta");
     EXPECT_EQ(NamesOf(json["elements"][0]["blending"]), "kind source destination");
     EXPECT_EQ(NamesOf(json["sprites"][0]),
               "axisX axisY width height group image selfIndex reserved masked keyAlpha keyRed"

@@ -40,7 +40,7 @@ Sff2Sprite At(unsigned group, unsigned image, int axis, Sff2Sprite sprite) {
 // 0,0  the ground, a colour of its own all over
 // 1,0  20 x 20 pixels of true colours, half of which is seen
 // 1,1  4 x 4 pixels: in its first row colour 0 and colours with the alphas 255, 128 and 0
-// 60000,65535  linked to 1,1, with another axis
+// 60000,32767  linked to 1,1, with another axis
 Sff2Archive ArchiveWithAlpha() {
     Sff2Archive archive;
     samplemaker::Sff2Palette palette;
@@ -57,7 +57,7 @@ Sff2Archive ArchiveWithAlpha() {
     link.width = 4;
     link.height = 4;
     link.link = 2;
-    archive.sprites.push_back(At(60000, 65535, -7, link));
+    archive.sprites.push_back(At(60000, 32767, -7, link));
     return archive;
 }
 
