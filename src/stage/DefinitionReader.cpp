@@ -2,6 +2,7 @@
 #include "stage/DefinitionReader.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "base/RunTimeError.h"
 #include "base/Text.h"
@@ -152,6 +153,7 @@ void DefinitionReader::StartAction(std::string_view header) {
         SayFull(Table::Actions, "Begin Action");
     }
     lastFrame_ = -1;
+    interpolated_ = 0;
     try {
         action_.Current().actionNo = ToInteger(ActionNumber(header));
     } catch (const RunTimeError&) {
@@ -194,6 +196,9 @@ void DefinitionReader::ReadActionLine(KeyOffer& offer) {
     StageAction& action = action_.Current();
     if (Contains(keyLine_.Lower(), "loopstart")) {
         action.loopstart = static_cast<Integer>(lastFrame_ + 1);
+    } else if (const Byte interpolated = InterpolatedBy(keyLine_.Lower());
+               options_.Additions && interpolated != 0) {
+        interpolated_ |= interpolated;
     } else if (IsFrame(cleaned_, options_.Additions)) {
         if (frame_.Append(action.frames, action.frameCount)) {
             ++lastFrame_;
@@ -201,6 +206,7 @@ void DefinitionReader::ReadActionLine(KeyOffer& offer) {
             SayFull(Table::Frames, "frames of an action");
         }
         ReadFrame(offer, frame_.Current(), messages_);
+        frame_.Current().interpolated = std::exchange(interpolated_, Byte{0});
     }
 }
 

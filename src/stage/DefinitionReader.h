@@ -79,6 +79,7 @@ private:
     RecordSlot<BgCtrlDef> ctrlDef_;
     RecordSlot<BgCtrl> ctrl_;
     Integer lastFrame_ = -1;  // of the action being read
+    Byte interpolated_ = 0;   // by lines before the next frame
     bool saidLoneControl_ = false;
     std::set<Table> full_;  // the tables that SayFull has spoken of
 };

@@ -91,6 +91,10 @@ void ForEachField(Record& element, auto&& visit) {
     visit("motion", element.motion);
     visit("scaleStart", element.scaleStart);
     visit("scaleDelta", element.scaleDelta);
+    visit("zoomDelta", element.zoomDelta);
+    visit("rowWidths", element.rowWidths);
+    visit("maskWindow", element.maskWindow);
+    visit("maskWindowActive", element.maskWindowActive);
 }
 
 template <RecordOf<SpriteEntry> Record>
@@ -125,6 +129,9 @@ void ForEachField(Record& frame, auto&& visit) {
     visit("runtimeB", frame.runtimeB);
     visit("blending", frame.blending);
     visit("offsetFraction", frame.offsetFraction);
+    visit("scale", frame.scale);
+    visit("angle", frame.angle);
+    visit("interpolated", frame.interpolated);
 }
 
 template <RecordOf<StageAction> Record>
@@ -202,6 +209,10 @@ void ForEachField(Record& model, auto&& visit) {
     visit("MusicLoopEnd", model.MusicLoopEnd);
     visit("StageXScale", model.StageXScale);
     visit("StageYScale", model.StageYScale);
+    visit("ZoomOut", model.ZoomOut);
+    visit("ZoomIn", model.ZoomIn);
+    visit("StartZoom", model.StartZoom);
+    visit("CamZoom", model.CamZoom);
 }
 
 template <RecordOf<StageModel> Record>

@@ -57,6 +57,13 @@ Byte GivenBit(bool given, Byte bit) {
     return given ? bit : Byte{0};
 }
 
+// One value is for both axes.
+void ReadZoomDelta(KeyOffer& line, BackgroundElement& element) {
+    if (line.Values("zoomdelta", element.zoomDelta[0], element.zoomDelta[1]) == kFirst) {
+        element.zoomDelta[1] = element.zoomDelta[0];
+    }
+}
+
 // Addition: keys that a plain reader passes over.
 void ReadMoreElementKeys(KeyOffer& line, BackgroundElement& element) {
     const unsigned alpha = line.Values("alpha", element.alphaSource, element.alphaDestination);
@@ -67,6 +74,12 @@ void ReadMoreElementKeys(KeyOffer& line, BackgroundElement& element) {
     line.Whole("yscaledelta", element.yscaleDelta);
     line.Values("scalestart", element.scaleStart[0], element.scaleStart[1]);
     line.Values("scaledelta", element.scaleDelta[0], element.scaleDelta[1]);
+    ReadZoomDelta(line, element);
+    line.Values("width", element.rowWidths[0], element.rowWidths[1]);
+    auto& [left, top, right, bottom] = element.maskWindow;
+    if (line.Values("maskwindow", left, top, right, bottom) == kAllFour) {
+        element.maskWindowActive = 1;
+    }
 }
 
 // Addition: what a whole number, just read, leaves of the file's value. Nothing where the value is
@@ -224,7 +237,33 @@ void ReadFrame(KeyOffer& line, StageFrame& frame, Messages& messages) {
     }
     if (line.Additions()) {
         frame.blending = FrameBlending(line.BareValue(kBlendingValue));
+        line.Value(kBareValues, kBlendingValue + 1, frame.scale[0]);
+        line.Value(kBareValues, kBlendingValue + 2, frame.scale[1]);
+        line.Value(kBareValues, kBlendingValue + 3, frame.angle);
     }
+}
+
+Byte InterpolatedBy(std::string_view line) {
+    struct Word {
+        std::string_view name;
+        Byte bit;
+    };
+    static constexpr Word kWords[] = {{"offset", kInterpolatedOffset},
+                                      {"blend", kInterpolatedBlend},
+                                      {"scale", kInterpolatedScale},
+                                      {"angle", kInterpolatedAngle}};
+    constexpr std::string_view kInterpolate = "interpolate";
+    const std::string_view text = Trim(line);
+    if (!text.starts_with(kInterpolate)) {
+        return 0;
+    }
+    const std::string_view rest = Trim(text.substr(kInterpolate.size()));
+    for (const auto& [name, bit] : kWords) {
+        if (rest.starts_with(name)) {
+            return bit;
+        }
+    }
+    return 0;
 }
 
 void ReadCtrlDefKeys(KeyOffer& line, BgCtrlDef& group) {
@@ -258,6 +297,10 @@ void ReadKeysOfSection(KeyOffer& line, StageModel& model, std::string_view secti
         auto& [red, green, blue] = model.bgclearcolor;
         line.Whole("debugbg", model.debugbg);
         line.Values("bgclearcolor", red, green, blue);
+    } else if (section == "camera") {
+        line.Whole("zoomout", model.ZoomOut);
+        line.Whole("zoomin", model.ZoomIn);
+        line.Whole("startzoom", model.StartZoom);
     } else if (section == "music") {
         ReadMusicKeys(line, model);
     }

@@ -19,8 +19,13 @@ inline constexpr MessageKind kMessageVerticalFlip{"unknown-flip", Severity::Warn
 // [BG ...]
 void ReadElementKeys(KeyOffer& line, BackgroundElement& element, Messages& messages);
 
-// A frame line of [Begin Action n]: group, image, x, y, time, flip.
+// A frame line of [Begin Action n]: group, image, x, y, time, flip; with additions also blending,
+// scale across and down, angle.
 void ReadFrame(KeyOffer& line, StageFrame& frame, Messages& messages);
+
+// Addition: what a line between two frames, "Interpolate" and one of four words, says to go over
+// from one to the other (kInterpolated... bits); 0 for any other line. `line` is in lower case.
+[[nodiscard]] Byte InterpolatedBy(std::string_view line);
 
 // [BGCtrlDef ...]
 void ReadCtrlDefKeys(KeyOffer& line, BgCtrlDef& group);

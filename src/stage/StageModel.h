@@ -112,6 +112,11 @@ struct alignas(kCacheLine) BackgroundElement {
     Single yscaleDelta = 0;    // and per unit of the camera's height
     std::array<Single, 2> scaleStart{1.0F, 1.0F};  // of its picture, with the camera at 0
     std::array<Single, 2> scaleDelta{};            // and per unit that it moves with the camera
+    std::array<Single, 2> zoomDelta{1.0F, 1.0F};   // how much of the camera's zoom it takes
+    std::array<Single, 2> rowWidths{};   // parallax: of the top and the bottom row, as pictures
+                                         // count; both needed, the first above 0
+    std::array<Single, 4> maskWindow{};  // left, top, right, bottom, from the view's upper middle;
+                                         // right and bottom lie outside
 
     // As the file has it, not the parent's; no part of a stage as written out.
     std::array<Single, 2> deltaRead{1.0F, 1.0F};
@@ -121,6 +126,7 @@ struct alignas(kCacheLine) BackgroundElement {
     Byte framesBlend = 1;             // 0 = what trans says holds for every frame, none too
     Byte tileSpacingGiven = 0;        // bits: 1 = across, 2 = down
     Byte picturesGiven = 0;           // kGivenSprite, kGivenAction
+    Byte maskWindowActive = 0;        // 1 = all four values were given, so the window holds
     std::array<Long, 2> swingTick{};  // runtime: the frame that each swing is in
 };
 static_assert(offsetof(BackgroundElement, sinState) + sizeof(Single) <= kCacheLine,
@@ -178,6 +184,12 @@ struct TilePattern {
     SpriteEntry picture;  // of which texture and size count
 };
 
+// What goes over from one frame of an action into the next one, tick by tick.
+inline constexpr Byte kInterpolatedOffset = 1;
+inline constexpr Byte kInterpolatedBlend = 2;
+inline constexpr Byte kInterpolatedScale = 4;
+inline constexpr Byte kInterpolatedAngle = 8;
+
 // One line of an action.
 struct StageFrame {
     Long group = 0;
@@ -193,6 +205,9 @@ struct StageFrame {
     // Additions.
     Blending blending;  // of this frame alone, for elements that leave it to the frames
     std::array<Single, 2> offsetFraction{};  // what the offsets leave of the file's values
+    std::array<Single, 2> scale{1.0F, 1.0F};
+    Single angle = 0;       // degrees, counter-clockwise
+    Byte interpolated = 0;  // kInterpolated... bits: goes over into this frame from the one before
 
     // What the start-up makes of the above, and no part of a stage as written out.
     FrameFlip flips = FrameFlip::None;
@@ -297,6 +312,12 @@ struct StageModel {  // NOLINT(clang-analyzer-optin.performance.Padding)
     Long localcoordHeight = 0;
     Single StageXScale = 1;  // of elements: their starts, motion and pictures
     Single StageYScale = 1;
+
+    // Additions: the camera's zoom, as the file has it (stage/CameraZoom.h says what it comes to).
+    Single ZoomOut = 1;  // picture for picture: below 1 all is seen smaller, and more of it
+    Single ZoomIn = 1;
+    Single StartZoom = 1;
+    Single CamZoom = 1;  // runtime: where it stands
 
     // Addition: the version of MUGEN that the stage was made for, from 1 on; 0 = an older one.
     Single MugenVersion = 0;

@@ -397,7 +397,77 @@ TEST(AdditionsElements, ScalesAre1And0UnlessGiven) {
     EXPECT_THAT(read.PlainElement().scaleDelta, ElementsAre(0, 0));
 }
 
+TEST(AdditionsElements, ZoomIsTakenWholeUnlessSaidOtherwise) {
+    EXPECT_THAT(BothReadings("[BG]\r\ntype = normal\r\n").WithElement().zoomDelta,
+                ElementsAre(1, 1));
+    const BothReadings one("[BG]\r\ntype = normal\r\nzoomdelta = .5\r\n");
+    EXPECT_THAT(one.WithElement().zoomDelta, ElementsAre(0.5F, 0.5F));
+    EXPECT_THAT(one.PlainElement().zoomDelta, ElementsAre(1, 1));
+    EXPECT_THAT(
+        BothReadings("[BG]\r\ntype = normal\r\nzoomdelta = .5, -2\r\n").WithElement().zoomDelta,
+        ElementsAre(0.5F, -2));
+}
+
+TEST(AdditionsElements, WidthsOfRowsAreThoseOfTheFile) {
+    const BothReadings read("[BG]\r\ntype = parallax\r\nwidth = 100, 250.5\r\n");
+    EXPECT_THAT(read.WithElement().rowWidths, ElementsAre(100, 250.5F));
+    EXPECT_THAT(read.PlainElement().rowWidths, ElementsAre(0, 0));
+}
+
+TEST(AdditionsElements, AMaskWindowTakesAllFourValues) {
+    const BothReadings read("[BG]\r\ntype = normal\r\nmaskwindow = -10, 5, 20.5, 100\r\n");
+    EXPECT_THAT(read.WithElement().maskWindow, ElementsAre(-10, 5, 20.5F, 100));
+    EXPECT_EQ(read.WithElement().maskWindowActive, 1);
+    EXPECT_EQ(read.PlainElement().maskWindowActive, 0);
+    EXPECT_EQ(BothReadings("[BG]\r\ntype = normal\r\nmaskwindow = -10, 5, 20.5\r\n")
+                  .WithElement()
+                  .maskWindowActive,
+              0);
+}
+
+// --- the camera's zoom ---
+
+TEST(AdditionsZoom, IsReadFromTheCamerasSectionOnly) {
+    const char* const keys = "zoomout = .5\r\nzoomin = 2\r\nstartzoom = .75\r\n";
+    const BothReadings read(std::string("[Camera]\r\n") + keys);
+    EXPECT_EQ(read.With().ZoomOut, 0.5F);
+    EXPECT_EQ(read.With().ZoomIn, 2);
+    EXPECT_EQ(read.With().StartZoom, 0.75F);
+    EXPECT_EQ(read.Plain().ZoomOut, 1);
+    EXPECT_EQ(BothReadings(std::string("[StageInfo]\r\n") + keys).With().ZoomOut, 1);
+}
+
 // --- frame lines ---
+
+TEST(AdditionsFrames, HaveAScaleAndAnAngle) {
+    const BothReadings read(
+        "[Begin Action 1]\r\n1,0, 0,0, 5, H, A, 2, -.5, 33.5\r\n1,0, 0,0, 5\r\n"
+        "1,0, 0,0, 5,,,, 3\r\n");
+    const std::vector<StageFrame>& frames = read.With().Actions.at(0).frames;
+    EXPECT_THAT(frames.at(0).scale, ElementsAre(2, -0.5F));
+    EXPECT_EQ(frames.at(0).angle, 33.5F);
+    EXPECT_THAT(frames.at(1).scale, ElementsAre(1, 1));
+    EXPECT_EQ(frames.at(1).angle, 0);
+    EXPECT_THAT(frames.at(2).scale, ElementsAre(1, 3));
+    EXPECT_THAT(read.Plain().Actions.at(0).frames.at(0).scale, ElementsAre(1, 1));
+    EXPECT_EQ(read.Plain().Actions.at(0).frames.at(0).angle, 0);
+}
+
+TEST(AdditionsFrames, GoOverIntoTheNextAsTheLinesBetweenThemSay) {
+    const BothReadings read(
+        "[Begin Action 1]\r\n1,0, 0,0, 5\r\nInterpolate Offset\r\ninterpolate  ANGLE\r\n"
+        "1,0, 0,0, 5\r\n1,0, 0,0, 5\r\nInterpolate Scale\r\nInterpolate\r\n"
+        "Interpolate Blend\r\nInterpolate Colour\r\n1,0, 0,0, 5\r\nInterpolate Scale\r\n"
+        "[Begin Action 2]\r\n1,0, 0,0, 5\r\n");
+    const std::vector<StageFrame>& frames = read.With().Actions.at(0).frames;
+    ASSERT_EQ(frames.size(), 4U);
+    EXPECT_EQ(frames[0].interpolated, 0);
+    EXPECT_EQ(frames[1].interpolated, kInterpolatedOffset | kInterpolatedAngle);
+    EXPECT_EQ(frames[2].interpolated, 0);
+    EXPECT_EQ(frames[3].interpolated, kInterpolatedScale | kInterpolatedBlend);
+    EXPECT_EQ(read.With().Actions.at(1).frames.at(0).interpolated, 0);
+    EXPECT_EQ(read.Plain().Actions.at(0).frames.at(1).interpolated, 0);
+}
 
 BothReadings FrameLine(const std::string& line) {
     return BothReadings("[Begin Action 1]\r\n" + line + "\r\n");

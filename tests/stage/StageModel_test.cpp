@@ -150,14 +150,15 @@ std::string NotAtZero() {
 TEST(StageModel, FieldsStartAtZeroButForThese) {
     EXPECT_EQ(NotAtZero<const BackgroundElement>(),
               "deltaX=1\ndeltaY=1\nalphaSource=256\nyscaleStart=100\ndeltaRead=1 1 "
-              "\nframesBlend=1\nscaleStart=1 1 \n");
+              "\nframesBlend=1\nscaleStart=1 1 \nzoomDelta=1 1 \n");
     EXPECT_EQ(NotAtZero<const SpriteEntry>(), "linkedTo=-1\n");
-    EXPECT_EQ(NotAtZero<const StageFrame>(), "spriteIndex=-1\n");
+    EXPECT_EQ(NotAtZero<const StageFrame>(), "spriteIndex=-1\nscale=1 1 \n");
     EXPECT_EQ(NotAtZero<const StageAction>(), "");
     EXPECT_EQ(NotAtZero<const BgCtrl>(), "");
     EXPECT_EQ(NotAtZero<const BgCtrlDef>(), "");
     EXPECT_EQ(NotAtZero<const StageModel>(),
-              "ZOffsetLink=-1\nMusicVolume=100\nMusicLoopEnd=-1\nStageXScale=1\nStageYScale=1\n");
+              "ZOffsetLink=-1\nMusicVolume=100\nMusicLoopEnd=-1\nStageXScale=1\nStageYScale=1\n"
+              "ZoomOut=1\nZoomIn=1\nStartZoom=1\nCamZoom=1\n");
 }
 
 TEST(StageModel, ClearPutsEverythingBackToItsStart) {

@@ -58,7 +58,7 @@ TEST(ModelJson, NamesMembersAsTheModelDoesInItsOrder) {
               " LastImageWidth LastImageHeight ElementCount SpriteCount ActionCount CtrlDefCount"
               " ElementsById hires localcoordWidth localcoordHeight MugenVersion "
               "debugbg bgclearcolor MusicVolume MusicVolumeOffset MusicLoopStart MusicLoopEnd"
-              " StageXScale StageYScale");
+              " StageXScale StageYScale ZoomOut ZoomIn StartZoom CamZoom");
     EXPECT_EQ(NamesOf(json["elements"][0]),
               "type mask spriteGroup spriteImage startX startY posX posY deltaX deltaY tileX tileY"
               " tileSpacingX tileSpacingY velocityX velocityY actionIndex spriteIndex layerno"
@@ -67,7 +67,8 @@ TEST(ModelJson, NamesMembersAsTheModelDoesInItsOrder) {
               " windowX1 windowX2 windowY1 windowY2 windowActive xscaleTop xscaleBottom alphaSource"
               " alphaDestination blending windowDeltaX windowDeltaY yscaleStart yscaleDelta"
               " sinOffset linkSin deltaRead kind alphaDestinationGiven framesBlend tileSpacingGiven"
-              " picturesGiven swingTick startFraction motion scaleStart scaleDelta");
+              " picturesGiven swingTick startFraction motion scaleStart scaleDelta"
+              " zoomDelta rowWidths maskWindow maskWindowActive");
     EXPECT_EQ(NamesOf(json["elements"][0]["blending"]), "kind source destination");
     EXPECT_EQ(NamesOf(json["sprites"][0]),
               "axisX axisY width height group image selfIndex reserved masked keyAlpha keyRed"
@@ -75,7 +76,7 @@ TEST(ModelJson, NamesMembersAsTheModelDoesInItsOrder) {
     EXPECT_EQ(NamesOf(json["actions"][0]), "frames loopstart frameCount actionNo");
     EXPECT_EQ(NamesOf(json["actions"][0]["frames"][0]),
               "group image spriteIndex offsetX offsetY time flip runtimeA runtimeB blending"
-              " offsetFraction");
+              " offsetFraction scale angle interpolated");
     EXPECT_EQ(NamesOf(json["ctrlDefs"][0]),
               "looptime timer ctrlIds controlCount controls runtimeA runtimeB");
     EXPECT_EQ(NamesOf(json["ctrlDefs"][0]["controls"][0]),
