@@ -9,10 +9,12 @@
 
 #include "frames/PaintedStage.h"
 #include "literal/Comparison.h"
+#include "literal/FrameRows.h"
 #include "literal/OwnScaleRows.h"
 #include "literal/PlaceRows.h"
 #include "literal/ProgramCanvas.h"
 #include "literal/SolidPictures.h"
+#include "literal/WidthRows.h"
 #include "literal/ZoomRows.h"
 
 namespace scenara::test {
@@ -51,6 +53,8 @@ TEST_P(PlaceFormulas, OfTheLongWay) {
 INSTANTIATE_TEST_SUITE_P(Place, PlaceFormulas, testing::ValuesIn(kPlaceRows));
 INSTANTIATE_TEST_SUITE_P(OwnScale, PlaceFormulas, testing::ValuesIn(kOwnScaleRows));
 INSTANTIATE_TEST_SUITE_P(Zoom, PlaceFormulas, testing::ValuesIn(kZoomRows));
+INSTANTIATE_TEST_SUITE_P(Width, PlaceFormulas, testing::ValuesIn(kWidthRows));
+INSTANTIATE_TEST_SUITE_P(Frame, PlaceFormulas, testing::ValuesIn(kFrameRows));
 
 }  // namespace
 }  // namespace scenara::test
