@@ -246,6 +246,17 @@ inline constexpr PlaceRow kFrameRows[] = {
      "start = 30.25,40\n[Begin Action 1]\n4,0, 0,0, -1,,, 1,1, 45\n", Held::Nothing, 1, kOld,
      "187,36,188,37  186,37,189,38  185,38,190,39  186,39,191,40  187,40,192,41  188,41,193,42  "
      "189,42,192,43  190,43,191,44"},
+    // i - j from 1 to 14, i + j from 0 to 4 (5.66)
+    {"scaled, then turned by 45", kOwn, "[BG]\ntype = anim\nactionno = 1\ntrans = add\n",
+     "start = 30.25,40\n[Begin Action 1]\n1,0, 0,0, -1,,, 1,.5, 45\n", Held::Nothing, 1, kOld,
+     "197,33,198,34  196,34,199,35  195,35,200,36  194,36,199,37  193,37,198,38  192,38,197,39  "
+     "191,39,196,40  191,40,195,41  192,41,194,42"},
+    // x + y from 0 to 14.14: i + j from 0 to 13; y - x from 0 to 11.31: j - i from 0 to 11
+    {"turned by -45", kOwn, "[BG]\ntype = anim\nactionno = 1\ntrans = add\n",
+     "start = 30.25,40\n[Begin Action 1]\n1,0, 0,0, -1,,, 1,1, -45\n", Held::Nothing, 1, kOld,
+     "190,40,191,41  189,41,192,42  188,42,193,43  187,43,194,44  186,44,195,45  185,45,196,46  "
+     "185,46,197,47  186,47,197,48  187,48,196,49  188,49,195,50  189,50,194,51  190,51,193,52  "
+     "191,52,192,53"},
 
     // From one frame into the next.
     {"an offset that does not go over", kOwn, kActionAt,
@@ -356,7 +367,7 @@ inline constexpr PlaceRow kFrameRows[] = {
      "[Begin Action 1]\n1,0, 0,0, 4\nInterpolate Offset\n1,0, 8,-4, 1\n", Held::Nothing, 7, kOld,
      "192,39,202,47"},
 
-    // Blending that goes over. A picture's own colour is 40, of 40 shares of FF.
+    // Blending that goes over: of 64 in each colour, 32 is 20 as the rows have it.
     // Of it 128 / 255
     {"blending goes over", kOwn, kFramesBlendAt,
      "[Begin Action 1]\n1,0, 0,0, 4,, AS256D256\nInterpolate Blend\n1,0, 0,0, -1,, AS0D256\n",

@@ -297,6 +297,9 @@ inline constexpr PlaceRow kZoomRows[] = {
     // e = 1.5: 160 + 15, 10 x 3.5 x 1.5 = 52.5; 100, 8 x 2.25 x 1.5 = 27
     {"zoomdelta and scaledelta", kNearAndAside, kBlockLow,
      "zoomdelta = .5\nscaledelta = .125,-.0625\n", Held::Nothing, 1, kOld, "175,100,228,127"},
+    // s = 4: from 220 + 4 x 3 = 232 to 192, the last 16 of them
+    {"zoom and an own scale below 0", kNear, kLeftPart, "start = 30,80\nscalestart = -2,1\n",
+     Held::Nothing, 1, kOld, "216,50,232,66"},
 
     // Zoom and links.
     // 160 + 2 (30 - .5 x 20); 100 - 2 (20 - .5 x 20)
@@ -347,6 +350,11 @@ inline constexpr PlaceRow kZoomRows[] = {
     {"tiles, zoom and an own scale", kNear, kBlockLow,
      "tile = 2\ntilespacing = 1,0\nscalestart = 1.5,1\n", Held::Nothing, 1, kOld,
      "220,60,250,76  253,60,283,76"},
+    // The first one from 40 - 20 to 40, 15 x 2 on
+    {"a scale below 0 tiles to the right, under zoom",
+     "[StageInfo]\nlocalcoord = 80,60\nxscale = -1\n[Camera]\nzoomin = 2\nstartzoom = 2\n", kBlock,
+     "start = 0,10\ntile = 2\ntilespacing = 5,0\n", Held::Nothing, 1, "80 x 60",
+     "20,20,40,36  50,20,70,36"},
 
     // Zoom and parallax rows. Their speeds are 1, 1.5, 2, 2.5 (or 1, 5 / 3, 7 / 3, 3).
     // 160 + 60 f - 16, 32 wide, 2 tall
@@ -433,6 +441,20 @@ inline constexpr PlaceRow kZoomRows[] = {
      "maskwindow = 10,20,40,30\nzoomdelta = .5\n", Held::Nothing, 1, kOld, "175,30,220,45"},
     {"a maskwindow and zoomdelta 0", kNearFromAbove, kLargeAt,
      "maskwindow = 10,20,40,30\nzoomdelta = 0\n", Held::Nothing, 1, kOld, "170,20,200,30"},
+    // e = 1.5, 1
+    {"a maskwindow and zoomdelta of two values", kNearFromAbove, kLargeAt,
+     "maskwindow = 10,20,40,30\nzoomdelta = .5,0\n", Held::Nothing, 1, kOld, "175,20,220,30"},
+    {"a maskwindow does not drift", kOwn, kLargeAt, "maskwindow = 10,15,40,30\nvelocity = 5,2\n",
+     Held::Nothing, 3, kOld, "170,15,200,30"},
+    // 320 + 10
+    {"a maskwindow of 640 x 480", "[StageInfo]\nlocalcoord = 640,480\n", kLarge,
+     "start = 0,0\nmaskwindow = 10,15,40,30\n", Held::Nothing, 1, kTwice, "330,15,360,30"},
+    // 40.5 - 10, 40.5 + 10
+    {"a maskwindow of an odd width", "[StageInfo]\nlocalcoord = 81,61\n", kLarge,
+     "start = -40,0\nmaskwindow = -10,20,10,30\n", Held::Nothing, 1, "81 x 61", "31,20,51,30"},
+    // 10.5 is 10: 170 - 5
+    {"windowdelta of a maskwindow in whole units before 1.0", "[Camera]\nstartx = 10.5\n", kLargeAt,
+     "maskwindow = 10,15,40,30\nwindowdelta = .5,0\n", Held::Nothing, 1, kOld, "165,15,195,30"},
     // -.5 x 10, .25 x 20
     {"windowdelta moves a maskwindow", "[Camera]\nstartx = 10\nstarty = -20\n", kLargeAt,
      "maskwindow = 10,15,40,30\nwindowdelta = .5,.25\n", Held::Nothing, 1, kOld, "165,20,195,35"},
