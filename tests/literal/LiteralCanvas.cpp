@@ -133,8 +133,20 @@ double LiteralStage::AxisPlace(const Element& element, std::size_t axis) const {
     const double middle = axis == 0 ? space_.width / 2.0 : 0;
     const double moved = element.motion[axis] + CarriedBy(element, axis);
     const double seen = seenFrom_[axis] * Wide(element.delta[axis]);
-    return space_.detail *
-           (middle + space_.half * ((element.start[axis] + moved) * space_.scale[axis] - seen));
+    const double place =
+        space_.detail *
+        (middle + space_.half * ((element.start[axis] + moved) * space_.scale[axis] - seen));
+    return Zoomed(*element.file, axis, place);
+}
+
+double LiteralStage::ZoomOf(const BackgroundElement& element, std::size_t axis) const {
+    return std::max(1 - Wide(element.zoomDelta[axis]) * (1 - zoom_), 0.0);
+}
+
+double LiteralStage::Zoomed(const BackgroundElement& element, std::size_t axis,
+                            double place) const {
+    const double fixed = axis == 0 ? space_.detail * (space_.width / 2.0) : ground_;
+    return fixed + (place - fixed) * ZoomOf(element, axis);
 }
 
 // Of its picture. It scales itself, and a linked one changes by the camera as its parent moves.
@@ -142,7 +154,8 @@ double LiteralStage::PixelOf(const Element& element, std::size_t axis) const {
     const double changed = Wide(element.file->scaleDelta[axis]) * seenFrom_[axis] *
                            Wide(element.delta[axis]) / space_.scale[axis];
     const double scale = Wide(element.file->scaleStart[axis]) + changed;
-    return space_.PixelSize(axis) * std::min(std::max(scale, -1024.0), 1024.0);
+    return space_.PixelSize(axis) * std::min(std::max(scale, -1024.0), 1024.0) *
+           ZoomOf(*element.file, axis);
 }
 
 // A picture is mirrored about its axis, first by its frame, then by a pixel size below 0.

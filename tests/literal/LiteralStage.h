@@ -15,6 +15,7 @@
 #include <vector>
 
 #include "literal/LiteralSpace.h"
+#include "literal/LiteralZoom.h"
 #include "stage/StageModel.h"
 #include "stage/ViewOptions.h"
 
@@ -74,6 +75,9 @@ public:
     LiteralStage(const StageModel& loaded, const LiteralRules& rules);
 
     void DrawFrame(const LiteralKeys& keys);
+
+    // From now on, within the stage's limits; the camera is brought back to its bounds there.
+    void SetZoom(double zoom);
 
     // Line by line, 0xRRGGBB. Black before the first frame.
     [[nodiscard]] const std::vector<std::uint32_t>& Picture() const { return picture_; }
@@ -163,6 +167,7 @@ private:
     // Start-up (LiteralStage.cpp).
     void ReadImages();
     void PlaceCamera();
+    void PlaceGround();
     void PlaceElement(std::size_t index);
     void RaiseUpperBound();
     void ResolveControls();
@@ -180,6 +185,9 @@ private:
     [[nodiscard]] std::uint32_t ClearColor() const;
     void FollowCamera(Element& element);
     void MoveCamera(const LiteralKeys& keys);
+    struct Sides;
+    [[nodiscard]] Sides CameraSides() const;
+    void KeepCamera();
     [[nodiscard]] bool HasPictures(const Element& element) const;
     [[nodiscard]] double Kept(double value) const;
 
@@ -206,6 +214,11 @@ private:
     void DrawOnCanvas(const Element& element, Shown& shown);
     void DrawRows(const Element& element, const Shown& shown);
     [[nodiscard]] double AxisPlace(const Element& element, std::size_t axis) const;
+    // How much of the camera's zoom it takes.
+    [[nodiscard]] double ZoomOf(const BackgroundElement& element, std::size_t axis) const;
+    // Where a place of the canvas is seen at its zoom: nearer to the middle, and to the ground.
+    [[nodiscard]] double Zoomed(const BackgroundElement& element, std::size_t axis,
+                                double place) const;
     // Canvas pixels of a pixel of its picture; below 0 it is mirrored.
     [[nodiscard]] double PixelOf(const Element& element, std::size_t axis) const;
     [[nodiscard]] Reach ReachOf(const Shown& shown, std::size_t axis, double place,
@@ -224,6 +237,9 @@ private:
     const StageModel& model_;
     LiteralRules rules_;
     LiteralSpace space_;
+    LiteralZoom zoomLimits_;
+    double zoom_ = 1;
+    double ground_ = 0;  // the row of the canvas that all is zoomed about
     std::vector<Image> images_;
     std::vector<Element> elements_;
     std::vector<Group> groups_;

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "literal/RandomStage.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <span>
 #include <string_view>
+#include <utility>
 
 #include "literal/RandomArchive.h"
 #include "samplemaker/Noise.h"
@@ -15,13 +17,19 @@ namespace {
 constexpr int kActions = 4;
 constexpr int kIds = 3;
 
+// Which of the rules of MUGEN 1.1 stages are made for.
+constexpr bool kZooms = false;
+
+// So that its numbers are others than those of a stage's first random ones.
+constexpr std::uint32_t kNewerSeed = 0x51A6E11;
+
 // What pictures are like, and what is done with them.
 enum class Pictures : std::uint8_t { WithHoles, WithAlphas, WithAlphasSmooth };
 
 class Writer {
 public:
     Writer(std::uint32_t seed, RandomFor mode, Pictures pictures)
-        : random_(seed), mode_(mode), pictures_(pictures) {}
+        : random_(seed), newer_(seed ^ kNewerSeed), mode_(mode), pictures_(pictures) {}
 
     RandomStage Make();
 
@@ -64,7 +72,20 @@ private:
         return ids;
     }
 
+    // What `write` writes has random numbers of its own: what comes after it stays the same.
+    template <typename Write>
+    void Newer(bool rule, Write write) {
+        if (rule && mode_ == RandomFor::Version11) {
+            std::swap(random_, newer_);
+            write();
+            std::swap(random_, newer_);
+        }
+    }
+    [[nodiscard]] bool Adds() const { return mode_ != RandomFor::Plain; }
+
     void Settings();
+    void Zoom();
+    void ZoomDelta(bool tiled);
     void Space();
     [[nodiscard]] std::string Scale();
     void Element(int index);
@@ -84,12 +105,14 @@ private:
     void Keys(std::vector<LiteralKeys>& keys);
 
     samplemaker::Random random_;
+    samplemaker::Random newer_;
     RandomFor mode_;
     Pictures pictures_;
     std::string text_;
     int width_ = 320;  // of the view
     int height_ = 240;
     bool shrinks_ = false;  // a pixel of a picture may be less than one of the canvas
+    double zoomOut_ = 1;    // the least zoom
 };
 
 std::string Writer::Scale() {
@@ -120,7 +143,7 @@ void Writer::Space() {
         const int height = large ? Whole(150, 700) : Whole(57, 150);
         Line("localcoord",
              std::to_string(width) + (OneIn(20) ? "" : ", " + std::to_string(height)));
-        if (mode_ == RandomFor::Additions) {
+        if (Adds()) {
             width_ = width;
             height_ = height;
         }
@@ -157,10 +180,47 @@ void Writer::Settings() {
         Line("startx", OneIn(3) ? Fraction(-60, 60) : Number(-60, 60, 300));
         Line("starty", Number(-60, 10, 300));
     }
+    Newer(kZooms, [this] { Zoom(); });
     text_ += "[BGdef]\nspr = random.sff\n";
     if (OneIn(3)) {
         Line("bgclearcolor", Number(0, 255, 300) + ", " + Number(0, 255, 300) + ",77");
         Line("debugbg", OneIn(4) ? "1" : "0");
+    }
+}
+
+// Out and in to about twice as far, now and then farther, and beyond what is allowed.
+void Writer::Zoom() {
+    static constexpr std::array kOuts = {".5", ".75", ".8", "0.3333333", "1"};
+    static constexpr std::array kIns = {"1", "1.25", "1.5", "2", "2.5"};
+    static constexpr std::array kOdd = {"0", "-1", ".001", "1000"};
+    if (OneIn(3)) {
+        return;
+    }
+    const std::string out = OneIn(15) ? OneOf(kOdd) : OneIn(3) ? Fraction(1, 2) : OneOf(kOuts);
+    Line("zoomout", out);
+    zoomOut_ = std::stod(out) <= 0 ? 1 : std::stod(out);
+    if (!OneIn(4)) {
+        Line("zoomin", OneIn(3) ? Fraction(1, 3) : OneOf(kIns));
+    }
+    if (!OneIn(4)) {
+        Line("startzoom", OneIn(15) ? OneOf(kOdd) : Fraction(0, 3));
+    }
+    shrinks_ = shrinks_ || zoomOut_ < 1;
+}
+
+// Tiles do not come much closer together than without zoom.
+void Writer::ZoomDelta(bool tiled) {
+    static constexpr std::array kOdd = {"0", "9", "-3", "1"};
+    const double least = tiled ? 0.5 : 1.0 / 8;
+    if (tiled && zoomOut_ < least) {
+        Line("zoomdelta", OneIn(2) ? "0" : ".25");
+    } else if (OneIn(2)) {
+        const auto delta = [&] {
+            return tiled      ? "0." + std::to_string(Whole(0, 99))
+                   : OneIn(8) ? OneOf(kOdd)
+                              : Fraction(-1, 2);
+        };
+        Line("zoomdelta", delta() + (OneIn(3) ? "" : ", " + delta()));
     }
 }
 
@@ -285,7 +345,7 @@ void Writer::Element(int index) {
     if (type.front() == 'a' || OneIn(3)) {
         Line("actionno", std::to_string(Whole(0, OneIn(8) ? kActions : kActions - 1)));
     }
-    const bool fractions = mode_ == RandomFor::Additions && OneIn(4);
+    const bool fractions = Adds() && OneIn(4);
     const int aside = width_ * 5 / 8;
     const int low = height_ - 20;
     Line("start", fractions ? Fraction(-aside, aside) + ", " + Fraction(-60, low)
@@ -311,7 +371,7 @@ void Writer::Element(int index) {
         Line("window",
              corner(right) + ", " + corner(bottom) + ", " + corner(right) + ", " + corner(bottom));
     }
-    if (mode_ == RandomFor::Additions && OneIn(6)) {
+    if (Adds() && OneIn(6)) {
         Line("windowdelta", Fraction(-1, 2) + ", " + Fraction(-1, 2));
     }
     if (type == "parallax" && OneIn(3)) {
@@ -319,12 +379,13 @@ void Writer::Element(int index) {
         Line("yscaledelta", Fraction(-2, 2));
     }
     const bool animated = type == "anim" || type == "ani" || type == "Anim";
-    const bool scaled = mode_ == RandomFor::Additions && OneIn(3);
+    const bool scaled = Adds() && OneIn(3);
     const bool tiled =
         pictures_ == Pictures::WithHoles ? Tiles(animated) : TilesOfAlphas(animated, scaled);
     if (scaled) {
         OwnScale(tiled);
     }
+    Newer(kZooms, [&] { ZoomDelta(tiled); });
     ElementMotion();
     Blend();
 }
@@ -339,7 +400,7 @@ void Writer::Action(int number) {
         if (OneIn(6)) {
             text_ += "Loopstart\n";
         }
-        const bool fractions = mode_ == RandomFor::Additions && OneIn(4);
+        const bool fractions = Adds() && OneIn(4);
         const auto offset = [&] { return fractions ? Fraction(-30, 30) : Number(-30, 30, 400); };
         text_ += (OneIn(12) ? "-1, 0" : Sprite()) + ", " + offset();
         text_ += ", " + offset() + ", " + OneOf(kTimes);
