@@ -275,20 +275,38 @@ void LiteralStage::DrawRows(const Element& element, const Shown& shown) {
     }
 }
 
-// Both corners included, in any order. It is neither scaled nor finer than the stage's units.
+// Neither window is scaled with the stage, nor finer than its units. Corners come in any order.
 LiteralStage::Window LiteralStage::CanvasWindow(const BackgroundElement& element) const {
     Window window{Whole(0), Whole(1)};
-    if (element.windowActive == 0) {
-        return window;
-    }
-    const auto cut = [&](Span& span, float one, float other, double shift) {
-        const double first = (Wide(std::min(one, other)) - shift) * space_.detail;
-        const double end = (Wide(std::max(one, other)) + 1 - shift) * space_.detail;
+    const auto cut = [&](std::size_t axis, double first, double end) {
+        Span& span = axis == 0 ? window.columns : window.rows;
         span = {std::max(span.begin, Rounded(first)), std::min(span.end, Rounded(end))};
     };
-    cut(window.columns, element.windowX1, element.windowX2,
-        Wide(element.windowDeltaX) * seenFrom_[0]);
-    cut(window.rows, element.windowY1, element.windowY2, Wide(element.windowDeltaY) * seenFrom_[1]);
+    const auto moved = [&](std::size_t axis) {
+        return Wide(axis == 0 ? element.windowDeltaX : element.windowDeltaY) * seenFrom_[axis];
+    };
+    // Both corners included, and not zoomed.
+    const auto cutOuter = [&](std::size_t axis, float one, float other) {
+        const double first = Wide(std::min(one, other)) - moved(axis);
+        const double end = Wide(std::max(one, other)) + 1 - moved(axis);
+        cut(axis, first * space_.detail, end * space_.detail);
+    };
+    if (element.windowActive != 0) {
+        cutOuter(0, element.windowX1, element.windowX2);
+        cutOuter(1, element.windowY1, element.windowY2);
+    }
+    // From the view's upper middle, without the second corner, and zoomed with the element.
+    const auto cutMask = [&](std::size_t axis, float one, float other) {
+        const double middle = axis == 0 ? space_.width / 2.0 : 0;
+        const auto edge = [&](float at) {
+            return Zoomed(element, axis, space_.detail * (middle + Wide(at) - moved(axis)));
+        };
+        cut(axis, edge(std::min(one, other)), edge(std::max(one, other)));
+    };
+    if (element.maskWindowActive != 0) {
+        cutMask(0, element.maskWindow[0], element.maskWindow[2]);
+        cutMask(1, element.maskWindow[1], element.maskWindow[3]);
+    }
     return window;
 }
 

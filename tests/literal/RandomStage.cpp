@@ -19,6 +19,7 @@ constexpr int kIds = 3;
 
 // Which of the rules of MUGEN 1.1 stages are made for.
 constexpr bool kZooms = false;
+constexpr bool kMaskWindows = false;
 
 // So that its numbers are others than those of a stage's first random ones.
 constexpr std::uint32_t kNewerSeed = 0x51A6E11;
@@ -86,6 +87,7 @@ private:
     void Settings();
     void Zoom();
     void ZoomDelta(bool tiled);
+    [[nodiscard]] std::string Corners(int left, int right);
     void Space();
     [[nodiscard]] std::string Scale();
     void Element(int index);
@@ -303,6 +305,16 @@ void Writer::OwnScale(bool tiled) {
     }
 }
 
+// Two of them, in any order.
+std::string Writer::Corners(int left, int right) {
+    const auto corner = [this](int low, int high) {
+        return OneIn(4) ? Fraction(low, high) : Number(low, high, 500);
+    };
+    const int bottom = height_ + 20;
+    return corner(left, right) + ", " + corner(-20, bottom) + ", " + corner(left, right) + ", " +
+           corner(-20, bottom);
+}
+
 void Writer::ElementMotion() {
     if (OneIn(3)) {
         Line("velocity", Fraction(-3, 3) + (OneIn(2) ? ", " + Fraction(-2, 2) : ""));
@@ -363,14 +375,13 @@ void Writer::Element(int index) {
         Line("xscale", Fraction(0, 2) + (OneIn(5) ? "" : ", " + Fraction(0, 3)));
     }
     if (OneIn(4)) {
-        const auto corner = [this](int high) {
-            return OneIn(4) ? Fraction(-20, high) : Number(-20, high, 500);
-        };
-        const int right = width_ + 20;
-        const int bottom = height_ + 20;
-        Line("window",
-             corner(right) + ", " + corner(bottom) + ", " + corner(right) + ", " + corner(bottom));
+        Line("window", Corners(-20, width_ + 20));
     }
+    Newer(kMaskWindows, [this] {
+        if (OneIn(4)) {
+            Line("maskwindow", Corners(-width_ / 2 - 20, width_ / 2 + 20));
+        }
+    });
     if (Adds() && OneIn(6)) {
         Line("windowdelta", Fraction(-1, 2) + ", " + Fraction(-1, 2));
     }
