@@ -75,7 +75,7 @@ void LiteralStage::PlaceCamera() {
 void LiteralStage::KeepCamera() {
     const auto [left, right] = CameraSides();
     camera_[0] = -std::min(std::max(-camera_[0], left), right);
-    camera_[1] = std::min(std::max(camera_[1], double{model_.BoundHigh}), double{model_.BoundLow});
+    camera_[1] = std::min(std::max(camera_[1], double(model_.BoundHigh)), double(model_.BoundLow));
 }
 
 LiteralStage::Sides LiteralStage::CameraSides() const {

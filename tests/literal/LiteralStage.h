@@ -15,6 +15,7 @@
 #include <vector>
 
 #include "literal/LiteralSpace.h"
+#include "literal/LiteralTexels.h"
 #include "literal/LiteralZoom.h"
 #include "stage/StageModel.h"
 #include "stage/ViewOptions.h"
@@ -209,10 +210,19 @@ private:
                        int endRow);
 
     // On the canvas (LiteralCanvas.cpp).
-    struct Reach;   // of a picture, along one axis
-    struct Tiling;  // along one axis
+    // Of a picture, along one axis, in canvas pixels before rounding.
+    struct Reach {
+        double near = 0;
+        double size = 0;
+        bool mirrored = false;
+    };
+    // Along one axis, in the picture's own pixels.
+    struct Tiling {
+        std::int64_t count = 0;
+        std::int64_t distance = 0;
+        bool touching = false;  // each copy ends where the next one begins
+    };
     void DrawOnCanvas(const Element& element, Shown& shown);
-    void DrawRows(const Element& element, const Shown& shown);
     [[nodiscard]] double AxisPlace(const Element& element, std::size_t axis) const;
     // How much of the camera's zoom it takes.
     [[nodiscard]] double ZoomOf(const BackgroundElement& element, std::size_t axis) const;
@@ -227,12 +237,23 @@ private:
                                   int size) const;
     [[nodiscard]] std::vector<Span> Copies(const Reach& reach, const Tiling& tiling,
                                            double tilePixel, std::size_t axis) const;
-    [[nodiscard]] double Stretch(const BackgroundElement& element) const;
     [[nodiscard]] Window CanvasWindow(const BackgroundElement& element) const;
     // Some rows of the picture, brought to columns and rows. The rows count from the upper edge of
     // the picture as it is mirrored.
     void DrawQuad(const Shown& shown, const Span& columns, const Span& rows, const Span& texelRows,
                   const std::array<bool, 2>& mirrored);
+    [[nodiscard]] static std::uint32_t MixedTexel(const Shown& shown, const TwoTexels& across,
+                                                  const TwoTexels& down,
+                                                  const std::array<bool, 2>& mirrored);
+
+    // Rows of parallax elements, on the canvas (LiteralRows.cpp). The height t is 0 for the first
+    // row and 1 for the last one.
+    struct Row;
+    void DrawRows(const Element& element, const Shown& shown);
+    [[nodiscard]] double Stretch(const BackgroundElement& element) const;
+    [[nodiscard]] static bool HasWidths(const BackgroundElement& element);
+    [[nodiscard]] Row ShearedRow(const Element& element, const Shown& shown, double t) const;
+    [[nodiscard]] Row WidenedRow(const Element& element, const Shown& shown, double t) const;
 
     const StageModel& model_;
     LiteralRules rules_;

@@ -20,6 +20,7 @@ constexpr int kIds = 3;
 // Which of the rules of MUGEN 1.1 stages are made for.
 constexpr bool kZooms = false;
 constexpr bool kMaskWindows = false;
+constexpr bool kRowWidths = false;
 
 // So that its numbers are others than those of a stage's first random ones.
 constexpr std::uint32_t kNewerSeed = 0x51A6E11;
@@ -87,6 +88,7 @@ private:
     void Settings();
     void Zoom();
     void ZoomDelta(bool tiled);
+    void RowWidths(bool tiled);
     [[nodiscard]] std::string Corners(int left, int right);
     void Space();
     [[nodiscard]] std::string Scale();
@@ -341,6 +343,15 @@ void Writer::Blend() {
     }
 }
 
+// Tiles are not brought close together.
+void Writer::RowWidths(bool tiled) {
+    const int least = tiled ? 100 : 1;
+    const std::string top = OneIn(3) ? Fraction(least, 200) : std::to_string(Whole(least, 400));
+    const std::string bottom =
+        OneIn(9) && !tiled ? Number(0, 0, 300) : std::to_string(Whole(least, 900));
+    Line("width", top + ", " + bottom);
+}
+
 void Writer::Element(int index) {
     static constexpr std::array kTypes = {"normal",   "normal", "anim", "anim", "anim",
                                           "parallax", "dummy",  "norm", "ani",  "paral",
@@ -397,6 +408,11 @@ void Writer::Element(int index) {
         OwnScale(tiled);
     }
     Newer(kZooms, [&] { ZoomDelta(tiled); });
+    Newer(kRowWidths, [&] {
+        if (type.starts_with("paral") && OneIn(2)) {
+            RowWidths(tiled);
+        }
+    });
     ElementMotion();
     Blend();
 }
