@@ -243,9 +243,14 @@ bool Writer::Tiles(bool animated) {
     if (animated && both) {
         Line("tilespacing", std::to_string(Whole(20, 150)) + ", " + std::to_string(Whole(20, 150)));
     } else if (OneIn(2)) {
-        std::array<std::string, 2> spacings = {Number(0, 150, 400), Number(0, 150, 400)};
+        // Of those that are less than a pixel of the canvas apart the program leaves some out.
+        const auto spacing = [this] {
+            return shrinks_ ? std::to_string(Whole(7, 150)) : Number(0, 150, 400);
+        };
+        std::array<std::string, 2> spacings = {spacing(), spacing()};
         if (OneIn(4)) {
-            spacings[static_cast<std::size_t>(Whole(0, 1))] = std::to_string(Whole(-20, 9));
+            spacings[static_cast<std::size_t>(Whole(0, 1))] =
+                std::to_string(Whole(shrinks_ ? 7 : -20, 9));
         }
         Line("tilespacing", spacings[0] + (OneIn(6) ? "" : ", " + spacings[1]));
     }
