@@ -11,7 +11,7 @@
 
 namespace scenara::test {
 void LiteralStage::DrawOnCanvas(const Element& element, Shown& shown) {
-    const std::array<double, 2> pixels = {PixelOf(element, 0), PixelOf(element, 1)};
+    const std::array<double, 2> pixels = {PixelOf(element, shown, 0), PixelOf(element, shown, 1)};
     if (pixels[0] == 0 || pixels[1] == 0) {
         return;
     }
@@ -25,10 +25,9 @@ void LiteralStage::DrawOnCanvas(const Element& element, Shown& shown) {
     std::array<std::vector<Span>, 2> copies;
     std::array<bool, 2> mirrored{};
     for (std::size_t axis = 0; axis < 2; ++axis) {
-        const double pixel = pixels[axis];
-        const Reach reach = ReachOf(shown, axis, AxisPlace(element, axis), pixel);
-        const int size = axis == 0 ? shown.image->width : shown.image->height;
-        copies[axis] = Copies(reach, TilingOf(*element.file, axis, size), std::abs(pixel), axis);
+        const Reach reach = ReachOf(shown, axis, AxisPlace(element, axis), pixels[axis]);
+        copies[axis] = Copies(reach, TilingOf(*element.file, shown, axis),
+                              std::abs(PixelOf(element, axis)), axis);
         mirrored[axis] = reach.mirrored;
     }
     for (const Span& rows : copies[1]) {
@@ -68,6 +67,10 @@ double LiteralStage::PixelOf(const Element& element, std::size_t axis) const {
            ZoomOf(*element.file, axis);
 }
 
+double LiteralStage::PixelOf(const Element& element, const Shown& shown, std::size_t axis) const {
+    return PixelOf(element, axis) * std::min(std::max(shown.scale[axis], -1024.0), 1024.0);
+}
+
 // A picture is mirrored about its axis, first by its frame, then by a pixel size below 0.
 LiteralStage::Reach LiteralStage::ReachOf(const Shown& shown, std::size_t axis, double place,
                                           double pixel) const {
@@ -81,8 +84,9 @@ LiteralStage::Reach LiteralStage::ReachOf(const Shown& shown, std::size_t axis, 
 }
 
 // The spacing is the gap between still pictures and the whole distance between animated ones.
-LiteralStage::Tiling LiteralStage::TilingOf(const BackgroundElement& element, std::size_t axis,
-                                            int size) const {
+LiteralStage::Tiling LiteralStage::TilingOf(const BackgroundElement& element, const Shown& shown,
+                                            std::size_t axis) const {
+    const int size = axis == 0 ? shown.image->width : shown.image->height;
     const bool given = (element.tileSpacingGiven & 1U << axis) != 0;
     const bool oneGiven = element.tileSpacingGiven != 0 && !given;
     const bool old = model_.MugenVersion < 1;
@@ -98,12 +102,13 @@ LiteralStage::Tiling LiteralStage::TilingOf(const BackgroundElement& element, st
     } else if (absent || (tiling.count == 1 && noDistance)) {
         tiling.distance = size;
     }
-    tiling.touching = tiling.distance == size;
+    tiling.touching = tiling.distance == size && shown.scale[axis] == 1;
     return tiling;
 }
 
 // Along one axis: all that touch the picture. A copy ends with its picture, but never in the one
-// that follows, where that begins after it.
+// that follows, where that begins after it. A frame's own scale does not change how far apart they
+// are.
 std::vector<LiteralStage::Span> LiteralStage::Copies(const Reach& reach, const Tiling& tiling,
                                                      double tilePixel, std::size_t axis) const {
     const double step = static_cast<double>(tiling.distance) * tilePixel;
@@ -137,7 +142,7 @@ std::vector<LiteralStage::Span> LiteralStage::Copies(const Reach& reach, const T
         const std::int64_t next = copy(static_cast<double>(k + 1)).begin;
         if (tiling.touching) {
             span.end = next;
-        } else if (step > reach.size) {
+        } else if (step >= reach.size) {
             span.end = std::min(span.end, next);
         }
         if (span.end > 0 && span.begin < limit) {

@@ -87,11 +87,7 @@ std::optional<LiteralStage::Shown> LiteralStage::ShownOf(const Element& element)
         const bool flipsDown = both || frame.flip == "v";
         shown.mirrored = {frame.flip == "h" || (both && rules_.mirrorsAboutAxis),
                           flipsDown && rules_.mirrorsAboutAxis};
-        shown.offset = {frame.offsetX + Wide(frame.offsetFraction[0]),
-                        frame.offsetY + Wide(frame.offsetFraction[1])};
-        if (file.framesBlend != 0) {
-            shown.blending = frame.blending;
-        }
+        ReadFrame(element, shown);
     }
     if (sprite < 0) {
         return std::nullopt;

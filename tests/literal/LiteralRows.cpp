@@ -31,9 +31,8 @@ LiteralStage::Row LiteralStage::ShearedRow(const Element& element, const Shown& 
     const double bottom = Wide(file.xscaleBottom);
     const double factor = given ? (top + (bottom - top) * t) / top : 1;
     const double middle = space_.detail * (space_.width / 2.0);
-    const double across = PixelOf(element, 0);
     const double place = middle + (AxisPlace(element, 0) - middle) * factor;
-    return {ReachOf(shown, 0, place, across), std::abs(across)};
+    return {ReachOf(shown, 0, place, PixelOf(element, shown, 0)), std::abs(PixelOf(element, 0))};
 }
 
 // A trapezoid. The axis point is above the middle of its upper edge, whatever axis the picture has.
@@ -43,12 +42,12 @@ LiteralStage::Row LiteralStage::WidenedRow(const Element& element, const Shown& 
     const double bottom = Wide(element.file->rowWidths[1]);
     const double factor = 1 + (bottom / top - 1) * t;
     const double middle = space_.detail * (space_.width / 2.0);
-    const double across = PixelOf(element, 0);
+    const double across = PixelOf(element, shown, 0);
     const double upperWidth = top * std::abs(across);
     const double upperLeft = AxisPlace(element, 0) - upperWidth / 2;
     const double width = upperWidth * factor;
     return {{middle + (upperLeft - middle) * factor, width, shown.mirrored[0] != (across < 0)},
-            width / shown.image->width};
+            top * std::abs(PixelOf(element, 0)) * factor / shown.image->width};
 }
 
 bool LiteralStage::HasWidths(const BackgroundElement& element) {
@@ -59,10 +58,10 @@ bool LiteralStage::HasWidths(const BackgroundElement& element) {
 void LiteralStage::DrawRows(const Element& element, const Shown& shown) {
     const BackgroundElement& file = *element.file;
     const Image& image = *shown.image;
-    const double down = PixelOf(element, 1) * Stretch(file);
+    const double down = PixelOf(element, shown, 1) * Stretch(file);
     const int above = shown.mirrored[1] ? image.height - image.axisY : image.axisY;
     const double upper = AxisPlace(element, 1) + down * (shown.offset[1] - above);
-    const Tiling tiling = TilingOf(file, 0, image.width);
+    const Tiling tiling = TilingOf(file, shown, 0);
     for (int row = 0; row < image.height; ++row) {
         const double t = image.height == 1 ? 0 : double(row) / (image.height - 1);
         const auto [reach, tilePixel] =

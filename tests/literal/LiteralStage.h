@@ -154,6 +154,8 @@ private:
     struct Shown {
         const Image* image = nullptr;
         std::array<double, 2> offset{};  // of a frame
+        std::array<double, 2> scale{1, 1};
+        double angle = 0;                // degrees, counter-clockwise
         std::array<bool, 2> mirrored{};  // left to right, top to bottom
         bool masked = false;             // each pixel counts as much as its alpha says
         Blending blending;
@@ -194,6 +196,9 @@ private:
 
     // What is seen of an element (LiteralPicture.cpp).
     [[nodiscard]] std::optional<Shown> ShownOf(const Element& element) const;
+    // What it shows of its frame (LiteralFrames.cpp).
+    void ReadFrame(const Element& element, Shown& shown) const;
+    [[nodiscard]] static const StageFrame& NextFrame(const StageAction& action, int frame);
     // How far its swing has taken it, or the swing and the motion of its parent.
     [[nodiscard]] double CarriedBy(const Element& element, std::size_t axis) const;
     // One texel of it at a place within the picture.
@@ -229,12 +234,15 @@ private:
     // Where a place of the canvas is seen at its zoom: nearer to the middle, and to the ground.
     [[nodiscard]] double Zoomed(const BackgroundElement& element, std::size_t axis,
                                 double place) const;
-    // Canvas pixels of a pixel of its picture; below 0 it is mirrored.
+    // Canvas pixels of a pixel of its pictures; below 0 they are mirrored.
     [[nodiscard]] double PixelOf(const Element& element, std::size_t axis) const;
+    // The same of the picture that it shows, which its frame may scale.
+    [[nodiscard]] double PixelOf(const Element& element, const Shown& shown,
+                                 std::size_t axis) const;
     [[nodiscard]] Reach ReachOf(const Shown& shown, std::size_t axis, double place,
                                 double pixel) const;
-    [[nodiscard]] Tiling TilingOf(const BackgroundElement& element, std::size_t axis,
-                                  int size) const;
+    [[nodiscard]] Tiling TilingOf(const BackgroundElement& element, const Shown& shown,
+                                  std::size_t axis) const;
     [[nodiscard]] std::vector<Span> Copies(const Reach& reach, const Tiling& tiling,
                                            double tilePixel, std::size_t axis) const;
     [[nodiscard]] Window CanvasWindow(const BackgroundElement& element) const;

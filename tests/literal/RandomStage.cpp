@@ -21,6 +21,8 @@ constexpr int kIds = 3;
 constexpr bool kZooms = false;
 constexpr bool kMaskWindows = false;
 constexpr bool kRowWidths = false;
+constexpr bool kFrameScales = false;
+constexpr bool kInterpolates = false;
 
 // So that its numbers are others than those of a stage's first random ones.
 constexpr std::uint32_t kNewerSeed = 0x51A6E11;
@@ -103,6 +105,8 @@ private:
     [[nodiscard]] std::string ScalePerUnit();
     void Blend();
     void Action(int number);
+    [[nodiscard]] std::string FrameScale();
+    void Interpolate();
     void Group(int index);
     void Control();
     void OffAndOn();
@@ -422,6 +426,22 @@ void Writer::Element(int index) {
     Blend();
 }
 
+// Not very large: tiles are no farther apart for it.
+std::string Writer::FrameScale() {
+    static constexpr std::array kOdd = {"0", ".003", "-.02", "4"};
+    const auto scale = [this] { return OneIn(15) ? OneOf(kOdd) : Fraction(-2, 2); };
+    return ", " + scale() + (OneIn(6) ? "" : ", " + scale());
+}
+
+// What goes over into the next frame, or from the last one to the first.
+void Writer::Interpolate() {
+    for (const char* const what : {"Offset", "blend", "Scale", "Angle"}) {
+        if (OneIn(4)) {
+            text_ += std::string("Interpolate ") + what + "\n";
+        }
+    }
+}
+
 void Writer::Action(int number) {
     static constexpr std::array kTimes = {"-1", "-9", "0", "0", "1", "2", "3", "5", "9", ""};
     static constexpr std::array kFlips = {"", "", "", "H", "V", "HV", "h"};
@@ -432,16 +452,19 @@ void Writer::Action(int number) {
         if (OneIn(6)) {
             text_ += "Loopstart\n";
         }
+        Newer(kInterpolates, [this] { Interpolate(); });
         const bool fractions = Adds() && OneIn(4);
         const auto offset = [&] { return fractions ? Fraction(-30, 30) : Number(-30, 30, 400); };
         text_ += (OneIn(12) ? "-1, 0" : Sprite()) + ", " + offset();
         text_ += ", " + offset() + ", " + OneOf(kTimes);
         const std::string flip = OneOf(kFlips);
         const std::string blend = OneOf(kBlends);
-        if (!flip.empty() || !blend.empty()) {
+        std::string scale;
+        Newer(kFrameScales, [&] { scale = OneIn(3) ? FrameScale() : ""; });
+        if (!flip.empty() || !blend.empty() || !scale.empty()) {
             text_ += ", " + flip;
         }
-        text_ += (blend.empty() ? "" : ", " + blend) + "\n";
+        text_ += (blend.empty() && scale.empty() ? "" : ", " + blend) + scale + "\n";
     }
     if (OneIn(12)) {
         text_ += "Loopstart\n";
