@@ -17,9 +17,14 @@ void LiteralStage::DrawOnCanvas(const Element& element, Shown& shown) {
     }
     shown.window = CanvasWindow(*element.file);
     const bool scaled = std::abs(pixels[0]) != 1 || std::abs(pixels[1]) != 1;
-    shown.mixesTexels = rules_.mixesTexels && (scaled || HasWidths(*element.file));
+    const bool turned = !element.parallax && IsTurned(shown);
+    shown.mixesTexels = rules_.mixesTexels && (scaled || turned || HasWidths(*element.file));
     if (element.parallax) {
         DrawRows(element, shown);
+        return;
+    }
+    if (turned) {
+        DrawTurned(element, shown);
         return;
     }
     std::array<std::vector<Span>, 2> copies;

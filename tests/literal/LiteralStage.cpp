@@ -32,7 +32,8 @@ LiteralStage::LiteralStage(const StageModel& loaded, const LiteralRules& rules)
       space_(rules.onCanvas ? LiteralSpace::Of(loaded) : LiteralSpace()),
       zoomLimits_(rules.onCanvas ? LiteralZoom::Of(loaded) : LiteralZoom()),
       zoom_(zoomLimits_.start),
-      picture_(static_cast<std::size_t>(Width()) * static_cast<std::size_t>(Height()), 0) {
+      picture_(static_cast<std::size_t>(Width()) * static_cast<std::size_t>(Height()), 0),
+      inDoubt_(picture_.size(), 0) {
     ReadImages();
     PlaceCamera();
     elements_.resize(model_.Elements.size());
@@ -184,6 +185,7 @@ void LiteralStage::RaiseUpperBound() {
 void LiteralStage::DrawFrame(const LiteralKeys& keys) {
     if (rules_.clearsPicture) {
         std::ranges::fill(picture_, ClearColor());
+        std::ranges::fill(inDoubt_, std::uint8_t{0});
     }
     seenFrom_ = {space_.CameraAt(-camera_[0]), space_.CameraAt(camera_[1])};
     RunControls();

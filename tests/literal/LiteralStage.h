@@ -82,6 +82,9 @@ public:
 
     // Line by line, 0xRRGGBB. Black before the first frame.
     [[nodiscard]] const std::vector<std::uint32_t>& Picture() const { return picture_; }
+    // Pixels of it that may be otherwise: a picture is turned there, and devices differ by a hair.
+    // 1 = in doubt.
+    [[nodiscard]] const std::vector<std::uint8_t>& InDoubt() const { return inDoubt_; }
     [[nodiscard]] int Width() const { return space_.CanvasWidth(); }
     [[nodiscard]] int Height() const { return space_.CanvasHeight(); }
 
@@ -214,7 +217,7 @@ private:
     void DrawPlainCopy(const Shown& shown, std::int64_t x, std::int64_t y, int firstRow,
                        int endRow);
 
-    // On the canvas (LiteralCanvas.cpp).
+    // On the canvas (LiteralCanvas.cpp). Window and mixing of what is shown are set there.
     // Of a picture, along one axis, in canvas pixels before rounding.
     struct Reach {
         double near = 0;
@@ -254,6 +257,25 @@ private:
                                                   const TwoTexels& down,
                                                   const std::array<bool, 2>& mirrored);
 
+    // Turned pictures, on the canvas (LiteralTurned.cpp).
+    struct TurnedPicture;
+    struct TexelChoice {
+        std::uint32_t texel = 0;
+        bool sure = true;  // every device shows the same
+    };
+    [[nodiscard]] static bool IsTurned(const Shown& shown);
+    void DrawTurned(const Element& element, const Shown& shown);
+    [[nodiscard]] TurnedPicture TurnedPictureOf(const Element& element, const Shown& shown) const;
+    [[nodiscard]] std::vector<double> TurnedPlaces(const TurnedPicture& turned,
+                                                   const Tiling& tiling, double step, double place,
+                                                   std::size_t axis) const;
+    void DrawTurnedCopy(const Shown& shown, TurnedPicture& turned,
+                        const std::array<double, 2>& about);
+    void PutTurned(std::int64_t x, std::int64_t y, const Shown& shown, const TurnedPicture& turned,
+                   const std::array<double, 2>& within);
+    [[nodiscard]] static TexelChoice TexelsOfTurned(const Shown& shown, const TurnedPicture& turned,
+                                                    const std::array<double, 2>& within);
+
     // Rows of parallax elements, on the canvas (LiteralRows.cpp). The height t is 0 for the first
     // row and 1 for the last one.
     struct Row;
@@ -277,6 +299,7 @@ private:
     std::array<double, 2> seenFrom_{};  // where the camera is for this frame, in shown coordinates
     int upperBound_ = 0;
     std::vector<std::uint32_t> picture_;
+    std::vector<std::uint8_t> inDoubt_;
 };
 
 }  // namespace scenara::test

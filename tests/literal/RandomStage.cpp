@@ -23,6 +23,7 @@ constexpr bool kMaskWindows = false;
 constexpr bool kRowWidths = false;
 constexpr bool kFrameScales = false;
 constexpr bool kInterpolates = false;
+constexpr bool kTurns = false;
 
 // So that its numbers are others than those of a stage's first random ones.
 constexpr std::uint32_t kNewerSeed = 0x51A6E11;
@@ -98,6 +99,7 @@ private:
     void ElementMotion();
     // Whether it has any.
     bool Tiles(bool animated);
+    bool FewTiles();
     bool TilesOfAlphas(bool animated, bool scaled);
     void OwnScale(bool tiled);
     [[nodiscard]] std::string ScaleOfTiles();
@@ -106,6 +108,7 @@ private:
     void Blend();
     void Action(int number);
     [[nodiscard]] std::string FrameScale();
+    [[nodiscard]] std::string Angle();
     void Interpolate();
     void Group(int index);
     void Control();
@@ -121,6 +124,7 @@ private:
     int height_ = 240;
     bool shrinks_ = false;  // a pixel of a picture may be less than one of the canvas
     double zoomOut_ = 1;    // the least zoom
+    bool turns_ = false;    // some frames have an angle
 };
 
 std::string Writer::Scale() {
@@ -232,11 +236,24 @@ void Writer::ZoomDelta(bool tiled) {
     }
 }
 
+// Such as may be turned, one by one.
+bool Writer::FewTiles() {
+    static constexpr std::array kCounts = {"0", "1", "2", "3"};
+    const std::string across = OneOf(kCounts);
+    Line("tile", across + ", " + OneOf(kCounts));
+    const std::string distance = std::to_string(Whole(60, 200));
+    Line("tilespacing", distance + ", " + std::to_string(Whole(60, 200)));
+    return true;
+}
+
 bool Writer::Tiles(bool animated) {
     static constexpr std::array kCounts = {"0", "1", "1",  "2",       "3",
                                            "5", "9", "40", "1000000", "-2"};
     if (!OneIn(3)) {
         return false;
+    }
+    if (turns_) {
+        return FewTiles();
     }
     const std::string across = OneOf(kCounts);
     const std::string down = OneIn(4) ? "" : OneOf(kCounts);
@@ -268,6 +285,9 @@ bool Writer::TilesOfAlphas(bool animated, bool scaled) {
     static constexpr std::array kCounts = {"0", "1", "1", "2", "3", "5", "9"};
     if (OneIn(3)) {
         return false;
+    }
+    if (turns_) {
+        return FewTiles();
     }
     std::array<std::string, 2> counts = {OneOf(kCounts), OneOf(kCounts)};
     std::array<std::string, 2> spacings;
@@ -433,6 +453,13 @@ std::string Writer::FrameScale() {
     return ", " + scale() + (OneIn(6) ? "" : ", " + scale());
 }
 
+// Quarters of a turn, or anything.
+std::string Writer::Angle() {
+    return ", " + (OneIn(3)   ? std::to_string(90 * Whole(-5, 5))
+                   : OneIn(2) ? std::to_string(15 * Whole(-30, 30))
+                              : Fraction(-400, 400));
+}
+
 // What goes over into the next frame, or from the last one to the first.
 void Writer::Interpolate() {
     for (const char* const what : {"Offset", "blend", "Scale", "Angle"}) {
@@ -461,6 +488,12 @@ void Writer::Action(int number) {
         const std::string blend = OneOf(kBlends);
         std::string scale;
         Newer(kFrameScales, [&] { scale = OneIn(3) ? FrameScale() : ""; });
+        Newer(kTurns && turns_, [&] {
+            if (OneIn(2)) {
+                const auto given = std::ranges::count(scale, ',');
+                scale += (given == 0 ? ", , " : given == 1 ? ", " : "") + Angle();
+            }
+        });
         if (!flip.empty() || !blend.empty() || !scale.empty()) {
             text_ += ", " + flip;
         }
@@ -553,6 +586,7 @@ RandomStage Writer::Make() {
     RandomStage stage;
     stage.archive = MakeRandomArchive(random_);
     Settings();
+    Newer(kTurns, [this] { turns_ = OneIn(3); });
     for (int number = 0; number < kActions; ++number) {
         Action(number);
     }
