@@ -231,9 +231,10 @@ private:
             return {static_cast<double>(y_), 1};
         }
         const double stretch = RowStretch(element_, options_.camera.y, picture_.scaleY);
+        const double top = picture_.axisY + picture_.fromAxisY * stretch;
         // Not stretched, the picture stands on whole pixels as all others do.
-        return stretch == 1 ? StretchedRows{static_cast<double>(y_), 1}
-                            : StretchedRows{picture_.axisY + picture_.fromAxisY * stretch, stretch};
+        return stretch == 1 ? StretchedRows{static_cast<double>(WholePixel(Near(top), true)), 1}
+                            : StretchedRows{top, stretch};
     }
 
     // Where a row begins, canvas pixels, and how many of them there are to a pixel of it.
@@ -265,9 +266,14 @@ private:
                 picture_.scaleX};
     }
 
+    static double Near(double place) {
+        constexpr auto kMost = static_cast<double>(kFarthest);
+        return std::clamp(place, -kMost, kMost);
+    }
+
     void ShowRow(const PlacedRow& row, const PixelRange& lines, std::int64_t source) {
         constexpr auto kMost = static_cast<double>(kFarthest);
-        const double place = std::clamp(row.x, -kMost, kMost);
+        const double place = Near(row.x);
         if (timesX_ == 0 || picture_.hasRowWidths || IsMixed()) {
             if (row.scale == 0) {
                 return;
