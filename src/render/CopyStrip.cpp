@@ -10,6 +10,7 @@
 #include "render/ElementTiles.h"
 #include "render/TexelLock.h"
 #include "render/TiledPictures.h"
+#include "stage/CameraZoom.h"
 #include "stage/ModelLookup.h"
 #include "stage/StageSpace.h"
 
@@ -83,6 +84,7 @@ Long StripLines(const StageModel& model, const ViewOptions& options, const View&
     }
     const CanvasSize canvas = view.Canvas();
     const StageSpace space = SpaceOf(model);
+    const double zoomOut = ZoomRangeOf(model).out;
     const auto most = [](const Tiles& tiles, double scale, Long pixels) {
         const double size = static_cast<double>(tiles.size) * scale;
         return ScaledCopies(tiles, -size, scale).CopiesIn(pixels);
@@ -97,15 +99,16 @@ Long StripLines(const StageModel& model, const ViewOptions& options, const View&
             }
             const ElementTiles tiles(model, shown, picture, options.Additions);
             const double detail = view.detail * space.hires;
-            // Where it changes with the camera, as it is at first.
+            // Where it changes with the camera, as it is at first, and where most is seen.
             const ElementScale own = ScaleOf(shown, space, 0, 0);
-            if (own.x == 0 || own.y == 0) {
+            const ElementScale zoom = ZoomOf(shown, zoomOut);
+            if (own.x == 0 || own.y == 0 || zoom.x == 0 || zoom.y == 0) {
                 return;
             }
             const double across =
-                most(tiles.across, std::fabs(space.scaleX * own.x) * detail, canvas.width);
+                most(tiles.across, std::fabs(space.scaleX * own.x) * zoom.x * detail, canvas.width);
             const double down =
-                most(tiles.down, std::fabs(space.scaleY * own.y) * detail, canvas.height);
+                most(tiles.down, std::fabs(space.scaleY * own.y) * zoom.y * detail, canvas.height);
             const bool rows = shown.kind == ElementKind::Parallax;
             if (rows ? IsStripCheaper(across, 1) : IsStripCheaper(across * down, canvas.height)) {
                 lines = std::max(lines, rows ? Long{1} : Long{sprite.height});

@@ -100,7 +100,7 @@ public:
           timesX_(WholeTimes(picture.scaleX)),
           timesY_(WholeTimes(picture.scaleY)) {
         if (const auto key = PatternFor(model, element, picture, mixing, options);
-            key && timesX_ != 0 && timesY_ != 0) {
+            key && timesX_ != 0 && timesY_ != 0 && !picture.hasRowWidths) {
             pattern_ = FindPattern(model, *key);
         }
     }
@@ -221,7 +221,7 @@ private:
             }
             if (!seen.IsEmpty()) {
                 // What is mixed is not cut, for a part of it would be mixed otherwise.
-                ShowRow(RowPlace(row), IsMixed() ? lines : seen, row);
+                ShowRow(RowAt(row), IsMixed() ? lines : seen, row);
             }
         }
     }
@@ -236,25 +236,44 @@ private:
                             : StretchedRows{picture_.axisY + picture_.fromAxisY * stretch, stretch};
     }
 
-    // Where a row begins. Addition: rows are apart by the whole way of the element's axis from the
-    // middle of the view, and not by the camera's part of it alone.
-    [[nodiscard]] double RowPlace(std::int64_t row) const {
+    // Where a row begins, canvas pixels, and how many of them there are to a pixel of it.
+    struct PlacedRow {
+        double x;
+        double scale;
+    };
+
+    // Additions: rows are apart by the whole way of the element's axis from the middle of the view,
+    // and not by the camera's part of it alone; or the top row, about the axis, and what it has to
+    // the left are as many times as wide as each row is.
+    [[nodiscard]] PlacedRow RowAt(std::int64_t row) const {
         const std::int64_t height = sprite_.height;
-        const double speed =
-            RowSpeed(element_, picture_.turnedOver ? height - 1 - row : row, height);
-        if (!options_.additions) {
-            return picture_.x + static_cast<double>(options_.camera.x) *
-                                    static_cast<double>(element_.deltaX) * (speed - 1);
+        const std::int64_t fromTop = picture_.turnedOver ? height - 1 - row : row;
+        const double middle = options_.Middle();
+        if (picture_.hasRowWidths) {
+            const double top = static_cast<double>(element_.rowWidths[0]) * picture_.scaleX;
+            const double times = RowWidth(element_, fromTop, height);
+            return {middle + (picture_.axisX - top / 2 - middle) * times,
+                    top * times / sprite_.width};
         }
-        const double middle = options_.view.Centre() * options_.view.detail;
-        return middle + (picture_.axisX - middle) * speed + picture_.fromAxisX * picture_.scaleX;
+        const double speed = RowSpeed(element_, fromTop, height);
+        if (!options_.additions) {
+            return {picture_.x + static_cast<double>(options_.camera.x) *
+                                     static_cast<double>(element_.deltaX) * (speed - 1),
+                    1};
+        }
+        return {middle + (picture_.axisX - middle) * speed + picture_.fromAxisX * picture_.scaleX,
+                picture_.scaleX};
     }
 
-    void ShowRow(double place, const PixelRange& lines, std::int64_t source) {
+    void ShowRow(const PlacedRow& row, const PixelRange& lines, std::int64_t source) {
         constexpr auto kMost = static_cast<double>(kFarthest);
-        place = std::clamp(place, -kMost, kMost);
-        if (timesX_ == 0 || IsMixed()) {
-            const ScaledCopies copies(tiles_.across, place, picture_.scaleX);
+        const double place = std::clamp(row.x, -kMost, kMost);
+        if (timesX_ == 0 || picture_.hasRowWidths || IsMixed()) {
+            if (row.scale == 0) {
+                return;
+            }
+            const ScaledCopies copies(tiles_.across, place,
+                                      std::min(row.scale, kMost / 2 / sprite_.width));
             const double count = copies.CopiesIn(window_.columns.to - window_.columns.from);
             if (TakesLines(copies, {source, source + 1},
                            IsMixed() ? count * static_cast<double>(LinesSeen()) : count,

@@ -32,7 +32,8 @@ struct PlacedPicture : ElementPicture {
     double axisY = 0;
     double scaleX = 1;  // canvas pixels to a pixel of the picture, above 0
     double scaleY = 1;
-    bool turnedOver = false;  // its scale is below 0 down, beside what the frame is
+    bool turnedOver = false;    // its scale is below 0 down, beside what the frame is
+    bool hasRowWidths = false;  // addition: scaleX is not that of its rows
 };
 
 // Positions beyond this are nowhere near the view, and no sum with a size leaves 32 bits.
@@ -62,7 +63,7 @@ inline constexpr Single kFarthest = 1073741824.0F;
 
 // Addition: whether it is mixed from its own pixels, which pictures at their own size are not.
 [[nodiscard]] inline bool IsMixed(const PlacedPicture& picture, const DrawOptions& options) {
-    return options.smooth && (picture.scaleX != 1 || picture.scaleY != 1);
+    return options.smooth && (picture.scaleX != 1 || picture.scaleY != 1 || picture.hasRowWidths);
 }
 
 // Whether there is anything at all that the element could show. Without, it is skipped, unless it
