@@ -37,6 +37,28 @@ void Load(StageMachine& loader, const RandomStage& stage, const ViewOptions& vie
     ChangePictures(loader.model, stage);
 }
 
+// 0: it stays.
+double ZoomBefore(const RandomStage& stage, std::size_t frame) {
+    return frame < stage.zooms.size() ? stage.zooms[frame] : 0;
+}
+
+void DrawFrame(LiteralStage& literal, const RandomStage& stage, std::size_t frame) {
+    if (const double zoom = ZoomBefore(stage, frame); zoom != 0) {
+        literal.SetZoom(zoom);
+    }
+    literal.DrawFrame(stage.keys[frame]);
+}
+
+std::string ZoomScript(const RandomStage& stage) {
+    std::ostringstream script;
+    for (std::size_t frame = 0; frame < stage.zooms.size(); ++frame) {
+        if (stage.zooms[frame] != 0) {
+            script << "zoom " << stage.zooms[frame] << " before frame " << frame + 1 << "\n";
+        }
+    }
+    return script.str();
+}
+
 // As a key script says it.
 std::string Words(const LiteralKeys& keys) {
     std::string words;
@@ -105,8 +127,8 @@ ShownCanvas LiteralPictureOf(const RandomStage& stage, const ViewOptions& view) 
     StageMachine loader;
     Load(loader, stage, view);
     LiteralStage literal(loader.model, LiteralRules::Of(view));
-    for (const LiteralKeys& keys : stage.keys) {
-        literal.DrawFrame(keys);
+    for (std::size_t frame = 0; frame < stage.keys.size(); ++frame) {
+        DrawFrame(literal, stage, frame);
     }
     return {{literal.Width(), literal.Height()}, literal.Picture()};
 }
@@ -131,7 +153,10 @@ ComparedStage CompareStage(const RandomStage& stage, const ViewOptions& view) {
     ProgramStage program(std::move(files), kTestStage, view,
                          [&](StageModel& model) { ChangePictures(model, stage); });
     for (std::size_t frame = 0; frame < stage.keys.size(); ++frame) {
-        literal.DrawFrame(stage.keys[frame]);
+        DrawFrame(literal, stage, frame);
+        if (const double zoom = ZoomBefore(stage, frame); zoom != 0) {
+            program.SetZoom(zoom);
+        }
         program.RunFrame(stage.keys[frame]);
         if (MuchIsInDoubt(literal)) {
             return {{}, true};
@@ -141,6 +166,7 @@ ComparedStage CompareStage(const RandomStage& stage, const ViewOptions& view) {
             std::ostringstream text;
             text << "frame " << frame + 1 << " of " << stage.keys.size() << ", " << difference
                  << "\nkeys " << Script(stage.keys) << "\n"
+                 << ZoomScript(stage)
                  << (stage.alphas ? "alphas " + std::to_string(*stage.alphas) + "\n" : "")
                  << stage.definition;
             return {text.str(), false};

@@ -8,16 +8,17 @@
 namespace scenara::test {
 namespace {
 
-double Limited(double zoom) {
-    return std::min(std::max(zoom, 1.0 / 64), 64.0);
+// As the file has it. What is no zoom is 1.
+double Limited(float zoom) {
+    return zoom > 0 ? std::min(std::max(Wide(zoom), 1.0 / 64), 64.0) : 1;
 }
 
 }  // namespace
 
 LiteralZoom LiteralZoom::Of(const StageModel& model) {
     LiteralZoom zoom;
-    zoom.out = model.ZoomOut > 0 ? Limited(Wide(model.ZoomOut)) : 1;
-    zoom.in = std::max(zoom.out, Limited(Wide(model.ZoomIn)));
+    zoom.out = Limited(model.ZoomOut);
+    zoom.in = std::max(zoom.out, Limited(model.ZoomIn));
     zoom.start = zoom.Within(Wide(model.StartZoom));
     return zoom;
 }

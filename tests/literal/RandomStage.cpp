@@ -18,9 +18,9 @@ constexpr int kActions = 4;
 constexpr int kIds = 3;
 
 // Which of the rules of MUGEN 1.1 stages are made for.
-constexpr bool kZooms = false;
-constexpr bool kMaskWindows = false;
-constexpr bool kRowWidths = false;
+constexpr bool kZooms = true;
+constexpr bool kMaskWindows = true;
+constexpr bool kRowWidths = true;
 constexpr bool kFrameScales = false;
 constexpr bool kInterpolates = false;
 constexpr bool kTurns = false;
@@ -114,6 +114,7 @@ private:
     void Control();
     void OffAndOn();
     void Keys(std::vector<LiteralKeys>& keys);
+    void ZoomInAndOut(std::vector<double>& zooms, std::size_t frames);
 
     samplemaker::Random random_;
     samplemaker::Random newer_;
@@ -123,6 +124,7 @@ private:
     int width_ = 320;  // of the view
     int height_ = 240;
     bool shrinks_ = false;  // a pixel of a picture may be less than one of the canvas
+    bool zooms_ = false;    // it says how far
     double zoomOut_ = 1;    // the least zoom
     bool turns_ = false;    // some frames have an angle
 };
@@ -208,11 +210,12 @@ void Writer::Zoom() {
     if (OneIn(3)) {
         return;
     }
+    zooms_ = true;
     const std::string out = OneIn(15) ? OneOf(kOdd) : OneIn(3) ? Fraction(1, 2) : OneOf(kOuts);
     Line("zoomout", out);
     zoomOut_ = std::stod(out) <= 0 ? 1 : std::stod(out);
     if (!OneIn(4)) {
-        Line("zoomin", OneIn(3) ? Fraction(1, 3) : OneOf(kIns));
+        Line("zoomin", OneIn(15) ? OneOf(kOdd) : OneIn(3) ? Fraction(1, 3) : OneOf(kIns));
     }
     if (!OneIn(4)) {
         Line("startzoom", OneIn(15) ? OneOf(kOdd) : Fraction(0, 3));
@@ -387,7 +390,8 @@ void Writer::Element(int index) {
                                           "null",     "Anim",   "water"};
     static constexpr std::array kLayers = {"0", "0", "0", "0", "1", "1", "-1", "2", "-7"};
     text_ += "[BG " + std::to_string(index) + "]\n";
-    const std::string type = OneOf(kTypes);
+    std::string type = OneOf(kTypes);
+    Newer(kTurns && turns_, [&] { type = OneIn(3) ? type : "anim"; });
     if (!OneIn(30)) {
         Line("type", type);
     }
@@ -455,7 +459,7 @@ std::string Writer::FrameScale() {
 
 // Quarters of a turn, or anything.
 std::string Writer::Angle() {
-    return ", " + (OneIn(3)   ? std::to_string(90 * Whole(-5, 5))
+    return ", " + (OneIn(5)   ? std::to_string(90 * Whole(-5, 5))
                    : OneIn(2) ? std::to_string(15 * Whole(-30, 30))
                               : Fraction(-400, 400));
 }
@@ -489,7 +493,7 @@ void Writer::Action(int number) {
         std::string scale;
         Newer(kFrameScales, [&] { scale = OneIn(3) ? FrameScale() : ""; });
         Newer(kTurns && turns_, [&] {
-            if (OneIn(2)) {
+            if (!OneIn(4)) {
                 const auto given = std::ranges::count(scale, ',');
                 scale += (given == 0 ? ", , " : given == 1 ? ", " : "") + Angle();
             }
@@ -582,11 +586,22 @@ void Writer::Keys(std::vector<LiteralKeys>& keys) {
     }
 }
 
+// As far as the stage goes, and farther.
+void Writer::ZoomInAndOut(std::vector<double>& zooms, std::size_t frames) {
+    if (!zooms_ || OneIn(2)) {
+        return;
+    }
+    zooms.resize(frames);
+    for (double& zoom : zooms) {
+        zoom = OneIn(4) ? random_.Between(0.25, 2.5) : 0;
+    }
+}
+
 RandomStage Writer::Make() {
     RandomStage stage;
     stage.archive = MakeRandomArchive(random_);
     Settings();
-    Newer(kTurns, [this] { turns_ = OneIn(3); });
+    Newer(kTurns, [this] { turns_ = OneIn(2); });
     for (int number = 0; number < kActions; ++number) {
         Action(number);
     }
@@ -600,6 +615,7 @@ RandomStage Writer::Make() {
     stage.definition = text_;
     stage.keys.resize(static_cast<std::size_t>(OneIn(4) ? Whole(20, 40) : Whole(1, 12)));
     Keys(stage.keys);
+    Newer(kZooms, [&] { ZoomInAndOut(stage.zooms, stage.keys.size()); });
     return stage;
 }
 

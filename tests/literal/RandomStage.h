@@ -22,6 +22,7 @@ struct RandomStage {
     std::string definition;  // names the archive "random.sff"
     std::vector<std::byte> archive;
     std::vector<LiteralKeys> keys;        // one per frame
+    std::vector<double> zooms;            // set before each frame, 0 = as it is; or none at all
     std::optional<std::uint32_t> alphas;  // its pictures get these (RandomAlpha.h)
 };
 
