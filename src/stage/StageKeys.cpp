@@ -182,6 +182,13 @@ void ReadLocalcoord(KeyOffer& line, StageModel& model) {
     }
 }
 
+// An empty value is no scale of 0.
+void ReadFrameScale(KeyOffer& line, Integer index, Single& scale) {
+    if (line.Value(kBareValues, index, scale) && scale == 0 && line.BareValue(index).empty()) {
+        scale = 1;
+    }
+}
+
 }  // namespace
 
 void ReadElementKeys(KeyOffer& line, BackgroundElement& element, Messages& messages) {
@@ -237,8 +244,8 @@ void ReadFrame(KeyOffer& line, StageFrame& frame, Messages& messages) {
     }
     if (line.Additions()) {
         frame.blending = FrameBlending(line.BareValue(kBlendingValue));
-        line.Value(kBareValues, kBlendingValue + 1, frame.scale[0]);
-        line.Value(kBareValues, kBlendingValue + 2, frame.scale[1]);
+        ReadFrameScale(line, kBlendingValue + 1, frame.scale[0]);
+        ReadFrameScale(line, kBlendingValue + 2, frame.scale[1]);
         line.Value(kBareValues, kBlendingValue + 3, frame.angle);
     }
 }
