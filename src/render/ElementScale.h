@@ -15,6 +15,9 @@ struct ElementScale {
     double y = 1;
 };
 
+// Within -1024 to 1024; of what is no number, 0.
+[[nodiscard]] double KeptScale(double scale);
+
 // scalestart + scaledelta * camera * delta / the stage's own scale, along each axis, kept within
 // -1024 to 1024; of MUGEN 1.1, and in newer engines with the delta as a factor. `cameraX` and
 // `cameraY` in stage units, as they are multiplied with delta.
