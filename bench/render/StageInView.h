@@ -41,8 +41,8 @@ public:
             throw std::runtime_error(messages_.Recorded().back().text);
         }
         fill(model_, engine_.Device(), messages_);
-        PlaceCamera(model_, camera_);
         picture_ = ViewOf(model_, view_);
+        PlaceCamera(model_, camera_, picture_);
         engine_.FitView();
         PrepareElements(model_, view_, picture_);
         MakeTilePatterns(model_, view_, picture_, engine_.Device());

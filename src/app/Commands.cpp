@@ -38,6 +38,9 @@ void frmStage::Menu_Click(Menu item) {
             case Menu::mnuSmooth:
             case Menu::mnuWholeMultiples:
             case Menu::mnuSwitchMode: FlipExtra(item); break;
+            case Menu::mnuZoomIn: show_.Zoom(ZoomStep::In); break;
+            case Menu::mnuZoomOut: show_.Zoom(ZoomStep::Out); break;
+            case Menu::mnuZoomStart: show_.Zoom(ZoomStep::ToStart); break;
             default: break;
         }
     });
@@ -108,7 +111,7 @@ void frmStage::mnuAbout_Click() {
 void frmStage::mnuAdditions_Click() {
     form_[Menu::mnuAdditions].Flip();
     TakeExtras();
-    EnableMenus(form_, show_.State(), show_.HasShown());
+    EnableMenus(form_, show_.State(), show_.HasShown(), show_.CanZoom());
     if (show_.Loop().StageRunning != 0) {
         LoadAgain();
     }

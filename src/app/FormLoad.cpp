@@ -54,7 +54,7 @@ void frmStage::Form_Load() {
         form_[Menu::mnuSwitchMode].checked = extras.SwitchDisplayMode;
     }));
     TakeExtras();
-    EnableMenus(form_, show_.State(), show_.HasShown());
+    EnableMenus(form_, show_.State(), show_.HasShown(), show_.CanZoom());
     static_cast<void>(Guarded([&] {
         CameraSteps steps = show_.UsersSteps();
         // An error of the command must not cost the settings behind its line.

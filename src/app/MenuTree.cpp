@@ -13,9 +13,12 @@ enum class When : Byte {
     Plainly,    // the same, with additions off
     WithAdditions,
     WithStage,  // while one is there and nothing loads
+    WithZoom,   // while one is there whose camera zooms
 };
 
 constexpr bool kChecked = true;
+constexpr bool kUnchecked = false;
+constexpr bool kShown = true;
 constexpr bool kHidden = false;
 constexpr const char* kUseTestChar = "&Use Test Char";
 
@@ -28,6 +31,7 @@ struct Designed {
     bool leaves = false;  // choosing it may leave the stage that is shown
     bool checked = false;
     bool visible = true;
+    std::array<const char*, 2> shortcuts = {};
 };
 
 constexpr bool kLeaves = true;
@@ -65,9 +69,34 @@ constexpr std::array<Designed, kMenuCount> kDesign = {{
     {Menu::mnuWholeMultiples, MenuPlace::Extras, "&Whole Multiples Only", When::WithAdditions},
     {Menu::mnuExtrasScreen, MenuPlace::Extras, "-"},
     {Menu::mnuSwitchMode, MenuPlace::Extras, "Switch &Display Mode", When::WithAdditions},
+    {Menu::mnuExtrasZoom, MenuPlace::Extras, "-"},
+    {Menu::mnuZoomIn,
+     MenuPlace::Extras,
+     "Zoom &In",
+     When::WithZoom,
+     kStays,
+     kUnchecked,
+     kShown,
+     {"Ctrl++", "Ctrl+="}},
+    {Menu::mnuZoomOut,
+     MenuPlace::Extras,
+     "Zoom &Out",
+     When::WithZoom,
+     kStays,
+     kUnchecked,
+     kShown,
+     {"Ctrl+-"}},
+    {Menu::mnuZoomStart,
+     MenuPlace::Extras,
+     "Zoom as at the &Start",
+     When::WithZoom,
+     kStays,
+     kUnchecked,
+     kShown,
+     {"Ctrl+0"}},
 }};
 
-bool IsEnabled(When when, ShowState state, bool hasShown, bool additions) {
+bool IsEnabled(When when, ShowState state, bool hasShown, bool additions, bool zooms) {
     switch (when) {
         case When::Always: return true;
         case When::Never: return false;
@@ -75,6 +104,7 @@ bool IsEnabled(When when, ShowState state, bool hasShown, bool additions) {
         case When::OnceShown: return hasShown;
         case When::Plainly: return hasShown && !additions;
         case When::WithAdditions: return additions;
+        case When::WithZoom: return zooms;
         case When::WithStage: return state != ShowState::Loading && state != ShowState::None;
     }
     return false;
@@ -90,14 +120,19 @@ void DesignMenus(Form& form) {
         item.leaves = designed.leaves;
         item.checked = designed.checked;
         item.visible = designed.visible;
+        for (const char* const shortcut : designed.shortcuts) {
+            if (shortcut != nullptr) {
+                item.shortcuts.emplace_back(shortcut);
+            }
+        }
     }
-    EnableMenus(form, ShowState::None, false);
+    EnableMenus(form, ShowState::None, false, false);
 }
 
-void EnableMenus(Form& form, ShowState state, bool hasShown) {
+void EnableMenus(Form& form, ShowState state, bool hasShown, bool zooms) {
     const bool additions = form[Menu::mnuAdditions].checked;
     for (const Designed& designed : kDesign) {
-        form[designed.menu].enabled = IsEnabled(designed.when, state, hasShown, additions);
+        form[designed.menu].enabled = IsEnabled(designed.when, state, hasShown, additions, zooms);
     }
 }
 

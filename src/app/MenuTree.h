@@ -14,9 +14,9 @@ namespace scenara {
 // Captions, places and states.
 void DesignMenus(Form& form);
 
-// Every item as the state of what is shown has it; `hasShown` once there has been a stage. Whether
-// there are additions is what their own item says.
-void EnableMenus(Form& form, ShowState state, bool hasShown);
+// Every item as the state of what is shown has it; `hasShown` once there has been a stage, `zooms`
+// while there is one whose camera does. Whether there are additions is what their own item says.
+void EnableMenus(Form& form, ShowState state, bool hasShown, bool zooms);
 
 // The test character's item: "Use " and the character's name, and as it is designed.
 void NameCharacter(Form& form, const std::string& name);

@@ -148,7 +148,7 @@ void frmStage::mnuReload_Click() {
 
 // The same stage again, where the camera stands.
 void frmStage::LoadAgain() {
-    const CameraPlace camera{show_.Model().CamX, show_.Model().CamY};
+    const CameraStand camera{{show_.Model().CamX, show_.Model().CamY}, show_.Model().CamZoom};
     show_.Which.CurrentStageFile = show_.Which.shown;
     LeaveStage();
     show_.Which.camera = camera;

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 //
 // The loop that shows a stage.
+#include <algorithm>
+#include <cmath>
 #include <exception>
+#include <limits>
 #include <utility>
 
 #include "app/MenuTree.h"
@@ -112,13 +115,20 @@ bool frmStage::StartLoop() {
 }
 
 void frmStage::StateChanged() {
-    EnableMenus(form_, show_.State(), show_.HasShown());
+    EnableMenus(form_, show_.State(), show_.HasShown(), show_.CanZoom());
 }
 
-// The camera's bar, and the full screen again, where that was on.
+// The camera's bar goes by whole units, inside of where the camera may be.
+void frmStage::CameraRangeChanged() {
+    constexpr double kMost = std::numeric_limits<Long>::max();
+    const double beyond = BeyondBounds(show_.Model(), show_.Picture());
+    const auto whole = [kMost](double place) { return ToLong(std::clamp(place, -kMost, kMost)); };
+    form_.hscHScroll.Max = whole(std::floor(show_.Model().BoundRight + beyond));
+    form_.hscHScroll.Min = whole(std::ceil(show_.Model().BoundLeft - beyond));
+}
+
+// The full screen again, where that was on.
 void frmStage::StageLoaded() {
-    form_.hscHScroll.Max = show_.Model().BoundRight;
-    form_.hscHScroll.Min = show_.Model().BoundLeft;
     if (std::exchange(startFullScreen_, false)) {
         form_[Menu::mnuFS].Flip();  // the click flips it back
         mnuFS_Click();

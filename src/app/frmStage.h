@@ -197,6 +197,7 @@ private:
     void Handle(const std::function<void()>& work);
 
     void StateChanged() override;
+    void CameraRangeChanged() override;
     void StageLoaded() override;
     void MusicNamed(const std::string& path) override { music_.SetFileName(path); }
     void ShowProgress(const std::string& caption) override { machine_.window.SetCaption(caption); }

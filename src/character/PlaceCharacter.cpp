@@ -2,20 +2,14 @@
 #include "character/PlaceCharacter.h"
 
 #include <algorithm>
-#include <cstddef>
 
 #include "character/CharacterClock.h"
 #include "character/WalkLimits.h"
+#include "stage/CameraZoom.h"
 #include "stage/ElementStart.h"
-#include "stage/StageSpace.h"
 
 namespace scenara {
 namespace {
-
-const BackgroundElement* ElementAt(const StageModel& model, Integer index) {
-    const bool there = index >= 0 && static_cast<std::size_t>(index) < model.Elements.size();
-    return there ? &model.Elements[static_cast<std::size_t>(index)] : nullptr;
-}
 
 // Addition: a start beyond where it can walk is where that ends.
 double WithinReach(double start, const StageModel& model, const View& view) {
@@ -44,7 +38,7 @@ void PlaceCharacter(TestCharState& state, const StageModel& model, const View& v
             static_cast<Single>(options.Additions ? WithinReach(start, model, view) : start);
         if (model.ZOffset != 0) {
             character.Y = model.ZOffset;
-        } else if (const BackgroundElement* const ground = ElementAt(model, model.ZOffsetLink)) {
+        } else if (const BackgroundElement* const ground = GroundElement(model)) {
             character.Y = ground->posY;
         }
         character.Action = kStanding;
@@ -56,13 +50,11 @@ void PlaceCharacter(TestCharState& state, const StageModel& model, const View& v
 }
 
 void FollowGround(TestCharacter& character, const StageModel& model) {
-    const BackgroundElement* const ground = ElementAt(model, model.ZOffsetLink);
+    const BackgroundElement* const ground = GroundElement(model);
     if (ground == nullptr) {
         return;
     }
-    const StageSpace space = SpaceOf(model);
-    const double place = StartOf(model, *ground).y + DisplacementOf(model, *ground).y;
-    character.Y = static_cast<Single>(model.ZOffset + space.hires * space.scaleY * place);
+    character.Y = static_cast<Single>(GroundRow(model, DisplacementOf(model, *ground).y));
 }
 
 }  // namespace scenara

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
 //
-// WalkLimits: how far a character may go, up to half a view beyond the camera's bounds less the
-// stage's own margins.
+// WalkLimits: how far a character may go: up to what the camera shows from its bounds at the widest
+// zoom, less the stage's own margins.
 #pragma once
 
+#include "platform/View.h"
+#include "stage/CameraZoom.h"
 #include "stage/StageModel.h"
-#include "stage/StageSpace.h"
 
 namespace scenara {
 
@@ -17,9 +18,9 @@ struct WalkLimits {
 };
 
 [[nodiscard]] inline WalkLimits WalkLimitsOf(const StageModel& model, const View& view) {
-    return {
-        double{1} * model.BoundLeft + model.ScreenLeft,
-        double{1} * model.BoundRight + 2 * static_cast<double>(view.Centre()) - model.ScreenRight};
+    const double beyond = BeyondBoundsAt(model, view, 1);
+    return {model.BoundLeft - beyond + model.ScreenLeft,
+            model.BoundRight + beyond + 2 * view.Centre() - model.ScreenRight};
 }
 
 }  // namespace scenara

@@ -3,6 +3,7 @@
 
 #include "base/NumberText.h"
 #include "editor/ElementList.h"
+#include "render/ElementScale.h"
 #include "stage/ModelLookup.h"
 #include "stage/StageSpace.h"
 
@@ -62,14 +63,18 @@ void DebugEditor::MoveStart(Integer index, const ViewPoint& point) {
     const StageSpace space = SpaceOf(context_.model);
     const double pixels = context_.view.detail * space.hires;
     BackgroundElement& dragged = RecordAt(context_.model.Elements, index, "element");
+    const ElementScale zoom = ZoomOf(dragged, context_.model.CamZoom);
+    if (zoom.x == 0 || zoom.y == 0) {
+        return;  // it has been zoomed out of sight
+    }
     const auto start = [](Long from, double pointer, double motion) {
         return ToLong(from + pointer - motion);
     };
     const Long startX =
-        start(drag_.startX, (double{1} * point.x - drag_.from.x) / (pixels * space.scaleX),
+        start(drag_.startX, (double{1} * point.x - drag_.from.x) / (pixels * space.scaleX * zoom.x),
               dragged.motion[0] - drag_.motion.x);
     const Long startY =
-        start(drag_.startY, (double{1} * point.y - drag_.from.y) / (pixels * space.scaleY),
+        start(drag_.startY, (double{1} * point.y - drag_.from.y) / (pixels * space.scaleY * zoom.y),
               dragged.motion[1] - drag_.motion.y);
     dragged.startX = startX;
     dragged.startY = startY;

@@ -53,14 +53,19 @@ enum class Menu : Byte {
     mnuWholeMultiples,
     mnuExtrasScreen,  // a separator
     mnuSwitchMode,
+    mnuExtrasZoom,  // a separator
+    mnuZoomIn,
+    mnuZoomOut,
+    mnuZoomStart,
 };
-inline constexpr std::size_t kMenuCount = static_cast<std::size_t>(Menu::mnuSwitchMode) + 1;
+inline constexpr std::size_t kMenuCount = static_cast<std::size_t>(Menu::mnuZoomStart) + 1;
 
 // Where an item stands: in the bar itself, or in one of the submenus.
 enum class MenuPlace : Byte { Bar, Stage, Options, Extras };
 
 struct MenuItem {
-    std::string caption;     // "&" stands before the access letter; "-" alone is a separator
+    std::string caption;  // "&" stands before the access letter; "-" alone is a separator
+    std::vector<std::string> shortcuts;  // keys that choose it; the first one is shown with it
     bool isLiteral = false;  // no access letter: every sign of the caption is one that is shown
     MenuPlace place = MenuPlace::Bar;
     bool checked = false;

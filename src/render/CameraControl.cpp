@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "stage/CameraZoom.h"
+
 namespace scenara {
 namespace {
 
@@ -12,7 +14,7 @@ constexpr Single kLeastStep = 0.5F;
 constexpr Single kMostStep = 10;
 
 CameraStep Across(const Camera& camera, const StepUnits& units) {
-    return {StepLength(camera.HCamStep, units.across, units.whole), units.hair};
+    return {StepLength(camera.HCamStep, units.across, units.whole), units.hair, units.beyond};
 }
 
 CameraStep Down(const Camera& camera, const StepUnits& units) {
@@ -32,8 +34,8 @@ void MoveSidewaysByKeys(StageModel& model, const CameraStep& step, Keyboard& key
 void FollowLead(StageModel& model, const Camera& camera, const StepUnits& units) {
     const Single shown = -model.CamX;
     const Single length = StepLength(camera.leadStep, 1, units.whole);
-    const auto right = static_cast<Single>(model.BoundRight);
-    const auto left = static_cast<Single>(model.BoundLeft);
+    const auto right = static_cast<Single>(model.BoundRight + units.beyond);
+    const auto left = static_cast<Single>(model.BoundLeft - units.beyond);
     if (camera.lead == CameraLead::Right && shown < right) {
         model.CamX = -std::min(shown + length, right);
     } else if (camera.lead == CameraLead::Left && shown > left) {
@@ -110,9 +112,9 @@ void MoveByPointer(StageModel& model, Camera& camera, const StepUnits& units,
 
 StepUnits StepUnitsOf(const StageModel& model, const View& view, bool additions) {
     constexpr Single kHair = 1.0F / 256;
-    return additions
-               ? StepUnits{view.TimesAsWide(), view.TimesAsHigh(), model.MugenVersion < 1, kHair}
-               : StepUnits();
+    return additions ? StepUnits{view.TimesAsWide(), view.TimesAsHigh(), model.MugenVersion < 1,
+                                 kHair, BeyondBounds(model, view)}
+                     : StepUnits();
 }
 
 Single StepLength(Single step, double unit, bool whole) {
@@ -126,7 +128,7 @@ bool KeyGateIsOpen(const Camera& camera, Long now) {
 
 // x is stored negated, so the tests look the other way than the moves.
 void StepRight(StageModel& model, const CameraStep& step) {
-    const auto bound = static_cast<Single>(model.BoundRight);
+    const auto bound = static_cast<Single>(model.BoundRight + step.beyond);
     const Single place = -model.CamX + step.length;
     if (place <= bound + step.hair) {
         model.CamX = place > bound ? 0 - bound : model.CamX - step.length;
@@ -134,7 +136,7 @@ void StepRight(StageModel& model, const CameraStep& step) {
 }
 
 void StepLeft(StageModel& model, const CameraStep& step) {
-    const auto bound = static_cast<Single>(model.BoundLeft);
+    const auto bound = static_cast<Single>(model.BoundLeft - step.beyond);
     const Single place = -model.CamX - step.length;
     if (place >= bound - step.hair) {
         model.CamX = place < bound ? 0 - bound : model.CamX + step.length;

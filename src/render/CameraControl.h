@@ -52,7 +52,8 @@ struct StepUnits {
     double across = 1;
     double down = 1;
     bool whole = false;
-    Single hair = 0;  // of a CameraStep
+    Single hair = 0;    // of a CameraStep
+    double beyond = 0;  // the same
 };
 [[nodiscard]] StepUnits StepUnitsOf(const StageModel& model, const View& view, bool additions);
 
@@ -63,11 +64,13 @@ struct StepUnits {
 // lastKeyTick to `now`.
 [[nodiscard]] bool KeyGateIsOpen(const Camera& camera, Long now);
 
-// Addition: one that ends a hair beyond a bound ends on it, for steps of a fraction add up to a
-// little more or less than they should.
+// Additions: one that ends a hair beyond a bound ends on it, for steps of a fraction add up to a
+// little more or less than they should; and with zoom the camera goes beyond the file's bounds to
+// the left and to the right (stage/CameraZoom.h).
 struct CameraStep {
     Single length = 0;
     Single hair = 0;
+    double beyond = 0;
 };
 
 // One step each, within the bounds.

@@ -10,6 +10,7 @@
 #include "render/ElementTiles.h"
 #include "render/TexelLock.h"
 #include "render/TiledPictures.h"
+#include "stage/CameraZoom.h"
 #include "stage/ModelLookup.h"
 #include "stage/StageSpace.h"
 
@@ -83,6 +84,7 @@ Long StripLines(const StageModel& model, const ViewOptions& options, const View&
     }
     const CanvasSize canvas = view.Canvas();
     const StageSpace space = SpaceOf(model);
+    const double zoomOut = ZoomRangeOf(model).out;
     const auto most = [](const Tiles& tiles, double stepScale, double frameScale, Long pixels) {
         const double scale = stepScale * std::fabs(frameScale);
         const double size = static_cast<double>(tiles.size) * scale;
@@ -98,14 +100,16 @@ Long StripLines(const StageModel& model, const ViewOptions& options, const View&
             }
             const ElementTiles tiles(model, shown, picture, options.Additions);
             const double detail = view.detail * space.hires;
-            // Where it changes with the camera, as it is at first.
+            // Where it changes with the camera, as it is at first, and where most is seen.
             const ElementScale own = ScaleOf(shown, space, 0, 0);
-            if (own.x == 0 || own.y == 0) {
+            const ElementScale zoom = ZoomOf(shown, zoomOut);
+            if (own.x == 0 || own.y == 0 || zoom.x == 0 || zoom.y == 0) {
                 return;
             }
-            const double across = most(tiles.across, std::fabs(space.scaleX * own.x) * detail,
-                                       picture.frameScaleX, canvas.width);
-            const double down = most(tiles.down, std::fabs(space.scaleY * own.y) * detail,
+            const double across =
+                most(tiles.across, std::fabs(space.scaleX * own.x) * zoom.x * detail,
+                     picture.frameScaleX, canvas.width);
+            const double down = most(tiles.down, std::fabs(space.scaleY * own.y) * zoom.y * detail,
                                      picture.frameScaleY, canvas.height);
             const bool rows = shown.kind == ElementKind::Parallax;
             if (rows ? IsStripCheaper(across, 1) : IsStripCheaper(across * down, canvas.height)) {

@@ -103,7 +103,7 @@ public:
           timesX_(WholeTimes(tiles_.across, picture.scaleX, picture.stepScaleX)),
           timesY_(WholeTimes(tiles_.down, picture.scaleY, picture.stepScaleY)) {
         if (const auto key = PatternFor(model, element, picture, mixing, options);
-            key && timesX_ != 0 && timesY_ != 0) {
+            key && timesX_ != 0 && timesY_ != 0 && !picture.hasRowWidths) {
             pattern_ = FindPattern(model, *key);
         }
     }
@@ -226,7 +226,7 @@ private:
             }
             if (!seen.IsEmpty()) {
                 // What is mixed is not cut, for a part of it would be mixed otherwise.
-                ShowRow(RowPlace(row), IsMixed() ? lines : seen, row);
+                ShowRow(RowAt(row), IsMixed() ? lines : seen, row);
             }
         }
     }
@@ -237,30 +237,58 @@ private:
         }
         const double stretch = std::min(RowStretch(element_, options_.camera.y, picture_.scaleY),
                                         kLargest / sprite_.height);
+        const double top = picture_.axisY + picture_.fromAxisY * stretch;
         // Not stretched, the picture stands on whole pixels as all others do.
-        return stretch == 1 ? StretchedRows{static_cast<double>(y_), 1}
-                            : StretchedRows{picture_.axisY + picture_.fromAxisY * stretch, stretch};
+        return stretch == 1 ? StretchedRows{static_cast<double>(WholePixel(Near(top), true)), 1}
+                            : StretchedRows{top, stretch};
     }
 
-    // Where a row begins. Addition: rows are apart by the whole way of the element's axis from the
-    // middle of the view, and not by the camera's part of it alone.
-    [[nodiscard]] double RowPlace(std::int64_t row) const {
+    // Where a row begins, canvas pixels, how many of them there are to a pixel of it, and to one of
+    // the distance between its tiles.
+    struct PlacedRow {
+        double x;
+        double scale;
+        double stepScale;
+    };
+
+    // Additions: rows are apart by the whole way of the element's axis from the middle of the view,
+    // and not by the camera's part of it alone; or the top row, about the axis, and what it has to
+    // the left are as many times as wide as each row is.
+    [[nodiscard]] PlacedRow RowAt(std::int64_t row) const {
         const std::int64_t height = sprite_.height;
-        const double speed =
-            RowSpeed(element_, picture_.turnedOver ? height - 1 - row : row, height);
-        if (!options_.additions) {
-            return picture_.x + static_cast<double>(options_.camera.x) *
-                                    static_cast<double>(element_.deltaX) * (speed - 1);
+        const std::int64_t fromTop = picture_.turnedOver ? height - 1 - row : row;
+        const double middle = options_.Middle();
+        if (picture_.hasRowWidths) {
+            const double top = static_cast<double>(element_.rowWidths[0]) * picture_.scaleX;
+            const double times = RowWidth(element_, fromTop, height);
+            const double scale = top * times / sprite_.width;
+            return {middle + (picture_.axisX - top / 2 - middle) * times, scale,
+                    scale * (picture_.stepScaleX / picture_.scaleX)};
         }
-        const double middle = options_.view.Centre() * options_.view.detail;
-        return middle + (picture_.axisX - middle) * speed + picture_.fromAxisX * picture_.scaleX;
+        const double speed = RowSpeed(element_, fromTop, height);
+        if (!options_.additions) {
+            return {picture_.x + static_cast<double>(options_.camera.x) *
+                                     static_cast<double>(element_.deltaX) * (speed - 1),
+                    1, 1};
+        }
+        return {middle + (picture_.axisX - middle) * speed + picture_.fromAxisX * picture_.scaleX,
+                picture_.scaleX, picture_.stepScaleX};
     }
 
-    void ShowRow(double place, const PixelRange& lines, std::int64_t source) {
+    static double Near(double place) {
         constexpr auto kMost = static_cast<double>(kFarthest);
-        place = std::clamp(place, -kMost, kMost);
-        if (timesX_ == 0 || IsMixed()) {
-            const ScaledCopies copies(tiles_.across, place, picture_.scaleX, picture_.stepScaleX);
+        return std::clamp(place, -kMost, kMost);
+    }
+
+    void ShowRow(const PlacedRow& row, const PixelRange& lines, std::int64_t source) {
+        const double place = Near(row.x);
+        if (timesX_ == 0 || picture_.hasRowWidths || IsMixed()) {
+            if (row.scale == 0) {
+                return;
+            }
+            const double most = static_cast<double>(kFarthest) / 2 / sprite_.width;
+            const ScaledCopies copies(tiles_.across, place, std::min(row.scale, most),
+                                      std::min(row.stepScale, most));
             const double count = copies.CopiesIn(window_.columns.to - window_.columns.from);
             if (TakesLines(copies, {source, source + 1},
                            IsMixed() ? count * static_cast<double>(LinesSeen()) : count,

@@ -7,6 +7,7 @@
 
 #include "render/ElementScale.h"
 #include "render/FrameValues.h"
+#include "render/ParallaxRows.h"
 #include "stage/ElementStart.h"
 #include "stage/ModelLookup.h"
 #include "stage/StageSpace.h"
@@ -119,14 +120,18 @@ void PlaceOnCanvas(PlacedPicture& picture, const StageModel& model,
     const auto cameraY = static_cast<double>(options.camera.y);
     const double detail = options.view.detail;
     const ElementScale own = ScaleOf(element, space, cameraX, cameraY);
-    const CanvasAxis across{
-        detail *
-            (options.view.Centre() + space.hires * ((start.x + moved.x) * space.scaleX -
-                                                    cameraX * static_cast<double>(element.deltaX))),
-        detail * space.hires * space.scaleX * own.x, picture.frameScaleX};
-    const CanvasAxis down{detail * (space.hires * ((start.y + moved.y) * space.scaleY -
-                                                   cameraY * static_cast<double>(element.deltaY))),
-                          detail * space.hires * space.scaleY * own.y, picture.frameScaleY};
+    const ElementScale zoom = ZoomOf(element, options.zoom);
+    const double x = detail * (options.view.Centre() +
+                               space.hires * ((start.x + moved.x) * space.scaleX -
+                                              cameraX * static_cast<double>(element.deltaX)));
+    const double y = detail * (space.hires * ((start.y + moved.y) * space.scaleY -
+                                              cameraY * static_cast<double>(element.deltaY)));
+    const CanvasAxis across{options.Across(zoom.x).Place(x),
+                            detail * space.hires * space.scaleX * zoom.x * own.x,
+                            picture.frameScaleX};
+    const CanvasAxis down{options.Down(zoom.y).Place(y),
+                          detail * space.hires * space.scaleY * zoom.y * own.y,
+                          picture.frameScaleY};
     const SpriteEntry& sprite = RecordAt(model.Sprites, picture.slot, "sprite");
     if (across.Mirrors()) {
         Mirror(picture.fromAxisX, picture.offsetX, sprite.width, picture.mirrored);
@@ -135,6 +140,7 @@ void PlaceOnCanvas(PlacedPicture& picture, const StageModel& model,
         Mirror(picture.fromAxisY, picture.offsetY, sprite.height, picture.flipped);
         picture.turnedOver = true;
     }
+    picture.hasRowWidths = HasRowWidths(element);
     picture.stepScaleX = KeptSmall(across.stepScale, sprite.width);
     picture.stepScaleY = KeptSmall(down.stepScale, sprite.height);
     picture.scaleX = KeptSmall(picture.stepScaleX * across.frameScale, sprite.width);

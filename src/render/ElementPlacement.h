@@ -43,7 +43,8 @@ struct PlacedPicture : ElementPicture {
     double stepScaleX = 1;  // and to one of the distance from tile to tile, in which a frame's own
     double stepScaleY = 1;  // scale has no part
     Turn turn;              // about its own axis; its place is that of the picture before
-    bool turnedOver = false;  // its scale is below 0 down, beside what the frame is
+    bool turnedOver = false;    // its scale is below 0 down, beside what the frame is
+    bool hasRowWidths = false;  // addition: scaleX is not that of its rows
 };
 
 // Positions beyond this are nowhere near the view, and no sum with a size leaves 32 bits: scales at
@@ -82,7 +83,8 @@ inline constexpr double kLargest = 1073741823.0;
 
 // Addition: whether it is mixed from its own pixels, which pictures at their own size are not.
 [[nodiscard]] inline bool IsMixed(const PlacedPicture& picture, const DrawOptions& options) {
-    return options.smooth && (picture.scaleX != 1 || picture.scaleY != 1 || picture.turn.Turns());
+    return options.smooth && (picture.scaleX != 1 || picture.scaleY != 1 || picture.hasRowWidths ||
+                              picture.turn.Turns());
 }
 
 // Whether there is anything at all that the element could show. Without, it is skipped, unless it

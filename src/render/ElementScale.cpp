@@ -28,4 +28,12 @@ ElementScale ScaleOf(const BackgroundElement& element, const StageSpace& space, 
             at(1, cameraY, element.deltaY, space.scaleY)};
 }
 
+ElementScale ZoomOf(const BackgroundElement& element, double zoom) {
+    const auto at = [zoom](Single delta) {
+        return std::max(KeptScale(1 - static_cast<double>(delta) * (1 - zoom)), 0.0);
+    };
+    return zoom == 1 ? ElementScale()
+                     : ElementScale{at(element.zoomDelta[0]), at(element.zoomDelta[1])};
+}
+
 }  // namespace scenara

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // ElementScale, an addition: how large an element's picture is drawn, beside the detail and the
-// scale of its stage.
+// scale of its stage: by a scale of its own, and by how much of the camera's zoom it takes.
 #pragma once
 
 #include "stage/StageModel.h"
@@ -23,6 +23,10 @@ struct ElementScale {
 // `cameraY` in stage units, as they are multiplied with delta.
 [[nodiscard]] ElementScale ScaleOf(const BackgroundElement& element, const StageSpace& space,
                                    double cameraX, double cameraY);
+
+// 1 - zoomdelta * (1 - zoom), along each axis, of MUGEN 1.1; 0 where that is below 0: then nothing
+// of the element is seen.
+[[nodiscard]] ElementScale ZoomOf(const BackgroundElement& element, double zoom);
 
 // Whether it changes with the camera.
 [[nodiscard]] inline bool ScalesWithCamera(const BackgroundElement& element) {

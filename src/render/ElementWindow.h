@@ -19,8 +19,9 @@ struct ElementWindow {
     PixelRange rows;
 
     // Of the element. Corners may come in any order, and both lie inside. Plainly its values are
-    // rounded to whole numbers. Addition: it counts in units of the stage, fractions and all, moves
-    // with the camera by its delta, and is rounded on the canvas.
+    // rounded to whole numbers. Additions: it counts in units of the stage, fractions and all,
+    // moves with the camera by its delta, and is rounded on the canvas; and a second one,
+    // maskwindow, which is zoomed with the element, leaves what lies inside of both.
     [[nodiscard]] static ElementWindow Of(const BackgroundElement& element,
                                           const DrawOptions& options);
 

@@ -6,6 +6,15 @@
 
 namespace scenara {
 
+namespace {
+
+// From 0 at the top to 1 at the bottom.
+double HeightOf(std::int64_t row, std::int64_t rows) {
+    return rows > 1 ? static_cast<double>(row) / static_cast<double>(rows - 1) : 0;
+}
+
+}  // namespace
+
 double RowSpeed(const BackgroundElement& element, std::int64_t row, std::int64_t rows) {
     auto top = static_cast<double>(element.xscaleTop);
     const auto bottom = static_cast<double>(element.xscaleBottom);
@@ -15,8 +24,13 @@ double RowSpeed(const BackgroundElement& element, std::int64_t row, std::int64_t
     if (top == 0) {
         top = 1;
     }
-    const double t = rows > 1 ? static_cast<double>(row) / static_cast<double>(rows - 1) : 0;
-    return (top + (bottom - top) * t) / top;
+    return (top + (bottom - top) * HeightOf(row, rows)) / top;
+}
+
+double RowWidth(const BackgroundElement& element, std::int64_t row, std::int64_t rows) {
+    const auto top = static_cast<double>(element.rowWidths[0]);
+    const auto bottom = static_cast<double>(element.rowWidths[1]);
+    return 1 + (bottom / top - 1) * HeightOf(row, rows);
 }
 
 double RowStretch(const BackgroundElement& element, Single cameraY, double scale) {

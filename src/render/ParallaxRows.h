@@ -2,9 +2,13 @@
 //
 // Parallax pictures: rows that move at different speeds.
 //
-// The top row moves at the element's deltaX, the row at height t (0 top, 1 bottom) at deltaX times
-// (top + (bottom - top) * t) / top of the two scales. Rows keep their length. Plainly they stand
-// unsheared with the camera at 0; addition: where the element's axis is in the middle of the view.
+// They are slices of one, as `xscale` has it, or have widths of their own, as `width` of MUGEN 1.1
+// has it.
+//
+// Of slices the top row moves at the element's deltaX, the row at height t (0 top, 1 bottom) at
+// deltaX times (top + (bottom - top) * t) / top of the two scales. Rows keep their length. Plainly
+// they stand unsheared with the camera at 0; addition: where the element's axis is in the middle of
+// the view.
 #pragma once
 
 #include <cstdint>
@@ -16,6 +20,17 @@ namespace scenara {
 // Relative speed of row `row` of `rows`: 1 when no scales were given; a top scale of 0 alone counts
 // as 1.
 [[nodiscard]] double RowSpeed(const BackgroundElement& element, std::int64_t row,
+                              std::int64_t rows);
+
+// Addition: whether rows have widths of their own, which go before relative speeds.
+[[nodiscard]] inline bool HasRowWidths(const BackgroundElement& element) {
+    return element.kind == ElementKind::Parallax && element.rowWidths[0] > 0 &&
+           element.rowWidths[1] >= 0;
+}
+
+// Of such a picture: how wide row `row` of `rows` is, in parts of the top row; and its distance
+// from the middle of the view, in parts of the top row's.
+[[nodiscard]] double RowWidth(const BackgroundElement& element, std::int64_t row,
                               std::int64_t rows);
 
 // Addition: parallax pictures are stretched vertically about their axis by

@@ -9,6 +9,7 @@
 #include "render/AnimationClock.h"
 #include "render/Controllers.h"
 #include "render/Mixing.h"
+#include "stage/CameraZoom.h"
 #include "stage/ElementStart.h"
 #include "stage/ModelLookup.h"
 
@@ -153,12 +154,15 @@ double UpperEdge(const StageModel& model, const BackgroundElement& element) {
 
 }  // namespace
 
-void PlaceCamera(StageModel& model, Camera& camera) {
-    PlaceCamera(model, camera, {-model.CamStartX, ToSingle(model.CamStartY)});
+void PlaceCamera(StageModel& model, Camera& camera, const View& view) {
+    model.CamZoom = ZoomRangeOf(model).Kept(static_cast<double>(model.StartZoom));
+    PlaceCamera(model, camera, view, {-model.CamStartX, ToSingle(model.CamStartY)});
 }
 
-void PlaceCamera(StageModel& model, Camera& camera, const CameraPlace& place) {
-    const double x = Within(0 - static_cast<double>(place.x), model.BoundLeft, model.BoundRight);
+void PlaceCamera(StageModel& model, Camera& camera, const View& view, const CameraPlace& place) {
+    const double beyond = BeyondBounds(model, view);
+    const double x = Within(0 - static_cast<double>(place.x), model.BoundLeft - beyond,
+                            model.BoundRight + beyond);
     const double y = Within(static_cast<double>(place.y), model.BoundHigh, model.BoundLow);
     model.CamX = static_cast<Single>(0 - x);
     model.CamY = static_cast<Single>(y);

@@ -12,11 +12,12 @@
 namespace scenara {
 
 // The camera at the stage's start, raised to the left and upper bound first and then cut to the
-// right and lower one; where the last pass saw it is the same, so no step follows.
-void PlaceCamera(StageModel& model, Camera& camera);
+// right and lower one; where the last pass saw it is the same, so no step follows. Addition: at the
+// zoom that the stage starts with, and within the bounds that it has then.
+void PlaceCamera(StageModel& model, Camera& camera, const View& view);
 
-// The same for a camera that stood somewhere already.
-void PlaceCamera(StageModel& model, Camera& camera, const CameraPlace& place);
+// The same for a camera that stood somewhere already, at the zoom that it has.
+void PlaceCamera(StageModel& model, Camera& camera, const View& view, const CameraPlace& place);
 
 // Elements: linked ones find the element they stand relative to, and take its deltas; each is
 // placed by its start, its sprite's axis and the camera; counters, swings and flags are set back.

@@ -13,6 +13,7 @@
 #include "render/ElementPlacement.h"
 #include "render/ElementScale.h"
 #include "render/Motion.h"
+#include "stage/CameraZoom.h"
 #include "stage/ModelLookup.h"
 #include "stage/StageSpace.h"
 
@@ -71,24 +72,27 @@ bool Stays(const BackgroundElement& element) {
 void NoteWhereSeen(StageModel& model, const View& view) {
     const StageSpace space = SpaceOf(model);
     const CanvasSize canvas = view.Canvas();
+    const DrawOptions options{
+        .additions = true, .view = view, .zoom = model.CamZoom, .ground = GroundRow(model, 0)};
     const std::vector<bool> controlled = AreControlled(model);
     for (std::size_t i = 0; i < model.Elements.size(); ++i) {
         BackgroundElement& element = model.Elements[i];
         element.seenFrom = {};
         const std::optional<PlacedPicture> picture =
-            Stays(element) && !controlled[i] ? PlaceElement(model, element, {true, view, {}})
-                                             : std::nullopt;
+            Stays(element) && !controlled[i] ? PlaceElement(model, element, options) : std::nullopt;
         if (!picture) {
             continue;
         }
         const SpriteEntry& sprite = RecordAt(model.Sprites, picture->slot, "sprite");
         const double perUnit = view.detail * space.hires;
+        const ElementScale zoom = ZoomOf(element, options.zoom);
         // The camera's x is stored negated.
         const Range across =
             SeenWhere(picture->x, sprite.width * picture->scaleX,
-                      -perUnit * static_cast<double>(element.deltaX), canvas.width);
-        const Range down = SeenWhere(picture->y, sprite.height * picture->scaleY,
-                                     perUnit * static_cast<double>(element.deltaY), canvas.height);
+                      -perUnit * zoom.x * static_cast<double>(element.deltaX), canvas.width);
+        const Range down =
+            SeenWhere(picture->y, sprite.height * picture->scaleY,
+                      perUnit * zoom.y * static_cast<double>(element.deltaY), canvas.height);
         element.seenFrom = {across.least, across.most, down.least, down.most};
     }
 }

@@ -10,8 +10,8 @@
 namespace scenara {
 
 // Notes it for every still picture that is not tiled and that nothing moves but the camera: neither
-// drift, nor swing, nor link, nor controller. A step of the start-up, after PrepareElements, in a
-// view that stays.
+// drift, nor swing, nor link, nor controller. It holds for the view and for the camera's zoom as
+// they are now. A step of the start-up, after PrepareElements, and of every change of the zoom.
 void NoteWhereSeen(StageModel& model, const View& view);
 
 // All may be seen from everywhere: for whoever changes elements.

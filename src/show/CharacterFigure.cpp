@@ -46,12 +46,16 @@ Figure StageShow::CharacterFigure() const {
     }
     Figure figure;
     figure.texture = &character.Sprites.at(static_cast<std::size_t>(character.DrawTexture)).texture;
+    const DrawOptions drawn = DrawOptionsOf(model_, camera_, view_, options_);
+    const Zoomed across = drawn.Across(drawn.zoom);
+    const Zoomed down = drawn.Down(drawn.zoom);
     const auto detail = static_cast<Single>(view_.detail);
-    const Single zoom = detail * testChar_.CharZoom;
-    figure.x = detail * (character.DrawX + DrawnCamera().x);
-    figure.y = detail * character.DrawY;
-    figure.width = static_cast<Single>(character.DrawWidth) * zoom * character.XScale;
-    figure.height = static_cast<Single>(character.DrawHeight) * zoom * character.YScale;
+    const Single pixels = detail * static_cast<Single>(drawn.zoom) * testChar_.CharZoom;
+    figure.x = static_cast<Single>(
+        across.Place(static_cast<double>(detail * (character.DrawX + drawn.camera.x))));
+    figure.y = static_cast<Single>(down.Place(static_cast<double>(detail * character.DrawY)));
+    figure.width = static_cast<Single>(character.DrawWidth) * pixels * character.XScale;
+    figure.height = static_cast<Single>(character.DrawHeight) * pixels * character.YScale;
     figure.mirrored = character.DrawFacing < 0;
     return figure;
 }

@@ -30,9 +30,11 @@ std::optional<Integer> CountFrame(LoopState& loop, Clock& clock) {
     return loop.FpsLimit != 0 ? std::min(frames, loop.FpsLimit) : frames;
 }
 
-std::string InfoLine(Single CamX, Single CamY, Integer FrameCount) {
-    return "Cam " + TwoDecimals(-CamX) + "," + TwoDecimals(CamY) + "  " + NumberText(FrameCount) +
-           " FPS";
+std::string InfoLine(Single CamX, Single CamY, Integer FrameCount, std::optional<double> zoom) {
+    const std::string its =
+        zoom ? "  Zoom " + TwoDecimals(static_cast<Single>(*zoom)) : std::string();
+    return "Cam " + TwoDecimals(-CamX) + "," + TwoDecimals(CamY) + its + "  " +
+           NumberText(FrameCount) + " FPS";
 }
 
 }  // namespace scenara

@@ -18,7 +18,8 @@ namespace scenara {
 [[nodiscard]] std::optional<Integer> CountFrame(LoopState& loop, Clock& clock);
 
 // "Cam 12.5,0  60 FPS": the shown camera, rounded to two decimals, and the frames of the last
-// second. CamX is the stored one, negated.
-[[nodiscard]] std::string InfoLine(Single CamX, Single CamY, Integer FrameCount);
+// second. CamX is the stored one, negated. Addition: "Cam 12.5,0  Zoom 0.8  60 FPS".
+[[nodiscard]] std::string InfoLine(Single CamX, Single CamY, Integer FrameCount,
+                                   std::optional<double> zoom = std::nullopt);
 
 }  // namespace scenara

@@ -16,6 +16,9 @@ public:
     // State() answers something else now, before anything happens in that state. Raises nothing.
     virtual void StateChanged() {}
 
+    // How far the camera goes: of a stage that was loaded, or at another zoom.
+    virtual void CameraRangeChanged() {}
+
     // The stage's files are read; nothing of it is placed yet.
     virtual void StageLoaded() {}
     // The path of the stage's music, while it loads.

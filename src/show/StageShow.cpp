@@ -55,7 +55,7 @@ ShowState StageShow::State() const {
 }
 
 bool StageShow::Start(const std::string& mugeDir) {
-    const std::optional<CameraPlace> camera = std::exchange(Which.camera, std::nullopt);
+    const std::optional<CameraStand> camera = std::exchange(Which.camera, std::nullopt);
     longPass_.Forget();
     view_ = View();
     engine_.Engine_Init();
@@ -100,12 +100,13 @@ bool StageShow::Load(const std::string& mugeDir, Messages& messages) {
     return LoadStage(model_, file, load);
 }
 
-void StageShow::Prepare(const std::optional<CameraPlace>& camera, Messages& messages) {
+void StageShow::Prepare(const std::optional<CameraStand>& camera, Messages& messages) {
+    PlaceCamera(model_, camera_, view_);
     if (camera) {
-        PlaceCamera(model_, camera_, *camera);
-    } else {
-        PlaceCamera(model_, camera_);
+        model_.CamZoom = ZoomRangeOf(model_).Kept(camera->zoom);
+        PlaceCamera(model_, camera_, view_, camera->place);
     }
+    events_.CameraRangeChanged();
     PrepareElements(model_, options_, view_);
     MakeTilePatterns(model_, options_, view_, engine_.Device());
     if (options_.Additions) {
@@ -174,7 +175,7 @@ bool StageShow::Tick(bool info) {
 bool StageShow::CountAndTell(bool info) {
     const std::optional<Integer> frames = CountFrame(loop_, machine_.clock);
     if (frames && info) {
-        infoText_ = InfoLine(model_.CamX, model_.CamY, *frames);
+        infoText_ = InfoLine(model_.CamX, model_.CamY, *frames, ZoomToTell());
     }
     return frames.has_value();
 }
@@ -213,6 +214,27 @@ void StageShow::Pause(bool paused) {
 void StageShow::ForgetKeys() {
     DiscardKeyStates(machine_.keyboard);
     editor_.ForgetPresses();
+}
+
+std::optional<double> StageShow::ZoomToTell() const {
+    const bool tells = CanZoom() || model_.CamZoom != 1;
+    return tells ? std::optional(model_.CamZoom) : std::nullopt;
+}
+
+void StageShow::Zoom(ZoomStep step) {
+    ZoomTo(ZoomAfter(model_, step));
+}
+
+void StageShow::ZoomTo(double zoom) {
+    if (!CanZoom()) {
+        return;
+    }
+    const double before = model_.CamZoom;
+    SetZoom(model_, camera_, view_, zoom);
+    if (model_.CamZoom != before) {
+        NoteEdit();  // to be seen while it is paused, too
+        events_.CameraRangeChanged();
+    }
 }
 
 void StageShow::SetMouseScroll(bool on) {

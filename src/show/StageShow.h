@@ -25,11 +25,13 @@
 #include "render/Figure.h"
 #include "render/TileEngine.h"
 #include "render/ViewFlags.h"
+#include "render/ZoomControl.h"
 #include "show/LongPass.h"
 #include "show/LoopState.h"
 #include "show/ShowEvents.h"
 #include "show/WhichStage.h"
 #include "stage/Camera.h"
+#include "stage/CameraZoom.h"
 #include "stage/StageModel.h"
 #include "stage/ViewOptions.h"
 
@@ -121,6 +123,17 @@ public:
     }
     void SetMouseScroll(bool on);
 
+    // --- The camera's zoom ---------------------------------------------------------------------
+
+    // Whether there is a stage whose camera zooms.
+    [[nodiscard]] bool CanZoom() const {
+        return options_.Additions && loop_.StageRunning != 0 && loop_.LoadingStage == 0 &&
+               !ZoomRangeOf(model_).HasOnlyOne();
+    }
+    // Without effect where it does not.
+    void Zoom(ZoomStep step);
+    void ZoomTo(double zoom);
+
     // --- The test character --------------------------------------------------------------------
     //
     // While it is on, the camera's horizontal step is the character's walking step. A failed load,
@@ -164,7 +177,9 @@ private:
     }
 
     [[nodiscard]] bool Load(const std::string& mugeDir, Messages& messages);
-    void Prepare(const std::optional<CameraPlace>& camera, Messages& messages);
+    // For the information line: none where there is only one and nothing is to be told.
+    [[nodiscard]] std::optional<double> ZoomToTell() const;
+    void Prepare(const std::optional<CameraStand>& camera, Messages& messages);
     bool CountAndTell(bool info);
     void EditWhilePaused();
 

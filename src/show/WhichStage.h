@@ -11,6 +11,12 @@
 
 namespace scenara {
 
+// Where a camera stands, and how near.
+struct CameraStand {
+    CameraPlace place;
+    double zoom = 1;
+};
+
 struct WhichStage {
     // Asked for last; empty: none. It may turn out to be no stage.
     std::string CurrentStageFile;
@@ -21,7 +27,7 @@ struct WhichStage {
     // Came while another one was loading; to be opened after that.
     std::string follows;
     // Where the camera is put in the stage that is loaded again.
-    std::optional<CameraPlace> camera;
+    std::optional<CameraStand> camera;
 
     // CurrentStageFile is a stage: a later choice that is none does not change this request.
     void Request() { next = CurrentStageFile; }

@@ -123,6 +123,13 @@ bool CanFlip(std::string_view flip, bool additions) {
     return flip == "h" || (additions && (flip == "v" || flip == "hv" || flip == "vh"));
 }
 
+// Of a frame line. Where nothing stands between two commas nothing has been given.
+void ReadIfThere(KeyOffer& line, Integer index, Single& value) {
+    if (!line.BareValue(index).empty()) {
+        line.Value(kBareValues, index, value);
+    }
+}
+
 void ReadVersion(KeyOffer& line, StageModel& model) {
     constexpr double kFirstVersion = 1;
     constexpr double kBeyondVersions = 100;  // older ones are dates, such as 04,14,2002
@@ -182,13 +189,6 @@ void ReadLocalcoord(KeyOffer& line, StageModel& model) {
     }
 }
 
-// An empty value is no scale of 0.
-void ReadFrameScale(KeyOffer& line, Integer index, Single& scale) {
-    if (line.Value(kBareValues, index, scale) && scale == 0 && line.BareValue(index).empty()) {
-        scale = 1;
-    }
-}
-
 }  // namespace
 
 void ReadElementKeys(KeyOffer& line, BackgroundElement& element, Messages& messages) {
@@ -244,9 +244,9 @@ void ReadFrame(KeyOffer& line, StageFrame& frame, Messages& messages) {
     }
     if (line.Additions()) {
         frame.blending = FrameBlending(line.BareValue(kBlendingValue));
-        ReadFrameScale(line, kBlendingValue + 1, frame.scale[0]);
-        ReadFrameScale(line, kBlendingValue + 2, frame.scale[1]);
-        line.Value(kBareValues, kBlendingValue + 3, frame.angle);
+        ReadIfThere(line, kBlendingValue + 1, frame.scale[0]);
+        ReadIfThere(line, kBlendingValue + 2, frame.scale[1]);
+        ReadIfThere(line, kBlendingValue + 3, frame.angle);
     }
 }
 

@@ -113,8 +113,8 @@ struct alignas(kCacheLine) BackgroundElement {
     std::array<Single, 2> scaleStart{1.0F, 1.0F};  // of its picture, with the camera at 0
     std::array<Single, 2> scaleDelta{};            // and per unit that it moves with the camera
     std::array<Single, 2> zoomDelta{1.0F, 1.0F};   // how much of the camera's zoom it takes
-    std::array<Single, 2> rowWidths{};   // parallax: of the top and the bottom row, as pictures
-                                         // count; both needed, the first above 0
+    std::array<Single, 2> rowWidths{0, -1};  // parallax: of the top and the bottom row, in pixels
+                                             // of pictures; -1 = not given
     std::array<Single, 4> maskWindow{};  // left, top, right, bottom, from the view's upper middle;
                                          // right and bottom lie outside
 
@@ -317,7 +317,7 @@ struct StageModel {  // NOLINT(clang-analyzer-optin.performance.Padding)
     Single ZoomOut = 1;  // picture for picture: below 1 all is seen smaller, and more of it
     Single ZoomIn = 1;
     Single StartZoom = 1;
-    Single CamZoom = 1;  // runtime: where it stands
+    double CamZoom = 1;  // runtime: where it stands
 
     // Addition: the version of MUGEN that the stage was made for, from 1 on; 0 = an older one.
     Single MugenVersion = 0;

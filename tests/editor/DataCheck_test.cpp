@@ -117,7 +117,7 @@ std::unique_ptr<StageMachine> Loaded(const std::string& definition, bool additio
     machine->view.Additions = additions;
     EXPECT_TRUE(machine->Load(definition));
     Camera camera;
-    PlaceCamera(machine->model, camera);
+    PlaceCamera(machine->model, camera, View());
     PrepareElements(machine->model, machine->view, View());
     return machine;
 }

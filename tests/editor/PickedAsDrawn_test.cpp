@@ -28,7 +28,13 @@ public:
         for (std::uint32_t number = 1; number <= kElements; ++number) {
             AddElement(number);
         }
-        PlaceCamera(model_, camera_);
+        if (options.Additions && Below(2) == 0) {
+            model_.ZOffset = Between(0, 240);
+            model_.ZoomOut = static_cast<Single>(Between(30, 100)) / 100;
+            model_.ZoomIn = static_cast<Single>(Between(100, 250)) / 100;
+            model_.StartZoom = static_cast<Single>(Between(30, 250)) / 100;
+        }
+        PlaceCamera(model_, camera_, View());
         PrepareElements(model_, options_, View());
         for (BackgroundElement& element : model_.Elements) {
             element.visible = Below(8) == 0 ? 0 : 1;
@@ -93,6 +99,10 @@ private:
                 element.xscaleTop = static_cast<Single>(Between(1, 3));
                 element.xscaleBottom = static_cast<Single>(Between(1, 3));
                 element.yscaleStart = static_cast<Single>(Between(40, 200));
+                if (Below(3) == 0) {
+                    element.rowWidths = {static_cast<Single>(Between(1, 90)),
+                                         static_cast<Single>(Between(0, 90))};
+                }
                 return element;
             }
             default: {
@@ -136,6 +146,16 @@ private:
             element.windowX2 = static_cast<Single>(Between(-20, 340));
             element.windowY1 = static_cast<Single>(Between(-20, 260));
             element.windowY2 = static_cast<Single>(Between(-20, 260));
+        }
+        if (Below(4) == 0) {
+            element.maskWindowActive = 1;
+            for (Single& edge : element.maskWindow) {
+                edge = static_cast<Single>(Between(-200, 260));
+            }
+        }
+        if (Below(3) == 0) {
+            element.zoomDelta = {static_cast<Single>(Between(0, 200)) / 100,
+                                 static_cast<Single>(Between(0, 200)) / 100};
         }
     }
 

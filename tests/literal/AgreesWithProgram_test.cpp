@@ -13,26 +13,32 @@ namespace {
 
 constexpr std::uint32_t kFirstSeed = 1;
 
-// Whether they agree.
-bool Compare(std::uint32_t seed, const RandomStage& stage, const ViewOptions& view) {
-    if (FirstDifference(stage, view).empty()) {
-        return true;
+enum class Result : std::uint8_t { Same, InDoubt, Different };
+
+Result Compare(std::uint32_t seed, const RandomStage& stage, const ViewOptions& view) {
+    const ComparedStage compared = CompareStage(stage, view);
+    if (compared.difference.empty()) {
+        return compared.inDoubt ? Result::InDoubt : Result::Same;
     }
     ADD_FAILURE() << "seed " << seed << ": " << FirstDifference(Shortest(stage, view), view);
-    return false;
+    return Result::Different;
 }
 
-bool CompareRandomStage(std::uint32_t seed, RandomFor mode) {
-    return Compare(seed, MakeRandomStage(seed, mode), {mode == RandomFor::Additions});
+Result CompareRandomStage(std::uint32_t seed, RandomFor mode) {
+    return Compare(seed, MakeRandomStage(seed, mode), {mode != RandomFor::Plain});
 }
 
-// `compare` says of a seed whether they agree.
+// Stages of which nothing can be said are seldom.
 template <typename CompareOne>
 void CompareMany(int rounds, CompareOne compare) {
     int different = 0;
+    int inDoubt = 0;
     for (int round = 0; round < rounds && different < 3; ++round) {
-        different += compare(kFirstSeed + static_cast<std::uint32_t>(round)) ? 0 : 1;
+        const Result result = compare(kFirstSeed + static_cast<std::uint32_t>(round));
+        different += result == Result::Different ? 1 : 0;
+        inDoubt += result == Result::InDoubt ? 1 : 0;
     }
+    EXPECT_LE(inDoubt, rounds / 20);
 }
 
 void CompareRandomStages(int rounds, RandomFor mode) {
@@ -44,7 +50,11 @@ TEST(AgreesWithProgram, RandomStagesPlain) {
 }
 
 TEST(AgreesWithProgram, RandomStagesWithAdditions) {
-    CompareRandomStages(Rounds(1500), RandomFor::Additions);
+    CompareRandomStages(Rounds(700), RandomFor::Additions);
+}
+
+TEST(AgreesWithProgram, RandomStagesOfVersion11) {
+    CompareRandomStages(Rounds(1500), RandomFor::Version11);
 }
 
 TEST(AgreesWithProgram, PicturesWithAlphaPlain) {
@@ -55,13 +65,13 @@ TEST(AgreesWithProgram, PicturesWithAlphaPlain) {
 
 TEST(AgreesWithProgram, PicturesWithAlpha) {
     CompareMany(Rounds(400), [](std::uint32_t seed) {
-        return Compare(seed, MakeRandomAlphaStage(seed, RandomFor::Additions), {true});
+        return Compare(seed, MakeRandomAlphaStage(seed, RandomFor::Version11), {true});
     });
 }
 
 TEST(AgreesWithProgram, PicturesWithAlphaSmooth) {
     CompareMany(Rounds(250), [](std::uint32_t seed) {
-        return Compare(seed, MakeRandomAlphaStage(seed, RandomFor::Additions, true), {true, true});
+        return Compare(seed, MakeRandomAlphaStage(seed, RandomFor::Version11, true), {true, true});
     });
 }
 
@@ -86,7 +96,7 @@ TEST(PassedFrames, LeadToTheSamePicture) {
         const auto seed = kFirstSeed + static_cast<std::uint32_t>(round);
         for (const bool additions : {true, false}) {
             const RandomStage stage =
-                MakeRandomStage(seed, additions ? RandomFor::Additions : RandomFor::Plain);
+                MakeRandomStage(seed, additions ? RandomFor::Version11 : RandomFor::Plain);
             const auto passed = static_cast<int>(stage.keys.size());
             ShotStage drawn = ProgramWith(stage, ViewOptions{additions});
             drawn.Run(passed + 1);

@@ -19,8 +19,14 @@ namespace scenara::test {
 // first frame.
 [[nodiscard]] ShotStage ProgramWith(const RandomStage& stage, const ViewOptions& view);
 
-// The first pixel that differs, with the frame, both colours and the stage's text; empty when every
-// frame for which the stage has keys is the same.
+struct ComparedStage {
+    std::string difference;  // as below
+    bool inDoubt = false;    // from some frame on nothing was compared: too much is in doubt
+};
+[[nodiscard]] ComparedStage CompareStage(const RandomStage& stage, const ViewOptions& view);
+
+// The first pixel that differs and is not in doubt, with the frame, both colours and the stage's
+// text; empty when every frame for which the stage has keys is the same.
 [[nodiscard]] std::string FirstDifference(const RandomStage& stage, const ViewOptions& view);
 
 // The stage with every line of its definition left out that the difference does not need.

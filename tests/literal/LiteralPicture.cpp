@@ -87,11 +87,7 @@ std::optional<LiteralStage::Shown> LiteralStage::ShownOf(const Element& element)
         const bool flipsDown = both || frame.flip == "v";
         shown.mirrored = {frame.flip == "h" || (both && rules_.mirrorsAboutAxis),
                           flipsDown && rules_.mirrorsAboutAxis};
-        shown.offset = {frame.offsetX + Wide(frame.offsetFraction[0]),
-                        frame.offsetY + Wide(frame.offsetFraction[1])};
-        if (file.framesBlend != 0) {
-            shown.blending = frame.blending;
-        }
+        ReadFrame(element, shown);
     }
     if (sprite < 0) {
         return std::nullopt;
@@ -121,7 +117,12 @@ void LiteralStage::Put(std::int64_t x, std::int64_t y, std::uint32_t texel, cons
     if (shown.CountsAlpha() && texel >> 24U == 0) {
         return;
     }
-    std::uint32_t& pixel = picture_[static_cast<std::size_t>(y * Width() + x)];
+    const auto place = static_cast<std::size_t>(y * Width() + x);
+    const bool opaque = shown.blending.kind == BlendKind::None && texel >> 24U == 255;
+    if (!shown.CountsAlpha() || opaque) {
+        inDoubt_[place] = 0;  // whatever was there
+    }
+    std::uint32_t& pixel = picture_[place];
     pixel = shown.CountsAlpha() ? Blended(shown.blending, pixel, texel) : texel & 0xFFFFFFU;
 }
 

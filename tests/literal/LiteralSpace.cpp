@@ -65,4 +65,8 @@ double LiteralSpace::PixelSize(std::size_t axis) const {
     return detail * (scale[axis] * half);
 }
 
+std::int64_t CanvasPixel(double place) {
+    return static_cast<std::int64_t>(std::floor(place + 0.5));
+}
+
 }  // namespace scenara::test

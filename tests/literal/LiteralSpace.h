@@ -6,6 +6,7 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 
 #include "stage/StageModel.h"
 
@@ -35,5 +36,8 @@ struct LiteralSpace {
     // Canvas pixels of an element's own pixel; the sign is the scale's.
     [[nodiscard]] double PixelSize(std::size_t axis) const;
 };
+
+// A place on the canvas, to the nearest pixel's edge, halves up.
+[[nodiscard]] std::int64_t CanvasPixel(double place);
 
 }  // namespace scenara::test

@@ -13,19 +13,34 @@ namespace {
 
 constexpr double kPlainMiddle = 160;
 
+// The camera and what it is compared with are 32-bit floats.
+double Single(double value) {
+    return Wide(static_cast<float>(value));
+}
+
 }  // namespace
+
+// How far the camera goes, in shown coordinates.
+struct LiteralStage::Sides {
+    double left = 0;
+    double right = 0;
+};
 
 LiteralStage::LiteralStage(const StageModel& loaded, const LiteralRules& rules)
     : model_(loaded),
       rules_(rules),
       space_(rules.onCanvas ? LiteralSpace::Of(loaded) : LiteralSpace()),
-      picture_(static_cast<std::size_t>(Width()) * static_cast<std::size_t>(Height()), 0) {
+      zoomLimits_(rules.onCanvas ? LiteralZoom::Of(loaded) : LiteralZoom()),
+      zoom_(zoomLimits_.start),
+      picture_(static_cast<std::size_t>(Width()) * static_cast<std::size_t>(Height()), 0),
+      inDoubt_(picture_.size(), 0) {
     ReadImages();
     PlaceCamera();
     elements_.resize(model_.Elements.size());
     for (std::size_t i = 0; i < elements_.size(); ++i) {
         PlaceElement(i);
     }
+    PlaceGround();
     upperBound_ = model_.BoundHigh;
     if (!rules_.keepsUpperBound) {
         RaiseUpperBound();
@@ -51,16 +66,40 @@ void LiteralStage::ReadImages() {
     }
 }
 
-// Raised to the lower bound first, then cut to the higher one.
 void LiteralStage::PlaceCamera() {
-    float x = model_.CamStartX;
-    x = std::max(x, static_cast<float>(model_.BoundLeft));
-    x = std::min(x, static_cast<float>(model_.BoundRight));
-    float y = model_.CamStartY;
-    y = std::max(y, static_cast<float>(model_.BoundHigh));
-    y = std::min(y, static_cast<float>(model_.BoundLow));
-    camera_ = {-Wide(x), Wide(y)};
+    camera_ = {-Wide(model_.CamStartX), Wide(model_.CamStartY)};
+    KeepCamera();
     previousCamera_ = camera_;
+}
+
+// Raised to the lower bound first, then cut to the higher one.
+void LiteralStage::KeepCamera() {
+    const auto [left, right] = CameraSides();
+    camera_[0] = -std::min(std::max(-camera_[0], left), right);
+    camera_[1] = std::min(std::max(camera_[1], double(model_.BoundHigh)), double(model_.BoundLow));
+}
+
+LiteralStage::Sides LiteralStage::CameraSides() const {
+    const double beyond = zoomLimits_.BeyondBounds(zoom_, space_.width);
+    return {Single(model_.BoundLeft - beyond), Single(model_.BoundRight + beyond)};
+}
+
+void LiteralStage::SetZoom(double zoom) {
+    zoom_ = zoomLimits_.Within(zoom);
+    KeepCamera();
+}
+
+// The ground is where the stage says, and as much lower as the element that it is linked to
+// begins: it does not follow what moves that.
+void LiteralStage::PlaceGround() {
+    double ground = model_.ZOffset;
+    const auto linked = std::ranges::find_if(elements_, [this](const Element& element) {
+        return model_.ZOffsetLink != -1 && element.file->id == model_.ZOffsetLink;
+    });
+    if (linked != elements_.end()) {
+        ground += space_.half * space_.scale[1] * linked->start[1];
+    }
+    ground_ = space_.detail * ground;
 }
 
 // The axis point of a linked element is its parent's plus its own start; it moves with the camera
@@ -146,6 +185,7 @@ void LiteralStage::RaiseUpperBound() {
 void LiteralStage::DrawFrame(const LiteralKeys& keys) {
     if (rules_.clearsPicture) {
         std::ranges::fill(picture_, ClearColor());
+        std::ranges::fill(inDoubt_, std::uint8_t{0});
     }
     seenFrom_ = {space_.CameraAt(-camera_[0]), space_.CameraAt(camera_[1])};
     RunControls();
@@ -258,28 +298,28 @@ void LiteralStage::FollowCamera(Element& element) {
     }
 }
 
-// A step is made whole or not at all. The camera and its steps are 32-bit floats.
+// A step is made whole or not at all.
 void LiteralStage::MoveCamera(const LiteralKeys& keys) {
-    const auto single = [](double value) { return Wide(static_cast<float>(value)); };
-    const double across = single(space_.CameraStep()[0]);
-    const double down = single(space_.CameraStep()[1]);
+    const double across = Single(space_.CameraStep()[0]);
+    const double down = Single(space_.CameraStep()[1]);
+    const auto [leftmost, rightmost] = CameraSides();
     const double hair = rules_.endsOnBounds ? 1.0 / 256 : 0;
     const auto upTo = [&](double place, double bound) {
         return place > bound && place <= bound + hair ? bound : place;
     };
-    const double right = upTo(single(-camera_[0] + across), model_.BoundRight);
-    if (keys.right && right <= model_.BoundRight) {
+    const double right = upTo(Single(-camera_[0] + across), rightmost);
+    if (keys.right && right <= rightmost) {
         camera_[0] = -right;
     }
-    const double left = -upTo(-single(-camera_[0] - across), -double(model_.BoundLeft));
-    if (keys.left && left >= model_.BoundLeft) {
+    const double left = -upTo(-Single(-camera_[0] - across), -leftmost);
+    if (keys.left && left >= leftmost) {
         camera_[0] = -left;
     }
-    const double upper = -upTo(-single(camera_[1] - down), -double(upperBound_));
+    const double upper = -upTo(-Single(camera_[1] - down), -double(upperBound_));
     if (keys.up && upper >= upperBound_) {
         camera_[1] = upper;
     }
-    const double lower = upTo(single(camera_[1] + down), model_.BoundLow);
+    const double lower = upTo(Single(camera_[1] + down), model_.BoundLow);
     if (keys.down && lower <= model_.BoundLow) {
         camera_[1] = lower;
     }

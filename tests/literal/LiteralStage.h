@@ -15,6 +15,8 @@
 #include <vector>
 
 #include "literal/LiteralSpace.h"
+#include "literal/LiteralTexels.h"
+#include "literal/LiteralZoom.h"
 #include "stage/StageModel.h"
 #include "stage/ViewOptions.h"
 
@@ -75,8 +77,14 @@ public:
 
     void DrawFrame(const LiteralKeys& keys);
 
+    // From now on, within the stage's limits; the camera is brought back to its bounds there.
+    void SetZoom(double zoom);
+
     // Line by line, 0xRRGGBB. Black before the first frame.
     [[nodiscard]] const std::vector<std::uint32_t>& Picture() const { return picture_; }
+    // Pixels of it that may be otherwise: a picture is turned there, and devices differ by a hair.
+    // 1 = in doubt.
+    [[nodiscard]] const std::vector<std::uint8_t>& InDoubt() const { return inDoubt_; }
     [[nodiscard]] int Width() const { return space_.CanvasWidth(); }
     [[nodiscard]] int Height() const { return space_.CanvasHeight(); }
 
@@ -149,6 +157,8 @@ private:
     struct Shown {
         const Image* image = nullptr;
         std::array<double, 2> offset{};  // of a frame
+        std::array<double, 2> scale{1, 1};
+        double angle = 0;                // degrees, counter-clockwise
         std::array<bool, 2> mirrored{};  // left to right, top to bottom
         bool masked = false;             // each pixel counts as much as its alpha says
         Blending blending;
@@ -163,6 +173,7 @@ private:
     // Start-up (LiteralStage.cpp).
     void ReadImages();
     void PlaceCamera();
+    void PlaceGround();
     void PlaceElement(std::size_t index);
     void RaiseUpperBound();
     void ResolveControls();
@@ -180,11 +191,17 @@ private:
     [[nodiscard]] std::uint32_t ClearColor() const;
     void FollowCamera(Element& element);
     void MoveCamera(const LiteralKeys& keys);
+    struct Sides;
+    [[nodiscard]] Sides CameraSides() const;
+    void KeepCamera();
     [[nodiscard]] bool HasPictures(const Element& element) const;
     [[nodiscard]] double Kept(double value) const;
 
     // What is seen of an element (LiteralPicture.cpp).
     [[nodiscard]] std::optional<Shown> ShownOf(const Element& element) const;
+    // What it shows of its frame (LiteralFrames.cpp).
+    void ReadFrame(const Element& element, Shown& shown) const;
+    [[nodiscard]] static const StageFrame& NextFrame(const StageAction& action, int frame);
     // How far its swing has taken it, or the swing and the motion of its parent.
     [[nodiscard]] double CarriedBy(const Element& element, std::size_t axis) const;
     // One texel of it at a place within the picture.
@@ -200,30 +217,80 @@ private:
     void DrawPlainCopy(const Shown& shown, std::int64_t x, std::int64_t y, int firstRow,
                        int endRow);
 
-    // On the canvas (LiteralCanvas.cpp).
-    struct Reach;   // of a picture, along one axis
-    struct Tiling;  // along one axis
+    // On the canvas (LiteralCanvas.cpp). Window and mixing of what is shown are set there.
+    // Of a picture, along one axis, in canvas pixels before rounding.
+    struct Reach {
+        double near = 0;
+        double size = 0;
+        bool mirrored = false;
+    };
+    // Along one axis, in the picture's own pixels.
+    struct Tiling {
+        std::int64_t count = 0;
+        std::int64_t distance = 0;
+        bool touching = false;  // each copy ends where the next one begins
+    };
     void DrawOnCanvas(const Element& element, Shown& shown);
-    void DrawRows(const Element& element, const Shown& shown);
     [[nodiscard]] double AxisPlace(const Element& element, std::size_t axis) const;
-    // Canvas pixels of a pixel of its picture; below 0 it is mirrored.
+    // How much of the camera's zoom it takes.
+    [[nodiscard]] double ZoomOf(const BackgroundElement& element, std::size_t axis) const;
+    // Where a place of the canvas is seen at its zoom: nearer to the middle, and to the ground.
+    [[nodiscard]] double Zoomed(const BackgroundElement& element, std::size_t axis,
+                                double place) const;
+    // Canvas pixels of a pixel of its pictures; below 0 they are mirrored.
     [[nodiscard]] double PixelOf(const Element& element, std::size_t axis) const;
+    // The same of the picture that it shows, which its frame may scale.
+    [[nodiscard]] double PixelOf(const Element& element, const Shown& shown,
+                                 std::size_t axis) const;
     [[nodiscard]] Reach ReachOf(const Shown& shown, std::size_t axis, double place,
                                 double pixel) const;
-    [[nodiscard]] Tiling TilingOf(const BackgroundElement& element, std::size_t axis,
-                                  int size) const;
+    [[nodiscard]] Tiling TilingOf(const BackgroundElement& element, const Shown& shown,
+                                  std::size_t axis) const;
     [[nodiscard]] std::vector<Span> Copies(const Reach& reach, const Tiling& tiling,
                                            double tilePixel, std::size_t axis) const;
-    [[nodiscard]] double Stretch(const BackgroundElement& element) const;
     [[nodiscard]] Window CanvasWindow(const BackgroundElement& element) const;
     // Some rows of the picture, brought to columns and rows. The rows count from the upper edge of
     // the picture as it is mirrored.
     void DrawQuad(const Shown& shown, const Span& columns, const Span& rows, const Span& texelRows,
                   const std::array<bool, 2>& mirrored);
+    [[nodiscard]] static std::uint32_t MixedTexel(const Shown& shown, const TwoTexels& across,
+                                                  const TwoTexels& down,
+                                                  const std::array<bool, 2>& mirrored);
+
+    // Turned pictures, on the canvas (LiteralTurned.cpp).
+    struct TurnedPicture;
+    struct TexelChoice {
+        std::uint32_t texel = 0;
+        bool sure = true;  // every device shows the same
+    };
+    [[nodiscard]] static bool IsTurned(const Shown& shown);
+    void DrawTurned(const Element& element, const Shown& shown);
+    [[nodiscard]] TurnedPicture TurnedPictureOf(const Element& element, const Shown& shown) const;
+    [[nodiscard]] std::vector<double> TurnedPlaces(const TurnedPicture& turned,
+                                                   const Tiling& tiling, double step, double place,
+                                                   std::size_t axis) const;
+    void DrawTurnedCopy(const Shown& shown, TurnedPicture& turned,
+                        const std::array<double, 2>& about);
+    void PutTurned(std::int64_t x, std::int64_t y, const Shown& shown, const TurnedPicture& turned,
+                   const std::array<double, 2>& within);
+    [[nodiscard]] static TexelChoice TexelsOfTurned(const Shown& shown, const TurnedPicture& turned,
+                                                    const std::array<double, 2>& within);
+
+    // Rows of parallax elements, on the canvas (LiteralRows.cpp). The height t is 0 for the first
+    // row and 1 for the last one.
+    struct Row;
+    void DrawRows(const Element& element, const Shown& shown);
+    [[nodiscard]] double Stretch(const BackgroundElement& element) const;
+    [[nodiscard]] static bool HasWidths(const BackgroundElement& element);
+    [[nodiscard]] Row ShearedRow(const Element& element, const Shown& shown, double t) const;
+    [[nodiscard]] Row WidenedRow(const Element& element, const Shown& shown, double t) const;
 
     const StageModel& model_;
     LiteralRules rules_;
     LiteralSpace space_;
+    LiteralZoom zoomLimits_;
+    double zoom_ = 1;
+    double ground_ = 0;  // the row of the canvas that all is zoomed about
     std::vector<Image> images_;
     std::vector<Element> elements_;
     std::vector<Group> groups_;
@@ -232,6 +299,7 @@ private:
     std::array<double, 2> seenFrom_{};  // where the camera is for this frame, in shown coordinates
     int upperBound_ = 0;
     std::vector<std::uint32_t> picture_;
+    std::vector<std::uint8_t> inDoubt_;
 };
 
 }  // namespace scenara::test

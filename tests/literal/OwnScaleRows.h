@@ -197,6 +197,13 @@ inline constexpr PlaceRow kOwnScaleRows[] = {
     // 50, kept at 16, and then .5: 4 x 8 = 32
     {"rows at most 16 times as tall, under an own scale", kOwn, kRowsAt,
      "yscalestart = 2\nscalestart = 1,.5\n", Held::Nothing, 1, kOld, "182,40,198,72"},
+    // 1 / 1.5 x 1.5 = 1: 40 - 2
+    {"rows that two scales leave at their size", kOwn, kRowsAboutAxisAt,
+     "yscalestart = 150\nscalestart = 1,1.5\n", Held::Nothing, 1, kOld, "182,38,198,42"},
+    // 1 / (1 + .025 x 20) x 1.5 = 1: 40 + 20 - 2
+    {"rows that an own scale and the camera's height leave at their size",
+     "[Camera]\nstarty = -20\n", kRowsAboutAxisAt, "yscaledelta = -2.5\nscalestart = 1,1.5\n",
+     Held::Nothing, 1, kOld, "182,58,198,62"},
     // 190 - 12, 24 wide, 20 x 1.5 on
     {"rows are tiled under an own scale", kOwn, kRowsAt,
      "tile = 2\ntilespacing = 4,0\nscalestart = 1.5,1\n", Held::Nothing, 1, kOld,

@@ -13,17 +13,25 @@
 
 namespace scenara::test {
 
-enum class Held : std::uint8_t { Nothing, Right, RightAndUp };
+enum class Held : std::uint8_t {
+    Nothing,
+    Right,  // in the first frame, whose two steps the second one shows
+    RightAndUp,
+    RightThroughout,  // in every frame
+    LeftThroughout,
+    UpThroughout,
+};
 
 struct PlaceRow {
     const char* name;
     const char* settings;  // whole sections
     const char* element;
     const char* adds;  // further keys and sections
-    Held held;         // in the first frame, whose two steps the second one shows
+    Held held;
     int frames;
     const char* canvas;
     const char* covered;  // left, top, right, bottom of each; what lies outside is cut off
+    std::uint32_t colour = kSolidColour;
 };
 inline void PrintTo(const PlaceRow& row, std::ostream* out) {
     *out << row.name;

@@ -4,13 +4,16 @@
 #include <stdexcept>
 #include <utility>
 
+#include "render/ZoomControl.h"
+#include "stage/StageSpace.h"
 #include "support/StageFixture.h"
 
 namespace scenara::test {
 
 ProgramStage::ProgramStage(std::unique_ptr<Files> files, const std::string& stageFile,
                            const ViewOptions& view, std::function<void(StageModel&)> change)
-    : files_(std::move(files)),
+    : view_(view),
+      files_(std::move(files)),
       change_(std::move(change)),
       direct3D_(KeptTextureMemory(), &shown_),
       show_({*files_, messages_, window_, keyboard_, clock_, pointer_, direct3D_}, view, *this) {
@@ -19,6 +22,11 @@ ProgramStage::ProgramStage(std::unique_ptr<Files> files, const std::string& stag
         throw std::runtime_error("the stage does not load");
     }
     show_.BeginLoop();
+}
+
+void ProgramStage::SetZoom(double zoom) {
+    StageModel& model = show_.Model();
+    scenara::SetZoom(model, show_.CameraState(), ViewOf(model, view_), zoom);
 }
 
 void ProgramStage::RunFrame(const LiteralKeys& keys) {

@@ -28,12 +28,15 @@ public:
     ProgramStage(std::unique_ptr<Files> files, const std::string& stageFile,
                  const ViewOptions& view, std::function<void(StageModel&)> change);
 
+    // As far as the stage goes.
+    void SetZoom(double zoom);
     void RunFrame(const LiteralKeys& keys);
     [[nodiscard]] ShownCanvas Canvas() const;
 
 private:
     void StageLoaded() override { change_(show_.Model()); }
 
+    ViewOptions view_;
     std::unique_ptr<Files> files_;
     std::function<void(StageModel&)> change_;
     HeadlessMessages messages_;

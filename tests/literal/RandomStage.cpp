@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "literal/RandomStage.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <span>
 #include <string_view>
+#include <utility>
 
 #include "literal/RandomArchive.h"
 #include "samplemaker/Noise.h"
@@ -15,13 +17,24 @@ namespace {
 constexpr int kActions = 4;
 constexpr int kIds = 3;
 
+// Which of the rules of MUGEN 1.1 stages are made for.
+constexpr bool kZooms = true;
+constexpr bool kMaskWindows = true;
+constexpr bool kRowWidths = true;
+constexpr bool kFrameScales = false;
+constexpr bool kInterpolates = false;
+constexpr bool kTurns = false;
+
+// So that its numbers are others than those of a stage's first random ones.
+constexpr std::uint32_t kNewerSeed = 0x51A6E11;
+
 // What pictures are like, and what is done with them.
 enum class Pictures : std::uint8_t { WithHoles, WithAlphas, WithAlphasSmooth };
 
 class Writer {
 public:
     Writer(std::uint32_t seed, RandomFor mode, Pictures pictures)
-        : random_(seed), mode_(mode), pictures_(pictures) {}
+        : random_(seed), newer_(seed ^ kNewerSeed), mode_(mode), pictures_(pictures) {}
 
     RandomStage Make();
 
@@ -64,13 +77,29 @@ private:
         return ids;
     }
 
+    // What `write` writes has random numbers of its own: what comes after it stays the same.
+    template <typename Write>
+    void Newer(bool rule, Write write) {
+        if (rule && mode_ == RandomFor::Version11) {
+            std::swap(random_, newer_);
+            write();
+            std::swap(random_, newer_);
+        }
+    }
+    [[nodiscard]] bool Adds() const { return mode_ != RandomFor::Plain; }
+
     void Settings();
+    void Zoom();
+    void ZoomDelta(bool tiled);
+    void RowWidths(bool tiled);
+    [[nodiscard]] std::string Corners(int left, int right);
     void Space();
     [[nodiscard]] std::string Scale();
     void Element(int index);
     void ElementMotion();
     // Whether it has any.
     bool Tiles(bool animated);
+    bool FewTiles();
     bool TilesOfAlphas(bool animated, bool scaled);
     void OwnScale(bool tiled);
     [[nodiscard]] std::string ScaleOfTiles();
@@ -78,18 +107,26 @@ private:
     [[nodiscard]] std::string ScalePerUnit();
     void Blend();
     void Action(int number);
+    [[nodiscard]] std::string FrameScale();
+    [[nodiscard]] std::string Angle();
+    void Interpolate();
     void Group(int index);
     void Control();
     void OffAndOn();
     void Keys(std::vector<LiteralKeys>& keys);
+    void ZoomInAndOut(std::vector<double>& zooms, std::size_t frames);
 
     samplemaker::Random random_;
+    samplemaker::Random newer_;
     RandomFor mode_;
     Pictures pictures_;
     std::string text_;
     int width_ = 320;  // of the view
     int height_ = 240;
     bool shrinks_ = false;  // a pixel of a picture may be less than one of the canvas
+    bool zooms_ = false;    // it says how far
+    double zoomOut_ = 1;    // the least zoom
+    bool turns_ = false;    // some frames have an angle
 };
 
 std::string Writer::Scale() {
@@ -120,7 +157,7 @@ void Writer::Space() {
         const int height = large ? Whole(150, 700) : Whole(57, 150);
         Line("localcoord",
              std::to_string(width) + (OneIn(20) ? "" : ", " + std::to_string(height)));
-        if (mode_ == RandomFor::Additions) {
+        if (Adds()) {
             width_ = width;
             height_ = height;
         }
@@ -157,6 +194,7 @@ void Writer::Settings() {
         Line("startx", OneIn(3) ? Fraction(-60, 60) : Number(-60, 60, 300));
         Line("starty", Number(-60, 10, 300));
     }
+    Newer(kZooms, [this] { Zoom(); });
     text_ += "[BGdef]\nspr = random.sff\n";
     if (OneIn(3)) {
         Line("bgclearcolor", Number(0, 255, 300) + ", " + Number(0, 255, 300) + ",77");
@@ -164,11 +202,61 @@ void Writer::Settings() {
     }
 }
 
+// Out and in to about twice as far, now and then farther, and beyond what is allowed.
+void Writer::Zoom() {
+    static constexpr std::array kOuts = {".5", ".75", ".8", "0.3333333", "1"};
+    static constexpr std::array kIns = {"1", "1.25", "1.5", "2", "2.5"};
+    static constexpr std::array kOdd = {"0", "-1", ".001", "1000"};
+    if (OneIn(3)) {
+        return;
+    }
+    zooms_ = true;
+    const std::string out = OneIn(15) ? OneOf(kOdd) : OneIn(3) ? Fraction(1, 2) : OneOf(kOuts);
+    Line("zoomout", out);
+    zoomOut_ = std::stod(out) <= 0 ? 1 : std::stod(out);
+    if (!OneIn(4)) {
+        Line("zoomin", OneIn(15) ? OneOf(kOdd) : OneIn(3) ? Fraction(1, 3) : OneOf(kIns));
+    }
+    if (!OneIn(4)) {
+        Line("startzoom", OneIn(15) ? OneOf(kOdd) : Fraction(0, 3));
+    }
+    shrinks_ = shrinks_ || zoomOut_ < 1;
+}
+
+// Tiles do not come much closer together than without zoom.
+void Writer::ZoomDelta(bool tiled) {
+    static constexpr std::array kOdd = {"0", "9", "-3", "1"};
+    const double least = tiled ? 0.5 : 1.0 / 8;
+    if (tiled && zoomOut_ < least) {
+        Line("zoomdelta", OneIn(2) ? "0" : ".25");
+    } else if (OneIn(2)) {
+        const auto delta = [&] {
+            return tiled      ? "0." + std::to_string(Whole(0, 99))
+                   : OneIn(8) ? OneOf(kOdd)
+                              : Fraction(-1, 2);
+        };
+        Line("zoomdelta", delta() + (OneIn(3) ? "" : ", " + delta()));
+    }
+}
+
+// Such as may be turned, one by one.
+bool Writer::FewTiles() {
+    static constexpr std::array kCounts = {"0", "1", "2", "3"};
+    const std::string across = OneOf(kCounts);
+    Line("tile", across + ", " + OneOf(kCounts));
+    const std::string distance = std::to_string(Whole(60, 200));
+    Line("tilespacing", distance + ", " + std::to_string(Whole(60, 200)));
+    return true;
+}
+
 bool Writer::Tiles(bool animated) {
     static constexpr std::array kCounts = {"0", "1", "1",  "2",       "3",
                                            "5", "9", "40", "1000000", "-2"};
     if (!OneIn(3)) {
         return false;
+    }
+    if (turns_) {
+        return FewTiles();
     }
     const std::string across = OneOf(kCounts);
     const std::string down = OneIn(4) ? "" : OneOf(kCounts);
@@ -179,9 +267,14 @@ bool Writer::Tiles(bool animated) {
     if (animated && both) {
         Line("tilespacing", std::to_string(Whole(20, 150)) + ", " + std::to_string(Whole(20, 150)));
     } else if (OneIn(2)) {
-        std::array<std::string, 2> spacings = {Number(0, 150, 400), Number(0, 150, 400)};
+        // Of those that are less than a pixel of the canvas apart the program leaves some out.
+        const auto spacing = [this] {
+            return shrinks_ ? std::to_string(Whole(7, 150)) : Number(0, 150, 400);
+        };
+        std::array<std::string, 2> spacings = {spacing(), spacing()};
         if (OneIn(4)) {
-            spacings[static_cast<std::size_t>(Whole(0, 1))] = std::to_string(Whole(-20, 9));
+            spacings[static_cast<std::size_t>(Whole(0, 1))] =
+                std::to_string(Whole(shrinks_ ? 7 : -20, 9));
         }
         Line("tilespacing", spacings[0] + (OneIn(6) ? "" : ", " + spacings[1]));
     }
@@ -195,6 +288,9 @@ bool Writer::TilesOfAlphas(bool animated, bool scaled) {
     static constexpr std::array kCounts = {"0", "1", "1", "2", "3", "5", "9"};
     if (OneIn(3)) {
         return false;
+    }
+    if (turns_) {
+        return FewTiles();
     }
     std::array<std::string, 2> counts = {OneOf(kCounts), OneOf(kCounts)};
     std::array<std::string, 2> spacings;
@@ -243,6 +339,16 @@ void Writer::OwnScale(bool tiled) {
     }
 }
 
+// Two of them, in any order.
+std::string Writer::Corners(int left, int right) {
+    const auto corner = [this](int low, int high) {
+        return OneIn(4) ? Fraction(low, high) : Number(low, high, 500);
+    };
+    const int bottom = height_ + 20;
+    return corner(left, right) + ", " + corner(-20, bottom) + ", " + corner(left, right) + ", " +
+           corner(-20, bottom);
+}
+
 void Writer::ElementMotion() {
     if (OneIn(3)) {
         Line("velocity", Fraction(-3, 3) + (OneIn(2) ? ", " + Fraction(-2, 2) : ""));
@@ -269,13 +375,23 @@ void Writer::Blend() {
     }
 }
 
+// Tiles are not brought close together.
+void Writer::RowWidths(bool tiled) {
+    const int least = tiled ? 100 : 1;
+    const std::string top = OneIn(3) ? Fraction(least, 200) : std::to_string(Whole(least, 400));
+    const std::string bottom =
+        OneIn(9) && !tiled ? Number(0, 0, 300) : std::to_string(Whole(least, 900));
+    Line("width", top + ", " + bottom);
+}
+
 void Writer::Element(int index) {
     static constexpr std::array kTypes = {"normal",   "normal", "anim", "anim", "anim",
                                           "parallax", "dummy",  "norm", "ani",  "paral",
                                           "null",     "Anim",   "water"};
     static constexpr std::array kLayers = {"0", "0", "0", "0", "1", "1", "-1", "2", "-7"};
     text_ += "[BG " + std::to_string(index) + "]\n";
-    const std::string type = OneOf(kTypes);
+    std::string type = OneOf(kTypes);
+    Newer(kTurns && turns_, [&] { type = OneIn(3) ? type : "anim"; });
     if (!OneIn(30)) {
         Line("type", type);
     }
@@ -285,7 +401,7 @@ void Writer::Element(int index) {
     if (type.front() == 'a' || OneIn(3)) {
         Line("actionno", std::to_string(Whole(0, OneIn(8) ? kActions : kActions - 1)));
     }
-    const bool fractions = mode_ == RandomFor::Additions && OneIn(4);
+    const bool fractions = Adds() && OneIn(4);
     const int aside = width_ * 5 / 8;
     const int low = height_ - 20;
     Line("start", fractions ? Fraction(-aside, aside) + ", " + Fraction(-60, low)
@@ -303,15 +419,14 @@ void Writer::Element(int index) {
         Line("xscale", Fraction(0, 2) + (OneIn(5) ? "" : ", " + Fraction(0, 3)));
     }
     if (OneIn(4)) {
-        const auto corner = [this](int high) {
-            return OneIn(4) ? Fraction(-20, high) : Number(-20, high, 500);
-        };
-        const int right = width_ + 20;
-        const int bottom = height_ + 20;
-        Line("window",
-             corner(right) + ", " + corner(bottom) + ", " + corner(right) + ", " + corner(bottom));
+        Line("window", Corners(-20, width_ + 20));
     }
-    if (mode_ == RandomFor::Additions && OneIn(6)) {
+    Newer(kMaskWindows, [this] {
+        if (OneIn(4)) {
+            Line("maskwindow", Corners(-width_ / 2 - 20, width_ / 2 + 20));
+        }
+    });
+    if (Adds() && OneIn(6)) {
         Line("windowdelta", Fraction(-1, 2) + ", " + Fraction(-1, 2));
     }
     if (type == "parallax" && OneIn(3)) {
@@ -319,14 +434,43 @@ void Writer::Element(int index) {
         Line("yscaledelta", Fraction(-2, 2));
     }
     const bool animated = type == "anim" || type == "ani" || type == "Anim";
-    const bool scaled = mode_ == RandomFor::Additions && OneIn(3);
+    const bool scaled = Adds() && OneIn(3);
     const bool tiled =
         pictures_ == Pictures::WithHoles ? Tiles(animated) : TilesOfAlphas(animated, scaled);
     if (scaled) {
         OwnScale(tiled);
     }
+    Newer(kZooms, [&] { ZoomDelta(tiled); });
+    Newer(kRowWidths, [&] {
+        if (type.starts_with("paral") && OneIn(2)) {
+            RowWidths(tiled);
+        }
+    });
     ElementMotion();
     Blend();
+}
+
+// Not very large: tiles are no farther apart for it.
+std::string Writer::FrameScale() {
+    static constexpr std::array kOdd = {"0", ".003", "-.02", "4"};
+    const auto scale = [this] { return OneIn(15) ? OneOf(kOdd) : Fraction(-2, 2); };
+    return ", " + scale() + (OneIn(6) ? "" : ", " + scale());
+}
+
+// Quarters of a turn, or anything.
+std::string Writer::Angle() {
+    return ", " + (OneIn(5)   ? std::to_string(90 * Whole(-5, 5))
+                   : OneIn(2) ? std::to_string(15 * Whole(-30, 30))
+                              : Fraction(-400, 400));
+}
+
+// What goes over into the next frame, or from the last one to the first.
+void Writer::Interpolate() {
+    for (const char* const what : {"Offset", "blend", "Scale", "Angle"}) {
+        if (OneIn(4)) {
+            text_ += std::string("Interpolate ") + what + "\n";
+        }
+    }
 }
 
 void Writer::Action(int number) {
@@ -339,16 +483,25 @@ void Writer::Action(int number) {
         if (OneIn(6)) {
             text_ += "Loopstart\n";
         }
-        const bool fractions = mode_ == RandomFor::Additions && OneIn(4);
+        Newer(kInterpolates, [this] { Interpolate(); });
+        const bool fractions = Adds() && OneIn(4);
         const auto offset = [&] { return fractions ? Fraction(-30, 30) : Number(-30, 30, 400); };
         text_ += (OneIn(12) ? "-1, 0" : Sprite()) + ", " + offset();
         text_ += ", " + offset() + ", " + OneOf(kTimes);
         const std::string flip = OneOf(kFlips);
         const std::string blend = OneOf(kBlends);
-        if (!flip.empty() || !blend.empty()) {
+        std::string scale;
+        Newer(kFrameScales, [&] { scale = OneIn(3) ? FrameScale() : ""; });
+        Newer(kTurns && turns_, [&] {
+            if (!OneIn(4)) {
+                const auto given = std::ranges::count(scale, ',');
+                scale += (given == 0 ? ", , " : given == 1 ? ", " : "") + Angle();
+            }
+        });
+        if (!flip.empty() || !blend.empty() || !scale.empty()) {
             text_ += ", " + flip;
         }
-        text_ += (blend.empty() ? "" : ", " + blend) + "\n";
+        text_ += (blend.empty() && scale.empty() ? "" : ", " + blend) + scale + "\n";
     }
     if (OneIn(12)) {
         text_ += "Loopstart\n";
@@ -433,10 +586,22 @@ void Writer::Keys(std::vector<LiteralKeys>& keys) {
     }
 }
 
+// As far as the stage goes, and farther.
+void Writer::ZoomInAndOut(std::vector<double>& zooms, std::size_t frames) {
+    if (!zooms_ || OneIn(2)) {
+        return;
+    }
+    zooms.resize(frames);
+    for (double& zoom : zooms) {
+        zoom = OneIn(4) ? random_.Between(0.25, 2.5) : 0;
+    }
+}
+
 RandomStage Writer::Make() {
     RandomStage stage;
     stage.archive = MakeRandomArchive(random_);
     Settings();
+    Newer(kTurns, [this] { turns_ = OneIn(2); });
     for (int number = 0; number < kActions; ++number) {
         Action(number);
     }
@@ -450,6 +615,7 @@ RandomStage Writer::Make() {
     stage.definition = text_;
     stage.keys.resize(static_cast<std::size_t>(OneIn(4) ? Whole(20, 40) : Whole(1, 12)));
     Keys(stage.keys);
+    Newer(kZooms, [&] { ZoomInAndOut(stage.zooms, stage.keys.size()); });
     return stage;
 }
 

@@ -14,13 +14,15 @@
 
 namespace scenara::test {
 
-// In which mode the stage is going to be shown: some values have no rule in one of them.
-enum class RandomFor : std::uint8_t { Plain, Additions };
+// In which mode the stage is going to be shown: some values have no rule in one of them. Version11
+// is with additions, too, and the stage has keys that MUGEN 1.1 brought.
+enum class RandomFor : std::uint8_t { Plain, Additions, Version11 };
 
 struct RandomStage {
     std::string definition;  // names the archive "random.sff"
     std::vector<std::byte> archive;
     std::vector<LiteralKeys> keys;        // one per frame
+    std::vector<double> zooms;            // set before each frame, 0 = as it is; or none at all
     std::optional<std::uint32_t> alphas;  // its pictures get these (RandomAlpha.h)
 };
 

@@ -71,7 +71,8 @@ std::string SolidDefinition(const std::string& settings, const std::string& elem
     return "[BGdef]\nspr = random.sff\n" + settings + kRoom + elements;
 }
 
-std::string Wrong(const ShownCanvas& shown, const std::string& size, const std::string& covered) {
+std::string Wrong(const ShownCanvas& shown, const std::string& size, const std::string& covered,
+                  std::uint32_t colour) {
     const std::vector<ViewFrame> frames = FramesIn(covered);
     std::ostringstream shownSize;
     shownSize << shown.size.width << " x " << shown.size.height;
@@ -87,7 +88,7 @@ std::string Wrong(const ShownCanvas& shown, const std::string& size, const std::
                 lit = {std::min(lit.left, x), std::min(lit.top, y), std::max(lit.right, x + 1),
                        std::max(lit.bottom, y + 1)};
             }
-            if (first.view().empty() && pixel != (Covers(frames, x, y) ? kSolidColour : 0)) {
+            if (first.view().empty() && pixel != (Covers(frames, x, y) ? colour : 0)) {
                 first << "; " << std::dec << x << "," << y << " is " << std::hex << pixel;
             }
         }

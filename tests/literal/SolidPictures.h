@@ -44,6 +44,6 @@ struct Pair {
 // "left,top,right,bottom" once or several times, with blanks between; what of it lies outside does
 // not count.
 [[nodiscard]] std::string Wrong(const ShownCanvas& shown, const std::string& size,
-                                const std::string& covered);
+                                const std::string& covered, std::uint32_t colour = kSolidColour);
 
 }  // namespace scenara::test

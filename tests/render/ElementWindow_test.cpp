@@ -60,6 +60,54 @@ TEST(ElementWindow, WithoutOneTheViewIsWhatCanBeSeen) {
     ExpectRanges(window, {0, 320}, {0, 240});
 }
 
+// --- windows that are zoomed with their element, an addition ---
+
+BackgroundElement MaskWindowOf(Single x1, Single y1, Single x2, Single y2) {
+    BackgroundElement element;
+    element.maskWindow = {x1, y1, x2, y2};
+    element.maskWindowActive = 1;
+    return element;
+}
+
+TEST(MaskWindow, CountsFromTheMiddleAndLeavesItsFarEdgesOut) {
+    DrawOptions twice;
+    twice.additions = true;
+    twice.view.detail = 2;
+    for (const WindowRanges& row : std::vector<WindowRanges>{
+             {"about the middle", MaskWindowOf(-20, 10, 30, 40), {280, 380}, {20, 80}},
+             {"any order", MaskWindowOf(30, 40, -20, 10), {280, 380}, {20, 80}},
+             {"rounded on the canvas", MaskWindowOf(0.25F, 0.2F, 1.3F, 1), {321, 323}, {0, 2}},
+             {"of all numbers", MaskWindowOf(-3e38F, -3e38F, 3e38F, 3e38F), {0, 640}, {0, 480}},
+             {"nothing", MaskWindowOf(5, 5, 5, 5), {330, 330}, {10, 10}},
+         }) {
+        SCOPED_TRACE(row.name);
+        const ElementWindow window = ElementWindow::Of(row.element, twice);
+        EXPECT_TRUE(window.active);
+        ExpectRanges(window, row.columns, row.rows);
+    }
+}
+
+TEST(MaskWindow, IsZoomedAsItsElementIs) {
+    DrawOptions zoomed;
+    zoomed.additions = true;
+    zoomed.zoom = 0.5;
+    zoomed.ground = 200;
+    BackgroundElement element = MaskWindowOf(-20, 100, 40, 220);
+    ExpectRanges(ElementWindow::Of(element, zoomed), {150, 180}, {150, 210});
+    element.zoomDelta = {0, 2};
+    ExpectRanges(ElementWindow::Of(element, zoomed), {140, 200}, {200, 200});
+    // The other one is not.
+    Windowed(element, 150, 0, 159, 239);
+    element.zoomDelta = {1, 1};
+    ExpectRanges(ElementWindow::Of(element, zoomed), {150, 160}, {150, 210});
+}
+
+TEST(MaskWindow, PlainlyThereIsNone) {
+    const ElementWindow window = ElementWindow::Of(MaskWindowOf(-20, 10, 30, 40), {});
+    EXPECT_FALSE(window.active);
+    ExpectRanges(window, {0, 320}, {0, 240});
+}
+
 // --- cutting ---
 
 struct Cut {

@@ -19,7 +19,7 @@ namespace {
 struct PreparedStage {
     // As a stage start does it.
     void Prepare() {
-        PlaceCamera(model, camera);
+        PlaceCamera(model, camera, View());
         PrepareElements(model, kPlainView, View());
     }
     [[nodiscard]] const BackgroundElement& Element(std::size_t index) const {
@@ -79,7 +79,7 @@ TEST_F(CameraStart, IsWithinTheBounds) {
         model.BoundLow = row.bounds.low;
         model.CamStartX = row.startX;
         model.CamStartY = row.startY;
-        PlaceCamera(model, camera);
+        PlaceCamera(model, camera, View());
         EXPECT_EQ(model.CamX, -row.shownX);
         EXPECT_EQ(model.CamY, row.shownY);
         EXPECT_EQ(camera.previousX, model.CamX);
@@ -91,7 +91,7 @@ TEST_F(CameraStart, NoStepLeftTheCameraItself) {
     camera.HCamStep = 3;
     camera.VCamStep = 4;
     camera.previousX = 7;
-    PlaceCamera(model, camera);
+    PlaceCamera(model, camera, View());
     EXPECT_EQ(camera.previousX, 0);
     EXPECT_EQ(camera.HCamStep, 3);
     EXPECT_EQ(camera.VCamStep, 4);

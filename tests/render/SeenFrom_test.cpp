@@ -41,8 +41,14 @@ public:
         model.localcoordHeight = Between(60, 800);
         model.StageXScale = static_cast<Single>(Between(-300, 300)) / 100;
         model.StageYScale = static_cast<Single>(Between(-300, 300)) / 100;
+        model.ZOffset = static_cast<Integer>(Between(0, 800));
+        model.CamZoom = Between(0, 1) == 0 ? 1 : Between(20, 300) / 100.0;
         for (int i = 0; i < 8; ++i) {
             BackgroundElement element;
+            if (Between(0, 2) == 0) {
+                element.zoomDelta = {static_cast<Single>(Between(-50, 300)) / 100,
+                                     static_cast<Single>(Between(-50, 300)) / 100};
+            }
             element.type = "normal";
             element.startX = Between(-3000, 3000);
             element.startY = Between(-3000, 3000);
@@ -90,7 +96,9 @@ TEST(SeenFrom, HasEveryPlaceFromWhichAnElementIsSeen) {
         PrepareElements(model, ViewOptions(), view);
         NoteWhereSeen(model, view);
         for (int place = 0; place < 20; ++place) {
-            const DrawOptions options{true, view, stills.Camera()};
+            DrawOptions options{true, view, stills.Camera()};
+            options.zoom = model.CamZoom;
+            options.ground = model.ZOffset;
             for (const BackgroundElement& element : model.Elements) {
                 const bool noted = MayBeSeen(model, element, options);
                 ASSERT_EQ(noted, MayBeSeenWithoutNotes(model, element, options))

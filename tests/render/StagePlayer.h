@@ -58,7 +58,7 @@ struct StagePlayer {
     void Start() {
         picture = ViewOf(model, view);
         engine.Engine_Init();
-        PlaceCamera(model, camera);
+        PlaceCamera(model, camera, picture);
         PrepareElements(model, view, picture);
         static_cast<void>(record.TakeLines());
     }

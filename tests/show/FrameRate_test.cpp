@@ -123,6 +123,12 @@ TEST(InfoLine, NamesTheShownCameraAndTheFrames) {
     EXPECT_EQ(InfoLine(12.5F, -3, 0), "Cam -12.5,-3  0 FPS");
 }
 
+TEST(InfoLine, NamesTheZoomWhereItIsTold) {
+    EXPECT_EQ(InfoLine(-12.5F, 0, 60, 0.8), "Cam 12.5,0  Zoom 0.8  60 FPS");
+    EXPECT_EQ(InfoLine(-12.5F, 0, 60, 1.0 / 3), "Cam 12.5,0  Zoom 0.33  60 FPS");
+    EXPECT_EQ(InfoLine(-12.5F, 0, 60, 1), "Cam 12.5,0  Zoom 1  60 FPS");
+}
+
 TEST(InfoLine, NothingIsNeverMinusNothing) {
     EXPECT_EQ(InfoLine(0, 0, 1), "Cam 0,0  1 FPS");
     EXPECT_EQ(InfoLine(-0.0F, -0.0F, 1), "Cam 0,0  1 FPS");

@@ -100,7 +100,10 @@ TEST_F(StageStart, TheCameraStandsAtTheStageStartOrWhereItWasKeptAndElementsKnow
           {"up and left of the bounds", CameraPlace{500, -500}, 100, -40, 217, -70},
           {"down and right of them", CameraPlace{-500, 500}, -80, 0, 127, -90}}) {
         SCOPED_TRACE(row.name);
-        show_.Which.camera = row.kept;
+        show_.Which.camera.reset();
+        if (row.kept) {
+            show_.Which.camera = CameraStand{*row.kept};
+        }
         Start(kStage);
         EXPECT_EQ(model_.CamX, row.x);
         EXPECT_EQ(model_.CamY, row.y);
@@ -114,7 +117,7 @@ TEST_F(StageStart, TheCameraStandsAtTheStageStartOrWhereItWasKeptAndElementsKnow
 }
 
 TEST_F(StageStart, AKeptCameraIsForOneStageAlone) {
-    show_.Which.camera = CameraPlace{50, -20};
+    show_.Which.camera = CameraStand{{50, -20}};
     EXPECT_FALSE(shown_.StartFile("/mugen/stages/missing.def"));
     show_.Release();
     Start(kStage);

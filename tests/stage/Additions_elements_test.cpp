@@ -411,7 +411,7 @@ TEST(AdditionsElements, ZoomIsTakenWholeUnlessSaidOtherwise) {
 TEST(AdditionsElements, WidthsOfRowsAreThoseOfTheFile) {
     const BothReadings read("[BG]\r\ntype = parallax\r\nwidth = 100, 250.5\r\n");
     EXPECT_THAT(read.WithElement().rowWidths, ElementsAre(100, 250.5F));
-    EXPECT_THAT(read.PlainElement().rowWidths, ElementsAre(0, 0));
+    EXPECT_THAT(read.PlainElement().rowWidths, ElementsAre(0, -1));
 }
 
 TEST(AdditionsElements, AMaskWindowTakesAllFourValues) {

@@ -80,7 +80,8 @@ TEST_F(RealStages, TempleSettings) {
         "ElementCount=7\nSpriteCount=7\nActionCount=0\nCtrlDefCount=0\nElementsById=\n"
         "hires=0\nlocalcoordWidth=0\nlocalcoordHeight=0\n"
         "MugenVersion=0\ndebugbg=0\nbgclearcolor=0 0 0 \nMusicVolume=100\n"
-        "MusicVolumeOffset=0\nMusicLoopStart=0\nMusicLoopEnd=-1\nStageXScale=1\nStageYScale=1\n");
+        "MusicVolumeOffset=0\nMusicLoopStart=0\nMusicLoopEnd=-1\nStageXScale=1\nStageYScale=1\n"
+        "ZoomOut=1\nZoomIn=1\nStartZoom=1\nCamZoom=1\n");
 }
 
 // What the definition says of an element.
@@ -182,7 +183,8 @@ TEST_F(RealStages, TrainingRoomModel) {
         "ElementCount=2\nSpriteCount=2\nActionCount=0\nCtrlDefCount=0\nElementsById=\n"
         "hires=0\nlocalcoordWidth=0\nlocalcoordHeight=0\n"
         "MugenVersion=0\ndebugbg=0\nbgclearcolor=0 0 0 \nMusicVolume=100\n"
-        "MusicVolumeOffset=0\nMusicLoopStart=0\nMusicLoopEnd=-1\nStageXScale=1\nStageYScale=1\n");
+        "MusicVolumeOffset=0\nMusicLoopStart=0\nMusicLoopEnd=-1\nStageXScale=1\nStageYScale=1\n"
+        "ZoomOut=1\nZoomIn=1\nStartZoom=1\nCamZoom=1\n");
     EXPECT_EQ(TableText("element", model.Elements),
               TableText("element",
                         std::vector{ElementOf({"0", "normal", 0, 0, 0, 1, 1, 0, 1, 0, "none"}),

@@ -150,7 +150,7 @@ std::string NotAtZero() {
 TEST(StageModel, FieldsStartAtZeroButForThese) {
     EXPECT_EQ(NotAtZero<const BackgroundElement>(),
               "deltaX=1\ndeltaY=1\nalphaSource=256\nyscaleStart=100\ndeltaRead=1 1 "
-              "\nframesBlend=1\nscaleStart=1 1 \nzoomDelta=1 1 \n");
+              "\nframesBlend=1\nscaleStart=1 1 \nzoomDelta=1 1 \nrowWidths=0 -1 \n");
     EXPECT_EQ(NotAtZero<const SpriteEntry>(), "linkedTo=-1\n");
     EXPECT_EQ(NotAtZero<const StageFrame>(), "spriteIndex=-1\nscale=1 1 \n");
     EXPECT_EQ(NotAtZero<const StageAction>(), "");

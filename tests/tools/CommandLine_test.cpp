@@ -42,6 +42,17 @@ TEST(CommandLine, TakesEveryOption) {
     EXPECT_FALSE(options.help);
 }
 
+TEST(CommandLine, AZoomIsANumberAbove0AndAnAddition) {
+    EXPECT_EQ(ParseCommandLine({"--mugen", "/m", "a.def"}).zoom, std::nullopt);
+    EXPECT_EQ(ParseCommandLine({"--mugen", "/m", "a.def", "--zoom", "0.8"}).zoom, 0.8);
+    for (const char* const text : {"0", "-1", "", "1x", "nan", "zoom"}) {
+        EXPECT_EQ(ErrorOf({"--mugen", "/m", "a.def", "--zoom", text}),
+                  std::string("--zoom needs a number above 0, such as 0.8, not \"") + text + "\"");
+    }
+    EXPECT_EQ(ErrorOf({"--mugen", "/m", "a.def", "--zoom", "2", "--plain"}),
+              "--zoom is an addition, which --plain leaves out");
+}
+
 TEST(CommandLine, AdditionsAreOnUnlessPlain) {
     EXPECT_FALSE(ParseCommandLine({"--mugen", "/m", "a.def"}).plain);
 }
@@ -115,7 +126,7 @@ TEST(CommandLine, SaysWhatIsMissingOrUnknown) {
     EXPECT_EQ(ErrorOf({"a.def"}), "--mugen DIR is missing");
     EXPECT_EQ(ErrorOf({"--mugen", "/m"}), "the stage is missing");
     EXPECT_EQ(ErrorOf({"a.def", "--mugen"}), "--mugen needs an argument");
-    EXPECT_EQ(ErrorOf({"--mugen", "/m", "a.def", "--zoom"}), "there is no option --zoom");
+    EXPECT_EQ(ErrorOf({"--mugen", "/m", "a.def", "--sound"}), "there is no option --sound");
     EXPECT_EQ(ErrorOf({"--mugen", "/m", "a.def", "b.def"}), "one stage at a time: a.def or b.def");
 }
 

@@ -2,6 +2,7 @@
 #include "scenara-shot/CommandLine.h"
 
 #include <algorithm>
+#include <charconv>
 #include <stdexcept>
 #include <string_view>
 
@@ -46,6 +47,19 @@ CanvasSize SizeArgument(const std::vector<std::string>& words, std::size_t& at) 
     return {*width, *height};
 }
 
+// The zoom that follows an option.
+double ZoomArgument(const std::vector<std::string>& words, std::size_t& at) {
+    const std::string& option = words[at];
+    const std::string text = Argument(words, at);
+    double zoom = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), zoom);
+    if (error != std::errc() || end != text.data() + text.size() || !(zoom > 0)) {
+        throw std::invalid_argument(option + " needs a number above 0, such as 0.8, not \"" + text +
+                                    "\"");
+    }
+    return zoom;
+}
+
 void RequireSense(const ShotOptions& options) {
     if (options.mugeDir.empty()) {
         throw std::invalid_argument("--mugen DIR is missing");
@@ -58,6 +72,9 @@ void RequireSense(const ShotOptions& options) {
     }
     if (options.size && !options.pictureFile) {
         throw std::invalid_argument("--size needs --out, which names the picture");
+    }
+    if (options.zoom && options.plain) {
+        throw std::invalid_argument("--zoom is an addition, which --plain leaves out");
     }
 }
 
@@ -83,6 +100,8 @@ ShotOptions ParseCommandLine(const std::vector<std::string>& words) {
             options.every = CountArgument(words, at);
         } else if (word == "--size") {
             options.size = SizeArgument(words, at);
+        } else if (word == "--zoom") {
+            options.zoom = ZoomArgument(words, at);
         } else if (word == "--smooth") {
             options.smooth = true;
         } else if (word == "--info") {
@@ -110,8 +129,8 @@ ShotOptions ParseCommandLine(const std::vector<std::string>& words) {
 std::string UsageText() {
     return "Usage: scenara-shot --mugen DIR STAGE.def [--frames N] [--keys SCRIPT]\n"
            "           [--char CHAR.def] [--info] [--out FILE.png] [--every K]\n"
-           "           [--size WxH] [--smooth] [--model FILE.json] [--sprites DIR]\n"
-           "           [--plain]\n"
+           "           [--size WxH] [--zoom Z] [--smooth] [--model FILE.json]\n"
+           "           [--sprites DIR] [--plain]\n"
            "       scenara-shot --help\n"
            "\n"
            "Shows a stage without a window.\n"
@@ -128,6 +147,7 @@ std::string UsageText() {
            "  --every K          write every K-th frame, too, as FILE-00001.png and so on\n"
            "  --size WxH         write them as large as fits into W x H pixels, as a window\n"
            "                     shows them: each pixel is the mean of what is under it\n"
+           "  --zoom Z           the camera's zoom, as far as the stage goes\n"
            "  --smooth           mix neighbouring pixels of what is made larger\n"
            "  --model FILE.json  write the stage as it is before the first frame as JSON\n"
            "  --sprites DIR      write every sprite as NNNN_group_image.png\n"

@@ -24,6 +24,7 @@ struct ShotOptions {
     std::optional<std::string> pictureFile;  // --out FILE.png
     std::optional<std::int32_t> every;       // --every K, at least 1; only with --out
     std::optional<CanvasSize> size;          // --size WxH; only with --out
+    std::optional<double> zoom;              // --zoom Z, above 0; not with --plain
     bool smooth = false;                     // --smooth
     bool info = false;                       // --info
     bool plain = false;                      // --plain

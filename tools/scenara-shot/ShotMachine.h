@@ -58,6 +58,9 @@ public:
     // shows what was drawn before it.
     void PassFrame(const KeySet& keys, bool info);
 
+    // The camera's zoom from the next frame on, as far as the stage goes.
+    void Zoom(double zoom) { show_.ZoomTo(zoom); }
+
     [[nodiscard]] const StageModel& Model() const { return show_.Model(); }
     [[nodiscard]] const TestCharState& TestChar() const { return show_.TestChar(); }
     [[nodiscard]] const std::vector<Message>& Recorded() const { return messages_.Recorded(); }

@@ -117,6 +117,9 @@ ExitStatus Shoot(const ShotOptions& options) {
     if (!machine.Start(StagePath(files, options), options.mugeDir, CharacterPath(files, options))) {
         return kNotShown;
     }
+    if (options.zoom) {
+        machine.Zoom(*options.zoom);
+    }
     if (options.modelFile) {
         WriteModelFile(*options.modelFile, machine.Model(), machine.Recorded());
     }

@@ -24,6 +24,8 @@ FullScreenWindow::FullScreenWindow(MainWindow& window)
     : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint), window_(window) {
     picture_ = new PictureWidget(this);  // NOLINT(cppcoreguidelines-owning-memory): Qt's own
     setCursor(Qt::BlankCursor);
+    window_.ObserveWheel(*picture_);
+    addActions(window_.ItemsWithKeys());
 }
 
 WindowHandle FullScreenWindow::Show() {

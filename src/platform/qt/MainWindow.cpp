@@ -150,6 +150,7 @@ void MainWindow::BuildBars() {
 }
 
 void MainWindow::BuildMouse() {
+    ObserveWheel(*picture_);
     picture_->SetMouseObserver([this](PictureWidget::Mouse what, Long x, Long y) {
         waiting_.Add(
             [what, x, y](FormEvents& events) {
@@ -162,6 +163,24 @@ void MainWindow::BuildMouse() {
             what == PictureWidget::Mouse::Move ? WaitingEvents::Kind::PointerMove
                                                : WaitingEvents::Kind::Button);
     });
+}
+
+void MainWindow::ObserveWheel(PictureWidget& picture) {
+    picture.SetZoomObserver([this](bool in) {
+        const Menu item = in ? Menu::mnuZoomIn : Menu::mnuZoomOut;
+        waiting_.Add([item](FormEvents& events) { events.Menu_Click(item); },
+                     WaitingEvents::Kind::Once);
+    });
+}
+
+QList<QAction*> MainWindow::ItemsWithKeys() const {
+    QList<QAction*> items;
+    for (QAction* const action : actions_) {
+        if (action != nullptr && !action->shortcuts().isEmpty()) {
+            items.append(action);
+        }
+    }
+    return items;
 }
 
 void MainWindow::ShowBars() {
@@ -238,6 +257,11 @@ void MainWindow::BuildMenus() {
         actions_[i] = action;
         const bool inBar = item.place == MenuPlace::Bar;
         (inBar ? static_cast<QWidget*>(menuBar()) : submenu)->addAction(action);
+        QList<QKeySequence> shortcuts;
+        for (const std::string& shortcut : item.shortcuts) {
+            shortcuts.append(QKeySequence::fromString(QString::fromStdString(shortcut)));
+        }
+        action->setShortcuts(shortcuts);
         connect(action, &QAction::triggered, this, [this, i] {
             waiting_.Add(
                 [i](FormEvents& events) { events.Menu_Click(static_cast<Menu>(i)); },

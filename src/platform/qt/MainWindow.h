@@ -8,6 +8,7 @@
 // stack, when the toolkit has returned.
 #pragma once
 
+#include <QList>
 #include <QMainWindow>
 #include <QTimer>
 #include <array>
@@ -42,6 +43,10 @@ public:
     // A key has gone down somewhere in the program.
     void NoteKey(VirtualKey key);
     [[nodiscard]] PictureWidget& Picture() { return *picture_; }
+    // The wheel over it zooms.
+    void ObserveWheel(PictureWidget& picture);
+    // Of the menus, those that keys choose: for windows that take this one's place.
+    [[nodiscard]] QList<QAction*> ItemsWithKeys() const;
     // Shows a frame of the stage, with the selection that belongs to it.
     HRESULT Present(const CanvasSize& size, std::span<const std::uint32_t> pixels);
 

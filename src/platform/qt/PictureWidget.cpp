@@ -5,6 +5,7 @@
 #include <QPaintEngine>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QWheelEvent>
 #include <algorithm>
 #include <cmath>
 
@@ -165,6 +166,24 @@ void PictureWidget::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() == Qt::LeftButton) {
         Tell(Mouse::Up, *event);
     }
+}
+
+// A touchpad turns it by parts of a notch.
+void PictureWidget::wheelEvent(QWheelEvent* event) {
+    if (!event->modifiers().testFlag(Qt::ControlModifier) || !zoomObserver_) {
+        turned_ = 0;
+        event->ignore();
+        return;
+    }
+    constexpr int kNotch = QWheelEvent::DefaultDeltasPerStep;
+    turned_ += event->angleDelta().y();
+    for (; turned_ >= kNotch; turned_ -= kNotch) {
+        zoomObserver_(true);
+    }
+    for (; turned_ <= -kNotch; turned_ += kNotch) {
+        zoomObserver_(false);
+    }
+    event->accept();
 }
 
 // Two lines, a dark one and a light one, so that it is seen on every picture.

@@ -49,6 +49,11 @@ public:
         observer_ = std::move(observer);
     }
 
+    // The wheel over the picture with Ctrl held, a notch at a time: forwards is in.
+    void SetZoomObserver(std::function<void(bool in)> observer) {
+        zoomObserver_ = std::move(observer);
+    }
+
     // Shows what the other one showed last.
     void TakeOver(const PictureWidget& other);
 
@@ -58,6 +63,7 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
 
 private:
     void Fit();
@@ -75,6 +81,8 @@ private:
     QImage own_;  // null: the view is shown
     std::optional<ViewFrame> selection_;
     std::function<void(Mouse, std::int32_t, std::int32_t)> observer_;
+    std::function<void(bool)> zoomObserver_;
+    int turned_ = 0;  // of the wheel, since the last notch that counted
 };
 
 }  // namespace scenara
