@@ -286,7 +286,7 @@ private:
             if (row.scale == 0) {
                 return;
             }
-            const double most = static_cast<double>(kFarthest) / 2 / sprite_.width;
+            const double most = kLargest / sprite_.width;
             const ScaledCopies copies(tiles_.across, place, std::min(row.scale, most),
                                       std::min(row.stepScale, most));
             const double count = copies.CopiesIn(window_.columns.to - window_.columns.from);

@@ -25,7 +25,8 @@ struct ElementScale {
                                    double cameraX, double cameraY);
 
 // 1 - zoomdelta * (1 - zoom), along each axis, of MUGEN 1.1; 0 where that is below 0: then nothing
-// of the element is seen.
+// 1 - zoomdelta * (1 - zoom), along each axis, of MUGEN 1.1, at most 1024; 0 where that is below 0:
+// then nothing of the element is seen.
 [[nodiscard]] ElementScale ZoomOf(const BackgroundElement& element, double zoom);
 
 // Whether it changes with the camera.
