@@ -243,10 +243,12 @@ private:
                             : StretchedRows{top, stretch};
     }
 
-    // Where a row begins, canvas pixels, and how many of them there are to a pixel of it.
+    // Where a row begins, canvas pixels, how many of them there are to a pixel of it, and to one of
+    // the distance between its tiles.
     struct PlacedRow {
         double x;
         double scale;
+        double stepScale;
     };
 
     // Additions: rows are apart by the whole way of the element's axis from the middle of the view,
@@ -259,17 +261,18 @@ private:
         if (picture_.hasRowWidths) {
             const double top = static_cast<double>(element_.rowWidths[0]) * picture_.scaleX;
             const double times = RowWidth(element_, fromTop, height);
-            return {middle + (picture_.axisX - top / 2 - middle) * times,
-                    top * times / sprite_.width};
+            const double scale = top * times / sprite_.width;
+            return {middle + (picture_.axisX - top / 2 - middle) * times, scale,
+                    scale * (picture_.stepScaleX / picture_.scaleX)};
         }
         const double speed = RowSpeed(element_, fromTop, height);
         if (!options_.additions) {
             return {picture_.x + static_cast<double>(options_.camera.x) *
                                      static_cast<double>(element_.deltaX) * (speed - 1),
-                    1};
+                    1, 1};
         }
         return {middle + (picture_.axisX - middle) * speed + picture_.fromAxisX * picture_.scaleX,
-                picture_.scaleX};
+                picture_.scaleX, picture_.stepScaleX};
     }
 
     static double Near(double place) {
@@ -280,12 +283,12 @@ private:
     void ShowRow(const PlacedRow& row, const PixelRange& lines, std::int64_t source) {
         const double place = Near(row.x);
         if (timesX_ == 0 || picture_.hasRowWidths || IsMixed()) {
-            const double scale = std::min(row.scale, kLargest / sprite_.width);
-            if (scale == 0) {
+            if (row.scale == 0) {
                 return;
             }
-            const ScaledCopies copies(tiles_.across, place, scale,
-                                      scale * (picture_.stepScaleX / picture_.scaleX));
+            const double most = kLargest / sprite_.width;
+            const ScaledCopies copies(tiles_.across, place, std::min(row.scale, most),
+                                      std::min(row.stepScale, most));
             const double count = copies.CopiesIn(window_.columns.to - window_.columns.from);
             if (TakesLines(copies, {source, source + 1},
                            IsMixed() ? count * static_cast<double>(LinesSeen()) : count,
