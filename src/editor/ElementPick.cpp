@@ -2,6 +2,7 @@
 #include "editor/ElementPick.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
 
 #include "render/ElementDrawing.h"
@@ -47,6 +48,16 @@ public:
         }
     }
 
+    void ShowTurned(const TurnedQuad& quad) override {
+        if (covered_) {
+            return;
+        }
+        const BlitStyle style{picture_.mirrored, picture_.flipped};
+        const std::optional<ShownTexel> texel =
+            TexelAt(quad, sprite_.width, sprite_.height, style, point_.x, point_.y);
+        covered_ = texel && IsVisibleAt(texel->x, texel->y);
+    }
+
     [[nodiscard]] bool Covered() const { return covered_; }
 
 private:
@@ -55,6 +66,12 @@ private:
     }
 
     [[nodiscard]] bool IsVisible(const SpriteQuad& quad) {
+        const ViewTexel texel = TexelUnder(quad);
+        return IsVisibleAt(TexelOf(texel.x, sprite_.width, picture_.mirrored),
+                           TexelOf(texel.y, sprite_.height, picture_.flipped));
+    }
+
+    [[nodiscard]] bool IsVisibleAt(std::int64_t x, std::int64_t y) {
         // Without a texture the piece is a white rectangle.
         if (!seeThrough_ || !sprite_.texture) {
             return true;
@@ -62,9 +79,7 @@ private:
         if (!texels_) {
             texels_.emplace(*sprite_.texture);
         }
-        const ViewTexel texel = TexelUnder(quad);
-        return AlphaOf(texels_->At(TexelOf(texel.x, sprite_.width, picture_.mirrored),
-                                   TexelOf(texel.y, sprite_.height, picture_.flipped))) != 0;
+        return AlphaOf(texels_->At(x, y)) != 0;
     }
 
     // In the picture as it is drawn, with its repeats.
@@ -129,6 +144,14 @@ public:
         Show(quad);
     }
 
+    void ShowTurned(const TurnedQuad& quad) override {
+        const auto [left, right] = std::ranges::minmax(quad.corners, {}, &TurnedQuad::Corner::x);
+        const auto [top, bottom] = std::ranges::minmax(quad.corners, {}, &TurnedQuad::Corner::y);
+        const std::int64_t x = FirstPixel(left.x);
+        const std::int64_t y = FirstPixel(top.y);
+        Show({x, y, FirstPixel(right.x) - x, FirstPixel(bottom.y) - y});
+    }
+
     [[nodiscard]] std::optional<ViewFrame> Rectangle() const {
         if (left_ >= right_ || top_ >= bottom_) {
             return std::nullopt;
@@ -138,6 +161,11 @@ public:
     }
 
 private:
+    // Whose centre is at an edge or after it.
+    static std::int64_t FirstPixel(Single edge) {
+        return static_cast<std::int64_t>(std::ceil(static_cast<double>(edge) - 0.5));
+    }
+
     ElementWindow window_;
     std::int64_t left_;
     std::int64_t top_;

@@ -3,9 +3,9 @@
 // ElementPick: which element stands at a point of the picture, and where an element stands.
 //
 // Both go by the same pieces that the drawing shows: tiling, windows, the rows of parallax
-// pictures, mirrored frames and scaled stages count as they are seen. Elements that drift are
-// looked up where they will be drawn next, which is a step of theirs beyond the picture on the
-// screen.
+// pictures, mirrored, scaled and turned frames, and scaled stages count as they are seen. Elements
+// that drift are looked up where they will be drawn next, which is a step of theirs beyond the
+// picture on the screen.
 //
 // Raise "Subscript out of range" when an element's action, frame or sprite is not in its table.
 #pragma once
@@ -32,8 +32,9 @@ struct ViewPoint {
 [[nodiscard]] Integer TopmostElementAt(const StageModel& model, const DrawOptions& options,
                                        const ViewPoint& point);
 
-// The smallest rectangle around all that an element shows, as far as it lies in the view; nothing
-// when it shows nothing there. Hidden elements have theirs, so that one that blinks keeps it.
+// The smallest rectangle around all pictures that an element shows, as far as it lies in the view;
+// nothing when it shows nothing there. Hidden elements have theirs, so that one that blinks keeps
+// it.
 [[nodiscard]] std::optional<ViewFrame> OutlineOf(const StageModel& model,
                                                  const DrawOptions& options, Integer index);
 

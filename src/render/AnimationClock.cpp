@@ -6,15 +6,12 @@
 #include "stage/ModelLookup.h"
 
 namespace scenara {
-namespace {
 
 std::size_t LoopStart(const StageAction& action) {
     const bool valid =
         action.loopstart >= 0 && static_cast<std::size_t>(action.loopstart) < action.frames.size();
     return valid ? static_cast<std::size_t>(action.loopstart) : 0;
 }
-
-}  // namespace
 
 void ResolveFrames(StageAction& action) {
     const std::size_t count = action.frames.size();

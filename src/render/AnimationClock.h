@@ -7,9 +7,14 @@
 // first where that is no frame. Disabled elements stand still, hidden ones run on.
 #pragma once
 
+#include <cstddef>
+
 #include "stage/StageModel.h"
 
 namespace scenara {
+
+// The frame that comes after the last one.
+[[nodiscard]] std::size_t LoopStart(const StageAction& action);
 
 // What the frames' words and times come to, so that no tick has to look for the next frame: which
 // way each is turned round, and which one follows it.

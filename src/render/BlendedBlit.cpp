@@ -26,6 +26,20 @@ Integer Darkening(const Blending& blending) {
     }
 }
 
+// Calls `draw` with the colour of each quad that it takes.
+template <typename Draw>
+void DrawAll(Engine& engine, const Blending& blending, Draw draw) {
+    Direct3DDevice8& device = engine.Device();
+    const Integer darkening = Darkening(blending);
+    if (darkening > 0) {
+        SetBlendState(device, D3DRS_DESTBLEND, D3DBLEND_INVSRCALPHA);
+        draw(AtAlpha(kBlack, darkening));
+        SetBlendState(device, D3DRS_DESTBLEND, D3DBLEND_ONE);
+    }
+    const Integer source = blending.kind == BlendKind::AddAlpha ? blending.source : kWhole;
+    draw(AtAlpha(kWhite, source));
+}
+
 }  // namespace
 
 void BeginBlending(Direct3DDevice8& device, const Blending& blending) {
@@ -37,15 +51,16 @@ void BeginBlending(Direct3DDevice8& device, const Blending& blending) {
 
 void DrawBlended(Engine& engine, const Blending& blending, const SpriteEntry& sprite,
                  const SpriteQuad& quad, const BlitStyle& style) {
-    Direct3DDevice8& device = engine.Device();
-    const Integer darkening = Darkening(blending);
-    if (darkening > 0) {
-        SetBlendState(device, D3DRS_DESTBLEND, D3DBLEND_INVSRCALPHA);
-        engine.Blit(sprite, quad, {style.mirrored, style.flipped, AtAlpha(kBlack, darkening)});
-        SetBlendState(device, D3DRS_DESTBLEND, D3DBLEND_ONE);
-    }
-    const Integer source = blending.kind == BlendKind::AddAlpha ? blending.source : kWhole;
-    engine.Blit(sprite, quad, {style.mirrored, style.flipped, AtAlpha(kWhite, source)});
+    DrawAll(engine, blending, [&](std::uint32_t color) {
+        engine.Blit(sprite, quad, {style.mirrored, style.flipped, color});
+    });
+}
+
+void DrawBlendedTurned(Engine& engine, const Blending& blending, const SpriteEntry& sprite,
+                       const TurnedQuad& quad, const BlitStyle& style) {
+    DrawAll(engine, blending, [&](std::uint32_t color) {
+        engine.BlitTurned(sprite, quad, {style.mirrored, style.flipped, color});
+    });
 }
 
 void EndBlending(Direct3DDevice8& device, const Blending& blending) {

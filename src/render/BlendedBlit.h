@@ -22,6 +22,8 @@ void BeginBlending(Direct3DDevice8& device, const Blending& blending);
 // The quad, once or twice; the style's colour counts for nothing.
 void DrawBlended(Engine& engine, const Blending& blending, const SpriteEntry& sprite,
                  const SpriteQuad& quad, const BlitStyle& style);
+void DrawBlendedTurned(Engine& engine, const Blending& blending, const SpriteEntry& sprite,
+                       const TurnedQuad& quad, const BlitStyle& style);
 
 // Back to no blending at all.
 void EndBlending(Direct3DDevice8& device, const Blending& blending);

@@ -85,9 +85,10 @@ Long StripLines(const StageModel& model, const ViewOptions& options, const View&
     const CanvasSize canvas = view.Canvas();
     const StageSpace space = SpaceOf(model);
     const double zoomOut = ZoomRangeOf(model).out;
-    const auto most = [](const Tiles& tiles, double scale, Long pixels) {
+    const auto most = [](const Tiles& tiles, double stepScale, double frameScale, Long pixels) {
+        const double scale = stepScale * std::fabs(frameScale);
         const double size = static_cast<double>(tiles.size) * scale;
-        return ScaledCopies(tiles, -size, scale).CopiesIn(pixels);
+        return ScaledCopies(tiles, -size, scale, stepScale).CopiesIn(pixels);
     };
     Long lines = 0;
     ForEachTiledPicture(
@@ -106,9 +107,10 @@ Long StripLines(const StageModel& model, const ViewOptions& options, const View&
                 return;
             }
             const double across =
-                most(tiles.across, std::fabs(space.scaleX * own.x) * zoom.x * detail, canvas.width);
-            const double down =
-                most(tiles.down, std::fabs(space.scaleY * own.y) * zoom.y * detail, canvas.height);
+                most(tiles.across, std::fabs(space.scaleX * own.x) * zoom.x * detail,
+                     picture.frameScaleX, canvas.width);
+            const double down = most(tiles.down, std::fabs(space.scaleY * own.y) * zoom.y * detail,
+                                     picture.frameScaleY, canvas.height);
             const bool rows = shown.kind == ElementKind::Parallax;
             if (rows ? IsStripCheaper(across, 1) : IsStripCheaper(across * down, canvas.height)) {
                 lines = std::max(lines, rows ? Long{1} : Long{sprite.height});

@@ -7,6 +7,7 @@
 #include "render/BlendedBlit.h"
 #include "render/CopyStrip.h"
 #include "render/ElementPlacement.h"
+#include "render/FrameValues.h"
 #include "stage/ModelLookup.h"
 
 namespace scenara {
@@ -26,6 +27,15 @@ public:
     void Show(const SpriteQuad& quad) override {
         const BlitStyle style{picture_.mirrored, picture_.flipped};
         Draw(sprite_, quad, style);
+    }
+
+    void ShowTurned(const TurnedQuad& quad) override {
+        const BlitStyle style{picture_.mirrored, picture_.flipped};
+        if (mixing_ == Mixing::Blended) {
+            DrawBlendedTurned(engine_, blending_, sprite_, quad, style);
+        } else {
+            engine_.BlitTurned(sprite_, quad, style);
+        }
     }
 
     void ShowPattern(const TilePattern& pattern, const SpriteQuad& quad) override {
@@ -85,7 +95,7 @@ Blending BlendingInForce(const StageModel& model, const BackgroundElement& eleme
     }
     const bool leftToFrames = element.blending.kind == BlendKind::None && element.framesBlend != 0;
     if (leftToFrames && ShowsFrames(element)) {
-        return RecordAt(ActionOf(model, element)->frames, element.frameIndex, "frame").blending;
+        return FrameBlendingOf(*ActionOf(model, element), element);
     }
     return element.blending;
 }
@@ -108,14 +118,16 @@ void DrawElement(Engine& engine, const StageModel& model, const BackgroundElemen
     }
     const ElementWindow window = ElementWindow::Of(element, options);
     // Pieces that are scaled are not cut, for that would be to whole pixels of the picture.
-    const bool cuts = window.active && (picture->scaleX != 1 || picture->scaleY != 1 ||
-                                        element.kind == ElementKind::Parallax);
+    const bool cuts =
+        window.active && (!IsPixelForPixel(*picture) || element.kind == ElementKind::Parallax);
     if (cuts && options.additions) {
         engine.DrawWithin(window);
     }
+    engine.KeepWithin(picture->turn.Turns());
     engine.MixTexels(IsMixed(*picture, options));
     ForEachPiece(model, element, *picture, options, mixing, painter);
     engine.MixTexels(false);
+    engine.KeepWithin(false);
     if (cuts && options.additions) {
         engine.DrawEverywhere();
     }

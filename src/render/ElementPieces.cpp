@@ -12,6 +12,7 @@
 #include "render/ScaledCopies.h"
 #include "render/TilePatterns.h"
 #include "render/Tiling.h"
+#include "render/TurnedTiles.h"
 #include "stage/ModelLookup.h"
 
 namespace scenara {
@@ -70,10 +71,12 @@ std::int64_t PatternLength(const Axis& axis) {
     return (copies.count - 1) * copies.step + axis.tiles.size;
 }
 
-// The whole number that a picture is enlarged by along an axis; 0 for any other scale.
-std::int64_t WholeTimes(double scale) {
+// The whole number that a picture and the distance between its tiles are enlarged by along an axis;
+// 0 for any other scales.
+std::int64_t WholeTimes(const Tiles& tiles, double scale, double stepScale) {
     constexpr double kMost = 65536;
-    return scale >= 1 && scale <= kMost && scale == std::floor(scale)
+    const bool alike = scale == stepScale || DrawnStep(tiles) == 0;
+    return alike && scale >= 1 && scale <= kMost && scale == std::floor(scale)
                ? static_cast<std::int64_t>(scale)
                : 0;
 }
@@ -97,8 +100,8 @@ public:
           sprite_(RecordAt(model.Sprites, picture.slot, "sprite")),
           tiles_(model, element, picture, options.additions),
           window_(ElementWindow::Of(element, options)),
-          timesX_(WholeTimes(picture.scaleX)),
-          timesY_(WholeTimes(picture.scaleY)) {
+          timesX_(WholeTimes(tiles_.across, picture.scaleX, picture.stepScaleX)),
+          timesY_(WholeTimes(tiles_.down, picture.scaleY, picture.stepScaleY)) {
         if (const auto key = PatternFor(model, element, picture, mixing, options);
             key && timesX_ != 0 && timesY_ != 0 && !picture.hasRowWidths) {
             pattern_ = FindPattern(model, *key);
@@ -113,6 +116,8 @@ public:
         y_ = WholePixel(picture_.y, options_.additions);
         if (element_.kind == ElementKind::Parallax) {
             ShowRows();
+        } else if (picture_.turn.Turns()) {
+            ShowTurnedTiles(picture_, sprite_, tiles_, window_, Deepest(), visitor_);
         } else if (timesX_ != 0 && timesY_ != 0 && !IsMixed()) {
             ShowTiles();
         } else {
@@ -154,8 +159,8 @@ private:
 
     // Addition.
     void ShowScaledTiles() {
-        const ScaledCopies columns(tiles_.across, picture_.x, picture_.scaleX);
-        const ScaledCopies rows(tiles_.down, picture_.y, picture_.scaleY);
+        const ScaledCopies columns(tiles_.across, picture_.x, picture_.scaleX, picture_.stepScaleX);
+        const ScaledCopies rows(tiles_.down, picture_.y, picture_.scaleY, picture_.stepScaleY);
         const Depths deepest = AllowedDepths(columns.Depth(), rows.Depth(), Deepest());
         const double copies = columns.CopiesIn(window_.columns.to - window_.columns.from) *
                               rows.CopiesIn(LinesSeen());
@@ -230,7 +235,8 @@ private:
         if (!options_.additions) {
             return {static_cast<double>(y_), 1};
         }
-        const double stretch = RowStretch(element_, options_.camera.y, picture_.scaleY);
+        const double stretch = std::min(RowStretch(element_, options_.camera.y, picture_.scaleY),
+                                        kLargest / sprite_.height);
         const double top = picture_.axisY + picture_.fromAxisY * stretch;
         // Not stretched, the picture stands on whole pixels as all others do.
         return stretch == 1 ? StretchedRows{static_cast<double>(WholePixel(Near(top), true)), 1}
@@ -272,14 +278,14 @@ private:
     }
 
     void ShowRow(const PlacedRow& row, const PixelRange& lines, std::int64_t source) {
-        constexpr auto kMost = static_cast<double>(kFarthest);
         const double place = Near(row.x);
         if (timesX_ == 0 || picture_.hasRowWidths || IsMixed()) {
-            if (row.scale == 0) {
+            const double scale = std::min(row.scale, kLargest / sprite_.width);
+            if (scale == 0) {
                 return;
             }
-            const ScaledCopies copies(tiles_.across, place,
-                                      std::min(row.scale, kMost / 2 / sprite_.width));
+            const ScaledCopies copies(tiles_.across, place, scale,
+                                      scale * (picture_.stepScaleX / picture_.scaleX));
             const double count = copies.CopiesIn(window_.columns.to - window_.columns.from);
             if (TakesLines(copies, {source, source + 1},
                            IsMixed() ? count * static_cast<double>(LinesSeen()) : count,

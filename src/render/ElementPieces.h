@@ -15,6 +15,7 @@
 #include "render/ElementPlacement.h"
 #include "render/Mixing.h"
 #include "render/SpriteQuad.h"
+#include "render/TurnedQuad.h"
 #include "stage/ModelLookup.h"
 #include "stage/StageModel.h"
 
@@ -23,7 +24,8 @@ namespace scenara {
 struct CopiesAlongLines;
 
 // Gets the pieces in the order in which they are drawn. Those that are drawn pixel for pixel are
-// cut to the element's window; scaled ones are whole, and count as far as they lie inside of it.
+// cut to the element's window; those that are scaled or turned are whole, and count as far as they
+// lie inside of it.
 class PieceVisitor : NotCopied {
 public:
     virtual ~PieceVisitor() = default;
@@ -34,6 +36,9 @@ public:
     // Of a pattern of it, which is drawn neither mirrored nor flipped, and without its transparent
     // pixels.
     virtual void ShowPattern(const TilePattern& pattern, const SpriteQuad& quad) = 0;
+
+    // Addition: the whole of the picture, turned.
+    virtual void ShowTurned(const TurnedQuad& quad) = 0;
 
     // Whether it takes very many copies side by side as lines: then ShowLines follows, as often as
     // these are to be seen. Where not, each copy is shown by itself.

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "render/ElementPlacement.h"
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
 #include "render/ElementScale.h"
+#include "render/FrameValues.h"
 #include "render/ParallaxRows.h"
 #include "stage/ElementStart.h"
 #include "stage/ModelLookup.h"
@@ -34,13 +36,17 @@ double AxisOf(Integer axis, Integer size, bool mirrored) {
 
 // Frames keep the sign of their offset when they are mirrored. Plainly they are mirrored where they
 // stand.
-void SetFrame(ElementPicture& picture, const StageFrame& frame, const SpriteEntry& sprite,
-              bool additions) {
-    Flip(picture, frame.flips, additions);
-    picture.fromAxisX = frame.offsetX + static_cast<double>(frame.offsetFraction[0]) -
-                        AxisOf(sprite.axisX, sprite.width, additions && picture.mirrored);
-    picture.fromAxisY = frame.offsetY + static_cast<double>(frame.offsetFraction[1]) -
-                        AxisOf(sprite.axisY, sprite.height, picture.flipped);
+void SetFrame(ElementPicture& picture, const FrameValues& values, FrameFlip flips,
+              const SpriteEntry& sprite, bool additions) {
+    Flip(picture, flips, additions);
+    picture.offsetX = values.offsetX;
+    picture.offsetY = values.offsetY;
+    picture.fromAxisX =
+        values.offsetX - AxisOf(sprite.axisX, sprite.width, additions && picture.mirrored);
+    picture.fromAxisY = values.offsetY - AxisOf(sprite.axisY, sprite.height, picture.flipped);
+    picture.frameScaleX = values.scaleX;
+    picture.frameScaleY = values.scaleY;
+    picture.angle = values.angle;
 }
 
 // False: it shows none.
@@ -56,13 +62,14 @@ bool SetPicture(ElementPicture& picture, const StageModel& model, const Backgrou
         picture.fromAxisY = -sprite.axisY;
         return true;
     }
-    const StageFrame& frame =
-        RecordAt(ActionOf(model, element)->frames, element.frameIndex, "frame");
+    const StageAction& action = *ActionOf(model, element);
+    const StageFrame& frame = RecordAt(action.frames, element.frameIndex, "frame");
     picture.slot = frame.spriteIndex;
     if (picture.slot == -1) {
         return false;
     }
-    SetFrame(picture, frame, RecordAt(model.Sprites, picture.slot, "sprite"), additions);
+    SetFrame(picture, FrameValuesOf(action, element, additions), frame.flips,
+             RecordAt(model.Sprites, picture.slot, "sprite"), additions);
     return true;
 }
 
@@ -86,15 +93,22 @@ void PlacePlainly(PlacedPicture& picture, const BackgroundElement& element) {
 
 // Along one axis. A scale below 0 mirrors the picture about its axis, offset and all.
 struct CanvasAxis {
-    double place;  // of the axis point, canvas pixels
-    double scale;  // of the picture
+    double place;      // of the axis point, canvas pixels
+    double stepScale;  // of the distance between tiles
+    double frameScale;
 
-    [[nodiscard]] bool Mirrors() const { return scale < 0; }
+    [[nodiscard]] bool Mirrors() const { return stepScale * frameScale < 0; }
 };
 
-void Mirror(double& fromAxis, Integer size, bool& mirrored) {
+void Mirror(double& fromAxis, double& offset, Integer size, bool& mirrored) {
     fromAxis = -fromAxis - size;
+    offset = -offset;
     mirrored = !mirrored;
+}
+
+// At which a picture is no larger than sums can hold.
+double KeptSmall(double scale, Integer size) {
+    return std::min(std::fabs(scale), kLargest / std::max<int>(size, 1));
 }
 
 void PlaceOnCanvas(PlacedPicture& picture, const StageModel& model,
@@ -113,20 +127,27 @@ void PlaceOnCanvas(PlacedPicture& picture, const StageModel& model,
     const double y = detail * (space.hires * ((start.y + moved.y) * space.scaleY -
                                               cameraY * static_cast<double>(element.deltaY)));
     const CanvasAxis across{options.Across(zoom.x).Place(x),
-                            detail * space.hires * space.scaleX * zoom.x * own.x};
+                            detail * space.hires * space.scaleX * zoom.x * own.x,
+                            picture.frameScaleX};
     const CanvasAxis down{options.Down(zoom.y).Place(y),
-                          detail * space.hires * space.scaleY * zoom.y * own.y};
+                          detail * space.hires * space.scaleY * zoom.y * own.y,
+                          picture.frameScaleY};
     const SpriteEntry& sprite = RecordAt(model.Sprites, picture.slot, "sprite");
     if (across.Mirrors()) {
-        Mirror(picture.fromAxisX, sprite.width, picture.mirrored);
+        Mirror(picture.fromAxisX, picture.offsetX, sprite.width, picture.mirrored);
     }
     if (down.Mirrors()) {
-        Mirror(picture.fromAxisY, sprite.height, picture.flipped);
+        Mirror(picture.fromAxisY, picture.offsetY, sprite.height, picture.flipped);
         picture.turnedOver = true;
     }
     picture.hasRowWidths = HasRowWidths(element);
-    picture.scaleX = std::fabs(across.scale);
-    picture.scaleY = std::fabs(down.scale);
+    picture.stepScaleX = KeptSmall(across.stepScale, sprite.width);
+    picture.stepScaleY = KeptSmall(down.stepScale, sprite.height);
+    picture.scaleX = KeptSmall(picture.stepScaleX * across.frameScale, sprite.width);
+    picture.scaleY = KeptSmall(picture.stepScaleY * down.frameScale, sprite.height);
+    if (element.kind != ElementKind::Parallax) {
+        picture.turn = Turn::By(picture.angle);
+    }
     picture.axisX = across.place;
     picture.axisY = down.place;
     picture.x = across.place + picture.fromAxisX * picture.scaleX;

@@ -9,20 +9,20 @@ namespace {
 
 constexpr double kMostScale = 1024;
 
-double Kept(double scale) {
+}  // namespace
+
+double KeptScale(double scale) {
     // A value that is no number is no scale either.
     return scale == scale ? std::clamp(scale, -kMostScale, kMostScale) : 0;
 }
-
-}  // namespace
 
 ElementScale ScaleOf(const BackgroundElement& element, const StageSpace& space, double cameraX,
                      double cameraY) {
     const auto at = [&](std::size_t axis, double camera, Single delta, double stage) {
         const auto start = static_cast<double>(element.scaleStart[axis]);
         const auto perUnit = static_cast<double>(element.scaleDelta[axis]);
-        return Kept(perUnit == 0 ? start
-                                 : start + perUnit * camera * static_cast<double>(delta) / stage);
+        return KeptScale(
+            perUnit == 0 ? start : start + perUnit * camera * static_cast<double>(delta) / stage);
     };
     return {at(0, cameraX, element.deltaX, space.scaleX),
             at(1, cameraY, element.deltaY, space.scaleY)};
@@ -30,7 +30,7 @@ ElementScale ScaleOf(const BackgroundElement& element, const StageSpace& space, 
 
 ElementScale ZoomOf(const BackgroundElement& element, double zoom) {
     const auto at = [zoom](Single delta) {
-        return std::max(Kept(1 - static_cast<double>(delta) * (1 - zoom)), 0.0);
+        return std::max(KeptScale(1 - static_cast<double>(delta) * (1 - zoom)), 0.0);
     };
     return zoom == 1 ? ElementScale()
                      : ElementScale{at(element.zoomDelta[0]), at(element.zoomDelta[1])};

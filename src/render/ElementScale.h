@@ -15,6 +15,9 @@ struct ElementScale {
     double y = 1;
 };
 
+// Within -1024 to 1024; of what is no number, 0.
+[[nodiscard]] double KeptScale(double scale);
+
 // scalestart + scaledelta * camera * delta / the stage's own scale, along each axis, kept within
 // -1024 to 1024; of MUGEN 1.1, and in newer engines with the delta as a factor. `cameraX` and
 // `cameraY` in stage units, as they are multiplied with delta.
@@ -22,7 +25,8 @@ struct ElementScale {
                                    double cameraX, double cameraY);
 
 // 1 - zoomdelta * (1 - zoom), along each axis, of MUGEN 1.1; 0 where that is below 0: then nothing
-// of the element is seen.
+// 1 - zoomdelta * (1 - zoom), along each axis, of MUGEN 1.1, at most 1024; 0 where that is below 0:
+// then nothing of the element is seen.
 [[nodiscard]] ElementScale ZoomOf(const BackgroundElement& element, double zoom);
 
 // Whether it changes with the camera.

@@ -76,6 +76,7 @@ void Engine::StartUp() {
     MakeText();
 
     mixesTexels_ = false;
+    keepsWithin_ = false;
     quad_ = {};
     for (std::size_t corner = 0; corner < quad_.size(); ++corner) {
         Vertex& vertex = quad_[corner];
@@ -158,7 +159,7 @@ void Engine::Blit(const SpriteEntry& sprite, const SpriteQuad& quad, const BlitS
     const auto textureWidth = static_cast<float>(sprite.width);
     const auto textureHeight = static_cast<float>(sprite.height);
     const auto coordinate = [this](float texel, float size, bool backwards) {
-        const float start = mixesTexels_ ? size : 0;
+        const float start = EndsAtEdges() ? size : 0;
         return backwards ? (start - texel) / size : texel / size;
     };
     const Edges place{static_cast<float>(quad.x), static_cast<float>(quad.y),
@@ -169,6 +170,19 @@ void Engine::Blit(const SpriteEntry& sprite, const SpriteQuad& quad, const BlitS
         coordinate(Sum(quad.sourceX, quad.ShownWidth()), textureWidth, style.mirrored),
         coordinate(Sum(quad.sourceY, quad.ShownHeight()), textureHeight, style.flipped)};
     DrawRectangle(sprite.texture, place, shown, style.color);
+}
+
+void Engine::BlitTurned(const SpriteEntry& sprite, const TurnedQuad& quad, const BlitStyle& style) {
+    for (std::size_t corner = 0; corner < quad.corners.size(); ++corner) {
+        Place(corner, quad.corners.at(corner).x, quad.corners.at(corner).y, style.color);
+    }
+    quad_[0].tu = quad_[1].tu = style.mirrored ? 1.0F : 0.0F;
+    quad_[2].tu = quad_[3].tu = style.mirrored ? 0.0F : 1.0F;
+    quad_[1].tv = quad_[3].tv = style.flipped ? 1.0F : 0.0F;
+    quad_[0].tv = quad_[2].tv = style.flipped ? 0.0F : 1.0F;
+
+    Require(Device().SetTexture(0, sprite.texture), "SetTexture");
+    DrawQuad();
 }
 
 void Engine::BlitWhole(const std::shared_ptr<Direct3DTexture8>& texture, Single X, Single Y,
@@ -270,16 +284,30 @@ void Engine::MixTexels(bool mix) {
         return;
     }
     mixesTexels_ = mix;
-    Direct3DDevice8& device = Device();
-    const auto set = [&](std::uint32_t type, std::uint32_t value) {
-        Require(device.SetTextureStageState(0, type, value), "SetTextureStageState");
-    };
     const std::uint32_t filter = mix ? D3DTEXF_LINEAR : D3DTEXF_POINT;
-    const std::uint32_t address = mix ? D3DTADDRESS_CLAMP : D3DTADDRESS_WRAP;
-    set(D3DTSS_MAGFILTER, filter);
-    set(D3DTSS_MINFILTER, filter);
-    set(D3DTSS_ADDRESSU, address);
-    set(D3DTSS_ADDRESSV, address);
+    for (const std::uint32_t type : {D3DTSS_MAGFILTER, D3DTSS_MINFILTER}) {
+        Require(Device().SetTextureStageState(0, type, filter), "SetTextureStageState");
+    }
+    if (!keepsWithin_) {
+        SetAddressing();
+    }
+}
+
+void Engine::KeepWithin(bool keep) {
+    if (keep == keepsWithin_) {
+        return;
+    }
+    keepsWithin_ = keep;
+    if (!mixesTexels_) {
+        SetAddressing();
+    }
+}
+
+void Engine::SetAddressing() const {
+    const std::uint32_t address = EndsAtEdges() ? D3DTADDRESS_CLAMP : D3DTADDRESS_WRAP;
+    for (const std::uint32_t type : {D3DTSS_ADDRESSU, D3DTSS_ADDRESSV}) {
+        Require(Device().SetTextureStageState(0, type, address), "SetTextureStageState");
+    }
 }
 
 void Engine::FitView() {
@@ -289,6 +317,7 @@ void Engine::FitView() {
         presentation_.BackBufferHeight != before.BackBufferHeight) {
         Require(Device().Reset(presentation_), "Reset");
         mixesTexels_ = false;
+        keepsWithin_ = false;
         MakeText();
         Engine_Init_Gfx();
     }
@@ -356,6 +385,7 @@ Long Engine::Engine_Device_Reset() {
         return result;
     }
     mixesTexels_ = false;
+    keepsWithin_ = false;
     Require(device.SetVertexShader(kVertexFormat), "SetVertexShader");
     Require(device.SetRenderState(D3DRS_LIGHTING, 0), "SetRenderState");
     Require(device.SetRenderState(D3DRS_ALPHABLENDENABLE, 1), "SetRenderState");

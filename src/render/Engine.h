@@ -29,6 +29,7 @@
 #include "platform/Window.h"
 #include "render/ElementWindow.h"
 #include "render/SpriteQuad.h"
+#include "render/TurnedQuad.h"
 #include "stage/StageModel.h"
 
 namespace scenara {
@@ -65,6 +66,9 @@ public:
 
     // Draws a piece of a picture, of which the texture and its size count.
     void Blit(const SpriteEntry& sprite, const SpriteQuad& quad, const BlitStyle& style);
+
+    // Addition: the whole of a picture, turned. Expects KeepWithin.
+    void BlitTurned(const SpriteEntry& sprite, const TurnedQuad& quad, const BlitStyle& style);
 
     // Kept: these two names, although elements are drawn by Blit
     // (Blits.D3DBltPlacesTheFourVertices). Draws W x H pixels of the sprite's texture, from (srcX,
@@ -110,6 +114,10 @@ public:
     // Addition: whether pictures that are scaled are mixed from their own pixels from now on.
     void MixTexels(bool mix);
 
+    // Addition: whether pictures end at their edges from now on, as those that are mixed do in any
+    // case, and do not begin anew there.
+    void KeepWithin(bool keep);
+
     // Addition: the picture gets the view's size, where it has another one. What was in it is gone.
     void FitView();
 
@@ -150,6 +158,8 @@ private:
     void DrawRectangle(const std::shared_ptr<Direct3DTexture8>& texture, const Edges& place,
                        const Edges& shown, std::uint32_t color);
     void Place(std::size_t corner, float x, float y, std::uint32_t color);
+    [[nodiscard]] bool EndsAtEdges() const { return mixesTexels_ || keepsWithin_; }
+    void SetAddressing() const;
 
     Direct3DMachine& machine_;
     Window& window_;
@@ -166,6 +176,7 @@ private:
     std::shared_ptr<Direct3DSurface8> kept_;
     RECT keptRectangle_;
     bool mixesTexels_ = false;
+    bool keepsWithin_ = false;
     D3DPRESENT_PARAMETERS presentation_;
     D3DDISPLAYMODE displayMode_;
     std::array<Vertex, 4> quad_;

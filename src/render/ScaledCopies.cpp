@@ -19,14 +19,15 @@ std::int64_t Rounded(double place) {
 
 }  // namespace
 
-ScaledCopies::ScaledCopies(const Tiles& tiles, double position, double scale)
+ScaledCopies::ScaledCopies(const Tiles& tiles, double position, double scale, double stepScale)
     : position_(position),
-      step_(static_cast<double>(DrawnStep(tiles)) * scale),
+      step_(static_cast<double>(DrawnStep(tiles)) * stepScale),
       size_(static_cast<double>(tiles.size) * scale),
       whole_(scale == std::floor(scale) ? Rounded(size_) : 0),
       wholeStep_(step_ == std::floor(step_)),
-      touch_(DrawnStep(tiles) == tiles.size),
-      overlap_(step_ != 0 && DrawnStep(tiles) < tiles.size) {
+      // At one scale in whole numbers: products may round to the same.
+      touch_(scale == stepScale ? DrawnStep(tiles) == tiles.size : step_ == size_),
+      overlap_(step_ != 0 && (scale == stepScale ? DrawnStep(tiles) < tiles.size : step_ < size_)) {
     constexpr std::int64_t kEndless = std::numeric_limits<Long>::max();
     const bool endless = tiles.Endless() && step_ != 0;
     least_ = endless ? -kEndless : 0;
@@ -79,7 +80,7 @@ ScaledCopies::Numbers ScaledCopies::NumbersIn(const PixelRange& visible,
 }
 
 std::int64_t ScaledCopies::InCopy(std::int64_t number, double place) const {
-    const double along = static_cast<double>(number) * step_;
+    const double along = Along(number);
     return wholeStep_ ? Rounded(place) + Rounded(along) : Rounded(place + along);
 }
 

@@ -16,8 +16,11 @@ namespace scenara {
 
 class ScaledCopies {
 public:
-    // `position`: canvas pixels; `scale`: canvas pixels to a pixel of the picture, above 0.
-    ScaledCopies(const Tiles& tiles, double position, double scale);
+    // `position`: canvas pixels; `scale`: canvas pixels to a pixel of the picture, above 0;
+    // `stepScale`: the same for the distance from copy to copy.
+    ScaledCopies(const Tiles& tiles, double position, double scale, double stepScale);
+    ScaledCopies(const Tiles& tiles, double position, double scale)
+        : ScaledCopies(tiles, position, scale, scale) {}
 
     // Calls `show` with the pixels of each copy that covers a pixel of `visible`, in order. Where
     // more than `deepest` would lie upon one another only every second, third, ... is shown, and in
@@ -25,15 +28,27 @@ public:
     // one for each pixel.
     template <typename Show>
     void ForEach(const PixelRange& visible, std::int64_t deepest, Show show) const {
+        ForEachNumber(visible, deepest, [&](std::int64_t /*number*/, const PixelRange& copy) {
+            if (!copy.IsEmpty() && copy.from < visible.to && copy.to > visible.from) {
+                show(copy);
+            }
+        });
+    }
+
+    // The same with the number of each copy as well, and with some that stand just beside
+    // `visible`, or between two pixels.
+    template <typename Show>
+    void ForEachNumber(const PixelRange& visible, std::int64_t deepest, Show show) const {
         const Numbers numbers = NumbersIn(visible, deepest);
         for (std::int64_t i = 0; i < numbers.count; ++i) {
             const std::int64_t column = visible.from + i;
-            const PixelRange copy =
-                At(numbers.ByColumns() ? LastAt(column, numbers) : numbers.At(i));
+            const std::int64_t number =
+                numbers.ByColumns() ? LastAt(column, numbers) : numbers.At(i);
+            const PixelRange copy = At(number);
             const bool itsOwn =
                 !numbers.ByColumns() || copy.from == column || (i == 0 && copy.from < column);
-            if (itsOwn && !copy.IsEmpty() && copy.from < visible.to && copy.to > visible.from) {
-                show(copy);
+            if (itsOwn) {
+                show(number, copy);
             }
         }
     }
@@ -46,6 +61,11 @@ public:
 
     // About how many copies are in so many pixels.
     [[nodiscard]] double CopiesIn(std::int64_t pixels) const;
+
+    // How far a copy stands from the first one, unrounded.
+    [[nodiscard]] double Along(std::int64_t number) const {
+        return static_cast<double>(number) * step_;
+    }
 
 private:
     // Which copies are looked at: first, first + nth, ..., last. nth 0: by the columns that they

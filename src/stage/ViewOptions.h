@@ -61,6 +61,8 @@ inline constexpr std::array kAdditions = {
     Addition{"Places", "render/ElementPlacement.cpp", "PlaceOnCanvas"},
     Addition{"A frame's camera", "render/DrawOptions.cpp", "DrawOptionsOf"},
     Addition{"Blending", "render/ElementDrawing.cpp", "BlendingInForce"},
+    Addition{"A frame's scale and angle", "render/FrameValues.cpp", "FrameValuesOf"},
+    Addition{"`Interpolate` lines", "render/FrameValues.cpp", "Passage"},
     Addition{"Mirrored frames", "render/ElementPlacement.cpp", "AxisOf"},
     Addition{"Mirrored tiles", "render/ElementTiles.cpp", "mirroredOnce"},
     Addition{"n tiles with a distance below 0", "render/Tiling.cpp", "additions"},

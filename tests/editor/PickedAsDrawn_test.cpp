@@ -107,10 +107,26 @@ private:
             }
             default: {
                 const std::vector<std::string> flips = {"", "h", "v", "hv"};
-                return build_.Animation(
+                const Integer action =
                     build_.Action({{sprite, -1, Between(-20, 20), Between(-20, 20),
-                                    flips[static_cast<std::size_t>(Below(4))]}}));
+                                    flips[static_cast<std::size_t>(Below(4))]}});
+                if (options_.Additions) {
+                    ScaleAndTurn(model_.Actions[static_cast<std::size_t>(action)].frames.front());
+                }
+                return build_.Animation(action);
             }
+        }
+    }
+
+    // Any scale and angle, or a whole one.
+    void ScaleAndTurn(StageFrame& frame) {
+        for (Single& scale : frame.scale) {
+            scale = static_cast<Single>(Between(-24, 24)) / (Below(2) == 0 ? 8 : 11);
+        }
+        frame.angle = static_cast<Single>(Below(3) == 0 ? 90 * Between(-4, 4) : Between(-400, 400));
+        if (Below(3) == 0) {
+            frame.offsetFraction = {static_cast<Single>(Below(4)) / 4,
+                                    static_cast<Single>(Below(7)) / 7};
         }
     }
 
@@ -192,7 +208,7 @@ TEST_P(PickedAsDrawn, EveryPixel) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Stages, PickedAsDrawn, testing::Range(1U, 13U));
+INSTANTIATE_TEST_SUITE_P(Stages, PickedAsDrawn, testing::Range(1U, 25U));
 
 }  // namespace
 }  // namespace scenara

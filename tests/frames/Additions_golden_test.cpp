@@ -179,6 +179,37 @@ const AdditionCase kCases[] = {
      "scaledelta = .05,-.1\n"
      "[BG]\ntype = normal\nspriteno = 1,0\nstart = -150,110\ndelta = 0,0\ntile = 6,2\n"
      "tilespacing = 8,4\nmask = 1\nscalestart = .5,.5\n"},
+    // An arrow upright, turned by an eighth, a quarter and half a turn, mirrored and turned, larger
+    // and turned within a window; tiles that are turned and half as large; and a sheared floor,
+    // whose frame is wider and not turned.
+    {"frame_angle", 1, "",
+     "[BG]\ntype = parallax\nactionno = 7\nstart = 0,170\nxscale = 1,2\n"
+     "[BG]\ntype = anim\nactionno = 1\nstart = -130,60\n"
+     "[BG]\ntype = anim\nactionno = 2\nstart = -70,60\n"
+     "[BG]\ntype = anim\nactionno = 3\nstart = -10,60\n"
+     "[BG]\ntype = anim\nactionno = 4\nstart = 50,60\n"
+     "[BG]\ntype = anim\nactionno = 5\nstart = 110,60\n"
+     "[BG]\ntype = anim\nactionno = 6\nstart = -40,150\nwindow = 80,120,159,189\ntrans = add\n"
+     "[BG]\ntype = anim\nactionno = 8\nstart = 30,130\ntile = 4,2\ntilespacing = 30,40\n"
+     "[Begin Action 1]\n1,0, 0,0, -1\n[Begin Action 2]\n1,0, 0,0, -1,,, 1,1,45\n"
+     "[Begin Action 3]\n1,0, 0,0, -1,,, 1,1,90\n[Begin Action 4]\n1,0, 0,0, -1,,, ,,-180\n"
+     "[Begin Action 5]\n1,0, 0,0, -1, h,, 1,1,45\n[Begin Action 6]\n1,0, 0,0, -1,,, 3,2,-30\n"
+     "[Begin Action 7]\n3,0, 0,0, -1,,, 1.25,.5,45\n"
+     "[Begin Action 8]\n1,0, 0,0, -1,,, .5,.5,20\n"},
+    // In the sixth of ten ticks: half the way to the right, to twice the size, round, and to
+    // nothing; and an arrow whose frame takes no part in that.
+    {"frame_interpolated", 6, "",
+     "[BG]\ntype = normal\nspriteno = 3,0\nstart = 0,105\n"
+     "[BG]\ntype = anim\nactionno = 1\nstart = -100,90\n"
+     "[BG]\ntype = anim\nactionno = 2\nstart = -10,110\n"
+     "[BG]\ntype = anim\nactionno = 3\nstart = 60,100\n"
+     "[BG]\ntype = anim\nactionno = 4\nstart = 110,120\n"
+     "[BG]\ntype = anim\nactionno = 5\nstart = -100,160\n"
+     "[Begin Action 1]\n1,0, 0,0, 10\nInterpolate Offset\n1,0, 40,40, 1\n"
+     "[Begin Action 2]\n1,0, 0,0, 10\nInterpolate Scale\n1,0, 0,0, 1,,, 3,2\n"
+     "[Begin Action 3]\n1,0, 0,0, 10\nInterpolate Angle\n1,0, 0,0, 1,,, 1,1,90\n"
+     "[Begin Action 4]\n1,0, 0,0, 10\nInterpolate Blend\n1,0, 0,0, 1,, AS0D256\n"
+     "[Begin Action 5]\n1,0, 0,0, 10\n1,0, 40,40, 1,, A, 2,2,90\n"},
     // Two floors of one place, one of them by its start and the other by the camera.
     {"shear", 1, "",
      "startx = 40\n"

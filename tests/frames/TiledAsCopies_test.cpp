@@ -84,12 +84,13 @@ private:
         return {pixels.begin(), pixels.end()};
     }
 
-    // Along an axis, in pixels of the picture, and how large they are drawn.
+    // Along an axis, in pixels of the picture, and how large they and their distance are drawn.
     struct Run {
         Long count;
         std::int64_t step;
         std::int64_t size;
         double scale;
+        double stepScale;
     };
 
     [[nodiscard]] static std::int64_t Rounded(double place) {
@@ -109,21 +110,20 @@ private:
         }
         const bool once = count == 0 || step <= 0;
         const auto begin = [&](std::int64_t k) {
-            return Rounded(position + static_cast<double>(k * step) * run.scale);
+            return Rounded(position + static_cast<double>(k * step) * run.stepScale);
         };
+        const double size = static_cast<double>(run.size) * run.scale;
+        const double apart = static_cast<double>(step) * run.stepScale;
         const auto place = [&](std::int64_t k) {
-            const std::int64_t end =
-                Rounded(position + static_cast<double>(k * step + run.size) * run.scale);
-            return PixelRange{begin(k),
-                              once || step < run.size ? end : std::min(end, begin(k + 1))};
+            const std::int64_t end = Rounded(position + (static_cast<double>(k) * apart + size));
+            return PixelRange{begin(k), once || apart < size ? end : std::min(end, begin(k + 1))};
         };
         if (once) {
             return {place(0)};
         }
         std::vector<PixelRange> places;
         const bool endless = count == 1;
-        const double apart = static_cast<double>(step) * run.scale;
-        const double back = static_cast<double>(run.size) * run.scale + 2;
+        const double back = size + 2;
         const auto near = static_cast<std::int64_t>(
             std::floor((static_cast<double>(visible.from) - back - position) / apart));
         for (std::int64_t k = endless ? near : std::max<std::int64_t>(near, 0);
@@ -139,9 +139,10 @@ private:
         return TileStep(spacing, size, model.Elements.front().kind == ElementKind::Animated);
     }
 
-    // Where a picture begins: at its own size, or a whole multiple of it, on a whole pixel.
-    [[nodiscard]] double Start(double place, double scale) const {
-        return scale == std::floor(scale)
+    // Where a picture begins: at its own size, or a whole multiple of it, on a whole pixel, unless
+    // its distance has another scale.
+    [[nodiscard]] double Start(double place, double scale, double stepScale) const {
+        return scale == std::floor(scale) && scale == stepScale
                    ? static_cast<double>(WholePixel(place, options.additions))
                    : place;
     }
@@ -152,8 +153,8 @@ private:
         if (!placed) {
             return;
         }
-        const double left = Start(placed->x, placed->scaleX);
-        const double top = Start(placed->y, placed->scaleY);
+        const double left = Start(placed->x, placed->scaleX, placed->stepScaleX);
+        const double top = Start(placed->y, placed->scaleY, placed->stepScaleY);
         const SpriteEntry& sprite = model.Sprites.front();
         const Blending blending = BlendingInForce(model, element, options.additions);
         const bool blended = blending.kind != BlendKind::None;
@@ -182,7 +183,7 @@ private:
                                 std::int64_t source) {
             const Long count = once ? 0 : element.tileX;
             const Run run{count, StepOf(element.tileSpacingX, sprite.width), sprite.width,
-                          placed->scaleX};
+                          placed->scaleX, placed->stepScaleX};
             for (const PixelRange& at : Places(run, animated, options.additions, x, seen.columns)) {
                 draw({at.from, lines.from, at.to - at.from, lines.to - lines.from, 0, source,
                       sprite.width, height});
@@ -200,13 +201,14 @@ private:
                     return Rounded(top + static_cast<double>(at) * placed->scaleY);
                 };
                 if (edge(row) < edge(row + 1)) {
-                    across(Start(x, placed->scaleX), {edge(row), edge(row + 1)}, 1, row);
+                    across(Start(x, placed->scaleX, placed->stepScaleX), {edge(row), edge(row + 1)},
+                           1, row);
                 }
             }
         } else {
             const Long count = once ? 0 : element.tileY;
             const Run run{count, StepOf(element.tileSpacingY, sprite.height), sprite.height,
-                          placed->scaleY};
+                          placed->scaleY, placed->stepScaleY};
             for (const PixelRange& at : Places(run, animated, options.additions, top, seen.rows)) {
                 across(left, at, sprite.height, 0);
             }
@@ -266,6 +268,10 @@ public:
         constexpr std::array<const char*, 5> kFlips{"", "", "v", "h", "hv"};
         StageFrame& frame = tiled.model.Actions.front().frames.front();
         frame.flip = kFlips.at(Index(5));
+        if (tiled.options.additions && Below(2) == 0) {
+            constexpr std::array<Single, 6> kScales{0.5F, 0.75F, 1.25F, 2, -1, -1.5F};
+            frame.scale = {kScales.at(Index(6)), kScales.at(Index(6))};
+        }
         tiled.model.StageXScale = Scale();
         tiled.model.StageYScale = Scale();
         tiled.Prepare();

@@ -21,9 +21,9 @@ constexpr int kIds = 3;
 constexpr bool kZooms = true;
 constexpr bool kMaskWindows = true;
 constexpr bool kRowWidths = true;
-constexpr bool kFrameScales = false;
-constexpr bool kInterpolates = false;
-constexpr bool kTurns = false;
+constexpr bool kFrameScales = true;
+constexpr bool kInterpolates = true;
+constexpr bool kTurns = true;
 
 // So that its numbers are others than those of a stage's first random ones.
 constexpr std::uint32_t kNewerSeed = 0x51A6E11;
@@ -98,7 +98,7 @@ private:
     void Element(int index);
     void ElementMotion();
     // Whether it has any.
-    bool Tiles(bool animated);
+    bool Tiles(bool animated, bool scaled);
     bool FewTiles();
     bool TilesOfAlphas(bool animated, bool scaled);
     void OwnScale(bool tiled);
@@ -249,7 +249,7 @@ bool Writer::FewTiles() {
     return true;
 }
 
-bool Writer::Tiles(bool animated) {
+bool Writer::Tiles(bool animated, bool scaled) {
     static constexpr std::array kCounts = {"0", "1", "1",  "2",       "3",
                                            "5", "9", "40", "1000000", "-2"};
     if (!OneIn(3)) {
@@ -266,17 +266,22 @@ bool Writer::Tiles(bool animated) {
     // at one place that the program leaves some out.
     if (animated && both) {
         Line("tilespacing", std::to_string(Whole(20, 150)) + ", " + std::to_string(Whole(20, 150)));
-    } else if (OneIn(2)) {
-        // Of those that are less than a pixel of the canvas apart the program leaves some out.
-        const auto spacing = [this] {
-            return shrinks_ ? std::to_string(Whole(7, 150)) : Number(0, 150, 400);
+        return true;
+    }
+    // Of those that are less than a pixel of the canvas apart the program leaves some out. Such as
+    // touch one another are one picture, unless a frame scales them.
+    const bool scales = mode_ == RandomFor::Version11 && (scaled || shrinks_);
+    const bool apart = scales || shrinks_;
+    if (OneIn(2) || scales) {
+        const auto spacing = [&] {
+            return apart ? std::to_string(Whole(7, 150)) : Number(0, 150, 400);
         };
         std::array<std::string, 2> spacings = {spacing(), spacing()};
         if (OneIn(4)) {
             spacings[static_cast<std::size_t>(Whole(0, 1))] =
-                std::to_string(Whole(shrinks_ ? 7 : -20, 9));
+                std::to_string(Whole(apart ? 7 : -20, 9));
         }
-        Line("tilespacing", spacings[0] + (OneIn(6) ? "" : ", " + spacings[1]));
+        Line("tilespacing", spacings[0] + (OneIn(6) && !scales ? "" : ", " + spacings[1]));
     }
     return true;
 }
@@ -435,8 +440,8 @@ void Writer::Element(int index) {
     }
     const bool animated = type == "anim" || type == "ani" || type == "Anim";
     const bool scaled = Adds() && OneIn(3);
-    const bool tiled =
-        pictures_ == Pictures::WithHoles ? Tiles(animated) : TilesOfAlphas(animated, scaled);
+    const bool tiled = pictures_ == Pictures::WithHoles ? Tiles(animated, scaled)
+                                                        : TilesOfAlphas(animated, scaled);
     if (scaled) {
         OwnScale(tiled);
     }

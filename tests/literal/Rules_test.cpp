@@ -279,6 +279,57 @@ constexpr Row kRows[] = {
     {"links under a scale", kAdditions, Held::Right, 6, kArrow,
      "velocity = 2,1\nsin.y = 9,7,1\n[StageInfo]\nxscale = .5\nyscale = .5\n"
      "[BG b]\ntype = normal\nspriteno = 2,0\nstart = 30,10\npositionlink = 1\nvelocity = 1\n"},
+    // Zoom.
+    {"a start of the zoom", kAdditions, Held::Nothing, 1, kArrow,
+     "[Camera]\nzoomin = 1.7\nstartzoom = 1.7\n[StageInfo]\nzoffset = 190\n"},
+    {"a start of the zoom beyond its limits", kAdditions, Held::Right, 5, kArrow,
+     "[Camera]\nzoomout = .7\nstartzoom = .1\n"},
+    {"some of the zoom", kAdditions, Held::Up, 5, kArrow,
+     "zoomdelta = .5,1.5\n[Camera]\nzoomout = .6\nstartzoom = .6\n"},
+    {"so much of the zoom that nothing is seen", kAdditions, Held::Nothing, 1, kArrow,
+     "zoomdelta = 3\n[Camera]\nzoomout = .6\nstartzoom = .6\n"},
+    {"a ground that is linked", kAdditions, Held::Nothing, 1, kArrow,
+     "[Camera]\nzoomin = 1.7\nstartzoom = 1.7\n[StageInfo]\nzoffset = 90\nzoffsetlink = 1\n"},
+    {"near by, the camera goes farther", kAdditions, Held::Right, 40, kArrow,
+     "[StageInfo]\nlocalcoord = 80,60\n[Camera]\nstartx = 190\nzoomin = 1.25\nstartzoom = 1.25\n"},
+    {"tiles and rows under zoom", kAdditions, Held::Right, 5, kFloor,
+     "xscale = 1,2\ntile = 1\n[Camera]\nzoomout = .35\nstartzoom = .35\n"},
+    // A window that is zoomed.
+    {"a maskwindow", kAdditions, Held::Nothing, 1, kArrow, "maskwindow = 20,95,0,80\n"},
+    {"a maskwindow is zoomed and moves", kAdditions, Held::Right, 5, kTileBelow,
+     "tile = 1,1\nmaskwindow = -40,50,71,180\nwindowdelta = .7\n"
+     "[Camera]\nzoomin = 1.3\nstartzoom = 1.3\n"},
+    {"both windows", kAdditions, Held::Nothing, 1, kTileBelow,
+     "tile = 1,1\nmaskwindow = -40,50,71,180\nwindow = 100,60,210,190\n"},
+    // Rows of widths of their own.
+    {"a trapezoid", kAdditions, Held::Right, 5, kFloor, "width = 100,390\n"},
+    {"a trapezoid is mirrored", kAdditions, Held::Nothing, 1, kFloor,
+     "width = 100,390\nscalestart = -1,1.3\n"},
+    {"a trapezoid's last row is gone", kAdditions, Held::Nothing, 1, kFloor, "width = 100,0\n"},
+    {"tiles of a trapezoid", kAdditions, Held::Nothing, 1, kFloor, "width = 60,190\ntile = 3\n"},
+    // 160 - 272 + 245 / 2 = 10.5, so to column 11
+    {"rows end in the middle of a pixel", kAdditions, Held::Nothing, 1,
+     "[BG floor]\ntype = parallax\nspriteno = 3,0\nstart = -272,160\n", "width = 245,245\n"},
+    // Frames of a scale and an angle of their own.
+    {"a frame's scale", kAdditions, Held::Nothing, 1, kAnimated,
+     "tile = 3\ntilespacing = 50\n[Begin Action 1]\n1,0, 7,-5, 2, H, , 1.7, -.6\n"},
+    {"a frame that is turned", kAdditions, Held::Nothing, 1, kAnimated,
+     "[Begin Action 1]\n1,0, 7,-5, 2, H, , 1.7, .6, 33\n"},
+    {"a quarter turn", kAdditions, Held::Nothing, 1, kAnimated,
+     "[Begin Action 1]\n1,0, 7,-5, 2, , , , , -270\n"},
+    {"turned tiles", kAdditions, Held::Nothing, 1, kAnimated,
+     "tile = 1,2\ntilespacing = 50,40\n[Begin Action 1]\n1,0, 0,0, 2, , , , , 100\n"},
+    {"rows are not turned", kAdditions, Held::Nothing, 1,
+     "[BG a]\ntype = parallax\nactionno = 1\nstart = 20,90\n",
+     "[Begin Action 1]\n1,0, 3,4, 5, , , 2, 1, 40\n"},
+    {"frames go over into others", kAdditions, Held::Nothing, 5, kAnimated,
+     "[Begin Action 1]\nInterpolate Offset\n1,0, 0,0, 7\nInterpolate Offset\nInterpolate Scale\n"
+     "Interpolate Angle\nInterpolate Blend\n1,0, 40,-20, 1, , AS30D200, 2, .5, 90\n"},
+    {"the last frame goes over into the first", kAdditions, Held::Nothing, 6, kAnimated,
+     "[Begin Action 1]\nInterpolate Offset\n1,0, 0,0, 2\n1,0, 40,-20, 9\n"},
+    {"a frame that stays goes over into none", kAdditions, Held::Nothing, 5, kAnimated,
+     "trans = default\nlayerno = -1\n[Begin Action 1]\n1,0, 0,0, -1, , AS100D100\n"
+     "Interpolate Offset\nInterpolate Blend\n1,0, 40,0, 1, , A\n"},
 };
 
 RandomStage StageOf(const Row& row, const std::string& adds) {

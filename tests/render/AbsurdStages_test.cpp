@@ -66,6 +66,17 @@ private:
 
 constexpr int kElements = 6;
 
+void ScaleAndTurn(Absurd& absurd, StageFrame& frame) {
+    if (absurd.Often()) {
+        return;
+    }
+    frame.scale = {absurd.AnySingle(), absurd.AnySingle()};
+    frame.angle = absurd.AnySingle();
+    frame.interpolated = absurd.Flags();
+    frame.offsetFraction = {absurd.AnySingle(), absurd.AnySingle()};
+    frame.blending.kind = absurd.Below(2) == 0 ? BlendKind::Add : BlendKind::None;
+}
+
 void FillTables(Absurd& absurd, StagePlayer& player) {
     constexpr std::array<const char*, 4> kFlips{"", "h", "v", "hv"};
     for (int i = 0; i < 3; ++i) {
@@ -79,6 +90,9 @@ void FillTables(Absurd& absurd, StagePlayer& player) {
                               absurd.AnyInteger(), absurd.OneOf(kFlips)});
         }
         player.build.Action(frames, absurd.AnyInteger(), static_cast<Integer>(i));
+        for (StageFrame& frame : player.model.Actions.back().frames) {
+            ScaleAndTurn(absurd, frame);
+        }
     }
 }
 
@@ -115,6 +129,10 @@ void AddElement(Absurd& absurd, StagePlayer& player) {
           &BackgroundElement::windowDeltaY, &BackgroundElement::yscaleStart,
           &BackgroundElement::yscaleDelta}) {
         element.*field = absurd.AnySingle();
+    }
+    if (!absurd.Often()) {
+        element.scaleStart = {absurd.AnySingle(), absurd.AnySingle()};
+        element.scaleDelta = {absurd.AnySingle(), absurd.AnySingle()};
     }
 }
 

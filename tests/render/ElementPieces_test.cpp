@@ -93,6 +93,7 @@ public:
     void ShowPattern(const TilePattern& /*pattern*/, const SpriteQuad& quad) override {
         Show(quad);
     }
+    void ShowTurned(const TurnedQuad& /*quad*/) override { FAIL() << "of what is not turned"; }
 
     double pixels = 0;
 
