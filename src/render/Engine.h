@@ -39,8 +39,10 @@ inline constexpr MessageKind kMessageEngineInit{"display", Severity::Error};
 inline constexpr Long kOpaqueWhite = -1;
 inline constexpr std::uint32_t kShadowColor = 0x64000000;  // black, alpha 100 of 255
 
-// The largest rectangle that can be kept, as InText has it: the information line's.
-inline constexpr POINT kMostKept{200, 20};
+// The largest rectangle that can be kept, as InText has it: the information line's. Plainly that is
+// less wide; addition: it has room for the zoom and for the places of wide stages.
+inline constexpr POINT kMostKept{310, 20};
+inline constexpr Long kPlainInfoWidth = 200;
 
 class CopyStrip;
 

@@ -44,13 +44,13 @@ void PresentFrame(Engine& engine) {
     static_cast<void>(engine.Device().Present());
 }
 
-void PresentFrame(Engine& engine, std::string_view infoLine) {
+void PresentFrame(Engine& engine, std::string_view infoLine, bool additions) {
     const auto length = [&](Long designed) {
         return static_cast<Integer>(engine.InText(designed));
     };
     const Integer left = length(5);
     const Integer top = length(5);
-    const Integer width = length(kMostKept.x);
+    const Integer width = length(additions ? kMostKept.x : kPlainInfoWidth);
     const Integer height = length(kMostKept.y);
     engine.Keep({left, top, left + width, top + height});
     engine.Draw_Text(left, top, width, height, infoLine, kOpaqueWhite, 0);

@@ -32,7 +32,7 @@ void DrawSceneAgain(Engine& engine, TileEngine& tiles, ViewFlags& flags,
 void PresentFrame(Engine& engine);
 
 // The same with the information line over it. The line does not stay in the back buffer: drawn over
-// itself in each pass its half tones would add up. Allocates nothing.
-void PresentFrame(Engine& engine, std::string_view infoLine);
+// itself in each pass its half tones would add up. Addition: it may be longer. Allocates nothing.
+void PresentFrame(Engine& engine, std::string_view infoLine, bool additions = false);
 
 }  // namespace scenara

@@ -196,7 +196,7 @@ void StageShow::Present(bool info) {
         return;
     }
     if (info) {
-        PresentFrame(engine_, infoText_);
+        PresentFrame(engine_, infoText_, options_.Additions);
     } else {
         PresentFrame(engine_);
     }

@@ -20,6 +20,72 @@ using testing::StartsWith;
 
 using Commands = Program;
 
+// --- Zoom ----------------------------------------------------------------------------------------
+
+class Zooming : public Program {
+protected:
+    Zooming() {
+        files.Put(kStageA,
+                  "[Info]\nname = zooms\n[Camera]\nboundleft = -50\nboundright = 60\n"
+                  "zoomout = .5\nzoomin = 1\nstartzoom = .75\n");
+    }
+    void ExpectEnabled(bool enabled) {
+        for (const Menu item : {Menu::mnuZoomIn, Menu::mnuZoomOut, Menu::mnuZoomStart}) {
+            EXPECT_EQ(form[item].enabled, enabled);
+        }
+    }
+};
+
+TEST_F(Zooming, GoesByTenthsAndTheCamerasBarHasWhereItGoesThen) {
+    WhileAIsShown({[&] {
+        EXPECT_EQ(model.CamZoom, 0.75);
+        // 160 (2 - 4 / 3) = 106.7 farther
+        EXPECT_EQ(form.hscHScroll.Min, -156);
+        EXPECT_EQ(form.hscHScroll.Max, 166);
+        Click(Menu::mnuZoomIn);
+        EXPECT_DOUBLE_EQ(model.CamZoom, 0.8);
+        Click(Menu::mnuZoomStart);
+        EXPECT_EQ(model.CamZoom, 0.75);
+        for (int i = 0; i < 7; ++i) {
+            Click(Menu::mnuZoomOut);
+        }
+        EXPECT_EQ(model.CamZoom, 0.5);
+        EXPECT_EQ(form.hscHScroll.Min, -50);
+        EXPECT_EQ(form.hscHScroll.Max, 60);
+    }});
+}
+
+TEST_F(Zooming, BeginsAnewWithTheStageAndIsNoneWithoutAdditions) {
+    WhileAIsShown({[&] { Click(Menu::mnuZoomIn); }, [&] { Click(Menu::mnuReload); }, Wait,
+                   [&] { EXPECT_EQ(model.CamZoom, 0.75); }, [&] { Click(Menu::mnuAdditions); },
+                   Wait,
+                   [&] {
+                       EXPECT_EQ(model.CamZoom, 1) << "plainly there is none";
+                       ExpectEnabled(false);
+                   }});
+}
+
+TEST_F(Zooming, IsToBeChosenWhereTheStageZooms) {
+    ExpectEnabled(false);
+    WhileAIsShown({[&] { ExpectEnabled(true); }, Select(kItemC), Wait,
+                   [&] { ExpectEnabled(false); }, [&] { Click(Menu::mnuClose); },
+                   [&] { ExpectEnabled(false); }});
+}
+
+TEST_F(Zooming, IsSeenWhileTheStageIsPaused) {
+    files.Put(kStageA,
+              "[Info]\nname = zooms\n[Camera]\nzoomin = 2\nzoomout = 1\n"
+              "[BGdef]\nspr = stages/a.sff\n"
+              "[BG wall]\ntype = normal\nspriteno = 0,0\nstart = 20,100\n");
+    std::vector<std::uint32_t> before;
+    WhileAIsShown({Wait, [&] { Click(Menu::mnuPause); }, Wait,
+                   [&] {
+                       before = sink.last;
+                       Click(Menu::mnuZoomIn);
+                   },
+                   Wait, [&] { EXPECT_NE(sink.last, before); }});
+}
+
 // --- Frame limiter -------------------------------------------------------------------------------
 
 TEST_F(Commands, UncheckingTheLimiterAsksNothing) {

@@ -89,6 +89,37 @@ TEST_F(DesktopWindow, AMenuShowsTheInfoLineAndThePictureGoesOn) {
 }
 
 // Every frame of it takes seconds.
+TEST_F(DesktopProgram, KeysAndTheWheelZoomAlsoInTheFullScreen) {
+    std::ofstream file(StagePath("cup"));
+    file << "[Info]\nname = cup\n[Camera]\nzoomout = 1\nzoomin = 3\nstartzoom = 2\n"
+         << "[BGdef]\nspr = stages/bar.sff\n[BG bar]\ntype = normal\nspriteno = 0,0\n";
+    file.close();
+    WriteSettings();
+    Start({}, StagePath("cup"));
+    ExpectTitle("cup");
+    ASSERT_TRUE(Eventually([&] { return BarWidth() == 16; })) << "as it starts";
+    Key("ctrl+plus");
+    Key("ctrl+KP_Add");
+    Key("ctrl+equal");  // of a keyboard that has + above it
+    EXPECT_TRUE(Eventually([&] { return BarWidth() == 21; })) << "8 x 2.6";
+    Key("ctrl+minus");
+    EXPECT_TRUE(Eventually([&] { return BarWidth() == 19; })) << "8 x 2.4";
+    Key("ctrl+0");
+    EXPECT_TRUE(Eventually([&] { return BarWidth() == 16; }));
+    display_.Do("mousemove --window " + MainWindow() + " 100 150 keydown ctrl click 5 keyup ctrl");
+    EXPECT_TRUE(Eventually([&] { return BarWidth() == 14; })) << "8 x 1.8";
+    display_.Do("click 5");  // without Ctrl it does nothing
+    Key("alt+o");
+    Key("f");
+    EXPECT_TRUE(Eventually([&] { return BarWidth() == 42; })) << "three times";
+    Key("ctrl+0");
+    EXPECT_TRUE(Eventually([&] { return BarWidth() == 48; }));
+    display_.Do("keydown ctrl click 4 keyup ctrl");
+    EXPECT_TRUE(Eventually([&] { return BarWidth() == 54; })) << "8 x 2.2, three times";
+    Key("Escape");
+    EXPECT_TRUE(Eventually([&] { return BarWidth() == 18; }));
+}
+
 TEST_F(DesktopProgram, AStageThatIsTooHeavySaysSoAndCanBeLeft) {
     std::ofstream file(StagePath("heavy"));
     file << "[Info]\nname = heavy\n[Camera]\nboundleft = -9\n[BGdef]\nspr = stages/bar.sff\n";

@@ -92,6 +92,28 @@ TEST_F(Picture, AMoveWithoutTheLeftButtonIsARelease) {
     EXPECT_EQ(told, "down 12 34; up 20 40; ");
 }
 
+TEST_F(Picture, TellsOfTheWheelWithCtrlByWholeNotches) {
+    widget.SetZoomObserver([this](bool in) { told += in ? "in; " : "out; "; });
+    const auto turn = [this](int by, Qt::KeyboardModifiers with) {
+        QWheelEvent event({5, 6}, widget.mapToGlobal(QPointF(5, 6)), {}, {0, by}, Qt::NoButton,
+                          with, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&widget, &event);
+        return event.isAccepted();
+    };
+    EXPECT_TRUE(turn(120, Qt::ControlModifier));
+    EXPECT_TRUE(turn(-240, Qt::ControlModifier));
+    EXPECT_EQ(told, "in; out; out; ");
+    told.clear();
+    // As a touchpad does it.
+    for (int i = 0; i < 8; ++i) {
+        turn(i < 5 ? 30 : -30, Qt::ControlModifier);
+    }
+    EXPECT_EQ(told, "in; ");
+    told.clear();
+    EXPECT_FALSE(turn(120, Qt::NoModifier)) << "is somebody else's";
+    EXPECT_EQ(told, "");
+}
+
 TEST_F(Picture, ThatStandsIsShownInAnotherWayAtOnce) {
     widget.resize(480, 360);
     std::vector<std::uint32_t> view(320U * 240U, kBlack);

@@ -41,7 +41,7 @@ TEST(EngineStart, MakesEverythingInItsOrder) {
         "Show",
         std::string("CreateDevice 0 1 1 32 with ") + kPresentation,
         "CreateFont Times New Roman 12 bold",
-        "CreateImageSurface 200 20 23",
+        "CreateImageSurface 310 20 23",
     };
     EXPECT_EQ(player.record.TakeLines(), made + kStartStates);
     EXPECT_TRUE(player.messages.Recorded().empty());

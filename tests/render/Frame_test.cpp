@@ -55,6 +55,12 @@ TEST_F(FrameTest, TheInformationLineIsInTheBackBufferWhileItIsShownOnly) {
                "Present", "GetBackBuffer 0 0", "CopyRects Image 0 0 200 20 to BackBuffer 5 5"}));
 }
 
+TEST_F(FrameTest, WithAdditionsTheInformationLineHasRoomForMore) {
+    PresentFrame(player.engine, "Cam 12.5,0  Zoom 0.8  60 FPS", true);
+    EXPECT_THAT(player.record.TakeLines(),
+                testing::Contains("CopyRects Image 0 0 310 20 to BackBuffer 5 5"));
+}
+
 TEST_F(FrameTest, TheInformationLineGoesAlsoWhenItCannotBeShown) {
     player.record.AnswerAlways("Present", D3DERR_DEVICELOST);
     PresentFrame(player.engine, "Cam");

@@ -25,13 +25,13 @@ FullScreenWindow::FullScreenWindow(MainWindow& window)
     picture_ = new PictureWidget(this);  // NOLINT(cppcoreguidelines-owning-memory): Qt's own
     setCursor(Qt::BlankCursor);
     window_.ObserveWheel(*picture_);
-    addActions(window_.ItemsWithKeys());
 }
 
 WindowHandle FullScreenWindow::Show() {
     if (!isVisible()) {
         setWindowTitle(window_.windowTitle());
         setScreen(window_.screen());
+        addActions(window_.ItemsWithKeys());  // those that it has already stay
         FollowScreen();
         picture_->TakeOver(window_.Picture());
         Cover();
