@@ -282,7 +282,8 @@ TEST(BundledStages, EverythingThatTheyNameIsThere) {
         const DiskStage stage(kBundledFolder, name, ViewOptions());
         EXPECT_TRUE(files.FileExists(stage.machine.music)) << name << ": " << stage.machine.music;
         for (const BackgroundElement& element : stage.Model().Elements) {
-            EXPECT_GE(ShowsFrames(element) ? element.actionIndex : element.spriteIndex, 0)
+            const bool frames = element.type == "anim" || element.spriteIndex == kPicturesOfAction;
+            EXPECT_GE(frames ? element.actionIndex : element.spriteIndex, 0)
                 << name << ": " << element.name;
         }
         for (const StageAction& action : stage.Model().Actions) {
