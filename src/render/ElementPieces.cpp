@@ -243,10 +243,10 @@ private:
                             : StretchedRows{top, stretch};
     }
 
-    // Where a row begins, canvas pixels, and how many of them there are to a pixel of it.
+    // Where a row begins, and how wide it is where rows have widths of their own; canvas pixels.
     struct PlacedRow {
         double x;
-        double scale;
+        double width = 0;
     };
 
     // Additions: rows are apart by the whole way of the element's axis from the middle of the view,
@@ -259,17 +259,14 @@ private:
         if (picture_.hasRowWidths) {
             const double top = static_cast<double>(element_.rowWidths[0]) * picture_.scaleX;
             const double times = RowWidth(element_, fromTop, height);
-            return {middle + (picture_.axisX - top / 2 - middle) * times,
-                    top * times / sprite_.width};
+            return {middle + (picture_.axisX - top / 2 - middle) * times, top * times};
         }
         const double speed = RowSpeed(element_, fromTop, height);
         if (!options_.additions) {
             return {picture_.x + static_cast<double>(options_.camera.x) *
-                                     static_cast<double>(element_.deltaX) * (speed - 1),
-                    1};
+                                     static_cast<double>(element_.deltaX) * (speed - 1)};
         }
-        return {middle + (picture_.axisX - middle) * speed + picture_.fromAxisX * picture_.scaleX,
-                picture_.scaleX};
+        return {middle + (picture_.axisX - middle) * speed + picture_.fromAxisX * picture_.scaleX};
     }
 
     static double Near(double place) {
@@ -277,15 +274,20 @@ private:
         return std::clamp(place, -kMost, kMost);
     }
 
-    void ShowRow(const PlacedRow& row, const PixelRange& lines, std::int64_t source) {
+    [[nodiscard]] ScaledCopies CopiesOf(const PlacedRow& row) const {
         const double place = Near(row.x);
+        return picture_.hasRowWidths
+                   ? ScaledCopies::OfSize(tiles_.across, place, std::min(row.width, kLargest),
+                                          picture_.stepScaleX / picture_.scaleX)
+                   : ScaledCopies(tiles_.across, place, picture_.scaleX, picture_.stepScaleX);
+    }
+
+    void ShowRow(const PlacedRow& row, const PixelRange& lines, std::int64_t source) {
         if (timesX_ == 0 || picture_.hasRowWidths || IsMixed()) {
-            const double scale = std::min(row.scale, kLargest / sprite_.width);
-            if (scale == 0) {
+            if (picture_.hasRowWidths && row.width == 0) {
                 return;
             }
-            const ScaledCopies copies(tiles_.across, place, scale,
-                                      scale * (picture_.stepScaleX / picture_.scaleX));
+            const ScaledCopies copies = CopiesOf(row);
             const double count = copies.CopiesIn(window_.columns.to - window_.columns.from);
             if (TakesLines(copies, {source, source + 1},
                            IsMixed() ? count * static_cast<double>(LinesSeen()) : count,
@@ -299,7 +301,7 @@ private:
             });
             return;
         }
-        x_ = WholePixel(place, options_.additions);
+        x_ = WholePixel(Near(row.x), options_.additions);
         row_ = Row{lines, source};
         const PixelRange visible = InItsPixels(window_.columns, x_, timesX_);
         const Axis across(tiles_.across, 0, visible, mixing_);

@@ -95,7 +95,7 @@ FrameValues FrameValuesOf(const StageAction& action, const BackgroundElement& el
 Blending FrameBlendingOf(const StageAction& action, const BackgroundElement& element) {
     const StageFrame& frame = FrameOf(action, element);
     const StageFrame& after = FrameAfter(action, element);
-    if ((after.interpolated & kInterpolatedBlend) == 0 ||
+    if (frame.time <= 0 || (after.interpolated & kInterpolatedBlend) == 0 ||
         !GoesOver(frame.blending, after.blending)) {
         return frame.blending;
     }

@@ -34,6 +34,17 @@ ScaledCopies::ScaledCopies(const Tiles& tiles, double position, double scale, do
     most_ = endless ? kEndless : step_ == 0 ? 0 : std::int64_t{tiles.count} - 1;
 }
 
+ScaledCopies ScaledCopies::OfSize(const Tiles& tiles, double position, double size,
+                                  double stepTimes) {
+    const auto pixels = static_cast<double>(tiles.size);
+    const double scale = size / pixels;
+    ScaledCopies copies(tiles, position, scale, scale * stepTimes);
+    copies.size_ = size;
+    copies.step_ = static_cast<double>(DrawnStep(tiles)) * size / pixels * stepTimes;
+    copies.wholeStep_ = copies.step_ == std::floor(copies.step_);
+    return copies;
+}
+
 double ScaledCopies::CopiesIn(std::int64_t pixels) const {
     if (step_ == 0) {
         return 1;

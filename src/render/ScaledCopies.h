@@ -22,6 +22,11 @@ public:
     ScaledCopies(const Tiles& tiles, double position, double scale)
         : ScaledCopies(tiles, position, scale, scale) {}
 
+    // Of a picture that is drawn so wide, to the last bit, and stands `stepTimes` as far apart as
+    // it does at that scale.
+    [[nodiscard]] static ScaledCopies OfSize(const Tiles& tiles, double position, double size,
+                                             double stepTimes);
+
     // Calls `show` with the pixels of each copy that covers a pixel of `visible`, in order. Where
     // more than `deepest` would lie upon one another only every second, third, ... is shown, and in
     // any case the first and the last of a count. Of many copies less than a pixel apart there is

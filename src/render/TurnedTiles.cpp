@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstddef>
 
 #include "render/ScaledCopies.h"
@@ -47,6 +48,24 @@ PixelRange Around(const PixelRange& visible) {
     return {visible.from - 1, visible.to + 1};
 }
 
+// About how many boxes are shown that lie no deeper than that: at most one for each pixel.
+double CountIn(const ScaledCopies& boxes, const PixelRange& visible, std::int64_t deepest) {
+    const std::int64_t pixels = visible.to - visible.from;
+    const double thinned = static_cast<double>(boxes.Depth()) / static_cast<double>(deepest);
+    return std::min(boxes.CopiesIn(pixels) / std::max(thinned, 1.0), static_cast<double>(pixels));
+}
+
+// Takes every nth.
+class EveryNth {
+public:
+    explicit EveryNth(std::int64_t nth) : nth_(nth) {}
+    [[nodiscard]] bool Next() { return number_++ % nth_ == 0; }
+
+private:
+    std::int64_t nth_;
+    std::int64_t number_ = 0;
+};
+
 bool Touches(const PixelRange& box, const PixelRange& visible) {
     return box.from <= visible.to && box.to >= visible.from;
 }
@@ -64,14 +83,19 @@ void ShowTurnedTiles(const PlacedPicture& picture, const SpriteEntry& sprite,
     const Depths depths = AllowedDepths(columns.Depth(), rows.Depth(), deepest);
     const PixelRange visibleColumns = Around(window.columns);
     const PixelRange visibleRows = Around(window.rows);
+    const double count =
+        CountIn(columns, visibleColumns, depths.x) * CountIn(rows, visibleRows, depths.y);
+    const auto nth = static_cast<std::int64_t>(std::ceil(std::sqrt(count / kMostTurned)));
+    EveryNth takenRows(nth);
     rows.ForEachNumber(visibleRows, depths.y, [&](std::int64_t row, const PixelRange& lines) {
-        if (!Touches(lines, visibleRows)) {
+        if (!Touches(lines, visibleRows) || !takenRows.Next()) {
             return;
         }
+        EveryNth takenColumns(nth);
         const double y = axisY + rows.Along(row);
         columns.ForEachNumber(
             visibleColumns, depths.x, [&](std::int64_t column, const PixelRange& box) {
-                if (!Touches(box, visibleColumns)) {
+                if (!Touches(box, visibleColumns) || !takenColumns.Next()) {
                     return;
                 }
                 const double x = axisX + columns.Along(column);

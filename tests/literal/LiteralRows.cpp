@@ -4,7 +4,6 @@
 // of its own from the middle, or is as wide as its height asks for.
 #include <cmath>
 #include <cstddef>
-#include <utility>
 
 #include "literal/LiteralStage.h"
 
@@ -54,29 +53,27 @@ bool LiteralStage::HasWidths(const BackgroundElement& element) {
     return element.type == "parallax" && element.rowWidths[0] > 0 && element.rowWidths[1] >= 0;
 }
 
-// There are no tiles below one another. A mirrored frame's rows are those of the mirrored picture.
+// There are no tiles below one another. A mirrored frame's rows are those of the mirrored picture,
+// and where a scale below 0 mirrors, its first row is the lowest one.
 void LiteralStage::DrawRows(const Element& element, const Shown& shown) {
     const BackgroundElement& file = *element.file;
-    const Image& image = *shown.image;
+    const int height = shown.image->height;
     const double down = PixelOf(element, shown, 1) * Stretch(file);
-    const int above = shown.mirrored[1] ? image.height - image.axisY : image.axisY;
-    const double upper = AxisPlace(element, 1) + down * (shown.offset[1] - above);
+    const Reach rows = ReachOf(shown, 1, AxisPlace(element, 1), down);
     const Tiling tiling = TilingOf(file, shown, 0);
-    for (int row = 0; row < image.height; ++row) {
-        const double t = image.height == 1 ? 0 : double(row) / (image.height - 1);
+    for (int fromTop = 0; fromTop < height; ++fromTop) {
+        const int row = down < 0 ? height - 1 - fromTop : fromTop;
+        const double t = height == 1 ? 0 : double(row) / (height - 1);
         const auto [reach, tilePixel] =
             HasWidths(file) ? WidenedRow(element, shown, t) : ShearedRow(element, shown, t);
         if (reach.size == 0) {
             continue;
         }
-        Span rows{CanvasPixel(upper + row * down), CanvasPixel(upper + (row + 1) * down)};
-        if (down < 0) {
-            std::swap(rows.begin, rows.end);
-        }
-        const bool turned = shown.mirrored[1] != (down < 0);
-        const int fromTop = down < 0 ? image.height - 1 - row : row;
+        const Span lines{CanvasPixel(rows.near + fromTop * std::abs(down)),
+                         CanvasPixel(rows.near + (fromTop + 1) * std::abs(down))};
         for (const Span& columns : Copies(reach, tiling, tilePixel, 0)) {
-            DrawQuad(shown, columns, rows, {fromTop, fromTop + 1}, {reach.mirrored, turned});
+            DrawQuad(shown, columns, lines, {fromTop, fromTop + 1},
+                     {reach.mirrored, rows.mirrored});
         }
     }
 }

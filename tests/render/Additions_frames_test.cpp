@@ -12,6 +12,7 @@
 
 #include "render/StagePlayer.h"
 #include "render/Tiling.h"
+#include "render/TurnedTiles.h"
 #include "support/AllocationCount.h"
 
 namespace scenara::test {
@@ -472,8 +473,10 @@ struct Crowd {
     Long count;
     Long step;
     Integer size;
-    Single scale;     // of the frame
-    Single ownScale;  // of the element
+    Single scale;      // of the frame
+    Single ownScale;   // of the element
+    Long width = 320;  // of the view
+    Long height = 240;
 };
 
 TEST(TurnedTiles, AreNeverTooMany) {
@@ -486,6 +489,8 @@ TEST(TurnedTiles, AreNeverTooMany) {
              {"tiny, with large pictures", 1, 2, 30000, 1024, 1e-8F},
              {"large, with small pictures", 1, 2, 300, 1e-3F, 10},
              {"as small as can be", 1, 2, 1, 1e-30F, 1e-38F},
+             {"a pixel apart in a large view", 1, 2, 1, 1, 0.5F, 7680, 4320},
+             {"far too small in a large view", 1, 2, 300, 1, 1e-4F, 7680, 4320},
          }) {
         SCOPED_TRACE(row.name);
         StagePlayer player(ViewOptions{true});
@@ -496,9 +501,13 @@ TEST(TurnedTiles, AreNeverTooMany) {
         player.model.Actions.front().frames.front().angle = 30;
         player.model.Actions.front().frames.front().scale = {row.scale, row.scale};
         player.Element(0).scaleStart = {row.ownScale, row.ownScale};
+        player.model.localcoordWidth = row.width;
+        player.model.localcoordHeight = row.height;
         player.Start();
         DrawScene(player.engine, player.tiles, player.flags);
-        EXPECT_LE(player.record.DrawnCount(), static_cast<std::size_t>(2 * (kDeepest + 322 * 242)));
+        const auto pixels = static_cast<double>((row.width + 2) * (row.height + 2));
+        EXPECT_LE(static_cast<double>(player.record.DrawnCount()),
+                  2 * (static_cast<double>(kDeepest) + std::min(pixels, kMostTurned)));
     }
 }
 

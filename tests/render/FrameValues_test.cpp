@@ -171,6 +171,7 @@ struct ShownBlending {
     Integer left;  // of 4 ticks
     Blending shown;
     Byte interpolated = kInterpolatedBlend;
+    Integer time = 4;
 };
 
 TEST(FrameBlending, GoesOverIntoThatOfTheNextFrame) {
@@ -194,10 +195,12 @@ TEST(FrameBlending, GoesOverIntoThatOfTheNextFrame) {
              {"from sub", kSub, kAdd, 1, kSub},
              {"into sub", kAdd, kSub, 1, kAdd},
              {"none into sub", kNone, kSub, 1, kNone},
+             {"held for ever", kNone, kAdd, -1, kNone, kInterpolatedBlend, -1},
+             {"of no time", kNone, kAdd, 0, kNone, kInterpolatedBlend, 0},
          }) {
         SCOPED_TRACE(row.name);
         StageAction action;
-        action.frames = {Frame(4, 0, 1, 0), Frame(1, 0, 1, 0, row.interpolated)};
+        action.frames = {Frame(row.time, 0, 1, 0), Frame(1, 0, 1, 0, row.interpolated)};
         action.frames[0].blending = row.from;
         action.frames[1].blending = row.to;
         const Blending shown = FrameBlendingOf(action, Showing(0, row.left));

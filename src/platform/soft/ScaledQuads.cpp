@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "platform/soft/MeanKinds.h"
 #include "platform/soft/Rectangle.h"
 #include "platform/soft/RowDrawing.h"
 
@@ -58,18 +59,6 @@ private:
     ScaledSteps ahead_;
     TexelAxis axis_;
 };
-
-// What the texture of `kind` is after means of its texels were taken.
-Coverage::Kind KindOfMeans(Coverage::Kind kind) {
-    return kind == Coverage::Kind::Masked ? Coverage::Kind::Translucent : kind;
-}
-
-rows::MeanAlphas AlphasOf(const PixelStates& states, Coverage::Kind kind) {
-    if (!states.blending || kind == Coverage::Kind::Opaque) {
-        return rows::MeanAlphas::Unused;
-    }
-    return kind == Coverage::Kind::Masked ? rows::MeanAlphas::Cut : rows::MeanAlphas::Any;
-}
 
 // Draws the lines of a stretch of columns.
 class Stretch {

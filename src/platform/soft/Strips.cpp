@@ -3,6 +3,7 @@
 
 #include "platform/soft/ScaledQuads.h"
 #include "platform/soft/Triangles.h"
+#include "platform/soft/TurnedQuads.h"
 #include "platform/soft/WholeQuads.h"
 
 namespace scenara::soft {
@@ -16,7 +17,8 @@ void DrawFastest(const Target& target, const PixelStates& states, const SoftText
     const Texels texels = texture->Pixels();
     const Coverage& coverage = texture->PixelCoverage();
     if (!DrawWholeQuad(target, states, texels, coverage, corners) &&
-        !DrawScaledQuad(target, states, texels, coverage, corners)) {
+        !DrawScaledQuad(target, states, texels, coverage, corners) &&
+        !DrawTurnedQuad(target, states, texels, coverage, corners)) {
         DrawStrip(target, states, &texels, corners);
     }
 }
