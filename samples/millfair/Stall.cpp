@@ -79,7 +79,8 @@ AlphaPicture DrawStallInside() {
         for (double x = kLeft + 14; x < kRight - 16;) {
             const double width = random.Between(6, 11);
             const double height = random.Between(8, 15);
-            const Light jar = Mixed(Icing(random.Whole(0, 3)), kGinger, random.Between(0.1, 0.7));
+            const Light icing = Icing(random.Whole(0, 3));
+            const Light jar = Mixed(icing, kGinger, random.Between(0.1, 0.7));
             PaintBox(painting, {x, shelf - height}, {x + width, shelf}, [&](double px, double) {
                 const double side = (px - x) / width * 2 - 1;
                 return Film{jar * (0.66 - 0.22 * side * side + 0.12 * (side < -0.2)), 1};
