@@ -26,6 +26,8 @@
 #include "lanternkeeper/LanternKeeper.h"
 #include "lanternpier/Definition.h"
 #include "lanternpier/LanternPier.h"
+#include "millfair/Definition.h"
+#include "millfair/MillFair.h"
 #include "nightexpress/Definition.h"
 #include "nightexpress/NightExpress.h"
 #include "thousandpanes/Definition.h"
@@ -88,11 +90,14 @@ void MakeFolder(const fs::path& folder) {
                scenara::samples::GlassLagoonArchive());
     WriteStage(folder / "stages", "lanternpier", scenara::samples::kLanternPierDefinition,
                scenara::samples::LanternPierArchive());
+    WriteStage(folder / "stages", "millfair", scenara::samples::kMillFairDefinition,
+               scenara::samples::MillFairArchive());
     WriteStage(folder / "stages", "nightexpress", scenara::samples::kNightExpressDefinition,
                scenara::samples::NightExpressArchive());
     WriteStage(folder / "stages", "thousandpanes", scenara::samples::kThousandPanesDefinition,
                scenara::samples::ThousandPanesArchive());
     WriteFile(folder / "sound/harbour.mid", scenara::samples::CloudHarbourMusic());
+    WriteFile(folder / "sound/fair.mid", scenara::samples::MillFairMusic());
     WriteFile(folder / "sound/lagoon.mid", scenara::samples::GlassLagoonMusic());
     WriteFile(folder / "sound/pier.mid", scenara::samples::LanternPierMusic());
     WriteFile(folder / "sound/express.mod", scenara::samples::NightExpressMusic());

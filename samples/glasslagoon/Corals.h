@@ -5,8 +5,8 @@
 
 #include <cstdint>
 
-#include "glasslagoon/Strokes.h"
 #include "painting/PuffField.h"
+#include "painting/Strokes.h"
 #include "samplemaker/Canvas.h"
 
 namespace scenara::samples::glasslagoon {

@@ -5,8 +5,8 @@
 
 #include "glasslagoon/Pictures.h"
 #include "glasslagoon/Scene.h"
-#include "glasslagoon/Strokes.h"
 #include "painting/NoiseSheet.h"
+#include "painting/Strokes.h"
 #include "samplemaker/Noise.h"
 
 namespace scenara::samples::glasslagoon {

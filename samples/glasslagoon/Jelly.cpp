@@ -7,7 +7,7 @@
 
 #include "glasslagoon/Pictures.h"
 #include "glasslagoon/Scene.h"
-#include "glasslagoon/Strokes.h"
+#include "painting/Strokes.h"
 
 namespace scenara::samples::glasslagoon {
 namespace {

@@ -8,7 +8,7 @@
 
 #include "glasslagoon/Pictures.h"
 #include "glasslagoon/Scene.h"
-#include "glasslagoon/Strokes.h"
+#include "painting/Strokes.h"
 #include "samplemaker/Noise.h"
 
 namespace scenara::samples::glasslagoon {

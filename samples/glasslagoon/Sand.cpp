@@ -9,8 +9,8 @@
 #include "glasslagoon/Caustics.h"
 #include "glasslagoon/Pictures.h"
 #include "glasslagoon/Scene.h"
-#include "glasslagoon/Strokes.h"
 #include "painting/NoiseSheet.h"
+#include "painting/Strokes.h"
 #include "samplemaker/Noise.h"
 #include "samplemaker/Ramp.h"
 

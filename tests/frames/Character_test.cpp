@@ -349,6 +349,7 @@ INSTANTIATE_TEST_SUITE_P(
         RealCase{SCENARA_BUNDLED_DATA, "cloudharbour.def", "lanternkeeper/lanternkeeper.def"},
         RealCase{SCENARA_BUNDLED_DATA, "glasslagoon.def", "lanternkeeper/lanternkeeper.def"},
         RealCase{SCENARA_BUNDLED_DATA, "lanternpier.def", "lanternkeeper/lanternkeeper.def"},
+        RealCase{SCENARA_BUNDLED_DATA, "millfair.def", "lanternkeeper/lanternkeeper.def"},
         RealCase{SCENARA_BUNDLED_DATA, "thousandpanes.def", "lanternkeeper/lanternkeeper.def"},
         RealCase{SCENARA_SAMPLE_DATA, "kfm.def", "kfm/kfm.def"},
         RealCase{SCENARA_SAMPLE_DATA, "stage0.def", "kfm/kfm.def"}),

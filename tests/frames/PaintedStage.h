@@ -40,6 +40,7 @@ public:
     void Pass(int frames);  // which nobody looks at
     void Hold(std::string_view keyScript);
     void Run(std::string_view keyScript, int frames);
+    void Zoom(double zoom) { machine_.Zoom(zoom); }  // from the next frame on
 
     [[nodiscard]] const std::vector<std::uint32_t>& Picture() const { return machine_.Picture(); }
     [[nodiscard]] const CanvasSize& PictureSize() const { return machine_.PictureSize(); }

@@ -35,11 +35,12 @@ TEST_P(BundledMusic, IsOfTheLengthThatIsWrittenAndPlays) {
     EXPECT_TRUE(Eventually([&] { return music.Position() > 0 && listener.Left() > 0; }));
 }
 
-// 128 steps of 0.395 s, as many of 0.45 s; 5 patterns of 64 rows of 0.12 s; 96 steps of 5700 /
-// 22050 s.
+// 128 steps of 0.395 s, as many of 0.45 s, 96 of 0.25 s; 5 patterns of 64 rows of 0.12 s; 96 steps
+// of 5700 / 22050 s.
 INSTANTIATE_TEST_SUITE_P(All, BundledMusic,
                          testing::Values(Tune{"pier.mid", 50.56}, Tune{"lagoon.mid", 57.6},
-                                         Tune{"express.mod", 38.4}, Tune{"panes.wav", 24.816}),
+                                         Tune{"fair.mid", 24}, Tune{"express.mod", 38.4},
+                                         Tune{"panes.wav", 24.816}),
                          [](const testing::TestParamInfo<Tune>& test) {
                              const std::string name = test.param.file;
                              return name.substr(0, name.find('.'));

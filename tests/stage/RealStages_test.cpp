@@ -29,7 +29,7 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 
 const std::string kRealFolder = std::string(SCENARA_SAMPLE_DATA) + "/";
-constexpr const char* kStageOfVersion2 = "glasslagoon.def";
+constexpr std::array kStagesOfVersion2 = {"glasslagoon.def", "millfair.def"};
 const std::string kBundledFolder = std::string(SCENARA_BUNDLED_DATA) + "/";
 
 // A stage of a MUGEN folder on the disk, loaded by a program that lives in a folder of its own.
@@ -250,18 +250,20 @@ TEST(BundledStages, OpenPlainly) {
         const DiskStage stage(kBundledFolder, name, kPlainView);
         EXPECT_TRUE(stage.loaded) << name;
         EXPECT_GT(stage.Model().ElementCount, 0) << name;
-        if (name != kStageOfVersion2) {
+        if (std::ranges::find(kStagesOfVersion2, name) == kStagesOfVersion2.end()) {
             EXPECT_GT(stage.Model().SpriteCount, 0) << name;
         }
     }
 }
 
-TEST(BundledStages, LagoonHasItsPicturesWithAdditionsOnly) {
-    const DiskStage whole(kBundledFolder, kStageOfVersion2, ViewOptions());
-    EXPECT_GT(whole.Model().SpriteCount, 0);
-    const DiskStage plain(kBundledFolder, kStageOfVersion2, kPlainView);
-    EXPECT_EQ(plain.Model().SpriteCount, 0);
-    EXPECT_THAT(plain.machine.MessageTexts(), Contains(HasSubstr("version 2.01")));
+TEST(BundledStages, ArchivesOfVersion2AreReadWithAdditionsOnly) {
+    for (const char* name : kStagesOfVersion2) {
+        const DiskStage whole(kBundledFolder, name, ViewOptions());
+        EXPECT_GT(whole.Model().SpriteCount, 0) << name;
+        const DiskStage plain(kBundledFolder, name, kPlainView);
+        EXPECT_EQ(plain.Model().SpriteCount, 0) << name;
+        EXPECT_THAT(plain.machine.MessageTexts(), Contains(HasSubstr("version 2.01"))) << name;
+    }
 }
 
 // "1001 Panes" is written so that the two readings differ.
@@ -280,13 +282,14 @@ TEST(BundledStages, EverythingThatTheyNameIsThere) {
         const DiskStage stage(kBundledFolder, name, ViewOptions());
         EXPECT_TRUE(files.FileExists(stage.machine.music)) << name << ": " << stage.machine.music;
         for (const BackgroundElement& element : stage.Model().Elements) {
-            const bool animated = element.type == "anim";
-            EXPECT_GE(animated ? element.actionIndex : element.spriteIndex, 0)
+            const bool frames = element.type == "anim" || element.spriteIndex == kPicturesOfAction;
+            EXPECT_GE(frames ? element.actionIndex : element.spriteIndex, 0)
                 << name << ": " << element.name;
         }
         for (const StageAction& action : stage.Model().Actions) {
             for (const StageFrame& frame : action.frames) {
-                EXPECT_GE(frame.spriteIndex, 0) << name << ": action " << action.actionNo;
+                EXPECT_TRUE(frame.spriteIndex >= 0 || frame.group == -1)
+                    << name << ": action " << action.actionNo;
             }
         }
     }

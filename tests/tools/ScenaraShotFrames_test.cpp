@@ -154,7 +154,7 @@ TEST_F(ScenaraShotFrames, WrongUseIsExplained) {
 // The whole of what an author sees: every stage, with the camera at every edge, without a word.
 TEST_F(ScenaraShotFrames, TheBundledStagesShowEverywhere) {
     for (const char* stage : {"cloudharbour.def", "glasslagoon.def", "lanternpier.def",
-                              "nightexpress.def", "thousandpanes.def"}) {
+                              "millfair.def", "nightexpress.def", "thousandpanes.def"}) {
         std::vector<std::vector<std::uint32_t>> pictures;
         for (const char* keys : {"none:1", "left:200", "right:200", "up:100"}) {
             EXPECT_EQ(Run("--mugen " SCENARA_BUNDLED_DATA " " + std::string(stage) + " --keys " +
@@ -167,22 +167,32 @@ TEST_F(ScenaraShotFrames, TheBundledStagesShowEverywhere) {
     }
 }
 
+// A stage's own zoom is kept, so these are its ends.
+std::vector<std::string> ZoomEnds(const std::string& definition) {
+    return definition.find("zoomin") == std::string::npos
+               ? std::vector<std::string>{""}
+               : std::vector<std::string>{"--zoom .01 ", "--zoom 64 "};
+}
+
 // With debugbg the view is magenta where no element is.
 TEST_F(ScenaraShotFrames, TheBundledStagesCoverTheViewAtEveryBound) {
     const std::string hidden = "debugbg = 0";
     for (const char* stage : {"cloudharbour.def", "glasslagoon.def", "lanternpier.def",
-                              "nightexpress.def", "thousandpanes.def"}) {
+                              "millfair.def", "nightexpress.def", "thousandpanes.def"}) {
         std::string definition = Contents(SCENARA_BUNDLED_DATA "/stages/" + std::string(stage));
         const auto place = definition.find(hidden);
         ASSERT_NE(place, std::string::npos) << stage;
         PutStage("holes.def", definition.replace(place, hidden.size(), "debugbg = 1"));
-        for (const char* keys : {"left:200", "right:200", "left+up:200", "right+up:200"}) {
-            EXPECT_EQ(Run("--mugen " SCENARA_BUNDLED_DATA " " + Path("mugen/stages/holes.def") +
-                          " --keys " + keys + " --frames 210 --out " + Path("a.png")),
-                      0);
-            const auto pixels = Read("a.png");
-            EXPECT_EQ(std::count(pixels.begin(), pixels.end(), 0xFFFF00FFU), 0)
-                << stage << ' ' << keys;
+        for (const std::string& zoom : ZoomEnds(definition)) {
+            for (const char* keys : {"left:200", "right:200", "left+up:200", "right+up:200"}) {
+                EXPECT_EQ(
+                    Run("--mugen " SCENARA_BUNDLED_DATA " " + Path("mugen/stages/holes.def") +
+                        " --keys " + keys + " --frames 210 " + zoom + "--out " + Path("a.png")),
+                    0);
+                const auto pixels = Read("a.png");
+                EXPECT_EQ(std::count(pixels.begin(), pixels.end(), 0xFFFF00FFU), 0)
+                    << stage << ' ' << zoom << keys;
+            }
         }
     }
 }

@@ -115,7 +115,7 @@ TEST_F(ScenaraShotModel, AFileWithBareLineFeedsLeavesNoCopyBehind) {
 
 TEST_F(ScenaraShotModel, TheBundledStagesLoadWithoutAWord) {
     for (const char* stage : {"cloudharbour.def", "glasslagoon.def", "lanternpier.def",
-                              "nightexpress.def", "thousandpanes.def"}) {
+                              "millfair.def", "nightexpress.def", "thousandpanes.def"}) {
         EXPECT_EQ(Run("--mugen " SCENARA_BUNDLED_DATA " " + std::string(stage) + " --model " +
                       Path("model.json")),
                   0);

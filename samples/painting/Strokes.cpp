@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "glasslagoon/Strokes.h"
+#include "painting/Strokes.h"
 
 #include <algorithm>
 #include <cmath>
@@ -7,7 +7,7 @@
 
 #include "painting/Shapes.h"
 
-namespace scenara::samples::glasslagoon {
+namespace scenara::samples {
 namespace {
 
 struct PixelBox {
@@ -143,4 +143,4 @@ void PaintGlow(AlphaPainting& painting, const Oval& oval, const Film& film) {
     });
 }
 
-}  // namespace scenara::samples::glasslagoon
+}  // namespace scenara::samples

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Strokes: soft lines that bend and swell, for all that grows and floats here.
+// Strokes: soft lines that bend and swell, for all that grows, floats or is built of bars.
 //
 // A stroke runs through knots, from each to the next in a straight line. However it bends, no pixel
 // gets its film twice, so a thin film shows no joints.
@@ -12,7 +12,7 @@
 
 #include "painting/AlphaPainting.h"
 
-namespace scenara::samples::glasslagoon {
+namespace scenara::samples {
 
 struct Knot {
     double x = 0;
@@ -57,4 +57,4 @@ void PaintOval(AlphaPainting& painting, const Oval& oval, double soft, const Ova
 // Densest in the middle, nothing at the oval's edge.
 void PaintGlow(AlphaPainting& painting, const Oval& oval, const Film& film);
 
-}  // namespace scenara::samples::glasslagoon
+}  // namespace scenara::samples
