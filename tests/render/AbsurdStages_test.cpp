@@ -134,6 +134,14 @@ void AddElement(Absurd& absurd, StagePlayer& player) {
         element.scaleStart = {absurd.AnySingle(), absurd.AnySingle()};
         element.scaleDelta = {absurd.AnySingle(), absurd.AnySingle()};
     }
+    if (!absurd.Often()) {
+        element.zoomDelta = {absurd.AnySingle(), absurd.AnySingle()};
+        element.rowWidths = {absurd.AnySingle(), absurd.AnySingle()};
+        element.maskWindowActive = static_cast<Byte>(absurd.Below(2));
+        for (Single& edge : element.maskWindow) {
+            edge = absurd.AnySingle();
+        }
+    }
 }
 
 void AddControls(Absurd& absurd, StagePlayer& player) {
@@ -171,6 +179,13 @@ void SetStage(Absurd& absurd, StageModel& model) {
     model.localcoordHeight = absurd.OneOf(kHeights);
     model.StageXScale = absurd.AnySingle();
     model.StageYScale = absurd.AnySingle();
+    if (!absurd.Often()) {
+        model.ZoomOut = absurd.AnySingle();
+        model.ZoomIn = absurd.AnySingle();
+        model.StartZoom = absurd.AnySingle();
+        model.ZOffset = absurd.AnyInteger();
+        model.ZOffsetLink = static_cast<Integer>(absurd.Below(4) - 1);
+    }
 }
 
 // With everything, under a camera that the user moves.
