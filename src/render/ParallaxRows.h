@@ -2,13 +2,14 @@
 //
 // Parallax pictures: rows that move at different speeds.
 //
-// They are slices of one, as `xscale` has it, or have widths of their own, as `width` of MUGEN 1.1
-// has it.
-//
-// Of slices the top row moves at the element's deltaX, the row at height t (0 top, 1 bottom) at
+// With `xscale` the top row moves at the element's deltaX, the row at height t (0 top, 1 bottom) at
 // deltaX times (top + (bottom - top) * t) / top of the two scales. Rows keep their length. Plainly
 // they stand unsheared with the camera at 0; addition: where the element's axis is in the middle of
 // the view.
+//
+// With `width` of MUGEN 1.1, an addition, the picture is a trapezoid: the top row is that many
+// pixels of pictures wide, about the element's axis, and the row at height t, its distance from
+// the middle of the view and its tiles are 1 + (bottom / top - 1) * t times as wide.
 #pragma once
 
 #include <cstdint>
@@ -22,14 +23,14 @@ namespace scenara {
 [[nodiscard]] double RowSpeed(const BackgroundElement& element, std::int64_t row,
                               std::int64_t rows);
 
-// Addition: whether rows have widths of their own, which go before relative speeds.
+// Addition: whether rows have widths of their own, which go before relative speeds. Both must have
+// been given, the first above 0.
 [[nodiscard]] inline bool HasRowWidths(const BackgroundElement& element) {
     return element.kind == ElementKind::Parallax && element.rowWidths[0] > 0 &&
            element.rowWidths[1] >= 0;
 }
 
-// Of such a picture: how wide row `row` of `rows` is, in parts of the top row; and its distance
-// from the middle of the view, in parts of the top row's.
+// Of such a picture: how many times as wide as the top row this one is.
 [[nodiscard]] double RowWidth(const BackgroundElement& element, std::int64_t row,
                               std::int64_t rows);
 
