@@ -463,6 +463,21 @@ TEST_F(UpdateCharacterTest, ItStaysWithinHalfAViewOfTheBounds) {
     EXPECT_EQ(Hero().X, -84.0F) << "-100 - 160 + 15 is -245, a step of 2 short, and 160";
 }
 
+// Zoomed out by half the camera sees from -160 to 480 at its place 0, so from -260 to 580 in all.
+TEST_F(UpdateCharacterTest, ItGoesAsFarAsTheCameraSeesWhenItIsFarthestAway) {
+    model_.ZoomOut = 0.5F;
+    model_.ScreenLeft = 15;
+    model_.ScreenRight = 10;
+    Hero().HasTurn = false;
+    for (const double zoom : {0.5, 1.0}) {
+        model_.CamZoom = zoom;
+        static_cast<void>(Shown(500, kRight));
+        EXPECT_EQ(Hero().X, 570.0F) << "580 - 10";
+        static_cast<void>(Shown(500, kLeft));
+        EXPECT_EQ(Hero().X, -244.0F) << "-260 + 15, a step of 2 short";
+    }
+}
+
 TEST_F(UpdateCharacterTest, AStepIsWholeOrNotMade) {
     Hero().WalkSpeed = 30;
     static_cast<void>(Shown(50, kRight));
@@ -540,6 +555,27 @@ TEST_F(UpdateCharacterTest, TheCameraGoesAsFarAsTheCharacterIsSeen) {
     camera_.x = 0;
     static_cast<void>(Update());
     EXPECT_EQ(along_, 590) << "also while it stands";
+}
+
+// At a zoom of 2 the picture goes from 80 to 240, at .5 from -160 to 480.
+TEST_F(UpdateCharacterTest, ZoomMovesTheEdgesAtWhichTheCameraMustGo) {
+    model_.ZoomOut = 0.5F;
+    model_.ScreenLeft = 15;
+    model_.ScreenRight = 10;
+    model_.BoundLeft = -1000;
+    model_.BoundRight = 1000;
+    Hero().HasTurn = false;
+    for (const auto& [zoom, x, along] : {std::tuple(2.0, 250.0F, 22.0F),
+                                         {2.0, 90.0F, -3.0F},
+                                         {0.5, 476.0F, 8.0F},
+                                         {0.5, -140.0F, 0.0F}}) {
+        model_.CamZoom = zoom;
+        Hero().X = x;
+        camera_.x = 0;
+        static_cast<void>(Update());
+        static_cast<void>(Update(kRight));
+        EXPECT_EQ(along_, along) << zoom << ", " << x;
+    }
 }
 
 TEST_F(UpdateCharacterTest, TheCameraStandsWhereTheCharacterCannotGo) {

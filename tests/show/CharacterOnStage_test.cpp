@@ -347,6 +347,17 @@ TEST_F(CharacterPassTest, GivesTheFigureAsTheCameraSeesIt) {
     EXPECT_EQ(camera_.lead, CameraLead::Stand);
 }
 
+// Its feet stay on the ground, and the middle of the view stays where it is.
+TEST_F(CharacterPassTest, GivesTheFigureAsItIsZoomed) {
+    camera_.previousX = -20;
+    model_.CamZoom = 2;
+    const Figure figure = Advance();
+    EXPECT_EQ(figure.x, -21.0F);  // 160 + 2 (69.5 - 160)
+    EXPECT_EQ(figure.y, 197.0F);  // 200 + 2 (198.5 - 200)
+    EXPECT_EQ(figure.width, 4.0F);
+    EXPECT_EQ(figure.height, 9.0F);
+}
+
 TEST_F(CharacterPassTest, GivesTheSameFigureAgainWhereTheCameraIsNow) {
     const Figure first = Advance({VirtualKey::Right});
     const Single place = state_.Characters[0].X;
