@@ -11,6 +11,7 @@
 #include "millfair/Scene.h"
 #include "painting/NoiseSheet.h"
 #include "painting/PuffField.h"
+#include "painting/Steps.h"
 #include "painting/Strokes.h"
 #include "samplemaker/Noise.h"
 
@@ -120,15 +121,15 @@ void PaintHouse(AlphaPainting& painting, const House& house, samplemaker::Random
     PaintBox(painting, {chimney, ridge - 5}, {chimney + 3.4, ridge + 5}, [&](double x, double) {
         return Film{tile * LightOn((x - chimney) / 1.7 - 1) * 1.1, 1};
     });
-    for (double x = left + 5; x < right - 6; x += 9) {
-        for (double y = eaves + 5; y < kVillageFoot - 7; y += 12) {
+    ForEachStep(left + 5, right - 6, 9, [&](double x) {
+        ForEachStep(eaves + 5, kVillageFoot - 7, 12, [&](double y) {
             if (random.Unit() < 0.55) {
                 PaintWindow(painting, x, y, 3.4, 4.6);
             } else {
                 PaintBox(painting, {x, y}, {x + 3.4, y + 4.6}, wall * LightOn(0.9) * 0.55);
             }
-        }
-    }
+        });
+    });
 }
 
 void PaintChurch(AlphaPainting& painting, double x) {

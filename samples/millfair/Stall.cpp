@@ -155,9 +155,10 @@ AlphaPicture DrawStallFront() {
     });
     samplemaker::Random random(3167);
     for (int apple = 0; apple < 13; ++apple) {
+        const int layer = apple / 5;
         const double x =
-            kRight - 36 + (apple % 5 - 2) * 6.6 + random.Between(-1, 1) + (apple / 5 % 2) * 3;
-        const double y = kCounter - 8 - 4.5 * (apple / 5);
+            kRight - 36 + (apple % 5 - 2) * 6.6 + random.Between(-1, 1) + layer % 2 * 3;
+        const double y = kCounter - 8 - 4.5 * layer;
         PaintOval(painting, {x, y, 4, 4}, 0.9, [&](double u, double v) {
             const double shine = Rise(0.4, 0.1, std::hypot(u + 0.4, v + 0.4));
             return Film{Mixed(Light{0.86, 0.24, 0.16} * (0.9 - 0.25 * u - 0.2 * v),

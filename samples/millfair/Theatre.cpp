@@ -8,6 +8,7 @@
 #include "millfair/Polygon.h"
 #include "millfair/Scene.h"
 #include "painting/NoiseSheet.h"
+#include "painting/Steps.h"
 #include "painting/Strokes.h"
 #include "samplemaker/Noise.h"
 
@@ -61,9 +62,7 @@ void PaintBackdrop(AlphaPainting& painting) {
     }
     PaintBox(painting, {96, 92}, {99.5, 98}, kLampLight);
     Points land = {{kInRight, kInBottom}, {kInLeft, kInBottom}};
-    for (double x = kInLeft; x <= kInRight; x += 2) {
-        land.push_back({x, hill(x)});
-    }
+    ForEachStep(kInLeft, kInRight + 1, 2, [&](double x) { land.push_back({x, hill(x)}); });
     PaintPolygon(painting, land, [&](double x, double y) {
         return Film{
             Mixed(Light{0.38, 0.52, 0.38}, Light{0.24, 0.34, 0.34}, Rise(0, 12, y - hill(x))), 1};
@@ -71,7 +70,7 @@ void PaintBackdrop(AlphaPainting& painting) {
 }
 
 void PaintScallops(AlphaPainting& painting, double left, double right, double top, double step) {
-    for (double x = left; x < right - 0.5; x += step) {
+    ForEachStep(left, right - 0.5, step, [&](double x) {
         const bool red = static_cast<int>(std::lround((x - left) / step)) % 2 == 0;
         const Light own = red ? kRed : kCream;
         PaintOval(painting, {x + step / 2, top, step / 2, step * 0.72}, 1, [&](double u, double v) {
@@ -79,7 +78,7 @@ void PaintScallops(AlphaPainting& painting, double left, double right, double to
             return Film{(trim ? kGold : own) * LightOn(0.5 * u - 0.2) * (1.05 - 0.12 * v),
                         Rise(-0.05, 0.05, v)};
         });
-    }
+    });
 }
 
 void PaintCurtain(AlphaPainting& painting, double outer, double inner) {
@@ -135,12 +134,12 @@ AlphaPicture DrawTheatreFrame() {
         painting, {kInLeft - 9, kInBottom}, {kInRight + 9, kInBottom + 7}, [](double x, double y) {
             return Film{kWood * LightOn((x - kMiddle) / 70) * (y < kInBottom + 2 ? 1.9 : 1.15), 1};
         });
-    for (double x = kInLeft + 8; x < kInRight; x += 17.5) {
+    ForEachStep(kInLeft + 8, kInRight, 17.5, [&](double x) {
         PaintGlow(painting, {x, kInBottom - 1, 9, 9}, {kLampLight, 0.55});
         PaintOval(painting, {x, kInBottom, 3.2, 3.2}, 1, [](double u, double v) {
             return Film{Mixed(kLampCore, kGold, Rise(-0.4, 0.6, v + 0.2 * u)), 1};
         });
-    }
+    });
     // The pelmet, and the gable with a star on it.
     PaintBox(painting, {kLeft - 4, kTop - 2}, {kRight + 4, kTop + 24}, [](double x, double y) {
         return Film{kRed * LightOn((x - kMiddle) / 75) * (1.05 - 0.012 * (y - kTop)), 1};
@@ -159,12 +158,12 @@ AlphaPicture DrawTheatreFrame() {
         star.push_back({kMiddle + radius * std::cos(turn), 20 + radius * std::sin(turn)});
     }
     PaintPolygon(painting, star, kCream * 0.98);
-    for (double x = kLeft + 2; x < kRight; x += 14) {
+    ForEachStep(kLeft + 2, kRight, 14, [&](double x) {
         const double y = kTop + 12;
         PaintOval(painting, {x + 7, y, 2.4, 2.4}, 1, [](double u, double v) {
             return Film{kGold * LightOn(u) * (1.05 - 0.2 * v), 1};
         });
-    }
+    });
     // A wooden foot.
     PaintBox(painting, {kLeft - 2, kFoot - 9}, {kRight + 2, kFoot + 1}, [](double x, double y) {
         const double board = std::abs(InCell(x, 22)) < 0.7 ? 0.7 : 1;
