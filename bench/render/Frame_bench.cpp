@@ -10,6 +10,7 @@
 #include <benchmark/benchmark.h>
 
 #include "platform/View.h"
+#include "platform/png/LibPngPictures.h"
 #include "platform/posix/PosixFiles.h"
 #include "render/StageInView.h"
 #include "stage/LoadStage.h"
@@ -20,16 +21,18 @@ namespace {
 
 void DrawFrames(benchmark::State& state, const std::string& folder, const std::string& definition) {
     try {
-        StageInView stage(kPlainView, [&](StageModel& model, Direct3DDevice8& device,
-                                          HeadlessMessages& messages) {
-            PosixFiles files("");
-            HeadlessWindow window;
-            const ViewOptions view;
-            std::string path = folder + "stages/" + definition;
-            if (!LoadStage(model, path, {files, messages, window, device, view, folder, {}})) {
-                throw std::runtime_error(messages.Recorded().back().text);
-            }
-        });
+        const ViewOptions view;
+        StageInView stage(
+            view, [&](StageModel& model, Direct3DDevice8& device, HeadlessMessages& messages) {
+                PosixFiles files("");
+                HeadlessWindow window;
+                const LibPngPictures png;
+                std::string path = folder + "stages/" + definition;
+                if (!LoadStage(model, path,
+                               {files, messages, window, device, view, folder, {}, &png})) {
+                    throw std::runtime_error(messages.Recorded().back().text);
+                }
+            });
         for ([[maybe_unused]] const auto iteration : state) {
             stage.Draw();
         }
