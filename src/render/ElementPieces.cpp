@@ -245,7 +245,7 @@ private:
 
     // Where a row begins, and how wide it is where rows have widths of their own; canvas pixels.
     struct PlacedRow {
-        double x;
+        double x = 0;
         double width = 0;
     };
 

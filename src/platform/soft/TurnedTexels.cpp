@@ -130,7 +130,7 @@ AVX2 void TurnedNearestAvx2(const Texels& texture, const TurnedCourse& across,
     const TurnedCourse u = across;  // of a copy of their own compilers know that nobody changes it
     const TurnedCourse v = down;
     const std::uint32_t* const words = texture.words.data();
-    alignas(16) std::array<std::int32_t, kGroup> offsets;
+    alignas(16) std::array<std::int32_t, kGroup> offsets{};
     for (std::int32_t x = 0; x < count; x += kGroup) {
         const eight::PixelNumbers pixels(x);
         const auto half = [](std::int32_t* to) { return reinterpret_cast<__m128i_u*>(to); };
