@@ -148,7 +148,10 @@ void frmStage::mnuReload_Click() {
 
 // The same stage again, where the camera stands.
 void frmStage::LoadAgain() {
-    const CameraStand camera{{show_.Model().CamX, show_.Model().CamY}, show_.Model().CamZoom};
+    CameraStand camera{{show_.Model().CamX, show_.Model().CamY}, {}};
+    if (show_.CanZoom()) {
+        camera.zoom = show_.Model().CamZoom;
+    }
     show_.Which.CurrentStageFile = show_.Which.shown;
     LeaveStage();
     show_.Which.camera = camera;

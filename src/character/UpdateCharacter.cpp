@@ -111,8 +111,8 @@ double Move(const TestCharState& state, const StageModel& model, const View& vie
 }
 
 // How far the camera goes along with a step of the character, or with none. The place before it is
-// compared with the view as it is drawn in this frame. Where the character would be
-// beyond the picture's edges the camera goes as far as it must.
+// compared with the view as it is drawn in this frame. Where the character would be beyond the
+// picture's edges the camera goes as far as it must.
 double AlongWith(double step, double viewX, const StageModel& model, const View& view) {
     const auto middle = static_cast<double>(view.Centre());
     const double half = middle / model.CamZoom;  // of what is seen

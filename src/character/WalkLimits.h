@@ -18,6 +18,7 @@ struct WalkLimits {
 };
 
 [[nodiscard]] inline WalkLimits WalkLimitsOf(const StageModel& model, const View& view) {
+    // From the edge of a view at a zoom of 1, which Centre is half of, to that of the widest one.
     const double beyond = BeyondBoundsAt(model, view, 1);
     return {model.BoundLeft - beyond + model.ScreenLeft,
             model.BoundRight + beyond + 2 * view.Centre() - model.ScreenRight};

@@ -67,15 +67,17 @@ void DebugEditor::MoveStart(Integer index, const ViewPoint& point) {
     if (zoom.x == 0 || zoom.y == 0) {
         return;  // it has been zoomed out of sight
     }
+    // From where it was last, for the zoom may change on the way.
+    const Offset moved{
+        drag_.moved.x + (double{1} * point.x - drag_.from.x) / (pixels * space.scaleX * zoom.x),
+        drag_.moved.y + (double{1} * point.y - drag_.from.y) / (pixels * space.scaleY * zoom.y)};
     const auto start = [](Long from, double pointer, double motion) {
         return ToLong(from + pointer - motion);
     };
-    const Long startX =
-        start(drag_.startX, (double{1} * point.x - drag_.from.x) / (pixels * space.scaleX * zoom.x),
-              dragged.motion[0] - drag_.motion.x);
-    const Long startY =
-        start(drag_.startY, (double{1} * point.y - drag_.from.y) / (pixels * space.scaleY * zoom.y),
-              dragged.motion[1] - drag_.motion.y);
+    const Long startX = start(drag_.startX, moved.x, dragged.motion[0] - drag_.motion.x);
+    const Long startY = start(drag_.startY, moved.y, dragged.motion[1] - drag_.motion.y);
+    drag_.moved = moved;
+    drag_.from = point;
     dragged.startX = startX;
     dragged.startY = startY;
 }

@@ -3,12 +3,12 @@
 // CameraControl: the user moves the camera.
 //
 // Called at the end of each pass of drawing, so a held key acts twice per frame. A step is made
-// whole or, where it would pass the stage's bound, not at all; standing on the bound is allowed.
-// Bounds are in shown coordinates. The arrow keys move, Z and A lower and raise both steps by 0.5
-// (from 0.5 to 10, at most once every 150 ms), then others' keys follow, and while MouseScroll is
-// on the pointer's distance from the middle of the window sets the steps and moves. While a figure
-// leads the camera, Left and Right do nothing, and it makes at most one step of its own sideways a
-// frame, after the back pass.
+// whole or, where it would pass the stage's bound (with zoom, what that comes to), not at all;
+// standing on the bound is allowed. Bounds are in shown coordinates. The arrow keys move, Z and A
+// lower and raise both steps by 0.5 (from 0.5 to 10, at most once every 150 ms), then others' keys
+// follow, and while MouseScroll is on the pointer's distance from the middle of the window sets the
+// steps and moves. While a figure leads the camera, Left and Right do nothing, and it makes at most
+// one step of its own sideways a frame, after the back pass.
 #pragma once
 
 #include <cstdint>

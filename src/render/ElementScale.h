@@ -24,7 +24,6 @@ struct ElementScale {
 [[nodiscard]] ElementScale ScaleOf(const BackgroundElement& element, const StageSpace& space,
                                    double cameraX, double cameraY);
 
-// 1 - zoomdelta * (1 - zoom), along each axis, of MUGEN 1.1; 0 where that is below 0: then nothing
 // 1 - zoomdelta * (1 - zoom), along each axis, of MUGEN 1.1, at most 1024; 0 where that is below 0:
 // then nothing of the element is seen.
 [[nodiscard]] ElementScale ZoomOf(const BackgroundElement& element, double zoom);

@@ -103,7 +103,7 @@ bool StageShow::Load(const std::string& mugeDir, Messages& messages) {
 void StageShow::Prepare(const std::optional<CameraStand>& camera, Messages& messages) {
     PlaceCamera(model_, camera_, view_);
     if (camera) {
-        model_.CamZoom = ZoomRangeOf(model_).Kept(camera->zoom);
+        model_.CamZoom = ZoomRangeOf(model_).Kept(camera->zoom.value_or(model_.CamZoom));
         PlaceCamera(model_, camera_, view_, camera->place);
     }
     events_.CameraRangeChanged();
@@ -175,6 +175,7 @@ bool StageShow::Tick(bool info) {
 bool StageShow::CountAndTell(bool info) {
     const std::optional<Integer> frames = CountFrame(loop_, machine_.clock);
     if (frames && info) {
+        framesTold_ = *frames;
         infoText_ = InfoLine(model_.CamX, model_.CamY, *frames, ZoomToTell());
     }
     return frames.has_value();
@@ -233,6 +234,9 @@ void StageShow::ZoomTo(double zoom) {
     SetZoom(model_, camera_, view_, zoom);
     if (model_.CamZoom != before) {
         NoteEdit();  // to be seen while it is paused, too
+        if (!infoText_.empty()) {
+            infoText_ = InfoLine(model_.CamX, model_.CamY, framesTold_, ZoomToTell());
+        }
         events_.CameraRangeChanged();
     }
 }

@@ -128,7 +128,7 @@ public:
     // Whether there is a stage whose camera zooms.
     [[nodiscard]] bool CanZoom() const {
         return options_.Additions && loop_.StageRunning != 0 && loop_.LoadingStage == 0 &&
-               !ZoomRangeOf(model_).HasOnlyOne();
+               SpriteBrowserMode == 0 && !ZoomRangeOf(model_).HasOnlyOne();
     }
     // Without effect where it does not.
     void Zoom(ZoomStep step);
@@ -208,6 +208,7 @@ private:
     TileEngine tiles_;
 
     std::string infoText_;
+    Integer framesTold_ = 0;  // in it
     bool hasShown_ = false;
     bool drawsOnce_ = false;  // a frame although it is paused
     bool edited_ = false;     // something that the last picture does not show yet

@@ -14,7 +14,7 @@ namespace scenara {
 // Where a camera stands, and how near.
 struct CameraStand {
     CameraPlace place;
-    double zoom = 1;
+    std::optional<double> zoom;  // none: where the stage starts
 };
 
 struct WhichStage {

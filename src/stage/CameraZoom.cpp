@@ -30,7 +30,8 @@ ZoomRange ZoomRangeOf(const StageModel& model) {
 }
 
 double BeyondBoundsAt(const StageModel& model, const View& view, double zoom) {
-    return view.width / 2.0 * (1 / ZoomRangeOf(model).out - 1 / zoom);
+    const double beyond = view.width / 2.0 * (1 / ZoomRangeOf(model).out - 1 / zoom);
+    return model.MugenVersion < 1 ? std::floor(beyond) : beyond;
 }
 
 const BackgroundElement* GroundElement(const StageModel& model) {

@@ -27,7 +27,7 @@ struct ZoomRange {
 // How far beyond the file's bounds the camera goes to the left and to the right, stage units. These
 // are meant for the widest view: at a zoom above zoomout the view is narrower, and the camera goes
 // on until the view's edge is where it is then: width / 2 * (1 / zoomout - 1 / zoom). Below 0 it
-// stays inside of them.
+// stays inside of them. Whole units for older versions of MUGEN, in which the camera has no others.
 [[nodiscard]] double BeyondBoundsAt(const StageModel& model, const View& view, double zoom);
 
 // With the camera's zoom as it stands.

@@ -123,9 +123,9 @@ bool CanFlip(std::string_view flip, bool additions) {
     return flip == "h" || (additions && (flip == "v" || flip == "hv" || flip == "vh"));
 }
 
-// Of a frame line. Where nothing stands between two commas nothing has been given.
+// Of a frame line. What is no number has not been given: as 0 it would hide the frame.
 void ReadIfThere(KeyOffer& line, Integer index, Single& value) {
-    if (!line.BareValue(index).empty()) {
+    if (BeginsWithNumber(line.BareValue(index))) {
         line.Value(kBareValues, index, value);
     }
 }

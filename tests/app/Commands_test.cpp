@@ -55,6 +55,12 @@ TEST_F(Zooming, GoesByTenthsAndTheCamerasBarHasWhereItGoesThen) {
     }});
 }
 
+TEST_F(Zooming, BeginsAnewWhenAdditionsComeBack) {
+    const auto switchAdditions = [&] { Click(Menu::mnuAdditions); };
+    WhileAIsShown({[&] { Click(Menu::mnuZoomIn); }, switchAdditions, Wait, switchAdditions, Wait,
+                   [&] { EXPECT_EQ(model.CamZoom, 0.75); }});
+}
+
 TEST_F(Zooming, BeginsAnewWithTheStageAndIsNoneWithoutAdditions) {
     WhileAIsShown({[&] { Click(Menu::mnuZoomIn); }, [&] { Click(Menu::mnuReload); }, Wait,
                    [&] { EXPECT_EQ(model.CamZoom, 0.75); }, [&] { Click(Menu::mnuAdditions); },
@@ -78,12 +84,18 @@ TEST_F(Zooming, IsSeenWhileTheStageIsPaused) {
               "[BGdef]\nspr = stages/a.sff\n"
               "[BG wall]\ntype = normal\nspriteno = 0,0\nstart = 20,100\n");
     std::vector<std::uint32_t> before;
-    WhileAIsShown({Wait, [&] { Click(Menu::mnuPause); }, Wait,
-                   [&] {
-                       before = sink.last;
-                       Click(Menu::mnuZoomIn);
-                   },
-                   Wait, [&] { EXPECT_NE(sink.last, before); }});
+    WhileAIsShown(Then([&] { Click(Menu::mnuInfo); }) + Times(70, Wait) +
+                  std::vector<Act>{[&] { Click(Menu::mnuPause); }, Wait,
+                                   [&] {
+                                       EXPECT_THAT(show.InfoText(), HasSubstr("  Zoom 1  "));
+                                       before = sink.last;
+                                       Click(Menu::mnuZoomIn);
+                                   },
+                                   Wait,
+                                   [&] {
+                                       EXPECT_NE(sink.last, before);
+                                       EXPECT_THAT(show.InfoText(), HasSubstr("  Zoom 1.1  "));
+                                   }});
 }
 
 // --- Frame limiter -------------------------------------------------------------------------------

@@ -88,7 +88,6 @@ TEST_F(DesktopWindow, AMenuShowsTheInfoLineAndThePictureGoesOn) {
     display_.Do("keyup Right");
 }
 
-// Every frame of it takes seconds.
 TEST_F(DesktopProgram, KeysAndTheWheelZoomAlsoInTheFullScreen) {
     std::ofstream file(StagePath("cup"));
     file << "[Info]\nname = cup\n[Camera]\nzoomout = 1\nzoomin = 3\nstartzoom = 2\n"
@@ -120,6 +119,7 @@ TEST_F(DesktopProgram, KeysAndTheWheelZoomAlsoInTheFullScreen) {
     EXPECT_TRUE(Eventually([&] { return BarWidth() == 18; }));
 }
 
+// Every frame of it takes seconds.
 TEST_F(DesktopProgram, AStageThatIsTooHeavySaysSoAndCanBeLeft) {
     std::ofstream file(StagePath("heavy"));
     file << "[Info]\nname = heavy\n[Camera]\nboundleft = -9\n[BGdef]\nspr = stages/bar.sff\n";

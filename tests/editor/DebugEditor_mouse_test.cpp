@@ -360,6 +360,20 @@ TEST_F(ScaledDrag, RoundingDoesNotAddUp) {
     ExpectStart(20, 30);
 }
 
+// Also when it changes on the way.
+TEST_F(ScaledDrag, FollowsThePointerAtEveryZoom) {
+    stage.model.ZoomOut = 0.5F;
+    stage.model.ZoomIn = 2;
+    stage.model.StartZoom = 2;
+    stage.model.ZOffset = 30;
+    Begin(1, 200, 30);  // 160 + 2 x 20
+    Move(221, 51);
+    ExpectStart(30, 40);
+    stage.model.CamZoom = 0.5;
+    Move(226, 46);
+    ExpectStart(40, 30);
+}
+
 // It is the start that is dragged, wherever the camera goes meanwhile.
 TEST_F(ScaledDrag, TheCameraMayMove) {
     Begin(1, 180, 30);

@@ -80,7 +80,8 @@ void LiteralStage::KeepCamera() {
 }
 
 LiteralStage::Sides LiteralStage::CameraSides() const {
-    const double beyond = zoomLimits_.BeyondBounds(zoom_, space_.width);
+    const double exact = zoomLimits_.BeyondBounds(zoom_, space_.width);
+    const double beyond = space_.wholeCamera ? std::floor(exact) : exact;
     return {Single(model_.BoundLeft - beyond), Single(model_.BoundRight + beyond)};
 }
 

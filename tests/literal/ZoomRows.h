@@ -197,6 +197,10 @@ inline constexpr PlaceRow kZoomRows[] = {
     {"a bound between units",
      "[Info]\nmugenversion = 1.0\n[Camera]\nboundright = 10\nstartx = 100\nzoomout = .75\n", kBlock,
      "start = 200,40\ndelta = 3\n", Held::Nothing, 1, kOld, "170,40,180,48"},
+    // -10 - 53.33: -63, not -64: 160 + 189 - 200
+    {"a left bound between units before 1.0",
+     "[Camera]\nboundleft = -10\nstartx = -100\nzoomout = .75\n", kBlock,
+     "start = -200,40\ndelta = 3\n", Held::Nothing, 1, kOld, "149,40,159,48"},
     // 63: 360 - 189
     {"a bound between units before 1.0", "[Camera]\nboundright = 10\nstartx = 100\nzoomout = .75\n",
      kBlock, "start = 200,40\ndelta = 3\n", Held::Nothing, 1, kOld, "171,40,181,48"},

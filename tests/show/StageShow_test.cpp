@@ -102,7 +102,7 @@ TEST_F(StageStart, TheCameraStandsAtTheStageStartOrWhereItWasKeptAndElementsKnow
         SCOPED_TRACE(row.name);
         show_.Which.camera.reset();
         if (row.kept) {
-            show_.Which.camera = CameraStand{*row.kept};
+            show_.Which.camera = CameraStand{*row.kept, {}};
         }
         Start(kStage);
         EXPECT_EQ(model_.CamX, row.x);
@@ -117,7 +117,7 @@ TEST_F(StageStart, TheCameraStandsAtTheStageStartOrWhereItWasKeptAndElementsKnow
 }
 
 TEST_F(StageStart, AKeptCameraIsForOneStageAlone) {
-    show_.Which.camera = CameraStand{{50, -20}};
+    show_.Which.camera = CameraStand{{50, -20}, {}};
     EXPECT_FALSE(shown_.StartFile("/mugen/stages/missing.def"));
     show_.Release();
     Start(kStage);

@@ -442,13 +442,14 @@ TEST(AdditionsZoom, IsReadFromTheCamerasSectionOnly) {
 TEST(AdditionsFrames, HaveAScaleAndAnAngle) {
     const BothReadings read(
         "[Begin Action 1]\r\n1,0, 0,0, 5, H, A, 2, -.5, 33.5\r\n1,0, 0,0, 5\r\n"
-        "1,0, 0,0, 5,,,, 3\r\n");
+        "1,0, 0,0, 5,,,, 3\r\n1,0, 0,0, 5,,, big, 3\r\n");
     const std::vector<StageFrame>& frames = read.With().Actions.at(0).frames;
     EXPECT_THAT(frames.at(0).scale, ElementsAre(2, -0.5F));
     EXPECT_EQ(frames.at(0).angle, 33.5F);
     EXPECT_THAT(frames.at(1).scale, ElementsAre(1, 1));
     EXPECT_EQ(frames.at(1).angle, 0);
     EXPECT_THAT(frames.at(2).scale, ElementsAre(1, 3));
+    EXPECT_THAT(frames.at(3).scale, ElementsAre(1, 3)) << "no number";
     EXPECT_THAT(read.Plain().Actions.at(0).frames.at(0).scale, ElementsAre(1, 1));
     EXPECT_EQ(read.Plain().Actions.at(0).frames.at(0).angle, 0);
 }

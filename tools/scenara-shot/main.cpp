@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "base/NumberText.h"
 #include "base/Path.h"
 #include "base/RunTimeError.h"
 #include "base/Text.h"
@@ -119,6 +120,10 @@ ExitStatus Shoot(const ShotOptions& options) {
     }
     if (options.zoom) {
         machine.Zoom(*options.zoom);
+        if (machine.Model().CamZoom != *options.zoom) {
+            std::cerr << "The stage cannot be shown at that zoom, but at "
+                      << NumberText(static_cast<Single>(machine.Model().CamZoom)) << ".\n";
+        }
     }
     if (options.modelFile) {
         WriteModelFile(*options.modelFile, machine.Model(), machine.Recorded());
