@@ -4,10 +4,10 @@
 // tick.
 //
 // By the Interpolate lines of MUGEN 1.1 a frame goes over into the next one of the file's order,
-// which after the last one is the loopstart, tick by tick: of a frame of time T the tick k, from 0 to T - 1, shows
-// v = v0 + (v1 - v0) * k / T. So the last tick is a step before the next frame's values. A frame
-// that is held for ever goes nowhere. Angles are not brought within a circle, so 0 to 720 is two
-// turns.
+// which after the last one is the loopstart, tick by tick: of a frame of time T the tick k, from 0
+// to T - 1, shows v = v0 + (v1 - v0) * k / T. So the last tick is a step before the next frame's
+// values. A frame that is held for ever goes nowhere. Angles are not brought within a circle, so 0
+// to 720 is two turns.
 #pragma once
 
 #include "stage/Blending.h"
