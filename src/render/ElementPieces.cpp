@@ -243,10 +243,12 @@ private:
                             : StretchedRows{top, stretch};
     }
 
-    // Where a row begins, and how wide it is where rows have widths of their own; canvas pixels.
+    // Where a row begins, and how wide it and the way to its next tile are where rows have widths
+    // of their own; canvas pixels.
     struct PlacedRow {
         double x = 0;
         double width = 0;
+        double step = 0;
     };
 
     // Additions: rows are apart by the whole way of the element's axis from the middle of the view,
@@ -259,14 +261,18 @@ private:
         if (picture_.hasRowWidths) {
             const double top = static_cast<double>(element_.rowWidths[0]) * picture_.scaleX;
             const double times = RowWidth(element_, fromTop, height);
-            return {middle + (picture_.axisX - top / 2 - middle) * times, top * times};
+            const double step = static_cast<double>(element_.rowWidths[0]) * picture_.stepScaleX;
+            return {middle + (picture_.axisX - top / 2 - middle) * times, top * times,
+                    step * times};
         }
         const double speed = RowSpeed(element_, fromTop, height);
         if (!options_.additions) {
             return {picture_.x + static_cast<double>(options_.camera.x) *
-                                     static_cast<double>(element_.deltaX) * (speed - 1)};
+                                     static_cast<double>(element_.deltaX) * (speed - 1),
+                    0, 0};
         }
-        return {middle + (picture_.axisX - middle) * speed + picture_.fromAxisX * picture_.scaleX};
+        return {middle + (picture_.axisX - middle) * speed + picture_.fromAxisX * picture_.scaleX,
+                0, 0};
     }
 
     static double Near(double place) {
@@ -278,7 +284,7 @@ private:
         const double place = Near(row.x);
         return picture_.hasRowWidths
                    ? ScaledCopies::OfSize(tiles_.across, place, std::min(row.width, kLargest),
-                                          picture_.stepScaleX / picture_.scaleX)
+                                          std::min(row.step, kLargest))
                    : ScaledCopies(tiles_.across, place, picture_.scaleX, picture_.stepScaleX);
     }
 

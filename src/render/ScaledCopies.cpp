@@ -34,13 +34,13 @@ ScaledCopies::ScaledCopies(const Tiles& tiles, double position, double scale, do
     most_ = endless ? kEndless : step_ == 0 ? 0 : std::int64_t{tiles.count} - 1;
 }
 
-ScaledCopies ScaledCopies::OfSize(const Tiles& tiles, double position, double size,
-                                  double stepTimes) {
+ScaledCopies ScaledCopies::OfSize(const Tiles& tiles, double position, double size, double step) {
     const auto pixels = static_cast<double>(tiles.size);
-    const double scale = size / pixels;
-    ScaledCopies copies(tiles, position, scale, scale * stepTimes);
+    ScaledCopies copies(tiles, position, size / pixels, step / pixels);
     copies.size_ = size;
-    copies.step_ = static_cast<double>(DrawnStep(tiles)) * size / pixels * stepTimes;
+    copies.step_ = DrawnStep(tiles) == tiles.size
+                       ? step
+                       : static_cast<double>(DrawnStep(tiles)) * step / pixels;
     copies.wholeStep_ = copies.step_ == std::floor(copies.step_);
     return copies;
 }

@@ -22,10 +22,10 @@ public:
     ScaledCopies(const Tiles& tiles, double position, double scale)
         : ScaledCopies(tiles, position, scale, scale) {}
 
-    // Of a picture that is drawn so wide, to the last bit, and stands `stepTimes` as far apart as
-    // it does at that scale.
+    // Of a picture that is drawn so large, to the last bit. Where there is no gap between copies
+    // they stand `step` apart, canvas pixels, otherwise by as much more.
     [[nodiscard]] static ScaledCopies OfSize(const Tiles& tiles, double position, double size,
-                                             double stepTimes);
+                                             double step);
 
     // Calls `show` with the pixels of each copy that covers a pixel of `visible`, in order. Where
     // more than `deepest` would lie upon one another only every second, third, ... is shown, and in

@@ -31,8 +31,9 @@ void LiteralStage::DrawOnCanvas(const Element& element, Shown& shown) {
     std::array<bool, 2> mirrored{};
     for (std::size_t axis = 0; axis < 2; ++axis) {
         const Reach reach = ReachOf(shown, axis, AxisPlace(element, axis), pixels[axis]);
-        copies[axis] = Copies(reach, TilingOf(*element.file, shown, axis),
-                              std::abs(PixelOf(element, axis)), axis);
+        const Tiling tiling = TilingOf(*element.file, shown, axis);
+        const double step = static_cast<double>(tiling.distance) * std::abs(PixelOf(element, axis));
+        copies[axis] = Copies(reach, tiling, step, axis);
         mirrored[axis] = reach.mirrored;
     }
     for (const Span& rows : copies[1]) {
@@ -115,8 +116,7 @@ LiteralStage::Tiling LiteralStage::TilingOf(const BackgroundElement& element, co
 // that follows, where that begins after it. A frame's own scale does not change how far apart they
 // are.
 std::vector<LiteralStage::Span> LiteralStage::Copies(const Reach& reach, const Tiling& tiling,
-                                                     double tilePixel, std::size_t axis) const {
-    const double step = static_cast<double>(tiling.distance) * tilePixel;
+                                                     double step, std::size_t axis) const {
     const bool wholeSize = reach.size == std::floor(reach.size);
     // Whole steps are exact; in a sum with a place the last bits would be lost.
     const bool wholeStep = step == std::floor(step);

@@ -19,7 +19,7 @@ double LiteralStage::Stretch(const BackgroundElement& element) const {
 // Where row i of the picture stands, and how far its tiles do from one another.
 struct LiteralStage::Row {
     Reach reach;
-    double tilePixel = 0;
+    double step = 0;
 };
 
 LiteralStage::Row LiteralStage::ShearedRow(const Element& element, const Shown& shown,
@@ -31,7 +31,8 @@ LiteralStage::Row LiteralStage::ShearedRow(const Element& element, const Shown& 
     const double factor = given ? (top + (bottom - top) * t) / top : 1;
     const double middle = space_.detail * (space_.width / 2.0);
     const double place = middle + (AxisPlace(element, 0) - middle) * factor;
-    return {ReachOf(shown, 0, place, PixelOf(element, shown, 0)), std::abs(PixelOf(element, 0))};
+    return {ReachOf(shown, 0, place, PixelOf(element, shown, 0)),
+            static_cast<double>(TilingOf(file, shown, 0).distance) * std::abs(PixelOf(element, 0))};
 }
 
 // A trapezoid. The axis point is above the middle of its upper edge, whatever axis the picture has.
@@ -45,8 +46,12 @@ LiteralStage::Row LiteralStage::WidenedRow(const Element& element, const Shown& 
     const double upperWidth = top * std::abs(across);
     const double upperLeft = AxisPlace(element, 0) - upperWidth / 2;
     const double width = upperWidth * factor;
+    // Next to one another tiles are exactly a width apart.
+    const double tile = top * std::abs(PixelOf(element, 0)) * factor;
+    const auto distance = TilingOf(*element.file, shown, 0).distance;
+    const int columns = shown.image->width;
     return {{middle + (upperLeft - middle) * factor, width, shown.mirrored[0] != (across < 0)},
-            top * std::abs(PixelOf(element, 0)) * factor / shown.image->width};
+            distance == columns ? tile : static_cast<double>(distance) * tile / columns};
 }
 
 bool LiteralStage::HasWidths(const BackgroundElement& element) {
@@ -64,14 +69,14 @@ void LiteralStage::DrawRows(const Element& element, const Shown& shown) {
     for (int fromTop = 0; fromTop < height; ++fromTop) {
         const int row = down < 0 ? height - 1 - fromTop : fromTop;
         const double t = height == 1 ? 0 : double(row) / (height - 1);
-        const auto [reach, tilePixel] =
+        const auto [reach, step] =
             HasWidths(file) ? WidenedRow(element, shown, t) : ShearedRow(element, shown, t);
         if (reach.size == 0) {
             continue;
         }
         const Span lines{CanvasPixel(rows.near + fromTop * std::abs(down)),
                          CanvasPixel(rows.near + (fromTop + 1) * std::abs(down))};
-        for (const Span& columns : Copies(reach, tiling, tilePixel, 0)) {
+        for (const Span& columns : Copies(reach, tiling, step, 0)) {
             DrawQuad(shown, columns, lines, {fromTop, fromTop + 1},
                      {reach.mirrored, rows.mirrored});
         }

@@ -246,8 +246,8 @@ private:
                                 double pixel) const;
     [[nodiscard]] Tiling TilingOf(const BackgroundElement& element, const Shown& shown,
                                   std::size_t axis) const;
-    [[nodiscard]] std::vector<Span> Copies(const Reach& reach, const Tiling& tiling,
-                                           double tilePixel, std::size_t axis) const;
+    [[nodiscard]] std::vector<Span> Copies(const Reach& reach, const Tiling& tiling, double step,
+                                           std::size_t axis) const;
     [[nodiscard]] Window CanvasWindow(const BackgroundElement& element) const;
     // Some rows of the picture, brought to columns and rows. The rows count from the upper edge of
     // the picture as it is mirrored.
