@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // Fire: the brazier with its flame and sparks, rockets and what they burst into, and the balloon,
-// which rises by it. Pictures that the stage adds to what lies behind are light alone.
+// which rises by it. Pictures that the stage adds to the pixels under them are light alone.
 #include <cmath>
 #include <numbers>
 

@@ -12,7 +12,7 @@ constexpr double kMostScale = 1024;
 }  // namespace
 
 double KeptScale(double scale) {
-    // A value that is no number is no scale either.
+    // A scale that is not a number hides the picture.
     return scale == scale ? std::clamp(scale, -kMostScale, kMostScale) : 0;
 }
 

@@ -15,7 +15,7 @@ struct ElementScale {
     double y = 1;
 };
 
-// Within -1024 to 1024; of what is no number, 0.
+// The scale, kept within -1024 to 1024; 0 where it is not a number.
 [[nodiscard]] double KeptScale(double scale);
 
 // scalestart + scaledelta * camera * delta / the stage's own scale, along each axis, kept within

@@ -10,7 +10,7 @@ namespace scenara {
 namespace {
 
 PixelRange AsFarAs(double from, double to, std::int64_t end) {
-    // What is no number is the far end.
+    // A place that is not a number becomes the far end.
     const auto within = [end](double place) {
         return static_cast<std::int64_t>(
             std::fmax(std::fmin(place, static_cast<double>(end)), 0.0));

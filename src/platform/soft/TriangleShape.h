@@ -25,13 +25,13 @@ inline Point PointOf(const Vertex& corner) {
     return {static_cast<double>(corner.x), static_cast<double>(corner.y)};
 }
 
-// The first pixel whose centre is at `edge` or behind it, `least` to `most`.
+// The first pixel whose centre is at `edge` or after it, `least` to `most`.
 inline std::int32_t FirstPixel(double edge, std::int32_t least, std::int32_t most) {
     return static_cast<std::int32_t>(
         std::clamp(std::ceil(edge - 0.5), double{1} * least, double{1} * most));
 }
 
-// An edge that is no horizontal one, from its upper end to its lower, whichever way the triangle
+// An edge that is not horizontal, from its upper end to its lower, whichever way the triangle
 // runs: so its two triangles get the same cuts.
 struct Edge {
     Point top;
