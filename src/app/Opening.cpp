@@ -109,7 +109,7 @@ void frmStage::mnuStageNext_Click() {
 }
 
 // Deliberate: plain, with nothing selected it asks the list for item -2, which the list rejects
-// (Opening.PreviousWithoutASelectionIsAnError). Addition: it goes to the last one.
+// (PlainOpening.PreviousWithoutASelectionIsAnError). Addition: it goes to the last one.
 void frmStage::mnuStagePrev_Click() {
     if (show_.Options().Additions && form_.lstStages.ListIndex < 0) {
         SelectStage(Count(form_.lstStages) - 1);

@@ -76,7 +76,7 @@ void DesktopProgram::WriteSettings(const std::string& more) const {
         << more;
     const bool withList = more.find("StageList = 255") != std::string::npos;
     std::ofstream(Folder() / "bin/Scenara.ini", std::ios::binary | std::ios::app)
-        << "WindowWidth = " << (withList ? 480 : 320) << "\r\nWindowHeight = 259\r\n";
+        << "WindowWidth = " << (withList ? 480 : 320) << "\r\nWindowHeight = 283\r\n";
 }
 
 std::string DesktopProgram::Settings() const {

@@ -61,7 +61,7 @@ public:
     void SetUp() override;
 
     // The settings that the program finds: the engine folder, and `more` behind it; and a window
-    // that shows the picture one to one, beside the list where `more` has that.
+    // that shows the picture one to one, beside the list where `more` has that, and above a bar.
     void WriteSettings(const std::string& more = {}) const;
     [[nodiscard]] std::string Settings() const;
 
