@@ -22,6 +22,9 @@ void frmStage::Form_Activate() {
 void frmStage::Form_Resize(Long innerWidth, Long innerHeight) {
     Handle([&] {
         LayOutControls(innerWidth, innerHeight);
+        if (Browses()) {
+            browser_.BoxChanged();
+        }
         if (std::exchange(centres_, false)) {
             Centre();
         }
@@ -61,6 +64,7 @@ void frmStage::Centre() {
 }
 
 void frmStage::SetCaption(const std::string& caption) {
+    noted_ = false;
     form_.Caption = caption;
     machine_.window.SetCaption(caption);
 }

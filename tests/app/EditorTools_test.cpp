@@ -274,7 +274,7 @@ TEST_F(EditorTools, KeysFromBeforeAPauseDoNothingInIt) {
                    [&] {
                        EXPECT_EQ(model.ElementCount, 3);
                        EXPECT_EQ(form.selection, kFrameOfTwo);
-                       EXPECT_EQ(Caption(), "Cloned..");
+                       EXPECT_EQ(Caption(), "Cloned.. <<PAUSED>>");
                    }});
 }
 
