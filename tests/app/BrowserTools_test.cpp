@@ -253,6 +253,11 @@ TEST_F(PlainBrowserTools, OfAStageWithoutSpritesShowNothing) {
     EXPECT_THAT(MessageTexts(), ElementsAre(StartsWith("SFF FILE:")));
 }
 
+TEST_F(BrowserTools, OfAStageWithoutANameGoBackToItsFilesName) {
+    files.Put(kStageA, "[Info]\n[Camera]\nstartx = 0\n");
+    WhileAIsShown({kBrowse, kBrowse, [&] { EXPECT_EQ(Caption(), "a.def"); }});
+}
+
 // --- what ends it ---
 
 struct End {

@@ -254,15 +254,18 @@ TEST(LoadingStage, SaysARepeatedProblemAsOftenAsTheUserWants) {
 using Problems = Program;
 
 TEST_F(Problems, AreListedOfTheStageLoadedLast) {
-    files.Put("/mugen/stages/d.def", StageWithManyProblems());
     EXPECT_FALSE(form[Menu::mnuProblems].enabled);
-    Show(Drop("/mugen/stages/d.def"));
-    EXPECT_TRUE(form[Menu::mnuProblems].enabled);
-    EXPECT_EQ(form.problems.Count(), 4U);
-    for (const Problem& problem : form.problems.Kept()) {
-        EXPECT_THAT(problem.text, StartsWith("Overflow: velocity"));
-        EXPECT_EQ(problem.file, "/mugen/stages/d.def");
-        EXPECT_GT(problem.line, 3);
+    // By the second one a copy is read: its lines are too long for their ends.
+    for (const std::string& before : {std::string(), "; " + std::string(600, 'x') + "\n"}) {
+        files.Put("/mugen/stages/d.def", before + StageWithManyProblems());
+        Show(Drop("/mugen/stages/d.def"));
+        EXPECT_TRUE(form[Menu::mnuProblems].enabled);
+        EXPECT_EQ(form.problems.Count(), 4U);
+        for (const Problem& problem : form.problems.Kept()) {
+            EXPECT_THAT(problem.text, StartsWith("Overflow: velocity"));
+            EXPECT_EQ(problem.file, "/mugen/stages/d.def");
+            EXPECT_GT(problem.line, 3);
+        }
     }
     Click(Menu::mnuProblems);
     EXPECT_EQ(dialogs.Problems(), &form.problems);
