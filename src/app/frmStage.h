@@ -6,7 +6,8 @@
 // the sizes of the window and its controls (Layout.cpp), which stage is shown (Opening.cpp), the
 // loop that shows it (RunStage.cpp), the other commands (Commands.cpp), the test character
 // (TestChar.cpp), the background editor (Editing.cpp), the sprite browser (Browsing.cpp), the full
-// screen (FullScreen.cpp), what is saved meanwhile (Saving.cpp), the end (Unload.cpp).
+// screen (FullScreen.cpp), what is saved meanwhile (Saving.cpp), what is reported of a load
+// (LoadMessages.cpp), the end (Unload.cpp).
 //
 // One thread. All that the user does arrives through FormEvents while the loop lets messages
 // through, so any handler may run between two frames, and between two images of a load. A run-time

@@ -62,7 +62,7 @@ Long Units(int pixels) {
     return pixels * kUnitsPerPixel;
 }
 
-// The sprites' bar, to the right or down for the next one. (The toolkit's own takes Left for more.)
+// The sprites' bar, to the right for the next one. (The toolkit's own takes Left for more.)
 class SpriteBar : public QScrollBar {
 public:
     SpriteBar() : QScrollBar(Qt::Horizontal) { setFocusPolicy(Qt::StrongFocus); }
@@ -70,10 +70,8 @@ public:
 protected:
     void keyPressEvent(QKeyEvent* event) override {
         switch (event->key()) {
-            case Qt::Key_Left:
-            case Qt::Key_Up: triggerAction(SliderSingleStepSub); break;
-            case Qt::Key_Right:
-            case Qt::Key_Down: triggerAction(SliderSingleStepAdd); break;
+            case Qt::Key_Left: triggerAction(SliderSingleStepSub); break;
+            case Qt::Key_Right: triggerAction(SliderSingleStepAdd); break;
             case Qt::Key_PageUp: triggerAction(SliderPageStepSub); break;
             case Qt::Key_PageDown: triggerAction(SliderPageStepAdd); break;
             case Qt::Key_Home: triggerAction(SliderToMinimum); break;
