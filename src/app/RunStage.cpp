@@ -49,7 +49,7 @@ std::optional<std::string> frmStage::FailureOf(const std::function<void()>& work
 }
 
 void frmStage::SayRunTimeError(const std::string& reason) {
-    machine_.messages.MsgBox(kMessageRunTimeError, "Run-time error: " + reason);
+    loadMessages_.MsgBox(kMessageRunTimeError, "Run-time error: " + reason);
 }
 
 bool frmStage::Guarded(const std::function<void()>& work) {
@@ -99,9 +99,18 @@ void frmStage::ShowStage() {
     }
 }
 
+// Whether it can be shown. An error that ends the load is one of its messages.
+bool frmStage::LoadStage() {
+    bool loaded = false;
+    loadMessages_.BeginStage(show_.Which.shown, show_.Options().Additions);
+    const bool cameThrough = Guarded([&] { loaded = show_.Start(MugeDir); });
+    loadMessages_.End();
+    return cameThrough && loaded;
+}
+
 // Whether there is a stage to run the loop with.
 bool frmStage::StartLoop() {
-    if (!show_.Start(MugeDir)) {
+    if (!LoadStage()) {
         return false;
     }
     ShowCharacterItem();
@@ -115,7 +124,7 @@ bool frmStage::StartLoop() {
 }
 
 void frmStage::StateChanged() {
-    EnableMenus(form_, show_.State(), show_.HasShown(), show_.CanZoom());
+    EnableMenus(form_, show_.State(), show_.HasShown(), show_.CanZoom() || browser_.CanZoom());
 }
 
 // The camera's bar goes by whole units, inside of where the camera may be.
@@ -170,6 +179,11 @@ void frmStage::AbandonStage() {
     ShowCharacterItem();
     LeaveBrowser();
     static_cast<void>(Guarded([&] { ResetRes(); }));  // no loop would look who is in front
+    if (show_.Options().Additions) {
+        // The caption of a stage that is not there, and the last frame of another one.
+        form_.picLoad.visible = true;
+        ShowTitle();
+    }
 }
 
 void frmStage::RunPass() {
@@ -189,6 +203,7 @@ void frmStage::RunPass() {
         }
     }
     static_cast<void>(Form_Idle());
+    EndNote();
     if (show_.Loop().FpsLimit == 0) {
         API_doevents();
     } else {

@@ -108,6 +108,15 @@ public:
     // stage's, from the upper left corner; until hscSGFX is gone.
     virtual void ShowPicture(Long width, Long height, std::span<const std::uint32_t> pixels) = 0;
 
+    // The picture's box (picDraw) in pixels of the screen, as the form has it: what FillBox fills.
+    // When it is another one, Form_Resize is reported.
+    [[nodiscard]] virtual InnerSize BoxOnScreen() const = 0;
+    // Shows these, as many as BoxOnScreen told, in the place of the stage's, each as a pixel of the
+    // screen, and a line of text in the middle; until hscSGFX is gone. Meanwhile the pointer over
+    // the picture is told in these pixels, and the wheel, too.
+    virtual void FillBox(const InnerSize& box, std::span<const std::uint32_t> pixels,
+                         const std::string& text) = 0;
+
     // The main window itself.
     [[nodiscard]] virtual WindowHandle Handle() const = 0;
 

@@ -176,18 +176,18 @@ private:
         return options_.Additions && testChar_.UseChar && testChar_.CharLoaded;
     }
 
-    [[nodiscard]] bool Load(const std::string& mugeDir, Messages& messages);
+    [[nodiscard]] bool Load(const std::string& mugeDir);
     // For the information line: none where there is only one and nothing is to be told.
     [[nodiscard]] std::optional<double> ZoomToTell() const;
-    void Prepare(const std::optional<CameraStand>& camera, Messages& messages);
+    void Prepare(const std::optional<CameraStand>& camera);
     bool CountAndTell(bool info);
     void EditWhilePaused();
 
     [[nodiscard]] bool StepsAreOverridden() const {
         return testChar_.StepsOverridden || flags_.MouseScroll != 0;
     }
-    [[nodiscard]] bool LoadCharacterFile(TestCharacter& character, Messages& messages);
-    void LoadTestChar(Messages& messages);
+    [[nodiscard]] bool LoadCharacterFile(TestCharacter& character);
+    void LoadTestChar();
     void ReleaseTestChar();
     void TakeSteps();
     void GiveStepsBack();

@@ -89,6 +89,9 @@ std::vector<std::string> DesktopProgram::ProgramEnvironment(const std::string& s
     environment.push_back("HOME=" + display_.Folder());
     environment.push_back("SESSION_MANAGER=" + session);   // empty: none
     environment.push_back("ASAN_OPTIONS=detect_leaks=0");  // the toolkit's own
+    if (!scale_.empty()) {
+        environment.push_back("QT_SCALE_FACTOR=" + scale_);
+    }
     return environment;
 }
 

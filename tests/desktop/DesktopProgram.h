@@ -126,6 +126,7 @@ public:
     }
 
     VirtualDisplay display_;
+    std::string scale_;  // pixels of the screen to one of the window's; empty: 1
     std::optional<Child> program_;
 
 private:

@@ -46,6 +46,10 @@ public:
     [[nodiscard]] std::string InputBox(const std::string& prompt) override {
         return Ask({DialogQuestion::Kind::InputBox, prompt, {}});
     }
+    void ShowProblems(const ProblemList& problems) override { shown_ = &problems; }
+
+    // The list that was shown last; none yet: nullptr.
+    [[nodiscard]] const ProblemList* Problems() const { return shown_; }
 
 private:
     std::string Ask(const DialogQuestion& question) {
@@ -64,6 +68,7 @@ private:
     std::deque<std::string> answers_;
     Observer observer_;
     std::vector<DialogQuestion> asked_;
+    const ProblemList* shown_ = nullptr;
 };
 
 }  // namespace scenara

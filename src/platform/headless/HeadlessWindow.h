@@ -40,6 +40,10 @@ public:
     // The picture of its own that was shown last.
     [[nodiscard]] const Picture& OwnPicture() const { return picture_; }
 
+    // What filled the picture's box last.
+    [[nodiscard]] const Picture& Filled() const { return filled_; }
+    [[nodiscard]] const std::string& BoxText() const { return boxText_; }
+
     HeadlessWindow() = default;
     explicit HeadlessWindow(Script script) : script_(std::move(script)) {}
 
@@ -114,6 +118,12 @@ public:
     void ShowPicture(Long width, Long height, std::span<const std::uint32_t> pixels) override {
         picture_ = {width, height, {pixels.begin(), pixels.end()}};
     }
+    [[nodiscard]] InnerSize BoxOnScreen() const override { return box_.value_or(inner_); }
+    void FillBox(const InnerSize& box, std::span<const std::uint32_t> pixels,
+                 const std::string& text) override {
+        filled_ = {box.width, box.height, {pixels.begin(), pixels.end()}};
+        boxText_ = text;
+    }
     [[nodiscard]] WindowHandle Foreground() const override { return foreground_; }
     [[nodiscard]] bool EndRequested() const override { return endRequested_; }
 
@@ -138,6 +148,8 @@ public:
     void SetWorkArea(const InnerSize& size) { workArea_ = size; }
     // The screen that the window is on stands so many pixels right of all others.
     void SetScreenLeft(Long left) { screenLeft_ = left; }
+    // How large the picture's box is on the screen: at first as the inner area.
+    void SetPictureBox(const InnerSize& size) { box_ = size; }
     // What the view takes on another screen: at first as many pixels as it has.
     void SetRoomForView(const InnerSize& size) { roomForView_ = size; }
 
@@ -188,6 +200,9 @@ private:
     std::vector<InnerSize> wishes_;
     std::optional<InnerSize> wished_;  // not answered yet
     Picture picture_;
+    std::optional<InnerSize> box_;
+    Picture filled_;
+    std::string boxText_;
     WindowHandle foreground_ = kHandle;
     std::size_t doEventsCount_ = 0;
     std::size_t showCount_ = 0;

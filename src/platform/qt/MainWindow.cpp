@@ -153,7 +153,14 @@ void MainWindow::BuildBars() {
 
 void MainWindow::BuildMouse() {
     ObserveWheel(*picture_);
+    picture_->SetWheelObserver([this](Long notches, Long x, Long y) {
+        waiting_.Add([notches, x, y](FormEvents& events) { events.Form_MouseWheel(notches, x, y); },
+                     WaitingEvents::Kind::Button);
+    });
     picture_->SetMouseObserver([this](PictureWidget::Mouse what, Long x, Long y) {
+        if (what == PictureWidget::Mouse::Down && form_.hscSGFX.Visible) {
+            spriteBar_->setFocus();  // the list may have it: the keys are for the sprites again
+        }
         waiting_.Add(
             [what, x, y](FormEvents& events) {
                 switch (what) {
@@ -222,6 +229,19 @@ HRESULT MainWindow::Present(const CanvasSize& size, std::span<const std::uint32_
 
 void MainWindow::ShowPicture(Long width, Long height, std::span<const std::uint32_t> pixels) {
     picture_->ShowOwn(width, height, pixels);
+}
+
+// The picture itself stands as the form had it when messages were let through last.
+InnerSize MainWindow::BoxOnScreen() const {
+    const PictureBox& box = form_.picDraw;
+    const QRect place(inner_->mapTo(this, QPoint(box.left, box.top)), QSize(box.width, box.height));
+    const QSize size = PictureWidget::SizeOnScreen(place, devicePixelRatioF());
+    return {size.width(), size.height()};
+}
+
+void MainWindow::FillBox(const InnerSize& box, std::span<const std::uint32_t> pixels,
+                         const std::string& text) {
+    picture_->Fill(box.width, box.height, pixels, Shown(text));
 }
 
 int MainWindow::SelectedRow() const {
@@ -597,7 +617,8 @@ void MainWindow::changeEvent(QEvent* event) {
 // A bar that comes or goes changes the inner area alone. What the keys have selected before a press
 // of the mouse is not of this press.
 bool MainWindow::eventFilter(QObject* receiver, QEvent* event) {
-    if (receiver == inner_ && event->type() == QEvent::Resize) {
+    if (receiver == inner_ &&
+        (event->type() == QEvent::Resize || event->type() == QEvent::ScreenChangeInternal)) {
         sizeCame_ = true;
     } else if (receiver == list_->viewport() && event->type() == QEvent::MouseButtonPress) {
         selectionNoted_ = -1;

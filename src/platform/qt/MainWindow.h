@@ -89,6 +89,9 @@ public:
         return endRequested_ || waiting_.LeavingWaits();
     }
     void ShowPicture(Long width, Long height, std::span<const std::uint32_t> pixels) override;
+    [[nodiscard]] InnerSize BoxOnScreen() const override;
+    void FillBox(const InnerSize& box, std::span<const std::uint32_t> pixels,
+                 const std::string& text) override;
     [[nodiscard]] WindowPlace Place() const override;
     [[nodiscard]] WindowPlace Screen() const override;
     [[nodiscard]] InnerSize WorkArea() const override;

@@ -3,6 +3,7 @@
 // QtDialogs: the program's questions as the toolkit's own dialogs over the main window.
 #pragma once
 
+#include <QPointer>
 #include <string>
 
 #include "platform/Dialogs.h"
@@ -11,6 +12,7 @@ class QFileDialog;
 
 namespace scenara {
 
+class ProblemsWindow;
 class Questions;
 struct Form;
 
@@ -18,11 +20,13 @@ class QtDialogs : public Dialogs {
 public:
     // Those without a title of their own carry the program's, as `form` has it at that time. Both
     // outlive it.
-    QtDialogs(Questions& questions, const Form& form) : questions_(questions), form_(form) {}
+    QtDialogs(Questions& questions, const Form& form);
+    ~QtDialogs() override;
 
     std::string BrowseForFolder(const std::string& prompt) override;
     std::string OpenFile(const std::string& title, const std::string& initialFolder) override;
     std::string InputBox(const std::string& prompt) override;
+    void ShowProblems(const ProblemList& problems) override;
 
 private:
     // The path that is chosen; empty: none.
@@ -30,6 +34,7 @@ private:
 
     Questions& questions_;
     const Form& form_;
+    QPointer<ProblemsWindow> problems_;  // the owner's, as Qt has it
 };
 
 }  // namespace scenara
