@@ -55,6 +55,15 @@ std::string WritableProgramFolder(const std::string& executableFolder) {
     return "./";
 }
 
+std::string WholePath(const std::string& path) {
+    std::error_code error;  // the folder that the program was started in is gone, or the path is
+    const fs::path given(path);
+    const fs::path last = given.has_filename() ? given.filename() : given.parent_path().filename();
+    const bool isDots = last == "." || last == "..";
+    const fs::path whole = isDots ? fs::canonical(given, error) : fs::absolute(given, error);
+    return error ? path : whole.string();
+}
+
 TemporaryFolder::TemporaryFolder() {
     std::error_code error;
     const fs::path base = fs::temp_directory_path(error);

@@ -16,6 +16,10 @@ namespace scenara {
 // program (made when missing), else the current folder. With a separator at its end.
 [[nodiscard]] std::string WritableProgramFolder(const std::string& executableFolder);
 
+// The path from the root, for a program that changes its folder. What it leads to stays: a link is
+// not followed, but for "." and ".." at the end, which would not tell a folder's name.
+[[nodiscard]] std::string WholePath(const std::string& path);
+
 // A new, empty folder of this run's own, removed with all that is in it at the end. For programs
 // that may run many at a time and leave nothing behind.
 class TemporaryFolder : NotCopied {
