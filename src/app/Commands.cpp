@@ -38,6 +38,7 @@ void frmStage::Menu_Click(Menu item) {
             case Menu::mnuSmooth:
             case Menu::mnuWholeMultiples:
             case Menu::mnuSwitchMode: FlipExtra(item); break;
+            case Menu::mnuMugenFolder: mnuMugenFolder_Click(); break;
             case Menu::mnuZoomIn: show_.Zoom(ZoomStep::In); break;
             case Menu::mnuZoomOut: show_.Zoom(ZoomStep::Out); break;
             case Menu::mnuZoomStart: show_.Zoom(ZoomStep::ToStart); break;

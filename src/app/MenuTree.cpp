@@ -68,6 +68,7 @@ constexpr std::array<Designed, kMenuCount> kDesign = {{
     {Menu::mnuSmooth, MenuPlace::Extras, "S&mooth", When::WithAdditions},
     {Menu::mnuWholeMultiples, MenuPlace::Extras, "&Whole Multiples Only", When::WithAdditions},
     {Menu::mnuExtrasScreen, MenuPlace::Extras, "-"},
+    {Menu::mnuMugenFolder, MenuPlace::Extras, "MUGEN Fo&lder...", When::WithAdditions},
     {Menu::mnuSwitchMode, MenuPlace::Extras, "Switch &Display Mode", When::WithAdditions},
     {Menu::mnuExtrasZoom, MenuPlace::Extras, "-"},
     {Menu::mnuZoomIn,

@@ -5,7 +5,10 @@
 // style; a folder has no separator at its end, but for a root.
 #pragma once
 
+#include <cstddef>
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "base/NotCopied.h"
 
@@ -15,8 +18,10 @@ class Dialogs : NotCopied {
 public:
     virtual ~Dialogs() = default;
 
-    // The folder that the user chooses. `prompt` may hold several lines (CR LF).
-    [[nodiscard]] virtual std::string BrowseForFolder(const std::string& prompt) = 0;
+    // The folder that the user chooses. `prompt` may hold several lines (CR LF). An empty
+    // `initialFolder` is the user's own.
+    [[nodiscard]] virtual std::string BrowseForFolder(const std::string& prompt,
+                                                      const std::string& initialFolder) = 0;
 
     // The existing file that the user chooses, with "*.def" files offered at first. An empty
     // `initialFolder` leaves the place to the machine.
@@ -25,6 +30,11 @@ public:
 
     // A line of text, empty at first.
     [[nodiscard]] virtual std::string InputBox(const std::string& prompt) = 0;
+
+    // Which of the answers to `text` the user chooses, counted from 0; nothing when the user
+    // cancels. There is at least one.
+    [[nodiscard]] virtual std::optional<std::size_t> ChooseAnswer(
+        const std::string& text, const std::vector<std::string>& answers) = 0;
 };
 
 }  // namespace scenara

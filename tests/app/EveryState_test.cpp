@@ -151,7 +151,7 @@ protected:
         stage.sink.last.clear();
         const int before = stage.sink.shown;
         stage.user = InTurn({Wait, Wait});
-        stage.program.Form_OLEDragDrop(kStageA);
+        stage.program.Form_OLEDragDrop({kStageA});
         EXPECT_EQ(stage.Caption(), "first");
         EXPECT_EQ(stage.sink.shown, before + 3);
         EXPECT_TRUE(stage.ShowsSomething());
@@ -183,7 +183,7 @@ protected:
                                      shownBefore = running.sink.shown;
                                      running.sink.last.clear();
                                      ++reopened;
-                                     running.program.Form_OLEDragDrop(kStageC);
+                                     running.program.Form_OLEDragDrop({kStageC});
                                  },
                                  Wait, Wait,
                                  [&](RunningStage& running) {
@@ -201,7 +201,7 @@ protected:
                 deed.act(running);
             }
         });
-        stage.program.Form_OLEDragDrop(kStageA);
+        stage.program.Form_OLEDragDrop({kStageA});
         EXPECT_TRUE(did);
         // While a stage loads its menu is off.
         const bool ended = deed.endsLoop && !IsLoading(state);
@@ -230,7 +230,7 @@ protected:
         if (state == State::NoStage || state == State::Closed) {
             if (state == State::Closed) {
                 stage.user = InTurn({Choose(Menu::mnuClose)});
-                stage.program.Form_OLEDragDrop(kStageA);
+                stage.program.Form_OLEDragDrop({kStageA});
             }
             stage.user = InTurn({Wait, deed.after, Wait});
             deed.act(stage);

@@ -94,7 +94,7 @@ TEST(LoadingStage, SaysARepeatedProblemAsOftenAsTheUserWants) {
         stage.messages.TakeOffers(takes);
         stage.user = InTurn({});
         for (int i = 0; i < loads; ++i) {
-            stage.program.Form_OLEDragDrop("/mugen/stages/d.def");
+            stage.program.Form_OLEDragDrop({"/mugen/stages/d.def"});
         }
         return stage.MessageTexts();
     };
@@ -127,7 +127,7 @@ TEST_P(LoadingACharacter, SaysARepeatedProblemAsOftenAsTheUserWants) {
         stage.dialogs.Answer(kHero);
         stage.messages.TakeOffers(takes);
         stage.user = InTurn({[](RunningStage& running) { running.Click(GetParam()); }});
-        stage.program.Form_OLEDragDrop("/mugen/stages/a.def");
+        stage.program.Form_OLEDragDrop({"/mugen/stages/a.def"});
         EXPECT_THAT(stage.messages.Recorded(), Each(testing::Field(&Message::title, "Cohortia")));
         EXPECT_THAT(stage.messages.Recorded(),
                     Each(testing::Field(&Message::icon, MessageIcon::Exclamation)));

@@ -3,7 +3,10 @@
 // QtDialogs: the program's questions as the toolkit's own dialogs over the main window.
 #pragma once
 
+#include <cstddef>
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "platform/Dialogs.h"
 
@@ -20,9 +23,12 @@ public:
     // outlive it.
     QtDialogs(Questions& questions, const Form& form) : questions_(questions), form_(form) {}
 
-    std::string BrowseForFolder(const std::string& prompt) override;
+    std::string BrowseForFolder(const std::string& prompt,
+                                const std::string& initialFolder) override;
     std::string OpenFile(const std::string& title, const std::string& initialFolder) override;
     std::string InputBox(const std::string& prompt) override;
+    std::optional<std::size_t> ChooseAnswer(const std::string& text,
+                                            const std::vector<std::string>& answers) override;
 
 private:
     // The path that is chosen; empty: none.
