@@ -13,21 +13,21 @@
 namespace scenara {
 namespace {
 
-constexpr std::string_view kDefinition = ".def";
+constexpr std::string_view kExtension = ".def";
 
 std::span<const std::string> Looked(const std::vector<std::string>& paths) {
     return std::span(paths).first(std::min(paths.size(), kMostGivenPaths));
 }
 
 bool IsDefinition(std::string_view path) {
-    return path.size() > kDefinition.size() &&
-           EqualsIgnoringCase(path.substr(path.size() - kDefinition.size()), kDefinition);
+    return path.size() > kExtension.size() &&
+           EqualsIgnoringCase(path.substr(path.size() - kExtension.size()), kExtension);
 }
 
 // The first definition in the folder that is what is wanted; empty: none.
 template <class IsWanted>
 std::string FirstIn(Files& files, const std::string& folder, const IsWanted& isWanted) {
-    for (const std::string& name : files.List(WithSeparator(folder), kDefinition)) {
+    for (const std::string& name : files.List(WithSeparator(folder), kExtension)) {
         if (const std::string path = JoinPath(folder, name); isWanted(files, path)) {
             return path;
         }
@@ -86,6 +86,9 @@ GivenPaths LookAt(Files& files, const std::vector<std::string>& paths) {
     GivenPaths given;
     Looking looking(files, given);
     for (const std::string& path : Looked(paths)) {
+        if (path.empty()) {
+            continue;
+        }
         if (files.FolderExists(path)) {
             looking.AtFolder(path);
         } else {
@@ -104,7 +107,7 @@ std::string MugenFolderOf(Files& files, const std::string& folder) {
 
 std::string MugenFolderAmong(Files& files, const std::vector<std::string>& paths) {
     for (const std::string& path : Looked(paths)) {
-        if (files.FolderExists(path)) {
+        if (!path.empty() && files.FolderExists(path)) {
             if (const std::string folder = MugenFolderOf(files, path); !folder.empty()) {
                 return folder;
             }

@@ -32,7 +32,7 @@ struct GivenPaths {
     }
 };
 
-// Of more than kMostGivenPaths the first ones. Raises what reading raises.
+// Of more than kMostGivenPaths the first ones; an empty one is none. Raises what reading raises.
 [[nodiscard]] GivenPaths LookAt(Files& files, const std::vector<std::string>& paths);
 
 // The MUGEN folder for which a folder stands; empty when it is none.

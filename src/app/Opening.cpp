@@ -136,9 +136,8 @@ void frmStage::OpenFollowing() {
 // What loads or runs a stage comes last: it may return when the stage is closed.
 void frmStage::OpenGiven(const std::vector<std::string>& paths) {
     const GivenPaths given = LookAt(machine_.files, paths);
-    if (given.IsNothing()) {
+    if (given.IsNothing() && !given.other.empty()) {
         ReportGiven(given.other, given.otherIsFolder);
-        return;
     }
     if (!given.mugenFolder.empty()) {
         TakeMugenFolder(given.mugenFolder);

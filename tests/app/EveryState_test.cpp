@@ -91,6 +91,18 @@ std::vector<Deed> EveryDeed() {
     add("a dropped stage", Drop(kStageC));
     add("a dropped file", Drop("/mugen/stages/a.sff"));
     add("nothing dropped", Drop(""));
+    const auto addDrop = [&](const char* name, const std::vector<std::string>& paths) {
+        add(name, [paths](RunningStage& stage) { stage.program.Form_OLEDragDrop(paths); });
+    };
+    addDrop("an empty list dropped", {});
+    addDrop("a MUGEN folder dropped", {"/mugen/stages"});
+    addDrop("a folder of nothing dropped", {"/program"});
+    addDrop("a character dropped", {kHero});
+    addDrop("all of these dropped", {kGone, kHero, "/mugen", kStageC, "/program", kStageB});
+    add("another MUGEN folder", [](RunningStage& stage) {
+        stage.dialogs.Answer("/mugen");
+        stage.Click(Menu::mnuMugenFolder);
+    });
     add("an activation", [](RunningStage& stage) { stage.program.Form_Activate(); });
     add("a button pressed", [](RunningStage& stage) { stage.program.Form_MouseDown(162, 3); });
     add("a pointer moved", [](RunningStage& stage) { stage.program.Form_MouseMove(400, -7); });

@@ -65,6 +65,7 @@ TEST_F(GivenFiles, AreWhatAUserMeansByThem) {
         const char* meaning;
     } rows[] = {
         {{}, ""},
+        {{""}, ""},
         // folders
         {{"/mugen"}, "folder /mugen"},
         {{"/mugen/"}, "folder /mugen/"},

@@ -32,7 +32,7 @@ Request RandomRequest(std::mt19937& random) {
         return bytes;
     };
     Request request{text(0, 40, '!', '~'), {}};
-    for (unsigned count = 1 + random() % 5; count > 0; --count) {
+    for (auto count = 1 + random() % 5; count > 0; --count) {
         request.paths.push_back(text(1, 300, 1, 255));
     }
     return request;
@@ -80,7 +80,7 @@ TEST(Request, OfAnyBytesIsWholeOrNone) {
     std::mt19937 random(2);
     for (int i = 0; i < Rounds(20000); ++i) {
         Bytes bytes = *RequestBytes(RandomRequest(random));
-        for (unsigned flips = 1 + random() % 3; flips > 0; --flips) {
+        for (auto flips = 1 + random() % 3; flips > 0; --flips) {
             bytes[random() % std::min<std::size_t>(bytes.size(), 40)] =
                 static_cast<std::byte>(random() % 4 == 0 ? 255 : random());
         }

@@ -199,7 +199,7 @@ TEST_F(Handed, RubbishIsClosedWithoutAnAnswer) {
         const UnixSocket socket = Connected();
         std::vector<std::byte> bytes = Bytes();
         bytes.resize(random() % (2 * bytes.size()));
-        for (unsigned flips = random() % 4; flips > 0 && !bytes.empty(); --flips) {
+        for (auto flips = random() % 4; flips > 0 && !bytes.empty(); --flips) {
             bytes[random() % bytes.size()] = static_cast<std::byte>(random());
         }
         const bool isRequest = ReadRequest(bytes).has_value();
@@ -233,16 +233,17 @@ TEST_F(Handed, ConnectionsThatAreHeldOpenMakeRoom) {
     }
     std::size_t open = 0;
     for (const UnixSocket& socket : held) {
-        open += IsClosed(socket) ? 0 : 1;
+        open += IsClosed(socket) ? 0U : 1U;
     }
     EXPECT_EQ(open, RequestListener::kMostConnections);
     EXPECT_EQ(HandOverServed(kRequest), HandedOver::Taken);
 }
 
 TEST_F(Handed, OneThatGoesAwayIsForgotten) {
+    const std::vector<std::byte> bytes = Bytes();
     for (int i = 0; i < 100; ++i) {
         const UnixSocket socket = Connected();
-        Send(socket, std::span(Bytes()).first(10));
+        Send(socket, std::span(bytes).first(10));
     }
     Serve();
     EXPECT_TRUE(taken_.empty());

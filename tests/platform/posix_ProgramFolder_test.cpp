@@ -63,15 +63,18 @@ TEST_F(WritableFolder, AWholePathLeadsToTheSamePlace) {
         std::string whole;
     } rows[] = {
         {"a.def", here + "/a.def"},
-        {"./a.def", here + "/./a.def"},
+        {"./a.def", here + "/a.def"},
         {"stages/", here + "/stages/"},
         {"/a.def", "/a.def"},
-        {".", here},
-        {"./", here},
+        {".", here + "/"},
+        {"./", here + "/"},
+        {"././stages//x", here + "/stages/x"},
         {"..", above},
         {"stages/..", here},
-        {"../link", here + "/../link"},
+        {"../link", above + "/link"},
         {"../link/.", here},
+        {"../link/../a.def", above + "/a.def"},
+        {"../sub/stages/", here + "/stages"},
         {"missing/..", "missing/.."},
         {"\xFF\n", here + "/\xFF\n"},
     };

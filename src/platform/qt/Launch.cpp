@@ -16,11 +16,13 @@
 
 #include <xcb/xcb.h>
 
+#include "platform/qt/Display.h"
+
 namespace scenara {
 namespace {
 
 // Milliseconds until a window that has asked for the focus should have it.
-constexpr int kPatience = 500;
+constexpr int kFocusPatience = 500;
 
 constexpr const char* kToken = "XDG_ACTIVATION_TOKEN";
 
@@ -54,7 +56,7 @@ xcb_window_t RootOf(xcb_connection_t* display) {
 // the toolkit's.
 class HiddenWindow {
 public:
-    HiddenWindow() : display_(xcb_connect(nullptr, nullptr)) {
+    HiddenWindow() : display_(xcb_connect(DisplayName().c_str(), nullptr)) {
         if (IsOpen()) {
             constexpr std::uint32_t kEvents = XCB_EVENT_MASK_PROPERTY_CHANGE;
             window_ = xcb_generate_id(display_);
@@ -182,7 +184,7 @@ void BringToFront(QWidget& window, const std::string& mark) {
     }
     window.raise();
     Activate(window, mark);
-    QTimer::singleShot(kPatience, &window, [&window] {
+    QTimer::singleShot(kFocusPatience, &window, [&window] {
         if (!window.isActiveWindow()) {
             QApplication::alert(&window);
         }
