@@ -34,7 +34,7 @@ namespace scenara {
 namespace {
 
 // Milliseconds until the program is asked again that wants to be.
-constexpr int kAskAgain = 250;
+constexpr int kAskProgramAgain = 250;
 
 QString Shown(const std::string& text) {
     return QString::fromStdString(ToUtf8(text));
@@ -449,7 +449,7 @@ void MainWindow::WaitForEvents() {
     ShowForm();
     if (waiting_.Empty() && !SizeIsToBeReported() && !endRequested_) {
         if (asksAgain_) {
-            wake_.start(kAskAgain);
+            wake_.start(kAskProgramAgain);
         }
         QApplication::processEvents(QEventLoop::WaitForMoreEvents);
     }
