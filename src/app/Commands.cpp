@@ -57,6 +57,13 @@ void frmStage::Form_KeyDown(VirtualKey key) {
         if (key == VirtualKey::Escape) {
             ResetRes();
         }
+        if (FullScreenState == 1 && show_.Options().Additions) {
+            switch (key) {
+                case VirtualKey::PageUp: mnuStagePrev_Click(); break;
+                case VirtualKey::PageDown: mnuStageNext_Click(); break;
+                default: break;
+            }
+        }
         if ((key == VirtualKey::Escape || key == VirtualKey::Q) && !show_.Options().Additions) {
             show_.TheEngine().Engine_Deinit();
         }
@@ -144,9 +151,9 @@ Presentation frmStage::PresentationWanted() const {
 }
 
 void frmStage::SaveCheckedExtras() {
-    SaveExtras(machine_.files,
-               {form_[Menu::mnuAdditions].checked, form_[Menu::mnuSmooth].checked,
-                form_[Menu::mnuWholeMultiples].checked, form_[Menu::mnuSwitchMode].checked});
+    MakeExtrasText();
+    Write(extrasFile_);
+    extrasFile_.keeper.Hold(extrasFile_.text);
 }
 
 }  // namespace scenara

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
 // How the program starts.
+#include <algorithm>
+
 #include "app/Extras.h"
 #include "app/GivenPaths.h"
 #include "app/MenuTree.h"
@@ -14,6 +16,9 @@ namespace {
 
 // The stage list as the window is designed, in pixels.
 constexpr Long kStageListWidth = 160;
+// What can be asked for instead.
+constexpr Long kLeastListWidth = 80;
+constexpr Long kMostListWidth = 1000;
 
 class Unsaid : public Messages {
 public:
@@ -54,12 +59,16 @@ void frmStage::Form_Load(const std::vector<std::string>& given) {
     form_[Menu::mnuFPS].caption = "FPS Limiter (" + NumberText(show_.Loop().FpsLimit) + " fps)";
     machine_.process.ChangeToProgramFolder();
     static_cast<void>(Guarded([&] {
-        const Extras extras = LoadExtras(machine_.files);
-        form_[Menu::mnuAdditions].checked = extras.Additions;
-        form_[Menu::mnuSmooth].checked = extras.Smooth;
-        form_[Menu::mnuWholeMultiples].checked = extras.WholeMultiplesOnly;
-        form_[Menu::mnuSwitchMode].checked = extras.SwitchDisplayMode;
+        extras_ = LoadExtras(machine_.files);
+        form_[Menu::mnuAdditions].checked = extras_.Additions;
+        form_[Menu::mnuSmooth].checked = extras_.Smooth;
+        form_[Menu::mnuWholeMultiples].checked = extras_.WholeMultiplesOnly;
+        form_[Menu::mnuSwitchMode].checked = extras_.SwitchDisplayMode;
+        form_.lstStages.width = std::clamp<Long>(extras_.ListWidth.value_or(kStageListWidth),
+                                                 kLeastListWidth, kMostListWidth);
     }));
+    MakeExtrasText();
+    extrasFile_.keeper.Hold(extrasFile_.text);
     TakeExtras();
     EnableMenus(form_, show_.State(), show_.HasShown(), show_.CanZoom());
     static_cast<void>(Guarded([&] {
@@ -77,9 +86,9 @@ void frmStage::Form_Load(const std::vector<std::string>& given) {
         MakeSettingsText();
         if (!isFirstStart) {
             // A file that says the same in other words is not written anew.
-            keeper_.Hold(settingsText_);
+            settingsFile_.keeper.Hold(settingsFile_.text);
         } else if (SavesMeanwhile()) {
-            SaveChanges();  // the folder that was chosen just now
+            SaveChanges(settingsFile_);  // the folder that was chosen just now
         }
         if (!givenFolder.empty()) {
             MugeDir = WithSeparator(givenFolder);
@@ -88,9 +97,7 @@ void frmStage::Form_Load(const std::vector<std::string>& given) {
         Unsaid unsaid;
         FillStageList(show_.Options().Additions ? unsaid : machine_.messages);
     }));
-    // The window comes up so. A window manager that is still taking it in loses another size.
-    const InnerSize view = machine_.window.RoomFor(CanvasSize());
-    LayOutControls(view.width + ListWidth(), view.height);
+    ComeUp();
 }
 
 // False: the program is to end, and there are no settings.

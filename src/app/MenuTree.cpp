@@ -13,6 +13,7 @@ enum class When : Byte {
     Plainly,    // the same, with additions off
     WithAdditions,
     WithStage,  // while one is there and nothing loads
+    ToCover,    // the same; plain, from the first stage on
     WithZoom,   // while one is there whose camera zooms
 };
 
@@ -47,7 +48,7 @@ constexpr std::array<Designed, kMenuCount> kDesign = {{
     {Menu::mnubla, MenuPlace::Stage, "-", When::Always, kStays, false, kHidden},
     {Menu::mnuExit, MenuPlace::Stage, "&Exit", When::Always, kLeaves},
     {Menu::mnuOptions, MenuPlace::Bar, "&Options", When::NotLoading},
-    {Menu::mnuFS, MenuPlace::Options, "&Full Screen (ESC to exit)", When::OnceShown},
+    {Menu::mnuFS, MenuPlace::Options, "&Full Screen (ESC to exit)", When::ToCover},
     {Menu::mnuMusic, MenuPlace::Options, "&Music", When::Always, kStays, kChecked},
     {Menu::mnuChar, MenuPlace::Options, kUseTestChar, When::OnceShown},
     {Menu::mnuChange, MenuPlace::Options, "&Change Char", When::OnceShown},
@@ -107,6 +108,9 @@ bool IsEnabled(When when, ShowState state, bool hasShown, bool additions, bool z
         case When::WithAdditions: return additions;
         case When::WithZoom: return zooms;
         case When::WithStage: return state != ShowState::Loading && state != ShowState::None;
+        case When::ToCover:
+            return IsEnabled(additions ? When::WithStage : When::OnceShown, state, hasShown,
+                             additions, zooms);
     }
     return false;
 }

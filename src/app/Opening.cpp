@@ -5,7 +5,9 @@
 #include <algorithm>
 #include <cstddef>
 #include <random>
+#include <string>
 #include <utility>
+#include <vector>
 
 #include "app/GivenPaths.h"
 #include "app/RecentFiles.h"
@@ -41,6 +43,7 @@ void frmStage::OpenStage() {
         return;
     }
     SetCaption(show_.Which.CurrentStageFile);
+    SelectAskedFor();
     LeaveStage();
     RememberRecentFile(form_, show_.Which.CurrentStageFile);
     RunStage();
@@ -53,6 +56,7 @@ void frmStage::MnuRecentFiles_Click(Long index) {
         }
         show_.Which.CurrentStageFile = RaiseRecentFile(form_, static_cast<std::size_t>(index));
         if (IsStageAskedFor(MessageIcon::CriticalStop)) {
+            SelectAskedFor();
             LeaveStage();
             RunStage();
         }
@@ -86,22 +90,40 @@ void frmStage::OpenListed() {
     OpenStage();
 }
 
+// Addition: however a stage was chosen, the list selects it, or nothing where it is not in the
+// list; so that Next and Previous go on from what is shown.
+void frmStage::SelectAskedFor() {
+    if (!show_.Options().Additions) {
+        return;
+    }
+    const std::vector<std::string>& items = form_.lstStages.items;
+    const auto item = std::ranges::find_if(items, [&](const std::string& each) {
+        return IsStageFile(MugeDir, each, show_.Which.CurrentStageFile);
+    });
+    form_.lstStages.ListIndex = item == items.end() ? -1 : static_cast<Long>(item - items.begin());
+}
+
 void frmStage::mnuStageNext_Click() {
     if (form_.lstStages.ListIndex != Count(form_.lstStages) - 1) {
         SelectStage(form_.lstStages.ListIndex + 1);
     }
 }
 
-// Deliberate: with nothing selected it asks the list for item -2, which the list rejects
-// (Opening.PreviousWithoutASelectionIsAnError).
+// Deliberate: plain, with nothing selected it asks the list for item -2, which the list rejects
+// (PlainOpening.PreviousWithoutASelectionIsAnError). Addition: it goes to the last one.
 void frmStage::mnuStagePrev_Click() {
-    if (form_.lstStages.ListIndex != 0) {
+    if (show_.Options().Additions && form_.lstStages.ListIndex < 0) {
+        SelectStage(Count(form_.lstStages) - 1);
+    } else if (form_.lstStages.ListIndex != 0) {
         SelectStage(form_.lstStages.ListIndex - 1);
     }
 }
 
 void frmStage::mnuR_Click() {
     const Long count = Count(form_.lstStages);
+    if (count == 0 && show_.Options().Additions) {
+        return;
+    }
     std::mt19937 random(static_cast<std::uint32_t>(machine_.clock.QueryPerformanceCounter()));
     std::uniform_int_distribution<Long> index(0, count > 0 ? count - 1 : 0);
     SelectStage(index(random));

@@ -25,6 +25,7 @@
 #include <vector>
 
 #include "app/Configuration.h"
+#include "app/Extras.h"
 #include "app/FrameWait.h"
 #include "app/ScreenModule.h"
 #include "app/SettingsKeeper.h"
@@ -173,8 +174,9 @@ public:
     // Leaves the full screen, if that is on.
     void ResetRes();
 
-    // Asks for an inner area of this size, in pixels. Nothing else asks for any, and once the
-    // window is there controls are laid out only for the size that Form_Resize reports.
+    // Plain: asks for an inner area of this size, in pixels. Nothing else asks for any, and once
+    // the window is there controls are laid out only for the size that Form_Resize reports.
+    // Addition: without effect, for the size is the user's.
     void Size(Long width, Long height);
 
     // --- State -------------------------------------------------------------------------------
@@ -244,13 +246,22 @@ private:
     void LoadAgain();
     void SelectStage(Long index);
     void OpenListed();
+    void SelectAskedFor();
+    // One of the files that settings are kept in.
+    struct KeptFile {
+        SettingsKeeper keeper;
+        std::string text;           // as it would be written; kept for its room
+        bool savingFailed = false;  // when it was saved last while the program went on
+    };
     [[nodiscard]] Settings AllSettings(CameraSteps& steps);
-    [[nodiscard]] bool SavesMeanwhile() const {
-        return show_.Options().Additions && settingsLoaded_ && !ended_;
-    }
+    [[nodiscard]] const Extras& AllExtras();
+    [[nodiscard]] bool SavesMeanwhile() const { return show_.Options().Additions && !ended_; }
     bool KeepSettings();
-    void SaveChanges();
+    void SaveChanges(KeptFile& file);
+    void SaveNow(KeptFile& file);
+    void Write(const KeptFile& file);
     void MakeSettingsText();
+    void MakeExtrasText();
     void ShowCharacterItem();
     void LoadingCharacter(const std::function<void()>& load);
     [[nodiscard]] bool CanBeEdited() const;
@@ -264,6 +275,7 @@ private:
     // What the list beside the picture takes of the window.
     [[nodiscard]] Long ListWidth() const { return ShowStageList != 0 ? form_.lstStages.width : 0; }
     void SizeForPicture();
+    void ComeUp();
     void LayOutControls(Long innerWidth, Long innerHeight);
     void Centre();
     void ShowTitle();
@@ -289,10 +301,10 @@ private:
     bool startFullScreen_ = false;   // the stage that is opened is to be shown full screen
 
     bool settingsLoaded_ = false;
-    SettingsKeeper keeper_;
-    std::string settingsText_;   // as they would be written; kept for its room
-    Long lastLook_ = 0;          // the tick of the last look whether they have changed
-    bool savingFailed_ = false;  // when they were saved last while the program went on
+    Extras extras_;
+    KeptFile settingsFile_;  // QX.CFG
+    KeptFile extrasFile_;    // Scenara.ini
+    Long lastLook_ = 0;      // the tick of the last look whether they have changed
     bool pauseWasDown_ = false;
     bool loopRuns_ = false;   // RunStage is on the stack
     InnerSize wishedSize_;    // what was asked for last, or has come since

@@ -8,6 +8,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 
@@ -21,16 +22,10 @@ namespace scenara {
 // Window units: 15 to the pixel.
 inline constexpr Long kUnitsPerPixel = 15;
 
-// Where the window stands on the screen, borders included, in window units.
+// Where something stands on the screens, borders included, in window units.
 struct WindowPlace {
     Long left = 0;
     Long top = 0;
-    Long width = 0;
-    Long height = 0;
-};
-
-// In window units.
-struct ScreenSize {
     Long width = 0;
     Long height = 0;
 };
@@ -39,6 +34,25 @@ struct ScreenSize {
 struct InnerSize {
     Long width = 0;
     Long height = 0;
+
+    friend bool operator==(const InnerSize&, const InnerSize&) = default;
+};
+
+// How the user has the window when it neither fills the screen nor is hidden; to come up so again.
+struct WindowStand {
+    // Of its upper left corner, borders included, in pixels of all screens together.
+    struct Spot {
+        Long left = 0;
+        Long top = 0;
+
+        friend bool operator==(const Spot&, const Spot&) = default;
+    };
+
+    std::optional<Spot> spot;  // none: not known, or the system alone knows
+    InnerSize size;            // of all within its borders, menus and bars included, in pixels
+    bool maximised = false;    // now
+
+    friend bool operator==(const WindowStand&, const WindowStand&) = default;
 };
 
 class Window : NotCopied {
@@ -46,6 +60,12 @@ public:
     virtual ~Window() = default;
 
     virtual void Show() = 0;
+
+    // Before it is shown the first time: it comes up so. It is no larger than the screen, and where
+    // its upper edge would be out of reach the system places it.
+    virtual void ComeUpAt(const WindowStand& stand) = 0;
+    // Where the user has it now.
+    [[nodiscard]] virtual WindowStand Stand() const = 0;
 
     // Asks for an inner area of this size, in pixels. It is a wish: the window system decides, and
     // it is not even asked while the window is maximised, full screen or tiled. The size that came
@@ -69,7 +89,13 @@ public:
 
     [[nodiscard]] virtual WindowPlace Place() const = 0;
 
-    [[nodiscard]] virtual ScreenSize Screen() const = 0;
+    // Of all screens the one that the window is on.
+    [[nodiscard]] virtual WindowPlace Screen() const = 0;
+
+    // What the system leaves to windows of the screen that the window comes up on, in pixels; and
+    // what menus and bars take of a window beside its inner area.
+    [[nodiscard]] virtual InnerSize WorkArea() const = 0;
+    [[nodiscard]] virtual InnerSize Around() const = 0;
 
     // What the view takes of the inner area with nothing around it, at its own size. It is more
     // where a pixel of the window is no whole number of the screen's.

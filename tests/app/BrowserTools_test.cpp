@@ -22,7 +22,13 @@ using testing::StartsWith;
 
 using BrowserTools = Tools;
 
-TEST_F(BrowserTools, ShowTheSpritesOneByOneWhileTheStageStandsStill) {
+// The window takes each sprite's size.
+class PlainBrowserTools : public Tools {
+protected:
+    PlainBrowserTools() : Tools(false) {}
+};
+
+TEST_F(PlainBrowserTools, ShowTheSpritesOneByOneWhileTheStageStandsStill) {
     int shown = 0;
     Long frames = 0;
     int yields = 0;
@@ -81,7 +87,7 @@ std::string ArchiveOf(int width, int height) {
     return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
 }
 
-TEST_F(BrowserTools, CutASpriteThatIsLargerThanTheScreen) {
+TEST_F(PlainBrowserTools, CutASpriteThatIsLargerThanTheScreen) {
     files.Put("/mugen/stages/a.sff", ArchiveOf(1100, 800));
     window.SetFrame({10, 50});
     WhileAIsShown({kBrowse, Wait, [&] {
@@ -91,7 +97,7 @@ TEST_F(BrowserTools, CutASpriteThatIsLargerThanTheScreen) {
                    }});
 }
 
-TEST_F(BrowserTools, KeepTheListsRoom) {
+TEST_F(PlainBrowserTools, KeepTheListsRoom) {
     program.mnuStageList_Click();
     WhileAIsShown({kBrowse, Wait, [&] { ExpectSize(160 + 160, 7); }});
 }

@@ -46,7 +46,7 @@ TEST_F(EditorTools, ShowTheBarAndTheFrameWhileDebugBGIsChecked) {
                    [&] { ExpectNothingSelected(); }});
 }
 
-TEST_F(EditorTools, TheBarTakesNothingOfThePicture) {
+TEST_F(PlainEditorTools, TheBarTakesNothingOfThePicture) {
     std::size_t wishes = 0;
     const auto expectAsked = [&] {
         ASSERT_EQ(window.Wishes().size(), wishes + 1);

@@ -133,9 +133,12 @@ TEST_F(FormLoad, TheCanvasIsShownAsItWasLeft) {
     EXPECT_EQ(form.presentation, (Presentation{ShownSizes::WholeMultiples, Scaling::Smooth}));
 }
 
-using FormActivate = NewProgram;
+class FormActivate : public NewProgram {
+protected:
+    FormActivate() : NewProgram(false) {}
+};
 
-TEST_F(FormActivate, SizesAndCentresTheWindowOnce) {
+TEST_F(FormActivate, PlainSizesAndCentresTheWindowOnce) {
     program.Form_Activate();
     LetSizeCome();
     ExpectPlace((1024 - 320) / 2, (768 - 240) / 2, 320, 240);

@@ -110,7 +110,7 @@ TEST_F(RunStage, ClosingShowsTheTitlePicture) {
     }
 }
 
-TEST_F(RunStage, MakesRoomForTheListBesideThePicture) {
+TEST_F(PlainRunStage, MakesRoomForTheListBesideThePicture) {
     program.ShowStageList = 255;
     form.lstStages.width = 130;
     Run(1);

@@ -91,7 +91,7 @@ TEST_F(FormUnload, WhatComesBehindItIsPassedOver) {
     EXPECT_THAT(form.recentFiles, ElementsAre(kStageA, kStageC));
     EXPECT_EQ(form.lstStages.ListIndex, -1);
     EXPECT_EQ(window.Place().width, 9600);
-    EXPECT_EQ(form.innerWidth, 320);
+    EXPECT_EQ(form.innerWidth, 640);
     EXPECT_FALSE(files.Has("/program/Scenara.ini"));
     EXPECT_EQ(Begun(), 0);
 }

@@ -74,6 +74,9 @@ void DesktopProgram::WriteSettings(const std::string& more) const {
     std::ofstream(Folder() / "bin/QX.CFG", std::ios::binary)
         << "MugeDir = " << display_.Folder() << "mugen/\r\n"
         << more;
+    const bool withList = more.find("StageList = 255") != std::string::npos;
+    std::ofstream(Folder() / "bin/Scenara.ini", std::ios::binary | std::ios::app)
+        << "WindowWidth = " << (withList ? 480 : 320) << "\r\nWindowHeight = 283\r\n";
 }
 
 std::string DesktopProgram::Settings() const {

@@ -60,7 +60,8 @@ public:
     // Stages "bar", "cup" and "dot" under mugen/stages/.
     void SetUp() override;
 
-    // The settings that the program finds: the engine folder, and `more` behind it.
+    // The settings that the program finds: the engine folder, and `more` behind it; and a window
+    // that shows the picture one to one, beside the list where `more` has that, and above a bar.
     void WriteSettings(const std::string& more = {}) const;
     [[nodiscard]] std::string Settings() const;
 

@@ -47,6 +47,25 @@ public:
     void SetEvents(FormEvents* events) { events_ = events; }
 
     void Show() override { ++showCount_; }
+    void ComeUpAt(const WindowStand& stand) override {
+        stand_ = stand;
+        inner_ = {stand.size.width - frame_.width, stand.size.height - frame_.height};
+        const WindowStand::Spot spot = stand.spot.value_or(WindowStand::Spot());
+        left_ = spot.left * kUnitsPerPixel;
+        top_ = spot.top * kUnitsPerPixel;
+        maximised_ = stand.maximised;
+        sizeCame_ = true;
+    }
+    [[nodiscard]] WindowStand Stand() const override {
+        if (maximised_) {
+            WindowStand stand = stand_;
+            stand.maximised = true;
+            return stand;
+        }
+        return {WindowStand::Spot{left_ / kUnitsPerPixel, top_ / kUnitsPerPixel},
+                {inner_.width + frame_.width, inner_.height + frame_.height},
+                false};
+    }
     void Size(Long width, Long height) override {
         wishes_.push_back({width, height});
         wished_ = wishes_.back();
@@ -59,9 +78,12 @@ public:
         }
     }
     [[nodiscard]] bool MessageWaiting() override { return messageWaiting_ || sizeCame_; }
-    [[nodiscard]] ScreenSize Screen() const override {
-        return {kScreenWidth * kUnitsPerPixel, kScreenHeight * kUnitsPerPixel};
+    [[nodiscard]] WindowPlace Screen() const override {
+        return {screenLeft_ * kUnitsPerPixel, 0, kScreenWidth * kUnitsPerPixel,
+                kScreenHeight * kUnitsPerPixel};
     }
+    [[nodiscard]] InnerSize WorkArea() const override { return workArea_; }
+    [[nodiscard]] InnerSize Around() const override { return frame_; }
     [[nodiscard]] InnerSize RoomFor(const CanvasSize& size) const override {
         return roomForView_.value_or(InnerSize{size.width, size.height});
     }
@@ -106,11 +128,16 @@ public:
     }
     // What its maximise button does: it covers the screen, and is given no other size.
     void Maximise() {
+        stand_ = Stand();
         MoveTo(WindowPlace{0, 0, Screen().width, Screen().height});
         maximised_ = true;
     }
     // What stands around the inner area, in pixels: at first nothing.
     void SetFrame(const InnerSize& frame) { frame_ = frame; }
+    // What the system leaves to windows: at first the whole screen.
+    void SetWorkArea(const InnerSize& size) { workArea_ = size; }
+    // The screen that the window is on stands so many pixels right of all others.
+    void SetScreenLeft(Long left) { screenLeft_ = left; }
     // What the view takes on another screen: at first as many pixels as it has.
     void SetRoomForView(const InnerSize& size) { roomForView_ = size; }
 
@@ -155,6 +182,9 @@ private:
     InnerSize inner_{CanvasSize().width, CanvasSize().height};
     InnerSize frame_;
     std::optional<InnerSize> roomForView_;
+    InnerSize workArea_{kScreenWidth, kScreenHeight};
+    Long screenLeft_ = 0;
+    WindowStand stand_;  // while it is maximised: as it was before
     std::vector<InnerSize> wishes_;
     std::optional<InnerSize> wished_;  // not answered yet
     Picture picture_;

@@ -78,6 +78,8 @@ std::optional<VirtualKey> VirtualKeyOf(const QKeyEvent& event) {
         case Qt::Key_Down: return VirtualKey::Down;
         case Qt::Key_Pause: return VirtualKey::Pause;
         case Qt::Key_Escape: return VirtualKey::Escape;
+        case Qt::Key_PageUp: return VirtualKey::PageUp;
+        case Qt::Key_PageDown: return VirtualKey::PageDown;
         case Qt::Key_Insert: return VirtualKey::Insert;
         case Qt::Key_Delete: return VirtualKey::Delete;
         case Qt::Key_A: return VirtualKey::A;

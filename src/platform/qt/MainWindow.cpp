@@ -5,6 +5,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QCursor>
 #include <QDragEnterEvent>
 #include <QKeyEvent>
 #include <QListWidget>
@@ -24,6 +25,7 @@
 #include <glib.h>
 
 #include "base/Text.h"
+#include "platform/WindowOnScreens.h"
 #include "platform/qt/Display.h"
 #include "platform/qt/Launch.h"
 #include "platform/qt/MenuBar.h"
@@ -382,7 +384,7 @@ void MainWindow::ShowMenus() {
 
 void MainWindow::Show() {
     ShowForm();
-    if (windowHandle() == nullptr) {
+    if (windowHandle() == nullptr && !hasStand_) {
         Size(form_.innerWidth, form_.innerHeight);  // the toolkit would choose one, each time
     }
     if (!isVisible() && covering_ == nullptr) {
@@ -390,9 +392,18 @@ void MainWindow::Show() {
     }
 }
 
+// What stands under the full screen stays as it is.
 void MainWindow::Size(Long width, Long height) {
-    size_.Ask({width, height + HeightAround()});
+    if (covering_ == nullptr) {
+        size_.Ask({width, height + HeightAround()});
+    }
     sizeCame_ = true;  // in any case one is reported
+}
+
+void MainWindow::MoveTo(Long left, Long top) {
+    if (covering_ == nullptr) {
+        size_.AskForPlace({left / kUnitsPerPixel, top / kUnitsPerPixel});
+    }
 }
 
 // Beyond its inner area the window has just the menu bar, and the bars that the form has. (What the
@@ -500,15 +511,71 @@ ScreenRectangle MainWindow::Rectangle() const {
             pixels(frame.height())};
 }
 
-ScreenSize MainWindow::Screen() const {
-    const QSize size = screen()->geometry().size();
-    return {Units(size.width()), Units(size.height())};
+WindowPlace MainWindow::Screen() const {
+    const QRect place = screen()->geometry();
+    return {Units(place.left()), Units(place.top()), Units(place.width()), Units(place.height())};
+}
+
+// Before the window is there: of the screen with the pointer, where window managers put new ones.
+InnerSize MainWindow::WorkArea() const {
+    const QScreen* screenOfPointer = QGuiApplication::screenAt(QCursor::pos());
+    const QScreen& chosen =
+        windowHandle() == nullptr && screenOfPointer != nullptr ? *screenOfPointer : *screen();
+    const QSize size = chosen.availableGeometry().size();
+    return {size.width(), size.height()};
+}
+
+void MainWindow::ComeUpAt(const WindowStand& stand) {
+    std::vector<ScreenRectangle> areas;
+    for (const QScreen* const each : QGuiApplication::screens()) {
+        const QRect area = each->availableGeometry();
+        areas.push_back({area.left(), area.top(), area.width(), area.height()});
+    }
+    const WindowStand on = OnScreens(stand, areas);
+    const QSize size = QSize(on.size.width, on.size.height).expandedTo(minimumSizeHint());
+    hasStand_ = true;
+    resize(size);
+    if (on.spot) {
+        move(on.spot->left, on.spot->top);
+    }
+    size_.StandAt({size, pos()});
+    sizeCame_ = true;
+    if (on.maximised) {
+        setWindowState(Qt::WindowMaximized);
+    }
+}
+
+// A Wayland compositor does not say where a window stands.
+WindowStand MainWindow::Stand() const {
+    const WindowSize::Free& free = size_.WhenFree();
+    WindowStand stand{std::nullopt, {free.size.width(), free.size.height()}, isMaximized()};
+    if (!QGuiApplication::platformName().startsWith("wayland")) {
+        stand.spot = {free.place.x(), free.place.y()};
+    }
+    return stand;
 }
 
 WindowHandle MainWindow::Foreground() const {
     const bool ours = QGuiApplication::applicationState() == Qt::ApplicationActive;
-    QWidget* const active = ours ? QApplication::activeWindow() : nullptr;
-    return active != nullptr ? reinterpret_cast<WindowHandle>(active) : awaited_;
+    QWidget* active = ours ? QApplication::activeWindow() : nullptr;
+    if (active == nullptr) {
+        return awaited_;
+    }
+    while (active->parentWidget() != nullptr) {
+        active = active->parentWidget()->window();  // a box counts as what it belongs to
+    }
+    return reinterpret_cast<WindowHandle>(active);
+}
+
+QWidget* MainWindow::Front() {
+    return covering_ != nullptr ? covering_->window() : this;
+}
+
+void MainWindow::GiveFocusBack() {
+    if (covering_ != nullptr && !Front()->isActiveWindow()) {
+        AwaitFocus(reinterpret_cast<WindowHandle>(Front()));
+        Front()->activateWindow();
+    }
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
@@ -530,6 +597,11 @@ void MainWindow::showEvent(QShowEvent* event) {
 void MainWindow::resizeEvent(QResizeEvent* event) {
     QMainWindow::resizeEvent(event);
     size_.Came();
+}
+
+void MainWindow::moveEvent(QMoveEvent* event) {
+    QMainWindow::moveEvent(event);
+    size_.Moved();
 }
 
 void MainWindow::changeEvent(QEvent* event) {

@@ -70,15 +70,22 @@ public:
 
     // A window with this picture stands in its place: until there is none nothing shows it.
     void CoverBy(PictureWidget* picture) { covering_ = picture; }
+    // What the user looks at, and what boxes belong to: this one, or the one that stands in its
+    // place.
+    [[nodiscard]] QWidget* Front();
+    // A box is closed: what stands in the place of this window is what the user looks at again.
+    void GiveFocusBack();
+    // After it was hidden; a window manager may have placed it anew.
+    void PutBack(const QPoint& place) { size_.AskForPlace(place); }
     // Foreground tells of this one until a window of ours really has the focus: a window manager
     // that is busy gives it late. 0: of none.
     void AwaitFocus(WindowHandle window) { awaited_ = window; }
 
     void Show() override;
+    void ComeUpAt(const WindowStand& stand) override;
+    [[nodiscard]] WindowStand Stand() const override;
     void Size(Long width, Long height) override;
-    void MoveTo(Long left, Long top) override {
-        size_.AskForPlace({left / kUnitsPerPixel, top / kUnitsPerPixel});
-    }
+    void MoveTo(Long left, Long top) override;
     void SetCaption(const std::string& caption) override;
     [[nodiscard]] bool MessageWaiting() override;
     void DoEvents() override;
@@ -88,7 +95,9 @@ public:
     }
     void ShowPicture(Long width, Long height, std::span<const std::uint32_t> pixels) override;
     [[nodiscard]] WindowPlace Place() const override;
-    [[nodiscard]] ScreenSize Screen() const override;
+    [[nodiscard]] WindowPlace Screen() const override;
+    [[nodiscard]] InnerSize WorkArea() const override;
+    [[nodiscard]] InnerSize Around() const override { return {0, HeightAround()}; }
     [[nodiscard]] InnerSize RoomFor(const CanvasSize& size) const override;
     [[nodiscard]] InnerSize LargestInnerSize() const override;
     // As Foreground tells it: of several bases the widget's address counts.
@@ -106,6 +115,7 @@ protected:
     void closeEvent(QCloseEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void moveEvent(QMoveEvent* event) override;
     void changeEvent(QEvent* event) override;
     bool eventFilter(QObject* receiver, QEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
@@ -146,8 +156,9 @@ private:
     std::uint32_t filled_ = 0;  // of which filling
     int selectionNoted_ = -1;   // the row that a press of the mouse has selected just now
     WaitingEvents waiting_;
-    WindowSize size_;
-    bool sizeCame_ = false;  // of the inner area; it has not been reported yet
+    mutable WindowSize size_;  // it looks at the window when it is asked
+    bool hasStand_ = false;    // it comes up where the user had it
+    bool sizeCame_ = false;    // of the inner area; it has not been reported yet
     PictureWidget* covering_ = nullptr;
     WindowHandle awaited_ = 0;
     bool seesWhatWaits_ = false;  // the dispatcher can tell whether something waits
