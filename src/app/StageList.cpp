@@ -56,7 +56,7 @@ void frmStage::FillStageList(Messages& messages) {
     }
     const auto shown = std::find_if(
         list.items.begin(), list.items.end(),
-        [this](const std::string& item) { return StageFile(MugeDir, item) == show_.Which.shown; });
+        [this](const std::string& item) { return IsStageFile(MugeDir, item, show_.Which.shown); });
     if (shown != list.items.end()) {
         list.ListIndex = static_cast<Long>(shown - list.items.begin());
     }

@@ -125,7 +125,7 @@ TEST_F(Starting, TheToolkitTakesItsOwnOptions) {
 
 TEST_F(Starting, AMugenFolderIsTakenForGoodWithoutAQuestion) {
     Start({}, fs::relative(Folder() / "mugen/stages").string());
-    ExpectMainWindow(480);
+    ExpectWindow("^Scenara 1.0");
     ClickAt(kNext, kBarMiddle);
     ExpectTitle("bar");
     ExpectSaved("MugeDir = " + display_.Folder() + "mugen/\r\n");
@@ -246,14 +246,13 @@ TEST_F(Starting, TheQuestionForTheFolderCanBeLeft) {
     Key("Return");
     ExpectWindow("^Point me");
     Key("Escape");
-    ExpectMainWindow(320);
+    ExpectWindow("^Scenara 1.0");
     ExpectNoBox();
     ExpectSaved("MugeDir = \r\n");
     AskForAnotherFolder();
     AnswerWith(display_.Folder() + "mugen/stages");
     ExpectBox();
     Key("Return");  // the one that is meant
-    ExpectMainWindow(480);
     ExpectSaved("MugeDir = " + display_.Folder() + "mugen/\r\n");
     ClickAt(kNext, kBarMiddle);
     ExpectTitle("bar");
@@ -272,7 +271,7 @@ TEST_F(Starting, AnotherFolderIsChosenWhileAStageIsShown) {
 TEST_F(Starting, ASavedFolderThatIsGoneIsNotAskedFor) {
     std::ofstream(Folder() / "bin/QX.CFG", std::ios::binary) << "MugeDir = /gone/mugen/\r\n";
     Start();
-    ExpectMainWindow(320);
+    ExpectWindow("^Scenara 1.0");
     ExpectNoBox();
     EXPECT_TRUE(Window("^Point me").empty());
 }
