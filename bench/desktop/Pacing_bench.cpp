@@ -18,6 +18,7 @@
 #include "app/frmStage.h"
 #include "base/Path.h"
 #include "desktop/DesktopMachine.h"
+#include "platform/posix/Instance.h"
 #include "platform/posix/ProgramFolder.h"
 #include "platform/soft/PictureSink.h"
 
@@ -68,7 +69,8 @@ void Run(benchmark::State& state, Integer limit, std::size_t frames) {
     // Without settings the program would ask for the engine folder.
     std::ofstream(folder.Path() + "QX.CFG") << "MugeDir = " << mugen << "\r\nBGMusic = False\r\n";
     TimedSink sink;
-    DesktopMachine machine(folder.Path(), &sink);
+    Instance instance({}, folder.Path());
+    DesktopMachine machine(folder.Path(), instance, &sink);
     sink.shownBy = &machine.Desktop().Picture();
     sink.Expect(frames);
     frmStage program(machine.Pieces(), machine.form);

@@ -43,6 +43,7 @@ void frmStage::Menu_Click(Menu item) {
             case Menu::mnuZoomIn: Zoom(ZoomStep::In); break;
             case Menu::mnuZoomOut: Zoom(ZoomStep::Out); break;
             case Menu::mnuZoomStart: Zoom(ZoomStep::ToStart); break;
+            case Menu::mnuMugenFolder: mnuMugenFolder_Click(); break;
             default: break;
         }
     });

@@ -4,10 +4,12 @@
 #include <algorithm>
 
 #include "app/Extras.h"
+#include "app/GivenPaths.h"
 #include "app/MenuTree.h"
 #include "app/StageFiles.h"
 #include "app/frmStage.h"
 #include "base/NumberText.h"
+#include "base/Path.h"
 
 namespace scenara {
 namespace {
@@ -23,6 +25,10 @@ ShowMachine With(const ShowMachine& machine, Messages& messages) {
     return {machine.files, messages,        machine.window,   machine.keyboard,
             machine.clock, machine.pointer, machine.direct3D, machine.png};
 }
+class Unsaid : public Messages {
+public:
+    void Show(const Message& /*message*/) override {}
+};
 
 }  // namespace
 
@@ -41,7 +47,7 @@ frmStage::frmStage(const Machine& machine, Form& form, const ViewOptions& option
     LayOutControls(show_.Picture().width, show_.Picture().height);
 }
 
-void frmStage::Form_Load() {
+void frmStage::Form_Load(const std::vector<std::string>& given) {
     VersionText = NumberText(std::int32_t{SCENARA_VERSION_MINOR}) + "." +
                   NumberText(std::int32_t{SCENARA_VERSION_REVISION});
     AppTitle = "Scenara " + VersionText + " DirectX 8 Experiment";
@@ -73,14 +79,9 @@ void frmStage::Form_Load() {
     EnableMenus(form_, show_.State(), show_.HasShown(), show_.CanZoom());
     static_cast<void>(Guarded([&] {
         CameraSteps steps = show_.UsersSteps();
-        // An error of the command must not cost the settings behind its line.
-        const auto useCharacter = [this] {
-            static_cast<void>(Guarded([this] { mnuChar_Click(); }));
-        };
-        const auto ended = [this] { return machine_.window.EndRequested(); };
+        const std::string givenFolder = MugenFolderAmong(machine_.files, given);
         const bool isFirstStart = !HasConfiguration(machine_.files);
-        settingsLoaded_ = LoadConfig(AllSettings(steps), {machine_.files, machine_.messages,
-                                                          machine_.dialogs, useCharacter, ended});
+        settingsLoaded_ = ReadSettings(steps, givenFolder);
         show_.CameraState().HCamStep = steps.HCamStep;
         show_.CameraState().VCamStep = steps.VCamStep;
         show_.Flags().DebugBG = form_[Menu::mnuDebugBG].checked ? kByteTrue : Byte{0};
@@ -95,10 +96,32 @@ void frmStage::Form_Load() {
         } else if (SavesMeanwhile()) {
             SaveChanges(settingsFile_);  // the folder that was chosen just now
         }
-        LoadFilestoList(form_.lstStages, StagesFolder(MugeDir), ".def", machine_.files,
-                        machine_.messages);
+        if (!givenFolder.empty()) {
+            MugeDir = WithSeparator(givenFolder);
+        }
+        // Addition: it is said in the window. A box would come at every start.
+        Unsaid unsaid;
+        FillStageList(show_.Options().Additions ? unsaid : machine_.messages);
     }));
     ComeUp();
+}
+
+// False: the program is to end, and there are no settings.
+bool frmStage::ReadSettings(CameraSteps& steps, const std::string& givenFolder) {
+    if (!HasConfiguration(machine_.files)) {
+        if (!givenFolder.empty()) {
+            MugeDir = WithSeparator(givenFolder);
+            return true;
+        }
+        if (show_.Options().Additions) {
+            return AskAtFirstStart();
+        }
+    }
+    // An error of the command must not cost the settings behind its line.
+    const auto useCharacter = [this] { static_cast<void>(Guarded([this] { mnuChar_Click(); })); };
+    const auto ended = [this] { return machine_.window.EndRequested(); };
+    return LoadConfig(AllSettings(steps),
+                      {machine_.files, machine_.messages, machine_.dialogs, useCharacter, ended});
 }
 
 Settings frmStage::AllSettings(CameraSteps& steps) {

@@ -70,6 +70,7 @@ constexpr std::array<Designed, kMenuCount> kDesign = {{
     {Menu::mnuSmooth, MenuPlace::Extras, "S&mooth", When::WithAdditions},
     {Menu::mnuWholeMultiples, MenuPlace::Extras, "&Whole Multiples Only", When::WithAdditions},
     {Menu::mnuExtrasScreen, MenuPlace::Extras, "-"},
+    {Menu::mnuMugenFolder, MenuPlace::Extras, "MUGEN Fo&lder...", When::WithAdditions},
     {Menu::mnuSwitchMode, MenuPlace::Extras, "Switch &Display Mode", When::WithAdditions},
     {Menu::mnuExtrasProblems, MenuPlace::Extras, "-"},
     {Menu::mnuProblems, MenuPlace::Extras, "&Problems...", When::OnceLoaded},

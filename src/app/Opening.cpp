@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "app/GivenPaths.h"
 #include "app/RecentFiles.h"
 #include "app/StageFiles.h"
 #include "app/frmStage.h"
@@ -130,17 +131,18 @@ void frmStage::mnuR_Click() {
 
 void frmStage::mnuOpen_Click() {
     const std::string folder = StagesFolder(MugeDir);
-    const std::string chosen = machine_.dialogs.OpenFile(
-        "Choose your stage!", machine_.files.FolderExists(folder) ? folder : std::string());
+    const bool isThere = !MugeDir.empty() && machine_.files.FolderExists(folder);
+    const std::string chosen =
+        machine_.dialogs.OpenFile("Choose your stage!", isThere ? folder : std::string());
     if (!chosen.empty()) {
         show_.Which.CurrentStageFile = ChosenStage(chosen);
         OpenStage();
     }
 }
 
-void frmStage::Form_OLEDragDrop(const std::string& path) {
+void frmStage::Form_OLEDragDrop(const std::vector<std::string>& paths) {
     Handle([&] {
-        show_.Which.follows = path;
+        show_.Which.follows = paths;
         if (show_.State() != ShowState::Loading) {
             OpenFollowing();
         }
@@ -149,9 +151,44 @@ void frmStage::Form_OLEDragDrop(const std::string& path) {
 
 void frmStage::OpenFollowing() {
     if (!show_.Which.follows.empty() && !machine_.window.EndRequested()) {
-        show_.Which.CurrentStageFile = std::exchange(show_.Which.follows, {});
+        OpenGiven(std::exchange(show_.Which.follows, {}));
+    }
+}
+
+// What loads or runs a stage comes last: it may return when the stage is closed.
+void frmStage::OpenGiven(const std::vector<std::string>& paths) {
+    const GivenPaths given = LookAt(machine_.files, paths);
+    if (given.IsNothing() && !given.other.empty()) {
+        ReportGiven(given.other, given.otherIsFolder);
+    }
+    if (!given.mugenFolder.empty()) {
+        TakeMugenFolder(given.mugenFolder);
+    }
+    if (!given.character.empty()) {
+        PutOnStage(given.character, !given.stages.empty());
+    }
+    for (std::size_t i = std::min(given.stages.size(), kMaxRecentFiles); i > 1; --i) {
+        RememberRecentFile(form_, given.stages[i - 1]);
+    }
+    if (!given.stages.empty()) {
+        show_.Which.CurrentStageFile = given.stages.front();
         OpenStage();
     }
+}
+
+void frmStage::ReportGiven(const std::string& path, bool isFolder) {
+    if (!isFolder) {
+        show_.Which.CurrentStageFile = path;
+        OpenStage();  // it says what is wrong with it
+        return;
+    }
+    machine_.messages.Show({kMessageNoStageInFolder,
+                            "There is nothing to show in the folder\r\n" + path +
+                                "\r\n\r\nIt has no folder \"stages\" as a MUGEN folder does, no "
+                                "stage (a .def file) and no character.",
+                            {},
+                            MessageIcon::Exclamation,
+                            {0, 0, path}});
 }
 
 void frmStage::mnuReload_Click() {

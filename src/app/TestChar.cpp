@@ -22,6 +22,22 @@ void frmStage::mnuChange_Click() {
     LoadingCharacter([&] { show_.ChooseCharacter(chosen); });
 }
 
+// `opensStage`: one is opened next, and shows it.
+void frmStage::PutOnStage(const std::string& character, bool opensStage) {
+    const bool isSeen = opensStage || show_.Loop().StageRunning != 0;
+    LoadingCharacter([&] {
+        show_.ChooseCharacter(character);
+        if (!show_.TestChar().TestChar.empty() && !show_.TestChar().UseChar) {
+            show_.UseCharacter(true);
+        }
+    });
+    if (!isSeen) {
+        machine_.messages.MsgBox(kMessageCharacterWaits,
+                                 "This is a character. The next stage that you open shows it.",
+                                 {0, 0, character});
+    }
+}
+
 void frmStage::mnuChar_Click() {
     if (show_.TestChar().TestChar.empty()) {
         mnuChange_Click();

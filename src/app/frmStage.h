@@ -4,10 +4,10 @@
 //
 // What is shown is a StageShow's affair; this is the window around one: start-up (FormLoad.cpp),
 // the sizes of the window and its controls (Layout.cpp), which stage is shown (Opening.cpp), the
-// loop that shows it (RunStage.cpp), the other commands (Commands.cpp), the test character
-// (TestChar.cpp), the background editor (Editing.cpp), the sprite browser (Browsing.cpp), the full
-// screen (FullScreen.cpp), what is saved meanwhile (Saving.cpp), what is reported of a load
-// (LoadMessages.cpp), the end (Unload.cpp).
+// loop that shows it (RunStage.cpp), the engine folder and the list (StageList.cpp), the other
+// commands (Commands.cpp), the test character (TestChar.cpp), the background editor (Editing.cpp),
+// the sprite browser (Browsing.cpp), the full screen (FullScreen.cpp), what is saved meanwhile
+// (Saving.cpp), what is reported of a load (LoadMessages.cpp), the end (Unload.cpp).
 //
 // One thread. All that the user does arrives through FormEvents while the loop lets messages
 // through, so any handler may run between two frames, and between two images of a load. A run-time
@@ -56,6 +56,8 @@ inline constexpr MessageKind kMessageCantFindFile{"file-missing", Severity::Erro
 inline constexpr MessageKind kMessageNotAStage{"not-a-stage", Severity::Error};
 inline constexpr MessageKind kMessageAbout = "about";
 inline constexpr MessageKind kMessageNotACharacter{"not-a-character", Severity::Error};
+inline constexpr MessageKind kMessageNoStageInFolder{"no-stage-in-folder", Severity::Error};
+inline constexpr MessageKind kMessageCharacterWaits = "character-waits";
 
 // All that the program asks of a machine.
 struct Machine : ShowMachine {
@@ -74,8 +76,10 @@ public:
     // --- Start and end -----------------------------------------------------------------------
 
     // Start-up: settings are read, or the engine folder is asked for, and the stages are listed.
-    // Afterwards Ended() tells whether there is anything to go on with.
-    void Form_Load();
+    // Afterwards Ended() tells whether there is anything to go on with. `given` are the paths that
+    // the program was started with: an engine folder among them is taken in place of the settings'
+    // and of the question. They are not opened yet.
+    void Form_Load(const std::vector<std::string>& given = {});
 
     void Form_Activate() override;
     void Form_Resize(Long innerWidth, Long innerHeight) override;
@@ -120,8 +124,9 @@ public:
         Handle([this, index] { SelectStage(index); });
     }
     void MnuRecentFiles_Click(Long index) override;
-    // Opens the file; while a stage loads, when that is done.
-    void Form_OLEDragDrop(const std::string& path) override;
+    // Takes an engine folder, puts a character on the stage, opens the first stage and has the
+    // others among the recent files (GivenPaths.h); while a stage loads, when that is done.
+    void Form_OLEDragDrop(const std::vector<std::string>& paths) override;
     void mnuOpen_Click();
     void mnuClose_Click();
     // Plain it releases the stage under the running loop; addition: the stage is loaded again.
@@ -143,6 +148,8 @@ public:
     void mnuProblems_Click() { machine_.dialogs.ShowProblems(form_.problems); }
     // The additions on or off; the stage is loaded again with the camera where it is.
     void mnuAdditions_Click();
+    // Asks for another engine folder.
+    void mnuMugenFolder_Click();
 
     // --- Test character and debug tools ------------------------------------------------------
 
@@ -239,6 +246,15 @@ private:
     void TuneMusic();
     void BeginMusicAgain();
     void OpenFollowing();
+    void OpenGiven(const std::vector<std::string>& paths);
+    void ReportGiven(const std::string& path, bool isFolder);
+    void PutOnStage(const std::string& character, bool opensStage);
+    [[nodiscard]] bool ReadSettings(CameraSteps& steps, const std::string& givenFolder);
+    [[nodiscard]] bool AskAtFirstStart();
+    [[nodiscard]] std::string AskForFolder();
+    void TakeMugenFolder(const std::string& folder);
+    void FillStageList(Messages& messages);
+    void NoteEmptyList();
     void LeaveStage();
     void LoadAgain();
     void SelectStage(Long index);

@@ -8,6 +8,7 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
@@ -53,6 +54,7 @@ enum class Menu : Byte {
     mnuSmooth,
     mnuWholeMultiples,
     mnuExtrasScreen,  // a separator
+    mnuMugenFolder,
     mnuSwitchMode,
     mnuExtrasProblems,  // a separator
     mnuProblems,
@@ -90,8 +92,9 @@ struct PictureBox {
 
 struct ListBox {
     std::vector<std::string> items;
-    Long ListIndex = -1;    // the selected item; -1: none
-    bool takesKeys = true;  // else keys pass it by, whatever has the focus
+    std::uint32_t filled = 0;  // how often it was filled anew: other items, perhaps as many
+    Long ListIndex = -1;       // the selected item; -1: none
+    bool takesKeys = true;     // else keys pass it by, whatever has the focus
     Long left = 0;
     Long top = 0;
     Long width = 0;
@@ -118,6 +121,7 @@ struct Form {
     PictureBox picDraw;         // where the stage is drawn
     Presentation presentation;  // of the canvas, in picDraw and full screen
     PictureBox picLoad;         // the picture that is shown before a stage is open
+    std::string titleNote;      // stands in it, in lines broken by CR LF; empty: how to begin
     ListBox lstStages;
     ScrollBar hscHScroll;                // the camera
     ScrollBar hscSGFX;                   // the sprite browser
@@ -147,8 +151,9 @@ public:
     virtual bool Form_Idle() = 0;
     // A key has gone down; once per press.
     virtual void Form_KeyDown(VirtualKey key) = 0;
-    // A file has been dropped onto the window.
-    virtual void Form_OLEDragDrop(const std::string& path) = 0;
+    // Files and folders have been dropped onto the window, or were named when the program was
+    // started, or started again.
+    virtual void Form_OLEDragDrop(const std::vector<std::string>& paths) = 0;
     virtual void Menu_Click(Menu item) = 0;
     // One of the recent files, counted from 1.
     virtual void MnuRecentFiles_Click(Long index) = 0;

@@ -31,6 +31,7 @@ inline constexpr std::array kAdditions = {
     Addition{"Names of sections", "stage/SectionHeader.cpp", "KindByFirstWord"},
     Addition{"Keys in odd case", "stage/KeyOffer.cpp", "MayStandHere"},
     Addition{"An archive under another name", "stage/ArchiveSearch.cpp", "FindUnderAnotherName"},
+    Addition{"A stage of another MUGEN folder", "stage/ArchiveSearch.cpp", "EngineFolderOf"},
     Addition{"A key given twice", "stage/KeyOffer.cpp", "CountsHere"},
     Addition{"A key without a value", "stage/KeyOffer.cpp", "HasValue"},
     Addition{"Full-width blanks", "stage/DefinitionReader.cpp", "BlankFullWidth"},
@@ -94,6 +95,8 @@ inline constexpr std::array kAdditions = {
     Addition{"The picture's size", "app/Commands.cpp", "PresentationWanted"},
     Addition{"The full screen", "app/FullScreen.cpp", "ModeOfFullScreen"},
     Addition{"Settings", "app/Saving.cpp", "SavesMeanwhile"},
+    Addition{"The MUGEN folder", "app/StageList.cpp", "AskAtFirstStart"},
+    Addition{"A list without stages", "app/StageList.cpp", "NoteEmptyList"},
 };
 
 }  // namespace scenara

@@ -236,7 +236,7 @@ TEST(LoadingStage, SaysARepeatedProblemAsOftenAsTheUserWants) {
         stage.messages.TakeOffers(takes);
         stage.user = InTurn({});
         for (int i = 0; i < loads; ++i) {
-            stage.program.Form_OLEDragDrop("/mugen/stages/d.def");
+            stage.program.Form_OLEDragDrop({"/mugen/stages/d.def"});
         }
         return stage.MessageTexts();
     };
@@ -313,7 +313,7 @@ TEST_P(LoadingACharacter, SaysARepeatedProblemAsOftenAsTheUserWants) {
         stage.dialogs.Answer(kHero);
         stage.messages.TakeOffers(takes);
         stage.user = InTurn({[](RunningStage& running) { running.Click(GetParam()); }});
-        stage.program.Form_OLEDragDrop("/mugen/stages/a.def");
+        stage.program.Form_OLEDragDrop({"/mugen/stages/a.def"});
         for (const Message& message : stage.messages.Recorded()) {
             const bool isCharacters = message.kind != kMessageMoreProblems;
             EXPECT_EQ(message.title, isCharacters ? "Cohortia" : "") << message.text;

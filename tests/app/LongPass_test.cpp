@@ -281,7 +281,7 @@ TEST(HeavyStages, AnotherStageHasItsOwnTitle) {
     heavy.after = [&](RunningStage& stage) {
         EXPECT_EQ(stage.Caption(), kHeavyTitle);
         stage.user = InTurn({[&](RunningStage& its) { captions = its.window.Captions(); }});
-        stage.program.Form_OLEDragDrop("/mugen/stages/a.def");
+        stage.program.Form_OLEDragDrop({"/mugen/stages/a.def"});
     };
     heavy.Run();
     ASSERT_FALSE(captions.empty());

@@ -81,7 +81,7 @@ TEST_F(FormUnload, WhatComesBehindItIsPassedOver) {
     program.MnuRecentFiles_Click(2);
     program.lstStages_Click(1);
     program.lstStages_Click(99);
-    program.Form_OLEDragDrop(kGone);
+    program.Form_OLEDragDrop({kGone});
     program.Form_KeyDown(VirtualKey::Escape);
     program.Form_Activate();
     program.Form_Resize(800, 600);
@@ -98,7 +98,7 @@ TEST_F(FormUnload, WhatComesBehindItIsPassedOver) {
 
 TEST_F(FormUnload, WhileAStageLoadsNothingMoreIsSaid) {
     WhileAIsShown({}, [&] {
-        program.Form_OLEDragDrop(kGone);
+        program.Form_OLEDragDrop({kGone});
         program.Form_Unload();
         program.lstStages_Click(1);
     });

@@ -3,6 +3,7 @@
 // What is around a stage in the real window: the first start, the ways to a stage, the list, the
 // limiter, and what is remembered.
 #include <filesystem>
+#include <fstream>
 #include <string>
 
 #include <gmock/gmock.h>
@@ -24,7 +25,8 @@ constexpr int kPrevious = 222;
 constexpr int kNext = 250;
 constexpr int kRandom = 273;
 
-TEST_F(DesktopProgram, TheFirstStartAsksForTheFolderUntilOneIsChosen) {
+TEST_F(DesktopProgram, PlainlyTheFirstStartAsksForTheFolderUntilOneIsChosen) {
+    std::ofstream(Folder() / "bin/Scenara.ini", std::ios::binary) << "Additions = False\r\n";
     Start();
     ExpectBox();
     Key("Return");

@@ -24,7 +24,11 @@ public:
         return wantsMore;
     }
     void Form_KeyDown(VirtualKey key) override { Add("key", static_cast<Long>(key)); }
-    void Form_OLEDragDrop(const std::string& path) override { Add("drop " + path); }
+    void Form_OLEDragDrop(const std::vector<std::string>& paths) override {
+        for (const std::string& path : paths) {
+            Add("drop " + path);
+        }
+    }
     void Menu_Click(Menu item) override { Add("menu", static_cast<Long>(item)); }
     void MnuRecentFiles_Click(Long index) override { Add("recent", index); }
     void lstStages_Click(Long index) override { Add("list", index); }

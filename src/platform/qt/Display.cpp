@@ -53,6 +53,17 @@ bool HasDisplay() {
     return connected;
 }
 
+// An X display has screens, which are one display (":0.0" and ":0").
+std::string DisplayName() {
+    const auto* const x11 = qApp->nativeInterface<QNativeInterface::QX11Application>();
+    if (x11 != nullptr && x11->display() != nullptr) {
+        const std::string name = XDisplayString(x11->display());
+        return name.substr(0, name.find('.', std::min(name.rfind(':'), name.size())));
+    }
+    return QGuiApplication::platformName().toStdString() +
+           qEnvironmentVariable("WAYLAND_DISPLAY").toStdString();
+}
+
 void MakeAutoRepeatDetectable() {
     const auto* const x11 = qApp->nativeInterface<QNativeInterface::QX11Application>();
     if (x11 != nullptr && x11->display() != nullptr) {

@@ -3,12 +3,17 @@
 // Display: what must be settled with the display itself, and what only it knows.
 #pragma once
 
+#include <string>
+
 class QWindow;
 
 namespace scenara {
 
 // Whether there is a display to show a window on. (The toolkit would end the program without one.)
 [[nodiscard]] bool HasDisplay();
+
+// What tells this display from others of the user, with the application object there.
+[[nodiscard]] std::string DisplayName();
 
 // A key that is held repeats as presses only, without releases in between.
 void MakeAutoRepeatDetectable();

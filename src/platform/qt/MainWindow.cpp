@@ -7,7 +7,6 @@
 #include <QCloseEvent>
 #include <QCursor>
 #include <QDragEnterEvent>
-#include <QFile>
 #include <QKeyEvent>
 #include <QListWidget>
 #include <QMenu>
@@ -28,6 +27,7 @@
 #include "base/Text.h"
 #include "platform/WindowOnScreens.h"
 #include "platform/qt/Display.h"
+#include "platform/qt/Launch.h"
 #include "platform/qt/MenuBar.h"
 #include "platform/qt/PictureWidget.h"
 #include "platform/qt/TitlePicture.h"
@@ -36,7 +36,7 @@ namespace scenara {
 namespace {
 
 // Milliseconds until the program is asked again that wants to be.
-constexpr int kAskAgain = 250;
+constexpr int kAskProgramAgain = 250;
 
 QString Shown(const std::string& text) {
     return QString::fromStdString(ToUtf8(text));
@@ -58,6 +58,18 @@ bool RunsOnGlib() {
     const QAbstractEventDispatcher* const dispatcher = QAbstractEventDispatcher::instance();
     return dispatcher != nullptr &&
            QString::fromLatin1(dispatcher->metaObject()->className()).contains("Glib");
+}
+
+// Those that lie elsewhere are left out. A name is bytes, and perhaps no text.
+std::vector<std::string> LocalFiles(const QMimeData& data) {
+    std::vector<std::string> paths;
+    for (const QUrl& url : data.urls()) {
+        if (url.isLocalFile()) {
+            const QByteArray encoded = url.path(QUrl::FullyEncoded).toLatin1();
+            paths.push_back(QByteArray::fromPercentEncoding(encoded).toStdString());
+        }
+    }
+    return paths;
 }
 
 Long Units(int pixels) {
@@ -307,8 +319,9 @@ void MainWindow::ShowForm() {
         picture_->setGeometry(place);
     }
     const bool showedTitle = std::exchange(showsTitle_, form_.picLoad.visible);
-    if (showsTitle_ && !showedTitle) {
-        static_cast<void>(picture_->Show(CanvasSize(), TitlePicture()));
+    const std::string noteBefore = std::exchange(titleNote_, form_.titleNote);
+    if (showsTitle_ && (!showedTitle || titleNote_ != noteBefore)) {
+        static_cast<void>(picture_->Show(CanvasSize(), TitlePicture(Shown(titleNote_))));
     }
 }
 
@@ -345,6 +358,10 @@ void MainWindow::ShowRecentFiles() {
 void MainWindow::ShowList() {
     const ListBox& list = form_.lstStages;
     const QSignalBlocker quiet(list_);  // what the program does is no click
+    if (std::exchange(filled_, list.filled) != list.filled) {
+        list_->clear();
+        listed_ = 0;
+    }
     for (; listed_ < list.items.size(); ++listed_) {
         list_->addItem(Shown(list.items[listed_]));
     }
@@ -463,7 +480,7 @@ void MainWindow::WaitForEvents() {
     ShowForm();
     if (waiting_.Empty() && !SizeIsToBeReported() && !endRequested_) {
         if (asksAgain_) {
-            wake_.start(kAskAgain);
+            wake_.start(kAskProgramAgain);
         }
         QApplication::processEvents(QEventLoop::WaitForMoreEvents);
     }
@@ -626,21 +643,27 @@ bool MainWindow::eventFilter(QObject* receiver, QEvent* event) {
     return QMainWindow::eventFilter(receiver, event);
 }
 
+void MainWindow::TakeRequest(Request request) {
+    waiting_.Add(
+        [paths = std::move(request.paths)](FormEvents& events) { events.Form_OLEDragDrop(paths); },
+        WaitingEvents::Kind::Request);
+    QWidget* const asked = QApplication::activeModalWidget();
+    QWidget* const shown = covering_ != nullptr ? covering_->window() : this;
+    BringToFront(asked != nullptr ? *asked : *shown, request.mark);
+}
+
 void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
-    if (event->mimeData()->hasUrls()) {
+    if (!LocalFiles(*event->mimeData()).empty()) {
         event->acceptProposedAction();
     }
 }
 
 void MainWindow::dropEvent(QDropEvent* event) {
-    for (const QUrl& url : event->mimeData()->urls()) {
-        if (url.isLocalFile()) {
-            const std::string path = QFile::encodeName(url.toLocalFile()).toStdString();
-            waiting_.Add([path](FormEvents& events) { events.Form_OLEDragDrop(path); },
-                         WaitingEvents::Kind::Leaving);
-            event->acceptProposedAction();
-            return;
-        }
+    const std::vector<std::string> paths = LocalFiles(*event->mimeData());
+    if (!paths.empty()) {
+        waiting_.Add([paths](FormEvents& events) { events.Form_OLEDragDrop(paths); },
+                     WaitingEvents::Kind::Leaving);
+        event->acceptProposedAction();
     }
 }
 

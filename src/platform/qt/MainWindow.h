@@ -19,6 +19,7 @@
 
 #include "platform/DisplayModes.h"
 #include "platform/Form.h"
+#include "platform/Request.h"
 #include "platform/WaitingEvents.h"
 #include "platform/Window.h"
 #include "platform/qt/WindowSize.h"
@@ -62,6 +63,10 @@ public:
 
     // The program is to end, as if the window had been closed.
     void NoteUnload();
+
+    // A later start of the program has handed this over: it is opened after what is open now, and
+    // the program comes to the front. Of several that wait the last one counts.
+    void TakeRequest(Request request);
 
     // A window with this picture stands in its place: until there is none nothing shows it.
     void CoverBy(PictureWidget* picture) { covering_ = picture; }
@@ -150,8 +155,9 @@ private:
     QTimer wake_;
     std::array<QAction*, kMenuCount> actions_{};
     std::vector<QAction*> recentActions_;
-    std::size_t listed_ = 0;   // how many of the form's items the list has
-    int selectionNoted_ = -1;  // the row that a press of the mouse has selected just now
+    std::size_t listed_ = 0;    // how many of the form's items the list has
+    std::uint32_t filled_ = 0;  // of which filling
+    int selectionNoted_ = -1;   // the row that a press of the mouse has selected just now
     WaitingEvents waiting_;
     mutable WindowSize size_;  // it looks at the window when it is asked
     bool hasStand_ = false;    // it comes up where the user had it
@@ -163,6 +169,7 @@ private:
     bool asksAgain_ = false;      // the program wants to be asked again though nothing happens
     bool endRequested_ = false;
     bool showsTitle_ = false;
+    std::string titleNote_;  // as it is shown
 };
 
 }  // namespace scenara

@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "platform/qt/QtDialogs.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileDialog>
 #include <QInputDialog>
+#include <QMessageBox>
+#include <QPushButton>
 #include <QUrl>
+#include <algorithm>
 
 #include "base/Text.h"
 #include "platform/Form.h"
@@ -21,6 +25,10 @@ QString Shown(const std::string& text) {
 // Paths are the file system's bytes and not text.
 std::string PathOf(const QString& name) {
     return QFile::encodeName(name).toStdString();
+}
+
+QString NameOf(const std::string& path) {
+    return QFile::decodeName(QByteArray::fromStdString(path));
 }
 
 // A title is one line.
@@ -42,16 +50,17 @@ std::string QtDialogs::Choose(QFileDialog& dialog) {
     return PathOf(dialog.selectedUrls().value(0).toLocalFile());
 }
 
-std::string QtDialogs::BrowseForFolder(const std::string& prompt) {
-    QFileDialog dialog(questions_.Owner(), OneLine(prompt));
+std::string QtDialogs::BrowseForFolder(const std::string& prompt,
+                                       const std::string& initialFolder) {
+    QFileDialog dialog(questions_.Owner(), OneLine(prompt),
+                       initialFolder.empty() ? QDir::homePath() : NameOf(initialFolder));
     dialog.setFileMode(QFileDialog::Directory);
     dialog.setOption(QFileDialog::ShowDirsOnly);
     return Choose(dialog);
 }
 
 std::string QtDialogs::OpenFile(const std::string& title, const std::string& initialFolder) {
-    QFileDialog dialog(questions_.Owner(), OneLine(title),
-                       QFile::decodeName(QByteArray::fromStdString(initialFolder)),
+    QFileDialog dialog(questions_.Owner(), OneLine(title), NameOf(initialFolder),
                        QStringLiteral("*.def;;*"));
     dialog.setFileMode(QFileDialog::ExistingFile);
     return Choose(dialog);
@@ -71,6 +80,27 @@ void QtDialogs::ShowProblems(const ProblemList& problems) {
         problems_ = new ProblemsWindow(problems, questions_.Owner());
     }
     problems_->ComeToFront();
+}
+
+std::optional<std::size_t> QtDialogs::ChooseAnswer(const std::string& text,
+                                                   const std::vector<std::string>& answers) {
+    QMessageBox box(questions_.Owner());
+    box.setIcon(QMessageBox::Question);
+    box.setWindowTitle(Shown(form_.title));
+    box.setTextFormat(Qt::PlainText);
+    box.setText(Shown(text));
+    std::vector<QAbstractButton*> buttons;
+    for (const std::string& answer : answers) {
+        buttons.push_back(box.addButton(Shown(answer), QMessageBox::ActionRole));
+    }
+    box.setDefaultButton(qobject_cast<QPushButton*>(buttons.front()));
+    box.addButton(QMessageBox::Cancel);
+    static_cast<void>(questions_.Ask(box));
+    const auto chosen = std::find(buttons.begin(), buttons.end(), box.clickedButton());
+    if (chosen == buttons.end()) {
+        return std::nullopt;
+    }
+    return static_cast<std::size_t>(chosen - buttons.begin());
 }
 
 }  // namespace scenara

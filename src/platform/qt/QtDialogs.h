@@ -4,7 +4,10 @@
 #pragma once
 
 #include <QPointer>
+#include <cstddef>
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "platform/Dialogs.h"
 
@@ -23,10 +26,13 @@ public:
     QtDialogs(Questions& questions, const Form& form);
     ~QtDialogs() override;
 
-    std::string BrowseForFolder(const std::string& prompt) override;
+    std::string BrowseForFolder(const std::string& prompt,
+                                const std::string& initialFolder) override;
     std::string OpenFile(const std::string& title, const std::string& initialFolder) override;
     std::string InputBox(const std::string& prompt) override;
     void ShowProblems(const ProblemList& problems) override;
+    std::optional<std::size_t> ChooseAnswer(const std::string& text,
+                                            const std::vector<std::string>& answers) override;
 
 private:
     // The path that is chosen; empty: none.
