@@ -21,6 +21,8 @@
 #include "platform/Form.h"
 #include "platform/WaitingEvents.h"
 #include "platform/Window.h"
+#include "platform/qt/SystemEvents.h"
+#include "platform/qt/WindowSight.h"
 #include "platform/qt/WindowSize.h"
 
 class QAction;
@@ -64,7 +66,7 @@ public:
     void NoteUnload();
 
     // A window with this picture stands in its place: until there is none nothing shows it.
-    void CoverBy(PictureWidget* picture) { covering_ = picture; }
+    void CoverBy(PictureWidget* picture);
     // Foreground tells of this one until a window of ours really has the focus: a window manager
     // that is busy gives it late. 0: of none.
     void AwaitFocus(WindowHandle window) { awaited_ = window; }
@@ -78,6 +80,8 @@ public:
     [[nodiscard]] bool MessageWaiting() override;
     void DoEvents() override;
     void NoteEvents() override;
+    void SleepUntilMessage(std::int64_t nanoseconds) override;
+    [[nodiscard]] bool IsSeen() const override { return sight_.IsSeen(); }
     [[nodiscard]] bool LeavingWaits() const override {
         return endRequested_ || waiting_.LeavingWaits();
     }
@@ -126,6 +130,7 @@ private:
     }
     void HandOver();
     [[nodiscard]] bool SizeIsToBeReported() const;
+    [[nodiscard]] bool HasToDeliver() const;
 
     const Form& form_;
     FormEvents* events_ = nullptr;
@@ -141,12 +146,13 @@ private:
     int selectionNoted_ = -1;  // the row that a press of the mouse has selected just now
     WaitingEvents waiting_;
     WindowSize size_;
+    WindowSight sight_;
+    SystemEvents systemEvents_;
     bool sizeCame_ = false;  // of the inner area; it has not been reported yet
     PictureWidget* covering_ = nullptr;
     WindowHandle awaited_ = 0;
-    bool seesWhatWaits_ = false;  // the dispatcher can tell whether something waits
-    bool tookEventsIn_ = false;   // since messages were let through
-    bool asksAgain_ = false;      // the program wants to be asked again though nothing happens
+    bool tookEventsIn_ = false;  // since messages were let through
+    bool asksAgain_ = false;     // the program wants to be asked again though nothing happens
     bool endRequested_ = false;
     bool showsTitle_ = false;
 };
