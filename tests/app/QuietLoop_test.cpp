@@ -27,10 +27,12 @@ void Hide(RunningStage& stage) {
 }
 
 // A drifting stage in a window that is quiet: no message waits but those of the test.
-class QuietLoop : public NewProgram {
+class QuietLoop : public Program {
 protected:
-    explicit QuietLoop(bool additions = true) : NewProgram(additions) {
-        files.Put(kStageA, std::string(kStage) + "velocity = 1\n");
+    explicit QuietLoop(bool additions = true) : Program(additions) {
+        std::string stage = kStage;
+        files.Put(kStageA, stage.replace(stage.find("tile = 1,1"), 10, "velocity = 1"));
+        show.Which.CurrentStageFile = kStageA;
     }
 
     // Does `first` when the stage is shown, and lets it sleep so often; then `then`, and ends. Each
@@ -169,7 +171,7 @@ TEST_F(QuietLoop, AStageThatIsNotSeenMovesOnWithoutAPicture) {
                    [&] { EXPECT_EQ(sink.shown, shown + 1); }});
     program.RunStage();
     EXPECT_EQ(frames, 5) << "each pass counts";
-    EXPECT_EQ(model.Elements.front().ctrlPos[0], static_cast<Single>(loop.TotalFrames));
+    EXPECT_EQ(model.Elements.front().motion[0], loop.TotalFrames);
 }
 
 TEST_F(PlainQuietLoop, DrawsWhatIsNotSeen) {
