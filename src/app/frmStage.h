@@ -238,7 +238,13 @@ private:
     void ShowStage();
     [[nodiscard]] bool StartLoop();
     [[nodiscard]] bool LoadStage();
+    [[nodiscard]] bool LeavesLoop() const;
     void RunPass();
+    [[nodiscard]] bool IsSeen() const;
+    void WaitForNextPass();
+    [[nodiscard]] Integer PassesPerSecond();
+    void LookForMessages();
+    void PollKeys();
     void PollPauseKey();
     void AbandonStage();
     void SilenceStageBefore();
@@ -311,6 +317,7 @@ private:
     StageShow show_;
 
     FrameTimes times_;
+    SleepingWait wait_;
     clsMusic music_;
     ImageSets imageSets_;
     SpriteBrowser browser_;

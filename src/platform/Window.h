@@ -80,6 +80,15 @@ public:
     // Delivers all that waits, and returns.
     virtual void DoEvents() = 0;
 
+    // Sleeps until an event may wait to be delivered, at most so many nanoseconds, and delivers
+    // nothing. It ends as late as the machine makes it; and early also for what turns out to be
+    // nothing.
+    virtual void SleepUntilMessage(std::int64_t nanoseconds) = 0;
+
+    // Whether the user may see something of the stage's picture, as far as the window system tells:
+    // not in a window that is minimised, stands on another workspace or is covered whole.
+    [[nodiscard]] virtual bool IsSeen() const = 0;
+
     // Takes in what the window system has, so that the window does not look dead, and delivers
     // nothing: the program may be in the middle of a frame.
     virtual void NoteEvents() = 0;

@@ -132,6 +132,7 @@ void StageShow::Release() {
 
 void StageShow::BeginLoop() {
     ForgetKeys();
+    toPresent_ = true;
     loop_.LastFpsTick = kNoFpsTick;
     infoText_.clear();
 }
@@ -155,6 +156,7 @@ bool StageShow::Draw(bool info) {
     longPass_.Begin();
     DrawScene(engine_, tiles_, flags_, this);
     longPass_.End();
+    toPresent_ = true;
     const bool secondIsOver = CountAndTell(info);
     // A frame that was given up is drawn whole, though the stage is paused by then.
     drawsOnce_ = options_.Additions && longPass_.GivenUp();
@@ -165,8 +167,8 @@ bool StageShow::Tick(bool info) {
     if (!engine_.HasDevice() || SpriteBrowserMode != 0 || loop_.Paused != 0) {
         return false;
     }
-    edited_ = false;
     TickScene(tiles_, flags_, this);
+    edited_ = true;  // paused by the time that it is seen, it is drawn as it is then
     return CountAndTell(info);
 }
 
@@ -187,13 +189,17 @@ void StageShow::EditWhilePaused() {
         longPass_.Begin();
         DrawSceneAgain(engine_, tiles_, flags_, this);
         edited_ = longPass_.GivenUp();
+        toPresent_ = true;
     }
 }
 
 void StageShow::Present(bool info) {
-    if (!engine_.HasDevice() || SpriteBrowserMode != 0 || longPass_.GivenUp()) {
+    if (!engine_.HasDevice() || SpriteBrowserMode != 0 || longPass_.GivenUp() ||
+        ShowsPictureAlready(info)) {
         return;
     }
+    toPresent_ = false;
+    toldInfo_ = info;
     if (info) {
         PresentFrame(engine_, infoText_, options_.Additions);
     } else {

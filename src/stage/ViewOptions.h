@@ -77,6 +77,8 @@ inline constexpr std::array kAdditions = {
     Addition{"A character's frames", "character/CharacterAnimation.cpp", "options"},
     Addition{"A character's colours", "character/CharacterColors.cpp", "act"},
     Addition{"A heavy stage", "app/Commands.cpp", "ShowTitle"},
+    Addition{"Between two frames", "app/RunStage.cpp", "WaitForNextPass"},
+    Addition{"A stage that nobody sees", "app/RunStage.cpp", "IsSeen"},
     Addition{"Escape and Q", "app/Commands.cpp", "Form_KeyDown"},
     Addition{"Reload Stage", "app/Opening.cpp", "mnuReload_Click"},
     Addition{"The Pause key", "app/RunStage.cpp", "PollPauseKey"},

@@ -17,6 +17,7 @@
 
 #include "platform/Form.h"
 #include "platform/Window.h"
+#include "platform/headless/HeadlessClock.h"
 
 namespace scenara {
 
@@ -46,6 +47,9 @@ public:
 
     HeadlessWindow() = default;
     explicit HeadlessWindow(Script script) : script_(std::move(script)) {}
+
+    // Which clock goes on while the program sleeps; outlives it.
+    void SetClock(HeadlessClock* clock) { clock_ = clock; }
 
     // Who hears of sizes from now on; outlives it.
     void SetEvents(FormEvents* events) { events_ = events; }
@@ -82,6 +86,17 @@ public:
         }
     }
     [[nodiscard]] bool MessageWaiting() override { return messageWaiting_ || sizeCame_; }
+    // Not at all while a message waits; else as long as it may.
+    void SleepUntilMessage(std::int64_t nanoseconds) override {
+        if (!MessageWaiting() && clock_ != nullptr) {
+            clock_->Sleep(nanoseconds);
+            sleeps_.push_back(nanoseconds);
+            if (atWaking_) {
+                atWaking_(*this);
+            }
+        }
+    }
+    [[nodiscard]] bool IsSeen() const override { return seen_; }
     [[nodiscard]] WindowPlace Screen() const override {
         return {screenLeft_ * kUnitsPerPixel, 0, kScreenWidth * kUnitsPerPixel,
                 kScreenHeight * kUnitsPerPixel};
@@ -156,6 +171,12 @@ public:
     // Whether a message waits, from now on: at first there always is one, so every look pumps.
     void SetMessageWaiting(bool waiting) { messageWaiting_ = waiting; }
 
+    // What happens at the end of each sleep.
+    void SetAtWaking(Script script) { atWaking_ = std::move(script); }
+
+    // What minimising the window and bringing it back does.
+    void SetSeen(bool seen) { seen_ = seen; }
+
     // What the user does while a frame takes long, at each look.
     void SetDuringPass(Script script) { duringPass_ = std::move(script); }
     // Whether what the user did leaves the stage, until DoEvents has delivered it.
@@ -171,6 +192,8 @@ public:
     [[nodiscard]] const std::vector<std::string>& Captions() const { return captions_; }
     // Every size that was asked for, oldest first.
     [[nodiscard]] const std::vector<InnerSize>& Wishes() const { return wishes_; }
+    // How long the program slept each time, oldest first, in nanoseconds.
+    [[nodiscard]] const std::vector<std::int64_t>& Sleeps() const { return sleeps_; }
     [[nodiscard]] std::size_t DoEventsCount() const { return doEventsCount_; }
     [[nodiscard]] std::size_t ShowCount() const { return showCount_; }
 
@@ -187,7 +210,10 @@ private:
 
     Script script_;
     Script duringPass_;
+    Script atWaking_;
     FormEvents* events_ = nullptr;
+    HeadlessClock* clock_ = nullptr;
+    std::vector<std::int64_t> sleeps_;
     std::vector<std::string> captions_;
     Long left_ = 0;
     Long top_ = 0;
@@ -209,6 +235,7 @@ private:
     bool sizeCame_ = false;  // and is to be reported
     bool maximised_ = false;
     bool messageWaiting_ = true;
+    bool seen_ = true;
     bool leavingWaits_ = false;
     bool endRequested_ = false;
 };

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/qt/MainWindow.h"
 
-#include <QAbstractEventDispatcher>
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
@@ -19,10 +18,6 @@
 #include <QWindow>
 #include <cmath>
 #include <utility>
-
-// Qt's "emit" and "signals" are words in this library's headers.
-#undef signals
-#include <glib.h>
 
 #include "base/Text.h"
 #include "platform/WindowOnScreens.h"
@@ -51,13 +46,6 @@ QString Literal(const std::string& text) {
         }
     }
     return shown.replace('&', "&&");
-}
-
-// The dispatcher runs on GLib's loop, so GLib knows whether something waits.
-bool RunsOnGlib() {
-    const QAbstractEventDispatcher* const dispatcher = QAbstractEventDispatcher::instance();
-    return dispatcher != nullptr &&
-           QString::fromLatin1(dispatcher->metaObject()->className()).contains("Glib");
 }
 
 // Those that lie elsewhere are left out. A name is bytes, and perhaps no text.
@@ -97,7 +85,7 @@ protected:
 
 }  // namespace
 
-MainWindow::MainWindow(const Form& form) : form_(form), size_(*this), seesWhatWaits_(RunsOnGlib()) {
+MainWindow::MainWindow(const Form& form) : form_(form), size_(*this) {
     wake_.setSingleShot(true);
     // Places and sizes come from the form.
     auto* const inner = new QWidget(this);  // NOLINT(cppcoreguidelines-owning-memory): Qt's own
@@ -457,8 +445,23 @@ void MainWindow::SetCaption(const std::string& caption) {
 }
 
 bool MainWindow::MessageWaiting() {
-    return !waiting_.Empty() || SizeIsToBeReported() || !seesWhatWaits_ || tookEventsIn_ ||
-           g_main_context_pending(nullptr) != 0;
+    return HasToDeliver() || systemEvents_.MayWait();
+}
+
+void MainWindow::SleepUntilMessage(std::int64_t nanoseconds) {
+    if (!HasToDeliver()) {
+        systemEvents_.SleepUntilAny(nanoseconds);
+    }
+}
+
+// Something that has been taken in already.
+bool MainWindow::HasToDeliver() const {
+    return !waiting_.Empty() || SizeIsToBeReported() || tookEventsIn_;
+}
+
+void MainWindow::CoverBy(PictureWidget* picture) {
+    covering_ = picture;
+    sight_.Watch(picture != nullptr ? picture->window()->windowHandle() : windowHandle());
 }
 
 void MainWindow::DoEvents() {
@@ -611,6 +614,7 @@ void MainWindow::NoteUnload() {
 void MainWindow::showEvent(QShowEvent* event) {
     QMainWindow::showEvent(event);
     BlackenBeneath(*windowHandle());
+    sight_.Watch(windowHandle());
     waiting_.Add([](FormEvents& events) { events.Form_Activate(); });
 }
 
