@@ -55,7 +55,8 @@ struct SeenSize {
 
 class DesktopProgram : public testing::Test {
 public:
-    explicit DesktopProgram(Manager manager = Manager::Openbox) : display_(manager) {}
+    explicit DesktopProgram(Manager manager = Manager::Openbox) : display_({manager}) {}
+    explicit DesktopProgram(const DisplaySetup& setup) : display_(setup) {}
 
     // Stages "bar", "cup" and "dot" under mugen/stages/.
     void SetUp() override;
@@ -98,7 +99,7 @@ public:
     [[nodiscard]] std::string Title() const;
     void ExpectTitle(const std::string& title);
 
-    void Key(const std::string& keys) { display_.Do("key " + keys); }
+    void Key(const std::string& keys) { display_.Press(keys); }
     void Type(const std::string& text) { display_.Do("type --delay 5 '" + text + "'"); }
     void ClickAt(int x, int y);     // in the main window, menu bar included
     void ClickListItem(int index);  // of the list beside a picture of the usual size
