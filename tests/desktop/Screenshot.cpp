@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/Screenshot.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstring>
 #include <sstream>
@@ -18,6 +19,25 @@ std::uint32_t BigEndian(const std::string& bytes, std::size_t at) {
 }
 
 }  // namespace
+
+std::optional<Place> PaintedIn(const Screenshot& shot) {
+    int left = shot.width;
+    int top = shot.height;
+    int right = 0;
+    int bottom = 0;
+    for (int y = 0; y < shot.height; ++y) {
+        for (int x = 0; x < shot.width; ++x) {
+            if (shot.At(x, y) != kBackground) {
+                left = std::min(left, x);
+                top = std::min(top, y);
+                right = std::max(right, x + 1);
+                bottom = y + 1;
+            }
+        }
+    }
+    return right > left ? std::optional(Place{left, top, right - left, bottom - top})
+                        : std::nullopt;
+}
 
 Screenshot ReadDump(const std::string& dump) {
     constexpr std::size_t kColourSize = 12;

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -27,6 +28,12 @@ struct Screenshot {
     // Throws where there is none.
     [[nodiscard]] std::uint32_t At(int x, int y) const;
 };
+
+// Nothing of the program has this colour.
+inline constexpr std::uint32_t kBackground = 0xFF00FF;
+
+// All that is not background, if there is any: the smallest part that has it.
+[[nodiscard]] std::optional<Place> PaintedIn(const Screenshot& shot);
 
 // Of an X window dump of 24 or 32 bits a pixel: blue, green, red, as a virtual server makes it; and
 // of a portable pixel map, in bytes, of 8 bits a colour. Empty where that is cut short.

@@ -67,6 +67,16 @@ xcb_atom_t Atom(xcb_connection_t* display, const std::string& name) {
 
 }  // namespace
 
+std::string NameOf(Manager manager) {
+    switch (manager) {
+        case Manager::Openbox: return "Openbox";
+        case Manager::I3: return "I3";
+        case Manager::Weston: return "Weston";
+        case Manager::Sway: return "Sway";
+    }
+    return {};
+}
+
 VirtualDisplay::VirtualDisplay(const DisplaySetup& setup) : setup_(setup) {
     if (setup_.manager == Manager::Sway) {
         StartSway();

@@ -24,8 +24,7 @@ enum class Manager {
     Sway,     // a Wayland compositor that tiles, without any X server
 };
 
-// Nothing of the program has this colour.
-inline constexpr std::uint32_t kBackground = 0xFF00FF;
+[[nodiscard]] std::string NameOf(Manager manager);
 
 struct DisplaySetup {
     Manager manager = Manager::Openbox;

@@ -6,12 +6,13 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstdlib>
-#include <cstring>
 #include <memory>
 #include <span>
 #include <string_view>
 
 #include <xcb/xcb.h>
+
+#include "platform/qt/WaylandDisplay.h"
 
 // The X library's names are macros; it comes last.
 #include <X11/XKBlib.h>
@@ -38,19 +39,51 @@ xcb_atom_t Atom(xcb_connection_t* display, std::string_view name) {
     return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
 }
 
-}  // namespace
-
-bool HasDisplay() {
-    // Another platform was asked for, one without a display of its own or one that knows better.
-    // NOLINTNEXTLINE(concurrency-mt-unsafe): before there is any other thread
-    const char* const platform = std::getenv("QT_QPA_PLATFORM");
-    if (platform != nullptr && *platform != '\0' && std::strncmp(platform, "xcb", 3) != 0) {
-        return true;
-    }
+bool HasXDisplay() {
     xcb_connection_t* const connection = xcb_connect(nullptr, nullptr);
     const bool connected = xcb_connection_has_error(connection) == 0;
     xcb_disconnect(connection);
     return connected;
+}
+
+// One that was asked for by name: one without a display of its own is always there.
+bool ServesPlatform(std::string_view name) {
+    if (name.starts_with("xcb")) {
+        return HasXDisplay();
+    }
+    return !name.starts_with("wayland") || HasWaylandDisplay();
+}
+
+// Of names between semicolons, which the toolkit tries one after the other.
+bool ServesOneOf(std::string_view names) {
+    while (true) {
+        const std::size_t end = names.find(';');
+        if (ServesPlatform(names.substr(0, end))) {
+            return true;
+        }
+        if (end == std::string_view::npos) {
+            return false;
+        }
+        names.remove_prefix(end + 1);
+    }
+}
+
+}  // namespace
+
+bool HasDisplay() {
+    // NOLINTNEXTLINE(concurrency-mt-unsafe): before there is any other thread
+    const char* const asked = std::getenv("QT_QPA_PLATFORM");
+    if (asked != nullptr && *asked != '\0') {
+        return ServesOneOf(asked);
+    }
+    if (HasXDisplay()) {
+        return true;
+    }
+    if (!HasWaylandDisplay()) {
+        return false;
+    }
+    qputenv("QT_QPA_PLATFORM", "wayland");
+    return true;
 }
 
 void MakeAutoRepeatDetectable() {
