@@ -87,6 +87,7 @@ VirtualDisplay::VirtualDisplay(const DisplaySetup& setup) : setup_(setup) {
     if (!Eventually([&] { return ManagerIsReady(); })) {
         throw std::runtime_error("no window manager: " + Contents(Folder() + "manager.txt"));
     }
+    SettleKeys();
     if (setup_.manager == Manager::Weston) {
         PlaceMonitors();
     }
@@ -238,6 +239,21 @@ bool VirtualDisplay::ManagerIsReady() const {
         }
     }
     return false;
+}
+
+// With the first key that xdotool presses, the server tells of a new keyboard, and a window manager
+// gives up its own keys and takes them again; one that is pressed in between goes to the program.
+void VirtualDisplay::SettleKeys() const {
+    if (setup_.manager == Manager::I3) {
+        Do("key shift");
+        Tell("nop");  // what comes before it is done when it is answered
+    } else if (setup_.manager == Manager::Openbox) {
+        Do("key shift");
+        for (const std::string number : {"2", "1"}) {
+            Do("set_num_desktops " + number);
+            static_cast<void>(Eventually([&] { return Do("get_num_desktops") == number; }));
+        }
+    }
 }
 
 std::string VirtualDisplay::Run(const std::string& command) const {

@@ -86,6 +86,7 @@ private:
     void StartManager();
     void StartSway();
     void PlaceMonitors() const;
+    void SettleKeys() const;
     [[nodiscard]] bool ManagerIsReady() const;
     [[nodiscard]] std::string Property(const std::string& window, const std::string& name) const;
     // Runs a command line among the programs on it; what it says.
