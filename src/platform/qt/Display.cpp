@@ -12,23 +12,60 @@
 
 #include <xcb/xcb.h>
 
+#include "platform/qt/WaylandDisplay.h"
 #include "platform/qt/XDisplay.h"
 
 // The X library's names are macros; it comes last.
 #include <X11/XKBlib.h>
 
 namespace scenara {
-bool HasDisplay() {
-    // Another platform was asked for, one without a display of its own or one that knows better.
-    // NOLINTNEXTLINE(concurrency-mt-unsafe): before there is any other thread
-    const char* const platform = std::getenv("QT_QPA_PLATFORM");
-    if (platform != nullptr && *platform != '\0' && std::strncmp(platform, "xcb", 3) != 0) {
-        return true;
-    }
+namespace {
+
+bool HasXDisplay() {
     xcb_connection_t* const connection = xcb_connect(nullptr, nullptr);
     const bool connected = xcb_connection_has_error(connection) == 0;
     xcb_disconnect(connection);
     return connected;
+}
+
+// One that was asked for by name: one without a display of its own is always there.
+bool ServesPlatform(std::string_view name) {
+    if (name.starts_with("xcb")) {
+        return HasXDisplay();
+    }
+    return !name.starts_with("wayland") || HasWaylandDisplay();
+}
+
+// Of names between semicolons, which the toolkit tries one after the other.
+bool ServesOneOf(std::string_view names) {
+    while (true) {
+        const std::size_t end = names.find(';');
+        if (ServesPlatform(names.substr(0, end))) {
+            return true;
+        }
+        if (end == std::string_view::npos) {
+            return false;
+        }
+        names.remove_prefix(end + 1);
+    }
+}
+
+}  // namespace
+
+bool HasDisplay() {
+    // NOLINTNEXTLINE(concurrency-mt-unsafe): before there is any other thread
+    const char* const asked = std::getenv("QT_QPA_PLATFORM");
+    if (asked != nullptr && *asked != '\0') {
+        return ServesOneOf(asked);
+    }
+    if (HasXDisplay()) {
+        return true;
+    }
+    if (!HasWaylandDisplay()) {
+        return false;
+    }
+    qputenv("QT_QPA_PLATFORM", "wayland");
+    return true;
 }
 
 // An X display has screens, which are one display (":0.0" and ":0").
