@@ -15,9 +15,9 @@
 #include "app/frmStage.h"
 #include "base/Path.h"
 #include "desktop/DesktopMachine.h"
-#include "platform/posix/Instance.h"
 #include "desktop/QuietRows.h"
 #include "desktop/TimedSink.h"
+#include "platform/posix/Instance.h"
 #include "platform/posix/ProgramFolder.h"
 
 namespace scenara::bench {

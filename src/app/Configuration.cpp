@@ -5,8 +5,8 @@
 
 #include "app/ConfigurationLine.h"
 #include "app/MenuTree.h"
-#include "app/OncePerKind.h"
 #include "app/MugenFolder.h"
+#include "app/OncePerKind.h"
 #include "app/RecentFiles.h"
 #include "app/SettingsText.h"
 #include "base/NumberText.h"
