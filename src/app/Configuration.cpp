@@ -5,6 +5,7 @@
 
 #include "app/ConfigurationLine.h"
 #include "app/MenuTree.h"
+#include "app/OncePerKind.h"
 #include "app/MugenFolder.h"
 #include "app/RecentFiles.h"
 #include "app/SettingsText.h"
@@ -13,7 +14,6 @@
 #include "base/RunTimeError.h"
 #include "base/Text.h"
 #include "platform/LineReader.h"
-#include "show/RepeatedMessages.h"
 
 namespace scenara {
 namespace {
@@ -202,7 +202,7 @@ bool LoadConfig(const Settings& settings, const LoadConfigContext& context) {
         settings.MugeDir = WithSeparator(lines.Line());
         return true;
     }
-    RepeatedMessages once(context.messages, Repeats::LeftOut);
+    OncePerKind once(context.messages);
     MessagesOfFile messages(once, path);
     do {
         messages.AtLine(lines.Number());

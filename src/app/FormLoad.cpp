@@ -20,6 +20,11 @@ constexpr Long kStageListWidth = 160;
 constexpr Long kLeastListWidth = 80;
 constexpr Long kMostListWidth = 1000;
 
+// What a show asks of the machine, with these messages in place of the machine's own.
+ShowMachine With(const ShowMachine& machine, Messages& messages) {
+    return {machine.files, messages,        machine.window,   machine.keyboard,
+            machine.clock, machine.pointer, machine.direct3D, machine.png};
+}
 class Unsaid : public Messages {
 public:
     void Show(const Message& /*message*/) override {}
@@ -30,9 +35,10 @@ public:
 frmStage::frmStage(const Machine& machine, Form& form, const ViewOptions& options)
     : machine_(machine),
       form_(form),
-      show_(machine, options, *this),
+      loadMessages_(machine.messages, form.problems),
+      show_(With(machine, loadMessages_), options, *this),
       music_(machine.media),
-      browser_(show_.Model(), show_.Picture(), show_.SpriteBrowserMode, form.hscSGFX, *this),
+      browser_(show_.Model(), show_.Options(), show_.SpriteBrowserMode, form.hscSGFX, *this),
       screen_(machine.display) {
     DesignMenus(form_);
     form_.picLoad.width = show_.Picture().width;

@@ -65,6 +65,9 @@ void frmStage::ComeUp() {
 void frmStage::Form_Resize(Long innerWidth, Long innerHeight) {
     Handle([&] {
         LayOutControls(innerWidth, innerHeight);
+        if (Browses()) {
+            browser_.BoxChanged();
+        }
         if (std::exchange(centres_, false)) {
             Centre();
         }
@@ -108,6 +111,7 @@ void frmStage::Centre() {
 }
 
 void frmStage::SetCaption(const std::string& caption) {
+    noted_ = false;
     form_.Caption = caption;
     machine_.window.SetCaption(caption);
 }

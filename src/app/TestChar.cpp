@@ -50,15 +50,16 @@ void frmStage::mnuChar_Click() {
 }
 
 // While a character loads the window is in use: the stage may have been paused, keys tapped and a
-// file dropped.
+// file dropped. Without a stage it is only chosen.
 void frmStage::LoadingCharacter(const std::function<void()>& load) {
-    struct After {
-        frmStage& window;
-        ~After() { window.ShowCharacterItem(); }
-    };
-    {
-        const After after{*this};
-        load();
+    if (show_.Loop().StageRunning != 0) {
+        loadMessages_.BeginCharacter(show_.Which.shown, show_.Options().Additions);
+    }
+    const bool cameThrough = Guarded(load);
+    ShowCharacterItem();
+    loadMessages_.End();
+    if (!cameThrough) {
+        return;
     }
     show_.ForgetKeys();
     OpenFollowing();

@@ -7,7 +7,7 @@
 // loop that shows it (RunStage.cpp), the engine folder and the list (StageList.cpp), the other
 // commands (Commands.cpp), the test character (TestChar.cpp), the background editor (Editing.cpp),
 // the sprite browser (Browsing.cpp), the full screen (FullScreen.cpp), what is saved meanwhile
-// (Saving.cpp), the end (Unload.cpp).
+// (Saving.cpp), what is reported of a load (LoadMessages.cpp), the end (Unload.cpp).
 //
 // One thread. All that the user does arrives through FormEvents while the loop lets messages
 // through, so any handler may run between two frames, and between two images of a load. A run-time
@@ -27,6 +27,7 @@
 #include "app/Configuration.h"
 #include "app/Extras.h"
 #include "app/FrameWait.h"
+#include "app/LoadMessages.h"
 #include "app/ScreenModule.h"
 #include "app/SettingsKeeper.h"
 #include "editor/ImageSets.h"
@@ -144,6 +145,7 @@ public:
     void mnuMScroll_Click();
     void mnuStageList_Click();
     void mnuAbout_Click();
+    void mnuProblems_Click() { machine_.dialogs.ShowProblems(form_.problems); }
     // The additions on or off; the stage is loaded again with the camera where it is.
     void mnuAdditions_Click();
     // Asks for another engine folder.
@@ -157,9 +159,8 @@ public:
     void mnuDebug_Click();
     void Form_MouseDown(Long x, Long y) override;
     void Form_MouseMove(Long x, Long y) override;
-    void Form_MouseUp() override {
-        Handle([this] { show_.Editor().MouseUp(); });
-    }
+    void Form_MouseUp() override;
+    void Form_MouseWheel(Long notches, Long x, Long y) override;
     void hscHScroll_Change(Long value) override;
     void hscSGFX_Change(Long value) override {
         MoveSpriteBar(value, [this] { browser_.hscSGFX_Change(); });
@@ -214,6 +215,8 @@ private:
     void ShowProgress(const std::string& caption) override { machine_.window.SetCaption(caption); }
     void EndProgress() override { machine_.window.SetCaption(form_.Caption); }
     void SetCaption(const std::string& caption) override;
+    // Addition: it goes after a while.
+    void Tell(const std::string& caption) override;
     void WriteDump() override;
     void TooHeavy() override { ShowTitle(); }
     // The list beside the picture keeps its room.
@@ -222,10 +225,26 @@ private:
         machine_.window.ShowPicture(picture.width, picture.height, picture.pixels);
     }
     [[nodiscard]] InnerSize LargestPicture() override;
+    [[nodiscard]] InnerSize PictureRoom() override {
+        return {wishedSize_.width - ListWidth(), wishedSize_.height};
+    }
+    [[nodiscard]] InnerSize BoxOnScreen() override { return machine_.window.BoxOnScreen(); }
+    void FillBox(const InnerSize& box, const std::vector<std::uint32_t>& pixels,
+                 const std::string& text) override {
+        machine_.window.FillBox(box, pixels, text);
+    }
+    void CaptionChanged() override { ShowTitle(); }
 
     void ShowStage();
     [[nodiscard]] bool StartLoop();
+    [[nodiscard]] bool LoadStage();
+    [[nodiscard]] bool LeavesLoop() const;
     void RunPass();
+    [[nodiscard]] bool IsSeen() const;
+    void WaitForNextPass();
+    [[nodiscard]] Integer PassesPerSecond();
+    void LookForMessages();
+    void PollKeys();
     void PollPauseKey();
     void AbandonStage();
     void SilenceStageBefore();
@@ -267,6 +286,9 @@ private:
     [[nodiscard]] bool CanBeEdited() const;
     void ShowEditing();
     void LeaveBrowser();
+    [[nodiscard]] bool Browses() const { return show_.State() == ShowState::Browsing; }
+    // Of the camera, or of the sprite that is shown.
+    void Zoom(ZoomStep step);
     void MoveSpriteBar(Long value, const std::function<void()>& show);
     void OncePerSecond();
     void LeaveFullScreenWithFocus();
@@ -279,6 +301,9 @@ private:
     void LayOutControls(Long innerWidth, Long innerHeight);
     void Centre();
     void ShowTitle();
+    [[nodiscard]] std::string Title();
+    [[nodiscard]] const char* TitleMark();
+    void EndNote();
     // An item of Extras that has no more to do than to be checked.
     void FlipExtra(Menu item);
     // What the items of Extras say goes to whom it is for.
@@ -288,9 +313,11 @@ private:
 
     Machine machine_;
     Form& form_;
+    LoadMessages loadMessages_;
     StageShow show_;
 
     FrameTimes times_;
+    SleepingWait wait_;
     clsMusic music_;
     ImageSets imageSets_;
     SpriteBrowser browser_;
@@ -306,6 +333,8 @@ private:
     KeptFile extrasFile_;    // Scenara.ini
     Long lastLook_ = 0;      // the tick of the last look whether they have changed
     bool pauseWasDown_ = false;
+    bool noted_ = false;      // the caption is one that goes
+    Long noteSince_ = 0;      // the tick when it came
     bool loopRuns_ = false;   // RunStage is on the stack
     InnerSize wishedSize_;    // what was asked for last, or has come since
     bool activated_ = false;  // the window has been sized once

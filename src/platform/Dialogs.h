@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 //
-// Dialogs: the questions that the program asks. Each stands over the main window, blocks until it
-// is answered, and gives an empty text where the user cancels. Paths are in the machine's own
-// style; a folder has no separator at its end, but for a root.
+// Dialogs: the questions that the program asks, and the list of problems.
+//
+// A question stands over the main window, blocks until it is answered, and gives an empty text
+// where the user cancels. Paths are in the machine's own style; a folder has no separator at its
+// end, but for a root.
 #pragma once
 
 #include <cstddef>
@@ -11,6 +13,7 @@
 #include <vector>
 
 #include "base/NotCopied.h"
+#include "platform/ProblemList.h"
 
 namespace scenara {
 
@@ -30,6 +33,10 @@ public:
 
     // A line of text, empty at first.
     [[nodiscard]] virtual std::string InputBox(const std::string& prompt) = 0;
+
+    // A window with the list, or the one that is open to the front. It blocks nothing and shows
+    // what comes to the list while it is open. `problems` outlives this.
+    virtual void ShowProblems(const ProblemList& problems) = 0;
 
     // Which of the answers to `text` the user chooses, counted from 0; nothing when the user
     // cancels. There is at least one.

@@ -17,6 +17,7 @@
 #include "base/NotCopied.h"
 #include "platform/Keyboard.h"
 #include "platform/Presentation.h"
+#include "platform/ProblemList.h"
 #include "platform/View.h"
 
 namespace scenara {
@@ -55,6 +56,8 @@ enum class Menu : Byte {
     mnuExtrasScreen,  // a separator
     mnuMugenFolder,
     mnuSwitchMode,
+    mnuExtrasProblems,  // a separator
+    mnuProblems,
     mnuExtrasZoom,  // a separator
     mnuZoomIn,
     mnuZoomOut,
@@ -123,6 +126,7 @@ struct Form {
     ScrollBar hscHScroll;                // the camera
     ScrollBar hscSGFX;                   // the sprite browser
     std::optional<ViewFrame> selection;  // shown over the picture
+    ProblemList problems;                // of the stage that was loaded last, or could not be
 
     [[nodiscard]] MenuItem& operator[](Menu item) { return menus[static_cast<std::size_t>(item)]; }
     [[nodiscard]] const MenuItem& operator[](Menu item) const {
@@ -155,10 +159,14 @@ public:
     virtual void MnuRecentFiles_Click(Long index) = 0;
     // The user has selected an item, perhaps the one that was selected already.
     virtual void lstStages_Click(Long index) = 0;
-    // The left button over the stage's picture; pixels of the view.
+    // The left button over the stage's picture; pixels of the view, or of what fills the picture's
+    // box (Window::FillBox).
     virtual void Form_MouseDown(Long x, Long y) = 0;
     virtual void Form_MouseMove(Long x, Long y) = 0;
     virtual void Form_MouseUp() = 0;
+    // The wheel over what fills the picture's box, by so many notches, forwards above 0, with the
+    // pointer there.
+    virtual void Form_MouseWheel(Long notches, Long x, Long y) = 0;
     // The bar stands at another value; _Scroll while its thumb is dragged.
     virtual void hscHScroll_Change(Long value) = 0;
     virtual void hscSGFX_Change(Long value) = 0;

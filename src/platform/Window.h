@@ -80,6 +80,15 @@ public:
     // Delivers all that waits, and returns.
     virtual void DoEvents() = 0;
 
+    // Sleeps until an event may wait to be delivered, at most so many nanoseconds, and delivers
+    // nothing. It ends as late as the machine makes it; and early also for what turns out to be
+    // nothing.
+    virtual void SleepUntilMessage(std::int64_t nanoseconds) = 0;
+
+    // Whether the user may see something of the stage's picture, as far as the window system tells:
+    // not in a window that is minimised, stands on another workspace or is covered whole.
+    [[nodiscard]] virtual bool IsSeen() const = 0;
+
     // Takes in what the window system has, so that the window does not look dead, and delivers
     // nothing: the program may be in the middle of a frame.
     virtual void NoteEvents() = 0;
@@ -107,6 +116,15 @@ public:
     // Shows a picture of its own, pixels of 0xAARRGGBB line by line, one to one in the place of the
     // stage's, from the upper left corner; until hscSGFX is gone.
     virtual void ShowPicture(Long width, Long height, std::span<const std::uint32_t> pixels) = 0;
+
+    // The picture's box (picDraw) in pixels of the screen, as the form has it: what FillBox fills.
+    // When it is another one, Form_Resize is reported.
+    [[nodiscard]] virtual InnerSize BoxOnScreen() const = 0;
+    // Shows these, as many as BoxOnScreen told, in the place of the stage's, each as a pixel of the
+    // screen, and a line of text in the middle; until hscSGFX is gone. Meanwhile the pointer over
+    // the picture is told in these pixels, and the wheel, too.
+    virtual void FillBox(const InnerSize& box, std::span<const std::uint32_t> pixels,
+                         const std::string& text) = 0;
 
     // The main window itself.
     [[nodiscard]] virtual WindowHandle Handle() const = 0;

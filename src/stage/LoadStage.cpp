@@ -19,8 +19,8 @@ namespace {
 // The whole definition into the model; the name of the sprite archive as it gives it.
 std::string ReadDefinition(StageModel& model, std::string& defPath,
                            const LoadStageContext& context) {
+    MessagesOfFile messages(context.messages, defPath);  // also while a copy of it is read
     LineEndingRepair repair(context.files, defPath);
-    MessagesOfFile messages(context.messages, defPath);
     DefinitionReader reader(model, messages, context.options);
     {
         const std::unique_ptr<InputFile> file = context.files.OpenForReading(defPath);

@@ -66,6 +66,7 @@ struct RunningStage {
         files.Put("/mugen/stages/a.sff", SmallArchiveBytes());
         files.Put(kConfiguration, "MugeDir = /mugen/\r\n");
         window.SetEvents(&program);
+        window.SetClock(&clock);
         program.MugeDir = "/mugen/";
         show.Which.CurrentStageFile = kStageA;
     }

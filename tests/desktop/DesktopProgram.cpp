@@ -86,9 +86,13 @@ std::string DesktopProgram::Settings() const {
 
 std::vector<std::string> DesktopProgram::ProgramEnvironment(const std::string& session) const {
     std::vector<std::string> environment = display_.Environment();
+    environment.insert(environment.end(), environment_.begin(), environment_.end());
     environment.push_back("HOME=" + display_.Folder());
     environment.push_back("SESSION_MANAGER=" + session);   // empty: none
     environment.push_back("ASAN_OPTIONS=detect_leaks=0");  // the toolkit's own
+    if (!scale_.empty()) {
+        environment.push_back("QT_SCALE_FACTOR=" + scale_);
+    }
     return environment;
 }
 
@@ -153,6 +157,22 @@ std::string DesktopProgram::MainWindow() const {
     return FirstWindow("^(Scenara 1.0|bar|cup|dot|heavy|/|Dumped|Cloned|Deleted|\"|[(]|0$)", false);
 }
 
+std::optional<Place> DesktopProgram::MainPlace() const {
+    switch (display_.Setup().manager) {
+        case Manager::Openbox:
+        case Manager::I3: return display_.PlaceOf(MainWindow());
+        case Manager::Weston: return PaintedIn(Look());
+        case Manager::Sway: break;
+    }
+    const std::vector<ShownWindow> windows = display_.ShownWindows();
+    if (windows.empty()) {
+        return std::nullopt;
+    }
+    const int scale = display_.Setup().scale;
+    const Place& place = windows.front().place;
+    return Place{place.left * scale, place.top * scale, place.width * scale, place.height * scale};
+}
+
 std::string DesktopProgram::Box() const {
     return FirstWindow("^Scenara 1.0 DirectX 8 Experiment$", true);
 }
@@ -167,11 +187,40 @@ void DesktopProgram::ExpectNoBox() {
 }
 
 std::string DesktopProgram::Title() const {
+    if (display_.Setup().manager == Manager::Sway) {
+        const std::vector<ShownWindow> windows = display_.ShownWindows();
+        return windows.empty() ? std::string() : windows.front().title;
+    }
     return display_.Do("getwindowname " + MainWindow());
 }
 
 void DesktopProgram::ExpectTitle(const std::string& title) {
     ASSERT_TRUE(Eventually([&] { return Title() == title; })) << "it is " << Title();
+}
+
+// The keys are held until the menu is seen: Weston shuts one that was asked for by keys that are up
+// again.
+void DesktopProgram::OpenMenu(const std::string& letter) {
+    constexpr int kEnough = 300;
+    const bool holds = display_.Setup().manager != Manager::Sway;
+    const int before = Count(kGround);
+    if (holds) {
+        display_.Do("keydown alt keydown " + letter);
+    } else {
+        Key("alt+" + letter);
+    }
+    EXPECT_TRUE(Eventually([&] { return Count(kGround) < before - kEnough; }))
+        << "the menu " << letter;
+    if (holds) {
+        display_.Do("keyup " + letter + " keyup alt");
+    }
+}
+
+void DesktopProgram::InMenu(const std::string& letter, const std::string& keys) {
+    const int before = Count(kGround);
+    OpenMenu(letter);
+    Key(keys);
+    EXPECT_TRUE(Eventually([&] { return Count(kGround) >= before; })) << keys;
 }
 
 void DesktopProgram::ClickAt(int x, int y) {

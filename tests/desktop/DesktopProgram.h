@@ -55,7 +55,8 @@ struct SeenSize {
 
 class DesktopProgram : public testing::Test {
 public:
-    explicit DesktopProgram(Manager manager = Manager::Openbox) : display_(manager) {}
+    explicit DesktopProgram(Manager manager = Manager::Openbox) : display_({manager}) {}
+    explicit DesktopProgram(const DisplaySetup& setup) : display_(setup) {}
 
     // Stages "bar", "cup" and "dot" under mugen/stages/.
     void SetUp() override;
@@ -92,6 +93,9 @@ public:
     [[nodiscard]] std::string Window(const std::string& title) const;
     void ExpectWindow(const std::string& title);
     [[nodiscard]] std::string MainWindow() const;
+    // Where the main window stands on the screen, in its pixels and without a frame; with Weston,
+    // all that is not background.
+    [[nodiscard]] std::optional<Place> MainPlace() const;
     // The boxes and questions that carry the program's title, as the main window may.
     [[nodiscard]] std::string Box() const;
     void ExpectBox();
@@ -99,7 +103,12 @@ public:
     [[nodiscard]] std::string Title() const;
     void ExpectTitle(const std::string& title);
 
-    void Key(const std::string& keys) { display_.Do("key " + keys); }
+    void Key(const std::string& keys) { display_.Press(keys); }
+    // A menu over the picture, by its letter.
+    void OpenMenu(const std::string& letter);
+    // Chooses from it, or leaves it, by keys, and waits until it is gone: keys that a compositor
+    // has given to a menu are lost with it.
+    void InMenu(const std::string& letter, const std::string& keys);
     void Type(const std::string& text) { display_.Do("type --delay 5 '" + text + "'"); }
     void ClickAt(int x, int y);     // in the main window, menu bar included
     void ClickListItem(int index);  // of the list beside a picture of the usual size
@@ -126,7 +135,10 @@ public:
     }
 
     VirtualDisplay display_;
+    std::string scale_;  // pixels of the screen to one of the window's; empty: 1
     std::optional<Child> program_;
+    // Beside the display's own: NAME=VALUE, or NAME alone for what is not to be set.
+    std::vector<std::string> environment_;
 
 private:
     [[nodiscard]] std::string FirstWindow(const std::string& title, bool isDialog) const;

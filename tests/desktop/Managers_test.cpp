@@ -63,26 +63,6 @@ protected:
             << display_.AllWindows();
     }
 
-    // The keys are held until it is seen over the picture: a Wayland compositor shuts a menu that
-    // was asked for by keys that are up again.
-    void OpenMenu(const std::string& letter) {
-        constexpr int kEnough = 300;
-        const int before = Count(kGround);
-        display_.Do("keydown alt keydown " + letter);
-        EXPECT_TRUE(Eventually([&] { return Count(kGround) < before - kEnough; }))
-            << "the menu " << letter;
-        display_.Do("keyup " + letter + " keyup alt");
-    }
-
-    // Chooses from it, or leaves it, by keys, and waits until it is gone: keys that a compositor
-    // has given to a menu are lost with it.
-    void InMenu(const std::string& letter, const std::string& keys) {
-        const int before = Count(kGround);
-        OpenMenu(letter);
-        Key(keys);
-        EXPECT_TRUE(Eventually([&] { return Count(kGround) >= before; })) << keys;
-    }
-
     // Twice a stage is opened from the list, by `choose`; `toggleList` hides it and shows it again.
     void WalkThroughEverySize(const std::function<void(int index)>& choose,
                               const std::function<void()>& toggleList) {

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
 //
 // The debug tools and the frame limiter in the real window.
+#include <algorithm>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <set>
 #include <string>
 
 #include <gmock/gmock.h>
@@ -58,7 +61,8 @@ TEST_F(DesktopTools, AnElementIsDraggedAndDumped) {
     Key("b");
     // Where the picture was dragged up from there is nothing any more.
     EXPECT_TRUE(Eventually([&] { return PictureSize() == SeenSize{320, 230}; })) << "no frame";
-    EXPECT_EQ(Title(), "Dumped to " + display_.Folder() + "bin/chek.txt") << "no other stage";
+    EXPECT_THAT(Title(), testing::AnyOf("bar", "Dumped to " + display_.Folder() + "bin/chek.txt"))
+        << "no other stage";
 }
 
 TEST_F(DesktopTools, TheCamerasBarMovesThePicture) {
@@ -79,30 +83,112 @@ TEST_F(DesktopTools, TheCamerasBarMovesThePicture) {
     display_.Do("mouseup 1");
 }
 
-TEST_F(DesktopTools, TheBrowserShowsSpritesAtTheirOwnSizeAndLeavesThem) {
-    Key("alt+o");
-    Key("b");
-    Key("alt+d");
-    ExpectTitle("(1\\3)  Group: 0  Image: 0");
-    EXPECT_TRUE(Eventually([&] { return PictureSize() == SeenSize{640, 240}; }));
-    EXPECT_FALSE(std::filesystem::exists(Folder() / "bin/chek.txt")) << "with Alt it is no dump";
+// How often each pixel of a tile is shown, each way: as its caption tells, and as the screen does.
+int TimesIn(const std::string& title) {
+    return std::atoi(title.c_str() + title.rfind(' '));
+}
 
+TEST_F(DesktopTools, TheBrowserShowsSpritesAsLargeAsFitsAndLeavesTheWindowAlone) {
+    constexpr int kTile = kTileWidth * kTileHeight;
+    const auto times = [this](const std::string& place, std::uint32_t colour) {
+        EXPECT_TRUE(Eventually([&] { return Title().starts_with(place); })) << Title();
+        EXPECT_TRUE(Eventually([&] {
+            const int each = TimesIn(Title());
+            return each > 0 && Count(colour) == each * each * kTile;
+        })) << Title()
+            << " " << Count(colour);
+        return TimesIn(Title());
+    };
     const SeenSize size = WindowSize();
-    ClickAt(size.width - 6, size.height - 6);  // the bar's button for the next one
-    ExpectTitle("(2\\3)  Group: 0  Image: 1");
-    EXPECT_TRUE(Eventually([&] { return Count(kLeaf) == kTileWidth * kTileHeight; }));
-    Key("Right");
-    ExpectTitle("(3\\3)  Group: 0  Image: 2");
-    EXPECT_TRUE(Eventually([&] { return Count(kBrick) == kTileWidth * kTileHeight; }));
-
     Key("alt+d");
+    EXPECT_TRUE(Eventually([&] { return Title().starts_with("(1\\3)  Group: 0  Image: 0"); }));
+    EXPECT_FALSE(std::filesystem::exists(Folder() / "bin/chek.txt")) << "with Alt it is no dump";
+    EXPECT_EQ(WindowSize(), size);
+
+    ClickAt(size.width - 6, size.height - 6);  // the bar's button for the next one
+    const int fits = times("(2\\3)  Group: 0  Image: 1", kLeaf);
+    EXPECT_GT(fits, 1);
+    Key("Right");
+    EXPECT_EQ(times("(3\\3)  Group: 0  Image: 2", kBrick), fits);
+    ClickAt(size.width / 3, size.height / 2);
+    display_.Do("click 5");  // the wheel
+    EXPECT_TRUE(Eventually([&] { return TimesIn(Title()) < fits; })) << Title();
+    const int less = times("(3\\3)", kBrick);
+    Key("Left");
+    EXPECT_EQ(times("(2\\3)", kLeaf), less) << "what was chosen holds";
+    EXPECT_EQ(WindowSize(), size);
+
+    Key("Escape");
     ExpectTitle("bar");
-    EXPECT_TRUE(Eventually([&] { return PictureSize().height == 240; }));
+    EXPECT_EQ(WindowSize(), size);
     EXPECT_TRUE(Eventually([&] { return BarWidth() == 8; }));
     const int before = BarLeft();
     display_.Do("keydown Right");
     EXPECT_TRUE(Eventually([&] { return BarLeft() < before - 20; })) << "the stage goes on";
     display_.Do("keyup Right");
+}
+
+// On a screen with more pixels to one of the window's.
+class DesktopScale : public DesktopProgram, public testing::WithParamInterface<const char*> {};
+
+TEST_P(DesktopScale, TheBrowsersPixelsAreTheScreens) {
+    scale_ = GetParam();
+    WriteSettings();
+    Start({}, StagePath("bar"));
+    ExpectTitle("bar");
+    Key("alt+d");
+    EXPECT_TRUE(Eventually([&] { return Title().starts_with("(1\\3)"); })) << Title();
+    Key("End");
+    EXPECT_TRUE(Eventually([&] { return Title().starts_with("(3\\3)"); })) << Title();
+    EXPECT_TRUE(Eventually([&] {
+        const int each = TimesIn(Title());
+        return each > 0 && Count(kBrick) == each * each * kTileWidth * kTileHeight;
+    })) << Title()
+        << " " << Count(kBrick);
+}
+
+INSTANTIATE_TEST_SUITE_P(Factors, DesktopScale, testing::Values("1.25", "1.5", "2"),
+                         [](const auto& row) {
+                             std::string name = row.param;
+                             std::ranges::replace(name, '.', '_');
+                             return "Of" + name;
+                         });
+
+// A stage with more problems than boxes.
+class DesktopProblems : public DesktopProgram {};
+
+TEST_F(DesktopProblems, AreSaidInAFewBoxesAndListed) {
+    std::ofstream(StagePath("bar"), std::ios::app)
+        << "[BG a]\ntype = normal\nspriteno = 0,0\nvelocity = 1e99\n"
+        << "[BG b]\ntype = normal\nspriteno = 0,0\nvelocity = 1e99\n"
+        << "[BG c]\ntype = normal\nspriteno = 0,0\nvelocity = 1e99\n"
+        << "[BG d]\ntype = normal\nspriteno = 0,0\nvelocity = 1e99\n"
+        << "[BG e]\ntype = normal\nspriteno = 0,0\nvelocity = 1e99\n";
+    WriteSettings();
+    Start({}, StagePath("bar"));
+    // Three, and one that says how many more; each is another window.
+    std::set<std::string> boxes;
+    for (int i = 0; i < 4; ++i) {
+        EXPECT_TRUE(Eventually([&] {
+            const std::string box = Box();
+            return !box.empty() && boxes.insert(box).second;
+        })) << i;
+        Key("Return");
+    }
+    ExpectTitle("bar");
+    ExpectNoBox();
+
+    Key("alt+x");
+    Key("p");
+    ExpectWindow("^Problems$");
+    // The stage goes on, and the keys are the list's.
+    const int before = BarLeft();
+    display_.Do("keydown Right");
+    EXPECT_EQ(BarLeft(), before);
+    display_.Do("keyup Right");
+    Key("Escape");
+    EXPECT_TRUE(Eventually([&] { return Window("^Problems$").empty(); }));
+    ExpectTitle("bar");
 }
 
 // A stage with the two tiles over its picture.

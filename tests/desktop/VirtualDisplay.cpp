@@ -1,182 +1,141 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/VirtualDisplay.h"
 
-#include <chrono>
-#include <csignal>
 #include <cstdlib>
-#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <memory>
+#include <sstream>
 #include <stdexcept>
-#include <system_error>
-#include <thread>
 
-#include <fcntl.h>
-#include <sys/resource.h>
-#include <sys/wait.h>
+#include <rapidjson/document.h>
 #include <unistd.h>
+#include <xcb/xcb.h>
 
 namespace scenara::test {
 namespace {
 
-using namespace std::chrono_literals;
+namespace fs = std::filesystem;
 
 std::string Contents(const std::string& path) {
     std::ifstream file(path, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
-std::uint32_t BigEndian(const std::string& bytes, std::size_t at) {
-    std::uint32_t value = 0;
-    for (std::size_t i = 0; i < 4; ++i) {
-        value = value << 8U | static_cast<unsigned char>(bytes.at(at + i));
-    }
-    return value;
+std::string Hex(std::uint32_t color) {
+    std::ostringstream text;
+    text << std::hex << color;
+    return text.str();
 }
 
-// An X window dump of 24 or 32 bits a pixel, blue, green, red, as a virtual server makes it.
-Screenshot ReadDump(const std::string& dump) {
-    constexpr std::size_t kColourSize = 12;
-    Screenshot shot;
-    shot.width = static_cast<int>(BigEndian(dump, 16));
-    shot.height = static_cast<int>(BigEndian(dump, 20));
-    const std::size_t pixelBytes = BigEndian(dump, 44) / 8;
-    const std::size_t lineBytes = BigEndian(dump, 48);
-    const std::size_t start = BigEndian(dump, 0) + BigEndian(dump, 76) * kColourSize;
-    if (dump.size() < start + static_cast<std::size_t>(shot.height) * lineBytes) {
-        return {};
+// The number that follows such words.
+std::optional<int> NumberAfter(const std::string& text, const std::string& words) {
+    const std::size_t at = text.find(words);
+    return at == std::string::npos ? std::nullopt
+                                   : std::optional(std::atoi(text.c_str() + at + words.size()));
+}
+
+// The windows below a node of Sway's tree.
+void CollectWindows(const rapidjson::Value& node, std::vector<ShownWindow>& windows) {
+    if (node.HasMember("pid") && node.HasMember("app_id") && node["name"].IsString()) {
+        const rapidjson::Value& outer = node["rect"];
+        const rapidjson::Value& inner = node["window_rect"];
+        windows.push_back(
+            {node["name"].GetString(),
+             {outer["x"].GetInt() + inner["x"].GetInt(), outer["y"].GetInt() + inner["y"].GetInt(),
+              inner["width"].GetInt(), inner["height"].GetInt()}});
     }
-    shot.rgb.resize(static_cast<std::size_t>(shot.width) * static_cast<std::size_t>(shot.height));
-    std::uint32_t* pixel = shot.rgb.data();
-    for (int y = 0; y < shot.height; ++y) {
-        const char* from = dump.data() + start + static_cast<std::size_t>(y) * lineBytes;
-        for (int x = 0; x < shot.width; ++x, from += pixelBytes) {
-            std::memcpy(pixel++, from, 3);
+    for (const char* const kind : {"nodes", "floating_nodes"}) {
+        for (const rapidjson::Value& below : node[kind].GetArray()) {
+            CollectWindows(below, windows);
         }
     }
-    return shot;
+}
+
+using Connection = std::unique_ptr<xcb_connection_t, decltype(&xcb_disconnect)>;
+
+xcb_atom_t Atom(xcb_connection_t* display, const std::string& name) {
+    const std::unique_ptr<xcb_intern_atom_reply_t, decltype(&std::free)> reply(
+        xcb_intern_atom_reply(
+            display,
+            xcb_intern_atom(display, 0, static_cast<std::uint16_t>(name.size()), name.data()),
+            nullptr),
+        &std::free);
+    return reply && !name.empty() ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
 }
 
 }  // namespace
 
-bool Eventually(const std::function<bool()>& condition) {
-    const auto end = std::chrono::steady_clock::now() + 30s;
-    while (!condition()) {
-        if (std::chrono::steady_clock::now() > end) {
-            return false;
-        }
-        std::this_thread::sleep_for(50ms);
+std::string NameOf(Manager manager) {
+    switch (manager) {
+        case Manager::Openbox: return "Openbox";
+        case Manager::I3: return "I3";
+        case Manager::Weston: return "Weston";
+        case Manager::Sway: return "Sway";
     }
-    return true;
+    return {};
 }
 
-Child::Child(const std::vector<std::string>& command, const std::vector<std::string>& environment,
-             const std::string& outputFile) {
-    pid_ = ::fork();
-    if (pid_ != 0) {
-        return;
+VirtualDisplay::VirtualDisplay(const DisplaySetup& setup) : setup_(setup) {
+    if (setup_.manager == Manager::Sway) {
+        StartSway();
+    } else {
+        StartServer();
+        StartManager();
     }
-    ::setpgid(0, 0);
-    for (const int signal : {SIGTERM, SIGINT, SIGHUP, SIGPIPE}) {
-        std::signal(signal, SIG_DFL);  // a test in the background ignores some
+    if (!Eventually([&] { return ManagerIsReady(); })) {
+        throw std::runtime_error("no window manager: " + Contents(Folder() + "manager.txt"));
     }
-    const int output = ::open(outputFile.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
-    ::dup2(output, STDOUT_FILENO);
-    ::dup2(output, STDERR_FILENO);
-    for (const std::string& variable : environment) {
-        ::putenv(const_cast<char*>(variable.c_str()));  // NOLINT: what the call wants
+    SettleKeys();
+    if (setup_.manager == Manager::Weston) {
+        PlaceMonitors();
     }
-    std::vector<char*> words;
-    for (const std::string& word : command) {
-        words.push_back(const_cast<char*>(word.c_str()));  // NOLINT: what the call wants
-    }
-    words.push_back(nullptr);
-    ::execvp(words[0], words.data());
-    ::_exit(127);
-}
-
-Child::~Child() {
-    if (pid_ > 0) {
-        ::kill(-pid_, SIGKILL);
-        ::kill(pid_, SIGKILL);
-        ::waitpid(pid_, nullptr, 0);
+    if (setup_.manager == Manager::Sway) {
+        // Without any keyboard a window would lose the focus after each key, and its menus with it.
+        keyboard_.emplace(std::vector<std::string>{"wtype", "-s", "1000000000", "-k", "a"},
+                          Environment(), Folder() + "keyboard.txt");
     }
 }
 
-void Child::TakePriorityBack() const {
-    if (pid_ > 0) {
-        static_cast<void>(::setpriority(PRIO_PROCESS, static_cast<id_t>(pid_), 0));
-    }
-}
-
-void Child::Send(int signal) const {
-    if (pid_ > 0) {
-        ::kill(-pid_, signal);
-    }
-}
-
-bool Child::HasOpen(const std::string& pathEnd) const {
-    std::error_code error;
-    const std::string folder = "/proc/" + std::to_string(pid_) + "/fd";
-    for (const auto& entry : std::filesystem::directory_iterator(folder, error)) {
-        const std::string path = std::filesystem::read_symlink(entry.path(), error).string();
-        if (path.ends_with(pathEnd)) {
-            return true;
-        }
-    }
-    return false;
-}
-
-std::optional<int> Child::StatusNow() {
-    int status = 0;
-    TakePriorityBack();
-    if (pid_ <= 0 || ::waitpid(pid_, &status, WNOHANG) != pid_) {
-        return std::nullopt;
-    }
-    pid_ = -1;
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-}
-
-std::optional<int> Child::ExitStatus() {
-    std::optional<int> status;
-    static_cast<void>(Eventually([&] { return (status = StatusNow()).has_value(); }));
-    return status;
-}
-
-std::uint32_t Screenshot::At(int x, int y) const {
-    if (x < 0 || y < 0 || x >= width || y >= height) {
-        throw std::out_of_range("outside of the screen");
-    }
-    return rgb[static_cast<std::size_t>(y) * static_cast<std::size_t>(width) +
-               static_cast<std::size_t>(x)];
-}
-
-VirtualDisplay::VirtualDisplay(Manager manager) : kind_(manager) {
+void VirtualDisplay::StartServer() {
     const std::string answer = Folder() + "display";
+    const std::string size = std::to_string(setup_.width * setup_.monitors) + "x" +
+                             std::to_string(setup_.height) + "x24";
     // The server chooses a free number and writes it to the file.
     server_.emplace(std::vector<std::string>{"sh", "-c",
-                                             "exec Xvfb -displayfd 3 -screen 0 1024x768x24 "
-                                             "-noreset -nolisten tcp 3>" +
-                                                 answer},
+                                             "exec Xvfb -displayfd 3 -screen 0 " + size +
+                                                 " -noreset -nolisten tcp 3>" + answer},
                     std::vector<std::string>{}, Folder() + "server.txt");
     if (!Eventually([&] { return Contents(answer).find('\n') != std::string::npos; })) {
         throw std::runtime_error("no virtual display: " + Contents(Folder() + "server.txt"));
     }
     const std::string number = Contents(answer);
     name_.assign(1, ':').append(number, 0, number.find('\n'));
-    StartManager();
-    if (!Eventually([&] { return ManagerIsReady(); })) {
-        throw std::runtime_error("no window manager: " + Contents(Folder() + "manager.txt"));
+    if (setup_.manager == Manager::Weston) {
+        return;  // it has monitors of its own
+    }
+    const std::string place =
+        " " + std::to_string(setup_.width) + "/300x" + std::to_string(setup_.height) + "/200+";
+    for (int i = 0; setup_.monitors > 1 && i < setup_.monitors; ++i) {
+        static_cast<void>(Run("xrandr --setmonitor monitor" + std::to_string(i) + place +
+                              std::to_string(i * setup_.width) + "+0 " +
+                              (i == 0 ? "screen" : "none")));
     }
 }
 
 std::vector<std::string> VirtualDisplay::Environment() const {
+    if (setup_.manager == Manager::Sway) {
+        return {"DISPLAY", "QT_QPA_PLATFORM", "XDG_SESSION_TYPE", "XDG_RUNTIME_DIR=" + Folder(),
+                "WAYLAND_DISPLAY=wayland"};
+    }
     std::vector<std::string> variables = {"DISPLAY=" + name_, "XDG_RUNTIME_DIR=" + Folder(),
                                           "QT_QPA_PLATFORM=xcb"};
-    if (kind_ == Manager::Weston) {
+    if (setup_.manager == Manager::Weston) {
         variables.back() = "QT_QPA_PLATFORM=wayland";
         variables.emplace_back("WAYLAND_DISPLAY=wayland");
+    } else {
+        variables.emplace_back("WAYLAND_DISPLAY");
     }
     return variables;
 }
@@ -184,7 +143,7 @@ std::vector<std::string> VirtualDisplay::Environment() const {
 void VirtualDisplay::StartManager() {
     const std::string configuration = Folder() + "manager.conf";
     std::vector<std::string> command;
-    switch (kind_) {
+    switch (setup_.manager) {
         case Manager::Openbox: command = {"openbox", "--sm-disable"}; break;
         case Manager::I3:
             std::ofstream(configuration) << "font pango:monospace 8\n";
@@ -195,37 +154,126 @@ void VirtualDisplay::StartManager() {
             // second Alt+S of a slow machine would shut the menu that the first one opened.
             std::ofstream(configuration)
                 << "[shell]\npanel-position=none\nlocking=false\nanimation=none\n"
-                   "startup-animation=none\n[keyboard]\nrepeat-rate=0\n";
-            command = {"weston",           "--backend=x11-backend.so",
-                       "--use-pixman",     "--width=1024",
-                       "--height=768",     "--idle-time=0",
-                       "--socket=wayland", "--config=" + configuration};
+                   "startup-animation=none\nbackground-color=0xff"
+                << Hex(kBackground) << "\n[keyboard]\nrepeat-rate=0\n";
+            command = {"weston",
+                       "--backend=x11-backend.so",
+                       "--use-pixman",
+                       "--width=" + std::to_string(setup_.width / setup_.scale),
+                       "--height=" + std::to_string(setup_.height / setup_.scale),
+                       "--output-count=" + std::to_string(setup_.monitors),
+                       "--scale=" + std::to_string(setup_.scale),
+                       "--idle-time=0",
+                       "--socket=wayland",
+                       "--config=" + configuration};
             break;
+        case Manager::Sway: return;  // StartSway
     }
     manager_.emplace(command, Environment(), Folder() + "manager.txt");
+}
+
+// It does not run as root: a user who owns nothing runs it then, in a folder that anyone may write.
+// Its own names for its sockets have numbers in them.
+void VirtualDisplay::StartSway() {
+    const std::string folder = Folder() + "sway/";
+    fs::create_directories(folder);
+    std::ofstream configuration(folder + "config");
+    configuration << "xwayland disable\nfocus_follows_mouse no\ndefault_border none\n"
+                     "default_floating_border none\noutput * bg #"
+                  << Hex(kBackground) << " solid_color\n";
+    for (int i = 0; i < setup_.monitors; ++i) {
+        configuration << "output HEADLESS-" << i + 1 << " resolution " << setup_.width << "x"
+                      << setup_.height << " position " << i * setup_.width / setup_.scale
+                      << " 0 scale " << setup_.scale << "\n";
+    }
+    configuration.close();
+    std::vector<std::string> command = {"sway", "-c", folder + "config"};
+    if (::geteuid() == 0) {
+        fs::permissions(Folder(),
+                        fs::perms::owner_all | fs::perms::group_exec | fs::perms::others_exec);
+        fs::permissions(folder, fs::perms::all);
+        const std::vector<std::string> other = {"setpriv", "--reuid=65534", "--regid=65534",
+                                                "--clear-groups"};
+        command.insert(command.begin(), other.begin(), other.end());
+    }
+    fs::create_symlink(folder + "wayland-1", Folder() + "wayland");
+    manager_.emplace(
+        command,
+        std::vector<std::string>{
+            "DISPLAY", "WAYLAND_DISPLAY", "XDG_RUNTIME_DIR=" + folder, "SWAYSOCK=" + folder + "ipc",
+            "HOME=" + folder, "WLR_BACKENDS=headless", "WLR_RENDERER=pixman",
+            "WLR_LIBINPUT_NO_DEVICES=1", "WLR_HEADLESS_OUTPUTS=" + std::to_string(setup_.monitors)},
+        Folder() + "manager.txt");
+}
+
+// Without a window manager all of Weston's windows, a monitor each, stand at the same place.
+void VirtualDisplay::PlaceMonitors() const {
+    for (int i = 0; i < setup_.monitors; ++i) {
+        const std::string title = "\"Weston Compositor - screen" + std::to_string(i) + '"';
+        std::string found;
+        if (!Eventually([&] {
+                found = Run("xwininfo -name " + title);
+                return found.find("Width:") != std::string::npos;
+            })) {
+            throw std::runtime_error("no monitor: " + Contents(Folder() + "manager.txt"));
+        }
+        const std::string id = found.substr(found.find("0x"), found.find(" \"") - found.find("0x"));
+        Do("windowmove " + id + " " + std::to_string(i * setup_.width) + " 0");
+    }
 }
 
 // A window that comes up while the manager does is left out by it, and never seen. Openbox says who
 // it is long before it takes windows in; what it is asked for it does when it has.
 bool VirtualDisplay::ManagerIsReady() const {
-    switch (kind_) {
+    switch (setup_.manager) {
         case Manager::Openbox:
             Do("set_num_desktops 1");  // it comes up with more
             return Do("get_num_desktops") == "1";
         case Manager::I3:
             return Property("-root", "_NET_SUPPORTING_WM_CHECK").find("window id") !=
                    std::string::npos;
-        case Manager::Weston: return std::filesystem::exists(Folder() + "wayland");
+        case Manager::Weston: return fs::exists(Folder() + "wayland");
+        case Manager::Sway: {
+            const Screenshot shot = Look();
+            return shot.width == setup_.width * setup_.monitors && shot.At(0, 0) == kBackground;
+        }
     }
     return false;
 }
 
-std::string VirtualDisplay::Property(const std::string& window, const std::string& name) const {
-    const std::string answer = Folder() + "property.txt";
-    const std::string ask =
-        "DISPLAY=" + name_ + " xprop " + window + " " + name + " >" + answer + " 2>/dev/null";
-    static_cast<void>(std::system(ask.c_str()));
+// With the first key that xdotool presses, the server tells of a new keyboard, and a window manager
+// gives up its own keys and takes them again; one that is pressed in between goes to the program.
+void VirtualDisplay::SettleKeys() const {
+    if (setup_.manager == Manager::I3) {
+        Do("key shift");
+        Tell("nop");  // what comes before it is done when it is answered
+    } else if (setup_.manager == Manager::Openbox) {
+        Do("key shift");
+        for (const std::string number : {"2", "1"}) {
+            Do("set_num_desktops " + number);
+            static_cast<void>(Eventually([&] { return Do("get_num_desktops") == number; }));
+        }
+    }
+}
+
+std::string VirtualDisplay::Run(const std::string& command) const {
+    const std::string answer = Folder() + "answer.txt";
+    std::string without = "env";
+    std::string with;
+    for (const std::string& variable : Environment()) {
+        if (variable.find('=') == std::string::npos) {
+            without.append(" -u ").append(variable);
+        } else {
+            with.append(" ").append(variable);
+        }
+    }
+    const std::string line = without + with + " " + command + " >" + answer + " 2>/dev/null";
+    static_cast<void>(std::system(line.c_str()));
     return Contents(answer);
+}
+
+std::string VirtualDisplay::Property(const std::string& window, const std::string& name) const {
+    return Run("xprop " + window + " " + name);
 }
 
 bool VirtualDisplay::IsDialog(const std::string& window) const {
@@ -233,12 +281,40 @@ bool VirtualDisplay::IsDialog(const std::string& window) const {
            std::string::npos;
 }
 
+std::optional<Place> VirtualDisplay::PlaceOf(const std::string& window) const {
+    const std::string text = Run("xwininfo -id " + window);
+    const std::optional<int> left = NumberAfter(text, "Absolute upper-left X:");
+    const std::optional<int> top = NumberAfter(text, "Absolute upper-left Y:");
+    const std::optional<int> width = NumberAfter(text, "Width:");
+    const std::optional<int> height = NumberAfter(text, "Height:");
+    if (!left || !top || !width || !height) {
+        return std::nullopt;
+    }
+    return Place{*left, *top, *width, *height};
+}
+
+void VirtualDisplay::ChangeState(bool add, const std::string& window, const std::string& state,
+                                 const std::string& other) const {
+    const Connection display(xcb_connect(name_.c_str(), nullptr), &xcb_disconnect);
+    const xcb_screen_t* const screen = xcb_setup_roots_iterator(xcb_get_setup(display.get())).data;
+    constexpr std::uint32_t kPager = 2;
+    xcb_client_message_event_t message = {};
+    message.response_type = XCB_CLIENT_MESSAGE;
+    message.format = 32;
+    message.window = static_cast<xcb_window_t>(std::stoul(window));
+    message.type = Atom(display.get(), "_NET_WM_STATE");
+    message.data.data32[0] = add ? 1 : 0;
+    message.data.data32[1] = Atom(display.get(), state);
+    message.data.data32[2] = Atom(display.get(), other);
+    message.data.data32[3] = kPager;
+    xcb_send_event(display.get(), 0, screen->root,
+                   XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
+                   reinterpret_cast<const char*>(&message));
+    xcb_flush(display.get());
+}
+
 std::string VirtualDisplay::Answer(const std::string& words) const {
-    const std::string answer = Folder() + "answer.txt";
-    const std::string command =
-        "DISPLAY=" + name_ + " xdotool " + words + " >" + answer + " 2>/dev/null";
-    static_cast<void>(std::system(command.c_str()));
-    return Contents(answer);
+    return Run("xdotool " + words);
 }
 
 std::string VirtualDisplay::Do(const std::string& words) const {
@@ -246,19 +322,53 @@ std::string VirtualDisplay::Do(const std::string& words) const {
     return text.substr(0, text.find('\n'));
 }
 
+void VirtualDisplay::Press(const std::string& keys) const {
+    if (setup_.manager != Manager::Sway) {
+        Do("key " + keys);
+        return;
+    }
+    std::string before;
+    std::string after;
+    std::istringstream words(keys);
+    std::string key;
+    while (std::getline(words, key, '+') && !words.eof()) {
+        const std::string name = key == "super" ? "logo" : key;
+        before.append(" -M ").append(name);
+        after.append(" -m ").append(name);
+    }
+    static_cast<void>(Run("wtype" + before + " -k " + key + after));
+}
+
+std::string VirtualDisplay::Tell(const std::string& words) const {
+    return Run((setup_.manager == Manager::Sway ? "swaymsg -s " + Folder() + "sway/ipc "
+                                                : std::string("i3-msg ")) +
+               words);
+}
+
+std::vector<ShownWindow> VirtualDisplay::ShownWindows() const {
+    rapidjson::Document tree;
+    tree.Parse(Tell("-t get_tree").c_str());
+    std::vector<ShownWindow> windows;
+    if (tree.IsObject()) {
+        CollectWindows(tree, windows);
+    }
+    return windows;
+}
+
 std::string VirtualDisplay::AllWindows() const {
-    const std::string list = Folder() + "windows.txt";
-    static_cast<void>(std::system(("DISPLAY=" + name_ + " xwininfo -root -tree >" + list).c_str()));
-    return Contents(list) + Contents(Folder() + "program.txt") + Contents(Folder() + "manager.txt");
+    return (setup_.manager == Manager::Sway ? Tell("-t get_tree") : Run("xwininfo -root -tree")) +
+           Contents(Folder() + "program.txt") + Contents(Folder() + "manager.txt");
 }
 
 Screenshot VirtualDisplay::Look() const {
-    const std::string dump = Folder() + "screen.xwd";
-    const std::string command = "DISPLAY=" + name_ + " xwd -root -silent -out " + dump;
-    if (std::system(command.c_str()) != 0) {
-        return {};
+    return setup_.manager == Manager::Sway ? ReadPixelMap(Run("grim -t ppm -"))
+                                           : ReadDump(Run("xwd -root -silent"));
+}
+
+void VirtualDisplay::FillBackground() const {
+    if (setup_.manager == Manager::Openbox || setup_.manager == Manager::I3) {
+        static_cast<void>(Run("xsetroot -solid '#" + Hex(kBackground) + "'"));
     }
-    return ReadDump(Contents(dump));
 }
 
 }  // namespace scenara::test

@@ -6,65 +6,47 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
 
-#include <sys/types.h>
-
+#include "desktop/Child.h"
+#include "desktop/Screenshot.h"
 #include "platform/posix/ProgramFolder.h"
 
 namespace scenara::test {
-
-// A program that runs beside the test, in a process group of its own, and is ended with it.
-class Child {
-public:
-    Child(const std::vector<std::string>& command, const std::vector<std::string>& environment,
-          const std::string& outputFile);
-    Child(const Child&) = delete;
-    Child& operator=(const Child&) = delete;
-    ~Child();
-
-    // Undoes the idle priority that the program gives itself, where the system allows it: beside
-    // other work it would hardly ever run.
-    void TakePriorityBack() const;
-
-    // Sends a signal to its process group, as a terminal does.
-    void Send(int signal) const;
-
-    // Whether it has a file open whose path ends so.
-    [[nodiscard]] bool HasOpen(const std::string& pathEnd) const;
-
-    // Its exit status, once it has ended.
-    [[nodiscard]] std::optional<int> StatusNow();
-    // The same; waits up to half a minute.
-    [[nodiscard]] std::optional<int> ExitStatus();
-
-private:
-    pid_t pid_ = -1;
-};
-
-// What can be seen on the display.
-struct Screenshot {
-    int width = 0;
-    int height = 0;
-    std::vector<std::uint32_t> rgb;
-
-    [[nodiscard]] std::uint32_t At(int x, int y) const;
-};
 
 // What decides where windows stand, and how large they are.
 enum class Manager {
     Openbox,  // gives a window the size that it asks for
     I3,       // tiles them, and gives them the size that is left
     Weston,   // a Wayland compositor: programs are not clients of the X server
+    Sway,     // a Wayland compositor that tiles, without any X server
+};
+
+[[nodiscard]] std::string NameOf(Manager manager);
+
+struct DisplaySetup {
+    Manager manager = Manager::Openbox;
+    // Of a monitor, in its own pixels. Several stand side by side.
+    int width = 1024;
+    int height = 768;
+    int monitors = 1;
+    int scale = 1;  // with Wayland: pixels to a unit in which programs count
+};
+
+// A window as a Wayland compositor knows it.
+struct ShownWindow {
+    std::string title;
+    Place place;  // in units
 };
 
 class VirtualDisplay {
 public:
-    explicit VirtualDisplay(Manager manager = Manager::Openbox);
+    explicit VirtualDisplay(const DisplaySetup& setup = {});
 
+    [[nodiscard]] const DisplaySetup& Setup() const { return setup_; }
+    // Of the X server; empty where there is none.
     [[nodiscard]] const std::string& Name() const { return name_; }
     // For the programs on it.
     [[nodiscard]] std::vector<std::string> Environment() const;
@@ -73,9 +55,25 @@ public:
     // Runs xdotool with these words; what it says, all of it or the first line.
     [[nodiscard]] std::string Answer(const std::string& words) const;
     std::string Do(const std::string& words) const;
+    // One key, or several that are held together: "alt+o". They go to what has the focus.
+    void Press(const std::string& keys) const;
+    // Tells i3 or Sway what to do, in their own words; what it says.
+    std::string Tell(const std::string& words) const;
+
     // Whether the window of that id says that it is a dialog.
     [[nodiscard]] bool IsDialog(const std::string& window) const;
+    // Where the X window of that id stands, without its frame; nothing where there is none.
+    [[nodiscard]] std::optional<Place> PlaceOf(const std::string& window) const;
+    // What a pager does: adds these states to a window, or takes them away; the second one may be
+    // empty.
+    void ChangeState(bool add, const std::string& window, const std::string& state,
+                     const std::string& other = {}) const;
+    // With Sway: the windows, those that float last.
+    [[nodiscard]] std::vector<ShownWindow> ShownWindows() const;
+
     [[nodiscard]] Screenshot Look() const;
+    // Nothing but the background; a Wayland compositor shows that in any case.
+    void FillBackground() const;
     // To what manages the windows.
     void SignalManager(int signal) const { manager_->Send(signal); }
     // The display is gone, without a word to the programs on it.
@@ -84,18 +82,22 @@ public:
     [[nodiscard]] std::string AllWindows() const;
 
 private:
+    void StartServer();
     void StartManager();
+    void StartSway();
+    void PlaceMonitors() const;
+    void SettleKeys() const;
     [[nodiscard]] bool ManagerIsReady() const;
     [[nodiscard]] std::string Property(const std::string& window, const std::string& name) const;
+    // Runs a command line among the programs on it; what it says.
+    [[nodiscard]] std::string Run(const std::string& command) const;
 
-    Manager kind_;
+    DisplaySetup setup_;
     TemporaryFolder folder_;
     std::string name_;
     std::optional<Child> server_;
     std::optional<Child> manager_;
+    std::optional<Child> keyboard_;  // Sway's own
 };
-
-// Whether `condition` comes true within half a minute.
-[[nodiscard]] bool Eventually(const std::function<bool()>& condition);
 
 }  // namespace scenara::test

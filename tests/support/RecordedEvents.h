@@ -35,6 +35,7 @@ public:
     void Form_MouseDown(Long x, Long y) override { Add("down", x, y); }
     void Form_MouseMove(Long x, Long y) override { Add("move", x, y); }
     void Form_MouseUp() override { Add("up"); }
+    void Form_MouseWheel(Long notches, Long x, Long y) override { Add("wheel", notches, x, y); }
     void hscHScroll_Change(Long value) override { Add("camera", value); }
     void hscSGFX_Change(Long value) override { Add("sprite", value); }
     void hscSGFX_Scroll(Long value) override { Add("scroll", value); }

@@ -50,6 +50,11 @@ public:
     [[nodiscard]] std::string InputBox(const std::string& prompt) override {
         return Ask({DialogQuestion::Kind::InputBox, prompt, {}});
     }
+    void ShowProblems(const ProblemList& problems) override { shown_ = &problems; }
+
+    // The list that was shown last; none yet: nullptr.
+    [[nodiscard]] const ProblemList* Problems() const { return shown_; }
+
     // The scripted answer is one of those that there are to choose from.
     [[nodiscard]] std::optional<std::size_t> ChooseAnswer(
         const std::string& text, const std::vector<std::string>& answers) override {
@@ -78,6 +83,7 @@ private:
     std::deque<std::string> answers_;
     Observer observer_;
     std::vector<DialogQuestion> asked_;
+    const ProblemList* shown_ = nullptr;
 };
 
 }  // namespace scenara

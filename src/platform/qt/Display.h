@@ -9,7 +9,9 @@ class QWindow;
 
 namespace scenara {
 
-// Whether there is a display to show a window on. (The toolkit would end the program without one.)
+// Whether there is a display to show a window on: X's, or Wayland's where there is none of X. (The
+// toolkit would end the program without one.) To be asked once, before the toolkit starts, which is
+// told where Wayland's is the only one: it would look for X.
 [[nodiscard]] bool HasDisplay();
 
 // What tells this display from others of the user, with the application object there.

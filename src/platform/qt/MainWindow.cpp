@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/qt/MainWindow.h"
 
-#include <QAbstractEventDispatcher>
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
@@ -19,10 +18,6 @@
 #include <QWindow>
 #include <cmath>
 #include <utility>
-
-// Qt's "emit" and "signals" are words in this library's headers.
-#undef signals
-#include <glib.h>
 
 #include "base/Text.h"
 #include "platform/WindowOnScreens.h"
@@ -51,13 +46,6 @@ QString Literal(const std::string& text) {
         }
     }
     return shown.replace('&', "&&");
-}
-
-// The dispatcher runs on GLib's loop, so GLib knows whether something waits.
-bool RunsOnGlib() {
-    const QAbstractEventDispatcher* const dispatcher = QAbstractEventDispatcher::instance();
-    return dispatcher != nullptr &&
-           QString::fromLatin1(dispatcher->metaObject()->className()).contains("Glib");
 }
 
 // Those that lie elsewhere are left out. A name is bytes, and perhaps no text.
@@ -97,7 +85,7 @@ protected:
 
 }  // namespace
 
-MainWindow::MainWindow(const Form& form) : form_(form), size_(*this), seesWhatWaits_(RunsOnGlib()) {
+MainWindow::MainWindow(const Form& form) : form_(form), size_(*this) {
     wake_.setSingleShot(true);
     // Places and sizes come from the form.
     auto* const inner = new QWidget(this);  // NOLINT(cppcoreguidelines-owning-memory): Qt's own
@@ -165,7 +153,14 @@ void MainWindow::BuildBars() {
 
 void MainWindow::BuildMouse() {
     ObserveWheel(*picture_);
+    picture_->SetWheelObserver([this](Long notches, Long x, Long y) {
+        waiting_.Add([notches, x, y](FormEvents& events) { events.Form_MouseWheel(notches, x, y); },
+                     WaitingEvents::Kind::Button);
+    });
     picture_->SetMouseObserver([this](PictureWidget::Mouse what, Long x, Long y) {
+        if (what == PictureWidget::Mouse::Down && form_.hscSGFX.Visible) {
+            spriteBar_->setFocus();  // the list may have it: the keys are for the sprites again
+        }
         waiting_.Add(
             [what, x, y](FormEvents& events) {
                 switch (what) {
@@ -234,6 +229,19 @@ HRESULT MainWindow::Present(const CanvasSize& size, std::span<const std::uint32_
 
 void MainWindow::ShowPicture(Long width, Long height, std::span<const std::uint32_t> pixels) {
     picture_->ShowOwn(width, height, pixels);
+}
+
+// The picture itself stands as the form had it when messages were let through last.
+InnerSize MainWindow::BoxOnScreen() const {
+    const PictureBox& box = form_.picDraw;
+    const QRect place(inner_->mapTo(this, QPoint(box.left, box.top)), QSize(box.width, box.height));
+    const QSize size = PictureWidget::SizeOnScreen(place, devicePixelRatioF());
+    return {size.width(), size.height()};
+}
+
+void MainWindow::FillBox(const InnerSize& box, std::span<const std::uint32_t> pixels,
+                         const std::string& text) {
+    picture_->Fill(box.width, box.height, pixels, Shown(text));
 }
 
 int MainWindow::SelectedRow() const {
@@ -437,8 +445,23 @@ void MainWindow::SetCaption(const std::string& caption) {
 }
 
 bool MainWindow::MessageWaiting() {
-    return !waiting_.Empty() || SizeIsToBeReported() || !seesWhatWaits_ || tookEventsIn_ ||
-           g_main_context_pending(nullptr) != 0;
+    return HasToDeliver() || systemEvents_.MayWait();
+}
+
+void MainWindow::SleepUntilMessage(std::int64_t nanoseconds) {
+    if (!HasToDeliver()) {
+        systemEvents_.SleepUntilAny(nanoseconds);
+    }
+}
+
+// Something that has been taken in already.
+bool MainWindow::HasToDeliver() const {
+    return !waiting_.Empty() || SizeIsToBeReported() || tookEventsIn_;
+}
+
+void MainWindow::CoverBy(PictureWidget* picture) {
+    covering_ = picture;
+    sight_.Watch(picture != nullptr ? picture->window()->windowHandle() : windowHandle());
 }
 
 void MainWindow::DoEvents() {
@@ -591,6 +614,7 @@ void MainWindow::NoteUnload() {
 void MainWindow::showEvent(QShowEvent* event) {
     QMainWindow::showEvent(event);
     BlackenBeneath(*windowHandle());
+    sight_.Watch(windowHandle());
     waiting_.Add([](FormEvents& events) { events.Form_Activate(); });
 }
 
@@ -614,7 +638,8 @@ void MainWindow::changeEvent(QEvent* event) {
 // A bar that comes or goes changes the inner area alone. What the keys have selected before a press
 // of the mouse is not of this press.
 bool MainWindow::eventFilter(QObject* receiver, QEvent* event) {
-    if (receiver == inner_ && event->type() == QEvent::Resize) {
+    if (receiver == inner_ &&
+        (event->type() == QEvent::Resize || event->type() == QEvent::ScreenChangeInternal)) {
         sizeCame_ = true;
     } else if (receiver == list_->viewport() && event->type() == QEvent::MouseButtonPress) {
         selectionNoted_ = -1;

@@ -22,6 +22,8 @@
 #include "platform/Request.h"
 #include "platform/WaitingEvents.h"
 #include "platform/Window.h"
+#include "platform/qt/SystemEvents.h"
+#include "platform/qt/WindowSight.h"
 #include "platform/qt/WindowSize.h"
 
 class QAction;
@@ -69,7 +71,7 @@ public:
     void TakeRequest(Request request);
 
     // A window with this picture stands in its place: until there is none nothing shows it.
-    void CoverBy(PictureWidget* picture) { covering_ = picture; }
+    void CoverBy(PictureWidget* picture);
     // What the user looks at, and what boxes belong to: this one, or the one that stands in its
     // place.
     [[nodiscard]] QWidget* Front();
@@ -90,10 +92,15 @@ public:
     [[nodiscard]] bool MessageWaiting() override;
     void DoEvents() override;
     void NoteEvents() override;
+    void SleepUntilMessage(std::int64_t nanoseconds) override;
+    [[nodiscard]] bool IsSeen() const override { return sight_.IsSeen(); }
     [[nodiscard]] bool LeavingWaits() const override {
         return endRequested_ || waiting_.LeavingWaits();
     }
     void ShowPicture(Long width, Long height, std::span<const std::uint32_t> pixels) override;
+    [[nodiscard]] InnerSize BoxOnScreen() const override;
+    void FillBox(const InnerSize& box, std::span<const std::uint32_t> pixels,
+                 const std::string& text) override;
     [[nodiscard]] WindowPlace Place() const override;
     [[nodiscard]] WindowPlace Screen() const override;
     [[nodiscard]] InnerSize WorkArea() const override;
@@ -141,6 +148,7 @@ private:
     }
     void HandOver();
     [[nodiscard]] bool SizeIsToBeReported() const;
+    [[nodiscard]] bool HasToDeliver() const;
 
     const Form& form_;
     FormEvents* events_ = nullptr;
@@ -158,12 +166,13 @@ private:
     WaitingEvents waiting_;
     mutable WindowSize size_;  // it looks at the window when it is asked
     bool hasStand_ = false;    // it comes up where the user had it
-    bool sizeCame_ = false;    // of the inner area; it has not been reported yet
+    WindowSight sight_;
+    SystemEvents systemEvents_;
+    bool sizeCame_ = false;  // of the inner area; it has not been reported yet
     PictureWidget* covering_ = nullptr;
     WindowHandle awaited_ = 0;
-    bool seesWhatWaits_ = false;  // the dispatcher can tell whether something waits
-    bool tookEventsIn_ = false;   // since messages were let through
-    bool asksAgain_ = false;      // the program wants to be asked again though nothing happens
+    bool tookEventsIn_ = false;  // since messages were let through
+    bool asksAgain_ = false;     // the program wants to be asked again though nothing happens
     bool endRequested_ = false;
     bool showsTitle_ = false;
     std::string titleNote_;  // as it is shown

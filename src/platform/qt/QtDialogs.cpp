@@ -12,6 +12,7 @@
 
 #include "base/Text.h"
 #include "platform/Form.h"
+#include "platform/qt/ProblemsWindow.h"
 #include "platform/qt/Questions.h"
 
 namespace scenara {
@@ -36,6 +37,10 @@ QString OneLine(const std::string& text) {
 }
 
 }  // namespace
+
+QtDialogs::QtDialogs(Questions& questions, const Form& form) : questions_(questions), form_(form) {}
+
+QtDialogs::~QtDialogs() = default;
 
 std::string QtDialogs::Choose(QFileDialog& dialog) {
     dialog.setSupportedSchemes({QStringLiteral("file")});
@@ -67,6 +72,14 @@ std::string QtDialogs::InputBox(const std::string& prompt) {
     dialog.setLabelText(Shown(prompt));
     const bool taken = questions_.Ask(dialog) == QDialog::Accepted;
     return taken ? dialog.textValue().toStdString() : std::string();
+}
+
+void QtDialogs::ShowProblems(const ProblemList& problems) {
+    if (!problems_) {
+        // NOLINTNEXTLINE(cppcoreguidelines-owning-memory): its parent's
+        problems_ = new ProblemsWindow(problems, questions_.Owner());
+    }
+    problems_->ComeToFront();
 }
 
 std::optional<std::size_t> QtDialogs::ChooseAnswer(const std::string& text,

@@ -1,0 +1,214 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/WindowPixels.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <sstream>
+#include <vector>
+
+#include "desktop/DesktopProgram.h"
+
+namespace scenara::test {
+namespace {
+
+constexpr std::uint32_t kBlack = 0;
+constexpr int kViewWidth = 320;
+constexpr int kViewHeight = 240;
+constexpr int kBarBegin = 160;  // in the view
+constexpr int kBarEnd = 168;
+constexpr int kListWidth = 160;  // in the toolkit's pixels
+
+std::string Hex(std::uint32_t color) {
+    std::ostringstream text;
+    text << std::hex << color;
+    return text.str();
+}
+
+int Part(std::uint32_t color, int shift) {
+    return static_cast<int>(color >> static_cast<unsigned>(shift) & 0xFFU);
+}
+
+// Where parts of the view are mixed the result may be rounded in any way.
+bool IsLike(std::uint32_t color, std::uint32_t wanted, int most) {
+    const auto differs = [&](int shift) {
+        return std::abs(Part(color, shift) - Part(wanted, shift)) > most;
+    };
+    return !differs(0) && !differs(8) && !differs(16);
+}
+
+// Of which the bar has that share.
+std::uint32_t Mixed(double share) {
+    std::uint32_t color = 0;
+    for (const int shift : {0, 8, 16}) {
+        const double part = Part(kGround, shift) * (1 - share) + Part(kBar, shift) * share;
+        color |= static_cast<std::uint32_t>(std::lround(part)) << static_cast<unsigned>(shift);
+    }
+    return color;
+}
+
+// On the line between the picture's two colours.
+bool IsOfThePicture(std::uint32_t color) {
+    const double share = (Part(color, 16) - Part(kGround, 16)) /
+                         static_cast<double>(Part(kBar, 16) - Part(kGround, 16));
+    return share > -0.01 && share < 1.01 && IsLike(color, Mixed(share), 3);
+}
+
+// The picture in a box of that size: the width is as good as the height, for its shape is kept.
+Place PictureIn(int width, int height) {
+    const double largest = std::min(width / double{kViewWidth}, height / double{kViewHeight});
+    const int whole = static_cast<int>(largest);
+    Place place;
+    if (whole >= 1 && whole >= largest * 0.9 - 1e-9) {
+        place.width = whole * kViewWidth;
+        place.height = whole * kViewHeight;
+    } else {
+        place.width = std::max(static_cast<int>(largest * kViewWidth + 1e-9), 1);
+        place.height = std::max(static_cast<int>(largest * kViewHeight + 1e-9), 1);
+    }
+    place.left = (width - place.width) / 2;
+    place.top = (height - place.height) / 2;
+    return place;
+}
+
+// What a column of the picture shows: how much of it is the bar's.
+std::uint32_t ColumnColor(int column, int width) {
+    const double begin = static_cast<double>(column) * kViewWidth / width;
+    const double end = static_cast<double>(column + 1) * kViewWidth / width;
+    const double seen = std::min<double>(end, kBarEnd) - std::max<double>(begin, kBarBegin);
+    return Mixed(std::max(seen, 0.0) / (end - begin));
+}
+
+class Check {
+public:
+    Check(const Screenshot& shot, const WindowParts& window) : shot_(shot), window_(window) {}
+
+    std::string Run() {
+        const Place& place = window_.place;
+        if (place.left < 0 || place.top < 0 || place.left + place.width > shot_.width ||
+            place.top + place.height > shot_.height || place.width < 1 || place.height < 1) {
+            return "the window is not on the screen";
+        }
+        FindBox();
+        if (!wrong_.empty()) {
+            return wrong_;
+        }
+        CheckRest();
+        if (!wrong_.empty()) {
+            return wrong_;
+        }
+        // In whole pixels of the screen there is nothing to round.
+        const int most = !window_.hasMenus ? 0 : static_cast<int>(std::ceil(window_.scale - 1));
+        std::string first;
+        for (int across = 0; across <= most; ++across) {
+            for (int down = 0; down <= most; ++down) {
+                wrong_.clear();
+                CheckBox(across, down);
+                if (wrong_.empty()) {
+                    return {};
+                }
+                first = first.empty() ? wrong_ : first;
+            }
+        }
+        return first;
+    }
+
+private:
+    [[nodiscard]] std::uint32_t At(int x, int y) const {
+        return shot_.At(window_.place.left + x, window_.place.top + y);
+    }
+
+    void FindBox() {
+        boxTop_ = 0;
+        boxWidth_ = window_.place.width;
+        if (!window_.hasMenus) {
+            return;
+        }
+        constexpr int kLeast = 15;
+        constexpr int kMost = 30;
+        while (boxTop_ < window_.place.height && !IsOfTheBox(At(0, boxTop_))) {
+            ++boxTop_;
+        }
+        if (boxTop_ < kLeast * window_.scale || boxTop_ > kMost * window_.scale) {
+            wrong_ = "menus " + std::to_string(boxTop_) + " pixels high";
+            return;
+        }
+        const int line = (boxTop_ + window_.place.height * 3) / 4;
+        boxWidth_ = 0;
+        while (boxWidth_ < window_.place.width && IsOfTheBox(At(boxWidth_, line))) {
+            ++boxWidth_;
+        }
+        const double wanted =
+            window_.place.width - (window_.hasList ? kListWidth * window_.scale : 0);
+        if (std::abs(boxWidth_ - wanted) > window_.scale) {
+            wrong_ = "the picture's box is " + std::to_string(boxWidth_) + " pixels wide";
+        }
+    }
+
+    [[nodiscard]] static bool IsOfTheBox(std::uint32_t color) {
+        return color == kBlack || IsOfThePicture(color);
+    }
+
+    void CheckRest() {
+        for (int y = 0; y < window_.place.height; ++y) {
+            for (int x = y < boxTop_ ? 0 : boxWidth_; x < window_.place.width; ++x) {
+                const std::uint32_t color = At(x, y);
+                if (color == kBackground || color == kGround || color == kBar) {
+                    Note(x, y, color, "menus or the list");
+                    return;
+                }
+            }
+        }
+    }
+
+    // The toolkit's own pixels leave so many of the screen's.
+    void CheckBox(int across, int down) {
+        const int height = window_.place.height - boxTop_;
+        const Place picture = PictureIn(boxWidth_ - across, height - down);
+        std::vector<std::uint32_t> columns;
+        for (int x = 0; x < picture.width; ++x) {
+            columns.push_back(ColumnColor(x, picture.width));
+        }
+        const auto wanted = [&](int x, int y) {
+            const int column = x - picture.left;
+            const int row = y - picture.top;
+            const bool inside =
+                column >= 0 && row >= 0 && column < picture.width && row < picture.height;
+            return inside ? columns[static_cast<std::size_t>(column)] : kBlack;
+        };
+        for (int y = 0; y < height && wrong_.empty(); ++y) {
+            for (int x = 0; x < boxWidth_; ++x) {
+                const std::uint32_t color = At(x, boxTop_ + y);
+                const std::uint32_t right = wanted(x, y);
+                const bool pure = right == kBlack || right == kGround || right == kBar;
+                if (!IsLike(color, right, pure ? 0 : 2)) {
+                    Note(x, boxTop_ + y, color,
+                         Hex(right) + "; a picture " + std::to_string(picture.width) + " wide");
+                    break;
+                }
+            }
+        }
+    }
+
+    void Note(int x, int y, std::uint32_t color, const std::string& what) {
+        wrong_ = "of " + std::to_string(window_.place.width) + " x " +
+                 std::to_string(window_.place.height) + " pixels, a box " +
+                 std::to_string(boxWidth_) + " wide from " + std::to_string(boxTop_) + ": " +
+                 std::to_string(x) + ", " + std::to_string(y) + " is " + Hex(color) +
+                 ", where it should be " + what;
+    }
+
+    const Screenshot& shot_;
+    const WindowParts& window_;
+    int boxTop_ = 0;
+    int boxWidth_ = 0;
+    std::string wrong_;
+};
+
+}  // namespace
+
+std::string WrongPixels(const Screenshot& shot, const WindowParts& window) {
+    return Check(shot, window).Run();
+}
+
+}  // namespace scenara::test

@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+//
+// What the pixels of the program's window are to be while it shows the stage "bar" as that starts,
+// worked out apart from the program.
+#pragma once
+
+#include <string>
+
+#include "desktop/Screenshot.h"
+
+namespace scenara::test {
+
+struct WindowParts {
+    Place place;           // on the screen, without a frame
+    double scale = 1;      // the screen's pixels to one of the toolkit's
+    bool hasMenus = true;  // else it is the full screen: the picture's box alone
+    bool hasList = true;
+};
+
+// What is wrong with them, in a line; empty: nothing. The menus and the list show neither the
+// background nor the picture. What they leave is the picture's box: the picture stands in its
+// middle at the largest size that fits, or at the largest whole multiple where that is nearly as
+// large, and all around it is black. A toolkit that counts in larger pixels than the screen may
+// leave one of its own at the window's right and lower edges, which is black as well.
+[[nodiscard]] std::string WrongPixels(const Screenshot& shot, const WindowParts& window);
+
+}  // namespace scenara::test
