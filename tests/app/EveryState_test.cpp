@@ -61,7 +61,7 @@ struct Deed {
     bool endsLoop = false;
 };
 
-// One after which a sprite is shown, which lets messages through.
+// One after which a sprite is shown or a character loaded, which lets messages through.
 Act Pumped(const Act& act) {
     return All({act, [](RunningStage& stage) { stage.deepest = stage.depth; }});
 }
@@ -92,7 +92,7 @@ std::vector<Deed> EveryDeed() {
     add("a dropped file", Drop("/mugen/stages/a.sff"));
     add("nothing dropped", Drop(""));
     const auto addDrop = [&](const char* name, const std::vector<std::string>& paths) {
-        add(name, [paths](RunningStage& stage) { stage.program.Form_OLEDragDrop(paths); });
+        add(name, Pumped([paths](RunningStage& stage) { stage.program.Form_OLEDragDrop(paths); }));
     };
     addDrop("an empty list dropped", {});
     addDrop("a MUGEN folder dropped", {"/mugen/stages"});

@@ -41,7 +41,7 @@ TEST_F(DesktopProgram, PlainlyTheFirstStartAsksForTheFolderUntilOneIsChosen) {
     Key("ctrl+a");
     Type(display_.Folder() + "mugen");
     Key("Return");
-    ExpectMainWindow(640);  // 640 x 480: what fits four fifths of the screen
+    ExpectMainWindow(320);
     ClickAt(kNext, kBarMiddle);
     ExpectTitle("bar");
     Key("alt+F4");

@@ -253,6 +253,8 @@ TEST_F(Starting, TheQuestionForTheFolderCanBeLeft) {
     AnswerWith(display_.Folder() + "mugen/stages");
     ExpectBox();
     Key("Return");  // the one that is meant
+    ExpectNoBox();
+    ExpectWindow("^Scenara 1.0");
     ExpectSaved("MugeDir = " + display_.Folder() + "mugen/\r\n");
     ClickAt(kNext, kBarMiddle);
     ExpectTitle("bar");

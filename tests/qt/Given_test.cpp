@@ -27,11 +27,11 @@ protected:
     // What is told of a drop onto this widget; "refused" when the window does not want it.
     std::string ToldOfADrop(QWidget& onto, const std::vector<std::string>& urls) {
         QMimeData data;
-        QList<QUrl> list;
+        QList<QUrl> all;
         for (const std::string& url : urls) {
-            list.append(QUrl::fromEncoded(QByteArray::fromStdString(url)));
+            all.append(QUrl::fromEncoded(QByteArray::fromStdString(url)));
         }
-        data.setUrls(list);
+        data.setUrls(all);
         QDragEnterEvent enter({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
         enter.ignore();
         QApplication::sendEvent(&onto, &enter);
