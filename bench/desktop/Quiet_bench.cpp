@@ -4,6 +4,7 @@
 // times its size: while it is shown, and where nothing of it moves or is seen.
 #include <QApplication>
 #include <QProcess>
+#include <QScreen>
 #include <QTimer>
 #include <QWidget>
 #include <chrono>

@@ -65,7 +65,9 @@ protected:
                        ++looks;
                        machine.now += lookTakes;
                    },
-                   [this] { return limits.at(std::min(asked++, limits.size() - 1)); },
+                   [this] {
+                       return Pace{limits.at(std::min(asked++, limits.size() - 1)), exact};
+                   },
                    [this](std::int64_t most) { machine.Sleep(most); }});
     }
     // How late the wait is when it ends.
@@ -78,6 +80,7 @@ protected:
     FrameTimes times;
     SleepingWait wait;
     std::vector<Integer> limits{60};  // after each look; then the last one
+    bool exact = true;
     std::int64_t lookTakes = 1;
     int looks = 0;
     std::size_t asked = 0;
@@ -247,6 +250,18 @@ TEST_F(Sleeping, WhatIsLessThanTheLeadIsSpunWithALookInEachPass) {
         Wait();
     }
     EXPECT_FALSE(machine.sleeps.empty()) << "it tries again";
+}
+
+TEST_F(Sleeping, WhereNothingIsSeenNothingIsSpun) {
+    machine.late = {1500};
+    Wait();
+    exact = false;
+    for (int frame = 0; frame < 10; ++frame) {
+        machine.late = {800};
+        looks = 0;
+        EXPECT_EQ(EndsLate(), 801) << "and yet the next one ends when it would have anyway";
+        EXPECT_EQ(looks, 2);
+    }
 }
 
 TEST_F(Sleeping, TakesNoMemory) {
