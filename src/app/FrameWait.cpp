@@ -10,7 +10,7 @@ namespace {
 constexpr double kFixedPointUnit = 10'000;
 
 std::int64_t MostLead(const FrameTimes& times) {
-    constexpr double kSeconds = 0.002;
+    constexpr double kSeconds = 0.001;
     return static_cast<std::int64_t>(times.CounterFrequency * kSeconds);
 }
 

@@ -63,7 +63,7 @@ public:
     void Wait(FrameTimes& times, Clock& clock, const WaitSteps& steps);
 
     // How many counts before its moment a sleep is to end. A late one counts whole at once, up to
-    // 2 ms: one that was so late by chance must not cost more than that. It is forgotten by an
+    // 1 ms: one that was so late by chance must not cost more than that. It is forgotten by an
     // eighth with each sleep that is less late, and with each frame that leaves no time for one.
     [[nodiscard]] std::int64_t Lead() const { return lead_; }
 
