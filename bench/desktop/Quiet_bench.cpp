@@ -4,10 +4,12 @@
 // times its size: while it is shown, and where nothing of it moves or is seen.
 #include <QApplication>
 #include <QProcess>
+#include <QScreen>
 #include <QTimer>
 #include <QWidget>
 #include <chrono>
 #include <cstddef>
+#include <filesystem>
 #include <fstream>
 #include <string>
 #include <utility>
@@ -32,8 +34,10 @@ constexpr int kLayers = 20;
 constexpr int kSettleMilliseconds = 2000;
 constexpr int kMeasureMilliseconds = 5000;
 
-// A backdrop and layers that drift, wider than the view.
-void WriteStage(const std::string& folder) {
+// A backdrop and layers that drift, wider than the view. The folder is the engine's.
+std::string WriteStage(const std::string& engine) {
+    const std::string folder = engine + "stages/";
+    std::filesystem::create_directory(folder);
     std::vector<samplemaker::Sff1Subfile> subfiles;
     const auto add = [&](const samplemaker::IndexedPicture& picture) {
         samplemaker::Sff1Subfile subfile;
@@ -43,7 +47,7 @@ void WriteStage(const std::string& folder) {
         subfiles.push_back(std::move(subfile));
     };
     std::ofstream stage(folder + "layers.def");
-    stage << "[Info]\nname = layers\n[Camera]\n[BGdef]\nspr = layers.sff\n"
+    stage << "[Info]\nname = layers\n[Camera]\n[BGdef]\nspr = stages/layers.sff\n"
              "[BG 0]\ntype = normal\nspriteno = 0,0\n";
     add(DrawBackdrop(960, 240, 1));
     for (int layer = 1; layer <= kLayers; ++layer) {
@@ -55,6 +59,7 @@ void WriteStage(const std::string& folder) {
     std::ofstream(folder + "layers.sff", std::ios::binary)
         .write(reinterpret_cast<const char*>(bytes.data()),
                static_cast<std::streamsize>(bytes.size()));
+    return folder + "layers.def";
 }
 
 // Of all threads, in seconds.
@@ -85,7 +90,7 @@ void Bring(Way way, frmStage& program, MainWindow& window, QWidget& cover) {
 
 void Quiet(benchmark::State& state, const char* name, Way way) {
     const TemporaryFolder folder;
-    WriteStage(folder.Path());
+    const std::string stage = WriteStage(folder.Path());
     std::ofstream(folder.Path() + "QX.CFG")
         << "MugeDir = " << folder.Path() << "\r\nBGMusic = False\r\n";
     // Without one nothing minimises a window. Where there is one, this one ends at once.
@@ -101,7 +106,7 @@ void Quiet(benchmark::State& state, const char* name, Way way) {
     window.SetEvents(&program);
     program.Form_Load();
     window.Show();
-    program.Show().Which.CurrentStageFile = folder.Path() + "layers.def";
+    program.Show().Which.CurrentStageFile = stage;
     QWidget cover;
     using Timer = std::chrono::steady_clock;
     double cpu = 0;

@@ -10,7 +10,7 @@ namespace {
 constexpr double kFixedPointUnit = 10'000;
 
 std::int64_t MostLead(const FrameTimes& times) {
-    constexpr double kSeconds = 0.002;
+    constexpr double kSeconds = 0.001;
     return static_cast<std::int64_t>(times.CounterFrequency * kSeconds);
 }
 
@@ -48,12 +48,12 @@ void SleepingWait::Wait(FrameTimes& times, Clock& clock, const WaitSteps& steps)
     for (;;) {
         steps.doEvents();
         times.WaitNow = clock.QueryPerformanceCounter();
-        const Integer limit = steps.limit();
-        if (limit == 0) {
+        const Pace pace = steps.pace();
+        if (pace.limit == 0) {
             times.LastFrameEnd = times.WaitNow;
             return;
         }
-        const std::int64_t lasts = CountsPerFrame(times.CounterFrequency, limit);
+        const std::int64_t lasts = CountsPerFrame(times.CounterFrequency, pace.limit);
         times.WaitTarget = lasts - (times.FrameMark - begun);
         const std::int64_t late = times.WaitNow - begun - lasts;
         if (late >= 0) {
@@ -64,18 +64,18 @@ void SleepingWait::Wait(FrameTimes& times, Clock& clock, const WaitSteps& steps)
         }
         // What is left after a sleep is spun, unless the limit has changed.
         if (!hasSlept || -late > MostLead(times)) {
-            hasSlept = Sleep(-late, times, clock, steps);
+            hasSlept = Sleep(-late, pace.exact ? lead_ : 0, times, clock, steps);
         }
     }
 }
 
-// For so many counts, less what it takes to wake up. False: an event has ended it.
-bool SleepingWait::Sleep(std::int64_t counts, const FrameTimes& times, Clock& clock,
-                         const WaitSteps& steps) {
+// For so many counts, less the lead. False: an event has ended it.
+bool SleepingWait::Sleep(std::int64_t counts, std::int64_t lead, const FrameTimes& times,
+                         Clock& clock, const WaitSteps& steps) {
     constexpr double kNanoseconds = 1e9;  // per second
     constexpr std::int64_t kForgets = 8;
     const std::int64_t kept = lead_ - (lead_ + kForgets - 1) / kForgets;
-    counts -= lead_;
+    counts -= lead;
     if (counts <= 0) {
         lead_ = kept;  // short frames would never find out that it is too much
         return true;

@@ -39,12 +39,18 @@ void ReadCounterFrequency(FrameTimes& times, Clock& clock);
 void WaitForFrame(FrameTimes& times, Clock& clock, Integer limit,
                   const std::function<void()>& doEvents);
 
+// How often, and how exactly, the loop is to go round.
+struct Pace {
+    Integer limit = 0;  // frames a second; 0: the wait is over
+    bool exact = true;  // else the wait ends when the sleep does: nobody sees the difference
+};
+
 // What a sleeping wait is made of.
 struct WaitSteps {
     // Lets messages through: at least once per frame, and after each sleep.
     std::function<void()> doEvents;
-    // Frames a second, asked after each doEvents, which may have changed it. 0: the wait is over.
-    std::function<Integer()> limit;
+    // Asked after each doEvents, which may have changed it.
+    std::function<Pace()> pace;
     // Sleeps at most so many nanoseconds, as Window::SleepUntilMessage does.
     std::function<void(std::int64_t)> sleep;
 };
@@ -57,12 +63,13 @@ public:
     void Wait(FrameTimes& times, Clock& clock, const WaitSteps& steps);
 
     // How many counts before its moment a sleep is to end. A late one counts whole at once, up to
-    // 2 ms: one that was so late by chance must not cost more than that. It is forgotten by an
+    // 1 ms: one that was so late by chance must not cost more than that. It is forgotten by an
     // eighth with each sleep that is less late, and with each frame that leaves no time for one.
     [[nodiscard]] std::int64_t Lead() const { return lead_; }
 
 private:
-    bool Sleep(std::int64_t counts, const FrameTimes& times, Clock& clock, const WaitSteps& steps);
+    bool Sleep(std::int64_t counts, std::int64_t lead, const FrameTimes& times, Clock& clock,
+               const WaitSteps& steps);
 
     std::int64_t lead_ = 0;
 };

@@ -218,7 +218,7 @@ bool frmStage::IsSeen() const {
 void frmStage::WaitForNextPass() {
     if (show_.Options().Additions) {
         wait_.Wait(times_, machine_.clock,
-                   {[this] { LookForMessages(); }, [this] { return PassesPerSecond(); },
+                   {[this] { LookForMessages(); }, [this] { return PaceOfLoop(); },
                     [this](std::int64_t most) { machine_.window.SleepUntilMessage(most); }});
     } else if (show_.Loop().FpsLimit == 0) {
         API_doevents();
@@ -228,17 +228,18 @@ void frmStage::WaitForNextPass() {
 }
 
 // Addition: as often as the stage has frames, but where nothing moves, or nobody sees it, often
-// enough to answer. 0: at once.
-Integer frmStage::PassesPerSecond() {
+// enough to answer.
+Pace frmStage::PaceOfLoop() {
     constexpr Integer kLooks = 60;
     const Integer limit = show_.Loop().FpsLimit;
     if (LeavesLoop()) {
-        return 0;
+        return {};
     }
-    if (show_.State() != ShowState::Running) {
-        return kLooks;
+    const bool runs = show_.State() == ShowState::Running;
+    if (runs && IsSeen()) {
+        return {limit};
     }
-    return IsSeen() || (limit > 0 && limit < kLooks) ? limit : kLooks;
+    return {runs && limit > 0 && limit < kLooks ? limit : kLooks, false};
 }
 
 // Between two frames that are far apart the keys are not to wait for the next one.

@@ -242,7 +242,7 @@ private:
     void RunPass();
     [[nodiscard]] bool IsSeen() const;
     void WaitForNextPass();
-    [[nodiscard]] Integer PassesPerSecond();
+    [[nodiscard]] Pace PaceOfLoop();
     void LookForMessages();
     void PollKeys();
     void PollPauseKey();
