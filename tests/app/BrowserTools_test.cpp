@@ -159,11 +159,11 @@ TEST_F(BrowserTools, FillThePicturesBoxAndLeaveTheWindowAlone) {
         {[&] { wishes = window.Wishes().size(); }, kBrowse,
          [&] {
              EXPECT_EQ(Caption(), "(1\\3)  Group: 0  Image: 0  Size: 9 x 7  Axis: 0, 0  Zoom: 34x");
-             EXPECT_EQ(window.Filled().width, 480);
+             EXPECT_EQ(window.Filled().width, 320) << "beside the list";
              EXPECT_EQ(window.Filled().height, 240);
              shown = sink.shown;
              program.hscSGFX_Scroll(1);
-             EXPECT_EQ(Caption(), "(2\\3)  Group: 0  Image: 1  Size: 5 x 3  Axis: 0, 0  Zoom: 80x");
+             EXPECT_EQ(Caption(), "(2\\3)  Group: 0  Image: 1  Size: 5 x 3  Axis: 0, 0  Zoom: 64x");
          },
          Wait, kBrowse,
          [&] {

@@ -45,7 +45,7 @@ protected:
         return program.Text();
     }
 
-    QListWidget& list = *window.findChild<QListWidget*>();
+    QListWidget& stageList = *window.findChild<QListWidget*>();
 };
 
 TEST_F(Given, AllLocalFilesOfADropAreTold) {
@@ -114,15 +114,15 @@ TEST_F(Given, AListThatIsFilledAnewHasItsItemsAlone) {
         ++form.lstStages.filled;
         Pump();
         std::string shown;
-        for (int row = 0; row < list.count(); ++row) {
-            shown += list.item(row)->text().toStdString() + " ";
+        for (int row = 0; row < stageList.count(); ++row) {
+            shown += stageList.item(row)->text().toStdString() + " ";
         }
         return shown;
     };
     EXPECT_EQ(refill({"x", "y", "z"}, 1), "x y z ");
-    EXPECT_EQ(list.currentRow(), 1);
+    EXPECT_EQ(stageList.currentRow(), 1);
     EXPECT_EQ(refill({"x"}, -1), "x ");
-    EXPECT_TRUE(list.selectedItems().isEmpty());
+    EXPECT_TRUE(stageList.selectedItems().isEmpty());
     EXPECT_EQ(refill({}, -1), "");
     EXPECT_EQ(refill({"a", "b"}, 0), "a b ");
     EXPECT_EQ(program.Text(), "") << "what the program does is no click";
