@@ -104,6 +104,18 @@ TEST_F(Given, AMarkOfAnyKindDoesNoHarm) {
     EXPECT_TRUE(window.isVisible());
 }
 
+TEST_F(Given, AQuestionBeforeTheWindowLeavesTheSizeThatItComesUpWith) {
+    form.innerWidth = 640;
+    form.innerHeight = 480;
+    MainWindow asked{form};
+    asked.SetEvents(&program);
+    static_cast<void>(asked.winId());  // as a dialog over it does
+    asked.Show();
+    Pump(asked);
+    EXPECT_EQ(program.width, 640);
+    EXPECT_EQ(program.height, 480);
+}
+
 // --- the list, filled anew ---
 
 TEST_F(Given, AListThatIsFilledAnewHasItsItemsAlone) {

@@ -38,6 +38,12 @@ bool IsWayland() {
     return QGuiApplication::platformName().startsWith("wayland");
 }
 
+// None where the windows are not X's; and some platforms have the interface without a display.
+xcb_connection_t* XConnection() {
+    const auto* const x11 = qApp->nativeInterface<QNativeInterface::QX11Application>();
+    return x11 != nullptr ? x11->connection() : nullptr;
+}
+
 xcb_atom_t AtomOf(xcb_connection_t* display, std::string_view name) {
     const OwnedReply<xcb_intern_atom_reply_t> reply(
         xcb_intern_atom_reply(
@@ -137,11 +143,11 @@ void AskForFocus(xcb_connection_t* display, const QWindow& window, xcb_timestamp
 }
 
 void Activate(QWidget& window, const std::string& mark) {
-    const auto* const x11 = qApp->nativeInterface<QNativeInterface::QX11Application>();
+    xcb_connection_t* const display = XConnection();
     std::uint32_t time = 0;
     const auto [end, error] = std::from_chars(mark.data(), mark.data() + mark.size(), time);
-    if (x11 != nullptr && error == std::errc() && end == mark.data() + mark.size()) {
-        AskForFocus(x11->connection(), *window.windowHandle(), time);
+    if (display != nullptr && error == std::errc() && end == mark.data() + mark.size()) {
+        AskForFocus(display, *window.windowHandle(), time);
         return;
     }
     if (IsWayland() && !mark.empty()) {
@@ -158,7 +164,7 @@ std::string Launch::Mark() const {
     if (IsWayland()) {
         return token_;
     }
-    if (qApp->nativeInterface<QNativeInterface::QX11Application>() == nullptr) {
+    if (XConnection() == nullptr) {
         return {};
     }
     const std::optional<xcb_timestamp_t> time = HiddenWindow().Time();
@@ -166,7 +172,7 @@ std::string Launch::Mark() const {
 }
 
 void Launch::End() const {
-    if (!id_.empty() && qApp->nativeInterface<QNativeInterface::QX11Application>() != nullptr) {
+    if (!id_.empty() && XConnection() != nullptr) {
         std::string quoted;
         for (const char c : id_) {
             quoted.append(c == '"' || c == '\\' ? "\\" : "").push_back(c);

@@ -392,8 +392,12 @@ void MainWindow::ShowMenus() {
 
 void MainWindow::Show() {
     ShowForm();
-    if (windowHandle() == nullptr && !hasStand_) {
-        Size(form_.innerWidth, form_.innerHeight);  // the toolkit would choose one, each time
+    // The toolkit would choose a size, each time. A question before this has made the window known
+    // to the display already.
+    if (!std::exchange(wasShown_, true) && !hasStand_) {
+        const QSize wanted(form_.innerWidth, form_.innerHeight + HeightAround());
+        resize(wanted.expandedTo(minimumSizeHint()));
+        sizeCame_ = true;
     }
     if (!isVisible() && covering_ == nullptr) {
         show();

@@ -165,7 +165,8 @@ private:
     int selectionNoted_ = -1;   // the row that a press of the mouse has selected just now
     WaitingEvents waiting_;
     mutable WindowSize size_;  // it looks at the window when it is asked
-    bool hasStand_ = false;    // it comes up where the user had it
+    bool wasShown_ = false;
+    bool hasStand_ = false;  // it comes up where the user had it
     WindowSight sight_;
     SystemEvents systemEvents_;
     bool sizeCame_ = false;  // of the inner area; it has not been reported yet
