@@ -116,7 +116,10 @@ public:
     }
     [[nodiscard]] WindowHandle Foreground() const override;
     [[nodiscard]] bool EndRequested() const override { return endRequested_; }
-    void RequestEnd() override { endRequested_ = true; }
+    void RequestEnd() override {
+        endRequested_ = true;
+        size_.End();
+    }
 
 protected:
     void closeEvent(QCloseEvent* event) override;

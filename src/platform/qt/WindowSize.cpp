@@ -72,10 +72,14 @@ void WindowSize::Moved() {
 
 // What has stood for a while without the window filling the screen is the user's.
 void WindowSize::Settle() {
-    if (sinceCame_.isValid() && (!free_.size.isValid() || sinceCame_.hasExpired(kSettled))) {
+    if (sinceCame_.isValid() && HasRested()) {
         free_ = newest_;
         sinceCame_.invalidate();
     }
+}
+
+bool WindowSize::HasRested() const {
+    return !free_.size.isValid() || ends_ || sinceCame_.hasExpired(kSettled);
 }
 
 // The place is the widget's of now: the window manager tells of the frame late, and of nothing else

@@ -39,6 +39,8 @@ public:
         QPoint place;
     };
     [[nodiscard]] const Free& WhenFree();
+    // The last look: what came just now counts as well.
+    void End() { ends_ = true; }
     // So it is to come up.
     void StandAt(const Free& stand) { free_ = stand; }
 
@@ -52,11 +54,13 @@ private:
     [[nodiscard]] bool FillsTheScreen() const;
 
     void Settle();
+    [[nodiscard]] bool HasRested() const;
 
     QWidget& window_;
     Free free_;
     Free newest_;  // what came last, before it is known whether the window fills the screen
     QElapsedTimer sinceCame_;
+    bool ends_ = false;
     QTimer patience_;
     int waited_ = 0;  // how often for an answer to the last question
 };
