@@ -59,6 +59,7 @@ void frmStage::Form_Load(const std::vector<std::string>& given) {
         ended_ = true;
         return;
     }
+    cameUp_ = false;
     ReadCounterFrequency(times_, machine_.clock);
     show_.Loop().FpsLimit = 60;
     music_.SetWindow(static_cast<Long>(machine_.window.Handle()));
@@ -109,6 +110,9 @@ void frmStage::Form_Load(const std::vector<std::string>& given) {
 // False: the program is to end, and there are no settings.
 bool frmStage::ReadSettings(CameraSteps& steps, const std::string& givenFolder) {
     if (!HasConfiguration(machine_.files)) {
+        if (show_.Options().Additions) {
+            ShowStageList = kByteTrue;  // it is what the program is about
+        }
         if (!givenFolder.empty()) {
             MugeDir = WithSeparator(givenFolder);
             return true;

@@ -41,6 +41,9 @@ void frmStage::Form_Activate() {
 
 // The window comes up so. A window manager that is still taking it in loses another size.
 void frmStage::ComeUp() {
+    if (std::exchange(cameUp_, true)) {
+        return;
+    }
     if (!show_.Options().Additions) {
         const InnerSize view = machine_.window.RoomFor(CanvasSize());
         LayOutControls(view.width + ListWidth(), view.height);

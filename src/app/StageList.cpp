@@ -11,9 +11,12 @@
 
 namespace scenara {
 
-// Addition: the question at the first start can be left, and the window then tells of the other way
-// to the folder. False when the program is to end.
+// Addition: the question at the first start stands over the window, which shows what it is about,
+// and can be left; the window then tells of the other way to the folder. False when the program is
+// to end.
 bool frmStage::AskAtFirstStart() {
+    ComeUp();
+    machine_.window.Show();
     SayFirstStart(machine_.messages);
     MugeDir = WithSeparator(AskForFolder());
     return !MugeDir.empty() || !machine_.window.EndRequested();

@@ -337,6 +337,7 @@ private:
     Long noteSince_ = 0;      // the tick when it came
     bool loopRuns_ = false;   // RunStage is on the stack
     InnerSize wishedSize_;    // what was asked for last, or has come since
+    bool cameUp_ = false;     // it is known how the window comes up
     bool activated_ = false;  // the window has been sized once
     bool centres_ = false;    // ... and is to be centred when its size has come
     bool ended_ = false;

@@ -304,6 +304,22 @@ TEST_F(Layout, TheFirstStartTakesFourFifthsOfTheScreenAtMost) {
     }
 }
 
+TEST_F(Layout, TheFirstStartAsksOverAWindowWithTheList) {
+    files.Delete(kConfiguration);
+    dialogs.Answer("/mugen");
+    int asked = 0;
+    dialogs.Observe([&](const DialogQuestion&) {
+        ++asked;
+        EXPECT_EQ(window.ShowCount(), 1U);
+        ExpectPicture(640, 480);
+        ExpectList(640, 480);
+    });
+    RunningStage::Load();
+    EXPECT_EQ(asked, 1);
+    EXPECT_EQ(form.lstStages.items.size(), 3U);
+    ExpectPicture(640, 480);
+}
+
 TEST_F(Layout, TheFirstStartIsCentredOnTheScreenOfTheWindow) {
     window.SetScreenLeft(2000);
     Load(true);
