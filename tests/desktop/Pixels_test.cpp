@@ -21,7 +21,8 @@ namespace {
 
 struct Case {
     Manager manager;
-    const char* scale;  // the screen's pixels to one of the toolkit's
+    const char* scale;    // the screen's pixels to one of the toolkit's, as the user asks for it
+    int screenScale = 1;  // and the compositor, times that
 };
 
 // Six times the view, so that the full screen has a whole multiple without any rest, and that the
@@ -31,12 +32,16 @@ constexpr int kHeight = 1440;
 
 class WindowPixelsTest : public DesktopProgram, public testing::WithParamInterface<Case> {
 protected:
-    WindowPixelsTest() : DesktopProgram(DisplaySetup{GetParam().manager, kWidth, kHeight}) {
+    WindowPixelsTest()
+        : DesktopProgram(
+              DisplaySetup{GetParam().manager, kWidth, kHeight, 1, GetParam().screenScale}) {
         environment_ = {std::string("QT_SCALE_FACTOR=") + GetParam().scale,
                         "QT_WAYLAND_DISABLE_WINDOWDECORATION=1"};
     }
 
-    [[nodiscard]] static double Scale() { return std::strtod(GetParam().scale, nullptr); }
+    [[nodiscard]] static double Scale() {
+        return std::strtod(GetParam().scale, nullptr) * GetParam().screenScale;
+    }
     [[nodiscard]] static bool Is(Manager manager) { return GetParam().manager == manager; }
 
     void StartBar() {
@@ -69,12 +74,13 @@ protected:
 
     // The toolkit wants sizes of whole pixels of its own.
     [[nodiscard]] static bool IsOther(int length, int wanted) {
-        return std::abs(length - wanted) > (Is(Manager::Sway) ? 0 : std::ceil(Scale() - 1));
+        return std::abs(length - wanted) >
+               (Is(Manager::Sway) ? GetParam().screenScale - 1 : std::ceil(Scale() - 1));
     }
 
     void Resize(const SeenSize& size) {
-        const std::string width = std::to_string(size.width);
-        const std::string height = std::to_string(size.height);
+        const std::string width = std::to_string(size.width / GetParam().screenScale);
+        const std::string height = std::to_string(size.height / GetParam().screenScale);
         if (Is(Manager::Openbox)) {
             display_.Do("windowmove " + MainWindow() + " 0 0 windowsize " + MainWindow() + " " +
                         width + " " + height);
@@ -130,7 +136,8 @@ TEST_P(WindowPixelsTest, AreAllPainted) {
 std::string NameOfCase(const testing::TestParamInfo<Case>& row) {
     std::string scale = row.param.scale;
     std::replace(scale.begin(), scale.end(), '.', '_');
-    return NameOf(row.param.manager) + scale;
+    return NameOf(row.param.manager) + scale +
+           (row.param.screenScale == 1 ? "" : "Times" + std::to_string(row.param.screenScale));
 }
 
 constexpr Case kCases[] = {
@@ -138,7 +145,8 @@ constexpr Case kCases[] = {
     {Manager::Openbox, "1.5"}, {Manager::Openbox, "1.75"}, {Manager::Openbox, "2"},
     {Manager::Openbox, "3"},   {Manager::I3, "1"},         {Manager::I3, "1.75"},
     {Manager::Weston, "1"},    {Manager::Weston, "1.5"},   {Manager::Sway, "1"},
-    {Manager::Sway, "1.354"},  {Manager::Sway, "2"},
+    {Manager::Sway, "1.354"},  {Manager::Sway, "2"},       {Manager::Weston, "1", 2},
+    {Manager::Sway, "1", 2},   {Manager::Sway, "1.25", 2},
 };
 
 INSTANTIATE_TEST_SUITE_P(On, WindowPixelsTest, testing::ValuesIn(kCases), NameOfCase);

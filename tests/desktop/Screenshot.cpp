@@ -22,7 +22,7 @@ std::uint32_t BigEndian(const std::string& bytes, std::size_t at) {
 }  // namespace
 
 std::optional<Place> PaintedIn(const Screenshot& shot) {
-    constexpr int kPointer = 32;
+    constexpr int kPointer = 64;
     std::vector<int> inColumn(static_cast<std::size_t>(shot.width));
     std::vector<int> inLine(static_cast<std::size_t>(shot.height));
     for (std::size_t y = 0, i = 0; y < inLine.size(); ++y) {
