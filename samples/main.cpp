@@ -16,6 +16,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/Version.h"
 #include "cloudharbour/CloudHarbour.h"
 #include "cloudharbour/Definition.h"
 #include "glasslagoon/Definition.h"
@@ -109,8 +110,13 @@ void MakeFolder(const fs::path& folder) {
 int main(int argc, char** argv) {
     const std::span arguments(argv, static_cast<std::size_t>(argc));
     if (arguments.size() != 2) {
-        std::cerr << "Usage: sample-maker OUTDIR\n";
+        std::cerr << "Usage: sample-maker OUTDIR\n"
+                     "       sample-maker --version\n";
         return 2;
+    }
+    if (std::string_view(arguments[1]) == "--version") {
+        std::cout << scenara::VersionLine();
+        return 0;
     }
     try {
         MakeFolder(arguments[1]);

@@ -1,67 +1,136 @@
 // SPDX-License-Identifier: MIT
 //
-// Scenara on a desktop: picks the machine, makes the main window, and hands over.
-//
-// scenara [FILE.def]: opens the stage as if it were dropped on the window.
+// Scenara on a desktop: picks the machine, makes the main window, and hands over: to it, or to the
+// program that runs already. app/StartWords.h says what the words on the command line are.
 #include <QApplication>
-#include <filesystem>
+#include <QSocketNotifier>
+#include <algorithm>
+#include <chrono>
 #include <iostream>
+#include <optional>
+#include <span>
+#include <stdexcept>
 #include <string>
-#include <system_error>
+#include <utility>
+#include <vector>
 
+#include "app/StartWords.h"
 #include "app/frmStage.h"
 #include "desktop/DesktopMachine.h"
+#include "platform/Request.h"
 #include "platform/posix/EndSignals.h"
+#include "platform/posix/HandOver.h"
+#include "platform/posix/Instance.h"
 #include "platform/posix/ProgramFolder.h"
+#include "platform/posix/RequestListener.h"
 #include "platform/qt/Display.h"
 #include "platform/qt/EndOfSession.h"
+#include "platform/qt/Launch.h"
 
 namespace {
 
 using namespace scenara;
 
-constexpr int kNoDisplay = 1;
+enum ExitStatus { kFine = 0, kNotShown = 1, kWrongUse = 2 };
 
-// Whole, for the program changes to its own folder. Empty: no file is named.
-std::string FileOf(int argc, char** argv) {
-    if (argc < 2) {
-        return {};
-    }
-    std::error_code error;  // the folder that it was started in is gone
-    const std::filesystem::path path = std::filesystem::absolute(argv[1], error);
-    return error ? argv[1] : path.string();
+// The user is told in time that nobody answers.
+constexpr std::chrono::milliseconds kPatience{1500};
+
+std::vector<std::string> WordsOf(int argc, char** argv) {
+    const std::span all(argv, static_cast<std::size_t>(argc));
+    return {all.begin() + std::min(argc, 1), all.end()};
 }
 
-int Run(const std::string& file) {
+// What later starts hand over, while the window is there to take it.
+class LaterStarts {
+public:
+    LaterStarts(const Instance& instance, MainWindow& window) : listener_(instance.Socket()) {
+        if (listener_.Descriptor() < 0) {
+            return;
+        }
+        notifier_.setSocket(listener_.Descriptor());
+        notifier_.setEnabled(true);
+        QObject::connect(&notifier_, &QSocketNotifier::activated, &window, [this, &window] {
+            listener_.Serve([&window](Request request) { window.TakeRequest(std::move(request)); });
+        });
+    }
+
+private:
+    RequestListener listener_;
+    QSocketNotifier notifier_{QSocketNotifier::Read};
+};
+
+ExitStatus Run(const std::vector<std::string>& paths, Instance& instance) {
     const EndSignals endSignals;
-    DesktopMachine machine(WritableProgramFolder(ExecutableFolder()));
+    DesktopMachine machine(WritableProgramFolder(ExecutableFolder()), instance);
     frmStage program(machine.Pieces(), machine.form);
     MainWindow& window = machine.Desktop();
     window.SetEvents(&program);
     const EndOfSession session(
         endSignals.Descriptor(), [&] { program.SaveNow(); }, [&] { machine.Close(); });
-    program.Form_Load();
+    std::optional<LaterStarts> laterStarts;
+    if (!instance.AnotherRuns()) {
+        laterStarts.emplace(instance, window);
+    }
+    program.Form_Load(paths);
     if (!window.EndRequested()) {
         window.Show();
-        if (!file.empty()) {
-            program.Form_OLEDragDrop(file);
-        }
+        program.Form_OLEDragDrop(paths);
     }
     while (!program.Ended()) {
         window.WaitForEvents();
     }
-    return 0;
+    return kFine;
+}
+
+// Nothing: there is no program to take them, and this one is to show them itself.
+std::optional<ExitStatus> HandOverTo(Instance& instance, const std::vector<std::string>& paths,
+                                     const Launch& launch) {
+    const auto request = RequestBytes({launch.Mark(), paths});
+    if (!request) {
+        std::cerr << "scenara: these names are too long to be handed over to the program that runs"
+                     " already\n";
+        return kNotShown;
+    }
+    switch (HandOver(instance, *request, kPatience)) {
+        case HandedOver::Taken: launch.End(); return kFine;
+        case HandedOver::NotAnswered:
+            launch.End();
+            std::cerr << "scenara: the program that runs already does not answer\n";
+            return kNotShown;
+        case HandedOver::NobodyRuns: break;
+    }
+    return std::nullopt;
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
+    if (const auto answer = AnswerInstead(WordsOf(argc, argv))) {
+        std::cout << *answer;
+        return kFine;
+    }
     if (!HasDisplay()) {
         std::cerr << "scenara: there is no display to show a window on\n";
-        return kNoDisplay;
+        return kNotShown;
     }
+    const Launch launch;
     const QApplication application(argc, argv);  // it takes its own words out of these
     QApplication::setQuitOnLastWindowClosed(false);
     MakeAutoRepeatDetectable();
-    return Run(FileOf(argc, argv));
+    std::vector<std::string> paths;
+    try {
+        paths = StartPaths(WordsOf(argc, argv));
+    } catch (const std::invalid_argument& error) {
+        std::cerr << "scenara: " << error.what() << "\n\n" << StartUsage();
+        return kWrongUse;
+    }
+    std::transform(paths.begin(), paths.end(), paths.begin(), WholePath);
+    Instance instance(DisplayName());
+    if (!paths.empty() && instance.AnotherRuns()) {
+        if (const auto status = HandOverTo(instance, paths, launch)) {
+            return *status;
+        }
+    }
+    return Run(paths, instance);
 }

@@ -4,13 +4,10 @@
 // many there are when nothing holds them back. The core should be free: the program runs at idle
 // priority and gives way to everything.
 #include <algorithm>
-#include <chrono>
+#include <cmath>
 #include <cstdint>
 #include <fstream>
-#include <functional>
-#include <span>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include <benchmark/benchmark.h>
@@ -18,49 +15,27 @@
 #include "app/frmStage.h"
 #include "base/Path.h"
 #include "desktop/DesktopMachine.h"
+#include "desktop/QuietRows.h"
+#include "desktop/TimedSink.h"
+#include "platform/posix/Instance.h"
 #include "platform/posix/ProgramFolder.h"
-#include "platform/soft/PictureSink.h"
 
 namespace scenara::bench {
 namespace {
 
-using Timer = std::chrono::steady_clock;
-
 constexpr const char* kStage = "nightexpress.def";
 
-// Notes when each picture is handed over.
-class TimedSink : public PictureSink {
-public:
-    HRESULT Show(const CanvasSize& size, std::span<const std::uint32_t> pixels) override {
-        times_.push_back(Timer::now());
-        const HRESULT result = shownBy->Show(size, pixels);
-        if (times_.size() == times_.capacity()) {
-            full();
-        }
-        return result;
+// How far frames are from a sixtieth of a second, either way.
+void NoteDistances(const std::vector<double>& gaps) {
+    constexpr double kSixtieth = 1e6 / 60;
+    std::vector<double> distances;
+    for (const double gap : gaps) {
+        distances.push_back(std::abs(gap - kSixtieth) / 1000);
     }
-
-    void Expect(std::size_t frames) {
-        times_.clear();
-        times_.reserve(frames);
-    }
-    // Microseconds from each picture to the next, sorted.
-    [[nodiscard]] std::vector<double> Gaps() const {
-        std::vector<double> gaps;
-        for (std::size_t i = 1; i < times_.size(); ++i) {
-            gaps.push_back(
-                std::chrono::duration<double, std::micro>(times_[i] - times_[i - 1]).count());
-        }
-        std::ranges::sort(gaps);
-        return gaps;
-    }
-
-    PictureSink* shownBy = nullptr;
-    std::function<void()> full;
-
-private:
-    std::vector<Timer::time_point> times_;
-};
+    std::ranges::sort(distances);
+    NotedFigures()["Pacing/median"] = distances[distances.size() / 2];
+    NotedFigures()["Pacing/p99"] = distances[distances.size() * 99 / 100];
+}
 
 void Run(benchmark::State& state, Integer limit, std::size_t frames) {
     const TemporaryFolder folder;
@@ -68,7 +43,8 @@ void Run(benchmark::State& state, Integer limit, std::size_t frames) {
     // Without settings the program would ask for the engine folder.
     std::ofstream(folder.Path() + "QX.CFG") << "MugeDir = " << mugen << "\r\nBGMusic = False\r\n";
     TimedSink sink;
-    DesktopMachine machine(folder.Path(), &sink);
+    Instance instance({}, folder.Path());
+    DesktopMachine machine(folder.Path(), instance, &sink);
     sink.shownBy = &machine.Desktop().Picture();
     sink.Expect(frames);
     frmStage program(machine.Pieces(), machine.form);
@@ -95,6 +71,9 @@ void Run(benchmark::State& state, Integer limit, std::size_t frames) {
     state.counters["p99_us"] = at(0.99);
     state.counters["max_us"] = gaps.back();
     state.counters["per_second"] = 1e6 / at(0.5);
+    if (limit == 60) {
+        NoteDistances(gaps);
+    }
 }
 
 constexpr std::size_t kMinute = 60 * 60;

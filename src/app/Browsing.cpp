@@ -13,6 +13,7 @@ void frmStage::mnuDebug_Click() {
         ResetRes();  // what covers the window would show the last picture for ever
         browser_.mnuDebug_Click();
     }
+    StateChanged();
 }
 
 void frmStage::LeaveBrowser() {
@@ -22,9 +23,25 @@ void frmStage::LeaveBrowser() {
     }
 }
 
+void frmStage::Zoom(ZoomStep step) {
+    if (Browses()) {
+        browser_.Zoom(step);
+    } else {
+        show_.Zoom(step);
+    }
+}
+
+void frmStage::Form_MouseWheel(Long notches, Long x, Long y) {
+    Handle([&] {
+        if (Browses()) {
+            browser_.Wheel(notches, x, y);
+        }
+    });
+}
+
 void frmStage::MoveSpriteBar(Long value, const std::function<void()>& show) {
     Handle([&] {
-        if (show_.State() == ShowState::Browsing) {
+        if (Browses()) {
             form_.hscSGFX.Value = value;
             show();
         }

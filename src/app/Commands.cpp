@@ -5,6 +5,7 @@
 #include "app/MenuTree.h"
 #include "app/frmStage.h"
 #include "base/NumberText.h"
+#include "base/Path.h"
 
 namespace scenara {
 
@@ -34,27 +35,40 @@ void frmStage::Menu_Click(Menu item) {
             case Menu::mnuStageNext: mnuStageNext_Click(); break;
             case Menu::mnuR: mnuR_Click(); break;
             case Menu::mnuAbout: mnuAbout_Click(); break;
+            case Menu::mnuProblems: mnuProblems_Click(); break;
             case Menu::mnuAdditions: mnuAdditions_Click(); break;
             case Menu::mnuSmooth:
             case Menu::mnuWholeMultiples:
             case Menu::mnuSwitchMode: FlipExtra(item); break;
-            case Menu::mnuZoomIn: show_.Zoom(ZoomStep::In); break;
-            case Menu::mnuZoomOut: show_.Zoom(ZoomStep::Out); break;
-            case Menu::mnuZoomStart: show_.Zoom(ZoomStep::ToStart); break;
+            case Menu::mnuZoomIn: Zoom(ZoomStep::In); break;
+            case Menu::mnuZoomOut: Zoom(ZoomStep::Out); break;
+            case Menu::mnuZoomStart: Zoom(ZoomStep::ToStart); break;
+            case Menu::mnuMugenFolder: mnuMugenFolder_Click(); break;
             default: break;
         }
     });
 }
 
 // Plain, Escape and Q release the device under the running loop. Addition: a key press must not
-// kill the stage, so Escape just leaves the full screen and Q does nothing.
+// kill the stage, so Escape just leaves the sprite browser, or the full screen, and Q does nothing.
 void frmStage::Form_KeyDown(VirtualKey key) {
     if (show_.State() == ShowState::Loading) {
         return;  // the load works with the device
     }
     Handle([&] {
+        if (key == VirtualKey::Escape && browser_.FillsBox()) {
+            mnuDebug_Click();
+            return;
+        }
         if (key == VirtualKey::Escape) {
             ResetRes();
+        }
+        if (FullScreenState == 1 && show_.Options().Additions) {
+            switch (key) {
+                case VirtualKey::PageUp: mnuStagePrev_Click(); break;
+                case VirtualKey::PageDown: mnuStageNext_Click(); break;
+                default: break;
+            }
         }
         if ((key == VirtualKey::Escape || key == VirtualKey::Q) && !show_.Options().Additions) {
             show_.TheEngine().Engine_Deinit();
@@ -87,14 +101,47 @@ void frmStage::mnuPause_Click() {
     ShowTitle();
 }
 
-// The stage's, or the program's where there is no stage.
 void frmStage::ShowTitle() {
-    const std::string& title = show_.Loop().StageRunning != 0 ? show_.Model().StageTitle : AppTitle;
-    // A paused stage draws nothing, however heavy it is.
-    const char* const mark = show_.Loop().Paused != 0                        ? " <<PAUSED>>"
-                             : show_.Options().Additions && show_.TooHeavy() ? " <<TOO HEAVY>>"
-                                                                             : "";
-    SetCaption(title + mark);
+    SetCaption(Title() + TitleMark());
+}
+
+// The stage's, or the program's where there is no stage. Addition: that of the sprite that is
+// shown; a stage without a name is called as its file is.
+std::string frmStage::Title() {
+    if (show_.Loop().StageRunning == 0) {
+        return AppTitle;
+    }
+    if (browser_.FillsBox()) {
+        return browser_.Caption();
+    }
+    const std::string& title = show_.Model().StageTitle;
+    return title.empty() && show_.Options().Additions ? std::string(FileName(show_.Which.shown))
+                                                      : title;
+}
+
+// A paused stage draws nothing, however heavy it is.
+const char* frmStage::TitleMark() {
+    if (show_.Loop().Paused != 0) {
+        return " <<PAUSED>>";
+    }
+    return show_.Options().Additions && show_.TooHeavy() ? " <<TOO HEAVY>>" : "";
+}
+
+void frmStage::Tell(const std::string& caption) {
+    if (!show_.Options().Additions) {
+        SetCaption(caption);
+        return;
+    }
+    SetCaption(caption + TitleMark());
+    noted_ = true;
+    noteSince_ = machine_.clock.GetTickCount();
+}
+
+void frmStage::EndNote() {
+    constexpr std::uint32_t kLasts = 5000;  // milliseconds
+    if (noted_ && TicksSince(noteSince_, machine_.clock.GetTickCount()) >= kLasts) {
+        ShowTitle();
+    }
 }
 
 void frmStage::mnuMScroll_Click() {
@@ -111,7 +158,7 @@ void frmStage::mnuAbout_Click() {
 void frmStage::mnuAdditions_Click() {
     form_[Menu::mnuAdditions].Flip();
     TakeExtras();
-    EnableMenus(form_, show_.State(), show_.HasShown(), show_.CanZoom());
+    StateChanged();
     if (show_.Loop().StageRunning != 0) {
         LoadAgain();
     }
@@ -143,9 +190,9 @@ Presentation frmStage::PresentationWanted() const {
 }
 
 void frmStage::SaveCheckedExtras() {
-    SaveExtras(machine_.files,
-               {form_[Menu::mnuAdditions].checked, form_[Menu::mnuSmooth].checked,
-                form_[Menu::mnuWholeMultiples].checked, form_[Menu::mnuSwitchMode].checked});
+    MakeExtrasText();
+    Write(extrasFile_);
+    extrasFile_.keeper.Hold(extrasFile_.text);
 }
 
 }  // namespace scenara

@@ -5,6 +5,8 @@
 
 #include "app/ConfigurationLine.h"
 #include "app/MenuTree.h"
+#include "app/MugenFolder.h"
+#include "app/OncePerKind.h"
 #include "app/RecentFiles.h"
 #include "app/SettingsText.h"
 #include "base/NumberText.h"
@@ -12,7 +14,6 @@
 #include "base/RunTimeError.h"
 #include "base/Text.h"
 #include "platform/LineReader.h"
-#include "show/RepeatedMessages.h"
 
 namespace scenara {
 namespace {
@@ -25,21 +26,18 @@ std::string ConfigurationPath(Files& files) {
 
 // The folder that the user chooses; empty when the user cancels. A zero byte ends it.
 std::string modBrowseForFolder(Dialogs& dialogs, const std::string& prompt) {
-    const std::string folder = dialogs.BrowseForFolder(prompt);
+    const std::string folder = dialogs.BrowseForFolder(prompt, {});
     return folder.substr(0, folder.find('\0'));
 }
 
 bool AskForMugeDir(std::string& MugeDir, const LoadConfigContext& context) {
-    context.messages.MsgBox(kMessageFirstStart,
-                            "Browse to your MUGEN directory please so I know where to get stuff.  "
-                            "I won't ask you for it again unless I forget.");
+    SayFirstStart(context.messages);
     std::string folder;
     while (folder.empty()) {
         if (context.ended()) {
             return false;
         }
-        folder = modBrowseForFolder(
-            context.dialogs, "Point me to your MUGEN Directory please:\r\nex. C:\\GAMES\\MUGEN");
+        folder = modBrowseForFolder(context.dialogs, kMugenFolderPrompt);
     }
     MugeDir = folder + PathSeparator;
     return true;
@@ -178,6 +176,12 @@ void ReadLine(Line& line, const Settings& settings, const LoadConfigContext& con
 
 }  // namespace
 
+void SayFirstStart(Messages& messages) {
+    messages.MsgBox(kMessageFirstStart,
+                    "Browse to your MUGEN directory please so I know where to get stuff.  "
+                    "I won't ask you for it again unless I forget.");
+}
+
 bool HasConfiguration(Files& files) {
     const std::string path = ConfigurationPath(files);
     return files.FileExists(path) && files.OpenForReading(path)->Size() != 0;
@@ -198,7 +202,7 @@ bool LoadConfig(const Settings& settings, const LoadConfigContext& context) {
         settings.MugeDir = WithSeparator(lines.Line());
         return true;
     }
-    RepeatedMessages once(context.messages, Repeats::LeftOut);
+    OncePerKind once(context.messages);
     MessagesOfFile messages(once, path);
     do {
         messages.AtLine(lines.Number());

@@ -45,6 +45,9 @@ struct LoadConfigContext {
     std::function<bool()> ended;
 };
 
+// What a user is told before the first question for the engine folder.
+void SayFirstStart(Messages& messages);
+
 // Whether there are settings to be read. A file of no bytes holds none. Raises what opening raises.
 [[nodiscard]] bool HasConfiguration(Files& files);
 

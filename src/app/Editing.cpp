@@ -49,6 +49,8 @@ void frmStage::Form_MouseDown(Long x, Long y) {
     Handle([&] {
         if (CanBeEdited()) {
             show_.Editor().MouseDown({x, y});
+        } else if (Browses()) {
+            browser_.MouseDown(x, y);
         }
     });
 }
@@ -57,7 +59,16 @@ void frmStage::Form_MouseMove(Long x, Long y) {
     Handle([&] {
         if (CanBeEdited()) {
             show_.Editor().MouseMove({x, y});
+        } else if (Browses()) {
+            browser_.MouseMove(x, y);
         }
+    });
+}
+
+void frmStage::Form_MouseUp() {
+    Handle([this] {
+        browser_.MouseUp();
+        show_.Editor().MouseUp();
     });
 }
 
@@ -75,8 +86,7 @@ void frmStage::hscHScroll_Change(Long value) {
 // A disk that is full must not cost the stage that was to be written down.
 void frmStage::WriteDump() {
     static_cast<void>(Guarded([this] {
-        SetCaption(
-            DataCheckCaption(DataCheck(show_.Model(), show_.Options().Additions, machine_.files)));
+        Tell(DataCheckCaption(DataCheck(show_.Model(), show_.Options().Additions, machine_.files)));
     }));
 }
 

@@ -1,26 +1,44 @@
 // SPDX-License-Identifier: MIT
 //
 // How the program starts.
+#include <algorithm>
+
 #include "app/Extras.h"
+#include "app/GivenPaths.h"
 #include "app/MenuTree.h"
 #include "app/StageFiles.h"
 #include "app/frmStage.h"
 #include "base/NumberText.h"
+#include "base/Path.h"
 
 namespace scenara {
 namespace {
 
 // The stage list as the window is designed, in pixels.
 constexpr Long kStageListWidth = 160;
+// What can be asked for instead.
+constexpr Long kLeastListWidth = 80;
+constexpr Long kMostListWidth = 1000;
+
+// What a show asks of the machine, with these messages in place of the machine's own.
+ShowMachine With(const ShowMachine& machine, Messages& messages) {
+    return {machine.files, messages,        machine.window,   machine.keyboard,
+            machine.clock, machine.pointer, machine.direct3D, machine.png};
+}
+class Unsaid : public Messages {
+public:
+    void Show(const Message& /*message*/) override {}
+};
 
 }  // namespace
 
 frmStage::frmStage(const Machine& machine, Form& form, const ViewOptions& options)
     : machine_(machine),
       form_(form),
-      show_(machine, options, *this),
+      loadMessages_(machine.messages, form.problems),
+      show_(With(machine, loadMessages_), options, *this),
       music_(machine.media),
-      browser_(show_.Model(), show_.Picture(), show_.SpriteBrowserMode, form.hscSGFX, *this),
+      browser_(show_.Model(), show_.Options(), show_.SpriteBrowserMode, form.hscSGFX, *this),
       screen_(machine.display) {
     DesignMenus(form_);
     form_.picLoad.width = show_.Picture().width;
@@ -29,7 +47,7 @@ frmStage::frmStage(const Machine& machine, Form& form, const ViewOptions& option
     LayOutControls(show_.Picture().width, show_.Picture().height);
 }
 
-void frmStage::Form_Load() {
+void frmStage::Form_Load(const std::vector<std::string>& given) {
     VersionText = NumberText(std::int32_t{SCENARA_VERSION_MINOR}) + "." +
                   NumberText(std::int32_t{SCENARA_VERSION_REVISION});
     AppTitle = "Scenara " + VersionText + " DirectX 8 Experiment";
@@ -47,24 +65,23 @@ void frmStage::Form_Load() {
     form_[Menu::mnuFPS].caption = "FPS Limiter (" + NumberText(show_.Loop().FpsLimit) + " fps)";
     machine_.process.ChangeToProgramFolder();
     static_cast<void>(Guarded([&] {
-        const Extras extras = LoadExtras(machine_.files);
-        form_[Menu::mnuAdditions].checked = extras.Additions;
-        form_[Menu::mnuSmooth].checked = extras.Smooth;
-        form_[Menu::mnuWholeMultiples].checked = extras.WholeMultiplesOnly;
-        form_[Menu::mnuSwitchMode].checked = extras.SwitchDisplayMode;
+        extras_ = LoadExtras(machine_.files);
+        form_[Menu::mnuAdditions].checked = extras_.Additions;
+        form_[Menu::mnuSmooth].checked = extras_.Smooth;
+        form_[Menu::mnuWholeMultiples].checked = extras_.WholeMultiplesOnly;
+        form_[Menu::mnuSwitchMode].checked = extras_.SwitchDisplayMode;
+        form_.lstStages.width = std::clamp<Long>(extras_.ListWidth.value_or(kStageListWidth),
+                                                 kLeastListWidth, kMostListWidth);
     }));
+    MakeExtrasText();
+    extrasFile_.keeper.Hold(extrasFile_.text);
     TakeExtras();
     EnableMenus(form_, show_.State(), show_.HasShown(), show_.CanZoom());
     static_cast<void>(Guarded([&] {
         CameraSteps steps = show_.UsersSteps();
-        // An error of the command must not cost the settings behind its line.
-        const auto useCharacter = [this] {
-            static_cast<void>(Guarded([this] { mnuChar_Click(); }));
-        };
-        const auto ended = [this] { return machine_.window.EndRequested(); };
+        const std::string givenFolder = MugenFolderAmong(machine_.files, given);
         const bool isFirstStart = !HasConfiguration(machine_.files);
-        settingsLoaded_ = LoadConfig(AllSettings(steps), {machine_.files, machine_.messages,
-                                                          machine_.dialogs, useCharacter, ended});
+        settingsLoaded_ = ReadSettings(steps, givenFolder);
         show_.CameraState().HCamStep = steps.HCamStep;
         show_.CameraState().VCamStep = steps.VCamStep;
         show_.Flags().DebugBG = form_[Menu::mnuDebugBG].checked ? kByteTrue : Byte{0};
@@ -75,16 +92,36 @@ void frmStage::Form_Load() {
         MakeSettingsText();
         if (!isFirstStart) {
             // A file that says the same in other words is not written anew.
-            keeper_.Hold(settingsText_);
+            settingsFile_.keeper.Hold(settingsFile_.text);
         } else if (SavesMeanwhile()) {
-            SaveChanges();  // the folder that was chosen just now
+            SaveChanges(settingsFile_);  // the folder that was chosen just now
         }
-        LoadFilestoList(form_.lstStages, StagesFolder(MugeDir), ".def", machine_.files,
-                        machine_.messages);
+        if (!givenFolder.empty()) {
+            MugeDir = WithSeparator(givenFolder);
+        }
+        // Addition: it is said in the window. A box would come at every start.
+        Unsaid unsaid;
+        FillStageList(show_.Options().Additions ? unsaid : machine_.messages);
     }));
-    // The window comes up so. A window manager that is still taking it in loses another size.
-    const InnerSize view = machine_.window.RoomFor(CanvasSize());
-    LayOutControls(view.width + ListWidth(), view.height);
+    ComeUp();
+}
+
+// False: the program is to end, and there are no settings.
+bool frmStage::ReadSettings(CameraSteps& steps, const std::string& givenFolder) {
+    if (!HasConfiguration(machine_.files)) {
+        if (!givenFolder.empty()) {
+            MugeDir = WithSeparator(givenFolder);
+            return true;
+        }
+        if (show_.Options().Additions) {
+            return AskAtFirstStart();
+        }
+    }
+    // An error of the command must not cost the settings behind its line.
+    const auto useCharacter = [this] { static_cast<void>(Guarded([this] { mnuChar_Click(); })); };
+    const auto ended = [this] { return machine_.window.EndRequested(); };
+    return LoadConfig(AllSettings(steps),
+                      {machine_.files, machine_.messages, machine_.dialogs, useCharacter, ended});
 }
 
 Settings frmStage::AllSettings(CameraSteps& steps) {

@@ -2,6 +2,8 @@
 //
 // The full screen: the picture on a form of its own. Plain, the display is in a mode as large as
 // the canvas. Addition: it stays as it is, unless the user wants it to be switched.
+#include <cstddef>
+
 #include "app/frmStage.h"
 
 namespace scenara {
@@ -27,8 +29,11 @@ void frmStage::mnuFS_Click() {
         savedMode_ = screen_.CurrentMode();
         savedSettings_ = machine_.display.Current();
     }
-    FullScreenWindow = machine_.fullScreen.Show();
-    const ScreenSize size = machine_.window.Screen();
+    const bool switches =
+        mode != kNoMode && !screen_.Modes()[static_cast<std::size_t>(mode)].emulated;
+    FullScreenWindow = machine_.fullScreen.Show(switches ? FullScreenForm::Beneath::Hides
+                                                         : FullScreenForm::Beneath::Stays);
+    const WindowPlace size = machine_.window.Screen();
     ScreenWidth = size.width / kUnitsPerPixel;
     ScreenHeight = size.height / kUnitsPerPixel;
     if (mode != kNoMode) {
@@ -66,7 +71,9 @@ void frmStage::ResetRes() {
     form_[Menu::mnuFS].checked = false;
     FullScreenState = 0;
     show_.Flags().Unframed = 0;
-    activated_ = false;  // the window is sized and centred anew when it is back
+    if (!show_.Options().Additions) {
+        activated_ = false;  // the window is sized and centred anew when it is back
+    }
 }
 
 bool frmStage::IsFormLoaded(std::string_view name) const {

@@ -7,21 +7,67 @@
 #include "app/frmStage.h"
 
 namespace scenara {
+namespace {
 
-// Sized and centred when the window first comes up and when it is back from the full screen: doing
-// so at each change of focus would undo what the user did.
+// How much of the screen's work area the window takes at most when it comes up the first time.
+constexpr double kShareOfScreen = 0.8;
+
+// A size that most stages of today have, where there is room for it; else as often the size of
+// those of yesterday as there is, and at least once.
+InnerSize FirstPictureSize(const InnerSize& room) {
+    constexpr InnerSize kWide{1280, 720};
+    if (room.width >= kWide.width && room.height >= kWide.height) {
+        return kWide;
+    }
+    constexpr CanvasSize kUnit;
+    const Long times =
+        std::max<Long>(std::min(room.width / kUnit.width, room.height / kUnit.height), 1);
+    return {kUnit.width * times, kUnit.height * times};
+}
+
+}  // namespace
+
+// Sized and centred when the window first comes up and, plain, when it is back from the full
+// screen: doing so at each change of focus would undo what the user did. Addition: it stands where
+// the user had it last, if that is known.
 void frmStage::Form_Activate() {
     Handle([&] {
         if (!std::exchange(activated_, true)) {
             SizeForPicture();
-            centres_ = true;
+            centres_ = !show_.Options().Additions || !StandIn(extras_);
         }
     });
+}
+
+// The window comes up so. A window manager that is still taking it in loses another size.
+void frmStage::ComeUp() {
+    if (!show_.Options().Additions) {
+        const InnerSize view = machine_.window.RoomFor(CanvasSize());
+        LayOutControls(view.width + ListWidth(), view.height);
+        return;
+    }
+    const InnerSize around = machine_.window.Around();
+    if (const std::optional<WindowStand> stand = StandIn(extras_)) {
+        machine_.window.ComeUpAt(*stand);
+        LayOutControls(std::max<Long>(stand->size.width - around.width, 0),
+                       std::max<Long>(stand->size.height - around.height, 0));
+        return;
+    }
+    const InnerSize area = machine_.window.WorkArea();
+    const auto room = [](Long ofScreen, Long taken) {
+        return static_cast<Long>(ofScreen * kShareOfScreen) - taken;
+    };
+    const InnerSize picture = FirstPictureSize(
+        {room(area.width, around.width + ListWidth()), room(area.height, around.height)});
+    LayOutControls(picture.width + ListWidth(), picture.height);
 }
 
 void frmStage::Form_Resize(Long innerWidth, Long innerHeight) {
     Handle([&] {
         LayOutControls(innerWidth, innerHeight);
+        if (Browses()) {
+            browser_.BoxChanged();
+        }
         if (std::exchange(centres_, false)) {
             Centre();
         }
@@ -44,6 +90,9 @@ void frmStage::LayOutControls(Long innerWidth, Long innerHeight) {
 
 // A window that is narrower than its list would lose more than it has.
 void frmStage::Size(Long width, Long height) {
+    if (show_.Options().Additions) {
+        return;
+    }
     wishedSize_ = {std::max<Long>(width, 0), height};
     machine_.window.Size(wishedSize_.width, wishedSize_.height);
 }
@@ -55,19 +104,26 @@ void frmStage::SizeForPicture() {
 }
 
 void frmStage::Centre() {
-    const ScreenSize screen = machine_.window.Screen();
+    const WindowPlace screen = machine_.window.Screen();
     const WindowPlace place = machine_.window.Place();
-    machine_.window.MoveTo((screen.width - place.width) / 2, (screen.height - place.height) / 2);
+    machine_.window.MoveTo(screen.left + (screen.width - place.width) / 2,
+                           screen.top + (screen.height - place.height) / 2);
 }
 
 void frmStage::SetCaption(const std::string& caption) {
+    noted_ = false;
     form_.Caption = caption;
     machine_.window.SetCaption(caption);
 }
 
-// A second click may come before the first one's size has.
+// Plain, the list takes nothing of the picture; a second click may come before the first one's size
+// has. Addition: they share the window.
 void frmStage::mnuStageList_Click() {
     ShowStageList = static_cast<Byte>(~ShowStageList);
+    if (show_.Options().Additions) {
+        LayOutControls(form_.innerWidth, form_.innerHeight);
+        return;
+    }
     const Long listWidth = form_.lstStages.width;
     Size(wishedSize_.width + (ShowStageList != 0 ? listWidth : -listWidth), wishedSize_.height);
 }

@@ -12,8 +12,10 @@ enum class When : Byte {
     OnceShown,  // from the first stage on
     Plainly,    // the same, with additions off
     WithAdditions,
-    WithStage,  // while one is there and nothing loads
-    WithZoom,   // while one is there whose camera zooms
+    OnceLoaded,  // the same, or when one could not be shown
+    WithStage,   // while one is there and nothing loads
+    ToCover,     // the same; plain, from the first stage on
+    WithZoom,    // while one is there whose camera zooms, or sprites that are
 };
 
 constexpr bool kChecked = true;
@@ -47,7 +49,7 @@ constexpr std::array<Designed, kMenuCount> kDesign = {{
     {Menu::mnubla, MenuPlace::Stage, "-", When::Always, kStays, false, kHidden},
     {Menu::mnuExit, MenuPlace::Stage, "&Exit", When::Always, kLeaves},
     {Menu::mnuOptions, MenuPlace::Bar, "&Options", When::NotLoading},
-    {Menu::mnuFS, MenuPlace::Options, "&Full Screen (ESC to exit)", When::OnceShown},
+    {Menu::mnuFS, MenuPlace::Options, "&Full Screen (ESC to exit)", When::ToCover},
     {Menu::mnuMusic, MenuPlace::Options, "&Music", When::Always, kStays, kChecked},
     {Menu::mnuChar, MenuPlace::Options, kUseTestChar, When::OnceShown},
     {Menu::mnuChange, MenuPlace::Options, "&Change Char", When::OnceShown},
@@ -68,7 +70,10 @@ constexpr std::array<Designed, kMenuCount> kDesign = {{
     {Menu::mnuSmooth, MenuPlace::Extras, "S&mooth", When::WithAdditions},
     {Menu::mnuWholeMultiples, MenuPlace::Extras, "&Whole Multiples Only", When::WithAdditions},
     {Menu::mnuExtrasScreen, MenuPlace::Extras, "-"},
+    {Menu::mnuMugenFolder, MenuPlace::Extras, "MUGEN Fo&lder...", When::WithAdditions},
     {Menu::mnuSwitchMode, MenuPlace::Extras, "Switch &Display Mode", When::WithAdditions},
+    {Menu::mnuExtrasProblems, MenuPlace::Extras, "-"},
+    {Menu::mnuProblems, MenuPlace::Extras, "&Problems...", When::OnceLoaded},
     {Menu::mnuExtrasZoom, MenuPlace::Extras, "-"},
     {Menu::mnuZoomIn,
      MenuPlace::Extras,
@@ -96,16 +101,29 @@ constexpr std::array<Designed, kMenuCount> kDesign = {{
      {"Ctrl+0"}},
 }};
 
-bool IsEnabled(When when, ShowState state, bool hasShown, bool additions, bool zooms) {
+// What decides it.
+struct Now {
+    ShowState state = ShowState::None;
+    bool hasShown = false;
+    bool hasLoaded = false;
+    bool additions = false;
+    bool zooms = false;
+};
+
+bool IsEnabled(When when, const Now& now) {
     switch (when) {
         case When::Always: return true;
         case When::Never: return false;
-        case When::NotLoading: return state != ShowState::Loading;
-        case When::OnceShown: return hasShown;
-        case When::Plainly: return hasShown && !additions;
-        case When::WithAdditions: return additions;
-        case When::WithZoom: return zooms;
-        case When::WithStage: return state != ShowState::Loading && state != ShowState::None;
+        case When::NotLoading: return now.state != ShowState::Loading;
+        case When::OnceShown: return now.hasShown;
+        case When::Plainly: return now.hasShown && !now.additions;
+        case When::WithAdditions: return now.additions;
+        case When::OnceLoaded: return now.hasLoaded;
+        case When::WithZoom: return now.zooms;
+        case When::WithStage:
+            return now.state != ShowState::Loading && now.state != ShowState::None;
+        case When::ToCover:
+            return IsEnabled(now.additions ? When::WithStage : When::OnceShown, now);
     }
     return false;
 }
@@ -130,9 +148,10 @@ void DesignMenus(Form& form) {
 }
 
 void EnableMenus(Form& form, ShowState state, bool hasShown, bool zooms) {
-    const bool additions = form[Menu::mnuAdditions].checked;
+    const Now now{state, hasShown, form.problems.HasBegun(), form[Menu::mnuAdditions].checked,
+                  zooms};
     for (const Designed& designed : kDesign) {
-        form[designed.menu].enabled = IsEnabled(designed.when, state, hasShown, additions, zooms);
+        form[designed.menu].enabled = IsEnabled(designed.when, now);
     }
 }
 

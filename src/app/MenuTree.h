@@ -15,7 +15,8 @@ namespace scenara {
 void DesignMenus(Form& form);
 
 // Every item as the state of what is shown has it; `hasShown` once there has been a stage, `zooms`
-// while there is one whose camera does. Whether there are additions is what their own item says.
+// while there is one whose camera does, or sprites are shown that do. Whether there are additions
+// is what their own item says.
 void EnableMenus(Form& form, ShowState state, bool hasShown, bool zooms);
 
 // The test character's item: "Use " and the character's name, and as it is designed.

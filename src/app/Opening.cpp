@@ -2,10 +2,14 @@
 //
 // Which stage is shown: the list and the ways through it, the dialog, the recent files, and what
 // they all end in.
+#include <algorithm>
 #include <cstddef>
 #include <random>
+#include <string>
 #include <utility>
+#include <vector>
 
+#include "app/GivenPaths.h"
 #include "app/RecentFiles.h"
 #include "app/StageFiles.h"
 #include "app/frmStage.h"
@@ -39,6 +43,7 @@ void frmStage::OpenStage() {
         return;
     }
     SetCaption(show_.Which.CurrentStageFile);
+    SelectAskedFor();
     LeaveStage();
     RememberRecentFile(form_, show_.Which.CurrentStageFile);
     RunStage();
@@ -51,6 +56,7 @@ void frmStage::MnuRecentFiles_Click(Long index) {
         }
         show_.Which.CurrentStageFile = RaiseRecentFile(form_, static_cast<std::size_t>(index));
         if (IsStageAskedFor(MessageIcon::CriticalStop)) {
+            SelectAskedFor();
             LeaveStage();
             RunStage();
         }
@@ -84,22 +90,40 @@ void frmStage::OpenListed() {
     OpenStage();
 }
 
+// Addition: however a stage was chosen, the list selects it, or nothing where it is not in the
+// list; so that Next and Previous go on from what is shown.
+void frmStage::SelectAskedFor() {
+    if (!show_.Options().Additions) {
+        return;
+    }
+    const std::vector<std::string>& items = form_.lstStages.items;
+    const auto item = std::ranges::find_if(items, [&](const std::string& each) {
+        return IsStageFile(MugeDir, each, show_.Which.CurrentStageFile);
+    });
+    form_.lstStages.ListIndex = item == items.end() ? -1 : static_cast<Long>(item - items.begin());
+}
+
 void frmStage::mnuStageNext_Click() {
     if (form_.lstStages.ListIndex != Count(form_.lstStages) - 1) {
         SelectStage(form_.lstStages.ListIndex + 1);
     }
 }
 
-// Deliberate: with nothing selected it asks the list for item -2, which the list rejects
-// (Opening.PreviousWithoutASelectionIsAnError).
+// Deliberate: plain, with nothing selected it asks the list for item -2, which the list rejects
+// (PlainOpening.PreviousWithoutASelectionIsAnError). Addition: it goes to the last one.
 void frmStage::mnuStagePrev_Click() {
-    if (form_.lstStages.ListIndex != 0) {
+    if (show_.Options().Additions && form_.lstStages.ListIndex < 0) {
+        SelectStage(Count(form_.lstStages) - 1);
+    } else if (form_.lstStages.ListIndex != 0) {
         SelectStage(form_.lstStages.ListIndex - 1);
     }
 }
 
 void frmStage::mnuR_Click() {
     const Long count = Count(form_.lstStages);
+    if (count == 0 && show_.Options().Additions) {
+        return;
+    }
     std::mt19937 random(static_cast<std::uint32_t>(machine_.clock.QueryPerformanceCounter()));
     std::uniform_int_distribution<Long> index(0, count > 0 ? count - 1 : 0);
     SelectStage(index(random));
@@ -107,17 +131,18 @@ void frmStage::mnuR_Click() {
 
 void frmStage::mnuOpen_Click() {
     const std::string folder = StagesFolder(MugeDir);
-    const std::string chosen = machine_.dialogs.OpenFile(
-        "Choose your stage!", machine_.files.FolderExists(folder) ? folder : std::string());
+    const bool isThere = !MugeDir.empty() && machine_.files.FolderExists(folder);
+    const std::string chosen =
+        machine_.dialogs.OpenFile("Choose your stage!", isThere ? folder : std::string());
     if (!chosen.empty()) {
         show_.Which.CurrentStageFile = ChosenStage(chosen);
         OpenStage();
     }
 }
 
-void frmStage::Form_OLEDragDrop(const std::string& path) {
+void frmStage::Form_OLEDragDrop(const std::vector<std::string>& paths) {
     Handle([&] {
-        show_.Which.follows = path;
+        show_.Which.follows = paths;
         if (show_.State() != ShowState::Loading) {
             OpenFollowing();
         }
@@ -126,9 +151,44 @@ void frmStage::Form_OLEDragDrop(const std::string& path) {
 
 void frmStage::OpenFollowing() {
     if (!show_.Which.follows.empty() && !machine_.window.EndRequested()) {
-        show_.Which.CurrentStageFile = std::exchange(show_.Which.follows, {});
+        OpenGiven(std::exchange(show_.Which.follows, {}));
+    }
+}
+
+// What loads or runs a stage comes last: it may return when the stage is closed.
+void frmStage::OpenGiven(const std::vector<std::string>& paths) {
+    const GivenPaths given = LookAt(machine_.files, paths);
+    if (given.IsNothing() && !given.other.empty()) {
+        ReportGiven(given.other, given.otherIsFolder);
+    }
+    if (!given.mugenFolder.empty()) {
+        TakeMugenFolder(given.mugenFolder);
+    }
+    if (!given.character.empty()) {
+        PutOnStage(given.character, !given.stages.empty());
+    }
+    for (std::size_t i = std::min(given.stages.size(), kMaxRecentFiles); i > 1; --i) {
+        RememberRecentFile(form_, given.stages[i - 1]);
+    }
+    if (!given.stages.empty()) {
+        show_.Which.CurrentStageFile = given.stages.front();
         OpenStage();
     }
+}
+
+void frmStage::ReportGiven(const std::string& path, bool isFolder) {
+    if (!isFolder) {
+        show_.Which.CurrentStageFile = path;
+        OpenStage();  // it says what is wrong with it
+        return;
+    }
+    machine_.messages.Show({kMessageNoStageInFolder,
+                            "There is nothing to show in the folder\r\n" + path +
+                                "\r\n\r\nIt has no folder \"stages\" as a MUGEN folder does, no "
+                                "stage (a .def file) and no character.",
+                            {},
+                            MessageIcon::Exclamation,
+                            {0, 0, path}});
 }
 
 void frmStage::mnuReload_Click() {

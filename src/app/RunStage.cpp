@@ -49,7 +49,7 @@ std::optional<std::string> frmStage::FailureOf(const std::function<void()>& work
 }
 
 void frmStage::SayRunTimeError(const std::string& reason) {
-    machine_.messages.MsgBox(kMessageRunTimeError, "Run-time error: " + reason);
+    loadMessages_.MsgBox(kMessageRunTimeError, "Run-time error: " + reason);
 }
 
 bool frmStage::Guarded(const std::function<void()>& work) {
@@ -91,7 +91,7 @@ void frmStage::ShowStage() {
         SetCaption(show_.Model().StageTitle);
     }
     static_cast<void>(Guarded([&] { OpenFollowing(); }));
-    while (QuitRequested == kFalse && !show_.Which.next && !machine_.window.EndRequested()) {
+    while (!LeavesLoop()) {
         RunPass();
     }
     if (!show_.Which.next) {
@@ -99,9 +99,22 @@ void frmStage::ShowStage() {
     }
 }
 
+// Whether it can be shown. An error that ends the load is one of its messages.
+bool frmStage::LoadStage() {
+    bool loaded = false;
+    loadMessages_.BeginStage(show_.Which.shown, show_.Options().Additions);
+    const bool cameThrough = Guarded([&] { loaded = show_.Start(MugeDir); });
+    loadMessages_.End();
+    return cameThrough && loaded;
+}
+
+bool frmStage::LeavesLoop() const {
+    return QuitRequested != kFalse || show_.Which.next || machine_.window.EndRequested();
+}
+
 // Whether there is a stage to run the loop with.
 bool frmStage::StartLoop() {
-    if (!show_.Start(MugeDir)) {
+    if (!LoadStage()) {
         return false;
     }
     ShowCharacterItem();
@@ -115,7 +128,7 @@ bool frmStage::StartLoop() {
 }
 
 void frmStage::StateChanged() {
-    EnableMenus(form_, show_.State(), show_.HasShown(), show_.CanZoom());
+    EnableMenus(form_, show_.State(), show_.HasShown(), show_.CanZoom() || browser_.CanZoom());
 }
 
 // The camera's bar goes by whole units, inside of where the camera may be.
@@ -170,29 +183,81 @@ void frmStage::AbandonStage() {
     ShowCharacterItem();
     LeaveBrowser();
     static_cast<void>(Guarded([&] { ResetRes(); }));  // no loop would look who is in front
+    if (show_.Options().Additions) {
+        // The caption of a stage that is not there, and the last frame of another one.
+        form_.picLoad.visible = true;
+        ShowTitle();
+    }
 }
 
 void frmStage::RunPass() {
     const bool info = form_[Menu::mnuInfo].checked;
-    if (show_.Draw(info)) {
+    const bool seen = IsSeen();
+    if (seen ? show_.Draw(info) : show_.Tick(info)) {
         OncePerSecond();
     }
     if (show_.Options().Additions) {
         BeginMusicAgain();
     }
     ShowEditing();
-    show_.Present(info);
+    if (seen) {
+        show_.Present(info);
+    }
+    PollKeys();
+    static_cast<void>(Form_Idle());
+    EndNote();
+    WaitForNextPass();
+}
+
+// Addition: what nobody sees is not drawn.
+bool frmStage::IsSeen() const {
+    return !show_.Options().Additions || machine_.window.IsSeen();
+}
+
+// How the loop waits, in every state that it can be in.
+void frmStage::WaitForNextPass() {
+    if (show_.Options().Additions) {
+        wait_.Wait(times_, machine_.clock,
+                   {[this] { LookForMessages(); }, [this] { return PaceOfLoop(); },
+                    [this](std::int64_t most) { machine_.window.SleepUntilMessage(most); }});
+    } else if (show_.Loop().FpsLimit == 0) {
+        API_doevents();
+    } else {
+        WaitForFrame(times_, machine_.clock, show_.Loop().FpsLimit, [&] { API_doevents(); });
+    }
+}
+
+// Addition: as often as the stage has frames, but where nothing moves, or nobody sees it, often
+// enough to answer.
+Pace frmStage::PaceOfLoop() {
+    constexpr Integer kLooks = 60;
+    const Integer limit = show_.Loop().FpsLimit;
+    if (LeavesLoop()) {
+        return {};
+    }
+    const bool runs = show_.State() == ShowState::Running;
+    if (runs && IsSeen()) {
+        return {limit};
+    }
+    return {runs && limit > 0 && limit < kLooks ? limit : kLooks, false};
+}
+
+// Between two frames that are far apart the keys are not to wait for the next one.
+void frmStage::LookForMessages() {
+    if (machine_.window.MessageWaiting()) {
+        machine_.window.DoEvents();
+        if (!LeavesLoop()) {
+            PollKeys();
+        }
+    }
+}
+
+void frmStage::PollKeys() {
     if (show_.SpriteBrowserMode == 0) {
         PollPauseKey();
         if (machine_.keyboard.IsDown(VirtualKey::Escape)) {
             ResetRes();
         }
-    }
-    static_cast<void>(Form_Idle());
-    if (show_.Loop().FpsLimit == 0) {
-        API_doevents();
-    } else {
-        WaitForFrame(times_, machine_.clock, show_.Loop().FpsLimit, [&] { API_doevents(); });
     }
 }
 

@@ -24,22 +24,54 @@ void frmStage::SaveNow() {
     if (!SavesMeanwhile()) {
         return;
     }
-    // A failure is reported by the next look that tries, if there is one. A box would hold up
-    // whoever waits for this.
-    static_cast<void>(FailureOf([this] {
-        MakeSettingsText();
-        if (keeper_.IsNew(settingsText_) || savingFailed_) {
-            WriteConfigText(machine_.files, settingsText_);
-            keeper_.Hold(settingsText_);
-            savingFailed_ = false;
+    MakeSettingsText();
+    MakeExtrasText();
+    if (settingsLoaded_) {
+        SaveNow(settingsFile_);
+    }
+    SaveNow(extrasFile_);
+}
+
+// A failure is reported by the next look that tries, if there is one. A box would hold up whoever
+// waits for this.
+void frmStage::SaveNow(KeptFile& file) {
+    static_cast<void>(FailureOf([&] {
+        if (file.keeper.IsNew(file.text) || file.savingFailed) {
+            Write(file);
+            file.keeper.Hold(file.text);
+            file.savingFailed = false;
         }
     }));
 }
 
-// The settings as they are now, in settingsText_.
+void frmStage::Write(const KeptFile& file) {
+    if (&file == &settingsFile_) {
+        WriteConfigText(machine_.files, file.text);
+    } else {
+        SaveExtras(machine_.files, extras_);
+    }
+}
+
+// The settings as they are now.
 void frmStage::MakeSettingsText() {
     CameraSteps steps = show_.UsersSteps();
-    MakeConfigText(AllSettings(steps), VersionText, settingsText_);
+    MakeConfigText(AllSettings(steps), VersionText, settingsFile_.text);
+}
+
+void frmStage::MakeExtrasText() {
+    scenara::MakeExtrasText(AllExtras(), extrasFile_.text);
+}
+
+// Of the window: with additions, once it is there, and while nothing covers it.
+const Extras& frmStage::AllExtras() {
+    extras_.Additions = form_[Menu::mnuAdditions].checked;
+    extras_.Smooth = form_[Menu::mnuSmooth].checked;
+    extras_.WholeMultiplesOnly = form_[Menu::mnuWholeMultiples].checked;
+    extras_.SwitchDisplayMode = form_[Menu::mnuSwitchMode].checked;
+    if (extras_.Additions && activated_ && !centres_ && FullScreenState == 0) {
+        PutStand(extras_, machine_.window.Stand());
+    }
+    return extras_;
 }
 
 // Whether another look is due though nothing happens until then.
@@ -53,19 +85,26 @@ bool frmStage::KeepSettings() {
     }
     lastLook_ = now;
     MakeSettingsText();
-    if (keeper_.IsDue(settingsText_, now)) {
-        SaveChanges();
+    MakeExtrasText();
+    bool waits = false;
+    for (KeptFile* const file : {&settingsFile_, &extrasFile_}) {
+        if (file == &settingsFile_ && !settingsLoaded_) {
+            continue;
+        }
+        if (file->keeper.IsDue(file->text, now)) {
+            SaveChanges(*file);
+        }
+        waits = waits || file->keeper.Waits();
     }
-    return keeper_.Waits();
+    return waits;
 }
 
 // What cannot be saved is reported once, until something could be; it is tried again with the next
 // change, and at the end.
-void frmStage::SaveChanges() {
-    const std::optional<std::string> failure =
-        FailureOf([this] { WriteConfigText(machine_.files, settingsText_); });
-    keeper_.Hold(settingsText_);
-    const bool reported = std::exchange(savingFailed_, failure.has_value());
+void frmStage::SaveChanges(KeptFile& file) {
+    const std::optional<std::string> failure = FailureOf([&] { Write(file); });
+    file.keeper.Hold(file.text);
+    const bool reported = std::exchange(file.savingFailed, failure.has_value());
     if (failure && !reported) {
         SayRunTimeError(*failure);
     }

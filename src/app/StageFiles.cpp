@@ -75,6 +75,18 @@ std::string StageFile(const std::string& MugeDir, const std::string& item) {
     return StagesFolder(MugeDir).append(item).append(kDefinition);
 }
 
+// Without a text of its own: the list may have ten thousand items.
+bool IsStageFile(std::string_view MugeDir, std::string_view item, std::string_view path) {
+    constexpr std::string_view kStages = "stages";
+    const auto take = [&path](std::string_view part) {
+        const bool begins = path.starts_with(part);
+        path.remove_prefix(begins ? part.size() : 0);
+        return begins;
+    };
+    return take(MugeDir) && take(kStages) && take({&PathSeparator, 1}) && take(item) &&
+           EqualsIgnoringCase(path, kDefinition);
+}
+
 std::string ChosenStage(const std::string& path) {
     const std::string folder = GetPath(path);
     const std::string name(FileName(path));

@@ -34,6 +34,10 @@ void LoadFilestoList(ListBox& List, const std::string& Path, std::string_view Ex
 // The definition behind an item of the list of stages.
 [[nodiscard]] std::string StageFile(const std::string& MugeDir, const std::string& item);
 
+// Whether `path` is that file, by its text.
+[[nodiscard]] bool IsStageFile(std::string_view MugeDir, std::string_view item,
+                               std::string_view path);
+
 // What the user chose, without anything behind the first ".def" of the file's name. Folders on the
 // way may have a ".def" in their names, too.
 [[nodiscard]] std::string ChosenStage(const std::string& path);

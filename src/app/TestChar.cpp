@@ -22,6 +22,22 @@ void frmStage::mnuChange_Click() {
     LoadingCharacter([&] { show_.ChooseCharacter(chosen); });
 }
 
+// `opensStage`: one is opened next, and shows it.
+void frmStage::PutOnStage(const std::string& character, bool opensStage) {
+    const bool isSeen = opensStage || show_.Loop().StageRunning != 0;
+    LoadingCharacter([&] {
+        show_.ChooseCharacter(character);
+        if (!show_.TestChar().TestChar.empty() && !show_.TestChar().UseChar) {
+            show_.UseCharacter(true);
+        }
+    });
+    if (!isSeen) {
+        machine_.messages.MsgBox(kMessageCharacterWaits,
+                                 "This is a character. The next stage that you open shows it.",
+                                 {0, 0, character});
+    }
+}
+
 void frmStage::mnuChar_Click() {
     if (show_.TestChar().TestChar.empty()) {
         mnuChange_Click();
@@ -34,15 +50,16 @@ void frmStage::mnuChar_Click() {
 }
 
 // While a character loads the window is in use: the stage may have been paused, keys tapped and a
-// file dropped.
+// file dropped. Without a stage it is only chosen.
 void frmStage::LoadingCharacter(const std::function<void()>& load) {
-    struct After {
-        frmStage& window;
-        ~After() { window.ShowCharacterItem(); }
-    };
-    {
-        const After after{*this};
-        load();
+    if (show_.Loop().StageRunning != 0) {
+        loadMessages_.BeginCharacter(show_.Which.shown, show_.Options().Additions);
+    }
+    const bool cameThrough = Guarded(load);
+    ShowCharacterItem();
+    loadMessages_.End();
+    if (!cameThrough) {
+        return;
     }
     show_.ForgetKeys();
     OpenFollowing();

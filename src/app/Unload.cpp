@@ -40,7 +40,13 @@ void frmStage::Form_Unload() {
     if (settingsLoaded_) {
         static_cast<void>(Guarded([&] {
             MakeSettingsText();
-            WriteConfigText(machine_.files, settingsText_);
+            Write(settingsFile_);
+        }));
+    }
+    if (show_.Options().Additions) {
+        static_cast<void>(Guarded([&] {
+            MakeExtrasText();
+            Write(extrasFile_);
         }));
     }
 }

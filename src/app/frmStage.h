@@ -4,9 +4,10 @@
 //
 // What is shown is a StageShow's affair; this is the window around one: start-up (FormLoad.cpp),
 // the sizes of the window and its controls (Layout.cpp), which stage is shown (Opening.cpp), the
-// loop that shows it (RunStage.cpp), the other commands (Commands.cpp), the test character
-// (TestChar.cpp), the background editor (Editing.cpp), the sprite browser (Browsing.cpp), the full
-// screen (FullScreen.cpp), what is saved meanwhile (Saving.cpp), the end (Unload.cpp).
+// loop that shows it (RunStage.cpp), the engine folder and the list (StageList.cpp), the other
+// commands (Commands.cpp), the test character (TestChar.cpp), the background editor (Editing.cpp),
+// the sprite browser (Browsing.cpp), the full screen (FullScreen.cpp), what is saved meanwhile
+// (Saving.cpp), what is reported of a load (LoadMessages.cpp), the end (Unload.cpp).
 //
 // One thread. All that the user does arrives through FormEvents while the loop lets messages
 // through, so any handler may run between two frames, and between two images of a load. A run-time
@@ -21,9 +22,12 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "app/Configuration.h"
+#include "app/Extras.h"
 #include "app/FrameWait.h"
+#include "app/LoadMessages.h"
 #include "app/ScreenModule.h"
 #include "app/SettingsKeeper.h"
 #include "editor/ImageSets.h"
@@ -52,6 +56,8 @@ inline constexpr MessageKind kMessageCantFindFile{"file-missing", Severity::Erro
 inline constexpr MessageKind kMessageNotAStage{"not-a-stage", Severity::Error};
 inline constexpr MessageKind kMessageAbout = "about";
 inline constexpr MessageKind kMessageNotACharacter{"not-a-character", Severity::Error};
+inline constexpr MessageKind kMessageNoStageInFolder{"no-stage-in-folder", Severity::Error};
+inline constexpr MessageKind kMessageCharacterWaits = "character-waits";
 
 // All that the program asks of a machine.
 struct Machine : ShowMachine {
@@ -70,8 +76,10 @@ public:
     // --- Start and end -----------------------------------------------------------------------
 
     // Start-up: settings are read, or the engine folder is asked for, and the stages are listed.
-    // Afterwards Ended() tells whether there is anything to go on with.
-    void Form_Load();
+    // Afterwards Ended() tells whether there is anything to go on with. `given` are the paths that
+    // the program was started with: an engine folder among them is taken in place of the settings'
+    // and of the question. They are not opened yet.
+    void Form_Load(const std::vector<std::string>& given = {});
 
     void Form_Activate() override;
     void Form_Resize(Long innerWidth, Long innerHeight) override;
@@ -116,8 +124,9 @@ public:
         Handle([this, index] { SelectStage(index); });
     }
     void MnuRecentFiles_Click(Long index) override;
-    // Opens the file; while a stage loads, when that is done.
-    void Form_OLEDragDrop(const std::string& path) override;
+    // Takes an engine folder, puts a character on the stage, opens the first stage and has the
+    // others among the recent files (GivenPaths.h); while a stage loads, when that is done.
+    void Form_OLEDragDrop(const std::vector<std::string>& paths) override;
     void mnuOpen_Click();
     void mnuClose_Click();
     // Plain it releases the stage under the running loop; addition: the stage is loaded again.
@@ -136,8 +145,11 @@ public:
     void mnuMScroll_Click();
     void mnuStageList_Click();
     void mnuAbout_Click();
+    void mnuProblems_Click() { machine_.dialogs.ShowProblems(form_.problems); }
     // The additions on or off; the stage is loaded again with the camera where it is.
     void mnuAdditions_Click();
+    // Asks for another engine folder.
+    void mnuMugenFolder_Click();
 
     // --- Test character and debug tools ------------------------------------------------------
 
@@ -147,9 +159,8 @@ public:
     void mnuDebug_Click();
     void Form_MouseDown(Long x, Long y) override;
     void Form_MouseMove(Long x, Long y) override;
-    void Form_MouseUp() override {
-        Handle([this] { show_.Editor().MouseUp(); });
-    }
+    void Form_MouseUp() override;
+    void Form_MouseWheel(Long notches, Long x, Long y) override;
     void hscHScroll_Change(Long value) override;
     void hscSGFX_Change(Long value) override {
         MoveSpriteBar(value, [this] { browser_.hscSGFX_Change(); });
@@ -164,8 +175,9 @@ public:
     // Leaves the full screen, if that is on.
     void ResetRes();
 
-    // Asks for an inner area of this size, in pixels. Nothing else asks for any, and once the
-    // window is there controls are laid out only for the size that Form_Resize reports.
+    // Plain: asks for an inner area of this size, in pixels. Nothing else asks for any, and once
+    // the window is there controls are laid out only for the size that Form_Resize reports.
+    // Addition: without effect, for the size is the user's.
     void Size(Long width, Long height);
 
     // --- State -------------------------------------------------------------------------------
@@ -203,6 +215,8 @@ private:
     void ShowProgress(const std::string& caption) override { machine_.window.SetCaption(caption); }
     void EndProgress() override { machine_.window.SetCaption(form_.Caption); }
     void SetCaption(const std::string& caption) override;
+    // Addition: it goes after a while.
+    void Tell(const std::string& caption) override;
     void WriteDump() override;
     void TooHeavy() override { ShowTitle(); }
     // The list beside the picture keeps its room.
@@ -211,10 +225,26 @@ private:
         machine_.window.ShowPicture(picture.width, picture.height, picture.pixels);
     }
     [[nodiscard]] InnerSize LargestPicture() override;
+    [[nodiscard]] InnerSize PictureRoom() override {
+        return {wishedSize_.width - ListWidth(), wishedSize_.height};
+    }
+    [[nodiscard]] InnerSize BoxOnScreen() override { return machine_.window.BoxOnScreen(); }
+    void FillBox(const InnerSize& box, const std::vector<std::uint32_t>& pixels,
+                 const std::string& text) override {
+        machine_.window.FillBox(box, pixels, text);
+    }
+    void CaptionChanged() override { ShowTitle(); }
 
     void ShowStage();
     [[nodiscard]] bool StartLoop();
+    [[nodiscard]] bool LoadStage();
+    [[nodiscard]] bool LeavesLoop() const;
     void RunPass();
+    [[nodiscard]] bool IsSeen() const;
+    void WaitForNextPass();
+    [[nodiscard]] Pace PaceOfLoop();
+    void LookForMessages();
+    void PollKeys();
     void PollPauseKey();
     void AbandonStage();
     void SilenceStageBefore();
@@ -222,22 +252,43 @@ private:
     void TuneMusic();
     void BeginMusicAgain();
     void OpenFollowing();
+    void OpenGiven(const std::vector<std::string>& paths);
+    void ReportGiven(const std::string& path, bool isFolder);
+    void PutOnStage(const std::string& character, bool opensStage);
+    [[nodiscard]] bool ReadSettings(CameraSteps& steps, const std::string& givenFolder);
+    [[nodiscard]] bool AskAtFirstStart();
+    [[nodiscard]] std::string AskForFolder();
+    void TakeMugenFolder(const std::string& folder);
+    void FillStageList(Messages& messages);
+    void NoteEmptyList();
     void LeaveStage();
     void LoadAgain();
     void SelectStage(Long index);
     void OpenListed();
+    void SelectAskedFor();
+    // One of the files that settings are kept in.
+    struct KeptFile {
+        SettingsKeeper keeper;
+        std::string text;           // as it would be written; kept for its room
+        bool savingFailed = false;  // when it was saved last while the program went on
+    };
     [[nodiscard]] Settings AllSettings(CameraSteps& steps);
-    [[nodiscard]] bool SavesMeanwhile() const {
-        return show_.Options().Additions && settingsLoaded_ && !ended_;
-    }
+    [[nodiscard]] const Extras& AllExtras();
+    [[nodiscard]] bool SavesMeanwhile() const { return show_.Options().Additions && !ended_; }
     bool KeepSettings();
-    void SaveChanges();
+    void SaveChanges(KeptFile& file);
+    void SaveNow(KeptFile& file);
+    void Write(const KeptFile& file);
     void MakeSettingsText();
+    void MakeExtrasText();
     void ShowCharacterItem();
     void LoadingCharacter(const std::function<void()>& load);
     [[nodiscard]] bool CanBeEdited() const;
     void ShowEditing();
     void LeaveBrowser();
+    [[nodiscard]] bool Browses() const { return show_.State() == ShowState::Browsing; }
+    // Of the camera, or of the sprite that is shown.
+    void Zoom(ZoomStep step);
     void MoveSpriteBar(Long value, const std::function<void()>& show);
     void OncePerSecond();
     void LeaveFullScreenWithFocus();
@@ -246,9 +297,13 @@ private:
     // What the list beside the picture takes of the window.
     [[nodiscard]] Long ListWidth() const { return ShowStageList != 0 ? form_.lstStages.width : 0; }
     void SizeForPicture();
+    void ComeUp();
     void LayOutControls(Long innerWidth, Long innerHeight);
     void Centre();
     void ShowTitle();
+    [[nodiscard]] std::string Title();
+    [[nodiscard]] const char* TitleMark();
+    void EndNote();
     // An item of Extras that has no more to do than to be checked.
     void FlipExtra(Menu item);
     // What the items of Extras say goes to whom it is for.
@@ -258,9 +313,11 @@ private:
 
     Machine machine_;
     Form& form_;
+    LoadMessages loadMessages_;
     StageShow show_;
 
     FrameTimes times_;
+    SleepingWait wait_;
     clsMusic music_;
     ImageSets imageSets_;
     SpriteBrowser browser_;
@@ -271,11 +328,13 @@ private:
     bool startFullScreen_ = false;   // the stage that is opened is to be shown full screen
 
     bool settingsLoaded_ = false;
-    SettingsKeeper keeper_;
-    std::string settingsText_;   // as they would be written; kept for its room
-    Long lastLook_ = 0;          // the tick of the last look whether they have changed
-    bool savingFailed_ = false;  // when they were saved last while the program went on
+    Extras extras_;
+    KeptFile settingsFile_;  // QX.CFG
+    KeptFile extrasFile_;    // Scenara.ini
+    Long lastLook_ = 0;      // the tick of the last look whether they have changed
     bool pauseWasDown_ = false;
+    bool noted_ = false;      // the caption is one that goes
+    Long noteSince_ = 0;      // the tick when it came
     bool loopRuns_ = false;   // RunStage is on the stack
     InnerSize wishedSize_;    // what was asked for last, or has come since
     bool activated_ = false;  // the window has been sized once

@@ -32,9 +32,10 @@ namespace scenara {
 class DesktopMachine {
 public:
     // `folder` is the program's own. Pictures go to `sink`, or to the window where there is none.
-    explicit DesktopMachine(const std::string& folder, PictureSink* sink = nullptr)
+    // `instance` outlives it.
+    DesktopMachine(const std::string& folder, Instance& instance, PictureSink* sink = nullptr)
         : files_(folder),
-          process_(folder),
+          process_(folder, instance),
           keyboard_(form),
           window_(form),
           fullScreen_(window_),

@@ -1,13 +1,19 @@
 // SPDX-License-Identifier: MIT
 //
-// Dialogs: the questions that the program asks. Each stands over the main window, blocks until it
-// is answered, and gives an empty text where the user cancels. Paths are in the machine's own
-// style; a folder has no separator at its end, but for a root.
+// Dialogs: the questions that the program asks, and the list of problems.
+//
+// A question stands over the main window, blocks until it is answered, and gives an empty text
+// where the user cancels. Paths are in the machine's own style; a folder has no separator at its
+// end, but for a root.
 #pragma once
 
+#include <cstddef>
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "base/NotCopied.h"
+#include "platform/ProblemList.h"
 
 namespace scenara {
 
@@ -15,8 +21,10 @@ class Dialogs : NotCopied {
 public:
     virtual ~Dialogs() = default;
 
-    // The folder that the user chooses. `prompt` may hold several lines (CR LF).
-    [[nodiscard]] virtual std::string BrowseForFolder(const std::string& prompt) = 0;
+    // The folder that the user chooses. `prompt` may hold several lines (CR LF). An empty
+    // `initialFolder` is the user's own.
+    [[nodiscard]] virtual std::string BrowseForFolder(const std::string& prompt,
+                                                      const std::string& initialFolder) = 0;
 
     // The existing file that the user chooses, with "*.def" files offered at first. An empty
     // `initialFolder` leaves the place to the machine.
@@ -25,6 +33,15 @@ public:
 
     // A line of text, empty at first.
     [[nodiscard]] virtual std::string InputBox(const std::string& prompt) = 0;
+
+    // A window with the list, or the one that is open to the front. It blocks nothing and shows
+    // what comes to the list while it is open. `problems` outlives this.
+    virtual void ShowProblems(const ProblemList& problems) = 0;
+
+    // Which of the answers to `text` the user chooses, counted from 0; nothing when the user
+    // cancels. There is at least one.
+    [[nodiscard]] virtual std::optional<std::size_t> ChooseAnswer(
+        const std::string& text, const std::vector<std::string>& answers) = 0;
 };
 
 }  // namespace scenara

@@ -72,6 +72,10 @@ public:
     [[nodiscard]] virtual std::vector<std::string> List(const std::string& folder,
                                                         std::string_view extension) = 0;
 
+    // Names (without the folder) of the folders in `folder`, in the same order. A folder that
+    // cannot be listed has none.
+    [[nodiscard]] virtual std::vector<std::string> ListFolders(const std::string& folder) = 0;
+
     // Whether there is a folder of that name. Never fails.
     [[nodiscard]] virtual bool FolderExists(const std::string& path) = 0;
 

@@ -8,6 +8,7 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
@@ -16,6 +17,7 @@
 #include "base/NotCopied.h"
 #include "platform/Keyboard.h"
 #include "platform/Presentation.h"
+#include "platform/ProblemList.h"
 #include "platform/View.h"
 
 namespace scenara {
@@ -52,7 +54,10 @@ enum class Menu : Byte {
     mnuSmooth,
     mnuWholeMultiples,
     mnuExtrasScreen,  // a separator
+    mnuMugenFolder,
     mnuSwitchMode,
+    mnuExtrasProblems,  // a separator
+    mnuProblems,
     mnuExtrasZoom,  // a separator
     mnuZoomIn,
     mnuZoomOut,
@@ -87,8 +92,9 @@ struct PictureBox {
 
 struct ListBox {
     std::vector<std::string> items;
-    Long ListIndex = -1;    // the selected item; -1: none
-    bool takesKeys = true;  // else keys pass it by, whatever has the focus
+    std::uint32_t filled = 0;  // how often it was filled anew: other items, perhaps as many
+    Long ListIndex = -1;       // the selected item; -1: none
+    bool takesKeys = true;     // else keys pass it by, whatever has the focus
     Long left = 0;
     Long top = 0;
     Long width = 0;
@@ -115,10 +121,12 @@ struct Form {
     PictureBox picDraw;         // where the stage is drawn
     Presentation presentation;  // of the canvas, in picDraw and full screen
     PictureBox picLoad;         // the picture that is shown before a stage is open
+    std::string titleNote;      // stands in it, in lines broken by CR LF; empty: how to begin
     ListBox lstStages;
     ScrollBar hscHScroll;                // the camera
     ScrollBar hscSGFX;                   // the sprite browser
     std::optional<ViewFrame> selection;  // shown over the picture
+    ProblemList problems;                // of the stage that was loaded last, or could not be
 
     [[nodiscard]] MenuItem& operator[](Menu item) { return menus[static_cast<std::size_t>(item)]; }
     [[nodiscard]] const MenuItem& operator[](Menu item) const {
@@ -143,17 +151,22 @@ public:
     virtual bool Form_Idle() = 0;
     // A key has gone down; once per press.
     virtual void Form_KeyDown(VirtualKey key) = 0;
-    // A file has been dropped onto the window.
-    virtual void Form_OLEDragDrop(const std::string& path) = 0;
+    // Files and folders have been dropped onto the window, or were named when the program was
+    // started, or started again.
+    virtual void Form_OLEDragDrop(const std::vector<std::string>& paths) = 0;
     virtual void Menu_Click(Menu item) = 0;
     // One of the recent files, counted from 1.
     virtual void MnuRecentFiles_Click(Long index) = 0;
     // The user has selected an item, perhaps the one that was selected already.
     virtual void lstStages_Click(Long index) = 0;
-    // The left button over the stage's picture; pixels of the view.
+    // The left button over the stage's picture; pixels of the view, or of what fills the picture's
+    // box (Window::FillBox).
     virtual void Form_MouseDown(Long x, Long y) = 0;
     virtual void Form_MouseMove(Long x, Long y) = 0;
     virtual void Form_MouseUp() = 0;
+    // The wheel over what fills the picture's box, by so many notches, forwards above 0, with the
+    // pointer there.
+    virtual void Form_MouseWheel(Long notches, Long x, Long y) = 0;
     // The bar stands at another value; _Scroll while its thumb is dragged.
     virtual void hscHScroll_Change(Long value) = 0;
     virtual void hscSGFX_Change(Long value) = 0;

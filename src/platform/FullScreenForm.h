@@ -13,11 +13,17 @@ class FullScreenForm : NotCopied {
 public:
     virtual ~FullScreenForm() = default;
 
-    // Covers the screen, whatever size it takes on, and counts as what the user looks at when this
-    // returns. The main window is gone meanwhile. Its handle, never 0.
-    virtual WindowHandle Show() = 0;
+    // What becomes of the main window meanwhile.
+    enum class Beneath {
+        Stays,
+        Hides,  // from a window manager that rearranges windows for another mode of the display
+    };
 
-    // Gives the screen back; the main window is where it was.
+    // Covers the screen that the main window is on, whatever size that takes on, and counts as what
+    // the user looks at when this returns. Its handle, never 0.
+    virtual WindowHandle Show(Beneath mainWindow) = 0;
+
+    // Gives the screen back; the main window is where it was, and as it was.
     virtual void Hide() = 0;
 };
 

@@ -16,6 +16,8 @@ enum class VirtualKey : std::uint8_t {
     RightButton = 2,
     Pause = 19,
     Escape = 27,
+    PageUp = 33,
+    PageDown = 34,
     Left = 37,
     Up = 38,
     Right = 39,

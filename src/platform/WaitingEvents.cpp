@@ -28,8 +28,9 @@ void WaitingEvents::ForgetOlder(Kind kind) {
 }
 
 bool WaitingEvents::LeavingWaits() const {
-    return std::any_of(waiting_.begin(), waiting_.end(),
-                       [](const Waiting& waiting) { return waiting.kind == Kind::Leaving; });
+    return std::any_of(waiting_.begin(), waiting_.end(), [](const Waiting& waiting) {
+        return waiting.kind == Kind::Leaving || waiting.kind == Kind::Request;
+    });
 }
 
 WaitingEvents::Event WaitingEvents::TakeFirst() {

@@ -28,13 +28,14 @@ public:
         PointerMove,  // only the last one since the button's last event
         CameraBar,    // only the last one, whatever has come in between
         SpriteBar,    // the same
+        Request,      // the same, and the stage that is shown will be left
     };
 
     void Add(Event event, Kind kind = Kind::Once);
 
     [[nodiscard]] bool Empty() const { return waiting_.empty(); }
     [[nodiscard]] std::size_t Count() const { return waiting_.size(); }
-    // Whether one of Kind::Leaving waits.
+    // Whether one waits after which the stage that is shown will be left.
     [[nodiscard]] bool LeavingWaits() const;
 
     // There is one.

@@ -10,7 +10,6 @@
 #include "base/NotCopied.h"
 #include "character/LoadCharacter.h"
 #include "character/PlaceCharacter.h"
-#include "show/RepeatedMessages.h"
 #include "show/StageShow.h"
 
 namespace scenara {
@@ -32,7 +31,7 @@ private:
     Byte before_;
 };
 
-bool StageShow::LoadCharacterFile(TestCharacter& character, Messages& messages) {
+bool StageShow::LoadCharacterFile(TestCharacter& character) {
     struct Progress {
         ShowEvents& events;
         ~Progress() { events.EndProgress(); }
@@ -42,7 +41,7 @@ bool StageShow::LoadCharacterFile(TestCharacter& character, Messages& messages) 
     const std::string path = testChar_.TestChar;
     return LoadCharacter(path, character,
                          {machine_.files,
-                          messages,
+                          machine_.messages,
                           engine_.Device(),
                           options_,
                           {[this](const std::string& caption) { events_.ShowProgress(caption); },
@@ -56,12 +55,12 @@ bool StageShow::LoadCharacterFile(TestCharacter& character, Messages& messages) 
 }
 
 // Loads the character, unless it is, places it on the stage, and has the camera step as it walks.
-void StageShow::LoadTestChar(Messages& messages) {
+void StageShow::LoadTestChar() {
     const Loading loading(*this);
     testChar_.CharCount = 1;
     if (!testChar_.CharLoaded) {
         TestCharacter character;  // in no list that a handler could reach
-        if (!LoadCharacterFile(character, messages)) {
+        if (!LoadCharacterFile(character)) {
             testChar_.Forget();
             GiveStepsBack();
             testChar_.UseChar = false;
@@ -80,9 +79,8 @@ void StageShow::ChooseCharacter(const std::string& path) {
     testChar_.Forget();
     testChar_.TestChar = path;
     if (loop_.StageRunning != 0) {
-        RepeatedMessages messages(machine_.messages, RepeatsOfLoads(options_.Additions));
         ReleaseTestChar();
-        LoadTestChar(messages);
+        LoadTestChar();
     }
 }
 
@@ -91,8 +89,7 @@ void StageShow::UseCharacter(bool use) {
     if (!use) {
         GiveStepsBack();
     } else if (loop_.StageRunning != 0) {
-        RepeatedMessages messages(machine_.messages, RepeatsOfLoads(options_.Additions));
-        LoadTestChar(messages);
+        LoadTestChar();
     }
 }
 

@@ -29,7 +29,7 @@ public:
     virtual void EndProgress() {}
 
     // The debug editor has something to tell in the caption, or wants the dump to be written.
-    virtual void SetCaption(const std::string& /*caption*/) {}
+    virtual void Tell(const std::string& /*caption*/) {}
     virtual void WriteDump() {}
 
     // The frame at hand shows that the stage is too heavy. More events may be called in it.

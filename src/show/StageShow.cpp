@@ -10,7 +10,6 @@
 #include "render/TilePatterns.h"
 #include "show/FrameRate.h"
 #include "show/LoopKeys.h"
-#include "show/RepeatedMessages.h"
 #include "stage/LoadStage.h"
 #include "stage/StageSpace.h"
 
@@ -34,7 +33,7 @@ StageShow::StageShow(const ShowMachine& machine, const ViewOptions& options, Sho
       events_(events),
       engine_(machine.direct3D, machine.window, machine.messages, model_, view_),
       editor_({model_, camera_, view_, flags_, options_, machine.keyboard, machine.clock},
-              {[this](const std::string& caption) { events_.SetCaption(caption); },
+              {[this](const std::string& caption) { events_.Tell(caption); },
                [this] { events_.WriteDump(); }, [this] { NoteEdit(); }}),
       longPass_(machine.clock, machine.window, [this] { events_.TooHeavy(); }),
       tiles_(engine_, model_, camera_, view_, flags_, options_,
@@ -72,24 +71,23 @@ bool StageShow::Start(const std::string& mugeDir) {
     loop_.LoadingStage = 1;
     loop_.StageRunning = 1;
     events_.StateChanged();
-    RepeatedMessages messages(machine_.messages, RepeatsOfLoads(options_.Additions));
-    if (!Load(mugeDir, messages)) {
+    if (!Load(mugeDir)) {
         return false;
     }
     view_ = ViewOf(model_, options_);
     engine_.FitView();
     events_.StageLoaded();
     DiscardKeyStates(machine_.keyboard);
-    Prepare(camera, messages);
+    Prepare(camera);
     loop_.LoadingStage = 0;
     hasShown_ = true;
     events_.StateChanged();
     return true;
 }
 
-bool StageShow::Load(const std::string& mugeDir, Messages& messages) {
+bool StageShow::Load(const std::string& mugeDir) {
     const LoadStageContext load{machine_.files,
-                                messages,
+                                machine_.messages,
                                 machine_.window,
                                 engine_.Device(),
                                 options_,
@@ -100,7 +98,7 @@ bool StageShow::Load(const std::string& mugeDir, Messages& messages) {
     return LoadStage(model_, file, load);
 }
 
-void StageShow::Prepare(const std::optional<CameraStand>& camera, Messages& messages) {
+void StageShow::Prepare(const std::optional<CameraStand>& camera) {
     PlaceCamera(model_, camera_, view_);
     if (camera) {
         model_.CamZoom = ZoomRangeOf(model_).Kept(camera->zoom.value_or(model_.CamZoom));
@@ -114,7 +112,7 @@ void StageShow::Prepare(const std::optional<CameraStand>& camera, Messages& mess
     }
     engine_.MakeStrip(StripLines(model_, options_, view_));
     if (testChar_.UseChar) {
-        LoadTestChar(messages);
+        LoadTestChar();
     }
 }
 
@@ -134,6 +132,7 @@ void StageShow::Release() {
 
 void StageShow::BeginLoop() {
     ForgetKeys();
+    toPresent_ = true;
     loop_.LastFpsTick = kNoFpsTick;
     infoText_.clear();
 }
@@ -157,6 +156,7 @@ bool StageShow::Draw(bool info) {
     longPass_.Begin();
     DrawScene(engine_, tiles_, flags_, this);
     longPass_.End();
+    toPresent_ = true;
     const bool secondIsOver = CountAndTell(info);
     // A frame that was given up is drawn whole, though the stage is paused by then.
     drawsOnce_ = options_.Additions && longPass_.GivenUp();
@@ -167,8 +167,8 @@ bool StageShow::Tick(bool info) {
     if (!engine_.HasDevice() || SpriteBrowserMode != 0 || loop_.Paused != 0) {
         return false;
     }
-    edited_ = false;
     TickScene(tiles_, flags_, this);
+    edited_ = true;  // paused by the time that it is seen, it is drawn as it is then
     return CountAndTell(info);
 }
 
@@ -189,13 +189,17 @@ void StageShow::EditWhilePaused() {
         longPass_.Begin();
         DrawSceneAgain(engine_, tiles_, flags_, this);
         edited_ = longPass_.GivenUp();
+        toPresent_ = true;
     }
 }
 
 void StageShow::Present(bool info) {
-    if (!engine_.HasDevice() || SpriteBrowserMode != 0 || longPass_.GivenUp()) {
+    if (!engine_.HasDevice() || SpriteBrowserMode != 0 || longPass_.GivenUp() ||
+        ShowsPictureAlready(info)) {
         return;
     }
+    toPresent_ = false;
+    toldInfo_ = info;
     if (info) {
         PresentFrame(engine_, infoText_, options_.Additions);
     } else {

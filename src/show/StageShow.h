@@ -91,7 +91,7 @@ public:
     bool Tick(bool info);
 
     // Shows the picture, with the information line over it where that is wanted; not one that was
-    // given up.
+    // given up. With additions a paused stage is shown once, and again when it has changed.
     void Present(bool info);
 
     // The picture does not show something yet: an edit, or a stage that opens while it is paused.
@@ -176,18 +176,21 @@ private:
         return options_.Additions && testChar_.UseChar && testChar_.CharLoaded;
     }
 
-    [[nodiscard]] bool Load(const std::string& mugeDir, Messages& messages);
+    [[nodiscard]] bool Load(const std::string& mugeDir);
     // For the information line: none where there is only one and nothing is to be told.
     [[nodiscard]] std::optional<double> ZoomToTell() const;
-    void Prepare(const std::optional<CameraStand>& camera, Messages& messages);
+    void Prepare(const std::optional<CameraStand>& camera);
     bool CountAndTell(bool info);
+    [[nodiscard]] bool ShowsPictureAlready(bool info) const {
+        return options_.Additions && loop_.Paused != 0 && !toPresent_ && info == toldInfo_;
+    }
     void EditWhilePaused();
 
     [[nodiscard]] bool StepsAreOverridden() const {
         return testChar_.StepsOverridden || flags_.MouseScroll != 0;
     }
-    [[nodiscard]] bool LoadCharacterFile(TestCharacter& character, Messages& messages);
-    void LoadTestChar(Messages& messages);
+    [[nodiscard]] bool LoadCharacterFile(TestCharacter& character);
+    void LoadTestChar();
     void ReleaseTestChar();
     void TakeSteps();
     void GiveStepsBack();
@@ -212,6 +215,8 @@ private:
     bool hasShown_ = false;
     bool drawsOnce_ = false;  // a frame although it is paused
     bool edited_ = false;     // something that the last picture does not show yet
+    bool toPresent_ = true;   // a picture that has not been presented
+    bool toldInfo_ = false;   // the information line is over the one that was presented last
 };
 
 }  // namespace scenara

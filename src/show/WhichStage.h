@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "stage/Camera.h"
 
@@ -24,8 +25,8 @@ struct WhichStage {
     std::optional<std::string> next;
     // Whose loop runs.
     std::string shown;
-    // Came while another one was loading; to be opened after that.
-    std::string follows;
+    // Paths that the user gave while another one was loading; to be opened after that.
+    std::vector<std::string> follows;
     // Where the camera is put in the stage that is loaded again.
     std::optional<CameraStand> camera;
 

@@ -2,6 +2,8 @@
 #include "stage/ArchiveSearch.h"
 
 #include <algorithm>
+#include <string_view>
+#include <utility>
 
 #include "base/Path.h"
 #include "base/Text.h"
@@ -31,7 +33,11 @@ std::string BesideAsItIsCalled(const std::string& defPath) {
 
 std::string FindUnderAnotherName(Files& files, const std::string& spr, const std::string& mugeDir,
                                  const std::string& defPath) {
-    std::string found = FirstThatExists(files, {BesideAsItIsCalled(defPath)});
+    std::vector<std::string> candidates = {BesideAsItIsCalled(defPath)};
+    if (const std::string engine = EngineFolderOf(defPath); !engine.empty()) {
+        candidates.insert(candidates.begin(), engine + spr);
+    }
+    std::string found = FirstThatExists(files, candidates);
     for (const std::string& name : files.InOtherLetters(spr)) {
         if (found.empty()) {
             found = FirstThatExists(files, ArchiveCandidates(name, mugeDir, defPath));
@@ -47,6 +53,19 @@ std::vector<std::string> ArchiveCandidates(const std::string& spr, const std::st
     const std::string folder = GetPath(defPath);
     return {Contains(spr, ":") ? spr : WithSeparator(mugeDir) + spr, folder + spr,
             folder + WithSlashes(spr, '\\'), folder + WithSlashes(spr, '/')};
+}
+
+std::string EngineFolderOf(const std::string& defPath) {
+    constexpr std::string_view kStages = "stages";
+    for (std::string folder = GetPath(defPath); !folder.empty();) {
+        folder.pop_back();  // its separator
+        std::string above = GetPath(folder);
+        if (EqualsIgnoringCase(FileName(folder), kStages)) {
+            return above;
+        }
+        folder = std::move(above);
+    }
+    return {};
 }
 
 std::string FindArchive(Files& files, const std::string& spr, const std::string& mugeDir,

@@ -19,11 +19,16 @@ namespace scenara {
 
 // The first of them that is a file; empty when none is.
 //
-// Addition: where one is named and none of them is there, the archive that is called as the
-// definition is, beside it; and then all of them again with the name in the letters of other
-// systems (Files::InOtherLetters), for a stage that was unpacked where its own were unknown.
+// Addition: where one is named and none of them is there, `spr` under the engine folder that the
+// definition is in; the archive that is called as the definition is, beside it; and then all of
+// them again with the name in the letters of other systems (Files::InOtherLetters), for a stage
+// that was unpacked where its own were unknown.
 [[nodiscard]] std::string FindArchive(Files& files, const std::string& spr,
                                       const std::string& mugeDir, const std::string& defPath,
                                       const ViewOptions& options);
+
+// The engine folder that a definition is in, with a separator at its end: the one that has the last
+// folder called stages on the way to it. Empty: none.
+[[nodiscard]] std::string EngineFolderOf(const std::string& defPath);
 
 }  // namespace scenara

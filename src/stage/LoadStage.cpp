@@ -19,8 +19,8 @@ namespace {
 // The whole definition into the model; the name of the sprite archive as it gives it.
 std::string ReadDefinition(StageModel& model, std::string& defPath,
                            const LoadStageContext& context) {
+    MessagesOfFile messages(context.messages, defPath);  // also while a copy of it is read
     LineEndingRepair repair(context.files, defPath);
-    MessagesOfFile messages(context.messages, defPath);
     DefinitionReader reader(model, messages, context.options);
     {
         const std::unique_ptr<InputFile> file = context.files.OpenForReading(defPath);
@@ -35,11 +35,24 @@ std::string ReadDefinition(StageModel& model, std::string& defPath,
     return reader.Spr();
 }
 
-void SetMusic(const StageModel& model, const LoadStageContext& context) {
+// Addition: a stage of another engine folder than the user's has its music there.
+std::string FindMusic(const StageModel& model, const std::string& defPath,
+                      const LoadStageContext& context) {
+    std::string path = WithSeparator(context.mugeDir) + model.MusicFile;
+    if (context.options.Additions && !context.files.FileExists(path)) {
+        const std::string engine = EngineFolderOf(defPath);
+        if (!engine.empty() && context.files.FileExists(engine + model.MusicFile)) {
+            path = engine + model.MusicFile;
+        }
+    }
+    return path;
+}
+
+void SetMusic(const StageModel& model, const std::string& defPath,
+              const LoadStageContext& context) {
     if (!model.MusicFile.empty() && context.setMusicFileName) {
         const bool whole = Contains(model.MusicFile, ":");
-        context.setMusicFileName(whole ? model.MusicFile
-                                       : WithSeparator(context.mugeDir) + model.MusicFile);
+        context.setMusicFileName(whole ? model.MusicFile : FindMusic(model, defPath, context));
     }
 }
 
@@ -72,7 +85,7 @@ bool LoadStage(StageModel& model, std::string& defPath, const LoadStageContext& 
     model.Clear();
     try {
         const std::string spr = ReadDefinition(model, defPath, context);
-        SetMusic(model, context);
+        SetMusic(model, defPath, context);
         MessagesOfFile messages(context.messages, defPath);
         FinishElements(model, messages, context.options);
         if (!context.window.EndRequested()) {

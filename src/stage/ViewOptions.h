@@ -31,6 +31,7 @@ inline constexpr std::array kAdditions = {
     Addition{"Names of sections", "stage/SectionHeader.cpp", "KindByFirstWord"},
     Addition{"Keys in odd case", "stage/KeyOffer.cpp", "MayStandHere"},
     Addition{"An archive under another name", "stage/ArchiveSearch.cpp", "FindUnderAnotherName"},
+    Addition{"A stage of another MUGEN folder", "stage/ArchiveSearch.cpp", "EngineFolderOf"},
     Addition{"A key given twice", "stage/KeyOffer.cpp", "CountsHere"},
     Addition{"A key without a value", "stage/KeyOffer.cpp", "HasValue"},
     Addition{"Full-width blanks", "stage/DefinitionReader.cpp", "BlankFullWidth"},
@@ -76,6 +77,8 @@ inline constexpr std::array kAdditions = {
     Addition{"A character's frames", "character/CharacterAnimation.cpp", "options"},
     Addition{"A character's colours", "character/CharacterColors.cpp", "act"},
     Addition{"A heavy stage", "app/Commands.cpp", "ShowTitle"},
+    Addition{"Between two frames", "app/RunStage.cpp", "WaitForNextPass"},
+    Addition{"A stage that nobody sees", "app/RunStage.cpp", "IsSeen"},
     Addition{"Escape and Q", "app/Commands.cpp", "Form_KeyDown"},
     Addition{"Reload Stage", "app/Opening.cpp", "mnuReload_Click"},
     Addition{"The Pause key", "app/RunStage.cpp", "PollPauseKey"},
@@ -87,10 +90,15 @@ inline constexpr std::array kAdditions = {
     Addition{"`bgmloopstart`, `bgmloopend`, `bgmvolume`, `bgvolume`", "stage/StageKeys.cpp",
              "ReadMusicKeys"},
     Addition{"The camera's steps", "render/CameraControl.cpp", "StepUnitsOf"},
-    Addition{"Many messages of one kind", "show/RepeatedMessages.h", "RepeatsOfLoads"},
+    Addition{"Many messages", "app/LoadMessages.cpp", "ShowBox"},
+    Addition{"The sprite browser", "editor/SpriteBrowser.cpp", "ShowInBox"},
+    Addition{"What the caption tells", "app/Commands.cpp", "EndNote"},
+    Addition{"The title without a stage", "app/RunStage.cpp", "picLoad"},
     Addition{"The picture's size", "app/Commands.cpp", "PresentationWanted"},
     Addition{"The full screen", "app/FullScreen.cpp", "ModeOfFullScreen"},
     Addition{"Settings", "app/Saving.cpp", "SavesMeanwhile"},
+    Addition{"The MUGEN folder", "app/StageList.cpp", "AskAtFirstStart"},
+    Addition{"A list without stages", "app/StageList.cpp", "NoteEmptyList"},
 };
 
 }  // namespace scenara

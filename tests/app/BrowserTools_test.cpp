@@ -22,7 +22,12 @@ using testing::StartsWith;
 
 using BrowserTools = Tools;
 
-TEST_F(BrowserTools, ShowTheSpritesOneByOneWhileTheStageStandsStill) {
+class PlainBrowserTools : public Tools {
+protected:
+    PlainBrowserTools() : Tools(false) {}
+};
+
+TEST_F(PlainBrowserTools, ShowTheSpritesOneByOneWhileTheStageStandsStill) {
     int shown = 0;
     Long frames = 0;
     int yields = 0;
@@ -81,7 +86,7 @@ std::string ArchiveOf(int width, int height) {
     return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
 }
 
-TEST_F(BrowserTools, CutASpriteThatIsLargerThanTheScreen) {
+TEST_F(PlainBrowserTools, CutASpriteThatIsLargerThanTheScreen) {
     files.Put("/mugen/stages/a.sff", ArchiveOf(1100, 800));
     window.SetFrame({10, 50});
     WhileAIsShown({kBrowse, Wait, [&] {
@@ -91,7 +96,7 @@ TEST_F(BrowserTools, CutASpriteThatIsLargerThanTheScreen) {
                    }});
 }
 
-TEST_F(BrowserTools, KeepTheListsRoom) {
+TEST_F(PlainBrowserTools, KeepTheListsRoom) {
     program.mnuStageList_Click();
     WhileAIsShown({kBrowse, Wait, [&] { ExpectSize(160 + 160, 7); }});
 }
@@ -122,7 +127,107 @@ TEST_F(BrowserTools, ExitWhileASpriteIsShownSavesOnce) {
     EXPECT_THAT(MessageTexts(), IsEmpty());
 }
 
-TEST_F(BrowserTools, ClickedOffWhileTheFirstSpriteComesTheyAreOff) {
+TEST_F(PlainBrowserTools, LeftTheyGiveTheWindowItsSizeBack) {
+    WhileAIsShown({[&] {
+                       window.MoveTo(WindowPlace{0, 0, 500 * 15, 400 * 15});
+                   },
+                   Wait, kBrowse, Wait, [&] { ExpectSize(160, 7); }, kBrowse, Wait,
+                   [&] { ExpectSize(500, 400); }});
+}
+
+// --- with additions ---
+
+// How large the sprite is that stands over the black of the box, and where it begins.
+ViewFrame Shown(const HeadlessWindow::Picture& box) {
+    ViewFrame frame{box.width, box.height, 0, 0};
+    for (Long y = 0; y < box.height; ++y) {
+        for (Long x = 0; x < box.width; ++x) {
+            if (box.pixels.at(static_cast<std::size_t>(y * box.width + x)) != 0xFF000000) {
+                frame = {std::min(frame.left, x), std::min(frame.top, y),
+                         std::max(frame.right, x + 1), std::max(frame.bottom, y + 1)};
+            }
+        }
+    }
+    return frame;
+}
+
+TEST_F(BrowserTools, FillThePicturesBoxAndLeaveTheWindowAlone) {
+    program.mnuStageList_Click();
+    std::size_t wishes = 0;
+    int shown = 0;
+    WhileAIsShown(
+        {[&] { wishes = window.Wishes().size(); }, kBrowse,
+         [&] {
+             EXPECT_EQ(Caption(), "(1\\3)  Group: 0  Image: 0  Size: 9 x 7  Axis: 0, 0  Zoom: 34x");
+             EXPECT_EQ(window.Filled().width, 320) << "beside the list";
+             EXPECT_EQ(window.Filled().height, 240);
+             shown = sink.shown;
+             program.hscSGFX_Scroll(1);
+             EXPECT_EQ(Caption(), "(2\\3)  Group: 0  Image: 1  Size: 5 x 3  Axis: 0, 0  Zoom: 64x");
+         },
+         Wait, kBrowse,
+         [&] {
+             ExpectNoBrowser();
+             EXPECT_EQ(Caption(), "tools");
+             EXPECT_EQ(window.Wishes().size(), wishes) << "the window keeps its size";
+         },
+         [&] { EXPECT_GT(sink.shown, shown); }});
+}
+
+TEST_F(BrowserTools, FollowTheBoxsSizeInPixelsOfTheScreen) {
+    WhileAIsShown({kBrowse, [&] {
+                       window.SetPictureBox({90, 71});
+                       program.Form_Resize(45, 36);
+                       EXPECT_EQ(Shown(window.Filled()), (ViewFrame{0, 0, 90, 70}));
+                       EXPECT_THAT(Caption(), testing::EndsWith("Zoom: 10x"));
+                   }});
+}
+
+TEST_F(BrowserTools, ZoomByTheWheelAndTheMenuAndAreDragged) {
+    window.SetPictureBox({90, 71});
+    const auto zoom = [this] { return Caption().substr(Caption().rfind(' ') + 1); };
+    WhileAIsShown({[&] { EXPECT_FALSE(form[Menu::mnuZoomIn].enabled); }, kBrowse,
+                   [&] {
+                       program.Form_MouseWheel(2, 0, 0);
+                       EXPECT_EQ(zoom(), "16x");
+                       program.Form_MouseDown(50, 50);
+                       program.Form_MouseMove(-10, 50);
+                       program.Form_MouseUp();
+                       program.Form_MouseMove(0, 0);
+                       EXPECT_EQ(zoom(), "16x");
+                       ASSERT_TRUE(form[Menu::mnuZoomIn].enabled);
+                       Click(Menu::mnuZoomIn);
+                       EXPECT_EQ(zoom(), "20x");
+                       Click(Menu::mnuZoomOut);
+                       EXPECT_EQ(zoom(), "16x");
+                       Click(Menu::mnuZoomStart);
+                       EXPECT_EQ(zoom(), "10x");
+                       EXPECT_EQ(model.CamZoom, 1);
+                   },
+                   kBrowse, [&] { EXPECT_FALSE(form[Menu::mnuZoomIn].enabled); }});
+}
+
+TEST_F(BrowserTools, SayThePauseBesideTheSprite) {
+    WhileAIsShown({kBrowse, kPause,
+                   [&] { EXPECT_THAT(Caption(), testing::EndsWith("x <<PAUSED>>")); }, kPause,
+                   [&] { EXPECT_THAT(Caption(), testing::EndsWith("Zoom: 34x")); }});
+}
+
+TEST_F(BrowserTools, OfAStageWithoutSpritesSayThatThereAreNone) {
+    files.Put(kStageA, "[Info]\nname = empty\n[Camera]\nstartx = 0\n");
+    WhileAIsShown({kBrowse,
+                   [&] {
+                       EXPECT_EQ(Caption(), "No sprites");
+                       EXPECT_EQ(window.BoxText(), "This stage has no sprites.");
+                       EXPECT_EQ(Shown(window.Filled()).right, 0);
+                       program.hscSGFX_Change(0);
+                       program.Form_MouseWheel(1, 5, 5);
+                       EXPECT_EQ(Caption(), "No sprites");
+                   },
+                   kBrowse, [&] { EXPECT_EQ(Caption(), "empty"); }});
+}
+
+TEST_F(PlainBrowserTools, ClickedOffWhileTheFirstSpriteComesTheyAreOff) {
     WhileAIsShown({kBrowse, kBrowse, [&] {
                        ExpectNoBrowser();
                        ExpectSize(320, 240);
@@ -132,7 +237,7 @@ TEST_F(BrowserTools, ClickedOffWhileTheFirstSpriteComesTheyAreOff) {
     EXPECT_THAT(MessageTexts(), IsEmpty());
 }
 
-TEST_F(BrowserTools, OfAStageWithoutSpritesShowNothing) {
+TEST_F(PlainBrowserTools, OfAStageWithoutSpritesShowNothing) {
     files.Put(kStageA, "[Info]\nname = empty\n[Camera]\nstartx = 0\n");
     WhileAIsShown({kBrowse,
                    [&] {
@@ -146,6 +251,11 @@ TEST_F(BrowserTools, OfAStageWithoutSpritesShowNothing) {
                    },
                    kBrowse, [&] { ExpectNoBrowser(); }});
     EXPECT_THAT(MessageTexts(), ElementsAre(StartsWith("SFF FILE:")));
+}
+
+TEST_F(BrowserTools, OfAStageWithoutANameGoBackToItsFilesName) {
+    files.Put(kStageA, "[Info]\n[Camera]\nstartx = 0\n");
+    WhileAIsShown({kBrowse, kBrowse, [&] { EXPECT_EQ(Caption(), "a.def"); }});
 }
 
 // --- what ends it ---
@@ -188,10 +298,11 @@ INSTANTIATE_TEST_SUITE_P(
                          Choose(Menu::mnuClose)},
                         "",
                         0},
+                    End{"Escape", {KeyDown(VirtualKey::Escape)}, "tools", 2},
                     End{"AStageThatCannotBeShown",
                         {All({Select(kItemC),
                               [](RunningStage& running) { running.files.Delete(kStageC); }})},
-                        kStageC,
+                        "",
                         0,
                         1}),
     [](const auto& row) { return std::string(row.param.name); });

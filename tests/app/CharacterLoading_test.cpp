@@ -151,7 +151,7 @@ TEST_F(CharacterLoads, ABrokenOneInFullScreenLeavesTheFullScreenUsable) {
     WhileAIsShown({Choose(Menu::mnuFS), Wait,
                    [&] {
                        files.Put("/mugen/chars/hero/hero.air", "");
-                       program.Form_OLEDragDrop(kStageC);
+                       program.Form_OLEDragDrop({kStageC});
                    },
                    Wait,
                    [&] {

@@ -96,7 +96,7 @@ TEST_F(UseTestChar, AFailureAtTheNextStageLeavesTheStageRunning) {
     WhileAIsShown({[&] {
                        EXPECT_FLOAT_EQ(Step(), 2.4F);
                        files.Put("/mugen/chars/hero/hero.air", "");
-                       program.Form_OLEDragDrop(kStageC);
+                       program.Form_OLEDragDrop({kStageC});
                    },
                    [&] {
                        EXPECT_EQ(Caption(), "third");
@@ -131,7 +131,7 @@ TEST_F(UseTestChar, PlainReloadReleasesItAndTheNextStageLoadsItAgain) {
                        EXPECT_FALSE(Character().CharLoaded);
                        EXPECT_TRUE(Character().Characters.empty());
                        EXPECT_TRUE(form[Menu::mnuChar].checked);
-                       program.Form_OLEDragDrop(kStageC);
+                       program.Form_OLEDragDrop({kStageC});
                    },
                    Wait, [&] { EXPECT_TRUE(Character().CharLoaded); }});
     EXPECT_THAT(MessageTexts(), testing::IsEmpty());

@@ -28,7 +28,7 @@ protected:
             act();
             did = true;
         }});
-        program.Form_OLEDragDrop(kStageA);
+        program.Form_OLEDragDrop({kStageA});
         EXPECT_TRUE(did);
     }
     void Use() { Click(Menu::mnuChar); }

@@ -46,7 +46,7 @@ TEST_F(EditorTools, ShowTheBarAndTheFrameWhileDebugBGIsChecked) {
                    [&] { ExpectNothingSelected(); }});
 }
 
-TEST_F(EditorTools, TheBarTakesNothingOfThePicture) {
+TEST_F(PlainEditorTools, TheBarTakesNothingOfThePicture) {
     std::size_t wishes = 0;
     const auto expectAsked = [&] {
         ASSERT_EQ(window.Wishes().size(), wishes + 1);
@@ -260,6 +260,14 @@ TEST_F(EditorTools, TheSelectionGoesWithTheStage) {
 }
 
 // What was pressed before does nothing now.
+TEST_F(EditorTools, WhatTheCaptionTellsGoesAfterFiveSeconds) {
+    constexpr std::size_t kFrames = 290;  // a little less
+    WhileAIsShown(std::vector<Act>{kEdit, kSelectTwo, Wait, Tap(VirtualKey::D), Wait} +
+                  Times(kFrames, Wait) +
+                  Then([&] { EXPECT_EQ(Caption(), "Dumped to /program/chek.txt"); }) +
+                  Times(20, Wait) + Then([&] { EXPECT_EQ(Caption(), "tools"); }));
+}
+
 TEST_F(EditorTools, KeysFromBeforeAPauseDoNothingInIt) {
     WhileAIsShown({kEdit, kSelectTwo,
                    [&] {
@@ -274,7 +282,7 @@ TEST_F(EditorTools, KeysFromBeforeAPauseDoNothingInIt) {
                    [&] {
                        EXPECT_EQ(model.ElementCount, 3);
                        EXPECT_EQ(form.selection, kFrameOfTwo);
-                       EXPECT_EQ(Caption(), "Cloned..");
+                       EXPECT_EQ(Caption(), "Cloned.. <<PAUSED>>");
                    }});
 }
 

@@ -61,7 +61,7 @@ struct Deed {
     bool endsLoop = false;
 };
 
-// One after which a sprite is shown, which lets messages through.
+// One after which a sprite is shown or a character loaded, which lets messages through.
 Act Pumped(const Act& act) {
     return All({act, [](RunningStage& stage) { stage.deepest = stage.depth; }});
 }
@@ -91,6 +91,18 @@ std::vector<Deed> EveryDeed() {
     add("a dropped stage", Drop(kStageC));
     add("a dropped file", Drop("/mugen/stages/a.sff"));
     add("nothing dropped", Drop(""));
+    const auto addDrop = [&](const char* name, const std::vector<std::string>& paths) {
+        add(name, Pumped([paths](RunningStage& stage) { stage.program.Form_OLEDragDrop(paths); }));
+    };
+    addDrop("an empty list dropped", {});
+    addDrop("a MUGEN folder dropped", {"/mugen/stages"});
+    addDrop("a folder of nothing dropped", {"/program"});
+    addDrop("a character dropped", {kHero});
+    addDrop("all of these dropped", {kGone, kHero, "/mugen", kStageC, "/program", kStageB});
+    add("another MUGEN folder", [](RunningStage& stage) {
+        stage.dialogs.Answer("/mugen");
+        stage.Click(Menu::mnuMugenFolder);
+    });
     add("an activation", [](RunningStage& stage) { stage.program.Form_Activate(); });
     add("a button pressed", [](RunningStage& stage) { stage.program.Form_MouseDown(162, 3); });
     add("a pointer moved", [](RunningStage& stage) { stage.program.Form_MouseMove(400, -7); });
@@ -151,7 +163,7 @@ protected:
         stage.sink.last.clear();
         const int before = stage.sink.shown;
         stage.user = InTurn({Wait, Wait});
-        stage.program.Form_OLEDragDrop(kStageA);
+        stage.program.Form_OLEDragDrop({kStageA});
         EXPECT_EQ(stage.Caption(), "first");
         EXPECT_EQ(stage.sink.shown, before + 3);
         EXPECT_TRUE(stage.ShowsSomething());
@@ -183,7 +195,7 @@ protected:
                                      shownBefore = running.sink.shown;
                                      running.sink.last.clear();
                                      ++reopened;
-                                     running.program.Form_OLEDragDrop(kStageC);
+                                     running.program.Form_OLEDragDrop({kStageC});
                                  },
                                  Wait, Wait,
                                  [&](RunningStage& running) {
@@ -201,7 +213,7 @@ protected:
                 deed.act(running);
             }
         });
-        stage.program.Form_OLEDragDrop(kStageA);
+        stage.program.Form_OLEDragDrop({kStageA});
         EXPECT_TRUE(did);
         // While a stage loads its menu is off.
         const bool ended = deed.endsLoop && !IsLoading(state);
@@ -230,7 +242,7 @@ protected:
         if (state == State::NoStage || state == State::Closed) {
             if (state == State::Closed) {
                 stage.user = InTurn({Choose(Menu::mnuClose)});
-                stage.program.Form_OLEDragDrop(kStageA);
+                stage.program.Form_OLEDragDrop({kStageA});
             }
             stage.user = InTurn({Wait, deed.after, Wait});
             deed.act(stage);

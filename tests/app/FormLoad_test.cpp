@@ -65,7 +65,9 @@ TEST_P(FormLoadOfBoth, AnEngineFolderWithoutASeparatorIsFoundAllTheSame) {
 
 INSTANTIATE_TEST_SUITE_P(PlainAndAdditions, FormLoadOfBoth, testing::Bool());
 
-TEST_F(FormLoad, AFolderWithoutStagesIsSaid) {
+using PlainFormLoad = PlainNewProgram;
+
+TEST_F(PlainFormLoad, AFolderWithoutStagesIsSaid) {
     files.Put(kConfiguration, "MugeDir = /empty/\r\n");
     program.Form_Load();
     ASSERT_THAT(MessageTexts(), ElementsAre("Err.. no files.. uh.. "));
@@ -74,7 +76,7 @@ TEST_F(FormLoad, AFolderWithoutStagesIsSaid) {
     EXPECT_FALSE(program.Ended());
 }
 
-TEST_F(FormLoad, TheFirstStartAsksUntilAFolderIsChosen) {
+TEST_F(PlainFormLoad, TheFirstStartAsksUntilAFolderIsChosen) {
     files.Delete(kConfiguration);
     dialogs.Answer("");
     dialogs.Answer("");
@@ -131,9 +133,12 @@ TEST_F(FormLoad, TheCanvasIsShownAsItWasLeft) {
     EXPECT_EQ(form.presentation, (Presentation{ShownSizes::WholeMultiples, Scaling::Smooth}));
 }
 
-using FormActivate = NewProgram;
+class FormActivate : public NewProgram {
+protected:
+    FormActivate() : NewProgram(false) {}
+};
 
-TEST_F(FormActivate, SizesAndCentresTheWindowOnce) {
+TEST_F(FormActivate, PlainSizesAndCentresTheWindowOnce) {
     program.Form_Activate();
     LetSizeCome();
     ExpectPlace((1024 - 320) / 2, (768 - 240) / 2, 320, 240);

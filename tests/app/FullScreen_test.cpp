@@ -69,7 +69,7 @@ TEST_F(FullScreen, TheHeldEscapeKeyLeavesIt) {
                    [&] {
                        ExpectOff();
                        EXPECT_THAT(display.Switches(), ElementsAre(kFull, kBefore));
-                       ExpectSize(320, 240);
+                       ExpectPlace(10, 20, 640, 480);
                        EXPECT_EQ(window.ShowCount(), 2U) << "once by the device";
                    },
                    Wait, Wait});
@@ -85,7 +85,7 @@ TEST_F(FullScreen, ThePressOfEscapeLeavesIt) {
     EXPECT_NE(direct3D.Device(), nullptr);
 }
 
-TEST_F(FullScreen, TheWindowIsSizedAndCentredWhenItIsBack) {
+TEST_F(PlainFullScreen, TheWindowIsSizedAndCentredWhenItIsBack) {
     program.Form_Activate();
     WhileAIsShown({kEnter, [&] {
                        window.MoveTo({150, 300, 9600, 7200});
@@ -95,7 +95,7 @@ TEST_F(FullScreen, TheWindowIsSizedAndCentredWhenItIsBack) {
     ExpectPlace((1024 - 320) / 2, (768 - 240) / 2, 320, 240);
 }
 
-TEST_F(FullScreen, TheListIsBesideThePictureWhenTheWindowIsBack) {
+TEST_F(PlainFullScreen, TheListIsBesideThePictureWhenTheWindowIsBack) {
     program.mnuStageList_Click();
     WhileAIsShown({kEnter, [&] {
                        program.Form_KeyDown(VirtualKey::Escape);
@@ -186,6 +186,53 @@ TEST_F(FullScreen, WithoutAModeThatHoldsTheCanvasItStaysInTheOneInForce) {
     EXPECT_THAT(display.Switches(), IsEmpty());
 }
 
+TEST_F(FullScreen, CanBeChosenWhileAStageIsThereOnly) {
+    EXPECT_FALSE(form[Menu::mnuFS].enabled);
+    WhileAIsShown({[&] { EXPECT_TRUE(form[Menu::mnuFS].enabled); }, Choose(Menu::mnuClose)});
+    EXPECT_FALSE(form[Menu::mnuFS].enabled);
+    Click(Menu::mnuFS);
+    EXPECT_FALSE(form[Menu::mnuFS].checked);
+}
+
+TEST_F(FullScreen, HidesTheWindowFromASwitchOfTheDisplayOnly) {
+    WhileAIsShown({kEnter, [&] {
+                       EXPECT_EQ(fullScreen.MainWindow(), FullScreenForm::Beneath::Hides);
+                       program.Form_KeyDown(VirtualKey::Escape);
+                       Click(Menu::mnuSwitchMode);
+                       Click(Menu::mnuFS);
+                       ExpectOn();
+                       EXPECT_EQ(fullScreen.MainWindow(), FullScreenForm::Beneath::Stays);
+                   }});
+}
+
+TEST_F(FullScreen, PageUpAndPageDownGoThroughTheStages) {
+    files.Put(kStageB, Stage("second"));
+    const Act previous = KeyDown(VirtualKey::PageUp);
+    const Act next = KeyDown(VirtualKey::PageDown);
+    const auto shows = [&](const char* title) {
+        return Act([this, title] {
+            EXPECT_EQ(Caption(), title);
+            ExpectOn();
+        });
+    };
+    WhileAIsShown({kEnter, next, shows("second"), next, shows("third"), next, shows("third"),
+                   previous, shows("second"), previous, previous, shows("first")});
+    EXPECT_THAT(MessageTexts(), IsEmpty());
+}
+
+TEST_F(FullScreen, InTheWindowPageDownIsTheLists) {
+    WhileAIsShown({KeyDown(VirtualKey::PageDown), [&] { EXPECT_EQ(Caption(), "first"); }});
+    EXPECT_EQ(Begun(), 1);
+}
+
+TEST_F(PlainFullScreen, PageDownDoesNothing) {
+    WhileAIsShown({kEnter, KeyDown(VirtualKey::PageDown), [&] {
+                       ExpectOn();
+                       EXPECT_EQ(Caption(), "first");
+                   }});
+    EXPECT_EQ(Begun(), 1);
+}
+
 // The item can be chosen there where a machine shows its menus.
 TEST_F(FullScreen, TheNextStageIsShownInTheDisplaysOwnModeWhenItIsNoLongerToBeSwitched) {
     WhileAIsShown({kEnter, Choose(Menu::mnuSwitchMode), Select(kItemC), [&] {
@@ -195,7 +242,7 @@ TEST_F(FullScreen, TheNextStageIsShownInTheDisplaysOwnModeWhenItIsNoLongerToBeSw
     EXPECT_THAT(display.Switches(), ElementsAre(kFull, kBefore));
 }
 
-TEST_F(FullScreen, WithoutAStageOnlyTheMarkChanges) {
+TEST_F(PlainFullScreen, WithoutAStageOnlyTheMarkChanges) {
     WhileAIsShown({Choose(Menu::mnuClose)});
     Click(Menu::mnuFS);
     EXPECT_TRUE(form[Menu::mnuFS].checked);

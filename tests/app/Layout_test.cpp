@@ -18,6 +18,8 @@ constexpr Long kListWidth = 160;
 
 class Layout : public NewProgram {
 protected:
+    explicit Layout(bool additions = true) : NewProgram(additions) {}
+
     void Load(bool withList) {
         files.Put(kConfiguration, std::string("MugeDir = /mugen/\r\nStageList = ") +
                                       (withList ? "255" : "0") + "\r\n");
@@ -27,6 +29,7 @@ protected:
     // With the window up.
     void Begin(bool withList) {
         Load(withList);
+        window.Size(form.innerWidth, form.innerHeight);  // as a machine does that shows it
         program.Form_Activate();
     }
 
@@ -49,7 +52,13 @@ protected:
     }
 };
 
-TEST_F(Layout, TheListMakesTheWindowWiderAndNarrowerAgain) {
+// Sizes are asked for, as the stage and the list want them.
+class PlainLayout : public Layout {
+protected:
+    PlainLayout() : Layout(false) {}
+};
+
+TEST_F(PlainLayout, TheListMakesTheWindowWiderAndNarrowerAgain) {
     Begin(false);
     EXPECT_FALSE(form.lstStages.visible);
     Click(Menu::mnuStageList);
@@ -65,7 +74,7 @@ TEST_F(Layout, TheListMakesTheWindowWiderAndNarrowerAgain) {
     EXPECT_FALSE(form.lstStages.visible);
 }
 
-TEST_F(Layout, TheListAddsToTheSizeThatTheUserGave) {
+TEST_F(PlainLayout, TheListAddsToTheSizeThatTheUserGave) {
     Begin(false);
     UserSizes(800, 600);
     ClickList();
@@ -77,7 +86,7 @@ TEST_F(Layout, TheListAddsToTheSizeThatTheUserGave) {
     ExpectPicture(800, 600);
 }
 
-TEST_F(Layout, AWindowNarrowerThanItsListKeepsASize) {
+TEST_F(PlainLayout, AWindowNarrowerThanItsListKeepsASize) {
     Begin(true);
     UserSizes(100, 240);
     ExpectPicture(0, 240);
@@ -89,7 +98,7 @@ TEST_F(Layout, AWindowNarrowerThanItsListKeepsASize) {
     ExpectSize(kListWidth, 240);
 }
 
-TEST_F(Layout, AListThatWasShownComesUpWithTheWindow) {
+TEST_F(PlainLayout, AListThatWasShownComesUpWithTheWindow) {
     Load(true);
     EXPECT_EQ(program.ShowStageList, 255);
     EXPECT_EQ(form.innerWidth, 320 + kListWidth) << "before it is shown";
@@ -103,7 +112,7 @@ TEST_F(Layout, AListThatWasShownComesUpWithTheWindow) {
     ExpectList(320, 240);
 }
 
-TEST_F(Layout, TheWindowComesUpWithTheRoomThatTheViewTakesOnThisScreen) {
+TEST_F(PlainLayout, TheWindowComesUpWithTheRoomThatTheViewTakesOnThisScreen) {
     window.SetRoomForView({366, 275});
     Load(true);
     EXPECT_EQ(form.innerWidth, 366 + kListWidth) << "before it is shown";
@@ -132,7 +141,7 @@ TEST_F(Layout, AStageOpenedWithoutTheListTakesTheWindowAsItIs) {
 }
 
 // Nothing is laid out for a size that may never come.
-TEST_F(Layout, ControlsStandAsTheyDidUntilTheSizeHasCome) {
+TEST_F(PlainLayout, ControlsStandAsTheyDidUntilTheSizeHasCome) {
     Begin(false);
     UserSizes(800, 600);
     Click(Menu::mnuStageList);
@@ -147,7 +156,7 @@ TEST_F(Layout, ControlsStandAsTheyDidUntilTheSizeHasCome) {
     EXPECT_FALSE(form.lstStages.visible);
 }
 
-TEST_F(Layout, TwoClicksBeforeTheSizeHasComeAreNone) {
+TEST_F(PlainLayout, TwoClicksBeforeTheSizeHasComeAreNone) {
     Begin(false);
     UserSizes(800, 600);
     Click(Menu::mnuStageList);
@@ -156,14 +165,15 @@ TEST_F(Layout, TwoClicksBeforeTheSizeHasComeAreNone) {
     ExpectPicture(800, 600);
 }
 
-// Each row asks for a size, and is given none.
-TEST_F(Layout, AMaximisedWindowIsLaidOutAsItIs) {
-    struct Row {
-        const char* name;
-        std::vector<Act> acts;
-        bool listed;
-    };
-    const std::vector<Row> rows = {
+struct Deed {
+    const char* name;
+    std::vector<Act> acts;
+    bool listed;
+};
+
+// What orders a size, plain; with a list at first.
+std::vector<Deed> Deeds(frmStage& program) {
+    return {
         {"a stage from the list", {Wait}, true},
         {"the list hidden", {Choose(Menu::mnuStageList), Wait}, false},
         {"the list hidden and shown",
@@ -176,11 +186,15 @@ TEST_F(Layout, AMaximisedWindowIsLaidOutAsItIs) {
          {Choose(Menu::mnuFS), Wait, Choose(Menu::mnuFS), [&] { program.Form_Activate(); }, Wait},
          true},
     };
+}
+
+// Each asks for a size, and is given none.
+TEST_F(PlainLayout, AMaximisedWindowIsLaidOutAsItIs) {
     Begin(true);
     LetSizeCome();
     window.Maximise();
     LetSizeCome();
-    for (const Row& row : rows) {
+    for (const Deed& row : Deeds(program)) {
         SCOPED_TRACE(row.name);
         WhileAIsShown(row.acts);
         ExpectPlace(0, 0, 1024, 768);
@@ -198,7 +212,7 @@ TEST_F(Layout, AMaximisedWindowIsLaidOutAsItIs) {
     EXPECT_TRUE(MessageTexts().empty());
 }
 
-TEST_F(Layout, TheListMayBeShownAndHiddenWhileAStageRunsOrLoads) {
+TEST_F(PlainLayout, TheListMayBeShownAndHiddenWhileAStageRunsOrLoads) {
     Begin(false);
     const Act click = Choose(Menu::mnuStageList);
     // The load of three images: shown, hidden, shown.
@@ -215,6 +229,175 @@ TEST_F(Layout, TheListMayBeShownAndHiddenWhileAStageRunsOrLoads) {
                   click);
     EXPECT_EQ(program.ShowStageList, 0);
     EXPECT_TRUE(MessageTexts().empty());
+}
+
+// --- with additions ---
+
+TEST_F(Layout, NothingOfTheProgramsChangesTheSizeOrThePlace) {
+    Begin(true);
+    LetSizeCome();
+    window.MoveTo({150, 300, 900 * kUnitsPerPixel, 700 * kUnitsPerPixel});
+    LetSizeCome();
+    const std::size_t wishes = window.Wishes().size();
+    for (const Deed& row : Deeds(program)) {
+        SCOPED_TRACE(row.name);
+        WhileAIsShown(row.acts);
+        ExpectPlace(10, 20, 900, 700);
+        EXPECT_EQ(window.Wishes().size(), wishes) << "none is even asked for";
+        ExpectPicture(900 - (row.listed ? kListWidth : 0), 700);
+        EXPECT_EQ(form.lstStages.visible, row.listed);
+        if (row.listed) {
+            ExpectList(900 - kListWidth, 700);
+        } else {
+            program.mnuStageList_Click();
+        }
+        user = {};
+    }
+    EXPECT_TRUE(MessageTexts().empty());
+}
+
+TEST_F(Layout, TheListSharesTheWindowAtOnce) {
+    Begin(false);
+    UserSizes(800, 600);
+    Click(Menu::mnuStageList);
+    ExpectPicture(800 - kListWidth, 600);
+    ExpectList(800 - kListWidth, 600);
+    Click(Menu::mnuStageList);
+    ExpectPicture(800, 600);
+    EXPECT_FALSE(form.lstStages.visible);
+    ExpectSize(800, 600);
+}
+
+// The first start on screens of many sizes: what their systems leave to windows, and what menus
+// and bars take.
+struct FirstSize {
+    InnerSize workArea;
+    InnerSize around;
+    bool withList;
+    InnerSize picture;
+};
+
+const FirstSize kFirstSizes[] = {
+    {{1920, 1080}, {0, 22}, false, {1280, 720}}, {{1920, 1080}, {0, 22}, true, {1280, 720}},
+    {{1920, 928}, {0, 22}, false, {1280, 720}},   // 742 of 742
+    {{1920, 927}, {0, 22}, false, {640, 480}},    // 741: not the next larger one, either
+    {{1600, 1080}, {0, 22}, false, {1280, 720}},  // exactly
+    {{1599, 1080}, {0, 22}, false, {960, 720}},  {{1799, 1080}, {0, 22}, true, {960, 720}},
+    {{1800, 1080}, {0, 22}, true, {1280, 720}},  {{3840, 2160}, {0, 22}, true, {1280, 720}},
+    {{1366, 728}, {0, 22}, true, {640, 480}},    {{1024, 768}, {0, 22}, true, {640, 480}},
+    {{999, 768}, {0, 22}, true, {320, 240}},     {{1280, 627}, {0, 22}, true, {320, 240}},
+    {{1280, 628}, {0, 22}, true, {640, 480}},    {{320, 240}, {0, 22}, true, {320, 240}},
+    {{0, 0}, {0, 22}, true, {320, 240}},
+};
+
+TEST_F(Layout, TheFirstStartTakesFourFifthsOfTheScreenAtMost) {
+    for (const FirstSize& row : kFirstSizes) {
+        SCOPED_TRACE(testing::Message() << row.workArea.width << " x " << row.workArea.height);
+        window.SetWorkArea(row.workArea);
+        window.SetFrame(row.around);
+        program.ShowStageList = 0;
+        Load(row.withList);
+        EXPECT_EQ(form.innerWidth, row.picture.width + (row.withList ? kListWidth : 0));
+        EXPECT_EQ(form.innerHeight, row.picture.height);
+        ExpectPicture(row.picture.width, row.picture.height);
+        EXPECT_TRUE(window.Wishes().empty());
+    }
+}
+
+TEST_F(Layout, TheFirstStartIsCentredOnTheScreenOfTheWindow) {
+    window.SetScreenLeft(2000);
+    Load(true);
+    window.Size(form.innerWidth, form.innerHeight);  // as a machine does that shows it
+    program.Form_Activate();
+    LetSizeCome();
+    ExpectPlace(2000 + (1024 - 800) / 2, (768 - 480) / 2, 800, 480);
+    window.MoveTo({150, 300, 9600, 7200});
+    program.Form_Activate();
+    LetSizeCome();
+    ExpectPlace(10, 20, 640, 480);
+}
+
+constexpr const char* kExtras = "/program/Scenara.ini";
+
+TEST_F(Layout, ALaterStartComesUpAsTheUserLeftIt) {
+    files.Put(kExtras,
+              "WindowLeft = -30\nWindowTop = 40\nWindowWidth = 900\nWindowHeight = 722\n"
+              "ListWidth = 200\n");
+    window.SetFrame({0, 22});
+    Load(true);
+    EXPECT_EQ(form.innerWidth, 900);
+    EXPECT_EQ(form.innerHeight, 700);
+    ExpectPicture(700, 700);
+    program.Form_Activate();
+    LetSizeCome();
+    ExpectPlace(-30, 40, 900, 722);
+    EXPECT_EQ(form.lstStages.width, 200);
+    EXPECT_TRUE(window.Wishes().empty());
+    EXPECT_FALSE(window.Stand().maximised);
+}
+
+TEST_F(Layout, ALaterStartIsMaximisedAgainAndKeepsTheSizeBeforeThat) {
+    files.Put(kExtras,
+              "WindowLeft = 30\nWindowTop = 40\nWindowWidth = 900\nWindowHeight = 700\n"
+              "Maximised = True\n");
+    Begin(false);
+    LetSizeCome();
+    EXPECT_EQ(window.Stand(), (WindowStand{WindowStand::Spot{30, 40}, {900, 700}, true}));
+    program.Form_Unload();
+    EXPECT_THAT(files.Get(kExtras), testing::HasSubstr("WindowWidth = 900\n"));
+}
+
+TEST_F(Layout, ASizeThatIsNoneIsTheFirstStart) {
+    for (const char* const text :
+         {"WindowWidth = 900\n", "WindowWidth = 0\nWindowHeight = 700\n",
+          "WindowWidth = 900\nWindowHeight = -700\n", "WindowWidth = wide\nWindowHeight = 700\n",
+          "WindowWidth = 99999999999\nWindowHeight = 700\n", "Maximised = True\n"}) {
+        SCOPED_TRACE(text);
+        files.Put(kExtras, text);
+        Load(false);
+        ExpectPicture(640, 480);
+    }
+}
+
+TEST_F(Layout, WhatTheUserDoesToTheWindowIsSavedWhenItHasRested) {
+    constexpr int kMoreThanASecond = 75;
+    Begin(false);
+    LetSizeCome();
+    const auto pass = [&] {
+        for (int i = 0; i < kMoreThanASecond; ++i) {
+            clock.Advance();
+            static_cast<void>(program.Form_Idle());
+        }
+    };
+    pass();
+    EXPECT_EQ(files.Get(kExtras),
+              "WindowLeft = 192\r\nWindowTop = 144\r\nWindowWidth = 640\r\n"
+              "WindowHeight = 480\r\n");
+    window.MoveTo({150, 300, 9000, 7200});
+    pass();
+    const std::string moved =
+        "WindowLeft = 10\r\nWindowTop = 20\r\nWindowWidth = 600\r\nWindowHeight = 480\r\n";
+    EXPECT_EQ(files.Get(kExtras), moved);
+    window.Maximise();
+    pass();
+    EXPECT_EQ(files.Get(kExtras), moved + "Maximised = True\r\n");
+}
+
+TEST_F(Layout, WhatCoversTheWindowIsNotItsSize) {
+    Begin(false);
+    UserSizes(800, 600);
+    WhileAIsShown({Choose(Menu::mnuFS), [&] {
+                       window.MoveTo({0, 0, 320 * 15, 240 * 15});
+                       program.SaveNow();
+                   }});
+    EXPECT_THAT(files.Get(kExtras), testing::Not(testing::HasSubstr("WindowWidth = 320")));
+}
+
+TEST_F(PlainLayout, TheWindowIsNotSaved) {
+    Begin(false);
+    UserSizes(800, 600);
+    program.Form_Unload();
+    EXPECT_THAT(files.Get(kExtras), testing::Not(testing::HasSubstr("Window")));
 }
 
 TEST_F(Layout, ResizingWhileAStageLoadsHoldsBehindIt) {

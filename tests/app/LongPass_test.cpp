@@ -175,7 +175,7 @@ struct HeavyStage {
     int actAt = 3;
     bool additions = true;
 
-    std::vector<Single> drifted;  // of each element, when the frame had ended
+    std::vector<double> drifted;  // of each element, when the frame had ended
     std::vector<std::string> captions;
     int shown = 0;
     int looks = 0;
@@ -188,7 +188,7 @@ struct HeavyStage {
                         captions = its.window.Captions();
                         shown = its.sink.shown;
                         for (const BackgroundElement& element : its.model.Elements) {
-                            drifted.push_back(element.ctrlPos[0]);
+                            drifted.push_back(element.motion[0]);
                         }
                         if (after) {
                             after(its);
@@ -281,7 +281,7 @@ TEST(HeavyStages, AnotherStageHasItsOwnTitle) {
     heavy.after = [&](RunningStage& stage) {
         EXPECT_EQ(stage.Caption(), kHeavyTitle);
         stage.user = InTurn({[&](RunningStage& its) { captions = its.window.Captions(); }});
-        stage.program.Form_OLEDragDrop("/mugen/stages/a.def");
+        stage.program.Form_OLEDragDrop({"/mugen/stages/a.def"});
     };
     heavy.Run();
     ASSERT_FALSE(captions.empty());

@@ -31,6 +31,7 @@ auto Said(const std::string& text, MessageIcon icon) {
 }
 
 using Opening = Program;
+using PlainOpening = PlainProgram;
 
 TEST_F(Opening, AMissingFileIsSaidTwiceAndTheShownStageGoesOn) {
     WhileAIsShown({Drop(kGone), Wait, Wait, Wait});
@@ -138,14 +139,53 @@ TEST_F(Opening, NextAndPreviousWalkTheListAndStopAtItsEnds) {
     EXPECT_EQ(Caption(), "second");
 }
 
-TEST_F(Opening, PreviousWithoutASelectionIsAnError) {
+TEST_F(PlainOpening, PreviousWithoutASelectionIsAnError) {
     Click(Menu::mnuStagePrev);
     EXPECT_THAT(MessageTexts(), ElementsAre("Run-time error: Invalid property value: ListIndex"));
     EXPECT_EQ(form.lstStages.ListIndex, -1);
     EXPECT_EQ(Begun(), 0);
 }
 
-TEST_F(Opening, AnEmptyListHasNoNextAndErrorsOtherwise) {
+TEST_F(Opening, PreviousWithoutASelectionOpensTheLast) {
+    user = InTurn({});
+    Click(Menu::mnuStagePrev);
+    EXPECT_THAT(MessageTexts(), IsEmpty());
+    EXPECT_EQ(form.lstStages.ListIndex, kItemC);
+    EXPECT_EQ(Caption(), "third");
+}
+
+TEST_F(Opening, AnEmptyListHasNoNextPreviousOrRandom) {
+    form.lstStages.items.clear();
+    for (const Menu item : {Menu::mnuStageNext, Menu::mnuStagePrev, Menu::mnuR}) {
+        Click(item);
+    }
+    EXPECT_THAT(MessageTexts(), IsEmpty());
+    EXPECT_EQ(Begun(), 0);
+}
+
+// However it was opened.
+TEST_F(Opening, TheListSelectsWhatIsShown) {
+    const auto selected = [&](Long index) {
+        return Act([this, index] { EXPECT_EQ(form.lstStages.ListIndex, index); });
+    };
+    files.Put("/elsewhere/own.def", Stage("own"));
+    files.Put(kStageB, Stage("second"));
+    WhileAIsShown({selected(kItemA), Drop("/mugen/stages/c.def"), selected(kItemC),
+                   Drop("/mugen/stages/b.DEF"), selected(1), Choose(Menu::mnuStagePrev),
+                   selected(kItemA), Drop("/elsewhere/own.def"), selected(-1), Recent(2),
+                   selected(kItemA), Recent(2), selected(-1)});
+    EXPECT_EQ(Caption(), "own");
+    Drop("/mugen/stages/none.def")(*this);
+    EXPECT_EQ(form.lstStages.ListIndex, -1) << "the one that is shown";
+}
+
+TEST_F(PlainOpening, TheListKeepsItsSelection) {
+    WhileAIsShown({Drop("/mugen/stages/c.def")});
+    EXPECT_EQ(Caption(), "third");
+    EXPECT_EQ(form.lstStages.ListIndex, kItemA);
+}
+
+TEST_F(PlainOpening, AnEmptyListHasNoNextAndErrorsOtherwise) {
     form.lstStages.items.clear();
     Click(Menu::mnuStageNext);
     EXPECT_THAT(MessageTexts(), IsEmpty());
@@ -224,7 +264,6 @@ TEST_F(Opening, AFileDroppedWhileAStageLoadsIsOpenedWhenThatIsDone) {
 TEST_F(Opening, ADropOntoTheWindowWithoutAStageOpensIt) {
     Show(Drop(kStageC));
     EXPECT_EQ(Caption(), "third");
-    EXPECT_EQ(form.lstStages.ListIndex, -1);
 }
 
 TEST_F(Opening, AChoiceThatIsNoStageLeavesTheOneThatWasAskedForBefore) {
@@ -363,12 +402,11 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(
         Way{"TheSelectedItem", "first", 2, 1, {Wait, Select(kItemA)}},
         Way{"PreviousOfNone",
-            "first",
-            1,
-            4,
+            "third",
+            2,
+            2,
             {[](RunningStage& running) { running.form.lstStages.ListIndex = -1; },
-             Choose(Menu::mnuStagePrev), Wait},
-            {"Run-time error: Invalid property value: ListIndex"}},
+             Choose(Menu::mnuStagePrev), Wait}},
         Way{"NextAndClose", "", 1, 0, {All({Choose(Menu::mnuStageNext), Choose(Menu::mnuClose)})}},
         Way{"CloseAndNextTwice",
             "third",

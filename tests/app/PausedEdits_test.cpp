@@ -55,7 +55,7 @@ protected:
                        },
                        Wait,
                        [&] {
-                           mark = sink.last[0];
+                           mark = direct3D.Device()->BackBuffer()[0];
                            elements = model.ElementCount;
                            EXPECT_EQ(loop.TotalFrames, frames);
                        }});

@@ -66,6 +66,7 @@ struct RunningStage {
         files.Put("/mugen/stages/a.sff", SmallArchiveBytes());
         files.Put(kConfiguration, "MugeDir = /mugen/\r\n");
         window.SetEvents(&program);
+        window.SetClock(&clock);
         program.MugeDir = "/mugen/";
         show.Which.CurrentStageFile = kStageA;
     }
@@ -233,7 +234,8 @@ inline Act Recent(Long item) {
     return [item](RunningStage& stage) { stage.program.MnuRecentFiles_Click(item); };
 }
 inline Act Drop(std::string path) {
-    return [path = std::move(path)](RunningStage& stage) { stage.program.Form_OLEDragDrop(path); };
+    return
+        [path = std::move(path)](RunningStage& stage) { stage.program.Form_OLEDragDrop({path}); };
 }
 
 // One after another, without a frame between them.
@@ -292,6 +294,13 @@ protected:
     void ExpectPicture(Long width, Long height) {
         EXPECT_EQ(form.picDraw.width, width);
         EXPECT_EQ(form.picDraw.height, height);
+    }
+};
+
+class PlainNewProgram : public NewProgram {
+protected:
+    PlainNewProgram() : NewProgram(false) {
+        files.Put("/program/Scenara.ini", "Additions = False\r\n");
     }
 };
 

@@ -81,7 +81,7 @@ TEST_F(FormUnload, WhatComesBehindItIsPassedOver) {
     program.MnuRecentFiles_Click(2);
     program.lstStages_Click(1);
     program.lstStages_Click(99);
-    program.Form_OLEDragDrop(kGone);
+    program.Form_OLEDragDrop({kGone});
     program.Form_KeyDown(VirtualKey::Escape);
     program.Form_Activate();
     program.Form_Resize(800, 600);
@@ -91,14 +91,14 @@ TEST_F(FormUnload, WhatComesBehindItIsPassedOver) {
     EXPECT_THAT(form.recentFiles, ElementsAre(kStageA, kStageC));
     EXPECT_EQ(form.lstStages.ListIndex, -1);
     EXPECT_EQ(window.Place().width, 9600);
-    EXPECT_EQ(form.innerWidth, 320);
+    EXPECT_EQ(form.innerWidth, 640);
     EXPECT_FALSE(files.Has("/program/Scenara.ini"));
     EXPECT_EQ(Begun(), 0);
 }
 
 TEST_F(FormUnload, WhileAStageLoadsNothingMoreIsSaid) {
     WhileAIsShown({}, [&] {
-        program.Form_OLEDragDrop(kGone);
+        program.Form_OLEDragDrop({kGone});
         program.Form_Unload();
         program.lstStages_Click(1);
     });

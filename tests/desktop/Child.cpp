@@ -89,16 +89,20 @@ bool Child::HasOpen(const std::string& pathEnd) const {
     return false;
 }
 
-std::optional<int> Child::ExitStatus() {
+std::optional<int> Child::StatusNow() {
     int status = 0;
-    if (!Eventually([&] {
-            TakePriorityBack();
-            return ::waitpid(pid_, &status, WNOHANG) == pid_;
-        })) {
+    TakePriorityBack();
+    if (pid_ <= 0 || ::waitpid(pid_, &status, WNOHANG) != pid_) {
         return std::nullopt;
     }
     pid_ = -1;
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+std::optional<int> Child::ExitStatus() {
+    std::optional<int> status;
+    static_cast<void>(Eventually([&] { return (status = StatusNow()).has_value(); }));
+    return status;
 }
 
 }  // namespace scenara::test

@@ -32,7 +32,9 @@ public:
     // Whether it has a file open whose path ends so.
     [[nodiscard]] bool HasOpen(const std::string& pathEnd) const;
 
-    // Its exit status once it has ended; waits up to half a minute.
+    // Its exit status, once it has ended.
+    [[nodiscard]] std::optional<int> StatusNow();
+    // The same; waits up to half a minute.
     [[nodiscard]] std::optional<int> ExitStatus();
 
 private:

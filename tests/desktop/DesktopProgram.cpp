@@ -74,6 +74,9 @@ void DesktopProgram::WriteSettings(const std::string& more) const {
     std::ofstream(Folder() / "bin/QX.CFG", std::ios::binary)
         << "MugeDir = " << display_.Folder() << "mugen/\r\n"
         << more;
+    const bool withList = more.find("StageList = 255") != std::string::npos;
+    std::ofstream(Folder() / "bin/Scenara.ini", std::ios::binary | std::ios::app)
+        << "WindowWidth = " << (withList ? 480 : 320) << "\r\nWindowHeight = 283\r\n";
 }
 
 std::string DesktopProgram::Settings() const {
@@ -87,6 +90,9 @@ std::vector<std::string> DesktopProgram::ProgramEnvironment(const std::string& s
     environment.push_back("HOME=" + display_.Folder());
     environment.push_back("SESSION_MANAGER=" + session);   // empty: none
     environment.push_back("ASAN_OPTIONS=detect_leaks=0");  // the toolkit's own
+    if (!scale_.empty()) {
+        environment.push_back("QT_SCALE_FACTOR=" + scale_);
+    }
     return environment;
 }
 

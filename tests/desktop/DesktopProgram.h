@@ -61,7 +61,8 @@ public:
     // Stages "bar", "cup" and "dot" under mugen/stages/.
     void SetUp() override;
 
-    // The settings that the program finds: the engine folder, and `more` behind it.
+    // The settings that the program finds: the engine folder, and `more` behind it; and a window
+    // that shows the picture one to one, beside the list where `more` has that, and above a bar.
     void WriteSettings(const std::string& more = {}) const;
     [[nodiscard]] std::string Settings() const;
 
@@ -134,6 +135,7 @@ public:
     }
 
     VirtualDisplay display_;
+    std::string scale_;  // pixels of the screen to one of the window's; empty: 1
     std::optional<Child> program_;
     // Beside the display's own: NAME=VALUE, or NAME alone for what is not to be set.
     std::vector<std::string> environment_;

@@ -35,7 +35,7 @@ protected:
     // At whole multiples the picture's size tells the window's.
     void StartWithList() {
         WriteSettings("StageList = 255\r\n");
-        std::ofstream(Folder() / "bin/Scenara.ini", std::ios::binary)
+        std::ofstream(Folder() / "bin/Scenara.ini", std::ios::binary | std::ios::app)
             << "WholeMultiplesOnly = True\r\n";
         Start();
     }
@@ -190,7 +190,8 @@ protected:
     }
 };
 
-TEST_F(HalfTiled, AWindowKeepsItsSize) {
+TEST_F(HalfTiled, APlainWindowKeepsItsSize) {
+    std::ofstream(Folder() / "bin/Scenara.ini", std::ios::binary) << "Additions = False\r\n";
     StartWithBar();
     display_.Do("windowsize --sync " + MainWindow() + " 800 559");
     EXPECT_TRUE(Eventually([&] { return PictureSize() == kTwice; }));

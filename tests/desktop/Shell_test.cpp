@@ -3,6 +3,7 @@
 // What is around a stage in the real window: the first start, the ways to a stage, the list, the
 // limiter, and what is remembered.
 #include <filesystem>
+#include <fstream>
 #include <string>
 
 #include <gmock/gmock.h>
@@ -24,7 +25,8 @@ constexpr int kPrevious = 222;
 constexpr int kNext = 250;
 constexpr int kRandom = 273;
 
-TEST_F(DesktopProgram, TheFirstStartAsksForTheFolderUntilOneIsChosen) {
+TEST_F(DesktopProgram, PlainlyTheFirstStartAsksForTheFolderUntilOneIsChosen) {
+    std::ofstream(Folder() / "bin/Scenara.ini", std::ios::binary) << "Additions = False\r\n";
     Start();
     ExpectBox();
     Key("Return");
@@ -101,21 +103,46 @@ TEST_F(DesktopProgram, AFileOnTheCommandLineThatIsNotThereIsReported) {
     EXPECT_EQ(WaitForEnd(), 0);
 }
 
-TEST_F(DesktopProgram, TheListComesAndGoesAndThePictureKeepsItsSize) {
+TEST_F(DesktopProgram, TheListComesAndGoesAndTheWindowKeepsItsSize) {
+    constexpr std::uint32_t kPaper = 0xFFFFFF;
     StartWithBar();
-    EXPECT_TRUE(Eventually([&] { return PictureSize() == SeenSize{320, 240}; }));
-    const auto width = [&] {
-        const std::string geometry = display_.Answer("getwindowgeometry --shell " + MainWindow());
-        const std::size_t at = geometry.find("WIDTH=");
-        return at == std::string::npos ? std::string() : geometry.substr(at, 9);
+    const SeenSize size = WindowSize();
+    const int before = BarLeft();
+    for (int time = 0; time < 2; ++time) {
+        EXPECT_GT(Count(kPaper), 10000);
+        ClickAt(kStageList, kBarMiddle);
+        EXPECT_TRUE(Eventually([&] { return BarLeft() == before + 80; })) << "in the middle";
+        EXPECT_TRUE(Eventually([&] { return Count(kPaper) < 1000; }));
+        EXPECT_EQ(PictureSize(), (SeenSize{320, 240}));
+        ClickAt(kStageList, kBarMiddle);
+        EXPECT_TRUE(Eventually([&] { return BarLeft() == before; }));
+        EXPECT_EQ(PictureSize(), (SeenSize{320, 240}));
+        EXPECT_EQ(WindowSize(), size);
+    }
+}
+
+// Also where a window manager puts a frame around it.
+TEST_F(DesktopProgram, TheWindowComesUpWhereItWas) {
+    StartWithBar();
+    const auto geometry = [&] {
+        const std::string shell = display_.Answer("getwindowgeometry --shell " + MainWindow());
+        return shell.substr(shell.find("\nX="));
     };
-    EXPECT_EQ(width(), "WIDTH=480");
-    ClickAt(kStageList, kBarMiddle);
-    EXPECT_TRUE(Eventually([&] { return width() == "WIDTH=320"; })) << width();
-    EXPECT_TRUE(Eventually([&] { return PictureSize() == SeenSize{320, 240}; }));
-    ClickAt(kStageList, kBarMiddle);
-    EXPECT_TRUE(Eventually([&] { return width() == "WIDTH=480"; })) << width();
-    EXPECT_TRUE(Eventually([&] { return PictureSize() == SeenSize{320, 240}; }));
+    const std::string first = geometry();
+    display_.Do("windowmove --sync " + MainWindow() + " 150 130");
+    display_.Do("windowsize --sync " + MainWindow() + " 700 500");
+    ASSERT_TRUE(Eventually([&] { return WindowSize() == SeenSize{700, 500}; }));
+    const std::string moved = geometry();
+    ASSERT_NE(moved, first);
+    Key("alt+F4");
+    ASSERT_EQ(WaitForEnd(), 0);
+    for (int start = 0; start < 2; ++start) {
+        Start();
+        ExpectWindow("^Scenara 1.0");
+        EXPECT_TRUE(Eventually([&] { return geometry() == moved; })) << geometry() << moved;
+        Key("alt+F4");
+        ASSERT_EQ(WaitForEnd(), 0);
+    }
 }
 
 TEST_F(DesktopProgram, EverythingIsRememberedAtTheSecondStart) {

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
 //
 // The debug tools and the frame limiter in the real window.
+#include <algorithm>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <set>
 #include <string>
 
 #include <gmock/gmock.h>
@@ -28,11 +31,17 @@ protected:
         DesktopProgram::SetUp();
         StartWithBar();
     }
+    // The camera's bar takes of the picture's room.
+    void BeginEditing() {
+        const int top = OfView(0, 0).y;
+        Key("alt+o");
+        Key("b");
+        ASSERT_TRUE(Eventually([&] { return BarWidth() == 8 && OfView(0, 0).y < top; }));
+    }
 };
 
 TEST_F(DesktopTools, AnElementIsDraggedAndDumped) {
-    Key("alt+o");
-    Key("b");
+    BeginEditing();
     const int before = BarLeft();
     const std::string window = MainWindow();
     display_.Do("mousemove --window " + window + " 200 120 mousedown 1");
@@ -52,19 +61,18 @@ TEST_F(DesktopTools, AnElementIsDraggedAndDumped) {
     Key("b");
     // Where the picture was dragged up from there is nothing any more.
     EXPECT_TRUE(Eventually([&] { return PictureSize() == SeenSize{320, 230}; })) << "no frame";
-    EXPECT_EQ(Title(), "Dumped to " + display_.Folder() + "bin/chek.txt") << "no other stage";
+    EXPECT_THAT(Title(), testing::AnyOf("bar", "Dumped to " + display_.Folder() + "bin/chek.txt"))
+        << "no other stage";
 }
 
 TEST_F(DesktopTools, TheCamerasBarMovesThePicture) {
-    const SeenSize without = WindowSize();
-    Key("alt+o");
-    Key("b");
-    ASSERT_TRUE(Eventually([&] { return WindowSize().height > without.height; }));
-    EXPECT_EQ(WindowSize().width, without.width);
+    const SeenSize size = WindowSize();
+    BeginEditing();
+    EXPECT_EQ(WindowSize(), size);
     const int before = BarLeft();
     const std::string window = MainWindow();
     // Its thumb is in the middle, as the camera is.
-    const std::string y = " " + std::to_string(without.height + 6);
+    const std::string y = " " + std::to_string(size.height - 6);
     display_.Do("mousemove --window " + window + " 240" + y + " mousedown 1");
     display_.Do("mousemove --window " + window + " 270" + y);
     EXPECT_TRUE(Eventually([&] { return BarLeft() < before - 10; })) << "to the left";
@@ -75,30 +83,112 @@ TEST_F(DesktopTools, TheCamerasBarMovesThePicture) {
     display_.Do("mouseup 1");
 }
 
-TEST_F(DesktopTools, TheBrowserShowsSpritesAtTheirOwnSizeAndLeavesThem) {
-    Key("alt+o");
-    Key("b");
-    Key("alt+d");
-    ExpectTitle("(1\\3)  Group: 0  Image: 0");
-    EXPECT_TRUE(Eventually([&] { return PictureSize() == SeenSize{640, 240}; }));
-    EXPECT_FALSE(std::filesystem::exists(Folder() / "bin/chek.txt")) << "with Alt it is no dump";
+// How often each pixel of a tile is shown, each way: as its caption tells, and as the screen does.
+int TimesIn(const std::string& title) {
+    return std::atoi(title.c_str() + title.rfind(' '));
+}
 
+TEST_F(DesktopTools, TheBrowserShowsSpritesAsLargeAsFitsAndLeavesTheWindowAlone) {
+    constexpr int kTile = kTileWidth * kTileHeight;
+    const auto times = [this](const std::string& place, std::uint32_t colour) {
+        EXPECT_TRUE(Eventually([&] { return Title().starts_with(place); })) << Title();
+        EXPECT_TRUE(Eventually([&] {
+            const int each = TimesIn(Title());
+            return each > 0 && Count(colour) == each * each * kTile;
+        })) << Title()
+            << " " << Count(colour);
+        return TimesIn(Title());
+    };
     const SeenSize size = WindowSize();
-    ClickAt(size.width - 6, size.height - 6);  // the bar's button for the next one
-    ExpectTitle("(2\\3)  Group: 0  Image: 1");
-    EXPECT_TRUE(Eventually([&] { return Count(kLeaf) == kTileWidth * kTileHeight; }));
-    Key("Right");
-    ExpectTitle("(3\\3)  Group: 0  Image: 2");
-    EXPECT_TRUE(Eventually([&] { return Count(kBrick) == kTileWidth * kTileHeight; }));
-
     Key("alt+d");
+    EXPECT_TRUE(Eventually([&] { return Title().starts_with("(1\\3)  Group: 0  Image: 0"); }));
+    EXPECT_FALSE(std::filesystem::exists(Folder() / "bin/chek.txt")) << "with Alt it is no dump";
+    EXPECT_EQ(WindowSize(), size);
+
+    ClickAt(size.width - 6, size.height - 6);  // the bar's button for the next one
+    const int fits = times("(2\\3)  Group: 0  Image: 1", kLeaf);
+    EXPECT_GT(fits, 1);
+    Key("Right");
+    EXPECT_EQ(times("(3\\3)  Group: 0  Image: 2", kBrick), fits);
+    ClickAt(size.width / 3, size.height / 2);
+    display_.Do("click 5");  // the wheel
+    EXPECT_TRUE(Eventually([&] { return TimesIn(Title()) < fits; })) << Title();
+    const int less = times("(3\\3)", kBrick);
+    Key("Left");
+    EXPECT_EQ(times("(2\\3)", kLeaf), less) << "what was chosen holds";
+    EXPECT_EQ(WindowSize(), size);
+
+    Key("Escape");
     ExpectTitle("bar");
-    EXPECT_TRUE(Eventually([&] { return PictureSize().height == 240; }));
+    EXPECT_EQ(WindowSize(), size);
     EXPECT_TRUE(Eventually([&] { return BarWidth() == 8; }));
     const int before = BarLeft();
     display_.Do("keydown Right");
     EXPECT_TRUE(Eventually([&] { return BarLeft() < before - 20; })) << "the stage goes on";
     display_.Do("keyup Right");
+}
+
+// On a screen with more pixels to one of the window's.
+class DesktopScale : public DesktopProgram, public testing::WithParamInterface<const char*> {};
+
+TEST_P(DesktopScale, TheBrowsersPixelsAreTheScreens) {
+    scale_ = GetParam();
+    WriteSettings();
+    Start({}, StagePath("bar"));
+    ExpectTitle("bar");
+    Key("alt+d");
+    EXPECT_TRUE(Eventually([&] { return Title().starts_with("(1\\3)"); })) << Title();
+    Key("End");
+    EXPECT_TRUE(Eventually([&] { return Title().starts_with("(3\\3)"); })) << Title();
+    EXPECT_TRUE(Eventually([&] {
+        const int each = TimesIn(Title());
+        return each > 0 && Count(kBrick) == each * each * kTileWidth * kTileHeight;
+    })) << Title()
+        << " " << Count(kBrick);
+}
+
+INSTANTIATE_TEST_SUITE_P(Factors, DesktopScale, testing::Values("1.25", "1.5", "2"),
+                         [](const auto& row) {
+                             std::string name = row.param;
+                             std::ranges::replace(name, '.', '_');
+                             return "Of" + name;
+                         });
+
+// A stage with more problems than boxes.
+class DesktopProblems : public DesktopProgram {};
+
+TEST_F(DesktopProblems, AreSaidInAFewBoxesAndListed) {
+    std::ofstream(StagePath("bar"), std::ios::app)
+        << "[BG a]\ntype = normal\nspriteno = 0,0\nvelocity = 1e99\n"
+        << "[BG b]\ntype = normal\nspriteno = 0,0\nvelocity = 1e99\n"
+        << "[BG c]\ntype = normal\nspriteno = 0,0\nvelocity = 1e99\n"
+        << "[BG d]\ntype = normal\nspriteno = 0,0\nvelocity = 1e99\n"
+        << "[BG e]\ntype = normal\nspriteno = 0,0\nvelocity = 1e99\n";
+    WriteSettings();
+    Start({}, StagePath("bar"));
+    // Three, and one that says how many more; each is another window.
+    std::set<std::string> boxes;
+    for (int i = 0; i < 4; ++i) {
+        EXPECT_TRUE(Eventually([&] {
+            const std::string box = Box();
+            return !box.empty() && boxes.insert(box).second;
+        })) << i;
+        Key("Return");
+    }
+    ExpectTitle("bar");
+    ExpectNoBox();
+
+    Key("alt+x");
+    Key("p");
+    ExpectWindow("^Problems$");
+    // The stage goes on, and the keys are the list's.
+    const int before = BarLeft();
+    display_.Do("keydown Right");
+    EXPECT_EQ(BarLeft(), before);
+    display_.Do("keyup Right");
+    Key("Escape");
+    EXPECT_TRUE(Eventually([&] { return Window("^Problems$").empty(); }));
+    ExpectTitle("bar");
 }
 
 // A stage with the two tiles over its picture.

@@ -38,12 +38,24 @@ public:
     }
     void SetCaption(const std::string& caption) override { Note("caption " + caption); }
     [[nodiscard]] InnerSize LargestPicture() override { return largest; }
+    [[nodiscard]] InnerSize PictureRoom() override { return room; }
+    [[nodiscard]] InnerSize BoxOnScreen() override { return box; }
+    void FillBox(const InnerSize& size, const std::vector<std::uint32_t>& pixels,
+                 const std::string& text) override {
+        Note("fill " + std::to_string(size.width) + "x" + std::to_string(size.height) +
+             (text.empty() ? "" : " " + text));
+        filled = pixels;
+    }
+    void CaptionChanged() override { Note("title"); }
 
     std::vector<std::string> Take() { return std::exchange(calls_, {}); }
 
     std::function<void()> onEvents;
     BrowserPicture shown;
     InnerSize largest{1024, 700};
+    InnerSize room{320, 240};
+    InnerSize box{100, 80};
+    std::vector<std::uint32_t> filled;
 
 private:
     void Note(std::string call) { calls_.push_back(std::move(call)); }
@@ -83,8 +95,8 @@ protected:
     Byte mode = 0;
     ScrollBar bar;
     RecordedBrowserWindow window;
-    View viewSize;
-    SpriteBrowser browser{model, viewSize, mode, bar, window};
+    ViewOptions options = kPlainView;
+    SpriteBrowser browser{model, options, mode, bar, window};
 };
 
 // --- the menu item ---
@@ -103,12 +115,14 @@ TEST_F(SpriteBrowserMenu, OpensAtTheFirstSprite) {
                                            "caption (1\\2)  Group: 7  Image: 3"));
 }
 
-TEST_F(SpriteBrowserMenu, ClosesToTheSizeOfTheView) {
+TEST_F(SpriteBrowserMenu, ClosesToTheSizeFromBefore) {
+    window.room = {500, 300};
     OpenWithThree();
+    window.room = {200, 50};
     browser.mnuDebug_Click();
     EXPECT_EQ(mode, 0);
     EXPECT_FALSE(bar.Visible);
-    EXPECT_THAT(window.Take(), ElementsAre("size 320x240"));
+    EXPECT_THAT(window.Take(), ElementsAre("size 500x300"));
 }
 
 TEST_F(SpriteBrowserMenu, OpensWhereItWasLeft) {

@@ -36,6 +36,9 @@ Waiter Sprite(Long value) {
 Waiter Scroll(Long value) {
     return {[value](FormEvents& to) { to.hscSGFX_Scroll(value); }, Kind::SpriteBar};
 }
+Waiter Start(const char* path) {
+    return {[path](FormEvents& to) { to.Form_OLEDragDrop({path}); }, Kind::Request};
+}
 Waiter Select(Long index) {
     return {[index](FormEvents& to) { to.lstStages_Click(index); }, Kind::Once};
 }
@@ -71,6 +74,8 @@ TEST(Waiting, AreToldInTheirOrderAndTheLastMoveCounts) {
     ExpectTold("a released thumb takes the place of the scrolling",
                {Scroll(1), Scroll(2), Sprite(2)}, "sprite 2");
     ExpectTold("and the scrolling that of an earlier one", {Sprite(3), Scroll(4)}, "scroll 4");
+    ExpectTold("of later starts the last one counts", {Start("/a"), Select(1), Start("/b")},
+               "list 1, drop /b");
 }
 
 TEST(Waiting, WhatLeavesTheStageIsKnownUntilItIsTold) {
@@ -86,6 +91,12 @@ TEST(Waiting, WhatLeavesTheStageIsKnownUntilItIsTold) {
         static_cast<void>(events.TakeFirst());
         EXPECT_EQ(events.LeavingWaits(), waits);
     }
+}
+
+TEST(Waiting, ALaterStartLeavesTheStage) {
+    WaitingEvents events;
+    events.Add(Start("/a").event, Kind::Request);
+    EXPECT_TRUE(events.LeavingWaits());
 }
 
 TEST(Waiting, AThousandMovesAreOne) {

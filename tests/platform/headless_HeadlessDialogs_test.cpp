@@ -14,13 +14,13 @@ TEST(HeadlessDialogs, AnswersInOrderAndThenCancels) {
     dialogs.Answer("/mugen");
     dialogs.Answer("");
     dialogs.Answer("30");
-    EXPECT_EQ(dialogs.BrowseForFolder("where?"), "/mugen");
+    EXPECT_EQ(dialogs.BrowseForFolder("where?", "/home"), "/mugen");
     EXPECT_EQ(dialogs.OpenFile("Choose!", "/mugen/stages/"), "");
     EXPECT_EQ(dialogs.InputBox("Max FPS?"), "30");
     EXPECT_EQ(dialogs.InputBox("Max FPS?"), "");
     using Kind = DialogQuestion::Kind;
     EXPECT_THAT(dialogs.Asked(),
-                ElementsAre(DialogQuestion{Kind::BrowseForFolder, "where?", ""},
+                ElementsAre(DialogQuestion{Kind::BrowseForFolder, "where?", "/home"},
                             DialogQuestion{Kind::OpenFile, "Choose!", "/mugen/stages/"},
                             DialogQuestion{Kind::InputBox, "Max FPS?", ""},
                             DialogQuestion{Kind::InputBox, "Max FPS?", ""}));

@@ -159,6 +159,7 @@ TEST_F(PosixFilesReading, AForbiddenFileIsDenied) {
                     ThrowsMessage<RunTimeError>("Permission denied: " + path));
     }
     EXPECT_TRUE(files_.List(At("closed"), "").empty());
+    EXPECT_TRUE(files_.ListFolders(At("closed")).empty());
 }
 
 TEST_F(PosixFilesWriting, AFolderThatMayNotBeWrittenToStaysAsItIs) {
@@ -322,6 +323,7 @@ TEST_F(PosixFilesOddities, AnEmptyNameAndOneWithAZeroByteAreNoFiles) {
     }
     EXPECT_EQ(Get("kfm.def"), "stage") << "neither emptied nor deleted";
     EXPECT_TRUE(files_.List(At("") + "\0x"s, ".def").empty());
+    EXPECT_TRUE(files_.ListFolders(At("") + "\0x"s).empty());
 }
 
 TEST_F(PosixFilesOddities, NamesOfAnyLengthAreLookedUp) {

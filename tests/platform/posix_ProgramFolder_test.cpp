@@ -51,6 +51,39 @@ private:
 
 class WritableFolder : public test::Disk {};
 
+TEST_F(WritableFolder, AWholePathLeadsToTheSamePlace) {
+    fs::create_directories(At("sub/stages"));
+    fs::create_symlink(At("sub"), At("link"));
+    const fs::path before = fs::current_path();
+    fs::current_path(At("sub"));
+    const std::string here = fs::current_path().string();
+    const std::string above = fs::current_path().parent_path().string();
+    const struct {
+        std::string path;
+        std::string whole;
+    } rows[] = {
+        {"a.def", here + "/a.def"},
+        {"./a.def", here + "/a.def"},
+        {"stages/", here + "/stages/"},
+        {"/a.def", "/a.def"},
+        {".", here + "/"},
+        {"./", here + "/"},
+        {"././stages//x", here + "/stages/x"},
+        {"..", above},
+        {"stages/..", here},
+        {"../link", above + "/link"},
+        {"../link/.", here},
+        {"../link/../a.def", above + "/a.def"},
+        {"../sub/stages/", here + "/stages"},
+        {"missing/..", "missing/.."},
+        {"\xFF\n", here + "/\xFF\n"},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(WholePath(row.path), row.whole);
+    }
+    fs::current_path(before);
+}
+
 TEST(ExecutableFolder, HoldsTheRunningProgram) {
     const std::string folder = ExecutableFolder();
     EXPECT_THAT(folder, EndsWith("/"));

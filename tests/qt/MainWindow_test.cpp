@@ -5,15 +5,19 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QDialog>
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QImage>
 #include <QListWidget>
 #include <QMenuBar>
 #include <QMimeData>
+#include <QMouseEvent>
 #include <QScreen>
 #include <QScrollBar>
+#include <QTimer>
 #include <QUrl>
+#include <QWindow>
 #include <cstdint>
 #include <functional>
 #include <string>
@@ -26,6 +30,7 @@
 #include "platform/qt/DesktopPicture.h"
 #include "platform/qt/FullScreenWindow.h"
 #include "platform/qt/PictureWidget.h"
+#include "platform/qt/Questions.h"
 #include "qt/ShownWindow.h"
 
 namespace scenara::test {
@@ -206,7 +211,7 @@ TEST_F(WindowSizes, OfAWindowThatIsMaximisedOrFullScreenAreNotAskedFor) {
 
 TEST_F(WindowSizes, OfAWindowUnderTheFullScreenAreNotAskedFor) {
     FullScreenWindow fullScreen(window);
-    fullScreen.Show();
+    fullScreen.Show(FullScreenForm::Beneath::Stays);
     Size(400, 300);
     ExpectInside(320, 240);
     fullScreen.Hide();
@@ -225,6 +230,57 @@ TEST_F(WindowSizes, TheLargestInnerOneLeavesRoomForTheBars) {
     Pump();
     EXPECT_EQ(with.width, without.width);
     EXPECT_EQ(with.height, without.height - Bar().height());
+}
+
+// --- where the user had it ---
+
+struct Stands {
+    const char* name;
+    WindowStand wanted;
+    WindowStand comesUp;
+};
+
+using Spot = WindowStand::Spot;
+
+// The screen of these tests is 800 x 800.
+const Stands kStands[] = {
+    {"AsItWas", {Spot{60, 50}, {500, 300}}, {Spot{60, 50}, {500, 300}}},
+    {"Maximised", {Spot{60, 50}, {500, 300}, true}, {Spot{60, 50}, {500, 300}, true}},
+    {"LargerThanTheScreen", {Spot{0, 0}, {1500, 900}}, {Spot{0, 0}, {800, 800}}},
+};
+
+class ComesUp : public Main, public testing::WithParamInterface<Stands> {};
+
+TEST_P(ComesUp, WhereTheUserHadIt) {
+    MainWindow other(form);
+    RecordedEvents events;
+    other.SetEvents(&events);
+    other.ComeUpAt(GetParam().wanted);
+    EXPECT_EQ(other.Stand(), (WindowStand{GetParam().comesUp.spot, GetParam().comesUp.size,
+                                          GetParam().wanted.maximised}))
+        << "before it is shown";
+    other.Show();
+    Pump(other);
+    EXPECT_EQ(other.Stand(), GetParam().comesUp);
+    EXPECT_EQ(other.isMaximized(), GetParam().comesUp.maximised);
+    EXPECT_EQ(events.width, other.centralWidget()->width());
+    other.setWindowState(Qt::WindowNoState);
+    Pump(other);
+    EXPECT_EQ(other.size(), QSize(GetParam().comesUp.size.width, GetParam().comesUp.size.height));
+}
+
+INSTANTIATE_TEST_SUITE_P(Of, ComesUp, testing::ValuesIn(kStands),
+                         [](const auto& row) { return row.param.name; });
+
+TEST_F(Main, ComesUpAnywhereButOutOfReach) {
+    MainWindow other(form);
+    RecordedEvents events;
+    other.SetEvents(&events);
+    other.ComeUpAt({Spot{5000, -400}, {500, 300}});
+    other.Show();
+    Pump(other);
+    EXPECT_TRUE(other.screen()->geometry().contains(other.geometry().topLeft()));
+    EXPECT_EQ(other.size(), QSize(500, 300));
 }
 
 // --- the bars ---
@@ -437,7 +493,7 @@ TEST_F(Main, ShowsThePictureThatStandsAsTheFormHasIt) {
     Pump();
     EXPECT_EQ(corner(window.Picture()), kColour);
 
-    fullScreen.Show();
+    fullScreen.Show(FullScreenForm::Beneath::Stays);
     fullScreen.Picture().resize(480, 360);
     EXPECT_EQ(corner(fullScreen.Picture()), kColour);
     form.presentation = {};
@@ -477,10 +533,10 @@ TEST_F(Main, StandsOverTheWholeScreenWhileTheFullScreenDoes) {
     FullScreenWindow fullScreen(window);
     window.MoveTo(20 * kUnitsPerPixel, 30 * kUnitsPerPixel);
     Pump();
-    const ScreenSize screen = window.Screen();
+    const WindowPlace screen = window.Screen();
     const WindowPlace before = window.Place();
     EXPECT_NE(before.width, screen.width);
-    fullScreen.Show();
+    fullScreen.Show(FullScreenForm::Beneath::Stays);
     EXPECT_EQ(window.Place().left, 0);
     EXPECT_EQ(window.Place().top, 0);
     EXPECT_EQ(window.Place().width, screen.width);
@@ -489,6 +545,46 @@ TEST_F(Main, StandsOverTheWholeScreenWhileTheFullScreenDoes) {
     Pump();
     EXPECT_EQ(window.Place().width, before.width);
     EXPECT_EQ(window.Place().left, before.left);
+}
+
+TEST_F(Main, ThePointerIsHiddenOverTheFullScreenWhenItRests) {
+    FullScreenWindow fullScreen(window);
+    fullScreen.Show(FullScreenForm::Beneath::Stays);
+    const auto isHidden = [&] { return fullScreen.cursor().shape() == Qt::BlankCursor; };
+    for (int time = 0; time < 2; ++time) {
+        EXPECT_FALSE(isHidden());
+        EXPECT_TRUE(QTest::qWaitFor(isHidden, 20000));
+        QMouseEvent move(QEvent::MouseMove, QPointF(50, 60), QPointF(50, 60), Qt::NoButton,
+                         Qt::NoButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(&fullScreen.Picture(), &move);
+    }
+    EXPECT_FALSE(isHidden());
+    fullScreen.Hide();
+}
+
+// In its place: a task bar has one entry, and boxes belong to what is seen.
+TEST_F(Main, TheFullScreenBelongsToTheWindowAndBoxesBelongToIt) {
+    FullScreenWindow fullScreen(window);
+    Questions questions(window);
+    EXPECT_EQ(questions.Owner(), &window);
+    const WindowHandle handle = fullScreen.Show(FullScreenForm::Beneath::Stays);
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_EQ(fullScreen.windowHandle()->transientParent(), window.windowHandle());
+    EXPECT_EQ(questions.Owner(), &fullScreen);
+    QDialog box(questions.Owner());
+    QTimer::singleShot(0, &box, [&] {
+        EXPECT_TRUE(QTest::qWaitFor([&] { return box.isActiveWindow(); }, 20000));
+        EXPECT_EQ(window.Foreground(), handle) << "a box counts as what it belongs to";
+        box.accept();
+    });
+    EXPECT_EQ(questions.Ask(box), QDialog::Accepted);
+    EXPECT_EQ(window.Foreground(), handle);
+    fullScreen.Hide();
+    EXPECT_EQ(questions.Owner(), &window);
+    fullScreen.Show(FullScreenForm::Beneath::Hides);
+    EXPECT_FALSE(window.isVisible());
+    fullScreen.Hide();
+    EXPECT_TRUE(window.isVisible());
 }
 
 TEST_F(Main, TheFullScreenFollowsTheScreenWhileItIsThereAndNotAfterwards) {
@@ -502,7 +598,7 @@ TEST_F(Main, TheFullScreenFollowsTheScreenWhileItIsThereAndNotAfterwards) {
         return fullScreen.geometry();
     };
     for (int time = 0; time < 3; ++time) {
-        fullScreen.Show();
+        fullScreen.Show(FullScreenForm::Beneath::Stays);
         EXPECT_EQ(afterAChange(), window.screen()->geometry());
         fullScreen.Hide();
         EXPECT_EQ(afterAChange(), elsewhere);

@@ -3,8 +3,10 @@
 // What stands on the screen's own pixels, and what the pointer is told to be over.
 #include "platform/qt/PictureWidget.h"
 
+#include <QApplication>
 #include <QImage>
 #include <QPainter>
+#include <QWheelEvent>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -70,6 +72,59 @@ TEST_F(Picture, OfItsOwnIsShownOneToOneUntilItEnds) {
 TEST_F(Picture, OfItsOwnWithoutAnyPixelIsBlack) {
     widget.ShowOwn(0, 0, {});
     EXPECT_EQ(Seen().pixel(0, 0), kBlack);
+}
+
+TEST_F(Picture, ThatFillsTheBoxIsPointedAtByItsOwnPixels) {
+    widget.SetPresentation({ShownSizes::WholeMultiples, Scaling::Nearest});
+    widget.resize(640, 480);
+    const std::vector<std::uint32_t> pixels(std::size_t{640} * 480, kGreen);
+    widget.Fill(640, 480, pixels, {});
+    EXPECT_EQ(Seen().pixel(639, 479), kGreen);
+    SendMouse(widget, QEvent::MouseButtonPress, {600, 434}, Qt::LeftButton, Qt::LeftButton);
+    EXPECT_EQ(told, "down 600 434; ");
+    widget.EndOwn();
+    told.clear();
+    SendMouse(widget, QEvent::MouseButtonPress, {600, 434}, Qt::LeftButton, Qt::LeftButton);
+    EXPECT_NE(told, "down 600 434; ") << "of the view";
+}
+
+TEST_F(Picture, ThatFillsTheBoxHasItsTextInTheMiddle) {
+    const std::vector<std::uint32_t> pixels(std::size_t{320} * 240, kBlack);
+    const auto bright = [&] {
+        const QImage seen = Seen();
+        int count = 0;
+        for (int y = 100; y < 140; ++y) {
+            for (int x = 0; x < 320; ++x) {
+                count += seen.pixel(x, y) != kBlack ? 1 : 0;
+            }
+        }
+        return count;
+    };
+    widget.Fill(320, 240, pixels, QStringLiteral("No sprites"));
+    EXPECT_GT(bright(), 50);
+    widget.Fill(320, 240, pixels, {});
+    EXPECT_EQ(bright(), 0);
+}
+
+TEST_F(Picture, ThatFillsTheBoxTellsOfTheWheelWithItsPlace) {
+    std::string turned;
+    widget.SetWheelObserver([&](int notches, std::int32_t x, std::int32_t y) {
+        turned +=
+            std::to_string(notches) + " at " + std::to_string(x) + " " + std::to_string(y) + "; ";
+    });
+    const auto turn = [&](int by) {
+        QWheelEvent event(QPointF(30, 40), widget.mapToGlobal(QPointF(30, 40)), {}, {0, by},
+                          Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&widget, &event);
+    };
+    turn(120);
+    EXPECT_EQ(turned, "") << "the view's is for others";
+    widget.Fill(320, 240, std::vector<std::uint32_t>(std::size_t{320} * 240, kBlack), {});
+    turn(120);
+    turn(60);
+    turn(60);
+    turn(-360);
+    EXPECT_EQ(turned, "1 at 30 40; 1 at 30 40; -3 at 30 40; ");
 }
 
 TEST_F(Picture, TellsOfTheLeftButtonAndThePointer) {

@@ -3,14 +3,19 @@
 // Boxes and dialogs while the program stands still, and when it ends under them.
 #include "platform/qt/Questions.h"
 
+#include <QDir>
+#include <QFileDialog>
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTimer>
+#include <cstddef>
 #include <functional>
+#include <optional>
 #include <string>
+#include <vector>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -118,6 +123,34 @@ TEST_F(AskedQuestions, ATextIsTaken) {
     EXPECT_EQ(dialogs.InputBox("Max FPS?"), "");
 }
 
+TEST_F(AskedQuestions, OneOfSeveralAnswersIsChosen) {
+    const std::vector<std::string> answers = {"This", "That & more", "Neither"};
+    for (std::size_t wanted = 0; wanted < answers.size(); ++wanted) {
+        WhenOpen([&](QWidget& open) {
+            EXPECT_EQ(open.windowTitle(), "The title");
+            EXPECT_EQ(dynamic_cast<QMessageBox&>(open).text(), "Which?");
+            open.findChildren<QPushButton*>().at(static_cast<int>(wanted))->click();
+        });
+        EXPECT_EQ(dialogs.ChooseAnswer("Which?", answers), wanted);
+    }
+    WhenOpen([](QWidget& open) { dynamic_cast<QMessageBox&>(open).reject(); });
+    EXPECT_EQ(dialogs.ChooseAnswer("Which?", answers), std::nullopt);
+}
+
+TEST_F(AskedQuestions, AFolderIsAskedForFromTheUsersOwnOrTheGivenOneOn) {
+    const auto beginning = [&](const std::string& initial) {
+        QString folder;
+        WhenOpen([&](QWidget& open) {
+            folder = dynamic_cast<QFileDialog&>(open).directory().absolutePath();
+            dynamic_cast<QFileDialog&>(open).reject();
+        });
+        EXPECT_EQ(dialogs.BrowseForFolder("Point", initial), "");
+        return folder;
+    };
+    EXPECT_EQ(beginning(""), QDir::homePath());
+    EXPECT_EQ(beginning("/usr"), "/usr");
+}
+
 // --- withdrawn ---
 
 TEST_F(AskedQuestions, CloseAsByCancelWhenTheyAreWithdrawn) {
@@ -151,7 +184,8 @@ TEST_F(AskedQuestions, AreNotAskedAfterwards) {
     EXPECT_EQ(questions.Ask(dialog), QDialog::Rejected);
     EXPECT_EQ(dialogs.InputBox("Max FPS?"), "");
     EXPECT_EQ(dialogs.OpenFile("Choose", "/"), "");
-    EXPECT_EQ(dialogs.BrowseForFolder("Point"), "");
+    EXPECT_EQ(dialogs.BrowseForFolder("Point", ""), "");
+    EXPECT_EQ(dialogs.ChooseAnswer("Which?", {"This"}), std::nullopt);
 }
 
 TEST_F(AskedQuestions, WhatIsSaidAfterwardsGoesToStandardError) {

@@ -160,6 +160,33 @@ TEST_P(ScreenScale, EveryPixelOfTheAreaIsPainted) {
     }
 }
 
+// Every pixel of the area is one of them.
+TEST_P(ScreenScale, WhatFillsTheAreaStandsOnThePixelsOfTheScreen) {
+    picture.show();
+    for (const QRect area : {QRect(0, 0, 320, 240), QRect(0, 21, 321, 243), QRect(7, 19, 533, 307),
+                             QRect(3, 5, 100, 77)}) {
+        SCOPED_TRACE(testing::Message() << area.x() << " " << area.y() << " " << area.width());
+        Place(area);
+        const QSize size = PictureWidget::SizeOnScreen(area, GetParam());
+        ASSERT_EQ(size, onScreen.size());
+        std::vector<std::uint32_t> pixels;
+        for (int i = 0; i < size.width() * size.height(); ++i) {
+            pixels.push_back(0xFF000000 | static_cast<std::uint32_t>(i * 7919));
+        }
+        const QImage screen =
+            Painted([&] { picture.Fill(size.width(), size.height(), pixels, {}); });
+        ExpectPainted(screen);
+        for (int y = 0; y < size.height(); ++y) {
+            for (int x = 0; x < size.width(); ++x) {
+                ASSERT_EQ(screen.pixel(onScreen.topLeft() + QPoint(x, y)),
+                          pixels[static_cast<std::size_t>(y * size.width() + x)])
+                    << x << ", " << y;
+            }
+        }
+        picture.EndOwn();
+    }
+}
+
 TEST_P(ScreenScale, TheViewIsShownAtItsLargestWholeMultiple) {
     picture.show();
     const std::vector<std::uint32_t> view = Pixels();

@@ -85,6 +85,41 @@ TEST(ArchiveSearch, AdditionLooksForTheDefinitionsOwnName) {
               "/mugen/stages/other.sff");
 }
 
+TEST(ArchiveSearch, AdditionLooksInTheFolderThatTheDefinitionIsIn) {
+    MemoryFiles files;
+    const std::string definition = "/other/stages/new/a.def";
+    files.Put("/other/stages/new/a.sff", std::string("its own name"));
+    files.Put("/other/stages/b.sff", std::string("as written"));
+    const auto find = [&](const ViewOptions& options) {
+        return FindArchive(files, "stages/b.sff", "/mugen/", definition, options);
+    };
+    EXPECT_EQ(find({}), "/other/stages/b.sff");
+    EXPECT_EQ(find(kPlainView), "");
+    files.Put("/mugen/stages/b.sff", std::string("the user's"));
+    EXPECT_EQ(find({}), "/mugen/stages/b.sff");
+}
+
+TEST(EngineFolder, IsWhatHasTheLastFolderStages) {
+    const struct {
+        const char* definition;
+        const char* folder;
+    } rows[] = {
+        {"/mugen/stages/a.def", "/mugen/"},
+        {"/mugen/STAGES/new/a.def", "/mugen/"},
+        {"/stages/mugen/stages/new/a.def", "/stages/mugen/"},
+        {"/stages/a.def", "/"},
+        {"C:\\Mugen\\Stages\\a.def", "C:\\Mugen\\"},
+        {"stages/a.def", ""},
+        {"/mugen/stages", ""},
+        {"/mugen/mystages/a.def", ""},
+        {"a.def", ""},
+        {"", ""},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(EngineFolderOf(row.definition), row.folder) << row.definition;
+    }
+}
+
 TEST(ArchiveSearch, AdditionLooksForTheNameInOtherLettersLast) {
     FilesOfElsewhere files;
     files.Put("/mugen/stages/yama.sff", std::string("in other letters"));

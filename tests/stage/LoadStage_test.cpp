@@ -140,6 +140,24 @@ TEST(LoadStage, MusicLiesUnderTheEngineFolder) {
     EXPECT_EQ(machine.music, "/mugen/sound\\a.mp3");
 }
 
+TEST(LoadStage, AdditionMusicIsAlsoFoundInTheFolderThatTheStageIsIn) {
+    for (const bool additions : {true, false}) {
+        StageMachine machine;
+        machine.view.Additions = additions;
+        const auto musicOf = [&](const std::string& name) {
+            const std::string stage = "/other/stages/test.def";
+            machine.files.Put(stage, "[Music]\r\nbgmusic = " + name + "\r\n");
+            EXPECT_TRUE(machine.LoadFile(stage));
+            return machine.music;
+        };
+        machine.files.Put("/other/sound/a.mp3", std::string("music"));
+        EXPECT_EQ(musicOf("sound/a.mp3"), additions ? "/other/sound/a.mp3" : "/mugen/sound/a.mp3");
+        EXPECT_EQ(musicOf("sound/gone.mp3"), "/mugen/sound/gone.mp3");
+        machine.files.Put("/mugen/sound/a.mp3", std::string("the user's"));
+        EXPECT_EQ(musicOf("sound/a.mp3"), "/mugen/sound/a.mp3");
+    }
+}
+
 TEST(LoadStage, MusicWithAColonIsTakenAsWritten) {
     PlainMachine machine;
     ASSERT_TRUE(machine.Load("[Music]\r\nbgmusic = d:/a.mp3\r\n"));

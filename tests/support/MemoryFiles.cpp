@@ -137,4 +137,16 @@ std::vector<std::string> MemoryFiles::List(const std::string& folder, std::strin
     return names;
 }
 
+std::vector<std::string> MemoryFiles::ListFolders(const std::string& folder) {
+    const std::string prefix = WithSeparator(Key(folder));
+    std::set<std::string> names;
+    for (const auto& [path, bytes] : files_) {
+        const std::size_t end = path.find('/', prefix.size());
+        if (path.starts_with(prefix) && end != std::string::npos) {
+            names.insert(path.substr(prefix.size(), end - prefix.size()));
+        }
+    }
+    return {names.begin(), names.end()};
+}
+
 }  // namespace scenara::test

@@ -70,6 +70,7 @@ public:
     void ReplaceFile(const std::string& path, std::string_view bytes) override;
     void Delete(const std::string& path) override;
     std::vector<std::string> List(const std::string& folder, std::string_view extension) override;
+    std::vector<std::string> ListFolders(const std::string& folder) override;
     // A folder is there when a file is in it, however deep.
     bool FolderExists(const std::string& path) override;
     std::string ProgramFolder() override { return "/program/"; }

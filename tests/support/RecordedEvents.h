@@ -24,13 +24,18 @@ public:
         return wantsMore;
     }
     void Form_KeyDown(VirtualKey key) override { Add("key", static_cast<Long>(key)); }
-    void Form_OLEDragDrop(const std::string& path) override { Add("drop " + path); }
+    void Form_OLEDragDrop(const std::vector<std::string>& paths) override {
+        for (const std::string& path : paths) {
+            Add("drop " + path);
+        }
+    }
     void Menu_Click(Menu item) override { Add("menu", static_cast<Long>(item)); }
     void MnuRecentFiles_Click(Long index) override { Add("recent", index); }
     void lstStages_Click(Long index) override { Add("list", index); }
     void Form_MouseDown(Long x, Long y) override { Add("down", x, y); }
     void Form_MouseMove(Long x, Long y) override { Add("move", x, y); }
     void Form_MouseUp() override { Add("up"); }
+    void Form_MouseWheel(Long notches, Long x, Long y) override { Add("wheel", notches, x, y); }
     void hscHScroll_Change(Long value) override { Add("camera", value); }
     void hscSGFX_Change(Long value) override { Add("sprite", value); }
     void hscSGFX_Scroll(Long value) override { Add("scroll", value); }

@@ -120,6 +120,7 @@ TEST(CommandLine, EveryNeedsTheNameOfAPictureWhereverThatStands) {
 TEST(CommandLine, HelpNeedsNothingElse) {
     EXPECT_TRUE(ParseCommandLine({"--help"}).help);
     EXPECT_TRUE(ParseCommandLine({"--every", "2", "--help"}).help);
+    EXPECT_TRUE(ParseCommandLine({"--version"}).version);
 }
 
 TEST(CommandLine, SaysWhatIsMissingOrUnknown) {

@@ -6,6 +6,7 @@
 #include <rapidjson/document.h>
 
 #include "ShotProgram.h"
+#include "base/Version.h"
 #include "support/FuzzChecks.h"
 
 namespace scenara::test {
@@ -82,6 +83,11 @@ TEST_F(ScenaraShot, HelpGoesToStandardOutput) {
     EXPECT_EQ(Run("--help"), 0);
     EXPECT_THAT(out_, HasSubstr("--sprites DIR"));
     EXPECT_THAT(out_, HasSubstr("two steps a frame")) << "how far keys move the camera";
+}
+
+TEST_F(ScenaraShot, TheVersionIsThatOfEveryProgram) {
+    EXPECT_EQ(Run("--version"), 0);
+    EXPECT_EQ(out_, VersionLine());
 }
 
 TEST_F(ScenaraShot, AResultThatCannotBeWrittenIsAFailure) {

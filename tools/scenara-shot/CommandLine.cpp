@@ -112,6 +112,8 @@ ShotOptions ParseCommandLine(const std::vector<std::string>& words) {
             options.plain = true;
         } else if (word == "--help") {
             options.help = true;
+        } else if (word == "--version") {
+            options.version = true;
         } else if (word.starts_with("--")) {
             throw std::invalid_argument("there is no option " + word);
         } else if (options.stage.empty()) {
@@ -120,7 +122,7 @@ ShotOptions ParseCommandLine(const std::vector<std::string>& words) {
             throw std::invalid_argument("one stage at a time: " + options.stage + " or " + word);
         }
     }
-    if (!options.help) {
+    if (!options.help && !options.version) {
         RequireSense(options);
     }
     return options;
@@ -132,6 +134,7 @@ std::string UsageText() {
            "           [--size WxH] [--zoom Z] [--smooth] [--model FILE.json]\n"
            "           [--sprites DIR] [--plain]\n"
            "       scenara-shot --help\n"
+           "       scenara-shot --version\n"
            "\n"
            "Shows a stage without a window.\n"
            "\n"
@@ -153,6 +156,7 @@ std::string UsageText() {
            "  --sprites DIR      write every sprite as NNNN_group_image.png\n"
            "  --plain            plain reading, without additions\n"
            "  --help             this text\n"
+           "  --version          the program's name and version\n"
            "\n"
            "Keys are down in exactly their frames, and none after the script. The camera\n"
            "moves by two steps a frame while a direction is held, seen in the next frame\n"

@@ -29,6 +29,7 @@ struct ShotOptions {
     bool info = false;                       // --info
     bool plain = false;                      // --plain
     bool help = false;                       // --help
+    bool version = false;                    // --version
 };
 
 // Raises std::invalid_argument, with a sentence for people, for words that do not make sense.

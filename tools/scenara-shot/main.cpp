@@ -13,6 +13,7 @@
 #include "base/Path.h"
 #include "base/RunTimeError.h"
 #include "base/Text.h"
+#include "base/Version.h"
 #include "platform/png/LibPngPictures.h"
 #include "platform/posix/PosixFiles.h"
 #include "platform/posix/ProgramFolder.h"
@@ -146,6 +147,10 @@ ExitStatus Run(const std::vector<std::string>& words) {
     }
     if (options.help) {
         std::cout << UsageText();
+        return kShown;
+    }
+    if (options.version) {
+        std::cout << VersionLine();
         return kShown;
     }
     return Shoot(options);

@@ -28,6 +28,15 @@ public:
 
     void Advance(std::uint32_t frames = 1) { counter_ += kCountsPerFrame * frames; }
 
+    // The program sleeps: it wakes with the first count that is not too early.
+    void Sleep(std::int64_t nanoseconds) {
+        constexpr std::int64_t kNanosecondsPerSecond = 1'000'000'000;
+        const std::int64_t seconds = nanoseconds / kNanosecondsPerSecond;
+        const std::int64_t rest = nanoseconds % kNanosecondsPerSecond * kFrequency;
+        counter_ +=
+            seconds * kFrequency + (rest + kNanosecondsPerSecond - 1) / kNanosecondsPerSecond;
+    }
+
     // From now on each look at the counter takes so long: the machine is slow.
     void SetCountsPerLook(std::int64_t counts) { countsPerLook_ = counts; }
 

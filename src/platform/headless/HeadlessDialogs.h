@@ -5,8 +5,11 @@
 // user who cancels.
 #pragma once
 
+#include <algorithm>
+#include <cstddef>
 #include <deque>
 #include <functional>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -16,11 +19,11 @@
 namespace scenara {
 
 struct DialogQuestion {
-    enum class Kind { BrowseForFolder, OpenFile, InputBox };
+    enum class Kind { BrowseForFolder, OpenFile, InputBox, ChooseAnswer };
 
     Kind kind = Kind::InputBox;
     std::string text;           // the prompt or the title
-    std::string initialFolder;  // of OpenFile
+    std::string initialFolder;  // of BrowseForFolder and OpenFile
 
     friend bool operator==(const DialogQuestion&, const DialogQuestion&) = default;
 };
@@ -36,8 +39,9 @@ public:
     // All of them, oldest first.
     [[nodiscard]] const std::vector<DialogQuestion>& Asked() const { return asked_; }
 
-    [[nodiscard]] std::string BrowseForFolder(const std::string& prompt) override {
-        return Ask({DialogQuestion::Kind::BrowseForFolder, prompt, {}});
+    [[nodiscard]] std::string BrowseForFolder(const std::string& prompt,
+                                              const std::string& initialFolder) override {
+        return Ask({DialogQuestion::Kind::BrowseForFolder, prompt, initialFolder});
     }
     [[nodiscard]] std::string OpenFile(const std::string& title,
                                        const std::string& initialFolder) override {
@@ -45,6 +49,21 @@ public:
     }
     [[nodiscard]] std::string InputBox(const std::string& prompt) override {
         return Ask({DialogQuestion::Kind::InputBox, prompt, {}});
+    }
+    void ShowProblems(const ProblemList& problems) override { shown_ = &problems; }
+
+    // The list that was shown last; none yet: nullptr.
+    [[nodiscard]] const ProblemList* Problems() const { return shown_; }
+
+    // The scripted answer is one of those that there are to choose from.
+    [[nodiscard]] std::optional<std::size_t> ChooseAnswer(
+        const std::string& text, const std::vector<std::string>& answers) override {
+        const std::string answer = Ask({DialogQuestion::Kind::ChooseAnswer, text, {}});
+        const auto chosen = std::find(answers.begin(), answers.end(), answer);
+        if (chosen == answers.end()) {
+            return std::nullopt;
+        }
+        return static_cast<std::size_t>(chosen - answers.begin());
     }
 
 private:
@@ -64,6 +83,7 @@ private:
     std::deque<std::string> answers_;
     Observer observer_;
     std::vector<DialogQuestion> asked_;
+    const ProblemList* shown_ = nullptr;
 };
 
 }  // namespace scenara

@@ -15,8 +15,9 @@ public:
 
     explicit HeadlessFullScreen(HeadlessWindow& window) : window_(window) {}
 
-    WindowHandle Show() override {
+    WindowHandle Show(Beneath mainWindow) override {
         shown_ = true;
+        beneath_ = mainWindow;
         window_.SetForeground(kHandle);
         return kHandle;
     }
@@ -26,10 +27,13 @@ public:
     }
 
     [[nodiscard]] bool Shown() const { return shown_; }
+    // What became of the main window when it was shown last.
+    [[nodiscard]] Beneath MainWindow() const { return beneath_; }
 
 private:
     HeadlessWindow& window_;
     bool shown_ = false;
+    Beneath beneath_ = Beneath::Stays;
 };
 
 }  // namespace scenara

@@ -17,6 +17,7 @@
 
 #include "platform/Form.h"
 #include "platform/Window.h"
+#include "platform/headless/HeadlessClock.h"
 
 namespace scenara {
 
@@ -40,13 +41,39 @@ public:
     // The picture of its own that was shown last.
     [[nodiscard]] const Picture& OwnPicture() const { return picture_; }
 
+    // What filled the picture's box last.
+    [[nodiscard]] const Picture& Filled() const { return filled_; }
+    [[nodiscard]] const std::string& BoxText() const { return boxText_; }
+
     HeadlessWindow() = default;
     explicit HeadlessWindow(Script script) : script_(std::move(script)) {}
+
+    // Which clock goes on while the program sleeps; outlives it.
+    void SetClock(HeadlessClock* clock) { clock_ = clock; }
 
     // Who hears of sizes from now on; outlives it.
     void SetEvents(FormEvents* events) { events_ = events; }
 
     void Show() override { ++showCount_; }
+    void ComeUpAt(const WindowStand& stand) override {
+        stand_ = stand;
+        inner_ = {stand.size.width - frame_.width, stand.size.height - frame_.height};
+        const WindowStand::Spot spot = stand.spot.value_or(WindowStand::Spot());
+        left_ = spot.left * kUnitsPerPixel;
+        top_ = spot.top * kUnitsPerPixel;
+        maximised_ = stand.maximised;
+        sizeCame_ = true;
+    }
+    [[nodiscard]] WindowStand Stand() const override {
+        if (maximised_) {
+            WindowStand stand = stand_;
+            stand.maximised = true;
+            return stand;
+        }
+        return {WindowStand::Spot{left_ / kUnitsPerPixel, top_ / kUnitsPerPixel},
+                {inner_.width + frame_.width, inner_.height + frame_.height},
+                false};
+    }
     void Size(Long width, Long height) override {
         wishes_.push_back({width, height});
         wished_ = wishes_.back();
@@ -59,9 +86,23 @@ public:
         }
     }
     [[nodiscard]] bool MessageWaiting() override { return messageWaiting_ || sizeCame_; }
-    [[nodiscard]] ScreenSize Screen() const override {
-        return {kScreenWidth * kUnitsPerPixel, kScreenHeight * kUnitsPerPixel};
+    // Not at all while a message waits; else as long as it may.
+    void SleepUntilMessage(std::int64_t nanoseconds) override {
+        if (!MessageWaiting() && clock_ != nullptr) {
+            clock_->Sleep(nanoseconds);
+            sleeps_.push_back(nanoseconds);
+            if (atWaking_) {
+                atWaking_(*this);
+            }
+        }
     }
+    [[nodiscard]] bool IsSeen() const override { return seen_; }
+    [[nodiscard]] WindowPlace Screen() const override {
+        return {screenLeft_ * kUnitsPerPixel, 0, kScreenWidth * kUnitsPerPixel,
+                kScreenHeight * kUnitsPerPixel};
+    }
+    [[nodiscard]] InnerSize WorkArea() const override { return workArea_; }
+    [[nodiscard]] InnerSize Around() const override { return frame_; }
     [[nodiscard]] InnerSize RoomFor(const CanvasSize& size) const override {
         return roomForView_.value_or(InnerSize{size.width, size.height});
     }
@@ -92,6 +133,12 @@ public:
     void ShowPicture(Long width, Long height, std::span<const std::uint32_t> pixels) override {
         picture_ = {width, height, {pixels.begin(), pixels.end()}};
     }
+    [[nodiscard]] InnerSize BoxOnScreen() const override { return box_.value_or(inner_); }
+    void FillBox(const InnerSize& box, std::span<const std::uint32_t> pixels,
+                 const std::string& text) override {
+        filled_ = {box.width, box.height, {pixels.begin(), pixels.end()}};
+        boxText_ = text;
+    }
     [[nodiscard]] WindowHandle Foreground() const override { return foreground_; }
     [[nodiscard]] bool EndRequested() const override { return endRequested_; }
 
@@ -106,16 +153,29 @@ public:
     }
     // What its maximise button does: it covers the screen, and is given no other size.
     void Maximise() {
+        stand_ = Stand();
         MoveTo(WindowPlace{0, 0, Screen().width, Screen().height});
         maximised_ = true;
     }
     // What stands around the inner area, in pixels: at first nothing.
     void SetFrame(const InnerSize& frame) { frame_ = frame; }
+    // What the system leaves to windows: at first the whole screen.
+    void SetWorkArea(const InnerSize& size) { workArea_ = size; }
+    // The screen that the window is on stands so many pixels right of all others.
+    void SetScreenLeft(Long left) { screenLeft_ = left; }
+    // How large the picture's box is on the screen: at first as the inner area.
+    void SetPictureBox(const InnerSize& size) { box_ = size; }
     // What the view takes on another screen: at first as many pixels as it has.
     void SetRoomForView(const InnerSize& size) { roomForView_ = size; }
 
     // Whether a message waits, from now on: at first there always is one, so every look pumps.
     void SetMessageWaiting(bool waiting) { messageWaiting_ = waiting; }
+
+    // What happens at the end of each sleep.
+    void SetAtWaking(Script script) { atWaking_ = std::move(script); }
+
+    // What minimising the window and bringing it back does.
+    void SetSeen(bool seen) { seen_ = seen; }
 
     // What the user does while a frame takes long, at each look.
     void SetDuringPass(Script script) { duringPass_ = std::move(script); }
@@ -132,6 +192,8 @@ public:
     [[nodiscard]] const std::vector<std::string>& Captions() const { return captions_; }
     // Every size that was asked for, oldest first.
     [[nodiscard]] const std::vector<InnerSize>& Wishes() const { return wishes_; }
+    // How long the program slept each time, oldest first, in nanoseconds.
+    [[nodiscard]] const std::vector<std::int64_t>& Sleeps() const { return sleeps_; }
     [[nodiscard]] std::size_t DoEventsCount() const { return doEventsCount_; }
     [[nodiscard]] std::size_t ShowCount() const { return showCount_; }
 
@@ -148,22 +210,32 @@ private:
 
     Script script_;
     Script duringPass_;
+    Script atWaking_;
     FormEvents* events_ = nullptr;
+    HeadlessClock* clock_ = nullptr;
+    std::vector<std::int64_t> sleeps_;
     std::vector<std::string> captions_;
     Long left_ = 0;
     Long top_ = 0;
     InnerSize inner_{CanvasSize().width, CanvasSize().height};
     InnerSize frame_;
     std::optional<InnerSize> roomForView_;
+    InnerSize workArea_{kScreenWidth, kScreenHeight};
+    Long screenLeft_ = 0;
+    WindowStand stand_;  // while it is maximised: as it was before
     std::vector<InnerSize> wishes_;
     std::optional<InnerSize> wished_;  // not answered yet
     Picture picture_;
+    std::optional<InnerSize> box_;
+    Picture filled_;
+    std::string boxText_;
     WindowHandle foreground_ = kHandle;
     std::size_t doEventsCount_ = 0;
     std::size_t showCount_ = 0;
     bool sizeCame_ = false;  // and is to be reported
     bool maximised_ = false;
     bool messageWaiting_ = true;
+    bool seen_ = true;
     bool leavingWaits_ = false;
     bool endRequested_ = false;
 };

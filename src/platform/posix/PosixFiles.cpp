@@ -188,7 +188,11 @@ void PosixFiles::Delete(const std::string& path) {
     }
 }
 
-std::vector<std::string> PosixFiles::List(const std::string& folder, std::string_view extension) {
+namespace {
+
+// Those whose names are wanted and that are of the kind of file `kind`, sorted.
+template <class IsWanted>
+std::vector<std::string> Listed(const std::string& folder, mode_t kind, const IsWanted& isWanted) {
     const std::string resolved = HasZeroByte(folder) ? std::string() : ResolvePath(folder);
     const auto close = [](DIR* dir) { ::closedir(dir); };
     const std::unique_ptr<DIR, decltype(close)> dir(::opendir(resolved.c_str()), close);
@@ -200,14 +204,26 @@ std::vector<std::string> PosixFiles::List(const std::string& folder, std::string
     while (const dirent* entry = ::readdir(dir.get())) {  // NOLINT(concurrency-mt-unsafe)
         const std::string_view name = entry->d_name;
         struct stat status {};
-        if (EndsWithIgnoringCase(name, extension) &&
-            ::fstatat(::dirfd(dir.get()), entry->d_name, &status, 0) == 0 &&
-            S_ISREG(status.st_mode)) {
+        if (isWanted(name) && ::fstatat(::dirfd(dir.get()), entry->d_name, &status, 0) == 0 &&
+            (status.st_mode & S_IFMT) == kind) {
             names.emplace_back(name);
         }
     }
     std::sort(names.begin(), names.end(), SortsBefore);
     return names;
+}
+
+}  // namespace
+
+std::vector<std::string> PosixFiles::List(const std::string& folder, std::string_view extension) {
+    return Listed(folder, S_IFREG, [extension](std::string_view name) {
+        return EndsWithIgnoringCase(name, extension);
+    });
+}
+
+std::vector<std::string> PosixFiles::ListFolders(const std::string& folder) {
+    return Listed(folder, S_IFDIR,
+                  [](std::string_view name) { return name != "." && name != ".."; });
 }
 
 bool PosixFiles::FolderExists(const std::string& path) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/posix/ProgramFolder.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdlib>
 #include <filesystem>
@@ -53,6 +54,20 @@ std::string WritableProgramFolder(const std::string& executableFolder) {
         }
     }
     return "./";
+}
+
+// "a/.." is not where "a" is when that is a link, so only the file system tells.
+std::string WholePath(const std::string& path) {
+    std::error_code error;  // a folder on the way is gone
+    const fs::path whole = fs::absolute(path, error).lexically_normal();
+    const fs::path given(path);
+    if (std::find(given.begin(), given.end(), "..") == given.end()) {
+        return error ? path : whole.string();
+    }
+    const bool endsSo =
+        given.filename() == ".." || given.filename() == "." || given.filename().empty();
+    const fs::path folder = fs::canonical(endsSo ? given : given.parent_path(), error);
+    return error ? path : (endsSo ? folder : folder / given.filename()).string();
 }
 
 TemporaryFolder::TemporaryFolder() {

@@ -16,6 +16,11 @@ namespace scenara {
 // program (made when missing), else the current folder. With a separator at its end.
 [[nodiscard]] std::string WritableProgramFolder(const std::string& executableFolder);
 
+// The path from the root, without "." and ".."; for a program that changes its folder, and shows
+// the path to its user. Links are followed only where ".." makes it necessary. As it is where a
+// folder on the way is gone.
+[[nodiscard]] std::string WholePath(const std::string& path);
+
 // A new, empty folder of this run's own, removed with all that is in it at the end. For programs
 // that may run many at a time and leave nothing behind.
 class TemporaryFolder : NotCopied {

@@ -6,38 +6,20 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstdlib>
-#include <memory>
-#include <span>
+#include <cstring>
 #include <string_view>
+#include <vector>
 
 #include <xcb/xcb.h>
 
 #include "platform/qt/WaylandDisplay.h"
+#include "platform/qt/XDisplay.h"
 
 // The X library's names are macros; it comes last.
 #include <X11/XKBlib.h>
 
 namespace scenara {
 namespace {
-
-template <class Reply>
-using Owned = std::unique_ptr<Reply, decltype(&std::free)>;
-
-// None where the windows are not X's.
-xcb_connection_t* XDisplay() {
-    const auto* const x11 = qApp->nativeInterface<QNativeInterface::QX11Application>();
-    return x11 != nullptr ? x11->connection() : nullptr;
-}
-
-xcb_atom_t Atom(xcb_connection_t* display, std::string_view name) {
-    const Owned<xcb_intern_atom_reply_t> reply(
-        xcb_intern_atom_reply(
-            display,
-            xcb_intern_atom(display, 1, static_cast<std::uint16_t>(name.size()), name.data()),
-            nullptr),
-        &std::free);
-    return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
-}
 
 bool HasXDisplay() {
     xcb_connection_t* const connection = xcb_connect(nullptr, nullptr);
@@ -86,6 +68,17 @@ bool HasDisplay() {
     return true;
 }
 
+// An X display has screens, which are one display (":0.0" and ":0").
+std::string DisplayName() {
+    const auto* const x11 = qApp->nativeInterface<QNativeInterface::QX11Application>();
+    if (x11 != nullptr && x11->display() != nullptr) {
+        const std::string name = XDisplayString(x11->display());
+        return name.substr(0, name.find('.', std::min(name.rfind(':'), name.size())));
+    }
+    return QGuiApplication::platformName().toStdString() +
+           qEnvironmentVariable("WAYLAND_DISPLAY").toStdString();
+}
+
 void MakeAutoRepeatDetectable() {
     const auto* const x11 = qApp->nativeInterface<QNativeInterface::QX11Application>();
     if (x11 != nullptr && x11->display() != nullptr) {
@@ -103,26 +96,15 @@ void BlackenBeneath(const QWindow& window) {
 }
 
 bool IsTiled(const QWindow& window) {
-    xcb_connection_t* const display = XDisplay();
-    if (display == nullptr) {
+    if (XDisplay() == nullptr) {
         return false;
     }
     constexpr std::uint32_t kMostStates = 64;
-    const Owned<xcb_get_property_reply_t> reply(
-        xcb_get_property_reply(
-            display,
-            xcb_get_property(display, 0, static_cast<xcb_window_t>(window.winId()),
-                             Atom(display, "_NET_WM_STATE"), XCB_ATOM_ATOM, 0, kMostStates),
-            nullptr),
-        &std::free);
-    if (!reply) {
-        return false;
-    }
-    const std::span states(
-        static_cast<const xcb_atom_t*>(xcb_get_property_value(reply.get())),
-        static_cast<std::size_t>(xcb_get_property_value_length(reply.get())) / sizeof(xcb_atom_t));
+    const std::vector<std::uint32_t> states =
+        XProperty(static_cast<xcb_window_t>(window.winId()), XAtom("_NET_WM_STATE"), XCB_ATOM_ATOM,
+                  kMostStates);
     const auto has = [&](std::string_view name) {
-        return std::find(states.begin(), states.end(), Atom(display, name)) != states.end();
+        return std::find(states.begin(), states.end(), XAtom(name)) != states.end();
     };
     return has("_NET_WM_STATE_MAXIMIZED_VERT") || has("_NET_WM_STATE_MAXIMIZED_HORZ");
 }

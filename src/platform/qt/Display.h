@@ -3,6 +3,8 @@
 // Display: what must be settled with the display itself, and what only it knows.
 #pragma once
 
+#include <string>
+
 class QWindow;
 
 namespace scenara {
@@ -11,6 +13,9 @@ namespace scenara {
 // toolkit would end the program without one.) To be asked once, before the toolkit starts, which is
 // told where Wayland's is the only one: it would look for X.
 [[nodiscard]] bool HasDisplay();
+
+// What tells this display from others of the user, with the application object there.
+[[nodiscard]] std::string DisplayName();
 
 // A key that is held repeats as presses only, without releases in between.
 void MakeAutoRepeatDetectable();

@@ -4,7 +4,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QScreen>
-#include <QTimer>
+#include <QWindow>
 
 #include "platform/qt/Display.h"
 #include "platform/qt/MainWindow.h"
@@ -18,16 +18,23 @@ namespace {
 constexpr int kMostAsked = 15;
 constexpr int kAskAgain = 100;
 
+// Milliseconds for which the pointer is seen after it was moved.
+constexpr int kPointerIsSeen = 1000;
+
 }  // namespace
 
 FullScreenWindow::FullScreenWindow(MainWindow& window)
     : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint), window_(window) {
     picture_ = new PictureWidget(this);  // NOLINT(cppcoreguidelines-owning-memory): Qt's own
-    setCursor(Qt::BlankCursor);
+    picture_->setMouseTracking(true);
+    picture_->installEventFilter(this);
+    pointerRests_.setSingleShot(true);
+    pointerRests_.setInterval(kPointerIsSeen);
+    connect(&pointerRests_, &QTimer::timeout, this, [this] { setCursor(Qt::BlankCursor); });
     window_.ObserveWheel(*picture_);
 }
 
-WindowHandle FullScreenWindow::Show() {
+WindowHandle FullScreenWindow::Show(Beneath mainWindow) {
     if (!isVisible()) {
         setWindowTitle(window_.windowTitle());
         setScreen(window_.screen());
@@ -35,13 +42,33 @@ WindowHandle FullScreenWindow::Show() {
         FollowScreen();
         picture_->TakeOver(window_.Picture());
         Cover();
+        create();
+        // It belongs to the main window, if that stays: task bars show one of them.
+        const bool hides = mainWindow == Beneath::Hides;
+        windowHandle()->setTransientParent(hides ? nullptr : window_.windowHandle());
         showFullScreen();
+        ShowPointer();
         window_.CoverBy(picture_);
-        window_.hide();
+        if (hides) {
+            windowPlace_ = window_.pos();
+            window_.hide();
+        }
         window_.AwaitFocus(Handle());
         WaitForFocus();
     }
     return Handle();
+}
+
+void FullScreenWindow::ShowPointer() {
+    unsetCursor();
+    pointerRests_.start();
+}
+
+bool FullScreenWindow::eventFilter(QObject* receiver, QEvent* event) {
+    if (event->type() == QEvent::MouseMove) {
+        ShowPointer();
+    }
+    return QWidget::eventFilter(receiver, event);
 }
 
 // Asks now and then only: a window manager that is busy answers each time, all at once when it
@@ -78,10 +105,14 @@ void FullScreenWindow::Hide() {
     if (isVisible()) {
         hide();
         disconnect(screenChanges_);
+        pointerRests_.stop();
         window_.AwaitFocus(0);
         window_.CoverBy(nullptr);
         window_.Picture().TakeOver(*picture_);
-        window_.show();
+        if (!window_.isVisible()) {
+            window_.show();
+            window_.PutBack(windowPlace_);
+        }
         window_.activateWindow();
     }
 }

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
 //
-// FullScreenWindow: frmFS on a Qt desktop, with a picture of its own.
+// FullScreenWindow: frmFS on a Qt desktop, with a picture of its own. The pointer is seen over it
+// while it is moved, and for a second more.
 #pragma once
 
 #include <QMetaObject>
+#include <QPoint>
+#include <QTimer>
 #include <QWidget>
 
 #include "platform/FullScreenForm.h"
@@ -18,7 +21,7 @@ public:
     // `window` outlives it, and closes in its place.
     explicit FullScreenWindow(MainWindow& window);
 
-    WindowHandle Show() override;
+    WindowHandle Show(Beneath mainWindow) override;
     void Hide() override;
 
     [[nodiscard]] PictureWidget& Picture() { return *picture_; }
@@ -28,6 +31,7 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    bool eventFilter(QObject* receiver, QEvent* event) override;
 
 private:
     [[nodiscard]] WindowHandle Handle() const {
@@ -36,8 +40,11 @@ private:
     void WaitForFocus();
     void Cover();
     void FollowScreen();
+    void ShowPointer();
 
     MainWindow& window_;
+    QPoint windowPlace_;  // of a main window that is hidden meanwhile
+    QTimer pointerRests_;
     QMetaObject::Connection screenChanges_;  // of the screen that is covered
     PictureWidget* picture_ = nullptr;       // a child, as Qt has it
 };

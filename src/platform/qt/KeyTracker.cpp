@@ -2,6 +2,7 @@
 #include "platform/qt/KeyTracker.h"
 
 #include <QApplication>
+#include <QDialog>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QScrollBar>
@@ -11,9 +12,10 @@
 namespace scenara {
 namespace {
 
-// To an open menu, a dialog, or a text field.
+// To an open menu, a dialog, be it one that blocks nothing, or a text field.
 bool TypedElsewhere() {
-    return qobject_cast<QLineEdit*>(QApplication::focusWidget()) != nullptr ||
+    return qobject_cast<QDialog*>(QApplication::activeWindow()) != nullptr ||
+           qobject_cast<QLineEdit*>(QApplication::focusWidget()) != nullptr ||
            QApplication::activePopupWidget() != nullptr ||
            QApplication::activeModalWidget() != nullptr;
 }
@@ -78,6 +80,8 @@ std::optional<VirtualKey> VirtualKeyOf(const QKeyEvent& event) {
         case Qt::Key_Down: return VirtualKey::Down;
         case Qt::Key_Pause: return VirtualKey::Pause;
         case Qt::Key_Escape: return VirtualKey::Escape;
+        case Qt::Key_PageUp: return VirtualKey::PageUp;
+        case Qt::Key_PageDown: return VirtualKey::PageDown;
         case Qt::Key_Insert: return VirtualKey::Insert;
         case Qt::Key_Delete: return VirtualKey::Delete;
         case Qt::Key_A: return VirtualKey::A;

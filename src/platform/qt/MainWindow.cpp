@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "platform/qt/MainWindow.h"
 
-#include <QAbstractEventDispatcher>
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QCursor>
 #include <QDragEnterEvent>
-#include <QFile>
 #include <QKeyEvent>
 #include <QListWidget>
 #include <QMenu>
@@ -20,12 +19,10 @@
 #include <cmath>
 #include <utility>
 
-// Qt's "emit" and "signals" are words in this library's headers.
-#undef signals
-#include <glib.h>
-
 #include "base/Text.h"
+#include "platform/WindowOnScreens.h"
 #include "platform/qt/Display.h"
+#include "platform/qt/Launch.h"
 #include "platform/qt/MenuBar.h"
 #include "platform/qt/PictureWidget.h"
 #include "platform/qt/TitlePicture.h"
@@ -34,7 +31,7 @@ namespace scenara {
 namespace {
 
 // Milliseconds until the program is asked again that wants to be.
-constexpr int kAskAgain = 250;
+constexpr int kAskProgramAgain = 250;
 
 QString Shown(const std::string& text) {
     return QString::fromStdString(ToUtf8(text));
@@ -51,11 +48,16 @@ QString Literal(const std::string& text) {
     return shown.replace('&', "&&");
 }
 
-// The dispatcher runs on GLib's loop, so GLib knows whether something waits.
-bool RunsOnGlib() {
-    const QAbstractEventDispatcher* const dispatcher = QAbstractEventDispatcher::instance();
-    return dispatcher != nullptr &&
-           QString::fromLatin1(dispatcher->metaObject()->className()).contains("Glib");
+// Those that lie elsewhere are left out. A name is bytes, and perhaps no text.
+std::vector<std::string> LocalFiles(const QMimeData& data) {
+    std::vector<std::string> paths;
+    for (const QUrl& url : data.urls()) {
+        if (url.isLocalFile()) {
+            const QByteArray encoded = url.path(QUrl::FullyEncoded).toLatin1();
+            paths.push_back(QByteArray::fromPercentEncoding(encoded).toStdString());
+        }
+    }
+    return paths;
 }
 
 Long Units(int pixels) {
@@ -83,7 +85,7 @@ protected:
 
 }  // namespace
 
-MainWindow::MainWindow(const Form& form) : form_(form), size_(*this), seesWhatWaits_(RunsOnGlib()) {
+MainWindow::MainWindow(const Form& form) : form_(form), size_(*this) {
     wake_.setSingleShot(true);
     // Places and sizes come from the form.
     auto* const inner = new QWidget(this);  // NOLINT(cppcoreguidelines-owning-memory): Qt's own
@@ -151,7 +153,14 @@ void MainWindow::BuildBars() {
 
 void MainWindow::BuildMouse() {
     ObserveWheel(*picture_);
+    picture_->SetWheelObserver([this](Long notches, Long x, Long y) {
+        waiting_.Add([notches, x, y](FormEvents& events) { events.Form_MouseWheel(notches, x, y); },
+                     WaitingEvents::Kind::Button);
+    });
     picture_->SetMouseObserver([this](PictureWidget::Mouse what, Long x, Long y) {
+        if (what == PictureWidget::Mouse::Down && form_.hscSGFX.Visible) {
+            spriteBar_->setFocus();  // the list may have it: the keys are for the sprites again
+        }
         waiting_.Add(
             [what, x, y](FormEvents& events) {
                 switch (what) {
@@ -222,6 +231,19 @@ void MainWindow::ShowPicture(Long width, Long height, std::span<const std::uint3
     picture_->ShowOwn(width, height, pixels);
 }
 
+// The picture itself stands as the form had it when messages were let through last.
+InnerSize MainWindow::BoxOnScreen() const {
+    const PictureBox& box = form_.picDraw;
+    const QRect place(inner_->mapTo(this, QPoint(box.left, box.top)), QSize(box.width, box.height));
+    const QSize size = PictureWidget::SizeOnScreen(place, devicePixelRatioF());
+    return {size.width(), size.height()};
+}
+
+void MainWindow::FillBox(const InnerSize& box, std::span<const std::uint32_t> pixels,
+                         const std::string& text) {
+    picture_->Fill(box.width, box.height, pixels, Shown(text));
+}
+
 int MainWindow::SelectedRow() const {
     const QList<QListWidgetItem*> selected = list_->selectedItems();
     return selected.isEmpty() ? -1 : list_->row(selected.front());
@@ -285,8 +307,9 @@ void MainWindow::ShowForm() {
         picture_->setGeometry(place);
     }
     const bool showedTitle = std::exchange(showsTitle_, form_.picLoad.visible);
-    if (showsTitle_ && !showedTitle) {
-        static_cast<void>(picture_->Show(CanvasSize(), TitlePicture()));
+    const std::string noteBefore = std::exchange(titleNote_, form_.titleNote);
+    if (showsTitle_ && (!showedTitle || titleNote_ != noteBefore)) {
+        static_cast<void>(picture_->Show(CanvasSize(), TitlePicture(Shown(titleNote_))));
     }
 }
 
@@ -323,6 +346,10 @@ void MainWindow::ShowRecentFiles() {
 void MainWindow::ShowList() {
     const ListBox& list = form_.lstStages;
     const QSignalBlocker quiet(list_);  // what the program does is no click
+    if (std::exchange(filled_, list.filled) != list.filled) {
+        list_->clear();
+        listed_ = 0;
+    }
     for (; listed_ < list.items.size(); ++listed_) {
         list_->addItem(Shown(list.items[listed_]));
     }
@@ -365,17 +392,30 @@ void MainWindow::ShowMenus() {
 
 void MainWindow::Show() {
     ShowForm();
-    if (windowHandle() == nullptr) {
-        Size(form_.innerWidth, form_.innerHeight);  // the toolkit would choose one, each time
+    // The toolkit would choose a size, each time. A question before this has made the window known
+    // to the display already.
+    if (!std::exchange(wasShown_, true) && !hasStand_) {
+        const QSize wanted(form_.innerWidth, form_.innerHeight + HeightAround());
+        resize(wanted.expandedTo(minimumSizeHint()));
+        sizeCame_ = true;
     }
     if (!isVisible() && covering_ == nullptr) {
         show();
     }
 }
 
+// What stands under the full screen stays as it is.
 void MainWindow::Size(Long width, Long height) {
-    size_.Ask({width, height + HeightAround()});
+    if (covering_ == nullptr) {
+        size_.Ask({width, height + HeightAround()});
+    }
     sizeCame_ = true;  // in any case one is reported
+}
+
+void MainWindow::MoveTo(Long left, Long top) {
+    if (covering_ == nullptr) {
+        size_.AskForPlace({left / kUnitsPerPixel, top / kUnitsPerPixel});
+    }
 }
 
 // Beyond its inner area the window has just the menu bar, and the bars that the form has. (What the
@@ -409,8 +449,23 @@ void MainWindow::SetCaption(const std::string& caption) {
 }
 
 bool MainWindow::MessageWaiting() {
-    return !waiting_.Empty() || SizeIsToBeReported() || !seesWhatWaits_ || tookEventsIn_ ||
-           g_main_context_pending(nullptr) != 0;
+    return HasToDeliver() || systemEvents_.MayWait();
+}
+
+void MainWindow::SleepUntilMessage(std::int64_t nanoseconds) {
+    if (!HasToDeliver()) {
+        systemEvents_.SleepUntilAny(nanoseconds);
+    }
+}
+
+// Something that has been taken in already.
+bool MainWindow::HasToDeliver() const {
+    return !waiting_.Empty() || SizeIsToBeReported() || tookEventsIn_;
+}
+
+void MainWindow::CoverBy(PictureWidget* picture) {
+    covering_ = picture;
+    sight_.Watch(picture != nullptr ? picture->window()->windowHandle() : windowHandle());
 }
 
 void MainWindow::DoEvents() {
@@ -432,7 +487,7 @@ void MainWindow::WaitForEvents() {
     ShowForm();
     if (waiting_.Empty() && !SizeIsToBeReported() && !endRequested_) {
         if (asksAgain_) {
-            wake_.start(kAskAgain);
+            wake_.start(kAskProgramAgain);
         }
         QApplication::processEvents(QEventLoop::WaitForMoreEvents);
     }
@@ -483,15 +538,71 @@ ScreenRectangle MainWindow::Rectangle() const {
             pixels(frame.height())};
 }
 
-ScreenSize MainWindow::Screen() const {
-    const QSize size = screen()->geometry().size();
-    return {Units(size.width()), Units(size.height())};
+WindowPlace MainWindow::Screen() const {
+    const QRect place = screen()->geometry();
+    return {Units(place.left()), Units(place.top()), Units(place.width()), Units(place.height())};
+}
+
+// Before the window is there: of the screen with the pointer, where window managers put new ones.
+InnerSize MainWindow::WorkArea() const {
+    const QScreen* screenOfPointer = QGuiApplication::screenAt(QCursor::pos());
+    const QScreen& chosen =
+        windowHandle() == nullptr && screenOfPointer != nullptr ? *screenOfPointer : *screen();
+    const QSize size = chosen.availableGeometry().size();
+    return {size.width(), size.height()};
+}
+
+void MainWindow::ComeUpAt(const WindowStand& stand) {
+    std::vector<ScreenRectangle> areas;
+    for (const QScreen* const each : QGuiApplication::screens()) {
+        const QRect area = each->availableGeometry();
+        areas.push_back({area.left(), area.top(), area.width(), area.height()});
+    }
+    const WindowStand on = OnScreens(stand, areas);
+    const QSize size = QSize(on.size.width, on.size.height).expandedTo(minimumSizeHint());
+    hasStand_ = true;
+    resize(size);
+    if (on.spot) {
+        move(on.spot->left, on.spot->top);
+    }
+    size_.StandAt({size, pos()});
+    sizeCame_ = true;
+    if (on.maximised) {
+        setWindowState(Qt::WindowMaximized);
+    }
+}
+
+// A Wayland compositor does not say where a window stands.
+WindowStand MainWindow::Stand() const {
+    const WindowSize::Free& free = size_.WhenFree();
+    WindowStand stand{std::nullopt, {free.size.width(), free.size.height()}, isMaximized()};
+    if (!QGuiApplication::platformName().startsWith("wayland")) {
+        stand.spot = {free.place.x(), free.place.y()};
+    }
+    return stand;
 }
 
 WindowHandle MainWindow::Foreground() const {
     const bool ours = QGuiApplication::applicationState() == Qt::ApplicationActive;
-    QWidget* const active = ours ? QApplication::activeWindow() : nullptr;
-    return active != nullptr ? reinterpret_cast<WindowHandle>(active) : awaited_;
+    QWidget* active = ours ? QApplication::activeWindow() : nullptr;
+    if (active == nullptr) {
+        return awaited_;
+    }
+    while (active->parentWidget() != nullptr) {
+        active = active->parentWidget()->window();  // a box counts as what it belongs to
+    }
+    return reinterpret_cast<WindowHandle>(active);
+}
+
+QWidget* MainWindow::Front() {
+    return covering_ != nullptr ? covering_->window() : this;
+}
+
+void MainWindow::GiveFocusBack() {
+    if (covering_ != nullptr && !Front()->isActiveWindow()) {
+        AwaitFocus(reinterpret_cast<WindowHandle>(Front()));
+        Front()->activateWindow();
+    }
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
@@ -507,12 +618,18 @@ void MainWindow::NoteUnload() {
 void MainWindow::showEvent(QShowEvent* event) {
     QMainWindow::showEvent(event);
     BlackenBeneath(*windowHandle());
+    sight_.Watch(windowHandle());
     waiting_.Add([](FormEvents& events) { events.Form_Activate(); });
 }
 
 void MainWindow::resizeEvent(QResizeEvent* event) {
     QMainWindow::resizeEvent(event);
     size_.Came();
+}
+
+void MainWindow::moveEvent(QMoveEvent* event) {
+    QMainWindow::moveEvent(event);
+    size_.Moved();
 }
 
 void MainWindow::changeEvent(QEvent* event) {
@@ -525,7 +642,8 @@ void MainWindow::changeEvent(QEvent* event) {
 // A bar that comes or goes changes the inner area alone. What the keys have selected before a press
 // of the mouse is not of this press.
 bool MainWindow::eventFilter(QObject* receiver, QEvent* event) {
-    if (receiver == inner_ && event->type() == QEvent::Resize) {
+    if (receiver == inner_ &&
+        (event->type() == QEvent::Resize || event->type() == QEvent::ScreenChangeInternal)) {
         sizeCame_ = true;
     } else if (receiver == list_->viewport() && event->type() == QEvent::MouseButtonPress) {
         selectionNoted_ = -1;
@@ -533,21 +651,27 @@ bool MainWindow::eventFilter(QObject* receiver, QEvent* event) {
     return QMainWindow::eventFilter(receiver, event);
 }
 
+void MainWindow::TakeRequest(Request request) {
+    waiting_.Add(
+        [paths = std::move(request.paths)](FormEvents& events) { events.Form_OLEDragDrop(paths); },
+        WaitingEvents::Kind::Request);
+    QWidget* const asked = QApplication::activeModalWidget();
+    QWidget* const shown = covering_ != nullptr ? covering_->window() : this;
+    BringToFront(asked != nullptr ? *asked : *shown, request.mark);
+}
+
 void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
-    if (event->mimeData()->hasUrls()) {
+    if (!LocalFiles(*event->mimeData()).empty()) {
         event->acceptProposedAction();
     }
 }
 
 void MainWindow::dropEvent(QDropEvent* event) {
-    for (const QUrl& url : event->mimeData()->urls()) {
-        if (url.isLocalFile()) {
-            const std::string path = QFile::encodeName(url.toLocalFile()).toStdString();
-            waiting_.Add([path](FormEvents& events) { events.Form_OLEDragDrop(path); },
-                         WaitingEvents::Kind::Leaving);
-            event->acceptProposedAction();
-            return;
-        }
+    const std::vector<std::string> paths = LocalFiles(*event->mimeData());
+    if (!paths.empty()) {
+        waiting_.Add([paths](FormEvents& events) { events.Form_OLEDragDrop(paths); },
+                     WaitingEvents::Kind::Leaving);
+        event->acceptProposedAction();
     }
 }
 

@@ -19,8 +19,11 @@
 
 #include "platform/DisplayModes.h"
 #include "platform/Form.h"
+#include "platform/Request.h"
 #include "platform/WaitingEvents.h"
 #include "platform/Window.h"
+#include "platform/qt/SystemEvents.h"
+#include "platform/qt/WindowSight.h"
 #include "platform/qt/WindowSize.h"
 
 class QAction;
@@ -63,27 +66,45 @@ public:
     // The program is to end, as if the window had been closed.
     void NoteUnload();
 
+    // A later start of the program has handed this over: it is opened after what is open now, and
+    // the program comes to the front. Of several that wait the last one counts.
+    void TakeRequest(Request request);
+
     // A window with this picture stands in its place: until there is none nothing shows it.
-    void CoverBy(PictureWidget* picture) { covering_ = picture; }
+    void CoverBy(PictureWidget* picture);
+    // What the user looks at, and what boxes belong to: this one, or the one that stands in its
+    // place.
+    [[nodiscard]] QWidget* Front();
+    // A box is closed: what stands in the place of this window is what the user looks at again.
+    void GiveFocusBack();
+    // After it was hidden; a window manager may have placed it anew.
+    void PutBack(const QPoint& place) { size_.AskForPlace(place); }
     // Foreground tells of this one until a window of ours really has the focus: a window manager
     // that is busy gives it late. 0: of none.
     void AwaitFocus(WindowHandle window) { awaited_ = window; }
 
     void Show() override;
+    void ComeUpAt(const WindowStand& stand) override;
+    [[nodiscard]] WindowStand Stand() const override;
     void Size(Long width, Long height) override;
-    void MoveTo(Long left, Long top) override {
-        size_.AskForPlace({left / kUnitsPerPixel, top / kUnitsPerPixel});
-    }
+    void MoveTo(Long left, Long top) override;
     void SetCaption(const std::string& caption) override;
     [[nodiscard]] bool MessageWaiting() override;
     void DoEvents() override;
     void NoteEvents() override;
+    void SleepUntilMessage(std::int64_t nanoseconds) override;
+    [[nodiscard]] bool IsSeen() const override { return sight_.IsSeen(); }
     [[nodiscard]] bool LeavingWaits() const override {
         return endRequested_ || waiting_.LeavingWaits();
     }
     void ShowPicture(Long width, Long height, std::span<const std::uint32_t> pixels) override;
+    [[nodiscard]] InnerSize BoxOnScreen() const override;
+    void FillBox(const InnerSize& box, std::span<const std::uint32_t> pixels,
+                 const std::string& text) override;
     [[nodiscard]] WindowPlace Place() const override;
-    [[nodiscard]] ScreenSize Screen() const override;
+    [[nodiscard]] WindowPlace Screen() const override;
+    [[nodiscard]] InnerSize WorkArea() const override;
+    [[nodiscard]] InnerSize Around() const override { return {0, HeightAround()}; }
     [[nodiscard]] InnerSize RoomFor(const CanvasSize& size) const override;
     [[nodiscard]] InnerSize LargestInnerSize() const override;
     // As Foreground tells it: of several bases the widget's address counts.
@@ -101,6 +122,7 @@ protected:
     void closeEvent(QCloseEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void moveEvent(QMoveEvent* event) override;
     void changeEvent(QEvent* event) override;
     bool eventFilter(QObject* receiver, QEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
@@ -126,6 +148,7 @@ private:
     }
     void HandOver();
     [[nodiscard]] bool SizeIsToBeReported() const;
+    [[nodiscard]] bool HasToDeliver() const;
 
     const Form& form_;
     FormEvents* events_ = nullptr;
@@ -137,18 +160,23 @@ private:
     QTimer wake_;
     std::array<QAction*, kMenuCount> actions_{};
     std::vector<QAction*> recentActions_;
-    std::size_t listed_ = 0;   // how many of the form's items the list has
-    int selectionNoted_ = -1;  // the row that a press of the mouse has selected just now
+    std::size_t listed_ = 0;    // how many of the form's items the list has
+    std::uint32_t filled_ = 0;  // of which filling
+    int selectionNoted_ = -1;   // the row that a press of the mouse has selected just now
     WaitingEvents waiting_;
-    WindowSize size_;
+    mutable WindowSize size_;  // it looks at the window when it is asked
+    bool wasShown_ = false;
+    bool hasStand_ = false;  // it comes up where the user had it
+    WindowSight sight_;
+    SystemEvents systemEvents_;
     bool sizeCame_ = false;  // of the inner area; it has not been reported yet
     PictureWidget* covering_ = nullptr;
     WindowHandle awaited_ = 0;
-    bool seesWhatWaits_ = false;  // the dispatcher can tell whether something waits
-    bool tookEventsIn_ = false;   // since messages were let through
-    bool asksAgain_ = false;      // the program wants to be asked again though nothing happens
+    bool tookEventsIn_ = false;  // since messages were let through
+    bool asksAgain_ = false;     // the program wants to be asked again though nothing happens
     bool endRequested_ = false;
     bool showsTitle_ = false;
+    std::string titleNote_;  // as it is shown
 };
 
 }  // namespace scenara

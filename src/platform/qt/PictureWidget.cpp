@@ -8,6 +8,7 @@
 #include <QWheelEvent>
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 
 namespace scenara {
 namespace {
@@ -42,12 +43,8 @@ std::int32_t PixelsAtMost(std::int32_t length, double ratio) {
 
 // The pixels of the screen that show the widget.
 QSize BoxOnScreen(const QWidget& widget) {
-    const double ratio = widget.devicePixelRatioF();
-    const QPoint begin = widget.mapTo(widget.window(), QPoint());
-    const auto length = [ratio](int from, int own) {
-        return static_cast<int>(std::lround((from + own) * ratio) - std::lround(from * ratio));
-    };
-    return {length(begin.x(), widget.width()), length(begin.y(), widget.height())};
+    return PictureWidget::SizeOnScreen(
+        QRect(widget.mapTo(widget.window(), QPoint()), widget.size()), widget.devicePixelRatioF());
 }
 
 // At a whole multiple that may be there, although the window's own size says that a pixel is
@@ -126,12 +123,36 @@ void PictureWidget::TakeOver(const PictureWidget& other) {
 void PictureWidget::ShowOwn(std::int32_t width, std::int32_t height,
                             std::span<const std::uint32_t> pixels) {
     own_ = InPixelsOfTheScreen(width, height, pixels, devicePixelRatioF());
+    fills_ = false;
+    repaint();
+}
+
+QSize PictureWidget::SizeOnScreen(const QRect& place, double ratio) {
+    const auto length = [ratio](int from, int own) {
+        return static_cast<int>(std::lround((from + own) * ratio) - std::lround(from * ratio));
+    };
+    return {length(place.x(), place.width()), length(place.y(), place.height())};
+}
+
+void PictureWidget::Fill(std::int32_t width, std::int32_t height,
+                         std::span<const std::uint32_t> pixels, const QString& text) {
+    if (own_.width() != width || own_.height() != height) {
+        own_ = QImage(width, height, QImage::Format_RGB32);
+    }
+    if (!own_.isNull()) {
+        const auto room = static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
+        std::ranges::copy(pixels.first(std::min(pixels.size(), room)),
+                          reinterpret_cast<std::uint32_t*>(own_.bits()));
+    }
+    fills_ = true;
+    text_ = text;
     repaint();
 }
 
 void PictureWidget::EndOwn() {
     if (!own_.isNull()) {
         own_ = QImage();
+        fills_ = false;
         update();
     }
 }
@@ -145,10 +166,15 @@ void PictureWidget::SetSelection(const std::optional<ViewFrame>& selection) {
 
 void PictureWidget::Tell(Mouse what, const QMouseEvent& event) const {
     if (observer_) {
-        const QPointF at = event.position() * devicePixelRatioF();
-        observer_(what, fit_.ViewX(static_cast<std::int32_t>(std::floor(at.x()))),
-                  fit_.ViewY(static_cast<std::int32_t>(std::floor(at.y()))));
+        const QPoint at = OnScreen(event.position());
+        observer_(what, fills_ ? at.x() : fit_.ViewX(at.x()), fills_ ? at.y() : fit_.ViewY(at.y()));
     }
+}
+
+// In the pixels of the screen, from the widget's own corner.
+QPoint PictureWidget::OnScreen(const QPointF& place) const {
+    const QPointF at = place * devicePixelRatioF();
+    return {static_cast<int>(std::floor(at.x())), static_cast<int>(std::floor(at.y()))};
 }
 
 void PictureWidget::mousePressEvent(QMouseEvent* event) {
@@ -169,19 +195,30 @@ void PictureWidget::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 // A touchpad turns it by parts of a notch.
+int PictureWidget::NotchesOf(const QWheelEvent& event) {
+    turned_ += event.angleDelta().y();
+    const int notches = turned_ / QWheelEvent::DefaultDeltasPerStep;
+    turned_ -= notches * QWheelEvent::DefaultDeltasPerStep;
+    return notches;
+}
+
 void PictureWidget::wheelEvent(QWheelEvent* event) {
+    if (fills_ && wheelObserver_) {
+        const QPoint at = OnScreen(event->position());
+        if (const int notches = NotchesOf(*event); notches != 0) {
+            wheelObserver_(notches, at.x(), at.y());
+        }
+        event->accept();
+        return;
+    }
     if (!event->modifiers().testFlag(Qt::ControlModifier) || !zoomObserver_) {
         turned_ = 0;
         event->ignore();
         return;
     }
-    constexpr int kNotch = QWheelEvent::DefaultDeltasPerStep;
-    turned_ += event->angleDelta().y();
-    for (; turned_ >= kNotch; turned_ -= kNotch) {
-        zoomObserver_(true);
-    }
-    for (; turned_ <= -kNotch; turned_ += kNotch) {
-        zoomObserver_(false);
+    const int notches = NotchesOf(*event);
+    for (int i = 0; i < std::abs(notches); ++i) {
+        zoomObserver_(notches > 0);
     }
     event->accept();
 }
@@ -229,6 +266,16 @@ void PictureWidget::paintEvent(QPaintEvent* /*event*/) {
     if (own_.isNull() && selection_) {
         PaintSelection(painter);
     }
+    painter.end();
+    if (fills_ && !text_.isEmpty()) {
+        PaintText();
+    }
+}
+
+void PictureWidget::PaintText() {
+    QPainter painter(this);
+    painter.setPen(Qt::lightGray);
+    painter.drawText(rect(), Qt::AlignCenter | Qt::TextWordWrap, text_);
 }
 
 // Straight onto the screen, where a part of it is not all that is to be painted.

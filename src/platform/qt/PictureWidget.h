@@ -7,6 +7,7 @@
 #pragma once
 
 #include <QImage>
+#include <QString>
 #include <QWidget>
 #include <cstdint>
 #include <functional>
@@ -40,10 +41,17 @@ public:
     void ShowOwn(std::int32_t width, std::int32_t height, std::span<const std::uint32_t> pixels);
     void EndOwn();
 
+    // Fills the box, in pixels of the screen (SizeOnScreen), with a line of text in the middle;
+    // until EndOwn, too.
+    void Fill(std::int32_t width, std::int32_t height, std::span<const std::uint32_t> pixels,
+              const QString& text);
+    // How many a widget of this size has that stands there in its window.
+    [[nodiscard]] static QSize SizeOnScreen(const QRect& place, double ratio);
+
     // A frame over the view, or none.
     void SetSelection(const std::optional<ViewFrame>& selection);
 
-    // The left button and the pointer over the view, in its pixels.
+    // The left button and the pointer over the view, in its pixels; or in those that fill the box.
     enum class Mouse { Down, Move, Up };
     void SetMouseObserver(std::function<void(Mouse, std::int32_t x, std::int32_t y)> observer) {
         observer_ = std::move(observer);
@@ -52,6 +60,12 @@ public:
     // The wheel over the picture with Ctrl held, a notch at a time: forwards is in.
     void SetZoomObserver(std::function<void(bool in)> observer) {
         zoomObserver_ = std::move(observer);
+    }
+
+    // The wheel over what fills the box, in notches, and where the pointer is.
+    void SetWheelObserver(
+        std::function<void(int notches, std::int32_t x, std::int32_t y)> observer) {
+        wheelObserver_ = std::move(observer);
     }
 
     // Shows what the other one showed last.
@@ -70,7 +84,10 @@ private:
     void PaintView(QPainter& painter);
     void PaintAround(QPainter& painter, const QRect& picture) const;
     void PaintSelection(QPainter& painter) const;
+    void PaintText();
     void Tell(Mouse what, const QMouseEvent& event) const;
+    [[nodiscard]] QPoint OnScreen(const QPointF& place) const;
+    [[nodiscard]] int NotchesOf(const QWheelEvent& event);
 
     CanvasSize size_;
     std::vector<std::uint32_t> view_;  // what was shown last; empty: nothing yet
@@ -78,10 +95,13 @@ private:
     soft::CanvasScaler scaler_;
     QImage stretched_;
     PictureFit fit_;
-    QImage own_;  // null: the view is shown
+    QImage own_;          // null: the view is shown
+    bool fills_ = false;  // ... own_ fills the box
+    QString text_;        // over it
     std::optional<ViewFrame> selection_;
     std::function<void(Mouse, std::int32_t, std::int32_t)> observer_;
     std::function<void(bool)> zoomObserver_;
+    std::function<void(int, std::int32_t, std::int32_t)> wheelObserver_;
     int turned_ = 0;  // of the wheel, since the last notch that counted
 };
 

@@ -1,13 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "platform/qt/QtDialogs.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileDialog>
 #include <QInputDialog>
+#include <QMessageBox>
+#include <QPushButton>
 #include <QUrl>
+#include <algorithm>
 
 #include "base/Text.h"
 #include "platform/Form.h"
+#include "platform/qt/ProblemsWindow.h"
 #include "platform/qt/Questions.h"
 
 namespace scenara {
@@ -22,12 +27,20 @@ std::string PathOf(const QString& name) {
     return QFile::encodeName(name).toStdString();
 }
 
+QString NameOf(const std::string& path) {
+    return QFile::decodeName(QByteArray::fromStdString(path));
+}
+
 // A title is one line.
 QString OneLine(const std::string& text) {
     return Shown(text).simplified();
 }
 
 }  // namespace
+
+QtDialogs::QtDialogs(Questions& questions, const Form& form) : questions_(questions), form_(form) {}
+
+QtDialogs::~QtDialogs() = default;
 
 std::string QtDialogs::Choose(QFileDialog& dialog) {
     dialog.setSupportedSchemes({QStringLiteral("file")});
@@ -37,16 +50,17 @@ std::string QtDialogs::Choose(QFileDialog& dialog) {
     return PathOf(dialog.selectedUrls().value(0).toLocalFile());
 }
 
-std::string QtDialogs::BrowseForFolder(const std::string& prompt) {
-    QFileDialog dialog(questions_.Owner(), OneLine(prompt));
+std::string QtDialogs::BrowseForFolder(const std::string& prompt,
+                                       const std::string& initialFolder) {
+    QFileDialog dialog(questions_.Owner(), OneLine(prompt),
+                       initialFolder.empty() ? QDir::homePath() : NameOf(initialFolder));
     dialog.setFileMode(QFileDialog::Directory);
     dialog.setOption(QFileDialog::ShowDirsOnly);
     return Choose(dialog);
 }
 
 std::string QtDialogs::OpenFile(const std::string& title, const std::string& initialFolder) {
-    QFileDialog dialog(questions_.Owner(), OneLine(title),
-                       QFile::decodeName(QByteArray::fromStdString(initialFolder)),
+    QFileDialog dialog(questions_.Owner(), OneLine(title), NameOf(initialFolder),
                        QStringLiteral("*.def;;*"));
     dialog.setFileMode(QFileDialog::ExistingFile);
     return Choose(dialog);
@@ -58,6 +72,35 @@ std::string QtDialogs::InputBox(const std::string& prompt) {
     dialog.setLabelText(Shown(prompt));
     const bool taken = questions_.Ask(dialog) == QDialog::Accepted;
     return taken ? dialog.textValue().toStdString() : std::string();
+}
+
+void QtDialogs::ShowProblems(const ProblemList& problems) {
+    if (!problems_) {
+        // NOLINTNEXTLINE(cppcoreguidelines-owning-memory): its parent's
+        problems_ = new ProblemsWindow(problems, questions_.Owner());
+    }
+    problems_->ComeToFront();
+}
+
+std::optional<std::size_t> QtDialogs::ChooseAnswer(const std::string& text,
+                                                   const std::vector<std::string>& answers) {
+    QMessageBox box(questions_.Owner());
+    box.setIcon(QMessageBox::Question);
+    box.setWindowTitle(Shown(form_.title));
+    box.setTextFormat(Qt::PlainText);
+    box.setText(Shown(text));
+    std::vector<QAbstractButton*> buttons;
+    for (const std::string& answer : answers) {
+        buttons.push_back(box.addButton(Shown(answer), QMessageBox::ActionRole));
+    }
+    box.setDefaultButton(qobject_cast<QPushButton*>(buttons.front()));
+    box.addButton(QMessageBox::Cancel);
+    static_cast<void>(questions_.Ask(box));
+    const auto chosen = std::find(buttons.begin(), buttons.end(), box.clickedButton());
+    if (chosen == buttons.end()) {
+        return std::nullopt;
+    }
+    return static_cast<std::size_t>(chosen - buttons.begin());
 }
 
 }  // namespace scenara

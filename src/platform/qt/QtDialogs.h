@@ -3,7 +3,11 @@
 // QtDialogs: the program's questions as the toolkit's own dialogs over the main window.
 #pragma once
 
+#include <QPointer>
+#include <cstddef>
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "platform/Dialogs.h"
 
@@ -11,6 +15,7 @@ class QFileDialog;
 
 namespace scenara {
 
+class ProblemsWindow;
 class Questions;
 struct Form;
 
@@ -18,11 +23,16 @@ class QtDialogs : public Dialogs {
 public:
     // Those without a title of their own carry the program's, as `form` has it at that time. Both
     // outlive it.
-    QtDialogs(Questions& questions, const Form& form) : questions_(questions), form_(form) {}
+    QtDialogs(Questions& questions, const Form& form);
+    ~QtDialogs() override;
 
-    std::string BrowseForFolder(const std::string& prompt) override;
+    std::string BrowseForFolder(const std::string& prompt,
+                                const std::string& initialFolder) override;
     std::string OpenFile(const std::string& title, const std::string& initialFolder) override;
     std::string InputBox(const std::string& prompt) override;
+    void ShowProblems(const ProblemList& problems) override;
+    std::optional<std::size_t> ChooseAnswer(const std::string& text,
+                                            const std::vector<std::string>& answers) override;
 
 private:
     // The path that is chosen; empty: none.
@@ -30,6 +40,7 @@ private:
 
     Questions& questions_;
     const Form& form_;
+    QPointer<ProblemsWindow> problems_;  // the owner's, as Qt has it
 };
 
 }  // namespace scenara

@@ -35,7 +35,7 @@ void CloseAll(const Top& top, const Close& close) {
 }  // namespace
 
 QWidget* Questions::Owner() const {
-    return &window_;
+    return window_.Front();
 }
 
 int Questions::Ask(QDialog& dialog) {
@@ -51,6 +51,8 @@ int Questions::Ask(QDialog& dialog) {
         QApplication::processEvents(QEventLoop::WaitForMoreEvents);
         window_.Idle();
     }
+    dialog.hide();
+    window_.GiveFocusBack();
     return answered ? dialog.result() : QDialog::Rejected;
 }
 

@@ -20,7 +20,7 @@ public:
     // `window` outlives it.
     explicit Questions(MainWindow& window) : window_(window) {}
 
-    // The parent of what is asked.
+    // The parent of what is asked: the main window, or the full screen in its place.
     [[nodiscard]] QWidget* Owner() const;
 
     // Shows the dialog, and returns when it is answered. Its result, QDialog::Rejected when it was

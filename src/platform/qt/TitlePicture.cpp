@@ -31,9 +31,28 @@ void DrawHills(QPainter& painter, double height, double swing, double length, do
     painter.drawPolygon(outline);
 }
 
+// As large as fits its room, down to a size that can still be read.
+void DrawNote(QPainter& painter, const QString& note) {
+    constexpr int kMargin = 8;
+    constexpr int kTop = 128;
+    constexpr int kLargest = 14;
+    constexpr int kSmallest = 8;
+    constexpr int kWrapped = Qt::AlignHCenter | Qt::AlignVCenter | Qt::TextWrapAnywhere;
+    const QRect room(kMargin, kTop, kWidth - 2 * kMargin, kHeight - kTop - kMargin);
+    painter.fillRect(QRect(0, kTop, kWidth, kHeight - kTop), QColor(0x10, 0x10, 0x28, 0xC0));
+    QFont font = painter.font();
+    int size = kLargest;
+    do {
+        font.setPixelSize(size);
+        painter.setFont(font);
+    } while (painter.boundingRect(room, kWrapped, note).height() > room.height() &&
+             --size >= kSmallest);
+    painter.drawText(room, kWrapped, note);
+}
+
 }  // namespace
 
-std::vector<std::uint32_t> TitlePicture() {
+std::vector<std::uint32_t> TitlePicture(const QString& note) {
     QImage image(kWidth, kHeight, QImage::Format_RGB32);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
@@ -65,8 +84,12 @@ std::vector<std::uint32_t> TitlePicture() {
     title.setPixelSize(14);
     title.setBold(false);
     painter.setFont(title);
-    painter.drawText(QRect(0, 212, kWidth, 24), Qt::AlignHCenter | Qt::AlignVCenter,
-                     QStringLiteral("Stage > Open, or pick one from the Stage List"));
+    if (note.isEmpty()) {
+        painter.drawText(QRect(0, 212, kWidth, 24), Qt::AlignHCenter | Qt::AlignVCenter,
+                         QStringLiteral("Stage > Open, or pick one from the Stage List"));
+    } else {
+        DrawNote(painter, note);
+    }
     painter.end();
 
     const auto* const pixels = reinterpret_cast<const std::uint32_t*>(image.constBits());

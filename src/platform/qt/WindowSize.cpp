@@ -15,6 +15,10 @@ namespace {
 constexpr int kPatience = 100;
 constexpr int kMostPatience = 20;
 
+// Milliseconds after which a size or place is not one of a window that is just being maximised:
+// some window managers give it the size first, and the state later.
+constexpr qint64 kSettled = 300;
+
 }  // namespace
 
 WindowSize::WindowSize(QWidget& window) : window_(window) {
@@ -55,16 +59,42 @@ void WindowSize::AskForPlace(const QPoint& place) {
 
 void WindowSize::Came() {
     patience_.stop();
+    Moved();
+}
+
+void WindowSize::Moved() {
+    Settle();
     if (!FillsTheScreen()) {
-        free_ = window_.size();
+        newest_ = {window_.size(), window_.pos()};
+        sinceCame_.start();
     }
+}
+
+// What has stood for a while without the window filling the screen is the user's.
+void WindowSize::Settle() {
+    if (sinceCame_.isValid() && (!free_.size.isValid() || sinceCame_.hasExpired(kSettled))) {
+        free_ = newest_;
+        sinceCame_.invalidate();
+    }
+}
+
+// The place is the widget's of now: the window manager tells of the frame late, and of nothing else
+// then.
+const WindowSize::Free& WindowSize::WhenFree() {
+    Settle();
+    if (!sinceCame_.isValid() && window_.isVisible() && !FillsTheScreen()) {
+        free_ = {window_.size(), window_.pos()};
+    }
+    return free_;
 }
 
 // A Wayland compositor leaves the size to the program then. The toolkit has forgotten it where the
 // window was hidden in between.
 void WindowSize::StateCame() {
-    if (QGuiApplication::platformName().startsWith("wayland") && free_.isValid()) {
-        Ask(free_);
+    if (FillsTheScreen()) {
+        sinceCame_.invalidate();
+    } else if (QGuiApplication::platformName().startsWith("wayland") && free_.size.isValid()) {
+        Ask(free_.size);
     }
 }
 

@@ -5,12 +5,15 @@
 // Both are wishes. A window that is maximised, full screen or tiled is not asked: a Wayland
 // compositor ends the program for that. Any other request may be answered with another size, or,
 // by a tiling window manager, with none; the widget keeps its size until an answer comes.
+//
+// It also knows how the window stood last when it did not fill the screen.
 #pragma once
 
+#include <QElapsedTimer>
+#include <QPoint>
 #include <QSize>
 #include <QTimer>
 
-class QPoint;
 class QWidget;
 
 namespace scenara {
@@ -24,10 +27,20 @@ public:
     // Of the upper left corner of the window's frame.
     void AskForPlace(const QPoint& place);
 
-    // The window has got a size.
+    // The window has got a size, or a place.
     void Came();
+    void Moved();
     // The window has got another state.
     void StateCame();
+
+    // As the window is when it does not fill the screen: its size, and where its frame begins.
+    struct Free {
+        QSize size;
+        QPoint place;
+    };
+    [[nodiscard]] const Free& WhenFree();
+    // So it is to come up.
+    void StandAt(const Free& stand) { free_ = stand; }
 
     // Whether an answer may still come.
     [[nodiscard]] bool IsAwaited() const { return patience_.isActive(); }
@@ -38,8 +51,12 @@ private:
 
     [[nodiscard]] bool FillsTheScreen() const;
 
+    void Settle();
+
     QWidget& window_;
-    QSize free_;  // what it had last when it did not fill the screen
+    Free free_;
+    Free newest_;  // what came last, before it is known whether the window fills the screen
+    QElapsedTimer sinceCame_;
     QTimer patience_;
     int waited_ = 0;  // how often for an answer to the last question
 };

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+//
+// What the program takes of a processor while it shows a stage or has it shown by nobody, how
+// evenly frames come, and how soon the program is there: the figures that a run noted, for the
+// goals.
+#pragma once
+
+#include <map>
+#include <string>
+
+namespace scenara::bench {
+
+struct QuietRow {
+    const char* what;
+    const char* name;  // under which it is noted
+    const char* unit;
+    double must;  // at most
+    double aim;
+};
+
+inline constexpr QuietRow kQuietRows[] = {
+    {"CPU at 60 a second, 20 layers, 3x", "Quiet/60 a second", "%", 15, 6},
+    {"CPU while paused", "Quiet/paused", "%", 1, 0.2},
+    {"CPU while minimised", "Quiet/minimised", "%", 1, 0.2},
+    {"CPU while covered", "Quiet/covered", "%", 1, 0.2},
+    {"median frame off 1/60 s", "Pacing/median", "ms", 0.1, 0.05},
+    {"p99 of frames off 1/60 s", "Pacing/p99", "ms", 1, 0.3},
+};
+
+// By their names; those that did not run are missing.
+[[nodiscard]] std::map<std::string, double>& NotedFigures();
+
+}  // namespace scenara::bench

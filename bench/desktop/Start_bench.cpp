@@ -1,0 +1,132 @@
+// SPDX-License-Identifier: MIT
+//
+// From the start of the program to its title picture, and from the start of a bare window of the
+// same toolkit to what that paints: until a line of the screen has changed.
+#include <QGuiApplication>
+#include <QProcess>
+#include <QProcessEnvironment>
+#include <QString>
+#include <algorithm>
+#include <chrono>
+#include <cstdint>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include <benchmark/benchmark.h>
+#include <xcb/xcb.h>
+
+#include "desktop/QuietRows.h"
+#include "platform/posix/ProgramFolder.h"
+
+namespace scenara::bench {
+namespace {
+
+using StartTimer = std::chrono::steady_clock;
+
+// The line in the middle of the screen, which every window in its middle crosses, or one that
+// begins in its corner and is as high.
+std::vector<std::uint8_t> LineOfScreen(xcb_connection_t* display, int y) {
+    const xcb_screen_t& screen = *xcb_setup_roots_iterator(xcb_get_setup(display)).data;
+    const std::unique_ptr<xcb_get_image_reply_t, decltype(&std::free)> reply(
+        xcb_get_image_reply(
+            display,
+            xcb_get_image(display, XCB_IMAGE_FORMAT_Z_PIXMAP, screen.root, 0,
+                          static_cast<std::int16_t>(y), screen.width_in_pixels, 1, 0xFFFFFFFF),
+            nullptr),
+        &std::free);
+    if (!reply) {
+        return {};
+    }
+    const std::uint8_t* const bytes = xcb_get_image_data(reply.get());
+    return {bytes, bytes + xcb_get_image_data_length(reply.get())};
+}
+
+std::vector<std::uint8_t> Seen(xcb_connection_t* display) {
+    std::vector<std::uint8_t> seen;
+    const int height = xcb_setup_roots_iterator(xcb_get_setup(display)).data->height_in_pixels;
+    for (const int y : {150, height / 2}) {
+        const std::vector<std::uint8_t> line = LineOfScreen(display, y);
+        seen.insert(seen.end(), line.begin(), line.end());
+    }
+    return seen;
+}
+
+// How many different pixels there are more: what a window system fills with one colour before the
+// program paints is no picture.
+std::size_t Colours(const std::vector<std::uint8_t>& seen) {
+    std::vector<std::uint32_t> colours;
+    for (std::size_t i = 0; i + 4 <= seen.size(); i += 4) {
+        colours.push_back(seen[i] | seen[i + 1] << 8U | std::uint32_t{seen[i + 2]} << 16U);
+    }
+    std::ranges::sort(colours);
+    const auto repeated = std::ranges::unique(colours);
+    return colours.size() - repeated.size();
+}
+
+// Milliseconds; below 0: nothing came within ten seconds.
+double StartTime(const QString& program, const std::string& folder) {
+    constexpr double kMost = 10'000;
+    xcb_connection_t* const display = xcb_connect(nullptr, nullptr);
+    const std::size_t before = Colours(Seen(display));
+    QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("XDG_RUNTIME_DIR", QString::fromStdString(folder));  // alone there
+    process.setProcessEnvironment(environment);
+    const auto begun = StartTimer::now();
+    process.start(program, {});
+    double took = 0;
+    while (Colours(Seen(display)) == before && took < kMost) {
+        std::this_thread::sleep_for(std::chrono::microseconds(500));
+        took = std::chrono::duration<double, std::milli>(StartTimer::now() - begun).count();
+    }
+    process.terminate();
+    process.waitForFinished();
+    while (Colours(Seen(display)) != before) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+    xcb_disconnect(display);
+    return took < kMost ? took : -1;
+}
+
+void Start(benchmark::State& state, const char* name, const char* program) {
+    const TemporaryFolder folder;
+    // The settings stand beside the program.
+    const std::string own = folder.Path() + "program";
+    std::filesystem::copy_file(program, own);
+    std::ofstream(folder.Path() + "QX.CFG")
+        << "MugeDir = " << SCENARA_BUNDLED_STAGES << "/\r\nBGMusic = False\r\n";
+    std::vector<double> times;
+    for (auto _ : state) {
+        times.push_back(StartTime(QString::fromStdString(own), folder.Path()));
+        state.SetIterationTime(times.back() / 1000);
+    }
+    std::ranges::sort(times);
+    if (times.front() < 0) {
+        state.SkipWithError("no window was seen");
+        return;
+    }
+    NotedFigures()[name] = times[times.size() / 2];
+}
+
+constexpr int kStarts = 15;
+
+BENCHMARK_CAPTURE(Start, program, "Start/program", SCENARA_PROGRAM)
+    ->Name("Start/program")
+    ->Iterations(kStarts)
+    ->Repetitions(1)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Start, bare, "Start/bare window", SCENARA_BARE_WINDOW)
+    ->Name("Start/bare window")
+    ->Iterations(kStarts)
+    ->Repetitions(1)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond);
+
+}  // namespace
+}  // namespace scenara::bench

@@ -1,0 +1,119 @@
+// SPDX-License-Identifier: MIT
+#include "app/GivenPaths.h"
+
+#include <algorithm>
+#include <span>
+#include <string_view>
+
+#include "app/MugenFolder.h"
+#include "app/StageFiles.h"
+#include "base/Path.h"
+#include "base/Text.h"
+
+namespace scenara {
+namespace {
+
+constexpr std::string_view kExtension = ".def";
+
+std::span<const std::string> Looked(const std::vector<std::string>& paths) {
+    return std::span(paths).first(std::min(paths.size(), kMostGivenPaths));
+}
+
+bool IsDefinition(std::string_view path) {
+    return path.size() > kExtension.size() &&
+           EqualsIgnoringCase(path.substr(path.size() - kExtension.size()), kExtension);
+}
+
+// The first definition in the folder that is what is wanted; empty: none.
+template <class IsWanted>
+std::string FirstIn(Files& files, const std::string& folder, const IsWanted& isWanted) {
+    for (const std::string& name : files.List(WithSeparator(folder), kExtension)) {
+        if (const std::string path = JoinPath(folder, name); isWanted(files, path)) {
+            return path;
+        }
+    }
+    return {};
+}
+
+class Looking {
+public:
+    Looking(Files& files, GivenPaths& given) : files_(files), given_(given) {}
+
+    void AtFolder(const std::string& folder) {
+        const std::string mugenFolder = MugenFolderOf(files_, folder);
+        if (!mugenFolder.empty()) {
+            TakeFirst(given_.mugenFolder, mugenFolder);
+        } else if (const std::string stage = FirstIn(files_, folder, IsStage); !stage.empty()) {
+            given_.stages.push_back(stage);
+        } else if (const std::string hero = FirstIn(files_, folder, IsChar); !hero.empty()) {
+            TakeFirst(given_.character, hero);
+        } else {
+            TakeOther(folder, true);
+        }
+    }
+
+    void AtFile(const std::string& file, bool isAlone) {
+        const bool isLookedInto = isAlone || IsDefinition(file);
+        if (isLookedInto && IsStage(files_, file)) {
+            given_.stages.push_back(file);
+        } else if (isLookedInto && IsChar(files_, file)) {
+            TakeFirst(given_.character, file);
+        } else {
+            TakeOther(file, false);
+        }
+    }
+
+private:
+    static void TakeFirst(std::string& first, const std::string& path) {
+        if (first.empty()) {
+            first = path;
+        }
+    }
+    void TakeOther(const std::string& path, bool isFolder) {
+        if (given_.other.empty()) {
+            given_.other = path;
+            given_.otherIsFolder = isFolder;
+        }
+    }
+
+    Files& files_;
+    GivenPaths& given_;
+};
+
+}  // namespace
+
+GivenPaths LookAt(Files& files, const std::vector<std::string>& paths) {
+    GivenPaths given;
+    Looking looking(files, given);
+    for (const std::string& path : Looked(paths)) {
+        if (path.empty()) {
+            continue;
+        }
+        if (files.FolderExists(path)) {
+            looking.AtFolder(path);
+        } else {
+            looking.AtFile(path, paths.size() == 1);
+        }
+    }
+    return given;
+}
+
+std::string MugenFolderOf(Files& files, const std::string& folder) {
+    if (HasStages(files, folder)) {
+        return folder;
+    }
+    return IsCalledStages(folder) ? FolderAbove(folder) : std::string();
+}
+
+std::string MugenFolderAmong(Files& files, const std::vector<std::string>& paths) {
+    for (const std::string& path : Looked(paths)) {
+        if (!path.empty() && files.FolderExists(path)) {
+            if (const std::string folder = MugenFolderOf(files, path); !folder.empty()) {
+                return folder;
+            }
+        }
+    }
+    return {};
+}
+
+}  // namespace scenara

@@ -1,0 +1,200 @@
+// SPDX-License-Identifier: MIT
+#include "platform/qt/Launch.h"
+
+#include <QApplication>
+#include <QTimer>
+#include <QWidget>
+#include <QWindow>
+#include <algorithm>
+#include <charconv>
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <memory>
+#include <optional>
+#include <string_view>
+
+#include <xcb/xcb.h>
+
+#include "platform/qt/Display.h"
+
+namespace scenara {
+namespace {
+
+// Milliseconds until a window that has asked for the focus should have it.
+constexpr int kFocusPatience = 500;
+
+constexpr const char* kToken = "XDG_ACTIVATION_TOKEN";
+
+template <class Reply>
+using OwnedReply = std::unique_ptr<Reply, decltype(&std::free)>;
+
+std::string Variable(const char* name) {
+    const char* const value = std::getenv(name);  // NOLINT(concurrency-mt-unsafe): at the start
+    return value != nullptr ? value : "";
+}
+
+bool IsWayland() {
+    return QGuiApplication::platformName().startsWith("wayland");
+}
+
+// None where the windows are not X's; and some platforms have the interface without a display.
+xcb_connection_t* XConnection() {
+    const auto* const x11 = qApp->nativeInterface<QNativeInterface::QX11Application>();
+    return x11 != nullptr ? x11->connection() : nullptr;
+}
+
+xcb_atom_t AtomOf(xcb_connection_t* display, std::string_view name) {
+    const OwnedReply<xcb_intern_atom_reply_t> reply(
+        xcb_intern_atom_reply(
+            display,
+            xcb_intern_atom(display, 0, static_cast<std::uint16_t>(name.size()), name.data()),
+            nullptr),
+        &std::free);
+    return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
+}
+
+xcb_window_t RootOf(xcb_connection_t* display) {
+    return xcb_setup_roots_iterator(xcb_get_setup(display)).data->root;
+}
+
+// A connection of its own with a window that nobody sees: what happens to that is no business of
+// the toolkit's.
+class HiddenWindow {
+public:
+    HiddenWindow() : display_(xcb_connect(DisplayName().c_str(), nullptr)) {
+        if (IsOpen()) {
+            constexpr std::uint32_t kEvents = XCB_EVENT_MASK_PROPERTY_CHANGE;
+            window_ = xcb_generate_id(display_);
+            xcb_create_window(display_, 0, window_, RootOf(display_), 0, 0, 1, 1, 0,
+                              XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, XCB_CW_EVENT_MASK,
+                              &kEvents);
+        }
+    }
+    HiddenWindow(const HiddenWindow&) = delete;
+    HiddenWindow& operator=(const HiddenWindow&) = delete;
+    ~HiddenWindow() { xcb_disconnect(display_); }
+
+    // The display tells the time with each change of a property.
+    [[nodiscard]] std::optional<xcb_timestamp_t> Time() const {
+        if (!IsOpen()) {
+            return std::nullopt;
+        }
+        xcb_change_property(display_, XCB_PROP_MODE_REPLACE, window_, XCB_ATOM_WM_NAME,
+                            XCB_ATOM_STRING, 8, 0, nullptr);
+        xcb_flush(display_);
+        while (true) {
+            const OwnedReply<xcb_generic_event_t> event(xcb_wait_for_event(display_), &std::free);
+            if (!event) {
+                return std::nullopt;  // the display is gone
+            }
+            if ((event->response_type & 0x7FU) == XCB_PROPERTY_NOTIFY) {
+                return reinterpret_cast<const xcb_property_notify_event_t*>(event.get())->time;
+            }
+        }
+    }
+
+    // To all who show what starts: in messages of 20 bytes, the last of which ends with a zero.
+    void Broadcast(const std::string& text) const {
+        constexpr std::size_t kMessage = 20;
+        if (!IsOpen()) {
+            return;
+        }
+        xcb_client_message_event_t message{};
+        message.response_type = XCB_CLIENT_MESSAGE;
+        message.format = 8;
+        message.window = window_;
+        message.type = AtomOf(display_, "_NET_STARTUP_INFO_BEGIN");
+        for (std::size_t at = 0; at <= text.size(); at += kMessage) {
+            std::fill(std::begin(message.data.data8), std::end(message.data.data8),
+                      std::uint8_t{0});
+            text.copy(reinterpret_cast<char*>(message.data.data8), kMessage, at);
+            xcb_send_event(display_, 0, RootOf(display_), XCB_EVENT_MASK_PROPERTY_CHANGE,
+                           reinterpret_cast<const char*>(&message));
+            message.type = AtomOf(display_, "_NET_STARTUP_INFO");
+        }
+        xcb_flush(display_);
+    }
+
+private:
+    [[nodiscard]] bool IsOpen() const { return xcb_connection_has_error(display_) == 0; }
+
+    xcb_connection_t* display_;
+    xcb_window_t window_ = 0;
+};
+
+// As the window itself would ask for it at this time, on X.
+void AskForFocus(xcb_connection_t* display, const QWindow& window, xcb_timestamp_t time) {
+    const auto id = static_cast<xcb_window_t>(window.winId());
+    xcb_change_property(display, XCB_PROP_MODE_REPLACE, id, AtomOf(display, "_NET_WM_USER_TIME"),
+                        XCB_ATOM_CARDINAL, 32, 1, &time);
+    constexpr std::uint32_t kFromProgram = 1;
+    xcb_client_message_event_t message{};
+    message.response_type = XCB_CLIENT_MESSAGE;
+    message.format = 32;
+    message.window = id;
+    message.type = AtomOf(display, "_NET_ACTIVE_WINDOW");
+    message.data.data32[0] = kFromProgram;
+    message.data.data32[1] = time;
+    xcb_send_event(display, 0, RootOf(display),
+                   XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY,
+                   reinterpret_cast<const char*>(&message));
+    xcb_flush(display);
+}
+
+void Activate(QWidget& window, const std::string& mark) {
+    xcb_connection_t* const display = XConnection();
+    std::uint32_t time = 0;
+    const auto [end, error] = std::from_chars(mark.data(), mark.data() + mark.size(), time);
+    if (display != nullptr && error == std::errc() && end == mark.data() + mark.size()) {
+        AskForFocus(display, *window.windowHandle(), time);
+        return;
+    }
+    if (IsWayland() && !mark.empty()) {
+        qputenv(kToken, QByteArray::fromStdString(mark));  // where the toolkit looks for it
+    }
+    window.activateWindow();
+}
+
+}  // namespace
+
+Launch::Launch() : id_(Variable("DESKTOP_STARTUP_ID")), token_(Variable(kToken)) {}
+
+std::string Launch::Mark() const {
+    if (IsWayland()) {
+        return token_;
+    }
+    if (XConnection() == nullptr) {
+        return {};
+    }
+    const std::optional<xcb_timestamp_t> time = HiddenWindow().Time();
+    return time ? std::to_string(*time) : std::string();
+}
+
+void Launch::End() const {
+    if (!id_.empty() && XConnection() != nullptr) {
+        std::string quoted;
+        for (const char c : id_) {
+            quoted.append(c == '"' || c == '\\' ? "\\" : "").push_back(c);
+        }
+        HiddenWindow().Broadcast("remove: ID=\"" + quoted + "\"");
+    }
+}
+
+void BringToFront(QWidget& window, const std::string& mark) {
+    if (window.windowHandle() == nullptr) {
+        return;  // it comes up by itself
+    }
+    if (window.isMinimized()) {
+        window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
+    }
+    window.raise();
+    Activate(window, mark);
+    QTimer::singleShot(kFocusPatience, &window, [&window] {
+        if (!window.isActiveWindow()) {
+            QApplication::alert(&window);
+        }
+    });
+}
+
+}  // namespace scenara

@@ -1,0 +1,298 @@
+// SPDX-License-Identifier: MIT
+//
+// How the real program is started, and started again while it runs: the command line, what is
+// handed over, and the question for the MUGEN folder.
+#include <csignal>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "base/Version.h"
+#include "desktop/DesktopProgram.h"
+
+namespace scenara::test {
+namespace {
+
+using testing::AllOf;
+using testing::HasSubstr;
+using testing::Not;
+using testing::StartsWith;
+
+namespace fs = std::filesystem;
+
+constexpr int kBarMiddle = 10;
+constexpr int kNext = 250;
+
+class Starting : public DesktopProgram {
+protected:
+    using DesktopProgram::DesktopProgram;
+
+    // Another MUGEN folder with one stage, "more".
+    void SetUp() override {
+        DesktopProgram::SetUp();
+        fs::create_directories(Folder() / "other/STAGES");
+        fs::copy_file(StagePath("dot"), Folder() / "other/STAGES/more.def");
+        fs::copy_file(Folder() / "mugen/stages/bar.sff", Folder() / "other/STAGES/bar.sff");
+    }
+
+    // A start with these words; what it prints is in output_ then.
+    std::optional<int> StatusOf(const std::vector<std::string>& words,
+                                const std::vector<std::string>& environment) {
+        std::vector<std::string> command{display_.Folder() + "bin/scenara"};
+        command.insert(command.end(), words.begin(), words.end());
+        const std::string printed = display_.Folder() + "second.txt";
+        Child second(command, environment, printed);
+        std::optional<int> status;
+        const bool ended = Eventually([&] {
+            if (program_) {
+                program_->TakePriorityBack();
+            }
+            status = second.StatusNow();
+            return status.has_value();
+        });
+        std::ifstream file(printed, std::ios::binary);
+        output_.assign(std::istreambuf_iterator<char>(file), {});
+        return ended ? status : std::nullopt;
+    }
+    std::optional<int> StatusOf(const std::vector<std::string>& words) {
+        return StatusOf(words, ProgramEnvironment());
+    }
+
+    void AskForAnotherFolder() {
+        Key("alt+x");
+        Key("l");
+        ExpectWindow("^Point me to your MUGEN Directory please");
+    }
+    void AnswerWith(const std::string& folder) {
+        Key("ctrl+a");
+        Type(folder);
+        Key("Return");
+    }
+    void ExpectSaved(const std::string& line) {
+        EXPECT_TRUE(Eventually([&] { return Settings().find(line) != std::string::npos; }))
+            << Settings();
+    }
+    // Another program's window comes up and has the focus.
+    void CoverByAnother() {
+        another_.emplace(
+            std::vector<std::string>{"xmessage", "-geometry", "600x600+200+60", "other"},
+            display_.Environment(), display_.Folder() + "another.txt");
+        ASSERT_TRUE(Eventually([&] {
+            const std::string other = Window("^xmessage$");
+            return !other.empty() && display_.Do("getactivewindow") == other;
+        }));
+    }
+    void ExpectInFront() {
+        EXPECT_TRUE(Eventually([&] { return display_.Do("getactivewindow") == MainWindow(); }))
+            << display_.AllWindows();
+    }
+
+    std::string output_;
+    std::optional<Child> another_;
+};
+
+// --- the command line ---
+
+TEST_F(Starting, TheVersionAndTheHelpNeedNoDisplay) {
+    const std::vector<std::string> nowhere = {"DISPLAY=", "WAYLAND_DISPLAY=", "QT_QPA_PLATFORM="};
+    EXPECT_EQ(StatusOf({"--version"}, nowhere), 0);
+    EXPECT_EQ(output_, VersionLine());
+    EXPECT_EQ(StatusOf({"a.def", "--help"}, nowhere), 0);
+    EXPECT_THAT(output_, StartsWith("Usage: scenara"));
+    EXPECT_EQ(StatusOf({"a.def"}, nowhere), 1);
+    EXPECT_EQ(output_, "scenara: there is no display to show a window on\n");
+}
+
+TEST_F(Starting, AnUnknownOptionIsWrongUse) {
+    EXPECT_EQ(StatusOf({"--bogus"}), 2);
+    EXPECT_THAT(output_, AllOf(HasSubstr("scenara: there is no option --bogus\n"),
+                               HasSubstr("Usage: scenara")));
+}
+
+TEST_F(Starting, TheToolkitTakesItsOwnOptions) {
+    WriteSettings();
+    program_.emplace(std::vector<std::string>{display_.Folder() + "bin/scenara", "-platform", "xcb",
+                                              StagePath("cup")},
+                     ProgramEnvironment(), display_.Folder() + "program.txt");
+    ExpectTitle("cup");
+}
+
+TEST_F(Starting, AMugenFolderIsTakenForGoodWithoutAQuestion) {
+    Start({}, fs::relative(Folder() / "mugen/stages").string());
+    ExpectWindow("^Scenara 1.0");
+    ClickAt(kNext, kBarMiddle);
+    ExpectTitle("bar");
+    ExpectSaved("MugeDir = " + display_.Folder() + "mugen/\r\n");
+}
+
+TEST_F(Starting, NamesOfAnyBytesAreOpened) {
+    WriteSettings();
+    const std::string odd = display_.Folder() + "mugen/stages/-\xFF \n'.def";
+    fs::copy_file(StagePath("cup"), odd);
+    Start({}, odd);
+    ExpectTitle("cup");
+    fs::copy_file(StagePath("dot"), odd, fs::copy_options::overwrite_existing);
+    fs::current_path(Folder() / "mugen/stages");
+    EXPECT_EQ(StatusOf({"--", "-\xFF \n'.def"}), 0);
+    fs::current_path("/");
+    ExpectTitle("dot");
+}
+
+// --- started again ---
+
+TEST_F(Starting, ALaterStartHandsItsFileOver) {
+    StartWithBar();
+    EXPECT_EQ(StatusOf({fs::relative(StagePath("cup")).string()}), 0) << output_;
+    EXPECT_THAT(output_, Not(HasSubstr("scenara:")));
+    ExpectTitle("cup");
+    EXPECT_EQ(StatusOf({StagePath("dot"), StagePath("bar")}), 0);
+    ExpectTitle("dot");
+    ExpectSaved("RecentFile = " + StagePath("dot") + "\r\nRecentFile = " + StagePath("bar") +
+                "\r\nRecentFile = " + StagePath("cup") + "\r\n");
+}
+
+TEST_F(Starting, ALaterStartHandsItsFolderOver) {
+    StartWithBar();
+    EXPECT_EQ(StatusOf({display_.Folder() + "other"}), 0);
+    ExpectSaved("MugeDir = " + display_.Folder() + "other/\r\n");
+    EXPECT_EQ(Title(), "bar") << "it goes on";
+    ClickAt(kNext, kBarMiddle);
+    ExpectTitle("dot");
+    EXPECT_TRUE(Eventually([&] { return BarWidth() == 8; }));
+}
+
+TEST_F(Starting, TheWindowComesToTheFront) {
+    StartWithBar();
+    CoverByAnother();
+    EXPECT_EQ(StatusOf({StagePath("cup")}), 0);
+    ExpectTitle("cup");
+    ExpectInFront();
+}
+
+TEST_F(Starting, AWindowThatIsAnIconComesBack) {
+    StartWithBar();
+    const std::string window = MainWindow();
+    display_.Do("windowminimize --sync " + window);
+    EXPECT_EQ(StatusOf({StagePath("cup")}), 0);
+    ExpectTitle("cup");
+    ExpectInFront();
+}
+
+TEST_F(Starting, PlainAdditionsOffHandOverToo) {
+    std::ofstream(Folder() / "bin/Scenara.ini", std::ios::binary) << "Additions = False\r\n";
+    StartWithBar();
+    EXPECT_EQ(StatusOf({StagePath("cup")}), 0);
+    ExpectTitle("cup");
+}
+
+TEST_F(Starting, ASocketThatACrashLeftIsNoInstance) {
+    StartWithBar();
+    program_->Send(SIGKILL);
+    EXPECT_EQ(WaitForEnd(), -1);
+    EXPECT_TRUE(Eventually([&] { return MainWindow().empty(); }));
+    Start({}, StagePath("cup"));
+    ExpectTitle("cup");
+    EXPECT_EQ(StatusOf({StagePath("dot")}), 0);
+    ExpectTitle("dot");
+}
+
+TEST_F(Starting, WhatIsHandedOverWhileABoxIsOpenWaitsForIt) {
+    StartWithBar();
+    Key("alt+a");
+    ExpectBox();
+    EXPECT_EQ(StatusOf({StagePath("dot")}), 0);
+    EXPECT_EQ(StatusOf({StagePath("cup")}), 0);
+    EXPECT_FALSE(Box().empty());
+    EXPECT_EQ(Title(), "bar");
+    display_.Do("windowactivate --sync " + Box());
+    Key("Return");
+    ExpectTitle("cup");
+}
+
+TEST_F(Starting, WhatIsHandedOverWhileTheFolderIsAskedForWaitsForIt) {
+    Start();
+    ExpectBox();
+    Key("Return");
+    ExpectWindow("^Point me");
+    EXPECT_EQ(StatusOf({StagePath("cup")}), 0);
+    ExpectWindow("^Point me");
+    AnswerWith(display_.Folder() + "mugen");
+    ExpectTitle("cup");
+}
+
+TEST_F(Starting, AProgramThatIsStoppedDoesNotAnswer) {
+    StartWithBar();
+    program_->Send(SIGSTOP);
+    EXPECT_EQ(StatusOf({StagePath("cup")}), 1);
+    EXPECT_THAT(output_, HasSubstr("scenara: the program that runs already does not answer\n"));
+    program_->Send(SIGCONT);
+    EXPECT_EQ(StatusOf({StagePath("dot")}), 0);
+    ExpectTitle("dot");
+    ExpectSaved("RecentFile = " + StagePath("dot") + "\r\nRecentFile = " + StagePath("bar") +
+                "\r\n");
+}
+
+// --- the MUGEN folder ---
+
+TEST_F(Starting, TheQuestionForTheFolderCanBeLeft) {
+    Start();
+    ExpectBox();
+    Key("Return");
+    ExpectWindow("^Point me");
+    Key("Escape");
+    ExpectWindow("^Scenara 1.0");
+    ExpectNoBox();
+    ExpectSaved("MugeDir = \r\n");
+    AskForAnotherFolder();
+    AnswerWith(display_.Folder() + "mugen/stages");
+    ExpectBox();
+    Key("Return");  // the one that is meant
+    ExpectNoBox();
+    ExpectWindow("^Scenara 1.0");
+    ExpectSaved("MugeDir = " + display_.Folder() + "mugen/\r\n");
+    ClickAt(kNext, kBarMiddle);
+    ExpectTitle("bar");
+}
+
+TEST_F(Starting, AnotherFolderIsChosenWhileAStageIsShown) {
+    StartWithBar();
+    AskForAnotherFolder();
+    AnswerWith(display_.Folder() + "other");
+    ExpectSaved("MugeDir = " + display_.Folder() + "other/\r\n");
+    EXPECT_EQ(Title(), "bar");
+    ClickListItem(0);
+    ExpectTitle("dot");
+}
+
+TEST_F(Starting, ASavedFolderThatIsGoneIsNotAskedFor) {
+    std::ofstream(Folder() / "bin/QX.CFG", std::ios::binary) << "MugeDir = /gone/mugen/\r\n";
+    Start();
+    ExpectWindow("^Scenara 1.0");
+    ExpectNoBox();
+    EXPECT_TRUE(Window("^Point me").empty());
+}
+
+// A manager that tiles its windows shows all of them, and still one alone has the focus.
+class StartingTiled : public Starting {
+protected:
+    StartingTiled() : Starting(Manager::I3) {}
+};
+
+TEST_F(StartingTiled, TheWindowComesToTheFront) {
+    WriteSettings();
+    Start({}, StagePath("bar"));
+    ExpectTitle("bar");
+    CoverByAnother();
+    EXPECT_EQ(StatusOf({StagePath("cup")}), 0);
+    ExpectTitle("cup");
+    ExpectInFront();
+}
+
+}  // namespace
+}  // namespace scenara::test
