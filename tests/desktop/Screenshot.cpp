@@ -6,6 +6,7 @@
 #include <cstring>
 #include <sstream>
 #include <stdexcept>
+#include <utility>
 
 namespace scenara::test {
 namespace {
@@ -21,22 +22,29 @@ std::uint32_t BigEndian(const std::string& bytes, std::size_t at) {
 }  // namespace
 
 std::optional<Place> PaintedIn(const Screenshot& shot) {
-    int left = shot.width;
-    int top = shot.height;
-    int right = 0;
-    int bottom = 0;
-    for (int y = 0; y < shot.height; ++y) {
-        for (int x = 0; x < shot.width; ++x) {
-            if (shot.At(x, y) != kBackground) {
-                left = std::min(left, x);
-                top = std::min(top, y);
-                right = std::max(right, x + 1);
-                bottom = y + 1;
+    constexpr int kPointer = 64;
+    std::vector<int> inColumn(static_cast<std::size_t>(shot.width));
+    std::vector<int> inLine(static_cast<std::size_t>(shot.height));
+    for (std::size_t y = 0, i = 0; y < inLine.size(); ++y) {
+        for (std::size_t x = 0; x < inColumn.size(); ++x, ++i) {
+            if (shot.rgb[i] != kBackground) {
+                ++inColumn[x];
+                ++inLine[y];
             }
         }
     }
-    return right > left ? std::optional(Place{left, top, right - left, bottom - top})
-                        : std::nullopt;
+    const auto isPainted = [](int count) { return count > kPointer; };
+    const auto range = [&](const std::vector<int>& counts) {
+        const auto first = std::find_if(counts.begin(), counts.end(), isPainted);
+        const auto last = std::find_if(counts.rbegin(), counts.rend(), isPainted);
+        return std::pair(static_cast<int>(first - counts.begin()),
+                         static_cast<int>(last.base() - counts.begin()));
+    };
+    const auto [left, right] = range(inColumn);
+    const auto [top, bottom] = range(inLine);
+    return right > left && bottom > top
+               ? std::optional(Place{left, top, right - left, bottom - top})
+               : std::nullopt;
 }
 
 Screenshot ReadDump(const std::string& dump) {

@@ -32,7 +32,8 @@ struct Screenshot {
 // Nothing of the program has this colour.
 inline constexpr std::uint32_t kBackground = 0xFF00FF;
 
-// All that is not background, if there is any: the smallest part that has it.
+// What is not background, if there is any: the smallest part that has it. It may be shown with a
+// pointer, which is not counted.
 [[nodiscard]] std::optional<Place> PaintedIn(const Screenshot& shot);
 
 // Of an X window dump of 24 or 32 bits a pixel: blue, green, red, as a virtual server makes it; and

@@ -152,6 +152,9 @@ void VirtualDisplay::StartManager() {
         case Manager::Weston:
             // Its key for maximising is Super+Shift+M. A key that is held does not repeat: the
             // second Alt+S of a slow machine would shut the menu that the first one opened.
+            // Its pointer is a part of what it shows, and may stay where it is lost at first: in
+            // the corner.
+            Do("mousemove 0 0");
             std::ofstream(configuration)
                 << "[shell]\npanel-position=none\nlocking=false\nanimation=none\n"
                    "startup-animation=none\nbackground-color=0xff"
@@ -310,7 +313,9 @@ void VirtualDisplay::ChangeState(bool add, const std::string& window, const std:
     xcb_send_event(display.get(), 0, screen->root,
                    XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
                    reinterpret_cast<const char*>(&message));
-    xcb_flush(display.get());
+    // It is told before the connection ends: a server need not read what is left of it then.
+    std::free(
+        xcb_get_input_focus_reply(display.get(), xcb_get_input_focus(display.get()), nullptr));
 }
 
 std::string VirtualDisplay::Answer(const std::string& words) const {

@@ -97,20 +97,17 @@ public:
         if (!wrong_.empty()) {
             return wrong_;
         }
-        // In whole pixels of the screen there is nothing to round.
-        const int most = !window_.hasMenus ? 0 : static_cast<int>(std::ceil(window_.scale - 1));
-        std::string first;
-        for (int across = 0; across <= most; ++across) {
-            for (int down = 0; down <= most; ++down) {
+        for (int across = -rest_; across <= rest_; ++across) {
+            for (int down = -rest_; down <= rest_; ++down) {
                 wrong_.clear();
                 CheckBox(across, down);
                 if (wrong_.empty()) {
                     return {};
                 }
-                first = first.empty() ? wrong_ : first;
+                nearest_ = across == 0 && down == 0 ? wrong_ : nearest_;
             }
         }
-        return first;
+        return nearest_;
     }
 
 private:
@@ -126,8 +123,10 @@ private:
         }
         constexpr int kLeast = 15;
         constexpr int kMost = 30;
-        while (boxTop_ < window_.place.height && !IsOfTheBox(At(0, boxTop_))) {
-            ++boxTop_;
+        // From below: a pointer may stand in the upper left corner.
+        boxTop_ = window_.place.height;
+        while (boxTop_ > 0 && IsOfTheBox(At(0, boxTop_ - 1))) {
+            --boxTop_;
         }
         if (boxTop_ < kLeast * window_.scale || boxTop_ > kMost * window_.scale) {
             wrong_ = "menus " + std::to_string(boxTop_) + " pixels high";
@@ -161,10 +160,10 @@ private:
         }
     }
 
-    // The toolkit's own pixels leave so many of the screen's.
+    // For the toolkit it has so many pixels more. What it does not count it does not paint.
     void CheckBox(int across, int down) {
         const int height = window_.place.height - boxTop_;
-        const Place picture = PictureIn(boxWidth_ - across, height - down);
+        const Place picture = PictureIn(boxWidth_ + across, height + down);
         std::vector<std::uint32_t> columns;
         for (int x = 0; x < picture.width; ++x) {
             columns.push_back(ColumnColor(x, picture.width));
@@ -181,7 +180,8 @@ private:
                 const std::uint32_t color = At(x, boxTop_ + y);
                 const std::uint32_t right = wanted(x, y);
                 const bool pure = right == kBlack || right == kGround || right == kBar;
-                if (!IsLike(color, right, pure ? 0 : 2)) {
+                const bool atTheEdge = x >= window_.place.width - rest_ || y >= height - rest_;
+                if (!IsLike(color, right, pure ? 0 : 2) && !(atTheEdge && color == kBlack)) {
                     Note(x, boxTop_ + y, color,
                          Hex(right) + "; a picture " + std::to_string(picture.width) + " wide");
                     break;
@@ -200,9 +200,12 @@ private:
 
     const Screenshot& shot_;
     const WindowParts& window_;
+    // The toolkit rounds to its own pixels: up to half of one.
+    const int rest_ = window_.scale == 1 ? 0 : static_cast<int>(std::ceil(window_.scale / 2));
     int boxTop_ = 0;
     int boxWidth_ = 0;
     std::string wrong_;
+    std::string nearest_;
 };
 
 }  // namespace
