@@ -571,6 +571,8 @@ TEST_F(Main, TheFullScreenBelongsToTheWindowAndBoxesBelongToIt) {
     EXPECT_TRUE(window.isVisible());
     EXPECT_EQ(fullScreen.windowHandle()->transientParent(), window.windowHandle());
     EXPECT_EQ(questions.Owner(), &fullScreen);
+    window.SetCaption("the next one");
+    EXPECT_EQ(fullScreen.windowTitle(), QString("the next one"));
     QDialog box(questions.Owner());
     QTimer::singleShot(0, &box, [&] {
         EXPECT_TRUE(QTest::qWaitFor([&] { return box.isActiveWindow(); }, 20000));

@@ -446,6 +446,9 @@ InnerSize MainWindow::LargestInnerSize() const {
 
 void MainWindow::SetCaption(const std::string& caption) {
     setWindowTitle(Shown(caption));
+    if (covering_ != nullptr) {
+        Front()->setWindowTitle(windowTitle());
+    }
 }
 
 bool MainWindow::MessageWaiting() {
