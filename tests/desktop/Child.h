@@ -22,6 +22,9 @@ public:
     Child& operator=(const Child&) = delete;
     ~Child();
 
+    // Below 0 once its end is known.
+    [[nodiscard]] pid_t Number() const { return pid_; }
+
     // Undoes the idle priority that the program gives itself, where the system allows it: beside
     // other work it would hardly ever run.
     void TakePriorityBack() const;

@@ -18,6 +18,17 @@ namespace {
 
 namespace fs = std::filesystem;
 
+// A section that is there takes the place of all that Openbox has by itself.
+constexpr const char* kHarmless =
+    R"(<?xml version="1.0"?><openbox_config xmlns="http://openbox.org/3.4/rc">
+<focus><focusNew>yes</focusNew></focus><desktops><number>1</number></desktops>
+<keyboard><keybind key="A-F4"><action name="Close"/></keybind></keyboard>
+<mouse><context name="Client"><mousebind button="Left" action="Press">
+<action name="Focus"/><action name="Raise"/></mousebind></context>
+<context name="Titlebar"><mousebind button="Left" action="Press">
+<action name="Focus"/><action name="Raise"/></mousebind></context></mouse>
+</openbox_config>)";
+
 std::string Contents(const std::string& path) {
     std::ifstream file(path, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
@@ -144,7 +155,13 @@ void VirtualDisplay::StartManager() {
     const std::string configuration = Folder() + "manager.conf";
     std::vector<std::string> command;
     switch (setup_.manager) {
-        case Manager::Openbox: command = {"openbox", "--sm-disable"}; break;
+        case Manager::Openbox:
+            command = {"openbox", "--sm-disable"};
+            if (setup_.harmless) {
+                std::ofstream(configuration) << kHarmless;
+                command.insert(command.end(), {"--config-file", configuration});
+            }
+            break;
         case Manager::I3:
             std::ofstream(configuration) << "font pango:monospace 8\n";
             command = {"i3", "-c", configuration};

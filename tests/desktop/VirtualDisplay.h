@@ -33,6 +33,9 @@ struct DisplaySetup {
     int height = 768;
     int monitors = 1;
     int scale = 1;  // with Wayland: pixels to a unit in which programs count
+    // Openbox has no keys, buttons or menus of its own, which would start other programs or end it,
+    // but for the focus.
+    bool harmless = false;
 };
 
 // A window as a Wayland compositor knows it.

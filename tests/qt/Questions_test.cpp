@@ -3,13 +3,17 @@
 // Boxes and dialogs while the program stands still, and when it ends under them.
 #include "platform/qt/Questions.h"
 
+#include <QAbstractItemView>
 #include <QDir>
+#include <QFile>
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QShortcut>
+#include <QTest>
 #include <QTimer>
 #include <cstddef>
 #include <functional>
@@ -20,6 +24,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "platform/posix/ProgramFolder.h"
 #include "platform/qt/MainWindow.h"
 #include "platform/qt/QtDialogs.h"
 #include "platform/qt/QtMessages.h"
@@ -149,6 +154,40 @@ TEST_F(AskedQuestions, AFolderIsAskedForFromTheUsersOwnOrTheGivenOneOn) {
     };
     EXPECT_EQ(beginning(""), QDir::homePath());
     EXPECT_EQ(beginning("/usr"), "/usr");
+}
+
+// The user may have pressed Delete, and Return at the question that follows, for something else.
+TEST_F(AskedQuestions, AFileIsOpenedAndNeverDeletedOrRenamed) {
+    const TemporaryFolder folder;
+    const QString path = QString::fromStdString(folder.Path() + "kept.def");
+    ASSERT_TRUE(QFile(path).open(QIODevice::WriteOnly));
+    int answered = 0;
+    QTimer answer;
+    QObject::connect(&answer, &QTimer::timeout, &answer, [&] {
+        if (auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+            ++answered;
+            box->button(QMessageBox::Yes)->click();
+        }
+    });
+    answer.start(1);
+    WhenOpen([&](QWidget& open) {
+        auto& dialog = dynamic_cast<QFileDialog&>(open);
+        auto* const files = dialog.findChild<QAbstractItemView*>("listView");
+        ASSERT_NE(files, nullptr);
+        ASSERT_TRUE(QTest::qWaitFor([&] { return files->model()->rowCount(files->rootIndex()); }));
+        const QModelIndex kept = files->model()->index(0, 0, files->rootIndex());
+        files->setCurrentIndex(kept);
+        auto* const erase = dialog.findChild<QShortcut*>();
+        ASSERT_NE(erase, nullptr);
+        ASSERT_EQ(erase->key(), QKeySequence(QKeySequence::Delete));
+        Q_EMIT erase->activated();
+        EXPECT_FALSE(kept.flags().testFlag(Qt::ItemIsEditable));
+        EXPECT_FALSE(dialog.findChild<QWidget*>("newFolderButton")->isEnabled());
+        dialog.reject();
+    });
+    EXPECT_EQ(dialogs.OpenFile("Choose", folder.Path()), "");
+    EXPECT_EQ(answered, 0) << "no question";
+    EXPECT_TRUE(QFile::exists(path));
 }
 
 // --- withdrawn ---

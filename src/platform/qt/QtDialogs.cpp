@@ -42,7 +42,9 @@ QtDialogs::QtDialogs(Questions& questions, const Form& form) : questions_(questi
 
 QtDialogs::~QtDialogs() = default;
 
+// The toolkit's own dialog would also delete and rename what it lists, whole folders too.
 std::string QtDialogs::Choose(QFileDialog& dialog) {
+    dialog.setOption(QFileDialog::ReadOnly);
     dialog.setSupportedSchemes({QStringLiteral("file")});
     if (questions_.Ask(dialog) != QDialog::Accepted) {
         return {};
