@@ -60,8 +60,8 @@ private:
     QSocketNotifier notifier_{QSocketNotifier::Read};
 };
 
-ExitStatus Run(const std::vector<std::string>& paths, Instance& instance) {
-    const EndSignals endSignals;
+ExitStatus Run(const std::vector<std::string>& paths, Instance& instance,
+               const EndSignals& endSignals) {
     DesktopMachine machine(WritableProgramFolder(ExecutableFolder()), instance);
     frmStage program(machine.Pieces(), machine.form);
     MainWindow& window = machine.Desktop();
@@ -114,6 +114,7 @@ int main(int argc, char** argv) {
         std::cerr << "scenara: there is no display to show a window on\n";
         return kNotShown;
     }
+    const EndSignals endSignals;  // also while the toolkit starts and ends
     const Launch launch;
     const QApplication application(argc, argv);  // it takes its own words out of these
     QApplication::setQuitOnLastWindowClosed(false);
@@ -132,5 +133,5 @@ int main(int argc, char** argv) {
             return *status;
         }
     }
-    return Run(paths, instance);
+    return Run(paths, instance, endSignals);
 }

@@ -398,6 +398,14 @@ void Hands::ShowOther(const Place& place) {
     Activate(other_);
 }
 
+void Hands::CloseOther() {
+    if (other_ != XCB_WINDOW_NONE) {
+        xcb_destroy_window(display_.get(), other_);
+        xcb_flush(display_.get());
+        other_ = XCB_WINDOW_NONE;
+    }
+}
+
 Place Hands::Screen() const {
     return PlaceOf(screen_->root);
 }

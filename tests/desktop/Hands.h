@@ -84,6 +84,7 @@ public:
 
     // A window of another program, all background: it comes up with the focus, or comes back.
     void ShowOther(const Place& place);
+    void CloseOther();
 
     // A part of the screen, which has to have it.
     [[nodiscard]] Screenshot Look(const Place& place) const;

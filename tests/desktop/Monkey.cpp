@@ -7,8 +7,8 @@
 namespace scenara::test {
 namespace {
 
-constexpr std::size_t kKept = 30;      // of what was done last
-constexpr std::size_t kTailed = 4000;  // bytes of what the program has printed
+constexpr std::size_t kKept = 30;       // of what was done last
+constexpr std::size_t kTailed = 16000;  // bytes of what the program has printed
 
 }  // namespace
 

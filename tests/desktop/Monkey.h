@@ -71,7 +71,13 @@ private:
     // Waits, while the program runs, until `condition` is true; false where it has ended.
     bool Wait(const std::string& what, const std::function<bool()>& condition);
     bool WaitForReaction();
+    void LookAtWindows();
+    // Does what ends it from a window at rest, again where that could not be done yet, as while a
+    // stage loads.
+    void EndBy(const std::function<void()>& act);
     void WaitForEnd();
+    // Openbox itself bears less than the program.
+    void KeepManager();
     [[nodiscard]] bool HasEnded();
     // Nothing but the main window is open, with the focus, on the first workspace. False where the
     // program has ended.
@@ -116,7 +122,8 @@ private:
     std::vector<std::string> slow_;
     std::string given_;  // QX.CFG, as the monkey made it
     std::optional<SettingsFiles>
-        settings_;  // as the program left them; nothing: as they were given
+        settings_;                         // as the program left them; nothing: as they were given
+    xcb_window_t main_ = XCB_WINDOW_NONE;  // the program's main window, once it has been seen
     bool ended_ = true;
     int done_ = 0;
     int starts_ = 0;

@@ -349,6 +349,10 @@ void Monkey::StartAgain() {
     for (int i = Below(3); i >= 0; --i) {
         command.push_back(folder_.AnyPath(random_));
     }
+    if (std::all_of(command.begin() + 2, command.end(),
+                    [](const std::string& path) { return path.empty(); })) {
+        return;  // a start without any file is one of its own
+    }
     Note("start again with " + command.back());
     Child later(command, scene_.ProgramEnvironment(), scene_.Folder() / "later.txt");
     std::optional<int> status;

@@ -99,6 +99,7 @@ bool Monkey::HasEnded() {
 bool Monkey::Wait(const std::string& what, const std::function<bool()>& condition) {
     const Clock::time_point begin = Clock::now();
     while (!HasEnded()) {
+        KeepManager();
         if (condition()) {
             const auto taken =
                 std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - begin);
@@ -116,18 +117,33 @@ bool Monkey::Wait(const std::string& what, const std::function<bool()>& conditio
     return false;
 }
 
+void Monkey::KeepManager() {
+    if (scene_.display_.KeepManager()) {
+        Note("the window manager ended; another one");
+        hands_.MakeWorkspaces(2);
+    }
+}
+
+void Monkey::LookAtWindows() {
+    windows_ = hands_.WindowsOf(scene_.program_->Number());
+    if (main_ == XCB_WINDOW_NONE && !windows_.empty() &&
+        windows_[0].kind == ProgramWindow::Kind::Main) {
+        main_ = windows_[0].id;
+    }
+}
+
 // Any of its windows may be the one to answer: the one that was asked may be gone.
 bool Monkey::WaitForReaction() {
     std::optional<std::uint32_t> first;
     Clock::time_point asked;
     return Wait("a reaction", [&] {
         if (first && hands_.LastAnswer() >= *first) {
-            windows_ = hands_.WindowsOf(scene_.program_->Number());
+            LookAtWindows();
             return true;
         }
         if (!first || Clock::now() - asked > kAskEvery) {
             asked = Clock::now();
-            windows_ = hands_.WindowsOf(scene_.program_->Number());
+            LookAtWindows();
             for (const ProgramWindow& window : windows_) {
                 if (window.kind != ProgramWindow::Kind::Popup) {
                     const std::uint32_t number = hands_.Ping(window.id);
@@ -149,24 +165,21 @@ bool Monkey::ComeToRest() {
         if (!WaitForReaction()) {
             return false;
         }
-        const auto boxes = std::ranges::count_if(windows_, [](const ProgramWindow& window) {
-            return window.kind != ProgramWindow::Kind::Main;
-        });
-        if (boxes == 0 && windows_.size() == 1 && windows_[0].isSeen && calm > 0 &&
-            hands_.ActiveWindow() == windows_[0].id) {
+        const bool isAlone = windows_.size() == 1 && windows_[0].id == main_;
+        if (isAlone && windows_[0].isSeen && calm > 0 && hands_.ActiveWindow() == main_) {
             return ++calm > 3;
         }
-        if (boxes == 0 && windows_.size() == 1) {
-            // Also out of a full screen.
-            hands_.SendToWorkspace(windows_[0].id, 0);
-            hands_.ChangeState(windows_[0].id, Hands::Change::Remove, "_NET_WM_STATE_SHADED");
-            hands_.Activate(windows_[0].id);
+        if (isAlone) {
+            hands_.SendToWorkspace(main_, 0);
+            hands_.ChangeState(main_, Hands::Change::Remove, "_NET_WM_STATE_SHADED");
+            hands_.Activate(main_);
             hands_.Press("Escape");
             calm = 1;
         } else if (!windows_.empty()) {
             calm = 0;
             const ProgramWindow& window = windows_.back();
             if (window.kind != ProgramWindow::Kind::Popup) {
+                hands_.SendToWorkspace(window.id, 0);
                 hands_.Activate(window.id);
             }
             if (window.kind == ProgramWindow::Kind::Dialog && rounds % 3 == 0) {
@@ -182,7 +195,7 @@ bool Monkey::ComeToRest() {
 
 bool Monkey::ChooseItem(std::string_view menu, std::string_view item) {
     const auto hasMenu = [&] {
-        windows_ = hands_.WindowsOf(scene_.program_->Number());
+        LookAtWindows();
         return std::ranges::any_of(windows_, [](const ProgramWindow& window) {
             return window.kind == ProgramWindow::Kind::Popup;
         });
@@ -247,6 +260,7 @@ void Monkey::Start() {
     }
     const std::string file = settings_ || OneIn(3) ? std::string() : folder_.AnyPath(random_);
     Note("start " + file);
+    main_ = XCB_WINDOW_NONE;
     ended_ = false;
     scene_.Start({}, file);
 }
@@ -255,23 +269,19 @@ void Monkey::End() {
     switch (Below(5)) {
         case 0:
             Note("end: close the window");
-            if (ComeToRest()) {
-                hands_.Close(windows_[0].id);
-            }
-            break;
+            EndBy([&] { hands_.Close(main_); });
+            return;
         case 1:
             Note("end: Alt+F4");
-            if (ComeToRest()) {
-                hands_.Press("alt+F4");
-            }
-            break;
+            EndBy([&] { hands_.Press("alt+F4"); });
+            return;
         case 2:
             Note("end: Exit");
-            if (ComeToRest()) {
+            EndBy([&] {
                 hands_.Press("alt+s");
                 hands_.Press("e");
-            }
-            break;
+            });
+            return;
         case 3:
             Note("end: a signal, whatever is open");
             scene_.program_->Send(OneOf(std::vector{SIGTERM, SIGINT, SIGHUP}));
@@ -288,6 +298,18 @@ void Monkey::End() {
         }
     }
     WaitForEnd();
+}
+
+void Monkey::EndBy(const std::function<void()>& act) {
+    constexpr auto kAgain = 5s;
+    std::optional<Clock::time_point> last;
+    static_cast<void>(Wait("an end", [&] {
+        if ((!last || Clock::now() - *last > kAgain) && ComeToRest()) {
+            act();
+            last = Clock::now();
+        }
+        return false;
+    }));
 }
 
 void Monkey::WaitForEnd() {
@@ -340,8 +362,8 @@ void Monkey::CompareSettings() {
 
 // --- what is seen ---
 
-// The screen behind the window, and the other program's window, are all background: the window must
-// come to show none of it. What opens by itself meanwhile ends the look.
+// The screen behind the window is all background: the window must come to show none of it. What
+// opens by itself meanwhile ends the look.
 void Monkey::LookForUnpainted() {
     const auto alone = [&] {
         return windows_.size() == 1 && windows_[0].kind == ProgramWindow::Kind::Main &&
@@ -351,6 +373,7 @@ void Monkey::LookForUnpainted() {
         return;
     }
     Note("look");
+    hands_.CloseOther();  // it may be made to stay above
     hands_.Activate(windows_[0].id);
     bool seen = false;
     static_cast<void>(Wait("a window that is painted", [&] {

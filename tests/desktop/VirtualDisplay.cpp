@@ -192,6 +192,14 @@ void VirtualDisplay::StartManager() {
     manager_.emplace(command, Environment(), Folder() + "manager.txt");
 }
 
+bool VirtualDisplay::KeepManager() {
+    if (!manager_->StatusNow()) {
+        return false;
+    }
+    StartManager();
+    return true;
+}
+
 // It does not run as root: a user who owns nothing runs it then, in a folder that anyone may write.
 // Its own names for its sockets have numbers in them.
 void VirtualDisplay::StartSway() {

@@ -79,6 +79,8 @@ public:
     void FillBackground() const;
     // To what manages the windows.
     void SignalManager(int signal) const { manager_->Send(signal); }
+    // Starts it again, if it has ended by itself: true then.
+    bool KeepManager();
     // The display is gone, without a word to the programs on it.
     void Kill() { server_.reset(); }
     // The windows and what the programs have said, for whoever looks into a failed test.

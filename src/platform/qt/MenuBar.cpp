@@ -54,6 +54,10 @@ bool MenuBar::event(QEvent* event) {
         if (IsRepeated(letter)) {
             return true;
         }
+        if (QAction* const menu = OnlyMenuOf(letter); menu != nullptr) {
+            Open(*menu);
+            return true;
+        }
         if (IsOfSeveral(letter)) {
             GoToNextOf(letter);
             return true;
@@ -129,6 +133,17 @@ bool MenuBar::IsOfSeveral(const QKeySequence& letter) const {
                          [&](const QAction* item) { return IsOf(*item, letter); }) > 1;
 }
 
+// The toolkit would open it, too, but falls over a menu that is shut again while it opens.
+QAction* MenuBar::OnlyMenuOf(const QKeySequence& letter) const {
+    const QList<QAction*> items = actions();
+    const auto first = std::find_if(items.begin(), items.end(),
+                                    [&](const QAction* item) { return IsOf(*item, letter); });
+    return first != items.end() && (*first)->isEnabled() && (*first)->menu() != nullptr &&
+                   !IsOfSeveral(letter)
+               ? *first
+               : nullptr;
+}
+
 void MenuBar::GoToNextOf(const QKeySequence& letter) {
     QList<QAction*> items = actions();
     items.removeIf([&](const QAction* item) { return !item->isEnabled() || !IsOf(*item, letter); });
@@ -159,6 +174,9 @@ void MenuBar::GoToMenu(int step) {
 
 void MenuBar::Open(QAction& menu) {
     setActiveAction(&menu);
+    if (!menu.menu()->isVisible()) {
+        return;
+    }
     for (QAction* const item : menu.menu()->actions()) {
         if (item->isEnabled() && item->isVisible()) {
             menu.menu()->setActiveAction(item);

@@ -33,6 +33,7 @@ private:
     [[nodiscard]] bool IsRepeated(const QKeySequence& letter) {
         return std::exchange(held_, letter) == letter;
     }
+    [[nodiscard]] QAction* OnlyMenuOf(const QKeySequence& letter) const;
     void GoToNextOf(const QKeySequence& letter);
     void GoToMenu(int step);
     void Open(QAction& menu);
