@@ -14,13 +14,16 @@
 #include <utility>
 #include <vector>
 
+#include "app/Extras.h"
 #include "app/StartWords.h"
 #include "app/frmStage.h"
+#include "base/RunTimeError.h"
 #include "desktop/DesktopMachine.h"
 #include "platform/Request.h"
 #include "platform/posix/EndSignals.h"
 #include "platform/posix/HandOver.h"
 #include "platform/posix/Instance.h"
+#include "platform/posix/PosixFiles.h"
 #include "platform/posix/ProgramFolder.h"
 #include "platform/posix/RequestListener.h"
 #include "platform/qt/Display.h"
@@ -60,9 +63,20 @@ private:
     QSocketNotifier notifier_{QSocketNotifier::Read};
 };
 
-ExitStatus Run(const std::vector<std::string>& paths, Instance& instance,
-               const EndSignals& endSignals) {
-    DesktopMachine machine(WritableProgramFolder(ExecutableFolder()), instance);
+// Addition: a later start without any file brings the window of the first one to the front. Plain,
+// it says that one runs.
+bool BringsTheFirstToTheFront(const std::string& programFolder) {
+    try {
+        PosixFiles files(programFolder);
+        return LoadExtras(files).Additions;
+    } catch (const RunTimeError&) {
+        return Extras().Additions;
+    }
+}
+
+ExitStatus Run(const std::vector<std::string>& paths, const std::string& programFolder,
+               Instance& instance, const EndSignals& endSignals) {
+    DesktopMachine machine(programFolder, instance);
     frmStage program(machine.Pieces(), machine.form);
     MainWindow& window = machine.Desktop();
     window.SetEvents(&program);
@@ -128,10 +142,11 @@ int main(int argc, char** argv) {
     }
     std::transform(paths.begin(), paths.end(), paths.begin(), WholePath);
     Instance instance(DisplayName());
-    if (!paths.empty() && instance.AnotherRuns()) {
+    const std::string programFolder = WritableProgramFolder(ExecutableFolder());
+    if (instance.AnotherRuns() && (!paths.empty() || BringsTheFirstToTheFront(programFolder))) {
         if (const auto status = HandOverTo(instance, paths, launch)) {
             return *status;
         }
     }
-    return Run(paths, instance, endSignals);
+    return Run(paths, programFolder, instance, endSignals);
 }

@@ -86,7 +86,7 @@ double StartTime(const QString& program, const std::string& folder) {
     }
     process.terminate();
     process.waitForFinished();
-    while (Colours(Seen(display)) != before) {
+    for (int i = 0; i < 500 && Colours(Seen(display)) != before; ++i) {
         std::this_thread::sleep_for(std::chrono::milliseconds(10));
     }
     xcb_disconnect(display);

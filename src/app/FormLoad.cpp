@@ -25,10 +25,6 @@ ShowMachine With(const ShowMachine& machine, Messages& messages) {
     return {machine.files, messages,        machine.window,   machine.keyboard,
             machine.clock, machine.pointer, machine.direct3D, machine.png};
 }
-class Unsaid : public Messages {
-public:
-    void Show(const Message& /*message*/) override {}
-};
 
 }  // namespace
 
@@ -71,8 +67,10 @@ void frmStage::Form_Load(const std::vector<std::string>& given) {
         form_[Menu::mnuSmooth].checked = extras_.Smooth;
         form_[Menu::mnuWholeMultiples].checked = extras_.WholeMultiplesOnly;
         form_[Menu::mnuSwitchMode].checked = extras_.SwitchDisplayMode;
-        form_.lstStages.width = std::clamp<Long>(extras_.ListWidth.value_or(kStageListWidth),
-                                                 kLeastListWidth, kMostListWidth);
+        if (extras_.Additions && extras_.ListWidth) {
+            form_.lstStages.width =
+                std::clamp<Long>(*extras_.ListWidth, kLeastListWidth, kMostListWidth);
+        }
     }));
     MakeExtrasText();
     extrasFile_.keeper.Hold(extrasFile_.text);
@@ -100,9 +98,7 @@ void frmStage::Form_Load(const std::vector<std::string>& given) {
         if (!givenFolder.empty()) {
             MugeDir = WithSeparator(givenFolder);
         }
-        // Addition: it is said in the window. A box would come at every start.
-        Unsaid unsaid;
-        FillStageList(show_.Options().Additions ? unsaid : machine_.messages);
+        FillStageList();
     }));
     ComeUp();
 }

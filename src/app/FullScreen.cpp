@@ -29,10 +29,12 @@ void frmStage::mnuFS_Click() {
         savedMode_ = screen_.CurrentMode();
         savedSettings_ = machine_.display.Current();
     }
-    const bool switches =
-        mode != kNoMode && !screen_.Modes()[static_cast<std::size_t>(mode)].emulated;
-    FullScreenWindow = machine_.fullScreen.Show(switches ? FullScreenForm::Beneath::Hides
-                                                         : FullScreenForm::Beneath::Stays);
+    // Addition: where the display stays as it is, so does the window.
+    const bool stays =
+        show_.Options().Additions &&
+        (mode == kNoMode || screen_.Modes()[static_cast<std::size_t>(mode)].emulated);
+    FullScreenWindow = machine_.fullScreen.Show(stays ? FullScreenForm::Beneath::Stays
+                                                      : FullScreenForm::Beneath::Hides);
     const WindowPlace size = machine_.window.Screen();
     ScreenWidth = size.width / kUnitsPerPixel;
     ScreenHeight = size.height / kUnitsPerPixel;

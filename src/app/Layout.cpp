@@ -68,13 +68,18 @@ void frmStage::ComeUp() {
 void frmStage::Form_Resize(Long innerWidth, Long innerHeight) {
     Handle([&] {
         LayOutControls(innerWidth, innerHeight);
-        if (Browses()) {
-            browser_.BoxChanged();
-        }
+        FollowBox();
         if (std::exchange(centres_, false)) {
             Centre();
         }
     });
+}
+
+// The sprite browser draws for the box that it has.
+void frmStage::FollowBox() {
+    if (Browses()) {
+        browser_.BoxChanged();
+    }
 }
 
 void frmStage::LayOutControls(Long innerWidth, Long innerHeight) {
@@ -125,6 +130,7 @@ void frmStage::mnuStageList_Click() {
     ShowStageList = static_cast<Byte>(~ShowStageList);
     if (show_.Options().Additions) {
         LayOutControls(form_.innerWidth, form_.innerHeight);
+        FollowBox();
         return;
     }
     const Long listWidth = form_.lstStages.width;

@@ -50,14 +50,14 @@ void LoadMessages::Begin(const std::string& file, bool additions) {
     heldBack_ = 0;
 }
 
-void LoadMessages::End() {
+void LoadMessages::End(bool ends) {
     if (!std::exchange(loads_, false)) {
         return;
     }
     if (isStage_) {
         list_.Mark();
     }
-    if (const std::size_t count = std::exchange(heldBack_, 0); count > 0) {
+    if (const std::size_t count = std::exchange(heldBack_, 0); count > 0 && !ends) {
         boxes_.MsgBox(kMessageMoreProblems, MoreProblemsText(count));
     }
 }

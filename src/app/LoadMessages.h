@@ -5,10 +5,9 @@
 // Plain, each is shown in a box, too. Additions: a damaged file may report the same thing for each
 // of its thousand lines or elements, so
 // - from the second box of a kind on a box offers to be the last one of its kind for this stage.
-// The
-//   wish lasts as long as the program does, however often the stage is loaded again;
+//   The wish lasts as long as the program does, however often the stage is loaded again;
 // - after kMostBoxes boxes the rest is held back, and one more box says how many that were, and
-//   where the list is. What the user does not want to see is not among them.
+//   where they are listed. What the user does not want to see is not among them.
 //
 // Between two loads messages are shown as they come, and listed nowhere.
 #pragma once
@@ -39,8 +38,9 @@ public:
     // A character is loaded into it, until End. In the list its messages take the place of those of
     // the one before.
     void BeginCharacter(const std::string& stageFile, bool additions);
-    // What was held back is counted. Without effect when nothing is loaded.
-    void End();
+    // What was held back is counted, and said unless the program `ends`. Without effect when
+    // nothing is loaded.
+    void End(bool ends = false);
 
     void Show(const Message& message) override;
 

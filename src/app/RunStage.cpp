@@ -104,7 +104,7 @@ bool frmStage::LoadStage() {
     bool loaded = false;
     loadMessages_.BeginStage(show_.Which.shown, show_.Options().Additions);
     const bool cameThrough = Guarded([&] { loaded = show_.Start(MugeDir); });
-    loadMessages_.End();
+    loadMessages_.End(machine_.window.EndRequested());
     return cameThrough && loaded;
 }
 

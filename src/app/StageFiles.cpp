@@ -79,7 +79,8 @@ std::string StageFile(const std::string& MugeDir, const std::string& item) {
 bool IsStageFile(std::string_view MugeDir, std::string_view item, std::string_view path) {
     constexpr std::string_view kStages = "stages";
     const auto take = [&path](std::string_view part) {
-        const bool begins = path.starts_with(part);
+        const bool begins =
+            path.size() >= part.size() && EqualsIgnoringCase(path.substr(0, part.size()), part);
         path.remove_prefix(begins ? part.size() : 0);
         return begins;
     };

@@ -10,6 +10,14 @@
 #include "base/Path.h"
 
 namespace scenara {
+namespace {
+
+class Unsaid : public Messages {
+public:
+    void Show(const Message& /*message*/) override {}
+};
+
+}  // namespace
 
 // Addition: the question at the first start stands over the window, which shows what it is about,
 // and can be left; the window then tells of the other way to the folder. False when the program is
@@ -17,6 +25,7 @@ namespace scenara {
 bool frmStage::AskAtFirstStart() {
     ComeUp();
     machine_.window.Show();
+    Form_Activate();  // the question stands over a window in its place
     SayFirstStart(machine_.messages);
     MugeDir = WithSeparator(AskForFolder());
     return !MugeDir.empty() || !machine_.window.EndRequested();
@@ -38,14 +47,17 @@ void frmStage::mnuMugenFolder_Click() {
 // shows itself: a user who chooses a folder wants to see what is in it.
 void frmStage::TakeMugenFolder(const std::string& folder) {
     MugeDir = WithSeparator(folder);
-    FillStageList(machine_.messages);
+    FillStageList();
     const bool isHidden = ShowStageList == 0 && FullScreenState == 0;
     if (show_.Options().Additions && isHidden && !form_.lstStages.items.empty()) {
         mnuStageList_Click();
     }
 }
 
-void frmStage::FillStageList(Messages& messages) {
+// Addition: that there are none is said in the window.
+void frmStage::FillStageList() {
+    Unsaid unsaid;
+    Messages& messages = show_.Options().Additions ? unsaid : machine_.messages;
     ListBox& list = form_.lstStages;
     list.items.clear();
     list.ListIndex = -1;

@@ -57,7 +57,7 @@ void frmStage::LoadingCharacter(const std::function<void()>& load) {
     }
     const bool cameThrough = Guarded(load);
     ShowCharacterItem();
-    loadMessages_.End();
+    loadMessages_.End(machine_.window.EndRequested());
     if (!cameThrough) {
         return;
     }

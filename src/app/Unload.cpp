@@ -23,7 +23,7 @@ void frmStage::Form_Unload() {
         return;
     }
     if (show_.State() == ShowState::Loading) {
-        return;  // the load works on the tables; RunStage comes back here behind it
+        return;  // the load works on the tables; RunStage comes back here after it
     }
     ended_ = true;
     // Whatever goes wrong, the settings are saved.

@@ -259,7 +259,7 @@ private:
     [[nodiscard]] bool AskAtFirstStart();
     [[nodiscard]] std::string AskForFolder();
     void TakeMugenFolder(const std::string& folder);
-    void FillStageList(Messages& messages);
+    void FillStageList();
     void NoteEmptyList();
     void LeaveStage();
     void LoadAgain();
@@ -298,6 +298,7 @@ private:
     [[nodiscard]] Long ListWidth() const { return ShowStageList != 0 ? form_.lstStages.width : 0; }
     void SizeForPicture();
     void ComeUp();
+    void FollowBox();
     void LayOutControls(Long innerWidth, Long innerHeight);
     void Centre();
     void ShowTitle();

@@ -50,7 +50,7 @@ std::optional<Request> Read(std::span<const std::byte> bytes) {
         return std::nullopt;
     }
     const std::uint32_t count = reader.U32();
-    if (count < 2 || count > kMostRequestPaths + 1) {
+    if (count < 1 || count > kMostRequestPaths + 1) {
         return std::nullopt;
     }
     const auto text = [&] { return std::string(TextOf(reader.Take(reader.U32()))); };
@@ -73,7 +73,7 @@ std::optional<std::vector<std::byte>> RequestBytes(const Request& request) {
     Append(kSignature, bytes);
     Append(paths.size() + 1, bytes);
     AppendText(IsMark(request.mark) ? std::string_view(request.mark) : std::string_view(), bytes);
-    bool fits = !paths.empty();
+    bool fits = true;
     for (const std::string& path : paths) {
         fits = fits && IsPath(path);
         if (fits) {

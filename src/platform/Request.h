@@ -4,11 +4,12 @@
 //
 //     offset  size  what
 //     0       8     "Scenara1"
-//     8       4     how many texts follow, 2 to 65
+//     8       4     how many texts follow, 1 to 65
 //     12      ...   each text: its length in bytes (4), and its bytes, none of them zero
 //
 // Numbers are little-endian. The first text is the start's mark: at most kMostMarkBytes printable
-// ASCII characters without blanks, perhaps none. The others are paths, none of them empty. Nothing
+// ASCII characters without blanks, perhaps none. The others are paths, none of them empty; without
+// any the window is only to come to the front. Nothing
 // follows the last one. The whole is at most kMostRequestBytes long.
 //
 // Anything may be at the other end, so a block of bytes is a request in full or is none.
@@ -36,7 +37,7 @@ struct Request {
 };
 
 // The first kMostRequestPaths of its paths, without the mark where that cannot be sent; nothing
-// when there is no path, or they are too long for one request.
+// when a path is empty, or they are too long for one request.
 [[nodiscard]] std::optional<std::vector<std::byte>> RequestBytes(const Request& request);
 
 // Nothing when they are no request.

@@ -183,6 +183,17 @@ TEST_F(BrowserTools, FollowTheBoxsSizeInPixelsOfTheScreen) {
                    }});
 }
 
+TEST_F(BrowserTools, FollowTheBoxWhenTheListComesAndGoes) {
+    WhileAIsShown({kBrowse, [&] {
+                       window.SetPictureBox({90, 71});
+                       program.mnuStageList_Click();
+                       EXPECT_EQ(Shown(window.Filled()), (ViewFrame{0, 0, 90, 70}));
+                       window.SetPictureBox({50, 41});
+                       program.mnuStageList_Click();
+                       EXPECT_EQ(Shown(window.Filled()), (ViewFrame{2, 3, 47, 38}));
+                   }});
+}
+
 TEST_F(BrowserTools, ZoomByTheWheelAndTheMenuAndAreDragged) {
     window.SetPictureBox({90, 71});
     const auto zoom = [this] { return Caption().substr(Caption().rfind(' ') + 1); };

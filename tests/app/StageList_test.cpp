@@ -15,6 +15,7 @@ namespace {
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::StartsWith;
 
 constexpr const char* kNothingChosen =
     "No MUGEN folder is chosen.\r\nExtras > MUGEN Folder... chooses one";
@@ -202,7 +203,8 @@ TEST_F(AnotherFolder, ReplacesWhatTheWindowTellsOfNone) {
     dialogs.Answer("/mugen/stages/empty");
     Choose("Use It All the Same");
     EXPECT_EQ(program.MugeDir, "/mugen/stages/empty/");
-    EXPECT_THAT(MessageTexts(), ElementsAre("Err.. no files.. uh.. "));
+    EXPECT_THAT(form.titleNote, StartsWith("The MUGEN folder is not there:"));
+    EXPECT_THAT(MessageTexts(), IsEmpty()) << "the window says it";
 }
 
 TEST_F(AnotherFolder, CannotBeChosenPlainlyOrWhileAStageLoads) {

@@ -351,7 +351,7 @@ void Monkey::StartAgain() {
     }
     if (std::all_of(command.begin() + 2, command.end(),
                     [](const std::string& path) { return path.empty(); })) {
-        return;  // a start without any file is one of its own
+        return;  // plain, that is a box of its own
     }
     Note("start again with " + command.back());
     Child later(command, scene_.ProgramEnvironment(), scene_.Folder() / "later.txt");

@@ -184,6 +184,14 @@ TEST_F(Starting, AWindowThatIsAnIconComesBack) {
     ExpectInFront();
 }
 
+TEST_F(Starting, ALaterStartWithoutAFileOnlyBringsTheWindowToTheFront) {
+    StartWithBar();
+    display_.Do("windowminimize --sync " + MainWindow());
+    EXPECT_EQ(StatusOf({}), 0) << output_;
+    ExpectInFront();
+    EXPECT_EQ(Title(), "bar");
+}
+
 TEST_F(Starting, PlainAdditionsOffHandOverToo) {
     std::ofstream(Folder() / "bin/Scenara.ini", std::ios::binary) << "Additions = False\r\n";
     StartWithBar();

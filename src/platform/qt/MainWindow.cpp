@@ -37,7 +37,7 @@ QString Shown(const std::string& text) {
     return QString::fromStdString(ToUtf8(text));
 }
 
-// As a menu shows it sign by sign: no access letter, and no tab, behind which the shortcut stands.
+// As a menu shows it sign by sign: no access letter, and no tab, after which the shortcut stands.
 QString Literal(const std::string& text) {
     QString shown = Shown(text);
     for (QChar& sign : shown) {
@@ -512,11 +512,27 @@ void MainWindow::HandOver() {
     while (!waiting_.Empty()) {
         waiting_.TakeFirst()(*events_);
     }
-    if (SizeIsToBeReported()) {
-        sizeCame_ = false;
-        events_->Form_Resize(inner_->width(), inner_->height());
-    }
+    static_cast<void>(ReportSize());
     Idle();
+}
+
+bool MainWindow::ReportSize() {
+    if (events_ == nullptr || !SizeIsToBeReported()) {
+        return false;
+    }
+    sizeCame_ = false;
+    events_->Form_Resize(inner_->width(), inner_->height());
+    return true;
+}
+
+void MainWindow::FollowSize() {
+    if (ReportSize()) {
+        ShowForm();
+    }
+}
+
+bool MainWindow::HasComeUp() const {
+    return !isVisible() || (windowHandle()->isExposed() && !sizeCame_);
 }
 
 // Not while another one may still come, and not before the window system has placed the window: the
@@ -655,9 +671,11 @@ bool MainWindow::eventFilter(QObject* receiver, QEvent* event) {
 }
 
 void MainWindow::TakeRequest(Request request) {
-    waiting_.Add(
-        [paths = std::move(request.paths)](FormEvents& events) { events.Form_OLEDragDrop(paths); },
-        WaitingEvents::Kind::Request);
+    if (!request.paths.empty()) {
+        waiting_.Add([paths = std::move(request.paths)](
+                         FormEvents& events) { events.Form_OLEDragDrop(paths); },
+                     WaitingEvents::Kind::Request);
+    }
     QWidget* const asked = QApplication::activeModalWidget();
     QWidget* const shown = covering_ != nullptr ? covering_->window() : this;
     BringToFront(asked != nullptr ? *asked : *shown, request.mark);

@@ -62,6 +62,10 @@ public:
     // What the program does between events. For whoever lets messages through without handing
     // events over, since the program stands still: a dialog that is open.
     void Idle();
+    // For the same: the controls are laid out for a size that has come.
+    void FollowSize();
+    // It is hidden, or stands as the window system has placed it.
+    [[nodiscard]] bool HasComeUp() const;
 
     // The program is to end, as if the window had been closed.
     void NoteUnload();
@@ -137,6 +141,7 @@ private:
     void BuildBars();
     void BuildMouse();
     void ShowForm();
+    bool ReportSize();
     void ShowMenus();
     void ShowPresentation();
     void ShowRecentFiles();

@@ -2,7 +2,9 @@
 #include "platform/qt/Questions.h"
 
 #include <QApplication>
+#include <QDeadlineTimer>
 #include <QDialog>
+#include <QThread>
 #include <QTimer>
 
 #include "platform/qt/MainWindow.h"
@@ -12,6 +14,8 @@ namespace {
 
 // Milliseconds between two looks at what the program does between events.
 constexpr int kLookEvery = 250;
+constexpr int kMostAwaited = 500;
+constexpr int kLookAtWindow = 20;
 
 // What stays open all the same is passed over.
 void CloseDialog(QWidget& widget) {
@@ -38,17 +42,29 @@ QWidget* Questions::Owner() const {
     return window_.Front();
 }
 
+// A window that is just coming up stands elsewhere afterwards, and a question is to stand over it.
+void Questions::AwaitWindow() {
+    const QDeadlineTimer patience(kMostAwaited);
+    while (!window_.HasComeUp() && !withdrawn_ && !patience.hasExpired()) {
+        QApplication::processEvents(QEventLoop::AllEvents, kLookAtWindow);
+        window_.FollowSize();
+        QThread::msleep(1);
+    }
+}
+
 int Questions::Ask(QDialog& dialog) {
     bool answered = false;
     QObject::connect(&dialog, &QDialog::finished, &dialog, [&] { answered = true; });
     QTimer look;
     look.start(kLookEvery);
     dialog.setModal(true);
+    AwaitWindow();
     if (!withdrawn_) {
         dialog.show();
     }
     while (!answered && !withdrawn_) {
         QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        window_.FollowSize();
         window_.Idle();
     }
     dialog.hide();

@@ -32,6 +32,7 @@ public:
     [[nodiscard]] bool AreWithdrawn() const { return withdrawn_; }
 
 private:
+    void AwaitWindow();
     MainWindow& window_;
     bool withdrawn_ = false;
 };

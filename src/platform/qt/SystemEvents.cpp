@@ -21,8 +21,8 @@ namespace {
 constexpr std::int64_t kNanosecondsPerSecond = 1'000'000'000;
 constexpr std::int64_t kNanosecondsPerMillisecond = 1'000'000;
 
-// How much later than it is to a sleep of this thread may end, where the system's timer is not there;
-// else the system takes 50 us.
+// By how much a sleep of this thread may be longer than asked, where the system's timer is not
+// there. The system takes 50 us otherwise.
 constexpr unsigned long kTimerSlack = 1000;
 
 // More than a toolkit's loop has ever waited for; where it is not enough, room is made.
@@ -100,7 +100,7 @@ void SystemEvents::SleepUntilAny(std::int64_t nanoseconds) {
     g_main_context_release(context);
 }
 
-// How many there are; behind them there is room for one more. `milliseconds` is how long the loop
+// How many there are; after them there is room for one more. `milliseconds` is how long the loop
 // itself would sleep, below 0 without end.
 std::size_t SystemEvents::AskWhatToWaitFor(int priority, int& milliseconds) {
     for (;;) {
