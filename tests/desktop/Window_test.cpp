@@ -149,7 +149,8 @@ TEST_F(DesktopWindow, TheExitItemEndsTheProgram) {
     EXPECT_EQ(WaitForEnd(), 0);
 }
 
-TEST_F(DesktopWindow, ASecondInstanceSaysSoAndEnds) {
+TEST_F(DesktopWindow, PlainASecondInstanceSaysSoAndEnds) {
+    std::ofstream(Folder() / "bin/Scenara.ini", std::ios::binary) << "Additions = False\r\n";
     std::vector<std::string> environment = display_.Environment();
     environment.push_back("ASAN_OPTIONS=detect_leaks=0");
     Child second({display_.Folder() + "bin/scenara"}, environment,
