@@ -46,31 +46,31 @@ void CompareRandomStages(int rounds, RandomFor mode) {
 }
 
 TEST(AgreesWithProgram, RandomStagesPlain) {
-    CompareRandomStages(Rounds(1500), RandomFor::Plain);
+    CompareRandomStages(Rounds(800), RandomFor::Plain);
 }
 
 TEST(AgreesWithProgram, RandomStagesWithAdditions) {
-    CompareRandomStages(Rounds(700), RandomFor::Additions);
+    CompareRandomStages(Rounds(400), RandomFor::Additions);
 }
 
 TEST(AgreesWithProgram, RandomStagesOfVersion11) {
-    CompareRandomStages(Rounds(1500), RandomFor::Version11);
+    CompareRandomStages(Rounds(800), RandomFor::Version11);
 }
 
 TEST(AgreesWithProgram, PicturesWithAlphaPlain) {
-    CompareMany(Rounds(400), [](std::uint32_t seed) {
+    CompareMany(Rounds(200), [](std::uint32_t seed) {
         return Compare(seed, MakeRandomAlphaStage(seed, RandomFor::Plain), kPlainView);
     });
 }
 
 TEST(AgreesWithProgram, PicturesWithAlpha) {
-    CompareMany(Rounds(400), [](std::uint32_t seed) {
+    CompareMany(Rounds(200), [](std::uint32_t seed) {
         return Compare(seed, MakeRandomAlphaStage(seed, RandomFor::Version11), {true});
     });
 }
 
 TEST(AgreesWithProgram, PicturesWithAlphaSmooth) {
-    CompareMany(Rounds(250), [](std::uint32_t seed) {
+    CompareMany(Rounds(130), [](std::uint32_t seed) {
         return Compare(seed, MakeRandomAlphaStage(seed, RandomFor::Version11, true), {true, true});
     });
 }
@@ -92,7 +92,7 @@ TEST(AgreesWithProgram, StagesOnTheEdgeOfAPixel) {
 
 // Frames that nobody looks at are not drawn with additions, and what follows is the same.
 TEST(PassedFrames, LeadToTheSamePicture) {
-    for (int round = 0; round < Rounds(300); ++round) {
+    for (int round = 0; round < Rounds(150); ++round) {
         const auto seed = kFirstSeed + static_cast<std::uint32_t>(round);
         for (const bool additions : {true, false}) {
             const RandomStage stage =
