@@ -22,6 +22,7 @@
 #include "desktop/DesktopMachine.h"
 #include "desktop/QuietRows.h"
 #include "desktop/TimedSink.h"
+#include "platform/posix/Instance.h"
 #include "platform/posix/ProgramFolder.h"
 #include "samplemaker/PcxWriter.h"
 #include "samplemaker/Sff1Writer.h"
