@@ -54,7 +54,7 @@ void frmStage::TakeMugenFolder(const std::string& folder) {
     }
 }
 
-// Addition: that there are none is said in the window.
+// Addition: the window itself says that there are none, and no box does.
 void frmStage::FillStageList() {
     Unsaid unsaid;
     Messages& messages = show_.Options().Additions ? unsaid : machine_.messages;

@@ -68,6 +68,14 @@ const std::map<std::string_view, xcb_keysym_t>& NamedKeys() {
     return keys;
 }
 
+// At most so many words of four bytes.
+auto PropertyOf(xcb_connection_t* display, xcb_window_t window, xcb_atom_t name,
+                std::uint32_t most) {
+    return Own(xcb_get_property_reply(
+        display, xcb_get_property(display, 0, window, name, XCB_GET_PROPERTY_TYPE_ANY, 0, most),
+        nullptr));
+}
+
 }  // namespace
 
 Hands::Hands(const std::string& display) : display_(xcb_connect(display.c_str(), nullptr)) {
@@ -209,11 +217,7 @@ xcb_atom_t Hands::Atom(std::string_view name) const {
 
 std::vector<std::uint32_t> Hands::Property(xcb_window_t window, std::string_view name) const {
     constexpr std::uint32_t kMost = 1024;
-    const auto reply =
-        Own(xcb_get_property_reply(display_.get(),
-                                   xcb_get_property(display_.get(), 0, window, Atom(name),
-                                                    XCB_GET_PROPERTY_TYPE_ANY, 0, kMost),
-                                   nullptr));
+    const auto reply = PropertyOf(display_.get(), window, Atom(name), kMost);
     if (!reply || reply->format != 32) {
         return {};
     }
@@ -224,11 +228,7 @@ std::vector<std::uint32_t> Hands::Property(xcb_window_t window, std::string_view
 
 std::string Hands::TextProperty(xcb_window_t window, std::string_view name) const {
     constexpr std::uint32_t kMost = 256;
-    const auto reply =
-        Own(xcb_get_property_reply(display_.get(),
-                                   xcb_get_property(display_.get(), 0, window, Atom(name),
-                                                    XCB_GET_PROPERTY_TYPE_ANY, 0, kMost),
-                                   nullptr));
+    const auto reply = PropertyOf(display_.get(), window, Atom(name), kMost);
     if (!reply || reply->format != 8) {
         return {};
     }

@@ -6,7 +6,7 @@
 // After most of what it does, it waits until the program reacts again. The program must not end by
 // itself, and not be silent for half a minute. Whenever it was closed, its settings must be whole;
 // and now and then the monkey changes a few by keys, closes the program at once, and looks whether
-// they were kept. From time to time it looks for pixels of the window that nobody has painted.
+// they were kept. From time to time it looks for pixels of the window that are not painted.
 //
 // What it chooses depends on the windows that are open, so two runs with one seed begin alike and
 // need not go on alike. What it did last stands in its report.

@@ -34,7 +34,7 @@ std::string Stage(const std::string& name, const std::string& camera, const std:
            "[BGdef]\nspr = stages/bar.sff\n[BG bar]\ntype = normal\nspriteno = 0,0\n" + rest;
 }
 
-// Of more kinds than are said in boxes, and more of one kind than are kept.
+// It has more kinds of problems than boxes report, and more of one kind than the list keeps.
 std::string Problems() {
     std::string text = Stage("problems", "boundleft = many\n", "");
     for (int i = 0; i < 3000; ++i) {

@@ -362,7 +362,7 @@ void Monkey::CompareSettings() {
 
 // --- what is seen ---
 
-// The screen behind the window is all background: the window must come to show none of it. What
+// The screen under the window is all background. The window must come to show none of it. What
 // opens by itself meanwhile ends the look.
 void Monkey::LookForUnpainted() {
     const auto alone = [&] {
