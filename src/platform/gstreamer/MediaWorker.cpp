@@ -46,7 +46,15 @@ std::optional<Time> Earlier(const std::optional<Time>& a, const std::optional<Ti
     return std::min(*a, *b);
 }
 
+// The library takes as long to start as the window to come up, and both would wait for each other.
+void WaitForTheWindow(GraphDesk& desk) {
+    constexpr std::chrono::milliseconds kLongEnough{200};
+    std::unique_lock lock(desk.mutex);
+    desk.work.wait_for(lock, kLongEnough, [&desk] { return desk.woken || desk.quit; });
+}
+
 void Work(GraphDesk& desk, const SinkMaker& makeSink) {
+    WaitForTheWindow(desk);
     const bool available = gst_init_check(nullptr, nullptr, nullptr) != FALSE;
     Files files;
     std::optional<Time> next;
