@@ -131,10 +131,9 @@ ProblemsWindow::ProblemsWindow(const ProblemList& problems, QWidget* parent)
     header.resizeSection(ProblemRows::Line, 9 * sign);
 
     auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
-    QPushButton* const all =
-        buttons->addButton(QStringLiteral("Copy &All"), QDialogButtonBox::ActionRole);
-    all->setAutoDefault(false);
-    connect(all, &QPushButton::clicked, this, [this] { CopyAll(); });
+    copyAll_ = buttons->addButton(QStringLiteral("Copy &All"), QDialogButtonBox::ActionRole);
+    copyAll_->setAutoDefault(false);
+    connect(copyAll_, &QPushButton::clicked, this, [this] { CopyAll(); });
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     const auto* const copy =
         new QShortcut(QKeySequence::Copy, view_, nullptr, nullptr, Qt::WidgetShortcut);
@@ -169,6 +168,7 @@ void ProblemsWindow::Look() {
     if (summary_->text() != summary) {
         summary_->setText(summary);
     }
+    copyAll_->setEnabled(rows_->rowCount() > 0);
 }
 
 void ProblemsWindow::CopySelected() const {

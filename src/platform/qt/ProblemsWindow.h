@@ -13,6 +13,7 @@
 #include "platform/ProblemList.h"
 
 class QLabel;
+class QPushButton;
 class QTreeView;
 
 namespace scenara {
@@ -67,6 +68,7 @@ private:
     ProblemRows* rows_ = nullptr;  // a child, as Qt has it, like the rest
     QLabel* summary_ = nullptr;
     QTreeView* view_ = nullptr;
+    QPushButton* copyAll_ = nullptr;
     QTimer look_;
 };
 
