@@ -9,6 +9,7 @@
 #include <QPushButton>
 #include <QTest>
 #include <QTreeView>
+#include <algorithm>
 #include <string>
 
 #include <gtest/gtest.h>
@@ -38,6 +39,11 @@ protected:
         return view->model()->index(row, column).data().toString();
     }
     [[nodiscard]] static QString Copied() { return QGuiApplication::clipboard()->text(); }
+    [[nodiscard]] QPushButton* Button(const char* text) const {
+        const QList<QPushButton*> all = window.findChildren<QPushButton*>();
+        const auto found = std::ranges::find(all, QString(text), &QPushButton::text);
+        return found == all.end() ? nullptr : *found;
+    }
     // The window looks by itself, some time.
     void Rows(int count) {
         EXPECT_TRUE(QTest::qWaitFor([&] { return view->model()->rowCount() == count; }));
@@ -47,6 +53,7 @@ protected:
     ProblemsWindow window{list, nullptr};
     QTreeView* view = window.findChild<QTreeView*>();
     QLabel* summary = window.findChild<QLabel*>();
+    QPushButton* copyAll = Button("Copy &All");
 };
 
 TEST_F(ProblemsShown, AreARowEach) {
@@ -73,11 +80,7 @@ TEST_F(ProblemsShown, AreCopiedAsFarAsTheyAreSelected) {
 }
 
 TEST_F(ProblemsShown, AreCopiedAllByTheButton) {
-    for (QPushButton* const button : window.findChildren<QPushButton*>()) {
-        if (button->text() == "Copy &All") {
-            button->click();
-        }
-    }
+    copyAll->click();
     EXPECT_EQ(Copied(),
               "/stages/a.def:7: warning: Overflow: start, line 7\n"
               "/stages/a.def: error: nothing there\n");
@@ -92,11 +95,13 @@ TEST_F(ProblemsShown, FollowTheList) {
     EXPECT_EQ(Cell(2, ProblemRows::Text), "") << "before it has looked";
     Rows(0);
     EXPECT_EQ(summary->text(), "No problems");
+    EXPECT_FALSE(copyAll->isEnabled());
     for (std::size_t i = 0; i < ProblemList::kMostKept + 5; ++i) {
         Say(Severity::Warning, "again", 1);
     }
     const int rows = static_cast<int>(ProblemList::kMostKept) + 1;
     Rows(rows);
+    EXPECT_TRUE(copyAll->isEnabled());
     EXPECT_EQ(Cell(rows - 1, ProblemRows::Text), "... and 5 more");
     EXPECT_EQ(Cell(rows - 2, ProblemRows::Text), "again");
 }
