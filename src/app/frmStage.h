@@ -211,6 +211,7 @@ private:
     void StateChanged() override;
     void CameraRangeChanged() override;
     void StageLoaded() override;
+    void CharacterFollows() override { loadMessages_.CharacterFollows(); }
     void MusicNamed(const std::string& path) override { music_.SetFileName(path); }
     void ShowProgress(const std::string& caption) override { machine_.window.SetCaption(caption); }
     void EndProgress() override { machine_.window.SetCaption(form_.Caption); }
@@ -282,7 +283,8 @@ private:
     void MakeSettingsText();
     void MakeExtrasText();
     void ShowCharacterItem();
-    void LoadingCharacter(const std::function<void()>& load);
+    // `isLoaded`: it is, and has only been off.
+    void LoadingCharacter(const std::function<void()>& load, bool isLoaded = false);
     [[nodiscard]] bool CanBeEdited() const;
     void ShowEditing();
     void LeaveBrowser();
