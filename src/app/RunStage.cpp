@@ -198,6 +198,7 @@ void frmStage::RunPass() {
     }
     if (show_.Options().Additions) {
         BeginMusicAgain();
+        WatchFocusWhilePaused();
     }
     ShowEditing();
     if (seen) {
@@ -268,6 +269,16 @@ void frmStage::OncePerSecond() {
     }
     if (!show_.Options().Additions) {
         BeginMusicAgain();
+    }
+}
+
+// Addition: a paused stage has no frames to count seconds by.
+void frmStage::WatchFocusWhilePaused() {
+    constexpr std::uint32_t kEvery = 1000;  // milliseconds
+    const Long now = machine_.clock.GetTickCount();
+    if (show_.State() == ShowState::Paused && TicksSince(lastFocusLook_, now) >= kEvery) {
+        lastFocusLook_ = now;
+        LeaveFullScreenWithFocus();
     }
 }
 

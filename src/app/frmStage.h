@@ -294,6 +294,7 @@ private:
     void MoveSpriteBar(Long value, const std::function<void()>& show);
     void OncePerSecond();
     void LeaveFullScreenWithFocus();
+    void WatchFocusWhilePaused();
     [[nodiscard]] Integer ModeOfFullScreen() const;
     void BringModeBack();
     // What the list beside the picture takes of the window.
@@ -332,9 +333,10 @@ private:
 
     bool settingsLoaded_ = false;
     Extras extras_;
-    KeptFile settingsFile_;  // QX.CFG
-    KeptFile extrasFile_;    // Scenara.ini
-    Long lastLook_ = 0;      // the tick of the last look whether they have changed
+    KeptFile settingsFile_;   // QX.CFG
+    KeptFile extrasFile_;     // Scenara.ini
+    Long lastLook_ = 0;       // the tick of the last look whether they have changed
+    Long lastFocusLook_ = 0;  // the tick of the last look who is in front, while paused
     bool pauseWasDown_ = false;
     bool noted_ = false;      // the caption is one that goes
     Long noteSince_ = 0;      // the tick when it came

@@ -97,6 +97,8 @@ inline constexpr std::array kAdditions = {
     Addition{"The picture's size", "app/Commands.cpp", "PresentationWanted"},
     Addition{"The window's size and place", "app/Layout.cpp", "ComeUp"},
     Addition{"The full screen", "app/FullScreen.cpp", "ModeOfFullScreen"},
+    Addition{"Another program in front of the full screen", "app/RunStage.cpp",
+             "WatchFocusWhilePaused"},
     Addition{"Full Screen without a stage", "app/MenuTree.cpp", "ToCover"},
     Addition{"Page Up, Page Down in the full screen", "app/Commands.cpp", "PageDown"},
     Addition{"The list's selection", "app/Opening.cpp", "SelectAskedFor"},

@@ -122,7 +122,15 @@ TEST_F(FullScreen, TheMainWindowInFrontLeavesIt) {
                   Times(62, Wait) + Then([&] { ExpectOff(); }));
 }
 
-TEST_F(FullScreen, WhilePausedNobodyLooksWhoIsInFront) {
+TEST_F(FullScreen, AnotherProgramInFrontLeavesItWhilePausedToo) {
+    WhileAIsShown(Then(kEnter) + Then(Choose(Menu::mnuPause)) + Times(70, [&] { ExpectOn(); }) +
+                  Then([&] { window.SetForeground(kOtherProgram); }) + Times(62, Wait) + Then([&] {
+                      ExpectOff();
+                      EXPECT_NE(loop.Paused, 0);
+                  }));
+}
+
+TEST_F(PlainFullScreen, WhilePausedNobodyLooksWhoIsInFront) {
     WhileAIsShown(Then(kEnter) + Then([&] {
                       Click(Menu::mnuPause);
                       window.SetForeground(kOtherProgram);
