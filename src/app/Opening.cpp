@@ -40,6 +40,7 @@ bool frmStage::IsStageAskedFor(MessageIcon icon) {
 
 void frmStage::OpenStage() {
     if (!IsStageAskedFor(MessageIcon::Exclamation)) {
+        SelectShown();
         return;
     }
     SetCaption(show_.Which.CurrentStageFile);
@@ -93,29 +94,55 @@ void frmStage::OpenListed() {
 // Addition: however a stage was chosen, the list selects it, or nothing where it is not in the
 // list; so that Next and Previous go on from what is shown.
 void frmStage::SelectAskedFor() {
+    if (show_.Options().Additions) {
+        passedOver_.reset();
+        SelectFile(show_.Which.CurrentStageFile);
+    }
+}
+
+// Addition: what was selected could not be opened. The list selects what is shown all the same, or
+// is about to be.
+void frmStage::SelectShown() {
     if (!show_.Options().Additions) {
         return;
     }
+    passedOver_ = form_.lstStages.ListIndex;
+    const bool isShown = show_.Loop().StageRunning != 0;
+    SelectFile(show_.Which.next.value_or(isShown ? show_.Which.shown : std::string()));
+}
+
+void frmStage::SelectFile(const std::string& path) {
     const std::vector<std::string>& items = form_.lstStages.items;
-    const auto item = std::ranges::find_if(items, [&](const std::string& each) {
-        return IsStageFile(MugeDir, each, show_.Which.CurrentStageFile);
-    });
+    const auto item = std::ranges::find_if(
+        items, [&](const std::string& each) { return IsStageFile(MugeDir, each, path); });
     form_.lstStages.ListIndex = item == items.end() ? -1 : static_cast<Long>(item - items.begin());
 }
 
+// Where Next and Previous begin. Addition: beyond what could not be opened, which they would come
+// to again and again.
+Long frmStage::FirstPassed(bool forwards) const {
+    const Long selected = form_.lstStages.ListIndex;
+    if (!show_.Options().Additions || !passedOver_) {
+        return selected;
+    }
+    return forwards || selected < 0 ? std::max(selected, *passedOver_)
+                                    : std::min(selected, *passedOver_);
+}
+
 void frmStage::mnuStageNext_Click() {
-    if (form_.lstStages.ListIndex != Count(form_.lstStages) - 1) {
-        SelectStage(form_.lstStages.ListIndex + 1);
+    if (const Long from = FirstPassed(true); from != Count(form_.lstStages) - 1) {
+        SelectStage(from + 1);
     }
 }
 
 // Deliberate: plain, with nothing selected it asks the list for item -2, which the list rejects
 // (PlainOpening.PreviousWithoutASelectionIsAnError). Addition: it goes to the last one.
 void frmStage::mnuStagePrev_Click() {
-    if (show_.Options().Additions && form_.lstStages.ListIndex < 0) {
+    const Long from = FirstPassed(false);
+    if (show_.Options().Additions && from < 0) {
         SelectStage(Count(form_.lstStages) - 1);
-    } else if (form_.lstStages.ListIndex != 0) {
-        SelectStage(form_.lstStages.ListIndex - 1);
+    } else if (from != 0) {
+        SelectStage(from - 1);
     }
 }
 

@@ -187,6 +187,7 @@ void frmStage::AbandonStage() {
         // The caption of a stage that is not there, and the last frame of another one.
         form_.picLoad.visible = true;
         ShowTitle();
+        SelectShown();
     }
 }
 

@@ -61,6 +61,7 @@ void frmStage::FillStageList() {
     ListBox& list = form_.lstStages;
     list.items.clear();
     list.ListIndex = -1;
+    passedOver_.reset();
     ++list.filled;
     if (!MugeDir.empty()) {
         LoadFilestoList(list, StagesFolder(MugeDir), ".def", machine_.files, messages);

@@ -267,6 +267,9 @@ private:
     void SelectStage(Long index);
     void OpenListed();
     void SelectAskedFor();
+    void SelectShown();
+    void SelectFile(const std::string& path);
+    [[nodiscard]] Long FirstPassed(bool forwards) const;
     // One of the files that settings are kept in.
     struct KeptFile {
         SettingsKeeper keeper;
@@ -333,10 +336,11 @@ private:
 
     bool settingsLoaded_ = false;
     Extras extras_;
-    KeptFile settingsFile_;   // QX.CFG
-    KeptFile extrasFile_;     // Scenara.ini
-    Long lastLook_ = 0;       // the tick of the last look whether they have changed
-    Long lastFocusLook_ = 0;  // the tick of the last look who is in front, while paused
+    KeptFile settingsFile_;           // QX.CFG
+    KeptFile extrasFile_;             // Scenara.ini
+    std::optional<Long> passedOver_;  // the item of the list that could not be opened just now
+    Long lastLook_ = 0;               // the tick of the last look whether they have changed
+    Long lastFocusLook_ = 0;          // the tick of the last look who is in front, while paused
     bool pauseWasDown_ = false;
     bool noted_ = false;      // the caption is one that goes
     Long noteSince_ = 0;      // the tick when it came
