@@ -74,14 +74,31 @@ void frmStage::LeaveStage() {
     show_.Which.camera.reset();
 }
 
-// Selecting an item opens it, whoever selects it.
+// Selecting an item opens it, whoever selects it. While a stage loads it is only selected;
+// addition: and opened after that, unless it is the one that loads.
 void frmStage::SelectStage(Long index) {
     if (index < -1 || index >= Count(form_.lstStages)) {
         throw RunTimeError(RunTimeErrorKind::InvalidPropertyValue, "ListIndex");
     }
     form_.lstStages.ListIndex = index;
-    if (show_.State() != ShowState::Loading && index >= 0) {
+    if (show_.State() == ShowState::Loading) {
+        NoteChosen();
+    } else if (index >= 0) {
         OpenListed();
+    }
+}
+
+void frmStage::NoteChosen() {
+    WhichStage& which = show_.Which;
+    which.chosen.clear();
+    const Long index = form_.lstStages.ListIndex;
+    if (!show_.Options().Additions || index < 0) {
+        return;
+    }
+    const std::string& item = form_.lstStages.items.at(static_cast<std::size_t>(index));
+    which.follows.clear();
+    if (!IsStageFile(MugeDir, item, which.shown)) {
+        which.chosen = StageFile(MugeDir, item);
     }
 }
 
@@ -170,6 +187,7 @@ void frmStage::mnuOpen_Click() {
 void frmStage::Form_OLEDragDrop(const std::vector<std::string>& paths) {
     Handle([&] {
         show_.Which.follows = paths;
+        show_.Which.chosen.clear();
         if (show_.State() != ShowState::Loading) {
             OpenFollowing();
         }
@@ -177,8 +195,15 @@ void frmStage::Form_OLEDragDrop(const std::vector<std::string>& paths) {
 }
 
 void frmStage::OpenFollowing() {
-    if (!show_.Which.follows.empty() && !machine_.window.EndRequested()) {
-        OpenGiven(std::exchange(show_.Which.follows, {}));
+    WhichStage& which = show_.Which;
+    if (machine_.window.EndRequested()) {
+        return;
+    }
+    if (!which.chosen.empty()) {
+        which.CurrentStageFile = std::exchange(which.chosen, {});
+        OpenStage();
+    } else if (!which.follows.empty()) {
+        OpenGiven(std::exchange(which.follows, {}));
     }
 }
 

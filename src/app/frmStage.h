@@ -265,6 +265,7 @@ private:
     void LeaveStage();
     void LoadAgain();
     void SelectStage(Long index);
+    void NoteChosen();
     void OpenListed();
     void SelectAskedFor();
     void SelectShown();
@@ -311,6 +312,7 @@ private:
     [[nodiscard]] std::string Title();
     [[nodiscard]] const char* TitleMark();
     void EndNote();
+    void GoThroughStages(VirtualKey key);
     // An item of Extras that has no more to do than to be checked.
     void FlipExtra(Menu item);
     // What the items of Extras say goes to whom it is for.

@@ -101,6 +101,7 @@ inline constexpr std::array kAdditions = {
              "WatchFocusWhilePaused"},
     Addition{"Full Screen without a stage", "app/MenuTree.cpp", "ToCover"},
     Addition{"Page Up, Page Down in the full screen", "app/Commands.cpp", "PageDown"},
+    Addition{"A choice from the list while a stage loads", "app/Opening.cpp", "NoteChosen"},
     Addition{"The list's selection", "app/Opening.cpp", "SelectAskedFor"},
     Addition{"`<<` and `R` without a stage to go to", "app/Opening.cpp", "mnuStagePrev_Click"},
     Addition{"Settings", "app/Saving.cpp", "SavesMeanwhile"},

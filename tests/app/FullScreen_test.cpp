@@ -228,6 +228,30 @@ TEST_F(FullScreen, PageUpAndPageDownGoThroughTheStages) {
     EXPECT_THAT(MessageTexts(), IsEmpty());
 }
 
+// Each press counts: two on, none at the end, one back.
+TEST_F(FullScreen, PageDownWhileAStageLoadsIsTakenWhenThatIsDone) {
+    files.Put("/mugen/stages/d.def", Stage("fourth"));
+    files.Put("/mugen/stages/e.def", Stage("fifth"));
+    Load();
+    const Act next = KeyDown(VirtualKey::PageDown);
+    const Act loading =
+        Once(All({next, KeyDown(VirtualKey::Escape), next, next, KeyDown(VirtualKey::PageUp)}));
+    bool changes = false;
+    WhileAIsShown({kEnter, [&] { changes = true; }, Select(kItemC),
+                   [&] {
+                       EXPECT_EQ(Caption(), "fourth");
+                       EXPECT_EQ(form.lstStages.ListIndex, 3);
+                       ExpectOn();
+                   }},
+                  [&](RunningStage& running) {
+                      if (changes) {
+                          loading(running);
+                      }
+                  });
+    EXPECT_EQ(Begun(), 3);
+    EXPECT_THAT(MessageTexts(), IsEmpty());
+}
+
 TEST_F(FullScreen, InTheWindowPageDownIsTheLists) {
     WhileAIsShown({KeyDown(VirtualKey::PageDown), [&] { EXPECT_EQ(Caption(), "first"); }});
     EXPECT_EQ(Begun(), 1);

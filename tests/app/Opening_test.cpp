@@ -280,7 +280,30 @@ TEST_F(Opening, AnItemThatTheListDoesNotHaveIsAnError) {
     EXPECT_EQ(Begun(), 0);
 }
 
-TEST_F(Opening, WhileAStageLoadsTheListSelectsAndOpensNothing) {
+TEST_F(Opening, WhatTheListSelectsWhileAStageLoadsIsOpenedWhenThatIsDone) {
+    WhileAIsShown({}, Once(All({Select(1), Select(kItemC)})));
+    EXPECT_EQ(Caption(), "third");
+    EXPECT_EQ(form.lstStages.ListIndex, kItemC);
+    EXPECT_THAT(form.recentFiles, ElementsAre(kStageC, kStageA));
+    EXPECT_EQ(Begun(), 2);
+}
+
+// The second click of two may come then.
+TEST_F(Opening, WhatLoadsIsNotOpenedAgainForASecondClick) {
+    WhileAIsShown({Wait}, All({Select(kItemC), Select(kItemA)}));
+    EXPECT_EQ(Caption(), "first");
+    EXPECT_EQ(Begun(), 1);
+}
+
+TEST_F(Opening, OfADropAndAChoiceWhileAStageLoadsTheLaterOneIsOpened) {
+    files.Put("/elsewhere/own.def", Stage("own"));
+    const Act drop = Drop("/elsewhere/own.def");
+    WhileAIsShown({[&] { EXPECT_EQ(Caption(), "third"); }}, Once(All({drop, Select(kItemC)})));
+    WhileAIsShown({[&] { EXPECT_EQ(Caption(), "own"); }}, Once(All({Select(kItemC), drop})));
+    EXPECT_EQ(Begun(), 4);
+}
+
+TEST_F(PlainOpening, WhileAStageLoadsTheListSelectsAndOpensNothing) {
     WhileAIsShown({}, Select(kItemC));
     EXPECT_EQ(Caption(), "first");
     EXPECT_EQ(show.Which.CurrentStageFile, kStageA);
