@@ -167,6 +167,7 @@ void frmStage::mnuAdditions_Click() {
     TakeExtras();
     StateChanged();
     if (show_.Loop().StageRunning != 0) {
+        keepsSize_ = true;
         LoadAgain();
     }
     SaveCheckedExtras();

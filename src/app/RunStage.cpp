@@ -76,6 +76,7 @@ void frmStage::ShowStage() {
     if (ShowStageList != 0) {
         SizeForPicture();
     }
+    keepsSize_ = false;
     machine_.process.YieldToOthers();
     if (!StartLoop()) {
         AbandonStage();

@@ -146,7 +146,8 @@ public:
     void mnuStageList_Click();
     void mnuAbout_Click();
     void mnuProblems_Click() { machine_.dialogs.ShowProblems(form_.problems); }
-    // The additions on or off; the stage is loaded again with the camera where it is.
+    // The additions on or off; the stage is loaded again with the camera where it is, and the
+    // window keeps its size.
     void mnuAdditions_Click();
     // Asks for another engine folder.
     void mnuMugenFolder_Click();
@@ -349,6 +350,7 @@ private:
     bool loopRuns_ = false;   // RunStage is on the stack
     InnerSize wishedSize_;    // what was asked for last, or has come since
     bool cameUp_ = false;     // it is known how the window comes up
+    bool keepsSize_ = false;  // until the stage is shown again: the additions were switched
     bool activated_ = false;  // the window has been sized once
     bool centres_ = false;    // ... and is to be centred when its size has come
     bool ended_ = false;
