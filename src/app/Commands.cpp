@@ -53,7 +53,8 @@ void frmStage::Menu_Click(Menu item) {
 // kill the stage, so Escape just leaves the sprite browser, or the full screen, and Q does nothing.
 void frmStage::Form_KeyDown(VirtualKey key) {
     Handle([&] {
-        if (show_.State() == ShowState::Loading) {
+        if (State() == ShowState::Loading) {
+            givesUp_ = givesUp_ || key == VirtualKey::Escape;
             GoThroughStages(key);
             return;  // the load works with the device
         }

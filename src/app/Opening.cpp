@@ -9,7 +9,6 @@
 #include <utility>
 #include <vector>
 
-#include "app/GivenPaths.h"
 #include "app/RecentFiles.h"
 #include "app/StageFiles.h"
 #include "app/frmStage.h"
@@ -81,7 +80,7 @@ void frmStage::SelectStage(Long index) {
         throw RunTimeError(RunTimeErrorKind::InvalidPropertyValue, "ListIndex");
     }
     form_.lstStages.ListIndex = index;
-    if (show_.State() == ShowState::Loading) {
+    if (State() == ShowState::Loading) {
         NoteChosen();
     } else if (index >= 0) {
         OpenListed();
@@ -97,7 +96,9 @@ void frmStage::NoteChosen() {
     }
     const std::string& item = form_.lstStages.items.at(static_cast<std::size_t>(index));
     which.follows.clear();
-    if (!IsStageFile(MugeDir, item, which.shown)) {
+    const bool loads =
+        show_.State() == ShowState::Loading && IsStageFile(MugeDir, item, which.shown);
+    if (!loads) {
         which.chosen = StageFile(MugeDir, item);
     }
 }
@@ -182,65 +183,6 @@ void frmStage::mnuOpen_Click() {
         show_.Which.CurrentStageFile = ChosenStage(chosen);
         OpenStage();
     }
-}
-
-void frmStage::Form_OLEDragDrop(const std::vector<std::string>& paths) {
-    Handle([&] {
-        show_.Which.follows = paths;
-        show_.Which.chosen.clear();
-        if (show_.State() != ShowState::Loading) {
-            OpenFollowing();
-        }
-    });
-}
-
-void frmStage::OpenFollowing() {
-    WhichStage& which = show_.Which;
-    if (machine_.window.EndRequested()) {
-        return;
-    }
-    if (!which.chosen.empty()) {
-        which.CurrentStageFile = std::exchange(which.chosen, {});
-        OpenStage();
-    } else if (!which.follows.empty()) {
-        OpenGiven(std::exchange(which.follows, {}));
-    }
-}
-
-// What loads or runs a stage comes last: it may return when the stage is closed.
-void frmStage::OpenGiven(const std::vector<std::string>& paths) {
-    const GivenPaths given = LookAt(machine_.files, paths);
-    if (given.IsNothing() && !given.other.empty()) {
-        ReportGiven(given.other, given.otherIsFolder);
-    }
-    if (!given.mugenFolder.empty()) {
-        TakeMugenFolder(given.mugenFolder);
-    }
-    if (!given.character.empty()) {
-        PutOnStage(given.character, !given.stages.empty());
-    }
-    for (std::size_t i = std::min(given.stages.size(), kMaxRecentFiles); i > 1; --i) {
-        RememberRecentFile(form_, given.stages[i - 1]);
-    }
-    if (!given.stages.empty()) {
-        show_.Which.CurrentStageFile = given.stages.front();
-        OpenStage();
-    }
-}
-
-void frmStage::ReportGiven(const std::string& path, bool isFolder) {
-    if (!isFolder) {
-        show_.Which.CurrentStageFile = path;
-        OpenStage();  // it says what is wrong with it
-        return;
-    }
-    machine_.messages.Show({kMessageNoStageInFolder,
-                            "There is nothing to show in the folder\r\n" + path +
-                                "\r\n\r\nIt has no folder \"stages\" as a MUGEN folder does, no "
-                                "stage (a .def file) and no character.",
-                            {},
-                            MessageIcon::Exclamation,
-                            {0, 0, path}});
 }
 
 void frmStage::mnuReload_Click() {

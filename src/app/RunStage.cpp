@@ -129,7 +129,7 @@ bool frmStage::StartLoop() {
 }
 
 void frmStage::StateChanged() {
-    EnableMenus(form_, show_.State(), show_.HasShown(), show_.CanZoom() || browser_.CanZoom());
+    EnableMenus(form_, State(), show_.HasShown(), show_.CanZoom() || browser_.CanZoom());
 }
 
 // The camera's bar goes by whole units, inside of where the camera may be.

@@ -5,9 +5,10 @@
 // What is shown is a StageShow's affair; this is the window around one: start-up (FormLoad.cpp),
 // the sizes of the window and its controls (Layout.cpp), which stage is shown (Opening.cpp), the
 // loop that shows it (RunStage.cpp), the engine folder and the list (StageList.cpp), the other
-// commands (Commands.cpp), the test character (TestChar.cpp), the background editor (Editing.cpp),
-// the sprite browser (Browsing.cpp), the full screen (FullScreen.cpp), what is saved meanwhile
-// (Saving.cpp), what is reported of a load (LoadMessages.cpp), the end (Unload.cpp).
+// commands (Commands.cpp), what is dropped or named at a start (Given.cpp), the test character
+// (TestChar.cpp), the background editor (Editing.cpp), the sprite browser (Browsing.cpp), the full
+// screen (FullScreen.cpp), what is saved meanwhile (Saving.cpp), what is reported of a load
+// (LoadMessages.cpp), the end (Unload.cpp).
 //
 // One thread. All that the user does arrives through FormEvents while the loop lets messages
 // through, so any handler may run between two frames, and between two images of a load. A run-time
@@ -27,6 +28,7 @@
 #include "app/Configuration.h"
 #include "app/Extras.h"
 #include "app/FrameWait.h"
+#include "app/GivenPaths.h"
 #include "app/LoadMessages.h"
 #include "app/ScreenModule.h"
 #include "app/SettingsKeeper.h"
@@ -78,7 +80,7 @@ public:
     // Start-up: settings are read, or the engine folder is asked for, and the stages are listed.
     // Afterwards Ended() tells whether there is anything to go on with. `given` are the paths that
     // the program was started with: an engine folder among them is taken in place of the settings'
-    // and of the question. They are not opened yet.
+    // and of the question. They are not opened yet; Form_OLEDragDrop with the same paths does it.
     void Form_Load(const std::vector<std::string>& given = {});
 
     void Form_Activate() override;
@@ -125,7 +127,8 @@ public:
     }
     void MnuRecentFiles_Click(Long index) override;
     // Takes an engine folder, puts a character on the stage, opens the first stage and has the
-    // others among the recent files (GivenPaths.h); while a stage loads, when that is done.
+    // others among the recent files (GivenPaths.h); plain, opens the first path as a stage. While a
+    // stage loads, when that is done.
     void Form_OLEDragDrop(const std::vector<std::string>& paths) override;
     void mnuOpen_Click();
     void mnuClose_Click();
@@ -201,6 +204,10 @@ public:
     [[nodiscard]] ImageSets& ImageSurfaces() { return imageSets_; }
 
 private:
+    class LookingThrough;
+
+    // As it is for the user's choices.
+    [[nodiscard]] ShowState State() const { return looks_ ? ShowState::Loading : show_.State(); }
     // Runs `work`; what the error out of it says, if there was one.
     static std::optional<std::string> FailureOf(const std::function<void()>& work);
     void SayRunTimeError(const std::string& reason);
@@ -254,13 +261,16 @@ private:
     void TuneMusic();
     void BeginMusicAgain();
     void OpenFollowing();
-    void OpenGiven(const std::vector<std::string>& paths);
+    [[nodiscard]] bool OpenGiven(const std::vector<std::string>& paths);
+    void OpenFirstGiven(const std::vector<std::string>& paths, const std::string& taken);
+    [[nodiscard]] GivenPaths LookThrough(const std::vector<std::string>& paths);
     void ReportGiven(const std::string& path, bool isFolder);
     void PutOnStage(const std::string& character, bool opensStage);
     [[nodiscard]] bool ReadSettings(CameraSteps& steps, const std::string& givenFolder);
     [[nodiscard]] bool AskAtFirstStart();
     [[nodiscard]] std::string AskForFolder();
     void TakeMugenFolder(const std::string& folder);
+    void ShowFilledList();
     void FillStageList();
     void NoteEmptyList();
     void LeaveStage();
@@ -335,6 +345,9 @@ private:
     ScreenModule screen_;
     Integer savedMode_ = kNoMode;    // of the display, before the full screen
     DisplaySettings savedSettings_;  // ... for one that the display does not list
+    bool looks_ = false;             // what was given is looked through
+    bool givesUp_ = false;           // ... and the user does not want to wait for that
+    std::string takenAtStart_;       // the MUGEN folder that was given then, and is given again
     bool startFullScreen_ = false;   // the stage that is opened is to be shown full screen
 
     bool settingsLoaded_ = false;
