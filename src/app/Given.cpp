@@ -126,9 +126,10 @@ bool frmStage::OpenGiven(const std::vector<std::string>& paths) {
 // the start has taken.
 void frmStage::OpenFirstGiven(const std::vector<std::string>& paths, const std::string& taken) {
     const auto first = std::ranges::find_if(paths, [&](const std::string& path) {
-        return taken.empty() || MugenFolderAmong(machine_.files, {path}) != taken;
+        return !path.empty() &&
+               (taken.empty() || MugenFolderAmong(machine_.files, {path}) != taken);
     });
-    if (first != paths.end() && !first->empty()) {
+    if (first != paths.end()) {
         show_.Which.CurrentStageFile = *first;
         OpenStage();
     }

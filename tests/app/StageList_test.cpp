@@ -302,6 +302,7 @@ protected:
 TEST_F(PlainlyDropped, AFolderIsNoFile) {
     std::vector<std::string> said;
     for (const char* const folder : {"/mugen", "/pack", "/hero"}) {
+        user = InTurn({});
         program.Form_OLEDragDrop({folder});
         said.push_back(std::string("Can't find file: \r\n") + folder);
         said.push_back("Not a stage!");
