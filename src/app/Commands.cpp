@@ -52,10 +52,12 @@ void frmStage::Menu_Click(Menu item) {
 // Plain, Escape and Q release the device under the running loop. Addition: a key press must not
 // kill the stage, so Escape just leaves the sprite browser, or the full screen, and Q does nothing.
 void frmStage::Form_KeyDown(VirtualKey key) {
-    if (show_.State() == ShowState::Loading) {
-        return;  // the load works with the device
-    }
     Handle([&] {
+        if (State() == ShowState::Loading) {
+            givesUp_ = givesUp_ || key == VirtualKey::Escape;
+            GoThroughStages(key);
+            return;  // the load works with the device
+        }
         if (key == VirtualKey::Escape && browser_.FillsBox()) {
             mnuDebug_Click();
             return;
@@ -63,17 +65,23 @@ void frmStage::Form_KeyDown(VirtualKey key) {
         if (key == VirtualKey::Escape) {
             ResetRes();
         }
-        if (FullScreenState == 1 && show_.Options().Additions) {
-            switch (key) {
-                case VirtualKey::PageUp: mnuStagePrev_Click(); break;
-                case VirtualKey::PageDown: mnuStageNext_Click(); break;
-                default: break;
-            }
-        }
+        GoThroughStages(key);
         if ((key == VirtualKey::Escape || key == VirtualKey::Q) && !show_.Options().Additions) {
             show_.TheEngine().Engine_Deinit();
         }
     });
+}
+
+// Addition: what is shown full screen has neither menus nor list.
+void frmStage::GoThroughStages(VirtualKey key) {
+    if (FullScreenState != 1 || !show_.Options().Additions) {
+        return;
+    }
+    switch (key) {
+        case VirtualKey::PageUp: mnuStagePrev_Click(); break;
+        case VirtualKey::PageDown: mnuStageNext_Click(); break;
+        default: break;
+    }
 }
 
 // Whether or not the stage has music.
@@ -160,6 +168,7 @@ void frmStage::mnuAdditions_Click() {
     TakeExtras();
     StateChanged();
     if (show_.Loop().StageRunning != 0) {
+        keepsSize_ = true;
         LoadAgain();
     }
     SaveCheckedExtras();

@@ -97,6 +97,7 @@ void frmStage::Form_Load(const std::vector<std::string>& given) {
         }
         if (!givenFolder.empty()) {
             MugeDir = WithSeparator(givenFolder);
+            takenAtStart_ = givenFolder;
         }
         FillStageList();
     }));

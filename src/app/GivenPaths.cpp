@@ -6,7 +6,6 @@
 #include <string_view>
 
 #include "app/MugenFolder.h"
-#include "app/StageFiles.h"
 #include "base/Path.h"
 #include "base/Text.h"
 
@@ -24,28 +23,18 @@ bool IsDefinition(std::string_view path) {
            EqualsIgnoringCase(path.substr(path.size() - kExtension.size()), kExtension);
 }
 
-// The first definition in the folder that is what is wanted; empty: none.
-template <class IsWanted>
-std::string FirstIn(Files& files, const std::string& folder, const IsWanted& isWanted) {
-    for (const std::string& name : files.List(WithSeparator(folder), kExtension)) {
-        if (const std::string path = JoinPath(folder, name); isWanted(files, path)) {
-            return path;
-        }
-    }
-    return {};
-}
-
 class Looking {
 public:
-    Looking(Files& files, GivenPaths& given) : files_(files), given_(given) {}
+    Looking(Files& files, GivenPaths& given, const GoesOn& goesOn)
+        : files_(files), given_(given), asks_([this, &goesOn] { return AskWhether(goesOn); }) {}
 
     void AtFolder(const std::string& folder) {
         const std::string mugenFolder = MugenFolderOf(files_, folder);
         if (!mugenFolder.empty()) {
             TakeFirst(given_.mugenFolder, mugenFolder);
-        } else if (const std::string stage = FirstIn(files_, folder, IsStage); !stage.empty()) {
+        } else if (const std::string stage = FirstIn(folder, IsStage); !stage.empty()) {
             given_.stages.push_back(stage);
-        } else if (const std::string hero = FirstIn(files_, folder, IsChar); !hero.empty()) {
+        } else if (const std::string hero = FirstIn(folder, IsChar); !hero.empty()) {
             TakeFirst(given_.character, hero);
         } else {
             TakeOther(folder, true);
@@ -54,9 +43,9 @@ public:
 
     void AtFile(const std::string& file, bool isAlone) {
         const bool isLookedInto = isAlone || IsDefinition(file);
-        if (isLookedInto && IsStage(files_, file)) {
+        if (isLookedInto && IsStage(files_, file, asks_)) {
             given_.stages.push_back(file);
-        } else if (isLookedInto && IsChar(files_, file)) {
+        } else if (isLookedInto && IsChar(files_, file, asks_)) {
             TakeFirst(given_.character, file);
         } else {
             TakeOther(file, false);
@@ -64,6 +53,24 @@ public:
     }
 
 private:
+    // The first definition in the folder that is what is wanted; empty: none.
+    template <class IsWanted>
+    std::string FirstIn(const std::string& folder, const IsWanted& isWanted) {
+        for (const std::string& name : files_.List(WithSeparator(folder), kExtension)) {
+            const std::string path = JoinPath(folder, name);
+            if (!asks_() || isWanted(files_, path, asks_)) {
+                return given_.givenUp ? std::string() : path;
+            }
+        }
+        return {};
+    }
+
+    // Not again once it was given up.
+    bool AskWhether(const GoesOn& goesOn) {
+        given_.givenUp = given_.givenUp || (goesOn && !goesOn());
+        return !given_.givenUp;
+    }
+
     static void TakeFirst(std::string& first, const std::string& path) {
         if (first.empty()) {
             first = path;
@@ -78,14 +85,18 @@ private:
 
     Files& files_;
     GivenPaths& given_;
+    GoesOn asks_;
 };
 
 }  // namespace
 
-GivenPaths LookAt(Files& files, const std::vector<std::string>& paths) {
+GivenPaths LookAt(Files& files, const std::vector<std::string>& paths, const GoesOn& goesOn) {
     GivenPaths given;
-    Looking looking(files, given);
+    Looking looking(files, given, goesOn);
     for (const std::string& path : Looked(paths)) {
+        if (given.givenUp) {
+            break;
+        }
         if (path.empty()) {
             continue;
         }

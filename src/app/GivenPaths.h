@@ -13,6 +13,7 @@
 #include <string>
 #include <vector>
 
+#include "app/StageFiles.h"
 #include "platform/Files.h"
 
 namespace scenara {
@@ -26,14 +27,18 @@ struct GivenPaths {
     // The first path that is nothing of these, and whether it is a folder; empty: none.
     std::string other;
     bool otherIsFolder = false;
+    bool givenUp = false;  // before all of them were looked at
 
     [[nodiscard]] bool IsNothing() const {
         return mugenFolder.empty() && character.empty() && stages.empty();
     }
 };
 
-// Of more than kMostGivenPaths the first ones; an empty one is none. Raises what reading raises.
-[[nodiscard]] GivenPaths LookAt(Files& files, const std::vector<std::string>& paths);
+// Of more than kMostGivenPaths the first ones; an empty one is none. A folder may have very many
+// files, each of them very large: `goesOn` is asked before each file of a folder, and while a large
+// one is read. Raises what reading raises.
+[[nodiscard]] GivenPaths LookAt(Files& files, const std::vector<std::string>& paths,
+                                const GoesOn& goesOn = {});
 
 // The MUGEN folder for which a folder stands; empty when it is none.
 [[nodiscard]] std::string MugenFolderOf(Files& files, const std::string& folder);

@@ -98,7 +98,7 @@ void frmStage::LayOutControls(Long innerWidth, Long innerHeight) {
 
 // A window that is narrower than its list would lose more than it has.
 void frmStage::Size(Long width, Long height) {
-    if (show_.Options().Additions) {
+    if (show_.Options().Additions || keepsSize_) {
         return;
     }
     wishedSize_ = {std::max<Long>(width, 0), height};

@@ -28,10 +28,21 @@ void LoadMessages::BeginStage(const std::string& file, bool additions) {
     list_.Begin();
 }
 
-void LoadMessages::BeginCharacter(const std::string& stageFile, bool additions) {
+void LoadMessages::CharacterFollows() {
+    if (isStage_) {
+        list_.Mark();
+        isStage_ = false;
+    }
+}
+
+void LoadMessages::BeginCharacter(const std::string& stageFile, bool additions, bool isLoaded) {
     Begin(stageFile, additions);
     isStage_ = false;
-    list_.BackToMark();
+    if (isLoaded) {
+        list_.TakeBack();
+    } else {
+        list_.BackToMark();
+    }
 }
 
 void LoadMessages::Begin(const std::string& file, bool additions) {

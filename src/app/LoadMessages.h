@@ -35,9 +35,11 @@ public:
 
     // The stage in this file is loaded, until End.
     void BeginStage(const std::string& file, bool additions);
+    // What comes from here on is of the character that is loaded with the stage.
+    void CharacterFollows();
     // A character is loaded into it, until End. In the list its messages take the place of those of
-    // the one before.
-    void BeginCharacter(const std::string& stageFile, bool additions);
+    // the one before. `isLoaded`: it is the one before, whose messages had gone.
+    void BeginCharacter(const std::string& stageFile, bool additions, bool isLoaded = false);
     // What was held back is counted, and said unless the program `ends`. Without effect when
     // nothing is loaded.
     void End(bool ends = false);
@@ -59,7 +61,7 @@ private:
     ProblemList& list_;
     std::deque<Known> known_;  // loaded last: the last one
     bool loads_ = false;
-    bool isStage_ = false;
+    bool isStage_ = false;  // and no character
     bool additions_ = false;
     std::size_t boxesShown_ = 0;  // of this load
     std::size_t heldBack_ = 0;

@@ -9,7 +9,6 @@
 #include <utility>
 #include <vector>
 
-#include "app/GivenPaths.h"
 #include "app/RecentFiles.h"
 #include "app/StageFiles.h"
 #include "app/frmStage.h"
@@ -40,6 +39,7 @@ bool frmStage::IsStageAskedFor(MessageIcon icon) {
 
 void frmStage::OpenStage() {
     if (!IsStageAskedFor(MessageIcon::Exclamation)) {
+        SelectShown();
         return;
     }
     SetCaption(show_.Which.CurrentStageFile);
@@ -73,14 +73,33 @@ void frmStage::LeaveStage() {
     show_.Which.camera.reset();
 }
 
-// Selecting an item opens it, whoever selects it.
+// Selecting an item opens it, whoever selects it. While a stage loads it is only selected;
+// addition: and opened after that, unless it is the one that loads.
 void frmStage::SelectStage(Long index) {
     if (index < -1 || index >= Count(form_.lstStages)) {
         throw RunTimeError(RunTimeErrorKind::InvalidPropertyValue, "ListIndex");
     }
     form_.lstStages.ListIndex = index;
-    if (show_.State() != ShowState::Loading && index >= 0) {
+    if (State() == ShowState::Loading) {
+        NoteChosen();
+    } else if (index >= 0) {
         OpenListed();
+    }
+}
+
+void frmStage::NoteChosen() {
+    WhichStage& which = show_.Which;
+    which.chosen.clear();
+    const Long index = form_.lstStages.ListIndex;
+    if (!show_.Options().Additions || index < 0) {
+        return;
+    }
+    const std::string& item = form_.lstStages.items.at(static_cast<std::size_t>(index));
+    which.follows.clear();
+    const bool loads =
+        show_.State() == ShowState::Loading && IsStageFile(MugeDir, item, which.shown);
+    if (!loads) {
+        which.chosen = StageFile(MugeDir, item);
     }
 }
 
@@ -93,29 +112,55 @@ void frmStage::OpenListed() {
 // Addition: however a stage was chosen, the list selects it, or nothing where it is not in the
 // list; so that Next and Previous go on from what is shown.
 void frmStage::SelectAskedFor() {
+    if (show_.Options().Additions) {
+        passedOver_.reset();
+        SelectFile(show_.Which.CurrentStageFile);
+    }
+}
+
+// Addition: what was selected could not be opened. The list selects what is shown all the same, or
+// is about to be.
+void frmStage::SelectShown() {
     if (!show_.Options().Additions) {
         return;
     }
+    passedOver_ = form_.lstStages.ListIndex;
+    const bool isShown = show_.Loop().StageRunning != 0;
+    SelectFile(show_.Which.next.value_or(isShown ? show_.Which.shown : std::string()));
+}
+
+void frmStage::SelectFile(const std::string& path) {
     const std::vector<std::string>& items = form_.lstStages.items;
-    const auto item = std::ranges::find_if(items, [&](const std::string& each) {
-        return IsStageFile(MugeDir, each, show_.Which.CurrentStageFile);
-    });
+    const auto item = std::ranges::find_if(
+        items, [&](const std::string& each) { return IsStageFile(MugeDir, each, path); });
     form_.lstStages.ListIndex = item == items.end() ? -1 : static_cast<Long>(item - items.begin());
 }
 
+// Where Next and Previous begin. Addition: beyond what could not be opened, which they would come
+// to again and again.
+Long frmStage::FirstPassed(bool forwards) const {
+    const Long selected = form_.lstStages.ListIndex;
+    if (!show_.Options().Additions || !passedOver_) {
+        return selected;
+    }
+    return forwards || selected < 0 ? std::max(selected, *passedOver_)
+                                    : std::min(selected, *passedOver_);
+}
+
 void frmStage::mnuStageNext_Click() {
-    if (form_.lstStages.ListIndex != Count(form_.lstStages) - 1) {
-        SelectStage(form_.lstStages.ListIndex + 1);
+    if (const Long from = FirstPassed(true); from != Count(form_.lstStages) - 1) {
+        SelectStage(from + 1);
     }
 }
 
 // Deliberate: plain, with nothing selected it asks the list for item -2, which the list rejects
 // (PlainOpening.PreviousWithoutASelectionIsAnError). Addition: it goes to the last one.
 void frmStage::mnuStagePrev_Click() {
-    if (show_.Options().Additions && form_.lstStages.ListIndex < 0) {
+    const Long from = FirstPassed(false);
+    if (show_.Options().Additions && from < 0) {
         SelectStage(Count(form_.lstStages) - 1);
-    } else if (form_.lstStages.ListIndex != 0) {
-        SelectStage(form_.lstStages.ListIndex - 1);
+    } else if (from != 0) {
+        SelectStage(from - 1);
     }
 }
 
@@ -138,57 +183,6 @@ void frmStage::mnuOpen_Click() {
         show_.Which.CurrentStageFile = ChosenStage(chosen);
         OpenStage();
     }
-}
-
-void frmStage::Form_OLEDragDrop(const std::vector<std::string>& paths) {
-    Handle([&] {
-        show_.Which.follows = paths;
-        if (show_.State() != ShowState::Loading) {
-            OpenFollowing();
-        }
-    });
-}
-
-void frmStage::OpenFollowing() {
-    if (!show_.Which.follows.empty() && !machine_.window.EndRequested()) {
-        OpenGiven(std::exchange(show_.Which.follows, {}));
-    }
-}
-
-// What loads or runs a stage comes last: it may return when the stage is closed.
-void frmStage::OpenGiven(const std::vector<std::string>& paths) {
-    const GivenPaths given = LookAt(machine_.files, paths);
-    if (given.IsNothing() && !given.other.empty()) {
-        ReportGiven(given.other, given.otherIsFolder);
-    }
-    if (!given.mugenFolder.empty()) {
-        TakeMugenFolder(given.mugenFolder);
-    }
-    if (!given.character.empty()) {
-        PutOnStage(given.character, !given.stages.empty());
-    }
-    for (std::size_t i = std::min(given.stages.size(), kMaxRecentFiles); i > 1; --i) {
-        RememberRecentFile(form_, given.stages[i - 1]);
-    }
-    if (!given.stages.empty()) {
-        show_.Which.CurrentStageFile = given.stages.front();
-        OpenStage();
-    }
-}
-
-void frmStage::ReportGiven(const std::string& path, bool isFolder) {
-    if (!isFolder) {
-        show_.Which.CurrentStageFile = path;
-        OpenStage();  // it says what is wrong with it
-        return;
-    }
-    machine_.messages.Show({kMessageNoStageInFolder,
-                            "There is nothing to show in the folder\r\n" + path +
-                                "\r\n\r\nIt has no folder \"stages\" as a MUGEN folder does, no "
-                                "stage (a .def file) and no character.",
-                            {},
-                            MessageIcon::Exclamation,
-                            {0, 0, path}});
 }
 
 void frmStage::mnuReload_Click() {

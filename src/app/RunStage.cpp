@@ -76,6 +76,7 @@ void frmStage::ShowStage() {
     if (ShowStageList != 0) {
         SizeForPicture();
     }
+    keepsSize_ = false;
     machine_.process.YieldToOthers();
     if (!StartLoop()) {
         AbandonStage();
@@ -128,7 +129,7 @@ bool frmStage::StartLoop() {
 }
 
 void frmStage::StateChanged() {
-    EnableMenus(form_, show_.State(), show_.HasShown(), show_.CanZoom() || browser_.CanZoom());
+    EnableMenus(form_, State(), show_.HasShown(), show_.CanZoom() || browser_.CanZoom());
 }
 
 // The camera's bar goes by whole units, inside of where the camera may be.
@@ -187,6 +188,7 @@ void frmStage::AbandonStage() {
         // The caption of a stage that is not there, and the last frame of another one.
         form_.picLoad.visible = true;
         ShowTitle();
+        SelectShown();
     }
 }
 
@@ -198,6 +200,7 @@ void frmStage::RunPass() {
     }
     if (show_.Options().Additions) {
         BeginMusicAgain();
+        WatchFocusWhilePaused();
     }
     ShowEditing();
     if (seen) {
@@ -268,6 +271,16 @@ void frmStage::OncePerSecond() {
     }
     if (!show_.Options().Additions) {
         BeginMusicAgain();
+    }
+}
+
+// Addition: a paused stage has no frames to count seconds by.
+void frmStage::WatchFocusWhilePaused() {
+    constexpr std::uint32_t kEvery = 1000;  // milliseconds
+    const Long now = machine_.clock.GetTickCount();
+    if (show_.State() == ShowState::Paused && TicksSince(lastFocusLook_, now) >= kEvery) {
+        lastFocusLook_ = now;
+        LeaveFullScreenWithFocus();
     }
 }
 

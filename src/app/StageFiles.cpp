@@ -18,11 +18,11 @@ constexpr std::size_t kBlockSize = std::size_t{64} * 1024;
 // Whether the file holds `word` (lower case, no line break) in any case. No line break is in the
 // word, so it stands on one line wherever it stands, and a file of one endless line needs no more
 // memory than any other.
-bool HoldsWord(InputFile& file, std::string_view word) {
+bool HoldsWord(InputFile& file, std::string_view word, const GoesOn& goesOn) {
     std::vector<char> block(kBlockSize);
     std::size_t kept = 0;  // of the last block, where the word may have begun
     std::uint64_t position = 0;
-    while (true) {
+    while (position < kBlockSize || !goesOn || goesOn()) {
         const std::span<char> free = std::span(block).subspan(kept);
         const std::size_t count = file.ReadAt(position, std::as_writable_bytes(free));
         if (count == 0) {
@@ -38,20 +38,22 @@ bool HoldsWord(InputFile& file, std::string_view word) {
         kept = std::min(text.size(), word.size() - 1);
         std::copy(text.end() - static_cast<std::ptrdiff_t>(kept), text.end(), block.begin());
     }
+    return false;
 }
 
-bool FileHoldsWord(Files& files, const std::string& path, std::string_view word) {
-    return files.FileExists(path) && HoldsWord(*files.OpenForReading(path), word);
+bool FileHoldsWord(Files& files, const std::string& path, std::string_view word,
+                   const GoesOn& goesOn) {
+    return files.FileExists(path) && HoldsWord(*files.OpenForReading(path), word, goesOn);
 }
 
 }  // namespace
 
-bool IsStage(Files& files, const std::string& path) {
-    return FileHoldsWord(files, path, "camera");
+bool IsStage(Files& files, const std::string& path, const GoesOn& goesOn) {
+    return FileHoldsWord(files, path, "camera", goesOn);
 }
 
-bool IsChar(Files& files, const std::string& path) {
-    return FileHoldsWord(files, path, "stcommon");
+bool IsChar(Files& files, const std::string& path, const GoesOn& goesOn) {
+    return FileHoldsWord(files, path, "stcommon", goesOn);
 }
 
 void LoadFilestoList(ListBox& List, const std::string& Path, std::string_view Extension,

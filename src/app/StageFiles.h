@@ -6,6 +6,7 @@
 // that is known. A failing device raises RunTimeError.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -17,11 +18,15 @@ namespace scenara {
 
 inline constexpr MessageKind kMessageNoFiles = "no-stages";
 
-// A line of the file holds "camera".
-[[nodiscard]] bool IsStage(Files& files, const std::string& path);
+// Asked before each further piece of what takes long to read; false: no more of it is read. May be
+// empty.
+using GoesOn = std::function<bool()>;
+
+// A line of the file holds "camera". Not found in a file that is not read on.
+[[nodiscard]] bool IsStage(Files& files, const std::string& path, const GoesOn& goesOn = {});
 
 // A line of the file holds "stcommon".
-[[nodiscard]] bool IsChar(Files& files, const std::string& path);
+[[nodiscard]] bool IsChar(Files& files, const std::string& path, const GoesOn& goesOn = {});
 
 // Adds the files in folder `Path` that end in `Extension` to the list, in the machine's order, each
 // under its name before the first ".def" in it. Says so when there are none.

@@ -43,11 +43,15 @@ void frmStage::mnuMugenFolder_Click() {
     }
 }
 
-// For good. A stage that is shown goes on, and is selected where the new list has it. The list
-// shows itself: a user who chooses a folder wants to see what is in it.
+// For good. A stage that is shown goes on, and is selected where the new list has it.
 void frmStage::TakeMugenFolder(const std::string& folder) {
     MugeDir = WithSeparator(folder);
     FillStageList();
+    ShowFilledList();
+}
+
+// A user who chooses a folder wants to see what is in it.
+void frmStage::ShowFilledList() {
     const bool isHidden = ShowStageList == 0 && FullScreenState == 0;
     if (show_.Options().Additions && isHidden && !form_.lstStages.items.empty()) {
         mnuStageList_Click();
@@ -61,6 +65,7 @@ void frmStage::FillStageList() {
     ListBox& list = form_.lstStages;
     list.items.clear();
     list.ListIndex = -1;
+    passedOver_.reset();
     ++list.filled;
     if (!MugeDir.empty()) {
         LoadFilestoList(list, StagesFolder(MugeDir), ".def", machine_.files, messages);

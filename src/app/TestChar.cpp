@@ -46,14 +46,14 @@ void frmStage::mnuChar_Click() {
         }
     }
     const bool use = form_[Menu::mnuChar].Flip();
-    LoadingCharacter([&] { show_.UseCharacter(use); });
+    LoadingCharacter([&] { show_.UseCharacter(use); }, use && show_.TestChar().CharLoaded);
 }
 
 // While a character loads the window is in use: the stage may have been paused, keys tapped and a
 // file dropped. Without a stage it is only chosen.
-void frmStage::LoadingCharacter(const std::function<void()>& load) {
+void frmStage::LoadingCharacter(const std::function<void()>& load, bool isLoaded) {
     if (show_.Loop().StageRunning != 0) {
-        loadMessages_.BeginCharacter(show_.Which.shown, show_.Options().Additions);
+        loadMessages_.BeginCharacter(show_.Which.shown, show_.Options().Additions, isLoaded);
     }
     const bool cameThrough = Guarded(load);
     ShowCharacterItem();

@@ -5,9 +5,10 @@
 // What is shown is a StageShow's affair; this is the window around one: start-up (FormLoad.cpp),
 // the sizes of the window and its controls (Layout.cpp), which stage is shown (Opening.cpp), the
 // loop that shows it (RunStage.cpp), the engine folder and the list (StageList.cpp), the other
-// commands (Commands.cpp), the test character (TestChar.cpp), the background editor (Editing.cpp),
-// the sprite browser (Browsing.cpp), the full screen (FullScreen.cpp), what is saved meanwhile
-// (Saving.cpp), what is reported of a load (LoadMessages.cpp), the end (Unload.cpp).
+// commands (Commands.cpp), what is dropped or named at a start (Given.cpp), the test character
+// (TestChar.cpp), the background editor (Editing.cpp), the sprite browser (Browsing.cpp), the full
+// screen (FullScreen.cpp), what is saved meanwhile (Saving.cpp), what is reported of a load
+// (LoadMessages.cpp), the end (Unload.cpp).
 //
 // One thread. All that the user does arrives through FormEvents while the loop lets messages
 // through, so any handler may run between two frames, and between two images of a load. A run-time
@@ -27,6 +28,7 @@
 #include "app/Configuration.h"
 #include "app/Extras.h"
 #include "app/FrameWait.h"
+#include "app/GivenPaths.h"
 #include "app/LoadMessages.h"
 #include "app/ScreenModule.h"
 #include "app/SettingsKeeper.h"
@@ -78,7 +80,7 @@ public:
     // Start-up: settings are read, or the engine folder is asked for, and the stages are listed.
     // Afterwards Ended() tells whether there is anything to go on with. `given` are the paths that
     // the program was started with: an engine folder among them is taken in place of the settings'
-    // and of the question. They are not opened yet.
+    // and of the question. They are not opened yet; Form_OLEDragDrop with the same paths does it.
     void Form_Load(const std::vector<std::string>& given = {});
 
     void Form_Activate() override;
@@ -125,7 +127,8 @@ public:
     }
     void MnuRecentFiles_Click(Long index) override;
     // Takes an engine folder, puts a character on the stage, opens the first stage and has the
-    // others among the recent files (GivenPaths.h); while a stage loads, when that is done.
+    // others among the recent files (GivenPaths.h); plain, opens the first path as a stage. While a
+    // stage loads, when that is done.
     void Form_OLEDragDrop(const std::vector<std::string>& paths) override;
     void mnuOpen_Click();
     void mnuClose_Click();
@@ -146,7 +149,8 @@ public:
     void mnuStageList_Click();
     void mnuAbout_Click();
     void mnuProblems_Click() { machine_.dialogs.ShowProblems(form_.problems); }
-    // The additions on or off; the stage is loaded again with the camera where it is.
+    // The additions on or off; the stage is loaded again with the camera where it is, and the
+    // window keeps its size.
     void mnuAdditions_Click();
     // Asks for another engine folder.
     void mnuMugenFolder_Click();
@@ -200,6 +204,10 @@ public:
     [[nodiscard]] ImageSets& ImageSurfaces() { return imageSets_; }
 
 private:
+    class LookingThrough;
+
+    // As it is for the user's choices.
+    [[nodiscard]] ShowState State() const { return looks_ ? ShowState::Loading : show_.State(); }
     // Runs `work`; what the error out of it says, if there was one.
     static std::optional<std::string> FailureOf(const std::function<void()>& work);
     void SayRunTimeError(const std::string& reason);
@@ -211,6 +219,7 @@ private:
     void StateChanged() override;
     void CameraRangeChanged() override;
     void StageLoaded() override;
+    void CharacterFollows() override { loadMessages_.CharacterFollows(); }
     void MusicNamed(const std::string& path) override { music_.SetFileName(path); }
     void ShowProgress(const std::string& caption) override { machine_.window.SetCaption(caption); }
     void EndProgress() override { machine_.window.SetCaption(form_.Caption); }
@@ -252,20 +261,27 @@ private:
     void TuneMusic();
     void BeginMusicAgain();
     void OpenFollowing();
-    void OpenGiven(const std::vector<std::string>& paths);
+    [[nodiscard]] bool OpenGiven(const std::vector<std::string>& paths);
+    void OpenFirstGiven(const std::vector<std::string>& paths, const std::string& taken);
+    [[nodiscard]] GivenPaths LookThrough(const std::vector<std::string>& paths);
     void ReportGiven(const std::string& path, bool isFolder);
     void PutOnStage(const std::string& character, bool opensStage);
     [[nodiscard]] bool ReadSettings(CameraSteps& steps, const std::string& givenFolder);
     [[nodiscard]] bool AskAtFirstStart();
     [[nodiscard]] std::string AskForFolder();
     void TakeMugenFolder(const std::string& folder);
+    void ShowFilledList();
     void FillStageList();
     void NoteEmptyList();
     void LeaveStage();
     void LoadAgain();
     void SelectStage(Long index);
+    void NoteChosen();
     void OpenListed();
     void SelectAskedFor();
+    void SelectShown();
+    void SelectFile(const std::string& path);
+    [[nodiscard]] Long FirstPassed(bool forwards) const;
     // One of the files that settings are kept in.
     struct KeptFile {
         SettingsKeeper keeper;
@@ -282,7 +298,8 @@ private:
     void MakeSettingsText();
     void MakeExtrasText();
     void ShowCharacterItem();
-    void LoadingCharacter(const std::function<void()>& load);
+    // `isLoaded`: it is, and has only been off.
+    void LoadingCharacter(const std::function<void()>& load, bool isLoaded = false);
     [[nodiscard]] bool CanBeEdited() const;
     void ShowEditing();
     void LeaveBrowser();
@@ -292,6 +309,7 @@ private:
     void MoveSpriteBar(Long value, const std::function<void()>& show);
     void OncePerSecond();
     void LeaveFullScreenWithFocus();
+    void WatchFocusWhilePaused();
     [[nodiscard]] Integer ModeOfFullScreen() const;
     void BringModeBack();
     // What the list beside the picture takes of the window.
@@ -305,6 +323,7 @@ private:
     [[nodiscard]] std::string Title();
     [[nodiscard]] const char* TitleMark();
     void EndNote();
+    void GoThroughStages(VirtualKey key);
     // An item of Extras that has no more to do than to be checked.
     void FlipExtra(Menu item);
     // What the items of Extras say goes to whom it is for.
@@ -326,19 +345,25 @@ private:
     ScreenModule screen_;
     Integer savedMode_ = kNoMode;    // of the display, before the full screen
     DisplaySettings savedSettings_;  // ... for one that the display does not list
+    bool looks_ = false;             // what was given is looked through
+    bool givesUp_ = false;           // ... and the user does not want to wait for that
+    std::string takenAtStart_;       // the MUGEN folder that was given then, and is given again
     bool startFullScreen_ = false;   // the stage that is opened is to be shown full screen
 
     bool settingsLoaded_ = false;
     Extras extras_;
-    KeptFile settingsFile_;  // QX.CFG
-    KeptFile extrasFile_;    // Scenara.ini
-    Long lastLook_ = 0;      // the tick of the last look whether they have changed
+    KeptFile settingsFile_;           // QX.CFG
+    KeptFile extrasFile_;             // Scenara.ini
+    std::optional<Long> passedOver_;  // the item of the list that could not be opened just now
+    Long lastLook_ = 0;               // the tick of the last look whether they have changed
+    Long lastFocusLook_ = 0;          // the tick of the last look who is in front, while paused
     bool pauseWasDown_ = false;
     bool noted_ = false;      // the caption is one that goes
     Long noteSince_ = 0;      // the tick when it came
     bool loopRuns_ = false;   // RunStage is on the stack
     InnerSize wishedSize_;    // what was asked for last, or has come since
     bool cameUp_ = false;     // it is known how the window comes up
+    bool keepsSize_ = false;  // until the stage is shown again: the additions were switched
     bool activated_ = false;  // the window has been sized once
     bool centres_ = false;    // ... and is to be centred when its size has come
     bool ended_ = false;

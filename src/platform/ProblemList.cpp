@@ -2,6 +2,8 @@
 #include "platform/ProblemList.h"
 
 #include <algorithm>
+#include <functional>
+#include <iterator>
 #include <numeric>
 #include <string_view>
 
@@ -50,6 +52,8 @@ std::string CountText(std::size_t count) {
 void ProblemList::Begin() {
     kept_.clear();
     counts_ = {};
+    aside_.clear();
+    countsAside_ = {};
     Mark();
     ++generation_;
 }
@@ -74,10 +78,20 @@ void ProblemList::Mark() {
 }
 
 void ProblemList::BackToMark() {
+    const auto since = kept_.begin() + static_cast<std::ptrdiff_t>(keptBefore_);
+    aside_.assign(since, kept_.end());
+    kept_.erase(since, kept_.end());
+    std::ranges::transform(counts_, countsBefore_, countsAside_.begin(), std::minus());
     if (counts_ != countsBefore_) {
-        kept_.resize(keptBefore_);
         counts_ = countsBefore_;
         ++generation_;
+    }
+}
+
+void ProblemList::TakeBack() {
+    if (counts_ == countsBefore_) {
+        kept_.insert(kept_.end(), aside_.begin(), aside_.end());
+        std::ranges::transform(counts_, countsAside_, counts_.begin(), std::plus());
     }
 }
 

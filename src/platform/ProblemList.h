@@ -49,9 +49,11 @@ public:
     // Another number each time that something has gone; else there are at most more than before.
     [[nodiscard]] std::uint64_t Generation() const { return generation_; }
 
-    // What has come since Mark goes.
+    // What has come since Mark goes, and is kept aside until something else goes so. TakeBack has
+    // it again, where nothing has come since.
     void Mark();
     void BackToMark();
+    void TakeBack();
 
 private:
     using Counts = std::array<std::size_t, 3>;  // by Severity
@@ -60,6 +62,8 @@ private:
     Counts counts_{};
     std::size_t keptBefore_ = 0;  // when it was marked
     Counts countsBefore_{};
+    std::vector<Problem> aside_;
+    Counts countsAside_{};
     std::uint64_t generation_ = 0;
 };
 

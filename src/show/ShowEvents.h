@@ -21,6 +21,8 @@ public:
 
     // The stage's files are read; nothing of it is placed yet.
     virtual void StageLoaded() {}
+    // The stage is ready but for its character, which is read next.
+    virtual void CharacterFollows() {}
     // The path of the stage's music, while it loads.
     virtual void MusicNamed(const std::string& /*path*/) {}
 

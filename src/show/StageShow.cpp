@@ -112,6 +112,7 @@ void StageShow::Prepare(const std::optional<CameraStand>& camera) {
     }
     engine_.MakeStrip(StripLines(model_, options_, view_));
     if (testChar_.UseChar) {
+        events_.CharacterFollows();
         LoadTestChar();
     }
 }

@@ -25,8 +25,10 @@ struct WhichStage {
     std::optional<std::string> next;
     // Whose loop runs.
     std::string shown;
-    // Paths that the user gave while another one was loading; to be opened after that.
+    // Paths that the user gave while another one was loading; to be opened after that. Or the file
+    // of the list that was chosen meanwhile: of the two there is the newer one, or none.
     std::vector<std::string> follows;
+    std::string chosen;
     // Where the camera is put in the stage that is loaded again.
     std::optional<CameraStand> camera;
 

@@ -97,13 +97,17 @@ inline constexpr std::array kAdditions = {
     Addition{"The picture's size", "app/Commands.cpp", "PresentationWanted"},
     Addition{"The window's size and place", "app/Layout.cpp", "ComeUp"},
     Addition{"The full screen", "app/FullScreen.cpp", "ModeOfFullScreen"},
+    Addition{"Another program in front of the full screen", "app/RunStage.cpp",
+             "WatchFocusWhilePaused"},
     Addition{"Full Screen without a stage", "app/MenuTree.cpp", "ToCover"},
     Addition{"Page Up, Page Down in the full screen", "app/Commands.cpp", "PageDown"},
+    Addition{"A choice from the list while a stage loads", "app/Opening.cpp", "NoteChosen"},
     Addition{"The list's selection", "app/Opening.cpp", "SelectAskedFor"},
     Addition{"`<<` and `R` without a stage to go to", "app/Opening.cpp", "mnuStagePrev_Click"},
     Addition{"Settings", "app/Saving.cpp", "SavesMeanwhile"},
     Addition{"The MUGEN folder", "app/StageList.cpp", "AskAtFirstStart"},
     Addition{"A list without stages", "app/StageList.cpp", "NoteEmptyList"},
+    Addition{"What is dropped, handed over, or named at a start", "app/Given.cpp", "OpenGiven"},
     Addition{"A later start without a file", "main.cpp", "BringsTheFirstToTheFront"},
 };
 

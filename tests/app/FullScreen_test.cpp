@@ -122,7 +122,15 @@ TEST_F(FullScreen, TheMainWindowInFrontLeavesIt) {
                   Times(62, Wait) + Then([&] { ExpectOff(); }));
 }
 
-TEST_F(FullScreen, WhilePausedNobodyLooksWhoIsInFront) {
+TEST_F(FullScreen, AnotherProgramInFrontLeavesItWhilePausedToo) {
+    WhileAIsShown(Then(kEnter) + Then(Choose(Menu::mnuPause)) + Times(70, [&] { ExpectOn(); }) +
+                  Then([&] { window.SetForeground(kOtherProgram); }) + Times(62, Wait) + Then([&] {
+                      ExpectOff();
+                      EXPECT_NE(loop.Paused, 0);
+                  }));
+}
+
+TEST_F(PlainFullScreen, WhilePausedNobodyLooksWhoIsInFront) {
     WhileAIsShown(Then(kEnter) + Then([&] {
                       Click(Menu::mnuPause);
                       window.SetForeground(kOtherProgram);
@@ -217,6 +225,30 @@ TEST_F(FullScreen, PageUpAndPageDownGoThroughTheStages) {
     };
     WhileAIsShown({kEnter, next, shows("second"), next, shows("third"), next, shows("third"),
                    previous, shows("second"), previous, previous, shows("first")});
+    EXPECT_THAT(MessageTexts(), IsEmpty());
+}
+
+// Each press counts: two on, none at the end, one back.
+TEST_F(FullScreen, PageDownWhileAStageLoadsIsTakenWhenThatIsDone) {
+    files.Put("/mugen/stages/d.def", Stage("fourth"));
+    files.Put("/mugen/stages/e.def", Stage("fifth"));
+    Load();
+    const Act next = KeyDown(VirtualKey::PageDown);
+    const Act loading =
+        Once(All({next, KeyDown(VirtualKey::Escape), next, next, KeyDown(VirtualKey::PageUp)}));
+    bool changes = false;
+    WhileAIsShown({kEnter, [&] { changes = true; }, Select(kItemC),
+                   [&] {
+                       EXPECT_EQ(Caption(), "fourth");
+                       EXPECT_EQ(form.lstStages.ListIndex, 3);
+                       ExpectOn();
+                   }},
+                  [&](RunningStage& running) {
+                      if (changes) {
+                          loading(running);
+                      }
+                  });
+    EXPECT_EQ(Begun(), 3);
     EXPECT_THAT(MessageTexts(), IsEmpty());
 }
 

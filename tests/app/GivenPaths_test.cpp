@@ -104,6 +104,42 @@ TEST_F(GivenFiles, AreTheFirstOnesOfVeryMany) {
     EXPECT_EQ(LookAt(files, many).stages.size(), kMostGivenPaths);
 }
 
+// How often it was asked whether to go on, and how that ended.
+struct Asked {
+    int times = 0;
+    bool givenUp = false;
+};
+
+Asked LookUntil(Files& files, const std::string& path, int last) {
+    Asked asked;
+    asked.givenUp = LookAt(files, {path}, [&] { return ++asked.times < last; }).givenUp;
+    return asked;
+}
+
+TEST_F(GivenFiles, CanBeGivenUpBetweenTheFilesOfAFolder) {
+    constexpr int kFiles = 100;
+    for (int i = 0; i < kFiles; ++i) {
+        files.Put("/many/" + std::to_string(i) + ".def", "nothing");
+    }
+    const Asked whole = LookUntil(files, "/many", 1000);
+    EXPECT_EQ(whole.times, 2 * kFiles) << "a stage is looked for, and then a character";
+    EXPECT_FALSE(whole.givenUp);
+    for (const int last : {1, 7, kFiles, 2 * kFiles}) {
+        const Asked asked = LookUntil(files, "/many", last);
+        EXPECT_EQ(asked.times, last) << "and not again";
+        EXPECT_TRUE(asked.givenUp);
+    }
+    EXPECT_EQ(LookUntil(files, "/odd", 1).times, 0) << "a small file is read at once";
+}
+
+TEST_F(GivenFiles, CanBeGivenUpWithinALargeFile) {
+    files.Put("/large.def", std::string(1'000'000, 'x') + "camera");
+    EXPECT_GT(LookUntil(files, "/large.def", 1000).times, 10);
+    EXPECT_FALSE(LookUntil(files, "/large.def", 1000).givenUp);
+    EXPECT_EQ(LookUntil(files, "/large.def", 5).times, 5);
+    EXPECT_TRUE(LookUntil(files, "/large.def", 5).givenUp);
+}
+
 TEST_F(GivenFiles, HaveTheFirstMugenFolderAmongThem) {
     EXPECT_EQ(MugenFolderAmong(files, {"/mugen/stages/a.def", "/pack", "/Old/STAGES", "/mugen"}),
               "/Old");

@@ -256,6 +256,38 @@ TEST_F(Layout, NothingOfTheProgramsChangesTheSizeOrThePlace) {
     EXPECT_TRUE(MessageTexts().empty());
 }
 
+TEST_F(Layout, SwitchingTheAdditionsChangesNeither) {
+    Begin(true);
+    LetSizeCome();
+    window.MoveTo({150, 300, 900 * kUnitsPerPixel, 700 * kUnitsPerPixel});
+    LetSizeCome();
+    const std::size_t wishes = window.Wishes().size();
+    const Act flip = Choose(Menu::mnuAdditions);
+    const Act expect = [&] {
+        ExpectPlace(10, 20, 900, 700);
+        EXPECT_EQ(window.Wishes().size(), wishes);
+        ExpectPicture(900 - kListWidth, 700);
+        ExpectList(900 - kListWidth, 700);
+    };
+    const Act browse = Choose(Menu::mnuDebug);
+    WhileAIsShown({flip, Wait, expect, flip, Wait, expect, browse, flip, Wait, expect});
+    EXPECT_FALSE(show.Options().Additions);
+    EXPECT_EQ(Begun(), 4);
+    Show(flip);
+    user = {};
+    LetSizeCome();
+    expect(*this);
+}
+
+TEST_F(PlainLayout, TheStageAfterTheOneThatTheAdditionsWereSwitchedOffForSizesTheWindow) {
+    Load(true);
+    UserSizes(900, 700);
+    const Act flip = Choose(Menu::mnuAdditions);
+    WhileAIsShown({flip, Wait, [&] { UserSizes(900, 700); }, flip, Wait,
+                   [&] { ExpectSize(900, 700); }, Drop(kStageC), Wait,
+                   [&] { ExpectSize(320 + kListWidth, 240); }});
+}
+
 TEST_F(Layout, TheListSharesTheWindowAtOnce) {
     Begin(false);
     UserSizes(800, 600);

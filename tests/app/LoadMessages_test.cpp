@@ -168,6 +168,28 @@ TEST_F(LoadMessagesTest, ACharacterTakesThePlaceOfTheOneBefore) {
     EXPECT_THAT(Listed(), IsEmpty());
 }
 
+TEST_F(LoadMessagesTest, OfTheCharacterThatComesWithTheStageGoWithIt) {
+    messages.BeginStage(kHere, true);
+    Say({"stage"});
+    messages.CharacterFollows();
+    Say({"hero", "hero"});
+    messages.End();
+    EXPECT_THAT(Listed(), ElementsAre("stage", "hero", "hero"));
+    for (const bool isLoaded : {false, true, false}) {
+        messages.BeginCharacter(kHere, true, isLoaded);
+        messages.End();
+        EXPECT_EQ(Listed().size(), isLoaded ? 3U : 1U);
+        EXPECT_EQ(list.Count(), Listed().size());
+    }
+    messages.BeginCharacter(kHere, true);
+    Say({"other"});
+    messages.End();
+    EXPECT_THAT(Listed(), ElementsAre("stage", "other"));
+    messages.BeginCharacter(kHere, true, true);
+    messages.End();
+    EXPECT_THAT(Listed(), ElementsAre("stage", "other")) << "those of the one before do not return";
+}
+
 // The same, step by step, from all that was ever said.
 TEST_F(LoadMessagesTest, AreAsABookOfAllThatWasSaidHasThem) {
     std::mt19937 random(20261123);  // NOLINT(cert-msc32-c,cert-msc51-cpp): the same each time
@@ -330,6 +352,38 @@ TEST_P(LoadingACharacter, SaysARepeatedProblemAsOftenAsTheUserWants) {
     const std::vector<std::string> silenced = texts(true, true);
     ASSERT_THAT(silenced, SizeIs(4)) << "two of one kind, one of the other";
     EXPECT_THAT(silenced.back(), StartsWith("There "));
+}
+
+class ProblemsOfACharacter : public HeroProgram {
+protected:
+    [[nodiscard]] std::size_t OfTheStage() const {
+        return static_cast<std::size_t>(std::ranges::count(
+            form.problems.Kept(), std::string("/mugen/stages/d.def"), &Problem::file));
+    }
+    // All others are the character's.
+    [[nodiscard]] Act Expect(std::size_t ofTheCharacter) {
+        return [this, ofTheCharacter] {
+            EXPECT_EQ(OfTheStage(), 4U);
+            EXPECT_EQ(form.problems.Count() - OfTheStage(), ofTheCharacter);
+        };
+    }
+};
+
+TEST_F(ProblemsOfACharacter, GoAndComeWithItAlsoWhenItCameWithTheStage) {
+    constexpr std::size_t kOfTheHero = 10;
+    Start(Chosen("Char = True\r\n"));
+    PutBrokenHero(*this);
+    const std::string other = "/mugen/chars/other/hero.def";
+    for (const char* const name : {"hero.air", "hero.cns", "hero.sff", "hero.def"}) {
+        const CharacterMachine whole;
+        const std::string path = std::string("/mugen/chars/hero/") + name;
+        files.Put(std::string("/mugen/chars/other/") + name, whole.files.Get(path));
+    }
+    files.Put(other, files.Get(other) + "\nst = stcommon\n");
+    files.Put("/mugen/stages/d.def", StageWithManyProblems());
+    WhileAIsShown({Drop("/mugen/stages/d.def"), Expect(kOfTheHero), Choose(Menu::mnuChar),
+                   Expect(0), Choose(Menu::mnuChar), Expect(kOfTheHero), Choose(Menu::mnuReload),
+                   Expect(kOfTheHero), Drop(other), Expect(0), Drop(kHero), Expect(kOfTheHero)});
 }
 
 INSTANTIATE_TEST_SUITE_P(ByEitherItem, LoadingACharacter,

@@ -179,6 +179,59 @@ TEST_F(Opening, TheListSelectsWhatIsShown) {
     EXPECT_EQ(form.lstStages.ListIndex, -1) << "the one that is shown";
 }
 
+class Refused : public Opening {
+protected:
+    // An entry between the others that is no stage: a, aa, b, c.
+    Refused() {
+        files.Put("/mugen/stages/aa.def", "notes");
+        Load();
+        files.Put(kStageB, Stage("second"));
+    }
+    Act Expect(Long index, const char* title) {
+        return [this, index, title] {
+            EXPECT_EQ(form.lstStages.ListIndex, index);
+            EXPECT_EQ(Caption(), title);
+        };
+    }
+};
+
+TEST_F(Refused, TheListGoesBackToWhatIsShown) {
+    WhileAIsShown({Select(1), Expect(0, "first"), Select(3), Expect(3, "third"), Select(1),
+                   Expect(3, "third"), All({Select(2), Select(1)}), Expect(2, "second")});
+    EXPECT_THAT(MessageTexts(), testing::Each("Not a stage!"));
+    Click(Menu::mnuClose);
+    program.lstStages_Click(1);
+    EXPECT_EQ(form.lstStages.ListIndex, -1) << "none is shown";
+}
+
+TEST_F(Refused, NextAndPreviousGoOnBeyondIt) {
+    files.Put("/mugen/stages/ab.def", "more notes");
+    Load();  // a, aa, ab, b, c
+    const Act next = Choose(Menu::mnuStageNext);
+    const Act previous = Choose(Menu::mnuStagePrev);
+    WhileAIsShown({next, Expect(0, "first"), next, Expect(0, "first"), next, Expect(3, "second"),
+                   previous, Expect(3, "second"), previous, Expect(3, "second"), previous,
+                   Expect(0, "first"), next, Expect(0, "first"), previous, Expect(0, "first")});
+    EXPECT_EQ(MessageTexts().size(), 5U);
+    EXPECT_EQ(Begun(), 3);
+}
+
+TEST_F(Refused, AnAbandonedLoadLeavesNothingSelectedAndNextGoesOnBeyondIt) {
+    direct3D.FailAt(StartStep::Device);
+    Show(Select(2));
+    EXPECT_EQ(form.lstStages.ListIndex, -1);
+    direct3D.FailAt(std::nullopt);
+    Show(Choose(Menu::mnuStageNext));
+    EXPECT_EQ(form.lstStages.ListIndex, 3);
+    EXPECT_EQ(Caption(), "third");
+}
+
+TEST_F(PlainOpening, AnEntryThatIsNoStageStaysSelected) {
+    files.Put(kStageB, "notes");
+    WhileAIsShown({Select(1), [&] { EXPECT_EQ(form.lstStages.ListIndex, 1); }});
+    EXPECT_EQ(Caption(), "first");
+}
+
 TEST_F(PlainOpening, TheListKeepsItsSelection) {
     WhileAIsShown({Drop("/mugen/stages/c.def")});
     EXPECT_EQ(Caption(), "third");
@@ -227,7 +280,30 @@ TEST_F(Opening, AnItemThatTheListDoesNotHaveIsAnError) {
     EXPECT_EQ(Begun(), 0);
 }
 
-TEST_F(Opening, WhileAStageLoadsTheListSelectsAndOpensNothing) {
+TEST_F(Opening, WhatTheListSelectsWhileAStageLoadsIsOpenedWhenThatIsDone) {
+    WhileAIsShown({}, Once(All({Select(1), Select(kItemC)})));
+    EXPECT_EQ(Caption(), "third");
+    EXPECT_EQ(form.lstStages.ListIndex, kItemC);
+    EXPECT_THAT(form.recentFiles, ElementsAre(kStageC, kStageA));
+    EXPECT_EQ(Begun(), 2);
+}
+
+// The second click of two may come then.
+TEST_F(Opening, WhatLoadsIsNotOpenedAgainForASecondClick) {
+    WhileAIsShown({Wait}, All({Select(kItemC), Select(kItemA)}));
+    EXPECT_EQ(Caption(), "first");
+    EXPECT_EQ(Begun(), 1);
+}
+
+TEST_F(Opening, OfADropAndAChoiceWhileAStageLoadsTheLaterOneIsOpened) {
+    files.Put("/elsewhere/own.def", Stage("own"));
+    const Act drop = Drop("/elsewhere/own.def");
+    WhileAIsShown({[&] { EXPECT_EQ(Caption(), "third"); }}, Once(All({drop, Select(kItemC)})));
+    WhileAIsShown({[&] { EXPECT_EQ(Caption(), "own"); }}, Once(All({Select(kItemC), drop})));
+    EXPECT_EQ(Begun(), 4);
+}
+
+TEST_F(PlainOpening, WhileAStageLoadsTheListSelectsAndOpensNothing) {
     WhileAIsShown({}, Select(kItemC));
     EXPECT_EQ(Caption(), "first");
     EXPECT_EQ(show.Which.CurrentStageFile, kStageA);

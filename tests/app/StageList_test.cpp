@@ -265,6 +265,134 @@ TEST_F(Program, AFolderOfNothingIsReported) {
     EXPECT_EQ(messages.Recorded()[0].icon, MessageIcon::Exclamation);
 }
 
+TEST_F(NewProgram, AFolderThatIsGivenAtTheStartIsReadOnceAndItsListIsShown) {
+    files.Put("/other/stages/x.def", Stage("other"));
+    program.Form_Load({"/other"});
+    program.Form_OLEDragDrop({"/other"});
+    EXPECT_EQ(form.lstStages.filled, 1U);
+    EXPECT_THAT(form.lstStages.items, ElementsAre("x"));
+    EXPECT_TRUE(form.lstStages.visible);
+    program.Form_OLEDragDrop({"/other"});
+    EXPECT_EQ(form.lstStages.filled, 2U) << "dropped later it may have others";
+}
+
+TEST_F(PlainNewProgram, AFolderThatIsGivenAtTheStartIsReadOnceAndReportedOnce) {
+    files.Put("/empty/stages/readme.txt", "");
+    const std::vector<std::string> given = {"/empty", kStageC};
+    files.Put(kStageC, Stage("third"));
+    program.Form_Load(given);
+    user = InTurn({});
+    program.Form_OLEDragDrop(given);
+    EXPECT_THAT(MessageTexts(), ElementsAre("Err.. no files.. uh.. ", StartsWith("SFF FILE:")))
+        << "the second one is the stage's, which is of another folder";
+    EXPECT_EQ(form.lstStages.filled, 1U);
+    EXPECT_EQ(Caption(), "third");
+}
+
+// --- the same, plain ---
+
+class PlainlyDropped : public PlainProgram {
+protected:
+    PlainlyDropped() {
+        files.Put("/pack/x.def", Stage("other"));
+        files.Put("/hero/hero.def", "stcommon = common1.cns\n");
+    }
+};
+
+TEST_F(PlainlyDropped, AFolderIsNoFile) {
+    std::vector<std::string> said;
+    for (const char* const folder : {"/mugen", "/pack", "/hero"}) {
+        user = InTurn({});
+        program.Form_OLEDragDrop({folder});
+        said.push_back(std::string("Can't find file: \r\n") + folder);
+        said.push_back("Not a stage!");
+    }
+    EXPECT_EQ(MessageTexts(), said);
+    EXPECT_EQ(form.lstStages.filled, 1U);
+    EXPECT_EQ(Begun(), 0);
+}
+
+TEST_F(PlainlyDropped, ACharacterIsNoStage) {
+    WhileAIsShown({Drop("/hero/hero.def"), Wait});
+    EXPECT_THAT(MessageTexts(), ElementsAre("Not a stage!"));
+    EXPECT_EQ(show.TestChar().TestChar, "");
+    EXPECT_EQ(Caption(), "first");
+}
+
+TEST_F(PlainlyDropped, OfSeveralPathsTheFirstIsOpened) {
+    Show(DropAll({kStageC, "/hero/hero.def", kStageA}));
+    EXPECT_EQ(Caption(), "third");
+    EXPECT_THAT(form.recentFiles, ElementsAre(kStageC));
+    EXPECT_EQ(show.TestChar().TestChar, "");
+    EXPECT_THAT(MessageTexts(), IsEmpty());
+}
+
+// --- a folder of very many files ---
+
+class ManyFiles : public Program {
+protected:
+    ManyFiles() {
+        for (int i = 0; i < kFiles; ++i) {
+            files.Put("/many/" + std::to_string(i) + ".def", "nothing");
+        }
+    }
+    Act ExpectNothingSaid(const char* title) {
+        return [this, title] {
+            EXPECT_EQ(Caption(), title);
+            EXPECT_TRUE(form[Menu::mnuOptions].enabled);
+            EXPECT_THAT(MessageTexts(), IsEmpty());
+        };
+    }
+    static constexpr int kFiles = 100;
+    const Act drop = Drop("/many");
+};
+
+TEST_F(ManyFiles, LetMessagesThroughAndSaySoAfterAWhile) {
+    const Act look = [&] {
+        EXPECT_FALSE(form[Menu::mnuOptions].enabled) << "as while a stage loads";
+        EXPECT_EQ(deepest, 2);
+    };
+    WhileAIsShown(Then(drop) + Times(40, look) +
+                  Then([&] { EXPECT_THAT(Caption(), StartsWith("Looking through /many")); }) +
+                  Times(2 * kFiles - 41, look) + Then([&] {
+                      EXPECT_EQ(Caption(), "first");
+                      EXPECT_EQ(MessageTexts().size(), 1U);
+                      EXPECT_TRUE(form[Menu::mnuOptions].enabled);
+                  }));
+}
+
+TEST_F(ManyFiles, AreGivenUpByEscape) {
+    WhileAIsShown({drop, KeyDown(VirtualKey::Escape), ExpectNothingSaid("first"), Wait});
+    EXPECT_EQ(turn, 3 + 4 + 1) << "nothing more of it was read";
+}
+
+TEST_F(ManyFiles, AreGivenUpForWhatIsChosenMeanwhile) {
+    WhileAIsShown({drop, Select(kItemC), ExpectNothingSaid("third"), drop, Drop(kStageA),
+                   ExpectNothingSaid("first"), drop, Select(kItemA), ExpectNothingSaid("first")});
+    EXPECT_EQ(Begun(), 4);
+}
+
+TEST_F(ManyFiles, AreGivenUpForTheEnd) {
+    for (const bool withAStage : {false, true}) {
+        RunningStage stage;
+        stage.Load();
+        for (int i = 0; i < kFiles; ++i) {
+            stage.files.Put("/many/" + std::to_string(i) + ".def", "nothing");
+        }
+        const Act end = [](RunningStage& running) { running.program.Form_Unload(); };
+        if (withAStage) {
+            stage.user = InTurn({Drop("/many"), end});
+            stage.program.lstStages_Click(kItemA);
+        } else {
+            stage.user = InTurn({end});
+            stage.program.Form_OLEDragDrop({"/many"});
+        }
+        EXPECT_TRUE(stage.program.Ended());
+        EXPECT_EQ(stage.direct3D.Device(), nullptr);
+        EXPECT_THAT(stage.MessageTexts(), IsEmpty());
+    }
+}
+
 TEST_F(Program, WhatIsDroppedWhileAStageLoadsIsOpenedAfterIt) {
     WhileAIsShown({Wait}, Once(DropAll({kStageC, kStageB})));
     EXPECT_EQ(Caption(), "third");

@@ -117,6 +117,21 @@ TEST_F(WindowList, EachClickAndEachSelectionByKeysIsToldOnce) {
     EXPECT_EQ(ToldOfAClick(0), "list 0");
 }
 
+// As after an entry that could not be opened.
+TEST_F(WindowList, WithoutASelectionGoesOnFromWhereItWas) {
+    EXPECT_EQ(ToldOfAClick(1), "list 1");
+    const auto deselect = [&] {
+        form.lstStages.ListIndex = -1;
+        Pump();
+        EXPECT_TRUE(list.selectedItems().isEmpty());
+        EXPECT_EQ(program.Text(), "");
+    };
+    deselect();
+    EXPECT_EQ(ToldOfAKey(Qt::Key_Down), "list 2");
+    deselect();
+    EXPECT_EQ(ToldOfAClick(2), "list 2");
+}
+
 TEST_F(Main, TheFormIsShownAfterEventsWereTakenInDuringAFrame) {
     BringUp(window);
     form[Menu::mnuStage].enabled = false;

@@ -354,7 +354,11 @@ void MainWindow::ShowList() {
         list_->addItem(Shown(list.items[listed_]));
     }
     if (SelectedRow() != list.ListIndex && waiting_.Empty()) {
-        list_->setCurrentRow(list.ListIndex);
+        if (list.ListIndex < 0) {
+            list_->clearSelection();  // the arrow keys go on from where they were
+        } else {
+            list_->setCurrentRow(list.ListIndex);
+        }
     }
     const QRect place(list.left, list.top, list.width, list.height);
     if (list_->geometry() != place) {
