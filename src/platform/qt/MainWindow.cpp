@@ -19,12 +19,12 @@
 #include <cmath>
 #include <utility>
 
-#include "base/Text.h"
 #include "platform/WindowOnScreens.h"
 #include "platform/qt/Display.h"
 #include "platform/qt/Launch.h"
 #include "platform/qt/MenuBar.h"
 #include "platform/qt/PictureWidget.h"
+#include "platform/qt/ShownText.h"
 #include "platform/qt/TitlePicture.h"
 
 namespace scenara {
@@ -32,10 +32,6 @@ namespace {
 
 // Milliseconds until the program is asked again that wants to be.
 constexpr int kAskProgramAgain = 250;
-
-QString Shown(const std::string& text) {
-    return QString::fromStdString(ToUtf8(text));
-}
 
 // As a menu shows it sign by sign: no access letter, and no tab, after which the shortcut stands.
 QString Literal(const std::string& text) {
@@ -595,7 +591,7 @@ void MainWindow::ComeUpAt(const WindowStand& stand) {
 WindowStand MainWindow::Stand() const {
     const WindowSize::Free& free = size_.WhenFree();
     WindowStand stand{std::nullopt, {free.size.width(), free.size.height()}, isMaximized()};
-    if (!QGuiApplication::platformName().startsWith("wayland")) {
+    if (!IsWayland()) {
         stand.spot = {free.place.x(), free.place.y()};
     }
     return stand;

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/qt/WindowSize.h"
 
-#include <QGuiApplication>
 #include <QWidget>
 #include <QWindow>
 
@@ -97,7 +96,7 @@ const WindowSize::Free& WindowSize::WhenFree() {
 void WindowSize::StateCame() {
     if (FillsTheScreen()) {
         sinceCame_.invalidate();
-    } else if (QGuiApplication::platformName().startsWith("wayland") && free_.size.isValid()) {
+    } else if (IsWayland() && free_.size.isValid()) {
         Ask(free_.size);
     }
 }
