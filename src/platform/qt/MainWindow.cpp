@@ -19,6 +19,7 @@
 #include <cmath>
 #include <utility>
 
+#include "platform/ScreenPixels.h"
 #include "platform/WindowOnScreens.h"
 #include "platform/qt/Display.h"
 #include "platform/qt/Launch.h"
@@ -545,12 +546,9 @@ WindowPlace MainWindow::Place() const {
 
 ScreenRectangle MainWindow::Rectangle() const {
     const QRect frame = frameGeometry();
-    const double ratio = devicePixelRatioF();
-    const auto pixels = [ratio](int length) {
-        return static_cast<Long>(std::lround(length * ratio));
-    };
-    return {pixels(frame.left()), pixels(frame.top()), pixels(frame.width()),
-            pixels(frame.height())};
+    const QPoint corner = screen()->geometry().topLeft();
+    return InScreenPixels({frame.left(), frame.top(), frame.width(), frame.height()},
+                          {corner.x(), corner.y(), devicePixelRatioF()});
 }
 
 WindowPlace MainWindow::Screen() const {
