@@ -123,6 +123,18 @@ TEST_F(Starting, TheToolkitTakesItsOwnOptions) {
     ExpectTitle("cup");
 }
 
+// One that shows its windows nowhere needs no display; and ends as any does.
+TEST_F(Starting, TheToolkitsPlatformThatIsAskedForNeedsNoDisplay) {
+    WriteSettings();
+    environment_ = {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"};
+    program_.emplace(std::vector<std::string>{display_.Folder() + "bin/scenara", "-platform",
+                                              "offscreen", StagePath("cup")},
+                     ProgramEnvironment(), display_.Folder() + "program.txt");
+    ExpectSaved("RecentFile = " + StagePath("cup") + "\r\n");
+    program_->Send(SIGTERM);
+    EXPECT_EQ(WaitForEnd(), 0) << display_.AllWindows();
+}
+
 TEST_F(Starting, AMugenFolderIsTakenForGoodWithoutAQuestion) {
     Start({}, fs::relative(Folder() / "mugen/stages").string());
     ExpectWindow("^Scenara 1.0");
