@@ -38,6 +38,10 @@ Drop::Drop(const std::string& display, xcb_window_t target, const Spot& spot,
     window_ = xcb_generate_id(display_.get());
     xcb_create_window(display_.get(), 0, window_, root, 0, 0, 1, 1, 0, XCB_WINDOW_CLASS_INPUT_ONLY,
                       XCB_COPY_FROM_PARENT, 0, nullptr);
+    if (!TakesDrops()) {
+        state_ = State::Refused;
+        return;
+    }
     xcb_set_selection_owner(display_.get(), window_, Atom(kSelection), XCB_CURRENT_TIME);
     Send("XdndEnter", {kVersion << 24U, Atom(kUris)});
     Send("XdndPosition",
@@ -58,6 +62,16 @@ Drop::State Drop::Look() {
         }
     }
     return state_;
+}
+
+bool Drop::TakesDrops() const {
+    const Freed<xcb_get_property_reply_t> reply(
+        xcb_get_property_reply(
+            display_.get(),
+            xcb_get_property(display_.get(), 0, target_, Atom("XdndAware"), XCB_ATOM_ATOM, 0, 1),
+            nullptr),
+        &std::free);
+    return reply && reply->value_len == 1;
 }
 
 // The second word's lowest bit says yes, in both of the target's messages.

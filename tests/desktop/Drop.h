@@ -29,7 +29,8 @@ public:
         Refused,
     };
 
-    // Offers `uris` to the window, at that spot of the screen. Throws where there is no such
+    // Offers `uris` to the window, at that spot of the screen; one that takes no drops at all
+    // refuses them. Throws where there is no such
     // display.
     Drop(const std::string& display, xcb_window_t target, const Spot& spot,
          const std::vector<std::string>& uris);
@@ -41,6 +42,7 @@ public:
     [[nodiscard]] static std::string UriOf(const std::string& path);
 
 private:
+    [[nodiscard]] bool TakesDrops() const;
     void Send(std::string_view type, const std::vector<std::uint32_t>& words) const;
     void Serve(const xcb_selection_request_event_t& asked) const;
     void Hear(const xcb_client_message_event_t& message);
