@@ -15,13 +15,16 @@
 
 #include "base/Version.h"
 #include "desktop/DesktopProgram.h"
+#include "desktop/StartupMessages.h"
 
 namespace scenara::test {
 namespace {
 
 using testing::AllOf;
+using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Not;
+using testing::SizeIs;
 using testing::StartsWith;
 
 namespace fs = std::filesystem;
@@ -204,6 +207,43 @@ TEST_F(Starting, ALaterStartWithoutAFileOnlyBringsTheWindowToTheFront) {
     EXPECT_EQ(Title(), "bar");
 }
 
+// Who has started it gives a name to the start, and shows that it goes on until that name ends.
+TEST_F(Starting, ALaterStartWithANameEndsItAndTheWindowComesToTheFront) {
+    StartWithBar();
+    CoverByAnother();
+    StartupMessages messages(display_.Name());
+    std::vector<std::string> environment = ProgramEnvironment();
+    environment.emplace_back("DESKTOP_STARTUP_ID=files/\"a\\b\"/4711-0-host_TIME1");
+    EXPECT_EQ(StatusOf({StagePath("cup")}, environment), 0);
+    EXPECT_THAT(messages.Heard(),
+                ElementsAre("remove: ID=\"files/\\\"a\\\\b\\\"/4711-0-host_TIME1\""));
+    ExpectTitle("cup");
+    ExpectInFront();
+    EXPECT_EQ(StatusOf({StagePath("dot")}), 0);
+    EXPECT_THAT(messages.Heard(), SizeIs(1)) << "without a name";
+}
+
+// The manager does not go to another workspace for it.
+TEST_F(Starting, OnAnotherWorkspaceTheWindowAsksForAttention) {
+    display_.Do("set_num_desktops 2");
+    StartWithBar();
+    const std::string window = MainWindow();
+    display_.Do("set_desktop 1");
+    CoverByAnother();
+    EXPECT_EQ(StatusOf({StagePath("cup")}), 0);
+    EXPECT_TRUE(Eventually([&] {
+        return display_.Property("-id " + window, "_NET_WM_STATE").find("DEMANDS_ATTENTION") !=
+               std::string::npos;
+    })) << display_.Property("-id " + window, "_NET_WM_STATE");
+    EXPECT_EQ(display_.Do("get_desktop"), "1");
+    display_.Do("windowactivate " + window);
+    ExpectTitle("cup");
+    EXPECT_TRUE(Eventually([&] {
+        return display_.Property("-id " + window, "_NET_WM_STATE").find("DEMANDS_ATTENTION") ==
+               std::string::npos;
+    })) << "once it has been seen";
+}
+
 TEST_F(Starting, PlainAdditionsOffHandOverToo) {
     std::ofstream(Folder() / "bin/Scenara.ini", std::ios::binary) << "Additions = False\r\n";
     StartWithBar();
@@ -312,6 +352,28 @@ TEST_F(StartingTiled, TheWindowComesToTheFront) {
     EXPECT_EQ(StatusOf({StagePath("cup")}), 0);
     ExpectTitle("cup");
     ExpectInFront();
+}
+
+// Here the manager gives the focus to nobody who asks for it.
+TEST_F(StartingTiled, TheWindowThatMayNotComeAsksForAttention) {
+    std::ofstream(Folder() / "manager.conf", std::ios::app) << "focus_on_window_activation none\n";
+    display_.Tell("reload");
+    const auto isUrgent = [&] {
+        return display_.Tell("-t get_workspaces").find("\"urgent\":true") != std::string::npos;
+    };
+    WriteSettings();
+    Start({}, StagePath("bar"));
+    ExpectTitle("bar");
+    display_.Tell("workspace 2");
+    CoverByAnother();
+    EXPECT_FALSE(isUrgent());
+    EXPECT_EQ(StatusOf({StagePath("cup")}), 0);
+    EXPECT_TRUE(Eventually(isUrgent)) << display_.Tell("-t get_workspaces");
+    EXPECT_EQ(display_.Do("getactivewindow"), Window("^xmessage$"));
+    display_.Tell("workspace 1");
+    ExpectTitle("cup");
+    ExpectInFront();
+    EXPECT_TRUE(Eventually([&] { return !isUrgent(); })) << "once it has been seen";
 }
 
 }  // namespace

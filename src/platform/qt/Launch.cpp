@@ -81,7 +81,10 @@ public:
                            reinterpret_cast<const char*>(&message));
             message.type = XAtom("_NET_STARTUP_INFO");
         }
-        xcb_flush(display_);
+        // With an answer: the display need not read what is left of a connection that has ended.
+        const OwnedReply<xcb_get_input_focus_reply_t> answer(
+            xcb_get_input_focus_reply(display_, xcb_get_input_focus(display_), nullptr),
+            &std::free);
     }
 
 private:
