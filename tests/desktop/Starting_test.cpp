@@ -14,6 +14,7 @@
 #include <gtest/gtest.h>
 
 #include "base/Version.h"
+#include "desktop/ActivationToken.h"
 #include "desktop/DesktopProgram.h"
 #include "desktop/StartupMessages.h"
 
@@ -374,6 +375,36 @@ TEST_F(StartingTiled, TheWindowThatMayNotComeAsksForAttention) {
     ExpectTitle("cup");
     ExpectInFront();
     EXPECT_TRUE(Eventually([&] { return !isUrgent(); })) << "once it has been seen";
+}
+
+// A compositor gives the focus to who shows the token that it has given away for that.
+class StartingOnWayland : public Starting {
+protected:
+    StartingOnWayland() : Starting(Manager::Sway) {}
+
+    std::optional<int> StatusWithToken(const std::string& path, const std::string& token) {
+        std::vector<std::string> environment = ProgramEnvironment();
+        environment.push_back("XDG_ACTIVATION_TOKEN=" + token);
+        return StatusOf({path}, environment);
+    }
+};
+
+TEST_F(StartingOnWayland, TheWindowComesToTheFrontWithTheTokenOfALaterStart) {
+    display_.Tell("focus_on_window_activation focus");
+    WriteSettings();
+    Start({}, StagePath("bar"));
+    ExpectTitle("bar");
+    const std::string first = display_.Workspace();
+    display_.Tell("workspace other");
+    ASSERT_EQ(display_.Workspace(), "other");
+    EXPECT_EQ(StatusWithToken(StagePath("cup"), "nobody's"), 0);
+    ExpectTitle("cup");
+    EXPECT_EQ(display_.Workspace(), "other") << "that token is none of the compositor's";
+    const std::string token = ActivationToken(display_.Folder() + "wayland");
+    ASSERT_NE(token, "");
+    EXPECT_EQ(StatusWithToken(StagePath("dot"), token), 0);
+    EXPECT_TRUE(Eventually([&] { return display_.Workspace() == first; })) << display_.Workspace();
+    ExpectTitle("dot");
 }
 
 }  // namespace

@@ -73,6 +73,8 @@ public:
     // empty.
     void ChangeState(bool add, const std::string& window, const std::string& state,
                      const std::string& other = {}) const;
+    // With i3 or Sway: the workspace that is gone to.
+    [[nodiscard]] std::string Workspace() const;
     // With Sway: the windows, those that float last.
     [[nodiscard]] std::vector<ShownWindow> ShownWindows() const;
 
