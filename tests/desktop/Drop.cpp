@@ -49,6 +49,14 @@ Drop::Drop(const std::string& display, xcb_window_t target, const Spot& spot,
           XCB_CURRENT_TIME, Atom("XdndActionCopy")});
 }
 
+// With an answer: a server need not read what is left of a connection that has ended, and the
+// target would go on with this drag when the next one comes.
+Drop::~Drop() {
+    const Freed<xcb_get_input_focus_reply_t> answer(
+        xcb_get_input_focus_reply(display_.get(), xcb_get_input_focus(display_.get()), nullptr),
+        &std::free);
+}
+
 Drop::State Drop::Look() {
     const auto next = [this] {
         return Freed<xcb_generic_event_t>(xcb_poll_for_event(display_.get()), &std::free);

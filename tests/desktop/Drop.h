@@ -34,6 +34,7 @@ public:
     // display.
     Drop(const std::string& display, xcb_window_t target, const Spot& spot,
          const std::vector<std::string>& uris);
+    ~Drop();
 
     // Answers what it has been asked since the last look; where it is now.
     State Look();

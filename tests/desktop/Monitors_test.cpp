@@ -58,7 +58,8 @@ protected:
         switch (GetParam().manager) {
             case Manager::Openbox: display_.Do("windowmove " + MainWindow() + " 950 80"); break;
             case Manager::I3: display_.Tell("move container to output monitor1, focus"); break;
-            case Manager::Sway: display_.Tell("move container to output HEADLESS-2, focus"); break;
+            // Each monitor has a workspace; by the monitor's name Sway falls over itself.
+            case Manager::Sway: display_.Tell("move container to workspace 2, workspace 2"); break;
             case Manager::Weston: break;  // it came up there, where the pointer was
         }
     }
