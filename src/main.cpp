@@ -124,7 +124,7 @@ int main(int argc, char** argv) {
         std::cout << *answer;
         return kFine;
     }
-    if (!HasDisplay()) {
+    if (!HasDisplay(WordsOf(argc, argv))) {
         std::cerr << "scenara: there is no display to show a window on\n";
         return kNotShown;
     }

@@ -61,8 +61,9 @@ public:
 
     virtual void Show() = 0;
 
-    // Before it is shown the first time: it comes up so. It is no larger than the screen, and where
-    // its upper edge would be out of reach the system places it.
+    // Before it is shown the first time: it comes up so. It is no larger, borders included, than
+    // what the screen leaves to windows, and where its upper edge would be out of reach the system
+    // places it.
     virtual void ComeUpAt(const WindowStand& stand) = 0;
     // Where the user has it now.
     [[nodiscard]] virtual WindowStand Stand() const = 0;

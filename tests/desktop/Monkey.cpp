@@ -16,6 +16,7 @@ Monkey::Monkey(DesktopProgram& scene, unsigned seed)
     : scene_(scene),
       hands_(scene.display_.Name()),
       random_(seed),
+      drops_(seed),
       folder_(scene.Folder() / "mugen", scene.Folder() / "kept") {
     hands_.MakeWorkspaces(2);
     scene.display_.FillBackground();

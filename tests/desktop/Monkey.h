@@ -46,6 +46,8 @@ public:
     [[nodiscard]] int Starts() const { return starts_; }
     [[nodiscard]] int Looks() const { return looks_; }
     [[nodiscard]] int SettingsCompared() const { return settingsCompared_; }
+    // What was dropped, and taken.
+    [[nodiscard]] int Dropped() const { return dropped_; }
 
 private:
     struct Deed {
@@ -104,6 +106,7 @@ private:
     void GoToAnotherProgram();
     void StartAgain();
     void DisturbFiles();
+    void DropNowAndThen();
     void GoFullScreen();
     void Rest();
     void LetAllGo();
@@ -115,6 +118,7 @@ private:
     DesktopProgram& scene_;
     Hands hands_;
     std::mt19937 random_;
+    std::mt19937 drops_;  // for drops alone: without them each seed does the same
     MonkeyFolder folder_;
     std::vector<ProgramWindow> windows_;  // as of the last look
     std::vector<std::string> held_;       // keys
@@ -129,6 +133,7 @@ private:
     int starts_ = 0;
     int looks_ = 0;
     int settingsCompared_ = 0;
+    int dropped_ = 0;
 };
 
 }  // namespace scenara::test

@@ -6,6 +6,7 @@
 #include <stdexcept>
 #include <thread>
 
+#include "desktop/Drop.h"
 #include "desktop/Monkey.h"
 
 namespace scenara::test {
@@ -343,7 +344,6 @@ void Monkey::GoFullScreen() {
 
 // --- files ---
 
-// What is dropped onto the window goes the same way.
 void Monkey::StartAgain() {
     std::vector<std::string> command{(scene_.Folder() / "bin/scenara").string(), "--"};
     for (int i = Below(3); i >= 0; --i) {
@@ -365,6 +365,37 @@ void Monkey::StartAgain() {
         throw std::runtime_error("a later start ended with " + std::to_string(*status) + "\n" +
                                  std::string(std::istreambuf_iterator<char>(file), {}));
     }
+}
+
+// Not where the window is gone before it answers.
+void Monkey::DropNowAndThen() {
+    constexpr int kSeldom = 40;
+    const auto below = [this](std::size_t count) {
+        return std::uniform_int_distribution<std::size_t>(0, count - 1)(drops_);
+    };
+    if (below(kSeldom) != 0 || windows_.empty() || HasEnded()) {
+        return;
+    }
+    const ProgramWindow window = windows_[below(windows_.size())];
+    const auto within = [&](int from, int length) {
+        return from + static_cast<int>(below(static_cast<std::size_t>(std::max(length, 1))));
+    };
+    const Spot spot{within(std::max(window.place.left, 0), window.place.width),
+                    within(std::max(window.place.top, 0), window.place.height)};
+    std::vector<std::string> uris;
+    for (std::size_t i = below(3); i < 3; ++i) {
+        uris.push_back(Drop::UriOf(folder_.AnyPath(drops_)));
+    }
+    Note("drop " + uris.back() + " onto \"" + window.title + "\" at " +
+         DesktopProgram::Words(spot));
+    Drop drop(scene_.display_.Name(), window.id, spot, uris);
+    static_cast<void>(Wait("an answer to a drop", [&] {
+        const Drop::State state = drop.Look();
+        dropped_ += state == Drop::State::Taken ? 1 : 0;
+        LookAtWindows();
+        return state == Drop::State::Taken || state == Drop::State::Refused ||
+               std::ranges::find(windows_, window.id, &ProgramWindow::id) == windows_.end();
+    }));
 }
 
 void Monkey::DisturbFiles() {

@@ -238,6 +238,7 @@ void Monkey::Live(int actions) {
                 Deeds(), [&](const Deed& each) { return (chosen -= each.weight) < 0; });
             (this->*deed->act)();
         }
+        DropNowAndThen();
         // Sometimes the next deed comes before the program has seen this one.
         if (HasEnded() || (!OneIn(5) && !WaitForReaction())) {
             return;

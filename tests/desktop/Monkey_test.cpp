@@ -87,7 +87,8 @@ protected:
         }
         std::cout << actions << " actions, " << monkey.Starts() << " starts, " << monkey.Looks()
                   << " looks at all pixels, settings compared " << monkey.SettingsCompared()
-                  << " times, slower than a second: " << monkey.Slow().size() << "\n";
+                  << " times, " << monkey.Dropped()
+                  << " drops taken, slower than a second: " << monkey.Slow().size() << "\n";
         for (const std::string& line : monkey.Slow()) {
             std::cout << "  " << line << "\n";
         }

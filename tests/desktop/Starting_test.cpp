@@ -14,14 +14,18 @@
 #include <gtest/gtest.h>
 
 #include "base/Version.h"
+#include "desktop/ActivationToken.h"
 #include "desktop/DesktopProgram.h"
+#include "desktop/StartupMessages.h"
 
 namespace scenara::test {
 namespace {
 
 using testing::AllOf;
+using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Not;
+using testing::SizeIs;
 using testing::StartsWith;
 
 namespace fs = std::filesystem;
@@ -123,6 +127,18 @@ TEST_F(Starting, TheToolkitTakesItsOwnOptions) {
     ExpectTitle("cup");
 }
 
+// One that shows its windows nowhere needs no display; and ends as any does.
+TEST_F(Starting, TheToolkitsPlatformThatIsAskedForNeedsNoDisplay) {
+    WriteSettings();
+    environment_ = {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"};
+    program_.emplace(std::vector<std::string>{display_.Folder() + "bin/scenara", "-platform",
+                                              "offscreen", StagePath("cup")},
+                     ProgramEnvironment(), display_.Folder() + "program.txt");
+    ExpectSaved("RecentFile = " + StagePath("cup") + "\r\n");
+    program_->Send(SIGTERM);
+    EXPECT_EQ(WaitForEnd(), 0) << display_.AllWindows();
+}
+
 TEST_F(Starting, AMugenFolderIsTakenForGoodWithoutAQuestion) {
     Start({}, fs::relative(Folder() / "mugen/stages").string());
     ExpectWindow("^Scenara 1.0");
@@ -190,6 +206,43 @@ TEST_F(Starting, ALaterStartWithoutAFileOnlyBringsTheWindowToTheFront) {
     EXPECT_EQ(StatusOf({}), 0) << output_;
     ExpectInFront();
     EXPECT_EQ(Title(), "bar");
+}
+
+// Who has started it gives a name to the start, and shows that it goes on until that name ends.
+TEST_F(Starting, ALaterStartWithANameEndsItAndTheWindowComesToTheFront) {
+    StartWithBar();
+    CoverByAnother();
+    StartupMessages messages(display_.Name());
+    std::vector<std::string> environment = ProgramEnvironment();
+    environment.emplace_back("DESKTOP_STARTUP_ID=files/\"a\\b\"/4711-0-host_TIME1");
+    EXPECT_EQ(StatusOf({StagePath("cup")}, environment), 0);
+    EXPECT_THAT(messages.Heard(),
+                ElementsAre("remove: ID=\"files/\\\"a\\\\b\\\"/4711-0-host_TIME1\""));
+    ExpectTitle("cup");
+    ExpectInFront();
+    EXPECT_EQ(StatusOf({StagePath("dot")}), 0);
+    EXPECT_THAT(messages.Heard(), SizeIs(1)) << "without a name";
+}
+
+// The manager does not go to another workspace for it.
+TEST_F(Starting, OnAnotherWorkspaceTheWindowAsksForAttention) {
+    display_.Do("set_num_desktops 2");
+    StartWithBar();
+    const std::string window = MainWindow();
+    display_.Do("set_desktop 1");
+    CoverByAnother();
+    EXPECT_EQ(StatusOf({StagePath("cup")}), 0);
+    EXPECT_TRUE(Eventually([&] {
+        return display_.Property("-id " + window, "_NET_WM_STATE").find("DEMANDS_ATTENTION") !=
+               std::string::npos;
+    })) << display_.Property("-id " + window, "_NET_WM_STATE");
+    EXPECT_EQ(display_.Do("get_desktop"), "1");
+    display_.Do("windowactivate " + window);
+    ExpectTitle("cup");
+    EXPECT_TRUE(Eventually([&] {
+        return display_.Property("-id " + window, "_NET_WM_STATE").find("DEMANDS_ATTENTION") ==
+               std::string::npos;
+    })) << "once it has been seen";
 }
 
 TEST_F(Starting, PlainAdditionsOffHandOverToo) {
@@ -300,6 +353,58 @@ TEST_F(StartingTiled, TheWindowComesToTheFront) {
     EXPECT_EQ(StatusOf({StagePath("cup")}), 0);
     ExpectTitle("cup");
     ExpectInFront();
+}
+
+// Here the manager gives the focus to nobody who asks for it.
+TEST_F(StartingTiled, TheWindowThatMayNotComeAsksForAttention) {
+    std::ofstream(Folder() / "manager.conf", std::ios::app) << "focus_on_window_activation none\n";
+    display_.Tell("reload");
+    const auto isUrgent = [&] {
+        return display_.Tell("-t get_workspaces").find("\"urgent\":true") != std::string::npos;
+    };
+    WriteSettings();
+    Start({}, StagePath("bar"));
+    ExpectTitle("bar");
+    display_.Tell("workspace 2");
+    CoverByAnother();
+    EXPECT_FALSE(isUrgent());
+    EXPECT_EQ(StatusOf({StagePath("cup")}), 0);
+    EXPECT_TRUE(Eventually(isUrgent)) << display_.Tell("-t get_workspaces");
+    EXPECT_EQ(display_.Do("getactivewindow"), Window("^xmessage$"));
+    display_.Tell("workspace 1");
+    ExpectTitle("cup");
+    ExpectInFront();
+    EXPECT_TRUE(Eventually([&] { return !isUrgent(); })) << "once it has been seen";
+}
+
+// A compositor gives the focus to who shows the token that it has given away for that.
+class StartingOnWayland : public Starting {
+protected:
+    StartingOnWayland() : Starting(Manager::Sway) {}
+
+    std::optional<int> StatusWithToken(const std::string& path, const std::string& token) {
+        std::vector<std::string> environment = ProgramEnvironment();
+        environment.push_back("XDG_ACTIVATION_TOKEN=" + token);
+        return StatusOf({path}, environment);
+    }
+};
+
+TEST_F(StartingOnWayland, TheWindowComesToTheFrontWithTheTokenOfALaterStart) {
+    display_.Tell("focus_on_window_activation focus");
+    WriteSettings();
+    Start({}, StagePath("bar"));
+    ExpectTitle("bar");
+    const std::string first = display_.Workspace();
+    display_.Tell("workspace other");
+    ASSERT_EQ(display_.Workspace(), "other");
+    EXPECT_EQ(StatusWithToken(StagePath("cup"), "nobody's"), 0);
+    ExpectTitle("cup");
+    EXPECT_EQ(display_.Workspace(), "other") << "that token is none of the compositor's";
+    const std::string token = ActivationToken(display_.Folder() + "wayland");
+    ASSERT_NE(token, "");
+    EXPECT_EQ(StatusWithToken(StagePath("dot"), token), 0);
+    EXPECT_TRUE(Eventually([&] { return display_.Workspace() == first; })) << display_.Workspace();
+    ExpectTitle("dot");
 }
 
 }  // namespace

@@ -385,6 +385,19 @@ std::vector<ShownWindow> VirtualDisplay::ShownWindows() const {
     return windows;
 }
 
+std::string VirtualDisplay::Workspace() const {
+    rapidjson::Document all;
+    all.Parse(Tell("-t get_workspaces").c_str());
+    if (all.IsArray()) {
+        for (const rapidjson::Value& each : all.GetArray()) {
+            if (each["focused"].GetBool()) {
+                return each["name"].GetString();
+            }
+        }
+    }
+    return {};
+}
+
 std::string VirtualDisplay::AllWindows() const {
     return (setup_.manager == Manager::Sway ? Tell("-t get_tree") : Run("xwininfo -root -tree")) +
            Contents(Folder() + "program.txt") + Contents(Folder() + "manager.txt");

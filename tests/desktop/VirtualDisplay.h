@@ -63,6 +63,8 @@ public:
     // Tells i3 or Sway what to do, in their own words; what it says.
     std::string Tell(const std::string& words) const;
 
+    // What xprop says of a property; `window` is "-root" or "-id " and a number.
+    [[nodiscard]] std::string Property(const std::string& window, const std::string& name) const;
     // Whether the window of that id says that it is a dialog.
     [[nodiscard]] bool IsDialog(const std::string& window) const;
     // Where the X window of that id stands, without its frame; nothing where there is none.
@@ -71,6 +73,8 @@ public:
     // empty.
     void ChangeState(bool add, const std::string& window, const std::string& state,
                      const std::string& other = {}) const;
+    // With i3 or Sway: the workspace that is gone to.
+    [[nodiscard]] std::string Workspace() const;
     // With Sway: the windows, those that float last.
     [[nodiscard]] std::vector<ShownWindow> ShownWindows() const;
 
@@ -93,7 +97,6 @@ private:
     void PlaceMonitors() const;
     void SettleKeys() const;
     [[nodiscard]] bool ManagerIsReady() const;
-    [[nodiscard]] std::string Property(const std::string& window, const std::string& name) const;
     // Runs a command line among the programs on it; what it says.
     [[nodiscard]] std::string Run(const std::string& command) const;
 

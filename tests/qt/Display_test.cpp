@@ -7,6 +7,7 @@
 #include <cstring>
 #include <fstream>
 #include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 #include <sys/socket.h>
@@ -52,6 +53,7 @@ struct Case {
     const char* wayland;
     const char* runtime;  // XDG_RUNTIME_DIR, with '@' as well
     bool hasDisplay;
+    std::vector<std::string> words = {};  // of the command line
 };
 
 const std::string kLong(500, 'x');
@@ -77,6 +79,22 @@ const Case kCases[] = {
     {"asked for Wayland, else X, neither is there", "wayland;xcb", "two", "@", false},
     {"asked for none", "offscreen", "", "", true},
     {"asked for Wayland, else none", "wayland;offscreen", "two", "@", true},
+    {"a word asks for none", "", "", "", true, {"a.def", "-platform", "offscreen"}},
+    {"a word with two hyphens", "", "", "", true, {"--platform", "minimal"}},
+    {"a word has more to say", "", "", "", true, {"-platform", "offscreen:configfile=x"}},
+    {"a word comes before the variable", "xcb", "", "", true, {"-platform", "offscreen"}},
+    {"a word asks for X", "offscreen", "one", "@", false, {"-platform", "xcb"}},
+    {"a word asks for Wayland", "xcb", "one", "@", true, {"-platform", "wayland"}},
+    {"the last word counts",
+     "",
+     "",
+     "",
+     false,
+     {"-platform", "offscreen", "-platform", "xcb", "a.def"}},
+    {"a word without a name", "", "", "", false, {"-platform"}},
+    {"another word", "", "", "", false, {"-platformtheme", "offscreen"}},
+    {"a word names X's display, which is not there", "", "", "", false, {"-display", ":4094"}},
+    {"a file of that name", "", "", "", false, {"platform", "offscreen"}},
 };
 
 class DisplayTest : public testing::Test {
@@ -113,7 +131,7 @@ TEST_F(DisplayTest, IsFound) {
         Set("QT_QPA_PLATFORM", test.platform);
         Set("WAYLAND_DISPLAY", test.wayland);
         Set("XDG_RUNTIME_DIR", test.runtime);
-        EXPECT_EQ(HasDisplay(), test.hasDisplay) << test.name;
+        EXPECT_EQ(HasDisplay(test.words), test.hasDisplay) << test.name;
     }
 }
 
@@ -123,7 +141,7 @@ TEST_F(DisplayTest, TheToolkitIsToldWhereItIs) {
     Set("QT_QPA_PLATFORM", "");
     Set("WAYLAND_DISPLAY", "");
     Set("XDG_RUNTIME_DIR", "@");
-    ASSERT_TRUE(HasDisplay());
+    ASSERT_TRUE(HasDisplay({}));
     EXPECT_STREQ(std::getenv("QT_QPA_PLATFORM"), "wayland");
 }
 

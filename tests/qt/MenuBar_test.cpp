@@ -209,6 +209,23 @@ TEST_F(Menus, ALetterOfTwoBeginsWithTheFirstOneEachTime) {
     EXPECT_EQ(Told(), "");
 }
 
+// Its item is marked under it, but that is no step from one to the next.
+TEST_F(Menus, ALetterOfTwoBeginsWithTheFirstOneWhereverThePointerRests) {
+    for (QAction* const item : TheBar().actions()) {
+        const QPoint middle = TheBar().actionGeometry(item).center();
+        if (!TheBar().rect().contains(middle)) {
+            continue;  // the window has no room for it
+        }
+        SCOPED_TRACE(item->text().toStdString());
+        QTest::mouseMove(window.windowHandle(), TheBar().mapTo(&window, middle));
+        Pump();
+        EXPECT_EQ(Marked(), item->text().toStdString());
+        Alt(Qt::Key_S);
+        EXPECT_EQ(OpenMenu(), "&Stage");
+        Type(Qt::Key_Escape);
+    }
+}
+
 TEST_F(Menus, ALetterOfTwoThatIsHeldStaysWithTheFirst) {
     for (int time = 0; time < 2; ++time) {
         for (int repeat = 0; repeat < 3; ++repeat) {

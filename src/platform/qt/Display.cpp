@@ -5,13 +5,12 @@
 #include <QWindow>
 #include <algorithm>
 #include <cstdint>
-#include <cstdlib>
-#include <cstring>
 #include <string_view>
 #include <vector>
 
 #include <xcb/xcb.h>
 
+#include "platform/qt/Environment.h"
 #include "platform/qt/WaylandDisplay.h"
 #include "platform/qt/XDisplay.h"
 
@@ -21,26 +20,28 @@
 namespace scenara {
 namespace {
 
-bool HasXDisplay() {
-    xcb_connection_t* const connection = xcb_connect(nullptr, nullptr);
+// An empty name: the environment's.
+bool HasXDisplay(const std::string& name = {}) {
+    xcb_connection_t* const connection =
+        xcb_connect(name.empty() ? nullptr : name.c_str(), nullptr);
     const bool connected = xcb_connection_has_error(connection) == 0;
     xcb_disconnect(connection);
     return connected;
 }
 
 // One that was asked for by name: one without a display of its own is always there.
-bool ServesPlatform(std::string_view name) {
+bool ServesPlatform(std::string_view name, const std::string& display) {
     if (name.starts_with("xcb")) {
-        return HasXDisplay();
+        return HasXDisplay(display);
     }
     return !name.starts_with("wayland") || HasWaylandDisplay();
 }
 
 // Of names between semicolons, which the toolkit tries one after the other.
-bool ServesOneOf(std::string_view names) {
+bool ServesOneOf(std::string_view names, const std::string& display) {
     while (true) {
         const std::size_t end = names.find(';');
-        if (ServesPlatform(names.substr(0, end))) {
+        if (ServesPlatform(names.substr(0, end), display)) {
             return true;
         }
         if (end == std::string_view::npos) {
@@ -50,15 +51,31 @@ bool ServesOneOf(std::string_view names) {
     }
 }
 
+// The word that follows the toolkit's option of that name, which may have one hyphen or two. Of
+// several the last one counts.
+std::string ToolkitOption(const std::vector<std::string>& words, std::string_view name) {
+    std::string value;
+    for (std::size_t i = 0; i + 1 < words.size(); ++i) {
+        const std::string_view word = words[i];
+        if (word.starts_with('-') && word.substr(word.starts_with("--") ? 2 : 1) == name) {
+            value = words[++i];
+        }
+    }
+    return value;
+}
+
 }  // namespace
 
-bool HasDisplay() {
-    // NOLINTNEXTLINE(concurrency-mt-unsafe): before there is any other thread
-    const char* const asked = std::getenv("QT_QPA_PLATFORM");
-    if (asked != nullptr && *asked != '\0') {
-        return ServesOneOf(asked);
+bool HasDisplay(const std::vector<std::string>& words) {
+    const std::string display = ToolkitOption(words, "display");
+    std::string platforms = ToolkitOption(words, "platform");
+    if (platforms.empty()) {
+        platforms = Variable("QT_QPA_PLATFORM");
     }
-    if (HasXDisplay()) {
+    if (!platforms.empty()) {
+        return ServesOneOf(platforms, display);
+    }
+    if (HasXDisplay(display)) {
         return true;
     }
     if (!HasWaylandDisplay()) {
@@ -66,6 +83,10 @@ bool HasDisplay() {
     }
     qputenv("QT_QPA_PLATFORM", "wayland");
     return true;
+}
+
+bool IsWayland() {
+    return QGuiApplication::platformName().startsWith("wayland");
 }
 
 // An X display has screens, which are one display (":0.0" and ":0").

@@ -4,15 +4,21 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 class QWindow;
 
 namespace scenara {
 
 // Whether there is a display to show a window on: X's, or Wayland's where there is none of X. (The
-// toolkit would end the program without one.) To be asked once, before the toolkit starts, which is
-// told where Wayland's is the only one: it would look for X.
-[[nodiscard]] bool HasDisplay();
+// toolkit would end the program without one.) The toolkit's own options among the words of the
+// command line, or its variable, may name a platform, which may need no display; and a display of
+// X. To be asked once, before the toolkit starts, which is told where Wayland's is the only one: it
+// would look for X.
+[[nodiscard]] bool HasDisplay(const std::vector<std::string>& words);
+
+// Whether the windows are Wayland's, with the application object there.
+[[nodiscard]] bool IsWayland();
 
 // What tells this display from others of the user, with the application object there.
 [[nodiscard]] std::string DisplayName();

@@ -96,7 +96,7 @@ void FullScreenWindow::Cover() {
 // Not every window manager does so. A Wayland compositor does, and ends the program for a size that
 // is not the one that it gives.
 void FullScreenWindow::FollowScreen() {
-    if (!QGuiApplication::platformName().startsWith("wayland")) {
+    if (!IsWayland()) {
         screenChanges_ = connect(screen(), &QScreen::geometryChanged, this, [this] { Cover(); });
     }
 }

@@ -10,13 +10,13 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
-#include <memory>
 #include <optional>
-#include <string_view>
 
 #include <xcb/xcb.h>
 
 #include "platform/qt/Display.h"
+#include "platform/qt/Environment.h"
+#include "platform/qt/XDisplay.h"
 
 namespace scenara {
 namespace {
@@ -26,38 +26,6 @@ constexpr int kFocusPatience = 500;
 
 constexpr const char* kToken = "XDG_ACTIVATION_TOKEN";
 
-template <class Reply>
-using OwnedReply = std::unique_ptr<Reply, decltype(&std::free)>;
-
-std::string Variable(const char* name) {
-    const char* const value = std::getenv(name);  // NOLINT(concurrency-mt-unsafe): at the start
-    return value != nullptr ? value : "";
-}
-
-bool IsWayland() {
-    return QGuiApplication::platformName().startsWith("wayland");
-}
-
-// None where the windows are not X's; and some platforms have the interface without a display.
-xcb_connection_t* XConnection() {
-    const auto* const x11 = qApp->nativeInterface<QNativeInterface::QX11Application>();
-    return x11 != nullptr ? x11->connection() : nullptr;
-}
-
-xcb_atom_t AtomOf(xcb_connection_t* display, std::string_view name) {
-    const OwnedReply<xcb_intern_atom_reply_t> reply(
-        xcb_intern_atom_reply(
-            display,
-            xcb_intern_atom(display, 0, static_cast<std::uint16_t>(name.size()), name.data()),
-            nullptr),
-        &std::free);
-    return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
-}
-
-xcb_window_t RootOf(xcb_connection_t* display) {
-    return xcb_setup_roots_iterator(xcb_get_setup(display)).data->root;
-}
-
 // A connection of its own with a window that nobody sees: what happens to that is no business of
 // the toolkit's.
 class HiddenWindow {
@@ -66,7 +34,7 @@ public:
         if (IsOpen()) {
             constexpr std::uint32_t kEvents = XCB_EVENT_MASK_PROPERTY_CHANGE;
             window_ = xcb_generate_id(display_);
-            xcb_create_window(display_, 0, window_, RootOf(display_), 0, 0, 1, 1, 0,
+            xcb_create_window(display_, 0, window_, XRoot(), 0, 0, 1, 1, 0,
                               XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, XCB_CW_EVENT_MASK,
                               &kEvents);
         }
@@ -104,16 +72,19 @@ public:
         message.response_type = XCB_CLIENT_MESSAGE;
         message.format = 8;
         message.window = window_;
-        message.type = AtomOf(display_, "_NET_STARTUP_INFO_BEGIN");
+        message.type = XAtom("_NET_STARTUP_INFO_BEGIN");
         for (std::size_t at = 0; at <= text.size(); at += kMessage) {
             std::fill(std::begin(message.data.data8), std::end(message.data.data8),
                       std::uint8_t{0});
             text.copy(reinterpret_cast<char*>(message.data.data8), kMessage, at);
-            xcb_send_event(display_, 0, RootOf(display_), XCB_EVENT_MASK_PROPERTY_CHANGE,
+            xcb_send_event(display_, 0, XRoot(), XCB_EVENT_MASK_PROPERTY_CHANGE,
                            reinterpret_cast<const char*>(&message));
-            message.type = AtomOf(display_, "_NET_STARTUP_INFO");
+            message.type = XAtom("_NET_STARTUP_INFO");
         }
-        xcb_flush(display_);
+        // With an answer: the display need not read what is left of a connection that has ended.
+        const OwnedReply<xcb_get_input_focus_reply_t> answer(
+            xcb_get_input_focus_reply(display_, xcb_get_input_focus(display_), nullptr),
+            &std::free);
     }
 
 private:
@@ -126,24 +97,24 @@ private:
 // As the window itself would ask for it at this time, on X.
 void AskForFocus(xcb_connection_t* display, const QWindow& window, xcb_timestamp_t time) {
     const auto id = static_cast<xcb_window_t>(window.winId());
-    xcb_change_property(display, XCB_PROP_MODE_REPLACE, id, AtomOf(display, "_NET_WM_USER_TIME"),
+    xcb_change_property(display, XCB_PROP_MODE_REPLACE, id, XAtom("_NET_WM_USER_TIME"),
                         XCB_ATOM_CARDINAL, 32, 1, &time);
     constexpr std::uint32_t kFromProgram = 1;
     xcb_client_message_event_t message{};
     message.response_type = XCB_CLIENT_MESSAGE;
     message.format = 32;
     message.window = id;
-    message.type = AtomOf(display, "_NET_ACTIVE_WINDOW");
+    message.type = XAtom("_NET_ACTIVE_WINDOW");
     message.data.data32[0] = kFromProgram;
     message.data.data32[1] = time;
-    xcb_send_event(display, 0, RootOf(display),
+    xcb_send_event(display, 0, XRoot(),
                    XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY,
                    reinterpret_cast<const char*>(&message));
     xcb_flush(display);
 }
 
 void Activate(QWidget& window, const std::string& mark) {
-    xcb_connection_t* const display = XConnection();
+    xcb_connection_t* const display = XDisplay();
     std::uint32_t time = 0;
     const auto [end, error] = std::from_chars(mark.data(), mark.data() + mark.size(), time);
     if (display != nullptr && error == std::errc() && end == mark.data() + mark.size()) {
@@ -164,7 +135,7 @@ std::string Launch::Mark() const {
     if (IsWayland()) {
         return token_;
     }
-    if (XConnection() == nullptr) {
+    if (XDisplay() == nullptr) {
         return {};
     }
     const std::optional<xcb_timestamp_t> time = HiddenWindow().Time();
@@ -172,7 +143,7 @@ std::string Launch::Mark() const {
 }
 
 void Launch::End() const {
-    if (!id_.empty() && XConnection() != nullptr) {
+    if (!id_.empty() && XDisplay() != nullptr) {
         std::string quoted;
         for (const char c : id_) {
             quoted.append(c == '"' || c == '\\' ? "\\" : "").push_back(c);

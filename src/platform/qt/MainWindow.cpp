@@ -19,12 +19,13 @@
 #include <cmath>
 #include <utility>
 
-#include "base/Text.h"
+#include "platform/ScreenPixels.h"
 #include "platform/WindowOnScreens.h"
 #include "platform/qt/Display.h"
 #include "platform/qt/Launch.h"
 #include "platform/qt/MenuBar.h"
 #include "platform/qt/PictureWidget.h"
+#include "platform/qt/ShownText.h"
 #include "platform/qt/TitlePicture.h"
 
 namespace scenara {
@@ -32,10 +33,6 @@ namespace {
 
 // Milliseconds until the program is asked again that wants to be.
 constexpr int kAskProgramAgain = 250;
-
-QString Shown(const std::string& text) {
-    return QString::fromStdString(ToUtf8(text));
-}
 
 // As a menu shows it sign by sign: no access letter, and no tab, after which the shortcut stands.
 QString Literal(const std::string& text) {
@@ -553,12 +550,9 @@ WindowPlace MainWindow::Place() const {
 
 ScreenRectangle MainWindow::Rectangle() const {
     const QRect frame = frameGeometry();
-    const double ratio = devicePixelRatioF();
-    const auto pixels = [ratio](int length) {
-        return static_cast<Long>(std::lround(length * ratio));
-    };
-    return {pixels(frame.left()), pixels(frame.top()), pixels(frame.width()),
-            pixels(frame.height())};
+    const QPoint corner = screen()->geometry().topLeft();
+    return InScreenPixels({frame.left(), frame.top(), frame.width(), frame.height()},
+                          {corner.x(), corner.y(), devicePixelRatioF()});
 }
 
 WindowPlace MainWindow::Screen() const {
@@ -599,7 +593,7 @@ void MainWindow::ComeUpAt(const WindowStand& stand) {
 WindowStand MainWindow::Stand() const {
     const WindowSize::Free& free = size_.WhenFree();
     WindowStand stand{std::nullopt, {free.size.width(), free.size.height()}, isMaximized()};
-    if (!QGuiApplication::platformName().startsWith("wayland")) {
+    if (!IsWayland()) {
         stand.spot = {free.place.x(), free.place.y()};
     }
     return stand;

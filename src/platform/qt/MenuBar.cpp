@@ -150,7 +150,10 @@ void MenuBar::GoToNextOf(const QKeySequence& letter) {
     if (items.isEmpty()) {
         return;
     }
-    const qsizetype next = (items.indexOf(activeAction()) + 1) % items.size();
+    // The pointer makes the item that it rests on the active one, too; that is no step.
+    const bool isThere = stopped_ || QApplication::activePopupWidget() != nullptr;
+    const qsizetype at = isThere ? items.indexOf(activeAction()) : -1;
+    const qsizetype next = (at + 1) % items.size();
     QAction& item = *items[next];
     Close();
     Leave();

@@ -15,17 +15,13 @@
 #include <limits>
 
 #include "base/Path.h"
-#include "base/Text.h"
+#include "platform/qt/ShownText.h"
 
 namespace scenara {
 namespace {
 
 // Milliseconds between two looks whether there are more.
 constexpr int kLookForMore = 250;
-
-QString Shown(std::string_view text) {
-    return QString::fromStdString(ToUtf8(text));
-}
 
 }  // namespace
 

@@ -10,17 +10,13 @@
 #include <QUrl>
 #include <algorithm>
 
-#include "base/Text.h"
 #include "platform/Form.h"
 #include "platform/qt/ProblemsWindow.h"
 #include "platform/qt/Questions.h"
+#include "platform/qt/ShownText.h"
 
 namespace scenara {
 namespace {
-
-QString Shown(const std::string& text) {
-    return QString::fromStdString(ToUtf8(text));
-}
 
 // Paths are the file system's bytes and not text.
 std::string PathOf(const QString& name) {

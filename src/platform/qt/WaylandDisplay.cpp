@@ -4,7 +4,6 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <cerrno>
-#include <cstdlib>
 #include <cstring>
 #include <span>
 #include <string>
@@ -13,15 +12,10 @@
 #include <sys/un.h>
 #include <unistd.h>
 
+#include "platform/qt/Environment.h"
+
 namespace scenara {
 namespace {
-
-// Empty where it is not set.
-std::string Variable(const char* name) {
-    const char* const value =
-        std::getenv(name);  // NOLINT(concurrency-mt-unsafe): HasWaylandDisplay
-    return value != nullptr ? value : "";
-}
 
 // Empty where none can be.
 std::string SocketPath() {

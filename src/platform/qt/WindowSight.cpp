@@ -16,10 +16,6 @@ constexpr std::uint8_t kSentBit = 0x80;
 // In the place of a workspace's number: on all of them.
 constexpr std::uint32_t kAllWorkspaces = 0xFFFFFFFF;
 
-xcb_window_t Root() {
-    return xcb_setup_roots_iterator(xcb_get_setup(XDisplay())).data->root;
-}
-
 }  // namespace
 
 WindowSight::WindowSight() {
@@ -76,7 +72,7 @@ bool WindowSight::IsPutAway() const {
     }
     const std::vector<std::uint32_t> itsOwn = XProperty(id_, atomDesktop_, XCB_ATOM_CARDINAL, 1);
     const std::vector<std::uint32_t> current =
-        XProperty(Root(), atomCurrentDesktop_, XCB_ATOM_CARDINAL, 1);
+        XProperty(XRoot(), atomCurrentDesktop_, XCB_ATOM_CARDINAL, 1);
     return !itsOwn.empty() && !current.empty() && itsOwn != current &&
            itsOwn.front() != kAllWorkspaces;
 }

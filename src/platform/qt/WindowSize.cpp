@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/qt/WindowSize.h"
 
-#include <QGuiApplication>
+#include <QScreen>
 #include <QWidget>
 #include <QWindow>
 
@@ -17,7 +17,7 @@ constexpr int kMostPatience = 20;
 
 // Milliseconds after which a size or place is not one of a window that is just being maximised:
 // some window managers give it the size first, and the state later.
-constexpr qint64 kSettled = 300;
+constexpr int kSettled = 300;
 
 }  // namespace
 
@@ -25,6 +25,9 @@ WindowSize::WindowSize(QWidget& window) : window_(window) {
     patience_.setSingleShot(true);
     patience_.setInterval(kPatience);
     QObject::connect(&patience_, &QTimer::timeout, &window_, [this] { NothingCame(); });
+    rests_.setSingleShot(true);
+    rests_.setInterval(kSettled + 1);
+    QObject::connect(&rests_, &QTimer::timeout, &window_, [this] { Rests(); });
 }
 
 // A widget takes each size for granted, and learns of no refusal. Its window does not.
@@ -64,17 +67,41 @@ void WindowSize::Came() {
 
 void WindowSize::Moved() {
     Settle();
-    if (!FillsTheScreen()) {
+    if (IsTheUsers()) {
         newest_ = {window_.size(), window_.pos()};
         sinceCame_.start();
     }
+    rests_.start();
 }
 
-// What has stood for a while without the window filling the screen is the user's.
+// What has stood for a while is the user's, unless Rests has found that it is not.
 void WindowSize::Settle() {
     if (sinceCame_.isValid() && HasRested()) {
         free_ = newest_;
         sinceCame_.invalidate();
+    }
+}
+
+// Of being maximised in one direction the toolkit tells nothing.
+void WindowSize::Rests() {
+    if (!IsTheUsers()) {
+        sinceCame_.invalidate();
+    }
+    Settle();
+    if (comesUp_ && window_.isVisible()) {
+        if (window_.windowHandle()->isExposed()) {
+            KeepToTheWorkArea();
+        } else {
+            rests_.start();
+        }
+    }
+}
+
+void WindowSize::KeepToTheWorkArea() {
+    if (IsTheUsers()) {
+        comesUp_ = false;
+        const QSize frame = window_.frameGeometry().size() - window_.size();
+        Ask(window_.size().boundedTo(window_.screen()->availableGeometry().size() - frame));
     }
 }
 
@@ -86,7 +113,7 @@ bool WindowSize::HasRested() const {
 // then.
 const WindowSize::Free& WindowSize::WhenFree() {
     Settle();
-    if (!sinceCame_.isValid() && window_.isVisible() && !FillsTheScreen()) {
+    if (!sinceCame_.isValid() && window_.isVisible() && IsTheUsers()) {
         free_ = {window_.size(), window_.pos()};
     }
     return free_;
@@ -95,9 +122,10 @@ const WindowSize::Free& WindowSize::WhenFree() {
 // A Wayland compositor leaves the size to the program then. The toolkit has forgotten it where the
 // window was hidden in between.
 void WindowSize::StateCame() {
+    Settle();
     if (FillsTheScreen()) {
         sinceCame_.invalidate();
-    } else if (QGuiApplication::platformName().startsWith("wayland") && free_.size.isValid()) {
+    } else if (IsWayland() && free_.size.isValid()) {
         Ask(free_.size);
     }
 }
@@ -106,9 +134,14 @@ bool WindowSize::FillsTheScreen() const {
     return window_.isMaximized() || window_.isFullScreen();
 }
 
+bool WindowSize::IsTheUsers() const {
+    return !FillsTheScreen() &&
+           (window_.windowHandle() == nullptr || !IsTiled(*window_.windowHandle()));
+}
+
 // A hidden one is covered by the full screen.
 bool WindowSize::MayBeAsked() const {
-    return window_.isVisible() && !FillsTheScreen() && !IsTiled(*window_.windowHandle());
+    return window_.isVisible() && IsTheUsers();
 }
 
 }  // namespace scenara

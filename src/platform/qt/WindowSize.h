@@ -6,7 +6,8 @@
 // compositor ends the program for that. Any other request may be answered with another size, or,
 // by a tiling window manager, with none; the widget keeps its size until an answer comes.
 //
-// It also knows how the window stood last when it did not fill the screen.
+// It also knows how the window stood last when its size was the user's: when it did not fill the
+// screen, and was not maximised in one direction only, as many window managers tile.
 #pragma once
 
 #include <QElapsedTimer>
@@ -33,7 +34,7 @@ public:
     // The window has got another state.
     void StateCame();
 
-    // As the window is when it does not fill the screen: its size, and where its frame begins.
+    // As the window is when its size is the user's: that, and where its frame begins.
     struct Free {
         QSize size;
         QPoint place;
@@ -41,8 +42,12 @@ public:
     [[nodiscard]] const Free& WhenFree();
     // The last look: what came just now counts as well.
     void End() { ends_ = true; }
-    // So it is to come up.
-    void StandAt(const Free& stand) { free_ = stand; }
+    // So it is to come up. Only then its frame is known; with it, it is made no larger than what
+    // its screen leaves to windows.
+    void StandAt(const Free& stand) {
+        free_ = stand;
+        comesUp_ = true;
+    }
 
     // Whether an answer may still come.
     [[nodiscard]] bool IsAwaited() const { return patience_.isActive(); }
@@ -52,14 +57,19 @@ private:
     [[nodiscard]] bool MayBeAsked() const;
 
     [[nodiscard]] bool FillsTheScreen() const;
+    [[nodiscard]] bool IsTheUsers() const;
 
     void Settle();
+    void Rests();
+    void KeepToTheWorkArea();
     [[nodiscard]] bool HasRested() const;
 
     QWidget& window_;
     Free free_;
-    Free newest_;  // what came last, before it is known whether the window fills the screen
+    Free newest_;  // what came last, before it is known whether that is the user's
     QElapsedTimer sinceCame_;
+    QTimer rests_;
+    bool comesUp_ = false;  // it has not been seen with its frame yet
     bool ends_ = false;
     QTimer patience_;
     int waited_ = 0;  // how often for an answer to the last question

@@ -11,6 +11,10 @@ xcb_connection_t* XDisplay() {
     return x11 != nullptr ? x11->connection() : nullptr;
 }
 
+xcb_window_t XRoot() {
+    return xcb_setup_roots_iterator(xcb_get_setup(XDisplay())).data->root;
+}
+
 xcb_atom_t XAtom(std::string_view name) {
     xcb_connection_t* const display = XDisplay();
     const OwnedReply<xcb_intern_atom_reply_t> reply(

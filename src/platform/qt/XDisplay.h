@@ -20,6 +20,9 @@ using OwnedReply = std::unique_ptr<Reply, decltype(&std::free)>;
 // None where the windows are not X's.
 [[nodiscard]] xcb_connection_t* XDisplay();
 
+// What all its windows stand in. There is a display.
+[[nodiscard]] xcb_window_t XRoot();
+
 // The atom of that name; there is one from now on. There is a display.
 [[nodiscard]] xcb_atom_t XAtom(std::string_view name);
 
