@@ -76,7 +76,7 @@ void Run(benchmark::State& state, Integer limit, std::size_t frames) {
     }
 }
 
-constexpr std::size_t kMinute = 60 * 60;
+constexpr std::size_t kMinute = std::size_t{60} * 60;
 constexpr std::size_t kUnpacedFrames = 20000;
 
 BENCHMARK_CAPTURE(Run, limit60, Integer{60}, kMinute)

@@ -57,7 +57,7 @@ private:
     template <class IsWanted>
     std::string FirstIn(const std::string& folder, const IsWanted& isWanted) {
         for (const std::string& name : files_.List(WithSeparator(folder), kExtension)) {
-            const std::string path = JoinPath(folder, name);
+            std::string path = JoinPath(folder, name);
             if (!asks_() || isWanted(files_, path, asks_)) {
                 return given_.givenUp ? std::string() : path;
             }
@@ -119,7 +119,7 @@ std::string MugenFolderOf(Files& files, const std::string& folder) {
 std::string MugenFolderAmong(Files& files, const std::vector<std::string>& paths) {
     for (const std::string& path : Looked(paths)) {
         if (!path.empty() && files.FolderExists(path)) {
-            if (const std::string folder = MugenFolderOf(files, path); !folder.empty()) {
+            if (std::string folder = MugenFolderOf(files, path); !folder.empty()) {
                 return folder;
             }
         }

@@ -77,11 +77,11 @@ std::string AskForMugenFolder(Files& files, Dialogs& dialogs, const std::string&
     std::string begin = initial;
     while (!ended()) {
         const std::string browsed = dialogs.BrowseForFolder(kMugenFolderPrompt, begin);
-        const std::string folder = browsed.substr(0, browsed.find('\0'));
+        std::string folder = browsed.substr(0, browsed.find('\0'));
         if (folder.empty() || HasStages(files, folder)) {
             return folder;
         }
-        const std::string meant = FolderMeant(files, folder);
+        std::string meant = FolderMeant(files, folder);
         switch (AskAbout(dialogs, folder, meant)) {
             case Answer::Meant: return meant;
             case Answer::Insisted: return folder;

@@ -142,7 +142,8 @@ ViewFrame Shown(const HeadlessWindow::Picture& box) {
     ViewFrame frame{box.width, box.height, 0, 0};
     for (Long y = 0; y < box.height; ++y) {
         for (Long x = 0; x < box.width; ++x) {
-            if (box.pixels.at(static_cast<std::size_t>(y * box.width + x)) != 0xFF000000) {
+            if (box.pixels.at(static_cast<std::size_t>(y) * static_cast<std::size_t>(box.width) +
+                              static_cast<std::size_t>(x)) != 0xFF000000) {
                 frame = {std::min(frame.left, x), std::min(frame.top, y),
                          std::max(frame.right, x + 1), std::max(frame.bottom, y + 1)};
             }

@@ -39,9 +39,10 @@ std::string Problems() {
     std::string text = Stage("problems", "boundleft = many\n", "");
     for (int i = 0; i < 3000; ++i) {
         const std::string number = std::to_string(i);
-        text += "[BG " + number + "]\ntype = what" + number + "\nspriteno = " + number +
-                ",-7\nstart = ,\n[BGCtrl " + number + "]\ntype = no\n[Begin Action " + number +
-                "\n1,2,3\n";
+        text.append("[BG ").append(number).append("]\ntype = what").append(number);
+        text.append("\nspriteno = ").append(number).append(",-7\nstart = ,\n[BGCtrl ");
+        text.append(number).append("]\ntype = no\n[Begin Action ").append(number);
+        text.append("\n1,2,3\n");
     }
     return text;
 }

@@ -52,7 +52,7 @@ void LeaveOutTheCharacter(SettingsFiles::Lines& lines) {
 std::string AsText(const SettingsFiles::Lines& lines) {
     std::string text;
     for (const auto& [name, value] : lines) {
-        text += name + " = " + value + "\n";
+        text.append(name).append(" = ").append(value).append("\n");
     }
     return text;
 }

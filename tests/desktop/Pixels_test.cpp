@@ -49,7 +49,7 @@ protected:
 
     // All of them in long runs; else one for each row, and for all rows all of them.
     [[nodiscard]] static std::vector<SeenSize> Sizes() {
-        const std::vector<SeenSize> all = {{701, 533}, {1003, 611}, {770, 911}, {1801, 1102}};
+        std::vector<SeenSize> all = {{701, 533}, {1003, 611}, {770, 911}, {1801, 1102}};
         if (Rounds(1) > 1) {
             return all;
         }

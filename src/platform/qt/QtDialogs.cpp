@@ -88,6 +88,7 @@ std::optional<std::size_t> QtDialogs::ChooseAnswer(const std::string& text,
     box.setTextFormat(Qt::PlainText);
     box.setText(Shown(text));
     std::vector<QAbstractButton*> buttons;
+    buttons.reserve(answers.size());
     for (const std::string& answer : answers) {
         buttons.push_back(box.addButton(Shown(answer), QMessageBox::ActionRole));
     }

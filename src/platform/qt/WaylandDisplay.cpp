@@ -3,6 +3,7 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <span>
@@ -51,12 +52,10 @@ bool SomebodyListensAt(const std::string& path) {
 }
 
 bool ToolkitKnowsWayland() {
-    for (const QString& folder : QCoreApplication::libraryPaths()) {
-        if (!QDir(folder + "/platforms").entryList({"libqwayland-*.so"}, QDir::Files).isEmpty()) {
-            return true;
-        }
-    }
-    return false;
+    return std::ranges::any_of(QCoreApplication::libraryPaths(), [](const QString& folder) {
+        const QDir platforms(folder + "/platforms");
+        return !platforms.entryList({"libqwayland-*.so"}, QDir::Files).isEmpty();
+    });
 }
 
 }  // namespace
