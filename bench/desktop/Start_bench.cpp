@@ -29,15 +29,21 @@ namespace {
 
 using StartTimer = std::chrono::steady_clock;
 
-// Of a line that every window crosses which begins in the corner of the screen, so far that it goes
-// beyond a bare one; no more, for looking takes time from what is looked at.
-std::vector<std::uint8_t> LineOfScreen(xcb_connection_t* display, int y) {
+struct Spot {
+    int x = 0;
+    int y = 0;
+};
+
+// A piece of a line of the screen that begins there. It is short, for looking takes time from what
+// is looked at.
+std::vector<std::uint8_t> LineOfScreen(xcb_connection_t* display, const Spot& from) {
     constexpr std::uint16_t kWidth = 1280;
     const xcb_screen_t& screen = *xcb_setup_roots_iterator(xcb_get_setup(display)).data;
     const std::unique_ptr<xcb_get_image_reply_t, decltype(&std::free)> reply(
         xcb_get_image_reply(display,
-                            xcb_get_image(display, XCB_IMAGE_FORMAT_Z_PIXMAP, screen.root, 0,
-                                          static_cast<std::int16_t>(y), kWidth, 1, 0xFFFFFFFF),
+                            xcb_get_image(display, XCB_IMAGE_FORMAT_Z_PIXMAP, screen.root,
+                                          static_cast<std::int16_t>(from.x),
+                                          static_cast<std::int16_t>(from.y), kWidth, 1, 0xFFFFFFFF),
                             nullptr),
         &std::free);
     if (!reply) {
@@ -47,10 +53,13 @@ std::vector<std::uint8_t> LineOfScreen(xcb_connection_t* display, int y) {
     return {bytes, bytes + xcb_get_image_data_length(reply.get())};
 }
 
+// A window stands in the corner of the screen, and ends within the piece there; or in the middle.
 std::vector<std::uint8_t> Seen(xcb_connection_t* display) {
+    const xcb_screen_t& screen = *xcb_setup_roots_iterator(xcb_get_setup(display)).data;
     std::vector<std::uint8_t> seen;
-    for (const int y : {150, 400}) {
-        const std::vector<std::uint8_t> line = LineOfScreen(display, y);
+    for (const Spot& from :
+         {Spot{0, 400}, Spot{screen.width_in_pixels / 2 - 600, screen.height_in_pixels / 2}}) {
+        const std::vector<std::uint8_t> line = LineOfScreen(display, from);
         seen.insert(seen.end(), line.begin(), line.end());
     }
     return seen;

@@ -80,7 +80,7 @@ std::map<std::string, double>& scenara::bench::NotedFigures() {
 }
 
 int main(int argc, char** argv) {
-    if (!scenara::HasDisplay()) {
+    if (!scenara::HasDisplay({})) {
         std::fprintf(stderr, "scenara-bench-window: there is no display\n");
         return 1;
     }
