@@ -223,6 +223,21 @@ void DesktopProgram::InMenu(const std::string& letter, const std::string& keys) 
     EXPECT_TRUE(Eventually([&] { return Count(kGround) >= before; })) << keys;
 }
 
+void DesktopProgram::GoFullScreen(const Spot& beside) {
+    const Manager manager = display_.Setup().manager;
+    const int tries = manager == Manager::Sway || manager == Manager::Weston ? 3 : 1;
+    const std::uint32_t before = ColorAt(beside);
+    for (int i = 0; i < tries; ++i) {
+        InMenu("o", "f");
+        for (int look = 0; i + 1 < tries && look < 20; ++look) {
+            if (ColorAt(beside) != before) {
+                return;
+            }
+            std::this_thread::sleep_for(std::chrono::milliseconds(250));
+        }
+    }
+}
+
 void DesktopProgram::ClickAt(int x, int y) {
     display_.Do("mousemove --window " + MainWindow() + " " + std::to_string(x) + " " +
                 std::to_string(y) + " click 1");

@@ -109,6 +109,9 @@ public:
     // Chooses from it, or leaves it, by keys, and waits until it is gone: keys that a compositor
     // has given to a menu are lost with it.
     void InMenu(const std::string& letter, const std::string& keys);
+    // By its menu. Sway and Weston shut a menu, now and then, before it has the next key: what was
+    // pressed then is pressed again while this spot, which the window leaves free, is as it was.
+    void GoFullScreen(const Spot& beside);
     void Type(const std::string& text) { display_.Do("type --delay 5 '" + text + "'"); }
     void ClickAt(int x, int y);     // in the main window, menu bar included
     void ClickListItem(int index);  // of the list beside a picture of the usual size

@@ -94,7 +94,7 @@ TEST_P(TwoMonitors, TheFullScreenCoversTheOneOfTheWindow) {
     MoveToTheSecondMonitor();
     ExpectWindow();
     const std::optional<Place> before = place_;
-    InMenu("o", "f");
+    GoFullScreen({kSecond.left + 1, kSecond.top + 1});
     std::optional<Place> covered;
     std::string wrong;
     EXPECT_TRUE(Eventually([&] {

@@ -3,14 +3,12 @@
 // Every pixel of the window, at sizes that the user and the window manager give it: none is left as
 // it was on the screen before, none stays from another size.
 #include <algorithm>
-#include <chrono>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
 #include <optional>
 #include <string>
-#include <thread>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -103,21 +101,6 @@ protected:
         }
     }
 
-    // Sway shuts a menu, now and then, when the next key comes from another virtual keyboard: what
-    // was pressed then is pressed again.
-    void GoFullScreen() {
-        const int tries = Is(Manager::Sway) ? 3 : 1;
-        for (int i = 0; i < tries; ++i) {
-            InMenu("o", "f");
-            for (int look = 0; i + 1 < tries && look < 20; ++look) {
-                if (Look().At(0, 0) != kBackground) {
-                    return;
-                }
-                std::this_thread::sleep_for(std::chrono::milliseconds(250));
-            }
-        }
-    }
-
     // As large as the screen lets it; and back.
     void Maximise(bool does) {
         switch (GetParam().manager) {
@@ -150,7 +133,7 @@ TEST_P(WindowPixelsTest, AreAllPainted) {
     ExpectPixels("maximised");
     Maximise(false);
     ExpectPixels("restored");
-    GoFullScreen();
+    GoFullScreen({0, 0});
     ExpectPixels("full screen", {}, false);
     Key("Escape");
     ExpectPixels("after the full screen");
