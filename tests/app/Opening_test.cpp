@@ -181,7 +181,7 @@ TEST_F(Opening, TheListSelectsWhatIsShown) {
 
 class Refused : public Opening {
 protected:
-    // An entry between the others that is no stage: a, aa, b, c.
+    // One entry is no stage: the list is a, aa, b, c, and aa is the one.
     Refused() {
         files.Put("/mugen/stages/aa.def", "notes");
         Load();

@@ -355,7 +355,7 @@ TEST_F(StartingTiled, TheWindowComesToTheFront) {
     ExpectInFront();
 }
 
-// Here the manager gives the focus to nobody who asks for it.
+// This manager refuses the focus to every program that asks for it.
 TEST_F(StartingTiled, TheWindowThatMayNotComeAsksForAttention) {
     std::ofstream(Folder() / "manager.conf", std::ios::app) << "focus_on_window_activation none\n";
     display_.Tell("reload");

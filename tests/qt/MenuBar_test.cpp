@@ -209,7 +209,7 @@ TEST_F(Menus, ALetterOfTwoBeginsWithTheFirstOneEachTime) {
     EXPECT_EQ(Told(), "");
 }
 
-// Its item is marked under it, but that is no step from one to the next.
+// The item under the pointer is marked. The letter still opens the first menu.
 TEST_F(Menus, ALetterOfTwoBeginsWithTheFirstOneWhereverThePointerRests) {
     for (QAction* const item : TheBar().actions()) {
         const QPoint middle = TheBar().actionGeometry(item).center();

@@ -150,7 +150,7 @@ void MenuBar::GoToNextOf(const QKeySequence& letter) {
     if (items.isEmpty()) {
         return;
     }
-    // The pointer makes the item that it rests on the active one, too; that is no step.
+    // An item under a resting pointer is active, too. The user has taken no step to it.
     const bool isThere = stopped_ || QApplication::activePopupWidget() != nullptr;
     const qsizetype at = isThere ? items.indexOf(activeAction()) : -1;
     const qsizetype next = (at + 1) % items.size();
