@@ -14,7 +14,8 @@ enum class When : Byte {
     WithAdditions,
     OnceLoaded,  // the same, or when one could not be shown
     WithStage,   // while one is there and nothing loads
-    ToCover,     // the same; plain, from the first stage on
+    ToReload,    // once loaded; plain, always
+    ToCover,     // with a stage; plain, from the first stage on
     WithZoom,    // while one is there whose camera zooms, or sprites that are
 };
 
@@ -44,7 +45,7 @@ constexpr std::array<Designed, kMenuCount> kDesign = {{
     {Menu::mnuOpen, MenuPlace::Stage, "&Open", When::Always, kLeaves},
     {Menu::mnuClose, MenuPlace::Stage, "&Close", When::Always, kLeaves},
     {Menu::mnuReset, MenuPlace::Stage, "&Reset Stage", When::Never},
-    {Menu::mnuReload, MenuPlace::Stage, "Re&load Stage", When::Always, kLeaves},
+    {Menu::mnuReload, MenuPlace::Stage, "Re&load Stage", When::ToReload, kLeaves},
     {Menu::MnuRecentFiles, MenuPlace::Stage, "-", When::Always, kStays, false, kHidden},
     {Menu::mnubla, MenuPlace::Stage, "-", When::Always, kStays, false, kHidden},
     {Menu::mnuExit, MenuPlace::Stage, "&Exit", When::Always, kLeaves},
@@ -122,6 +123,7 @@ bool IsEnabled(When when, const Now& now) {
         case When::WithZoom: return now.zooms;
         case When::WithStage:
             return now.state != ShowState::Loading && now.state != ShowState::None;
+        case When::ToReload: return IsEnabled(now.additions ? When::OnceLoaded : When::Always, now);
         case When::ToCover:
             return IsEnabled(now.additions ? When::WithStage : When::OnceShown, now);
     }

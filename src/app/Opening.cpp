@@ -185,14 +185,15 @@ void frmStage::mnuOpen_Click() {
     }
 }
 
+// Addition: the stage that is shown, or was last, or could not be.
 void frmStage::mnuReload_Click() {
-    if (show_.Loop().StageRunning == 0) {
-        mnuOpen_Click();
-        return;
-    }
-    if (show_.Options().Additions) {
+    if (show_.Options().Additions && !show_.Which.shown.empty()) {
         show_.Which.CurrentStageFile = show_.Which.shown;
         OpenStage();
+        return;
+    }
+    if (show_.Loop().StageRunning == 0) {
+        mnuOpen_Click();
         return;
     }
     QuitRequested = kTrue;

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <utility>
 
 #include "base/NumberText.h"
 
@@ -25,9 +24,14 @@ std::optional<Integer> CountFrame(LoopState& loop, Clock& clock) {
     if (TicksSince(loop.LastFpsTick, clock.GetTickCount()) <= kSecond) {
         return std::nullopt;
     }
-    loop.LastFpsTick = clock.GetTickCount();
-    const Integer frames = std::exchange(loop.FrameCount, Integer{0});
+    const Integer frames = loop.FrameCount;
+    BeginSecond(loop, clock);
     return loop.FpsLimit != 0 ? std::min(frames, loop.FpsLimit) : frames;
+}
+
+void BeginSecond(LoopState& loop, Clock& clock) {
+    loop.LastFpsTick = clock.GetTickCount();
+    loop.FrameCount = 0;
 }
 
 std::string InfoLine(Single CamX, Single CamY, Integer FrameCount, std::optional<double> zoom) {

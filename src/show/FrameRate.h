@@ -17,6 +17,9 @@ namespace scenara {
 // "Overflow" at the end of a counter's range.
 [[nodiscard]] std::optional<Integer> CountFrame(LoopState& loop, Clock& clock);
 
+// The second begins anew, without a frame yet: after a time in which none was counted.
+void BeginSecond(LoopState& loop, Clock& clock);
+
 // "Cam 12.5,0  60 FPS": the shown camera, rounded to two decimals, and the frames of the last
 // second. CamX is the stored one, negated. Addition: "Cam 12.5,0  Zoom 0.8  60 FPS".
 [[nodiscard]] std::string InfoLine(Single CamX, Single CamY, Integer FrameCount,

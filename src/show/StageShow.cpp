@@ -175,11 +175,17 @@ bool StageShow::Tick(bool info) {
 
 bool StageShow::CountAndTell(bool info) {
     const std::optional<Integer> frames = CountFrame(loop_, machine_.clock);
-    if (frames && info) {
+    if (frames) {
         framesTold_ = *frames;
-        infoText_ = InfoLine(model_.CamX, model_.CamY, *frames, ZoomToTell());
+        if (info) {
+            TellInfo();
+        }
     }
     return frames.has_value();
+}
+
+void StageShow::TellInfo() {
+    infoText_ = InfoLine(model_.CamX, model_.CamY, framesTold_, ZoomToTell());
 }
 
 // Addition: authors pause a stage to place things.
@@ -200,6 +206,10 @@ void StageShow::Present(bool info) {
         return;
     }
     toPresent_ = false;
+    // Plain, a line that was checked just now tells what it told before until the second is over.
+    if (options_.Additions && info && !toldInfo_) {
+        TellInfo();
+    }
     toldInfo_ = info;
     if (info) {
         PresentFrame(engine_, infoText_, options_.Additions);
@@ -214,6 +224,10 @@ void StageShow::Pause(bool paused) {
         editor_.ForgetPresses();  // those from before
     } else {
         ForgetKeys();
+        // Plain, the frames from before the pause are told as those of the whole time since then.
+        if (options_.Additions) {
+            BeginSecond(loop_, machine_.clock);
+        }
     }
 }
 
@@ -240,7 +254,7 @@ void StageShow::ZoomTo(double zoom) {
     if (model_.CamZoom != before) {
         NoteEdit();  // to be seen while it is paused, too
         if (!infoText_.empty()) {
-            infoText_ = InfoLine(model_.CamX, model_.CamY, framesTold_, ZoomToTell());
+            TellInfo();
         }
         events_.CameraRangeChanged();
     }

@@ -181,6 +181,7 @@ private:
     [[nodiscard]] std::optional<double> ZoomToTell() const;
     void Prepare(const std::optional<CameraStand>& camera);
     bool CountAndTell(bool info);
+    void TellInfo();
     [[nodiscard]] bool ShowsPictureAlready(bool info) const {
         return options_.Additions && loop_.Paused != 0 && !toPresent_ && info == toldInfo_;
     }
@@ -211,7 +212,7 @@ private:
     TileEngine tiles_;
 
     std::string infoText_;
-    Integer framesTold_ = 0;  // in it
+    Integer framesTold_ = 0;  // of the last second
     bool hasShown_ = false;
     bool drawsOnce_ = false;  // a frame although it is paused
     bool edited_ = false;     // something that the last picture does not show yet

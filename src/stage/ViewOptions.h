@@ -84,6 +84,7 @@ inline constexpr std::array kAdditions = {
     Addition{"The Pause key", "app/RunStage.cpp", "PollPauseKey"},
     Addition{"A stage that opens while paused", "app/RunStage.cpp", "DrawOnce"},
     Addition{"A paused stage", "show/StageShow.cpp", "EditWhilePaused"},
+    Addition{"The information line", "show/StageShow.cpp", "TellInfo"},
     Addition{"Music", "app/RunStage.cpp", "SilenceStageBefore"},
     Addition{"The dump", "editor/DataCheck.cpp", "WriteElement"},
     Addition{"The end of the music", "app/RunStage.cpp", "TuneMusic"},

@@ -427,7 +427,24 @@ TEST_F(Opening, ReloadMeansTheShownStageNotTheOneThatWasRefused) {
     EXPECT_EQ(show.Which.CurrentStageFile, kStageA);
 }
 
-TEST_F(Opening, ReloadWithoutAStageAsksForOne) {
+TEST_F(Opening, ReloadWithoutAStageIsForTheLastOne) {
+    EXPECT_FALSE(form[Menu::mnuReload].enabled) << "none yet";
+    WhileAIsShown({Choose(Menu::mnuClose)});
+    Show(Choose(Menu::mnuReload));
+    EXPECT_EQ(Caption(), "first");
+    EXPECT_EQ(Begun(), 2);
+}
+
+TEST_F(Opening, ReloadIsForTheOneThatCouldNotBeShown) {
+    WhileAIsShown({All({Select(kItemC), [&] { files.Delete(kStageC); }})});
+    EXPECT_EQ(loop.StageRunning, 0);
+    files.Put(kStageC, Stage("mended"));
+    Show(Choose(Menu::mnuReload));
+    EXPECT_EQ(Caption(), "mended");
+}
+
+TEST_F(Opening, PlainReloadWithoutAStageAsksForOne) {
+    Click(Menu::mnuAdditions);
     dialogs.Answer(kStageC);
     Show(Choose(Menu::mnuReload));
     EXPECT_EQ(dialogs.Asked().size(), 1U);

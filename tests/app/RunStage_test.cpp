@@ -193,6 +193,23 @@ TEST_P(OfBoth, WhilePausedTheInformationLineComesAndGoesOverTheSamePicture) {
     EXPECT_EQ(pictures[3], pictures[0]) << "checking brings it back";
 }
 
+TEST_F(RunStage, TheInformationLineIsThereAsSoonAsItIsCheckedPausedOrNot) {
+    Run(100, {{70, Choose(Menu::mnuPause)}, {75, Choose(Menu::mnuInfo)}, {80, NoteTexts()}});
+    EXPECT_THAT(texts, ElementsAre("Cam 0,0  60 FPS"));
+}
+
+TEST_P(OfBoth, APauseCountsWithAdditionsForNoSecondOfTheFrames) {
+    Click(Menu::mnuInfo);
+    Run(300,
+        {{70, Choose(Menu::mnuPause)}, {170, Choose(Menu::mnuPause)}, {kEveryFrame, NoteTexts()}});
+    if (GetParam()) {
+        EXPECT_THAT(texts, ElementsAre("", "Cam 0,0  1 FPS", "Cam 0,0  60 FPS"));
+    } else {
+        EXPECT_THAT(texts, ElementsAre("", "Cam 0,0  1 FPS", "Cam 0,0  60 FPS", "Cam 0,0  9 FPS",
+                                       "Cam 0,0  60 FPS"));
+    }
+}
+
 TEST_F(RunStage, InTheSpriteBrowserNothingIsDrawnShownOrAsked) {
     Run(20, {{5, [&] {
                   show.SpriteBrowserMode = 255;
