@@ -39,7 +39,13 @@ void DrawNote(QPainter& painter, const QString& note) {
     constexpr int kSmallest = 8;
     constexpr int kWrapped = Qt::AlignHCenter | Qt::AlignVCenter | Qt::TextWrapAnywhere;
     const QRect room(kMargin, kTop, kWidth - 2 * kMargin, kHeight - kTop - kMargin);
-    painter.fillRect(QRect(0, kTop, kWidth, kHeight - kTop), QColor(0x10, 0x10, 0x28, 0xC0));
+    // Dark enough to read on, without an edge across the picture.
+    constexpr int kFade = 36;
+    const QColor dark(0x10, 0x10, 0x28, 0xC0);
+    QLinearGradient dusk(0, kTop - kFade, 0, kTop);
+    dusk.setColorAt(0, QColor(dark.red(), dark.green(), dark.blue(), 0));
+    dusk.setColorAt(1, dark);
+    painter.fillRect(QRect(0, kTop - kFade, kWidth, kHeight - kTop + kFade), dusk);
     QFont font = painter.font();
     int size = kLargest;
     do {
