@@ -79,6 +79,11 @@ void DesktopProgram::WriteSettings(const std::string& more) const {
         << "WindowWidth = " << (withList ? 480 : 320) << "\r\nWindowHeight = 283\r\n";
 }
 
+void DesktopProgram::AddTile(const std::string& stage, int image) const {
+    std::ofstream(StagePath(stage), std::ios::app)
+        << "[BG tile]\ntype = normal\nspriteno = 0," << image << "\nstart = -160,0\n";
+}
+
 std::string DesktopProgram::Settings() const {
     std::ifstream file(Folder() / "bin/QX.CFG", std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};

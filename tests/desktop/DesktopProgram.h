@@ -65,6 +65,8 @@ public:
     // that shows the picture one to one, beside the list where `more` has that, and above a bar.
     void WriteSettings(const std::string& more = {}) const;
     [[nodiscard]] std::string Settings() const;
+    // A stage has a tile in its upper left corner: kLeaf (image 1) or kBrick (2).
+    void AddTile(const std::string& stage, int image) const;
 
     // Nothing is waited for any more once something has failed.
     [[nodiscard]] static bool Eventually(const std::function<bool()>& condition) {

@@ -100,11 +100,6 @@ protected:
     Spot list_;
 
 private:
-    void AddTile(const std::string& stage, int image) const {
-        std::ofstream(StagePath(stage), std::ios::app)
-            << "[BG tile]\ntype = normal\nspriteno = 0," << image << "\nstart = -160,0\n";
-    }
-
     static constexpr int kScreenWidth = 1024;
     static constexpr int kBorders = 8;
 };

@@ -600,6 +600,9 @@ WindowStand MainWindow::Stand() const {
 }
 
 WindowHandle MainWindow::Foreground() const {
+    if (IsCovered() && !covering_->window()->isFullScreen()) {
+        return reinterpret_cast<WindowHandle>(this);  // the user, by the window manager's means
+    }
     const bool ours = QGuiApplication::applicationState() == Qt::ApplicationActive;
     QWidget* active = ours ? QApplication::activeWindow() : nullptr;
     if (active == nullptr) {
@@ -615,8 +618,20 @@ QWidget* MainWindow::Front() {
     return covering_ != nullptr ? covering_->window() : this;
 }
 
+void MainWindow::MakeWay() {
+    if (IsCovered() && Front()->isFullScreen()) {
+        Front()->showNormal();
+    }
+}
+
 void MainWindow::GiveFocusBack() {
-    if (covering_ != nullptr && !Front()->isActiveWindow()) {
+    if (!IsCovered()) {
+        return;
+    }
+    if (!Front()->isFullScreen()) {
+        Front()->showFullScreen();
+    }
+    if (!Front()->isActiveWindow()) {
         AwaitFocus(reinterpret_cast<WindowHandle>(Front()));
         Front()->activateWindow();
     }

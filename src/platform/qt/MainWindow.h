@@ -79,7 +79,12 @@ public:
     // What the user looks at, and what boxes belong to: this one, or the one that stands in its
     // place.
     [[nodiscard]] QWidget* Front();
-    // A box is closed: what stands in the place of this window is what the user looks at again.
+    [[nodiscard]] bool IsCovered() const { return covering_ != nullptr; }
+    // What stands in its place, if anything does, does not cover the screen for now: for a box that
+    // would have no keyboard over it.
+    void MakeWay();
+    // A box is closed: what stands in the place of this window is what the user looks at again, and
+    // covers the screen as before.
     void GiveFocusBack();
     // After it was hidden; a window manager may have placed it anew.
     void PutBack(const QPoint& place) { size_.AskForPlace(place); }

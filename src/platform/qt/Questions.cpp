@@ -7,6 +7,7 @@
 #include <QThread>
 #include <QTimer>
 
+#include "platform/qt/Display.h"
 #include "platform/qt/MainWindow.h"
 
 namespace scenara {
@@ -16,6 +17,9 @@ namespace {
 constexpr int kLookEvery = 250;
 constexpr int kMostAwaited = 500;
 constexpr int kLookAtWindow = 20;
+
+// Milliseconds that a box over the full screen has to get the keyboard.
+constexpr int kFocusPatience = 300;
 
 // What stays open all the same is passed over.
 void CloseDialog(QWidget& widget) {
@@ -45,11 +49,40 @@ QWidget* Questions::Owner() const {
 // A window that is just coming up stands elsewhere afterwards, and a question is to stand over it.
 void Questions::AwaitWindow() {
     const QDeadlineTimer patience(kMostAwaited);
-    while (!window_.HasComeUp() && !withdrawn_ && !patience.hasExpired()) {
+    while (!window_.IsCovered() && !window_.HasComeUp() && !withdrawn_ && !patience.hasExpired()) {
         QApplication::processEvents(QEventLoop::AllEvents, kLookAtWindow);
         window_.FollowSize();
         QThread::msleep(1);
     }
+}
+
+// A Wayland compositor that tiles (sway) shows a box over the full screen, and leaves the keyboard
+// with that. A box that comes up when there is none has it.
+void Questions::Show(QDialog& dialog) {
+    if (givesNoFocus_) {
+        window_.MakeWay();
+    }
+    dialog.show();
+    if (IsWayland() && window_.IsCovered() && !givesNoFocus_ && !GetsFocus(dialog)) {
+        givesNoFocus_ = true;
+        if (dialog.isVisible()) {
+            window_.MakeWay();
+            dialog.hide();
+            dialog.show();
+        }
+    }
+}
+
+bool Questions::GetsFocus(const QDialog& dialog) const {
+    const QDeadlineTimer patience(kFocusPatience);
+    while (dialog.isVisible() && !withdrawn_ && !patience.hasExpired()) {
+        if (dialog.isActiveWindow()) {
+            return true;
+        }
+        QApplication::processEvents(QEventLoop::AllEvents, kLookAtWindow);
+        QThread::msleep(1);
+    }
+    return !dialog.isVisible() || withdrawn_;
 }
 
 int Questions::Ask(QDialog& dialog) {
@@ -60,7 +93,7 @@ int Questions::Ask(QDialog& dialog) {
     dialog.setModal(true);
     AwaitWindow();
     if (!withdrawn_) {
-        dialog.show();
+        Show(dialog);
     }
     while (!answered && !withdrawn_) {
         QApplication::processEvents(QEventLoop::WaitForMoreEvents);

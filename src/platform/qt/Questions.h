@@ -33,8 +33,11 @@ public:
 
 private:
     void AwaitWindow();
+    void Show(QDialog& dialog);
+    [[nodiscard]] bool GetsFocus(const QDialog& dialog) const;
     MainWindow& window_;
     bool withdrawn_ = false;
+    bool givesNoFocus_ = false;  // the window system, to a box over the full screen
 };
 
 }  // namespace scenara
