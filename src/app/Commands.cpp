@@ -164,9 +164,11 @@ void frmStage::mnuAbout_Click() {
 }
 
 void frmStage::mnuAdditions_Click() {
+    NoteStand();
     form_[Menu::mnuAdditions].Flip();
     TakeExtras();
     StateChanged();
+    GiveSizeBack();
     if (show_.Loop().StageRunning != 0) {
         keepsSize_ = true;
         LoadAgain();

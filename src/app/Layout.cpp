@@ -101,8 +101,20 @@ void frmStage::Size(Long width, Long height) {
     if (show_.Options().Additions || keepsSize_) {
         return;
     }
+    hasSized_ = true;
     wishedSize_ = {std::max<Long>(width, 0), height};
     machine_.window.Size(wishedSize_.width, wishedSize_.height);
+}
+
+// The additions are back: so is the size that the window had with them, if it has been sized since.
+void frmStage::GiveSizeBack() {
+    const std::optional<WindowStand> stand = StandIn(extras_);
+    if (show_.Options().Additions && std::exchange(hasSized_, false) && stand) {
+        const InnerSize around = machine_.window.Around();
+        wishedSize_ = {std::max<Long>(stand->size.width - around.width, 0),
+                       std::max<Long>(stand->size.height - around.height, 0)};
+        machine_.window.Size(wishedSize_.width, wishedSize_.height);
+    }
 }
 
 // The view at its own size, beside the list where that is shown.

@@ -62,16 +62,20 @@ void frmStage::MakeExtrasText() {
     scenara::MakeExtrasText(AllExtras(), extrasFile_.text);
 }
 
-// Of the window: with additions, once it is there, and while nothing covers it.
 const Extras& frmStage::AllExtras() {
     extras_.Additions = form_[Menu::mnuAdditions].checked;
     extras_.Smooth = form_[Menu::mnuSmooth].checked;
     extras_.WholeMultiplesOnly = form_[Menu::mnuWholeMultiples].checked;
     extras_.SwitchDisplayMode = form_[Menu::mnuSwitchMode].checked;
-    if (extras_.Additions && activated_ && !centres_ && FullScreenState == 0) {
+    NoteStand();
+    return extras_;
+}
+
+// With additions, once the window is there, and while nothing covers it.
+void frmStage::NoteStand() {
+    if (show_.Options().Additions && activated_ && !centres_ && FullScreenState == 0) {
         PutStand(extras_, machine_.window.Stand());
     }
-    return extras_;
 }
 
 // Whether another look is due though nothing happens until then.

@@ -290,6 +290,7 @@ private:
     };
     [[nodiscard]] Settings AllSettings(CameraSteps& steps);
     [[nodiscard]] const Extras& AllExtras();
+    void NoteStand();
     [[nodiscard]] bool SavesMeanwhile() const { return show_.Options().Additions && !ended_; }
     bool KeepSettings();
     void SaveChanges(KeptFile& file);
@@ -315,6 +316,7 @@ private:
     // What the list beside the picture takes of the window.
     [[nodiscard]] Long ListWidth() const { return ShowStageList != 0 ? form_.lstStages.width : 0; }
     void SizeForPicture();
+    void GiveSizeBack();
     void ComeUp();
     void FollowBox();
     void LayOutControls(Long innerWidth, Long innerHeight);
@@ -364,6 +366,7 @@ private:
     InnerSize wishedSize_;    // what was asked for last, or has come since
     bool cameUp_ = false;     // it is known how the window comes up
     bool keepsSize_ = false;  // until the stage is shown again: the additions were switched
+    bool hasSized_ = false;   // plain, the window
     bool activated_ = false;  // the window has been sized once
     bool centres_ = false;    // ... and is to be centred when its size has come
     bool ended_ = false;
