@@ -12,7 +12,7 @@ enum class When : Byte {
     OnceShown,  // from the first stage on
     Plainly,    // the same, with additions off
     WithAdditions,
-    OnceLoaded,  // the same, or when one could not be shown
+    OnceLoaded,  // with additions, from the first one on, even if it could not be shown
     WithStage,   // while one is there and nothing loads
     ToReload,    // once loaded; plain, always
     ToCover,     // with a stage; plain, from the first stage on
@@ -119,7 +119,7 @@ bool IsEnabled(When when, const Now& now) {
         case When::OnceShown: return now.hasShown;
         case When::Plainly: return now.hasShown && !now.additions;
         case When::WithAdditions: return now.additions;
-        case When::OnceLoaded: return now.hasLoaded;
+        case When::OnceLoaded: return now.additions && now.hasLoaded;
         case When::WithZoom: return now.zooms;
         case When::WithStage:
             return now.state != ShowState::Loading && now.state != ShowState::None;

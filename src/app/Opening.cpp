@@ -23,16 +23,23 @@ Long Count(const ListBox& list) {
 
 }  // namespace
 
-// Answers whether CurrentStageFile is a stage. Reports a file that is not.
+// Answers whether CurrentStageFile is a stage. Reports a file that is not. Addition: which one it
+// is, and why, in one message.
 bool frmStage::IsStageAskedFor(MessageIcon icon) {
     const std::string& path = show_.Which.CurrentStageFile;
+    const bool additions = show_.Options().Additions;
     if (!machine_.files.FileExists(path)) {
         machine_.messages.MsgBox(kMessageCantFindFile, "Can't find file: \r\n" + path,
                                  {0, 0, path});
+        if (additions) {
+            return false;
+        }
     }
     const bool isStage = IsStage(machine_.files, path);
     if (!isStage) {
-        machine_.messages.Show({kMessageNotAStage, "Not a stage!", {}, icon, {0, 0, path}});
+        const std::string why =
+            additions ? "\r\n\r\n" + path + "\r\n\r\nIt has no section [Camera]." : std::string();
+        machine_.messages.Show({kMessageNotAStage, "Not a stage!" + why, {}, icon, {0, 0, path}});
     }
     return isStage;
 }

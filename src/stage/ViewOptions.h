@@ -84,6 +84,7 @@ inline constexpr std::array kAdditions = {
     Addition{"The Pause key", "app/RunStage.cpp", "PollPauseKey"},
     Addition{"A stage that opens while paused", "app/RunStage.cpp", "DrawOnce"},
     Addition{"A paused stage", "show/StageShow.cpp", "EditWhilePaused"},
+    Addition{"A file that is no stage", "app/Opening.cpp", "IsStageAskedFor"},
     Addition{"The information line", "show/StageShow.cpp", "TellInfo"},
     Addition{"Music", "app/RunStage.cpp", "SilenceStageBefore"},
     Addition{"The dump", "editor/DataCheck.cpp", "WriteElement"},
