@@ -8,60 +8,25 @@
 #include <QTimer>
 #include <QWidget>
 #include <chrono>
-#include <cstddef>
-#include <filesystem>
-#include <fstream>
 #include <string>
 #include <utility>
-#include <vector>
 
 #include <benchmark/benchmark.h>
 #include <sys/resource.h>
 
 #include "app/frmStage.h"
 #include "desktop/DesktopMachine.h"
+#include "desktop/LayersStage.h"
 #include "desktop/QuietRows.h"
 #include "desktop/TimedSink.h"
 #include "platform/posix/Instance.h"
 #include "platform/posix/ProgramFolder.h"
-#include "samplemaker/PcxWriter.h"
-#include "samplemaker/Sff1Writer.h"
-#include "support/StageArt.h"
 
 namespace scenara::bench {
 namespace {
 
-constexpr int kLayers = 20;
 constexpr int kSettleMilliseconds = 2000;
 constexpr int kMeasureMilliseconds = 5000;
-
-// A backdrop and layers that drift, wider than the view. The folder is the engine's.
-std::string WriteStage(const std::string& engine) {
-    const std::string folder = engine + "stages/";
-    std::filesystem::create_directory(folder);
-    std::vector<samplemaker::Sff1Subfile> subfiles;
-    const auto add = [&](const samplemaker::IndexedPicture& picture) {
-        samplemaker::Sff1Subfile subfile;
-        subfile.image = static_cast<std::int16_t>(subfiles.size());
-        subfile.axisX = static_cast<std::int16_t>(picture.width / 2);
-        subfile.data = samplemaker::WritePcx(picture);
-        subfiles.push_back(std::move(subfile));
-    };
-    std::ofstream stage(folder + "layers.def");
-    stage << "[Info]\nname = layers\n[Camera]\n[BGdef]\nspr = stages/layers.sff\n"
-             "[BG 0]\ntype = normal\nspriteno = 0,0\n";
-    add(DrawBackdrop(960, 240, 1));
-    for (int layer = 1; layer <= kLayers; ++layer) {
-        add(DrawLayer(960, 240, static_cast<std::uint32_t>(layer + 1)));
-        stage << "[BG " << layer << "]\ntype = normal\nspriteno = 0," << layer
-              << "\nmask = 1\ntile = 1\nvelocity = 0." << layer + 1 << "\n";
-    }
-    const std::vector<std::byte> bytes = samplemaker::WriteSff1(subfiles);
-    std::ofstream(folder + "layers.sff", std::ios::binary)
-        .write(reinterpret_cast<const char*>(bytes.data()),
-               static_cast<std::streamsize>(bytes.size()));
-    return folder + "layers.def";
-}
 
 // Of all threads, in seconds.
 double CpuTime() {
@@ -91,13 +56,7 @@ void Bring(Way way, frmStage& program, MainWindow& window, QWidget& cover) {
 
 void Quiet(benchmark::State& state, const char* name, Way way) {
     const TemporaryFolder folder;
-    const std::string stage = WriteStage(folder.Path());
-    std::ofstream(folder.Path() + "QX.CFG")
-        << "MugeDir = " << folder.Path() << "\r\nBGMusic = False\r\n";
-    // The picture's box is smaller than the window by the bar of menus; that the picture is three
-    // times its size is all that counts.
-    std::ofstream(folder.Path() + "Scenara.ini")
-        << "WholeMultiplesOnly = True\r\nWindowWidth = 1100\r\nWindowHeight = 860\r\n";
+    const std::string stage = WriteLayersAndSettings(folder.Path());
     // Without one nothing minimises a window. Where there is one, this one ends at once.
     QProcess manager;
     manager.start("openbox", {});
@@ -132,11 +91,9 @@ void Quiet(benchmark::State& state, const char* name, Way way) {
     for (auto _ : state) {
         program.RunStage();
     }
-    const bool isOfSize = machine.form.picDraw.width == 1100 &&
-                          machine.form.picDraw.height >= 720 && machine.form.picDraw.height < 960;
     manager.terminate();
     manager.waitForFinished();
-    if (share < 0 || !isOfSize) {
+    if (share < 0 || !IsThreeTimes(machine.form)) {
         state.SkipWithError("no stage was shown at three times its size");
         return;
     }

@@ -24,10 +24,17 @@ Shown ShownOn(const ScreenRectangle& screen, const WindowStand::Spot& spot, cons
             Common(screen.top, screen.height, spot.top, size.height)};
 }
 
-bool HasUpperEdgeOn(const ScreenRectangle& screen, const WindowStand::Spot& spot,
-                    const InnerSize& size) {
-    const Shown edge = ShownOn(screen, spot, {size.width, kLeastSeenHeight});
-    return edge.width >= std::min(kLeastSeenWidth, size.width) && edge.height >= kLeastSeenHeight;
+// How many pixels of the window it shows; without a spot, how many it could.
+std::int64_t SeenOn(const ScreenRectangle& screen, const WindowStand& stand) {
+    const WindowStand::Spot corner{screen.left, screen.top};
+    const Shown shown = ShownOn(screen, stand.spot.value_or(corner), stand.size);
+    return shown.width * shown.height;
+}
+
+bool CanBeMovedOn(const ScreenRectangle& screen, const WindowStand& stand) {
+    const Shown edge = ShownOn(screen, *stand.spot, {stand.size.width, kLeastSeenHeight});
+    return edge.width >= std::min(kLeastSeenWidth, stand.size.width) &&
+           edge.height >= kLeastSeenHeight;
 }
 
 }  // namespace
@@ -37,24 +44,16 @@ WindowStand OnScreens(const WindowStand& stand, std::span<const ScreenRectangle>
         return stand;
     }
     WindowStand on = stand;
-    const ScreenRectangle* screen = &workAreas.front();
-    if (stand.spot) {
-        const auto area = [&](const ScreenRectangle& each) {
-            const Shown shown = ShownOn(each, *stand.spot, stand.size);
-            return shown.width * shown.height;
-        };
-        const auto most = std::ranges::max_element(workAreas, {}, area);
-        const bool canBeMoved = std::ranges::any_of(workAreas, [&](const ScreenRectangle& each) {
-            return HasUpperEdgeOn(each, *stand.spot, stand.size);
-        });
-        if (canBeMoved && area(*most) > 0) {
-            screen = &*most;
-        } else {
-            on.spot.reset();
-        }
+    const auto seen = [&](const ScreenRectangle& each) { return SeenOn(each, on); };
+    const auto canBeMoved = [&](const ScreenRectangle& each) { return CanBeMovedOn(each, on); };
+    const auto isSeen = [&](const ScreenRectangle& each) { return seen(each) > 0; };
+    if (on.spot &&
+        (std::ranges::none_of(workAreas, canBeMoved) || std::ranges::none_of(workAreas, isSeen))) {
+        on.spot.reset();
     }
-    on.size = {std::min(stand.size.width, screen->width),
-               std::min(stand.size.height, screen->height)};
+    const ScreenRectangle& screen = *std::ranges::max_element(workAreas, {}, seen);
+    on.size = {std::min(stand.size.width, screen.width),
+               std::min(stand.size.height, screen.height)};
     return on;
 }
 

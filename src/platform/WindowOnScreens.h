@@ -16,9 +16,9 @@ inline constexpr Long kLeastSeenWidth = 96;
 inline constexpr Long kLeastSeenHeight = 24;
 
 // The same stand, as far as the screens have room for it. `workAreas`: what each screen leaves to
-// windows, the first screen's first. The spot is gone where the upper edge would not be seen; the
-// size is at most that of the screen that shows most of the window, else of the first one. Without
-// screens nothing changes.
+// windows. The spot is gone where the upper edge would not be seen. The size is at most that of the
+// screen that shows most of the window; without a spot the window may come up on any of them, so it
+// is at most that of the screen that has most room for it. Without screens nothing changes.
 [[nodiscard]] WindowStand OnScreens(const WindowStand& stand,
                                     std::span<const ScreenRectangle> workAreas);
 

@@ -28,6 +28,9 @@ constexpr const char* kHarmless =
 <context name="Titlebar"><mousebind button="Left" action="Press">
 <action name="Focus"/><action name="Raise"/></mousebind></context></mouse>
 </openbox_config>)";
+constexpr const char* kCornered =
+    R"(<?xml version="1.0"?><openbox_config xmlns="http://openbox.org/3.4/rc">
+<placement><policy>Smart</policy><center>no</center></placement></openbox_config>)";
 
 std::string Contents(const std::string& path) {
     std::ifstream file(path, std::ios::binary);
@@ -157,8 +160,8 @@ void VirtualDisplay::StartManager() {
     switch (setup_.manager) {
         case Manager::Openbox:
             command = {"openbox", "--sm-disable"};
-            if (setup_.harmless) {
-                std::ofstream(configuration) << kHarmless;
+            if (setup_.harmless || !setup_.centres) {
+                std::ofstream(configuration) << (setup_.harmless ? kHarmless : kCornered);
                 command.insert(command.end(), {"--config-file", configuration});
             }
             break;

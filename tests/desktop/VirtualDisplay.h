@@ -36,6 +36,9 @@ struct DisplaySetup {
     // Openbox has no keys, buttons or menus of its own, which would start other programs or end it,
     // but for the focus.
     bool harmless = false;
+    // Else Openbox leaves a new window in the upper left corner, if it asks for no place. Not of
+    // the harmless one.
+    bool centres = true;
 };
 
 // A window as a Wayland compositor knows it.

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstdint>
 #include <sstream>
+#include <unordered_map>
 #include <vector>
 
 #include "desktop/DesktopProgram.h"
@@ -154,6 +155,67 @@ private:
                 const std::uint32_t color = At(x, y);
                 if (color == kBackground || color == kGround || color == kBar) {
                     Note(x, y, color, "menus or the list");
+                    return;
+                }
+            }
+        }
+        constexpr double kLeastOfMenus = 0.7;
+        constexpr double kLeastOfList = 0.9;
+        if (boxTop_ > 0) {
+            CheckGround(GroundOf(0, 0, boxTop_), kLeastOfMenus, "the menus");
+        }
+        if (boxWidth_ < window_.place.width) {
+            const Ground ground = GroundOf(boxWidth_, boxTop_, window_.place.height);
+            CheckGround(ground, kLeastOfList, "the list");
+            CheckEdges(ground.color);
+        }
+    }
+
+    struct Ground {
+        std::uint32_t color = 0;
+        double share = 0;
+    };
+    // The colour that most pixels have from there to the window's right edge and down to a line.
+    [[nodiscard]] Ground GroundOf(int left, int top, int below) const {
+        std::unordered_map<std::uint32_t, int> counts;
+        for (int y = top; y < below; ++y) {
+            for (int x = left; x < window_.place.width; ++x) {
+                ++counts[At(x, y)];
+            }
+        }
+        const auto most =
+            std::ranges::max_element(counts, {}, [](const auto& each) { return each.second; });
+        const int all = (window_.place.width - left) * (below - top);
+        return {most->first, most->second / static_cast<double>(all)};
+    }
+    // What was never painted is no ground.
+    void CheckGround(const Ground& ground, double least, const char* what) {
+        if (wrong_.empty() && (ground.color == kBlack || ground.share < least)) {
+            wrong_ = std::to_string(ground.share) + " of " + what + " is " + Hex(ground.color);
+        }
+    }
+
+    // Of the list: its letters end before them. An item that is chosen has a colour of its own from
+    // one side to the other, and edges that are a little darker.
+    void CheckEdges(std::uint32_t ground) {
+        constexpr int kMostOfEdge = 64;
+        if (!wrong_.empty()) {
+            return;
+        }
+        const int width = window_.place.width;
+        const int height = window_.place.height;
+        const int lastColumn = width - 1 - rest_;
+        const int lastRow = height - 1 - rest_;
+        for (int y = boxTop_; y < height; ++y) {
+            const bool isLast = y >= lastRow;
+            const std::uint32_t row = GroundOf(boxWidth_, y, y + 1).color;
+            for (int x = isLast ? boxWidth_ : lastColumn; x < width; ++x) {
+                const std::uint32_t color = At(x, y);
+                const bool isLeft = color == kBlack && (x > lastColumn || y > lastRow);
+                const bool isOfItem =
+                    !isLast && row != ground && row != kBlack && IsLike(color, row, kMostOfEdge);
+                if (color != ground && !isOfItem && !isLeft) {
+                    Note(x, y, color, "the list's ground, " + Hex(ground));
                     return;
                 }
             }

@@ -18,6 +18,9 @@ const std::vector<ScreenRectangle> kOne = {{0, 0, 1024, 740}};
 // A laptop with a larger screen to its left and one above it.
 const std::vector<ScreenRectangle> kThree = {
     {0, 28, 1366, 740}, {-1920, 0, 1920, 1080}, {0, -1080, 1920, 1080}};
+const std::vector<ScreenRectangle> kLargerLast = {{0, 0, 1366, 740}, {1366, 0, 1920, 1080}};
+const std::vector<ScreenRectangle> kLargerFirst = {{0, 0, 1920, 1080}, {1920, 0, 1366, 740}};
+const std::vector<ScreenRectangle> kOneUpright = {{0, 0, 1920, 1080}, {1920, 0, 1080, 1900}};
 
 struct Row {
     const char* name;
@@ -56,11 +59,22 @@ const Row kRows[] = {
      {Spot{-1900, 0}, {1900, 1040}}},
     {"larger than its own screen", kThree, {Spot{0, 30}, {1900, 1040}}, {Spot{0, 30}, {1366, 740}}},
     {"that screen is gone", kOne, {Spot{-1900, 0}, {1900, 1040}}, {{}, {1024, 740}}},
-    {"absurd", kThree, {Spot{2147483647, 2147483647}, kHuge}, {{}, {1366, 740}}},
+    {"absurd", kThree, {Spot{2147483647, 2147483647}, kHuge}, {{}, {1920, 1080}}},
     {"absurd to the other side",
      kThree,
      {Spot{-2147483647 - 1, -2147483647 - 1}, kHuge},
-     {{}, {1366, 740}}},
+     {{}, {1920, 1080}}},
+    {"no spot, on any of several", kThree, {{}, kSize}, {{}, kSize}},
+    {"no spot, the larger screen last", kLargerLast, {{}, {1800, 1000}}, {{}, {1800, 1000}}},
+    {"no spot, the larger screen first", kLargerFirst, {{}, {1800, 1000}}, {{}, {1800, 1000}}},
+    {"no spot, for an upright screen only", kOneUpright, {{}, {1000, 1800}}, {{}, {1000, 1800}}},
+    {"no spot, larger than both, the larger last", kLargerLast, {{}, kHuge}, {{}, {1920, 1080}}},
+    {"no spot, larger than both, the larger first", kLargerFirst, {{}, kHuge}, {{}, {1920, 1080}}},
+    {"no spot, too high for both", kLargerLast, {{}, {800, 2000}}, {{}, {800, 1080}}},
+    {"its screen is gone, another has room",
+     kLargerLast,
+     {Spot{-1900, 0}, {1900, 1040}},
+     {{}, {1900, 1040}}},
 };
 
 class OnScreensRow : public testing::TestWithParam<Row> {};

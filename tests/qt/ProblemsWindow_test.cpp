@@ -5,9 +5,12 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QHelpEvent>
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
 #include <QTest>
+#include <QToolTip>
 #include <QTreeView>
 #include <algorithm>
 #include <string>
@@ -104,6 +107,100 @@ TEST_F(ProblemsShown, FollowTheList) {
     EXPECT_TRUE(copyAll->isEnabled());
     EXPECT_EQ(Cell(rows - 1, ProblemRows::Text), "... and 5 more");
     EXPECT_EQ(Cell(rows - 2, ProblemRows::Text), "again");
+}
+
+// A screen of 3200 pixels.
+class ProblemsAtFirst : public Toolkit {
+protected:
+    static constexpr int kLeastWidth = 760;
+
+    ProblemsAtFirst() : Toolkit(0.25) {}
+
+    void Say(const std::string& text) {
+        list.Add({MessageKind("kind", Severity::Warning),
+                  text,
+                  {},
+                  MessageIcon::None,
+                  {7, 0, "/stages/<b>.def"}});
+    }
+    void Open() {
+        window.ComeToFront();
+        Settle();
+    }
+    [[nodiscard]] bool IsCut(int row) const {
+        const QModelIndex cell = view->model()->index(row, ProblemRows::Text);
+        return view->sizeHintForIndex(cell).width() > view->visualRect(cell).width();
+    }
+    // What the pointer finds there.
+    [[nodiscard]] QString TipAt(int row, int column) const {
+        const QPoint at = view->visualRect(view->model()->index(row, column)).center();
+        QHelpEvent event(QEvent::ToolTip, at, view->viewport()->mapToGlobal(at));
+        QApplication::sendEvent(view->viewport(), &event);
+        return QToolTip::text();
+    }
+
+    ProblemList list;
+    ProblemsWindow window{list, nullptr};
+    QTreeView* view = window.findChild<QTreeView*>();
+};
+
+std::string Words(std::size_t length) {
+    std::string words;
+    while (words.size() < length) {
+        words += "<i>word ";
+    }
+    return words.substr(0, length - 1) + ".";
+}
+
+TEST_F(ProblemsAtFirst, ShortTextsLeaveItAsItIs) {
+    Say("short");
+    Open();
+    EXPECT_EQ(window.width(), kLeastWidth);
+    EXPECT_FALSE(IsCut(0));
+}
+
+TEST_F(ProblemsAtFirst, NoRowsLeaveItAsItIs) {
+    Open();
+    EXPECT_EQ(window.width(), kLeastWidth);
+}
+
+TEST_F(ProblemsAtFirst, ItIsAsWideAsTheLongestTextEvenBelow) {
+    for (int i = 0; i < 2000; ++i) {
+        Say(i == 1500 ? Words(150) : "short");
+    }
+    Open();
+    EXPECT_GT(window.width(), kLeastWidth);
+    EXPECT_LT(window.width(), window.screen()->availableGeometry().width() / 2);
+    EXPECT_FALSE(IsCut(1500));
+    window.resize(window.width() - 10, window.height());
+    Settle();
+    EXPECT_TRUE(IsCut(1500)) << "it has no more room than it needs";
+}
+
+TEST_F(ProblemsAtFirst, ItLeavesSomeOfItsScreenAndATipHasTheWhole) {
+    Say(Words(ProblemList::kMostLength - 1));
+    Say("short");
+    Open();
+    EXPECT_EQ(window.width(), window.screen()->availableGeometry().width() * 4 / 5);
+    EXPECT_TRUE(IsCut(0));
+    EXPECT_EQ(TipAt(1, ProblemRows::Text), "") << "it is whole";
+    EXPECT_EQ(TipAt(1, ProblemRows::File), "<p>/stages/&lt;b&gt;.def</p>");
+    EXPECT_EQ(TipAt(0, ProblemRows::Text),
+              "<p>" + QString::fromStdString(list.Kept().front().text).toHtmlEscaped() + "</p>");
+}
+
+TEST_F(ProblemsAtFirst, AWidthOfTheUsersStays) {
+    Open();
+    window.hide();
+    Say(Words(150));
+    Open();
+    const int wide = window.width();
+    EXPECT_GT(wide, kLeastWidth) << "the user has chosen none so far";
+    window.resize(500, 300);
+    window.hide();
+    Open();
+    EXPECT_EQ(window.size(), QSize(500, 300));
+    EXPECT_TRUE(IsCut(0));
 }
 
 }  // namespace

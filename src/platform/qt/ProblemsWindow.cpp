@@ -5,10 +5,15 @@
 #include <QDialogButtonBox>
 #include <QGuiApplication>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QItemSelectionModel>
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
+#include <QScrollBar>
 #include <QShortcut>
+#include <QStyledItemDelegate>
+#include <QToolTip>
 #include <QTreeView>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -22,6 +27,37 @@ namespace {
 
 // Milliseconds between two looks whether there are more.
 constexpr int kLookForMore = 250;
+
+constexpr QSize kFirstSize(760, 360);
+// The wider texts let it come up wider, up to this share of its screen's width.
+constexpr double kShareOfScreen = 0.8;
+// Of a column at first, in signs.
+constexpr int kKindSigns = 11;
+constexpr int kMostFileSigns = 22;
+constexpr int kLineSigns = 9;
+
+// A file's words are shown as they are, and not as marks: only with marks around them a toolkit
+// breaks a long line.
+QVariant ToolTip(const QString& text) {
+    return QStringLiteral("<p>%1</p>").arg(text.toHtmlEscaped());
+}
+
+// A tool tip says what the window does not: of a text that is cut, the whole.
+class CutTexts : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                   const QModelIndex& index) override {
+        const bool isWhole = index.column() != ProblemRows::File &&
+                             sizeHint(option, index).width() <= option.rect.width();
+        if (event->type() == QEvent::ToolTip && isWhole) {
+            QToolTip::hideText();
+            return true;
+        }
+        return QStyledItemDelegate::helpEvent(event, view, option, index);
+    }
+};
 
 }  // namespace
 
@@ -70,16 +106,15 @@ QVariant ProblemRows::data(const QModelIndex& index, int role) const {
         (role != Qt::DisplayRole && role != Qt::ToolTipRole)) {
         return {};
     }
+    const bool isTip = role == Qt::ToolTipRole;
     if (IsRest(index.row())) {
         return index.column() == Text ? Shown("... " + RestOf(problems_)) : QVariant();
     }
     const Problem& problem = problems_.Kept()[static_cast<std::size_t>(index.row())];
     switch (index.column()) {
         case Kind: return Shown(NameOf(problem.severity));
-        case Text: return Shown(problem.text);
-        case File:
-            return Shown(role == Qt::ToolTipRole ? std::string_view(problem.file)
-                                                 : FileName(problem.file));
+        case Text: return isTip ? ToolTip(Shown(problem.text)) : Shown(problem.text);
+        case File: return isTip ? ToolTip(Shown(problem.file)) : Shown(FileName(problem.file));
         default:
             return problem.line == 0 ? QVariant() : QVariant(static_cast<qlonglong>(problem.line));
     }
@@ -108,23 +143,24 @@ ProblemsWindow::ProblemsWindow(const ProblemList& problems, QWidget* parent)
       rows_(new ProblemRows(problems, this)),
       summary_(new QLabel(this)),
       view_(new QTreeView(this)) {
-    constexpr QSize kFirstSize(760, 360);
     setWindowTitle(QStringLiteral("Problems"));
     setSizeGripEnabled(true);
     resize(kFirstSize);
+    first_ = kFirstSize;
     view_->setModel(rows_);
     view_->setRootIsDecorated(false);
     view_->setUniformRowHeights(true);  // ten thousand rows, and only one is measured
     view_->setAlternatingRowColors(true);
     view_->setSelectionMode(QAbstractItemView::ExtendedSelection);
     view_->setAllColumnsShowFocus(true);
+    view_->setItemDelegate(new CutTexts(view_));
     QHeaderView& header = *view_->header();
     header.setStretchLastSection(false);
     header.setSectionResizeMode(ProblemRows::Text, QHeaderView::Stretch);
     const int sign = fontMetrics().averageCharWidth();
-    header.resizeSection(ProblemRows::Kind, 11 * sign);
-    header.resizeSection(ProblemRows::File, 22 * sign);
-    header.resizeSection(ProblemRows::Line, 9 * sign);
+    header.resizeSection(ProblemRows::Kind, kKindSigns * sign);
+    header.resizeSection(ProblemRows::File, kMostFileSigns * sign);
+    header.resizeSection(ProblemRows::Line, kLineSigns * sign);
 
     auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
     copyAll_ = buttons->addButton(QStringLiteral("Copy &All"), QDialogButtonBox::ActionRole);
@@ -146,11 +182,46 @@ ProblemsWindow::ProblemsWindow(const ProblemList& problems, QWidget* parent)
 
 void ProblemsWindow::ComeToFront() {
     Look();
+    if (!isVisible() && size() == first_) {
+        FitWidth();
+    }
     look_.start(kLookForMore);
     show();
     raise();
     activateWindow();
     view_->setFocus();
+}
+
+// As wide as the texts want it.
+void ProblemsWindow::FitWidth() {
+    if (rows_->rowCount() == 0) {
+        return;
+    }
+    QHeaderView& header = *view_->header();
+    const int mostForFile = kMostFileSigns * fontMetrics().averageCharWidth();
+    header.resizeSection(
+        ProblemRows::File,
+        std::max(Wanted(ProblemRows::File, mostForFile),
+                 std::min(header.sectionSizeHint(ProblemRows::File), mostForFile)));
+    const QMargins margins = layout()->contentsMargins();
+    const int around =
+        margins.left() + margins.right() + 2 * view_->frameWidth() +
+        view_->verticalScrollBar()->sizeHint().width() + header.sectionSize(ProblemRows::Kind) +
+        header.sectionSize(ProblemRows::File) + header.sectionSize(ProblemRows::Line);
+    const QWidget& shownBy = parentWidget() != nullptr ? *parentWidget() : *this;
+    const int most =
+        static_cast<int>(shownBy.screen()->availableGeometry().width() * kShareOfScreen) - around;
+    first_.setWidth(std::max(around + Wanted(ProblemRows::Text, most), kFirstSize.width()));
+    resize(first_);
+}
+
+// There may be ten thousand long texts: it looks no further where there is no more room.
+int ProblemsWindow::Wanted(ProblemRows::Column column, int most) const {
+    int wanted = 0;
+    for (int row = 0; row < rows_->rowCount() && wanted < most; ++row) {
+        wanted = std::max(wanted, view_->sizeHintForIndex(rows_->index(row, column)).width());
+    }
+    return std::min(wanted, most);
 }
 
 void ProblemsWindow::hideEvent(QHideEvent* event) {

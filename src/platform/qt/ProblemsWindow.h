@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
 //
 // ProblemsWindow: the list of problems in a window beside the main one, a row each. It blocks
-// nothing, and looks a few times a second whether there are more. Rows that are selected can be
-// copied by Ctrl+C, all of them by a button.
+// nothing, and looks a few times a second whether there are more. It comes up as wide as its texts
+// want it, if its screen has that; what is cut all the same is in a tool tip. Rows that are
+// selected can be copied by Ctrl+C, all of them by a button.
 #pragma once
 
 #include <QAbstractTableModel>
 #include <QDialog>
+#include <QSize>
 #include <QTimer>
 #include <cstdint>
 
@@ -61,6 +63,9 @@ protected:
 
 private:
     void Look();
+    void FitWidth();
+    // How wide a column has to be for all rows, in the toolkit's pixels; at most `most`.
+    [[nodiscard]] int Wanted(ProblemRows::Column column, int most) const;
     void CopySelected() const;
     void CopyAll() const;
 
@@ -70,6 +75,7 @@ private:
     QTreeView* view_ = nullptr;
     QPushButton* copyAll_ = nullptr;
     QTimer look_;
+    QSize first_;  // as it comes up; another one is the user's
 };
 
 }  // namespace scenara
