@@ -89,7 +89,7 @@ ExitStatus Run(const std::vector<std::string>& paths, const std::string& program
     program.Form_Load(paths);
     if (!window.EndRequested()) {
         window.Show();
-        program.Form_OLEDragDrop(paths);
+        program.Form_Given(paths);
     }
     while (!program.Ended()) {
         window.WaitForEvents();

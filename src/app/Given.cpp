@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // What the user gives: files and folders that are dropped onto the window, named when the program
-// is started, or handed over by a later start. Plain, it is one stage.
+// is started, or handed over by a later start. Plain, what is dropped is one stage.
 #include <algorithm>
 #include <string>
 #include <utility>
@@ -64,9 +64,10 @@ private:
     bool pumped_ = false;
 };
 
-void frmStage::Form_OLEDragDrop(const std::vector<std::string>& paths) {
+void frmStage::TakePaths(const std::vector<std::string>& paths, bool areDropped) {
     Handle([&] {
         show_.Which.follows = paths;
+        show_.Which.followsIsDropped = areDropped;
         show_.Which.chosen.clear();
         if (State() != ShowState::Loading) {
             OpenFollowing();
@@ -93,8 +94,8 @@ void frmStage::OpenFollowing() {
 // closed.
 bool frmStage::OpenGiven(const std::vector<std::string>& paths) {
     const std::string taken = std::exchange(takenAtStart_, {});
-    if (!show_.Options().Additions) {
-        OpenFirstGiven(paths, taken);
+    if (show_.Which.followsIsDropped && !show_.Options().Additions) {
+        OpenFirstDropped(paths);
         return true;
     }
     const GivenPaths given = LookThrough(paths);
@@ -122,13 +123,10 @@ bool frmStage::OpenGiven(const std::vector<std::string>& paths) {
     return true;
 }
 
-// Plain: whatever it is, it is asked to be a stage. `taken`: the MUGEN folder among the paths that
-// the start has taken.
-void frmStage::OpenFirstGiven(const std::vector<std::string>& paths, const std::string& taken) {
-    const auto first = std::ranges::find_if(paths, [&](const std::string& path) {
-        return !path.empty() &&
-               (taken.empty() || MugenFolderAmong(machine_.files, {path}) != taken);
-    });
+// Plain: whatever it is, it is asked to be a stage.
+void frmStage::OpenFirstDropped(const std::vector<std::string>& paths) {
+    const auto first =
+        std::ranges::find_if(paths, [](const std::string& path) { return !path.empty(); });
     if (first != paths.end()) {
         show_.Which.CurrentStageFile = *first;
         OpenStage();

@@ -250,6 +250,12 @@ TEST_F(Starting, PlainAdditionsOffHandOverToo) {
     StartWithBar();
     EXPECT_EQ(StatusOf({StagePath("cup")}), 0);
     ExpectTitle("cup");
+    EXPECT_EQ(StatusOf({display_.Folder() + "other/STAGES", StagePath("dot")}), 0);
+    ExpectTitle("dot");
+    EXPECT_TRUE(Box().empty()) << display_.AllWindows();
+    program_->Send(SIGTERM);
+    EXPECT_EQ(WaitForEnd(), 0) << display_.AllWindows();
+    EXPECT_THAT(Settings(), HasSubstr("MugeDir = " + display_.Folder() + "other/\r\n"));
 }
 
 TEST_F(Starting, ASocketThatACrashLeftIsNoInstance) {

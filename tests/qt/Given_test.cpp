@@ -79,11 +79,11 @@ TEST_F(Given, NothingInTheWindowTakesDropsForItself) {
     EXPECT_TRUE(window.acceptDrops());
 }
 
-TEST_F(Given, WhatALaterStartHandsOverIsToldAsADrop) {
+TEST_F(Given, WhatALaterStartHandsOverIsTold) {
     window.TakeRequest({"", {"/a.def", "/mugen"}});
     EXPECT_TRUE(window.LeavingWaits());
     window.DoEvents();
-    EXPECT_EQ(program.Text(), "drop /a.def, drop /mugen");
+    EXPECT_EQ(program.Text(), "given /a.def, given /mugen");
 }
 
 TEST_F(Given, OfSeveralLaterStartsTheLastCounts) {
@@ -91,7 +91,7 @@ TEST_F(Given, OfSeveralLaterStartsTheLastCounts) {
         window.TakeRequest({"", {"/" + std::to_string(i) + ".def"}});
     }
     window.DoEvents();
-    EXPECT_EQ(program.Text(), "drop /999.def");
+    EXPECT_EQ(program.Text(), "given /999.def");
 }
 
 TEST_F(Given, AMarkOfAnyKindDoesNoHarm) {

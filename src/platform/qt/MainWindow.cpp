@@ -670,9 +670,9 @@ bool MainWindow::eventFilter(QObject* receiver, QEvent* event) {
 
 void MainWindow::TakeRequest(Request request) {
     if (!request.paths.empty()) {
-        waiting_.Add([paths = std::move(request.paths)](
-                         FormEvents& events) { events.Form_OLEDragDrop(paths); },
-                     WaitingEvents::Kind::Request);
+        waiting_.Add(
+            [paths = std::move(request.paths)](FormEvents& events) { events.Form_Given(paths); },
+            WaitingEvents::Kind::Request);
     }
     QWidget* const asked = QApplication::activeModalWidget();
     QWidget* const shown = covering_ != nullptr ? covering_->window() : this;
