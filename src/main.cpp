@@ -44,7 +44,9 @@ std::vector<std::string> WordsOf(int argc, char** argv) {
     return {all.begin() + std::min(argc, 1), all.end()};
 }
 
-// What later starts hand over, while the window is there to take it.
+// What later starts hand over, while the window is there to take it. Once the program is to end,
+// whatever it took would be lost: a start that is refused waits for the end, and shows its files
+// itself.
 class LaterStarts {
 public:
     LaterStarts(const Instance& instance, MainWindow& window) : listener_(instance.Socket()) {
@@ -54,7 +56,9 @@ public:
         notifier_.setSocket(listener_.Descriptor());
         notifier_.setEnabled(true);
         QObject::connect(&notifier_, &QSocketNotifier::activated, &window, [this, &window] {
-            listener_.Serve([&window](Request request) { window.TakeRequest(std::move(request)); });
+            listener_.Serve(
+                {[&window] { return !window.EndRequested(); },
+                 [&window](Request request) { window.TakeRequest(std::move(request)); }});
         });
     }
 

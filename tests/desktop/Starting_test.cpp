@@ -305,6 +305,19 @@ TEST_F(Starting, AProgramThatIsStoppedDoesNotAnswer) {
                 "\r\n");
 }
 
+// What it took it would not show any more.
+TEST_F(Starting, AProgramThatIsEndingTakesNothing) {
+    StartWithBar();
+    fs::remove(Folder() / "bin/QX.CFG");
+    fs::create_directories(Folder() / "bin/QX.CFG/in the way");
+    Key("alt+F4");
+    ExpectBox();  // the settings cannot be saved
+    EXPECT_EQ(StatusOf({StagePath("cup")}), 1);
+    EXPECT_THAT(output_, HasSubstr("scenara: the program that runs already does not answer\n"));
+    Key("Return");
+    EXPECT_EQ(WaitForEnd(), 0);
+}
+
 // --- the MUGEN folder ---
 
 TEST_F(Starting, TheQuestionForTheFolderCanBeLeft) {
