@@ -12,6 +12,7 @@
 #include "app/frmStage.h"
 #include "base/NotCopied.h"
 #include "platform/Clock.h"
+#include "platform/Request.h"
 
 namespace scenara {
 
@@ -66,9 +67,11 @@ private:
 
 void frmStage::TakePaths(const std::vector<std::string>& paths, bool areDropped) {
     Handle([&] {
-        show_.Which.follows = paths;
-        show_.Which.followsIsDropped = areDropped;
-        show_.Which.chosen.clear();
+        WhichStage& which = show_.Which;
+        const bool joins = !areDropped && !which.followsIsDropped;
+        which.follows = joins ? PathsInTurn(paths, which.follows) : paths;
+        which.followsIsDropped = areDropped;
+        which.chosen.clear();
         if (State() != ShowState::Loading) {
             OpenFollowing();
         }

@@ -127,7 +127,8 @@ public:
     }
     void MnuRecentFiles_Click(Long index) override;
     // Takes an engine folder, puts a character on the stage, opens the first stage and has the
-    // others among the recent files (GivenPaths.h). While a stage loads, when that is done.
+    // others among the recent files (GivenPaths.h). While a stage loads, when that is done; what is
+    // given meanwhile comes first then.
     void Form_Given(const std::vector<std::string>& paths) override { TakePaths(paths, false); }
     // Addition: the same. Plain, opens the first path as a stage.
     void Form_OLEDragDrop(const std::vector<std::string>& paths) override {

@@ -438,6 +438,19 @@ TEST_F(ManyFiles, AreGivenUpForTheEnd) {
     }
 }
 
+TEST_F(Program, WhatIsGivenWhileAStageLoadsIsOpenedTogetherAndTheLastFirst) {
+    const auto give = [](const std::vector<std::string>& paths) {
+        return Act([paths](RunningStage& stage) { stage.program.Form_Given(paths); });
+    };
+    WhileAIsShown({Wait}, Once(All({give({kStageB}), give({kStageC, kStageB})})));
+    EXPECT_EQ(Caption(), "third");
+    EXPECT_THAT(form.recentFiles, ElementsAre(kStageC, kStageB, kStageA));
+    WhileAIsShown({Wait}, Once(All({give({kStageB}), Drop(kStageB), give({kStageC})})));
+    EXPECT_EQ(Caption(), "third");
+    EXPECT_THAT(form.recentFiles, ElementsAre(kStageC, kStageA, kStageB))
+        << "what was dropped is no start's";
+}
+
 TEST_F(Program, WhatIsDroppedWhileAStageLoadsIsOpenedAfterIt) {
     WhileAIsShown({Wait}, Once(DropAll({kStageC, kStageB})));
     EXPECT_EQ(Caption(), "third");

@@ -280,6 +280,8 @@ TEST_F(Starting, WhatIsHandedOverWhileABoxIsOpenWaitsForIt) {
     display_.Do("windowactivate --sync " + Box());
     Key("Return");
     ExpectTitle("cup");
+    ExpectSaved("RecentFile = " + StagePath("cup") + "\r\nRecentFile = " + StagePath("dot") +
+                "\r\nRecentFile = " + StagePath("bar") + "\r\n");
 }
 
 TEST_F(Starting, WhatIsHandedOverWhileTheFolderIsAskedForWaitsForIt) {

@@ -670,8 +670,9 @@ bool MainWindow::eventFilter(QObject* receiver, QEvent* event) {
 
 void MainWindow::TakeRequest(Request request) {
     if (!request.paths.empty()) {
+        requested_ = PathsInTurn(std::move(request.paths), requested_);
         waiting_.Add(
-            [paths = std::move(request.paths)](FormEvents& events) { events.Form_Given(paths); },
+            [this](FormEvents& events) { events.Form_Given(std::exchange(requested_, {})); },
             WaitingEvents::Kind::Request);
     }
     QWidget* const asked = QApplication::activeModalWidget();
