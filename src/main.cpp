@@ -29,6 +29,7 @@
 #include "platform/qt/Display.h"
 #include "platform/qt/EndOfSession.h"
 #include "platform/qt/Launch.h"
+#include "platform/qt/ToolkitWords.h"
 
 namespace {
 
@@ -121,6 +122,16 @@ std::optional<ExitStatus> HandOverTo(Instance& instance, const std::vector<std::
     return std::nullopt;
 }
 
+// Nothing: that is wrong use, which has been said.
+std::optional<std::vector<std::string>> PathsAmong(const std::vector<std::string>& words) {
+    try {
+        return StartPaths(words);
+    } catch (const std::invalid_argument& error) {
+        std::cerr << "scenara: " << error.what() << "\n\n" << StartUsage();
+        return std::nullopt;
+    }
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -129,6 +140,9 @@ int main(int argc, char** argv) {
         return kFine;
     }
     if (!HasDisplay(WordsOf(argc, argv))) {
+        if (!PathsAmong(WithoutToolkitWords(WordsOf(argc, argv)))) {
+            return kWrongUse;
+        }
         std::cerr << "scenara: there is no display to show a window on\n";
         return kNotShown;
     }
@@ -137,13 +151,11 @@ int main(int argc, char** argv) {
     const QApplication application(argc, argv);  // it takes its own words out of these
     QApplication::setQuitOnLastWindowClosed(false);
     MakeAutoRepeatDetectable();
-    std::vector<std::string> paths;
-    try {
-        paths = StartPaths(WordsOf(argc, argv));
-    } catch (const std::invalid_argument& error) {
-        std::cerr << "scenara: " << error.what() << "\n\n" << StartUsage();
+    std::optional<std::vector<std::string>> given = PathsAmong(WordsOf(argc, argv));
+    if (!given) {
         return kWrongUse;
     }
+    std::vector<std::string> paths = std::move(*given);
     std::transform(paths.begin(), paths.end(), paths.begin(), WholePath);
     Instance instance(DisplayName());
     const std::string programFolder = WritableProgramFolder(ExecutableFolder());

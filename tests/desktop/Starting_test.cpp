@@ -114,9 +114,21 @@ TEST_F(Starting, TheVersionAndTheHelpNeedNoDisplay) {
 }
 
 TEST_F(Starting, AnUnknownOptionIsWrongUse) {
-    EXPECT_EQ(StatusOf({"--bogus"}), 2);
-    EXPECT_THAT(output_, AllOf(HasSubstr("scenara: there is no option --bogus\n"),
-                               HasSubstr("Usage: scenara")));
+    const auto expectSaid = [&](const std::vector<std::string>& words,
+                                const std::vector<std::string>& environment) {
+        EXPECT_EQ(StatusOf(words, environment), 2);
+        EXPECT_THAT(output_,
+                    AllOf(HasSubstr("scenara: there is no option --bogus\n"),
+                          HasSubstr("Usage: scenara"), Not(HasSubstr("no display to show"))));
+    };
+    const std::vector<std::string> nowhere = {"DISPLAY=", "WAYLAND_DISPLAY=", "QT_QPA_PLATFORM="};
+    for (const auto& environment : {ProgramEnvironment(), nowhere}) {
+        expectSaid({"--bogus"}, environment);
+        expectSaid({"-reverse", "a.def", "--bogus"}, environment);
+    }
+    expectSaid({"-display", ":gone", "--bogus"}, nowhere);
+    EXPECT_EQ(StatusOf({"-display", ":gone", "-title", "--bogus"}, nowhere), 1);
+    EXPECT_EQ(output_, "scenara: there is no display to show a window on\n");
 }
 
 TEST_F(Starting, TheToolkitTakesItsOwnOptions) {
