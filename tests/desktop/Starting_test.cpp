@@ -236,6 +236,37 @@ TEST_F(Starting, ALaterStartWithANameEndsItAndTheWindowComesToTheFront) {
     EXPECT_THAT(messages.Heard(), SizeIs(1)) << "without a name";
 }
 
+TEST_F(Starting, TheWindowTellsWhenTheUserAskedForALaterStart) {
+    StartWithBar();
+    const std::string window = MainWindow();
+    const auto userTime = [&] {
+        const std::string said = display_.Property("-id " + window, "_NET_WM_USER_TIME");
+        const std::size_t at = said.find("= ");
+        return at == std::string::npos ? 0UL : std::stoul(said.substr(at + 2));
+    };
+    const auto startNamed = [&](const std::string& name) {
+        std::vector<std::string> environment = ProgramEnvironment();
+        environment.push_back("DESKTOP_STARTUP_ID=" + name);
+        EXPECT_EQ(StatusOf({}, environment), 0);
+    };
+    const unsigned long before = userTime();
+    startNamed("files/4711-0-host");
+    ASSERT_TRUE(Eventually([&] { return userTime() > before; })) << "that of the start itself";
+    const unsigned long asked = userTime() - 1;
+    startNamed("files/4711-0-host_TIME" + std::to_string(asked));
+    EXPECT_TRUE(Eventually([&] { return userTime() == asked; })) << userTime();
+    unsigned long last = asked;
+    const std::string tooLate = "_TIME" + std::to_string((asked + 1000000000) % 4294967296);
+    for (const std::string& end :
+         {std::string("_TIME0"), std::string("_TIME"), std::string("_TIMEx"), std::string("_TIME1"),
+          std::string("_TIME4294967296"), tooLate}) {
+        startNamed("files/4711-0-host" + end);
+        EXPECT_TRUE(Eventually([&] { return userTime() > last && userTime() - last < 900000000; }))
+            << end;
+        last = userTime();
+    }
+}
+
 // The manager does not go to another workspace for it.
 TEST_F(Starting, OnAnotherWorkspaceTheWindowAsksForAttention) {
     display_.Do("set_num_desktops 2");
