@@ -441,6 +441,22 @@ TEST_F(StartingTiled, TheWindowThatMayNotComeAsksForAttention) {
     EXPECT_TRUE(Eventually([&] { return !isUrgent(); })) << "once it has been seen";
 }
 
+// Unless it is told otherwise, this manager gives the focus to no window of a hidden workspace.
+TEST_F(StartingTiled, OnAnotherWorkspaceTheWindowStaysThereAndAsksForAttention) {
+    WriteSettings();
+    Start({}, StagePath("bar"));
+    ExpectTitle("bar");
+    display_.Tell("workspace 2");
+    EXPECT_EQ(StatusOf({StagePath("cup")}), 0);
+    EXPECT_TRUE(Eventually([&] {
+        return display_.Tell("-t get_workspaces").find("\"urgent\":true") != std::string::npos;
+    })) << display_.Tell("-t get_workspaces");
+    EXPECT_EQ(display_.Workspace(), "2");
+    display_.Tell("workspace 1");
+    ExpectTitle("cup");
+    ExpectInFront();
+}
+
 // A compositor gives the focus to who shows the token that it has given away for that.
 class StartingOnWayland : public Starting {
 protected:
