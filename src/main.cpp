@@ -29,6 +29,7 @@
 #include "platform/qt/Display.h"
 #include "platform/qt/EndOfSession.h"
 #include "platform/qt/Launch.h"
+#include "platform/qt/ToolkitWords.h"
 
 namespace {
 
@@ -44,7 +45,9 @@ std::vector<std::string> WordsOf(int argc, char** argv) {
     return {all.begin() + std::min(argc, 1), all.end()};
 }
 
-// What later starts hand over, while the window is there to take it.
+// What later starts hand over, while the window is there to take it. Once the program is to end,
+// whatever it took would be lost: a start that is refused waits for the end, and shows its files
+// itself.
 class LaterStarts {
 public:
     LaterStarts(const Instance& instance, MainWindow& window) : listener_(instance.Socket()) {
@@ -54,7 +57,9 @@ public:
         notifier_.setSocket(listener_.Descriptor());
         notifier_.setEnabled(true);
         QObject::connect(&notifier_, &QSocketNotifier::activated, &window, [this, &window] {
-            listener_.Serve([&window](Request request) { window.TakeRequest(std::move(request)); });
+            listener_.Serve(
+                {[&window] { return !window.EndRequested(); },
+                 [&window](Request request) { window.TakeRequest(std::move(request)); }});
         });
     }
 
@@ -89,7 +94,7 @@ ExitStatus Run(const std::vector<std::string>& paths, const std::string& program
     program.Form_Load(paths);
     if (!window.EndRequested()) {
         window.Show();
-        program.Form_OLEDragDrop(paths);
+        program.Form_Given(paths);
     }
     while (!program.Ended()) {
         window.WaitForEvents();
@@ -117,6 +122,16 @@ std::optional<ExitStatus> HandOverTo(Instance& instance, const std::vector<std::
     return std::nullopt;
 }
 
+// Nothing: that is wrong use, which has been said.
+std::optional<std::vector<std::string>> PathsAmong(const std::vector<std::string>& words) {
+    try {
+        return StartPaths(words);
+    } catch (const std::invalid_argument& error) {
+        std::cerr << "scenara: " << error.what() << "\n\n" << StartUsage();
+        return std::nullopt;
+    }
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -125,6 +140,9 @@ int main(int argc, char** argv) {
         return kFine;
     }
     if (!HasDisplay(WordsOf(argc, argv))) {
+        if (!PathsAmong(WithoutToolkitWords(WordsOf(argc, argv)))) {
+            return kWrongUse;
+        }
         std::cerr << "scenara: there is no display to show a window on\n";
         return kNotShown;
     }
@@ -133,13 +151,11 @@ int main(int argc, char** argv) {
     const QApplication application(argc, argv);  // it takes its own words out of these
     QApplication::setQuitOnLastWindowClosed(false);
     MakeAutoRepeatDetectable();
-    std::vector<std::string> paths;
-    try {
-        paths = StartPaths(WordsOf(argc, argv));
-    } catch (const std::invalid_argument& error) {
-        std::cerr << "scenara: " << error.what() << "\n\n" << StartUsage();
+    std::optional<std::vector<std::string>> given = PathsAmong(WordsOf(argc, argv));
+    if (!given) {
         return kWrongUse;
     }
+    std::vector<std::string> paths = std::move(*given);
     std::transform(paths.begin(), paths.end(), paths.begin(), WholePath);
     Instance instance(DisplayName());
     const std::string programFolder = WritableProgramFolder(ExecutableFolder());

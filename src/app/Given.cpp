@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // What the user gives: files and folders that are dropped onto the window, named when the program
-// is started, or handed over by a later start. Plain, it is one stage.
+// is started, or handed over by a later start. Plain, what is dropped is one stage.
 #include <algorithm>
 #include <string>
 #include <utility>
@@ -12,6 +12,7 @@
 #include "app/frmStage.h"
 #include "base/NotCopied.h"
 #include "platform/Clock.h"
+#include "platform/Request.h"
 
 namespace scenara {
 
@@ -64,10 +65,13 @@ private:
     bool pumped_ = false;
 };
 
-void frmStage::Form_OLEDragDrop(const std::vector<std::string>& paths) {
+void frmStage::TakePaths(const std::vector<std::string>& paths, bool areDropped) {
     Handle([&] {
-        show_.Which.follows = paths;
-        show_.Which.chosen.clear();
+        WhichStage& which = show_.Which;
+        const bool joins = !areDropped && !which.followsIsDropped;
+        which.follows = joins ? PathsInTurn(paths, which.follows) : paths;
+        which.followsIsDropped = areDropped;
+        which.chosen.clear();
         if (State() != ShowState::Loading) {
             OpenFollowing();
         }
@@ -93,8 +97,8 @@ void frmStage::OpenFollowing() {
 // closed.
 bool frmStage::OpenGiven(const std::vector<std::string>& paths) {
     const std::string taken = std::exchange(takenAtStart_, {});
-    if (!show_.Options().Additions) {
-        OpenFirstGiven(paths, taken);
+    if (show_.Which.followsIsDropped && !show_.Options().Additions) {
+        OpenFirstDropped(paths);
         return true;
     }
     const GivenPaths given = LookThrough(paths);
@@ -122,13 +126,10 @@ bool frmStage::OpenGiven(const std::vector<std::string>& paths) {
     return true;
 }
 
-// Plain: whatever it is, it is asked to be a stage. `taken`: the MUGEN folder among the paths that
-// the start has taken.
-void frmStage::OpenFirstGiven(const std::vector<std::string>& paths, const std::string& taken) {
-    const auto first = std::ranges::find_if(paths, [&](const std::string& path) {
-        return !path.empty() &&
-               (taken.empty() || MugenFolderAmong(machine_.files, {path}) != taken);
-    });
+// Plain: whatever it is, it is asked to be a stage.
+void frmStage::OpenFirstDropped(const std::vector<std::string>& paths) {
+    const auto first =
+        std::ranges::find_if(paths, [](const std::string& path) { return !path.empty(); });
     if (first != paths.end()) {
         show_.Which.CurrentStageFile = *first;
         OpenStage();

@@ -80,7 +80,7 @@ public:
     // Start-up: settings are read, or the engine folder is asked for, and the stages are listed.
     // Afterwards Ended() tells whether there is anything to go on with. `given` are the paths that
     // the program was started with: an engine folder among them is taken in place of the settings'
-    // and of the question. They are not opened yet; Form_OLEDragDrop with the same paths does it.
+    // and of the question. They are not opened yet; Form_Given with the same paths does it.
     void Form_Load(const std::vector<std::string>& given = {});
 
     void Form_Activate() override;
@@ -127,9 +127,13 @@ public:
     }
     void MnuRecentFiles_Click(Long index) override;
     // Takes an engine folder, puts a character on the stage, opens the first stage and has the
-    // others among the recent files (GivenPaths.h); plain, opens the first path as a stage. While a
-    // stage loads, when that is done.
-    void Form_OLEDragDrop(const std::vector<std::string>& paths) override;
+    // others among the recent files (GivenPaths.h). While a stage loads, when that is done; what is
+    // given meanwhile comes first then.
+    void Form_Given(const std::vector<std::string>& paths) override { TakePaths(paths, false); }
+    // Addition: the same. Plain, opens the first path as a stage.
+    void Form_OLEDragDrop(const std::vector<std::string>& paths) override {
+        TakePaths(paths, true);
+    }
     void mnuOpen_Click();
     void mnuClose_Click();
     // Plain it releases the stage under the running loop; addition: the stage is loaded again.
@@ -260,9 +264,10 @@ private:
     [[nodiscard]] bool IsStageAskedFor(MessageIcon icon);
     void TuneMusic();
     void BeginMusicAgain();
+    void TakePaths(const std::vector<std::string>& paths, bool areDropped);
     void OpenFollowing();
     [[nodiscard]] bool OpenGiven(const std::vector<std::string>& paths);
-    void OpenFirstGiven(const std::vector<std::string>& paths, const std::string& taken);
+    void OpenFirstDropped(const std::vector<std::string>& paths);
     [[nodiscard]] GivenPaths LookThrough(const std::vector<std::string>& paths);
     void ReportGiven(const std::string& path, bool isFolder);
     void PutOnStage(const std::string& character, bool opensStage);

@@ -15,6 +15,7 @@
 #include "platform/posix/PosixProcess.h"
 #include "platform/posix/SteadyClock.h"
 #include "platform/qt/DesktopPicture.h"
+#include "platform/qt/Display.h"
 #include "platform/qt/FullScreenWindow.h"
 #include "platform/qt/KeyTracker.h"
 #include "platform/qt/MainWindow.h"
@@ -43,7 +44,7 @@ public:
           questions_(window_),
           messages_(questions_, form),
           dialogs_(questions_, form),
-          display_([this] { return window_.Rectangle(); }),
+          display_([this] { return window_.Rectangle(); }, XDisplayName()),
           direct3D_(std::make_shared<TextureMemory>(), sink != nullptr ? sink : &picture_) {
         media_.Start();
         keyboard_.SetObserver([this](VirtualKey key) { window_.NoteKey(key); });

@@ -151,9 +151,10 @@ public:
     virtual bool Form_Idle() = 0;
     // A key has gone down; once per press.
     virtual void Form_KeyDown(VirtualKey key) = 0;
-    // Files and folders have been dropped onto the window, or were named when the program was
-    // started, or started again.
+    // Files and folders have been dropped onto the window.
     virtual void Form_OLEDragDrop(const std::vector<std::string>& paths) = 0;
+    // They were named when the program was started, or started again.
+    virtual void Form_Given(const std::vector<std::string>& paths) = 0;
     virtual void Menu_Click(Menu item) = 0;
     // One of the recent files, counted from 1.
     virtual void MnuRecentFiles_Click(Long index) = 0;

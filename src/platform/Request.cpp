@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <string_view>
+#include <utility>
 
 #include "base/ByteReader.h"
 #include "base/RunTimeError.h"
@@ -82,6 +83,19 @@ std::optional<std::vector<std::byte>> RequestBytes(const Request& request) {
         fits = fits && bytes.size() <= kMostRequestBytes;
     }
     return fits ? std::optional(bytes) : std::nullopt;
+}
+
+std::vector<std::string> PathsInTurn(std::vector<std::string> newer,
+                                     const std::vector<std::string>& older) {
+    newer.insert(newer.end(), older.begin(), older.end());
+    std::vector<std::string> paths;
+    for (std::string& path : newer) {
+        const bool isNew = std::find(paths.begin(), paths.end(), path) == paths.end();
+        if (isNew && paths.size() < kMostRequestPaths) {
+            paths.push_back(std::move(path));
+        }
+    }
+    return paths;
 }
 
 std::optional<Request> ReadRequest(std::span<const std::byte> bytes) {

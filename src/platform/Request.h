@@ -40,6 +40,11 @@ struct Request {
 // when a path is empty, or they are too long for one request.
 [[nodiscard]] std::optional<std::vector<std::byte>> RequestBytes(const Request& request);
 
+// What is left to open when `newer` is handed over while `older` still waits: the newer ones first,
+// none of them twice, at most kMostRequestPaths.
+[[nodiscard]] std::vector<std::string> PathsInTurn(std::vector<std::string> newer,
+                                                   const std::vector<std::string>& older);
+
 // Nothing when they are no request.
 [[nodiscard]] std::optional<Request> ReadRequest(std::span<const std::byte> bytes);
 

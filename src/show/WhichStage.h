@@ -28,6 +28,7 @@ struct WhichStage {
     // Paths that the user gave while another one was loading; to be opened after that. Or the file
     // of the list that was chosen meanwhile: of the two there is the newer one, or none.
     std::vector<std::string> follows;
+    bool followsIsDropped = false;  // onto the window
     std::string chosen;
     // Where the camera is put in the stage that is loaded again.
     std::optional<CameraStand> camera;

@@ -109,7 +109,7 @@ inline constexpr std::array kAdditions = {
     Addition{"Settings", "app/Saving.cpp", "SavesMeanwhile"},
     Addition{"The MUGEN folder", "app/StageList.cpp", "AskAtFirstStart"},
     Addition{"A list without stages", "app/StageList.cpp", "NoteEmptyList"},
-    Addition{"What is dropped, handed over, or named at a start", "app/Given.cpp", "OpenGiven"},
+    Addition{"What is dropped onto the window", "app/Given.cpp", "OpenGiven"},
     Addition{"A later start without a file", "main.cpp", "BringsTheFirstToTheFront"},
 };
 

@@ -24,6 +24,17 @@ TEST_F(DroppedCharacter, WalksOnTheStageThatIsShown) {
     EXPECT_THAT(MessageTexts(), IsEmpty());
 }
 
+// A start may name it in either reading.
+TEST_F(DroppedCharacter, ThatAStartNamesWalksPlainlyToo) {
+    Start({}, false);
+    WhileAIsShown({Wait, [&] { program.Form_Given({kHero}); }, Wait,
+                   [&] {
+                       EXPECT_TRUE(Character().CharLoaded);
+                       EXPECT_TRUE(Character().UseChar);
+                   }});
+    EXPECT_THAT(MessageTexts(), IsEmpty());
+}
+
 TEST_F(DroppedCharacter, TakesThePlaceOfTheOneThatIsOn) {
     Start(Chosen("Char = True\r\n"));
     const std::string other = "/mugen/chars/hero/other.def";

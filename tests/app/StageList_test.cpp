@@ -268,7 +268,7 @@ TEST_F(Program, AFolderOfNothingIsReported) {
 TEST_F(NewProgram, AFolderThatIsGivenAtTheStartIsReadOnceAndItsListIsShown) {
     files.Put("/other/stages/x.def", Stage("other"));
     program.Form_Load({"/other"});
-    program.Form_OLEDragDrop({"/other"});
+    program.Form_Given({"/other"});
     EXPECT_EQ(form.lstStages.filled, 1U);
     EXPECT_THAT(form.lstStages.items, ElementsAre("x"));
     EXPECT_TRUE(form.lstStages.visible);
@@ -282,7 +282,7 @@ TEST_F(PlainNewProgram, AFolderThatIsGivenAtTheStartIsReadOnceAndReportedOnce) {
     files.Put(kStageC, Stage("third"));
     program.Form_Load(given);
     user = InTurn({});
-    program.Form_OLEDragDrop(given);
+    program.Form_Given(given);
     EXPECT_THAT(MessageTexts(), ElementsAre("Err.. no files.. uh.. ", StartsWith("SFF FILE:")))
         << "the second one is the stage's, which is of another folder";
     EXPECT_EQ(form.lstStages.filled, 1U);
@@ -317,6 +317,51 @@ TEST_F(PlainlyDropped, ACharacterIsNoStage) {
     EXPECT_THAT(MessageTexts(), ElementsAre("Not a stage!"));
     EXPECT_EQ(show.TestChar().TestChar, "");
     EXPECT_EQ(Caption(), "first");
+}
+
+// What a start names, and a later one hands over, is what it is in either reading.
+TEST_F(PlainlyDropped, WhatIsGivenIsWhatItIs) {
+    const struct {
+        std::vector<std::string> paths;
+        const char* caption;
+        const char* mugeDir;
+        std::vector<std::string> recent;
+    } rows[] = {
+        {{"/pack"}, "other", "/mugen/", {"/pack/x.def"}},
+        {{"/else/stages", "/pack"}, "other", "/else/", {"/pack/x.def"}},
+        {{kStageC, kGone, kStageA}, "third", "/mugen/", {kStageC, kStageA}},
+    };
+    for (const auto& row : rows) {
+        RunningStage stage({}, false);
+        stage.files.Put("/pack/x.def", Stage("other"));
+        stage.files.Put("/else/stages/y.def", Stage("else"));
+        stage.Load();
+        stage.user = InTurn({});
+        stage.program.Form_Given(row.paths);
+        const std::string& first = row.paths.front();
+        EXPECT_EQ(stage.Caption(), row.caption) << first;
+        EXPECT_EQ(stage.program.MugeDir, row.mugeDir) << first;
+        EXPECT_EQ(stage.form.recentFiles, row.recent) << first;
+    }
+}
+
+TEST_F(PlainlyDropped, AGivenMugenFolderIsTakenAndTheStageGoesOn) {
+    files.Put("/else/stages/y.def", Stage("else"));
+    WhileAIsShown({[&] { program.Form_Given({"/else"}); }, Wait,
+                   [&] {
+                       EXPECT_EQ(Caption(), "first");
+                       EXPECT_EQ(program.MugeDir, "/else/");
+                       EXPECT_THAT(form.lstStages.items, ElementsAre("y"));
+                   }});
+    EXPECT_THAT(MessageTexts(), IsEmpty());
+}
+
+// Each is told from the other when it is its turn.
+TEST_F(PlainlyDropped, WhatIsGivenWhileAStageLoadsIsOpenedAfterIt) {
+    WhileAIsShown({Wait}, Once([&] { program.Form_Given({"/pack"}); }));
+    EXPECT_EQ(Caption(), "other");
+    WhileAIsShown({Wait}, Once([&] { program.Form_OLEDragDrop({"/pack"}); }));
+    EXPECT_EQ(MessageTexts().back(), "Not a stage!");
 }
 
 TEST_F(PlainlyDropped, OfSeveralPathsTheFirstIsOpened) {
@@ -391,6 +436,19 @@ TEST_F(ManyFiles, AreGivenUpForTheEnd) {
         EXPECT_EQ(stage.direct3D.Device(), nullptr);
         EXPECT_THAT(stage.MessageTexts(), IsEmpty());
     }
+}
+
+TEST_F(Program, WhatIsGivenWhileAStageLoadsIsOpenedTogetherAndTheLastFirst) {
+    const auto give = [](const std::vector<std::string>& paths) {
+        return Act([paths](RunningStage& stage) { stage.program.Form_Given(paths); });
+    };
+    WhileAIsShown({Wait}, Once(All({give({kStageB}), give({kStageC, kStageB})})));
+    EXPECT_EQ(Caption(), "third");
+    EXPECT_THAT(form.recentFiles, ElementsAre(kStageC, kStageB, kStageA));
+    WhileAIsShown({Wait}, Once(All({give({kStageB}), Drop(kStageB), give({kStageC})})));
+    EXPECT_EQ(Caption(), "third");
+    EXPECT_THAT(form.recentFiles, ElementsAre(kStageC, kStageA, kStageB))
+        << "what was dropped is no start's";
 }
 
 TEST_F(Program, WhatIsDroppedWhileAStageLoadsIsOpenedAfterIt) {

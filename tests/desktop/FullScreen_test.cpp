@@ -98,6 +98,21 @@ TEST_F(FullScreen, TakesTheSmallestModeThatHoldsThePictureAndGivesItBack) {
     ExpectTitle("bar");
 }
 
+// That the environment has no display, or another one, does not matter.
+TEST_F(FullScreen, TakesAModeOfTheDisplayThatTheToolkitIsToldOf) {
+    OfferSmallMode();
+    WriteSettings();
+    environment_ = {"DISPLAY"};
+    program_.emplace(std::vector<std::string>{display_.Folder() + "bin/scenara", "-display",
+                                              display_.Name(), StagePath("bar")},
+                     ProgramEnvironment(), display_.Folder() + "program.txt");
+    ExpectTitle("bar");
+    GoFullScreen();
+    EXPECT_TRUE(Eventually([&] { return ModeInForce() == 640; }));
+    Key("Escape");
+    EXPECT_TRUE(Eventually([&] { return ModeInForce() == 1024; }));
+}
+
 // Each time that it is asked a busy manager answers, too late and all at once; and the program
 // stops to ask before that.
 TEST_F(FullScreen, ComesThoughTheWindowManagerIsBusyForLong) {

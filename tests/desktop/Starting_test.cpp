@@ -114,9 +114,21 @@ TEST_F(Starting, TheVersionAndTheHelpNeedNoDisplay) {
 }
 
 TEST_F(Starting, AnUnknownOptionIsWrongUse) {
-    EXPECT_EQ(StatusOf({"--bogus"}), 2);
-    EXPECT_THAT(output_, AllOf(HasSubstr("scenara: there is no option --bogus\n"),
-                               HasSubstr("Usage: scenara")));
+    const auto expectSaid = [&](const std::vector<std::string>& words,
+                                const std::vector<std::string>& environment) {
+        EXPECT_EQ(StatusOf(words, environment), 2);
+        EXPECT_THAT(output_,
+                    AllOf(HasSubstr("scenara: there is no option --bogus\n"),
+                          HasSubstr("Usage: scenara"), Not(HasSubstr("no display to show"))));
+    };
+    const std::vector<std::string> nowhere = {"DISPLAY=", "WAYLAND_DISPLAY=", "QT_QPA_PLATFORM="};
+    for (const auto& environment : {ProgramEnvironment(), nowhere}) {
+        expectSaid({"--bogus"}, environment);
+        expectSaid({"-reverse", "a.def", "--bogus"}, environment);
+    }
+    expectSaid({"-display", ":gone", "--bogus"}, nowhere);
+    EXPECT_EQ(StatusOf({"-display", ":gone", "-title", "--bogus"}, nowhere), 1);
+    EXPECT_EQ(output_, "scenara: there is no display to show a window on\n");
 }
 
 TEST_F(Starting, TheToolkitTakesItsOwnOptions) {
@@ -224,6 +236,37 @@ TEST_F(Starting, ALaterStartWithANameEndsItAndTheWindowComesToTheFront) {
     EXPECT_THAT(messages.Heard(), SizeIs(1)) << "without a name";
 }
 
+TEST_F(Starting, TheWindowTellsWhenTheUserAskedForALaterStart) {
+    StartWithBar();
+    const std::string window = MainWindow();
+    const auto userTime = [&] {
+        const std::string said = display_.Property("-id " + window, "_NET_WM_USER_TIME");
+        const std::size_t at = said.find("= ");
+        return at == std::string::npos ? 0UL : std::stoul(said.substr(at + 2));
+    };
+    const auto startNamed = [&](const std::string& name) {
+        std::vector<std::string> environment = ProgramEnvironment();
+        environment.push_back("DESKTOP_STARTUP_ID=" + name);
+        EXPECT_EQ(StatusOf({}, environment), 0);
+    };
+    const unsigned long before = userTime();
+    startNamed("files/4711-0-host");
+    ASSERT_TRUE(Eventually([&] { return userTime() > before; })) << "that of the start itself";
+    const unsigned long asked = userTime() - 1;
+    startNamed("files/4711-0-host_TIME" + std::to_string(asked));
+    EXPECT_TRUE(Eventually([&] { return userTime() == asked; })) << userTime();
+    unsigned long last = asked;
+    const std::string tooLate = "_TIME" + std::to_string((asked + 1000000000) % 4294967296);
+    for (const std::string& end :
+         {std::string("_TIME0"), std::string("_TIME"), std::string("_TIMEx"), std::string("_TIME1"),
+          std::string("_TIME4294967296"), tooLate}) {
+        startNamed("files/4711-0-host" + end);
+        EXPECT_TRUE(Eventually([&] { return userTime() > last && userTime() - last < 900000000; }))
+            << end;
+        last = userTime();
+    }
+}
+
 // The manager does not go to another workspace for it.
 TEST_F(Starting, OnAnotherWorkspaceTheWindowAsksForAttention) {
     display_.Do("set_num_desktops 2");
@@ -250,6 +293,12 @@ TEST_F(Starting, PlainAdditionsOffHandOverToo) {
     StartWithBar();
     EXPECT_EQ(StatusOf({StagePath("cup")}), 0);
     ExpectTitle("cup");
+    EXPECT_EQ(StatusOf({display_.Folder() + "other/STAGES", StagePath("dot")}), 0);
+    ExpectTitle("dot");
+    EXPECT_TRUE(Box().empty()) << display_.AllWindows();
+    program_->Send(SIGTERM);
+    EXPECT_EQ(WaitForEnd(), 0) << display_.AllWindows();
+    EXPECT_THAT(Settings(), HasSubstr("MugeDir = " + display_.Folder() + "other/\r\n"));
 }
 
 TEST_F(Starting, ASocketThatACrashLeftIsNoInstance) {
@@ -274,6 +323,8 @@ TEST_F(Starting, WhatIsHandedOverWhileABoxIsOpenWaitsForIt) {
     display_.Do("windowactivate --sync " + Box());
     Key("Return");
     ExpectTitle("cup");
+    ExpectSaved("RecentFile = " + StagePath("cup") + "\r\nRecentFile = " + StagePath("dot") +
+                "\r\nRecentFile = " + StagePath("bar") + "\r\n");
 }
 
 TEST_F(Starting, WhatIsHandedOverWhileTheFolderIsAskedForWaitsForIt) {
@@ -297,6 +348,19 @@ TEST_F(Starting, AProgramThatIsStoppedDoesNotAnswer) {
     ExpectTitle("dot");
     ExpectSaved("RecentFile = " + StagePath("dot") + "\r\nRecentFile = " + StagePath("bar") +
                 "\r\n");
+}
+
+// What it took it would not show any more.
+TEST_F(Starting, AProgramThatIsEndingTakesNothing) {
+    StartWithBar();
+    fs::remove(Folder() / "bin/QX.CFG");
+    fs::create_directories(Folder() / "bin/QX.CFG/in the way");
+    Key("alt+F4");
+    ExpectBox();  // the settings cannot be saved
+    EXPECT_EQ(StatusOf({StagePath("cup")}), 1);
+    EXPECT_THAT(output_, HasSubstr("scenara: the program that runs already does not answer\n"));
+    Key("Return");
+    EXPECT_EQ(WaitForEnd(), 0);
 }
 
 // --- the MUGEN folder ---
@@ -375,6 +439,22 @@ TEST_F(StartingTiled, TheWindowThatMayNotComeAsksForAttention) {
     ExpectTitle("cup");
     ExpectInFront();
     EXPECT_TRUE(Eventually([&] { return !isUrgent(); })) << "once it has been seen";
+}
+
+// Unless it is told otherwise, this manager gives the focus to no window of a hidden workspace.
+TEST_F(StartingTiled, OnAnotherWorkspaceTheWindowStaysThereAndAsksForAttention) {
+    WriteSettings();
+    Start({}, StagePath("bar"));
+    ExpectTitle("bar");
+    display_.Tell("workspace 2");
+    EXPECT_EQ(StatusOf({StagePath("cup")}), 0);
+    EXPECT_TRUE(Eventually([&] {
+        return display_.Tell("-t get_workspaces").find("\"urgent\":true") != std::string::npos;
+    })) << display_.Tell("-t get_workspaces");
+    EXPECT_EQ(display_.Workspace(), "2");
+    display_.Tell("workspace 1");
+    ExpectTitle("cup");
+    ExpectInFront();
 }
 
 // A compositor gives the focus to who shows the token that it has given away for that.

@@ -236,15 +236,17 @@ TEST_F(X11DisplayModesTest, ModesAreThoseOfTheScreenWhereverTheWindowIs) {
 }
 
 TEST(X11DisplayModesWithoutADisplay, HasOneEmptyModeAndTheOneOfItsMaking) {
-    X11DisplayModes modes([] { return ScreenRectangle{}; }, ":no-such-display");
-    EXPECT_EQ(modes.EnumDisplaySettings(0), DisplaySettings{});
-    EXPECT_EQ(modes.EnumDisplaySettings(1), kEmulated);
-    EXPECT_EQ(modes.Current(), DisplaySettings{});
-    EXPECT_TRUE(modes.ChangeDisplaySettings(kEmulated));
-    EXPECT_EQ(modes.Current(), kEmulated);
-    EXPECT_FALSE(modes.ChangeDisplaySettings(kSmall));
-    EXPECT_TRUE(modes.ChangeDisplaySettings(DisplaySettings{}));
-    EXPECT_EQ(modes.Current(), DisplaySettings{});
+    for (const char* const name : {"", ":no-such-display"}) {
+        X11DisplayModes modes([] { return ScreenRectangle{}; }, name);
+        EXPECT_EQ(modes.EnumDisplaySettings(0), DisplaySettings{});
+        EXPECT_EQ(modes.EnumDisplaySettings(1), kEmulated);
+        EXPECT_EQ(modes.Current(), DisplaySettings{});
+        EXPECT_TRUE(modes.ChangeDisplaySettings(kEmulated));
+        EXPECT_EQ(modes.Current(), kEmulated);
+        EXPECT_FALSE(modes.ChangeDisplaySettings(kSmall));
+        EXPECT_TRUE(modes.ChangeDisplaySettings(DisplaySettings{}));
+        EXPECT_EQ(modes.Current(), DisplaySettings{});
+    }
 }
 
 }  // namespace

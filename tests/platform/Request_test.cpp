@@ -136,6 +136,32 @@ TEST(Request, HasTheFirstOfVeryManyPaths) {
     EXPECT_EQ(ReadRequest(*bytes), request);
 }
 
+TEST(Request, OfSeveralThatWaitHasThePathsInTurn) {
+    using Paths = std::vector<std::string>;
+    const struct {
+        Paths newer;
+        Paths older;
+        Paths inTurn;
+    } rows[] = {
+        {{"/a"}, {}, {"/a"}},
+        {{}, {"/a"}, {"/a"}},
+        {{"/b", "/a"}, {"/c", "/d"}, {"/b", "/a", "/c", "/d"}},
+        {{"/b", "/a"}, {"/c", "/b", "/a"}, {"/b", "/a", "/c"}},
+        {{"/a", "/b", "/a"}, {}, {"/a", "/b"}},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(PathsInTurn(row.newer, row.older), row.inTurn);
+    }
+    Paths many;
+    for (std::size_t i = 0; i < kMostRequestPaths; ++i) {
+        many.push_back("/" + std::to_string(i));
+    }
+    Paths expected = many;
+    expected.pop_back();
+    expected.insert(expected.begin(), "/new");
+    EXPECT_EQ(PathsInTurn({"/new"}, many), expected);
+}
+
 TEST(Request, MayHaveNoPath) {
     EXPECT_EQ(ReadRequest(*RequestBytes({"mark", {}})), (Request{"mark", {}}));
 }

@@ -37,7 +37,7 @@ Waiter Scroll(Long value) {
     return {[value](FormEvents& to) { to.hscSGFX_Scroll(value); }, Kind::SpriteBar};
 }
 Waiter Start(const char* path) {
-    return {[path](FormEvents& to) { to.Form_OLEDragDrop({path}); }, Kind::Request};
+    return {[path](FormEvents& to) { to.Form_Given({path}); }, Kind::Request};
 }
 Waiter Select(Long index) {
     return {[index](FormEvents& to) { to.lstStages_Click(index); }, Kind::Once};
@@ -75,7 +75,7 @@ TEST(Waiting, AreToldInTheirOrderAndTheLastMoveCounts) {
                {Scroll(1), Scroll(2), Sprite(2)}, "sprite 2");
     ExpectTold("and the scrolling that of an earlier one", {Sprite(3), Scroll(4)}, "scroll 4");
     ExpectTold("of later starts the last one counts", {Start("/a"), Select(1), Start("/b")},
-               "list 1, drop /b");
+               "list 1, given /b");
 }
 
 TEST(Waiting, WhatLeavesTheStageIsKnownUntilItIsTold) {

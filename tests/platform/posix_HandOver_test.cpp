@@ -52,7 +52,8 @@ protected:
     void Serve() {
         pollfd ready{listener_->Descriptor(), POLLIN, 0};
         while (::poll(&ready, 1, 0) > 0) {
-            listener_->Serve([this](Request request) { taken_.push_back(std::move(request)); });
+            listener_->Serve({[this] { return takesAny_; },
+                              [this](Request request) { taken_.push_back(std::move(request)); }});
         }
     }
     // Hands the request over from another thread, while this one serves.
@@ -100,6 +101,7 @@ protected:
     Instance first_{"", folder_.Path()};
     std::optional<RequestListener> listener_;
     std::vector<Request> taken_;
+    bool takesAny_ = true;
 };
 
 TEST_F(Handed, IsTakenWhole) {
@@ -164,6 +166,38 @@ TEST_F(Handed, WaitsForOneThatIsJustStarting) {
     EXPECT_EQ(result, HandedOver::Taken);
 }
 
+TEST_F(Handed, IsNotTakenByOneThatIsToEnd) {
+    takesAny_ = false;
+    const UnixSocket refused = Connected();
+    Send(refused, Bytes());
+    refused.EndSending();
+    Serve();
+    EXPECT_TRUE(taken_.empty());
+    EXPECT_FALSE(IsAnswered(refused));
+    EXPECT_TRUE(IsClosed(refused));
+    std::atomic<bool> ended = false;
+    HandedOver result = HandedOver::NotAnswered;
+    std::optional<Instance> ending(std::in_place, "ending", folder_.Path());
+    EXPECT_FALSE(ending->AnotherRuns());
+    listener_.emplace(ending->Socket());
+    std::thread client([&] {
+        Instance second("ending", folder_.Path());
+        result = HandOver(second, Bytes(), kLong);
+        ended = true;
+    });
+    for (int served = 0; served < 3;) {
+        pollfd ready{listener_->Descriptor(), POLLIN, 0};
+        served += ::poll(&ready, 1, 1) > 0 ? 1 : 0;
+        Serve();
+    }
+    EXPECT_FALSE(ended) << "it waits for the end";
+    listener_.reset();
+    ending.reset();
+    client.join();
+    EXPECT_EQ(result, HandedOver::NobodyRuns);
+    EXPECT_TRUE(taken_.empty());
+}
+
 TEST_F(Handed, ASocketThatACrashLeftIsReplaced) {
     const std::string left = folder_.Path() + "left.sock";
     {
@@ -187,7 +221,7 @@ TEST_F(Handed, NobodyIsHeardWhereThereCanBeNoSocket) {
                                     folder_.Path() + std::string(200, 'x')}) {
         RequestListener listener(path);
         EXPECT_EQ(listener.Descriptor(), -1);
-        listener.Serve([](const Request&) { FAIL(); });
+        listener.Serve({[] { return true; }, [](const Request&) { FAIL(); }});
     }
 }
 

@@ -14,6 +14,7 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/Request.h"
 #include "platform/qt/Launch.h"
 #include "platform/qt/PictureWidget.h"
 #include "platform/qt/TitlePicture.h"
@@ -79,19 +80,35 @@ TEST_F(Given, NothingInTheWindowTakesDropsForItself) {
     EXPECT_TRUE(window.acceptDrops());
 }
 
-TEST_F(Given, WhatALaterStartHandsOverIsToldAsADrop) {
+TEST_F(Given, WhatALaterStartHandsOverIsTold) {
     window.TakeRequest({"", {"/a.def", "/mugen"}});
     EXPECT_TRUE(window.LeavingWaits());
     window.DoEvents();
-    EXPECT_EQ(program.Text(), "drop /a.def, drop /mugen");
+    EXPECT_EQ(program.Text(), "given /a.def, given /mugen");
 }
 
-TEST_F(Given, OfSeveralLaterStartsTheLastCounts) {
+TEST_F(Given, SeveralLaterStartsAreToldAsOne) {
+    window.TakeRequest({"", {"/a", "/b"}});
+    window.TakeRequest({"", {"/c", "/a"}});
+    window.TakeRequest({"12", {}});
+    window.DoEvents();
+    EXPECT_EQ(program.Text(), "given /c, given /a, given /b");
+    window.TakeRequest({"", {"/b"}});
+    window.DoEvents();
+    EXPECT_EQ(program.Text(), "given /b") << "those were told";
+}
+
+TEST_F(Given, OfVeryManyLaterStartsTheLastCount) {
+    std::string expected;
     for (int i = 0; i < 1000; ++i) {
-        window.TakeRequest({"", {"/" + std::to_string(i) + ".def"}});
+        const std::string path = "/" + std::to_string(i) + ".def";
+        window.TakeRequest({"", {path}});
+        if (i >= 1000 - static_cast<int>(kMostRequestPaths)) {
+            expected.insert(0, "given " + path + (expected.empty() ? "" : ", "));
+        }
     }
     window.DoEvents();
-    EXPECT_EQ(program.Text(), "drop /999.def");
+    EXPECT_EQ(program.Text(), expected);
 }
 
 TEST_F(Given, AMarkOfAnyKindDoesNoHarm) {

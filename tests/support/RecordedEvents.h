@@ -29,6 +29,11 @@ public:
             Add("drop " + path);
         }
     }
+    void Form_Given(const std::vector<std::string>& paths) override {
+        for (const std::string& path : paths) {
+            Add("given " + path);
+        }
+    }
     void Menu_Click(Menu item) override { Add("menu", static_cast<Long>(item)); }
     void MnuRecentFiles_Click(Long index) override { Add("recent", index); }
     void lstStages_Click(Long index) override { Add("list", index); }

@@ -18,7 +18,8 @@ enum class HandedOver {
 };
 
 // Hands a request (platform/Request.h) over to the program that has the instance. A program that is
-// just starting, or just ending, is waited for like any other, up to `patience`.
+// just starting is waited for like any other, up to `patience`; one that is just ending takes
+// nothing, and its end is waited for so long.
 [[nodiscard]] HandedOver HandOver(Instance& instance, std::span<const std::byte> request,
                                   std::chrono::milliseconds patience);
 

@@ -43,7 +43,7 @@ void RequestListener::Watch(int descriptor) const {
     static_cast<void>(::epoll_ctl(readiness_, EPOLL_CTL_ADD, descriptor, &event));
 }
 
-void RequestListener::Serve(const std::function<void(Request)>& take) {
+void RequestListener::Serve(const Taker& taker) {
     std::array<epoll_event, kMostConnections + 1> events{};
     const int count = ::epoll_wait(readiness_, events.data(), static_cast<int>(events.size()), 0);
     const auto ready = std::span(events).first(static_cast<std::size_t>(std::max(count, 0)));
@@ -54,7 +54,7 @@ void RequestListener::Serve(const std::function<void(Request)>& take) {
         const auto connection = std::find_if(
             connections_.begin(), connections_.end(),
             [&](const Connection& open) { return open.socket.Descriptor() == event.data.fd; });
-        if (connection != connections_.end() && !Receive(*connection, take)) {
+        if (connection != connections_.end() && !Receive(*connection, taker)) {
             connections_.erase(connection);
         }
     }
@@ -78,8 +78,7 @@ void RequestListener::Accept() {
     }
 }
 
-bool RequestListener::Receive(Connection& connection,
-                              const std::function<void(Request)>& take) const {
+bool RequestListener::Receive(Connection& connection, const Taker& taker) const {
     std::vector<std::byte>& received = connection.received;
     const std::size_t before = received.size();
     received.resize(before + kMostAtOnce);
@@ -89,8 +88,8 @@ bool RequestListener::Receive(Connection& connection,
         return received.size() <= kMostRequestBytes;
     }
     std::optional<Request> request = ReadRequest(received);
-    if (request && connection.socket.Send({&kRequestTaken, 1}).count == 1) {
-        take(std::move(*request));
+    if (request && taker.takesAny() && connection.socket.Send({&kRequestTaken, 1}).count == 1) {
+        taker.take(std::move(*request));
     }
     return false;
 }

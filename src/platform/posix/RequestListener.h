@@ -3,7 +3,8 @@
 // RequestListener: the end of the program that runs, of what later starts hand over to it.
 //
 // A start connects, sends a request (platform/Request.h), and ends its sending. The answer is one
-// byte, kRequestTaken. A connection that sends anything else is closed without an answer.
+// byte, kRequestTaken. A connection that sends anything else is closed without an answer; so is one
+// whose request comes when the program takes none any more, as it ends.
 //
 // Whatever connects does the program no harm: there are at most kMostConnections at a time, of
 // which the oldest gives way to a new one; each is kept up to the length of a request; and no call
@@ -37,9 +38,15 @@ public:
     // Can be read from while there is something to serve; -1: never.
     [[nodiscard]] int Descriptor() const { return readiness_; }
 
-    // Takes in what has come by now. Each request goes to `take` whose sender still waits for the
-    // answer; one that has given up has told its user so.
-    void Serve(const std::function<void(Request)>& take);
+    // Who hears of requests: whether any are taken now, and what takes them.
+    struct Taker {
+        std::function<bool()> takesAny;
+        std::function<void(Request)> take;
+    };
+
+    // Takes in what has come by now. Each request is taken whose sender still waits for the answer;
+    // one that has given up has told its user so.
+    void Serve(const Taker& taker);
 
 private:
     struct Connection {
@@ -50,7 +57,7 @@ private:
     void Watch(int descriptor) const;
     void Accept();
     // Whether the connection goes on.
-    bool Receive(Connection& connection, const std::function<void(Request)>& take) const;
+    bool Receive(Connection& connection, const Taker& taker) const;
 
     std::string path_;
     UnixSocket listening_;

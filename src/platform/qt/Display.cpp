@@ -91,13 +91,17 @@ bool IsWayland() {
 
 // An X display has screens, which are one display (":0.0" and ":0").
 std::string DisplayName() {
-    const auto* const x11 = qApp->nativeInterface<QNativeInterface::QX11Application>();
-    if (x11 != nullptr && x11->display() != nullptr) {
-        const std::string name = XDisplayString(x11->display());
+    if (const std::string name = XDisplayName(); !name.empty()) {
         return name.substr(0, name.find('.', std::min(name.rfind(':'), name.size())));
     }
     return QGuiApplication::platformName().toStdString() +
            qEnvironmentVariable("WAYLAND_DISPLAY").toStdString();
+}
+
+std::string XDisplayName() {
+    const auto* const x11 = qApp->nativeInterface<QNativeInterface::QX11Application>();
+    return x11 != nullptr && x11->display() != nullptr ? XDisplayString(x11->display())
+                                                       : std::string();
 }
 
 void MakeAutoRepeatDetectable() {

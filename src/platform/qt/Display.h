@@ -23,6 +23,10 @@ namespace scenara {
 // What tells this display from others of the user, with the application object there.
 [[nodiscard]] std::string DisplayName();
 
+// The X display that the windows are on, and its screen, with the application object there: perhaps
+// another one than the environment's. Empty: they are on none.
+[[nodiscard]] std::string XDisplayName();
+
 // A key that is held repeats as presses only, without releases in between.
 void MakeAutoRepeatDetectable();
 

@@ -11,6 +11,7 @@
 #include <cstdint>
 #include <cstdlib>
 #include <optional>
+#include <string_view>
 
 #include <xcb/xcb.h>
 
@@ -23,6 +24,10 @@ namespace {
 
 // Milliseconds until a window that has asked for the focus should have it.
 constexpr int kFocusPatience = 500;
+
+// Milliseconds; the display's time begins anew after its greatest number. A terminal may leave its
+// own name to what is started in it, long after.
+constexpr std::uint32_t kMostOfAStart = 30000;
 
 constexpr const char* kToken = "XDG_ACTIVATION_TOKEN";
 
@@ -94,6 +99,20 @@ private:
     xcb_window_t window_ = 0;
 };
 
+// When the user asked for the start of that name, in the display's time; 0: it does not say.
+std::uint32_t TimeIn(std::string_view id) {
+    constexpr std::string_view kBefore = "_TIME";
+    const std::size_t at = id.rfind(kBefore);
+    if (at == std::string_view::npos) {
+        return 0;
+    }
+    const std::string_view digits = id.substr(at + kBefore.size());
+    std::uint32_t time = 0;
+    const char* const all = digits.data() + digits.size();
+    const auto [end, error] = std::from_chars(digits.data(), all, time);
+    return error == std::errc() && end == all ? time : 0;
+}
+
 // As the window itself would ask for it at this time, on X.
 void AskForFocus(xcb_connection_t* display, const QWindow& window, xcb_timestamp_t time) {
     const auto id = static_cast<xcb_window_t>(window.winId());
@@ -138,8 +157,12 @@ std::string Launch::Mark() const {
     if (XDisplay() == nullptr) {
         return {};
     }
-    const std::optional<xcb_timestamp_t> time = HiddenWindow().Time();
-    return time ? std::to_string(*time) : std::string();
+    const std::optional<xcb_timestamp_t> now = HiddenWindow().Time();
+    if (!now) {
+        return {};
+    }
+    const std::uint32_t asked = TimeIn(id_);
+    return std::to_string(asked != 0 && *now - asked <= kMostOfAStart ? asked : *now);
 }
 
 void Launch::End() const {

@@ -685,9 +685,10 @@ bool MainWindow::eventFilter(QObject* receiver, QEvent* event) {
 
 void MainWindow::TakeRequest(Request request) {
     if (!request.paths.empty()) {
-        waiting_.Add([paths = std::move(request.paths)](
-                         FormEvents& events) { events.Form_OLEDragDrop(paths); },
-                     WaitingEvents::Kind::Request);
+        requested_ = PathsInTurn(std::move(request.paths), requested_);
+        waiting_.Add(
+            [this](FormEvents& events) { events.Form_Given(std::exchange(requested_, {})); },
+            WaitingEvents::Kind::Request);
     }
     QWidget* const asked = QApplication::activeModalWidget();
     QWidget* const shown = covering_ != nullptr ? covering_->window() : this;

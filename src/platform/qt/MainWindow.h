@@ -71,7 +71,8 @@ public:
     void NoteUnload();
 
     // A later start of the program has handed this over: it is opened after what is open now, and
-    // the program comes to the front. Of several that wait the last one counts.
+    // the program comes to the front. Several that wait are opened as one, the last one's paths
+    // first.
     void TakeRequest(Request request);
 
     // A window with this picture stands in its place: until there is none nothing shows it.
@@ -177,7 +178,8 @@ private:
     std::uint32_t filled_ = 0;  // of which filling
     int selectionNoted_ = -1;   // the row that a press of the mouse has selected just now
     WaitingEvents waiting_;
-    mutable WindowSize size_;  // it looks at the window when it is asked
+    std::vector<std::string> requested_;  // the paths of the later starts that wait
+    mutable WindowSize size_;             // it looks at the window when it is asked
     bool wasShown_ = false;
     bool hasStand_ = false;  // it comes up where the user had it
     WindowSight sight_;

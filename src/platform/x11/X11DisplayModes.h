@@ -30,9 +30,8 @@ public:
     static constexpr DisplaySettings kEmulated{CanvasSize().width, CanvasSize().height, 24, 60,
                                                true};
 
-    // `windowPlace`: where the main window stands. `display`: for tests; empty: the environment's.
-    explicit X11DisplayModes(std::function<ScreenRectangle()> windowPlace,
-                             std::string display = {});
+    // `windowPlace`: where the main window stands. `display`: the one that it is on; empty: none.
+    X11DisplayModes(std::function<ScreenRectangle()> windowPlace, std::string display);
     ~X11DisplayModes() override { Restore(); }
 
     [[nodiscard]] std::optional<DisplaySettings> EnumDisplaySettings(Long index) override;

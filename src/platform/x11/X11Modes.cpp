@@ -80,8 +80,9 @@ std::int64_t Overlap(const X11Screen& screen, const ScreenRectangle& place) {
 }  // namespace
 
 X11Modes::X11Modes(const std::string& display) {
+    constexpr const char* kNone = ":";  // an empty name would be the environment's
     int number = 0;
-    connection_ = {xcb_connect(display.empty() ? nullptr : display.c_str(), &number),
+    connection_ = {xcb_connect(display.empty() ? kNone : display.c_str(), &number),
                    [](xcb_connection_t* connection) { xcb_disconnect(connection); }};
     if (xcb_connection_has_error(connection_.get()) == 0) {
         screen_ = ScreenNumber(connection_.get(), number);

@@ -39,7 +39,7 @@ struct X11Mode {
 
 class X11Modes {
 public:
-    // An empty name: the display of the environment.
+    // An empty name: there is no display.
     explicit X11Modes(const std::string& display);
 
     // The screen on which most of the rectangle lies; where it lies on none, the primary one, else
