@@ -294,9 +294,8 @@ TEST_F(Layout, WhatAStageMadeOfTheWindowWithoutTheAdditionsGoesWithThem) {
     window.MoveTo({150, 300, 900 * kUnitsPerPixel, 700 * kUnitsPerPixel});
     LetSizeCome();
     const Act flip = Choose(Menu::mnuAdditions);
-    WhileAIsShown({flip, Wait, Drop(kStageC), Wait,
-                   [&] { ExpectSize(320 + kListWidth, 240); }, flip, Wait,
-                   [&] { ExpectPlace(10, 20, 900, 700); }, Drop(kStageA), Wait,
+    WhileAIsShown({flip, Wait, Drop(kStageC), Wait, [&] { ExpectSize(320 + kListWidth, 240); },
+                   flip, Wait, [&] { ExpectPlace(10, 20, 900, 700); }, Drop(kStageA), Wait,
                    [&] { ExpectPlace(10, 20, 900, 700); }});
 }
 

@@ -3,11 +3,11 @@
 // Launch: what the desktop gives to a start of the program, for the window that comes of it.
 //
 // When the window is one that is there already, it comes to the front by what the later start got:
-// on Wayland a token (XDG_ACTIVATION_TOKEN), on X the display's time at which the user asked for it,
-// since a window that tells an older one than the user's last key press is refused. What starts it
-// says it at the end of the start's name (DESKTOP_STARTUP_ID: ..._TIME and a number, 0 for none);
-// else, or where that is long ago, it is the time of the start itself. That is the start's mark
-// (Request.h).
+// on Wayland a token (XDG_ACTIVATION_TOKEN), on X the display's time at which the user asked for
+// it, since a window that tells an older one than the user's last key press is refused. What starts
+// it says it at the end of the start's name (DESKTOP_STARTUP_ID: ..._TIME and a number, 0 for
+// none); else, or where that is long ago, it is the time of the start itself. That is the start's
+// mark (Request.h).
 #pragma once
 
 #include <string>
