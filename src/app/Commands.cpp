@@ -168,6 +168,9 @@ void frmStage::mnuAdditions_Click() {
     form_[Menu::mnuAdditions].Flip();
     TakeExtras();
     StateChanged();
+    FillStageList();
+    form_.lstStages.width = kStageListWidth;  // with additions as wide as the user has made it
+    LayOutControls(form_.innerWidth, form_.innerHeight);
     GiveSizeBack();
     if (show_.Loop().StageRunning != 0) {
         keepsSize_ = true;

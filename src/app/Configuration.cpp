@@ -14,6 +14,7 @@
 #include "base/RunTimeError.h"
 #include "base/Text.h"
 #include "platform/LineReader.h"
+#include "platform/TextFile.h"
 
 namespace scenara {
 namespace {

@@ -11,6 +11,7 @@
 #include "base/RunTimeError.h"
 #include "base/Text.h"
 #include "platform/LineReader.h"
+#include "platform/TextFile.h"
 
 namespace scenara {
 namespace {

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
 // How the program starts.
-#include <algorithm>
-
 #include "app/Extras.h"
 #include "app/GivenPaths.h"
 #include "app/MenuTree.h"
@@ -13,12 +11,6 @@
 
 namespace scenara {
 namespace {
-
-// The stage list as the window is designed, in pixels.
-constexpr Long kStageListWidth = 160;
-// What can be asked for instead.
-constexpr Long kLeastListWidth = 80;
-constexpr Long kMostListWidth = 1000;
 
 // What a show asks of the machine, with these messages in place of the machine's own.
 ShowMachine With(const ShowMachine& machine, Messages& messages) {
@@ -35,7 +27,9 @@ frmStage::frmStage(const Machine& machine, Form& form, const ViewOptions& option
       show_(With(machine, loadMessages_), options, *this),
       music_(machine.media),
       browser_(show_.Model(), show_.Options(), show_.SpriteBrowserMode, form.hscSGFX, *this),
-      screen_(machine.display) {
+      screen_(machine.display),
+      catalog_(form.lstStages),
+      search_(machine.files, machine.background) {
     DesignMenus(form_);
     form_.picLoad.width = show_.Picture().width;
     form_.picLoad.height = show_.Picture().height;
@@ -67,9 +61,9 @@ void frmStage::Form_Load(const std::vector<std::string>& given) {
         form_[Menu::mnuSmooth].checked = extras_.Smooth;
         form_[Menu::mnuWholeMultiples].checked = extras_.WholeMultiplesOnly;
         form_[Menu::mnuSwitchMode].checked = extras_.SwitchDisplayMode;
-        if (extras_.Additions && extras_.ListWidth) {
-            form_.lstStages.width =
-                std::clamp<Long>(*extras_.ListWidth, kLeastListWidth, kMostListWidth);
+        if (extras_.Additions) {
+            constexpr Long kWideWindow = 1280;  // it is not known yet how wide it comes up
+            form_.lstStages.width = ListWidthIn(kWideWindow);
         }
     }));
     MakeExtrasText();
@@ -101,6 +95,7 @@ void frmStage::Form_Load(const std::vector<std::string>& given) {
         }
         FillStageList();
     }));
+    form_.lstStages.MoveKeys(KeyPlace::List);  // nothing is shown that they could drive
     ComeUp();
 }
 

@@ -86,6 +86,9 @@ void frmStage::LayOutControls(Long innerWidth, Long innerHeight) {
     wishedSize_ = {innerWidth, innerHeight};
     form_.innerWidth = innerWidth;
     form_.innerHeight = innerHeight;
+    if (show_.Options().Additions) {
+        form_.lstStages.width = ListWidthIn(innerWidth);
+    }
     const Long listWidth = ListWidth();
     form_.picDraw.width = innerWidth > listWidth ? innerWidth - listWidth : 0;
     form_.picDraw.height = innerHeight;

@@ -47,6 +47,7 @@ bool frmStage::IsStageAskedFor(MessageIcon icon) {
 void frmStage::OpenStage() {
     if (!IsStageAskedFor(MessageIcon::Exclamation)) {
         SelectShown();
+        catalog_.NoteIsNone(show_.Which.CurrentStageFile);
         return;
     }
     SetCaption(show_.Which.CurrentStageFile);
@@ -61,6 +62,7 @@ void frmStage::MnuRecentFiles_Click(Long index) {
         if (!form_[Menu::mnuStage].enabled) {
             return;  // chosen just before a load began
         }
+        form_.lstStages.MoveKeys(KeyPlace::Picture);
         show_.Which.CurrentStageFile = RaiseRecentFile(form_, static_cast<std::size_t>(index));
         if (IsStageAskedFor(MessageIcon::CriticalStop)) {
             SelectAskedFor();
@@ -101,73 +103,78 @@ void frmStage::NoteChosen() {
     if (!show_.Options().Additions || index < 0) {
         return;
     }
-    const std::string& item = form_.lstStages.items.at(static_cast<std::size_t>(index));
     which.follows.clear();
-    const bool loads =
-        show_.State() == ShowState::Loading && IsStageFile(MugeDir, item, which.shown);
-    if (!loads) {
-        which.chosen = StageFile(MugeDir, item);
+    if (show_.State() != ShowState::Loading || ListedIndexOf(which.shown) != index) {
+        which.chosen = ListedFile(index);
     }
 }
 
 void frmStage::OpenListed() {
-    const auto index = static_cast<std::size_t>(form_.lstStages.ListIndex);
-    show_.Which.CurrentStageFile = StageFile(MugeDir, form_.lstStages.items.at(index));
+    show_.Which.CurrentStageFile = ListedFile(form_.lstStages.ListIndex);
     OpenStage();
+}
+
+std::string frmStage::ListedFile(Long index) const {
+    return form_.lstStages.browses
+               ? catalog_.At(index).file
+               : StageFile(MugeDir, form_.lstStages.items.at(static_cast<std::size_t>(index)));
+}
+
+// -1: it is not in the list.
+Long frmStage::ListedIndexOf(const std::string& path) const {
+    const ListBox& list = form_.lstStages;
+    if (list.browses) {
+        return catalog_.IndexOf(path);
+    }
+    const auto item = std::ranges::find_if(
+        list.items, [&](const std::string& each) { return IsStageFile(MugeDir, each, path); });
+    return item == list.items.end() ? -1 : static_cast<Long>(item - list.items.begin());
 }
 
 // Addition: however a stage was chosen, the list selects it, or nothing where it is not in the
 // list; so that Next and Previous go on from what is shown.
 void frmStage::SelectAskedFor() {
     if (show_.Options().Additions) {
-        passedOver_.reset();
-        SelectFile(show_.Which.CurrentStageFile);
+        catalog_.ForgetPassed();
+        form_.lstStages.ListIndex = ListedIndexOf(show_.Which.CurrentStageFile);
     }
 }
 
 // Addition: what was selected could not be opened. The list selects what is shown all the same, or
-// is about to be.
+// is about to be; steps go on from what was passed over.
 void frmStage::SelectShown() {
     if (!show_.Options().Additions) {
         return;
     }
-    passedOver_ = form_.lstStages.ListIndex;
-    const bool isShown = show_.Loop().StageRunning != 0;
-    SelectFile(show_.Which.next.value_or(isShown ? show_.Which.shown : std::string()));
-}
-
-void frmStage::SelectFile(const std::string& path) {
-    const std::vector<std::string>& items = form_.lstStages.items;
-    const auto item = std::ranges::find_if(
-        items, [&](const std::string& each) { return IsStageFile(MugeDir, each, path); });
-    form_.lstStages.ListIndex = item == items.end() ? -1 : static_cast<Long>(item - items.begin());
-}
-
-// Where Next and Previous begin. Addition: beyond what could not be opened, which they would come
-// to again and again.
-Long frmStage::FirstPassed(bool forwards) const {
-    const Long selected = form_.lstStages.ListIndex;
-    if (!show_.Options().Additions || !passedOver_) {
-        return selected;
+    if (form_.lstStages.ListIndex >= 0) {
+        catalog_.PassOver(form_.lstStages.ListIndex);
     }
-    return forwards || selected < 0 ? std::max(selected, *passedOver_)
-                                    : std::min(selected, *passedOver_);
+    SelectWhatShows();
 }
 
+void frmStage::SelectWhatShows() {
+    const bool isShown = show_.Loop().StageRunning != 0;
+    form_.lstStages.ListIndex =
+        ListedIndexOf(show_.Which.next.value_or(isShown ? show_.Which.shown : std::string()));
+}
+
+// Addition: beyond what could not be opened, which it would come to again and again.
 void frmStage::mnuStageNext_Click() {
-    if (const Long from = FirstPassed(true); from != Count(form_.lstStages) - 1) {
-        SelectStage(from + 1);
+    if (show_.Options().Additions) {
+        Step(1);
+    } else if (const Long selected = form_.lstStages.ListIndex;
+               selected != Count(form_.lstStages) - 1) {
+        SelectStage(selected + 1);
     }
 }
 
 // Deliberate: plain, with nothing selected it asks the list for item -2, which the list rejects
 // (PlainOpening.PreviousWithoutASelectionIsAnError). Addition: it goes to the last one.
 void frmStage::mnuStagePrev_Click() {
-    const Long from = FirstPassed(false);
-    if (show_.Options().Additions && from < 0) {
-        SelectStage(Count(form_.lstStages) - 1);
-    } else if (from != 0) {
-        SelectStage(from - 1);
+    if (show_.Options().Additions) {
+        Step(-1);
+    } else if (const Long selected = form_.lstStages.ListIndex; selected != 0) {
+        SelectStage(selected - 1);
     }
 }
 
@@ -177,8 +184,9 @@ void frmStage::mnuR_Click() {
         return;
     }
     std::mt19937 random(static_cast<std::uint32_t>(machine_.clock.QueryPerformanceCounter()));
-    std::uniform_int_distribution<Long> index(0, count > 0 ? count - 1 : 0);
-    SelectStage(index(random));
+    std::uniform_int_distribution<Long> among(0, count > 0 ? count - 1 : 0);
+    const Long index = among(random);
+    SelectStage(form_.lstStages.browses ? catalog_.NearestStage(index) : index);
 }
 
 void frmStage::mnuOpen_Click() {
@@ -187,6 +195,7 @@ void frmStage::mnuOpen_Click() {
     const std::string chosen =
         machine_.dialogs.OpenFile("Choose your stage!", isThere ? folder : std::string());
     if (!chosen.empty()) {
+        form_.lstStages.MoveKeys(KeyPlace::Picture);
         show_.Which.CurrentStageFile = ChosenStage(chosen);
         OpenStage();
     }

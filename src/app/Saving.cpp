@@ -17,6 +17,7 @@ constexpr std::uint32_t kLookEvery = 100;
 bool frmStage::Form_Idle() {
     bool again = false;
     static_cast<void>(Guarded([&] { again = KeepSettings(); }));
+    static_cast<void>(Guarded([&] { again = FollowFolder() || again; }));
     return again;
 }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/SettingsText.h"
 
-#include <algorithm>
+#include <span>
 
 namespace scenara {
 
@@ -15,16 +15,6 @@ SettingsText ReadSettingsText(Files& files, const std::string& path) {
         settings.text.resize(settings.text.find_last_of("\r\n") + 1);  // none: nothing
     }
     return settings;
-}
-
-std::size_t TextFile::ReadAt(std::uint64_t position, std::span<std::byte> into) {
-    if (position >= text_.size()) {
-        return 0;
-    }
-    const auto rest = std::as_bytes(std::span(text_)).subspan(static_cast<std::size_t>(position));
-    const std::size_t count = std::min(rest.size(), into.size());
-    std::copy_n(rest.begin(), count, into.begin());
-    return count;
 }
 
 }  // namespace scenara

@@ -7,10 +7,7 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
-#include <span>
 #include <string>
-#include <utility>
 
 #include "platform/Files.h"
 
@@ -25,17 +22,5 @@ struct SettingsText {
 
 // Raises what opening and reading raise.
 [[nodiscard]] SettingsText ReadSettingsText(Files& files, const std::string& path);
-
-// A text to be read as a file.
-class TextFile : public InputFile {
-public:
-    explicit TextFile(std::string text) : text_(std::move(text)) {}
-
-    [[nodiscard]] std::uint64_t Size() const override { return text_.size(); }
-    std::size_t ReadAt(std::uint64_t position, std::span<std::byte> into) override;
-
-private:
-    std::string text_;
-};
 
 }  // namespace scenara

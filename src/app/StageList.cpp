@@ -1,23 +1,16 @@
 // SPDX-License-Identifier: MIT
 //
 // The engine folder, as the user chooses it, and the list of its stages.
-#include <algorithm>
+#include <chrono>
 #include <utility>
 
 #include "app/MugenFolder.h"
 #include "app/StageFiles.h"
 #include "app/frmStage.h"
 #include "base/Path.h"
+#include "platform/Clock.h"
 
 namespace scenara {
-namespace {
-
-class Unsaid : public Messages {
-public:
-    void Show(const Message& /*message*/) override {}
-};
-
-}  // namespace
 
 // Addition: the question at the first start stands over the window, which shows what it is about,
 // and can be left; the window then tells of the other way to the folder. False when the program is
@@ -50,52 +43,111 @@ void frmStage::TakeMugenFolder(const std::string& folder) {
     ShowFilledList();
 }
 
-// A user who chooses a folder wants to see what is in it.
+// A user who chooses a folder wants to see what is in it, as soon as that is known.
 void frmStage::ShowFilledList() {
     const bool isHidden = ShowStageList == 0 && FullScreenState == 0;
-    if (show_.Options().Additions && isHidden && !form_.lstStages.items.empty()) {
+    showsFilledList_ = false;
+    if (!show_.Options().Additions || !isHidden) {
+        return;
+    }
+    if (!form_.lstStages.items.empty()) {
         mnuStageList_Click();
+    } else {
+        showsFilledList_ = !searched_;
     }
 }
 
-// Addition: the window itself says that there are none, and no box does.
 void frmStage::FillStageList() {
-    Unsaid unsaid;
-    Messages& messages = show_.Options().Additions ? unsaid : machine_.messages;
+    constexpr std::chrono::milliseconds kAtOnce{150};
     ListBox& list = form_.lstStages;
-    list.items.clear();
-    list.ListIndex = -1;
-    passedOver_.reset();
-    ++list.filled;
-    if (!MugeDir.empty()) {
-        LoadFilestoList(list, StagesFolder(MugeDir), ".def", machine_.files, messages);
+    catalog_.Leave();
+    list.browses = show_.Options().Additions;
+    list.filter.clear();
+    searched_ = MugeDir.empty();
+    watched_.clear();
+    if (machine_.folders != nullptr) {
+        machine_.folders->Watch({});
+        static_cast<void>(machine_.folders->TakeChange());
+    }
+    if (!list.browses) {
+        FillPlainList();
+    } else if (!MugeDir.empty()) {
+        folderChanged_ = false;
+        lastSearch_ = machine_.clock.GetTickCount();
+        search_.Begin(MugeDir);
+        search_.AwaitNews(kAtOnce);
+        TakeFoundStages();
     }
     NoteEmptyList();
-    if (show_.Loop().StageRunning == 0) {
+    if (show_.Loop().StageRunning != 0) {
+        list.ListIndex = ListedIndexOf(show_.Which.shown);
+    }
+}
+
+void frmStage::FillPlainList() {
+    ++form_.lstStages.filled;
+    if (!MugeDir.empty()) {
+        LoadFilestoList(form_.lstStages, StagesFolder(MugeDir), ".def", machine_.files,
+                        machine_.messages);
+    }
+}
+
+// Addition: the list follows what happens in its folders. True: it is to be asked again soon.
+bool frmStage::FollowFolder() {
+    constexpr std::uint32_t kSearchEvery = 300;  // milliseconds; files mostly come in numbers
+    if (!form_.lstStages.browses || MugeDir.empty()) {
+        return false;
+    }
+    FolderWatch* const folders = machine_.folders;
+    folderChanged_ = (folders != nullptr && folders->TakeChange()) || folderChanged_;
+    const Long now = machine_.clock.GetTickCount();
+    if (folderChanged_ && TicksSince(lastSearch_, now) >= kSearchEvery) {
+        folderChanged_ = false;
+        lastSearch_ = now;
+        search_.Begin(MugeDir);
+    }
+    TakeFoundStages();
+    return folderChanged_ || (folders != nullptr && folders->MustBeAsked());
+}
+
+void frmStage::TakeFoundStages() {
+    std::optional<FoundStages> found = search_.TakeNews();
+    if (!found) {
         return;
     }
-    const auto shown = std::find_if(
-        list.items.begin(), list.items.end(),
-        [this](const std::string& item) { return IsStageFile(MugeDir, item, show_.Which.shown); });
-    if (shown != list.items.end()) {
-        list.ListIndex = static_cast<Long>(shown - list.items.begin());
+    searched_ = true;
+    catalog_.Take(std::move(found->stages));
+    if (machine_.folders != nullptr && found->folders != watched_) {
+        watched_ = std::move(found->folders);
+        machine_.folders->Watch(watched_);
+    }
+    if (form_.lstStages.ListIndex < 0 && show_.Loop().StageRunning != 0) {
+        form_.lstStages.ListIndex = catalog_.IndexOf(show_.Which.shown);
+    }
+    NoteEmptyList();
+    if (showsFilledList_) {
+        ShowFilledList();
     }
 }
 
 // Addition: why there are no stages stands in the title picture.
 void frmStage::NoteEmptyList() {
-    std::string note;
-    if (show_.Options().Additions && form_.lstStages.items.empty()) {
-        if (MugeDir.empty()) {
-            note = "No MUGEN folder is chosen.";
-        } else if (!machine_.files.FolderExists(MugeDir)) {
-            note = "The MUGEN folder is not there:\r\n" + MugeDir;
-        } else {
-            note = "No stages are there:\r\n" + StagesFolder(MugeDir);
-        }
-        note += "\r\nExtras > MUGEN Folder... chooses one";
+    const bool hasNone = form_.lstStages.browses && catalog_.Count() == 0;
+    form_.titleNote = hasNone ? NoteOfEmptyList() : std::string();
+}
+
+std::string frmStage::NoteOfEmptyList() const {
+    const std::string how = "\r\nExtras > MUGEN Folder... chooses one";
+    if (MugeDir.empty()) {
+        return "No MUGEN folder is chosen." + how;
     }
-    form_.titleNote = std::move(note);
+    if (!searched_) {
+        return "Looking for stages in\r\n" + StagesFolder(MugeDir);
+    }
+    if (!machine_.files.FolderExists(MugeDir)) {
+        return "The MUGEN folder is not there:\r\n" + MugeDir + how;
+    }
+    return "No stages are there:\r\n" + StagesFolder(MugeDir) + how;
 }
 
 }  // namespace scenara

@@ -4,11 +4,11 @@
 //
 // What is shown is a StageShow's affair; this is the window around one: start-up (FormLoad.cpp),
 // the sizes of the window and its controls (Layout.cpp), which stage is shown (Opening.cpp), the
-// loop that shows it (RunStage.cpp), the engine folder and the list (StageList.cpp), the other
-// commands (Commands.cpp), what is dropped or named at a start (Given.cpp), the test character
-// (TestChar.cpp), the background editor (Editing.cpp), the sprite browser (Browsing.cpp), the full
-// screen (FullScreen.cpp), what is saved meanwhile (Saving.cpp), what is reported of a load
-// (LoadMessages.cpp), the end (Unload.cpp).
+// loop that shows it (RunStage.cpp), the engine folder and the list (StageList.cpp), what the user
+// does in the list (ListEvents.cpp), the other commands (Commands.cpp), what is dropped or named at
+// a start (Given.cpp), the test character (TestChar.cpp), the background editor (Editing.cpp), the
+// sprite browser (Browsing.cpp), the full screen (FullScreen.cpp), what is saved meanwhile
+// (Saving.cpp), what is reported of a load (LoadMessages.cpp), the end (Unload.cpp).
 //
 // One thread. All that the user does arrives through FormEvents while the loop lets messages
 // through, so any handler may run between two frames, and between two images of a load. A run-time
@@ -32,12 +32,16 @@
 #include "app/LoadMessages.h"
 #include "app/ScreenModule.h"
 #include "app/SettingsKeeper.h"
+#include "app/StageCatalog.h"
+#include "app/StageSearch.h"
 #include "editor/ImageSets.h"
 #include "editor/SpriteBrowser.h"
 #include "music/clsMusic.h"
+#include "platform/Background.h"
 #include "platform/Dialogs.h"
 #include "platform/Direct3D8.h"
 #include "platform/DisplayModes.h"
+#include "platform/FolderWatch.h"
 #include "platform/Form.h"
 #include "platform/FullScreenForm.h"
 #include "platform/Keyboard.h"
@@ -60,6 +64,10 @@ inline constexpr MessageKind kMessageAbout = "about";
 inline constexpr MessageKind kMessageNotACharacter{"not-a-character", Severity::Error};
 inline constexpr MessageKind kMessageNoStageInFolder{"no-stage-in-folder", Severity::Error};
 inline constexpr MessageKind kMessageCharacterWaits = "character-waits";
+inline constexpr MessageKind kMessageCannotOpenFolder{"no-folder-program", Severity::Warning};
+
+// The stage list as the window is designed, in pixels.
+inline constexpr Long kStageListWidth = 160;
 
 // All that the program asks of a machine.
 struct Machine : ShowMachine {
@@ -68,6 +76,8 @@ struct Machine : ShowMachine {
     DisplayModes& display;
     FullScreenForm& fullScreen;
     MediaMachine& media;
+    Background* background = nullptr;  // none: what is done beside the program is done at once
+    FolderWatch* folders = nullptr;    // none: the list does not follow what happens in its folders
 };
 
 class frmStage : public FormEvents, private ShowEvents, private BrowserWindow {
@@ -125,6 +135,14 @@ public:
     void lstStages_Click(Long index) override {
         Handle([this, index] { SelectStage(index); });
     }
+    void lstStages_Step(Long steps) override;
+    void lstStages_Mark(Long index) override;
+    void lstStages_Leave() override;
+    void lstStages_Resize(Long width) override;
+    void lstStages_OpenFolder(const std::string& file) override;
+    void lstStages_CopyPath(const std::string& file) override;
+    void txtFilter_Change(const std::string& words) override;
+    void txtFilter_Enter() override;
     void MnuRecentFiles_Click(Long index) override;
     // Takes an engine folder, puts a character on the stage, opens the first stage and has the
     // others among the recent files (GivenPaths.h). While a stage loads, when that is done; what is
@@ -277,7 +295,14 @@ private:
     void TakeMugenFolder(const std::string& folder);
     void ShowFilledList();
     void FillStageList();
+    void FillPlainList();
     void NoteEmptyList();
+    [[nodiscard]] std::string NoteOfEmptyList() const;
+    [[nodiscard]] bool FollowFolder();
+    void TakeFoundStages();
+    [[nodiscard]] std::string ListedFile(Long index) const;
+    [[nodiscard]] Long ListedIndexOf(const std::string& path) const;
+    void Step(Long steps);
     void LeaveStage();
     void LoadAgain();
     void SelectStage(Long index);
@@ -285,8 +310,8 @@ private:
     void OpenListed();
     void SelectAskedFor();
     void SelectShown();
+    void SelectWhatShows();
     void SelectFile(const std::string& path);
-    [[nodiscard]] Long FirstPassed(bool forwards) const;
     // One of the files that settings are kept in.
     struct KeptFile {
         SettingsKeeper keeper;
@@ -320,6 +345,7 @@ private:
     void BringModeBack();
     // What the list beside the picture takes of the window.
     [[nodiscard]] Long ListWidth() const { return ShowStageList != 0 ? form_.lstStages.width : 0; }
+    [[nodiscard]] Long ListWidthIn(Long innerWidth) const;
     void SizeForPicture();
     void GiveSizeBack();
     void ComeUp();
@@ -359,11 +385,17 @@ private:
 
     bool settingsLoaded_ = false;
     Extras extras_;
-    KeptFile settingsFile_;           // QX.CFG
-    KeptFile extrasFile_;             // Scenara.ini
-    std::optional<Long> passedOver_;  // the item of the list that could not be opened just now
-    Long lastLook_ = 0;               // the tick of the last look whether they have changed
-    Long lastFocusLook_ = 0;          // the tick of the last look who is in front, while paused
+    KeptFile settingsFile_;  // QX.CFG
+    KeptFile extrasFile_;    // Scenara.ini
+    StageCatalog catalog_;
+    StageSearch search_;
+    bool searched_ = false;         // the names of all stages are known
+    bool showsFilledList_ = false;  // ... is awaited: the list is to be shown then
+    bool folderChanged_ = false;    // since the last search began
+    Long lastSearch_ = 0;           // the tick when that was
+    std::vector<std::string> watched_;
+    Long lastLook_ = 0;       // the tick of the last look whether they have changed
+    Long lastFocusLook_ = 0;  // the tick of the last look who is in front, while paused
     bool pauseWasDown_ = false;
     bool noted_ = false;      // the caption is one that goes
     Long noteSince_ = 0;      // the tick when it came

@@ -4,13 +4,16 @@
 // application object stands already.
 #pragma once
 
+#include <QSocketNotifier>
 #include <memory>
 #include <string>
 
 #include "app/frmStage.h"
+#include "platform/BackgroundThread.h"
 #include "platform/Form.h"
 #include "platform/gstreamer/GStreamerMedia.h"
 #include "platform/png/LibPngPictures.h"
+#include "platform/posix/NotifiedFolders.h"
 #include "platform/posix/PosixFiles.h"
 #include "platform/posix/PosixProcess.h"
 #include "platform/posix/SteadyClock.h"
@@ -45,7 +48,8 @@ public:
           messages_(questions_, form),
           dialogs_(questions_, form),
           display_([this] { return window_.Rectangle(); }, XDisplayName()),
-          direct3D_(std::make_shared<TextureMemory>(), sink != nullptr ? sink : &picture_) {
+          direct3D_(std::make_shared<TextureMemory>(), sink != nullptr ? sink : &picture_),
+          background_(&MainWindow::Wake) {
         media_.Start();
         keyboard_.SetObserver([this](VirtualKey key) { window_.NoteKey(key); });
     }
@@ -56,7 +60,9 @@ public:
                 dialogs_,
                 display_,
                 fullScreen_,
-                media_};
+                media_,
+                &background_,
+                &folders_};
     }
     [[nodiscard]] MainWindow& Desktop() { return window_; }
 
@@ -84,6 +90,9 @@ private:
     X11DisplayModes display_;
     SoftDirect3D direct3D_;
     LibPngPictures png_;
+    NotifiedFolders folders_;
+    QSocketNotifier foldersTell_{folders_.Descriptor(), QSocketNotifier::Read};
+    BackgroundThread background_;  // the last: what it works with is there until its end
 };
 
 }  // namespace scenara

@@ -38,6 +38,11 @@ public:
     // what comes to the list while it is open. `problems` outlives this.
     virtual void ShowProblems(const ProblemList& problems) = 0;
 
+    // Shows the folder in the desktop's own program for that. False: it has none, or cannot.
+    [[nodiscard]] virtual bool OpenFolder(const std::string& folder) = 0;
+    // Other programs can paste it from now on.
+    virtual void CopyText(const std::string& text) = 0;
+
     // Which of the answers to `text` the user chooses, counted from 0; nothing when the user
     // cancels. There is at least one.
     [[nodiscard]] virtual std::optional<std::size_t> ChooseAnswer(

@@ -7,6 +7,8 @@
 // ASCII case, in every one of these operations. Only ordinary files are files: a folder, a pipe or
 // a device of that name does not exist as one, and opening it fails without waiting for it.
 //
+// What only asks or reads may be called from any thread, each file from one at a time.
+//
 // Failures raise RunTimeError with the path in its text. An opened file is closed by its
 // destructor; one that was written to must be closed with Close(), which reports what the
 // destructor would have to swallow.
@@ -15,6 +17,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -45,6 +48,15 @@ public:
     virtual void Write(std::string_view bytes) = 0;
     // Everything is with the system when this returns.
     virtual void Close() = 0;
+};
+
+// A file that has changed has another one.
+struct FileStamp {
+    std::uint64_t size = 0;
+    std::int64_t written = 0;  // when, in nanoseconds of the machine's own
+    std::uint64_t file = 0;    // which one, of those that have had the name
+
+    friend bool operator==(const FileStamp&, const FileStamp&) = default;
 };
 
 class Files : NotCopied {
@@ -78,6 +90,15 @@ public:
 
     // Whether there is a folder of that name. Never fails.
     [[nodiscard]] virtual bool FolderExists(const std::string& path) = 0;
+
+    // None where there is no such file, or the machine does not know. Never fails.
+    [[nodiscard]] virtual std::optional<FileStamp> Stamp([[maybe_unused]] const std::string& path) {
+        return std::nullopt;
+    }
+
+    // The one path of a file or folder to which several may lead through links; `path` itself where
+    // there is none, or the machine has no links. Never fails.
+    [[nodiscard]] virtual std::string RealPath(const std::string& path) { return path; }
 
     // A name of a text file as it would be on this disk had its bytes been written in Japanese
     // (Windows-932) or Chinese (Windows-936); without those in which the bytes say nothing, and

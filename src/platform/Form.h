@@ -90,11 +90,36 @@ struct PictureBox {
     bool visible = true;
 };
 
+// What the keys are for: the picture has them unless the list or its filter does.
+enum class KeyPlace : Byte { Picture, List, Filter };
+
 struct ListBox {
+    // What is known of an item beside its text.
+    struct Detail {
+        std::string file;
+        std::string tip;
+        bool isDimmed = false;  // it cannot be opened; steps pass over it
+    };
+
     std::vector<std::string> items;
-    std::uint32_t filled = 0;  // how often it was filled anew: other items, perhaps as many
-    Long ListIndex = -1;       // the selected item; -1: none
-    bool takesKeys = true;     // else keys pass it by, whatever has the focus
+    std::vector<Detail> details;  // of each item, or empty
+    std::uint32_t filled = 0;     // how often it was filled anew: other items, perhaps as many
+    std::uint32_t detailed = 0;   // how often the details were
+    Long ListIndex = -1;          // the selected item; -1: none
+    bool takesKeys = true;        // else keys pass it by, whatever has the focus
+    // Addition: keys step through it, letters select in it, it has a filter above it, a menu for
+    // each item, and an edge that can be dragged.
+    bool browses = false;
+    std::string filter;     // the words in there
+    std::size_t total = 0;  // how many items it has without one
+    std::string note;       // stands in it while it is empty
+    // Where the keys went when the program moved them last, and how often it has.
+    KeyPlace keysAt = KeyPlace::Picture;
+    std::uint32_t keysMoved = 0;
+    void MoveKeys(KeyPlace place) {
+        keysAt = place;
+        ++keysMoved;
+    }
     Long left = 0;
     Long top = 0;
     Long width = 0;
@@ -160,6 +185,20 @@ public:
     virtual void MnuRecentFiles_Click(Long index) = 0;
     // The user has selected an item, perhaps the one that was selected already.
     virtual void lstStages_Click(Long index) = 0;
+    // Additions, of the list that browses. So many items on, below 0 back; as far as there are any.
+    virtual void lstStages_Step(Long steps) = 0;
+    // Letters have found this item: it is selected, and not opened yet.
+    virtual void lstStages_Mark(Long index) = 0;
+    // The keys have left the list: what was only marked counts no more.
+    virtual void lstStages_Leave() = 0;
+    // Its edge has been dragged: so wide, in pixels.
+    virtual void lstStages_Resize(Long width) = 0;
+    // From an item's menu, by its file.
+    virtual void lstStages_OpenFolder(const std::string& file) = 0;
+    virtual void lstStages_CopyPath(const std::string& file) = 0;
+    // Other words stand in the filter; Enter has been pressed there.
+    virtual void txtFilter_Change(const std::string& words) = 0;
+    virtual void txtFilter_Enter() = 0;
     // The left button over the stage's picture; pixels of the view, or of what fills the picture's
     // box (Window::FillBox).
     virtual void Form_MouseDown(Long x, Long y) = 0;

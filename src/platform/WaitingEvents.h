@@ -28,6 +28,7 @@ public:
         PointerMove,  // only the last one since the button's last event
         CameraBar,    // only the last one, whatever has come in between
         SpriteBar,    // the same
+        ListEdge,     // the same
         Request,      // the same, with what those before had; the stage that is shown will be left
     };
 

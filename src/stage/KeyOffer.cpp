@@ -107,4 +107,9 @@ void KeyOffer::List(std::string_view key, std::vector<Long>& list) {
     }
 }
 
+std::string Unquoted(std::string_view text) {
+    const bool isQuoted = text.size() >= 2 && text.front() == '"' && text.back() == '"';
+    return std::string(isQuoted ? text.substr(1, text.size() - 2) : text);
+}
+
 }  // namespace scenara

@@ -85,4 +85,7 @@ private:
     bool tooLarge_ = false;
 };
 
+// A text setting without the quotes around it, if it has any.
+[[nodiscard]] std::string Unquoted(std::string_view text);
+
 }  // namespace scenara

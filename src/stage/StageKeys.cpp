@@ -142,12 +142,6 @@ void ReadVersion(KeyOffer& line, StageModel& model) {
 }
 
 // Addition: a name loses the quotes around it.
-void Unquote(std::string& name) {
-    if (name.size() >= 2 && name.front() == '"' && name.back() == '"') {
-        name = name.substr(1, name.size() - 2);
-    }
-}
-
 // Addition: the music's loudness and loop. No number is no volume; as 0 it would be silence.
 void ReadMusicKeys(KeyOffer& line, StageModel& model) {
     std::string text;
@@ -315,7 +309,7 @@ void ReadKeysOfSection(KeyOffer& line, StageModel& model, std::string_view secti
 
 void ReadSettingKeys(KeyOffer& line, StageModel& model, std::string& spr) {
     if (line.Text("name", model.StageTitle) && line.Additions()) {
-        Unquote(model.StageTitle);
+        model.StageTitle = Unquoted(model.StageTitle);
     }
     line.Whole("startx", model.CamStartX);
     line.Whole("starty", model.CamStartY);

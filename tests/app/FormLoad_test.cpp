@@ -158,15 +158,23 @@ TEST_F(FormResize, GivesThePictureAllThatTheListLeaves) {
     EXPECT_FALSE(form.lstStages.visible);
 
     program.ShowStageList = 255;
-    form.lstStages.width = 130;
+    form.lstStages.browses = true;
+    program.lstStages_Resize(130);
     program.Form_Resize(800, 600);
     EXPECT_EQ(form.picDraw.width, 670);
     EXPECT_EQ(form.lstStages.left, 670);
     EXPECT_EQ(form.lstStages.height, 600);
     EXPECT_TRUE(form.lstStages.visible);
 
+    program.Form_Resize(250, 50);
+    EXPECT_EQ(form.picDraw.width, 160) << "the list gives way";
+    EXPECT_EQ(form.lstStages.width, 90);
     program.Form_Resize(100, 50);
+    EXPECT_EQ(form.lstStages.width, 80) << "a little of it is left";
+    program.Form_Resize(50, 50);
     EXPECT_EQ(form.picDraw.width, 0) << "never below nothing";
+    program.Form_Resize(800, 600);
+    EXPECT_EQ(form.lstStages.width, 130) << "as the user has made it";
 }
 
 using Menus = NewProgram;

@@ -123,7 +123,7 @@ TEST_F(PlainLayout, TheWindowComesUpWithTheRoomThatTheViewTakesOnThisScreen) {
     ExpectPicture(366, 275);
 }
 
-TEST_F(Layout, ItsItemsAreTheFilesWithoutTheirEnding) {
+TEST_F(PlainLayout, ItsItemsAreTheFilesWithoutTheirEnding) {
     files.Put("/mugen/stages/deep/d.def", "camera");
     files.Put("/mugen/stages/readme.txt", "camera");
     Load(false);

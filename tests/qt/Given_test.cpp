@@ -5,7 +5,7 @@
 #include <QApplication>
 #include <QDragEnterEvent>
 #include <QDropEvent>
-#include <QListWidget>
+#include <QListView>
 #include <QMimeData>
 #include <QPushButton>
 #include <QUrl>
@@ -46,7 +46,7 @@ protected:
         return program.Text();
     }
 
-    QListWidget& stageList = *window.findChild<QListWidget*>();
+    QListView& stageList = *window.findChild<QListView*>();
 };
 
 TEST_F(Given, AllLocalFilesOfADropAreTold) {
@@ -143,15 +143,15 @@ TEST_F(Given, AListThatIsFilledAnewHasItsItemsAlone) {
         ++form.lstStages.filled;
         Pump();
         std::string shown;
-        for (int row = 0; row < stageList.count(); ++row) {
-            shown += stageList.item(row)->text().toStdString() + " ";
+        for (int row = 0; row < stageList.model()->rowCount(); ++row) {
+            shown += stageList.model()->index(row, 0).data().toString().toStdString() + " ";
         }
         return shown;
     };
     EXPECT_EQ(refill({"x", "y", "z"}, 1), "x y z ");
-    EXPECT_EQ(stageList.currentRow(), 1);
+    EXPECT_EQ(stageList.currentIndex().row(), 1);
     EXPECT_EQ(refill({"x"}, -1), "x ");
-    EXPECT_TRUE(stageList.selectedItems().isEmpty());
+    EXPECT_TRUE(stageList.selectionModel()->selectedRows().isEmpty());
     EXPECT_EQ(refill({}, -1), "");
     EXPECT_EQ(refill({"a", "b"}, 0), "a b ");
     EXPECT_EQ(program.Text(), "") << "what the program does is no click";

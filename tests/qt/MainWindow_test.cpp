@@ -9,7 +9,7 @@
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QImage>
-#include <QListWidget>
+#include <QListView>
 #include <QMenuBar>
 #include <QMimeData>
 #include <QMouseEvent>
@@ -90,7 +90,7 @@ protected:
 
     std::string ToldOfAClick(int row) {
         QTest::mouseClick(list.viewport(), Qt::LeftButton, {},
-                          list.visualItemRect(list.item(row)).center());
+                          list.visualRect(list.model()->index(row, 0)).center());
         return Told();
     }
     std::string ToldOfAKey(Qt::Key key) {
@@ -98,12 +98,12 @@ protected:
         return Told();
     }
     std::string Told() {
-        form.lstStages.ListIndex = list.currentRow();  // as the program takes it
+        form.lstStages.ListIndex = list.currentIndex().row();  // as the program takes it
         window.DoEvents();
         return program.Text();
     }
 
-    QListWidget& list = *window.findChild<QListWidget*>();
+    QListView& list = *window.findChild<QListView*>();
 };
 
 TEST_F(WindowList, EachClickAndEachSelectionByKeysIsToldOnce) {
@@ -123,7 +123,7 @@ TEST_F(WindowList, WithoutASelectionGoesOnFromWhereItWas) {
     const auto deselect = [&] {
         form.lstStages.ListIndex = -1;
         Pump();
-        EXPECT_TRUE(list.selectedItems().isEmpty());
+        EXPECT_TRUE(list.selectionModel()->selectedRows().isEmpty());
         EXPECT_EQ(program.Text(), "");
     };
     deselect();
@@ -454,7 +454,10 @@ TEST_F(Main, KnowsBeforeItTellsWhetherTheStageIsToBeLeft) {
         {"an item of the bar", [&] { choose("<<"); }, "menu 20", true},
         {"an item that stays", [&] { choose("&About"); }, "menu 24", false},
         {"a recent file", [&] { choose("/mugen/stages/a.def"); }, "recent 1", true},
-        {"a stage of the list", [&] { window.findChild<QListWidget*>()->setCurrentRow(1); },
+        {"a stage of the list",
+         [list = window.findChild<QListView*>()] {
+             list->setCurrentIndex(list->model()->index(1, 0));
+         },
          "list 1", true},
         {"a dropped file",
          [&] {

@@ -5,7 +5,7 @@
 
 #include <QAction>
 #include <QKeyEvent>
-#include <QListWidget>
+#include <QListView>
 #include <QMenu>
 #include <string>
 #include <utility>
@@ -32,7 +32,7 @@ protected:
     MenuBar& TheBar() { return *window.findChild<MenuBar*>(); }
 
     static bool ListHasFocus() {
-        return qobject_cast<QListWidget*>(QApplication::focusWidget()) != nullptr;
+        return qobject_cast<QListView*>(QApplication::focusWidget()) != nullptr;
     }
 
     void Type(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {

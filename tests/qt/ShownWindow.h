@@ -3,7 +3,7 @@
 // ShownWindow: a test with the main window as the program drives it, and what it has told of.
 #pragma once
 
-#include <QListWidget>
+#include <QListView>
 #include <string>
 #include <vector>
 
@@ -45,7 +45,7 @@ protected:
         form.lstStages.height = 240;
         Pump();
         BringUp(window);
-        window.findChild<QListWidget*>()->setFocus();
+        window.findChild<QListView*>()->setFocus();
         static_cast<void>(program.Text());
     }
 

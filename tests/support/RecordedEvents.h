@@ -37,6 +37,14 @@ public:
     void Menu_Click(Menu item) override { Add("menu", static_cast<Long>(item)); }
     void MnuRecentFiles_Click(Long index) override { Add("recent", index); }
     void lstStages_Click(Long index) override { Add("list", index); }
+    void lstStages_Step(Long steps) override { Add("step", steps); }
+    void lstStages_Mark(Long index) override { Add("mark", index); }
+    void lstStages_Leave() override { Add("leave"); }
+    void lstStages_Resize(Long itsWidth) override { Add("resize", itsWidth); }
+    void lstStages_OpenFolder(const std::string& file) override { Add("folder of " + file); }
+    void lstStages_CopyPath(const std::string& file) override { Add("path of " + file); }
+    void txtFilter_Change(const std::string& words) override { Add("filter " + words); }
+    void txtFilter_Enter() override { Add("enter"); }
     void Form_MouseDown(Long x, Long y) override { Add("down", x, y); }
     void Form_MouseMove(Long x, Long y) override { Add("move", x, y); }
     void Form_MouseUp() override { Add("up"); }

@@ -52,6 +52,18 @@ public:
     }
     void ShowProblems(const ProblemList& problems) override { shown_ = &problems; }
 
+    [[nodiscard]] bool OpenFolder(const std::string& folder) override {
+        opened_.push_back(folder);
+        return opensFolders_;
+    }
+    void CopyText(const std::string& text) override { copied_ = text; }
+
+    // Every folder that was to be shown, oldest first; from now on none can be.
+    [[nodiscard]] const std::vector<std::string>& OpenedFolders() const { return opened_; }
+    void RefuseFolders() { opensFolders_ = false; }
+    // What can be pasted.
+    [[nodiscard]] const std::string& Copied() const { return copied_; }
+
     // The list that was shown last; none yet: nullptr.
     [[nodiscard]] const ProblemList* Problems() const { return shown_; }
 
@@ -84,6 +96,9 @@ private:
     Observer observer_;
     std::vector<DialogQuestion> asked_;
     const ProblemList* shown_ = nullptr;
+    std::vector<std::string> opened_;
+    bool opensFolders_ = true;
+    std::string copied_;
 };
 
 }  // namespace scenara

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdlib>
 #include <utility>
 
 #include <dirent.h>
@@ -190,6 +191,16 @@ void PosixFiles::Delete(const std::string& path) {
 
 namespace {
 
+// Most disks tell it with the name; asking for each of ten thousand files takes longer than the
+// rest.
+mode_t KindOf(int folder, const dirent& entry) {
+    if (entry.d_type != DT_UNKNOWN && entry.d_type != DT_LNK) {
+        return DTTOIF(entry.d_type);
+    }
+    struct stat status {};
+    return ::fstatat(folder, entry.d_name, &status, 0) == 0 ? status.st_mode & S_IFMT : mode_t{0};
+}
+
 // Those whose names are wanted and that are of the kind of file `kind`, sorted.
 template <class IsWanted>
 std::vector<std::string> Listed(const std::string& folder, mode_t kind, const IsWanted& isWanted) {
@@ -203,9 +214,7 @@ std::vector<std::string> Listed(const std::string& folder, mode_t kind, const Is
     // Only this thread reads this stream.
     while (const dirent* entry = ::readdir(dir.get())) {  // NOLINT(concurrency-mt-unsafe)
         const std::string_view name = entry->d_name;
-        struct stat status {};
-        if (isWanted(name) && ::fstatat(::dirfd(dir.get()), entry->d_name, &status, 0) == 0 &&
-            (status.st_mode & S_IFMT) == kind) {
+        if (isWanted(name) && KindOf(::dirfd(dir.get()), *entry) == kind) {
             names.emplace_back(name);
         }
     }
@@ -230,6 +239,25 @@ bool PosixFiles::FolderExists(const std::string& path) {
     struct stat status {};
     return !HasZeroByte(path) && ::stat(ResolvePath(path).c_str(), &status) == 0 &&
            S_ISDIR(status.st_mode);
+}
+
+std::optional<FileStamp> PosixFiles::Stamp(const std::string& path) {
+    constexpr std::int64_t kNanoseconds = 1'000'000'000;
+    struct stat status {};
+    if (HasZeroByte(path) || ::stat(ResolvePath(path).c_str(), &status) != 0 ||
+        !S_ISREG(status.st_mode)) {
+        return std::nullopt;
+    }
+    return FileStamp{static_cast<std::uint64_t>(status.st_size),
+                     status.st_mtim.tv_sec * kNanoseconds + status.st_mtim.tv_nsec,
+                     static_cast<std::uint64_t>(status.st_ino)};
+}
+
+std::string PosixFiles::RealPath(const std::string& path) {
+    const auto free = [](char* text) { ::free(text); };  // NOLINT: the system's own
+    const std::unique_ptr<char, decltype(free)> real(
+        HasZeroByte(path) ? nullptr : ::realpath(ResolvePath(path).c_str(), nullptr), free);
+    return real ? std::string(real.get()) : path;
 }
 
 }  // namespace scenara

@@ -30,6 +30,8 @@ public:
     std::vector<std::string> List(const std::string& folder, std::string_view extension) override;
     std::vector<std::string> ListFolders(const std::string& folder) override;
     bool FolderExists(const std::string& path) override;
+    std::optional<FileStamp> Stamp(const std::string& path) override;
+    std::string RealPath(const std::string& path) override;
     std::vector<std::string> InOtherLetters(const std::string& name) override;
     std::string ProgramFolder() override { return programFolder_; }
 

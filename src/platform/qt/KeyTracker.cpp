@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/qt/KeyTracker.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QDialog>
 #include <QKeyEvent>
@@ -23,6 +24,11 @@ bool TypedElsewhere() {
 // The sprite browser's, the only one that takes the focus; the stage stands still then.
 bool TypedToABar() {
     return qobject_cast<QScrollBar*>(QApplication::focusWidget()) != nullptr;
+}
+
+// The list of stages; one of a dialog is typed to elsewhere.
+bool TypedToAList() {
+    return qobject_cast<QAbstractItemView*>(QApplication::focusWidget()) != nullptr;
 }
 
 bool DrivesTheCamera(VirtualKey key) {
@@ -129,6 +135,18 @@ bool KeyTracker::eventFilter(QObject* receiver, QEvent* event) {
     return QObject::eventFilter(receiver, event);
 }
 
+// Addition: a list that browses leaves Left and Right to the camera, and Pause. Escape gives the
+// keys to the picture, unless it ends the sprite browser.
+bool KeyTracker::IsOfTheList(VirtualKey key) const {
+    switch (key) {
+        case VirtualKey::Left:
+        case VirtualKey::Right:
+        case VirtualKey::Pause: return false;
+        case VirtualKey::Escape: return !form_.hscSGFX.Visible;
+        default: return true;
+    }
+}
+
 bool KeyTracker::Press(const QKeyEvent& event) {
     // With Alt and the like it is a menu's key.
     if (TypedElsewhere() ||
@@ -139,11 +157,18 @@ bool KeyTracker::Press(const QKeyEvent& event) {
     if (!key) {
         return false;
     }
+    const bool isListed = form_.lstStages.browses && TypedToAList();
+    if (isListed && IsOfTheList(*key)) {
+        return false;
+    }
     if (!event.isAutoRepeat() && down_.emplace(event.nativeScanCode(), *key).second) {
         pressedSince_.set(static_cast<std::size_t>(*key));
         if (pressed_) {
             pressed_(*key);
         }
+    }
+    if (isListed) {
+        return true;
     }
     // A list takes letters for the beginning of an item's name, and would open that stage.
     return !form_.lstStages.takesKeys && !TypedToABar() &&

@@ -9,7 +9,7 @@
 // A press that came and went since the last poll is reported once. Keys that drive the program's
 // camera, and those of the editor while Debug BG is checked, go no further while a stage is shown,
 // so that no list moves its selection with them; a scroll bar that has the focus gets them, and
-// only it.
+// only it. A list that browses (ListBox) has its keys to itself while it has the focus.
 #pragma once
 
 #include <QObject>
@@ -42,6 +42,7 @@ public:
 private:
     // Whether the key goes no further.
     bool Press(const QKeyEvent& event);
+    [[nodiscard]] bool IsOfTheList(VirtualKey key) const;
     void ReleaseAll();
 
     const Form& form_;

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "platform/qt/MainWindow.h"
 
+#include <QAbstractEventDispatcher>
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QCursor>
 #include <QDragEnterEvent>
 #include <QKeyEvent>
-#include <QListWidget>
 #include <QMenu>
 #include <QMimeData>
 #include <QScreen>
@@ -16,6 +16,7 @@
 #include <QUrl>
 #include <QVBoxLayout>
 #include <QWindow>
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -26,6 +27,7 @@
 #include "platform/qt/MenuBar.h"
 #include "platform/qt/PictureWidget.h"
 #include "platform/qt/ShownText.h"
+#include "platform/qt/StageListPanel.h"
 #include "platform/qt/TitlePicture.h"
 
 namespace scenara {
@@ -87,7 +89,8 @@ MainWindow::MainWindow(const Form& form) : form_(form), size_(*this) {
     // Places and sizes come from the form.
     auto* const inner = new QWidget(this);  // NOLINT(cppcoreguidelines-owning-memory): Qt's own
     picture_ = new PictureWidget(inner);    // NOLINT(cppcoreguidelines-owning-memory)
-    list_ = new QListWidget(inner);         // NOLINT(cppcoreguidelines-owning-memory)
+    // NOLINTNEXTLINE(cppcoreguidelines-owning-memory)
+    list_ = new StageListPanel(form.lstStages, inner);
     cameraBar_ = new QScrollBar(Qt::Horizontal);  // NOLINT(cppcoreguidelines-owning-memory)
     spriteBar_ = new SpriteBar;                   // NOLINT(cppcoreguidelines-owning-memory)
     auto* const all = new QWidget(this);          // NOLINT(cppcoreguidelines-owning-memory)
@@ -110,23 +113,62 @@ MainWindow::MainWindow(const Form& form) : form_(form), size_(*this) {
 }
 
 void MainWindow::BuildList() {
-    list_->setUniformItemSizes(true);  // ten thousand items, and only one is measured
-    list_->setFrameShape(QFrame::NoFrame);
     list_->hide();
-    list_->viewport()->installEventFilter(this);
-    // Selecting with the keys and with the mouse; and a click on what is selected already. (The
-    // current item alone says nothing: the list chooses one when it gets the focus.)
-    connect(list_, &QListWidget::itemSelectionChanged, this, [this] {
-        selectionNoted_ = SelectedRow();
-        if (selectionNoted_ >= 0) {
-            NoteSelection(selectionNoted_);
-        }
+    const auto note = [this](WaitingEvents::Event event) { waiting_.Add(std::move(event)); };
+    list_->SetEvents({
+        {[this](int row) { NoteSelection(row); },
+         [this](int steps) {
+             waiting_.Add([steps](FormEvents& events) { events.lstStages_Step(steps); },
+                          WaitingEvents::Kind::Leaving);
+         },
+         [note](int row) { note([row](FormEvents& events) { events.lstStages_Mark(row); }); },
+         [note] { note([](FormEvents& events) { events.lstStages_Leave(); }); },
+         [this](const std::string& file) { NoteOpening(file); },
+         [this](const std::string& file) { NoteFile(file, &FormEvents::lstStages_OpenFolder); },
+         [this](const std::string& file) { NoteFile(file, &FormEvents::lstStages_CopyPath); }},
+        [this](const std::string& words) { NoteFile(words, &FormEvents::txtFilter_Change); },
+        [this] {
+            waiting_.Add([](FormEvents& events) { events.txtFilter_Enter(); },
+                         WaitingEvents::Kind::Leaving);
+        },
+        [this](int width) {
+            waiting_.Add([width](FormEvents& events) { events.lstStages_Resize(width); },
+                         WaitingEvents::Kind::ListEdge);
+        },
+        [this] { GiveKeysToPicture(); },
     });
-    connect(list_, &QListWidget::itemClicked, this, [this](QListWidgetItem* item) {
-        if (const int row = list_->row(item); row != std::exchange(selectionNoted_, -1)) {
-            NoteSelection(row);
-        }
-    });
+}
+
+// While sprites are looked at the keys are their bar's.
+void MainWindow::GiveKeysToPicture() {
+    if (form_.hscSGFX.Visible) {
+        spriteBar_->setFocus();
+    } else if (form_.lstStages.browses) {
+        picture_->setFocus();
+    }
+}
+
+void MainWindow::NoteFile(const std::string& file, void (FormEvents::*what)(const std::string&)) {
+    waiting_.Add([file, what](FormEvents& events) { (events.*what)(file); });
+}
+
+// The list may be filled anew before the program hears of it.
+void MainWindow::NoteOpening(const std::string& file) {
+    waiting_.Add(
+        [this, file](FormEvents& events) {
+            const auto& details = form_.lstStages.details;
+            const auto item = std::ranges::find(details, file, &ListBox::Detail::file);
+            if (item != details.end()) {
+                events.lstStages_Click(static_cast<Long>(item - details.begin()));
+            }
+        },
+        WaitingEvents::Kind::Leaving);
+}
+
+void MainWindow::Wake() {
+    if (QAbstractEventDispatcher* const loop = QAbstractEventDispatcher::instance(qApp->thread())) {
+        loop->wakeUp();
+    }
 }
 
 void MainWindow::BuildBars() {
@@ -155,8 +197,8 @@ void MainWindow::BuildMouse() {
                      WaitingEvents::Kind::Button);
     });
     picture_->SetMouseObserver([this](PictureWidget::Mouse what, Long x, Long y) {
-        if (what == PictureWidget::Mouse::Down && form_.hscSGFX.Visible) {
-            spriteBar_->setFocus();  // the list may have it: the keys are for the sprites again
+        if (what == PictureWidget::Mouse::Down) {
+            GiveKeysToPicture();
         }
         waiting_.Add(
             [what, x, y](FormEvents& events) {
@@ -241,11 +283,6 @@ void MainWindow::FillBox(const InnerSize& box, std::span<const std::uint32_t> pi
     picture_->Fill(box.width, box.height, pixels, Shown(text));
 }
 
-int MainWindow::SelectedRow() const {
-    const QList<QListWidgetItem*> selected = list_->selectedItems();
-    return selected.isEmpty() ? -1 : list_->row(selected.front());
-}
-
 void MainWindow::NoteKey(VirtualKey key) {
     waiting_.Add(
         [key](FormEvents& events) { events.Form_KeyDown(key); },
@@ -267,6 +304,7 @@ void MainWindow::BuildMenus() {
         if (menu == Menu::mnuStage || menu == Menu::mnuOptions || menu == Menu::mnuExtras) {
             submenu = menuBar()->addMenu(QString());
             actions_[i] = submenu->menuAction();
+            connect(submenu, &QMenu::aboutToShow, this, [this] { list_->LeaveFilter(); });
             continue;
         }
         const MenuItem& item = form_.menus[i];
@@ -295,7 +333,7 @@ void MainWindow::ShowForm() {
     }
     ShowMenus();
     ShowRecentFiles();
-    ShowList();
+    list_->ShowList(waiting_.Empty());
     ShowBars();
     ShowPresentation();
     const QRect place(form_.picDraw.left, form_.picDraw.top, form_.picDraw.width,
@@ -336,35 +374,6 @@ void MainWindow::ShowRecentFiles() {
         const QString path = Literal(form_.recentFiles[i]);
         if (recentActions_[i]->text() != path) {
             recentActions_[i]->setText(path);
-        }
-    }
-}
-
-void MainWindow::ShowList() {
-    const ListBox& list = form_.lstStages;
-    const QSignalBlocker quiet(list_);  // what the program does is no click
-    if (std::exchange(filled_, list.filled) != list.filled) {
-        list_->clear();
-        listed_ = 0;
-    }
-    for (; listed_ < list.items.size(); ++listed_) {
-        list_->addItem(Shown(list.items[listed_]));
-    }
-    if (SelectedRow() != list.ListIndex && waiting_.Empty()) {
-        if (list.ListIndex < 0) {
-            list_->clearSelection();  // the arrow keys go on from where they were
-        } else {
-            list_->setCurrentRow(list.ListIndex);
-        }
-    }
-    const QRect place(list.left, list.top, list.width, list.height);
-    if (list_->geometry() != place) {
-        list_->setGeometry(place);
-    }
-    if (list_->isHidden() == list.visible) {
-        list_->setVisible(list.visible);
-        if (!list.visible) {
-            list_->clearFocus();  // a hidden one would keep it, and letters would open stages
         }
     }
 }
@@ -671,14 +680,11 @@ void MainWindow::changeEvent(QEvent* event) {
     }
 }
 
-// A bar that comes or goes changes the inner area alone. What the keys have selected before a press
-// of the mouse is not of this press.
+// A bar that comes or goes changes the inner area alone.
 bool MainWindow::eventFilter(QObject* receiver, QEvent* event) {
     if (receiver == inner_ &&
         (event->type() == QEvent::Resize || event->type() == QEvent::ScreenChangeInternal)) {
         sizeCame_ = true;
-    } else if (receiver == list_->viewport() && event->type() == QEvent::MouseButtonPress) {
-        selectionNoted_ = -1;
     }
     return QMainWindow::eventFilter(receiver, event);
 }

@@ -27,13 +27,13 @@
 #include "platform/qt/WindowSize.h"
 
 class QAction;
-class QListWidget;
 class QMenu;
 class QScrollBar;
 
 namespace scenara {
 
 class PictureWidget;
+class StageListPanel;
 
 class MainWindow : public QMainWindow, public Window {
 public:
@@ -66,6 +66,9 @@ public:
     void FollowSize();
     // It is hidden, or stands as the window system has placed it.
     [[nodiscard]] bool HasComeUp() const;
+
+    // From any thread: it stops sleeping and asks the program (Form_Idle).
+    static void Wake();
 
     // The program is to end, as if the window had been closed.
     void NoteUnload();
@@ -151,15 +154,16 @@ private:
     void ShowMenus();
     void ShowPresentation();
     void ShowRecentFiles();
-    void ShowList();
     void ShowBars();
     void ShowBar(QScrollBar& widget, const ScrollBar& bar) const;
     [[nodiscard]] int HeightAround() const;
-    [[nodiscard]] int SelectedRow() const;
     void NoteSelection(int row) {
         waiting_.Add([row](FormEvents& events) { events.lstStages_Click(row); },
                      WaitingEvents::Kind::Leaving);
     }
+    void NoteFile(const std::string& file, void (FormEvents::*what)(const std::string&));
+    void NoteOpening(const std::string& file);
+    void GiveKeysToPicture();
     void HandOver();
     [[nodiscard]] bool SizeIsToBeReported() const;
     [[nodiscard]] bool HasToDeliver() const;
@@ -168,15 +172,12 @@ private:
     FormEvents* events_ = nullptr;
     QWidget* inner_ = nullptr;          // holds the picture and the list; a child, as Qt has it
     PictureWidget* picture_ = nullptr;  // a child, as Qt has it
-    QListWidget* list_ = nullptr;       // another
+    StageListPanel* list_ = nullptr;    // another
     QScrollBar* cameraBar_ = nullptr;   // below the picture and the list
     QScrollBar* spriteBar_ = nullptr;
     QTimer wake_;
     std::array<QAction*, kMenuCount> actions_{};
     std::vector<QAction*> recentActions_;
-    std::size_t listed_ = 0;    // how many of the form's items the list has
-    std::uint32_t filled_ = 0;  // of which filling
-    int selectionNoted_ = -1;   // the row that a press of the mouse has selected just now
     WaitingEvents waiting_;
     std::vector<std::string> requested_;  // the paths of the later starts that wait
     mutable WindowSize size_;             // it looks at the window when it is asked

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "platform/qt/QtDialogs.h"
 
+#include <QClipboard>
+#include <QDesktopServices>
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
+#include <QGuiApplication>
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QPushButton>
@@ -78,6 +81,14 @@ void QtDialogs::ShowProblems(const ProblemList& problems) {
         problems_ = new ProblemsWindow(problems, questions_.Owner());
     }
     problems_->ComeToFront();
+}
+
+bool QtDialogs::OpenFolder(const std::string& folder) {
+    return QDesktopServices::openUrl(QUrl::fromLocalFile(NameOf(folder)));
+}
+
+void QtDialogs::CopyText(const std::string& text) {
+    QGuiApplication::clipboard()->setText(NameOf(text));
 }
 
 std::optional<std::size_t> QtDialogs::ChooseAnswer(const std::string& text,

@@ -31,6 +31,8 @@ public:
     std::string OpenFile(const std::string& title, const std::string& initialFolder) override;
     std::string InputBox(const std::string& prompt) override;
     void ShowProblems(const ProblemList& problems) override;
+    bool OpenFolder(const std::string& folder) override;
+    void CopyText(const std::string& text) override;
     std::optional<std::size_t> ChooseAnswer(const std::string& text,
                                             const std::vector<std::string>& answers) override;
 
