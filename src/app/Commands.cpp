@@ -87,6 +87,9 @@ void frmStage::GoThroughStages(VirtualKey key) {
 // Whether or not the stage has music.
 void frmStage::mnuMusic_Click() {
     if (form_[Menu::mnuMusic].Flip()) {
+        if (!HasRested()) {
+            return;  // then it begins by itself
+        }
         music_.Play();
     } else {
         music_.StopPlaying();

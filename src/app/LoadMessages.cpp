@@ -25,6 +25,7 @@ std::string MoreProblemsText(std::size_t count) {
 void LoadMessages::BeginStage(const std::string& file, bool additions) {
     Begin(file, additions);
     isStage_ = true;
+    holds_ = additions;
     list_.Begin();
 }
 
@@ -38,6 +39,7 @@ void LoadMessages::CharacterFollows() {
 void LoadMessages::BeginCharacter(const std::string& stageFile, bool additions, bool isLoaded) {
     Begin(stageFile, additions);
     isStage_ = false;
+    holds_ = false;
     if (isLoaded) {
         list_.TakeBack();
     } else {
@@ -56,9 +58,11 @@ void LoadMessages::Begin(const std::string& file, bool additions) {
     }
     known_.push_back(std::move(known));
     loads_ = true;
+    ++loadNumber_;
     additions_ = additions;
     boxesShown_ = 0;
     heldBack_ = 0;
+    ForgetHeld();
 }
 
 void LoadMessages::End(bool ends) {
@@ -68,9 +72,36 @@ void LoadMessages::End(bool ends) {
     if (isStage_) {
         list_.Mark();
     }
-    if (const std::size_t count = std::exchange(heldBack_, 0); count > 0 && !ends) {
+    if (ends) {
+        ForgetHeld();
+        heldBack_ = 0;
+    } else if (!holds_) {
+        TellHowManyMore();
+    }
+}
+
+void LoadMessages::TellHowManyMore() {
+    if (const std::size_t count = std::exchange(heldBack_, 0); count > 0) {
         boxes_.MsgBox(kMessageMoreProblems, MoreProblemsText(count));
     }
+}
+
+// A box lets messages through, and another stage may be loaded meanwhile: then the rest is of no
+// interest any more.
+void LoadMessages::ShowHeld() {
+    const std::vector<Message> held = std::exchange(held_, {});
+    const std::size_t load = loadNumber_;
+    for (const Message& message : held) {
+        ShowBox(message);
+        if (load != loadNumber_) {
+            return;
+        }
+    }
+    TellHowManyMore();
+}
+
+void LoadMessages::ForgetHeld() {
+    held_.clear();
 }
 
 void LoadMessages::Show(const Message& message) {
@@ -79,7 +110,9 @@ void LoadMessages::Show(const Message& message) {
         return;
     }
     list_.Add(message);
-    if (additions_) {
+    if (holds_) {
+        held_.push_back(message);
+    } else if (additions_) {
         ShowBox(message);
     } else {
         boxes_.Show(message);

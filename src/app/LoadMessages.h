@@ -16,6 +16,7 @@
 #include <deque>
 #include <set>
 #include <string>
+#include <vector>
 
 #include "platform/Messages.h"
 #include "platform/ProblemList.h"
@@ -33,7 +34,8 @@ public:
     // Both outlive it.
     LoadMessages(Messages& boxes, ProblemList& list) : boxes_(boxes), list_(list) {}
 
-    // The stage in this file is loaded, until End.
+    // The stage in this file is loaded, until End. With additions its boxes wait for ShowHeld: who
+    // leafs through a collection must not be stopped by each stage that has a problem.
     void BeginStage(const std::string& file, bool additions);
     // What comes from here on is of the character that is loaded with the stage.
     void CharacterFollows();
@@ -43,6 +45,9 @@ public:
     // What was held back is counted, and said unless the program `ends`. Without effect when
     // nothing is loaded.
     void End(bool ends = false);
+    // The boxes that wait, or none of them any more.
+    void ShowHeld();
+    void ForgetHeld();
 
     void Show(const Message& message) override;
 
@@ -56,15 +61,19 @@ private:
 
     void Begin(const std::string& file, bool additions);
     void ShowBox(const Message& message);
+    void TellHowManyMore();
 
     Messages& boxes_;
     ProblemList& list_;
     std::deque<Known> known_;  // loaded last: the last one
     bool loads_ = false;
+    bool holds_ = false;  // boxes wait
+    std::size_t loadNumber_ = 0;
     bool isStage_ = false;  // and no character
     bool additions_ = false;
     std::size_t boxesShown_ = 0;  // of this load
-    std::size_t heldBack_ = 0;
+    std::size_t heldBack_ = 0;    // ... by their number
+    std::vector<Message> held_;   // ... until the stage has been shown for a while
 };
 
 }  // namespace scenara

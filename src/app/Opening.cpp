@@ -53,7 +53,11 @@ void frmStage::OpenStage() {
     SetCaption(show_.Which.CurrentStageFile);
     SelectAskedFor();
     LeaveStage();
-    RememberRecentFile(form_, show_.Which.CurrentStageFile);
+    if (show_.Options().Additions) {
+        isNewest_ = true;
+    } else {
+        RememberRecentFile(form_, show_.Which.CurrentStageFile);
+    }
     RunStage();
 }
 
@@ -74,6 +78,7 @@ void frmStage::MnuRecentFiles_Click(Long index) {
 
 // The quit flag is lowered without a stage, too: it is still up after the Close command.
 void frmStage::LeaveStage() {
+    LeaveUnrested();
     if (show_.Loop().StageRunning != 0) {
         QuitRequested = kTrue;
         UnloadStuff();
@@ -150,6 +155,11 @@ void frmStage::SelectShown() {
         catalog_.PassOver(form_.lstStages.ListIndex);
     }
     SelectWhatShows();
+    if (show_.Loop().StageRunning == 0 && !show_.Which.next) {
+        // The caption of a stage that is not there, and the last frame of another one.
+        form_.picLoad.visible = true;
+        ShowTitle();
+    }
 }
 
 void frmStage::SelectWhatShows() {
@@ -235,6 +245,7 @@ void frmStage::mnuClose_Click() {
     if (!show_.Which.CurrentStageFile.empty()) {
         UnloadStuff();
     }
+    LeaveUnrested();
     ResetRes();  // no loop would look who is in front
     if (show_.Options().Additions) {
         form_.picLoad.visible = true;  // the last frame would look frozen

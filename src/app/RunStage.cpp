@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "app/MenuTree.h"
+#include "app/RecentFiles.h"
 #include "app/frmStage.h"
 #include "base/Raised.h"
 #include "base/RunTimeError.h"
@@ -62,6 +63,7 @@ bool frmStage::Guarded(const std::function<void()>& work) {
 
 void frmStage::Handle(const std::function<void()>& work) {
     if (!machine_.window.EndRequested()) {
+        const Raised handles(handles_);
         static_cast<void>(Guarded(work));
         static_cast<void>(Guarded([this] { ShowEditing(); }));
     }
@@ -79,7 +81,11 @@ void frmStage::ShowStage() {
     keepsSize_ = false;
     machine_.process.YieldToOthers();
     if (!StartLoop()) {
-        AbandonStage();
+        if (LoadGivenUp()) {
+            UnloadStuff();  // the picture of the stage before stays until the next one's comes
+        } else {
+            AbandonStage();
+        }
         return;
     }
     form_.lstStages.takesKeys = false;  // they drive the camera
@@ -119,13 +125,69 @@ bool frmStage::StartLoop() {
         return false;
     }
     ShowCharacterItem();
+    if (show_.Options().Additions) {
+        BeginRest();
+    } else {
+        BeginMusic();
+    }
+    show_.BeginLoop();
+    return true;
+}
+
+void frmStage::BeginMusic() {
     SilenceStageBefore();
     TuneMusic();
     if (form_[Menu::mnuMusic].checked && !show_.Model().MusicFile.empty()) {
         music_.Play();
     }
-    show_.BeginLoop();
-    return true;
+}
+
+// Addition: a newer choice from the list. What is dropped meanwhile may be no stage at all.
+bool frmStage::LoadGivenUp() {
+    return show_.Options().Additions && !show_.Which.chosen.empty();
+}
+
+void frmStage::MusicNamed(const std::string& path) {
+    if (show_.Options().Additions) {
+        musicNamed_ = path;
+    } else {
+        music_.SetFileName(path);
+    }
+}
+
+void frmStage::BeginRest() {
+    restsSince_ = machine_.clock.GetTickCount();
+}
+
+// It has been left before.
+void frmStage::LeaveUnrested() {
+    restsSince_.reset();
+    isNewest_ = false;
+    musicNamed_.clear();
+    loadMessages_.ForgetHeld();
+}
+
+// What waits until the stage has been shown for a while. True: it waits still.
+bool frmStage::Rest() {
+    constexpr std::uint32_t kWhile = 500;  // milliseconds
+    if (!restsSince_) {
+        return false;
+    }
+    if (TicksSince(*restsSince_, machine_.clock.GetTickCount()) < kWhile) {
+        return true;
+    }
+    restsSince_.reset();
+    if (std::exchange(isNewest_, false)) {
+        RememberRecentFile(form_, show_.Which.shown);
+    }
+    if (const std::string music = std::exchange(musicNamed_, {}); !music.empty()) {
+        music_.SetFileName(music);
+    }
+    if (show_.Loop().StageRunning != 0) {
+        BeginMusic();
+    }
+    loadMessages_.ShowHeld();
+    return false;
 }
 
 void frmStage::StateChanged() {
@@ -185,10 +247,8 @@ void frmStage::AbandonStage() {
     LeaveBrowser();
     static_cast<void>(Guarded([&] { ResetRes(); }));  // no loop would look who is in front
     if (show_.Options().Additions) {
-        // The caption of a stage that is not there, and the last frame of another one.
-        form_.picLoad.visible = true;
-        ShowTitle();
         SelectShown();
+        BeginRest();
     }
 }
 
@@ -208,6 +268,7 @@ void frmStage::RunPass() {
     }
     PollKeys();
     static_cast<void>(Form_Idle());
+    static_cast<void>(Rest());
     EndNote();
     WaitForNextPass();
 }

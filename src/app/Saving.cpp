@@ -18,6 +18,11 @@ bool frmStage::Form_Idle() {
     bool again = false;
     static_cast<void>(Guarded([&] { again = KeepSettings(); }));
     static_cast<void>(Guarded([&] { again = FollowFolder() || again; }));
+    if (!handles_) {
+        // Not while something is asked, over which a box would come up. The loop calls it by
+        // itself.
+        static_cast<void>(Guarded([&] { again = Rest() || again; }));
+    }
     return again;
 }
 

@@ -102,6 +102,11 @@ public:
 
     [[nodiscard]] bool Ended() const { return ended_; }
 
+    // Addition: that the stage has been shown for a while (half a second), or could not be. Until
+    // then it is among no recent files, its music is not heard, and what is wrong with it is not
+    // said: the user may be on the way to another one.
+    [[nodiscard]] bool HasRested() const { return !restsSince_; }
+
     // With additions what has changed of the settings is saved when it has rested for a second, and
     // by SaveNow at once; plain, at the end alone. SaveNow asks and tells the user nothing and can
     // be called whenever messages are let through.
@@ -240,9 +245,10 @@ private:
 
     void StateChanged() override;
     void CameraRangeChanged() override;
+    [[nodiscard]] bool LoadGivenUp() override;
     void StageLoaded() override;
     void CharacterFollows() override { loadMessages_.CharacterFollows(); }
-    void MusicNamed(const std::string& path) override { music_.SetFileName(path); }
+    void MusicNamed(const std::string& path) override;
     void ShowProgress(const std::string& caption) override { machine_.window.SetCaption(caption); }
     void EndProgress() override { machine_.window.SetCaption(form_.Caption); }
     void SetCaption(const std::string& caption) override;
@@ -279,6 +285,10 @@ private:
     void PollPauseKey();
     void AbandonStage();
     void SilenceStageBefore();
+    void BeginRest();
+    void LeaveUnrested();
+    [[nodiscard]] bool Rest();
+    void BeginMusic();
     [[nodiscard]] bool IsStageAskedFor(MessageIcon icon);
     void TuneMusic();
     void BeginMusicAgain();
@@ -397,15 +407,19 @@ private:
     Long lastLook_ = 0;       // the tick of the last look whether they have changed
     Long lastFocusLook_ = 0;  // the tick of the last look who is in front, while paused
     bool pauseWasDown_ = false;
-    bool noted_ = false;      // the caption is one that goes
-    Long noteSince_ = 0;      // the tick when it came
-    bool loopRuns_ = false;   // RunStage is on the stack
-    InnerSize wishedSize_;    // what was asked for last, or has come since
-    bool cameUp_ = false;     // it is known how the window comes up
-    bool keepsSize_ = false;  // until the stage is shown again: the additions were switched
-    bool hasSized_ = false;   // plain, the window
-    bool activated_ = false;  // the window has been sized once
-    bool centres_ = false;    // ... and is to be centred when its size has come
+    std::optional<Long> restsSince_;  // the tick since which it has been shown; none: for a while
+    bool isNewest_ = false;           // ... and is to come among the recent files then
+    std::string musicNamed_;          // the music that is to be opened then
+    bool noted_ = false;              // the caption is one that goes
+    Long noteSince_ = 0;              // the tick when it came
+    bool loopRuns_ = false;           // RunStage is on the stack
+    bool handles_ = false;            // ... something that the user did, or asked for
+    InnerSize wishedSize_;            // what was asked for last, or has come since
+    bool cameUp_ = false;             // it is known how the window comes up
+    bool keepsSize_ = false;          // until the stage is shown again: the additions were switched
+    bool hasSized_ = false;           // plain, the window
+    bool activated_ = false;          // the window has been sized once
+    bool centres_ = false;            // ... and is to be centred when its size has come
     bool ended_ = false;
 };
 

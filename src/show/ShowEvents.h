@@ -19,6 +19,9 @@ public:
     // How far the camera goes: of a stage that was loaded, or at another zoom.
     virtual void CameraRangeChanged() {}
 
+    // Asked while a stage loads, after each of its sprites: whether it is not wanted any more. The
+    // start ends then, and answers that there is no stage.
+    [[nodiscard]] virtual bool LoadGivenUp() { return false; }
     // The stage's files are read; nothing of it is placed yet.
     virtual void StageLoaded() {}
     // The stage is ready but for its character, which is read next.

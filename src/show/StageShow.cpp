@@ -71,7 +71,7 @@ bool StageShow::Start(const std::string& mugeDir) {
     loop_.LoadingStage = 1;
     loop_.StageRunning = 1;
     events_.StateChanged();
-    if (!Load(mugeDir)) {
+    if (!Load(mugeDir) || events_.LoadGivenUp()) {
         return false;
     }
     view_ = ViewOf(model_, options_);
@@ -93,7 +93,8 @@ bool StageShow::Load(const std::string& mugeDir) {
                                 options_,
                                 mugeDir,
                                 [this](const std::string& path) { events_.MusicNamed(path); },
-                                machine_.png};
+                                machine_.png,
+                                [this] { return events_.LoadGivenUp(); }};
     std::string file = Which.shown;
     return LoadStage(model_, file, load);
 }

@@ -43,16 +43,18 @@ ArchiveRules StageRules() {
 
 class SpriteLoader {
 public:
-    SpriteLoader(StageModel& model, const ArchiveSource& source, Window& window)
+    SpriteLoader(StageModel& model, const ArchiveSource& source, Window& window,
+                 const std::function<bool()>& givenUp)
         : model_(model),
           source_(source),
           window_(window),
+          givenUp_(givenUp),
           archive_(OpenArchive(source, StageRules())),
           masked_(MaskedPictures(model)) {}
 
     void Load() {
         PictureQueue pictures(*archive_, PicturesInOrder(), source_);
-        for (std::size_t place = 0; !window_.EndRequested() && archive_->Reach(place); ++place) {
+        for (std::size_t place = 0; !Ends() && archive_->Reach(place); ++place) {
             window_.SetCaption(LoadingCaption(model_.StageTitle, static_cast<std::uint32_t>(place),
                                               archive_->Announced()));
             if (model_.Sprites.size() >= kMaxRecords) {
@@ -69,6 +71,8 @@ public:
     }
 
 private:
+    [[nodiscard]] bool Ends() const { return window_.EndRequested() || (givenUp_ && givenUp_()); }
+
     [[nodiscard]] std::vector<std::size_t> PicturesInOrder() {
         std::vector<std::size_t> places;
         while (archive_->Next()) {
@@ -78,7 +82,7 @@ private:
             }
             if (archive_->Count() % kWalkedBetweenEvents == 0) {
                 window_.DoEvents();
-                if (window_.EndRequested()) {
+                if (Ends()) {
                     break;
                 }
             }
@@ -145,6 +149,7 @@ private:
     StageModel& model_;
     const ArchiveSource& source_;
     Window& window_;
+    const std::function<bool()>& givenUp_;
     std::unique_ptr<SpriteArchive> archive_;
     FirstIndex masked_;
     std::vector<Integer> entryOf_;  // of the sprite at each place; -1: it was dropped
@@ -171,7 +176,8 @@ std::string LoadingCaption(const std::string& title, std::uint32_t done, std::ui
     return "Loading " + std::string(ShortTitle(title)) + " " + number + "%";
 }
 
-void LoadSprites(StageModel& model, const ArchiveSource& source, Window& window) {
+void LoadSprites(StageModel& model, const ArchiveSource& source, Window& window,
+                 const std::function<bool()>& givenUp) {
     try {
         const ArchiveVersion version = ReadArchiveVersion(source.archive);
         if (!MayRead(version, source.options)) {
@@ -180,7 +186,7 @@ void LoadSprites(StageModel& model, const ArchiveSource& source, Window& window)
                                 ", only version 1 can be read.");
             return;
         }
-        SpriteLoader(model, source, window).Load();
+        SpriteLoader(model, source, window, givenUp).Load();
     } catch (...) {
         SayArchiveError(source.messages, kMessageSffError, source.name, TextOfCurrentError());
     }

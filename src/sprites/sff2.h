@@ -13,6 +13,7 @@
 // the window system runs; when the user has closed the window, the load ends after the image.
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "platform/Messages.h"
@@ -28,9 +29,10 @@ inline constexpr MessageKind kMessageLinkError{"bad-link", Severity::Warning};
 inline constexpr MessageKind kMessageSffError{"archive-damaged", Severity::Error};
 inline constexpr MessageKind kMessageSffVersion{"archive-version", Severity::Error};
 
-// Appends the archive's sprites to `model.Sprites`. Never raises an error for what stands in the
-// file.
-void LoadSprites(StageModel& model, const ArchiveSource& source, Window& window);
+// Appends the archive's sprites to `model.Sprites`, until `givenUp` (which may be empty) answers
+// yes after one of them. Never raises an error for what stands in the file.
+void LoadSprites(StageModel& model, const ArchiveSource& source, Window& window,
+                 const std::function<bool()>& givenUp = {});
 
 // "Loading " + title + " " + how much of `count` is done, as "5%"; "%" alone for none. Of a title
 // the first 255 bytes, more than any title bar shows.

@@ -76,7 +76,7 @@ void LoadArchive(StageModel& model, const std::string& spr, const std::string& d
     }
     MessagesOfFile messages(context.messages, path);
     LoadSprites(model, {*archive, path, context.device, messages, context.options, context.png},
-                context.window);
+                context.window, context.givenUp);
 }
 
 }  // namespace

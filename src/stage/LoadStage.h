@@ -40,6 +40,9 @@ struct LoadStageContext {
     // Receives the path of the stage's music, when it names any.
     std::function<void(const std::string& path)> setMusicFileName;
     const PngPictures* png = nullptr;  // none: the machine reads no PNG
+    // Addition: asked after each sprite; yes: the stage is not wanted any more, and what there is
+    // of it so far stays in the model.
+    std::function<bool()> givenUp = {};
 };
 
 // Empties `model` and fills it from the definition at `defPath`, which names the repaired copy

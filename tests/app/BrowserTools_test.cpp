@@ -288,6 +288,7 @@ class BrowserEnds : public Tools, public testing::WithParamInterface<End> {};
 
 TEST_P(BrowserEnds, AndTheWindowIsAsBefore) {
     int shown = 0;
+    pace = UserPace::Leafing;
     WhileAIsShown(std::vector<Act>{kBrowse, Wait, [&] { shown = sink.shown; }} + GetParam().acts +
                   Then(Wait));
     LetSizeCome();

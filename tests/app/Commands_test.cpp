@@ -163,7 +163,7 @@ TEST_F(Commands, ALimitBelowNothingDoesNotWait) {
     Click(Menu::mnuFPS);
     Click(Menu::mnuFPS);
     WhileAIsShown(Times(9, Wait));
-    EXPECT_EQ(loop.TotalFrames, 10);
+    EXPECT_EQ(loop.TotalFrames, kRestFrames + 10);
 }
 
 // --- Pause ---------------------------------------------------------------------------------------
@@ -184,11 +184,11 @@ TEST_F(Commands, WhilePausedTheLineKeepsItsTextAndCommandsGoOn) {
     Click(Menu::mnuInfo);
     WhileAIsShown(Then(Choose(Menu::mnuPause)) + Times(100, Wait) + Then([&] {
                       EXPECT_EQ(show.InfoText(), "Cam 0,0  1 FPS");
-                      EXPECT_EQ(loop.TotalFrames, 1);
+                      EXPECT_EQ(loop.TotalFrames, kRestFrames + 1);
                       Click(Menu::mnuAbout);
                   }));
     EXPECT_EQ(MessageTexts().size(), 1U);
-    EXPECT_EQ(sink.shown, 1) << "the picture still stands there";
+    EXPECT_EQ(sink.shown, kRestFrames + 1) << "the picture still stands there";
 }
 
 // --- Mouse scrolling -----------------------------------------------------------------------------
@@ -333,7 +333,7 @@ TEST_F(Commands, TheLoopTakesTheListsKeysAndGivesThemBack) {
 
 TEST_F(Commands, EscapeAndQAreHarmlessWithAdditions) {
     WhileAIsShown({KeyDown(VirtualKey::Escape), KeyDown(VirtualKey::Q), Wait});
-    EXPECT_EQ(sink.shown, 4);
+    EXPECT_EQ(sink.shown, kRestFrames + 4);
     EXPECT_NE(direct3D.Device(), nullptr);
 }
 

@@ -162,7 +162,7 @@ protected:
         GoOn(stage);
         stage.sink.last.clear();
         const int before = stage.sink.shown;
-        stage.user = InTurn({Wait, Wait});
+        stage.user = LeafingInTurn({Wait, Wait});
         stage.program.Form_OLEDragDrop({kStageA});
         EXPECT_EQ(stage.Caption(), "first");
         EXPECT_EQ(stage.sink.shown, before + 3);
@@ -204,7 +204,7 @@ protected:
                                      EXPECT_TRUE(running.ShowsSomething());
                                      ++reopened;
                                  }});
-        stage.user = InTurn(std::move(acts), [&](RunningStage& running) {
+        stage.user = LeafingInTurn(std::move(acts), [&](RunningStage& running) {
             const bool reached =
                 state == State::Loading ||
                 (state == State::CharacterLoads && running.Caption() == "Loading The Hero");
@@ -241,10 +241,10 @@ protected:
         stage.program.Form_Activate();
         if (state == State::NoStage || state == State::Closed) {
             if (state == State::Closed) {
-                stage.user = InTurn({Choose(Menu::mnuClose)});
+                stage.user = LeafingInTurn({Choose(Menu::mnuClose)});
                 stage.program.Form_OLEDragDrop({kStageA});
             }
-            stage.user = InTurn({Wait, deed.after, Wait});
+            stage.user = LeafingInTurn({Wait, deed.after, Wait});
             deed.act(stage);
             deed.after(stage);
         } else {
@@ -272,7 +272,7 @@ TEST_P(EveryState, TakesEveryDeedAndShowsAStageBehindIt) {
 TEST_P(EveryState, OnlyExitAndClosingEndTheProgram) {
     RunningStage stage({}, GetParam());
     stage.Load();
-    stage.user = InTurn({Wait, Wait});
+    stage.user = LeafingInTurn({Wait, Wait});
     for (std::size_t i = 0; i < kMenuCount; ++i) {
         if (static_cast<Menu>(i) != Menu::mnuExit) {
             stage.Click(static_cast<Menu>(i));

@@ -56,7 +56,7 @@ TEST_F(FullScreen, SwitchesTheDisplayAndCoversIt) {
                        EXPECT_EQ(program.ScreenWidth, 1024);
                        EXPECT_EQ(program.ScreenHeight, 768);
                    }});
-    EXPECT_EQ(sink.shown, 3) << "the stage goes on";
+    EXPECT_EQ(sink.shown, kRestFrames + 3) << "the stage goes on";
     EXPECT_THAT(MessageTexts(), IsEmpty());
 }
 
@@ -73,7 +73,7 @@ TEST_F(FullScreen, TheHeldEscapeKeyLeavesIt) {
                        EXPECT_EQ(window.ShowCount(), 2U) << "once by the device";
                    },
                    Wait, Wait});
-    EXPECT_EQ(sink.shown, 6);
+    EXPECT_EQ(sink.shown, kRestFrames + 6);
     EXPECT_EQ(display.Switches().size(), 2U) << "holding it on leaves nothing more";
 }
 

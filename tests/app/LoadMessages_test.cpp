@@ -56,6 +56,8 @@ protected:
         messages.BeginStage(file, additions);
         Say(kinds);
         messages.End();
+        EXPECT_EQ(boxes.seen.empty(), additions || kinds.empty()) << "they wait";
+        messages.ShowHeld();
         return boxes.Take();
     }
     void Say(const std::vector<std::string>& kinds) {
@@ -299,6 +301,7 @@ TEST_F(Problems, AreListedOfTheStageLoadedLast) {
 TEST_F(Problems, OfALoadThatFailsStayInTheList) {
     user = InTurn({All({Select(kItemC), [this] { files.Delete(kStageC); }})});
     program.lstStages_Click(kItemA);
+    LetRest();
     ASSERT_EQ(form.problems.Count(), 1U);
     EXPECT_EQ(form.problems.Kept().front().text, MessageTexts().back());
     EXPECT_TRUE(form[Menu::mnuProblems].enabled);

@@ -39,7 +39,7 @@ TEST_F(Opening, AMissingFileIsSaidAndTheShownStageGoesOn) {
     EXPECT_THAT(messages.Recorded(), ElementsAre(Said(kGoneIsSaid, MessageIcon::None)));
     EXPECT_EQ(Caption(), "first");
     EXPECT_EQ(loop.StageRunning, 1);
-    EXPECT_EQ(loop.TotalFrames, 5) << "one before each act, and the last";
+    EXPECT_EQ(loop.TotalFrames, kRestFrames + 5) << "one before each act, and the last";
     EXPECT_THAT(form.recentFiles, ElementsAre(kStageA));
 }
 
@@ -305,7 +305,7 @@ TEST_F(Opening, WhatTheListSelectsWhileAStageLoadsIsOpenedWhenThatIsDone) {
     WhileAIsShown({}, Once(All({Select(1), Select(kItemC)})));
     EXPECT_EQ(Caption(), "third");
     EXPECT_EQ(form.lstStages.ListIndex, kItemC);
-    EXPECT_THAT(form.recentFiles, ElementsAre(kStageC, kStageA));
+    EXPECT_THAT(form.recentFiles, ElementsAre(kStageC)) << "nobody has seen the first one";
     EXPECT_EQ(Begun(), 2);
 }
 
@@ -354,7 +354,7 @@ TEST_F(Opening, AFileDroppedWhileAStageLoadsIsOpenedWhenThatIsDone) {
     std::vector<std::string> captions;
     WhileAIsShown({[&] { captions.push_back(Caption()); }}, Once(Drop(kStageC)));
     EXPECT_THAT(captions, ElementsAre("third")) << "no picture of the first one is waited for";
-    EXPECT_THAT(form.recentFiles, ElementsAre(kStageC, kStageA));
+    EXPECT_THAT(form.recentFiles, ElementsAre(kStageC));
     EXPECT_EQ(Begun(), 2);
 }
 
@@ -391,7 +391,7 @@ TEST_F(Opening, ACancelledDialogChangesNothing) {
     EXPECT_EQ(dialogs.Asked().size(), 1U);
     EXPECT_EQ(show.Which.CurrentStageFile, kStageA);
     EXPECT_EQ(Begun(), 1);
-    EXPECT_EQ(loop.TotalFrames, 3);
+    EXPECT_EQ(loop.TotalFrames, kRestFrames + 3);
     EXPECT_THAT(MessageTexts(), IsEmpty());
 }
 
@@ -409,7 +409,7 @@ TEST_F(Opening, CloseReleasesTheStageAndGivesTheTitleBack) {
     EXPECT_EQ(loop.StageRunning, 0);
     EXPECT_EQ(direct3D.Device(), nullptr);
     EXPECT_EQ(model.ElementCount, 0);
-    EXPECT_EQ(turn, 5) << "three images, two acts, and the loop has ended";
+    EXPECT_EQ(turn, kRestFrames + 5) << "three images, two acts, and the loop has ended";
     EXPECT_TRUE(form.lstStages.takesKeys);
 }
 
@@ -419,7 +419,7 @@ TEST_F(Opening, CloseWithoutAStageJustGivesTheTitle) {
     EXPECT_EQ(Caption(), "Scenara 1.0 DirectX 8 Experiment");
     EXPECT_THAT(MessageTexts(), IsEmpty());
     WhileAIsShown({});
-    EXPECT_EQ(sink.shown, 1) << "a stage shows as ever";
+    EXPECT_EQ(sink.shown, kRestFrames + 1) << "a stage shows as ever";
 }
 
 TEST_F(Opening, NextBehindAnEndedLoopOpensTheNext) {
@@ -436,7 +436,7 @@ TEST_F(Opening, ReloadShowsTheFileAsItIsNow) {
                    Wait});
     EXPECT_EQ(Caption(), "mended");
     EXPECT_EQ(Begun(), 2);
-    EXPECT_EQ(loop.TotalFrames, 2);
+    EXPECT_EQ(loop.TotalFrames, kRestFrames + 2);
     EXPECT_THAT(dialogs.Asked(), IsEmpty());
 }
 
@@ -494,6 +494,7 @@ class Ways : public Opening, public testing::WithParamInterface<Way> {};
 
 TEST_P(Ways, OpenWhatWasAskedFor) {
     const Way& way = GetParam();
+    pace = UserPace::Leafing;
     WhileAIsShown(way.acts, way.loading);
     const bool shown = *way.caption != '\0';
     EXPECT_EQ(Caption(), shown ? way.caption : program.AppTitle);
@@ -593,7 +594,7 @@ TEST_F(Browsing, ThousandsOfStagesThroughNextUseNoMoreStackThanOne) {
     EXPECT_EQ(Begun(), stages + 3);
     EXPECT_EQ(deepest, 1) << "no pump inside of a pump";
     EXPECT_EQ(form.lstStages.ListIndex, stages + 2);
-    EXPECT_EQ(form.recentFiles.size(), 6U);
+    EXPECT_TRUE(form.recentFiles.empty()) << "none of them was looked at";
     EXPECT_EQ(loop.StageRunning, 1);
 }
 

@@ -38,7 +38,7 @@ protected:
     // Does `first` when the stage is shown, and lets it sleep so often; then `then`, and ends. Each
     // is done in a look for messages, which takes a frame of the clock.
     void Sleep(std::size_t times, const Act& first, const Act& then = Wait) {
-        const auto acts = std::make_shared<RunningStage::User>(InTurn({first, then}));
+        const auto acts = std::make_shared<RunningStage::User>(LeafingInTurn({first, then}));
         user = [this, acts](RunningStage& stage, int turns) {
             (*acts)(stage, turns);
             window.SetMessageWaiting(loop.LoadingStage != 0 || program.QuitRequested != kFalse ||
@@ -170,7 +170,7 @@ TEST_F(QuietLoop, AStageThatIsNotSeenMovesOnWithoutAPicture) {
                         }}),
                    [&] { EXPECT_EQ(sink.shown, shown + 1); }});
     program.RunStage();
-    EXPECT_EQ(frames, 5) << "each pass counts";
+    EXPECT_EQ(frames, kRestFrames + 5) << "each pass counts";
     EXPECT_EQ(model.Elements.front().motion[0], loop.TotalFrames);
 }
 
@@ -185,7 +185,7 @@ TEST_F(QuietLoop, PausedAndUnseenItDoesNothing) {
     user = InTurn({Wait, All({Choose(Menu::mnuPause), Seen(false), [&] { shown = sink.shown; }}),
                    Wait, Wait, Seen(true), Wait});
     program.RunStage();
-    EXPECT_EQ(loop.TotalFrames, 2);
+    EXPECT_EQ(loop.TotalFrames, kRestFrames + 2);
     EXPECT_EQ(sink.shown, shown) << "the picture still stands there";
 }
 

@@ -246,6 +246,7 @@ TEST_F(Restart, AFileThatIsNotThereLeavesTheWindowWithoutAStage) {
     program.RunStage();
     EXPECT_EQ(loop.StageRunning, 0);
     EXPECT_EQ(loop.LoadingStage, 0);
+    LetRest();
     EXPECT_EQ(MessageTexts().size(), 1U);
     EXPECT_EQ(sink.shown, 0);
     EXPECT_TRUE(form[Menu::mnuStage].enabled);
@@ -260,6 +261,7 @@ TEST_F(Restart, WithoutADisplayNothingIsLoaded) {
     direct3D.FailAt(StartStep::Device);
     program.RunStage();
     EXPECT_EQ(loop.StageRunning, 0);
+    LetRest();
     EXPECT_THAT(MessageTexts(), ElementsAre(StartsWith("The display could not be started.")));
     EXPECT_TRUE(form[Menu::mnuStage].enabled);
 }
@@ -301,6 +303,7 @@ TEST_F(Restart, TheLastOfSeveralRequestsHolds) {
                  Open(kStageB);
              }}});
     EXPECT_EQ(Caption(), "second");
+    LetRest();
     EXPECT_THAT(MessageTexts(), Contains(StartsWith("SFF FILE")).Times(1));
 }
 

@@ -43,6 +43,9 @@ inline constexpr const char* kConfiguration = "/program/QX.CFG";
 inline constexpr Long kItemA = 0;
 inline constexpr Long kItemC = 2;
 
+// Frames until a stage has been shown for a while (frmStage::HasRested), at the clock's pace.
+inline constexpr int kRestFrames = 30;
+
 // Counts what is presented.
 class CountingSink : public PictureSink {
 public:
@@ -102,6 +105,14 @@ struct RunningStage {
 
     // While no loop runs: lets messages through, and with them the size that was asked for.
     void LetSizeCome() { window.DoEvents(); }
+
+    // While no loop runs: until it has been said why the stage cannot be shown.
+    void LetRest() {
+        while (!program.HasRested() && !window.EndRequested()) {
+            clock.Advance();
+            static_cast<void>(program.Form_Idle());
+        }
+    }
 
     // How often a stage was begun to be shown.
     [[nodiscard]] int Begun() const { return process.Yields(); }
@@ -194,20 +205,29 @@ private:
 };
 
 // One act after another, each when the program lets messages through while no stage loads; behind
-// the last one the loop ends. `loading` acts instead while one does, each time.
-inline RunningStage::User InTurn(std::vector<Act> acts, Act loading = {}) {
-    return [acts = std::move(acts), loading = std::move(loading), next = std::size_t{0}](
+// the last one the loop ends. `loading` acts instead while one does, each time. A user who looks at
+// stages does nothing before a stage has been shown for a while; one who leafs does not wait.
+enum class UserPace : Byte { Looking, Leafing };
+inline RunningStage::User InTurn(std::vector<Act> acts, Act loading = {},
+                                 UserPace pace = UserPace::Looking) {
+    return [acts = std::move(acts), loading = std::move(loading), pace, next = std::size_t{0}](
                RunningStage& stage, int) mutable {
         if (stage.loop.LoadingStage != 0) {
             if (loading) {
                 loading(stage);
             }
+        } else if (pace == UserPace::Looking && !stage.program.HasRested()) {
+            return;
         } else if (next < acts.size()) {
             acts[next++](stage);
         } else {
             stage.program.QuitRequested = kTrue;
         }
     };
+}
+
+inline RunningStage::User LeafingInTurn(std::vector<Act> acts, Act loading = {}) {
+    return InTurn(std::move(acts), std::move(loading), UserPace::Leafing);
 }
 
 // Acts: nothing; this item, key, stage.
@@ -273,14 +293,18 @@ protected:
 
     // Shows stage a, lets the user act, and ends the loop.
     void WhileAIsShown(std::vector<Act> acts, Act loading = {}) {
-        user = InTurn(std::move(acts), std::move(loading));
+        user = InTurn(std::move(acts), std::move(loading), pace);
         program.lstStages_Click(kItemA);
+        LetRest();
     }
     // With nothing done meanwhile.
     void Show(const Act& opened) {
         user = InTurn({});
         opened(*this);
+        LetRest();
     }
+
+    UserPace pace = UserPace::Looking;
 
     void ExpectPlace(Long left, Long top, Long width, Long height) {
         EXPECT_EQ(window.Place().left, left * kUnitsPerPixel);

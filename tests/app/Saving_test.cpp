@@ -163,11 +163,12 @@ TEST_F(Saving, ALookAsksForNoMemory) {
 }
 
 TEST_F(Saving, GoesOnWhileAStageLoadsAndWhileADialogIsOpen) {
-    WhileAIsShown({}, [&] {
-        Pass(kMoreThanASecond);
-        EXPECT_NE(loop.LoadingStage, 0);
-        EXPECT_THAT(Saved(), HasSubstr("RecentFile = /mugen/stages/a.def\r\n"));
-    });
+    WhileAIsShown({}, Once([&] {
+                      form[Menu::mnuInfo].checked = true;
+                      Pass(kMoreThanASecond);
+                      EXPECT_NE(loop.LoadingStage, 0);
+                      EXPECT_THAT(Saved(), HasSubstr("Info = True\r\n"));
+                  }));
     EXPECT_EQ(Writings(), 1);
 
     Click(Menu::mnuMusic);

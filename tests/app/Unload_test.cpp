@@ -113,7 +113,7 @@ TEST_F(FormUnload, WhileAStageLoadsNothingMoreIsSaid) {
 TEST_F(FormUnload, InTheFullScreenEndsToo) {
     WhileAIsShown({Choose(Menu::mnuFS), [&] { program.Form_Unload(); }});
     EXPECT_TRUE(program.Ended());
-    EXPECT_EQ(turn, 3 + 2);
+    EXPECT_EQ(turn, kRestFrames + 3 + 2);
 }
 
 // --- the editor's image surfaces ---
