@@ -8,7 +8,7 @@
 // commands (Commands.cpp), what is dropped or named at a start (Given.cpp), the test character
 // (TestChar.cpp), the background editor (Editing.cpp), the sprite browser (Browsing.cpp), the full
 // screen (FullScreen.cpp), what is saved meanwhile (Saving.cpp), what is reported of a load
-// (LoadMessages.cpp), the end (Unload.cpp).
+// (LoadMessages.cpp), what the status line says (Status.cpp), the end (Unload.cpp).
 //
 // One thread. All that the user does arrives through FormEvents while the loop lets messages
 // through, so any handler may run between two frames, and between two images of a load. A run-time
@@ -32,6 +32,7 @@
 #include "app/LoadMessages.h"
 #include "app/ScreenModule.h"
 #include "app/SettingsKeeper.h"
+#include "app/Status.h"
 #include "editor/ImageSets.h"
 #include "editor/SpriteBrowser.h"
 #include "music/clsMusic.h"
@@ -298,6 +299,7 @@ private:
     void NoteStand();
     [[nodiscard]] bool SavesMeanwhile() const { return show_.Options().Additions && !ended_; }
     bool KeepSettings();
+    void ShowStatus();
     void SaveChanges(KeptFile& file);
     void SaveNow(KeptFile& file);
     void Write(const KeptFile& file);
@@ -361,6 +363,7 @@ private:
     Extras extras_;
     KeptFile settingsFile_;           // QX.CFG
     KeptFile extrasFile_;             // Scenara.ini
+    StatusSource statusShown_;        // what the status line was made of
     std::optional<Long> passedOver_;  // the item of the list that could not be opened just now
     Long lastLook_ = 0;               // the tick of the last look whether they have changed
     Long lastFocusLook_ = 0;          // the tick of the last look who is in front, while paused

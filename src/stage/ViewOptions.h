@@ -106,6 +106,7 @@ inline constexpr std::array kAdditions = {
     Addition{"A choice from the list while a stage loads", "app/Opening.cpp", "NoteChosen"},
     Addition{"The list's selection", "app/Opening.cpp", "SelectAskedFor"},
     Addition{"`<<` and `R` without a stage to go to", "app/Opening.cpp", "mnuStagePrev_Click"},
+    Addition{"The status line", "app/Status.cpp", "StatusOf"},
     Addition{"Settings", "app/Saving.cpp", "SavesMeanwhile"},
     Addition{"The MUGEN folder", "app/StageList.cpp", "AskAtFirstStart"},
     Addition{"A list without stages", "app/StageList.cpp", "NoteEmptyList"},

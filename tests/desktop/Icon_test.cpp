@@ -22,7 +22,7 @@ TEST_F(Icon, IsGivenToTheWindowManagerInAllItsSizes) {
         return icon.find("Icon (" + text + " x " + text + ")") != std::string::npos;
     };
     EXPECT_TRUE(Eventually([&] {
-        icon = display_.Property("-id " + MainWindow(), "_NET_WM_ICON");
+        icon = display_.Property("-len 4000000 -id " + MainWindow(), "_NET_WM_ICON");
         return has(16) && has(24) && has(32) && has(48) && has(64) && has(128) && has(256);
     })) << icon.substr(0, 1000);
     // The entry says this class (StartupWMClass).

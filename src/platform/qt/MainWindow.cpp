@@ -26,6 +26,7 @@
 #include "platform/qt/MenuBar.h"
 #include "platform/qt/PictureWidget.h"
 #include "platform/qt/ShownText.h"
+#include "platform/qt/StatusLine.h"
 #include "platform/qt/TitlePicture.h"
 
 namespace scenara {
@@ -97,6 +98,11 @@ MainWindow::MainWindow(const Form& form) : form_(form), size_(*this) {
     rows->addWidget(inner, 1);
     rows->addWidget(cameraBar_);
     rows->addWidget(spriteBar_);
+    statusLine_ = new StatusLine;  // NOLINT(cppcoreguidelines-owning-memory)
+    rows->addWidget(statusLine_);
+    statusLine_->hide();
+    statusLine_->SetProblemsObserver(
+        [this] { waiting_.Add([](FormEvents& events) { events.Menu_Click(Menu::mnuProblems); }); });
     cameraBar_->hide();
     spriteBar_->hide();
     inner_ = inner;
@@ -217,6 +223,14 @@ void MainWindow::ShowBar(QScrollBar& widget, const ScrollBar& bar) const {
     }
 }
 
+void MainWindow::ShowStatus() {
+    const StatusBar& status = form_.statusBar;
+    if (statusLine_->isHidden() == status.visible) {
+        statusLine_->setVisible(status.visible);
+    }
+    statusLine_->Show(status);
+}
+
 HRESULT MainWindow::Present(const CanvasSize& size, std::span<const std::uint32_t> pixels) {
     if (events_ != nullptr) {
         ShowBars();  // with the picture they belong to, also while no message comes
@@ -297,6 +311,7 @@ void MainWindow::ShowForm() {
     ShowRecentFiles();
     ShowList();
     ShowBars();
+    ShowStatus();
     ShowPresentation();
     const QRect place(form_.picDraw.left, form_.picDraw.top, form_.picDraw.width,
                       form_.picDraw.height);
@@ -419,12 +434,13 @@ void MainWindow::MoveTo(Long left, Long top) {
     }
 }
 
-// Beyond its inner area the window has just the menu bar, and the bars that the form has. (What the
-// widgets measure now says nothing before the window has been laid out.)
+// Beyond its inner area the window has just the menu bar, and the bars and lines that the form has.
+// (What the widgets measure now says nothing before the window has been laid out.)
 int MainWindow::HeightAround() const {
     return menuBar()->sizeHint().height() +
            (form_.hscHScroll.Visible ? cameraBar_->sizeHint().height() : 0) +
-           (form_.hscSGFX.Visible ? spriteBar_->sizeHint().height() : 0);
+           (form_.hscSGFX.Visible ? spriteBar_->sizeHint().height() : 0) +
+           (form_.statusBar.visible ? statusLine_->sizeHint().height() : 0);
 }
 
 // The picture is shown at whole multiples of the screen's pixels; the next larger one, unless the

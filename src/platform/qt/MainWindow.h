@@ -34,6 +34,7 @@ class QScrollBar;
 namespace scenara {
 
 class PictureWidget;
+class StatusLine;
 
 class MainWindow : public QMainWindow, public Window {
 public:
@@ -153,6 +154,7 @@ private:
     void ShowRecentFiles();
     void ShowList();
     void ShowBars();
+    void ShowStatus();
     void ShowBar(QScrollBar& widget, const ScrollBar& bar) const;
     [[nodiscard]] int HeightAround() const;
     [[nodiscard]] int SelectedRow() const;
@@ -171,6 +173,7 @@ private:
     QListWidget* list_ = nullptr;       // another
     QScrollBar* cameraBar_ = nullptr;   // below the picture and the list
     QScrollBar* spriteBar_ = nullptr;
+    StatusLine* statusLine_ = nullptr;  // below these
     QTimer wake_;
     std::array<QAction*, kMenuCount> actions_{};
     std::vector<QAction*> recentActions_;
