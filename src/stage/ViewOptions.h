@@ -98,6 +98,7 @@ inline constexpr std::array kAdditions = {
     Addition{"The title without a stage", "app/RunStage.cpp", "picLoad"},
     Addition{"The picture's size", "app/Commands.cpp", "PresentationWanted"},
     Addition{"The window's size and place", "app/Layout.cpp", "ComeUp"},
+    Addition{"The window's least width", "platform/qt/MainWindow.cpp", "LeastWidth"},
     Addition{"The full screen", "app/FullScreen.cpp", "ModeOfFullScreen"},
     Addition{"Another program in front of the full screen", "app/RunStage.cpp",
              "WatchFocusWhilePaused"},

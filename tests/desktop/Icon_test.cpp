@@ -15,7 +15,7 @@ class Icon : public DesktopProgram {};
 TEST_F(Icon, IsGivenToTheWindowManagerInAllItsSizes) {
     WriteSettings();
     Start();
-    ExpectMainWindow(320);
+    ExpectWindow("^Scenara 1.0");
     std::string icon;
     const auto has = [&](int size) {
         const std::string text = std::to_string(size);

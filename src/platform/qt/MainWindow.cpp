@@ -223,6 +223,25 @@ void MainWindow::ShowBar(QScrollBar& widget, const ScrollBar& bar) const {
     }
 }
 
+// Addition: names of menus do not go under an arrow.
+int MainWindow::LeastWidth() const {
+    return form_.statusBar.visible ? menuBar()->sizeHint().width() : 0;
+}
+
+QSize MainWindow::minimumSizeHint() const {
+    return QMainWindow::minimumSizeHint().expandedTo({LeastWidth(), 0});
+}
+
+// The user makes it no narrower. Where it is that already, by a window manager that tiles, the size
+// is not the program's to ask for, and the toolkit would ask.
+void MainWindow::KeepMenusWhole() {
+    const int least = LeastWidth();
+    const int held = least <= width() ? least : 0;
+    if (std::exchange(heldWidth_, held) != held) {
+        setMinimumWidth(held);  // 0: as narrow as its widgets let it
+    }
+}
+
 void MainWindow::ShowStatus() {
     const StatusBar& status = form_.statusBar;
     if (statusLine_->isHidden() == status.visible) {
@@ -312,6 +331,7 @@ void MainWindow::ShowForm() {
     ShowList();
     ShowBars();
     ShowStatus();
+    KeepMenusWhole();
     ShowPresentation();
     const QRect place(form_.picDraw.left, form_.picDraw.top, form_.picDraw.width,
                       form_.picDraw.height);

@@ -65,6 +65,8 @@ public:
     void Idle();
     // For the same: the controls are laid out for a size that has come.
     void FollowSize();
+    // With additions all of the menus has room.
+    [[nodiscard]] QSize minimumSizeHint() const override;
     // It is hidden, or stands as the window system has placed it.
     [[nodiscard]] bool HasComeUp() const;
 
@@ -150,6 +152,8 @@ private:
     void ShowForm();
     bool ReportSize();
     void ShowMenus();
+    void KeepMenusWhole();
+    [[nodiscard]] int LeastWidth() const;
     void ShowPresentation();
     void ShowRecentFiles();
     void ShowList();
@@ -194,6 +198,7 @@ private:
     bool asksAgain_ = false;     // the program wants to be asked again though nothing happens
     bool endRequested_ = false;
     bool showsTitle_ = false;
+    int heldWidth_ = 0;      // the user makes it no narrower
     std::string titleNote_;  // as it is shown
 };
 
