@@ -318,6 +318,7 @@ protected:
     // For all that comes up while it is there.
     struct UsersFont {
         explicit UsersFont(int points) {
+            qApp->setStyleSheet({});  // the toolkit keeps one of an application before
             QFont font = before;
             font.setPointSize(points);
             QApplication::setFont(font);

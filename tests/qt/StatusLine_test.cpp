@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "platform/qt/StatusLine.h"
 
+#include <QImage>
 #include <QLabel>
+#include <QPalette>
 #include <QScrollBar>
 #include <QToolButton>
 #include <algorithm>
@@ -199,6 +201,27 @@ TEST_F(StatusLineShown, ALargerFontHasAHigherLine) {
     Settle();
     EXPECT_GT(line.sizeHint().height(), before + 8);
     EXPECT_EQ(Texts().front(), kForest.name);
+}
+
+// As a desktop with a dark look gives it.
+TEST_F(StatusLineShown, HasTheColoursOfTheUsersPalette) {
+    const QColor ground(0x20, 0x20, 0x24);
+    const QColor letters(0xF0, 0xF0, 0xE0);
+    QApplication::setPalette(
+        QPalette(letters, ground, ground.lighter(), ground.darker(), ground, letters, ground));
+    Settle();
+    const QImage image = line.grab().toImage();
+    EXPECT_EQ(image.pixelColor(1, 1).name(), ground.name());
+    for (const Piece& piece : Pieces()) {
+        int lightest = 0;
+        for (int y = piece.place.top(); y <= piece.place.bottom(); ++y) {
+            for (int x = piece.place.left(); x <= piece.place.right(); ++x) {
+                lightest = std::max(lightest, image.pixelColor(x, y).lightness());
+            }
+        }
+        EXPECT_GT(lightest, letters.lightness() - 40) << piece.text;
+    }
+    QApplication::setPalette(QPalette());
 }
 
 class WindowWithStatus : public ShownWindow {

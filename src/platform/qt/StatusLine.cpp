@@ -19,7 +19,7 @@ constexpr int kSide = 6;
 // Letters may reach a little out of what they measure.
 constexpr int kSlack = 2;
 // What is left of a text that is cut, in signs.
-constexpr int kLeastSigns = 6;
+constexpr int kLeastSigns = 9;
 
 // Behind the archive's file name.
 QString VersionOf(const StatusBar& status) {
@@ -128,14 +128,21 @@ StatusLine::Widths StatusLine::Fitted() const {
     for (std::size_t part = Name; part < PartCount; ++part) {
         widths.at(part) = WidthOf(static_cast<Part>(part));
     }
-    for (const Part part : {Author, Name, Archive}) {
+    const auto cut = [&](Part part) {
         const int tooMuch = std::max(Needed(widths) - width(), 0);
         widths.at(part) -= std::min(tooMuch, widths.at(part) - LeastOf(part));
-    }
-    for (const Part part : {Author, Canvas, Archive, Name, Problems}) {
+    };
+    const auto leaveOut = [&](Part part) {
         if (Needed(widths) > width()) {
             widths.at(part) = 0;
         }
+    };
+    cut(Author);
+    cut(Name);
+    leaveOut(Author);
+    cut(Archive);
+    for (const Part part : {Canvas, Archive, Name, Problems}) {
+        leaveOut(part);
     }
     // What has gone may leave room for more of the others.
     for (const Part part : {Archive, Name}) {

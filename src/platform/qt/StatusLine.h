@@ -3,9 +3,10 @@
 // StatusLine: the line below the picture, which says what is shown: name and author to the left,
 // picture, archive and problems to the right.
 //
-// What has room is whole. Else the author is cut at its end, then the name, and then the archive's
-// file name in its middle, never its version. Where even that is too wide, whole parts go: the
-// author, the picture's size, the archive, the name, the problems. A tool tip has all of it.
+// What has room is whole. Else the author is cut at its end, then the name; the author goes; and
+// the archive's file name is cut in its middle, never its version. Where even that is too wide,
+// whole parts go: the picture's size, the archive, the name, the problems. A tool tip has all of
+// it.
 #pragma once
 
 #include <QLabel>
