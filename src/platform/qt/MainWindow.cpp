@@ -110,7 +110,8 @@ MainWindow::MainWindow(const Form& form) : form_(form), size_(*this) {
     setCentralWidget(all);
     BuildBars();
     BuildMouse();
-    setMenuBar(new MenuBar);  // NOLINT(cppcoreguidelines-owning-memory)
+    menus_ = new MenuBar;  // NOLINT(cppcoreguidelines-owning-memory)
+    setMenuBar(menus_);
     setAcceptDrops(true);
     BuildList();
 }
@@ -225,7 +226,7 @@ void MainWindow::ShowBar(QScrollBar& widget, const ScrollBar& bar) const {
 
 // Addition: names of menus do not go under an arrow.
 int MainWindow::LeastWidth() const {
-    return form_.statusBar.visible ? menuBar()->sizeHint().width() : 0;
+    return form_.statusBar.visible ? menus_->WholeWidth() : 0;
 }
 
 QSize MainWindow::minimumSizeHint() const {

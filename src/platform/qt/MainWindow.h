@@ -33,6 +33,7 @@ class QScrollBar;
 
 namespace scenara {
 
+class MenuBar;
 class PictureWidget;
 class StatusLine;
 
@@ -172,6 +173,7 @@ private:
 
     const Form& form_;
     FormEvents* events_ = nullptr;
+    MenuBar* menus_ = nullptr;          // the window's own, as Qt has it
     QWidget* inner_ = nullptr;          // holds the picture and the list; a child, as Qt has it
     PictureWidget* picture_ = nullptr;  // a child, as Qt has it
     QListWidget* list_ = nullptr;       // another
