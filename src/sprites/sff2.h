@@ -28,8 +28,8 @@ inline constexpr MessageKind kMessageLinkError{"bad-link", Severity::Warning};
 inline constexpr MessageKind kMessageSffError{"archive-damaged", Severity::Error};
 inline constexpr MessageKind kMessageSffVersion{"archive-version", Severity::Error};
 
-// Appends the archive's sprites to `model.Sprites`, and notes its version. Never raises an error for what stands in the
-// file.
+// Appends the archive's sprites to `model.Sprites`, and notes its version. Never raises an error
+// for what stands in the file.
 void LoadSprites(StageModel& model, const ArchiveSource& source, Window& window);
 
 // "Loading " + title + " " + how much of `count` is done, as "5%"; "%" alone for none. Of a title
