@@ -29,6 +29,7 @@
 #include "platform/qt/Display.h"
 #include "platform/qt/EndOfSession.h"
 #include "platform/qt/Launch.h"
+#include "platform/qt/ProgramIcon.h"
 #include "platform/qt/ToolkitWords.h"
 
 namespace {
@@ -150,6 +151,9 @@ int main(int argc, char** argv) {
     const Launch launch;
     const QApplication application(argc, argv);  // it takes its own words out of these
     QApplication::setQuitOnLastWindowClosed(false);
+    // By its name a Wayland compositor finds the program's entry (share/scenara.desktop).
+    QApplication::setDesktopFileName(QStringLiteral("scenara"));
+    QApplication::setWindowIcon(ProgramIcon());
     MakeAutoRepeatDetectable();
     std::optional<std::vector<std::string>> given = PathsAmong(WordsOf(argc, argv));
     if (!given) {

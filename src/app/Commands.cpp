@@ -195,6 +195,7 @@ void frmStage::TakeExtras() {
     show_.Options().Additions = form_[Menu::mnuAdditions].checked;
     show_.Options().Smooth = form_[Menu::mnuSmooth].checked;
     form_.presentation = PresentationWanted();
+    form_.statusBar.visible = show_.Options().Additions;
 }
 
 // Addition: any size of the screen, and means of what is not shown pixel by pixel.

@@ -16,6 +16,7 @@ constexpr std::uint32_t kLookEvery = 100;
 
 bool frmStage::Form_Idle() {
     bool again = false;
+    static_cast<void>(Guarded([&] { ShowStatus(); }));
     static_cast<void>(Guarded([&] { again = KeepSettings(); }));
     static_cast<void>(Guarded([&] { again = FollowFolder() || again; }));
     if (!handles_) {

@@ -8,7 +8,8 @@
 // does in the list (ListEvents.cpp), the other commands (Commands.cpp), what is dropped or named at
 // a start (Given.cpp), the test character (TestChar.cpp), the background editor (Editing.cpp), the
 // sprite browser (Browsing.cpp), the full screen (FullScreen.cpp), what is saved meanwhile
-// (Saving.cpp), what is reported of a load (LoadMessages.cpp), the end (Unload.cpp).
+// (Saving.cpp), what is reported of a load (LoadMessages.cpp), what the status line says
+// (Status.cpp), the end (Unload.cpp).
 //
 // One thread. All that the user does arrives through FormEvents while the loop lets messages
 // through, so any handler may run between two frames, and between two images of a load. A run-time
@@ -34,6 +35,7 @@
 #include "app/SettingsKeeper.h"
 #include "app/StageCatalog.h"
 #include "app/StageSearch.h"
+#include "app/Status.h"
 #include "editor/ImageSets.h"
 #include "editor/SpriteBrowser.h"
 #include "music/clsMusic.h"
@@ -333,6 +335,7 @@ private:
     void NoteStand();
     [[nodiscard]] bool SavesMeanwhile() const { return show_.Options().Additions && !ended_; }
     bool KeepSettings();
+    void ShowStatus();
     void SaveChanges(KeptFile& file);
     void SaveNow(KeptFile& file);
     void Write(const KeptFile& file);
@@ -395,8 +398,9 @@ private:
 
     bool settingsLoaded_ = false;
     Extras extras_;
-    KeptFile settingsFile_;  // QX.CFG
-    KeptFile extrasFile_;    // Scenara.ini
+    KeptFile settingsFile_;     // QX.CFG
+    KeptFile extrasFile_;       // Scenara.ini
+    StatusSource statusShown_;  // what the status line was made of
     StageCatalog catalog_;
     StageSearch search_;
     bool searched_ = false;         // the names of all stages are known

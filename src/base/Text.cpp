@@ -83,6 +83,17 @@ std::string_view Trim(std::string_view text, std::string_view blanks) {
     return text.substr(first, text.find_last_not_of(blanks) - first + 1);
 }
 
+std::string_view Beginning(std::string_view text, std::size_t most) {
+    std::size_t length = std::min(text.size(), most);
+    const auto continues = [&](std::size_t at) {
+        return at < text.size() && (static_cast<unsigned char>(text[at]) & 0xC0U) == 0x80U;
+    };
+    for (int back = 0; back < 3 && length > 0 && continues(length); ++back) {
+        --length;
+    }
+    return text.substr(0, length);
+}
+
 bool Contains(std::string_view text, std::string_view part) {
     return text.find(part) != std::string_view::npos;
 }

@@ -28,6 +28,10 @@ void LowerCase(std::string_view text, std::string& into);
 // Without the blanks, or the characters that are given, at both ends.
 [[nodiscard]] std::string_view Trim(std::string_view text, std::string_view blanks = " ");
 
+// At the most so many bytes of its beginning, and no part of a character that has several, should
+// they be UTF-8.
+[[nodiscard]] std::string_view Beginning(std::string_view text, std::size_t most);
+
 [[nodiscard]] bool Contains(std::string_view text, std::string_view part);
 
 // Equal but for the case of ASCII letters.

@@ -135,6 +135,22 @@ struct ScrollBar {
     bool Visible = false;
 };
 
+// A line below the inner area, and outside of it, like the bars: what is shown. Each text may be
+// empty: there is nothing of it then.
+struct StatusBar {
+    bool visible = false;
+    std::string stages;  // how many there are to choose from; while none is shown, and alone
+    std::string name;    // of the stage, as its author has it
+    std::string author;
+    std::string canvas;       // the picture's own size
+    std::string archivePath;  // of its sprites, as it was opened
+    std::string archive;      // the same without its folder
+    std::string version;      // of its format
+    std::string problems;     // how many; choosing it lists them
+
+    friend bool operator==(const StatusBar&, const StatusBar&) = default;
+};
+
 struct Form {
     std::string title;    // the program's; boxes that have none of their own carry it
     std::string Caption;  // the window's
@@ -148,8 +164,9 @@ struct Form {
     PictureBox picLoad;         // the picture that is shown before a stage is open
     std::string titleNote;      // stands in it, in lines broken by CR LF; empty: how to begin
     ListBox lstStages;
-    ScrollBar hscHScroll;                // the camera
-    ScrollBar hscSGFX;                   // the sprite browser
+    ScrollBar hscHScroll;  // the camera
+    ScrollBar hscSGFX;     // the sprite browser
+    StatusBar statusBar;
     std::optional<ViewFrame> selection;  // shown over the picture
     ProblemList problems;                // of the stage that was loaded last, or could not be
 

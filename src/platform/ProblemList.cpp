@@ -21,12 +21,7 @@ std::string Cut(std::string_view text) {
     if (text.size() <= ProblemList::kMostLength) {
         return std::string(text);
     }
-    const auto continues = [](char byte) { return (static_cast<unsigned char>(byte) >> 6U) == 2; };
-    std::size_t length = ProblemList::kMostLength - kCut.size();
-    for (int i = 0; i < 3 && continues(text[length]); ++i) {
-        --length;
-    }
-    return std::string(text.substr(0, length)).append(kCut);
+    return std::string(Beginning(text, ProblemList::kMostLength - kCut.size())).append(kCut);
 }
 
 // Each line break, and whatever else no line of text has, as one blank.

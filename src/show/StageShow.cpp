@@ -56,6 +56,7 @@ ShowState StageShow::State() const {
 bool StageShow::Start(const std::string& mugeDir) {
     const std::optional<CameraStand> camera = std::exchange(Which.camera, std::nullopt);
     longPass_.Forget();
+    hasStage_ = false;
     view_ = View();
     engine_.Engine_Init();
     DiscardKeyStates(machine_.keyboard);
@@ -76,6 +77,7 @@ bool StageShow::Start(const std::string& mugeDir) {
     }
     view_ = ViewOf(model_, options_);
     engine_.FitView();
+    hasStage_ = true;
     events_.StageLoaded();
     DiscardKeyStates(machine_.keyboard);
     Prepare(camera);
@@ -121,6 +123,7 @@ void StageShow::Prepare(const std::optional<CameraStand>& camera) {
 void StageShow::Release() {
     loop_.LoadingStage = 0;
     loop_.StageRunning = 0;
+    hasStage_ = false;
     editor_.Clear();
     ReleaseTestChar();
     for (SpriteEntry& sprite : model_.Sprites) {

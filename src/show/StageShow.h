@@ -68,6 +68,11 @@ public:
     // A stage has been shown, be it an earlier one.
     [[nodiscard]] bool HasShown() const { return hasShown_; }
 
+    // Whether there is a stage whose files have been read: Model and Picture tell of it, whole.
+    [[nodiscard]] bool HasStage() const { return hasStage_; }
+    // Its sprites' archive.
+    [[nodiscard]] const StageArchive& Archive() const { return model_.Archive; }
+
     // --- A stage -------------------------------------------------------------------------------
 
     // Loads the stage that begins (WhichStage) and prepares it: device, elements, camera, the test
@@ -214,6 +219,7 @@ private:
     std::string infoText_;
     Integer framesTold_ = 0;  // of the last second
     bool hasShown_ = false;
+    bool hasStage_ = false;
     bool drawsOnce_ = false;  // a frame although it is paused
     bool edited_ = false;     // something that the last picture does not show yet
     bool toPresent_ = true;   // a picture that has not been presented

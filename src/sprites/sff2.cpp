@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "base/RunTimeError.h"
+#include "base/Text.h"
 #include "sprites/PictureQueue.h"
 #include "sprites/SpriteMessages.h"
 #include "stage/RecordNumbers.h"
@@ -155,31 +156,20 @@ private:
     std::vector<Integer> entryOf_;  // of the sprite at each place; -1: it was dropped
 };
 
-// Cut between characters, should the bytes be UTF-8.
-std::string_view ShortTitle(std::string_view title) {
-    std::size_t length = std::min(title.size(), kLongestTitle);
-    const auto continues = [&](std::size_t at) {
-        return at < title.size() && (static_cast<unsigned char>(title[at]) & 0xC0U) == 0x80U;
-    };
-    for (int back = 0; back < 3 && length > 0 && continues(length); ++back) {
-        --length;
-    }
-    return title.substr(0, length);
-}
-
 }  // namespace
 
 std::string LoadingCaption(const std::string& title, std::uint32_t done, std::uint32_t count) {
     const double percent = RoundToEven(100.0 * done / count);
     const std::string number =
         percent == 0.0 ? std::string() : std::to_string(static_cast<int>(percent));
-    return "Loading " + std::string(ShortTitle(title)) + " " + number + "%";
+    return "Loading " + std::string(Beginning(title, kLongestTitle)) + " " + number + "%";
 }
 
 void LoadSprites(StageModel& model, const ArchiveSource& source, Window& window,
                  const std::function<bool()>& givenUp) {
     try {
         const ArchiveVersion version = ReadArchiveVersion(source.archive);
+        model.Archive.version = version.Text();
         if (!MayRead(version, source.options)) {
             SayArchiveError(source.messages, kMessageSffVersion, source.name,
                             "This is an archive of version " + version.Text() +

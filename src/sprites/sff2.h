@@ -29,8 +29,8 @@ inline constexpr MessageKind kMessageLinkError{"bad-link", Severity::Warning};
 inline constexpr MessageKind kMessageSffError{"archive-damaged", Severity::Error};
 inline constexpr MessageKind kMessageSffVersion{"archive-version", Severity::Error};
 
-// Appends the archive's sprites to `model.Sprites`, until `givenUp` (which may be empty) answers
-// yes after one of them. Never raises an error for what stands in the file.
+// Appends the archive's sprites to `model.Sprites`, and notes its version, until `givenUp` (which
+// may be empty) answers yes after one of them. Never raises an error for what stands in the file.
 void LoadSprites(StageModel& model, const ArchiveSource& source, Window& window,
                  const std::function<bool()>& givenUp = {});
 

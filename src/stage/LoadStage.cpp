@@ -74,6 +74,7 @@ void LoadArchive(StageModel& model, const std::string& spr, const std::string& d
         context.messages.MsgBox(kMessageArchiveMissing, std::move(text), {0, 0, defPath});
         return;
     }
+    model.Archive.path = path;
     MessagesOfFile messages(context.messages, path);
     LoadSprites(model, {*archive, path, context.device, messages, context.options, context.png},
                 context.window, context.givenUp);

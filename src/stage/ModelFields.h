@@ -5,7 +5,8 @@
 //
 // ForEachField(record, visit) calls visit(name, field) for every field of the record, tables of
 // records within it included; textures and the pictures made of them (TilePatterns) are left out,
-// for they are no values, and so is seenFrom, which follows from the others. The order is that of
+// for they are no values, and so are seenFrom, which follows from the others, and what is only told
+// to the user (Author, Archive). The order is that of
 // the model as written out: new fields go to the end, so that what is there keeps its place.
 #pragma once
 

@@ -289,6 +289,9 @@ void ReadCtrlKeys(KeyOffer& line, BgCtrl& control) {
 void ReadKeysOfSection(KeyOffer& line, StageModel& model, std::string_view section) {
     if (section == "info") {
         ReadVersion(line, model);
+        if (line.Text("author", model.Author)) {
+            Unquote(model.Author);
+        }
     } else if (section == "stageinfo") {
         line.Whole("hires", model.hires);
         ReadLocalcoord(line, model);

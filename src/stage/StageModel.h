@@ -273,6 +273,13 @@ struct BgCtrlDef {
 // The longest list of element ids that a group or a control holds.
 inline constexpr std::size_t kMaxCtrlIds = 10;
 
+// A stage's sprite archive.
+struct StageArchive {
+    std::string path;  // as it was opened; empty: there is none
+    std::string
+        version;  // "1.01" and the like, as its header says it; empty: it has no whole header
+};
+
 // The order is that of the model as written out, whatever that costs in padding: there is one.
 struct StageModel {  // NOLINT(clang-analyzer-optin.performance.Padding)
     std::vector<BackgroundElement> Elements;
@@ -331,6 +338,10 @@ struct StageModel {  // NOLINT(clang-analyzer-optin.performance.Padding)
     Integer MusicVolumeOffset = 0;  // the same for older stages: -255 is silence, 0 as recorded
     Long MusicLoopStart = 0;        // samples: played to the end, it goes on from the start
     Long MusicLoopEnd = -1;         // below 0: the file's own
+
+    // For the user to read, and no part of a stage as written out.
+    std::string Author;  // addition
+    StageArchive Archive;
 
     // Releases every texture, empties the tables, and puts every setting back to its start.
     void Clear();

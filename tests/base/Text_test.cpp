@@ -220,5 +220,16 @@ TEST(CodePointAt, AgreesWithToUtf8OnAnyBytes) {
     }
 }
 
+TEST(Beginning, EndsBetweenTwoCharacters) {
+    EXPECT_EQ(Beginning("harbour", 7), "harbour");
+    EXPECT_EQ(Beginning("harbour", 100), "harbour");
+    EXPECT_EQ(Beginning("harbour", 4), "harb");
+    EXPECT_EQ(Beginning("", 4), "");
+    EXPECT_EQ(Beginning("a\xC3\xA4z", 2), "a") << "an umlaut has two bytes";
+    EXPECT_EQ(Beginning("a\xC3\xA4z", 3), "a\xC3\xA4");
+    EXPECT_EQ(Beginning("\xE4\xF6\xFC", 2), "\xE4\xF6") << "in the code page each has one";
+    EXPECT_EQ(Beginning("\x81\x82\x83\x84\x85\x86", 5).size(), 2U) << "no more than three go";
+}
+
 }  // namespace
 }  // namespace scenara

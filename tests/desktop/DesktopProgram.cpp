@@ -76,7 +76,8 @@ void DesktopProgram::WriteSettings(const std::string& more) const {
         << more;
     const bool withList = more.find("StageList = 255") != std::string::npos;
     std::ofstream(Folder() / "bin/Scenara.ini", std::ios::binary | std::ios::app)
-        << "WindowWidth = " << (withList ? 480 : 320) << "\r\nWindowHeight = 283\r\n";
+        << "WindowWidth = " << (withList ? 480 : 320) << "\r\nWindowHeight = " << 283 + kStatusLine
+        << "\r\n";
 }
 
 void DesktopProgram::AddTile(const std::string& stage, int image) const {

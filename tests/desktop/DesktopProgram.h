@@ -26,6 +26,9 @@ inline constexpr std::uint32_t kBrick = 0xA04830;  // the tile 0,2
 inline constexpr int kTileWidth = 60;
 inline constexpr int kTileHeight = 40;
 
+// How high the status line is, in the toolkit's pixels.
+inline constexpr int kStatusLine = 21;
+
 // Where the bar is on the screen, in the first row that shows it.
 struct Bar {
     int left = 0;

@@ -40,13 +40,20 @@ protected:
         return setup;
     }
 
-    // Of the picture's box, whose left column has one colour.
+    // Of the picture's box, whose left column has one colour, and which ends above the status line.
     [[nodiscard]] static SeenSize BoxIn(const Screenshot& shot, const Place& window) {
         constexpr int kListWidth = 160;
-        const int below = window.top + window.height;
+        int below = window.top + window.height;
+        const std::uint32_t line = shot.At(window.left, below - 1);
+        while (below > window.top && shot.At(window.left, below - 1) == line) {
+            --below;
+        }
+        if (below == window.top) {
+            return {};
+        }
         const std::uint32_t color = shot.At(window.left, below - 1);
         SeenSize box{window.width - (GetParam().listed ? kListWidth : 0), 0};
-        while (box.height < window.height &&
+        while (below - box.height > window.top &&
                shot.At(window.left, below - box.height - 1) == color) {
             ++box.height;
         }

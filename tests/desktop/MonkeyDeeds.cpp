@@ -37,6 +37,7 @@ constexpr const char* kStates[] = {"MAXIMIZED_VERT", "MAXIMIZED_HORZ", "FULLSCRE
                                    "ABOVE",          "BELOW",          "SHADED",
                                    "STICKY",         "SKIP_TASKBAR"};
 constexpr int kBarHeight = 20;
+constexpr int kBelowHeight = 2 * kBarHeight;  // of a scroll bar and the status line
 constexpr int kListWidth = 160;
 
 }  // namespace
@@ -52,7 +53,8 @@ Spot Monkey::SpotIn(const Place& place) {
             place.top + Below(std::max(place.height, 1))};
 }
 
-// The bar of menus and the list are small beside the picture, so they are chosen more often.
+// The bar of menus, the list and what is below are small beside the picture, so they are chosen
+// more often.
 Spot Monkey::SomeSpot() {
     const ProgramWindow* const window = SomeWindow();
     if (window == nullptr) {
@@ -67,8 +69,8 @@ Spot Monkey::SomeSpot() {
                 place.width = kListWidth;
                 break;
             case 2:
-                place.top += std::max(place.height - kBarHeight, 0);
-                place.height = kBarHeight;
+                place.top += std::max(place.height - kBelowHeight, 0);
+                place.height = kBelowHeight;
                 break;
             default: break;
         }

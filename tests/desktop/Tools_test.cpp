@@ -72,7 +72,7 @@ TEST_F(DesktopTools, TheCamerasBarMovesThePicture) {
     const int before = BarLeft();
     const std::string window = MainWindow();
     // Its thumb is in the middle, as the camera is.
-    const std::string y = " " + std::to_string(size.height - 6);
+    const std::string y = " " + std::to_string(size.height - kStatusLine - 6);
     display_.Do("mousemove --window " + window + " 240" + y + " mousedown 1");
     display_.Do("mousemove --window " + window + " 270" + y);
     EXPECT_TRUE(Eventually([&] { return BarLeft() < before - 10; })) << "to the left";
@@ -105,7 +105,8 @@ TEST_F(DesktopTools, TheBrowserShowsSpritesAsLargeAsFitsAndLeavesTheWindowAlone)
     EXPECT_FALSE(std::filesystem::exists(Folder() / "bin/chek.txt")) << "with Alt it is no dump";
     EXPECT_EQ(WindowSize(), size);
 
-    ClickAt(size.width - 6, size.height - 6);  // the bar's button for the next one
+    // The bar's button for the next one, above the status line.
+    ClickAt(size.width - 6, size.height - kStatusLine - 6);
     const int fits = times("(2\\3)  Group: 0  Image: 1", kLeaf);
     EXPECT_GT(fits, 1);
     Key("Right");

@@ -119,13 +119,21 @@ private:
     void FindBox() {
         boxTop_ = 0;
         boxWidth_ = window_.place.width;
+        boxEnd_ = window_.place.height;
+        lineEnd_ = boxEnd_;
         if (!window_.hasMenus) {
             return;
         }
         constexpr int kLeast = 15;
         constexpr int kMost = 30;
+        FindLine();
+        if (lineEnd_ - boxEnd_ < kLeast * window_.scale ||
+            lineEnd_ - boxEnd_ > kMost * window_.scale) {
+            wrong_ = "a status line " + std::to_string(lineEnd_ - boxEnd_) + " pixels high";
+            return;
+        }
         // From below: a pointer may stand in the upper left corner.
-        boxTop_ = window_.place.height;
+        boxTop_ = boxEnd_;
         while (boxTop_ > 0 && IsOfTheBox(At(0, boxTop_ - 1))) {
             --boxTop_;
         }
@@ -133,7 +141,7 @@ private:
             wrong_ = "menus " + std::to_string(boxTop_) + " pixels high";
             return;
         }
-        const int line = (boxTop_ + window_.place.height * 3) / 4;
+        const int line = (boxTop_ + boxEnd_ * 3) / 4;
         boxWidth_ = 0;
         while (boxWidth_ < window_.place.width && IsOfTheBox(At(boxWidth_, line))) {
             ++boxWidth_;
@@ -145,27 +153,43 @@ private:
         }
     }
 
+    // The status line, which begins with its ground, and above it the box.
+    void FindLine() {
+        while (lineEnd_ > window_.place.height - rest_ && At(0, lineEnd_ - 1) == kBlack) {
+            --lineEnd_;
+        }
+        boxEnd_ = lineEnd_;
+        while (boxEnd_ > 0 && !IsOfTheBox(At(0, boxEnd_ - 1))) {
+            --boxEnd_;
+        }
+    }
+
     [[nodiscard]] static bool IsOfTheBox(std::uint32_t color) {
         return color == kBlack || IsOfThePicture(color);
     }
 
     void CheckRest() {
         for (int y = 0; y < window_.place.height; ++y) {
-            for (int x = y < boxTop_ ? 0 : boxWidth_; x < window_.place.width; ++x) {
+            const bool isBeside = y >= boxTop_ && y < boxEnd_;
+            for (int x = isBeside ? boxWidth_ : 0; x < window_.place.width; ++x) {
                 const std::uint32_t color = At(x, y);
                 if (color == kBackground || color == kGround || color == kBar) {
-                    Note(x, y, color, "menus or the list");
+                    Note(x, y, color, "menus, the list or the status line");
                     return;
                 }
             }
         }
         constexpr double kLeastOfMenus = 0.7;
         constexpr double kLeastOfList = 0.9;
+        constexpr double kLeastOfLine = 0.6;
         if (boxTop_ > 0) {
             CheckGround(GroundOf(0, 0, boxTop_), kLeastOfMenus, "the menus");
         }
+        if (boxEnd_ < lineEnd_) {
+            CheckGround(GroundOf(0, boxEnd_, lineEnd_), kLeastOfLine, "the status line");
+        }
         if (boxWidth_ < window_.place.width) {
-            const Ground ground = GroundOf(boxWidth_, boxTop_, window_.place.height);
+            const Ground ground = GroundOf(boxWidth_, boxTop_, boxEnd_);
             CheckGround(ground, kLeastOfList, "the list");
             CheckEdges(ground.color);
         }
@@ -203,10 +227,9 @@ private:
             return;
         }
         const int width = window_.place.width;
-        const int height = window_.place.height;
         const int lastColumn = width - 1 - rest_;
-        const int lastRow = height - 1 - rest_;
-        for (int y = boxTop_; y < height; ++y) {
+        const int lastRow = boxEnd_ - 1 - rest_;
+        for (int y = boxTop_; y < boxEnd_; ++y) {
             const bool isLast = y >= lastRow;
             const std::uint32_t row = GroundOf(boxWidth_, y, y + 1).color;
             for (int x = isLast ? boxWidth_ : lastColumn; x < width; ++x) {
@@ -224,7 +247,7 @@ private:
 
     // For the toolkit it has so many pixels more. What it does not count it does not paint.
     void CheckBox(int across, int down) {
-        const int height = window_.place.height - boxTop_;
+        const int height = boxEnd_ - boxTop_;
         const Place picture = PictureIn(boxWidth_ + across, height + down);
         std::vector<std::uint32_t> columns;
         for (int x = 0; x < picture.width; ++x) {
@@ -265,7 +288,9 @@ private:
     // The toolkit rounds to its own pixels: up to half of one.
     const int rest_ = window_.scale == 1 ? 0 : static_cast<int>(std::ceil(window_.scale / 2));
     int boxTop_ = 0;
+    int boxEnd_ = 0;
     int boxWidth_ = 0;
+    int lineEnd_ = 0;  // of the status line, which begins where the box ends
     std::string wrong_;
     std::string nearest_;
 };

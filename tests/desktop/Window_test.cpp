@@ -172,5 +172,24 @@ TEST(WithoutADisplay, TheProgramSaysSoAndEnds) {
     EXPECT_EQ(line, "scenara: there is no display to show a window on");
 }
 
+// Where the window was narrower before, and where the user tries.
+TEST_F(DesktopProgram, TheWindowIsWideEnoughForItsMenus) {
+    WriteSettings();  // 320 wide
+    Start({}, StagePath("bar"));
+    ExpectTitle("bar");
+    constexpr int kMostOfMenus = 479;
+    int width = 0;
+    EXPECT_TRUE(Eventually([&] {
+        width = WindowSize().width;
+        return width > 320 && width <= kMostOfMenus;
+    })) << width;
+    const std::string hints = display_.Property("-id " + MainWindow(), "WM_NORMAL_HINTS");
+    EXPECT_NE(hints.find("minimum size: " + std::to_string(width) + " by"), std::string::npos)
+        << hints;
+    display_.Do("windowsize " + MainWindow() + " 200 500");
+    EXPECT_TRUE(Eventually([&] { return WindowSize().height == 500; }));
+    EXPECT_EQ(WindowSize().width, width);
+}
+
 }  // namespace
 }  // namespace scenara::test

@@ -7,6 +7,8 @@
 #include <QKeyEvent>
 #include <QListView>
 #include <QMenu>
+#include <QToolButton>
+#include <QWindow>
 #include <string>
 #include <utility>
 #include <vector>
@@ -274,6 +276,121 @@ TEST_F(Menus, AltWithoutALetterOfTheirsIsNothing) {
     EXPECT_EQ(Told(), "");
     ExpectTheKeysAreThePictures();
 }
+
+// --- all of it is seen ---
+
+struct FontRow {
+    const char* name;
+    int points;
+    Qt::LayoutDirection direction = Qt::LeftToRight;
+};
+
+class MenusOfAnySize : public Toolkit, public testing::WithParamInterface<FontRow> {
+protected:
+    MenusOfAnySize() {
+        window.setLayoutDirection(GetParam().direction);
+        DesignMenus(form);
+        form.statusBar.visible = true;
+        form.innerWidth = 320;
+        form.innerHeight = 240;
+    }
+    void Show() {
+        window.SetEvents(&program);
+        window.Show();
+        Look();
+    }
+    void Look() {
+        for (int i = 0; i < 10; ++i) {
+            window.DoEvents();
+        }
+    }
+    // Else an arrow stands for those that have no room.
+    [[nodiscard]] bool AllAreSeen() const {
+        const QMenuBar& bar = *window.menuBar();
+        for (QAction* const item : bar.actions()) {
+            const QRect place = bar.actionGeometry(item);
+            if (item->isVisible() && (place.isEmpty() || !bar.rect().contains(place))) {
+                return false;
+            }
+        }
+        const auto* const arrow = bar.findChild<QToolButton*>();
+        return arrow == nullptr || !arrow->isVisible();
+    }
+
+    // For all that comes up while it is there.
+    struct UsersFont {
+        explicit UsersFont(int points) {
+            QFont font = before;
+            font.setPointSize(points);
+            QApplication::setFont(font);
+            QApplication::setFont(font, "QMenuBar");
+        }
+        ~UsersFont() { QApplication::setFont(before); }
+        const QFont before = QApplication::font();
+    };
+
+    UsersFont font{GetParam().points};
+    Form form;
+    MainWindow window{form};
+    RecordedEvents program;
+};
+
+TEST_P(MenusOfAnySize, AreWholeAtEverySizeThatTheProgramChooses) {
+    Show();
+    EXPECT_TRUE(AllAreSeen()) << "at the start: " << window.width();
+    const int least = window.width();
+    window.Size(100, 300);
+    Look();
+    EXPECT_TRUE(AllAreSeen()) << window.width();
+    EXPECT_EQ(window.width(), least);
+    window.Size(2000, 300);
+    Look();
+    EXPECT_EQ(window.width(), 2000) << "and no size is too large";
+    window.Size(least, 300);
+    Look();
+    EXPECT_EQ(window.width(), least) << "however wide it has been";
+}
+
+TEST_P(MenusOfAnySize, AreWholeWhereTheWindowWasNarrowerBefore) {
+    WindowStand stand;
+    stand.size = {200, 300};
+    window.SetEvents(&program);
+    window.ComeUpAt(stand);
+    window.Show();
+    Look();
+    EXPECT_TRUE(AllAreSeen()) << window.width();
+}
+
+TEST_P(MenusOfAnySize, AreNotMadeNarrowerByTheUser) {
+    Show();
+    EXPECT_GE(window.minimumWidth(), dynamic_cast<const MenuBar&>(*window.menuBar()).WholeWidth());
+    EXPECT_GE(window.windowHandle()->minimumWidth(), window.minimumWidth());
+}
+
+// A window manager that tiles asks nobody, and is not asked for another size.
+TEST_P(MenusOfAnySize, GiveWayToAWindowManager) {
+    Show();
+    window.windowHandle()->resize(150, 300);  // no wish: so it is
+    Look();
+    EXPECT_EQ(window.width(), 150);
+    EXPECT_LE(window.minimumWidth(), 150);
+}
+
+TEST_P(MenusOfAnySize, WithoutAdditionsTheWidthIsThePictures) {
+    form.statusBar.visible = false;
+    Show();
+    window.Size(320, 240);
+    Look();
+    EXPECT_EQ(window.width(), 320);
+    EXPECT_LE(window.minimumWidth(), 320);
+}
+
+INSTANTIATE_TEST_SUITE_P(In, MenusOfAnySize,
+                         testing::Values(FontRow{"SmallLetters", 7}, FontRow{"Letters", 10},
+                                         FontRow{"LargeLetters", 16}, FontRow{"HugeLetters", 24},
+                                         FontRow{"FromTheRight", 10, Qt::RightToLeft},
+                                         FontRow{"LargeFromTheRight", 16, Qt::RightToLeft}),
+                         [](const auto& row) { return row.param.name; });
 
 }  // namespace
 }  // namespace scenara::test

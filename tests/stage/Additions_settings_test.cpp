@@ -57,6 +57,27 @@ TEST(AdditionsSettings, TheVersionIsOneNumberFrom1ToBelow100OfTheInfoSection) {
     }
 }
 
+struct AuthorRow {
+    const char* lines;
+    const char* author;
+};
+
+TEST(AdditionsSettings, TheAuthorIsATextOfTheInfoSection) {
+    for (const AuthorRow& row : {
+             AuthorRow{"[Info]\r\nauthor = \"A. Painter\"\r\n", "A. Painter"},
+             AuthorRow{"[INFO]\r\nAuthor = 2 Painters ; and a dog\r\n", "2 Painters"},
+             AuthorRow{"[Info]\r\nauthor = One\r\nauthor = Two\r\n", "One"},
+             AuthorRow{"[Info]\r\nauthor = \"\"\r\n", ""},
+             AuthorRow{"[Info]\r\n", ""},
+             AuthorRow{"[Camera]\r\nauthor = One\r\n", ""},
+             AuthorRow{"author = One\r\n", ""},
+         }) {
+        const BothReadings read(row.lines);
+        EXPECT_EQ(read.With().Author, row.author) << row.lines;
+        EXPECT_EQ(read.Plain().Author, "") << row.lines;
+    }
+}
+
 struct MusicRow {
     const char* lines;
     Single volume = 100;

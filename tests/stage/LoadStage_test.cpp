@@ -53,6 +53,8 @@ TEST(LoadStage, WholeStage) {
     EXPECT_EQ(model.CamStartX, 5);
     EXPECT_EQ(model.BoundRight, 110);
     EXPECT_EQ(model.ZOffsetLink, 4);
+    EXPECT_EQ(model.Archive.path, "/mugen/stages/a.sff");
+    EXPECT_EQ(model.Archive.version, "1.01");
     ASSERT_EQ(model.SpriteCount, 3);
     ASSERT_EQ(model.ElementCount, 3);
     EXPECT_EQ(model.Elements[0].spriteIndex, 1);

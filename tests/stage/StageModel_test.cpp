@@ -106,6 +106,7 @@ TEST(ModelFields, EveryFieldIsListed) {
     constexpr std::size_t kOfFrames = 2;  // what the start-up makes of the others
     constexpr std::size_t kOfControls = 3;
     constexpr std::size_t kTables = 5;  // one of them is of pictures alone
+    constexpr std::size_t kTold = 2;    // Author, Archive
     EXPECT_EQ(Listed<const Blending>(), FieldCount<Blending>());
     EXPECT_EQ(Listed<const BackgroundElement>() + kSeenFrom, FieldCount<BackgroundElement>());
     EXPECT_EQ(Listed<const SpriteEntry>() + kTexture, FieldCount<SpriteEntry>());
@@ -113,7 +114,7 @@ TEST(ModelFields, EveryFieldIsListed) {
     EXPECT_EQ(Listed<const StageAction>(), FieldCount<StageAction>());
     EXPECT_EQ(Listed<const BgCtrl>() + kOfControls, FieldCount<BgCtrl>());
     EXPECT_EQ(Listed<const BgCtrlDef>(), FieldCount<BgCtrlDef>());
-    EXPECT_EQ(Listed<const StageModel>() + kTables, FieldCount<StageModel>());
+    EXPECT_EQ(Listed<const StageModel>() + kTables + kTold, FieldCount<StageModel>());
 }
 
 // A field that is listed twice would hide one that is not.

@@ -28,6 +28,7 @@
 #include "platform/qt/PictureWidget.h"
 #include "platform/qt/ShownText.h"
 #include "platform/qt/StageListPanel.h"
+#include "platform/qt/StatusLine.h"
 #include "platform/qt/TitlePicture.h"
 
 namespace scenara {
@@ -100,6 +101,11 @@ MainWindow::MainWindow(const Form& form) : form_(form), size_(*this) {
     rows->addWidget(inner, 1);
     rows->addWidget(cameraBar_);
     rows->addWidget(spriteBar_);
+    statusLine_ = new StatusLine;  // NOLINT(cppcoreguidelines-owning-memory)
+    rows->addWidget(statusLine_);
+    statusLine_->hide();
+    statusLine_->SetProblemsObserver(
+        [this] { waiting_.Add([](FormEvents& events) { events.Menu_Click(Menu::mnuProblems); }); });
     cameraBar_->hide();
     spriteBar_->hide();
     inner_ = inner;
@@ -107,7 +113,8 @@ MainWindow::MainWindow(const Form& form) : form_(form), size_(*this) {
     setCentralWidget(all);
     BuildBars();
     BuildMouse();
-    setMenuBar(new MenuBar);  // NOLINT(cppcoreguidelines-owning-memory)
+    menus_ = new MenuBar;  // NOLINT(cppcoreguidelines-owning-memory)
+    setMenuBar(menus_);
     setAcceptDrops(true);
     BuildList();
 }
@@ -259,6 +266,33 @@ void MainWindow::ShowBar(QScrollBar& widget, const ScrollBar& bar) const {
     }
 }
 
+// Addition: names of menus do not go under an arrow.
+int MainWindow::LeastWidth() const {
+    return form_.statusBar.visible ? menus_->WholeWidth() : 0;
+}
+
+QSize MainWindow::minimumSizeHint() const {
+    return QMainWindow::minimumSizeHint().expandedTo({LeastWidth(), 0});
+}
+
+// The user makes it no narrower. Where it is that already, by a window manager that tiles, the size
+// is not the program's to ask for, and the toolkit would ask.
+void MainWindow::KeepMenusWhole() {
+    const int least = LeastWidth();
+    const int held = least <= width() ? least : 0;
+    if (std::exchange(heldWidth_, held) != held) {
+        setMinimumWidth(held);  // 0: as narrow as its widgets let it
+    }
+}
+
+void MainWindow::ShowStatus() {
+    const StatusBar& status = form_.statusBar;
+    if (statusLine_->isHidden() == status.visible) {
+        statusLine_->setVisible(status.visible);
+    }
+    statusLine_->Show(status);
+}
+
 HRESULT MainWindow::Present(const CanvasSize& size, std::span<const std::uint32_t> pixels) {
     if (events_ != nullptr) {
         ShowBars();  // with the picture they belong to, also while no message comes
@@ -335,6 +369,8 @@ void MainWindow::ShowForm() {
     ShowRecentFiles();
     list_->ShowList(waiting_.Empty());
     ShowBars();
+    ShowStatus();
+    KeepMenusWhole();
     ShowPresentation();
     const QRect place(form_.picDraw.left, form_.picDraw.top, form_.picDraw.width,
                       form_.picDraw.height);
@@ -428,12 +464,13 @@ void MainWindow::MoveTo(Long left, Long top) {
     }
 }
 
-// Beyond its inner area the window has just the menu bar, and the bars that the form has. (What the
-// widgets measure now says nothing before the window has been laid out.)
+// Beyond its inner area the window has just the menu bar, and the bars and lines that the form has.
+// (What the widgets measure now says nothing before the window has been laid out.)
 int MainWindow::HeightAround() const {
     return menuBar()->sizeHint().height() +
            (form_.hscHScroll.Visible ? cameraBar_->sizeHint().height() : 0) +
-           (form_.hscSGFX.Visible ? spriteBar_->sizeHint().height() : 0);
+           (form_.hscSGFX.Visible ? spriteBar_->sizeHint().height() : 0) +
+           (form_.statusBar.visible ? statusLine_->sizeHint().height() : 0);
 }
 
 // The picture is shown at whole multiples of the screen's pixels; the next larger one, unless the

@@ -32,8 +32,10 @@ class QScrollBar;
 
 namespace scenara {
 
+class MenuBar;
 class PictureWidget;
 class StageListPanel;
+class StatusLine;
 
 class MainWindow : public QMainWindow, public Window {
 public:
@@ -64,6 +66,8 @@ public:
     void Idle();
     // For the same: the controls are laid out for a size that has come.
     void FollowSize();
+    // With additions all of the menus has room.
+    [[nodiscard]] QSize minimumSizeHint() const override;
     // It is hidden, or stands as the window system has placed it.
     [[nodiscard]] bool HasComeUp() const;
 
@@ -152,9 +156,12 @@ private:
     void ShowForm();
     bool ReportSize();
     void ShowMenus();
+    void KeepMenusWhole();
+    [[nodiscard]] int LeastWidth() const;
     void ShowPresentation();
     void ShowRecentFiles();
     void ShowBars();
+    void ShowStatus();
     void ShowBar(QScrollBar& widget, const ScrollBar& bar) const;
     [[nodiscard]] int HeightAround() const;
     void NoteSelection(int row) {
@@ -170,11 +177,13 @@ private:
 
     const Form& form_;
     FormEvents* events_ = nullptr;
+    MenuBar* menus_ = nullptr;          // the window's own, as Qt has it
     QWidget* inner_ = nullptr;          // holds the picture and the list; a child, as Qt has it
     PictureWidget* picture_ = nullptr;  // a child, as Qt has it
     StageListPanel* list_ = nullptr;    // another
     QScrollBar* cameraBar_ = nullptr;   // below the picture and the list
     QScrollBar* spriteBar_ = nullptr;
+    StatusLine* statusLine_ = nullptr;  // below these
     QTimer wake_;
     std::array<QAction*, kMenuCount> actions_{};
     std::vector<QAction*> recentActions_;
@@ -192,6 +201,7 @@ private:
     bool asksAgain_ = false;     // the program wants to be asked again though nothing happens
     bool endRequested_ = false;
     bool showsTitle_ = false;
+    int heldWidth_ = 0;      // the user makes it no narrower
     std::string titleNote_;  // as it is shown
 };
 

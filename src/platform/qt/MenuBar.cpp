@@ -48,6 +48,21 @@ MenuBar::MenuBar() {
     qApp->installEventFilter(this);
 }
 
+int MenuBar::WholeWidth() const {
+    QRect all;
+    for (QAction* const item : actions()) {
+        if (item->isVisible()) {
+            all |= actionGeometry(item);
+        }
+    }
+    int side = 0;
+    for (const QStyle::PixelMetric metric :
+         {QStyle::PM_MenuBarPanelWidth, QStyle::PM_MenuBarHMargin, QStyle::PM_MenuBarItemSpacing}) {
+        side += style()->pixelMetric(metric, nullptr, this);
+    }
+    return all.width() + 2 * side;
+}
+
 bool MenuBar::event(QEvent* event) {
     if (event->type() == QEvent::Shortcut) {
         const QKeySequence& letter = static_cast<QShortcutEvent*>(event)->key();

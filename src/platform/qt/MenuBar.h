@@ -19,6 +19,10 @@ class MenuBar : public QMenuBar {
 public:
     MenuBar();
 
+    // In which all of its items are seen. (The toolkit's own hint is no such width where items
+    // stand from right to left.)
+    [[nodiscard]] int WholeWidth() const;
+
 protected:
     bool event(QEvent* event) override;
     bool eventFilter(QObject* receiver, QEvent* event) override;
