@@ -129,6 +129,7 @@ bool frmStage::StartLoop() {
 }
 
 void frmStage::StateChanged() {
+    panning_.End();  // what was pulled is gone, or has been
     EnableMenus(form_, State(), show_.HasShown(), show_.CanZoom() || browser_.CanZoom());
 }
 

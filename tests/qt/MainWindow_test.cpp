@@ -421,6 +421,42 @@ TEST_F(Main, TellsOfThePressesAndTheLastMove) {
     EXPECT_EQ(program.Text(), "down 1 2, move 39 2, up");
 }
 
+TEST_F(Main, TellsOfAPullAndItsLastMove) {
+    PictureWidget& picture = window.Picture();
+    SendMouse(picture, QEvent::MouseButtonPress, {1, 2}, Qt::MiddleButton, Qt::MiddleButton);
+    for (int x = 2; x < 40; ++x) {
+        SendMouse(picture, QEvent::MouseMove, QPointF(x, 2), Qt::NoButton, Qt::MiddleButton);
+    }
+    SendMouse(picture, QEvent::MouseButtonRelease, {39, 2}, Qt::MiddleButton, Qt::NoButton);
+    window.DoEvents();
+    EXPECT_EQ(program.Text(), "middle down 1 2, middle move 39 2, middle up");
+    SendMouse(picture, QEvent::MouseButtonDblClick, {1, 2}, Qt::LeftButton, Qt::LeftButton);
+    window.DoEvents();
+    EXPECT_EQ(program.Text(), "down 1 2, twice");
+}
+
+TEST_F(WindowSizes, HaveRoomOnTheScreenOrNot) {
+    const QSize screen = window.screen()->availableGeometry().size();
+    const QSize around = window.frameGeometry().size() - QSize(program.width, program.height);
+    const Long width = screen.width() - around.width();
+    const Long height = screen.height() - around.height();
+    EXPECT_TRUE(window.HasRoomFor(width, height));
+    EXPECT_FALSE(window.HasRoomFor(width + 1, height));
+    EXPECT_FALSE(window.HasRoomFor(width, height + 1));
+    for (const Qt::WindowState state : {Qt::WindowMaximized, Qt::WindowFullScreen}) {
+        window.setWindowState(state);
+        Pump();
+        EXPECT_FALSE(window.HasRoomFor(320, 240)) << state;
+        window.setWindowState(Qt::WindowNoState);
+        Pump();
+    }
+    FullScreenWindow fullScreen(window);
+    fullScreen.Show(FullScreenForm::Beneath::Stays);
+    EXPECT_FALSE(window.HasRoomFor(320, 240));
+    fullScreen.Hide();
+    EXPECT_TRUE(window.HasRoomFor(320, 240));
+}
+
 // --- what waits while a frame takes long ---
 
 TEST_F(Main, KnowsBeforeItTellsWhetherTheStageIsToBeLeft) {

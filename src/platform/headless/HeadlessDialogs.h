@@ -52,6 +52,10 @@ public:
     }
     void ShowProblems(const ProblemList& problems) override { shown_ = &problems; }
 
+    void ShowKeys(const KeyPage& page) override { keys_ = page; }
+
+    // The page that was shown last; none yet: empty.
+    [[nodiscard]] const KeyPage& Keys() const { return keys_; }
     // The list that was shown last; none yet: nullptr.
     [[nodiscard]] const ProblemList* Problems() const { return shown_; }
 
@@ -84,6 +88,7 @@ private:
     Observer observer_;
     std::vector<DialogQuestion> asked_;
     const ProblemList* shown_ = nullptr;
+    KeyPage keys_;
 };
 
 }  // namespace scenara

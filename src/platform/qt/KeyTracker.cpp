@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/qt/KeyTracker.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QDialog>
 #include <QKeyEvent>
@@ -18,6 +19,16 @@ bool TypedElsewhere() {
            qobject_cast<QLineEdit*>(QApplication::focusWidget()) != nullptr ||
            QApplication::activePopupWidget() != nullptr ||
            QApplication::activeModalWidget() != nullptr;
+}
+
+// With a key of the menus.
+bool IsModified(const QKeyEvent& event) {
+    return (event.modifiers() & (Qt::AltModifier | Qt::ControlModifier | Qt::MetaModifier)) != 0;
+}
+
+// The stage list's.
+bool TypedToAList() {
+    return qobject_cast<QAbstractItemView*>(QApplication::focusWidget()) != nullptr;
 }
 
 // The sprite browser's, the only one that takes the focus; the stage stands still then.
@@ -79,6 +90,7 @@ std::optional<VirtualKey> VirtualKeyOf(const QKeyEvent& event) {
         case Qt::Key_Right: return VirtualKey::Right;
         case Qt::Key_Down: return VirtualKey::Down;
         case Qt::Key_Pause: return VirtualKey::Pause;
+        case Qt::Key_Space: return VirtualKey::Space;
         case Qt::Key_Escape: return VirtualKey::Escape;
         case Qt::Key_PageUp: return VirtualKey::PageUp;
         case Qt::Key_PageDown: return VirtualKey::PageDown;
@@ -123,20 +135,67 @@ bool KeyTracker::eventFilter(QObject* receiver, QEvent* event) {
             const auto& key = *static_cast<QKeyEvent*>(event);
             if (!key.isAutoRepeat()) {
                 down_.erase(key.nativeScanCode());
+                chosen_.erase(key.nativeScanCode());
             }
+        }
+    }
+    if (event->type() == QEvent::ShortcutOverride && HasAdditions()) {
+        const auto& key = *static_cast<QKeyEvent*>(event);
+        NoteModified(key);
+        if (IsOfTheFocus(key)) {
+            event->accept();
+            return true;
         }
     }
     return QObject::eventFilter(receiver, event);
 }
 
-bool KeyTracker::Press(const QKeyEvent& event) {
-    // With Alt and the like it is a menu's key.
-    if (TypedElsewhere() ||
-        (event.modifiers() & (Qt::AltModifier | Qt::ControlModifier | Qt::MetaModifier)) != 0) {
+// Addition: a key that a list or a text field has a use for chooses nothing in the menus. Their
+// access letters still do.
+bool KeyTracker::IsOfTheFocus(const QKeyEvent& event) {
+    if (qobject_cast<QDialog*>(QApplication::activeWindow()) != nullptr) {
         return false;
     }
+    if (qobject_cast<QLineEdit*>(QApplication::focusWidget()) != nullptr) {
+        return !event.modifiers().testFlag(Qt::AltModifier);
+    }
+    return TypedToAList() && !IsModified(event) && event.key() == Qt::Key_Home;
+}
+
+// Addition: held until after Ctrl or Alt is let go, it repeats as if it was pressed alone.
+void KeyTracker::NoteModified(const QKeyEvent& event) {
+    if (IsModified(event)) {
+        chosen_[event.nativeScanCode()] = event.timestamp();
+    }
+}
+
+// One whose release was lost, which a menu that closes may swallow, repeats no more.
+bool KeyTracker::RepeatsModified(const QKeyEvent& event) {
+    constexpr quint64 kMostUntilRepeated = 1000;  // milliseconds
+    const auto chosen = chosen_.find(event.nativeScanCode());
+    if (chosen == chosen_.end()) {
+        return false;
+    }
+    if (event.timestamp() - chosen->second > kMostUntilRepeated) {
+        chosen_.erase(chosen);
+        return false;
+    }
+    chosen->second = event.timestamp();
+    return true;
+}
+
+bool KeyTracker::Press(const QKeyEvent& event) {
+    if (HasAdditions()) {
+        NoteModified(event);
+    }
+    if (TypedElsewhere() || IsModified(event)) {
+        return false;
+    }
+    if (RepeatsModified(event)) {
+        return true;
+    }
     const std::optional<VirtualKey> key = VirtualKeyOf(event);
-    if (!key) {
+    if (!key || (*key == VirtualKey::Space && TypedToAList())) {
         return false;
     }
     if (!event.isAutoRepeat() && down_.emplace(event.nativeScanCode(), *key).second) {
@@ -152,6 +211,7 @@ bool KeyTracker::Press(const QKeyEvent& event) {
 
 void KeyTracker::ReleaseAll() {
     down_.clear();
+    chosen_.clear();
     pressedSince_.reset();
 }
 

@@ -6,7 +6,8 @@
 // in between. A letter is known by itself, one of another script by the place of its key. Keys that
 // go to an open menu, a dialog or a text field do not count, and no other focus matters. When the
 // focus moves to another window all are up, for a release that happens elsewhere is never heard of.
-// A press that came and went since the last poll is reported once. Keys that drive the program's
+// A press that came and went since the last poll is reported once. With Ctrl or Alt a key is one of
+// the menus alone, and Space is a list's while that has the focus. Keys that drive the program's
 // camera, and those of the editor while Debug BG is checked, go no further while a stage is shown,
 // so that no list moves its selection with them; a scroll bar that has the focus gets them, and
 // only it.
@@ -42,11 +43,17 @@ public:
 private:
     // Whether the key goes no further.
     bool Press(const QKeyEvent& event);
+    [[nodiscard]] bool HasAdditions() const { return form_[Menu::mnuAdditions].checked; }
+    [[nodiscard]] static bool IsOfTheFocus(const QKeyEvent& event);
+    void NoteModified(const QKeyEvent& event);
+    [[nodiscard]] bool RepeatsModified(const QKeyEvent& event);
     void ReleaseAll();
 
     const Form& form_;
     std::function<void(VirtualKey)> pressed_;
     std::unordered_map<quint32, VirtualKey> down_;  // by scan code
+    // Those that went down with Ctrl or Alt, and when they were last heard of, milliseconds.
+    std::unordered_map<quint32, quint64> chosen_;
     std::bitset<256> pressedSince_;
 };
 

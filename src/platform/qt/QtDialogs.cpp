@@ -11,6 +11,7 @@
 #include <algorithm>
 
 #include "platform/Form.h"
+#include "platform/qt/KeysWindow.h"
 #include "platform/qt/ProblemsWindow.h"
 #include "platform/qt/Questions.h"
 #include "platform/qt/ShownText.h"
@@ -78,6 +79,14 @@ void QtDialogs::ShowProblems(const ProblemList& problems) {
         problems_ = new ProblemsWindow(problems, questions_.Owner());
     }
     problems_->ComeToFront();
+}
+
+void QtDialogs::ShowKeys(const KeyPage& page) {
+    if (!keys_) {
+        keys_ =
+            new KeysWindow(page, questions_.Owner());  // NOLINT(cppcoreguidelines-owning-memory)
+    }
+    keys_->ComeToFront();
 }
 
 std::optional<std::size_t> QtDialogs::ChooseAnswer(const std::string& text,

@@ -15,6 +15,7 @@ class QFileDialog;
 
 namespace scenara {
 
+class KeysWindow;
 class ProblemsWindow;
 class Questions;
 struct Form;
@@ -31,6 +32,7 @@ public:
     std::string OpenFile(const std::string& title, const std::string& initialFolder) override;
     std::string InputBox(const std::string& prompt) override;
     void ShowProblems(const ProblemList& problems) override;
+    void ShowKeys(const KeyPage& page) override;
     std::optional<std::size_t> ChooseAnswer(const std::string& text,
                                             const std::vector<std::string>& answers) override;
 
@@ -41,6 +43,7 @@ private:
     Questions& questions_;
     const Form& form_;
     QPointer<ProblemsWindow> problems_;  // the owner's, as Qt has it
+    QPointer<KeysWindow> keys_;          // the same
 };
 
 }  // namespace scenara
