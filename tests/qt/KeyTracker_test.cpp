@@ -330,6 +330,50 @@ TEST_F(KeysWithAdditions, OfAListChooseNothingButItsOwnAlone) {
     EXPECT_THAT(told, ElementsAre(VirtualKey::Space));
 }
 
+TEST_F(KeysWithAdditions, AListWithTheFocusKeepsItsOwn) {
+    QListWidget list;
+    list.addItems({"apple", "bar", "cup", "dot"});
+    BringUp(list);
+    list.setFocus();
+    list.setCurrentRow(1);
+    form.lstStages.takesKeys = false;  // a stage is shown
+    form[Menu::mnuDebugBG].checked = true;
+    const auto rowAfter = [&](const KeyPlace& key) {
+        Press(list, key);
+        Release(list, key);
+        return list.currentRow();
+    };
+    EXPECT_EQ(rowAfter({Qt::Key_Down, 116}), 2);
+    EXPECT_EQ(rowAfter({Qt::Key_Up, 111}), 1);
+    EXPECT_EQ(rowAfter({Qt::Key_End, 115}), 3);
+    EXPECT_EQ(rowAfter({Qt::Key_Home, 110}), 0);
+    EXPECT_EQ(rowAfter({Qt::Key_D, kScanD, Qt::NoModifier, "d"}), 3);
+    EXPECT_NE(rowAfter({Qt::Key_PageUp, 112}), 3);
+    EXPECT_EQ(rowAfter({Qt::Key_PageDown, 117}), 3);
+    EXPECT_THAT(told, IsEmpty());
+    EXPECT_EQ(rowAfter(left), 3);
+    EXPECT_EQ(rowAfter({Qt::Key_Insert, 118}), 3);
+    EXPECT_THAT(told, ElementsAre(VirtualKey::Left, VirtualKey::Insert))
+        << "it has no use for them";
+}
+
+TEST_F(KeysWithAdditions, EscapeAndEnterTakeTheFocusFromAList) {
+    for (const Qt::Key key : {Qt::Key_Escape, Qt::Key_Return, Qt::Key_Enter}) {
+        QListWidget list;
+        BringUp(list);
+        list.setFocus();
+        ASSERT_TRUE(list.hasFocus());
+        form.hscSGFX.Visible = key == Qt::Key_Escape;
+        Press(list, {key, 9});
+        EXPECT_EQ(list.hasFocus(), key == Qt::Key_Escape) << "the browser ends first";
+        Release(list, {key, 9});
+        form.hscSGFX.Visible = false;
+        Press(list, {key, 9});
+        EXPECT_FALSE(list.hasFocus());
+        Release(list, {key, 9});
+    }
+}
+
 // What the program is told of stands in the table that its users read, but for Q, which plainly is
 // such a key; and the other way round.
 TEST(PolledKeys, AreThoseOfTheTable) {
@@ -369,7 +413,7 @@ TEST(PolledKeys, AreThoseOfTheTable) {
     EXPECT_EQ(known, ofTable);
 }
 
-TEST(Shortcuts, OfTheTableAreKeysOfTheToolkit) {
+TEST(TableOfKeys, HasShortcutsAsTheToolkitNamesThem) {
     for (const Key& key : AllKeys()) {
         if (key.taker == KeyTaker::Item) {
             const QKeySequence sequence = QKeySequence::fromString(key.name);

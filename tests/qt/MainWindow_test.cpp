@@ -9,7 +9,9 @@
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QImage>
+#include <QLineEdit>
 #include <QListWidget>
+#include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
 #include <QMouseEvent>
@@ -82,6 +84,104 @@ TEST_F(Main, NamesOfOthersHaveNeitherAccessLettersNorShortcuts) {
     EXPECT_THAT(ItemTexts(), testing::Contains(QString("&Use Test Char")));
 }
 
+// --- shortcuts ---
+
+class Shortcuts : public Main {
+protected:
+    Shortcuts() {
+        form[Menu::mnuAdditions].checked = true;
+        Give(Menu::mnuReload, {"Ctrl+R", "F5"});
+        Give(Menu::mnuExit, {"Ctrl+Q"});
+        Give(Menu::mnuCameraStart, {"Home"});
+        form[Menu::mnuReload].inFullScreen = true;
+        Pump();
+        BringUp(window);
+        static_cast<void>(program.Text());
+    }
+
+    void Give(Menu item, const std::vector<std::string>& shortcuts) {
+        form[item].caption = "item " + std::to_string(static_cast<int>(item));
+        form[item].shortcuts = shortcuts;
+    }
+    std::string ToldOf(Qt::Key key, Qt::KeyboardModifiers with = Qt::NoModifier) {
+        return ToldOf(window, key, with);
+    }
+    std::string ToldOf(const QWidget& front, Qt::Key key,
+                       Qt::KeyboardModifiers with = Qt::NoModifier) {
+        QTest::keyClick(front.windowHandle(), key, with);
+        Pump();
+        return program.Text();
+    }
+    static std::string Of(Menu item) { return "menu " + std::to_string(static_cast<int>(item)); }
+};
+
+TEST_F(Shortcuts, ChooseTheirItems) {
+    EXPECT_EQ(ToldOf(Qt::Key_R, Qt::ControlModifier), Of(Menu::mnuReload));
+    EXPECT_EQ(ToldOf(Qt::Key_F5), Of(Menu::mnuReload));
+    EXPECT_EQ(ToldOf(Qt::Key_Home), Of(Menu::mnuCameraStart));
+    Give(Menu::mnuReload, {"F6"});
+    Pump();
+    EXPECT_EQ(ToldOf(Qt::Key_F5), "") << "they follow the form";
+    EXPECT_EQ(ToldOf(Qt::Key_F6), Of(Menu::mnuReload));
+    form[Menu::mnuReload].enabled = false;
+    Pump();
+    EXPECT_EQ(ToldOf(Qt::Key_F6), "");
+}
+
+TEST_F(Shortcuts, OfADisabledMenuAreToldOf) {
+    form[Menu::mnuStage].enabled = false;
+    Pump();
+    EXPECT_EQ(ToldOf(Qt::Key_Q, Qt::ControlModifier), Of(Menu::mnuExit));
+}
+
+TEST_F(Shortcuts, AreTypedInATextField) {
+    QLineEdit field(&window);
+    field.show();
+    field.setFocus();
+    field.setText("ab");
+    EXPECT_EQ(ToldOf(Qt::Key_Home), "");
+    EXPECT_EQ(field.cursorPosition(), 0);
+    EXPECT_EQ(ToldOf(Qt::Key_Space), "");
+    EXPECT_EQ(field.text(), " ab");
+    EXPECT_EQ(ToldOf(Qt::Key_R, Qt::ControlModifier), "");
+    EXPECT_EQ(field.text(), " ab");
+    field.clearFocus();
+    EXPECT_EQ(ToldOf(Qt::Key_Home), Of(Menu::mnuCameraStart));
+}
+
+TEST_F(Shortcuts, AreNoneInADialogOrAnOpenMenu) {
+    QDialog dialog(&window);
+    BringUp(dialog);
+    ASSERT_TRUE(dialog.isActiveWindow());
+    EXPECT_EQ(ToldOf(dialog, Qt::Key_F5), "");
+    dialog.hide();
+    BringUp(window);
+    QMenu menu(&window);
+    menu.addAction("an item");
+    menu.popup(window.mapToGlobal(QPoint(0, 0)));
+    Settle();
+    EXPECT_EQ(ToldOf(menu, Qt::Key_F5), "");
+    menu.close();
+    EXPECT_EQ(ToldOf(Qt::Key_F5), Of(Menu::mnuReload));
+}
+
+TEST_F(Shortcuts, InTheFullScreenAreThoseThatMakeSenseThere) {
+    FullScreenWindow fullScreen(window);
+    fullScreen.Show(FullScreenForm::Beneath::Stays);
+    EXPECT_EQ(ToldOf(fullScreen, Qt::Key_F5), Of(Menu::mnuReload));
+    EXPECT_EQ(ToldOf(fullScreen, Qt::Key_Home), "");
+    fullScreen.Hide();
+}
+
+TEST_F(Shortcuts, HomeIsTheListsWhileThatHasTheFocus) {
+    ShowList({"bar", "cup", "dot"});
+    QListWidget& list = *window.findChild<QListWidget*>();
+    list.setCurrentRow(2);
+    Pump();
+    static_cast<void>(program.Text());
+    EXPECT_EQ(ToldOf(Qt::Key_Home), "list 0");
+}
+
 // --- the list ---
 
 class WindowList : public Main {
@@ -130,6 +230,43 @@ TEST_F(WindowList, WithoutASelectionGoesOnFromWhereItWas) {
     EXPECT_EQ(ToldOfAKey(Qt::Key_Down), "list 2");
     deselect();
     EXPECT_EQ(ToldOfAClick(2), "list 2");
+}
+
+TEST_F(WindowList, HasTheKeysOfAShownStageOnlyIfTheUserWantsIt) {
+    form[Menu::mnuAdditions].checked = true;
+    form.lstStages.takesKeys = false;
+    const auto comeBack = [&] {
+        QWidget other;
+        BringUp(other);
+        other.hide();
+        BringUp(window);
+        Pump();
+    };
+    comeBack();
+    EXPECT_TRUE(list.hasFocus()) << "it had it";
+    list.clearFocus();
+    comeBack();
+    EXPECT_FALSE(list.hasFocus()) << "it is what the toolkit would choose";
+    form[Menu::mnuAdditions].checked = false;
+    comeBack();
+    EXPECT_TRUE(list.hasFocus());
+    form[Menu::mnuAdditions].checked = true;
+    form.lstStages.takesKeys = true;
+    Pump();
+    EXPECT_EQ(ToldOfAKey(Qt::Key_Down), "list 1");
+    form.lstStages.takesKeys = false;  // it was opened
+    Pump();
+    EXPECT_TRUE(list.hasFocus());
+}
+
+TEST_F(WindowList, AClickOnThePictureTakesTheFocusWithAdditions) {
+    for (const bool additions : {false, true}) {
+        form[Menu::mnuAdditions].checked = additions;
+        list.setFocus();
+        ASSERT_TRUE(list.hasFocus());
+        QTest::mouseClick(&window.Picture(), Qt::LeftButton, {}, {5, 5});
+        EXPECT_EQ(list.hasFocus(), !additions);
+    }
 }
 
 TEST_F(Main, TheFormIsShownAfterEventsWereTakenInDuringAFrame) {

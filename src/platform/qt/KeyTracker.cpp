@@ -31,6 +31,22 @@ bool TypedToAList() {
     return qobject_cast<QAbstractItemView*>(QApplication::focusWidget()) != nullptr;
 }
 
+// While that has the focus, with additions.
+bool IsTheLists(VirtualKey key) {
+    switch (key) {
+        case VirtualKey::Up:
+        case VirtualKey::Down:
+        case VirtualKey::PageUp:
+        case VirtualKey::PageDown:
+        case VirtualKey::Space:
+        case VirtualKey::A:
+        case VirtualKey::D:
+        case VirtualKey::Q:
+        case VirtualKey::Z: return true;
+        default: return false;
+    }
+}
+
 // The sprite browser's, the only one that takes the focus; the stage stands still then.
 bool TypedToABar() {
     return qobject_cast<QScrollBar*>(QApplication::focusWidget()) != nullptr;
@@ -162,6 +178,16 @@ bool KeyTracker::IsOfTheFocus(const QKeyEvent& event) {
     return TypedToAList() && !IsModified(event) && event.key() == Qt::Key_Home;
 }
 
+// Addition: the keys are for the picture again. Escape ends the sprite browser first.
+bool KeyTracker::LeavesAList(const QKeyEvent& event) const {
+    switch (event.key()) {
+        case Qt::Key_Escape: return !form_.hscSGFX.Visible;
+        case Qt::Key_Return:
+        case Qt::Key_Enter: return true;
+        default: return false;
+    }
+}
+
 // Addition: held until after Ctrl or Alt is let go, it repeats as if it was pressed alone.
 void KeyTracker::NoteModified(const QKeyEvent& event) {
     if (IsModified(event)) {
@@ -194,8 +220,11 @@ bool KeyTracker::Press(const QKeyEvent& event) {
     if (RepeatsModified(event)) {
         return true;
     }
+    if (HasAdditions() && TypedToAList() && LeavesAList(event)) {
+        QApplication::focusWidget()->clearFocus();
+    }
     const std::optional<VirtualKey> key = VirtualKeyOf(event);
-    if (!key || (*key == VirtualKey::Space && TypedToAList())) {
+    if (!key || (IsTheLists(*key) && HasAdditions() && TypedToAList())) {
         return false;
     }
     if (!event.isAutoRepeat() && down_.emplace(event.nativeScanCode(), *key).second) {

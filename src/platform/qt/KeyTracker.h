@@ -6,11 +6,15 @@
 // in between. A letter is known by itself, one of another script by the place of its key. Keys that
 // go to an open menu, a dialog or a text field do not count, and no other focus matters. When the
 // focus moves to another window all are up, for a release that happens elsewhere is never heard of.
-// A press that came and went since the last poll is reported once. With Ctrl or Alt a key is one of
-// the menus alone, and Space is a list's while that has the focus. Keys that drive the program's
+// A press that came and went since the last poll is reported once. Keys that drive the program's
 // camera, and those of the editor while Debug BG is checked, go no further while a stage is shown,
 // so that no list moves its selection with them; a scroll bar that has the focus gets them, and
 // only it.
+//
+// With additions a list that has the focus keeps what it has a use for, but for Left and Right;
+// Escape and Enter take the focus from it. A key that goes down with Ctrl or Alt is one of the
+// menus alone, until it is let go; and what a text field or a list has a use for chooses nothing in
+// the menus.
 #pragma once
 
 #include <QObject>
@@ -45,6 +49,7 @@ private:
     bool Press(const QKeyEvent& event);
     [[nodiscard]] bool HasAdditions() const { return form_[Menu::mnuAdditions].checked; }
     [[nodiscard]] static bool IsOfTheFocus(const QKeyEvent& event);
+    [[nodiscard]] bool LeavesAList(const QKeyEvent& event) const;
     void NoteModified(const QKeyEvent& event);
     [[nodiscard]] bool RepeatsModified(const QKeyEvent& event);
     void ReleaseAll();

@@ -6,6 +6,7 @@
 #include <QCloseEvent>
 #include <QCursor>
 #include <QDragEnterEvent>
+#include <QFocusEvent>
 #include <QKeyEvent>
 #include <QListWidget>
 #include <QMenu>
@@ -114,10 +115,12 @@ void MainWindow::BuildList() {
     list_->setFrameShape(QFrame::NoFrame);
     list_->hide();
     list_->viewport()->installEventFilter(this);
+    list_->installEventFilter(this);
     // Selecting with the keys and with the mouse; and a click on what is selected already. (The
     // current item alone says nothing: the list chooses one when it gets the focus.)
     connect(list_, &QListWidget::itemSelectionChanged, this, [this] {
         selectionNoted_ = SelectedRow();
+        listIsUsed_ = listIsUsed_ || list_->hasFocus();
         if (selectionNoted_ >= 0) {
             NoteSelection(selectionNoted_);
         }
@@ -157,6 +160,9 @@ void MainWindow::BuildMouse() {
     picture_->SetMouseObserver([this](PictureWidget::Mouse what, Long x, Long y) {
         if (what == PictureWidget::Mouse::Down && form_.hscSGFX.Visible) {
             spriteBar_->setFocus();  // the list may have it: the keys are for the sprites again
+        } else if (what == PictureWidget::Mouse::Down && form_[Menu::mnuAdditions].checked &&
+                   QApplication::focusWidget() != nullptr) {
+            QApplication::focusWidget()->clearFocus();  // the keys are for the picture again
         }
         waiting_.Add(
             [what, x, y](FormEvents& events) {
@@ -380,6 +386,11 @@ void MainWindow::ShowList() {
             list_->clearFocus();  // a hidden one would keep it, and letters would open stages
         }
     }
+    // Addition: while a stage is shown the keys are the list's only if the user wants it. A window
+    // that comes to the front gives the focus to whatever takes it.
+    if (form_[Menu::mnuAdditions].checked && !list.takesKeys && !listIsUsed_ && list_->hasFocus()) {
+        list_->clearFocus();
+    }
 }
 
 void MainWindow::ShowMenus() {
@@ -411,7 +422,8 @@ void MainWindow::ShowMenus() {
     }
 }
 
-// Of an item whose menu cannot be opened they are the window's as well.
+// They choose it also while its menu is disabled; whether it can be chosen then is the program's to
+// know.
 void MainWindow::ShowKeys(std::size_t item) {
     QList<QKeySequence> shortcuts;
     for (const std::string& shortcut : form_.menus[item].shortcuts) {
@@ -419,9 +431,6 @@ void MainWindow::ShowKeys(std::size_t item) {
     }
     shortcuts_[item] = form_.menus[item].shortcuts;
     actions_[item]->setShortcuts(shortcuts);
-    if (form_.menus[item].whileLoading) {
-        addAction(actions_[item]);
-    }
 }
 
 void MainWindow::Show() {
@@ -720,6 +729,13 @@ bool MainWindow::eventFilter(QObject* receiver, QEvent* event) {
         sizeCame_ = true;
     } else if (receiver == list_->viewport() && event->type() == QEvent::MouseButtonPress) {
         selectionNoted_ = -1;
+    } else if (receiver == list_ &&
+               (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut)) {
+        const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+        if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason &&
+            reason != Qt::MenuBarFocusReason) {
+            listIsUsed_ = event->type() == QEvent::FocusIn;
+        }
     }
     return QMainWindow::eventFilter(receiver, event);
 }

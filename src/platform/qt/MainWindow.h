@@ -182,6 +182,7 @@ private:
     std::size_t listed_ = 0;    // how many of the form's items the list has
     std::uint32_t filled_ = 0;  // of which filling
     int selectionNoted_ = -1;   // the row that a press of the mouse has selected just now
+    bool listIsUsed_ = false;   // the user has given the list the focus, or has used it there
     WaitingEvents waiting_;
     std::vector<std::string> requested_;  // the paths of the later starts that wait
     mutable WindowSize size_;             // it looks at the window when it is asked
