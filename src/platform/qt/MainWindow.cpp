@@ -422,8 +422,7 @@ void MainWindow::ShowMenus() {
     }
 }
 
-// They choose it also while its menu is disabled; whether it can be chosen then is the program's to
-// know.
+// Of an item that they choose while its menu is disabled they are the window's as well.
 void MainWindow::ShowKeys(std::size_t item) {
     QList<QKeySequence> shortcuts;
     for (const std::string& shortcut : form_.menus[item].shortcuts) {
@@ -431,6 +430,9 @@ void MainWindow::ShowKeys(std::size_t item) {
     }
     shortcuts_[item] = form_.menus[item].shortcuts;
     actions_[item]->setShortcuts(shortcuts);
+    if (form_.menus[item].whileLoading) {
+        addAction(actions_[item]);
+    }
 }
 
 void MainWindow::Show() {
