@@ -2,6 +2,7 @@
 //
 // What the menu items and the keys do, beyond choosing stages.
 #include "app/Extras.h"
+#include "app/Keys.h"
 #include "app/MenuTree.h"
 #include "app/frmStage.h"
 #include "base/NumberText.h"
@@ -34,7 +35,15 @@ void frmStage::Menu_Click(Menu item) {
             case Menu::mnuStagePrev: mnuStagePrev_Click(); break;
             case Menu::mnuStageNext: mnuStageNext_Click(); break;
             case Menu::mnuR: mnuR_Click(); break;
-            case Menu::mnuAbout: mnuAbout_Click(); break;
+            case Menu::mnuAbout:
+            case Menu::mnuAboutBox: mnuAbout_Click(); break;
+            case Menu::mnuKeys: mnuKeys_Click(); break;
+            case Menu::mnuFind: mnuFind_Click(); break;
+            case Menu::mnuPicture100: ShowPictureTimes(1); break;
+            case Menu::mnuPicture200: ShowPictureTimes(2); break;
+            case Menu::mnuPicture300: ShowPictureTimes(3); break;
+            case Menu::mnuPicture400: ShowPictureTimes(4); break;
+            case Menu::mnuCameraStart: show_.CameraToStart(); break;
             case Menu::mnuProblems: mnuProblems_Click(); break;
             case Menu::mnuAdditions: mnuAdditions_Click(); break;
             case Menu::mnuSmooth:
@@ -66,6 +75,9 @@ void frmStage::Form_KeyDown(VirtualKey key) {
             ResetRes();
         }
         GoThroughStages(key);
+        if (key == VirtualKey::Space) {
+            PauseByKey();
+        }
         if ((key == VirtualKey::Escape || key == VirtualKey::Q) && !show_.Options().Additions) {
             show_.TheEngine().Engine_Deinit();
         }
@@ -81,6 +93,14 @@ void frmStage::GoThroughStages(VirtualKey key) {
         case VirtualKey::PageUp: mnuStagePrev_Click(); break;
         case VirtualKey::PageDown: mnuStageNext_Click(); break;
         default: break;
+    }
+}
+
+// Addition: where nothing is shown it stops nothing.
+void frmStage::PauseByKey() {
+    if (show_.Options().Additions &&
+        (State() == ShowState::Running || State() == ShowState::Paused)) {
+        mnuPause_Click();
     }
 }
 
@@ -164,6 +184,20 @@ void frmStage::mnuAbout_Click() {
                                                 " DirectX 8 Experimental Release\r\n"
                                                 "A viewer for the background stages of MUGEN.\r\n"
                                                 "Free software under the MIT licence.");
+}
+
+void frmStage::mnuKeys_Click() {
+    machine_.dialogs.ShowKeys(PageOfKeys());
+}
+
+void frmStage::mnuFind_Click() {
+    if (IsFullScreen()) {
+        return;
+    }
+    if (ShowStageList == 0) {
+        mnuStageList_Click();
+    }
+    form_.lstStages.MoveKeys(KeyOwner::Filter);
 }
 
 void frmStage::mnuAdditions_Click() {

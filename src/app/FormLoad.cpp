@@ -95,7 +95,7 @@ void frmStage::Form_Load(const std::vector<std::string>& given) {
         }
         FillStageList();
     }));
-    form_.lstStages.MoveKeys(KeyPlace::List);  // nothing is shown that they could drive
+    form_.lstStages.MoveKeys(KeyOwner::List);  // nothing is shown that they could drive
     ComeUp();
 }
 

@@ -120,7 +120,7 @@ bool frmStage::OpenGiven(const std::vector<std::string>& paths) {
         RememberRecentFile(form_, given.stages[i - 1]);
     }
     if (!given.stages.empty()) {
-        form_.lstStages.MoveKeys(KeyPlace::Picture);
+        form_.lstStages.MoveKeys(KeyOwner::Picture);
         show_.Which.CurrentStageFile = given.stages.front();
         OpenStage();
     }

@@ -126,6 +126,17 @@ void frmStage::SizeForPicture() {
     MakeRoom(view.width, view.height);
 }
 
+// Addition.
+void frmStage::ShowPictureTimes(Long times) {
+    const CanvasSize canvas = show_.Picture().Canvas();
+    const InnerSize picture =
+        machine_.window.RoomFor({canvas.width * times, canvas.height * times});
+    const InnerSize inner{picture.width + ListWidth(), picture.height};
+    if (!IsFullScreen() && machine_.window.HasRoomFor(inner.width, inner.height)) {
+        machine_.window.Size(inner.width, inner.height);
+    }
+}
+
 void frmStage::Centre() {
     const WindowPlace screen = machine_.window.Screen();
     const WindowPlace place = machine_.window.Place();

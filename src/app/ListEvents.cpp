@@ -68,7 +68,7 @@ void frmStage::txtFilter_Change(const std::string& words) {
 void frmStage::txtFilter_Enter() {
     Handle([&] {
         ListBox& list = form_.lstStages;
-        list.MoveKeys(KeyPlace::Picture);
+        list.MoveKeys(KeyOwner::Picture);
         if (list.ListIndex < 0 && !list.items.empty()) {
             catalog_.ForgetPassed();
             Step(1);

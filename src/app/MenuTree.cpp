@@ -1,6 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "app/MenuTree.h"
 
+#include <algorithm>
+#include <array>
+
+#include "app/Keys.h"
+
 namespace scenara {
 namespace {
 
@@ -12,17 +17,27 @@ enum class When : Byte {
     OnceShown,  // from the first stage on
     Plainly,    // the same, with additions off
     WithAdditions,
-    OnceLoaded,  // with additions, from the first one on, even if it could not be shown
-    WithStage,   // while one is there and nothing loads
-    ToReload,    // once loaded; plain, always
-    ToCover,     // with a stage; plain, from the first stage on
-    WithZoom,    // while one is there whose camera zooms, or sprites that are
+    OnceLoaded,   // with additions, from the first one on, even if it could not be shown
+    WithStage,    // while one is there and nothing loads
+    ToReload,     // once loaded; plain, always
+    ToCover,      // with a stage; plain, from the first stage on
+    WithZoom,     // while one is there whose camera zooms, or sprites that are
+    WithPicture,  // with additions, with a stage
+    WithCamera,   // with additions, while one is drawn
+};
+
+// When an item stands in its menu.
+enum class Shows : Byte {
+    Always,
+    Plainly,  // with additions off
+    WithAdditions,
+    OnceFilesAreKnown,  // from the first recent file on, which shows it (RecentFiles.h)
 };
 
 constexpr bool kChecked = true;
 constexpr bool kUnchecked = false;
-constexpr bool kShown = true;
-constexpr bool kHidden = false;
+constexpr bool kLeaves = true;
+constexpr bool kStays = false;
 constexpr const char* kUseTestChar = "&Use Test Char";
 
 // The whole menu, in the order of Menu: "&" stands before the access letter.
@@ -33,12 +48,15 @@ struct Designed {
     When when = When::Always;
     bool leaves = false;  // choosing it may leave the stage that is shown
     bool checked = false;
-    bool visible = true;
-    std::array<const char*, 2> shortcuts = {};
+    Shows shows = Shows::Always;
+    const char* captionWithAdditions = nullptr;  // where it is another one
 };
 
-constexpr bool kLeaves = true;
-constexpr bool kStays = false;
+// An item that only additions have.
+constexpr Designed Added(Menu menu, MenuPlace place, const char* caption,
+                         When when = When::WithAdditions) {
+    return {menu, place, caption, when, kStays, kUnchecked, Shows::WithAdditions};
+}
 
 constexpr std::array<Designed, kMenuCount> kDesign = {{
     {Menu::mnuStage, MenuPlace::Bar, "&Stage", When::NotLoading},
@@ -46,8 +64,9 @@ constexpr std::array<Designed, kMenuCount> kDesign = {{
     {Menu::mnuClose, MenuPlace::Stage, "&Close", When::Always, kLeaves},
     {Menu::mnuReset, MenuPlace::Stage, "&Reset Stage", When::Never},
     {Menu::mnuReload, MenuPlace::Stage, "Re&load Stage", When::ToReload, kLeaves},
-    {Menu::MnuRecentFiles, MenuPlace::Stage, "-", When::Always, kStays, false, kHidden},
-    {Menu::mnubla, MenuPlace::Stage, "-", When::Always, kStays, false, kHidden},
+    {Menu::MnuRecentFiles, MenuPlace::Stage, "-", When::Always, kStays, kUnchecked,
+     Shows::OnceFilesAreKnown},
+    Added(Menu::mnubla, MenuPlace::Stage, "-", When::Always),
     {Menu::mnuExit, MenuPlace::Stage, "&Exit", When::Always, kLeaves},
     {Menu::mnuOptions, MenuPlace::Bar, "&Options", When::NotLoading},
     {Menu::mnuFS, MenuPlace::Options, "&Full Screen (ESC to exit)", When::ToCover},
@@ -60,47 +79,43 @@ constexpr std::array<Designed, kMenuCount> kDesign = {{
     {Menu::mnuDeform, MenuPlace::Options, "&Deform", When::Plainly},
     {Menu::mnuDebugBG, MenuPlace::Options, "De&bug BG", When::OnceShown},
     {Menu::mnuPause, MenuPlace::Bar, "&Pause"},
-    {Menu::mnuStageList, MenuPlace::Bar, "&Stage List"},
+    {Menu::mnuStageList, MenuPlace::Bar, "&Stage List", When::Always, kStays, kUnchecked,
+     Shows::Always, "Stage &List"},
     {Menu::mnuStagePrev, MenuPlace::Bar, "<<", When::NotLoading, kLeaves},
     {Menu::mnuStageNext, MenuPlace::Bar, ">>", When::NotLoading, kLeaves},
     {Menu::mnuR, MenuPlace::Bar, "R", When::NotLoading, kLeaves},
     {Menu::mnuDebug, MenuPlace::Bar, "&Debug", When::WithStage},
-    {Menu::mnuAbout, MenuPlace::Bar, "&About"},
+    {Menu::mnuAbout, MenuPlace::Bar, "&About", When::Always, kStays, kUnchecked, Shows::Plainly},
+    Added(Menu::mnuAboutMenu, MenuPlace::Bar, "&About"),
+    Added(Menu::mnuKeys, MenuPlace::About, "&Keys..."),
+    Added(Menu::mnuAboutBox, MenuPlace::About, "&About Scenara..."),
     {Menu::mnuExtras, MenuPlace::Bar, "E&xtras", When::NotLoading},
     {Menu::mnuAdditions, MenuPlace::Extras, "&Additions", When::Always, kStays, kChecked},
     {Menu::mnuSmooth, MenuPlace::Extras, "S&mooth", When::WithAdditions},
     {Menu::mnuWholeMultiples, MenuPlace::Extras, "&Whole Multiples Only", When::WithAdditions},
     {Menu::mnuExtrasScreen, MenuPlace::Extras, "-"},
     {Menu::mnuMugenFolder, MenuPlace::Extras, "MUGEN Fo&lder...", When::WithAdditions},
+    Added(Menu::mnuFind, MenuPlace::Extras, "&Find a Stage"),
     {Menu::mnuSwitchMode, MenuPlace::Extras, "Switch &Display Mode", When::WithAdditions},
     {Menu::mnuExtrasProblems, MenuPlace::Extras, "-"},
     {Menu::mnuProblems, MenuPlace::Extras, "&Problems...", When::OnceLoaded},
+    Added(Menu::mnuExtrasPicture, MenuPlace::Extras, "-"),
+    Added(Menu::mnuPicture100, MenuPlace::Extras, "Picture at &100 %", When::WithPicture),
+    Added(Menu::mnuPicture200, MenuPlace::Extras, "Picture at &200 %", When::WithPicture),
+    Added(Menu::mnuPicture300, MenuPlace::Extras, "Picture at &300 %", When::WithPicture),
+    Added(Menu::mnuPicture400, MenuPlace::Extras, "Picture at &400 %", When::WithPicture),
     {Menu::mnuExtrasZoom, MenuPlace::Extras, "-"},
-    {Menu::mnuZoomIn,
-     MenuPlace::Extras,
-     "Zoom &In",
-     When::WithZoom,
-     kStays,
-     kUnchecked,
-     kShown,
-     {"Ctrl++", "Ctrl+="}},
-    {Menu::mnuZoomOut,
-     MenuPlace::Extras,
-     "Zoom &Out",
-     When::WithZoom,
-     kStays,
-     kUnchecked,
-     kShown,
-     {"Ctrl+-"}},
-    {Menu::mnuZoomStart,
-     MenuPlace::Extras,
-     "Zoom as at the &Start",
-     When::WithZoom,
-     kStays,
-     kUnchecked,
-     kShown,
-     {"Ctrl+0"}},
+    {Menu::mnuZoomIn, MenuPlace::Extras, "Zoom &In", When::WithZoom},
+    {Menu::mnuZoomOut, MenuPlace::Extras, "Zoom &Out", When::WithZoom},
+    {Menu::mnuZoomStart, MenuPlace::Extras, "Zoom as at the &Start", When::WithZoom, kStays,
+     kUnchecked, Shows::Always, "&Zoom as at the Start"},
+    Added(Menu::mnuCameraStart, MenuPlace::Extras, "Cam&era to Its Start", When::WithCamera),
 }};
+
+// Those that keys choose in the full screen.
+constexpr std::array kInFullScreen = {Menu::mnuReload,     Menu::mnuExit,    Menu::mnuFS,
+                                      Menu::mnuZoomIn,     Menu::mnuZoomOut, Menu::mnuZoomStart,
+                                      Menu::mnuCameraStart};
 
 // What decides it.
 struct Now {
@@ -123,11 +138,33 @@ bool IsEnabled(When when, const Now& now) {
         case When::WithZoom: return now.zooms;
         case When::WithStage:
             return now.state != ShowState::Loading && now.state != ShowState::None;
+        case When::WithPicture: return now.additions && IsEnabled(When::WithStage, now);
+        case When::WithCamera:
+            return now.additions &&
+                   (now.state == ShowState::Running || now.state == ShowState::Paused);
         case When::ToReload: return IsEnabled(now.additions ? When::OnceLoaded : When::Always, now);
         case When::ToCover:
             return IsEnabled(now.additions ? When::WithStage : When::OnceShown, now);
     }
     return false;
+}
+
+bool IsShown(Shows shows, bool additions) {
+    return shows == Shows::Always || (shows == Shows::WithAdditions) == additions;
+}
+
+// What the additions change of an item beyond its state.
+void Dress(MenuItem& item, const Designed& designed, bool additions) {
+    if (designed.captionWithAdditions != nullptr) {
+        item.caption = additions ? designed.captionWithAdditions : designed.caption;
+    }
+    if (designed.shows != Shows::OnceFilesAreKnown) {
+        item.visible = IsShown(designed.shows, additions);
+    }
+    item.shortcuts = ShortcutsOf(designed.menu, additions);
+    item.inFullScreen = std::ranges::find(kInFullScreen, designed.menu) != kInFullScreen.end();
+    item.whileLoading = additions && designed.menu == Menu::mnuExit;
+    item.tip = additions && designed.menu == Menu::mnuPause ? "Space" : "";
 }
 
 }  // namespace
@@ -139,12 +176,7 @@ void DesignMenus(Form& form) {
         item.place = designed.place;
         item.leaves = designed.leaves;
         item.checked = designed.checked;
-        item.visible = designed.visible;
-        for (const char* const shortcut : designed.shortcuts) {
-            if (shortcut != nullptr) {
-                item.shortcuts.emplace_back(shortcut);
-            }
-        }
+        item.visible = designed.shows != Shows::OnceFilesAreKnown;
     }
     EnableMenus(form, ShowState::None, false, false);
 }
@@ -154,6 +186,7 @@ void EnableMenus(Form& form, ShowState state, bool hasShown, bool zooms) {
                   zooms};
     for (const Designed& designed : kDesign) {
         form[designed.menu].enabled = IsEnabled(designed.when, now);
+        Dress(form[designed.menu], designed, now.additions);
     }
 }
 
@@ -171,9 +204,13 @@ bool CanBeChosen(const Form& form, Menu item) {
     if (!form[item].enabled || !form[item].visible) {
         return false;
     }
+    if (form[item].whileLoading) {
+        return true;
+    }
     switch (form[item].place) {
         case MenuPlace::Stage: return form[Menu::mnuStage].enabled;
         case MenuPlace::Options: return form[Menu::mnuOptions].enabled;
+        case MenuPlace::About: return form[Menu::mnuAboutMenu].enabled;
         case MenuPlace::Extras: return form[Menu::mnuExtras].enabled;
         case MenuPlace::Bar: break;
     }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// MenuTree: the menus as the window is designed, in one table: captions, places, and when an item
-// can be chosen.
+// MenuTree: the menus as the window is designed, in one table: captions, places, when an item is
+// there, and when it can be chosen. Its shortcuts stand among all the keys (Keys.h).
 #pragma once
 
 #include <string>

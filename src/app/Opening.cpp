@@ -66,7 +66,7 @@ void frmStage::MnuRecentFiles_Click(Long index) {
         if (!form_[Menu::mnuStage].enabled) {
             return;  // chosen just before a load began
         }
-        form_.lstStages.MoveKeys(KeyPlace::Picture);
+        form_.lstStages.MoveKeys(KeyOwner::Picture);
         show_.Which.CurrentStageFile = RaiseRecentFile(form_, static_cast<std::size_t>(index));
         if (IsStageAskedFor(MessageIcon::CriticalStop)) {
             SelectAskedFor();
@@ -205,7 +205,7 @@ void frmStage::mnuOpen_Click() {
     const std::string chosen =
         machine_.dialogs.OpenFile("Choose your stage!", isThere ? folder : std::string());
     if (!chosen.empty()) {
-        form_.lstStages.MoveKeys(KeyPlace::Picture);
+        form_.lstStages.MoveKeys(KeyOwner::Picture);
         show_.Which.CurrentStageFile = ChosenStage(chosen);
         OpenStage();
     }

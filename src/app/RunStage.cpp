@@ -191,6 +191,7 @@ bool frmStage::Rest() {
 }
 
 void frmStage::StateChanged() {
+    panning_.End();  // what was pulled is gone, or has been
     EnableMenus(form_, State(), show_.HasShown(), show_.CanZoom() || browser_.CanZoom());
 }
 

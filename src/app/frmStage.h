@@ -7,9 +7,9 @@
 // loop that shows it (RunStage.cpp), the engine folder and the list (StageList.cpp), what the user
 // does in the list (ListEvents.cpp), the other commands (Commands.cpp), what is dropped or named at
 // a start (Given.cpp), the test character (TestChar.cpp), the background editor (Editing.cpp), the
-// sprite browser (Browsing.cpp), the full screen (FullScreen.cpp), what is saved meanwhile
-// (Saving.cpp), what is reported of a load (LoadMessages.cpp), what the status line says
-// (Status.cpp), the end (Unload.cpp).
+// sprite browser (Browsing.cpp), the full screen (FullScreen.cpp), the mouse over the picture
+// (PictureMouse.cpp, Panning.h), what is saved meanwhile (Saving.cpp), what is reported of a load
+// (LoadMessages.cpp), what the status line says (Status.cpp), the end (Unload.cpp).
 //
 // One thread. All that the user does arrives through FormEvents while the loop lets messages
 // through, so any handler may run between two frames, and between two images of a load. A run-time
@@ -31,6 +31,7 @@
 #include "app/FrameWait.h"
 #include "app/GivenPaths.h"
 #include "app/LoadMessages.h"
+#include "app/Panning.h"
 #include "app/ScreenModule.h"
 #include "app/SettingsKeeper.h"
 #include "app/StageCatalog.h"
@@ -177,6 +178,10 @@ public:
     void mnuMScroll_Click();
     void mnuStageList_Click();
     void mnuAbout_Click();
+    // The page of keys.
+    void mnuKeys_Click();
+    // Addition: the list is there.
+    void mnuFind_Click();
     void mnuProblems_Click() { machine_.dialogs.ShowProblems(form_.problems); }
     // The additions on or off; the stage is loaded again with the camera where it is, and the
     // window keeps its size.
@@ -193,6 +198,11 @@ public:
     void Form_MouseDown(Long x, Long y) override;
     void Form_MouseMove(Long x, Long y) override;
     void Form_MouseUp() override;
+    void Form_DblClick() override;
+    void Form_MouseScroll(Long across, Long down) override;
+    void Form_MiddleDown(Long x, Long y) override;
+    void Form_MiddleMove(Long x, Long y) override;
+    void Form_MiddleUp() override;
     void Form_MouseWheel(Long notches, Long x, Long y) override;
     void hscHScroll_Change(Long value) override;
     void hscSGFX_Change(Long value) override {
@@ -363,6 +373,8 @@ private:
     void GiveSizeBack();
     void ComeUp();
     void FollowBox();
+    // The window for a picture of so many times its own size, where there is room for it.
+    void ShowPictureTimes(Long times);
     void LayOutControls(Long innerWidth, Long innerHeight);
     void Centre();
     void ShowTitle();
@@ -370,6 +382,8 @@ private:
     [[nodiscard]] const char* TitleMark();
     void EndNote();
     void GoThroughStages(VirtualKey key);
+    void PauseByKey();
+    [[nodiscard]] bool IsFullScreen() const { return FullScreenState == 1; }
     // An item of Extras that has no more to do than to be checked.
     void FlipExtra(Menu item);
     // What the items of Extras say goes to whom it is for.
@@ -387,6 +401,7 @@ private:
     clsMusic music_;
     ImageSets imageSets_;
     SpriteBrowser browser_;
+    Panning panning_{show_};
 
     ScreenModule screen_;
     Integer savedMode_ = kNoMode;    // of the display, before the full screen

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Dialogs: the questions that the program asks, and the list of problems.
+// Dialogs: the questions that the program asks, the list of problems, and the page of keys.
 //
 // A question stands over the main window, blocks until it is answered, and gives an empty text
 // where the user cancels. Paths are in the machine's own style; a folder has no separator at its
@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "base/NotCopied.h"
+#include "platform/KeyPage.h"
 #include "platform/ProblemList.h"
 
 namespace scenara {
@@ -42,6 +43,9 @@ public:
     [[nodiscard]] virtual bool OpenFolder(const std::string& folder) = 0;
     // Other programs can paste it from now on.
     virtual void CopyText(const std::string& text) = 0;
+
+    // A window with the page, or the one that is open to the front. It blocks nothing.
+    virtual void ShowKeys(const KeyPage& page) = 0;
 
     // Which of the answers to `text` the user chooses, counted from 0; nothing when the user
     // cancels. There is at least one.

@@ -49,34 +49,47 @@ enum class Menu : Byte {
     mnuR,
     mnuDebug,
     mnuAbout,
+    mnuAboutMenu,  // in its place, with more than it
+    mnuKeys,
+    mnuAboutBox,
     mnuExtras,  // what has been added since
     mnuAdditions,
     mnuSmooth,
     mnuWholeMultiples,
     mnuExtrasScreen,  // a separator
     mnuMugenFolder,
+    mnuFind,
     mnuSwitchMode,
     mnuExtrasProblems,  // a separator
     mnuProblems,
+    mnuExtrasPicture,  // a separator
+    mnuPicture100,     // so many per cent of its own size
+    mnuPicture200,
+    mnuPicture300,
+    mnuPicture400,
     mnuExtrasZoom,  // a separator
     mnuZoomIn,
     mnuZoomOut,
     mnuZoomStart,
+    mnuCameraStart,
 };
-inline constexpr std::size_t kMenuCount = static_cast<std::size_t>(Menu::mnuZoomStart) + 1;
+inline constexpr std::size_t kMenuCount = static_cast<std::size_t>(Menu::mnuCameraStart) + 1;
 
 // Where an item stands: in the bar itself, or in one of the submenus.
-enum class MenuPlace : Byte { Bar, Stage, Options, Extras };
+enum class MenuPlace : Byte { Bar, Stage, Options, About, Extras };
 
 struct MenuItem {
     std::string caption;  // "&" stands before the access letter; "-" alone is a separator
     std::vector<std::string> shortcuts;  // keys that choose it; the first one is shown with it
+    std::string tip;         // shown over an item of the bar while the pointer rests there
     bool isLiteral = false;  // no access letter: every sign of the caption is one that is shown
     MenuPlace place = MenuPlace::Bar;
     bool checked = false;
     bool enabled = true;
     bool visible = true;
-    bool leaves = false;  // choosing it may leave the stage that is shown
+    bool leaves = false;        // choosing it may leave the stage that is shown
+    bool inFullScreen = false;  // its keys choose it there, too
+    bool whileLoading = false;  // its keys choose it although its menu cannot be opened
 
     // Checks it, or no longer; whether it is checked now.
     bool Flip() { return checked = !checked; }
@@ -91,7 +104,7 @@ struct PictureBox {
 };
 
 // What the keys are for: the picture has them unless the list or its filter does.
-enum class KeyPlace : Byte { Picture, List, Filter };
+enum class KeyOwner : Byte { Picture, List, Filter };
 
 struct ListBox {
     // What is known of an item beside its text.
@@ -114,9 +127,9 @@ struct ListBox {
     std::size_t total = 0;  // how many items it has without one
     std::string note;       // stands in it while it is empty
     // Where the keys went when the program moved them last, and how often it has.
-    KeyPlace keysAt = KeyPlace::Picture;
+    KeyOwner keysAt = KeyOwner::Picture;
     std::uint32_t keysMoved = 0;
-    void MoveKeys(KeyPlace place) {
+    void MoveKeys(KeyOwner place) {
         keysAt = place;
         ++keysMoved;
     }
@@ -221,6 +234,14 @@ public:
     virtual void Form_MouseDown(Long x, Long y) = 0;
     virtual void Form_MouseMove(Long x, Long y) = 0;
     virtual void Form_MouseUp() = 0;
+    // The left button twice over the stage's picture, after the second Form_MouseDown.
+    virtual void Form_DblClick() = 0;
+    // The wheel over the stage's picture, by so many notches to the right and down.
+    virtual void Form_MouseScroll(Long across, Long down) = 0;
+    // The middle button over the stage's picture; pixels of the view.
+    virtual void Form_MiddleDown(Long x, Long y) = 0;
+    virtual void Form_MiddleMove(Long x, Long y) = 0;
+    virtual void Form_MiddleUp() = 0;
     // The wheel over what fills the picture's box, by so many notches, forwards above 0, with the
     // pointer there.
     virtual void Form_MouseWheel(Long notches, Long x, Long y) = 0;

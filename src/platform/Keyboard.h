@@ -16,6 +16,7 @@ enum class VirtualKey : std::uint8_t {
     RightButton = 2,
     Pause = 19,
     Escape = 27,
+    Space = 32,
     PageUp = 33,
     PageDown = 34,
     Left = 37,

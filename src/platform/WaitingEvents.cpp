@@ -21,7 +21,8 @@ void WaitingEvents::ForgetOlder(Kind kind) {
             waiting_.erase(std::next(older).base());
             return;
         }
-        if (kind == Kind::PointerMove && older->kind == Kind::Button) {
+        if ((kind == Kind::PointerMove || kind == Kind::MiddleMove) &&
+            older->kind == Kind::Button) {
             return;
         }
     }

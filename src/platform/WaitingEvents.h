@@ -26,6 +26,7 @@ public:
         Leaving,      // so do these; the stage that is shown will be left (Window::LeavingWaits)
         Button,       // so do these, and the pointer's moves before them
         PointerMove,  // only the last one since the button's last event
+        MiddleMove,   // the same, of the pointer with the middle button held
         CameraBar,    // only the last one, whatever has come in between
         SpriteBar,    // the same
         ListEdge,     // the same

@@ -72,6 +72,10 @@ public:
     // it is not even asked while the window is maximised, full screen or tiled. The size that came
     // is reported by Form_Resize from one of the next DoEvents, also where it is the old one.
     virtual void Size(Long width, Long height) = 0;
+    // Whether an inner area of this size, in pixels, can be asked for: the window is neither
+    // maximised nor full screen nor tiled, and with all that is around it fits into what its screen
+    // leaves to windows.
+    [[nodiscard]] virtual bool HasRoomFor(Long width, Long height) const = 0;
     // Asks for this place of the upper left corner, borders included, in window units. A wish, too.
     virtual void MoveTo(Long left, Long top) = 0;
     virtual void SetCaption(const std::string& caption) = 0;

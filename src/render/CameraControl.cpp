@@ -122,6 +122,22 @@ Single StepLength(Single step, double unit, bool whole) {
     return static_cast<Single>(whole && step != 0 ? std::max(RoundToEven(length), 1.0) : length);
 }
 
+void StepCamera(StageModel& model, const Camera& camera, const StepUnits& units, Long across,
+                Long down) {
+    for (; across > 0; --across) {
+        StepRight(model, Across(camera, units));
+    }
+    for (; across < 0; ++across) {
+        StepLeft(model, Across(camera, units));
+    }
+    for (; down > 0; --down) {
+        StepDown(model, Down(camera, units));
+    }
+    for (; down < 0; ++down) {
+        StepUp(model, Down(camera, units));
+    }
+}
+
 bool KeyGateIsOpen(const Camera& camera, Long now) {
     return TicksSince(camera.lastKeyTick, now) > kKeyGate;
 }

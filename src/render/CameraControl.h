@@ -60,6 +60,10 @@ struct StepUnits {
 // What the camera moves by in a step of this size; 0 stays 0.
 [[nodiscard]] Single StepLength(Single step, double unit, bool whole);
 
+// Addition: so many steps to the right and down.
+void StepCamera(StageModel& model, const Camera& camera, const StepUnits& units, Long across,
+                Long down);
+
 // Whether a key that acts at most every 150 ms would be accepted now. Whoever accepts one sets
 // lastKeyTick to `now`.
 [[nodiscard]] bool KeyGateIsOpen(const Camera& camera, Long now);

@@ -139,6 +139,24 @@ public:
     void Zoom(ZoomStep step);
     void ZoomTo(double zoom);
 
+    // --- The camera's place, with additions ----------------------------------------------------
+    //
+    // Within its bounds, and seen while the stage is paused, too; without effect where no stage is
+    // drawn.
+
+    // Whether one is.
+    [[nodiscard]] bool CanMoveCamera() const {
+        return options_.Additions &&
+               (State() == ShowState::Running || State() == ShowState::Paused);
+    }
+    // So many of its steps to the right and down.
+    void StepCamera(Long across, Long down);
+    void PutCamera(const CameraPlace& place);
+    // Where the stage starts; the zoom stays.
+    void CameraToStart();
+    // How far the camera goes for what moves with it by a pixel of the canvas, stage units.
+    [[nodiscard]] double CameraPerPixel() const;
+
     // --- The test character --------------------------------------------------------------------
     //
     // While it is on, the camera's horizontal step is the character's walking step. A failed load,
@@ -191,6 +209,8 @@ private:
         return options_.Additions && loop_.Paused != 0 && !toPresent_ && info == toldInfo_;
     }
     void EditWhilePaused();
+    void PutCameraAt(const CameraPlace& place);
+    void CameraMoved(const CameraPlace& from);
 
     [[nodiscard]] bool StepsAreOverridden() const {
         return testChar_.StepsOverridden || flags_.MouseScroll != 0;

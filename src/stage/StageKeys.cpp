@@ -290,7 +290,7 @@ void ReadKeysOfSection(KeyOffer& line, StageModel& model, std::string_view secti
     if (section == "info") {
         ReadVersion(line, model);
         if (line.Text("author", model.Author)) {
-            Unquote(model.Author);
+            model.Author = Unquoted(model.Author);
         }
     } else if (section == "stageinfo") {
         line.Whole("hires", model.hires);

@@ -114,9 +114,9 @@ TEST_P(WhileItLoads, NeitherMenusNorRecentFilesDoAnything) {
     Run(
         [&] {
             for (const Menu item :
-                 {Menu::mnuOpen, Menu::mnuClose, Menu::mnuReload, Menu::mnuExit, Menu::mnuChar,
-                  Menu::mnuChange, Menu::mnuFS, Menu::mnuMScroll, Menu::mnuStageNext,
-                  Menu::mnuStagePrev, Menu::mnuR, Menu::mnuAdditions}) {
+                 {Menu::mnuOpen, Menu::mnuClose, Menu::mnuReload, Menu::mnuChar, Menu::mnuChange,
+                  Menu::mnuFS, Menu::mnuMScroll, Menu::mnuStageNext, Menu::mnuStagePrev, Menu::mnuR,
+                  Menu::mnuAdditions}) {
                 Click(item);
             }
             form.recentFiles = {kStageC};

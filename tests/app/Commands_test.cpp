@@ -185,7 +185,7 @@ TEST_F(Commands, WhilePausedTheLineKeepsItsTextAndCommandsGoOn) {
     WhileAIsShown(Then(Choose(Menu::mnuPause)) + Times(100, Wait) + Then([&] {
                       EXPECT_EQ(show.InfoText(), "Cam 0,0  1 FPS");
                       EXPECT_EQ(loop.TotalFrames, kRestFrames + 1);
-                      Click(Menu::mnuAbout);
+                      Click(Menu::mnuAboutBox);
                   }));
     EXPECT_EQ(MessageTexts().size(), 1U);
     EXPECT_EQ(sink.shown, kRestFrames + 1) << "the picture still stands there";
@@ -274,7 +274,7 @@ TEST_F(Commands, SavedStepsOfNothingComeBackAsOneWhenTheMouseScrollsNoMore) {
 // --- The rest of the menu ------------------------------------------------------------------------
 
 TEST_F(Commands, AboutTellsNameVersionAndTwoLinesMore) {
-    Click(Menu::mnuAbout);
+    Click(Menu::mnuAboutBox);
     ASSERT_EQ(messages.Recorded().size(), 1U);
     const Message& about = messages.Recorded()[0];
     EXPECT_EQ(about.icon, MessageIcon::None);

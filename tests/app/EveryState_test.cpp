@@ -47,10 +47,10 @@ constexpr NamedState kStates[] = {{State::NoStage, "no stage"},
                                   {State::WithCharacter, "a character walks"}};
 
 constexpr std::array kKeys = {
-    VirtualKey::RightButton, VirtualKey::Pause,      VirtualKey::Escape,     VirtualKey::Left,
-    VirtualKey::Up,          VirtualKey::Right,      VirtualKey::Down,       VirtualKey::Insert,
-    VirtualKey::Delete,      VirtualKey::A,          VirtualKey::D,          VirtualKey::Q,
-    VirtualKey::Z,           VirtualKey::NumpadPlus, VirtualKey::NumpadMinus};
+    VirtualKey::RightButton, VirtualKey::Pause,      VirtualKey::Escape,      VirtualKey::Left,
+    VirtualKey::Up,          VirtualKey::Right,      VirtualKey::Down,        VirtualKey::Insert,
+    VirtualKey::Delete,      VirtualKey::A,          VirtualKey::D,           VirtualKey::Q,
+    VirtualKey::Z,           VirtualKey::NumpadPlus, VirtualKey::NumpadMinus, VirtualKey::Space};
 
 // What the user does in the state: once, and what is left over from it.
 struct Deed {
@@ -59,6 +59,7 @@ struct Deed {
     Act after = Wait;      // in the next pass
     bool mayFail = false;  // with an error that is said
     bool endsLoop = false;
+    bool endsProgram = false;
 };
 
 // One after which a sprite is shown or a character loaded, which lets messages through.
@@ -74,7 +75,7 @@ std::vector<Deed> EveryDeed() {
         deeds.push_back({"menu item " + std::to_string(i),
                          item == Menu::mnuDebug ? Pumped(Choose(item)) : Choose(item), Wait,
                          item == Menu::mnuStagePrev,
-                         item == Menu::mnuClose || item == Menu::mnuExit});
+                         item == Menu::mnuClose || item == Menu::mnuExit, item == Menu::mnuExit});
     }
     for (const VirtualKey key : kKeys) {
         deeds.push_back({"key " + std::to_string(static_cast<int>(key)),
@@ -107,6 +108,13 @@ std::vector<Deed> EveryDeed() {
     add("a button pressed", [](RunningStage& stage) { stage.program.Form_MouseDown(162, 3); });
     add("a pointer moved", [](RunningStage& stage) { stage.program.Form_MouseMove(400, -7); });
     add("a button let go", [](RunningStage& stage) { stage.program.Form_MouseUp(); });
+    add("a double click", [](RunningStage& stage) { stage.program.Form_DblClick(); });
+    add("the wheel", [](RunningStage& stage) { stage.program.Form_MouseScroll(3, -2); });
+    add("a pull", [](RunningStage& stage) {
+        stage.program.Form_MiddleDown(160, 100);
+        stage.program.Form_MiddleMove(-500, 9000);
+        stage.program.Form_MiddleUp();
+    });
     add("the camera's bar", [](RunningStage& stage) { stage.program.hscHScroll_Change(40); });
     add("the sprites' bar", Pumped([](RunningStage& stage) { stage.program.hscSGFX_Change(1); }));
     add("the sprites' bar dragged",
@@ -215,8 +223,10 @@ protected:
         });
         stage.program.Form_OLEDragDrop({kStageA});
         EXPECT_TRUE(did);
-        // While a stage loads its menu is off.
-        const bool ended = deed.endsLoop && !IsLoading(state);
+        // While a stage loads its menu is off, but for the end with additions.
+        const bool ended = (deed.endsLoop && !IsLoading(state)) || stage.program.Ended();
+        EXPECT_EQ(stage.program.Ended(),
+                  deed.endsProgram && (!IsLoading(state) || stage.show.Options().Additions));
         EXPECT_EQ(reopened, ended ? 0 : 2);
     }
 

@@ -89,7 +89,7 @@ TEST_F(Browsed, EnterInTheFilterOpensTheFirstUnlessOneOfThemIsShown) {
                    Expect(1, "third"), Filter("nothing"), enter, Expect(-1, "third")});
     EXPECT_EQ(Begun(), 2);
     EXPECT_EQ(form.lstStages.keysMoved, moved + 3);
-    EXPECT_EQ(form.lstStages.keysAt, KeyPlace::Picture);
+    EXPECT_EQ(form.lstStages.keysAt, KeyOwner::Picture);
 }
 
 TEST_F(Browsed, AnotherFolderHasNoFilterYet) {
@@ -101,11 +101,11 @@ TEST_F(Browsed, AnotherFolderHasNoFilterYet) {
 }
 
 TEST_F(Browsed, TheKeysAreTheListsAtFirstAndThePicturesAfterAnythingElseIsOpened) {
-    EXPECT_EQ(form.lstStages.keysAt, KeyPlace::List);
+    EXPECT_EQ(form.lstStages.keysAt, KeyOwner::List);
     const auto moves = [this](const Act& act) {
         const std::uint32_t before = form.lstStages.keysMoved;
         Show(act);
-        return form.lstStages.keysMoved != before && form.lstStages.keysAt == KeyPlace::Picture;
+        return form.lstStages.keysMoved != before && form.lstStages.keysAt == KeyOwner::Picture;
     };
     EXPECT_FALSE(moves(Select(0)));
     EXPECT_FALSE(moves(Step(1)));

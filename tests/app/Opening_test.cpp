@@ -335,9 +335,8 @@ TEST_F(PlainOpening, WhileAStageLoadsTheListSelectsAndOpensNothing) {
 TEST_F(Opening, WhileAStageLoadsTheMenusOpenNothing) {
     form.recentFiles = {kStageC};
     WhileAIsShown({}, [&] {
-        for (const Menu item :
-             {Menu::mnuOpen, Menu::mnuReload, Menu::mnuClose, Menu::mnuExit, Menu::mnuStageNext,
-              Menu::mnuStagePrev, Menu::mnuR, Menu::mnuAdditions}) {
+        for (const Menu item : {Menu::mnuOpen, Menu::mnuReload, Menu::mnuClose, Menu::mnuStageNext,
+                                Menu::mnuStagePrev, Menu::mnuR, Menu::mnuAdditions}) {
             Click(item);
         }
         program.MnuRecentFiles_Click(1);

@@ -94,6 +94,7 @@ TEST_F(Dropping, WhatLiesElsewhereIsLeftOut) {
 
 TEST_F(Dropping, WhileABoxIsOpenNothingIsTaken) {
     Key("alt+a");
+    Key("a");
     ExpectBox();
     EXPECT_EQ(ResultOfPaths({StagePath("cup")}), Drop::State::Refused);
     EXPECT_FALSE(Box().empty());

@@ -119,6 +119,7 @@ const State kStates[] = {
      [](Ending& test) {
          test.HideTheList();
          test.Key("alt+a");
+         test.Key("a");
          test.ExpectBox();
      }},
     {"AQuestionIsOpen", SIGHUP,

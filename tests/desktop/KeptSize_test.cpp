@@ -86,10 +86,7 @@ protected:
             << "[BG tile]\ntype = normal\nspriteno = 0,1\nstart = -160,0\n";
     }
 
-    void ToggleList() {
-        InMenu("s", "alt+s");  // to the next item of that letter
-        Key("Return");
-    }
+    void ToggleList() { Key("alt+l"); }
 
     std::optional<Place> place_;
 };

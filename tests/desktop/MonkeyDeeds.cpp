@@ -21,12 +21,13 @@ constexpr const char* kKeys[] = {
     "F3",         "F4",       "F5",          "F6",       "F7",          "F8",        "F9",
     "F10",        "F11",      "F12",         "KP_Add",   "KP_Subtract", "ctrl+plus", "ctrl+minus",
     "ctrl+equal", "ctrl+0",   "ctrl+KP_Add", "ctrl+c",   "ctrl+a",      "alt+p",     "alt+d",
+    "ctrl+r",     "ctrl+f",   "ctrl+1",      "ctrl+2",   "ctrl+3",      "ctrl+4",    "alt+l",
     "alt+s",      "alt+o",    "alt+x",       "alt+a",    "alt+q",       "alt",       "shift+Tab",
     "BackSpace",  "KP_Enter", "ctrl+Tab",    "shift+F10"};
 // Not where files are listed.
 constexpr const char* kOtherKeys[] = {"Insert", "Delete", "Menu", "F2"};
 constexpr const char* kArrows[] = {"Left", "Right", "Up", "Down"};
-constexpr const char* kMenuLetters[] = {"s", "o", "x"};
+constexpr const char* kMenuLetters[] = {"s", "o", "a", "x"};
 constexpr const char* kMenuKeys[] = {
     "Down", "Down", "Down", "Up", "Right", "Left", "Return", "Return", "space", "Escape", "a", "b",
     "c",    "d",    "f",    "i",  "l",     "m",    "o",      "p",      "s",     "u",      "w"};

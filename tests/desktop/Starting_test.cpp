@@ -315,6 +315,7 @@ TEST_F(Starting, ASocketThatACrashLeftIsNoInstance) {
 TEST_F(Starting, WhatIsHandedOverWhileABoxIsOpenWaitsForIt) {
     StartWithBar();
     Key("alt+a");
+    Key("a");
     ExpectBox();
     EXPECT_EQ(StatusOf({StagePath("dot")}), 0);
     EXPECT_EQ(StatusOf({StagePath("cup")}), 0);

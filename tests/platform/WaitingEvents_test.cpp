@@ -24,6 +24,9 @@ Waiter Down(Long x) {
 Waiter Move(Long x) {
     return {[x](FormEvents& to) { to.Form_MouseMove(x, 0); }, Kind::PointerMove};
 }
+Waiter Middle(Long x) {
+    return {[x](FormEvents& to) { to.Form_MiddleMove(x, 0); }, Kind::MiddleMove};
+}
 Waiter Up() {
     return {[](FormEvents& to) { to.Form_MouseUp(); }, Kind::Button};
 }
@@ -67,6 +70,9 @@ TEST(Waiting, AreToldInTheirOrderAndTheLastMoveCounts) {
     ExpectTold("a drag keeps its own last move",
                {Down(1), Move(2), Up(), Move(3), Move(4), Down(5), Move(6)},
                "down 1 0, move 2 0, up, move 4 0, down 5 0, move 6 0");
+    ExpectTold("a pull keeps its own last move, and that of the pointer",
+               {Down(1), Middle(2), Move(3), Middle(4), Move(5), Up(), Middle(6), Middle(7)},
+               "down 1 0, middle move 4 0, move 5 0, up, middle move 7 0");
     ExpectTold("a move of a bar takes the place of the one before",
                {Camera(1), Sprite(2), Camera(3), Sprite(4)}, "camera 3, sprite 4");
     ExpectTold("a bar is told once whatever came in between",

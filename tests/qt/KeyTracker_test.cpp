@@ -4,18 +4,21 @@
 #include "platform/qt/KeyTracker.h"
 
 #include <QDialog>
+#include <QKeySequence>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
 #include <QMenuBar>
 #include <QScrollBar>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "app/Keys.h"
 #include "qt/Toolkit.h"
 
 namespace scenara::test {
@@ -72,7 +75,7 @@ TEST(VirtualKeyOf, IsTheKeyOfThatNameOrOnThatPlace) {
         {"F1 on A", Qt::Key_F1, {}, kNone, 38},
         {"F7", Qt::Key_F7, {}},
         {"B", Qt::Key_B, {}},
-        {"Space", Qt::Key_Space, {}},
+        {"Space", Qt::Key_Space, VirtualKey::Space},
         {"a key without a name", Qt::Key_unknown, {}},
     };
     for (const Row& row : rows) {
@@ -230,6 +233,175 @@ TEST_F(Keys, WithAltAndTheLikeBelongToTheMenus) {
     EXPECT_THAT(told, IsEmpty());
     Press(listener, {Qt::Key_D, kScanD, Qt::ShiftModifier});
     EXPECT_THAT(told, ElementsAre(VirtualKey::D)) << "Shift is no such key";
+}
+
+// The window system may not tell that a key is repeated.
+class KeysWithAdditions : public Keys {
+protected:
+    KeysWithAdditions() { form[Menu::mnuAdditions].checked = true; }
+
+    // What the window system asks first. Whether a shortcut may have the key.
+    static bool MayChoose(QWidget& to, Qt::Key key, Qt::KeyboardModifiers with = Qt::NoModifier,
+                          quint32 scanCode = 0) {
+        QKeyEvent event(QEvent::ShortcutOverride, key, with, scanCode, 0, 0);
+        event.ignore();
+        QApplication::sendEvent(&to, &event);
+        return !event.isAccepted();
+    }
+    void PressAt(quint64 time, const KeyPlace& place) {
+        QKeyEvent event(QEvent::KeyPress, place.key, place.modifiers, place.scanCode, 0, 0);
+        event.setTimestamp(time);
+        QApplication::sendEvent(listener.windowHandle(), &event);
+    }
+};
+
+TEST_F(KeysWithAdditions, HeldSinceAltOrCtrlDoNotCountUntilTheyAreLetGo) {
+    for (const Qt::KeyboardModifier with : {Qt::AltModifier, Qt::ControlModifier}) {
+        EXPECT_TRUE(MayChoose(listener, Qt::Key_D, with, kScanD));  // and no press comes of it
+        Press(listener, d);
+        Press(listener, d);
+        EXPECT_EQ(State(VirtualKey::D), kUp);
+        Release(listener, d);
+        EXPECT_THAT(told, IsEmpty());
+        Press(listener, d);
+        EXPECT_EQ(State(VirtualKey::D), kDownAndPressedSince) << "pressed alone it counts";
+        Release(listener, d);
+        told.clear();
+
+        Press(listener, {Qt::Key_Left, kScanLeft, with});
+        Press(listener, left);
+        EXPECT_EQ(State(VirtualKey::Left), kUp);
+        Release(listener, left);
+    }
+}
+
+TEST_F(KeysWithAdditions, WhoseReleaseWasLostCountAgainAfterAMoment) {
+    PressAt(1000, {Qt::Key_D, kScanD, Qt::AltModifier});
+    PressAt(1600, d);
+    PressAt(2500, d);
+    EXPECT_EQ(State(VirtualKey::D), kUp) << "it repeats";
+    PressAt(3600, d);
+    EXPECT_EQ(State(VirtualKey::D), kDownAndPressedSince);
+}
+
+TEST_F(KeysWithAdditions, HeldStayDownWhileAShortcutIsPressed) {
+    Press(listener, left);
+    static_cast<void>(State(VirtualKey::Left));
+    const KeyPlace r{Qt::Key_R, 27, Qt::ControlModifier};
+    static_cast<void>(MayChoose(listener, Qt::Key_R, Qt::ControlModifier, 27));
+    Release(listener, r);
+    EXPECT_EQ(State(VirtualKey::Left), kDown);
+    Press(listener, {Qt::Key_Left, kScanLeft, Qt::ControlModifier}, true);
+    EXPECT_EQ(State(VirtualKey::Left), kDown);
+    Release(listener, {Qt::Key_Left, kScanLeft, Qt::ControlModifier});
+    EXPECT_EQ(State(VirtualKey::Left), kUp);
+}
+
+TEST_F(KeysWithAdditions, OfATextFieldChooseNothingThatIsTyped) {
+    QLineEdit field;
+    BringUp(field);
+    field.setFocus();
+    for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Home}) {
+        EXPECT_FALSE(MayChoose(field, key)) << key;
+    }
+    for (const Qt::Key key : {Qt::Key_F5, Qt::Key_F11}) {
+        EXPECT_TRUE(MayChoose(field, key)) << key;
+    }
+    EXPECT_TRUE(MayChoose(field, Qt::Key_R, Qt::ControlModifier));
+    EXPECT_TRUE(MayChoose(field, Qt::Key_S, Qt::AltModifier)) << "menus open";
+}
+
+TEST_F(KeysWithAdditions, OfAListChooseNothingButItsOwnAlone) {
+    QListWidget list;
+    list.addItems({"bar", "cup", "dot"});
+    BringUp(list);
+    list.setFocus();
+    EXPECT_TRUE(MayChoose(list, Qt::Key_F5));
+    EXPECT_TRUE(MayChoose(list, Qt::Key_R, Qt::ControlModifier));
+    const KeyPlace space{Qt::Key_Space, 65, Qt::NoModifier, " "};
+    Press(list, space);
+    Release(list, space);
+    EXPECT_THAT(told, IsEmpty());
+    listener.activateWindow();
+    BringUp(listener);
+    listener.setFocus();
+    EXPECT_TRUE(MayChoose(listener, Qt::Key_Home));
+    Press(listener, space);
+    EXPECT_THAT(told, ElementsAre(VirtualKey::Space));
+}
+
+TEST_F(KeysWithAdditions, AListWithTheFocusKeepsItsOwn) {
+    QListWidget list;
+    list.addItems({"apple", "bar", "cup", "dot"});
+    BringUp(list);
+    list.setFocus();
+    list.setCurrentRow(1);
+    form.lstStages.takesKeys = false;  // a stage is shown
+    form[Menu::mnuDebugBG].checked = true;
+    const auto rowAfter = [&](const KeyPlace& key) {
+        Press(list, key);
+        Release(list, key);
+        return list.currentRow();
+    };
+    EXPECT_EQ(rowAfter({Qt::Key_Down, 116}), 2);
+    EXPECT_EQ(rowAfter({Qt::Key_Up, 111}), 1);
+    EXPECT_EQ(rowAfter({Qt::Key_End, 115}), 3);
+    EXPECT_EQ(rowAfter({Qt::Key_Home, 110}), 0);
+    EXPECT_EQ(rowAfter({Qt::Key_D, kScanD, Qt::NoModifier, "d"}), 3);
+    EXPECT_NE(rowAfter({Qt::Key_PageUp, 112}), 3);
+    EXPECT_EQ(rowAfter({Qt::Key_PageDown, 117}), 3);
+    EXPECT_THAT(told, IsEmpty());
+    EXPECT_EQ(rowAfter(left), 3);
+    EXPECT_EQ(rowAfter({Qt::Key_Insert, 118}), 3);
+    EXPECT_THAT(told, ElementsAre(VirtualKey::Left, VirtualKey::Insert))
+        << "it has no use for them";
+}
+
+TEST(PolledKeys, AreThoseOfTheTable) {
+    std::set<VirtualKey> ofTable = {VirtualKey::Q};
+    for (const Key& key : AllKeys()) {
+        if (key.taker != KeyTaker::Polled) {
+            continue;
+        }
+        ofTable.insert(key.key);
+        std::string name = key.name;
+        Qt::KeyboardModifiers with;
+        if (name.starts_with("Numpad ")) {
+            name.erase(0, 7);
+            with = Qt::KeypadModifier;
+        }
+        if (name == "Insert" || name == "Delete") {
+            name.resize(3);
+        } else if (name.starts_with("Page ")) {
+            name = name == "Page Up" ? "PgUp" : "PgDown";
+        } else if (name == "Escape") {
+            name = "Esc";
+        }
+        const QKeySequence sequence = QKeySequence::fromString(QString::fromStdString(name));
+        ASSERT_EQ(sequence.count(), 1) << key.name;
+        EXPECT_EQ(VirtualKeyOf(QKeyEvent(QEvent::KeyPress, sequence[0].key(), with)), key.key)
+            << key.name;
+    }
+    std::set<VirtualKey> known;
+    for (int i = 0; i < 0x200; ++i) {
+        const int key = i < 0x100 ? i : i - 0x100 + Qt::Key_Escape;  // signs, and keys with names
+        for (const Qt::KeyboardModifier with : {Qt::NoModifier, Qt::KeypadModifier}) {
+            if (const auto found = VirtualKeyOf(QKeyEvent(QEvent::KeyPress, key, with))) {
+                known.insert(*found);
+            }
+        }
+    }
+    EXPECT_EQ(known, ofTable);
+}
+
+TEST(TableOfKeys, HasShortcutsAsTheToolkitNamesThem) {
+    for (const Key& key : AllKeys()) {
+        if (key.taker == KeyTaker::Item) {
+            const QKeySequence sequence = QKeySequence::fromString(key.name);
+            EXPECT_EQ(sequence.count(), 1) << key.name;
+            EXPECT_EQ(sequence.toString().toStdString(), key.name);
+        }
+    }
 }
 
 TEST_F(Keys, InAnOpenMenuDoNotCount) {

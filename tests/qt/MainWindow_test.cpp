@@ -9,7 +9,9 @@
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QImage>
+#include <QLineEdit>
 #include <QListView>
+#include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
 #include <QMouseEvent>
@@ -82,6 +84,110 @@ TEST_F(Main, NamesOfOthersHaveNeitherAccessLettersNorShortcuts) {
     EXPECT_THAT(ItemTexts(), testing::Contains(QString("&Use Test Char")));
 }
 
+// --- shortcuts ---
+
+// Of a menu, with two items that keys choose and one that they choose also while it is disabled.
+void DesignShortcuts(Form& form) {
+    for (const Menu item : {Menu::mnuReload, Menu::mnuExit, Menu::mnuCameraStart}) {
+        form[item].place = item == Menu::mnuCameraStart ? MenuPlace::Extras : MenuPlace::Stage;
+    }
+}
+
+class Shortcuts : public ShownWindow {
+protected:
+    Shortcuts() : ShownWindow(DesignShortcuts) {
+        form[Menu::mnuAdditions].checked = true;
+        Give(Menu::mnuReload, {"Ctrl+R", "F5"});
+        Give(Menu::mnuExit, {"Ctrl+Q"});
+        Give(Menu::mnuCameraStart, {"Home"});
+        form[Menu::mnuReload].inFullScreen = true;
+        form[Menu::mnuExit].whileLoading = true;
+        Pump();
+        BringUp(window);
+        static_cast<void>(program.Text());
+    }
+
+    void Give(Menu item, const std::vector<std::string>& shortcuts) {
+        form[item].caption = "item " + std::to_string(static_cast<int>(item));
+        form[item].shortcuts = shortcuts;
+    }
+    std::string ToldOf(Qt::Key key, Qt::KeyboardModifiers with = Qt::NoModifier) {
+        return ToldOf(window, key, with);
+    }
+    std::string ToldOf(const QWidget& front, Qt::Key key,
+                       Qt::KeyboardModifiers with = Qt::NoModifier) {
+        QTest::keyClick(front.windowHandle(), key, with);
+        Pump();
+        return program.Text();
+    }
+    static std::string Of(Menu item) { return "menu " + std::to_string(static_cast<int>(item)); }
+};
+
+TEST_F(Shortcuts, ChooseTheirItems) {
+    EXPECT_EQ(ToldOf(Qt::Key_R, Qt::ControlModifier), Of(Menu::mnuReload));
+    EXPECT_EQ(ToldOf(Qt::Key_F5), Of(Menu::mnuReload));
+    EXPECT_EQ(ToldOf(Qt::Key_Home), Of(Menu::mnuCameraStart));
+    Give(Menu::mnuReload, {"F6"});
+    Pump();
+    EXPECT_EQ(ToldOf(Qt::Key_F5), "") << "they follow the form";
+    EXPECT_EQ(ToldOf(Qt::Key_F6), Of(Menu::mnuReload));
+    form[Menu::mnuReload].enabled = false;
+    Pump();
+    EXPECT_EQ(ToldOf(Qt::Key_F6), "");
+}
+
+TEST_F(Shortcuts, OfADisabledMenuChooseOnlyWhatCanBeChosenWhileAStageLoads) {
+    form[Menu::mnuStage].enabled = false;
+    Pump();
+    EXPECT_EQ(ToldOf(Qt::Key_F5), "");
+    EXPECT_EQ(ToldOf(Qt::Key_Q, Qt::ControlModifier), Of(Menu::mnuExit));
+}
+
+TEST_F(Shortcuts, AreTypedInATextField) {
+    QLineEdit field(&window);
+    field.show();
+    field.setFocus();
+    field.setText("ab");
+    EXPECT_EQ(ToldOf(Qt::Key_Home), "");
+    EXPECT_EQ(field.cursorPosition(), 0);
+    EXPECT_EQ(ToldOf(Qt::Key_Space), "");
+    EXPECT_EQ(field.text(), " ab");
+    EXPECT_EQ(ToldOf(Qt::Key_R, Qt::ControlModifier), Of(Menu::mnuReload));
+    EXPECT_EQ(field.text(), " ab");
+    field.clearFocus();
+    EXPECT_EQ(ToldOf(Qt::Key_Home), Of(Menu::mnuCameraStart));
+}
+
+TEST_F(Shortcuts, AreNoneInADialogOrAnOpenMenu) {
+    QDialog dialog(&window);
+    BringUp(dialog);
+    ASSERT_TRUE(dialog.isActiveWindow());
+    EXPECT_EQ(ToldOf(dialog, Qt::Key_F5), "");
+    dialog.hide();
+    BringUp(window);
+    QMenu menu(&window);
+    menu.addAction("an item");
+    menu.popup(window.mapToGlobal(QPoint(0, 0)));
+    Settle();
+    EXPECT_EQ(ToldOf(menu, Qt::Key_F5), "");
+    menu.close();
+    EXPECT_EQ(ToldOf(Qt::Key_F5), Of(Menu::mnuReload));
+}
+
+TEST_F(Shortcuts, InTheFullScreenAreThoseThatMakeSenseThere) {
+    FullScreenWindow fullScreen(window);
+    fullScreen.Show(FullScreenForm::Beneath::Stays);
+    EXPECT_EQ(ToldOf(fullScreen, Qt::Key_F5), Of(Menu::mnuReload));
+    EXPECT_EQ(ToldOf(fullScreen, Qt::Key_Home), "");
+    fullScreen.Hide();
+}
+
+TEST_F(Shortcuts, HomeIsTheListsWhileThatHasTheFocus) {
+    form.lstStages.browses = true;
+    ShowList({"bar", "cup", "dot"});
+    EXPECT_EQ(ToldOf(Qt::Key_Home), "step -2147483647");
+}
+
 // --- the list ---
 
 class WindowList : public Main {
@@ -130,6 +236,34 @@ TEST_F(WindowList, WithoutASelectionGoesOnFromWhereItWas) {
     EXPECT_EQ(ToldOfAKey(Qt::Key_Down), "list 2");
     deselect();
     EXPECT_EQ(ToldOfAClick(2), "list 2");
+}
+
+TEST_F(WindowList, HasTheKeysOfAShownStageOnlyIfTheUserWantsIt) {
+    form.lstStages.browses = true;
+    const auto comeBack = [&] {
+        QWidget other;
+        BringUp(other);
+        other.hide();
+        BringUp(window);
+        Pump();
+    };
+    comeBack();
+    EXPECT_TRUE(list.hasFocus()) << "it had it";
+    list.clearFocus();
+    Pump();
+    comeBack();
+    EXPECT_FALSE(list.hasFocus()) << "it is what the toolkit would choose";
+    EXPECT_TRUE(window.Picture().hasFocus());
+}
+
+TEST_F(WindowList, AClickOnThePictureTakesTheFocusWithAdditions) {
+    for (const bool additions : {false, true}) {
+        form.lstStages.browses = additions;
+        list.setFocus();
+        ASSERT_TRUE(list.hasFocus());
+        QTest::mouseClick(&window.Picture(), Qt::LeftButton, {}, {5, 5});
+        EXPECT_EQ(list.hasFocus(), !additions);
+    }
 }
 
 TEST_F(Main, TheFormIsShownAfterEventsWereTakenInDuringAFrame) {
@@ -419,6 +553,42 @@ TEST_F(Main, TellsOfThePressesAndTheLastMove) {
     SendMouse(picture, QEvent::MouseButtonRelease, {39, 2}, Qt::LeftButton, Qt::NoButton);
     window.DoEvents();
     EXPECT_EQ(program.Text(), "down 1 2, move 39 2, up");
+}
+
+TEST_F(Main, TellsOfAPullAndItsLastMove) {
+    PictureWidget& picture = window.Picture();
+    SendMouse(picture, QEvent::MouseButtonPress, {1, 2}, Qt::MiddleButton, Qt::MiddleButton);
+    for (int x = 2; x < 40; ++x) {
+        SendMouse(picture, QEvent::MouseMove, QPointF(x, 2), Qt::NoButton, Qt::MiddleButton);
+    }
+    SendMouse(picture, QEvent::MouseButtonRelease, {39, 2}, Qt::MiddleButton, Qt::NoButton);
+    window.DoEvents();
+    EXPECT_EQ(program.Text(), "middle down 1 2, middle move 39 2, middle up");
+    SendMouse(picture, QEvent::MouseButtonDblClick, {1, 2}, Qt::LeftButton, Qt::LeftButton);
+    window.DoEvents();
+    EXPECT_EQ(program.Text(), "down 1 2, twice");
+}
+
+TEST_F(WindowSizes, HaveRoomOnTheScreenOrNot) {
+    const QSize screen = window.screen()->availableGeometry().size();
+    const QSize around = window.frameGeometry().size() - QSize(program.width, program.height);
+    const Long width = screen.width() - around.width();
+    const Long height = screen.height() - around.height();
+    EXPECT_TRUE(window.HasRoomFor(width, height));
+    EXPECT_FALSE(window.HasRoomFor(width + 1, height));
+    EXPECT_FALSE(window.HasRoomFor(width, height + 1));
+    for (const Qt::WindowState state : {Qt::WindowMaximized, Qt::WindowFullScreen}) {
+        window.setWindowState(state);
+        Pump();
+        EXPECT_FALSE(window.HasRoomFor(320, 240)) << state;
+        window.setWindowState(Qt::WindowNoState);
+        Pump();
+    }
+    FullScreenWindow fullScreen(window);
+    fullScreen.Show(FullScreenForm::Beneath::Stays);
+    EXPECT_FALSE(window.HasRoomFor(320, 240));
+    fullScreen.Hide();
+    EXPECT_TRUE(window.HasRoomFor(320, 240));
 }
 
 // --- what waits while a frame takes long ---

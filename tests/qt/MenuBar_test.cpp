@@ -4,10 +4,12 @@
 #include "platform/qt/MenuBar.h"
 
 #include <QAction>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QListView>
 #include <QMenu>
 #include <QToolButton>
+#include <QToolTip>
 #include <QWindow>
 #include <string>
 #include <utility>
@@ -24,7 +26,9 @@ namespace {
 
 class Menus : public ShownWindow {
 protected:
-    Menus() : ShownWindow(DesignMenus) {
+    explicit Menus(bool additions = true) : ShownWindow(DesignMenus) {
+        form[Menu::mnuAdditions].checked = additions;
+        EnableMenus(form, ShowState::Running, true, true);
         form.lstStages.takesKeys = false;  // a stage is shown
         BringUp(window);
         Pump();
@@ -83,6 +87,12 @@ protected:
     }
 };
 
+// Two items of the bar have one letter.
+class PlainMenus : public Menus {
+protected:
+    PlainMenus() : Menus(false) {}
+};
+
 // --- who has the keys ---
 
 TEST_F(Menus, ALoneAltLeavesTheKeysWithThePicture) {
@@ -133,10 +143,9 @@ TEST_F(Menus, InAnOpenMenuTheArrowKeysAreItsOwn) {
     QTest::keyPress(window.windowHandle(), Qt::Key_Down);
     EXPECT_FALSE(keyboard.IsDown(VirtualKey::Down));
     QTest::keyRelease(window.windowHandle(), Qt::Key_Down);
-    const std::pair<Qt::Key, const char*> walk[] = {{Qt::Key_Right, "E&xtras"},
-                                                    {Qt::Key_Right, "&Stage"},
-                                                    {Qt::Key_Left, "E&xtras"},
-                                                    {Qt::Key_Left, "&Options"}};
+    const std::pair<Qt::Key, const char*> walk[] = {
+        {Qt::Key_Right, "&About"}, {Qt::Key_Right, "E&xtras"}, {Qt::Key_Right, "&Stage"},
+        {Qt::Key_Left, "E&xtras"}, {Qt::Key_Left, "&About"},   {Qt::Key_Left, "&Options"}};
     for (const auto& [key, menu] : walk) {
         Type(key);
         EXPECT_EQ(OpenMenu(), menu);
@@ -145,6 +154,7 @@ TEST_F(Menus, InAnOpenMenuTheArrowKeysAreItsOwn) {
     form[Menu::mnuExtras].enabled = false;
     Pump();
     Alt(Qt::Key_O);
+    Type(Qt::Key_Right);
     Type(Qt::Key_Right);
     EXPECT_EQ(OpenMenu(), "&Stage") << "one that can be opened";
 }
@@ -189,7 +199,7 @@ TEST_F(Menus, ALetterWhoseReleaseWasLostRunsAgainAfterAnotherKey) {
     }
 }
 
-TEST_F(Menus, ALetterOfTwoGoesFromOneToTheOther) {
+TEST_F(PlainMenus, ALetterOfTwoGoesFromOneToTheOther) {
     for (int time = 0; time < 2; ++time) {
         Alt(Qt::Key_S);
         EXPECT_EQ(OpenMenu(), "&Stage");
@@ -202,7 +212,7 @@ TEST_F(Menus, ALetterOfTwoGoesFromOneToTheOther) {
     ExpectTheKeysAreThePictures();
 }
 
-TEST_F(Menus, ALetterOfTwoBeginsWithTheFirstOneEachTime) {
+TEST_F(PlainMenus, ALetterOfTwoBeginsWithTheFirstOneEachTime) {
     for (int time = 0; time < 3; ++time) {
         Alt(Qt::Key_S);
         EXPECT_EQ(OpenMenu(), "&Stage");
@@ -212,10 +222,10 @@ TEST_F(Menus, ALetterOfTwoBeginsWithTheFirstOneEachTime) {
 }
 
 // The item under the pointer is marked. The letter still opens the first menu.
-TEST_F(Menus, ALetterOfTwoBeginsWithTheFirstOneWhereverThePointerRests) {
+TEST_F(PlainMenus, ALetterOfTwoBeginsWithTheFirstOneWhereverThePointerRests) {
     for (QAction* const item : TheBar().actions()) {
         const QPoint middle = TheBar().actionGeometry(item).center();
-        if (!TheBar().rect().contains(middle)) {
+        if (!item->isVisible() || !TheBar().rect().contains(middle)) {
             continue;  // the window has no room for it
         }
         SCOPED_TRACE(item->text().toStdString());
@@ -228,7 +238,7 @@ TEST_F(Menus, ALetterOfTwoBeginsWithTheFirstOneWhereverThePointerRests) {
     }
 }
 
-TEST_F(Menus, ALetterOfTwoThatIsHeldStaysWithTheFirst) {
+TEST_F(PlainMenus, ALetterOfTwoThatIsHeldStaysWithTheFirst) {
     for (int time = 0; time < 2; ++time) {
         for (int repeat = 0; repeat < 3; ++repeat) {
             PressAlt(Qt::Key_S);
@@ -240,7 +250,7 @@ TEST_F(Menus, ALetterOfTwoThatIsHeldStaysWithTheFirst) {
     }
 }
 
-TEST_F(Menus, ReturnRunsWhatALetterHasGoneTo) {
+TEST_F(PlainMenus, ReturnRunsWhatALetterHasGoneTo) {
     ShowList();
     Alt(Qt::Key_S);
     Alt(Qt::Key_S);
@@ -250,7 +260,7 @@ TEST_F(Menus, ReturnRunsWhatALetterHasGoneTo) {
     EXPECT_TRUE(ListHasFocus());
 }
 
-TEST_F(Menus, ALetterOfTwoRunsNothingWhileTheOtherIsDisabled) {
+TEST_F(PlainMenus, ALetterOfTwoRunsNothingWhileTheOtherIsDisabled) {
     form[Menu::mnuStage].enabled = false;
     Pump();
     Alt(Qt::Key_S);
@@ -260,7 +270,7 @@ TEST_F(Menus, ALetterOfTwoRunsNothingWhileTheOtherIsDisabled) {
     EXPECT_EQ(Told(), "");
 }
 
-TEST_F(Menus, WhatALetterHasGoneToIsLeftWithTheFocus) {
+TEST_F(PlainMenus, WhatALetterHasGoneToIsLeftWithTheFocus) {
     ShowList();
     QWidget* const list = QApplication::focusWidget();
     Alt(Qt::Key_S);
@@ -269,6 +279,44 @@ TEST_F(Menus, WhatALetterHasGoneToIsLeftWithTheFocus) {
     EXPECT_EQ(Marked(), "");
     Type(Qt::Key_Return);
     EXPECT_EQ(Told(), "");
+}
+
+TEST_F(Menus, AboutIsAMenu) {
+    for (int time = 0; time < 3; ++time) {
+        Alt(Qt::Key_A);
+        EXPECT_EQ(OpenMenu(), "&About");
+        Type(Qt::Key_K);
+        EXPECT_EQ(Told(), Of(Menu::mnuKeys));
+        ExpectTheKeysAreThePictures();
+    }
+}
+
+TEST_F(PlainMenus, AboutIsAnItem) {
+    for (int time = 0; time < 3; ++time) {
+        Alt(Qt::Key_A);
+        EXPECT_EQ(Told(), Of(Menu::mnuAbout)) << "each time";
+        EXPECT_EQ(OpenMenu(), "");
+        ExpectTheKeysAreThePictures();
+    }
+}
+
+TEST_F(Menus, AnItemOfTheBarTellsItsKeyAsAToolTip) {
+    const auto tip = [this](const QString& caption) {
+        for (QAction* const item : TheBar().actions()) {
+            if (item->text() == caption) {
+                const QPoint middle = TheBar().actionGeometry(item).center();
+                QHelpEvent event(QEvent::ToolTip, middle, TheBar().mapToGlobal(middle));
+                QApplication::sendEvent(&TheBar(), &event);
+            }
+        }
+        return [] { return QToolTip::text().toStdString(); };
+    };
+    EXPECT_EQ(tip("&Pause")(), "Space");
+    form[Menu::mnuAdditions].checked = false;
+    EnableMenus(form, ShowState::Running, true, true);
+    Pump();
+    const auto none = tip("&Pause");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return none().empty(); })) << "it goes after a moment";
 }
 
 TEST_F(Menus, AltWithoutALetterOfTheirsIsNothing) {

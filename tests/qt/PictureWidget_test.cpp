@@ -169,6 +169,80 @@ TEST_F(Picture, TellsOfTheWheelWithCtrlByWholeNotches) {
     EXPECT_EQ(told, "");
 }
 
+class PictureByHand : public Picture {
+protected:
+    PictureByHand() {
+        using Hand = PictureWidget::Hand;
+        widget.SetHandObserver([this](Hand what, std::int32_t x, std::int32_t y) {
+            const char* const name = what == Hand::Twice        ? "twice "
+                                     : what == Hand::MiddleDown ? "take "
+                                     : what == Hand::MiddleMove ? "pull "
+                                                                : "leave ";
+            told += name + std::to_string(x) + " " + std::to_string(y) + "; ";
+        });
+        widget.SetScrollObserver([this](int across, int down) {
+            told += "roll " + std::to_string(across) + " " + std::to_string(down) + "; ";
+        });
+        widget.SetZoomObserver([this](bool in) { told += in ? "in; " : "out; "; });
+    }
+    void FillBox() {
+        widget.Fill(320, 240, std::vector<std::uint32_t>(std::size_t{320} * 240, kBlack), {});
+    }
+    std::string Turned(const QPoint& by, Qt::KeyboardModifiers with = Qt::NoModifier) {
+        told.clear();
+        QWheelEvent event({5, 6}, widget.mapToGlobal(QPointF(5, 6)), {}, by, Qt::NoButton, with,
+                          Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&widget, &event);
+        return told;
+    }
+};
+
+TEST_F(PictureByHand, TellsOfTheWheelToTheRightAndDown) {
+    EXPECT_EQ(Turned({0, 120}), "roll 0 -1; ") << "forwards is up";
+    EXPECT_EQ(Turned({0, -240}), "roll 0 2; ");
+    EXPECT_EQ(Turned({0, 120}, Qt::ShiftModifier), "roll -1 0; ");
+    EXPECT_EQ(Turned({0, -120}, Qt::ShiftModifier), "roll 1 0; ");
+    EXPECT_EQ(Turned({-120, 0}), "roll 1 0; ") << "a touchpad's, sideways";
+    EXPECT_EQ(Turned({120, -120}), "roll -1 1; ");
+    // By parts of a notch.
+    EXPECT_EQ(Turned({50, 0}) + Turned({50, 0}) + Turned({50, 0}), "roll -1 0; ");
+    EXPECT_EQ(Turned({0, 90}), "");
+    EXPECT_EQ(Turned({0, 90}, Qt::ControlModifier), "") << "what has not come to a notch is lost";
+    EXPECT_EQ(Turned({0, 30}, Qt::ControlModifier), "in; ");
+    FillBox();
+    EXPECT_EQ(Turned({0, 120}), "") << "it is for what fills the box";
+}
+
+TEST_F(PictureByHand, TellsOfTheMiddleButtonWhileItIsDown) {
+    SendMouse(widget, QEvent::MouseMove, {1, 1}, Qt::NoButton, Qt::MiddleButton);
+    told.clear();  // no press was heard of
+    SendMouse(widget, QEvent::MouseButtonPress, {12, 34}, Qt::MiddleButton, Qt::MiddleButton);
+    SendMouse(widget, QEvent::MouseMove, {-3, 250}, Qt::NoButton, Qt::MiddleButton);
+    SendMouse(widget, QEvent::MouseButtonRelease, {5, 6}, Qt::MiddleButton, Qt::NoButton);
+    SendMouse(widget, QEvent::MouseButtonRelease, {5, 6}, Qt::MiddleButton, Qt::NoButton);
+    EXPECT_EQ(told, "take 12 34; pull -3 250; leave 5 6; ");
+    told.clear();
+    SendMouse(widget, QEvent::MouseButtonPress, {12, 34}, Qt::MiddleButton, Qt::MiddleButton);
+    SendMouse(widget, QEvent::MouseMove, {8, 9}, Qt::NoButton, Qt::RightButton);
+    SendMouse(widget, QEvent::MouseMove, {9, 9}, Qt::NoButton, Qt::RightButton);
+    EXPECT_EQ(told, "take 12 34; leave 8 9; ") << "it was let go elsewhere";
+    told.clear();
+    FillBox();
+    SendMouse(widget, QEvent::MouseButtonPress, {12, 34}, Qt::MiddleButton, Qt::MiddleButton);
+    EXPECT_EQ(told, "");
+}
+
+TEST_F(PictureByHand, TellsOfADoubleClickAfterItsPress) {
+    SendMouse(widget, QEvent::MouseButtonDblClick, {12, 34}, Qt::LeftButton, Qt::LeftButton);
+    EXPECT_EQ(told, "down 12 34; twice 12 34; ");
+    told.clear();
+    SendMouse(widget, QEvent::MouseButtonDblClick, {12, 34}, Qt::RightButton, Qt::RightButton);
+    EXPECT_EQ(told, "");
+    FillBox();
+    SendMouse(widget, QEvent::MouseButtonDblClick, {12, 34}, Qt::LeftButton, Qt::LeftButton);
+    EXPECT_EQ(told, "down 12 34; ");
+}
+
 TEST_F(Picture, ThatStandsIsShownInAnotherWayAtOnce) {
     widget.resize(480, 360);
     std::vector<std::uint32_t> view(320U * 240U, kBlack);

@@ -25,6 +25,7 @@ class Browsing : public ShownWindow {
 protected:
     Browsing() {
         form.lstStages.browses = true;
+        form[Menu::mnuAdditions].checked = true;
         Fill({"bar", "cup", "dot"});
         ShowList(form.lstStages.items);
         view.setFocus();
@@ -165,7 +166,7 @@ TEST_F(Browsing, TheRightButtonSelectsNothingAndItsMenuKnowsTheFile) {
 }
 
 TEST_F(Browsing, TheFilterHasItsKeysAndStepsThroughTheList) {
-    form.lstStages.MoveKeys(scenara::KeyPlace::Filter);
+    form.lstStages.MoveKeys(KeyOwner::Filter);
     Pump();
     EXPECT_TRUE(filter.hasFocus());
     EXPECT_EQ(Type(Qt::Key_A), "filter a");

@@ -48,6 +48,11 @@ public:
     void Form_MouseDown(Long x, Long y) override { Add("down", x, y); }
     void Form_MouseMove(Long x, Long y) override { Add("move", x, y); }
     void Form_MouseUp() override { Add("up"); }
+    void Form_DblClick() override { Add("twice"); }
+    void Form_MouseScroll(Long across, Long down) override { Add("roll", across, down); }
+    void Form_MiddleDown(Long x, Long y) override { Add("middle down", x, y); }
+    void Form_MiddleMove(Long x, Long y) override { Add("middle move", x, y); }
+    void Form_MiddleUp() override { Add("middle up"); }
     void Form_MouseWheel(Long notches, Long x, Long y) override { Add("wheel", notches, x, y); }
     void hscHScroll_Change(Long value) override { Add("camera", value); }
     void hscSGFX_Change(Long value) override { Add("sprite", value); }

@@ -64,6 +64,10 @@ public:
     // What can be pasted.
     [[nodiscard]] const std::string& Copied() const { return copied_; }
 
+    void ShowKeys(const KeyPage& page) override { keys_ = page; }
+
+    // The page that was shown last; none yet: empty.
+    [[nodiscard]] const KeyPage& Keys() const { return keys_; }
     // The list that was shown last; none yet: nullptr.
     [[nodiscard]] const ProblemList* Problems() const { return shown_; }
 
@@ -99,6 +103,7 @@ private:
     std::vector<std::string> opened_;
     bool opensFolders_ = true;
     std::string copied_;
+    KeyPage keys_;
 };
 
 }  // namespace scenara

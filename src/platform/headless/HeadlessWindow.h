@@ -79,6 +79,10 @@ public:
         wished_ = wishes_.back();
         sizeCame_ = true;
     }
+    [[nodiscard]] bool HasRoomFor(Long width, Long height) const override {
+        return !maximised_ && width + frame_.width <= workArea_.width &&
+               height + frame_.height <= workArea_.height;
+    }
     void MoveTo(Long left, Long top) override {
         if (!maximised_) {
             left_ = left;

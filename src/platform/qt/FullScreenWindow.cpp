@@ -31,7 +31,7 @@ FullScreenWindow::FullScreenWindow(MainWindow& window)
     pointerRests_.setSingleShot(true);
     pointerRests_.setInterval(kPointerIsSeen);
     connect(&pointerRests_, &QTimer::timeout, this, [this] { setCursor(Qt::BlankCursor); });
-    window_.ObserveWheel(*picture_);
+    window_.ObserveHand(*picture_);
 }
 
 WindowHandle FullScreenWindow::Show(Beneath mainWindow) {

@@ -21,14 +21,19 @@ bool TypedElsewhere() {
            QApplication::activeModalWidget() != nullptr;
 }
 
+// With a key of the menus.
+bool IsModified(const QKeyEvent& event) {
+    return (event.modifiers() & (Qt::AltModifier | Qt::ControlModifier | Qt::MetaModifier)) != 0;
+}
+
+// The stage list's.
+bool TypedToAList() {
+    return qobject_cast<QAbstractItemView*>(QApplication::focusWidget()) != nullptr;
+}
+
 // The sprite browser's, the only one that takes the focus; the stage stands still then.
 bool TypedToABar() {
     return qobject_cast<QScrollBar*>(QApplication::focusWidget()) != nullptr;
-}
-
-// The list of stages; one of a dialog is typed to elsewhere.
-bool TypedToAList() {
-    return qobject_cast<QAbstractItemView*>(QApplication::focusWidget()) != nullptr;
 }
 
 bool DrivesTheCamera(VirtualKey key) {
@@ -85,6 +90,7 @@ std::optional<VirtualKey> VirtualKeyOf(const QKeyEvent& event) {
         case Qt::Key_Right: return VirtualKey::Right;
         case Qt::Key_Down: return VirtualKey::Down;
         case Qt::Key_Pause: return VirtualKey::Pause;
+        case Qt::Key_Space: return VirtualKey::Space;
         case Qt::Key_Escape: return VirtualKey::Escape;
         case Qt::Key_PageUp: return VirtualKey::PageUp;
         case Qt::Key_PageDown: return VirtualKey::PageDown;
@@ -129,36 +135,69 @@ bool KeyTracker::eventFilter(QObject* receiver, QEvent* event) {
             const auto& key = *static_cast<QKeyEvent*>(event);
             if (!key.isAutoRepeat()) {
                 down_.erase(key.nativeScanCode());
+                chosen_.erase(key.nativeScanCode());
             }
         }
+    }
+    if (event->type() == QEvent::ShortcutOverride && HasAdditions()) {
+        NoteModified(*static_cast<QKeyEvent*>(event));
     }
     return QObject::eventFilter(receiver, event);
 }
 
-// Addition: a list that browses leaves Left and Right to the camera, and Pause. Escape gives the
-// keys to the picture, unless it ends the sprite browser.
+// Addition: what the list has a use for. Escape gives the keys to the picture, unless it ends the
+// sprite browser.
 bool KeyTracker::IsOfTheList(VirtualKey key) const {
     switch (key) {
-        case VirtualKey::Left:
-        case VirtualKey::Right:
-        case VirtualKey::Pause: return false;
+        case VirtualKey::Up:
+        case VirtualKey::Down:
+        case VirtualKey::PageUp:
+        case VirtualKey::PageDown:
+        case VirtualKey::Space:
+        case VirtualKey::A:
+        case VirtualKey::D:
+        case VirtualKey::Q:
+        case VirtualKey::Z: return true;
         case VirtualKey::Escape: return !form_.hscSGFX.Visible;
-        default: return true;
+        default: return false;
     }
 }
 
-bool KeyTracker::Press(const QKeyEvent& event) {
-    // With Alt and the like it is a menu's key.
-    if (TypedElsewhere() ||
-        (event.modifiers() & (Qt::AltModifier | Qt::ControlModifier | Qt::MetaModifier)) != 0) {
+// Addition: held until after Ctrl or Alt is let go, it repeats as if it was pressed alone.
+void KeyTracker::NoteModified(const QKeyEvent& event) {
+    if (IsModified(event)) {
+        chosen_[event.nativeScanCode()] = event.timestamp();
+    }
+}
+
+// One whose release was lost, which a menu that closes may swallow, repeats no more.
+bool KeyTracker::RepeatsModified(const QKeyEvent& event) {
+    constexpr quint64 kMostUntilRepeated = 1000;  // milliseconds
+    const auto chosen = chosen_.find(event.nativeScanCode());
+    if (chosen == chosen_.end()) {
         return false;
+    }
+    if (event.timestamp() - chosen->second > kMostUntilRepeated) {
+        chosen_.erase(chosen);
+        return false;
+    }
+    chosen->second = event.timestamp();
+    return true;
+}
+
+bool KeyTracker::Press(const QKeyEvent& event) {
+    if (HasAdditions()) {
+        NoteModified(event);
+    }
+    if (TypedElsewhere() || IsModified(event)) {
+        return false;
+    }
+    if (RepeatsModified(event)) {
+        return true;
     }
     const std::optional<VirtualKey> key = VirtualKeyOf(event);
-    if (!key) {
-        return false;
-    }
-    const bool isListed = form_.lstStages.browses && TypedToAList();
-    if (isListed && IsOfTheList(*key)) {
+    const bool isListed = HasAdditions() && TypedToAList();
+    if (!key || (isListed && IsOfTheList(*key))) {
         return false;
     }
     if (!event.isAutoRepeat() && down_.emplace(event.nativeScanCode(), *key).second) {
@@ -177,6 +216,7 @@ bool KeyTracker::Press(const QKeyEvent& event) {
 
 void KeyTracker::ReleaseAll() {
     down_.clear();
+    chosen_.clear();
     pressedSince_.reset();
 }
 

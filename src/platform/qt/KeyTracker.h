@@ -9,7 +9,10 @@
 // A press that came and went since the last poll is reported once. Keys that drive the program's
 // camera, and those of the editor while Debug BG is checked, go no further while a stage is shown,
 // so that no list moves its selection with them; a scroll bar that has the focus gets them, and
-// only it. A list that browses (ListBox) has its keys to itself while it has the focus.
+// only it.
+//
+// With additions a list that has the focus keeps what it has a use for, but for Left and Right. A
+// key that goes down with Ctrl or Alt is one of the menus alone, until it is let go.
 #pragma once
 
 #include <QObject>
@@ -43,11 +46,16 @@ private:
     // Whether the key goes no further.
     bool Press(const QKeyEvent& event);
     [[nodiscard]] bool IsOfTheList(VirtualKey key) const;
+    [[nodiscard]] bool HasAdditions() const { return form_[Menu::mnuAdditions].checked; }
+    void NoteModified(const QKeyEvent& event);
+    [[nodiscard]] bool RepeatsModified(const QKeyEvent& event);
     void ReleaseAll();
 
     const Form& form_;
     std::function<void(VirtualKey)> pressed_;
     std::unordered_map<quint32, VirtualKey> down_;  // by scan code
+    // Those that went down with Ctrl or Alt, and when they were last heard of, milliseconds.
+    std::unordered_map<quint32, quint64> chosen_;
     std::bitset<256> pressedSince_;
 };
 

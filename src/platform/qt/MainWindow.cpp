@@ -147,7 +147,7 @@ void MainWindow::BuildList() {
 }
 
 // While sprites are looked at the keys are their bar's.
-void MainWindow::GiveKeysToPicture() {
+void MainWindow::GiveKeysToPicture() const {
     if (form_.hscSGFX.Visible) {
         spriteBar_->setFocus();
     } else if (form_.lstStages.browses) {
@@ -198,7 +198,7 @@ void MainWindow::BuildBars() {
 }
 
 void MainWindow::BuildMouse() {
-    ObserveWheel(*picture_);
+    ObserveHand(*picture_);
     picture_->SetWheelObserver([this](Long notches, Long x, Long y) {
         waiting_.Add([notches, x, y](FormEvents& events) { events.Form_MouseWheel(notches, x, y); },
                      WaitingEvents::Kind::Button);
@@ -220,7 +220,24 @@ void MainWindow::BuildMouse() {
     });
 }
 
-void MainWindow::ObserveWheel(PictureWidget& picture) {
+void MainWindow::ObserveHand(PictureWidget& picture) {
+    using Hand = PictureWidget::Hand;
+    picture.SetScrollObserver([this](Long across, Long down) {
+        waiting_.Add([across, down](FormEvents& events) { events.Form_MouseScroll(across, down); });
+    });
+    picture.SetHandObserver([this](Hand what, Long x, Long y) {
+        waiting_.Add(
+            [what, x, y](FormEvents& events) {
+                switch (what) {
+                    case Hand::Twice: events.Form_DblClick(); break;
+                    case Hand::MiddleDown: events.Form_MiddleDown(x, y); break;
+                    case Hand::MiddleMove: events.Form_MiddleMove(x, y); break;
+                    case Hand::MiddleUp: events.Form_MiddleUp(); break;
+                }
+            },
+            what == Hand::MiddleMove ? WaitingEvents::Kind::MiddleMove
+                                     : WaitingEvents::Kind::Button);
+    });
     picture.SetZoomObserver([this](bool in) {
         const Menu item = in ? Menu::mnuZoomIn : Menu::mnuZoomOut;
         waiting_.Add([item](FormEvents& events) { events.Menu_Click(item); },
@@ -230,9 +247,9 @@ void MainWindow::ObserveWheel(PictureWidget& picture) {
 
 QList<QAction*> MainWindow::ItemsWithKeys() const {
     QList<QAction*> items;
-    for (QAction* const action : actions_) {
-        if (action != nullptr && !action->shortcuts().isEmpty()) {
-            items.append(action);
+    for (std::size_t i = 0; i < kMenuCount; ++i) {
+        if (form_.menus[i].inFullScreen && !shortcuts_[i].empty()) {
+            items.append(actions_[i]);
         }
     }
     return items;
@@ -253,8 +270,9 @@ void MainWindow::ShowBar(QScrollBar& widget, const ScrollBar& bar) const {
         // The arrow keys have nothing else to move then (KeyTracker).
         if (&widget == spriteBar_ && bar.Visible) {
             widget.setFocus();
-        } else {
+        } else if (widget.hasFocus()) {
             widget.clearFocus();  // where nothing else takes it, a hidden bar would keep it
+            GiveKeysToPicture();
         }
     }
     if (bar.Visible && waiting_.Empty()) {
@@ -335,7 +353,8 @@ void MainWindow::BuildMenus() {
     QMenu* submenu = nullptr;  // the newest, whose items come next
     for (std::size_t i = 0; i < kMenuCount; ++i) {
         const auto menu = static_cast<Menu>(i);
-        if (menu == Menu::mnuStage || menu == Menu::mnuOptions || menu == Menu::mnuExtras) {
+        if (menu == Menu::mnuStage || menu == Menu::mnuOptions || menu == Menu::mnuAboutMenu ||
+            menu == Menu::mnuExtras) {
             submenu = menuBar()->addMenu(QString());
             actions_[i] = submenu->menuAction();
             connect(submenu, &QMenu::aboutToShow, this, [this] { list_->LeaveFilter(); });
@@ -348,11 +367,6 @@ void MainWindow::BuildMenus() {
         actions_[i] = action;
         const bool inBar = item.place == MenuPlace::Bar;
         (inBar ? static_cast<QWidget*>(menuBar()) : submenu)->addAction(action);
-        QList<QKeySequence> shortcuts;
-        for (const std::string& shortcut : item.shortcuts) {
-            shortcuts.append(QKeySequence::fromString(QString::fromStdString(shortcut)));
-        }
-        action->setShortcuts(shortcuts);
         connect(action, &QAction::triggered, this, [this, i] {
             waiting_.Add(
                 [i](FormEvents& events) { events.Menu_Click(static_cast<Menu>(i)); },
@@ -368,6 +382,10 @@ void MainWindow::ShowForm() {
     ShowMenus();
     ShowRecentFiles();
     list_->ShowList(waiting_.Empty());
+    if (form_.lstStages.browses && focusWidget() == nullptr) {
+        picture_
+            ->setFocus();  // the toolkit would choose the list when the window comes to the front
+    }
     ShowBars();
     ShowStatus();
     KeepMenusWhole();
@@ -428,11 +446,31 @@ void MainWindow::ShowMenus() {
         if (action.isVisible() != item.visible) {
             action.setVisible(item.visible);
         }
+        if (shortcuts_[i] != item.shortcuts) {
+            ShowKeys(i);
+        }
+        if (tips_[i] != item.tip) {
+            tips_[i] = item.tip;
+            action.setData(Shown(item.tip));
+        }
         // An item has a mark from the first time on that it is checked.
         if (action.isChecked() != item.checked) {
             action.setCheckable(true);
             action.setChecked(item.checked);
         }
+    }
+}
+
+// Of an item that they choose while its menu is disabled they are the window's as well.
+void MainWindow::ShowKeys(std::size_t item) {
+    QList<QKeySequence> shortcuts;
+    for (const std::string& shortcut : form_.menus[item].shortcuts) {
+        shortcuts.append(QKeySequence::fromString(QString::fromStdString(shortcut)));
+    }
+    shortcuts_[item] = form_.menus[item].shortcuts;
+    actions_[item]->setShortcuts(shortcuts);
+    if (form_.menus[item].whileLoading) {
+        addAction(actions_[item]);
     }
 }
 
@@ -456,6 +494,14 @@ void MainWindow::Size(Long width, Long height) {
         size_.Ask({width, height + HeightAround()});
     }
     sizeCame_ = true;  // in any case one is reported
+}
+
+bool MainWindow::HasRoomFor(Long width, Long height) const {
+    const QSize wanted = QSize(width, height + HeightAround()).expandedTo(minimumSizeHint());
+    const QSize whole = wanted + frameGeometry().size() - size();
+    const QSize most = screen()->availableGeometry().size();
+    return covering_ == nullptr && size_.MayBeAsked() && whole.width() <= most.width() &&
+           whole.height() <= most.height();
 }
 
 void MainWindow::MoveTo(Long left, Long top) {

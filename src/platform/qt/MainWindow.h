@@ -48,9 +48,10 @@ public:
     // A key has gone down somewhere in the program.
     void NoteKey(VirtualKey key);
     [[nodiscard]] PictureWidget& Picture() { return *picture_; }
-    // The wheel over it zooms.
-    void ObserveWheel(PictureWidget& picture);
-    // Of the menus, those that keys choose: for windows that take this one's place.
+    // The wheel over it zooms and moves the camera, the middle button pulls it, and a double click
+    // goes to the full screen and back.
+    void ObserveHand(PictureWidget& picture);
+    // Of the menus, those that keys choose in a window that takes this one's place.
     [[nodiscard]] QList<QAction*> ItemsWithKeys() const;
     // Shows a frame of the stage, with the selection that belongs to it.
     HRESULT Present(const CanvasSize& size, std::span<const std::uint32_t> pixels);
@@ -104,6 +105,7 @@ public:
     void ComeUpAt(const WindowStand& stand) override;
     [[nodiscard]] WindowStand Stand() const override;
     void Size(Long width, Long height) override;
+    [[nodiscard]] bool HasRoomFor(Long width, Long height) const override;
     void MoveTo(Long left, Long top) override;
     void SetCaption(const std::string& caption) override;
     [[nodiscard]] bool MessageWaiting() override;
@@ -158,6 +160,7 @@ private:
     void ShowMenus();
     void KeepMenusWhole();
     [[nodiscard]] int LeastWidth() const;
+    void ShowKeys(std::size_t item);
     void ShowPresentation();
     void ShowRecentFiles();
     void ShowBars();
@@ -170,7 +173,7 @@ private:
     }
     void NoteFile(const std::string& file, void (FormEvents::*what)(const std::string&));
     void NoteOpening(const std::string& file);
-    void GiveKeysToPicture();
+    void GiveKeysToPicture() const;
     void HandOver();
     [[nodiscard]] bool SizeIsToBeReported() const;
     [[nodiscard]] bool HasToDeliver() const;
@@ -186,6 +189,8 @@ private:
     StatusLine* statusLine_ = nullptr;  // below these
     QTimer wake_;
     std::array<QAction*, kMenuCount> actions_{};
+    std::array<std::vector<std::string>, kMenuCount> shortcuts_;  // as the actions have them
+    std::array<std::string, kMenuCount> tips_;                    // the same
     std::vector<QAction*> recentActions_;
     WaitingEvents waiting_;
     std::vector<std::string> requested_;  // the paths of the later starts that wait

@@ -3,10 +3,12 @@
 
 #include <QActionEvent>
 #include <QApplication>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QProxyStyle>
 #include <QShortcutEvent>
+#include <QToolTip>
 #include <algorithm>
 
 namespace scenara {
@@ -77,6 +79,16 @@ bool MenuBar::event(QEvent* event) {
             GoToNextOf(letter);
             return true;
         }
+        if (static_cast<QShortcutEvent*>(event)->isAmbiguous() && OnlyItemOf(letter) != nullptr) {
+            OnlyItemOf(letter)->trigger();
+            return true;
+        }
+    } else if (event->type() == QEvent::ToolTip) {
+        const auto& help = *static_cast<QHelpEvent*>(event);
+        const QAction* const item = actionAt(help.pos());
+        QToolTip::showText(help.globalPos(), item == nullptr ? QString() : item->data().toString(),
+                           this);
+        return true;
     } else if (event->type() == QEvent::WindowDeactivate) {
         held_ = {};  // its release may be heard of elsewhere only
     }
@@ -148,15 +160,23 @@ bool MenuBar::IsOfSeveral(const QKeySequence& letter) const {
                          [&](const QAction* item) { return IsOf(*item, letter); }) > 1;
 }
 
-// The toolkit would open it, too, but falls over a menu that is shut again while it opens.
-QAction* MenuBar::OnlyMenuOf(const QKeySequence& letter) const {
+QAction* MenuBar::OnlyOf(const QKeySequence& letter) const {
     const QList<QAction*> items = actions();
     const auto first = std::find_if(items.begin(), items.end(),
                                     [&](const QAction* item) { return IsOf(*item, letter); });
-    return first != items.end() && (*first)->isEnabled() && (*first)->menu() != nullptr &&
-                   !IsOfSeveral(letter)
-               ? *first
-               : nullptr;
+    return first != items.end() && (*first)->isEnabled() && !IsOfSeveral(letter) ? *first : nullptr;
+}
+
+// The toolkit would open it, too, but falls over a menu that is shut again while it opens.
+QAction* MenuBar::OnlyMenuOf(const QKeySequence& letter) const {
+    QAction* const item = OnlyOf(letter);
+    return item != nullptr && item->menu() != nullptr ? item : nullptr;
+}
+
+// Where a hidden one has the same letter the toolkit would go from one to the other.
+QAction* MenuBar::OnlyItemOf(const QKeySequence& letter) const {
+    QAction* const item = OnlyOf(letter);
+    return item != nullptr && item->menu() == nullptr ? item : nullptr;
 }
 
 void MenuBar::GoToNextOf(const QKeySequence& letter) {

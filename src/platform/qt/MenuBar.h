@@ -5,7 +5,7 @@
 // A lone Alt does nothing, and a menu that closes leaves nothing of itself, so that the arrow keys
 // stay with the picture. Left and Right go from an open menu to the next one. An access letter that
 // several items have goes from one of them to the next: it opens a menu, but runs nothing; Return
-// does. A letter that is held counts once.
+// does. A letter that is held counts once. An item with data has that as its tool tip.
 #pragma once
 
 #include <QKeySequence>
@@ -37,7 +37,11 @@ private:
     [[nodiscard]] bool IsRepeated(const QKeySequence& letter) {
         return std::exchange(held_, letter) == letter;
     }
+    // The item that can be chosen by the letter, where no other one has it: of any kind, one with
+    // a menu, one without.
+    [[nodiscard]] QAction* OnlyOf(const QKeySequence& letter) const;
     [[nodiscard]] QAction* OnlyMenuOf(const QKeySequence& letter) const;
+    [[nodiscard]] QAction* OnlyItemOf(const QKeySequence& letter) const;
     void GoToNextOf(const QKeySequence& letter);
     void GoToMenu(int step);
     void Open(QAction& menu);

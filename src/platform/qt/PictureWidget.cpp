@@ -177,29 +177,80 @@ QPoint PictureWidget::OnScreen(const QPointF& place) const {
     return {static_cast<int>(std::floor(at.x())), static_cast<int>(std::floor(at.y()))};
 }
 
-void PictureWidget::mousePressEvent(QMouseEvent* event) {
-    if (event->button() == Qt::LeftButton) {
-        Tell(Mouse::Down, *event);
+void PictureWidget::TellHand(Hand what, const QMouseEvent& event) const {
+    if (handObserver_) {
+        const QPoint at = OnScreen(event.position());
+        handObserver_(what, fit_.ViewX(at.x()), fit_.ViewY(at.y()));
     }
 }
 
+void PictureWidget::mousePressEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton) {
+        holds_ = true;
+        Tell(Mouse::Down, *event);
+    } else if (event->button() == Qt::MiddleButton && !fills_) {
+        pulls_ = true;
+        TellHand(Hand::MiddleDown, *event);
+    }
+}
+
+void PictureWidget::mouseDoubleClickEvent(QMouseEvent* event) {
+    mousePressEvent(event);
+    if (event->button() == Qt::LeftButton && !fills_) {
+        TellHand(Hand::Twice, *event);
+    }
+}
+
+// A button may have been let go over a box, which keeps that to itself.
 void PictureWidget::mouseMoveEvent(QMouseEvent* event) {
-    // The button may have been let go over a box, which keeps that to itself.
-    Tell(event->buttons().testFlag(Qt::LeftButton) ? Mouse::Move : Mouse::Up, *event);
+    if (holds_) {
+        holds_ = event->buttons().testFlag(Qt::LeftButton);
+        Tell(holds_ ? Mouse::Move : Mouse::Up, *event);
+    }
+    if (pulls_) {
+        pulls_ = event->buttons().testFlag(Qt::MiddleButton);
+        TellHand(pulls_ ? Hand::MiddleMove : Hand::MiddleUp, *event);
+    }
 }
 
 void PictureWidget::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() == Qt::LeftButton) {
+        holds_ = false;
         Tell(Mouse::Up, *event);
+    } else if (event->button() == Qt::MiddleButton && std::exchange(pulls_, false)) {
+        TellHand(Hand::MiddleUp, *event);
     }
 }
 
 // A touchpad turns it by parts of a notch.
-int PictureWidget::NotchesOf(const QWheelEvent& event) {
-    turned_ += event.angleDelta().y();
-    const int notches = turned_ / QWheelEvent::DefaultDeltasPerStep;
-    turned_ -= notches * QWheelEvent::DefaultDeltasPerStep;
+int PictureWidget::WholeNotches(int& turned, int by) {
+    turned += by;
+    const int notches = turned / QWheelEvent::DefaultDeltasPerStep;
+    turned -= notches * QWheelEvent::DefaultDeltasPerStep;
     return notches;
+}
+
+int PictureWidget::NotchesOf(const QWheelEvent& event) {
+    if (std::exchange(scrolled_, false)) {
+        turned_ = 0;
+    }
+    return WholeNotches(turned_, event.angleDelta().y());
+}
+
+// Forwards is up, or with Shift to the left.
+void PictureWidget::Scroll(const QWheelEvent& event) {
+    if (!std::exchange(scrolled_, true)) {
+        turned_ = 0;
+        turnedAcross_ = 0;
+    }
+    const QPoint turned = event.modifiers().testFlag(Qt::ShiftModifier)
+                              ? QPoint(event.angleDelta().x() + event.angleDelta().y(), 0)
+                              : event.angleDelta();
+    const int across = WholeNotches(turnedAcross_, turned.x());
+    const int down = WholeNotches(turned_, turned.y());
+    if (across != 0 || down != 0) {
+        scrollObserver_(-across, -down);
+    }
 }
 
 void PictureWidget::wheelEvent(QWheelEvent* event) {
@@ -211,7 +262,13 @@ void PictureWidget::wheelEvent(QWheelEvent* event) {
         event->accept();
         return;
     }
-    if (!event->modifiers().testFlag(Qt::ControlModifier) || !zoomObserver_) {
+    const bool zooms = event->modifiers().testFlag(Qt::ControlModifier);
+    if (!zooms && !fills_ && scrollObserver_) {
+        Scroll(*event);
+        event->accept();
+        return;
+    }
+    if (!zooms || !zoomObserver_) {
         turned_ = 0;
         event->ignore();
         return;

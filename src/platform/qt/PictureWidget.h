@@ -62,6 +62,18 @@ public:
         zoomObserver_ = std::move(observer);
     }
 
+    // What else a hand does to the view: the left button twice, after the second Mouse::Down; and
+    // the middle button, in pixels of the view.
+    enum class Hand { Twice, MiddleDown, MiddleMove, MiddleUp };
+    void SetHandObserver(std::function<void(Hand, std::int32_t x, std::int32_t y)> observer) {
+        handObserver_ = std::move(observer);
+    }
+    // The wheel over the view without Ctrl, in notches to the right and down. Shift turns one for
+    // up and down into one for left and right.
+    void SetScrollObserver(std::function<void(int across, int down)> observer) {
+        scrollObserver_ = std::move(observer);
+    }
+
     // The wheel over what fills the box, in notches, and where the pointer is.
     void SetWheelObserver(
         std::function<void(int notches, std::int32_t x, std::int32_t y)> observer) {
@@ -77,6 +89,7 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
 
 private:
@@ -86,8 +99,11 @@ private:
     void PaintSelection(QPainter& painter) const;
     void PaintText();
     void Tell(Mouse what, const QMouseEvent& event) const;
+    void TellHand(Hand what, const QMouseEvent& event) const;
+    void Scroll(const QWheelEvent& event);
     [[nodiscard]] QPoint OnScreen(const QPointF& place) const;
     [[nodiscard]] int NotchesOf(const QWheelEvent& event);
+    [[nodiscard]] static int WholeNotches(int& turned, int by);
 
     CanvasSize size_;
     std::vector<std::uint32_t> view_;  // what was shown last; empty: nothing yet
@@ -102,7 +118,13 @@ private:
     std::function<void(Mouse, std::int32_t, std::int32_t)> observer_;
     std::function<void(bool)> zoomObserver_;
     std::function<void(int, std::int32_t, std::int32_t)> wheelObserver_;
-    int turned_ = 0;  // of the wheel, since the last notch that counted
+    std::function<void(Hand, std::int32_t, std::int32_t)> handObserver_;
+    std::function<void(int, int)> scrollObserver_;
+    bool holds_ = false;     // the left button is down
+    bool pulls_ = false;     // the middle one is
+    int turned_ = 0;         // of the wheel, since the last notch that counted
+    int turnedAcross_ = 0;   // the same, sideways
+    bool scrolled_ = false;  // what it was turned by last was for the camera
 };
 
 }  // namespace scenara

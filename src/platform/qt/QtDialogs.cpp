@@ -14,6 +14,7 @@
 #include <algorithm>
 
 #include "platform/Form.h"
+#include "platform/qt/KeysWindow.h"
 #include "platform/qt/ProblemsWindow.h"
 #include "platform/qt/Questions.h"
 #include "platform/qt/ShownText.h"
@@ -89,6 +90,14 @@ bool QtDialogs::OpenFolder(const std::string& folder) {
 
 void QtDialogs::CopyText(const std::string& text) {
     QGuiApplication::clipboard()->setText(NameOf(text));
+}
+
+void QtDialogs::ShowKeys(const KeyPage& page) {
+    if (!keys_) {
+        keys_ =
+            new KeysWindow(page, questions_.Owner());  // NOLINT(cppcoreguidelines-owning-memory)
+    }
+    keys_->ComeToFront();
 }
 
 std::optional<std::size_t> QtDialogs::ChooseAnswer(const std::string& text,

@@ -15,6 +15,7 @@ class QFileDialog;
 
 namespace scenara {
 
+class KeysWindow;
 class ProblemsWindow;
 class Questions;
 struct Form;
@@ -33,6 +34,7 @@ public:
     void ShowProblems(const ProblemList& problems) override;
     bool OpenFolder(const std::string& folder) override;
     void CopyText(const std::string& text) override;
+    void ShowKeys(const KeyPage& page) override;
     std::optional<std::size_t> ChooseAnswer(const std::string& text,
                                             const std::vector<std::string>& answers) override;
 
@@ -43,6 +45,7 @@ private:
     Questions& questions_;
     const Form& form_;
     QPointer<ProblemsWindow> problems_;  // the owner's, as Qt has it
+    QPointer<KeysWindow> keys_;          // the same
 };
 
 }  // namespace scenara

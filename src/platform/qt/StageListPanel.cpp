@@ -97,9 +97,9 @@ void StageListPanel::MoveKeys() {
     if (std::exchange(keysMoved_, list_.keysMoved) == list_.keysMoved) {
         return;
     }
-    if (list_.keysAt == KeyPlace::Picture) {
+    if (list_.keysAt == KeyOwner::Picture) {
         GiveKeysToPicture();
-    } else if (list_.visible && list_.keysAt == KeyPlace::List) {
+    } else if (list_.visible && list_.keysAt == KeyOwner::List) {
         view_->setFocus(Qt::OtherFocusReason);
     } else if (list_.visible) {
         filter_->setFocus(Qt::ShortcutFocusReason);
@@ -108,7 +108,8 @@ void StageListPanel::MoveKeys() {
 }
 
 void StageListPanel::GiveKeysToPicture() {
-    if (filter_->hasFocus() || view_->hasFocus()) {
+    // Also before the window has the user's attention.
+    if (const QWidget* const has = window()->focusWidget(); has == filter_ || has == view_) {
         events_.giveKeysToPicture();
     }
 }

@@ -51,10 +51,11 @@ public:
 
     // Whether an answer may still come.
     [[nodiscard]] bool IsAwaited() const { return patience_.isActive(); }
+    // Whether the window is one that is asked.
+    [[nodiscard]] bool MayBeAsked() const;
 
 private:
     void NothingCame();
-    [[nodiscard]] bool MayBeAsked() const;
 
     [[nodiscard]] bool FillsTheScreen() const;
     [[nodiscard]] bool IsTheUsers() const;
