@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // What the program takes of a processor while it shows a stage or has it shown by nobody, how
-// evenly frames come, and how soon the program is there: the figures that a run noted, for the
+// evenly frames come, how soon another stage is there and how soon the program: the figures that a run noted, for the
 // goals.
 #pragma once
 
@@ -25,6 +25,8 @@ inline constexpr QuietRow kQuietRows[] = {
     {"CPU while covered", "Quiet/covered", "%", 1, 0.2},
     {"median frame off 1/60 s, 20 layers, 3x", "Pacing/median", "ms", 0.1, 0.05},
     {"p99 of frames off 1/60 s, 20 layers, 3x", "Pacing/p99", "ms", 1, 0.3},
+    {"key to next stage, 4 MB, median of 60", "Leafing/median", "ms", 50, 25},
+    {"key to next stage, 4 MB, slowest of 60", "Leafing/slowest", "ms", 50, 25},
 };
 
 // From the start of a process to its first picture. A window without any text reads no fonts,
