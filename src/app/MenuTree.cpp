@@ -163,7 +163,8 @@ void Dress(MenuItem& item, const Designed& designed, bool additions) {
     }
     item.shortcuts = ShortcutsOf(designed.menu, additions);
     item.inFullScreen = std::ranges::find(kInFullScreen, designed.menu) != kInFullScreen.end();
-    item.whileLoading = additions && designed.menu == Menu::mnuExit;
+    item.whileLoading =
+        additions && (designed.menu == Menu::mnuExit || designed.menu == Menu::mnuFind);
     item.tip = additions && designed.menu == Menu::mnuPause ? "Space" : "";
 }
 

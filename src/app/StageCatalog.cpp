@@ -117,13 +117,18 @@ Long StageCatalog::From(bool forwards) const {
     if (passed_.empty()) {
         return selected >= 0 || forwards ? selected : CountListed();
     }
-    const auto order = [this](std::size_t each) -> std::string_view { return stages_[each].order; };
-    const auto [first, last] =
-        std::ranges::equal_range(listed_, std::string_view(passed_), IsNaturallyBefore, order);
+    const auto isBefore = [this](std::size_t each, const std::string& order) {
+        return IsNaturallyBefore(stages_[each].order, order);
+    };
+    const auto isAfter = [this](const std::string& order, std::size_t each) {
+        return IsNaturallyBefore(order, stages_[each].order);
+    };
     if (forwards) {
-        return std::max(selected, static_cast<Long>(last - listed_.begin()) - 1);
+        const auto next = std::upper_bound(listed_.begin(), listed_.end(), passed_, isAfter);
+        return std::max(selected, static_cast<Long>(next - listed_.begin()) - 1);
     }
-    const auto passed = static_cast<Long>(first - listed_.begin());
+    const auto same = std::lower_bound(listed_.begin(), listed_.end(), passed_, isBefore);
+    const auto passed = static_cast<Long>(same - listed_.begin());
     return selected < 0 ? passed : std::min(selected, passed);
 }
 
