@@ -164,7 +164,8 @@ std::string DesktopProgram::FirstWindow(const std::string& title, bool isDialog)
 }
 
 std::string DesktopProgram::MainWindow() const {
-    return FirstWindow("^(Scenara 1.0|bar|cup|dot|heavy|/|Dumped|Cloned|Deleted|\"|[(]|0$)", false);
+    return FirstWindow(
+        "^(Scenara 1.0|Loading |bar|cup|dot|heavy|/|Dumped|Cloned|Deleted|\"|[(]|0$)", false);
 }
 
 std::optional<Place> DesktopProgram::MainPlace() const {
@@ -206,6 +207,15 @@ std::string DesktopProgram::Title() const {
 
 void DesktopProgram::ExpectTitle(const std::string& title) {
     ASSERT_TRUE(Eventually([&] { return Title() == title; })) << "it is " << Title();
+}
+
+void DesktopProgram::ExpectNewest(const std::string& stage) {
+    const std::string key = "RecentFile = ";
+    EXPECT_TRUE(Eventually([&] {
+        const std::string all = Settings();
+        const std::size_t first = std::min(all.find(key), all.size());
+        return all.substr(first).starts_with(key + StagePath(stage) + "\r\n");
+    })) << Settings();
 }
 
 // The keys are held until the menu is seen: Weston shuts one that was asked for by keys that are up

@@ -110,6 +110,8 @@ public:
     void ExpectNoBox();
     [[nodiscard]] std::string Title() const;
     void ExpectTitle(const std::string& title);
+    // The stage has been shown for long enough to be the newest of the recent files.
+    void ExpectNewest(const std::string& stage);
 
     void Key(const std::string& keys) { display_.Press(keys); }
     // A menu over the picture, by its letter.
