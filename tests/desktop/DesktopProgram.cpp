@@ -25,6 +25,11 @@ samplemaker::Sff1Subfile Tile(std::int16_t image, std::uint8_t color,
     return subfile;
 }
 
+std::string Contents(const fs::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
 // 640 x 240, one colour, with a bar of 8 columns in its middle, where the axis is; and the tiles.
 std::string Archive() {
     samplemaker::Palette palette{};
@@ -86,8 +91,7 @@ void DesktopProgram::AddTile(const std::string& stage, int image) const {
 }
 
 std::string DesktopProgram::Settings() const {
-    std::ifstream file(Folder() / "bin/QX.CFG", std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
+    return Contents(Folder() / "bin/QX.CFG");
 }
 
 std::vector<std::string> DesktopProgram::ProgramEnvironment(const std::string& session) const {
@@ -160,7 +164,8 @@ std::string DesktopProgram::FirstWindow(const std::string& title, bool isDialog)
 }
 
 std::string DesktopProgram::MainWindow() const {
-    return FirstWindow("^(Scenara 1.0|bar|cup|dot|heavy|/|Dumped|Cloned|Deleted|\"|[(]|0$)", false);
+    return FirstWindow(
+        "^(Scenara 1.0|Loading |bar|cup|dot|heavy|/|Dumped|Cloned|Deleted|\"|[(]|0$)", false);
 }
 
 std::optional<Place> DesktopProgram::MainPlace() const {
@@ -202,6 +207,15 @@ std::string DesktopProgram::Title() const {
 
 void DesktopProgram::ExpectTitle(const std::string& title) {
     ASSERT_TRUE(Eventually([&] { return Title() == title; })) << "it is " << Title();
+}
+
+void DesktopProgram::ExpectNewest(const std::string& stage) {
+    const std::string key = "RecentFile = ";
+    EXPECT_TRUE(Eventually([&] {
+        const std::string all = Settings();
+        const std::size_t first = std::min(all.find(key), all.size());
+        return all.substr(first).starts_with(key + StagePath(stage) + "\r\n");
+    })) << Settings();
 }
 
 // The keys are held until the menu is seen: Weston shuts one that was asked for by keys that are up
@@ -249,9 +263,17 @@ void DesktopProgram::ClickAt(int x, int y) {
                 std::to_string(y) + " click 1");
 }
 
+// Below a menu bar of about 20 pixels; plainly there is no filter.
+Spot DesktopProgram::ListItem(int index) const {
+    constexpr int kMenus = 20;
+    const std::string extras = Contents(Folder() / "bin/Scenara.ini");
+    const bool isPlain = extras.find("Additions = False") != std::string::npos;
+    return {320 + 60, kMenus + (isPlain ? 0 : kFilter) + kListItem / 2 + 1 + index * kListItem};
+}
+
 void DesktopProgram::ClickListItem(int index) {
-    // An item is 14 pixels high and more; the middle of one, below a menu bar of about 20.
-    ClickAt(320 + 60, 28 + index * 14);
+    const Spot item = ListItem(index);
+    ClickAt(item.x, item.y);
 }
 
 std::optional<Spot> ListIn(const Screenshot& shot) {

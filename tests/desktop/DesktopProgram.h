@@ -28,6 +28,9 @@ inline constexpr int kTileHeight = 40;
 
 // How high the status line is, in the toolkit's pixels.
 inline constexpr int kStatusLine = 21;
+// The same of the filter above the list, and of an item in there.
+inline constexpr int kFilter = 21;
+inline constexpr int kListItem = 14;
 
 // Where the bar is on the screen, in the first row that shows it.
 struct Bar {
@@ -107,6 +110,8 @@ public:
     void ExpectNoBox();
     [[nodiscard]] std::string Title() const;
     void ExpectTitle(const std::string& title);
+    // The stage has been shown for long enough to be the newest of the recent files.
+    void ExpectNewest(const std::string& stage);
 
     void Key(const std::string& keys) { display_.Press(keys); }
     // A menu over the picture, by its letter.
@@ -118,8 +123,10 @@ public:
     // pressed then is pressed again while this spot, which the window leaves free, is as it was.
     void GoFullScreen(const Spot& beside);
     void Type(const std::string& text) { display_.Do("type --delay 5 '" + text + "'"); }
-    void ClickAt(int x, int y);     // in the main window, menu bar included
-    void ClickListItem(int index);  // of the list beside a picture of the usual size
+    void ClickAt(int x, int y);  // in the main window, menu bar included
+    // The middle of an item of the list, beside a picture of the usual size; in the main window.
+    [[nodiscard]] Spot ListItem(int index) const;
+    void ClickListItem(int index);
 
     void MoveTo(const Spot& spot) { display_.Do("mousemove " + Words(spot)); }
     // Where a point of the view is on the screen, while the bar stands where it did at first.

@@ -60,6 +60,7 @@ TEST_F(Dropping, AStageOpens) {
 }
 
 TEST_F(Dropping, OfSeveralFilesTheFirstOneOpens) {
+    ExpectNewest("bar");
     EXPECT_EQ(ResultOfPaths({StagePath("dot"), StagePath("cup")}), Drop::State::Taken);
     ExpectTitle("dot");
     ExpectSaved("RecentFile = " + StagePath("dot") + "\r\nRecentFile = " + StagePath("cup") +

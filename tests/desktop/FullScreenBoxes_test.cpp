@@ -6,6 +6,7 @@
 #include <chrono>
 #include <cstdint>
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <optional>
 #include <string>
@@ -36,12 +37,14 @@ class FullScreenBoxes : public DesktopProgram, public testing::WithParamInterfac
 protected:
     FullScreenBoxes() : DesktopProgram(DisplaySetup{GetParam(), kWidth, kHeight}) {}
 
-    // After "bar" comes a file that is no stage, and then "cup".
+    // After "bar" comes one that something is reported of, and then "cup".
     void SetUp() override {
         DesktopProgram::SetUp();
         AddTile("cup", 1);
         AddTile("dot", 2);
-        std::ofstream(StagePath("box")) << "nothing\n";
+        std::filesystem::copy_file(StagePath("bar"), StagePath("box"));
+        std::ofstream(StagePath("box"), std::ios::app) << "[BG odd]\ntype = null\n";
+        AddTile("box", 2);
     }
 
     // How many pixels of the screen are not the picture's.
@@ -59,8 +62,10 @@ protected:
         Screenshot shot;
         EXPECT_TRUE(Eventually([&] {
             shot = Look();
-            return OthersIn(shot) < kPointer &&
-                   std::abs(CountIn(shot, kLeaf) - (tile == kLeaf ? kTile : 0)) < kPointer;
+            const auto isRight = [&](std::uint32_t color) {
+                return std::abs(CountIn(shot, color) - (tile == color ? kTile : 0)) < kPointer;
+            };
+            return OthersIn(shot) < kPointer && isRight(kLeaf) && isRight(kBrick);
         })) << what
             << ": " << OthersIn(shot) << " are not the picture's, " << CountIn(shot, kLeaf)
             << " the tile's" << display_.AllWindows();
@@ -106,15 +111,15 @@ TEST_P(FullScreenBoxes, AreAnsweredByKeysAndTheFullScreenIsThereAfterThem) {
     GoFullScreen({0, 0});
     ExpectCovered(0, "at first");
     Key("Next");
-    ExpectBox("a file that is no stage");
+    ExpectBox("a stage with a problem");
     Answer();
-    ExpectCovered(0, "after the box");
+    ExpectCovered(kBrick, "after the box");
     Key("Next");
     ExpectCovered(kLeaf, "the next stage");
     Key("Prior");
     ExpectBox("the same on the way back");
     Answer();
-    ExpectCovered(kLeaf, "after that");
+    ExpectCovered(kBrick, "after that");
     Key("Prior");
     ExpectCovered(0, "the stage before");
     Key("Escape");

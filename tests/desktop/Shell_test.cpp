@@ -51,12 +51,16 @@ TEST_F(DesktopProgram, PlainlyTheFirstStartAsksForTheFolderUntilOneIsChosen) {
 
 TEST_F(DesktopProgram, AStageIsOpenedInEveryWay) {
     StartWithBar();
+    ExpectNewest("bar");
     ClickListItem(2);
     ExpectTitle("dot");
+    ExpectNewest("dot");
     ClickAt(kPrevious, kBarMiddle);
     ExpectTitle("cup");
+    ExpectNewest("cup");
     ClickAt(kNext, kBarMiddle);
     ExpectTitle("dot");
+    ExpectNewest("dot");
 
     // The oldest of the recent files stands right above Exit.
     ClickAt(kStage, kBarMiddle);
@@ -144,10 +148,12 @@ TEST_F(DesktopProgram, TheWindowComesUpWhereItWas) {
 
 TEST_F(DesktopProgram, EverythingIsRememberedAtTheSecondStart) {
     StartWithBar();
+    ExpectNewest("bar");
     Key("alt+o");
     Key("i");
     ClickListItem(1);
     ExpectTitle("cup");
+    ExpectNewest("cup");
     Key("alt+F4");
     ASSERT_EQ(WaitForEnd(), 0);
     EXPECT_EQ(Settings(), "Version = 1.0A\r\nMugeDir = " + display_.Folder() +

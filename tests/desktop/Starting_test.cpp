@@ -176,9 +176,11 @@ TEST_F(Starting, NamesOfAnyBytesAreOpened) {
 
 TEST_F(Starting, ALaterStartHandsItsFileOver) {
     StartWithBar();
+    ExpectNewest("bar");
     EXPECT_EQ(StatusOf({fs::relative(StagePath("cup")).string()}), 0) << output_;
     EXPECT_THAT(output_, Not(HasSubstr("scenara:")));
     ExpectTitle("cup");
+    ExpectNewest("cup");
     EXPECT_EQ(StatusOf({StagePath("dot"), StagePath("bar")}), 0);
     ExpectTitle("dot");
     ExpectSaved("RecentFile = " + StagePath("dot") + "\r\nRecentFile = " + StagePath("bar") +
@@ -314,6 +316,7 @@ TEST_F(Starting, ASocketThatACrashLeftIsNoInstance) {
 
 TEST_F(Starting, WhatIsHandedOverWhileABoxIsOpenWaitsForIt) {
     StartWithBar();
+    ExpectNewest("bar");
     Key("alt+a");
     Key("a");
     ExpectBox();

@@ -219,8 +219,9 @@ private:
         }
     }
 
-    // Of the list: its letters end before them. An item that is chosen has a colour of its own from
-    // one side to the other, and edges that are a little darker.
+    // Of the list, below its filter, which has a frame: its letters end before them. An item that
+    // is chosen has a colour of its own from one side to the other, and edges that are a little
+    // darker.
     void CheckEdges(std::uint32_t ground) {
         constexpr int kMostOfEdge = 64;
         if (!wrong_.empty()) {
@@ -229,7 +230,8 @@ private:
         const int width = window_.place.width;
         const int lastColumn = width - 1 - rest_;
         const int lastRow = boxEnd_ - 1 - rest_;
-        for (int y = boxTop_; y < boxEnd_; ++y) {
+        const int filter = static_cast<int>(std::ceil((kFilter + 1) * window_.scale));
+        for (int y = boxTop_ + filter; y < boxEnd_; ++y) {
             const bool isLast = y >= lastRow;
             const std::uint32_t row = GroundOf(boxWidth_, y, y + 1).color;
             for (int x = isLast ? boxWidth_ : lastColumn; x < width; ++x) {
