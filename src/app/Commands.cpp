@@ -118,12 +118,30 @@ void frmStage::mnuMusic_Click() {
 
 void frmStage::mnuFPS_Click() {
     MenuItem& item = form_[Menu::mnuFPS];
-    if (!item.Flip()) {
+    if (item.checked) {
+        item.checked = false;
         show_.Loop().FpsLimit = 0;
         return;
     }
+    if (show_.Options().Additions) {
+        AskForLimit();
+        return;
+    }
+    item.checked = true;
     show_.Loop().FpsLimit = ToInteger(LeadingNumber(machine_.dialogs.InputBox("Max FPS?")));
     item.caption = "FPS Limiter (" + NumberText(show_.Loop().FpsLimit) + " fps)";
+}
+
+// Addition: what is no number, or none that makes sense, changes nothing.
+void frmStage::AskForLimit() {
+    constexpr double kMostFps = 1000;
+    const double limit = LeadingNumber(machine_.dialogs.InputBox("Max FPS?"));
+    if (limit >= 1 && limit <= kMostFps) {
+        MenuItem& item = form_[Menu::mnuFPS];
+        item.checked = true;
+        show_.Loop().FpsLimit = ToInteger(limit);
+        item.caption = "FPS Limiter (" + NumberText(show_.Loop().FpsLimit) + " fps)";
+    }
 }
 
 void frmStage::mnuPause_Click() {

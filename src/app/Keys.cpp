@@ -31,7 +31,7 @@ constexpr KeyPlace kEditing = KeyPlace::Editing;
 constexpr KeyPlace kBrowser = KeyPlace::Browser;
 
 constexpr const char* kReload = "loads the stage again";
-constexpr const char* kPause = "stops the stage, and lets it go on";
+constexpr const char* kPause = "stops the stage, and lets it go on (Space: not in list and filter)";
 constexpr const char* kCover = "full screen on and off (a double click: not in Debug BG)";
 constexpr const char* kSize = "the window for a picture of 100, 200, 300, 400 %";
 constexpr const char* kMoveAcross = "moves the camera, or the test character";

@@ -20,7 +20,7 @@ enum class KeyPlace : Byte { Anywhere, Picture, List, FullScreen, Editing, Brows
 // Who answers to it.
 enum class KeyTaker : Byte {
     Item,    // chooses an item of the menus
-    Polled,  // known by the keyboard, whatever has the focus
+    Polled,  // known by the keyboard, unless what has the focus has a use for it
     Widget,  // the part of the window that has the focus, or that the pointer is over
 };
 

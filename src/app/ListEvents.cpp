@@ -37,15 +37,25 @@ void frmStage::lstStages_Step(Long steps) {
     Handle([&] { Step(steps); });
 }
 
+// What turns out to be no stage is passed over without a word: a box would stop who leafs.
 void frmStage::Step(Long steps) {
-    if (const Long index = catalog_.After(steps);
-        index >= 0 && index != form_.lstStages.ListIndex) {
+    Long index = catalog_.After(steps);
+    while (index >= 0 && !MayBeStage(catalog_.At(index))) {
+        catalog_.NoteIsNone(catalog_.At(index).file);
+        index = catalog_.After(steps);
+    }
+    if (index >= 0 && index != form_.lstStages.ListIndex) {
         SelectStage(index);
     }
 }
 
+bool frmStage::MayBeStage(const StageEntry& stage) {
+    return stage.isRead || IsStage(machine_.files, stage.file);
+}
+
 void frmStage::lstStages_Mark(Long index) {
     if (index >= 0 && static_cast<std::size_t>(index) < form_.lstStages.items.size()) {
+        catalog_.ForgetPassed();
         form_.lstStages.ListIndex = index;
     }
 }

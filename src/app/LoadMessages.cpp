@@ -26,6 +26,7 @@ void LoadMessages::BeginStage(const std::string& file, bool additions) {
     Begin(file, additions);
     isStage_ = true;
     holds_ = additions;
+    ForgetHeld();
     list_.Begin();
 }
 
@@ -62,7 +63,6 @@ void LoadMessages::Begin(const std::string& file, bool additions) {
     additions_ = additions;
     boxesShown_ = 0;
     heldBack_ = 0;
-    ForgetHeld();
 }
 
 void LoadMessages::End(bool ends) {

@@ -16,7 +16,7 @@ char OneSeparator(char c) {
 }
 
 // Without texts of their own: there may be ten thousand.
-bool AreTheSame(std::string_view a, std::string_view b) {
+bool AreAlike(std::string_view a, std::string_view b) {
     return a.size() == b.size() && std::ranges::equal(a, b, {}, OneSeparator, OneSeparator);
 }
 
@@ -44,6 +44,7 @@ void StageCatalog::Filter(const std::string& words) {
     const Selection selected = Selected();
     words_ = FoldCase(words);
     Fill(selected);
+    passed_.clear();  // steps begin at the first that the filter has left
 }
 
 void StageCatalog::Leave() {
@@ -96,14 +97,19 @@ void StageCatalog::ShowDetails() {
 }
 
 Long StageCatalog::IndexOf(std::string_view file) const {
-    const auto found = std::ranges::find_if(
-        listed_, [&](std::size_t each) { return AreTheSame(stages_[each].file, file); });
+    // Where letter case counts there may be another one that is spelled likewise.
+    auto found =
+        std::ranges::find_if(listed_, [&](std::size_t each) { return stages_[each].file == file; });
+    if (found == listed_.end()) {
+        found = std::ranges::find_if(
+            listed_, [&](std::size_t each) { return AreAlike(stages_[each].file, file); });
+    }
     return found == listed_.end() ? -1 : static_cast<Long>(found - listed_.begin());
 }
 
 void StageCatalog::NoteIsNone(std::string_view file) {
     for (StageEntry& stage : stages_) {
-        if (stage.isStage && AreTheSame(stage.file, file)) {
+        if (stage.isStage && AreAlike(stage.file, file)) {
             stage.isStage = false;
             ShowDetails();
             return;

@@ -87,13 +87,13 @@ private:
             return;
         }
         const std::string_view text = ShortText(WithoutExtension(below));
-        found_.stages.push_back({stages_ + below,
-                                 std::string(text),
-                                 Folded(text),
-                                 {},
-                                 false,
-                                 true,
-                                 Folded(WithoutExtension(below))});
+        StageEntry stage;
+        stage.file = stages_ + below;
+        stage.text = text;
+        stage.order = Folded(text);
+        stage.searched = Folded(WithoutExtension(below));
+        stage.ownPath = stage.searched.size();
+        found_.stages.push_back(std::move(stage));
     }
 
     // "cave.def" and "cave/cave.def" must not look alike.
@@ -133,6 +133,16 @@ Contents Read(Files& files, const std::string& path) {
     return {StageInfoIn(std::move(bytes)), isStage};
 }
 
+void Take(Contents contents, StageEntry& stage) {
+    stage.info = std::move(contents.info);
+    stage.isStage = contents.isStage;
+    stage.searched.resize(stage.ownPath);
+    for (const std::string* const text :
+         {&stage.info.name, &stage.info.displayName, &stage.info.author}) {
+        stage.searched.append("\n").append(Folded(*text));
+    }
+}
+
 }  // namespace
 
 FoundStages FindStages(Files& files, const std::string& MugeDir, const SearchGoesOn& goesOn) {
@@ -153,15 +163,16 @@ void KnownStages::Tell(Files& files, StageEntry& stage) {
                 known_[stage.file] = {*stamp, contents.info, contents.isStage};
             }
         }
-        stage.info = std::move(contents.info);
-        stage.isStage = contents.isStage;
+        Take(std::move(contents), stage);
         stage.isRead = true;
-        for (const std::string* const text :
-             {&stage.info.name, &stage.info.displayName, &stage.info.author}) {
-            stage.searched.append("\n").append(Folded(*text));
-        }
     } catch (const RunTimeError&) {
         stage.isRead = false;
+    }
+}
+
+void KnownStages::Recall(StageEntry& stage) const {
+    if (const auto found = known_.find(stage.file); found != known_.end()) {
+        Take({found->second.info, found->second.isStage}, stage);
     }
 }
 

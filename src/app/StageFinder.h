@@ -28,7 +28,8 @@ struct StageEntry {
     StageInfo info;
     bool isRead = false;   // what the file says is known
     bool isStage = true;   // false: it has been read, and is none
-    std::string searched;  // all that a filter looks in, folded (FoldCase)
+    std::string searched;  // all that a filter looks in, folded (FoldCase): the path below "stages"
+    std::size_t ownPath = 0;  // ... so long, and then what the file says
 };
 
 struct FoundStages {
@@ -55,6 +56,8 @@ public:
     // Reads what the stage's file says, or remembers it. A file that cannot be read stays one that
     // may be a stage: whoever opens it learns why.
     void Tell(Files& files, StageEntry& stage);
+    // What it said when it was read last, whether or not it has changed since.
+    void Recall(StageEntry& stage) const;
 
 private:
     struct Known {

@@ -64,9 +64,8 @@ void frmStage::FillStageList() {
     list.browses = show_.Options().Additions;
     list.filter.clear();
     searched_ = MugeDir.empty();
-    watched_.clear();
     if (machine_.folders != nullptr) {
-        machine_.folders->Watch({});
+        static_cast<void>(machine_.folders->Watch({}));
         static_cast<void>(machine_.folders->TakeChange());
     }
     if (!list.browses) {
@@ -101,7 +100,7 @@ bool frmStage::FollowFolder() {
     FolderWatch* const folders = machine_.folders;
     folderChanged_ = (folders != nullptr && folders->TakeChange()) || folderChanged_;
     const Long now = machine_.clock.GetTickCount();
-    if (folderChanged_ && TicksSince(lastSearch_, now) >= kSearchEvery) {
+    if (folderChanged_ && !search_.Runs() && TicksSince(lastSearch_, now) >= kSearchEvery) {
         folderChanged_ = false;
         lastSearch_ = now;
         search_.Begin(MugeDir);
@@ -117,9 +116,9 @@ void frmStage::TakeFoundStages() {
     }
     searched_ = true;
     catalog_.Take(std::move(found->stages));
-    if (machine_.folders != nullptr && found->folders != watched_) {
-        watched_ = std::move(found->folders);
-        machine_.folders->Watch(watched_);
+    form_.lstStages.isCut = found->isCut;
+    if (machine_.folders != nullptr && machine_.folders->Watch(found->folders)) {
+        folderChanged_ = true;  // perhaps before it was watched
     }
     if (form_.lstStages.ListIndex < 0 && show_.Loop().StageRunning != 0) {
         form_.lstStages.ListIndex = catalog_.IndexOf(show_.Which.shown);

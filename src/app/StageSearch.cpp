@@ -18,6 +18,7 @@ constexpr std::chrono::milliseconds kTellEvery{1000};
 // has let go of it.
 struct StageSearch::Shared {
     std::atomic<unsigned> number = 0;  // of the search that counts
+    std::atomic<unsigned> ended = 0;   // of the one that has come to its end last
     std::mutex mutex;                  // of the following two
     std::condition_variable told;
     std::optional<FoundStages> news;
@@ -69,6 +70,9 @@ void StageSearch::Search(Files& files, Shared& shared, const std::string& MugeDi
                          unsigned number) {
     const auto goesOn = [&shared, number] { return shared.number == number; };
     FoundStages found = FindStages(files, MugeDir, goesOn);
+    for (StageEntry& stage : found.stages) {
+        shared.known.Recall(stage);
+    }
     shared.Tell(found, number);
     auto told = std::chrono::steady_clock::now();
     for (StageEntry& stage : found.stages) {
@@ -82,6 +86,11 @@ void StageSearch::Search(Files& files, Shared& shared, const std::string& MugeDi
         }
     }
     shared.Tell(std::move(found), number);
+    shared.ended = number;
+}
+
+bool StageSearch::Runs() const {
+    return shared_->ended != shared_->number;
 }
 
 void StageSearch::AwaitNews(std::chrono::milliseconds most) {

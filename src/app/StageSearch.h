@@ -32,6 +32,9 @@ public:
     // Waits until there are news, but not longer than that.
     void AwaitNews(std::chrono::milliseconds most);
 
+    // Whether it is looked for still. A search that is given up again and again tells nothing.
+    [[nodiscard]] bool Runs() const;
+
     // What is known by now, if more is known than when it was asked for last.
     [[nodiscard]] std::optional<FoundStages> TakeNews();
 

@@ -47,14 +47,22 @@ void TellStage(const StageShow& show, StatusBar& status) {
     }
 }
 
+std::string StagesText(const ListBox& list) {
+    if (list.total == 0) {
+        return {};
+    }
+    std::string text = Counted(list.total, "stage");
+    if (list.items.size() != list.total) {
+        text = NumberText(static_cast<std::int64_t>(list.items.size())) + " of " + text;
+    }
+    return list.isCut ? text + ", and more that are not listed" : text;
+}
+
 }  // namespace
 
 StatusSource StatusSourceOf(const StageShow& show, const Form& form) {
-    return {show.Options().Additions,
-            show.State(),
-            show.HasStage(),
-            form.lstStages.items.size(),
-            form.problems.Generation(),
+    return {show.Options().Additions,    show.State(),         show.HasStage(),
+            form.lstStages.items.size(), form.lstStages.total, form.problems.Generation(),
             form.problems.Count()};
 }
 
@@ -65,9 +73,7 @@ StatusBar StatusOf(const StageShow& show, const Form& form) {
         return status;
     }
     if (show.State() == ShowState::None) {
-        if (!form.lstStages.items.empty()) {
-            status.stages = Counted(form.lstStages.items.size(), "stage");
-        }
+        status.stages = StagesText(form.lstStages);
         return status;
     }
     status.name = Short(FileName(show.Which.shown));
@@ -82,6 +88,9 @@ StatusBar StatusOf(const StageShow& show, const Form& form) {
 
 // Asked for in each frame, and hardly ever with something to do.
 void frmStage::ShowStatus() {
+    if (show_.Which.next || !show_.Which.chosen.empty()) {
+        return;  // between two stages it would flicker
+    }
     const StatusSource source = StatusSourceOf(show_, form_);
     if (statusShown_ != source) {
         form_.statusBar = StatusOf(show_, form_);

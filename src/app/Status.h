@@ -18,6 +18,7 @@ struct StatusSource {
     ShowState state = ShowState::None;
     bool hasStage = false;
     std::size_t stages = 0;        // in the list
+    std::size_t allStages = 0;     // ... without its filter
     std::uint64_t generation = 0;  // of the problems
     std::size_t problems = 0;
 

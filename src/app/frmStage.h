@@ -325,6 +325,7 @@ private:
     [[nodiscard]] std::string ListedFile(Long index) const;
     [[nodiscard]] Long ListedIndexOf(const std::string& path) const;
     void Step(Long steps);
+    [[nodiscard]] bool MayBeStage(const StageEntry& stage);
     void LeaveStage();
     void LoadAgain();
     void SelectStage(Long index);
@@ -333,7 +334,6 @@ private:
     void SelectAskedFor();
     void SelectShown();
     void SelectWhatShows();
-    void SelectFile(const std::string& path);
     // One of the files that settings are kept in.
     struct KeptFile {
         SettingsKeeper keeper;
@@ -386,6 +386,7 @@ private:
     [[nodiscard]] bool IsFullScreen() const { return FullScreenState == 1; }
     // An item of Extras that has no more to do than to be checked.
     void FlipExtra(Menu item);
+    void AskForLimit();
     // What the items of Extras say goes to whom it is for.
     void TakeExtras();
     [[nodiscard]] Presentation PresentationWanted() const;
@@ -422,9 +423,8 @@ private:
     bool showsFilledList_ = false;  // ... is awaited: the list is to be shown then
     bool folderChanged_ = false;    // since the last search began
     Long lastSearch_ = 0;           // the tick when that was
-    std::vector<std::string> watched_;
-    Long lastLook_ = 0;       // the tick of the last look whether they have changed
-    Long lastFocusLook_ = 0;  // the tick of the last look who is in front, while paused
+    Long lastLook_ = 0;             // the tick of the last look whether they have changed
+    Long lastFocusLook_ = 0;        // the tick of the last look who is in front, while paused
     bool pauseWasDown_ = false;
     std::optional<Long> restsSince_;  // the tick since which it has been shown; none: for a while
     bool isNewest_ = false;           // ... and is to come among the recent files then

@@ -16,8 +16,9 @@ public:
     virtual ~FolderWatch() = default;
 
     // These from now on, in place of those before. Of a folder that is not there it is watched
-    // whether it comes. A change wakes the program (Form_Idle is asked).
-    virtual void Watch(const std::vector<std::string>& folders) = 0;
+    // whether it comes. A change wakes the program (Form_Idle is asked). True: something is watched
+    // that was not before, so that what has changed there until now is not told of.
+    virtual bool Watch(const std::vector<std::string>& folders) = 0;
 
     // Whether anything has changed since it was asked last. Where the system does not tell, it
     // answers yes from time to time, so that whoever asks looks again.

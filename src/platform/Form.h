@@ -125,6 +125,7 @@ struct ListBox {
     bool browses = false;
     std::string filter;     // the words in there
     std::size_t total = 0;  // how many items it has without one
+    bool isCut = false;     // there are more than can be listed
     std::string note;       // stands in it while it is empty
     // Where the keys went when the program moved them last, and how often it has.
     KeyOwner keysAt = KeyOwner::Picture;
@@ -219,7 +220,7 @@ public:
     virtual void lstStages_Step(Long steps) = 0;
     // Letters have found this item: it is selected, and not opened yet.
     virtual void lstStages_Mark(Long index) = 0;
-    // The keys have left the list: what was only marked counts no more.
+    // The keys have left the list or its filter: what was only marked counts no more.
     virtual void lstStages_Leave() = 0;
     // Its edge has been dragged: so wide, in pixels.
     virtual void lstStages_Resize(Long width) = 0;

@@ -39,19 +39,20 @@ bool StageShow::LoadCharacterFile(TestCharacter& character) {
     const Progress progress{events_};
     // Handlers may run meanwhile and choose another one.
     const std::string path = testChar_.TestChar;
-    return LoadCharacter(path, character,
-                         {machine_.files,
-                          machine_.messages,
-                          engine_.Device(),
-                          options_,
-                          {[this](const std::string& caption) { events_.ShowProgress(caption); },
-                           [this] {
-                               if (machine_.window.MessageWaiting()) {
-                                   machine_.window.DoEvents();
-                               }
-                           },
-                           [this] { return machine_.window.EndRequested(); }},
-                          machine_.png});
+    return LoadCharacter(
+        path, character,
+        {machine_.files,
+         machine_.messages,
+         engine_.Device(),
+         options_,
+         {[this](const std::string& caption) { events_.ShowProgress(caption); },
+          [this] {
+              if (machine_.window.MessageWaiting()) {
+                  machine_.window.DoEvents();
+              }
+          },
+          [this] { return machine_.window.EndRequested() || events_.LoadGivenUp(); }},
+         machine_.png});
 }
 
 // Loads the character, unless it is, places it on the stage, and has the camera step as it walks.
@@ -61,6 +62,9 @@ void StageShow::LoadTestChar() {
     if (!testChar_.CharLoaded) {
         TestCharacter character;  // in no list that a handler could reach
         if (!LoadCharacterFile(character)) {
+            if (events_.LoadGivenUp()) {
+                return;  // with the next stage
+            }
             testChar_.Forget();
             GiveStepsBack();
             testChar_.UseChar = false;

@@ -81,6 +81,9 @@ bool StageShow::Start(const std::string& mugeDir) {
     events_.StageLoaded();
     DiscardKeyStates(machine_.keyboard);
     Prepare(camera);
+    if (events_.LoadGivenUp()) {
+        return false;  // while the character was read
+    }
     loop_.LoadingStage = 0;
     hasShown_ = true;
     events_.StateChanged();

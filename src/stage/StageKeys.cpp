@@ -141,7 +141,6 @@ void ReadVersion(KeyOffer& line, StageModel& model) {
     }
 }
 
-// Addition: a name loses the quotes around it.
 // Addition: the music's loudness and loop. No number is no volume; as 0 it would be silence.
 void ReadMusicKeys(KeyOffer& line, StageModel& model) {
     std::string text;

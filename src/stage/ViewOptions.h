@@ -116,6 +116,7 @@ inline constexpr std::array kAdditions = {
     Addition{"Full Screen without a stage", "app/MenuTree.cpp", "ToCover"},
     Addition{"Page Up, Page Down in the full screen", "app/Commands.cpp", "PageDown"},
     Addition{"A choice from the list while a stage loads", "app/Opening.cpp", "NoteChosen"},
+    Addition{"Max FPS", "app/Commands.cpp", "AskForLimit"},
     Addition{"A stage that is left at once", "app/RunStage.cpp", "Rest"},
     Addition{"The list's stages", "app/StageFinder.cpp", "LookInto"},
     Addition{"The filter above the list", "app/ListEvents.cpp", "txtFilter_Change"},

@@ -113,7 +113,7 @@ struct Answer {
     Integer limit;
 };
 
-class LimiterAnswer : public Commands, public testing::WithParamInterface<Answer> {};
+class LimiterAnswer : public PlainProgram, public testing::WithParamInterface<Answer> {};
 
 TEST_P(LimiterAnswer, BecomesTheLimit) {
     dialogs.Answer(GetParam().text);
@@ -135,7 +135,32 @@ INSTANTIATE_TEST_SUITE_P(All, LimiterAnswer,
                                          Answer{"2.5", 2}, Answer{"3.5", 4}, Answer{"-5", -5},
                                          Answer{"32767", 32767}, Answer{"-32768", -32768}));
 
-TEST_F(Commands, ALimitBeyond16BitsIsAnError) {
+// Addition: from 1 to 1000; anything else, and Cancel, changes nothing.
+TEST_F(Commands, ALimitThatMakesNoSenseChangesNothing) {
+    const struct {
+        const char* answer;
+        Integer limit;
+    } rows[] = {{"30", 30},  {"1", 1},     {"1000", 1000}, {"2.5", 2},    {"", 0},
+                {"0", 0},    {"0.5", 0},   {"-5", 0},      {"1001", 0},   {"99999", 0},
+                {"fast", 0}, {"1e300", 0}, {"12abc", 12},  {"32768.5", 0}};
+    for (const auto& row : rows) {
+        RunningStage stage;
+        stage.Load();
+        stage.Click(Menu::mnuFPS);
+        EXPECT_EQ(stage.loop.FpsLimit, 0);
+        stage.dialogs.Answer(row.answer);
+        stage.Click(Menu::mnuFPS);
+        EXPECT_EQ(stage.loop.FpsLimit, row.limit) << row.answer;
+        EXPECT_EQ(stage.form[Menu::mnuFPS].checked, row.limit != 0) << row.answer;
+        EXPECT_EQ(stage.form[Menu::mnuFPS].caption,
+                  "FPS Limiter (" + std::to_string(row.limit != 0 ? row.limit : 60) + " fps)");
+        EXPECT_THAT(stage.MessageTexts(), IsEmpty()) << row.answer;
+    }
+}
+
+using PlainLimit = PlainProgram;
+
+TEST_F(PlainLimit, BeyondSixteenBitsIsAnError) {
     for (const char* const answer : {"32768", "32767.5", "-32769", "1000000000000"}) {
         form[Menu::mnuFPS].checked = false;
         loop.FpsLimit = 0;
@@ -158,12 +183,12 @@ TEST_F(Commands, TheLimitHoldsFromTheNextFrameOn) {
                   Then([&] { EXPECT_EQ(sink.shown, before + 10); }));
 }
 
-TEST_F(Commands, ALimitBelowNothingDoesNotWait) {
+TEST_F(PlainLimit, BelowNothingDoesNotWait) {
     dialogs.Answer("-5");
     Click(Menu::mnuFPS);
     Click(Menu::mnuFPS);
     WhileAIsShown(Times(9, Wait));
-    EXPECT_EQ(loop.TotalFrames, kRestFrames + 10);
+    EXPECT_EQ(loop.TotalFrames, 10);
 }
 
 // --- Pause ---------------------------------------------------------------------------------------

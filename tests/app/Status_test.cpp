@@ -131,12 +131,24 @@ TEST_F(Status, WithoutAStageSaysHowManyThereAre) {
 
 TEST_F(Status, OfOneStageInTheListThereIsNoPlural) {
     form.lstStages.items.resize(1);
+    form.lstStages.total = 1;
     static_cast<void>(program.Form_Idle());
     EXPECT_EQ(form.statusBar.stages, "1 stage");
 }
 
+TEST_F(Status, SaysWhatTheFilterLeavesAndThatThereAreMore) {
+    form.lstStages.items.resize(1);
+    static_cast<void>(program.Form_Idle());
+    EXPECT_EQ(form.statusBar.stages, "1 of 3 stages");
+    form.lstStages.items.clear();
+    form.lstStages.isCut = true;
+    static_cast<void>(program.Form_Idle());
+    EXPECT_EQ(form.statusBar.stages, "0 of 3 stages, and more that are not listed");
+}
+
 TEST_F(Status, AnEmptyListHasNothingToSay) {
     form.lstStages.items.clear();
+    form.lstStages.total = 0;
     static_cast<void>(program.Form_Idle());
     EXPECT_EQ(form.statusBar, Stages(""));
 }

@@ -284,6 +284,7 @@ TEST_F(WindowList, LettersOpenNothingWhileItIsHidden) {
     EXPECT_EQ(ToldOfAKey(Qt::Key_D), "list 2");
     form.lstStages.visible = false;
     Pump();
+    EXPECT_EQ(ToldOfAKey(Qt::Key_C), "leave");
     EXPECT_EQ(ToldOfAKey(Qt::Key_C), "");
     EXPECT_FALSE(list.hasFocus());
 }

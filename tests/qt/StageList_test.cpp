@@ -67,6 +67,10 @@ protected:
         window.DoEvents();
         return program.Text();
     }
+    std::string Told() {
+        window.DoEvents();
+        return program.Text();
+    }
     int Selected() {
         const auto rows = view.selectionModel()->selectedRows();
         return rows.isEmpty() ? -1 : rows.front().row();
@@ -133,13 +137,14 @@ TEST_F(Browsing, EscapeGivesTheKeysToThePicture) {
 TEST_F(Browsing, AClickIntoThePictureGivesItTheKeys) {
     QTest::mouseClick(&window.Picture(), Qt::LeftButton, {}, QPoint(20, 20));
     EXPECT_TRUE(PictureHasTheKeys());
-    EXPECT_EQ(Click(1), "down 20 20, up, list 1");
+    EXPECT_EQ(Click(1), "leave, down 20 20, up, list 1");
     EXPECT_TRUE(view.hasFocus());
 }
 
 TEST_F(Browsing, EscapeEndsTheSpriteBrowserFirst) {
     form.hscSGFX.Visible = true;
     Pump();
+    EXPECT_EQ(Told(), "leave");
     view.setFocus();
     EXPECT_EQ(Type(Qt::Key_Escape), "");
     EXPECT_TRUE(keyboard.IsDown(VirtualKey::Escape));
@@ -151,6 +156,7 @@ TEST_F(Browsing, TheSpritesHaveTheKeysAgainAfterTheFilter) {
     form.hscSGFX.Visible = true;
     form.hscSGFX.Max = 5;
     Pump();
+    EXPECT_EQ(Told(), "leave");
     filter.setFocus();
     EXPECT_EQ(Type(Qt::Key_Escape), "leave");
     EXPECT_EQ(Type(Qt::Key_Right), "sprite 1");

@@ -6,7 +6,7 @@
 #include <cerrno>
 #include <cstdint>
 #include <cstring>
-#include <string_view>
+#include <set>
 #include <utility>
 
 #include <sys/inotify.h>
@@ -55,19 +55,6 @@ std::string Above(std::string folder) {
     return GetPath(folder);
 }
 
-// That a watch has been taken away is no change.
-bool HasChange(std::string_view notices) {
-    while (notices.size() >= sizeof(inotify_event)) {
-        inotify_event notice{};
-        std::memcpy(&notice, notices.data(), sizeof notice);
-        if ((notice.mask & (kChanges | IN_Q_OVERFLOW)) != 0) {
-            return true;
-        }
-        notices.remove_prefix(std::min(notices.size(), sizeof notice + notice.len));
-    }
-    return false;
-}
-
 }  // namespace
 
 NotifiedFolders::NotifiedFolders() : notices_(::inotify_init1(IN_NONBLOCK | IN_CLOEXEC)) {}
@@ -78,38 +65,62 @@ NotifiedFolders::~NotifiedFolders() {
     }
 }
 
-// A folder that goes on being watched must not lose a notice in between, so the new ones are added
-// before the old ones go.
-void NotifiedFolders::Watch(const std::vector<std::string>& folders) {
-    std::vector<int> before = std::exchange(watched_, {});
-    misses_ = notices_ < 0;
+// What is watched already stays so, and loses no notice in between.
+bool NotifiedFolders::Watch(const std::vector<std::string>& folders) {
+    auto before = std::exchange(watched_, {});
+    std::set<int> used;
+    misses_ = notices_ < 0 && !folders.empty();
     lastLook_ = std::chrono::steady_clock::now();
     for (const std::string& folder : folders) {
-        Add(folder);
+        const auto known = before.find(folder);
+        const bool stays = known != before.end() && known->second.isThere;
+        const Watched watched = stays ? known->second : Begin(folder);
+        used.insert(watched.number);
+        misses_ = misses_ || watched.isMissed;
+        watched_.emplace(folder, watched);
     }
-    std::sort(watched_.begin(), watched_.end());
-    for (const int old : before) {
-        if (!std::binary_search(watched_.begin(), watched_.end(), old)) {
-            ::inotify_rm_watch(notices_, old);
+    std::set<int> old;
+    for (const auto& [folder, watched] : before) {
+        old.insert(watched.number);
+    }
+    for (const int number : old) {
+        if (number >= 0 && !used.contains(number)) {
+            ::inotify_rm_watch(notices_, number);
         }
     }
+    return std::ranges::any_of(used, [&](int number) { return !old.contains(number); });
 }
 
 // Of one that is not there: the nearest one above it.
-void NotifiedFolders::Add(const std::string& folder) {
-    std::string path = ResolvePath(folder);
+NotifiedFolders::Watched NotifiedFolders::Begin(const std::string& folder) const {
+    const std::string whole = ResolvePath(folder);
+    std::string path = whole;
     while (!IsFolder(path)) {
         std::string above = Above(path);
         if (above.empty() || above == path) {
-            return;
+            return {-1, false, true};
         }
         path = std::move(above);
     }
     const int number = ::inotify_add_watch(notices_, path.c_str(), kChanges | IN_ONLYDIR);
-    if (number >= 0) {
-        watched_.push_back(number);
+    return {number, path == whole, number < 0 || IsShared(path)};
+}
+
+// That a watch has been taken away is no change, but it must be begun anew then. So must one that
+// was for a folder which may have come now.
+bool NotifiedFolders::TakeNotices(std::string_view notices) {
+    bool changed = false;
+    while (notices.size() >= sizeof(inotify_event)) {
+        inotify_event notice{};
+        std::memcpy(&notice, notices.data(), sizeof notice);
+        changed = changed || (notice.mask & (kChanges | IN_Q_OVERFLOW)) != 0;
+        if ((notice.mask & (IN_IGNORED | IN_MOVE_SELF)) != 0) {
+            std::erase_if(watched_,
+                          [&](const auto& each) { return each.second.number == notice.wd; });
+        }
+        notices.remove_prefix(std::min(notices.size(), sizeof notice + notice.len));
     }
-    misses_ = misses_ || number < 0 || IsShared(path);
+    return changed;
 }
 
 bool NotifiedFolders::TakeChange() {
@@ -118,7 +129,7 @@ bool NotifiedFolders::TakeChange() {
     while (true) {
         const ssize_t count = notices_ < 0 ? -1 : ::read(notices_, bytes.data(), bytes.size());
         if (count > 0) {
-            changed = changed || HasChange({bytes.data(), static_cast<std::size_t>(count)});
+            changed = TakeNotices({bytes.data(), static_cast<std::size_t>(count)}) || changed;
         } else if (count == 0 || errno != EINTR || notices_ < 0) {
             break;
         }

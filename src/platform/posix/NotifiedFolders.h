@@ -7,7 +7,10 @@
 #pragma once
 
 #include <chrono>
+#include <functional>
+#include <map>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "platform/FolderWatch.h"
@@ -19,7 +22,7 @@ public:
     NotifiedFolders();
     ~NotifiedFolders() override;
 
-    void Watch(const std::vector<std::string>& folders) override;
+    bool Watch(const std::vector<std::string>& folders) override;
     bool TakeChange() override;
     bool MustBeAsked() const override { return misses_; }
 
@@ -27,11 +30,19 @@ public:
     [[nodiscard]] int Descriptor() const { return notices_; }
 
 private:
-    void Add(const std::string& folder);
+    // What is watched for the sake of a folder that was asked for.
+    struct Watched {
+        int number = -1;       // the system's; -1: none
+        bool isThere = false;  // else the nearest folder above it is watched
+        bool isMissed = false;
+    };
+
+    [[nodiscard]] Watched Begin(const std::string& folder) const;
+    [[nodiscard]] bool TakeNotices(std::string_view notices);
     [[nodiscard]] bool IsTimeToLook();
 
     int notices_ = -1;
-    std::vector<int> watched_;
+    std::map<std::string, Watched, std::less<>> watched_;
     bool misses_ = false;  // not all of the folders can be watched
     std::chrono::steady_clock::time_point lastLook_;
 };

@@ -123,7 +123,15 @@ void MainWindow::BuildList() {
     list_->hide();
     const auto note = [this](WaitingEvents::Event event) { waiting_.Add(std::move(event)); };
     list_->SetEvents({
-        {[this](int row) { NoteSelection(row); },
+        {[this](int row) {
+             const auto& details = form_.lstStages.details;
+             const auto place = static_cast<std::size_t>(row);
+             if (place < details.size()) {
+                 NoteOpening(details[place].file);
+             } else {
+                 NoteSelection(row);
+             }
+         },
          [this](int steps) {
              waiting_.Add([steps](FormEvents& events) { events.lstStages_Step(steps); },
                           WaitingEvents::Kind::Leaving);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/qt/StageListPanel.h"
 
+#include <QApplication>
+#include <QFocusEvent>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -36,6 +38,7 @@ StageListPanel::StageListPanel(const ListBox& list, QWidget* parent)
     setAutoFillBackground(true);
     BuildFilter();
     BuildEdge();
+    view_->installEventFilter(this);
     setFocusProxy(view_);
 }
 
@@ -61,10 +64,7 @@ void StageListPanel::BuildEdge() {
 void StageListPanel::SetEvents(Events events) {
     events_ = std::move(events);
     StageListEvents ofList = events_.list;
-    ofList.leave = [this] {
-        GiveKeysToPicture();
-        events_.list.leave();
-    };
+    ofList.leave = [this] { GiveKeysToPicture(); };
     view_->SetEvents(std::move(ofList));
 }
 
@@ -117,13 +117,15 @@ void StageListPanel::GiveKeysToPicture() {
 void StageListPanel::LeaveFilter() {
     if (filter_->hasFocus()) {
         GiveKeysToPicture();
-        events_.list.leave();
     }
 }
 
 bool StageListPanel::eventFilter(QObject* receiver, QEvent* event) {
     if (receiver == filter_ && event->type() == QEvent::KeyPress) {
         return FilterKey(*static_cast<QKeyEvent*>(event)) || QWidget::eventFilter(receiver, event);
+    }
+    if (event->type() == QEvent::FocusOut && receiver != edge_) {
+        NoteLeaving(*static_cast<QFocusEvent*>(event));
     }
     return (receiver == edge_ && EdgeEvent(*event)) || QWidget::eventFilter(receiver, event);
 }
@@ -134,15 +136,22 @@ bool StageListPanel::FilterKey(QKeyEvent& event) {
     switch (event.key()) {
         case Qt::Key_Return:
         case Qt::Key_Enter: events_.enter(); return true;
-        case Qt::Key_Escape:
-            GiveKeysToPicture();
-            events_.list.leave();
-            return true;
+        case Qt::Key_Escape: GiveKeysToPicture(); return true;
         case Qt::Key_Up:
         case Qt::Key_Down:
         case Qt::Key_PageUp:
         case Qt::Key_PageDown: return view_->TakesStep(event);
         default: return false;
+    }
+}
+
+// Another window that comes to the front, or a menu, gives the keys back.
+void StageListPanel::NoteLeaving(const QFocusEvent& event) {
+    const Qt::FocusReason reason = event.reason();
+    const QWidget* const has = QApplication::focusWidget();
+    if (has != view_ && has != filter_ && reason != Qt::ActiveWindowFocusReason &&
+        reason != Qt::PopupFocusReason && reason != Qt::MenuBarFocusReason) {
+        events_.list.leave();
     }
 }
 

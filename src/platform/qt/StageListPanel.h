@@ -11,6 +11,7 @@
 
 #include "platform/qt/StageListView.h"
 
+class QFocusEvent;
 class QLineEdit;
 
 namespace scenara {
@@ -45,6 +46,7 @@ private:
     [[nodiscard]] bool FilterKey(QKeyEvent& event);
     [[nodiscard]] bool EdgeEvent(QEvent& event);
     void GiveKeysToPicture();
+    void NoteLeaving(const QFocusEvent& event);
 
     const ListBox& list_;
     Events events_;

@@ -143,6 +143,7 @@ void StageListView::keyPressEvent(QKeyEvent* event) {
             }
             return;
         case Qt::Key_Escape: events_.leave(); return;
+        case Qt::Key_Space: keyboardSearch(event->text()); return;  // a letter like others
         case Qt::Key_Left:
         case Qt::Key_Right: event->ignore(); return;  // the camera's
         default: break;
@@ -167,20 +168,18 @@ void StageListView::contextMenuEvent(QContextMenuEvent* event) {
     if (!list_.browses || file.empty()) {
         return;
     }
-    QMenu menu(this);
-    const QAction* const open = menu.addAction(QStringLiteral("&Open"));
-    const QAction* const folder = menu.addAction(QStringLiteral("Open the &Folder"));
-    const QAction* const path = menu.addAction(QStringLiteral("&Copy the Path"));
-    const QPoint place =
-        byKey ? viewport()->mapToGlobal(visualRect(index).bottomLeft()) : event->globalPos();
-    const QAction* const chosen = menu.exec(place);
-    if (chosen == open) {
-        events_.openFile(file);
-    } else if (chosen == folder) {
-        events_.openFolder(file);
-    } else if (chosen == path) {
-        events_.copyPath(file);
-    }
+    // It stands by itself: the stage goes on under it.
+    auto* const menu = new QMenu(this);  // NOLINT(cppcoreguidelines-owning-memory): Qt's own
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    const auto add = [&](const char* text, const std::function<void(const std::string&)>& what) {
+        connect(menu->addAction(QString::fromLatin1(text)), &QAction::triggered, this,
+                [what, file] { what(file); });
+    };
+    add("&Open", events_.openFile);
+    add("Open the &Folder", events_.openFolder);
+    add("&Copy the Path", events_.copyPath);
+    menu->popup(byKey ? viewport()->mapToGlobal(visualRect(index).bottomLeft())
+                      : event->globalPos());
 }
 
 void StageListView::paintEvent(QPaintEvent* event) {
