@@ -21,7 +21,6 @@ protected:
     Browsed() {
         Load();
         files.Put(kStageB, Stage("second"));
-        static_cast<void>(messages);
     }
     Act Expect(Long index, const char* title) {
         return [this, index, title] {

@@ -58,6 +58,23 @@ public:
     std::vector<std::uint32_t> last;
 };
 
+// Folders in which something has changed when the test says so.
+class ToldFolders : public FolderWatch {
+public:
+    bool Watch(const std::vector<std::string>& folders) override {
+        const bool isNew = std::ranges::any_of(
+            folders, [this](const auto& each) { return std::ranges::count(watched, each) == 0; });
+        watched = folders;
+        return isNew && tellsOfNew;
+    }
+    bool TakeChange() override { return std::exchange(changed, false); }
+    bool MustBeAsked() const override { return false; }
+
+    std::vector<std::string> watched;
+    bool tellsOfNew = false;  // as if all else had been watched already
+    bool changed = false;
+};
+
 struct RunningStage {
     // `user` acts at each DoEvents, which are counted from 1.
     using User = std::function<void(RunningStage&, int turn)>;
@@ -165,13 +182,16 @@ struct RunningStage {
     HeadlessDisplayModes display;
     HeadlessFullScreen fullScreen{window};
     HeadlessMedia media{clock};
+    ToldFolders folders;
     Form form;
     frmStage program{{{files, messages, window, keyboard, clock, pointer, direct3D},
                       process,
                       dialogs,
                       display,
                       fullScreen,
-                      media},
+                      media,
+                      nullptr,
+                      &folders},
                      form,
                      options};
     StageShow& show = program.Show();
