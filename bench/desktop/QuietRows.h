@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
 // What the program takes of a processor while it shows a stage or has it shown by nobody, how
-// evenly frames come, how soon another stage is there and how soon the program: the figures that a run noted, for the
-// goals.
+// evenly frames come, how soon another stage is there and how soon the program: the figures that a
+// run noted, for the goals.
 #pragma once
 
 #include <map>

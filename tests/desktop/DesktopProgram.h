@@ -30,6 +30,7 @@ inline constexpr int kTileHeight = 40;
 inline constexpr int kStatusLine = 21;
 // The same of the filter above the list, and of an item in there.
 inline constexpr int kFilter = 21;
+inline constexpr int kListEdge = 5;  // by which it is dragged, at its left
 inline constexpr int kListItem = 14;
 
 // Where the bar is on the screen, in the first row that shows it.

@@ -57,11 +57,15 @@ protected:
     // All of them in long runs; else one for each row, and for all rows all of them.
     [[nodiscard]] std::vector<SeenSize> Sizes() const {
         std::vector<SeenSize> all = {{701, 533}, {1003, 611}, {770, 911}, {1801, 1102}};
+        std::erase_if(all, [this](const SeenSize& size) { return size.width < MenusWidth(); });
         if (IsLong()) {
             return all;
         }
         return {all[static_cast<std::size_t>(Scale() * 100) % all.size()]};
     }
+
+    // The window is no narrower than its menus, which are not wider than that.
+    [[nodiscard]] double MenusWidth() const { return 450 * Scale(); }
 
     void StartBar(const char* scale) {
         scale_ = scale;

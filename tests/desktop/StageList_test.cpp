@@ -32,7 +32,6 @@ using testing::Not;
 
 constexpr int kWidth = 480;
 constexpr int kListLeft = 320;
-constexpr int kEdge = 5;
 constexpr int kMenus = 20;
 
 // What a line of the list shows.
@@ -94,7 +93,7 @@ protected:
         constexpr int kPaper = 0xD0;
         constexpr int kDark = 0x80;
         const Spot middle = OnScreen(ListItem(index));
-        const int left = OnScreen({kListLeft + kEdge + 3, 0}).x;
+        const int left = OnScreen({kListLeft + kListEdge + 3, 0}).x;
         const int right = OnScreen({kWidth - 6, 0}).x;
         if (middle.y + 5 >= shot.height || right >= shot.width) {
             return Line::Empty;

@@ -189,10 +189,16 @@ private:
             CheckGround(GroundOf(0, boxEnd_, lineEnd_), kLeastOfLine, "the status line");
         }
         if (boxWidth_ < window_.place.width) {
-            const Ground ground = GroundOf(boxWidth_, boxTop_, boxEnd_);
+            const int left = boxWidth_ + Scaled(kListEdge);
+            const int top = boxTop_ + Scaled(kFilter);
+            const Ground ground = GroundOf(left, top, boxEnd_);
             CheckGround(ground, kLeastOfList, "the list");
-            CheckEdges(ground.color);
+            CheckEdges(left, top, ground.color);
         }
+    }
+    // So many of the toolkit's pixels end before that.
+    [[nodiscard]] int Scaled(int pixels) const {
+        return static_cast<int>(std::ceil((pixels + 1) * window_.scale));
     }
 
     struct Ground {
@@ -219,10 +225,10 @@ private:
         }
     }
 
-    // Of the list, below its filter, which has a frame: its letters end before them. An item that
-    // is chosen has a colour of its own from one side to the other, and edges that are a little
-    // darker.
-    void CheckEdges(std::uint32_t ground) {
+    // Of the list, right of the edge that it is dragged by and below its filter, which has a frame:
+    // its letters end before them. An item that is chosen has a colour of its own from one side to
+    // the other, and edges that are a little darker.
+    void CheckEdges(int left, int top, std::uint32_t ground) {
         constexpr int kMostOfEdge = 64;
         if (!wrong_.empty()) {
             return;
@@ -230,11 +236,10 @@ private:
         const int width = window_.place.width;
         const int lastColumn = width - 1 - rest_;
         const int lastRow = boxEnd_ - 1 - rest_;
-        const int filter = static_cast<int>(std::ceil((kFilter + 1) * window_.scale));
-        for (int y = boxTop_ + filter; y < boxEnd_; ++y) {
+        for (int y = top; y < boxEnd_; ++y) {
             const bool isLast = y >= lastRow;
             const std::uint32_t row = GroundOf(boxWidth_, y, y + 1).color;
-            for (int x = isLast ? boxWidth_ : lastColumn; x < width; ++x) {
+            for (int x = isLast ? left : lastColumn; x < width; ++x) {
                 const std::uint32_t color = At(x, y);
                 const bool isLeft = color == kBlack && (x > lastColumn || y > lastRow);
                 const bool isOfItem =

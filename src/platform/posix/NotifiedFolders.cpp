@@ -115,8 +115,9 @@ bool NotifiedFolders::TakeNotices(std::string_view notices) {
         std::memcpy(&notice, notices.data(), sizeof notice);
         changed = changed || (notice.mask & (kChanges | IN_Q_OVERFLOW)) != 0;
         if ((notice.mask & (IN_IGNORED | IN_MOVE_SELF)) != 0) {
-            std::erase_if(watched_,
-                          [&](const auto& each) { return each.second.number == notice.wd; });
+            std::erase_if(watched_, [gone = notice.wd](const auto& each) {
+                return each.second.number == gone;
+            });
         }
         notices.remove_prefix(std::min(notices.size(), sizeof notice + notice.len));
     }

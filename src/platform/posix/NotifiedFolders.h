@@ -24,7 +24,7 @@ public:
 
     bool Watch(const std::vector<std::string>& folders) override;
     bool TakeChange() override;
-    bool MustBeAsked() const override { return misses_; }
+    [[nodiscard]] bool MustBeAsked() const override { return misses_; }
 
     // Can be read when there is a change; -1: the system has none.
     [[nodiscard]] int Descriptor() const { return notices_; }

@@ -292,9 +292,13 @@ void MainWindow::ShowBar(QScrollBar& widget, const ScrollBar& bar) const {
     }
 }
 
-// Addition: names of menus do not go under an arrow.
+// Addition: names of menus do not go under an arrow. Some window managers make a window wider in
+// steps from this width on, of two of the screen's pixels at 1.75 times; what is left over would
+// not be painted. So it is a whole number of such steps at every scale in use.
 int MainWindow::LeastWidth() const {
-    return form_.statusBar.visible ? menus_->WholeWidth() : 0;
+    constexpr int kWhole = 8;
+    const int least = form_.statusBar.visible ? menus_->WholeWidth() : 0;
+    return (least + kWhole - 1) / kWhole * kWhole;
 }
 
 QSize MainWindow::minimumSizeHint() const {

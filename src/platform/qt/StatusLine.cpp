@@ -155,7 +155,7 @@ StatusLine::Widths StatusLine::Fitted() const {
 }
 
 QString StatusLine::CutTo(Part part, int width) const {
-    const QString whole = WholeOf(part);
+    QString whole = WholeOf(part);
     if (width >= WidthOf(part)) {
         return whole;
     }
